@@ -1,0 +1,52 @@
+// One saved arrangement of one desk: its displays and the windows on them.
+#pragma once
+
+#include "VantrelCore/model/Date.h"
+#include "VantrelCore/model/DisplayInfo.h"
+#include "VantrelCore/model/WindowRecord.h"
+
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct Layout {
+    // The name of a desk's layout as long as the user has named none.
+    static constexpr const char* defaultName = "Default";
+
+    // Names the desk (the display configuration); 32 lowercase hexadecimal characters.
+    std::string configID;
+    // The desk's human name at save time.
+    std::string name;
+    // Names the arrangement within the desk.
+    std::string layoutName;
+    std::vector<DisplayInfo> displays;
+    std::vector<WindowRecord> windows;
+    Date savedAt;
+    // True when the user pinned the layout, so that learning leaves it alone; absent means false.
+    std::optional<bool> pinned;
+
+    bool operator==(const Layout&) const = default;
+
+    [[nodiscard]] bool isPinned() const { return pinned.value_or(false); }
+
+    [[nodiscard]] Layout withoutGhosts() const;
+
+    // One text per window, "bundleID|X,Y,WxH" with the frame truncated to whole points, sorted by bytes.
+    [[nodiscard]] std::vector<std::string> geometrySignature() const;
+
+    // Same desk, same layout name, same geometry signature: nothing worth learning changed.
+    [[nodiscard]] bool isEquivalent(const Layout& other) const;
+
+    // Same desk and layout name, the same applications with as many windows each, and every window has a
+    // counterpart of its application whose four frame values differ by at most `tolerance` points, paired as
+    // FrameMatching does.
+    [[nodiscard]] bool geometryMatches(const Layout& other, double tolerance) const;
+};
+
+void to_json(nlohmann::json& json, const Layout& layout);
+void from_json(const nlohmann::json& json, Layout& layout);
+
+} // namespace vantrel

@@ -1,0 +1,34 @@
+// One remembered window: what it was, where it stood, how deep in the stack.
+#pragma once
+
+#include "VantrelCore/model/Geometry.h"
+
+#include <cstdint>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+
+namespace vantrel {
+
+struct WindowRecord {
+    // The owning application's identifier (macOS bundle identifier, X11 desktop-file id).
+    std::string bundleID;
+    std::string appName;
+    // May be empty.
+    std::string title;
+    // Global coordinates; what the user sees, window-manager frame included.
+    Rect frame;
+    // `DisplayInfo::uuid` of the display that the window belongs to.
+    std::string displayUUID;
+    // Stacking position, 0 = front-most.
+    std::int64_t zOrder = 0;
+    // True for a place that a scene keeps free for an application that is not running; absent means false.
+    std::optional<bool> isGhost;
+
+    bool operator==(const WindowRecord&) const = default;
+};
+
+void to_json(nlohmann::json& json, const WindowRecord& window);
+void from_json(const nlohmann::json& json, WindowRecord& window);
+
+} // namespace vantrel

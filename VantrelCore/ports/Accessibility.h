@@ -1,0 +1,86 @@
+// Port: the live desk as the platform's accessibility and window-list interfaces show it.
+#pragma once
+
+#include "VantrelCore/ports/WindowElement.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+enum class ActivationPolicy : std::uint8_t { regular, accessory, prohibited };
+
+struct RunningApp {
+    std::int32_t pid = 0;
+    ActivationPolicy policy = ActivationPolicy::regular;
+    std::optional<std::string> bundleID;
+    std::optional<std::string> localizedName;
+
+    bool operator==(const RunningApp&) const = default;
+};
+
+// One entry of the on-screen window list. A missing value means that the platform's entry lacked it.
+struct WindowListEntry {
+    std::optional<std::int64_t> layer;
+    std::optional<std::int32_t> ownerPid;
+    std::optional<Rect> bounds;
+
+    bool operator==(const WindowListEntry&) const = default;
+};
+
+// The layer of ordinary windows; menus, docks and overlays stand on others.
+inline constexpr std::int64_t normalWindowLayer = 0;
+
+// A window element with the attributes read along with it.
+struct WindowReading {
+    std::shared_ptr<WindowElement> element;
+    WindowAttributes attributes;
+};
+
+// One pass over the desk. Where the platform can give everything at once (X11: two round trips), it is read
+// when the pass begins and all answers are of that moment; else each answer is read when asked for, so that
+// applications nobody asks about cost nothing.
+class DeskReading {
+public:
+    DeskReading() = default;
+    DeskReading(const DeskReading&) = delete;
+    DeskReading& operator=(const DeskReading&) = delete;
+    virtual ~DeskReading() = default;
+
+    // Everything on screen in the current Space or desktop, desktop background excluded, front to back.
+    // Empty when the platform gives no list.
+    [[nodiscard]] virtual std::vector<WindowListEntry> onScreenWindows() = 0;
+
+    // Every running application with windows or a place in the Dock, in the platform's own order.
+    [[nodiscard]] virtual std::vector<RunningApp> runningApps() = 0;
+
+    // The windows of one application of runningApps(), in the platform's order; empty when it does not
+    // answer within 1.0 second.
+    [[nodiscard]] virtual std::vector<WindowReading> windows(const RunningApp& app) = 0;
+};
+
+// May be used from any thread.
+class Accessibility {
+public:
+    Accessibility() = default;
+    Accessibility(const Accessibility&) = delete;
+    Accessibility& operator=(const Accessibility&) = delete;
+    virtual ~Accessibility() = default;
+
+    // Whether this process may read and move other applications' windows.
+    [[nodiscard]] virtual bool isTrusted() = 0;
+
+    // Shows the system's own permission dialog when not trusted, and returns the state it reports.
+    virtual bool prompt() = 0;
+
+    // Never null.
+    [[nodiscard]] virtual std::unique_ptr<DeskReading> beginReading() = 0;
+
+    // Returns when the window system has worked off what was asked of it before this call (X11: the window
+    // manager's own answer to a display change), after 1.0 second at most. False when it gave up.
+    virtual bool awaitQuiet() = 0;
+};
+
+} // namespace vantrel

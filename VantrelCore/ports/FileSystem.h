@@ -1,0 +1,49 @@
+// Port: the few file operations that stores and logs need, so that a full disk or a crash between two steps
+// can be played in tests.
+#pragma once
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace vantrel {
+
+// May be used from any thread.
+class FileSystem {
+public:
+    FileSystem() = default;
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+    virtual ~FileSystem() = default;
+
+    // The whole content; no_such_file_or_directory when there is no file.
+    [[nodiscard]] virtual std::expected<std::string, std::error_code> read(const std::filesystem::path& file) = 0;
+
+    // Replaces the file's content as a whole or not at all, also when the process or the machine stops
+    // half-way: temporary file beside it, flushed to disk, renamed over it, folder flushed. Success means
+    // that the content is durable.
+    [[nodiscard]] virtual std::error_code writeAtomically(const std::filesystem::path& file,
+                                                          std::string_view content) = 0;
+
+    // Appends to the file, creating it when missing.
+    [[nodiscard]] virtual std::error_code append(const std::filesystem::path& file, std::string_view content) = 0;
+
+    // Replaces `to` when it exists.
+    [[nodiscard]] virtual std::error_code rename(const std::filesystem::path& from,
+                                                 const std::filesystem::path& to) = 0;
+
+    // No error when there is no such file.
+    [[nodiscard]] virtual std::error_code remove(const std::filesystem::path& file) = 0;
+
+    // With its parents; no error when it exists already.
+    [[nodiscard]] virtual std::error_code createDirectories(const std::filesystem::path& directory) = 0;
+
+    // In bytes; none when there is no such file.
+    [[nodiscard]] virtual std::optional<std::uint64_t> size(const std::filesystem::path& file) = 0;
+};
+
+} // namespace vantrel

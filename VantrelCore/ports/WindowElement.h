@@ -1,0 +1,73 @@
+// Port: one window of a running application, as something that can be asked and moved.
+//
+// Coordinates are global, in points, origin at the top left of the primary display; the frame is what the
+// user sees (on X11 with the window manager's decoration and without a client's own shadow).
+// Every failure of the platform is an absent value or a false result, never an exception. Reads and writes
+// give up after 1.0 second. An element is used by one thread at a time.
+#pragma once
+
+#include "VantrelCore/model/Geometry.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vantrel {
+
+// The subrole of an ordinary document window, in the words of macOS Accessibility.
+inline constexpr const char* standardWindowSubrole = "AXStandardWindow";
+
+// What can be read of a window; an absent value could not be read or had the wrong type.
+struct WindowAttributes {
+    std::optional<std::string> title;
+    std::optional<std::string> subrole;
+    std::optional<bool> isMinimized;
+    std::optional<bool> isFullscreen;
+    std::optional<Point> position;
+    // Not read when the position could not be read.
+    std::optional<Size> size;
+
+    bool operator==(const WindowAttributes&) const = default;
+
+    // Present when position and size both are.
+    [[nodiscard]] std::optional<Rect> frame() const {
+        if (!position || !size) {
+            return std::nullopt;
+        }
+        return Rect{*position, *size};
+    }
+};
+
+enum class AttributeGroup : std::uint8_t {
+    all,
+    // Position and size only: what verifying a move needs.
+    frame,
+};
+
+// One write: a Point sets the position, a Size the size.
+using FrameWrite = std::variant<Point, Size>;
+
+class WindowElement {
+public:
+    WindowElement() = default;
+    WindowElement(const WindowElement&) = delete;
+    WindowElement& operator=(const WindowElement&) = delete;
+    virtual ~WindowElement() = default;
+
+    // Reads afresh, in one exchange where the platform can.
+    [[nodiscard]] virtual WindowAttributes read(AttributeGroup group) = 0;
+
+    // Performs the writes in order and says of each whether the platform took it. A platform whose own
+    // interface sets position and size together may do the batch as one write to the final frame; it then
+    // gives every write that write's result. Returns as many results as writes, when the platform has
+    // worked off the request or given up on it.
+    [[nodiscard]] virtual std::vector<bool> write(std::span<const FrameWrite> writes) = 0;
+
+    // Brings the window to the front of the stack, without giving it the focus where the platform can.
+    virtual bool raise() = 0;
+};
+
+} // namespace vantrel

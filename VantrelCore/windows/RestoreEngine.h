@@ -1,0 +1,68 @@
+// Puts the windows of a saved layout back: pairs them with live windows, moves each, checks that it really
+// went there, retries, raises, and says of every saved window what became of it. Keeps no state.
+#pragma once
+
+#include "VantrelCore/model/Layout.h"
+#include "VantrelCore/ports/Background.h"
+#include "VantrelCore/ports/Clock.h"
+#include "VantrelCore/windows/CurrentWindow.h"
+#include "VantrelCore/windows/RestoreReport.h"
+
+#include <functional>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vantrel::RestoreEngine {
+
+// A coordinate or size is reached when it differs from the target by at most this many points.
+inline constexpr double tolerance = 2.0;
+
+// How long the `settle` attempt waits, in seconds.
+inline constexpr double settleSeconds = 0.08;
+
+enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
+
+enum class Sizes : std::uint8_t { restore, leave };
+enum class Raising : std::uint8_t { raise, leave };
+
+struct Options {
+    Sizes sizes = Sizes::restore;
+    Raising raising = Raising::leave;
+    // Applications that have failed often: they get a pause instead of an immediate second move.
+    std::set<std::string> stubbornBundleIDs;
+    // Applications that are restored after all others.
+    std::set<std::string> restoreLast;
+};
+
+struct Placed {
+    Rect rect;
+    bool operator==(const Placed&) const = default;
+};
+// The application clamped its size; the rectangle is where the window stands now.
+struct PlacedClampedSize {
+    Rect rect;
+    bool operator==(const PlacedClampedSize&) const = default;
+};
+struct PlacementFailed {
+    bool operator==(const PlacementFailed&) const = default;
+};
+using DesignedPlacement = std::variant<Placed, PlacedClampedSize, PlacementFailed>;
+
+[[nodiscard]] std::vector<Attempt> attemptPlan(bool isStubborn);
+
+// Blocks until every window is done: applications of one wave in parallel, windows of one application in
+// turn.
+[[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
+                                    const Options& options, Clock& clock, Background& background);
+
+// One move, position first; true when the platform took it.
+bool place(const Rect& target, const AXWindowHandle& handle, Sizes sizes);
+
+// Puts a window into a designed slot. `settle` waits the given number of seconds.
+[[nodiscard]] DesignedPlacement placeDesigned(const Rect& placement, const AXWindowHandle& handle,
+                                              const Rect& usableBounds,
+                                              const std::function<void(double)>& settle);
+
+} // namespace vantrel::RestoreEngine

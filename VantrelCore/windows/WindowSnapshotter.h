@@ -1,0 +1,52 @@
+// Captures the live desk: every ordinary, visible, on-screen window of every regular application, with its
+// frame, its display and its place in the stack. Pairs the window elements, which can be moved but know no
+// stacking order, with the on-screen list, which knows the order but moves nothing.
+#pragma once
+
+#include "VantrelCore/model/Layout.h"
+#include "VantrelCore/ports/Accessibility.h"
+#include "VantrelCore/windows/CurrentWindow.h"
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantrel::WindowSnapshotter {
+
+// An entry of the on-screen list on the normal layer.
+struct ZEntry {
+    std::int32_t pid = 0;
+    Rect frame;
+    // Position in the whole list, skipped entries counted: 0 = front-most, with gaps.
+    std::int64_t order = 0;
+
+    bool operator==(const ZEntry&) const = default;
+};
+
+// The order of a window that is on screen at an unknown depth: behind every window of known depth.
+inline constexpr std::int64_t unknownOrder = INT64_MAX;
+
+[[nodiscard]] std::vector<ZEntry> zOrderEntries(const std::vector<WindowListEntry>& onScreen);
+
+// The stacking position to record for a window of `pid` at `frame`, or none when it is not on screen here
+// and so not captured.
+[[nodiscard]] std::optional<std::int64_t> captureDecision(std::int32_t pid, const Rect& frame,
+                                                          const std::vector<ZEntry>& entries);
+
+// The display that holds the frame's centre, else the one it overlaps most, else the first; "" without
+// displays.
+[[nodiscard]] std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays);
+
+// Front-most first, zOrder 0 to n-1. Applications in `ignoredBundleIDs` are not asked for their windows.
+[[nodiscard]] std::vector<CurrentWindow> currentWindows(Accessibility& accessibility,
+                                                        const std::vector<DisplayInfo>& displays,
+                                                        std::optional<std::string_view> excludingBundleID,
+                                                        const std::set<std::string>& ignoredBundleIDs);
+
+// The whole desk as a layout named "Default", nothing excluded or ignored.
+[[nodiscard]] Layout snapshot(Accessibility& accessibility, const std::vector<DisplayInfo>& displays, Date now);
+
+} // namespace vantrel::WindowSnapshotter
