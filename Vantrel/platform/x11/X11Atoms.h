@@ -1,0 +1,71 @@
+// The atoms that the X11 adapters speak, interned together.
+#pragma once
+
+#include <optional>
+#include <xcb/xcb.h>
+
+namespace vantrel {
+
+struct X11Atoms {
+    xcb_atom_t utf8String = XCB_ATOM_NONE;
+    xcb_atom_t wmState = XCB_ATOM_NONE;
+    xcb_atom_t wmChangeState = XCB_ATOM_NONE;
+    xcb_atom_t gtkApplicationId = XCB_ATOM_NONE;
+    xcb_atom_t gtkFrameExtents = XCB_ATOM_NONE;
+    xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;
+
+    xcb_atom_t netSupported = XCB_ATOM_NONE;
+    xcb_atom_t netSupportingWmCheck = XCB_ATOM_NONE;
+    xcb_atom_t netClientList = XCB_ATOM_NONE;
+    xcb_atom_t netClientListStacking = XCB_ATOM_NONE;
+    xcb_atom_t netCurrentDesktop = XCB_ATOM_NONE;
+    xcb_atom_t netNumberOfDesktops = XCB_ATOM_NONE;
+    xcb_atom_t netActiveWindow = XCB_ATOM_NONE;
+    xcb_atom_t netShowingDesktop = XCB_ATOM_NONE;
+    xcb_atom_t netWorkarea = XCB_ATOM_NONE;
+
+    xcb_atom_t netCloseWindow = XCB_ATOM_NONE;
+    xcb_atom_t netMoveresizeWindow = XCB_ATOM_NONE;
+    xcb_atom_t netRestackWindow = XCB_ATOM_NONE;
+    xcb_atom_t netRequestFrameExtents = XCB_ATOM_NONE;
+
+    xcb_atom_t netWmName = XCB_ATOM_NONE;
+    xcb_atom_t netWmPid = XCB_ATOM_NONE;
+    xcb_atom_t netWmDesktop = XCB_ATOM_NONE;
+    xcb_atom_t netFrameExtents = XCB_ATOM_NONE;
+    xcb_atom_t netWmStrut = XCB_ATOM_NONE;
+    xcb_atom_t netWmStrutPartial = XCB_ATOM_NONE;
+
+    xcb_atom_t netWmState = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateHidden = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateShaded = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateSticky = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateModal = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateAbove = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateBelow = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateFullscreen = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateMaximizedHorz = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateMaximizedVert = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateSkipTaskbar = XCB_ATOM_NONE;
+
+    xcb_atom_t netWmWindowType = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeNormal = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeDialog = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeUtility = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeToolbar = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeSplash = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeDesktop = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeDock = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeMenu = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeDropdownMenu = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypePopupMenu = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeTooltip = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeNotification = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeCombo = XCB_ATOM_NONE;
+    xcb_atom_t netWmWindowTypeDnd = XCB_ATOM_NONE;
+
+    // One round trip for all; none when the connection was lost.
+    [[nodiscard]] static std::optional<X11Atoms> intern(xcb_connection_t* connection);
+};
+
+} // namespace vantrel
