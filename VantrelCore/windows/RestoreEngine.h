@@ -40,14 +40,17 @@ struct Placed {
     Rect rect;
     bool operator==(const Placed&) const = default;
 };
+
 // The application clamped its size; the rectangle is where the window stands now.
 struct PlacedClampedSize {
     Rect rect;
     bool operator==(const PlacedClampedSize&) const = default;
 };
+
 struct PlacementFailed {
     bool operator==(const PlacementFailed&) const = default;
 };
+
 using DesignedPlacement = std::variant<Placed, PlacedClampedSize, PlacementFailed>;
 
 [[nodiscard]] std::vector<Attempt> attemptPlan(bool isStubborn);

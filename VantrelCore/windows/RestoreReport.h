@@ -38,6 +38,7 @@ struct RestoreReport {
     [[nodiscard]] std::size_t restoredCount() const;
     [[nodiscard]] std::size_t failedCount() const;
     [[nodiscard]] std::size_t skippedCount() const;
+
     [[nodiscard]] std::size_t expectedCount() const { return items.size(); }
 };
 

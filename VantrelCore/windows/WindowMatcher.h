@@ -19,8 +19,10 @@ struct WindowIdentity {
     std::int64_t zOrder = 0;
 
     WindowIdentity() = default;
+
     WindowIdentity(std::string_view bundle, std::string_view windowTitle, std::int64_t order)
         : bundleID(bundle), title(windowTitle), zOrder(order) {}
+
     explicit WindowIdentity(const WindowRecord& record)
         : bundleID(record.bundleID), title(record.title), zOrder(record.zOrder) {}
 };

@@ -40,6 +40,28 @@ inline constexpr std::int64_t unknownOrder = INT64_MAX;
 // displays.
 [[nodiscard]] std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays);
 
+// The frame of an ordinary document window that can be seen; none for dialogs, panels, minimised or
+// full-screen windows and windows without a readable frame. An unreadable flag counts as not set.
+[[nodiscard]] std::optional<Rect> ordinaryFrame(const WindowAttributes& attributes);
+
+// The regular applications with something on screen, less the excluded and the ignored ones, in the given
+// order: those whose windows are worth asking for.
+[[nodiscard]] std::vector<RunningApp> appsToRead(std::vector<RunningApp> running,
+                                                 const std::vector<ZEntry>& entries,
+                                                 std::optional<std::string_view> excludingBundleID,
+                                                 const std::set<std::string>& ignoredBundleIDs);
+
+struct AppWindows {
+    RunningApp app;
+    std::vector<WindowReading> windows;
+};
+
+// The captured windows among those read, front-most first, zOrder 0 to n-1; windows of unknown depth come
+// last, in the order in which they were read.
+[[nodiscard]] std::vector<CurrentWindow> captured(const std::vector<AppWindows>& apps,
+                                                  const std::vector<ZEntry>& entries,
+                                                  const std::vector<DisplayInfo>& displays);
+
 // Front-most first, zOrder 0 to n-1. Applications in `ignoredBundleIDs` are not asked for their windows.
 [[nodiscard]] std::vector<CurrentWindow> currentWindows(Accessibility& accessibility,
                                                         const std::vector<DisplayInfo>& displays,
@@ -47,6 +69,7 @@ inline constexpr std::int64_t unknownOrder = INT64_MAX;
                                                         const std::set<std::string>& ignoredBundleIDs);
 
 // The whole desk as a layout named "Default", nothing excluded or ignored.
-[[nodiscard]] Layout snapshot(Accessibility& accessibility, const std::vector<DisplayInfo>& displays, Date now);
+[[nodiscard]] Layout snapshot(Accessibility& accessibility, const std::vector<DisplayInfo>& displays,
+                              Date now);
 
 } // namespace vantrel::WindowSnapshotter

@@ -1,0 +1,144 @@
+#include "VantrelCore/windows/RestoreEngine.h"
+
+#include "VantrelCore/windows/RestoreOrder.h"
+#include "VantrelCore/windows/WindowMatcher.h"
+
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <utility>
+
+namespace vantrel::RestoreEngine {
+
+namespace {
+
+using Kind = RestoreReport::Kind;
+using Outcome = RestoreReport::Outcome;
+using Pairs = std::vector<MatchResult::Pair>;
+
+bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes) {
+    if (!frame) {
+        return false;
+    }
+    const Size size = sizes == Sizes::restore ? frame->size : target.size;
+    return approxEqual({frame->origin, size}, target, tolerance);
+}
+
+void placeSizeFirst(const Rect& target, const AXWindowHandle& handle, Sizes sizes) {
+    if (sizes == Sizes::restore) {
+        handle.setFrameSizeFirst(target);
+    } else {
+        handle.setPosition(target.origin);
+    }
+}
+
+Outcome restoreOne(const Rect& target, const AXWindowHandle& handle, Sizes sizes, bool isStubborn,
+                   Clock& clock) {
+    if (!place(target, handle, sizes)) {
+        return {Kind::failed, "app rejected the move"};
+    }
+    if (isReached(handle.frame(), target, sizes)) {
+        return {Kind::restored, ""};
+    }
+    for (const Attempt attempt : attemptPlan(isStubborn)) {
+        if (attempt == Attempt::settle) {
+            clock.sleep(settleSeconds);
+            continue;
+        }
+        if (attempt == Attempt::place) {
+            place(target, handle, sizes);
+        } else {
+            placeSizeFirst(target, handle, sizes);
+        }
+        if (isReached(handle.frame(), target, sizes)) {
+            return {Kind::retried, ""};
+        }
+    }
+    return {Kind::failed, "window drifted after move"};
+}
+
+MatchResult match(const std::vector<WindowRecord>& saved, const std::vector<CurrentWindow>& current) {
+    std::vector<WindowIdentity> savedIdentities;
+    savedIdentities.reserve(saved.size());
+    for (const auto& record : saved) {
+        savedIdentities.emplace_back(record);
+    }
+    std::vector<WindowIdentity> currentIdentities;
+    currentIdentities.reserve(current.size());
+    for (const auto& window : current) {
+        currentIdentities.emplace_back(window.record);
+    }
+    return WindowMatcher::match(savedIdentities, currentIdentities);
+}
+
+RestoreReport::Item itemFor(const WindowRecord& saved, Outcome outcome) {
+    return {saved.appName, saved.bundleID, saved.title, std::move(outcome)};
+}
+
+// Raises the back-most saved window first, so that the front-most one ends on top.
+void raiseInOrder(Pairs pairs, const std::vector<WindowRecord>& saved,
+                  const std::vector<CurrentWindow>& current) {
+    std::ranges::stable_sort(pairs, [&](const MatchResult::Pair& a, const MatchResult::Pair& b) {
+        return saved[a.saved].zOrder > saved[b.saved].zOrder;
+    });
+    for (const auto& pair : pairs) {
+        current[pair.current].handle.raise();
+    }
+}
+
+} // namespace
+
+std::vector<Attempt> attemptPlan(bool isStubborn) {
+    if (isStubborn) {
+        return {Attempt::settle, Attempt::placeSizeFirst};
+    }
+    return {Attempt::place, Attempt::settle, Attempt::placeSizeFirst};
+}
+
+RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current, const Options& options,
+                      Clock& clock, Background& background) {
+    const double start = clock.monotonicSeconds();
+    const MatchResult matched = match(layout.windows, current);
+
+    std::map<std::string, Pairs> pairsByApp;
+    for (const auto& pair : matched.pairs) {
+        pairsByApp[layout.windows[pair.saved].bundleID].push_back(pair);
+    }
+    std::vector<std::string> bundleIDs;
+    bundleIDs.reserve(pairsByApp.size());
+    for (const auto& [bundleID, pairs] : pairsByApp) {
+        bundleIDs.push_back(bundleID);
+    }
+
+    RestoreReport report;
+    report.items.reserve(layout.windows.size());
+    std::mutex itemsLock;
+    const auto restoreApp = [&](const std::string& bundleID) {
+        const bool isStubborn = options.stubbornBundleIDs.contains(bundleID);
+        for (const auto& pair : pairsByApp.at(bundleID)) {
+            const WindowRecord& saved = layout.windows[pair.saved];
+            auto item = itemFor(saved, restoreOne(saved.frame, current[pair.current].handle, options.sizes,
+                                                  isStubborn, clock));
+            const std::scoped_lock lock(itemsLock);
+            report.items.push_back(std::move(item));
+        }
+    };
+    for (const auto& wave : RestoreOrder::waves(bundleIDs, options.restoreLast)) {
+        background.concurrentPerform(wave.size(), [&](std::size_t index) { restoreApp(wave[index]); });
+    }
+
+    if (options.raising == Raising::raise) {
+        raiseInOrder(matched.pairs, layout.windows, current);
+    }
+    for (const std::size_t index : matched.unmatchedSaved) {
+        report.items.push_back(itemFor(layout.windows[index], {Kind::skipped, "window no longer exists"}));
+    }
+    report.elapsed = clock.monotonicSeconds() - start;
+    return report;
+}
+
+bool place(const Rect& target, const AXWindowHandle& handle, Sizes sizes) {
+    return sizes == Sizes::restore ? handle.setFrame(target) : handle.setPosition(target.origin);
+}
+
+} // namespace vantrel::RestoreEngine

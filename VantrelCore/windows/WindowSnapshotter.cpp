@@ -1,0 +1,181 @@
+#include "VantrelCore/windows/WindowSnapshotter.h"
+
+#include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/text/Unicode.h"
+#include "VantrelCore/windows/AXApps.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace vantrel::WindowSnapshotter {
+
+namespace {
+
+// Frames of the two views of the desk are the same window's when they differ by no more than this, in points.
+constexpr double exactTolerance = 2.0;
+// Less alike, they still vouch for a window being on screen.
+constexpr double overlapShare = 0.3;
+constexpr double nearCenterDistance = 100.0;
+// A window this wide or high, in points, is a program's internal helper.
+constexpr double invisibleExtent = 1.0;
+
+bool isNearby(const Rect& frame, const Rect& entry) {
+    if (intersection(frame, entry).area() >= overlapShare * frame.area()) {
+        return true;
+    }
+    const Point a = frame.center();
+    const Point b = entry.center();
+    return std::hypot(a.x - b.x, a.y - b.y) < nearCenterDistance;
+}
+
+using EntriesByPid = std::unordered_map<std::int32_t, std::vector<ZEntry>>;
+
+EntriesByPid byPid(const std::vector<ZEntry>& entries) {
+    EntriesByPid result;
+    for (const auto& entry : entries) {
+        result[entry.pid].push_back(entry);
+    }
+    return result;
+}
+
+// Texts of other programs can hold any bytes; a record is stored as JSON and holds UTF-8.
+WindowRecord recordFor(const RunningApp& app, const WindowAttributes& attributes, const Rect& frame,
+                       const std::vector<DisplayInfo>& displays, std::int64_t order) {
+    const std::string bundleID = Unicode::validUtf8(app.bundleID.value_or(""));
+    return {.bundleID = bundleID,
+            .appName = app.localizedName ? Unicode::validUtf8(*app.localizedName) : bundleID,
+            .title = Unicode::validUtf8(attributes.title.value_or("")),
+            .frame = frame,
+            .displayUUID = displayUUID(frame, displays),
+            .zOrder = order,
+            .isGhost = std::nullopt};
+}
+
+void sortAndRenumber(std::vector<CurrentWindow>& windows) {
+    std::ranges::stable_sort(windows, {}, [](const CurrentWindow& window) { return window.record.zOrder; });
+    std::int64_t order = 0;
+    for (auto& window : windows) {
+        window.record.zOrder = order++;
+    }
+}
+
+} // namespace
+
+std::vector<ZEntry> zOrderEntries(const std::vector<WindowListEntry>& onScreen) {
+    std::vector<ZEntry> entries;
+    entries.reserve(onScreen.size());
+    std::int64_t order = 0;
+    for (const auto& window : onScreen) {
+        if (window.layer == normalWindowLayer && window.ownerPid && window.bounds) {
+            entries.push_back({*window.ownerPid, *window.bounds, order});
+        }
+        ++order;
+    }
+    return entries;
+}
+
+std::optional<std::int64_t> captureDecision(std::int32_t pid, const Rect& frame,
+                                            const std::vector<ZEntry>& entries) {
+    bool isOnScreen = false;
+    for (const auto& entry : entries) {
+        if (entry.pid != pid) {
+            continue;
+        }
+        if (approxEqual(entry.frame, frame, exactTolerance)) {
+            return entry.order;
+        }
+        isOnScreen = isOnScreen || isNearby(frame, entry.frame);
+    }
+    return isOnScreen ? std::optional(unknownOrder) : std::nullopt;
+}
+
+std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays) {
+    if (displays.empty()) {
+        return "";
+    }
+    const auto holder = std::ranges::find_if(
+        displays, [&](const DisplayInfo& display) { return display.frame.contains(frame.center()); });
+    if (holder != displays.end()) {
+        return holder->uuid;
+    }
+    // Of equals, max_element gives the first.
+    return std::ranges::max_element(
+               displays, {},
+               [&](const DisplayInfo& display) { return intersection(frame, display.frame).area(); })
+        ->uuid;
+}
+
+std::optional<Rect> ordinaryFrame(const WindowAttributes& attributes) {
+    const auto frame = attributes.frame();
+    const bool isOrdinary = attributes.subrole == standardWindowSubrole &&
+                            !attributes.isMinimized.value_or(false) &&
+                            !attributes.isFullscreen.value_or(false);
+    if (!isOrdinary || !frame || !(frame->width() > invisibleExtent && frame->height() > invisibleExtent)) {
+        return std::nullopt;
+    }
+    return frame;
+}
+
+std::vector<RunningApp> appsToRead(std::vector<RunningApp> running, const std::vector<ZEntry>& entries,
+                                   std::optional<std::string_view> excludingBundleID,
+                                   const std::set<std::string>& ignoredBundleIDs) {
+    std::vector<RunningApp> apps = AXApps::regularApps(std::move(running), excludingBundleID);
+    const EntriesByPid onScreen = byPid(entries);
+    std::erase_if(apps, [&](const RunningApp& app) {
+        return ignoredBundleIDs.contains(*app.bundleID) || !onScreen.contains(app.pid);
+    });
+    return apps;
+}
+
+std::vector<CurrentWindow> captured(const std::vector<AppWindows>& apps, const std::vector<ZEntry>& entries,
+                                    const std::vector<DisplayInfo>& displays) {
+    const EntriesByPid entriesOf = byPid(entries);
+    std::vector<CurrentWindow> result;
+    for (const auto& [app, windows] : apps) {
+        const auto ownEntries = entriesOf.find(app.pid);
+        if (ownEntries == entriesOf.end()) {
+            continue;
+        }
+        for (const auto& window : windows) {
+            const auto frame = ordinaryFrame(window.attributes);
+            const auto order = frame ? captureDecision(app.pid, *frame, ownEntries->second) : std::nullopt;
+            if (order) {
+                result.push_back({recordFor(app, window.attributes, *frame, displays, *order),
+                                  AXWindowHandle(window.element)});
+            }
+        }
+    }
+    sortAndRenumber(result);
+    return result;
+}
+
+std::vector<CurrentWindow> currentWindows(Accessibility& accessibility,
+                                          const std::vector<DisplayInfo>& displays,
+                                          std::optional<std::string_view> excludingBundleID,
+                                          const std::set<std::string>& ignoredBundleIDs) {
+    const auto reading = accessibility.beginReading();
+    const std::vector<ZEntry> entries = zOrderEntries(reading->onScreenWindows());
+    std::vector<AppWindows> apps;
+    for (auto& app : appsToRead(reading->runningApps(), entries, excludingBundleID, ignoredBundleIDs)) {
+        std::vector<WindowReading> windows = reading->windows(app);
+        apps.push_back({std::move(app), std::move(windows)});
+    }
+    return captured(apps, entries, displays);
+}
+
+Layout snapshot(Accessibility& accessibility, const std::vector<DisplayInfo>& displays, Date now) {
+    Layout layout{.configID = DisplayTopology::configID(displays),
+                  .name = DisplayTopology::configName(displays),
+                  .layoutName = Layout::defaultName,
+                  .displays = displays,
+                  .windows = {},
+                  .savedAt = now,
+                  .pinned = std::nullopt};
+    for (auto& window : currentWindows(accessibility, displays, std::nullopt, {})) {
+        layout.windows.push_back(std::move(window.record));
+    }
+    return layout;
+}
+
+} // namespace vantrel::WindowSnapshotter
