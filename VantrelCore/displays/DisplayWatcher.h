@@ -27,7 +27,8 @@ public:
     // Called once at the start of a burst of events.
     std::function<void()> onChangeBegan;
     // Called once per burst, after it settled, with the desk's configID and displays as they are now.
-    std::function<void(const std::string& configID, const std::vector<DisplayInfo>& displays)> onSettledChange;
+    std::function<void(const std::string& configID, const std::vector<DisplayInfo>& displays)>
+        onSettledChange;
 
     // Both may be called again without effect. Stopping does not cancel a pending settle.
     void start();

@@ -83,8 +83,8 @@ std::optional<Date> dateFromIso8601(std::string_view text) {
     const auto minutes = takeNumber(text, 2);
     const bool secondColon = takeCharacter(text, ':');
     const auto seconds = takeNumber(text, 2);
-    if (!year || !month || !day || !hours || !minutes || !seconds || !firstDash || !secondDash || !separator ||
-        !firstColon || !secondColon || *hours > 23 || *minutes > 59 || *seconds > 59) {
+    if (!year || !month || !day || !hours || !minutes || !seconds || !firstDash || !secondDash ||
+        !separator || !firstColon || !secondColon || *hours > 23 || *minutes > 59 || *seconds > 59) {
         return std::nullopt;
     }
     if (takeCharacter(text, '.')) {
@@ -101,8 +101,8 @@ std::optional<Date> dateFromIso8601(std::string_view text) {
     if (!offset || !calendar.ok()) {
         return std::nullopt;
     }
-    return Date{std::chrono::sys_days{calendar} + std::chrono::hours{*hours} + std::chrono::minutes{*minutes} +
-                std::chrono::seconds{*seconds} - *offset};
+    return Date{std::chrono::sys_days{calendar} + std::chrono::hours{*hours} +
+                std::chrono::minutes{*minutes} + std::chrono::seconds{*seconds} - *offset};
 }
 
 } // namespace vantrel

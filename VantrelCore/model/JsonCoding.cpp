@@ -27,7 +27,8 @@ void requireArray(const nlohmann::json& json) {
 void requireArrayOf(const nlohmann::json& json, std::size_t count) {
     requireArray(json);
     if (json.size() != count) {
-        throw Error("expected an array of " + std::to_string(count) + ", found " + std::to_string(json.size()));
+        throw Error("expected an array of " + std::to_string(count) + ", found " +
+                    std::to_string(json.size()));
     }
 }
 

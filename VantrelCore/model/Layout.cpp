@@ -51,8 +51,11 @@ bool Layout::geometryMatches(const Layout& other, double tolerance) const {
 }
 
 void to_json(nlohmann::json& json, const Layout& layout) {
-    json = {{"configID", layout.configID}, {"name", layout.name},      {"layoutName", layout.layoutName},
-            {"displays", layout.displays}, {"windows", layout.windows}};
+    json = {{"configID", layout.configID},
+            {"name", layout.name},
+            {"layoutName", layout.layoutName},
+            {"displays", layout.displays},
+            {"windows", layout.windows}};
     JsonCoding::put(json, "savedAt", layout.savedAt);
     JsonCoding::put(json, "pinned", layout.pinned);
 }

@@ -21,7 +21,8 @@ public:
     virtual ~FileSystem() = default;
 
     // The whole content; no_such_file_or_directory when there is no file.
-    [[nodiscard]] virtual std::expected<std::string, std::error_code> read(const std::filesystem::path& file) = 0;
+    [[nodiscard]] virtual std::expected<std::string, std::error_code>
+    read(const std::filesystem::path& file) = 0;
 
     // Replaces the file's content as a whole or not at all, also when the process or the machine stops
     // half-way: temporary file beside it, flushed to disk, renamed over it, folder flushed. Success means
@@ -30,7 +31,8 @@ public:
                                                           std::string_view content) = 0;
 
     // Appends to the file, creating it when missing.
-    [[nodiscard]] virtual std::error_code append(const std::filesystem::path& file, std::string_view content) = 0;
+    [[nodiscard]] virtual std::error_code append(const std::filesystem::path& file,
+                                                 std::string_view content) = 0;
 
     // Replaces `to` when it exists.
     [[nodiscard]] virtual std::error_code rename(const std::filesystem::path& from,

@@ -28,8 +28,10 @@ public:
     virtual void post(std::function<void()> work) = 0;
 
     // Run once after `seconds`, or every `seconds` until cancelled. Called on the main thread.
-    [[nodiscard]] virtual std::unique_ptr<ScheduledWork> after(double seconds, std::function<void()> work) = 0;
-    [[nodiscard]] virtual std::unique_ptr<ScheduledWork> every(double seconds, std::function<void()> work) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ScheduledWork> after(double seconds,
+                                                               std::function<void()> work) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ScheduledWork> every(double seconds,
+                                                               std::function<void()> work) = 0;
 };
 
 } // namespace vantrel

@@ -30,8 +30,8 @@ public:
     };
 
     // Creates the directory when missing. Nothing is read yet.
-    [[nodiscard]] static std::expected<LayoutStore, std::error_code> open(const std::filesystem::path& directory,
-                                                                          FileSystem& files);
+    [[nodiscard]] static std::expected<LayoutStore, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files);
 
     [[nodiscard]] std::vector<Layout> allLayouts();
     // "Default" first, then by layoutName in byte order.

@@ -1,0 +1,65 @@
+# shellcheck shell=bash
+# The Debian 12 packages that Vantrel needs, by purpose. Sourced by scripts/setup; why each library is
+# there is told in docs/dependencies.md.
+
+# shellcheck disable=SC2034 # read by scripts/setup
+packages_build=(
+    cmake
+    g++
+    git
+    libcli11-dev
+    libfmt-dev
+    libglib2.0-dev
+    libicu-dev
+    libsodium-dev
+    libxcb-ewmh-dev
+    libxcb-icccm4-dev
+    libxcb-keysyms1-dev
+    libxcb-randr0-dev
+    libxcb-res0-dev
+    libxcb-util-dev
+    libxcb-xfixes0-dev
+    libxcb-xtest0-dev
+    libxcb1-dev
+    ninja-build
+    nlohmann-json3-dev
+    pkg-config
+    qt6-base-dev
+)
+
+# shellcheck disable=SC2034
+packages_run=(
+    dbus
+    fonts-dejavu-core
+)
+
+# shellcheck disable=SC2034
+packages_test=(
+    featherpad
+    galculator
+    libbenchmark-dev
+    libgmock-dev
+    libgtest-dev
+    librapidcheck-dev
+    mousepad
+    openbox
+    wmctrl
+    x11-utils
+    x11-xserver-utils
+    xdotool
+    xfce4-terminal
+    xfwm4
+    xserver-xorg-core
+    xserver-xorg-video-dummy
+    xterm
+)
+
+# shellcheck disable=SC2034
+packages_check=(
+    clang-19
+    clang-format-19
+    clang-tidy-19
+    libclang-rt-19-dev
+    python3
+    shellcheck
+)
