@@ -1,0 +1,32 @@
+// Shortcuts as the user reads them: modifier glyphs followed by the key's glyph, "⇧⌘R".
+#pragma once
+
+#include "VantrelCore/commands/HotKeyCombo.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vantrel::KeyCodeFormatter {
+
+// The modifier flags of a key event, with the bit values of AppKit's events. Other bits may be set.
+namespace EventFlags {
+
+inline constexpr std::uint64_t shift = 1U << 17U;
+inline constexpr std::uint64_t control = 1U << 18U;
+inline constexpr std::uint64_t option = 1U << 19U;
+inline constexpr std::uint64_t command = 1U << 20U;
+
+} // namespace EventFlags
+
+// Always in the order control, option, shift, command; other bits show nothing.
+[[nodiscard]] std::string modifierGlyphs(std::int64_t modifiers);
+
+// "Key " and the number for a key without a glyph here.
+[[nodiscard]] std::string keyGlyph(std::int64_t keyCode);
+
+[[nodiscard]] std::string glyphs(HotKeyCombo combo);
+
+// The Carbon mask of a key event's modifiers; Caps Lock, Fn and every other flag are ignored.
+[[nodiscard]] std::int64_t carbonModifiers(std::uint64_t eventFlags);
+
+} // namespace vantrel::KeyCodeFormatter

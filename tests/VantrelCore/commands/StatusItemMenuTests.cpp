@@ -1,0 +1,33 @@
+#include "VantrelCore/commands/StatusItemMenu.h"
+
+#include <gmock/gmock.h>
+
+namespace vantrel {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<std::string> titles(const std::vector<StatusItemMenuEntry>& entries) {
+    std::vector<std::string> texts;
+    for (const auto& entry : entries) {
+        texts.push_back(
+            std::holds_alternative<StatusItem::Separator>(entry) ? "-" : StatusItemMenuBuilder::title(entry));
+    }
+    return texts;
+}
+
+TEST(StatusItemMenu, AnEmptyDeskOffersTheFixedEntries) {
+    EXPECT_THAT(titles(StatusItemMenuBuilder::build({}, std::nullopt)),
+                ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Quit Vantrel"));
+}
+
+TEST(StatusItemMenu, ScenesComeFirstInTheirOrderAndUndoBehindRestore) {
+    const auto entries = StatusItemMenuBuilder::build({{"2", "Writing"}, {"1", "Calls"}}, "Display change");
+    EXPECT_THAT(titles(entries), ElementsAre("Writing", "Calls", "Restore now", "Undo last restore", "-",
+                                             "Layouts…", "Settings…", "Quit Vantrel"));
+    EXPECT_EQ(entries[0], StatusItemMenuEntry(StatusItem::SceneEntry{"2", "Writing"}));
+    EXPECT_EQ(entries[3], StatusItemMenuEntry(StatusItem::UndoLastRestore{"Display change"}));
+}
+
+} // namespace
+} // namespace vantrel
