@@ -1,0 +1,62 @@
+// A whole desk of its own for tests, demonstrations and measurements: X server, session bus, window manager
+// and programs in a temporary home. Nothing of it survives this object, nor the process that holds it.
+//
+// Set-up failures throw std::runtime_error with a sentence: without its desk a test has nothing to say.
+#pragma once
+
+#include "tests/live/desk/ChildProcess.h"
+#include "tests/live/desk/DeskConnection.h"
+#include "tests/live/desk/Monitors.h"
+#include "tests/live/desk/SeenWindow.h"
+#include "tests/live/desk/SessionBus.h"
+#include "tests/live/desk/TemporaryHome.h"
+#include "tests/live/desk/WindowManager.h"
+#include "tests/live/desk/XServer.h"
+
+#include <list>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel::live {
+
+class PrivateDesk {
+public:
+    // No window manager for an empty name.
+    PrivateDesk(const std::vector<MonitorPlace>& monitors, const std::string& windowManager);
+
+    [[nodiscard]] const std::string& display() const { return m_server.display(); }
+
+    [[nodiscard]] const TemporaryHome& home() const { return m_home; }
+
+    [[nodiscard]] DeskConnection& connection() { return m_connection; }
+
+    [[nodiscard]] Monitors& monitors() { return m_monitors; }
+
+    [[nodiscard]] const SessionBus& bus() const { return m_bus; }
+
+    // What programs on this desk are given.
+    [[nodiscard]] std::vector<std::string> environment() const;
+
+    // Starts a program; it lives until the desk ends it or it ends by itself.
+    ChildProcess& start(const std::vector<std::string>& command,
+                        const std::vector<std::string>& extraEnvironment = {});
+    // Starts a program and returns its first window once it is on screen.
+    SeenWindow open(const std::vector<std::string>& command);
+    void startWindowManager(const std::string& name);
+    void endWindowManager();
+
+    // Asks the window manager to put the window's frame there, as a pager would.
+    void place(xcb_window_t client, const Rect& frame);
+
+private:
+    TemporaryHome m_home;
+    XServer m_server;
+    SessionBus m_bus;
+    DeskConnection m_connection;
+    Monitors m_monitors;
+    std::optional<WindowManager> m_windowManager;
+    std::list<ChildProcess> m_programs;
+};
+
+} // namespace vantrel::live
