@@ -1,0 +1,60 @@
+#include "Vantrel/platform/qt/QtMainQueue.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+enum class Repeat : std::uint8_t { once, forever };
+
+// From this on a timer may be late by a twentieth, which lets the system wake up once for several.
+constexpr double coarseFromSeconds = 5;
+
+// Qt counts milliseconds in an int; about 24 days.
+constexpr double longestSeconds = 2'000'000;
+
+class TimedWork final : public ScheduledWork {
+public:
+    TimedWork(double seconds, Repeat repeat, std::function<void()> work)
+        : m_work(std::make_shared<std::function<void()>>(std::move(work))) {
+        const double bounded = std::isnan(seconds) ? 0 : std::clamp(seconds, 0.0, longestSeconds);
+        auto interval = std::chrono::milliseconds(std::llround(std::ceil(bounded * 1000)));
+        if (repeat == Repeat::forever) {
+            interval = std::max(interval, std::chrono::milliseconds(1));
+        }
+        m_timer.setSingleShot(repeat == Repeat::once);
+        m_timer.setTimerType(bounded >= coarseFromSeconds ? Qt::CoarseTimer : Qt::PreciseTimer);
+        // The work may destroy this object while it runs, so the call holds on to the function.
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer,
+                         [work = m_work] { (*std::shared_ptr(work))(); });
+        m_timer.start(interval);
+    }
+
+    void cancel() override { m_timer.stop(); }
+
+private:
+    std::shared_ptr<std::function<void()>> m_work;
+    QTimer m_timer;
+};
+
+} // namespace
+
+void QtMainQueue::post(std::function<void()> work) {
+    QMetaObject::invokeMethod(&m_mainThread, std::move(work), Qt::QueuedConnection);
+}
+
+std::unique_ptr<ScheduledWork> QtMainQueue::after(double seconds, std::function<void()> work) {
+    return std::make_unique<TimedWork>(seconds, Repeat::once, std::move(work));
+}
+
+std::unique_ptr<ScheduledWork> QtMainQueue::every(double seconds, std::function<void()> work) {
+    return std::make_unique<TimedWork>(seconds, Repeat::forever, std::move(work));
+}
+
+} // namespace vantrel

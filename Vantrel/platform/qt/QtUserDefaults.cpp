@@ -1,0 +1,191 @@
+#include "Vantrel/platform/qt/QtUserDefaults.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::chrono::milliseconds editorRest{100};
+
+QString qtPath(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+// Where a chain of symbolic links leads.
+std::filesystem::path linkTarget(const std::filesystem::path& file) {
+    std::error_code error;
+    auto target = std::filesystem::weakly_canonical(file, error);
+    return error ? file : target;
+}
+
+} // namespace
+
+QtUserDefaults::QtUserDefaults(std::filesystem::path file, FileSystem& files, Log log)
+    : m_file(std::move(file)), m_files(files), m_log(std::move(log)) {
+    // The folder is watched for files that an editor puts in place of the old one, so it must be there.
+    if (const auto error = m_files.createDirectories(m_file.parent_path())) {
+        m_log(fmt::format("settings: the folder {} cannot be made ({}); the defaults apply",
+                          m_file.parent_path().string(), error.message()));
+    }
+    m_rested.setSingleShot(true);
+    m_rested.setInterval(editorRest);
+    QObject::connect(&m_rested, &QTimer::timeout, &m_rested, [this] {
+        reload();
+        watch();
+    });
+    m_notify.setSingleShot(true);
+    m_notify.setInterval(0);
+    QObject::connect(&m_notify, &QTimer::timeout, &m_notify, [this] {
+        if (const auto handler = m_handler) {
+            handler();
+        }
+    });
+    const auto changed = [this] { m_rested.start(); };
+    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_rested, changed);
+    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_rested, changed);
+    watch();
+    reload();
+}
+
+std::optional<bool> QtUserDefaults::boolean(std::string_view key) {
+    const auto found = m_content.values.find(key);
+    if (found == m_content.values.end()) {
+        return std::nullopt;
+    }
+    const auto* value = std::get_if<bool>(&found->second);
+    return value != nullptr ? std::optional(*value) : std::nullopt;
+}
+
+std::optional<std::int64_t> QtUserDefaults::integer(std::string_view key) {
+    const auto found = m_content.values.find(key);
+    if (found == m_content.values.end()) {
+        return std::nullopt;
+    }
+    const auto* value = std::get_if<std::int64_t>(&found->second);
+    return value != nullptr ? std::optional(*value) : std::nullopt;
+}
+
+std::optional<double> QtUserDefaults::number(std::string_view key) {
+    const auto found = m_content.values.find(key);
+    if (found == m_content.values.end()) {
+        return std::nullopt;
+    }
+    if (const auto* whole = std::get_if<std::int64_t>(&found->second)) {
+        return static_cast<double>(*whole);
+    }
+    const auto* value = std::get_if<double>(&found->second);
+    return value != nullptr ? std::optional(*value) : std::nullopt;
+}
+
+std::optional<std::string> QtUserDefaults::text(std::string_view key) {
+    const auto found = m_content.values.find(key);
+    if (found == m_content.values.end()) {
+        return std::nullopt;
+    }
+    const auto* value = std::get_if<std::string>(&found->second);
+    return value != nullptr ? std::optional(*value) : std::nullopt;
+}
+
+bool QtUserDefaults::set(std::string_view key, const DefaultsValue& value) {
+    if (!reload()) {
+        return false;
+    }
+    const auto found = m_content.values.find(key);
+    if (found != m_content.values.end() && found->second == value) {
+        return true;
+    }
+    return write(SettingsText::withValue(m_text.empty() ? SettingsText::heading() : m_text, key, value));
+}
+
+bool QtUserDefaults::remove(std::string_view key) {
+    if (!reload()) {
+        return false;
+    }
+    if (!m_content.values.contains(key)) {
+        return true;
+    }
+    return write(SettingsText::withoutKey(m_text, key));
+}
+
+void QtUserDefaults::setChangeHandler(std::function<void()> handler) {
+    m_handler = std::move(handler);
+}
+
+bool QtUserDefaults::reload() {
+    const auto before = m_content.values;
+    const bool readable = read();
+    if (m_handler && m_content.values != before) {
+        m_notify.start();
+    }
+    return readable;
+}
+
+bool QtUserDefaults::read() {
+    auto text = m_files.read(m_file);
+    const bool missing = !text && text.error() == std::errc::no_such_file_or_directory;
+    if (!text && !missing) {
+        m_text.clear();
+        m_content = {};
+        complain(fmt::format("settings: {} cannot be read ({}); the defaults apply and nothing is written",
+                             m_file.string(), text.error().message()));
+        return false;
+    }
+    m_text = missing ? std::string() : std::move(*text);
+    m_content = SettingsText::parse(m_text);
+    std::string complaint;
+    if (!m_content.misunderstandings.empty()) {
+        const auto& first = m_content.misunderstandings.front();
+        const auto more = m_content.misunderstandings.size() - 1;
+        complaint = fmt::format("settings: {} line {} is not understood and left out{}: {}", m_file.string(),
+                                first.line, more == 0 ? "" : fmt::format(" (and {} more)", more), first.text);
+    }
+    complain(std::move(complaint));
+    return true;
+}
+
+bool QtUserDefaults::write(const std::string& text) {
+    if (!m_complaint.empty() && m_keptFor != m_complaint) {
+        auto aside = m_file;
+        aside += ".broken";
+        if (const auto error = m_files.writeAtomically(aside, m_text)) {
+            m_log(fmt::format("settings: no copy could be kept at {} ({}); nothing is written",
+                              aside.string(), error.message()));
+            return false;
+        }
+        m_keptFor = m_complaint;
+    }
+    if (const auto error = m_files.writeAtomically(linkTarget(m_file), text)) {
+        m_log(fmt::format("settings: {} cannot be written ({})", m_file.string(), error.message()));
+        return false;
+    }
+    m_text = text;
+    m_content = SettingsText::parse(m_text);
+    watch();
+    m_notify.start();
+    return true;
+}
+
+void QtUserDefaults::watch() {
+    const auto target = linkTarget(m_file);
+    for (const auto& path : {m_file.parent_path(), target.parent_path(), target}) {
+        const auto name = qtPath(path);
+        std::error_code ignored;
+        if (!m_watcher.files().contains(name) && !m_watcher.directories().contains(name) &&
+            std::filesystem::exists(path, ignored)) {
+            m_watcher.addPath(name);
+        }
+    }
+}
+
+void QtUserDefaults::complain(std::string complaint) {
+    if (complaint != m_complaint && !complaint.empty()) {
+        m_log(complaint);
+    }
+    m_complaint = std::move(complaint);
+}
+
+} // namespace vantrel
