@@ -4,20 +4,73 @@
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
+#include "VantrelCore/stores/JsonFile.h"
 
 #include <cstdint>
 #include <expected>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace vantrel {
 
 // `Record` is the file's content: a struct with `std::int64_t version` first, to_json and from_json, and the
-// content of an empty store as its default value. Not locked: all calls come from the main thread.
+// content of an empty store, with the current schema version, as its default value. from_json requires
+// "version". Not locked: all calls come from the main thread.
 template <typename Record>
-class JsonStore;
+class JsonStore {
+public:
+    // Creates the directory when missing. Nothing is read yet.
+    [[nodiscard]] static std::expected<JsonStore, std::error_code>
+    open(const std::filesystem::path& directory, std::string_view fileName, FileSystem& files) {
+        if (const std::error_code error = files.createDirectories(directory)) {
+            return std::unexpected(error);
+        }
+        return JsonStore(JsonFile(directory / fileName, Record{}.version, files));
+    }
+
+    [[nodiscard]] const std::filesystem::path& fileURL() const { return m_file.path(); }
+
+    // The content, from the cache or else from disk. Valid until the next call of any member.
+    [[nodiscard]] const Record& load() {
+        if (!m_cache) {
+            Record record;
+            if (m_file.read([&](const nlohmann::json& document) { from_json(document, record); },
+                            [&](nlohmann::json& document) { to_json(document, record); })) {
+                m_cache = std::move(record);
+            }
+        }
+        static const Record empty{};
+        return m_cache ? *m_cache : empty;
+    }
+
+    // Replaces the whole file, stamped with the current schema version. False leaves file and cache as they
+    // were.
+    [[nodiscard]] bool write(Record record) {
+        record.version = Record{}.version;
+        if (!m_file.write([&](nlohmann::json& document) { to_json(document, record); })) {
+            return false;
+        }
+        m_cache = std::move(record);
+        return true;
+    }
+
+    // Loads, lets `change` work on a copy, and writes that.
+    template <typename Change>
+    [[nodiscard]] bool update(Change&& change) {
+        Record record = load();
+        std::forward<Change>(change)(record);
+        return write(std::move(record));
+    }
+
+private:
+    explicit JsonStore(JsonFile file) : m_file(std::move(file)) {}
+
+    JsonFile m_file;
+    // What was last read or written.
+    std::optional<Record> m_cache;
+};
 
 } // namespace vantrel

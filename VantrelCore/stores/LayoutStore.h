@@ -6,6 +6,8 @@
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/stores/JsonStore.h"
 
+#include <expected>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>

@@ -1,0 +1,15 @@
+// The order in which a person reads names in a list: the rules of a language, upper and lower case alike.
+#pragma once
+
+#include <compare>
+#include <string>
+#include <string_view>
+
+namespace vantrel::LocalizedComparison {
+
+// Compares by the rules of `locale` (an ICU name such as "de" or "sv_SE"), empty for the user's own. Texts
+// that differ in case only are equivalent; texts that differ in accents are not. Safe on any thread.
+[[nodiscard]] std::weak_ordering caseInsensitive(std::string_view a, std::string_view b,
+                                                 const std::string& locale = {});
+
+} // namespace vantrel::LocalizedComparison

@@ -1,0 +1,259 @@
+#include "tests/simulated/MemoryFileSystem.h"
+
+#include <numeric>
+#include <utility>
+
+namespace vantrel::simulated {
+
+namespace {
+
+std::string textAt(const std::map<std::filesystem::path, std::string>& files,
+                   const std::filesystem::path& file) {
+    const auto found = files.find(file);
+    return found == files.end() ? std::string() : found->second;
+}
+
+std::error_code failure(std::errc error) {
+    return std::make_error_code(error);
+}
+
+} // namespace
+
+std::expected<std::string, std::error_code> MemoryFileSystem::read(const std::filesystem::path& file) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::read)) {
+        return std::unexpected(error);
+    }
+    if (m_directories.contains(file)) {
+        return std::unexpected(failure(std::errc::is_a_directory));
+    }
+    const auto found = m_files.find(file);
+    if (found == m_files.end()) {
+        return std::unexpected(failure(std::errc::no_such_file_or_directory));
+    }
+    if (const auto unreadable = m_unreadable.find(file); unreadable != m_unreadable.end()) {
+        return std::unexpected(failure(unreadable->second));
+    }
+    return found->second;
+}
+
+std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& file,
+                                                  std::string_view content) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::writeAtomically)) {
+        return error;
+    }
+    // Old and new content are on the disk together for a moment.
+    if (const auto error = checkWritable(file, {}, content)) {
+        return error;
+    }
+    if (m_crashBefore) {
+        return writeUntilCrash(file, content);
+    }
+    m_files[file] = content;
+    return {};
+}
+
+std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std::string_view content) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::append)) {
+        return error;
+    }
+    const std::string old = textAt(m_files, file);
+    if (const auto error = checkWritable(file, old, old + std::string(content))) {
+        return error;
+    }
+    m_files[file] += content;
+    return {};
+}
+
+std::error_code MemoryFileSystem::rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::rename)) {
+        return error;
+    }
+    if (!m_files.contains(from)) {
+        return failure(std::errc::no_such_file_or_directory);
+    }
+    if (const auto error = checkWritable(to, {}, {})) {
+        return error;
+    }
+    auto moved = m_files.extract(from);
+    m_files[to] = std::move(moved.mapped());
+    return {};
+}
+
+std::error_code MemoryFileSystem::remove(const std::filesystem::path& file) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::remove)) {
+        return error;
+    }
+    if (m_directories.contains(file)) {
+        return failure(std::errc::is_a_directory);
+    }
+    m_files.erase(file);
+    return {};
+}
+
+std::error_code MemoryFileSystem::createDirectories(const std::filesystem::path& directory) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::createDirectories)) {
+        return error;
+    }
+    for (auto path = directory; !path.empty() && path != path.root_path(); path = path.parent_path()) {
+        if (m_files.contains(path)) {
+            return failure(std::errc::not_a_directory);
+        }
+    }
+    addDirectories(directory);
+    return {};
+}
+
+std::optional<std::uint64_t> MemoryFileSystem::size(const std::filesystem::path& file) {
+    const auto text = content(file);
+    return text ? std::optional<std::uint64_t>(text->size()) : std::nullopt;
+}
+
+void MemoryFileSystem::put(const std::filesystem::path& file, std::string_view content) {
+    const std::scoped_lock lock(m_mutex);
+    addDirectories(file.parent_path());
+    m_files[file] = content;
+}
+
+void MemoryFileSystem::putDirectory(const std::filesystem::path& directory) {
+    const std::scoped_lock lock(m_mutex);
+    addDirectories(directory);
+}
+
+std::optional<std::string> MemoryFileSystem::content(const std::filesystem::path& file) const {
+    const std::scoped_lock lock(m_mutex);
+    const auto found = m_files.find(file);
+    return found == m_files.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::vector<std::filesystem::path> MemoryFileSystem::files() const {
+    const std::scoped_lock lock(m_mutex);
+    std::vector<std::filesystem::path> paths;
+    for (const auto& [path, content] : m_files) {
+        paths.push_back(path);
+    }
+    return paths;
+}
+
+bool MemoryFileSystem::isDirectory(const std::filesystem::path& path) const {
+    const std::scoped_lock lock(m_mutex);
+    return m_directories.contains(path);
+}
+
+std::size_t MemoryFileSystem::count(Operation operation) const {
+    const std::scoped_lock lock(m_mutex);
+    const auto found = m_counts.find(operation);
+    return found == m_counts.end() ? 0 : found->second;
+}
+
+void MemoryFileSystem::failOnceAfter(std::size_t skipped, std::errc error) {
+    const std::scoped_lock lock(m_mutex);
+    m_skippedBeforeFailure = skipped;
+    m_failOnceError = error;
+}
+
+void MemoryFileSystem::failAll(Operation operation, std::errc error) {
+    const std::scoped_lock lock(m_mutex);
+    m_failing[operation] = error;
+}
+
+void MemoryFileSystem::failReading(const std::filesystem::path& file, std::errc error) {
+    const std::scoped_lock lock(m_mutex);
+    m_unreadable[file] = error;
+}
+
+void MemoryFileSystem::setCapacity(std::optional<std::uint64_t> bytes) {
+    const std::scoped_lock lock(m_mutex);
+    m_capacity = bytes;
+}
+
+void MemoryFileSystem::stopFailing() {
+    const std::scoped_lock lock(m_mutex);
+    m_skippedBeforeFailure.reset();
+    m_failing.clear();
+    m_unreadable.clear();
+    m_capacity.reset();
+}
+
+void MemoryFileSystem::crashBefore(WriteStep step) {
+    const std::scoped_lock lock(m_mutex);
+    m_crashBefore = step;
+}
+
+void MemoryFileSystem::restart(UnflushedRename unflushed) {
+    const std::scoped_lock lock(m_mutex);
+    if (m_beforeUnflushedRename && unflushed == UnflushedRename::lost) {
+        m_files = *m_beforeUnflushedRename;
+    }
+    m_beforeUnflushedRename.reset();
+    m_crashBefore.reset();
+    m_isDown = false;
+}
+
+std::error_code MemoryFileSystem::enter(Operation operation) {
+    ++m_counts[operation];
+    if (m_isDown) {
+        return failure(std::errc::operation_canceled);
+    }
+    if (m_skippedBeforeFailure) {
+        if (*m_skippedBeforeFailure == 0) {
+            m_skippedBeforeFailure.reset();
+            return failure(m_failOnceError);
+        }
+        --*m_skippedBeforeFailure;
+    }
+    const auto found = m_failing.find(operation);
+    return found == m_failing.end() ? std::error_code() : failure(found->second);
+}
+
+std::error_code MemoryFileSystem::checkWritable(const std::filesystem::path& file,
+                                                std::string_view oldContent,
+                                                std::string_view newContent) const {
+    if (!m_directories.contains(file.parent_path())) {
+        return failure(std::errc::no_such_file_or_directory);
+    }
+    if (m_directories.contains(file)) {
+        return failure(std::errc::is_a_directory);
+    }
+    const auto used = std::accumulate(m_files.begin(), m_files.end(), std::uint64_t{0},
+                                      [](auto sum, const auto& entry) { return sum + entry.second.size(); });
+    if (m_capacity && used - oldContent.size() + newContent.size() > *m_capacity) {
+        return failure(std::errc::no_space_on_device);
+    }
+    return {};
+}
+
+std::error_code MemoryFileSystem::writeUntilCrash(const std::filesystem::path& file,
+                                                  std::string_view content) {
+    const WriteStep end = *m_crashBefore;
+    auto temporary = file;
+    temporary += ".tmp-interrupted";
+    m_isDown = true;
+    if (end == WriteStep::createTemporary) {
+        return failure(std::errc::operation_canceled);
+    }
+    m_files[temporary] =
+        content.substr(0, end == WriteStep::writeTemporary ? content.size() / 2 : content.size());
+    if (end == WriteStep::flushFolder) {
+        m_beforeUnflushedRename = m_files;
+        m_files.erase(temporary);
+        m_files[file] = content;
+    }
+    return failure(std::errc::operation_canceled);
+}
+
+void MemoryFileSystem::addDirectories(const std::filesystem::path& directory) {
+    for (auto path = directory; !path.empty(); path = path.parent_path()) {
+        m_directories.insert(path);
+        if (path == path.parent_path()) {
+            break;
+        }
+    }
+}
+
+} // namespace vantrel::simulated

@@ -1,0 +1,96 @@
+// A file system in memory that fails on command and can stop in the middle of a write as a killed machine
+// does.
+#pragma once
+
+#include "VantrelCore/ports/FileSystem.h"
+
+#include <cstddef>
+#include <map>
+#include <mutex>
+#include <set>
+#include <vector>
+
+namespace vantrel::simulated {
+
+class MemoryFileSystem final : public FileSystem {
+public:
+    enum class Operation : std::uint8_t { read, writeAtomically, append, rename, remove, createDirectories };
+
+    // The steps of an atomic write, in order.
+    enum class WriteStep : std::uint8_t {
+        createTemporary,
+        // Stopping here leaves half of the content in the temporary file.
+        writeTemporary,
+        flushTemporary,
+        renameOverTarget,
+        flushFolder,
+    };
+
+    // What the disk holds after a crash between a rename and the flush of its folder.
+    enum class UnflushedRename : std::uint8_t { kept, lost };
+
+    [[nodiscard]] std::expected<std::string, std::error_code>
+    read(const std::filesystem::path& file) override;
+    [[nodiscard]] std::error_code writeAtomically(const std::filesystem::path& file,
+                                                  std::string_view content) override;
+    [[nodiscard]] std::error_code append(const std::filesystem::path& file,
+                                         std::string_view content) override;
+    [[nodiscard]] std::error_code rename(const std::filesystem::path& from,
+                                         const std::filesystem::path& to) override;
+    [[nodiscard]] std::error_code remove(const std::filesystem::path& file) override;
+    [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override;
+    [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override;
+
+    // What another program would see and do; never fails.
+    void put(const std::filesystem::path& file, std::string_view content);
+    void putDirectory(const std::filesystem::path& directory);
+    [[nodiscard]] std::optional<std::string> content(const std::filesystem::path& file) const;
+    [[nodiscard]] std::vector<std::filesystem::path> files() const;
+    [[nodiscard]] bool isDirectory(const std::filesystem::path& path) const;
+
+    // How often an operation was asked for, failures included.
+    [[nodiscard]] std::size_t count(Operation operation) const;
+
+    // The operation after `skipped` further ones of any kind fails, once.
+    void failOnceAfter(std::size_t skipped, std::errc error);
+    // Every operation of the kind fails until `stopFailing`.
+    void failAll(Operation operation, std::errc error);
+    // Reading this file fails until `stopFailing`, though it exists.
+    void failReading(const std::filesystem::path& file, std::errc error);
+    // Writes that would make the files larger than this together fail with no_space_on_device.
+    void setCapacity(std::optional<std::uint64_t> bytes);
+    void stopFailing();
+
+    // The machine stops before `step` of the next atomic write: that write and every later operation fails
+    // with operation_canceled until `restart`.
+    void crashBefore(WriteStep step);
+    // The machine is back; leftovers of the interrupted write lie beside its target.
+    void restart(UnflushedRename unflushed = UnflushedRename::lost);
+
+private:
+    using Files = std::map<std::filesystem::path, std::string>;
+
+    [[nodiscard]] std::error_code enter(Operation operation);
+    [[nodiscard]] std::error_code checkWritable(const std::filesystem::path& file,
+                                                std::string_view oldContent,
+                                                std::string_view newContent) const;
+    [[nodiscard]] std::error_code writeUntilCrash(const std::filesystem::path& file,
+                                                  std::string_view content);
+    void addDirectories(const std::filesystem::path& directory);
+
+    mutable std::mutex m_mutex;
+    Files m_files;
+    std::set<std::filesystem::path> m_directories;
+    std::map<Operation, std::size_t> m_counts;
+    std::optional<std::size_t> m_skippedBeforeFailure;
+    std::errc m_failOnceError{};
+    std::map<Operation, std::errc> m_failing;
+    std::map<std::filesystem::path, std::errc> m_unreadable;
+    std::optional<std::uint64_t> m_capacity;
+    std::optional<WriteStep> m_crashBefore;
+    bool m_isDown = false;
+    // The files as they were before a rename whose folder was never flushed.
+    std::optional<Files> m_beforeUnflushedRename;
+};
+
+} // namespace vantrel::simulated
