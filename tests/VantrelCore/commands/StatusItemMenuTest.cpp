@@ -9,6 +9,7 @@ using testing::ElementsAre;
 
 std::vector<std::string> titles(const std::vector<StatusItemMenuEntry>& entries) {
     std::vector<std::string> texts;
+    texts.reserve(entries.size());
     for (const auto& entry : entries) {
         texts.push_back(
             std::holds_alternative<StatusItem::Separator>(entry) ? "-" : StatusItemMenuBuilder::title(entry));

@@ -11,7 +11,7 @@ TEST(MissionControlConfig, OneUnfavourableSettingLosesAndWinningNeedsBothKnown) 
     const struct {
         std::optional<bool> separateSpaces;
         std::optional<bool> autoRearrangeSpaces;
-        MissionControlConfig::Classification expected;
+        MissionControlConfig::Classification expected = unknown;
     } cases[] = {
         {true, false, winning},        {true, true, losing},          {false, false, losing},
         {false, true, losing},         {true, std::nullopt, unknown}, {std::nullopt, false, unknown},
