@@ -8,11 +8,14 @@
 namespace vantrel {
 
 Rect intersection(const Rect& a, const Rect& b) {
+    // False also where a value is not a number, which min and max below would lose.
+    const bool isOverlapping =
+        a.minX() < b.maxX() && b.minX() < a.maxX() && a.minY() < b.maxY() && b.minY() < a.maxY();
     const double left = std::max(a.minX(), b.minX());
     const double top = std::max(a.minY(), b.minY());
     const double right = std::min(a.maxX(), b.maxX());
     const double bottom = std::min(a.maxY(), b.maxY());
-    if (!(right > left && bottom > top)) {
+    if (!isOverlapping || !(right > left && bottom > top)) {
         return {};
     }
     return {{left, top}, {right - left, bottom - top}};

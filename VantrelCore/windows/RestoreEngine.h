@@ -31,9 +31,9 @@ struct Options {
     Sizes sizes = Sizes::restore;
     Raising raising = Raising::leave;
     // Applications that have failed often: they get a pause instead of an immediate second move.
-    std::set<std::string> stubbornBundleIDs;
+    std::set<std::string> stubbornBundleIDs{};
     // Applications that are restored after all others.
-    std::set<std::string> restoreLast;
+    std::set<std::string> restoreLast{};
 };
 
 struct Placed {
