@@ -1,0 +1,23 @@
+// That a desk was seen arranged in a certain way on a certain day.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct DailyLayoutObservation {
+    std::string configID;
+    // "yyyy-MM-dd" in the user's calendar.
+    std::string day;
+    // As PatternSuggestion::signature gives it.
+    std::vector<std::string> signature;
+
+    bool operator==(const DailyLayoutObservation&) const = default;
+};
+
+void to_json(nlohmann::json& json, const DailyLayoutObservation& observation);
+void from_json(const nlohmann::json& json, DailyLayoutObservation& observation);
+
+} // namespace vantrel

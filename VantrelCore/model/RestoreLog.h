@@ -1,0 +1,66 @@
+// The restore history: what every restore, scene switch and stash return put back, retried, skipped or could
+// not move.
+#pragma once
+
+#include "VantrelCore/model/Date.h"
+
+#include <cstdint>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct RestoreLog {
+    static constexpr std::size_t maxEntries = 20;
+    static constexpr double retentionSeconds = 7 * 86'400;
+
+    enum class Outcome { restored, retried, failed, skipped };
+
+    // What became of one saved window.
+    struct Item {
+        std::string appName;
+        std::string bundleID;
+        std::string title;
+        Outcome outcome = Outcome::restored;
+        // Why it failed or was skipped.
+        std::optional<std::string> reason;
+
+        bool operator==(const Item&) const = default;
+    };
+
+    // One restore.
+    struct Entry {
+        Date date;
+        // What triggered it.
+        std::string reason;
+        std::optional<std::string> sceneName;
+        std::string configID;
+        // In seconds.
+        double elapsed = 0;
+        std::vector<Item> items;
+
+        bool operator==(const Entry&) const = default;
+    };
+
+    // Newest first.
+    std::vector<Entry> entries;
+
+    bool operator==(const RestoreLog&) const = default;
+
+    // Drops entries older than seven days (one of exactly seven days stays), then all but the first twenty.
+    void prune(Date now);
+};
+
+// An outcome is its name as text; any other text fails to decode.
+void to_json(nlohmann::json& json, RestoreLog::Outcome outcome);
+void from_json(const nlohmann::json& json, RestoreLog::Outcome& outcome);
+void to_json(nlohmann::json& json, const RestoreLog::Item& item);
+void from_json(const nlohmann::json& json, RestoreLog::Item& item);
+void to_json(nlohmann::json& json, const RestoreLog::Entry& entry);
+void from_json(const nlohmann::json& json, RestoreLog::Entry& entry);
+void to_json(nlohmann::json& json, const RestoreLog& log);
+void from_json(const nlohmann::json& json, RestoreLog& log);
+
+} // namespace vantrel
