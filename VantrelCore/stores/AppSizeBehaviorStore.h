@@ -1,8 +1,8 @@
 // "app-size-behavior.json": what every application does when its windows are asked to take a size.
 #pragma once
 
+#include "VantrelCore/model/AppSizeBehavior.h"
 #include "VantrelCore/stores/JsonStore.h"
-#include "VantrelCore/windows/AppSizeBehavior.h"
 
 #include <cstdint>
 #include <expected>

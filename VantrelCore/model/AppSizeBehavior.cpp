@@ -1,4 +1,4 @@
-#include "VantrelCore/windows/AppSizeBehavior.h"
+#include "VantrelCore/model/AppSizeBehavior.h"
 
 #include "VantrelCore/model/Counting.h"
 #include "VantrelCore/model/JsonCoding.h"

@@ -1,4 +1,4 @@
-#include "VantrelCore/windows/AppSizeBehavior.h"
+#include "VantrelCore/model/AppSizeBehavior.h"
 
 #include <gtest/gtest.h>
 #include <limits>

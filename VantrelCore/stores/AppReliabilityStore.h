@@ -1,0 +1,58 @@
+// "app-reliability.json": how restores of every application's windows ended.
+#pragma once
+
+#include "VantrelCore/model/AppReliability.h"
+#include "VantrelCore/stores/JsonStore.h"
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+class AppReliabilityStore {
+public:
+    static constexpr std::int64_t schemaVersion = 1;
+
+    // More applications than anyone uses; keeps applications that call themselves differently at every start
+    // from filling the file. The longest unseen go first.
+    static constexpr std::size_t maxApps = 500;
+
+    struct StoreFile {
+        std::int64_t version = schemaVersion;
+        // One per application.
+        std::vector<AppReliability> apps;
+
+        bool operator==(const StoreFile&) const = default;
+    };
+
+    // Creates the directory when missing. Nothing is read yet.
+    [[nodiscard]] static std::expected<AppReliabilityStore, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files);
+
+    // Worst first: by failure rate (none counts as 0), then failures, then name, localized and without regard
+    // to case.
+    [[nodiscard]] std::vector<AppReliability> all();
+    [[nodiscard]] std::optional<AppReliability> record(const std::string& bundleID);
+    [[nodiscard]] std::set<std::string> stubbornBundleIDs();
+
+    // Counts the items and writes once; false when the write failed and nothing was counted. Nothing is
+    // written without items.
+    bool record(const std::vector<RestoreLog::Item>& items, Date at);
+    // Forgets all applications.
+    bool clear();
+
+private:
+    explicit AppReliabilityStore(JsonStore<StoreFile> file);
+
+    JsonStore<StoreFile> m_file;
+};
+
+void to_json(nlohmann::json& json, const AppReliabilityStore::StoreFile& file);
+void from_json(const nlohmann::json& json, AppReliabilityStore::StoreFile& file);
+
+} // namespace vantrel
