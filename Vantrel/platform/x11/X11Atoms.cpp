@@ -19,6 +19,7 @@ struct Name {
 constexpr auto names = std::to_array<Name>({
     {&X11Atoms::utf8String, "UTF8_STRING"},
     {&X11Atoms::wmState, "WM_STATE"},
+    {&X11Atoms::wmProtocols, "WM_PROTOCOLS"},
     {&X11Atoms::wmChangeState, "WM_CHANGE_STATE"},
     {&X11Atoms::gtkApplicationId, "_GTK_APPLICATION_ID"},
     {&X11Atoms::gtkFrameExtents, "_GTK_FRAME_EXTENTS"},
@@ -39,6 +40,7 @@ constexpr auto names = std::to_array<Name>({
     {&X11Atoms::netWmName, "_NET_WM_NAME"},
     {&X11Atoms::netWmPid, "_NET_WM_PID"},
     {&X11Atoms::netWmDesktop, "_NET_WM_DESKTOP"},
+    {&X11Atoms::netWmSyncRequest, "_NET_WM_SYNC_REQUEST"},
     {&X11Atoms::netFrameExtents, "_NET_FRAME_EXTENTS"},
     {&X11Atoms::netWmStrut, "_NET_WM_STRUT"},
     {&X11Atoms::netWmStrutPartial, "_NET_WM_STRUT_PARTIAL"},

@@ -9,6 +9,7 @@ namespace vantrel {
 struct X11Atoms {
     xcb_atom_t utf8String = XCB_ATOM_NONE;
     xcb_atom_t wmState = XCB_ATOM_NONE;
+    xcb_atom_t wmProtocols = XCB_ATOM_NONE;
     xcb_atom_t wmChangeState = XCB_ATOM_NONE;
     xcb_atom_t gtkApplicationId = XCB_ATOM_NONE;
     xcb_atom_t gtkFrameExtents = XCB_ATOM_NONE;
@@ -32,6 +33,7 @@ struct X11Atoms {
     xcb_atom_t netWmName = XCB_ATOM_NONE;
     xcb_atom_t netWmPid = XCB_ATOM_NONE;
     xcb_atom_t netWmDesktop = XCB_ATOM_NONE;
+    xcb_atom_t netWmSyncRequest = XCB_ATOM_NONE;
     xcb_atom_t netFrameExtents = XCB_ATOM_NONE;
     xcb_atom_t netWmStrut = XCB_ATOM_NONE;
     xcb_atom_t netWmStrutPartial = XCB_ATOM_NONE;

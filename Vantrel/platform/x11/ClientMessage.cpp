@@ -1,0 +1,66 @@
+#include "Vantrel/platform/x11/ClientMessage.h"
+
+namespace vantrel::ClientMessage {
+
+namespace {
+
+// "The request comes from a pager", that is from the user: window managers obey it where they would
+// second-guess an application.
+constexpr std::uint32_t sourcePager = 2;
+
+constexpr std::uint32_t gravityNorthWest = 1;
+constexpr std::uint32_t sourceShift = 12;
+constexpr std::uint32_t hasX = 1U << 8;
+constexpr std::uint32_t hasY = 1U << 9;
+constexpr std::uint32_t hasWidth = 1U << 10;
+constexpr std::uint32_t hasHeight = 1U << 11;
+
+constexpr std::uint32_t stateRemove = 0;
+constexpr std::uint32_t stateAdd = 1;
+
+} // namespace
+
+void send(const X11Connection& connection, xcb_window_t window, xcb_atom_t type,
+          const std::array<std::uint32_t, 5>& data) {
+    // The wire size of every event.
+    static_assert(sizeof(xcb_client_message_event_t) == 32);
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = type;
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        message.data.data32[i] = data[i];
+    }
+    xcb_send_event(connection.xcb(), 0, connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
+}
+
+void moveResize(const X11Connection& connection, xcb_window_t window, const MoveResize& request) {
+    const auto& [x, y, width, height] = request;
+    const std::uint32_t flags = gravityNorthWest | (x ? hasX : 0) | (y ? hasY : 0) | (width ? hasWidth : 0) |
+                                (height ? hasHeight : 0) | sourcePager << sourceShift;
+    send(connection, window, connection.atoms().netMoveresizeWindow,
+         {flags, static_cast<std::uint32_t>(x.value_or(0)), static_cast<std::uint32_t>(y.value_or(0)),
+          width.value_or(0), height.value_or(0)});
+}
+
+void setMaximized(const X11Connection& connection, xcb_window_t window, Maximized maximized,
+                  bool horizontally, bool vertically) {
+    const X11Atoms& atoms = connection.atoms();
+    const xcb_atom_t first = horizontally ? atoms.netWmStateMaximizedHorz : atoms.netWmStateMaximizedVert;
+    xcb_atom_t second = XCB_ATOM_NONE;
+    if (horizontally && vertically) {
+        second = atoms.netWmStateMaximizedVert;
+    }
+    send(connection, window, atoms.netWmState,
+         {maximized == Maximized::yes ? stateAdd : stateRemove, first, second, sourcePager, 0});
+}
+
+void restackOnTop(const X11Connection& connection, xcb_window_t window) {
+    send(connection, window, connection.atoms().netRestackWindow,
+         {sourcePager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
+}
+
+} // namespace vantrel::ClientMessage

@@ -1,0 +1,96 @@
+#include "Vantrel/platform/x11/FrameArithmetic.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace vantrel::FrameArithmetic {
+
+namespace {
+
+constexpr double pixelTolerance = 0.5;
+
+double wholePixels(double value, double lowest) {
+    return std::clamp(std::round(value), lowest, double{std::numeric_limits<std::int16_t>::max()});
+}
+
+std::optional<std::int32_t> coordinate(double value) {
+    if (std::isnan(value)) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(wholePixels(value, std::numeric_limits<std::int16_t>::min()));
+}
+
+std::optional<std::uint32_t> length(double value) {
+    if (std::isnan(value)) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint32_t>(wholePixels(value, 1));
+}
+
+} // namespace
+
+Rect visibleFrame(const FrameParts& parts) {
+    const auto& [client, decoration, shadow] = parts;
+    const double left = decoration.left - shadow.left;
+    const double top = decoration.top - shadow.top;
+    return {{client.minX() - left, client.minY() - top},
+            {client.width() + left + decoration.right - shadow.right,
+             client.height() + top + decoration.bottom - shadow.bottom}};
+}
+
+FrameTarget coalesce(std::span<const FrameWrite> writes) {
+    FrameTarget target;
+    for (const auto& write : writes) {
+        if (const auto* position = std::get_if<Point>(&write)) {
+            target.position = *position;
+        } else if (const auto* size = std::get_if<Size>(&write)) {
+            target.size = *size;
+        }
+    }
+    return target;
+}
+
+bool isAt(const FrameTarget& target, const Rect& frame) {
+    return isNear(target, frame, pixelTolerance);
+}
+
+bool isNear(const FrameTarget& target, const Rect& frame, double tolerance) {
+    const auto near = [&](double a, double b) { return std::abs(a - b) <= tolerance; };
+    const auto& [position, size] = target;
+    return (!position || (near(position->x, frame.minX()) && near(position->y, frame.minY()))) &&
+           (!size || (near(size->width, frame.width()) && near(size->height, frame.height())));
+}
+
+bool fillsMonitor(const FrameTarget& target, std::span<const Rect> monitors) {
+    constexpr double leastShare = 0.75;
+    // Borders of a maximised window may hang over the edge.
+    constexpr double overhang = 16;
+    return std::ranges::any_of(monitors, [&](const Rect& monitor) {
+        const auto& [position, size] = target;
+        const auto fits = [&](double from, double length, double start, double whole) {
+            return from >= start - overhang && from <= start + whole * (1 - leastShare) &&
+                   length >= whole * leastShare && from + length <= start + whole + overhang;
+        };
+        // Where half is open, that half is taken to be as large as it can be.
+        const Point from = position.value_or(monitor.origin);
+        const Size length = size.value_or(Size{monitor.maxX() - from.x, monitor.maxY() - from.y});
+        return fits(from.x, length.width, monitor.minX(), monitor.width()) &&
+               fits(from.y, length.height, monitor.minY(), monitor.height());
+    });
+}
+
+MoveResize request(const FrameTarget& target, const FrameParts& parts) {
+    const Rect current = visibleFrame(parts);
+    const Point position = target.position.value_or(current.origin);
+    const auto& [client, decoration, shadow] = parts;
+    MoveResize request{.x = coordinate(position.x - shadow.left), .y = coordinate(position.y - shadow.top)};
+    const bool keepsSize = !target.size || isAt({.size = target.size}, {{}, current.size});
+    if (!keepsSize) {
+        request.width = length(target.size->width - (current.width() - client.width()));
+        request.height = length(target.size->height - (current.height() - client.height()));
+    }
+    return request;
+}
+
+} // namespace vantrel::FrameArithmetic

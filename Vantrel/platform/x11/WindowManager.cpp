@@ -1,0 +1,52 @@
+#include "Vantrel/platform/x11/WindowManager.h"
+
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::uint32_t supportedWords = 1024;
+
+} // namespace
+
+WindowManager WindowManager::from(const PropertyValues::Reply& rootCheck,
+                                  const PropertyValues::Reply& childCheck,
+                                  const PropertyValues::Reply& supported, const X11Atoms& atoms) {
+    const auto named = PropertyValues::number(rootCheck, XCB_ATOM_WINDOW);
+    if (!named || PropertyValues::number(childCheck, XCB_ATOM_WINDOW) != named) {
+        return {};
+    }
+    const auto understood = PropertyValues::numbers(supported, XCB_ATOM_ATOM);
+    const auto has = [&](xcb_atom_t atom) { return std::ranges::find(understood, atom) != understood.end(); };
+    return {.isPresent = true,
+            .moves = has(atoms.netMoveresizeWindow),
+            .restacks = has(atoms.netRestackWindow),
+            .answersFences = has(atoms.netRequestFrameExtents)};
+}
+
+WindowManager WindowManager::query(const X11Connection& connection) {
+    xcb_connection_t* const xcb = connection.xcb();
+    const auto checkCookie = askCheck(connection, connection.root());
+    const auto supportedCookie = askSupported(connection);
+    const auto check = ownReply(xcb_get_property_reply(xcb, checkCookie, nullptr));
+    const auto supported = ownReply(xcb_get_property_reply(xcb, supportedCookie, nullptr));
+    const auto child = PropertyValues::number(check, XCB_ATOM_WINDOW);
+    if (!child) {
+        return {};
+    }
+    const auto childCheck = ownReply(xcb_get_property_reply(xcb, askCheck(connection, *child), nullptr));
+    return from(check, childCheck, supported, connection.atoms());
+}
+
+xcb_get_property_cookie_t WindowManager::askCheck(const X11Connection& connection, xcb_window_t window) {
+    return xcb_get_property(connection.xcb(), 0, window, connection.atoms().netSupportingWmCheck,
+                            XCB_ATOM_WINDOW, 0, 1);
+}
+
+xcb_get_property_cookie_t WindowManager::askSupported(const X11Connection& connection) {
+    return xcb_get_property(connection.xcb(), 0, connection.root(), connection.atoms().netSupported,
+                            XCB_ATOM_ATOM, 0, supportedWords);
+}
+
+} // namespace vantrel

@@ -1,0 +1,32 @@
+// Whether a window manager is there, and what it understands.
+#pragma once
+
+#include "Vantrel/platform/x11/PropertyValues.h"
+#include "Vantrel/platform/x11/X11Connection.h"
+
+namespace vantrel {
+
+struct WindowManager {
+    // An EWMH window manager runs; without one nothing else holds.
+    bool isPresent = false;
+    bool moves = false;
+    bool restacks = false;
+    bool answersFences = false;
+
+    bool operator==(const WindowManager&) const = default;
+
+    // From the root's _NET_SUPPORTING_WM_CHECK, the same property of the window it names, and _NET_SUPPORTED.
+    // The root's property outlives its window manager: only a child that names itself proves one.
+    [[nodiscard]] static WindowManager from(const PropertyValues::Reply& rootCheck,
+                                            const PropertyValues::Reply& childCheck,
+                                            const PropertyValues::Reply& supported, const X11Atoms& atoms);
+
+    // Two round trips.
+    [[nodiscard]] static WindowManager query(const X11Connection& connection);
+
+    [[nodiscard]] static xcb_get_property_cookie_t askCheck(const X11Connection& connection,
+                                                            xcb_window_t window);
+    [[nodiscard]] static xcb_get_property_cookie_t askSupported(const X11Connection& connection);
+};
+
+} // namespace vantrel

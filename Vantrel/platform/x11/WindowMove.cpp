@@ -1,0 +1,222 @@
+#include "Vantrel/platform/x11/WindowMove.h"
+
+#include "Vantrel/platform/x11/ClientMessage.h"
+#include "Vantrel/platform/x11/PropertyValues.h"
+#include "Vantrel/platform/x11/WindowChangeWatch.h"
+#include "Vantrel/platform/x11/WindowQuery.h"
+
+#include <algorithm>
+#include <tuple>
+#include <vector>
+#include <xcb/randr.h>
+#include <xcb/xcb_icccm.h>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::chrono::seconds limit(1);
+
+// By how much the usable area of a monitor may differ from a remembered one and still be the same.
+constexpr double maximizedTolerance = 2;
+
+std::vector<Rect> monitors(const X11Connection& connection) {
+    std::vector<Rect> found;
+    const auto screen = connection.screen();
+    if (connection.extensions().randrFirstEvent) {
+        const auto reply = ownReply(xcb_randr_get_monitors_reply(
+            connection.xcb(), xcb_randr_get_monitors(connection.xcb(), connection.root(), 1), nullptr));
+        if (reply) {
+            for (auto all = xcb_randr_get_monitors_monitors_iterator(reply.get()); all.rem > 0;
+                 xcb_randr_monitor_info_next(&all)) {
+                const auto& monitor = *all.data;
+                found.push_back({{static_cast<double>(monitor.x), static_cast<double>(monitor.y)},
+                                 {static_cast<double>(monitor.width), static_cast<double>(monitor.height)}});
+            }
+        }
+    }
+    if (found.empty()) {
+        found.push_back(
+            {{},
+             {static_cast<double>(screen.width_in_pixels), static_cast<double>(screen.height_in_pixels)}});
+    }
+    return found;
+}
+
+Rect frameOf(const WindowFacts& facts) {
+    return FrameArithmetic::visibleFrame(facts.parts);
+}
+
+// A client takes its shadow away only after it has learned that it is maximised.
+bool isMaximizedAt(const FrameTarget& target, const WindowFacts& facts) {
+    FrameParts bare = facts.parts;
+    bare.shadow = {};
+    return FrameArithmetic::isNear(target, frameOf(facts), maximizedTolerance) ||
+           FrameArithmetic::isNear(target, FrameArithmetic::visibleFrame(bare), maximizedTolerance);
+}
+
+// Whether a window at its position has a size that its program cannot bring closer to the asked one.
+bool isAsCloseAsItGets(const FrameTarget& target, const WindowFacts& facts, const SizeHints& hints) {
+    const auto request = FrameArithmetic::request(target, facts.parts);
+    const Size actual = facts.parts.client.size;
+    return FrameArithmetic::isAt({.position = target.position}, frameOf(facts)) &&
+           hints.explainWidth(request.width.value_or(0), actual.width) &&
+           hints.explainHeight(request.height.value_or(0), actual.height);
+}
+
+// Whether the window manager may still be waiting for the program to follow an earlier resize.
+bool announcesResizes(const X11Connection& connection, xcb_window_t window) {
+    constexpr std::uint32_t protocolWords = 64;
+    const X11Atoms& atoms = connection.atoms();
+    const auto reply = ownReply(xcb_get_property_reply(
+        connection.xcb(),
+        xcb_get_property(connection.xcb(), 0, window, atoms.wmProtocols, XCB_ATOM_ATOM, 0, protocolWords),
+        nullptr));
+    const auto protocols = PropertyValues::numbers(reply, XCB_ATOM_ATOM);
+    return std::ranges::find(protocols, atoms.netWmSyncRequest) != protocols.end();
+}
+
+} // namespace
+
+WindowMove::WindowMove(X11Desk& desk, xcb_window_t window, WindowMarks::Mark mark)
+    : m_desk(desk), m_connection(*desk.connection), m_window(window), m_mark(mark),
+      m_deadline(std::chrono::steady_clock::now() + limit) {}
+
+bool WindowMove::to(const FrameTarget& target) {
+    const auto before = look();
+    if (!before) {
+        return false;
+    }
+    if (FrameArithmetic::isAt(target, frameOf(*before))) {
+        return true;
+    }
+    const WindowManager windowManager = m_desk.windowManager;
+    if (before->traits.isFullscreen || !windowManager.moves) {
+        return false;
+    }
+    return before->traits.isMaximized() ? moveMaximized(target, *before) : moveOrdinary(target, *before);
+}
+
+std::optional<WindowFacts> WindowMove::look() const {
+    auto facts = WindowQuery(m_connection, m_window, WindowScope::placement).collect();
+    if (!facts || !m_desk.marks.isSame(m_window, facts->isMarked, m_mark)) {
+        return std::nullopt;
+    }
+    return facts;
+}
+
+std::optional<WindowFacts> WindowMove::lookWhenWorkedOff(const IsDone& isDone) {
+    const WindowManager windowManager = m_desk.windowManager;
+    if (!windowManager.answersFences) {
+        return waitUntil(isDone);
+    }
+    // Without an answer the look tells what there is to tell.
+    std::ignore = m_desk.fence.await(m_deadline);
+    return look();
+}
+
+std::optional<WindowFacts> WindowMove::waitUntil(const IsDone& isDone) {
+    WindowChangeWatch watch(*m_desk.connection);
+    auto facts = look();
+    while (facts && !isDone(*facts) && watch.await(m_deadline)) {
+        facts = look();
+    }
+    return facts;
+}
+
+bool WindowMove::moveOrdinary(const FrameTarget& target, const WindowFacts& before) {
+    const IsDone hasArrived = [&](const WindowFacts& facts) {
+        return FrameArithmetic::isAt(target, frameOf(facts));
+    };
+    constexpr int attempts = 2;
+    std::optional<WindowFacts> facts = before;
+    for (int attempt = 0; attempt < attempts && std::chrono::steady_clock::now() < m_deadline; ++attempt) {
+        ClientMessage::moveResize(m_connection, m_window, FrameArithmetic::request(target, facts->parts));
+        facts = lookWhenWorkedOff(hasArrived);
+        if (!facts) {
+            return false;
+        }
+        if (hasArrived(*facts)) {
+            return true;
+        }
+    }
+    const auto hints = sizeHints();
+    if (hints && isAsCloseAsItGets(target, *facts, *hints)) {
+        return true;
+    }
+    if (target.size && announcesResizes(m_connection, m_window)) {
+        facts = waitUntil(hasArrived);
+    }
+    return facts && frameOf(*facts) != frameOf(before);
+}
+
+bool WindowMove::moveMaximized(const FrameTarget& target, WindowFacts before) {
+    if (isMaximizedAt(target, before)) {
+        return true;
+    }
+    const IsDone isThere = [&](const WindowFacts& facts) { return isMaximizedAt(target, facts); };
+    if (FrameArithmetic::fillsMonitor(target, monitors(m_connection))) {
+        askToMoveMaximized(target, before);
+        const auto after = lookWhenWorkedOff(isThere);
+        if (!after || isThere(*after)) {
+            return after.has_value();
+        }
+        before = *after;
+    }
+    ClientMessage::setMaximized(m_connection, m_window, ClientMessage::Maximized::no,
+                                before.traits.isMaximizedHorizontally, before.traits.isMaximizedVertically);
+    // The borders of an ordinary window are known only when it is one.
+    const auto ordinary =
+        lookWhenWorkedOff([](const WindowFacts& facts) { return !facts.traits.isMaximized(); });
+    if (!ordinary) {
+        return false;
+    }
+    return FrameArithmetic::isAt(target, frameOf(*ordinary)) || moveOrdinary(target, *ordinary);
+}
+
+// In one go, so that the size to come back to stays that of the ordinary window.
+void WindowMove::askToMoveMaximized(const FrameTarget& target, const WindowFacts& before) {
+    const bool horizontally = before.traits.isMaximizedHorizontally;
+    const bool vertically = before.traits.isMaximizedVertically;
+    MoveResize request = FrameArithmetic::request(target, before.parts);
+    if (horizontally) {
+        request.width.reset();
+    }
+    if (vertically) {
+        request.height.reset();
+    }
+    using enum ClientMessage::Maximized;
+    ClientMessage::setMaximized(m_connection, m_window, no, horizontally, vertically);
+    ClientMessage::moveResize(m_connection, m_window, request);
+    ClientMessage::setMaximized(m_connection, m_window, yes, horizontally, vertically);
+}
+
+std::optional<SizeHints> WindowMove::sizeHints() const {
+    xcb_size_hints_t read{};
+    const auto cookie = xcb_icccm_get_wm_normal_hints(m_connection.xcb(), m_window);
+    if (xcb_icccm_get_wm_normal_hints_reply(m_connection.xcb(), cookie, &read, nullptr) == 0) {
+        return std::nullopt;
+    }
+    const auto says = [&](std::uint32_t flag) { return (read.flags & flag) != 0; };
+    SizeHints hints;
+    if (says(XCB_ICCCM_SIZE_HINT_P_MIN_SIZE)) {
+        hints.minWidth = read.min_width;
+        hints.minHeight = read.min_height;
+    }
+    if (says(XCB_ICCCM_SIZE_HINT_P_MAX_SIZE)) {
+        hints.maxWidth = read.max_width;
+        hints.maxHeight = read.max_height;
+    }
+    if (says(XCB_ICCCM_SIZE_HINT_P_RESIZE_INC)) {
+        hints.widthIncrement = read.width_inc;
+        hints.heightIncrement = read.height_inc;
+    }
+    if (says(XCB_ICCCM_SIZE_HINT_BASE_SIZE)) {
+        hints.baseWidth = read.base_width;
+        hints.baseHeight = read.base_height;
+    }
+    hints.hasAspect = says(XCB_ICCCM_SIZE_HINT_P_ASPECT);
+    return hints;
+}
+
+} // namespace vantrel

@@ -1,0 +1,28 @@
+// What the accessibility adapter, its readings and its window elements share.
+#pragma once
+
+#include "Vantrel/platform/x11/DesktopEntries.h"
+#include "Vantrel/platform/x11/WindowManager.h"
+#include "Vantrel/platform/x11/WindowManagerFence.h"
+#include "Vantrel/platform/x11/WindowMarks.h"
+#include "Vantrel/platform/x11/X11Connection.h"
+
+#include <atomic>
+#include <memory>
+#include <utility>
+
+namespace vantrel {
+
+struct X11Desk {
+    explicit X11Desk(std::shared_ptr<X11Connection> shared)
+        : connection(std::move(shared)), fence(connection) {}
+
+    std::shared_ptr<X11Connection> connection;
+    WindowManagerFence fence;
+    WindowMarks marks;
+    DesktopEntries desktopEntries;
+    // As the latest capture found it.
+    std::atomic<WindowManager> windowManager = WindowManager{};
+};
+
+} // namespace vantrel

@@ -1,0 +1,269 @@
+#include "Vantrel/platform/x11/X11DeskReading.h"
+
+#include "Vantrel/platform/x11/WindowQuery.h"
+#include "Vantrel/platform/x11/X11WindowElement.h"
+
+#include <algorithm>
+#include <bit>
+#include <map>
+#include <numeric>
+#include <optional>
+#include <ranges>
+#include <set>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <xcb/res.h>
+
+namespace vantrel {
+
+namespace {
+
+// More windows than any desk has; a hostile list does not make us ask for ever.
+constexpr std::uint32_t listWords = 16384;
+
+using Pids = std::map<std::uint32_t, std::int32_t>;
+
+// The part of a window id that names the client which created it.
+std::uint32_t clientOf(const X11Connection& connection, xcb_window_t window) {
+    return window & ~xcb_get_setup(connection.xcb())->resource_id_mask;
+}
+
+std::vector<xcb_window_t> windowList(const PropertyValues::Reply& reply) {
+    std::vector<xcb_window_t> windows;
+    std::set<xcb_window_t> seen;
+    for (const auto id : PropertyValues::numbers(reply, XCB_ATOM_WINDOW)) {
+        if (id != XCB_WINDOW_NONE && seen.insert(id).second) {
+            windows.push_back(id);
+        }
+    }
+    return windows;
+}
+
+// What the root window says.
+struct Root {
+    std::vector<xcb_window_t> stacking;
+    std::vector<xcb_window_t> appearance;
+    std::optional<std::uint32_t> currentDesktop;
+    PropertyValues::Reply check;
+    PropertyValues::Reply supported;
+
+    explicit Root(const X11Connection& connection) {
+        xcb_connection_t* const xcb = connection.xcb();
+        const X11Atoms& atoms = connection.atoms();
+        const auto ask = [&](xcb_atom_t property, xcb_atom_t type, std::uint32_t words) {
+            return xcb_get_property(xcb, 0, connection.root(), property, type, 0, words);
+        };
+        const auto answer = [&](xcb_get_property_cookie_t cookie) {
+            return ownReply(xcb_get_property_reply(xcb, cookie, nullptr));
+        };
+        const auto stackingCookie = ask(atoms.netClientListStacking, XCB_ATOM_WINDOW, listWords);
+        const auto appearanceCookie = ask(atoms.netClientList, XCB_ATOM_WINDOW, listWords);
+        const auto desktopCookie = ask(atoms.netCurrentDesktop, XCB_ATOM_CARDINAL, 1);
+        const auto checkCookie = WindowManager::askCheck(connection, connection.root());
+        const auto supportedCookie = WindowManager::askSupported(connection);
+        stacking = windowList(answer(stackingCookie));
+        appearance = windowList(answer(appearanceCookie));
+        currentDesktop = PropertyValues::number(answer(desktopCookie), XCB_ATOM_CARDINAL);
+        check = answer(checkCookie);
+        supported = answer(supportedCookie);
+        if (stacking.empty()) {
+            stacking = appearance;
+        }
+    }
+};
+
+xcb_res_query_client_ids_cookie_t askPids(const X11Connection& connection,
+                                          std::span<const xcb_window_t> windows) {
+    std::vector<xcb_res_client_id_spec_t> specs;
+    std::set<std::uint32_t> clients;
+    for (const auto window : windows) {
+        if (clients.insert(clientOf(connection, window)).second) {
+            specs.push_back({.client = window, .mask = XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID});
+        }
+    }
+    return xcb_res_query_client_ids(connection.xcb(), static_cast<std::uint32_t>(specs.size()), specs.data());
+}
+
+Pids collectPids(const X11Connection& connection, xcb_res_query_client_ids_cookie_t cookie) {
+    Pids pids;
+    const auto reply = ownReply(xcb_res_query_client_ids_reply(connection.xcb(), cookie, nullptr));
+    if (!reply) {
+        return pids;
+    }
+    for (auto ids = xcb_res_query_client_ids_ids_iterator(reply.get()); ids.rem > 0;
+         xcb_res_client_id_value_next(&ids)) {
+        const bool isPid = (ids.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0 &&
+                           xcb_res_client_id_value_value_length(ids.data) > 0;
+        const std::uint32_t pid = isPid ? *xcb_res_client_id_value_value(ids.data) : 0;
+        if (pid > 0 && std::in_range<std::int32_t>(pid)) {
+            pids[clientOf(connection, ids.data->spec.client)] = static_cast<std::int32_t>(pid);
+        }
+    }
+    return pids;
+}
+
+// The process that owns a window. Where nobody knows it, a negative number that is the client's own.
+std::int32_t ownerOf(const X11Connection& connection, xcb_window_t window, const WindowFacts& facts,
+                     const Pids& pids) {
+    if (facts.pid) {
+        return *facts.pid;
+    }
+    const std::uint32_t client = clientOf(connection, window);
+    if (const auto known = pids.find(client); known != pids.end()) {
+        return known->second;
+    }
+    const int shift = std::popcount(xcb_get_setup(connection.xcb())->resource_id_mask);
+    return -1 - static_cast<std::int32_t>(client >> shift & 0x7ffffffe);
+}
+
+bool isOnDesktop(const WindowFacts& facts, const std::optional<std::uint32_t>& current) {
+    return !facts.desktop || !current || *facts.desktop == allDesktops || facts.desktop == current;
+}
+
+bool isOnScreen(const WindowFacts& facts, const std::optional<std::uint32_t>& currentDesktop) {
+    // A rolled-up client may be unmapped inside its frame.
+    return (facts.isViewable || facts.traits.isShaded) && !facts.traits.isMinimized() &&
+           isOnDesktop(facts, currentDesktop);
+}
+
+// Bottom to top, as they lie on the root.
+std::vector<xcb_window_t> topLevelWindows(const X11Connection& connection) {
+    const auto tree = ownReply(
+        xcb_query_tree_reply(connection.xcb(), xcb_query_tree(connection.xcb(), connection.root()), nullptr));
+    if (!tree) {
+        return {};
+    }
+    const std::span children(xcb_query_tree_children(tree.get()),
+                             static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    return {children.begin(), children.end()};
+}
+
+ActivationPolicy policyOf(const WindowTraits& traits) {
+    const std::string_view subrole = traits.subrole();
+    return subrole == standardWindowSubrole || subrole == dialogWindowSubrole ? ActivationPolicy::regular
+                                                                              : ActivationPolicy::accessory;
+}
+
+bool isSameApp(const RunningApp& a, const RunningApp& b) {
+    return a.pid == b.pid && a.bundleID == b.bundleID;
+}
+
+} // namespace
+
+X11DeskReading::X11DeskReading(std::shared_ptr<X11Desk> desk) : m_desk(std::move(desk)) {
+    const X11Connection& connection = *m_desk->connection;
+    const Root root(connection);
+    const auto checked = PropertyValues::number(root.check, XCB_ATOM_WINDOW).value_or(connection.root());
+    const auto checkCookie = WindowManager::askCheck(connection, checked);
+    readWindows(root.stacking, root.currentDesktop);
+    const auto check = ownReply(xcb_get_property_reply(connection.xcb(), checkCookie, nullptr));
+    const auto windowManager = WindowManager::from(root.check, check, root.supported, connection.atoms());
+    if (!windowManager.isPresent) {
+        // The lists are missing or left over.
+        readWindows(topLevelWindows(connection), std::nullopt);
+        std::erase_if(m_stacking, [](const Window& window) {
+            return !window.facts.isViewable || window.facts.traits.isOverrideRedirect;
+        });
+    }
+    m_desk->windowManager = windowManager;
+    orderByAppearance(root.appearance);
+}
+
+void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
+                                 const std::optional<std::uint32_t>& currentDesktop) {
+    const X11Connection& connection = *m_desk->connection;
+    const auto asked = m_desk->marks.now();
+    std::optional<xcb_res_query_client_ids_cookie_t> pidsCookie;
+    if (connection.extensions().clientPids) {
+        pidsCookie = askPids(connection, ids);
+    }
+    std::vector<WindowQuery> queries;
+    queries.reserve(ids.size());
+    for (const auto id : ids) {
+        queries.emplace_back(connection, id, WindowScope::capture);
+    }
+    const Pids pids = pidsCookie ? collectPids(connection, *pidsCookie) : Pids{};
+    m_stacking.clear();
+    m_stacking.reserve(ids.size());
+    for (auto& query : queries) {
+        auto facts = query.collect();
+        if (!facts) {
+            continue;
+        }
+        Window window;
+        window.id = query.window();
+        window.facts = std::move(*facts);
+        const auto [mark, mustSelect] = m_desk->marks.assign(window.id, window.facts.isMarked, asked);
+        window.mark = mark;
+        if (mustSelect) {
+            xcb_change_window_attributes(connection.xcb(), window.id, XCB_CW_EVENT_MASK,
+                                         &WindowMarks::eventMask);
+        }
+        const auto identity = m_desk->desktopEntries.identify(window.facts.evidence);
+        window.app = {.pid = ownerOf(connection, window.id, window.facts, pids),
+                      .policy = policyOf(window.facts.traits),
+                      .bundleID = identity ? std::optional(identity->bundleID) : std::nullopt,
+                      .localizedName = identity ? std::optional(identity->name) : std::nullopt};
+        window.isOnScreen = isOnScreen(window.facts, currentDesktop);
+        m_stacking.push_back(std::move(window));
+    }
+    xcb_flush(connection.xcb());
+    m_desk->marks.keepOnly(ids, asked);
+}
+
+void X11DeskReading::orderByAppearance(const std::vector<xcb_window_t>& appearance) {
+    std::map<xcb_window_t, std::size_t> rank;
+    for (std::size_t i = 0; i < appearance.size(); ++i) {
+        rank.emplace(appearance[i], i);
+    }
+    m_appearance.resize(m_stacking.size());
+    std::iota(m_appearance.begin(), m_appearance.end(), std::size_t{0});
+    std::ranges::stable_sort(m_appearance, {}, [&](std::size_t i) {
+        const auto found = rank.find(m_stacking[i].id);
+        return found == rank.end() ? appearance.size() : found->second;
+    });
+}
+
+std::vector<WindowListEntry> X11DeskReading::onScreenWindows() {
+    std::vector<WindowListEntry> entries;
+    for (const auto& window : m_stacking | std::views::reverse) {
+        const auto layer = window.facts.traits.layer();
+        if (window.isOnScreen && layer) {
+            entries.push_back({.layer = layer,
+                               .ownerPid = window.app.pid,
+                               .bounds = FrameArithmetic::visibleFrame(window.facts.parts)});
+        }
+    }
+    return entries;
+}
+
+std::vector<RunningApp> X11DeskReading::runningApps() {
+    std::vector<RunningApp> apps;
+    for (const auto index : m_appearance) {
+        const auto& app = m_stacking[index].app;
+        const auto known =
+            std::ranges::find_if(apps, [&](const auto& other) { return isSameApp(app, other); });
+        if (known == apps.end()) {
+            apps.push_back(app);
+        } else {
+            // One ordinary window makes an ordinary application.
+            known->policy = std::min(known->policy, app.policy);
+        }
+    }
+    return apps;
+}
+
+std::vector<WindowReading> X11DeskReading::windows(const RunningApp& app) {
+    std::vector<WindowReading> readings;
+    for (const auto index : m_appearance) {
+        const auto& window = m_stacking[index];
+        if (isSameApp(window.app, app)) {
+            readings.push_back({.element = std::make_shared<X11WindowElement>(m_desk, window.id, window.mark),
+                                .attributes = X11WindowElement::attributes(window.facts)});
+        }
+    }
+    return readings;
+}
+
+} // namespace vantrel

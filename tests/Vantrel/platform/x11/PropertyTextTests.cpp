@@ -1,0 +1,53 @@
+#include "Vantrel/platform/x11/PropertyText.h"
+
+#include <glib.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+#include <string>
+
+namespace vantrel {
+namespace {
+
+using PropertyText::decode;
+using PropertyText::Encoding;
+
+TEST(PropertyText, GoodTextComesThroughUnchanged) {
+    EXPECT_EQ(decode("Brief – größer.odt", Encoding::utf8), "Brief – größer.odt");
+    EXPECT_EQ(decode("größer", Encoding::latin1), "größer") << "UTF-8 in a property of type STRING";
+    EXPECT_EQ(decode("", Encoding::utf8), "");
+}
+
+TEST(PropertyText, OldTextIsReadAsLatin1) {
+    EXPECT_EQ(decode("gr\xf6\xdf"
+                     "er",
+                     Encoding::latin1),
+              "größer");
+}
+
+TEST(PropertyText, TextEndsAtANulAndBeforeACharacterCutInTwo) {
+    EXPECT_EQ(decode(std::string_view("one\0two", 7), Encoding::utf8), "one");
+    EXPECT_EQ(decode("abc\xe2\x80", Encoding::utf8), "abc");
+    EXPECT_EQ(decode("a\xff"
+                     "b",
+                     Encoding::utf8),
+              "a\xef\xbf\xbd"
+              "b");
+}
+
+RC_GTEST_PROP(PropertyText, WhateverTheBytesTheTextIsValid, (const std::string& bytes)) {
+    for (const auto encoding : {Encoding::utf8, Encoding::latin1}) {
+        const auto text = decode(bytes, encoding);
+        RC_ASSERT(g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr) != 0);
+    }
+}
+
+TEST(PropertyText, AClassPropertyMayLackItsSecondHalf) {
+    using Texts = std::pair<std::string, std::string>;
+    EXPECT_EQ(PropertyText::decodeClass(std::string_view("xterm\0XTerm\0", 12)), (Texts{"xterm", "XTerm"}));
+    EXPECT_EQ(PropertyText::decodeClass(std::string_view("xterm\0", 6)), (Texts{"xterm", ""}));
+    EXPECT_EQ(PropertyText::decodeClass("xterm"), (Texts{"xterm", ""}));
+    EXPECT_EQ(PropertyText::decodeClass(""), (Texts{"", ""}));
+}
+
+} // namespace
+} // namespace vantrel
