@@ -1,0 +1,31 @@
+#include "VantrelCore/displays/SnapshotStabilityGate.h"
+
+#include <algorithm>
+
+namespace vantrel {
+
+SnapshotStabilityGate::SnapshotStabilityGate(int requiredStableObservations)
+    : m_required(std::max(2, requiredStableObservations)) {}
+
+std::optional<Layout> SnapshotStabilityGate::observe(const Layout& snapshot,
+                                                     const std::optional<Layout>& current) {
+    if (current && snapshot.isEquivalent(*current)) {
+        m_pending.reset();
+        m_stableCount = 0;
+        return std::nullopt;
+    }
+    if (!m_pending || !snapshot.isEquivalent(*m_pending)) {
+        m_pending = snapshot;
+        m_stableCount = 0;
+        return std::nullopt;
+    }
+    ++m_stableCount;
+    if (m_stableCount < m_required - 1) {
+        return std::nullopt;
+    }
+    m_pending.reset();
+    m_stableCount = 0;
+    return snapshot;
+}
+
+} // namespace vantrel
