@@ -1,0 +1,37 @@
+// The file operations of stores and logs on a POSIX system.
+#pragma once
+
+#include "VantrelCore/ports/FileSystem.h"
+
+#include <mutex>
+#include <set>
+
+namespace vantrel {
+
+// New files and folders are for their owner alone: they tell what the user has open.
+class PosixFileSystem final : public FileSystem {
+public:
+    [[nodiscard]] std::expected<std::string, std::error_code>
+    read(const std::filesystem::path& file) override;
+
+    // Keeps the permissions of the file that it replaces; a symbolic link stays and its target is replaced.
+    // The first write to a file also removes what killed processes left behind of theirs.
+    [[nodiscard]] std::error_code writeAtomically(const std::filesystem::path& file,
+                                                  std::string_view content) override;
+
+    [[nodiscard]] std::error_code append(const std::filesystem::path& file,
+                                         std::string_view content) override;
+    [[nodiscard]] std::error_code rename(const std::filesystem::path& from,
+                                         const std::filesystem::path& to) override;
+    [[nodiscard]] std::error_code remove(const std::filesystem::path& file) override;
+    [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override;
+    [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override;
+
+private:
+    [[nodiscard]] bool isFirstWriteTo(const std::filesystem::path& file);
+
+    std::mutex m_mutex;
+    std::set<std::filesystem::path> m_written;
+};
+
+} // namespace vantrel

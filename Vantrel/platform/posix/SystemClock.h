@@ -1,0 +1,15 @@
+// The time of the machine.
+#pragma once
+
+#include "VantrelCore/ports/Clock.h"
+
+namespace vantrel {
+
+class SystemClock final : public Clock {
+public:
+    [[nodiscard]] Date now() override;
+    [[nodiscard]] double monotonicSeconds() override;
+    void sleep(double seconds) override;
+};
+
+} // namespace vantrel

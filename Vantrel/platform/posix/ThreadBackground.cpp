@@ -1,0 +1,72 @@
+#include "Vantrel/platform/posix/ThreadBackground.h"
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::size_t mostPerformers = 64;
+constexpr std::size_t threadsPerPriority = 2;
+
+// One call of concurrentPerform: workers draw the next index until there is none.
+class IndexedWork {
+public:
+    IndexedWork(std::size_t count, const std::function<void(std::size_t)>& work)
+        : m_count(count), m_work(work) {}
+
+    // Touches `m_work`, which the caller owns, only while an index is being worked on; a worker that comes
+    // late finds none left.
+    void drawAll() {
+        for (std::size_t index = m_next++; index < m_count; index = m_next++) {
+            m_work(index);
+            const std::scoped_lock lock(m_mutex);
+            if (++m_finished == m_count) {
+                m_allFinished.notify_all();
+            }
+        }
+    }
+
+    void waitUntilFinished() {
+        std::unique_lock lock(m_mutex);
+        m_allFinished.wait(lock, [this] { return m_finished == m_count; });
+    }
+
+private:
+    std::size_t m_count;
+    const std::function<void(std::size_t)>& m_work;
+    std::atomic<std::size_t> m_next = 0;
+    std::mutex m_mutex;
+    std::condition_variable m_allFinished;
+    std::size_t m_finished = 0;
+};
+
+} // namespace
+
+ThreadBackground::ThreadBackground()
+    : m_performers(mostPerformers), m_userInitiated(threadsPerPriority), m_utility(threadsPerPriority) {}
+
+void ThreadBackground::run(WorkPriority priority, std::function<void()> work) {
+    auto& pool = priority == WorkPriority::utility ? m_utility : m_userInitiated;
+    pool.submit(std::move(work));
+}
+
+void ThreadBackground::concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) {
+    if (count == 0) {
+        return;
+    }
+    const auto indexed = std::make_shared<IndexedWork>(count, work);
+    const std::size_t others = std::min(count - 1, mostPerformers);
+    for (std::size_t i = 0; i < others; ++i) {
+        m_performers.submit([indexed] { indexed->drawAll(); });
+    }
+    indexed->drawAll();
+    indexed->waitUntilFinished();
+}
+
+} // namespace vantrel

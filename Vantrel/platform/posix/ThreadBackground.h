@@ -1,0 +1,28 @@
+// Background work on threads of our own.
+#pragma once
+
+#include "Vantrel/platform/posix/WorkerPool.h"
+#include "VantrelCore/ports/Background.h"
+
+namespace vantrel {
+
+// Destroying it waits for the work that has begun; queued work that has not does not run any more.
+class ThreadBackground final : public Background {
+public:
+    ThreadBackground();
+
+    // Utility work never takes a thread from work that the user waits for.
+    void run(WorkPriority priority, std::function<void()> work) override;
+
+    // The calling thread is one of the workers, so that nested calls always get on. Beyond 64 workers at a
+    // time, indexes wait for one another.
+    void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
+
+private:
+    // Destroyed last: work in the pools below may be waiting for it.
+    posix::WorkerPool m_performers;
+    posix::WorkerPool m_userInitiated;
+    posix::WorkerPool m_utility;
+};
+
+} // namespace vantrel

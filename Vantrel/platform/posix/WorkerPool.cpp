@@ -1,0 +1,63 @@
+#include "Vantrel/platform/posix/WorkerPool.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace vantrel::posix {
+
+WorkerPool::WorkerPool(std::size_t maximumThreads) : m_maximumThreads(maximumThreads) {}
+
+WorkerPool::~WorkerPool() {
+    std::deque<std::function<void()>> dropped;
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_isEnding = true;
+        dropped.swap(m_queue);
+    }
+    m_workOrEnd.notify_all();
+    for (auto& thread : m_threads) {
+        thread.join();
+    }
+}
+
+void WorkerPool::submit(std::function<void()> work) {
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (m_isEnding) {
+            return;
+        }
+        m_queue.push_back(std::move(work));
+        if (m_idle < m_queue.size() && m_threads.size() < m_maximumThreads) {
+            try {
+                m_threads.emplace_back([this] { serve(); });
+            } catch (const std::system_error&) {
+                // The system gives no more: those that there are take the work in turn, and while there
+                // is none the next call tries again.
+                m_maximumThreads = std::max<std::size_t>(m_threads.size(), 1);
+            }
+        }
+    }
+    m_workOrEnd.notify_one();
+}
+
+void WorkerPool::serve() {
+    std::unique_lock lock(m_mutex);
+    while (true) {
+        ++m_idle;
+        m_workOrEnd.wait(lock, [this] { return m_isEnding || !m_queue.empty(); });
+        --m_idle;
+        if (m_isEnding) {
+            return;
+        }
+        auto work = std::move(m_queue.front());
+        m_queue.pop_front();
+        lock.unlock();
+        work();
+        // Before the lock: what the work holds may submit more when it goes.
+        work = nullptr;
+        lock.lock();
+    }
+}
+
+} // namespace vantrel::posix

@@ -1,0 +1,37 @@
+// Threads that take work off one queue: made when work finds no idle one, then kept for the next.
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace vantrel::posix {
+
+class WorkerPool {
+public:
+    explicit WorkerPool(std::size_t maximumThreads);
+    // Waits for the work that has begun; what is still queued does not run any more.
+    ~WorkerPool();
+    WorkerPool(const WorkerPool&) = delete;
+    WorkerPool& operator=(const WorkerPool&) = delete;
+
+    // Work begins in the order of the calls. Safe on any thread.
+    void submit(std::function<void()> work);
+
+private:
+    void serve();
+
+    std::size_t m_maximumThreads;
+    std::mutex m_mutex;
+    std::condition_variable m_workOrEnd;
+    std::deque<std::function<void()>> m_queue;
+    std::vector<std::thread> m_threads;
+    std::size_t m_idle = 0;
+    bool m_isEnding = false;
+};
+
+} // namespace vantrel::posix

@@ -1,0 +1,125 @@
+#include "Vantrel/platform/posix/ThreadBackground.h"
+
+#include "Vantrel/platform/posix/SystemClock.h"
+
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <gtest/gtest.h>
+#include <latch>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace vantrel {
+
+namespace {
+
+// Long enough for any machine; only a failing test waits for it.
+constexpr std::chrono::seconds deadline{30};
+
+TEST(ThreadBackground, RunsWorkOfBothPrioritiesOffTheCallingThread) {
+    ThreadBackground background;
+    for (const auto priority : {WorkPriority::utility, WorkPriority::userInitiated}) {
+        std::promise<std::thread::id> ran;
+        background.run(priority, [&] { ran.set_value(std::this_thread::get_id()); });
+        auto result = ran.get_future();
+        ASSERT_EQ(result.wait_for(deadline), std::future_status::ready);
+        EXPECT_NE(result.get(), std::this_thread::get_id());
+    }
+}
+
+TEST(ThreadBackground, BlockedUtilityWorkDoesNotHoldUpWorkThatTheUserWaitsFor) {
+    std::promise<void> release;
+    const auto released = release.get_future().share();
+    ThreadBackground background;
+    for (int i = 0; i < 20; ++i) {
+        background.run(WorkPriority::utility, [released] { released.wait(); });
+    }
+    std::promise<void> ran;
+    background.run(WorkPriority::userInitiated, [&] { ran.set_value(); });
+    EXPECT_EQ(ran.get_future().wait_for(deadline), std::future_status::ready);
+    release.set_value();
+}
+
+TEST(ThreadBackground, GivesEveryIndexAWorkerOfItsOwn) {
+    ThreadBackground background;
+    for (const std::size_t count : {1U, 2U, 16U, 64U}) {
+        // Nobody gets past the latch before everybody stands at it.
+        std::latch everybody(static_cast<std::ptrdiff_t>(count));
+        std::vector<int> calls(count, 0);
+        background.concurrentPerform(count, [&](std::size_t index) {
+            everybody.arrive_and_wait();
+            ++calls[index];
+        });
+        EXPECT_EQ(calls, std::vector<int>(count, 1));
+    }
+}
+
+TEST(ThreadBackground, PerformsManyNestedAndNoIndexes) {
+    ThreadBackground background;
+    std::vector<int> calls(1000, 0);
+    background.concurrentPerform(calls.size(), [&](std::size_t index) { ++calls[index]; });
+    EXPECT_EQ(calls, std::vector<int>(1000, 1));
+
+    background.concurrentPerform(0, [](std::size_t) { FAIL(); });
+
+    // More workers asked for than there can be, all of them waiting for others.
+    std::atomic<int> inner = 0;
+    background.concurrentPerform(
+        20, [&](std::size_t) { background.concurrentPerform(20, [&](std::size_t) { ++inner; }); });
+    EXPECT_EQ(inner, 400);
+}
+
+TEST(ThreadBackground, ReusesItsThreads) {
+    ThreadBackground background;
+    std::mutex mutex;
+    std::set<std::thread::id> seen;
+    for (int round = 0; round < 50; ++round) {
+        background.concurrentPerform(4, [&](std::size_t) {
+            const std::scoped_lock lock(mutex);
+            seen.insert(std::this_thread::get_id());
+        });
+    }
+    // Were each round to make its own, there would be 150; a machine under load may reach the limit.
+    EXPECT_LE(seen.size(), 65U);
+}
+
+TEST(ThreadBackground, EndingWaitsForWhatHasBegun) {
+    std::atomic<bool> begun = false;
+    std::atomic<bool> finished = false;
+    std::promise<void> release;
+    std::thread releaser;
+    {
+        const auto released = release.get_future().share();
+        ThreadBackground background;
+        background.run(WorkPriority::utility, [&, released] {
+            begun = true;
+            released.wait();
+            finished = true;
+        });
+        while (!begun) {
+            std::this_thread::yield();
+        }
+        releaser = std::thread([&] { release.set_value(); });
+    }
+    EXPECT_TRUE(finished);
+    releaser.join();
+}
+
+TEST(SystemClock, AgreesWithTheMachine) {
+    SystemClock clock;
+    const auto before = std::chrono::system_clock::now();
+    const auto now = clock.now();
+    EXPECT_GE(now + std::chrono::microseconds(1), before);
+    EXPECT_LE(now, std::chrono::system_clock::now());
+    const double start = clock.monotonicSeconds();
+    clock.sleep(0.01);
+    clock.sleep(-1);
+    EXPECT_GE(clock.monotonicSeconds() - start, 0.01);
+}
+
+} // namespace
+
+} // namespace vantrel
