@@ -16,14 +16,6 @@ using Kind = RestoreReport::Kind;
 using Outcome = RestoreReport::Outcome;
 using Pairs = std::vector<MatchResult::Pair>;
 
-bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes) {
-    if (!frame) {
-        return false;
-    }
-    const Size size = sizes == Sizes::restore ? frame->size : target.size;
-    return approxEqual({frame->origin, size}, target, tolerance);
-}
-
 void placeSizeFirst(const Rect& target, const AXWindowHandle& handle, Sizes sizes) {
     if (sizes == Sizes::restore) {
         handle.setFrameSizeFirst(target);
@@ -57,20 +49,6 @@ Outcome restoreOne(const Rect& target, const AXWindowHandle& handle, Sizes sizes
     return {Kind::failed, "window drifted after move"};
 }
 
-MatchResult match(const std::vector<WindowRecord>& saved, const std::vector<CurrentWindow>& current) {
-    std::vector<WindowIdentity> savedIdentities;
-    savedIdentities.reserve(saved.size());
-    for (const auto& record : saved) {
-        savedIdentities.emplace_back(record);
-    }
-    std::vector<WindowIdentity> currentIdentities;
-    currentIdentities.reserve(current.size());
-    for (const auto& window : current) {
-        currentIdentities.emplace_back(window.record);
-    }
-    return WindowMatcher::match(savedIdentities, currentIdentities);
-}
-
 RestoreReport::Item itemFor(const WindowRecord& saved, Outcome outcome) {
     return {saved.appName, saved.bundleID, saved.title, std::move(outcome)};
 }
@@ -87,6 +65,28 @@ void raiseInOrder(Pairs pairs, const std::vector<WindowRecord>& saved,
 }
 
 } // namespace
+
+bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes) {
+    if (!frame) {
+        return false;
+    }
+    const Size size = sizes == Sizes::restore ? frame->size : target.size;
+    return approxEqual({frame->origin, size}, target, tolerance);
+}
+
+MatchResult match(const std::vector<WindowRecord>& saved, const std::vector<CurrentWindow>& current) {
+    std::vector<WindowIdentity> savedIdentities;
+    savedIdentities.reserve(saved.size());
+    for (const auto& record : saved) {
+        savedIdentities.emplace_back(record);
+    }
+    std::vector<WindowIdentity> currentIdentities;
+    currentIdentities.reserve(current.size());
+    for (const auto& window : current) {
+        currentIdentities.emplace_back(window.record);
+    }
+    return WindowMatcher::match(savedIdentities, currentIdentities);
+}
 
 std::vector<Attempt> attemptPlan(bool isStubborn) {
     if (isStubborn) {

@@ -7,6 +7,7 @@
 #include "VantrelCore/ports/Clock.h"
 #include "VantrelCore/windows/CurrentWindow.h"
 #include "VantrelCore/windows/RestoreReport.h"
+#include "VantrelCore/windows/WindowMatcher.h"
 
 #include <functional>
 #include <set>
@@ -54,6 +55,13 @@ struct PlacementFailed {
 using DesignedPlacement = std::variant<Placed, PlacedClampedSize, PlacementFailed>;
 
 [[nodiscard]] std::vector<Attempt> attemptPlan(bool isStubborn);
+
+// Which live window the restore takes for which saved one.
+[[nodiscard]] MatchResult match(const std::vector<WindowRecord>& saved,
+                                const std::vector<CurrentWindow>& current);
+
+// Whether a window that stands at `frame` has arrived at `target`; an unreadable frame has not.
+[[nodiscard]] bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes);
 
 // Blocks until every window is done: applications of one wave in parallel, windows of one application in
 // turn.

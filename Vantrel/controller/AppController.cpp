@@ -1,0 +1,123 @@
+#include "Vantrel/controller/AppController.h"
+
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// In seconds.
+constexpr double snapshotInterval = 15;
+constexpr double permissionPollInterval = 1.5;
+
+const char* sourceName(RestoreSource source) {
+    switch (source) {
+    case RestoreSource::menu:
+        return "menu";
+    case RestoreSource::hotKey:
+        return "hotkey";
+    case RestoreSource::shortcut:
+        return "shortcut";
+    case RestoreSource::command:
+        return "command";
+    }
+    return "";
+}
+
+} // namespace
+
+std::expected<std::unique_ptr<AppController>, std::error_code>
+AppController::create(const ControllerPorts& ports, FileSystem& files, AppLog& log, Options options) {
+    auto store = LayoutStore::open(options.supportDirectory, files);
+    if (!store) {
+        return std::unexpected(store.error());
+    }
+    return std::unique_ptr<AppController>(
+        new AppController(ports, log, std::move(*store), std::move(options)));
+}
+
+AppController::AppController(const ControllerPorts& ports, AppLog& log, LayoutStore store, Options options)
+    : m_context(ports, log, std::move(store)), m_learning(m_context), m_runner(m_context),
+      m_displayChange(m_context, m_learning, m_runner), m_sleepWake(m_context, m_runner) {
+    m_context.ownBundleID = std::move(options.ownBundleID);
+    m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
+    m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });
+}
+
+AppController::~AppController() {
+    m_context.ports.defaults.setChangeHandler({});
+    m_runner.abandonMoves();
+}
+
+void AppController::watchForPermission() {
+    if (m_context.ports.accessibility.isTrusted()) {
+        m_permissionTimer.reset();
+        return;
+    }
+    m_permissionTimer = m_context.ports.mainQueue.every(permissionPollInterval, [this] {
+        if (m_context.ports.accessibility.isTrusted()) {
+            m_permissionTimer.reset();
+            refreshStatus();
+        }
+    });
+}
+
+void AppController::startEngine() {
+    m_displayChange.start();
+    m_context.ports.defaults.setChangeHandler([this] { userDefaultsChanged(); });
+    m_learning.snapshotIfChanged();
+    refreshStatus();
+    m_snapshotTimer =
+        m_context.ports.mainQueue.every(snapshotInterval, [this] { m_learning.snapshotIfChanged(); });
+}
+
+void AppController::userDefaultsChanged() {
+    m_displayChange.applySettleDelay();
+}
+
+void AppController::setEnabled(bool isEnabled) {
+    m_context.publisher.publish([&](PublishedState& state) { state.enabled = isEnabled; });
+    refreshStatus();
+}
+
+bool AppController::restoreNow(RestoreSource source) {
+    const bool hasPermission = m_context.ports.accessibility.isTrusted();
+    m_context.log(
+        fmt::format("restoreNow tapped: enabled={} permission={}", published().enabled, hasPermission));
+    refreshStatus();
+    if (!published().enabled || !hasPermission || !m_context.entitledToRun()) {
+        return false;
+    }
+    if (!m_context.isDeskCurrent()) {
+        m_context.log("restoreNow: the displays are changing");
+        return false;
+    }
+    const auto layout = m_context.layoutToRestore();
+    if (!layout || layout->windows.empty()) {
+        m_context.log("restoreNow: NO stored layout for current config");
+        return false;
+    }
+    m_context.log(fmt::format("restoreNow: restoring {} windows (saved {})", layout->windows.size(),
+                              iso8601Text(layout->savedAt)));
+    m_runner.perform({.layout = *layout,
+                      .displays = published().displays,
+                      .reason = fmt::format("restore now ({})", sourceName(source)),
+                      .announcement = Announcement::announce,
+                      .raising = RestoreEngine::Raising::raise});
+    return true;
+}
+
+void AppController::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
+    m_learning.saveLayoutNow(std::move(done));
+}
+
+Publisher::ObserverID AppController::addObserver(std::function<void()> observer) {
+    return m_context.publisher.add(std::move(observer));
+}
+
+void AppController::setHUDHandler(std::function<void(const HUDEvent&)> handler) {
+    m_context.onHUDEvent = std::move(handler);
+}
+
+} // namespace vantrel

@@ -1,0 +1,92 @@
+// The one object that ties displays, stores and restores together: learns the desk, answers display changes,
+// sleep and the user's commands, and publishes the state that menus, windows and commands show.
+#pragma once
+
+#include "Vantrel/controller/ControllerContext.h"
+#include "Vantrel/controller/DisplayChangeFlow.h"
+#include "Vantrel/controller/LearningFlow.h"
+#include "Vantrel/controller/RestoreRunner.h"
+#include "Vantrel/controller/SleepWakeFlow.h"
+
+#include <expected>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <system_error>
+
+namespace vantrel {
+
+// How the user asked for a restore.
+enum class RestoreSource : std::uint8_t { menu, hotKey, shortcut, command };
+
+// Lives on the main thread, as does everything it calls back.
+class AppController {
+public:
+    struct Options {
+        // Every store keeps its file there.
+        std::filesystem::path supportDirectory;
+        // This program's own identifier: its windows are left alone.
+        std::optional<std::string> ownBundleID;
+        std::string version;
+        // The licence gate's answer, asked before every capture and restore; an empty function always allows.
+        std::function<bool()> licenseAllowsRunning{};
+    };
+
+    // Loads the stores. Fails when the folder cannot be created. Everything passed by reference outlives the
+    // controller and its background work.
+    [[nodiscard]] static std::expected<std::unique_ptr<AppController>, std::error_code>
+    create(const ControllerPorts& ports, FileSystem& files, AppLog& log, Options options);
+
+    ~AppController();
+    AppController(const AppController&) = delete;
+    AppController& operator=(const AppController&) = delete;
+
+    // Polls for the permission while it is missing, and refreshes the status once it is granted.
+    void watchForPermission();
+    // Starts to watch the displays and to learn.
+    void startEngine();
+
+    // Called for the system's notifications.
+    void willSleep() { m_sleepWake.willSleep(); }
+    void didWake() { m_sleepWake.handleWake(); }
+
+    void setEnabled(bool isEnabled);
+    [[nodiscard]] bool isEnabled() const { return published().enabled; }
+
+    // Puts the desk's stored layout back. False when nothing is going to move.
+    bool restoreNow(RestoreSource source);
+
+    // Remembers the desk as it stands now. `done`, if any, is told once what came of it.
+    void saveLayoutNow(std::function<void(const SaveOutcome&)> done = {});
+
+    // Looks at permission and desk again and publishes what they are.
+    void refreshStatus() { m_context.refreshStatus(); }
+
+    [[nodiscard]] const PublishedState& published() const { return m_context.state(); }
+    // The observer is called from the main queue after published values have changed, once for several
+    // changes of one turn.
+    Publisher::ObserverID addObserver(std::function<void()> observer);
+    void removeObserver(Publisher::ObserverID id) { m_context.publisher.remove(id); }
+    void setHUDHandler(std::function<void(const HUDEvent&)> handler);
+
+    // Nothing is being learned: the desk is in motion or about to be.
+    [[nodiscard]] bool snapshotsSuspended() const { return m_context.snapshotsSuspended; }
+    [[nodiscard]] bool restoreInFlight() const { return m_context.restoreInFlight; }
+
+private:
+    AppController(const ControllerPorts& ports, AppLog& log, LayoutStore store, Options options);
+
+    void userDefaultsChanged();
+
+    ControllerContext m_context;
+    LearningFlow m_learning;
+    RestoreRunner m_runner;
+    DisplayChangeFlow m_displayChange;
+    SleepWakeFlow m_sleepWake;
+    std::unique_ptr<ScheduledWork> m_snapshotTimer;
+    std::unique_ptr<ScheduledWork> m_permissionTimer;
+};
+
+} // namespace vantrel

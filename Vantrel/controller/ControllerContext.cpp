@@ -1,0 +1,143 @@
+#include "Vantrel/controller/ControllerContext.h"
+
+#include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/RuleApplication.h"
+
+namespace vantrel {
+
+namespace {
+
+// How long the status line shows what a restore did, in seconds.
+constexpr double restoredPhaseSeconds = 6;
+
+std::string layoutTitle(const PublishedState& state) {
+    const Layout* active = state.activeLayout();
+    const std::string desk = active != nullptr ? active->name : state.configName;
+    return state.activeLayoutName == Layout::defaultName ? desk : desk + " · " + state.activeLayoutName;
+}
+
+} // namespace
+
+ControllerContext::ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog,
+                                     LayoutStore layouts)
+    : ports(controllerPorts), settings(controllerPorts.defaults), store(std::move(layouts)),
+      publisher(controllerPorts.mainQueue), m_log(appLog) {}
+
+void ControllerContext::endPass() {
+    m_axWorkInFlight = false;
+    if (onPassEnded) {
+        onPassEnded();
+    }
+}
+
+void ControllerContext::announce(const HUDEvent& event) const {
+    if (onHUDEvent) {
+        onHUDEvent(event);
+    }
+}
+
+bool ControllerContext::entitledToRun() {
+    const bool isEntitled = !licenseAllowsRunning || licenseAllowsRunning();
+    if (m_loggedEntitled != isEntitled) {
+        m_loggedEntitled = isEntitled;
+        log(isEntitled ? "license gate: entitled, restore and learning resumed"
+                       : "license gate: not entitled, restore and learning paused");
+    }
+    return isEntitled;
+}
+
+std::vector<DisplayInfo> ControllerContext::currentDisplays() {
+    return DisplayTopology::currentDisplays(ports.displays);
+}
+
+bool ControllerContext::isDeskCurrent() {
+    const auto displays = currentDisplays();
+    return !displaysChanging && !displays.empty() && DisplayTopology::configID(displays) == state().configID;
+}
+
+std::optional<Layout> ControllerContext::layoutToRestore() {
+    const Layout* active = state().activeLayout();
+    if (active == nullptr) {
+        return std::nullopt;
+    }
+    return RuleApplication::apply(store.rules(), active->withoutGhosts(), state().displays);
+}
+
+Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,
+                                   const std::vector<DisplayInfo>& displays) {
+    const Layout* active = state().activeLayout();
+    return {.configID = state().configID,
+            .name = active != nullptr ? active->name : state().configName,
+            .layoutName = state().activeLayoutName,
+            .displays = displays,
+            .windows = picture.windows,
+            .savedAt = picture.takenAt,
+            .pinned = std::nullopt};
+}
+
+DeskCapture::Scope ControllerContext::captureScope(std::vector<DisplayInfo> displays) {
+    return {.displays = std::move(displays),
+            .excludedBundleID = ownBundleID,
+            .ignoredBundleIDs = RuleApplication::ignoredBundleIDs(store.rules())};
+}
+
+void ControllerContext::publishStored(PublishedState& state) {
+    if (state.configID.empty()) {
+        state.currentLayouts.clear();
+        state.activeLayoutName = Layout::defaultName;
+    } else {
+        state.currentLayouts = store.layouts(state.configID);
+        state.activeLayoutName = store.activeLayoutName(state.configID);
+    }
+    const Layout* active = state.activeLayout();
+    state.activePinned = active != nullptr && active->isPinned();
+    state.layoutTitle = layoutTitle(state);
+}
+
+void ControllerContext::showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays) {
+    publisher.publish([&](PublishedState& state) {
+        // No displays are no desk: there is nothing to learn or to restore under that name.
+        state.configID = displays.empty() ? "" : configID;
+        state.configName = DisplayTopology::configName(displays);
+        state.displays = displays;
+        publishStored(state);
+    });
+}
+
+void ControllerContext::showStoredLayouts() {
+    publisher.publish([&](PublishedState& state) {
+        ++state.layoutsVersion;
+        publishStored(state);
+    });
+}
+
+void ControllerContext::refreshStatus() {
+    const bool hasPermission = ports.accessibility.isTrusted();
+    publisher.publish([&](PublishedState& state) {
+        state.hasPermission = hasPermission;
+        const Phase resting = StatusPhase::resting(hasPermission, state.enabled, state.windowsLearned());
+        const bool isShowingRestore = restoreInFlight || (m_phaseReset && state.phase.is<Phase::Restored>());
+        const bool isHindered = resting.is<Phase::Off>() || resting.is<Phase::NeedsPermission>();
+        if (!isShowingRestore || isHindered) {
+            state.phase = resting;
+        }
+    });
+}
+
+void ControllerContext::endRestoredPhase() {
+    m_phaseReset.reset();
+    refreshStatus();
+}
+
+void ControllerContext::showPhase(const Phase& phase) {
+    publisher.publish([&](PublishedState& state) { state.phase = phase; });
+    m_phaseReset.reset();
+    if (phase.is<Phase::Restored>()) {
+        m_phaseReset = ports.mainQueue.after(restoredPhaseSeconds, [this] {
+            m_phaseReset.reset();
+            refreshStatus();
+        });
+    }
+}
+
+} // namespace vantrel

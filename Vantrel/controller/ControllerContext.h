@@ -1,0 +1,115 @@
+// What the controller's flows share: ports, settings, log, layouts, published state, and the gates that keep
+// captures and restores apart.
+#pragma once
+
+#include "Vantrel/controller/AppLog.h"
+#include "Vantrel/controller/ControllerPorts.h"
+#include "Vantrel/controller/DeskCapture.h"
+#include "Vantrel/controller/HUDEvent.h"
+#include "Vantrel/controller/MovePermit.h"
+#include "Vantrel/controller/Publisher.h"
+#include "Vantrel/controller/Settings.h"
+#include "VantrelCore/stores/LayoutStore.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace vantrel {
+
+// Lives on the main thread.
+class ControllerContext {
+public:
+    ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog, LayoutStore layouts);
+
+    ControllerPorts ports;
+    Settings settings;
+    LayoutStore store;
+    Publisher publisher;
+
+    // This program's own windows are never captured.
+    std::optional<std::string> ownBundleID;
+    // The licence gate's answer.
+    std::function<bool()> licenseAllowsRunning;
+    std::function<void(const HUDEvent&)> onHUDEvent;
+
+    // No capture may be learned from: the desk is in motion or about to be.
+    bool snapshotsSuspended = false;
+    // Between the first event of a display change and its settling.
+    bool displaysChanging = false;
+    // Counts what makes scheduled resumes and captures under way stale.
+    std::int64_t resumeEpoch = 0;
+    // Counts the restores: what was captured before one does not show the desk any more.
+    std::int64_t mutationEpoch = 0;
+    bool restoreInFlight = false;
+    // The permit of the last restore and of what follows up on it.
+    std::shared_ptr<MovePermit> movePermit = std::make_shared<MovePermit>();
+
+    [[nodiscard]] bool axWorkInFlight() const { return m_axWorkInFlight; }
+    // A capture or another accessibility pass begins or ends; at most one at a time, and none during a
+    // restore.
+    void beginPass() { m_axWorkInFlight = true; }
+    void endPass();
+    // Called when a pass has ended.
+    std::function<void()> onPassEnded;
+
+    void log(std::string_view message) { m_log.write(message); }
+    void announce(const HUDEvent& event) const;
+
+    [[nodiscard]] const PublishedState& state() const { return publisher.state(); }
+
+    // Asks the licence gate, and logs when its answer is a new one.
+    [[nodiscard]] bool entitledToRun();
+
+    // The displays as they are now.
+    [[nodiscard]] std::vector<DisplayInfo> currentDisplays();
+    // True while the displays are the ones that last settled, which the published state names.
+    [[nodiscard]] bool isDeskCurrent();
+
+    // The active layout of the current desk with the user's rules applied; none when there is none.
+    [[nodiscard]] std::optional<Layout> layoutToRestore();
+    // The layout that a capture of the current desk makes. A name that the user gave the desk stays.
+    [[nodiscard]] Layout layoutOf(const DeskCapture::Picture& picture,
+                                  const std::vector<DisplayInfo>& displays);
+    [[nodiscard]] DeskCapture::Scope captureScope(std::vector<DisplayInfo> displays);
+
+    // Publishes the desk and what is stored for it.
+    void showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays);
+    // Publishes the layouts of the current desk after the store has changed.
+    void showStoredLayouts();
+    // Publishes the resting phase, unless a restore is running or has just finished.
+    void refreshStatus();
+    void showPhase(const Phase& phase);
+    // The desk that the last restore was for is gone: its result is not shown any longer.
+    void endRestoredPhase();
+
+    // Runs `work` off the main thread and hands its result to `done` on the main thread, unless the
+    // controller is gone by then. `work` may use nothing of the controller but the ports.
+    template <typename Work, typename Done>
+    void inBackground(WorkPriority priority, Work work, Done done) {
+        ports.background.run(priority, [&queue = ports.mainQueue, alive = std::weak_ptr(m_alive),
+                                        work = std::move(work), done = std::move(done)] {
+            auto result = std::make_shared<decltype(work())>(work());
+            queue.post([alive, done, result] {
+                if (alive.lock()) {
+                    done(std::move(*result));
+                }
+            });
+        });
+    }
+
+private:
+    void publishStored(PublishedState& state);
+
+    AppLog& m_log;
+    bool m_axWorkInFlight = false;
+    std::optional<bool> m_loggedEntitled;
+    std::unique_ptr<ScheduledWork> m_phaseReset;
+    // Expires with the controller; only asked for on the main thread.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace vantrel

@@ -1,0 +1,22 @@
+// The ports that the controller runs on. They outlive it and its background work.
+#pragma once
+
+#include "VantrelCore/ports/Accessibility.h"
+#include "VantrelCore/ports/Background.h"
+#include "VantrelCore/ports/Clock.h"
+#include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/ports/MainQueue.h"
+#include "VantrelCore/ports/UserDefaults.h"
+
+namespace vantrel {
+
+struct ControllerPorts {
+    Accessibility& accessibility;
+    DisplayServices& displays;
+    UserDefaults& defaults;
+    Clock& clock;
+    MainQueue& mainQueue;
+    Background& background;
+};
+
+} // namespace vantrel

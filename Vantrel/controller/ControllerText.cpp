@@ -1,0 +1,40 @@
+#include "Vantrel/controller/ControllerText.h"
+
+#include "VantrelCore/displays/DisplayTopology.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace vantrel::ControllerText {
+
+std::string displaySettled(const std::string& configID, const std::vector<DisplayInfo>& displays) {
+    if (displays.empty()) {
+        return "display settled: no displays";
+    }
+    return fmt::format("display settled: {} {} ({} {})", configID, DisplayTopology::configName(displays),
+                       displays.size(), displays.size() == 1 ? "display" : "displays");
+}
+
+std::string restoreReport(const RestoreReport& report) {
+    using Kind = RestoreReport::Kind;
+    const auto retried = std::ranges::count_if(
+        report.items, [](const RestoreReport::Item& item) { return item.outcome.kind == Kind::retried; });
+    std::string text =
+        fmt::format("restore report: {} restored, {} failed, {} skipped, {} retried, {} expected, {:.0f} ms",
+                    report.restoredCount(), report.failedCount(), report.skippedCount(), retried,
+                    report.expectedCount(), report.elapsed * 1000);
+    const char* separator = "; failed: ";
+    for (const auto& item : report.items) {
+        if (item.outcome.kind == Kind::failed) {
+            text += fmt::format("{}{} \"{}\" ({})", separator, item.appName, item.title, item.outcome.reason);
+            separator = ", ";
+        }
+    }
+    return text;
+}
+
+std::string windows(std::size_t count) {
+    return fmt::format("{} {}", count, count == 1 ? "window" : "windows");
+}
+
+} // namespace vantrel::ControllerText

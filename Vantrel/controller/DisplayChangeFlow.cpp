@@ -1,0 +1,104 @@
+#include "Vantrel/controller/DisplayChangeFlow.h"
+
+#include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/displays/DisplayTopology.h"
+
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+DisplayChangeFlow::DisplayChangeFlow(ControllerContext& context, LearningFlow& learning,
+                                     RestoreRunner& runner)
+    : m_context(context), m_learning(learning), m_runner(runner) {
+    m_learning.onUnannouncedChange = [this] {
+        if (m_watcher) {
+            m_watcher->handleReconfigurationEvent();
+        }
+    };
+}
+
+void DisplayChangeFlow::start() {
+    installWatcher();
+    const auto displays = m_context.currentDisplays();
+    m_context.showDesk(DisplayTopology::configID(displays), displays);
+}
+
+void DisplayChangeFlow::installWatcher() {
+    if (m_watcher) {
+        m_watcher->stop();
+    }
+    m_installedSettleDelay = m_context.settings.settleDelay();
+    m_watcher = std::make_unique<DisplayWatcher>(m_installedSettleDelay, m_context.ports.displays,
+                                                 m_context.ports.mainQueue);
+    m_watcher->onChangeBegan = [this, epoch = ++m_watcherEpoch] {
+        if (epoch == m_watcherEpoch) {
+            changeBegan();
+        }
+    };
+    m_watcher->onSettledChange = [this, epoch = m_watcherEpoch](const std::string& configID,
+                                                                const std::vector<DisplayInfo>& displays) {
+        if (epoch == m_watcherEpoch) {
+            handleSettledChange(configID, displays);
+        }
+    };
+    m_watcher->start();
+}
+
+void DisplayChangeFlow::applySettleDelay() {
+    const double delay = m_context.settings.settleDelay();
+    if (!m_watcher || delay == m_installedSettleDelay) {
+        return;
+    }
+    m_context.log(fmt::format("settleDelay changed to {:#}: reinstalling watcher", delay));
+    installWatcher();
+    if (m_context.displaysChanging) {
+        // The old watcher would have told when this change has settled.
+        m_watcher->handleReconfigurationEvent();
+    }
+}
+
+void DisplayChangeFlow::changeBegan() {
+    m_context.snapshotsSuspended = true;
+    m_context.displaysChanging = true;
+    ++m_context.resumeEpoch;
+    m_runner.abandonMoves();
+    m_learning.adoptPreChangeSnapshotIfNeeded();
+}
+
+void DisplayChangeFlow::handleSettledChange(const std::string& configID,
+                                            const std::vector<DisplayInfo>& displays) {
+    m_context.displaysChanging = false;
+    m_context.showDesk(configID, displays);
+    m_context.log(ControllerText::displaySettled(configID, displays));
+    m_context.endRestoredPhase();
+    restoreIfWanted();
+    scheduleSnapshotResume(resumeDelay);
+}
+
+void DisplayChangeFlow::restoreIfWanted() {
+    if (!m_context.settings.autoRestore() || !m_context.state().enabled || !m_context.entitledToRun() ||
+        !m_context.ports.accessibility.isTrusted()) {
+        return;
+    }
+    const auto layout = m_context.layoutToRestore();
+    if (!layout || layout->windows.empty()) {
+        return;
+    }
+    m_runner.perform({.layout = *layout,
+                      .displays = m_context.state().displays,
+                      .reason = "display change",
+                      .trigger = RestoreTrigger::automatic,
+                      .announcement = Announcement::announce});
+}
+
+void DisplayChangeFlow::scheduleSnapshotResume(double seconds) {
+    m_resume = m_context.ports.mainQueue.after(seconds, [this, epoch = m_context.resumeEpoch] {
+        // While displays are changing, their settling schedules the next resume.
+        if (epoch == m_context.resumeEpoch && !m_context.displaysChanging) {
+            m_context.snapshotsSuspended = false;
+        }
+    });
+}
+
+} // namespace vantrel

@@ -1,0 +1,59 @@
+// Learns the desk: captures it at every tick, remembers what has stood still, and keeps the last capture of a
+// desk that is being left.
+#pragma once
+
+#include "Vantrel/controller/ControllerContext.h"
+#include "Vantrel/controller/SaveOutcome.h"
+#include "VantrelCore/displays/SnapshotStabilityGate.h"
+#include "VantrelCore/model/PreChangeSnapshot.h"
+
+#include <functional>
+#include <optional>
+
+namespace vantrel {
+
+class LearningFlow {
+public:
+    // A capture must be seen this many times in a row before it is learned.
+    static constexpr int requiredObservations = 4;
+    // A capture older than this, in seconds, does not show the desk before a change any more.
+    static constexpr double maxPreChangeAge = 45;
+
+    explicit LearningFlow(ControllerContext& context) : m_context(context) {}
+
+    // Captures in the background unless anything stands against it. Calls `onUnannouncedChange` when the
+    // displays are not the ones that last settled.
+    void snapshotIfChanged();
+    std::function<void()> onUnannouncedChange;
+
+    // A display change begins: the last capture becomes the layout of the desk that is being left.
+    void adoptPreChangeSnapshotIfNeeded();
+
+    // Remembers the desk as it stands, pinned or not. `done` is called once, on the main thread.
+    void saveLayoutNow(std::function<void(const SaveOutcome&)> done);
+
+private:
+    using Picture = DeskCapture::Picture;
+    struct Epochs {
+        std::int64_t resume = 0;
+        std::int64_t mutation = 0;
+        bool operator==(const Epochs&) const = default;
+    };
+
+    [[nodiscard]] Epochs epochs() const { return {m_context.resumeEpoch, m_context.mutationEpoch}; }
+    [[nodiscard]] bool mayCapture();
+    [[nodiscard]] std::optional<SaveOutcome> hindranceToSaving();
+    void capture(WorkPriority priority, const std::vector<DisplayInfo>& displays,
+                 std::function<void(const Picture&)> done);
+    void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
+    [[nodiscard]] SaveOutcome finishSave(const Picture& picture, const std::vector<DisplayInfo>& displays);
+    [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
+
+    ControllerContext& m_context;
+    SnapshotStabilityGate m_stabilityGate{requiredObservations};
+    std::optional<PreChangeSnapshot::Candidate> m_lastTickSnapshot;
+    // When it was taken; a restore since then makes it worthless.
+    Epochs m_lastTickEpochs;
+};
+
+} // namespace vantrel

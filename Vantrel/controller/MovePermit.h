@@ -1,0 +1,27 @@
+// The right to move windows, given to one restore and taken back when the desk it was meant for is gone:
+// what a late worker still asks of a window then fails at once instead of moving it off the new desk.
+#pragma once
+
+#include "VantrelCore/windows/CurrentWindow.h"
+
+#include <atomic>
+#include <memory>
+#include <vector>
+
+namespace vantrel {
+
+// Revoked on the main thread, asked on workers.
+class MovePermit {
+public:
+    void revoke() { m_isRevoked = true; }
+    [[nodiscard]] bool isRevoked() const { return m_isRevoked; }
+
+private:
+    std::atomic<bool> m_isRevoked = false;
+};
+
+// The same windows; once the permit is revoked, their reads give nothing and their writes are refused.
+[[nodiscard]] std::vector<CurrentWindow> underPermit(std::vector<CurrentWindow> windows,
+                                                     const std::shared_ptr<const MovePermit>& permit);
+
+} // namespace vantrel

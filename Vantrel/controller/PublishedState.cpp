@@ -1,0 +1,18 @@
+#include "Vantrel/controller/PublishedState.h"
+
+#include <algorithm>
+
+namespace vantrel {
+
+const Layout* PublishedState::activeLayout() const {
+    const auto found = std::ranges::find(currentLayouts, activeLayoutName, &Layout::layoutName);
+    return found == currentLayouts.end() ? nullptr : &*found;
+}
+
+std::optional<std::int64_t> PublishedState::windowsLearned() const {
+    const Layout* layout = activeLayout();
+    return layout != nullptr ? std::optional(static_cast<std::int64_t>(layout->windows.size()))
+                             : std::nullopt;
+}
+
+} // namespace vantrel

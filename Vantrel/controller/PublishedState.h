@@ -1,0 +1,53 @@
+// Everything that the controller shows to menus, windows and commands.
+#pragma once
+
+#include "Vantrel/controller/Phase.h"
+#include "VantrelCore/model/Layout.h"
+#include "VantrelCore/windows/RestoreReport.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct PublishedState {
+    struct LastRestore {
+        Date date;
+        std::string configID;
+        // What asked for it, in words: "display change".
+        std::string reason;
+        RestoreReport report;
+
+        bool operator==(const LastRestore&) const = default;
+    };
+
+    Phase phase;
+    // Learning and restoring are switched on by the user.
+    bool enabled = true;
+    // Whether this process may read and move windows, as last looked.
+    bool hasPermission = false;
+    // The current desk; empty while there are no displays.
+    std::string configID;
+    std::string configName;
+    // The desk as the user named it, and the layout's name where it is not "Default".
+    std::string layoutTitle;
+    std::vector<DisplayInfo> displays;
+    // Counts the changes of the layout store.
+    std::int64_t layoutsVersion = 0;
+    // The stored layouts of the current desk.
+    std::vector<Layout> currentLayouts;
+    std::string activeLayoutName = Layout::defaultName;
+    bool activePinned = false;
+    std::optional<LastRestore> lastRestore;
+    std::string version;
+
+    bool operator==(const PublishedState&) const = default;
+
+    // The windows remembered in the active layout of the current desk, none without such a layout.
+    [[nodiscard]] std::optional<std::int64_t> windowsLearned() const;
+    [[nodiscard]] const Layout* activeLayout() const;
+};
+
+} // namespace vantrel

@@ -1,0 +1,47 @@
+// Keeps the published state and tells its observers when it has changed.
+#pragma once
+
+#include "Vantrel/controller/PublishedState.h"
+#include "VantrelCore/ports/MainQueue.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace vantrel {
+
+// Lives on the main thread. Observers are called from the main queue soon after a change, once for all
+// changes of one turn, so they may call the controller back without finding it half-way.
+class Publisher {
+public:
+    using ObserverID = std::uint64_t;
+
+    explicit Publisher(MainQueue& queue) : m_queue(queue) {}
+
+    [[nodiscard]] const PublishedState& state() const { return m_state; }
+
+    template <typename Change>
+    void publish(Change&& change) {
+        PublishedState changed = m_state;
+        std::forward<Change>(change)(changed);
+        replace(std::move(changed));
+    }
+
+    ObserverID add(std::function<void()> observer);
+    void remove(ObserverID id);
+
+private:
+    void replace(PublishedState changed);
+    void notify();
+
+    MainQueue& m_queue;
+    PublishedState m_state;
+    std::map<ObserverID, std::function<void()>> m_observers;
+    ObserverID m_lastID = 0;
+    bool m_isNotifying = false;
+    // Expires with the publisher, so that a notification under way finds nobody.
+    std::shared_ptr<Publisher*> m_self = std::make_shared<Publisher*>(this);
+};
+
+} // namespace vantrel

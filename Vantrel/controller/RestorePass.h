@@ -1,0 +1,32 @@
+// The background part of a restore: wait for the window system, capture, pair and move.
+#pragma once
+
+#include "Vantrel/controller/DeskCapture.h"
+#include "Vantrel/controller/MovePermit.h"
+#include "Vantrel/controller/RestoreFollowUp.h"
+#include "Vantrel/controller/RestoreRequest.h"
+
+#include <memory>
+
+namespace vantrel::RestorePass {
+
+// Values only, so that a worker can own it.
+struct Task {
+    RestoreRequest request;
+    RestoreEngine::Options options;
+    DeskCapture::Scope scope;
+    std::shared_ptr<const MovePermit> permit;
+};
+
+struct Result {
+    RestoreReport report;
+    // The windows that the restore brought to their places.
+    std::vector<RestoreFollowUp::Landed> landed;
+    // The permit was revoked before the end: the report does not tell how the desk stands.
+    bool isAbandoned = false;
+};
+
+[[nodiscard]] Result run(const Task& task, Accessibility& accessibility, Clock& clock,
+                         Background& background);
+
+} // namespace vantrel::RestorePass

@@ -1,0 +1,30 @@
+// One restore that somebody asked for: waiting for its turn, or running.
+#pragma once
+
+#include "VantrelCore/model/Layout.h"
+#include "VantrelCore/windows/RestoreEngine.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+enum class Announcement : std::uint8_t { silent, announce };
+
+// Who started it: a display change, after which the window manager may still be moving windows, or a person.
+enum class RestoreTrigger : std::uint8_t { automatic, manual };
+
+struct RestoreRequest {
+    // With the user's rules applied.
+    Layout layout;
+    std::vector<DisplayInfo> displays;
+    // In words, for log and history: "display change".
+    std::string reason;
+    RestoreTrigger trigger = RestoreTrigger::manual;
+    Announcement announcement = Announcement::silent;
+    std::optional<std::string> sceneName = std::nullopt;
+    RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
+};
+
+} // namespace vantrel

@@ -1,0 +1,106 @@
+#include "Vantrel/controller/RestoreRunner.h"
+
+#include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/windows/RuleApplication.h"
+
+#include <utility>
+
+namespace vantrel {
+
+RestoreRunner::RestoreRunner(ControllerContext& context) : m_context(context), m_followUp(context) {
+    m_context.onPassEnded = [this] { runPending(); };
+}
+
+void RestoreRunner::perform(RestoreRequest request) {
+    if (m_context.restoreInFlight) {
+        m_context.log("restore queued: another restore is in flight");
+        m_pending = std::move(request);
+    } else if (m_context.axWorkInFlight()) {
+        m_context.log("restore queued: a capture is in flight");
+        m_pending = std::move(request);
+    } else {
+        start(std::move(request));
+    }
+}
+
+void RestoreRunner::abandonMoves() {
+    m_followUp.end();
+    m_context.movePermit->revoke();
+}
+
+void RestoreRunner::start(RestoreRequest request) {
+    if (request.layout.configID != m_context.state().configID || !m_context.isDeskCurrent()) {
+        m_context.log("restore dropped: the displays have changed");
+        m_context.refreshStatus();
+        return;
+    }
+    if (!m_context.state().enabled || !m_context.entitledToRun()) {
+        m_context.log("restore dropped: restoring is switched off");
+        m_context.refreshStatus();
+        return;
+    }
+    abandonMoves();
+    m_context.movePermit = std::make_shared<MovePermit>();
+    m_context.restoreInFlight = true;
+    ++m_context.mutationEpoch;
+    m_context.showPhase({Phase::Restoring{static_cast<std::int64_t>(request.layout.windows.size())}});
+    if (request.announcement == Announcement::announce) {
+        m_context.announce(HUD::Restoring{});
+    }
+
+    const bool doesSizes = m_context.settings.restoreSizes();
+    RestorePass::Task task{
+        .request = std::move(request),
+        .options = {.sizes = doesSizes ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave,
+                    .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
+        .scope = {},
+        .permit = m_context.movePermit};
+    task.options.raising = task.request.raising;
+    task.scope = m_context.captureScope(task.request.displays);
+    m_context.inBackground(
+        WorkPriority::userInitiated,
+        [task, ports = m_context.ports] {
+            return RestorePass::run(task, ports.accessibility, ports.clock, ports.background);
+        },
+        [this, request = task.request](RestorePass::Result result) { finish(request, std::move(result)); });
+}
+
+void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result result) {
+    m_context.restoreInFlight = false;
+    ++m_context.mutationEpoch;
+    if (result.isAbandoned) {
+        m_context.log("restore abandoned: the displays changed meanwhile");
+        m_context.showPhase({});
+        m_context.refreshStatus();
+    } else {
+        publishReport(request, result.report);
+        if (request.trigger == RestoreTrigger::automatic) {
+            m_followUp.begin(std::move(result.landed));
+        }
+    }
+    runPending();
+}
+
+void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreReport& report) {
+    m_context.log(ControllerText::restoreReport(report));
+    const auto restored = static_cast<std::int64_t>(report.restoredCount());
+    m_context.publisher.publish([&](PublishedState& state) {
+        state.lastRestore = PublishedState::LastRestore{.date = m_context.ports.clock.now(),
+                                                        .configID = request.layout.configID,
+                                                        .reason = request.reason,
+                                                        .report = report};
+    });
+    m_context.showPhase({Phase::Restored{restored, report.elapsed}});
+    m_context.refreshStatus();
+    if (request.announcement == Announcement::announce) {
+        m_context.announce(HUD::Done{restored, report.elapsed});
+    }
+}
+
+void RestoreRunner::runPending() {
+    if (m_pending && !m_context.restoreInFlight && !m_context.axWorkInFlight()) {
+        start(*std::exchange(m_pending, std::nullopt));
+    }
+}
+
+} // namespace vantrel

@@ -1,0 +1,34 @@
+// The one way to move windows: runs one restore at a time and keeps the newest request that came meanwhile.
+#pragma once
+
+#include "Vantrel/controller/ControllerContext.h"
+#include "Vantrel/controller/RestoreFollowUpFlow.h"
+#include "Vantrel/controller/RestorePass.h"
+
+#include <optional>
+
+namespace vantrel {
+
+class RestoreRunner {
+public:
+    explicit RestoreRunner(ControllerContext& context);
+
+    // Starts at once, or after the restore or pass that is running, in place of any request that waits
+    // already. A request whose desk is gone when its turn comes is dropped.
+    void perform(RestoreRequest request);
+
+    // The desk is going away: what still moves windows for it stops.
+    void abandonMoves();
+
+private:
+    void start(RestoreRequest request);
+    void finish(const RestoreRequest& request, RestorePass::Result result);
+    void publishReport(const RestoreRequest& request, const RestoreReport& report);
+    void runPending();
+
+    ControllerContext& m_context;
+    RestoreFollowUpFlow m_followUp;
+    std::optional<RestoreRequest> m_pending;
+};
+
+} // namespace vantrel

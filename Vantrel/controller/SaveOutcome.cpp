@@ -1,0 +1,31 @@
+#include "Vantrel/controller/SaveOutcome.h"
+
+#include "Vantrel/controller/ControllerText.h"
+
+namespace vantrel {
+
+std::string SaveOutcome::text() const {
+    switch (kind) {
+    case Kind::saved:
+        return ControllerText::windows(windows) + " remembered.";
+    case Kind::restoreInFlight:
+        return "A restore is running. Try again when it has finished.";
+    case Kind::captureInFlight:
+        return "The desk is being read already. Try again in a moment.";
+    case Kind::displaysChanging:
+        return "The displays are changing. Try again when they have settled.";
+    case Kind::noDisplays:
+        return "There is no display.";
+    case Kind::needsPermission:
+        return "The permission to read and move windows is missing.";
+    case Kind::notEntitled:
+        return "The license does not allow it.";
+    case Kind::nothingToSave:
+        return "There is no window to remember on this desk.";
+    case Kind::writeFailed:
+        return "The layout could not be written to disk. Nothing was changed.";
+    }
+    return "";
+}
+
+} // namespace vantrel

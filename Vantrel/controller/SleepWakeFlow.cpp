@@ -1,0 +1,68 @@
+#include "Vantrel/controller/SleepWakeFlow.h"
+
+namespace vantrel {
+
+namespace {
+
+// A pinned layout counts as drifted when a window is off by more than this many points.
+constexpr double driftTolerance = 2;
+
+} // namespace
+
+void SleepWakeFlow::willSleep() {
+    m_context.snapshotsSuspended = true;
+    m_context.log("willSleep: snapshots suspended");
+}
+
+void SleepWakeFlow::handleWake() {
+    m_context.log("didWake: checking pinned layout after settle");
+    ++m_context.resumeEpoch;
+    m_check = m_context.ports.mainQueue.after(m_context.settings.settleDelay() + wakeDelay,
+                                              [this, epoch = m_context.resumeEpoch] {
+                                                  if (epoch == m_context.resumeEpoch) {
+                                                      checkAfterWake();
+                                                  }
+                                                  resumeSnapshots(epoch);
+                                              });
+}
+
+void SleepWakeFlow::resumeSnapshots(std::int64_t epoch) {
+    // While displays are changing, their settling schedules the resume.
+    if (epoch == m_context.resumeEpoch && !m_context.displaysChanging) {
+        m_context.snapshotsSuspended = false;
+    }
+}
+
+void SleepWakeFlow::checkAfterWake() {
+    if (!m_context.state().activePinned || !m_context.state().enabled || !m_context.entitledToRun() ||
+        m_context.restoreInFlight || m_context.axWorkInFlight() ||
+        !m_context.ports.accessibility.isTrusted() || !m_context.isDeskCurrent()) {
+        return;
+    }
+    const auto displays = m_context.currentDisplays();
+    m_context.beginPass();
+    m_context.inBackground(
+        WorkPriority::utility,
+        [scope = m_context.captureScope(displays), ports = m_context.ports] {
+            return DeskCapture::picture(ports.accessibility, ports.clock, scope);
+        },
+        [this, displays, epoch = m_context.resumeEpoch](const DeskCapture::Picture& picture) {
+            if (epoch == m_context.resumeEpoch && m_context.isDeskCurrent()) {
+                restoreIfDrifted(picture, displays);
+            }
+            m_context.endPass();
+        });
+}
+
+void SleepWakeFlow::restoreIfDrifted(const DeskCapture::Picture& picture,
+                                     const std::vector<DisplayInfo>& displays) {
+    const auto pinned = m_context.layoutToRestore();
+    if (!m_context.state().activePinned || !pinned ||
+        m_context.layoutOf(picture, displays).geometryMatches(*pinned, driftTolerance)) {
+        return;
+    }
+    m_context.log("didWake: pinned layout drifted, restoring");
+    m_runner.perform({.layout = *pinned, .displays = displays, .reason = "pinned enforcement"});
+}
+
+} // namespace vantrel
