@@ -1,0 +1,14 @@
+// Under which names the running program is reached on the session bus.
+#pragma once
+
+namespace vantrel::ControlNames {
+
+inline constexpr const char* service = "org.vantrel.Vantrel";
+inline constexpr const char* path = "/org/vantrel/Vantrel";
+inline constexpr const char* interface = "org.vantrel.Vantrel";
+
+// Errors of the methods; the message is a sentence for the user.
+inline constexpr const char* refused = "org.vantrel.Error.Refused";
+inline constexpr const char* superseded = "org.vantrel.Error.Superseded";
+
+} // namespace vantrel::ControlNames

@@ -1,0 +1,52 @@
+#include "Vantrel/commands/StatusMessage.h"
+
+#include "VantrelCore/model/JsonCoding.h"
+
+namespace vantrel {
+
+using namespace JsonCoding;
+
+void to_json(nlohmann::json& json, const PhaseMessage& phase) {
+    json = {{"name", phase.name}, {"text", phase.text}};
+    put(json, "windows", phase.windows);
+    put(json, "seconds", phase.seconds);
+}
+
+void from_json(const nlohmann::json& json, PhaseMessage& phase) {
+    phase.name = required<std::string>(json, "name");
+    phase.windows = optional<std::int64_t>(json, "windows");
+    phase.seconds = optional<double>(json, "seconds");
+    phase.text = required<std::string>(json, "text");
+}
+
+void to_json(nlohmann::json& json, const StatusMessage& status) {
+    json = {{"version", status.version},
+            {"phase", status.phase},
+            {"enabled", status.enabled},
+            {"configID", status.configID},
+            {"configName", status.configName},
+            {"activeLayoutName", status.activeLayoutName},
+            {"activePinned", status.activePinned},
+            {"layoutNames", status.layoutNames},
+            {"displays", status.displays},
+            {"supportDirectory", status.supportDirectory}};
+    put(json, "savedWindows", status.savedWindows);
+    put(json, "savedAt", status.savedAt);
+}
+
+void from_json(const nlohmann::json& json, StatusMessage& status) {
+    status.version = required<std::string>(json, "version");
+    status.phase = required<PhaseMessage>(json, "phase");
+    status.enabled = required<bool>(json, "enabled");
+    status.configID = required<std::string>(json, "configID");
+    status.configName = required<std::string>(json, "configName");
+    status.activeLayoutName = required<std::string>(json, "activeLayoutName");
+    status.activePinned = required<bool>(json, "activePinned");
+    status.layoutNames = required<std::vector<std::string>>(json, "layoutNames");
+    status.displays = required<std::vector<DisplayInfo>>(json, "displays");
+    status.supportDirectory = required<std::string>(json, "supportDirectory");
+    status.savedWindows = optional<std::int64_t>(json, "savedWindows");
+    status.savedAt = optional<Date>(json, "savedAt");
+}
+
+} // namespace vantrel

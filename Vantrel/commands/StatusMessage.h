@@ -1,0 +1,54 @@
+// What the running program says of itself, as it goes over the session bus.
+#pragma once
+
+#include "VantrelCore/model/Date.h"
+#include "VantrelCore/model/DisplayInfo.h"
+
+#include <cstdint>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct PhaseMessage {
+    // "saved", "restoring", "restored", "off", "empty" or "needsPermission".
+    std::string name;
+    // With saved, restoring and restored.
+    std::optional<std::int64_t> windows;
+    // With restored: how long it took.
+    std::optional<double> seconds;
+    // The same for people.
+    std::string text;
+
+    bool operator==(const PhaseMessage&) const = default;
+};
+
+struct StatusMessage {
+    std::string version;
+    PhaseMessage phase;
+    // Learning and restoring are switched on.
+    bool enabled = false;
+    // The present desk; empty texts while no display is awake.
+    std::string configID;
+    std::string configName;
+    std::string activeLayoutName;
+    bool activePinned = false;
+    // Of the active layout; absent without one.
+    std::optional<std::int64_t> savedWindows;
+    std::optional<Date> savedAt;
+    // The present desk's layouts.
+    std::vector<std::string> layoutNames;
+    std::vector<DisplayInfo> displays;
+    std::string supportDirectory;
+
+    bool operator==(const StatusMessage&) const = default;
+};
+
+void to_json(nlohmann::json& json, const PhaseMessage& phase);
+void from_json(const nlohmann::json& json, PhaseMessage& phase);
+void to_json(nlohmann::json& json, const StatusMessage& status);
+void from_json(const nlohmann::json& json, StatusMessage& status);
+
+} // namespace vantrel

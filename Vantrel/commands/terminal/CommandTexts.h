@@ -1,0 +1,26 @@
+// What vantrelctl prints for people: status, report and desks as lines no wider than the terminal.
+#pragma once
+
+#include "Vantrel/commands/DesksMessage.h"
+#include "Vantrel/commands/StatusMessage.h"
+#include "Vantrel/commands/terminal/DeskDrawing.h"
+#include "VantrelCore/windows/RestoreReport.h"
+
+#include <functional>
+#include <string>
+
+namespace vantrel::CommandTexts {
+
+// A date as the user's wall clock shows it.
+using DateText = std::function<std::string(Date)>;
+
+[[nodiscard]] std::string status(const StatusMessage& status, const DeskDrawing::Options& options,
+                                 const DateText& dateText);
+
+// The counts in a sentence, then a line for every window, those that did not go back first.
+[[nodiscard]] std::string report(const RestoreReport& report, const DeskDrawing::Options& options);
+
+[[nodiscard]] std::string desks(const DesksMessage& message, const DeskDrawing::Options& options,
+                                const DateText& dateText);
+
+} // namespace vantrel::CommandTexts

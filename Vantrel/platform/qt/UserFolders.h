@@ -1,0 +1,14 @@
+// Where the program keeps its files for this user.
+#pragma once
+
+#include <filesystem>
+
+namespace vantrel::UserFolders {
+
+// The application-support folder: $XDG_DATA_HOME/Vantrel (~/.local/share/Vantrel when unset).
+[[nodiscard]] std::filesystem::path supportDirectory();
+
+// $XDG_CONFIG_HOME/vantrel/settings.conf (~/.config/vantrel/settings.conf when unset).
+[[nodiscard]] std::filesystem::path settingsFile();
+
+} // namespace vantrel::UserFolders

@@ -1,0 +1,90 @@
+#include "Vantrel/commands/terminal/CommandTexts.h"
+
+#include <gtest/gtest.h>
+
+using namespace vantrel;
+
+namespace {
+
+std::string dateText(Date date) {
+    return iso8601Text(date);
+}
+
+RestoreReport exampleReport() {
+    using Kind = RestoreReport::Kind;
+    RestoreReport report;
+    report.elapsed = 0.124;
+    report.items = {{"Editor", "org.editor", "notes", {Kind::restored, ""}},
+                    {"Terminal", "org.term", "", {Kind::retried, ""}},
+                    {"Mail", "org.mail", "Inbox", {Kind::skipped, "not running"}},
+                    {"Game", "org.game", "Level 1", {Kind::failed, "app rejected the move"}}};
+    return report;
+}
+
+} // namespace
+
+TEST(CommandTexts, AReportNamesFirstWhatDidNotGoBack) {
+    EXPECT_EQ(CommandTexts::report(exampleReport(), {}),
+              "Restored 2 of 4 windows in 0.12 s, 1 after a retry, 1 skipped, 1 failed.\n"
+              "  failed    Game                  app rejected the move: Level 1\n"
+              "  skipped   Mail                  not running: Inbox\n"
+              "  retried   Terminal\n"
+              "  restored  Editor                notes\n");
+}
+
+TEST(CommandTexts, AReportKeepsToItsColumns) {
+    EXPECT_EQ(CommandTexts::report(exampleReport(), {.columns = 40}),
+              "Restored 2 of 4 windows in 0.12 s, 1 after a retry, 1 skipped, 1 failed.\n"
+              "  failed    Game                  app r…\n"
+              "  skipped   Mail                  not r…\n"
+              "  retried   Terminal\n"
+              "  restored  Editor                notes\n");
+}
+
+TEST(CommandTexts, AnEmptyReportSaysSo) {
+    EXPECT_EQ(CommandTexts::report({}, {}), "The saved layout holds no windows.\n");
+}
+
+TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
+    StatusMessage status;
+    status.phase = {.name = "saved", .windows = 1, .seconds = {}, .text = "1 window remembered"};
+    status.configID = "c";
+    status.configName = "Monitor + Laptop";
+    status.activeLayoutName = "Reading";
+    status.activePinned = true;
+    status.savedWindows = 1;
+    status.savedAt = dateFromIso8601("2025-03-01T08:15:00Z");
+    status.layoutNames = {"Default", "Reading"};
+    status.displays.resize(2);
+    status.displays[0].name = "Laptop";
+    status.displays[0].frame = {{0, 0}, {1920, 1200}};
+    status.displays[1].name = "Monitor";
+    status.displays[1].frame = {{1920, -240}, {2560, 1440}};
+    status.supportDirectory = "/data/Vantrel";
+    EXPECT_EQ(CommandTexts::status(status, {}, dateText),
+              "state     1 window remembered\n"
+              "desk      Monitor + Laptop\n"
+              "layout    Reading · 1 window · saved 2025-03-01T08:15:00Z · pinned\n"
+              "layouts   Default, Reading\n"
+              "displays  Laptop 1920x1200 at 0,0\n"
+              "          Monitor 2560x1440 at 1920,-240\n"
+              "files     /data/Vantrel\n");
+}
+
+TEST(CommandTexts, DesksNameTheirOtherLayouts) {
+    Layout shown;
+    shown.layoutName = "Default";
+    Layout other = shown;
+    other.layoutName = "Reading";
+    other.pinned = true;
+    other.windows.resize(2);
+    const DesksMessage message{{{"c", "Here", true, "Default", {shown, other}}, {"d", "There", false, "", {}}}};
+    EXPECT_EQ(CommandTexts::desks(message, {.columns = 80, .rows = 30,
+                                            .characters = DeskDrawing::Characters::ascii}, dateText),
+              "Here (this desk)\n"
+              "Default, 0 windows, saved 1970-01-01T00:00:00Z\n"
+              "also: Reading, 2 windows, saved 1970-01-01T00:00:00Z, pinned\n"
+              "\n"
+              "There\n"
+              "no layout saved yet\n");
+}

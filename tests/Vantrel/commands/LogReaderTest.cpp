@@ -1,0 +1,68 @@
+#include "Vantrel/commands/terminal/LogReader.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+using namespace vantrel;
+
+namespace {
+
+class LogReaderTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (std::filesystem::temp_directory_path() / "vantrel-log-XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        m_folder = pattern;
+    }
+
+    void TearDown() override { std::filesystem::remove_all(m_folder); }
+
+    [[nodiscard]] std::filesystem::path log() const { return m_folder / "app.log"; }
+
+    [[nodiscard]] std::filesystem::path older() const { return m_folder / "app.log.1"; }
+
+    static void append(const std::filesystem::path& file, const std::string& text) {
+        std::ofstream(file, std::ios::app) << text;
+    }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+} // namespace
+
+TEST_F(LogReaderTest, GivesTheLastLines) {
+    append(log(), "a\nb\n\nc");
+    struct Case {
+        std::size_t count;
+        const char* text;
+    };
+    for (const auto& [count, text] : {Case{0, ""}, Case{1, "c"}, Case{2, "\nc"}, Case{3, "b\n\nc"},
+                                      Case{4, "a\nb\n\nc"}, Case{100, "a\nb\n\nc"}}) {
+        EXPECT_EQ(LogReader(log()).lastLines(count), text) << count;
+    }
+}
+
+TEST_F(LogReaderTest, ReachesBackIntoTheOlderGeneration) {
+    append(older(), "a\nb\n");
+    append(log(), "c\n");
+    EXPECT_EQ(LogReader(log()).lastLines(2), "b\nc\n");
+    EXPECT_EQ(LogReader(log()).lastLines(1), "c\n");
+}
+
+TEST_F(LogReaderTest, FollowsWhatIsAddedAcrossTheChangeOfGeneration) {
+    LogReader reader(log());
+    EXPECT_EQ(reader.lastLines(5), "");
+    EXPECT_EQ(reader.appended(), "");
+    append(log(), "one line\n");
+    EXPECT_EQ(reader.appended(), "one line\n");
+    EXPECT_EQ(reader.appended(), "");
+    append(log(), "unread before\n");
+    std::filesystem::rename(log(), older());
+    EXPECT_EQ(reader.appended(), "");
+    append(log(), "new\n");
+    EXPECT_EQ(reader.appended(), "unread before\nnew\n");
+    EXPECT_EQ(reader.appended(), "");
+}
