@@ -24,13 +24,14 @@ enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, notRunning
 
 enum class Format : std::uint8_t { text, json };
 
-constexpr const char* footer =
-    "Exit codes: 0 done, 1 failed (or a window did not go back), 2 wrong usage, 3 vantrel is not running.\n"
-    "Examples:\n"
-    "  vantrelctl save            remember the windows where they stand now\n"
-    "  vantrelctl restore         put them back, and say what became of each\n"
-    "  vantrelctl desks           draw every desk that is remembered\n"
-    "  vantrelctl log --follow    watch what vantrel does";
+constexpr const char* exitCodes =
+    "Exit codes: 0 done, 1 failed (or a window did not go back), 2 wrong usage, 3 vantrel is not running.";
+
+constexpr const char* examples = "Examples:\n"
+                                 "  vantrelctl save            remember the windows where they stand now\n"
+                                 "  vantrelctl restore         put them back, and say what became of each\n"
+                                 "  vantrelctl desks           draw every desk that is remembered\n"
+                                 "  vantrelctl log --follow    watch what vantrel does";
 
 void print(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stdout);
@@ -146,28 +147,44 @@ ExitCode log(std::size_t lines, Following following) {
 
 int main(int argumentCount, char** arguments) {
     CLI::App app("Asks the running vantrel about this desk, has it save and restore.", "vantrelctl");
-    app.footer(footer);
+    app.footer(std::string(exitCodes) + "\n" + examples);
     app.set_version_flag("--version", "vantrelctl " VANTREL_VERSION);
     app.require_subcommand(1);
     app.get_formatter()->column_width(26);
 
     bool asJson = false;
     const auto jsonCommand = [&](const char* name, const char* description) {
-        auto* const added = app.add_subcommand(name, description);
+        auto* const added = app.add_subcommand(name, description)->footer(exitCodes);
         added->add_flag("--json", asJson, "Print JSON, for programs");
         return added;
     };
-    const auto* const statusCommand = jsonCommand("status", "Say which desk this is and what vantrel is doing");
-    const auto* const saveCommand = jsonCommand("save", "Remember the windows of this desk as they stand now");
+    const auto* const statusCommand =
+        jsonCommand("status", "Say which desk this is and what vantrel is doing");
+    const auto* const saveCommand =
+        jsonCommand("save", "Remember the windows of this desk as they stand now");
     const auto* const restoreCommand =
         jsonCommand("restore", "Put the windows of this desk back, wait, and report on every window");
     const auto* const desksCommand = jsonCommand("desks", "Draw every remembered desk with its windows");
     auto* const logCommand = app.add_subcommand("log", "Print the end of vantrel's log");
+    logCommand->footer(exitCodes);
     std::size_t lines = 20;
     bool follow = false;
     logCommand->add_option("-n,--lines", lines, "How many lines")->capture_default_str();
     logCommand->add_flag("-f,--follow", follow, "Go on printing what is added, until interrupted");
 
+    if (argumentCount < 2) {
+        fmt::print(stderr, "{}", app.help());
+        return static_cast<int>(ExitCode::usage);
+    }
+    if (const std::string name = arguments[1];
+        !name.starts_with('-') &&
+        app.get_subcommands([&](const CLI::App* known) { return known->get_name() == name; }).empty()) {
+        return static_cast<int>(complain(
+            fmt::format("There is no command \"{}\". See: vantrelctl --help", name), ExitCode::usage));
+    }
+    app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
+        return fmt::format("vantrelctl: {}. See: vantrelctl --help\n", error.what());
+    });
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {

@@ -20,16 +20,11 @@ void from_json(const nlohmann::json& json, PhaseMessage& phase) {
 }
 
 void to_json(nlohmann::json& json, const StatusMessage& status) {
-    json = {{"version", status.version},
-            {"phase", status.phase},
-            {"enabled", status.enabled},
-            {"configID", status.configID},
-            {"configName", status.configName},
-            {"activeLayoutName", status.activeLayoutName},
-            {"activePinned", status.activePinned},
-            {"layoutNames", status.layoutNames},
-            {"displays", status.displays},
-            {"supportDirectory", status.supportDirectory}};
+    json = {{"version", status.version},           {"phase", status.phase},
+            {"enabled", status.enabled},           {"configID", status.configID},
+            {"configName", status.configName},     {"activeLayoutName", status.activeLayoutName},
+            {"activePinned", status.activePinned}, {"layoutNames", status.layoutNames},
+            {"displays", status.displays},         {"supportDirectory", status.supportDirectory}};
     put(json, "savedWindows", status.savedWindows);
     put(json, "savedAt", status.savedAt);
 }

@@ -50,16 +50,19 @@ std::string layoutLine(const std::string& name, std::int64_t windows, const std:
 }
 
 std::string layoutLine(const Layout& layout, const DeskDrawing::Options& options, const DateText& dateText) {
-    return layoutLine(layout.layoutName, static_cast<std::int64_t>(layout.windows.size()), dateText(layout.savedAt),
-                      layout.isPinned() ? Pin::pinned : Pin::none, separator(options));
+    return layoutLine(layout.layoutName, static_cast<std::int64_t>(layout.windows.size()),
+                      dateText(layout.savedAt), layout.isPinned() ? Pin::pinned : Pin::none,
+                      separator(options));
 }
 
 } // namespace
 
-std::string status(const StatusMessage& status, const DeskDrawing::Options& options, const DateText& dateText) {
+std::string status(const StatusMessage& status, const DeskDrawing::Options& options,
+                   const DateText& dateText) {
     std::string text;
     const auto line = [&](std::string_view label, const std::string& value) {
-        text += TextCells::fitted(fmt::format("{:<9} {}", label, value), options.columns, ellipsis(options)) + '\n';
+        text += TextCells::fitted(fmt::format("{:<9} {}", label, value), options.columns, ellipsis(options)) +
+                '\n';
     };
     line("state", status.phase.text);
     if (status.configID.empty()) {
@@ -91,9 +94,9 @@ std::string report(const RestoreReport& report, const DeskDrawing::Options& opti
     }
     const auto retried = std::ranges::count(report.items, RestoreReport::Kind::retried,
                                             [](const auto& item) { return item.outcome.kind; });
-    std::string text = fmt::format("Restored {} of {} in {:.2f} s", report.restoredCount(),
-                                   counted(static_cast<std::int64_t>(report.expectedCount()), "window"),
-                                   report.elapsed);
+    std::string text =
+        fmt::format("Restored {} of {} in {:.2f} s", report.restoredCount(),
+                    counted(static_cast<std::int64_t>(report.expectedCount()), "window"), report.elapsed);
     if (retried > 0) {
         text += fmt::format(", {} after a retry", retried);
     }
@@ -121,7 +124,8 @@ std::string report(const RestoreReport& report, const DeskDrawing::Options& opti
     return text;
 }
 
-std::string desks(const DesksMessage& message, const DeskDrawing::Options& options, const DateText& dateText) {
+std::string desks(const DesksMessage& message, const DeskDrawing::Options& options,
+                  const DateText& dateText) {
     std::string text;
     for (const auto& desk : message.desks) {
         if (!text.empty()) {
@@ -135,7 +139,8 @@ std::string desks(const DesksMessage& message, const DeskDrawing::Options& optio
             text += "no layout saved yet\n";
             continue;
         }
-        text += TextCells::fitted(layoutLine(*shown, options, dateText), options.columns, ellipsis(options)) + '\n';
+        text += TextCells::fitted(layoutLine(*shown, options, dateText), options.columns, ellipsis(options)) +
+                '\n';
         text += DeskDrawing::drawing(shown->displays, shown->windows, options);
         text += DeskDrawing::windowList(shown->displays, shown->windows, options);
         for (const auto& layout : desk.layouts) {

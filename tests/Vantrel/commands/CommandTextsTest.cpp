@@ -78,9 +78,11 @@ TEST(CommandTexts, DesksNameTheirOtherLayouts) {
     other.layoutName = "Reading";
     other.pinned = true;
     other.windows.resize(2);
-    const DesksMessage message{{{"c", "Here", true, "Default", {shown, other}}, {"d", "There", false, "", {}}}};
-    EXPECT_EQ(CommandTexts::desks(message, {.columns = 80, .rows = 30,
-                                            .characters = DeskDrawing::Characters::ascii}, dateText),
+    const DesksMessage message{
+        {{"c", "Here", true, "Default", {shown, other}}, {"d", "There", false, "", {}}}};
+    EXPECT_EQ(CommandTexts::desks(message,
+                                  {.columns = 80, .rows = 30, .characters = DeskDrawing::Characters::ascii},
+                                  dateText),
               "Here (this desk)\n"
               "Default, 0 windows, saved 1970-01-01T00:00:00Z\n"
               "also: Reading, 2 windows, saved 1970-01-01T00:00:00Z, pinned\n"

@@ -1,7 +1,7 @@
 #include "VantrelCore/windows/AXWindowHandle.h"
 
-#include "ScriptedWindow.h"
 #include "VantrelCore/windows/AXApps.h"
+#include "tests/VantrelCore/windows/ScriptedWindow.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

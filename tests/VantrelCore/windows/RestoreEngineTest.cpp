@@ -1,7 +1,7 @@
 #include "VantrelCore/windows/RestoreEngine.h"
 
-#include "ScriptedWindow.h"
 #include "VantrelCore/windows/RestoreOrder.h"
+#include "tests/VantrelCore/windows/ScriptedWindow.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "VantrelCore/windows/WindowMatcher.h"
 
-#include "PlainMatcher.h"
+#include "tests/VantrelCore/windows/PlainMatcher.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
