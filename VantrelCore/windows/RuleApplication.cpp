@@ -13,16 +13,11 @@ const DisplayInfo* displayOf(const std::string& uuid, const std::vector<DisplayI
     return found == displays.end() ? nullptr : &*found;
 }
 
-void keepOnDisplay(const std::string& bundleID, const DisplayInfo& target, Layout& layout) {
-    for (WindowRecord& window : layout.windows) {
-        if (window.bundleID != bundleID || window.displayUUID == target.uuid) {
-            continue;
-        }
-        const DisplayInfo* source = displayOf(window.displayUUID, layout.displays);
-        window.frame = source != nullptr ? translate(window.frame, source->frame, target.frame)
-                                         : DisplayGeometry::clamp(window.frame, target.frame);
-        window.displayUUID = target.uuid;
-    }
+void moveTo(const DisplayInfo& target, const std::vector<DisplayInfo>& savedDisplays, WindowRecord& window) {
+    const DisplayInfo* source = displayOf(window.displayUUID, savedDisplays);
+    window.frame = source != nullptr ? translate(window.frame, source->frame, target.frame)
+                                     : DisplayGeometry::clamp(window.frame, target.frame);
+    window.displayUUID = target.uuid;
 }
 
 } // namespace
@@ -47,26 +42,34 @@ std::set<std::string> restoreLastBundleIDs(const std::vector<AppRule>& rules) {
     return result;
 }
 
+std::optional<std::string> forcedDisplayUUID(const std::string& bundleID, const std::vector<AppRule>& rules) {
+    for (const AppRule& rule : rules) {
+        const auto* forced = std::get_if<AppRule::ForceDisplay>(&rule.action);
+        if (forced != nullptr && rule.bundleID == bundleID) {
+            return forced->uuid;
+        }
+    }
+    return std::nullopt;
+}
+
 Rect translate(const Rect& rect, const Rect& from, const Rect& to) {
     if (from.isEmpty()) {
         return rect;
     }
-    const double scaleX = to.width() / from.width();
-    const double scaleY = to.height() / from.height();
-    return {
-        {to.minX() + (rect.minX() - from.minX()) * scaleX, to.minY() + (rect.minY() - from.minY()) * scaleY},
-        {rect.width() * scaleX, rect.height() * scaleY}};
+    return {{to.minX() + (rect.minX() - from.minX()) / from.width() * to.width(),
+             to.minY() + (rect.minY() - from.minY()) / from.height() * to.height()},
+            {rect.width() / from.width() * to.width(), rect.height() / from.height() * to.height()}};
 }
 
 Layout apply(const std::vector<AppRule>& rules, Layout layout, const std::vector<DisplayInfo>& displays) {
     const std::set<std::string> ignored = ignoredBundleIDs(rules);
     std::erase_if(layout.windows,
                   [&](const WindowRecord& window) { return ignored.contains(window.bundleID); });
-    for (const AppRule& rule : rules) {
-        const auto* forced = std::get_if<AppRule::ForceDisplay>(&rule.action);
-        const DisplayInfo* target = forced != nullptr ? displayOf(forced->uuid, displays) : nullptr;
-        if (target != nullptr) {
-            keepOnDisplay(rule.bundleID, *target, layout);
+    for (WindowRecord& window : layout.windows) {
+        const auto forced = forcedDisplayUUID(window.bundleID, rules);
+        const DisplayInfo* target = forced ? displayOf(*forced, displays) : nullptr;
+        if (target != nullptr && window.displayUUID != target->uuid) {
+            moveTo(*target, layout.displays, window);
         }
     }
     return layout;

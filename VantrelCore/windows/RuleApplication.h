@@ -4,6 +4,7 @@
 #include "VantrelCore/model/AppRule.h"
 #include "VantrelCore/model/Layout.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -15,6 +16,11 @@ namespace vantrel::RuleApplication {
 
 // Applications whose windows are placed after all others.
 [[nodiscard]] std::set<std::string> restoreLastBundleIDs(const std::vector<AppRule>& rules);
+
+// The display that a rule keeps the application's windows on: the first such rule decides. None where no rule
+// does.
+[[nodiscard]] std::optional<std::string> forcedDisplayUUID(const std::string& bundleID,
+                                                           const std::vector<AppRule>& rules);
 
 // The rectangle with the same relative place and size in `to` as it has in `from`; unchanged when `from` is
 // empty.

@@ -1,0 +1,61 @@
+#include "VantrelCore/windows/LaunchPlacement.h"
+
+#include "VantrelCore/windows/RuleApplication.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantrel::LaunchPlacement {
+
+namespace {
+
+double sizeDistance(Size a, Size b) {
+    return std::abs(a.width - b.width) + std::abs(a.height - b.height);
+}
+
+// The application's remembered window of the closest size, the first of equally close ones.
+std::optional<Rect> bestRememberedFrame(const std::string& bundleID, Size newSize,
+                                        const std::optional<Layout>& layout,
+                                        const std::optional<std::string>& onDisplayUUID) {
+    if (!layout) {
+        return std::nullopt;
+    }
+    std::optional<Rect> best;
+    for (const auto& window : layout->windows) {
+        const bool isCandidate =
+            window.bundleID == bundleID && (!onDisplayUUID || window.displayUUID == *onDisplayUUID);
+        if (isCandidate &&
+            (!best || sizeDistance(window.frame.size, newSize) < sizeDistance(best->size, newSize))) {
+            best = window.frame;
+        }
+    }
+    return best;
+}
+
+// At its own size in the middle of the display's whole frame; not clamped.
+Rect centred(Size size, const Rect& display) {
+    const Point center = display.center();
+    return {{center.x - size.width * 0.5, center.y - size.height * 0.5}, size};
+}
+
+} // namespace
+
+std::optional<Rect> target(const std::string& bundleID, const Rect& newWindowFrame,
+                           const std::vector<AppRule>& rules, const std::optional<Layout>& currentLayout,
+                           const std::vector<DisplayInfo>& displays) {
+    if (RuleApplication::ignoredBundleIDs(rules).contains(bundleID)) {
+        return std::nullopt;
+    }
+    const auto forced = RuleApplication::forcedDisplayUUID(bundleID, rules);
+    const auto remembered = bestRememberedFrame(bundleID, newWindowFrame.size, currentLayout, forced);
+    if (!forced) {
+        return remembered;
+    }
+    const auto display = std::ranges::find(displays, *forced, &DisplayInfo::uuid);
+    if (display == displays.end()) {
+        return std::nullopt;
+    }
+    return remembered ? remembered : centred(newWindowFrame.size, display->frame);
+}
+
+} // namespace vantrel::LaunchPlacement
