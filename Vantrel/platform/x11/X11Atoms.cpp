@@ -17,6 +17,7 @@ struct Name {
 };
 
 constexpr auto names = std::to_array<Name>({
+    {&X11Atoms::edid, "EDID"},
     {&X11Atoms::utf8String, "UTF8_STRING"},
     {&X11Atoms::wmState, "WM_STATE"},
     {&X11Atoms::wmProtocols, "WM_PROTOCOLS"},

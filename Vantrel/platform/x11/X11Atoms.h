@@ -7,6 +7,7 @@
 namespace vantrel {
 
 struct X11Atoms {
+    xcb_atom_t edid = XCB_ATOM_NONE;
     xcb_atom_t utf8String = XCB_ATOM_NONE;
     xcb_atom_t wmState = XCB_ATOM_NONE;
     xcb_atom_t wmProtocols = XCB_ATOM_NONE;

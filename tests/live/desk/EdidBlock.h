@@ -14,8 +14,8 @@ struct EdidPlan {
     // 0: the monitor has none in this field.
     std::uint32_t serialNumber = 0;
     // At most 13 characters each; empty leaves the descriptor out.
-    std::string name;
-    std::string serialText;
+    std::string name{};
+    std::string serialText{};
     int widthCentimetres = 60;
     int heightCentimetres = 34;
 };

@@ -1,9 +1,12 @@
 #include "tests/live/desk/Monitors.h"
 
 #include <algorithm>
+#include <array>
 #include <fmt/format.h>
 #include <ranges>
 #include <stdexcept>
+#include <sys/uio.h>
+#include <xcb/xcbext.h>
 
 namespace vantrel::live {
 
@@ -99,6 +102,14 @@ void Monitors::relight() {
     probe();
 }
 
+void Monitors::blink() {
+    xcb_grab_server(m_connection.xcb());
+    darken();
+    relight();
+    xcb_ungrab_server(m_connection.xcb());
+    m_connection.finish();
+}
+
 void Monitors::probe() {
     const Reply<xcb_randr_get_screen_resources_reply_t> resources(xcb_randr_get_screen_resources_reply(
         m_connection.xcb(), xcb_randr_get_screen_resources(m_connection.xcb(), m_connection.root()),
@@ -135,21 +146,32 @@ void Monitors::setEdid(std::size_t output, const std::vector<std::uint8_t>& bloc
 
 void Monitors::defineMonitor(const std::string& name, const MonitorPlace& place,
                              const std::vector<std::size_t>& outputs) {
-    std::vector<std::uint32_t> request(sizeof(xcb_randr_monitor_info_t) / 4 + outputs.size());
-    // The request carries the structure directly followed by its outputs.
-    auto& info = *reinterpret_cast<xcb_randr_monitor_info_t*>(request.data());
+    // libxcb 1.15's own xcb_randr_set_monitor sends a length it did not set.
+    xcb_randr_set_monitor_request_t head{};
+    head.window = m_connection.root();
+    xcb_randr_monitor_info_t info{};
     info.name = m_connection.atom(name);
     info.nOutput = static_cast<std::uint16_t>(outputs.size());
     info.x = place.x;
     info.y = place.y;
     info.width = place.width;
     info.height = place.height;
-    for (std::size_t index = 0; index < outputs.size(); ++index) {
-        request[sizeof(xcb_randr_monitor_info_t) / 4 + index] = m_outputs.at(outputs[index]);
+    std::vector<xcb_randr_output_t> ids;
+    for (const std::size_t output : outputs) {
+        ids.push_back(m_outputs.at(output));
     }
-    const Reply<xcb_generic_error_t> error(xcb_request_check(
-        m_connection.xcb(), xcb_randr_set_monitor_checked(m_connection.xcb(), m_connection.root(), &info)));
-    require(!error, "define a monitor");
+    // The two entries before the first are libxcb's.
+    std::array<iovec, 5> parts{{{},
+                                {},
+                                {&head, sizeof head},
+                                {&info, sizeof info},
+                                {ids.data(), ids.size() * sizeof(xcb_randr_output_t)}}};
+    const xcb_protocol_request_t request{
+        .count = 3, .ext = &xcb_randr_id, .opcode = XCB_RANDR_SET_MONITOR, .isvoid = 1};
+    const unsigned sequence =
+        xcb_send_request(m_connection.xcb(), XCB_REQUEST_CHECKED, parts.data() + 2, &request);
+    const Reply<xcb_generic_error_t> error(xcb_request_check(m_connection.xcb(), {.sequence = sequence}));
+    require(!error && xcb_connection_has_error(m_connection.xcb()) == 0, "define a monitor");
 }
 
 void Monitors::removeMonitor(const std::string& name) {

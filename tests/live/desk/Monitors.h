@@ -37,6 +37,8 @@ public:
     // Every monitor goes dark, as while a graphics driver resets; the next plug or relight ends it.
     void darken();
     void relight();
+    // Dark and back before any other client is served.
+    void blink();
     // A query that makes the server look at its outputs again, as any program may send it. The dummy driver
     // notices only then that an output is connected; window managers ignore those that are not.
     void probe();

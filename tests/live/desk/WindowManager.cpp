@@ -22,12 +22,39 @@ std::vector<std::string> commandFor(const std::string& name) {
 }
 
 // The property outlives its window manager, hence the second look: the child names itself.
-bool isManaged(DeskConnection& connection) {
+bool isAnnounced(DeskConnection& connection) {
     const auto child = connection.values(connection.root(), "_NET_SUPPORTING_WM_CHECK");
     return !child.empty() && connection.values(child[0], "_NET_SUPPORTING_WM_CHECK") == child &&
-           connection.atom("_NET_CLIENT_LIST") != XCB_NONE &&
            !connection.values(connection.root(), "_NET_SUPPORTED").empty();
 }
+
+// A window that is never shown, to ask the window manager about.
+class ProbeWindow {
+public:
+    explicit ProbeWindow(DeskConnection& connection)
+        : m_connection(connection), m_window(xcb_generate_id(connection.xcb())) {
+        xcb_create_window(connection.xcb(), XCB_COPY_FROM_PARENT, m_window, connection.root(), 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    }
+
+    ~ProbeWindow() {
+        xcb_destroy_window(m_connection.xcb(), m_window);
+        m_connection.finish();
+    }
+
+    ProbeWindow(const ProbeWindow&) = delete;
+    ProbeWindow& operator=(const ProbeWindow&) = delete;
+
+    // Asks again every time: what is asked too early is lost.
+    [[nodiscard]] bool isAnswered() {
+        m_connection.tellWindowManager(m_window, "_NET_REQUEST_FRAME_EXTENTS", {});
+        return !m_connection.values(m_window, "_NET_FRAME_EXTENTS").empty();
+    }
+
+private:
+    DeskConnection& m_connection;
+    xcb_window_t m_window;
+};
 
 } // namespace
 
@@ -38,8 +65,11 @@ WindowManager::WindowManager(const std::string& name, const TemporaryHome& home,
                  .workingDirectory = home.path(),
                  .output = home.logFile(name),
                  .passedDescriptor = std::nullopt}) {
-    const bool decided =
-        connection.waitUntil([&] { return isManaged(connection) || !m_process.isRunning(); });
+    // openbox 3.6 announces itself before it looks after windows: one that is shown in between stays
+    // unmanaged.
+    ProbeWindow probe(connection);
+    const bool decided = connection.waitUntil(
+        [&] { return (isAnnounced(connection) && probe.isAnswered()) || !m_process.isRunning(); });
     if (!decided || !m_process.isRunning()) {
         throw std::runtime_error(fmt::format("{} does not manage the screen: {}", name, home.logEnd(name)));
     }

@@ -1,0 +1,147 @@
+#include "Vantrel/platform/x11/DisplayList.h"
+
+#include "tests/live/desk/EdidBlock.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace vantrel {
+namespace {
+
+using live::edidBlock;
+using testing::ElementsAre;
+using testing::Field;
+using testing::SizeIs;
+
+const Rect panelArea{{0, 0}, {1920, 1080}};
+const Rect deskArea{{1920, 0}, {2560, 1440}};
+
+MonitorReading monitor(const Rect& area, const std::string& connector, EdidBytes edid = {}) {
+    return {.userName = std::nullopt,
+            .isPrimary = false,
+            .area = area,
+            .outputs = {{.connector = connector, .edid = std::move(edid)}}};
+}
+
+MonitorReading primary(MonitorReading monitor) {
+    monitor.isPrimary = true;
+    return monitor;
+}
+
+TEST(DisplayList, BeginsWithThePrimaryDisplayWhateverTheServersOrder) {
+    std::vector<MonitorReading> monitors{monitor({{0, 1440}, {800, 600}}, "HDMI-1"),
+                                         monitor(panelArea, "eDP-1"), primary(monitor(deskArea, "DP-1")),
+                                         monitor({{0, 2040}, {800, 600}}, "HDMI-2")};
+    const auto listed = DisplayList::displays(monitors);
+    EXPECT_THAT(listed,
+                ElementsAre(Field(&X11Display::bounds, deskArea), Field(&X11Display::bounds, panelArea),
+                            Field(&X11Display::bounds, Rect{{0, 1440}, {800, 600}}),
+                            Field(&X11Display::bounds, Rect{{0, 2040}, {800, 600}})));
+    std::ranges::reverse(monitors);
+    EXPECT_EQ(DisplayList::displays(monitors), listed);
+}
+
+TEST(DisplayList, TellsLaptopPanelsByTheirConnector) {
+    for (const char* connector : {"eDP-1", "eDP1", "eDP-1-1", "LVDS-1", "LVDS", "DSI-1"}) {
+        EXPECT_TRUE(DisplayList::isBuiltinConnector(connector)) << connector;
+    }
+    for (const char* connector : {"DP-1", "HDMI-A-1", "DVI-D-0", "VGA1", "DUMMY0", ""}) {
+        EXPECT_FALSE(DisplayList::isBuiltinConnector(connector)) << connector;
+    }
+}
+
+TEST(DisplayList, NamesDisplaysAsTheirUsersKnowThem) {
+    const auto nameOf = [](const MonitorReading& monitor) {
+        return DisplayList::displays({monitor}).at(0).name;
+    };
+    EXPECT_EQ(nameOf(monitor(deskArea, "DP-1")), "External Display");
+    EXPECT_EQ(nameOf(monitor(deskArea, "DP-1", edidBlock({.manufacturer = "DEL", .product = 7}))),
+              "DEL 0007");
+    EXPECT_EQ(nameOf(monitor(deskArea, "DP-1", edidBlock({.name = "U2720Q"}))), "U2720Q");
+    EXPECT_EQ(nameOf(monitor(panelArea, "eDP-1", edidBlock({.manufacturer = "AUO"}))), "Built-in Display");
+    EXPECT_EQ(nameOf(monitor(panelArea, "eDP-1", edidBlock({.name = "Color LCD"}))), "Color LCD");
+    MonitorReading users = monitor(deskArea, "DP-1", edidBlock({.name = "U2720Q"}));
+    users.userName = "left half";
+    EXPECT_EQ(nameOf(users), "left half");
+}
+
+TEST(DisplayList, WithoutIdentityDataHasAnIdOfTheConnectorAlone) {
+    const auto at = [](const Rect& area) {
+        return DisplayList::displays({primary(monitor(panelArea, "eDP-1")), monitor(area, "HDMI-1")}).at(1);
+    };
+    EXPECT_EQ(at(deskArea).uuid, std::nullopt);
+    EXPECT_EQ(at(deskArea).id, at({{0, 1080}, {800, 600}}).id);
+    EXPECT_EQ(at(deskArea).id, DisplayList::stableID("HDMI-1"));
+    // Stored layouts depend on it: it may never change.
+    EXPECT_EQ(DisplayList::stableID("HDMI-1"), 778721535U);
+}
+
+TEST(DisplayList, DamagedIdentityDataIsNone) {
+    auto damaged = edidBlock({.name = "Flaky"});
+    damaged[20] ^= 1;
+    const auto display = DisplayList::displays({monitor(deskArea, "DP-1", damaged)}).at(0);
+    EXPECT_EQ(display.uuid, std::nullopt);
+    EXPECT_EQ(display.name, "External Display");
+}
+
+TEST(DisplayList, KeepsAMonitorsIdentityAtAnotherConnectorButTellsTwinsApart) {
+    const auto twin = edidBlock({.name = "Twin"});
+    const auto single = DisplayList::displays({monitor(deskArea, "DP-1", twin)}).at(0);
+    EXPECT_EQ(DisplayList::displays({monitor(deskArea, "DP-2", twin)}).at(0).uuid, single.uuid);
+
+    const auto both =
+        DisplayList::displays({monitor(panelArea, "DP-1", twin), monitor(deskArea, "DP-2", twin)});
+    const auto swapped =
+        DisplayList::displays({monitor(panelArea, "DP-2", twin), monitor(deskArea, "DP-1", twin)});
+    ASSERT_THAT(both, SizeIs(2));
+    EXPECT_NE(both[0].uuid, both[1].uuid);
+    EXPECT_EQ(both[0].edidUUID, both[1].edidUUID);
+    EXPECT_EQ(swapped[1].uuid, both[0].uuid);
+}
+
+TEST(DisplayList, CountsOutputsThatShowTheSameOnce) {
+    const auto laptop = monitor(panelArea, "eDP-1", edidBlock({.manufacturer = "AUO"}));
+    const auto alone = DisplayList::displays({primary(laptop)});
+    // One CRTC with two outputs, two CRTCs, a beamer that shows a part.
+    MonitorReading shared = primary(laptop);
+    shared.outputs.insert(shared.outputs.begin(),
+                          {.connector = "DP-1", .edid = edidBlock({.name = "Beamer"})});
+    const auto beamer = monitor(panelArea, "DP-1", edidBlock({.name = "Beamer"}));
+    const auto smallBeamer = monitor({{0, 0}, {1024, 768}}, "DP-1");
+    EXPECT_EQ(DisplayList::displays({shared}), alone);
+    EXPECT_EQ(DisplayList::displays({beamer, laptop}), alone);
+    EXPECT_EQ(DisplayList::displays({laptop, smallBeamer}), alone);
+    EXPECT_EQ(DisplayList::displays({primary(laptop), beamer}), alone);
+    EXPECT_EQ(DisplayList::displays({laptop, primary(beamer)}).at(0).name, "Beamer");
+}
+
+TEST(DisplayList, ThePrimaryMarkOfAPartialMirrorCountsForTheDisplayItMirrors) {
+    const auto listed = DisplayList::displays({monitor(panelArea, "DP-1"), monitor(deskArea, "DP-2"),
+                                               primary(monitor({{1920, 0}, {1024, 768}}, "HDMI-1"))});
+    EXPECT_THAT(listed,
+                ElementsAre(Field(&X11Display::bounds, deskArea), Field(&X11Display::bounds, panelArea)));
+}
+
+TEST(DisplayList, KeepsTheUsersDivisionOfAMonitor) {
+    const auto wide = edidBlock({.name = "Wide"});
+    MonitorReading first = primary(monitor({{0, 0}, {1280, 1440}}, "DP-1", wide));
+    first.userName = "first";
+    MonitorReading second{
+        .userName = "second", .isPrimary = false, .area = {{1280, 0}, {1280, 1440}}, .outputs = {}};
+    const auto divided = DisplayList::displays({first, second});
+    ASSERT_THAT(divided, SizeIs(2));
+    EXPECT_NE(divided[0].id, divided[1].id);
+    EXPECT_TRUE(divided[0].uuid);
+    EXPECT_FALSE(divided[1].uuid);
+    second.outputs = first.outputs;
+    const auto shared = DisplayList::displays({first, second});
+    EXPECT_NE(shared[0].uuid, shared[1].uuid);
+}
+
+TEST(DisplayList, IsEmptyWithoutMonitorsAndSkipsAreasOfNoSize) {
+    EXPECT_THAT(DisplayList::displays({}), SizeIs(0));
+    EXPECT_THAT(DisplayList::displays({monitor({}, "DP-1"), monitor(deskArea, "DP-2")}), SizeIs(1));
+}
+
+} // namespace
+} // namespace vantrel

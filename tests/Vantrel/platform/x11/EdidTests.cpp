@@ -1,0 +1,111 @@
+#include "Vantrel/platform/x11/Edid.h"
+
+#include "VantrelCore/displays/DisplayIdentity.h"
+#include "tests/live/desk/EdidBlock.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <random>
+#include <span>
+
+namespace vantrel {
+namespace {
+
+using live::edidBlock;
+using live::EdidPlan;
+
+Edid parsed(const EdidPlan& plan) {
+    return EdidBlock::parse(edidBlock(plan)).value_or(Edid{});
+}
+
+std::string edidUUIDOf(const EdidPlan& plan) {
+    const auto bytes = edidBlock(plan);
+    return EdidBlock::edidUUID(bytes, parsed(plan));
+}
+
+TEST(EdidBlock, GivesTheMonitorsOwnWords) {
+    const EdidPlan plan{.manufacturer = "DEL",
+                        .product = 0xA0B1,
+                        .serialNumber = 0x12345678,
+                        .name = "U2720Q",
+                        .serialText = "CN0123456789A"};
+    const Edid expected{.manufacturer = "DEL",
+                        .product = 0xA0B1,
+                        .serialNumber = 0x12345678,
+                        .name = "U2720Q",
+                        .serialText = "CN0123456789A"};
+    EXPECT_EQ(parsed(plan), expected);
+}
+
+TEST(EdidBlock, NamesAMonitorWithoutANameByMakerAndProduct) {
+    EXPECT_EQ(EdidBlock::displayName(parsed({.manufacturer = "AUO", .product = 0x02EC})), "AUO 02EC");
+    EXPECT_EQ(EdidBlock::displayName(parsed({.name = "Beamer"})), "Beamer");
+}
+
+TEST(EdidBlock, LeavesOutWhatCannotBeShownInAName) {
+    auto bytes = edidBlock({.name = " A\tB\x07 C  "});
+    EXPECT_EQ(EdidBlock::parse(bytes)->name, "AB C");
+}
+
+TEST(EdidBlock, IsNoneWhenDamagedOrCutOff) {
+    const auto good = edidBlock({.serialNumber = 5, .name = "Good"});
+    ASSERT_TRUE(EdidBlock::parse(good));
+    EXPECT_FALSE(EdidBlock::parse({}));
+    EXPECT_FALSE(EdidBlock::parse(std::span(good).first(127)));
+    for (const std::size_t at : {0U, 7U, 12U, 60U, 127U}) {
+        auto damaged = good;
+        damaged[at] ^= 0x10;
+        EXPECT_FALSE(EdidBlock::parse(damaged)) << at;
+    }
+}
+
+// Whatever a broken monitor or adapter reports with a good checksum is read without harm.
+TEST(EdidBlock, OfAnyContentIsReadWithinItsBounds) {
+    std::mt19937 random(20240501);
+    const auto header = edidBlock({});
+    for (int round = 0; round < 2000; ++round) {
+        EdidBytes bytes(128 + 128 * (round % 3U));
+        std::ranges::generate(bytes, [&] { return static_cast<std::uint8_t>(random()); });
+        std::copy_n(header.begin(), 8, bytes.begin());
+        bytes[127] = static_cast<std::uint8_t>(0U - std::accumulate(bytes.begin(), bytes.begin() + 127, 0U));
+        const auto edid = EdidBlock::parse(bytes);
+        ASSERT_TRUE(edid);
+        EXPECT_EQ(edid->manufacturer.size(), 3U);
+        EXPECT_FALSE(EdidBlock::displayName(*edid).empty());
+        EXPECT_EQ(EdidBlock::edidUUID(bytes, *edid).size(), 36U);
+    }
+}
+
+TEST(DisplayUUID, IsAnUpperCaseUuidOfTheWholeBlock) {
+    const auto one = edidBlock({.serialNumber = 1});
+    auto extended = one;
+    extended.resize(256, 0);
+    const std::string uuid = EdidBlock::displayUUID(one, "");
+    ASSERT_EQ(uuid.size(), 36U);
+    EXPECT_EQ(uuid.find_first_not_of("0123456789ABCDEF-"), std::string::npos);
+    EXPECT_EQ(uuid[14], '8');
+    EXPECT_NE(std::string("89AB").find(uuid[19]), std::string::npos);
+    EXPECT_NE(uuid, EdidBlock::displayUUID(edidBlock({.serialNumber = 2}), ""));
+    EXPECT_NE(uuid, EdidBlock::displayUUID(extended, ""));
+    EXPECT_NE(EdidBlock::displayUUID(one, "DP-1"), EdidBlock::displayUUID(one, "DP-2"));
+    // Stored layouts depend on it: it may never change.
+    EXPECT_EQ(EdidBlock::displayUUID(edidBlock({}), "DP-1"), "BAE3E99F-0A17-833F-81B4-B9A0BB6632D6");
+}
+
+TEST(EdidUUID, CarriesTheSerialNumberInItsSecondAndThirdGroup) {
+    EXPECT_EQ(edidUUIDOf({.manufacturer = "DEL", .product = 0xD04A, .serialNumber = 0x11223344}),
+              "10AC4AD0-4433-2211-0C22-0104803C2200");
+}
+
+TEST(EdidUUID, SaysWhenTheMonitorHasNoSerialNumber) {
+    using DisplayIdentity::serialFieldMissing;
+    EXPECT_TRUE(serialFieldMissing(edidUUIDOf({})));
+    EXPECT_TRUE(serialFieldMissing(edidUUIDOf({.serialNumber = 0x01010101})));
+    EXPECT_FALSE(serialFieldMissing(edidUUIDOf({.serialNumber = 9})));
+    EXPECT_FALSE(serialFieldMissing(edidUUIDOf({.serialText = "XK77"})));
+    EXPECT_NE(edidUUIDOf({.serialText = "XK77"}), edidUUIDOf({.serialText = "XK78"}));
+}
+
+} // namespace
+} // namespace vantrel
