@@ -1,0 +1,39 @@
+// The user's settings in memory.
+#pragma once
+
+#include "VantrelCore/ports/MainQueue.h"
+#include "VantrelCore/ports/UserDefaults.h"
+
+#include <map>
+#include <string>
+
+namespace vantrel::simulated {
+
+class SimulatedDefaults final : public UserDefaults {
+public:
+    // Change notifications are posted to `queue`.
+    explicit SimulatedDefaults(MainQueue& queue) : m_queue(queue) {}
+
+    [[nodiscard]] std::optional<bool> boolean(std::string_view key) override;
+    [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) override;
+    [[nodiscard]] std::optional<double> number(std::string_view key) override;
+    [[nodiscard]] std::optional<std::string> text(std::string_view key) override;
+    bool set(std::string_view key, const DefaultsValue& value) override;
+    bool remove(std::string_view key) override;
+    void setChangeHandler(std::function<void()> handler) override;
+
+    // From now on nothing can be written.
+    void failWrites() { m_writesFail = true; }
+
+private:
+    template <typename T>
+    [[nodiscard]] std::optional<T> find(std::string_view key) const;
+    void notify();
+
+    MainQueue& m_queue;
+    std::map<std::string, DefaultsValue, std::less<>> m_values;
+    std::function<void()> m_handler;
+    bool m_writesFail = false;
+};
+
+} // namespace vantrel::simulated

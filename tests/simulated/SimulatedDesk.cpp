@@ -1,0 +1,382 @@
+#include "tests/simulated/SimulatedDesk.h"
+
+#include "VantrelCore/displays/DisplayGeometry.h"
+
+#include <algorithm>
+
+namespace vantrel::simulated {
+
+namespace {
+
+// As everywhere: a request to an application is given up after this many seconds.
+constexpr double messagingTimeout = 1.0;
+
+} // namespace
+
+class SimulatedDesk::Element final : public WindowElement {
+public:
+    Element(SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id) {}
+
+    [[nodiscard]] WindowAttributes read(AttributeGroup group) override {
+        if (!m_desk.awaitAnswer(m_id)) {
+            return {};
+        }
+        const SimulatedWindow& window = *m_desk.find(m_id);
+        WindowAttributes attributes{.title = std::nullopt,
+                                    .subrole = std::nullopt,
+                                    .isMinimized = std::nullopt,
+                                    .isFullscreen = std::nullopt,
+                                    .position = window.frame.origin,
+                                    .size = window.frame.size};
+        if (group == AttributeGroup::all) {
+            attributes.title = window.title;
+            attributes.subrole = window.subrole;
+            attributes.isMinimized = window.isMinimized;
+            attributes.isFullscreen = window.isFullscreen;
+        }
+        return attributes;
+    }
+
+    [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override {
+        std::vector<bool> results;
+        results.reserve(writes.size());
+        for (const auto& write : writes) {
+            results.push_back(m_desk.awaitAnswer(m_id) && m_desk.applyWrite(m_id, write));
+        }
+        return results;
+    }
+
+    bool raise() override {
+        if (!m_desk.awaitAnswer(m_id)) {
+            return false;
+        }
+        m_desk.bringToFront(m_id);
+        return true;
+    }
+
+private:
+    SimulatedDesk& m_desk;
+    WindowID m_id;
+};
+
+class SimulatedDesk::Reading final : public DeskReading {
+public:
+    explicit Reading(SimulatedDesk& desk) : m_desk(desk) {}
+
+    [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override {
+        std::vector<WindowListEntry> entries;
+        for (const auto& window : m_desk.m_windows) {
+            if (m_desk.isOnScreen(*window)) {
+                entries.push_back({normalWindowLayer, window->pid, window->frame});
+            }
+        }
+        return entries;
+    }
+
+    [[nodiscard]] std::vector<RunningApp> runningApps() override {
+        std::vector<RunningApp> apps;
+        for (const auto& app : m_desk.m_apps) {
+            apps.push_back(app.running);
+        }
+        return apps;
+    }
+
+    [[nodiscard]] std::vector<WindowReading> windows(const RunningApp& app) override {
+        std::vector<WindowReading> readings;
+        for (const WindowID id : windowsOf(app.pid)) {
+            auto element = std::make_shared<Element>(m_desk, id);
+            WindowAttributes attributes = element->read(AttributeGroup::all);
+            const App* owner = m_desk.app(app.pid);
+            if (owner == nullptr || owner->isHanging) {
+                return {};
+            }
+            readings.push_back({std::move(element), std::move(attributes)});
+        }
+        return readings;
+    }
+
+private:
+    // In the order of opening, which is the application's own order.
+    [[nodiscard]] std::vector<WindowID> windowsOf(std::int32_t pid) const {
+        std::vector<WindowID> ids;
+        for (const auto& window : m_desk.m_windows) {
+            if (window->pid == pid) {
+                ids.push_back(window->id);
+            }
+        }
+        std::ranges::sort(ids);
+        return ids;
+    }
+
+    SimulatedDesk& m_desk;
+};
+
+class SimulatedDesk::AccessibilityPort final : public Accessibility {
+public:
+    explicit AccessibilityPort(SimulatedDesk& desk) : m_desk(desk) {}
+
+    [[nodiscard]] bool isTrusted() override { return m_desk.m_isTrusted; }
+
+    bool prompt() override { return m_desk.m_isTrusted; }
+
+    [[nodiscard]] std::unique_ptr<DeskReading> beginReading() override {
+        m_desk.m_captures.push_back(m_desk.m_time.monotonicSeconds());
+        if (m_desk.onCapture) {
+            m_desk.onCapture();
+        }
+        return std::make_unique<Reading>(m_desk);
+    }
+
+    bool awaitQuiet() override {
+        if (SimulatedTime::isOnWorker()) {
+            m_desk.m_time.sleep(m_desk.habits.rescueDelay);
+        }
+        return true;
+    }
+
+private:
+    SimulatedDesk& m_desk;
+};
+
+class SimulatedDesk::DisplayPort final : public DisplayServices {
+public:
+    explicit DisplayPort(SimulatedDesk& desk) : m_desk(desk) {}
+
+    [[nodiscard]] std::vector<ActiveDisplay> activeDisplays() override {
+        std::vector<ActiveDisplay> active;
+        for (const auto& display : m_desk.m_displays) {
+            active.push_back({display.id, display.isBuiltin, display.frame, display.uuid});
+        }
+        return active;
+    }
+
+    [[nodiscard]] std::vector<Screen> screens() override {
+        std::vector<Screen> screens;
+        for (const auto& display : m_desk.m_displays) {
+            screens.push_back({display.id, display.name, fromBottomLeft(display.frame),
+                               fromBottomLeft(display.usableFrame())});
+        }
+        return screens;
+    }
+
+    [[nodiscard]] std::vector<EdidHint> edidHints() override {
+        std::vector<EdidHint> hints;
+        for (const auto& display : m_desk.m_displays) {
+            if (display.edidUUID) {
+                hints.push_back({display.name, display.edidUUID});
+            }
+        }
+        return hints;
+    }
+
+    void setReconfigurationHandler(std::function<void()> handler) override {
+        m_desk.m_reconfigurationHandler = std::move(handler);
+    }
+
+private:
+    [[nodiscard]] Rect fromBottomLeft(const Rect& rect) const {
+        const double primaryHeight = m_desk.m_displays.front().frame.height();
+        return {{rect.minX(), primaryHeight - rect.maxY()}, rect.size};
+    }
+
+    SimulatedDesk& m_desk;
+};
+
+SimulatedDesk::SimulatedDesk(SimulatedTime& time, const DeskSetup& setup)
+    : m_time(time), m_displays(setup.displays), m_accessibility(std::make_unique<AccessibilityPort>(*this)),
+      m_displayPort(std::make_unique<DisplayPort>(*this)) {}
+
+SimulatedDesk::~SimulatedDesk() {
+    m_time.endJobs();
+}
+
+Accessibility& SimulatedDesk::accessibility() {
+    return *m_accessibility;
+}
+
+DisplayServices& SimulatedDesk::displayServices() {
+    return *m_displayPort;
+}
+
+void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
+    const std::uint64_t thisChange = ++m_changes;
+    const auto isCurrent = [this, thisChange, alive = std::weak_ptr(m_alive)] {
+        return !alive.expired() && m_changes == thisChange;
+    };
+    const int events = std::max(1, burst.events);
+    const int middle = events / 2;
+    for (int i = 0; i < events; ++i) {
+        m_time.schedule(i * burst.spacing, [this, isCurrent, i, middle, setup, burst] {
+            if (!isCurrent()) {
+                return;
+            }
+            if (i == middle) {
+                m_displays = setup.displays;
+            } else if (i < middle && burst.passesThroughNothing) {
+                m_displays.clear();
+            }
+            emitEvent();
+        });
+    }
+    std::vector<SimulatedDisplay> arrived;
+    std::ranges::copy_if(setup.displays, std::back_inserter(arrived), [this](const auto& display) {
+        return std::ranges::find(m_displays, display) == m_displays.end();
+    });
+    const double end = (events - 1) * burst.spacing;
+    m_time.schedule(end + habits.rescueDelay, [this, isCurrent] {
+        if (isCurrent()) {
+            rescueWindows();
+        }
+    });
+    if (habits.meddlingDelay) {
+        m_time.schedule(end + *habits.meddlingDelay, [this, isCurrent, arrived] {
+            if (isCurrent()) {
+                meddle(arrived);
+            }
+        });
+    }
+}
+
+std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name,
+                                   ActivationPolicy policy) {
+    m_apps.push_back({.running = {m_nextPid, policy, bundleID, name}, .isHanging = false});
+    return m_nextPid++;
+}
+
+void SimulatedDesk::quit(std::int32_t pid) {
+    std::erase_if(m_windows, [pid](const auto& window) { return window->pid == pid; });
+    std::erase_if(m_apps, [pid](const App& app) { return app.running.pid == pid; });
+}
+
+void SimulatedDesk::setHanging(std::int32_t pid, bool isHanging) {
+    if (App* found = app(pid)) {
+        found->isHanging = isHanging;
+    }
+}
+
+WindowID SimulatedDesk::open(std::int32_t pid, const std::string& title, const Rect& frame,
+                             const WindowBehaviour& behaviour) {
+    auto window = std::make_unique<SimulatedWindow>();
+    window->id = m_nextWindow++;
+    window->pid = pid;
+    window->title = title;
+    window->frame = frame;
+    window->behaviour = behaviour;
+    m_windows.insert(m_windows.begin(), std::move(window));
+    return m_windows.front()->id;
+}
+
+void SimulatedDesk::close(WindowID id) {
+    std::erase_if(m_windows, [id](const auto& window) { return window->id == id; });
+}
+
+bool SimulatedDesk::exists(WindowID id) const {
+    return std::ranges::any_of(m_windows, [id](const auto& window) { return window->id == id; });
+}
+
+SimulatedWindow& SimulatedDesk::window(WindowID id) {
+    return *find(id);
+}
+
+void SimulatedDesk::bringToFront(WindowID id) {
+    const auto found = std::ranges::find_if(m_windows, [id](const auto& window) { return window->id == id; });
+    if (found != m_windows.end()) {
+        std::rotate(m_windows.begin(), found, found + 1);
+    }
+}
+
+SimulatedDesk::App* SimulatedDesk::app(std::int32_t pid) {
+    const auto found = std::ranges::find_if(m_apps, [pid](const App& app) { return app.running.pid == pid; });
+    return found == m_apps.end() ? nullptr : &*found;
+}
+
+SimulatedWindow* SimulatedDesk::find(WindowID id) {
+    const auto found = std::ranges::find_if(m_windows, [id](const auto& window) { return window->id == id; });
+    return found == m_windows.end() ? nullptr : found->get();
+}
+
+bool SimulatedDesk::awaitAnswer(WindowID id) {
+    const SimulatedWindow* window = find(id);
+    if (window == nullptr) {
+        return false;
+    }
+    const App* owner = app(window->pid);
+    const bool isSilent = owner == nullptr || owner->isHanging;
+    const double seconds = isSilent ? messagingTimeout : window->behaviour.answerSeconds;
+    if (seconds > 0 && SimulatedTime::isOnWorker()) {
+        m_time.sleep(std::min(seconds, messagingTimeout));
+    }
+    // The wait was long enough for the window to close.
+    return !isSilent && seconds < messagingTimeout && find(id) != nullptr;
+}
+
+bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
+    SimulatedWindow& window = *find(id);
+    if (window.behaviour.vanishesWhenMoved) {
+        close(id);
+        return false;
+    }
+    if (window.behaviour.refusesMoves) {
+        return false;
+    }
+    const Rect before = window.frame;
+    if (const auto* position = std::get_if<Point>(&write)) {
+        window.frame.origin = *position;
+    } else {
+        window.frame.size = window.acceptedSize(std::get<Size>(write));
+    }
+    if (window.frame == before) {
+        return true;
+    }
+    m_moves.push_back({m_time.monotonicSeconds(), id, before, window.frame});
+    if (window.behaviour.driftsBack > 0) {
+        --window.behaviour.driftsBack;
+        if (window.behaviour.driftDelay <= 0) {
+            window.frame = before;
+            return true;
+        }
+        m_time.schedule(window.behaviour.driftDelay, [this, alive = std::weak_ptr(m_alive), id, before] {
+            if (!alive.expired() && exists(id)) {
+                find(id)->frame = before;
+            }
+        });
+    }
+    return true;
+}
+
+bool SimulatedDesk::isOnScreen(const SimulatedWindow& window) {
+    return !window.isMinimized && !window.isOnOtherSpace && app(window.pid) != nullptr;
+}
+
+void SimulatedDesk::emitEvent() {
+    if (m_reconfigurationHandler) {
+        m_reconfigurationHandler();
+    }
+}
+
+void SimulatedDesk::rescueWindows() {
+    if (m_displays.empty()) {
+        return;
+    }
+    for (auto& window : m_windows) {
+        const bool isSeen = std::ranges::any_of(m_displays, [&](const SimulatedDisplay& display) {
+            return display.frame.contains(window->frame.center());
+        });
+        if (!isSeen) {
+            window->frame = DisplayGeometry::clamp(window->frame, m_displays.front().usableFrame());
+        }
+    }
+}
+
+void SimulatedDesk::meddle(const std::vector<SimulatedDisplay>& arrived) {
+    for (auto& window : m_windows) {
+        const bool isOnArrived = std::ranges::any_of(arrived, [&](const SimulatedDisplay& display) {
+            return display.frame.contains(window->frame.center());
+        });
+        if (isOnArrived) {
+            window->frame = DisplayGeometry::clamp(window->frame, m_displays.front().usableFrame());
+        }
+    }
+}
+
+} // namespace vantrel::simulated
