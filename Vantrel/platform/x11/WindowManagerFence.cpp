@@ -2,9 +2,18 @@
 
 #include "Vantrel/platform/x11/ClientMessage.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantrel {
+
+namespace {
+
+// After this long the question is repeated. openbox 3.6 looks only at its socket for new events: those that
+// it read along with a reply, while one of its timers ran, wait until another one arrives and wakes it.
+constexpr std::chrono::milliseconds patience(50);
+
+} // namespace
 
 WindowManagerFence::WindowManagerFence(std::shared_ptr<X11Connection> connection)
     : m_connection(std::move(connection)),
@@ -39,11 +48,15 @@ bool WindowManagerFence::await(Deadline deadline) {
     }
     const xcb_window_t window = takeWindow();
     m_asked[window] = &question;
-    ClientMessage::send(*m_connection, window, m_connection->atoms().netRequestFrameExtents, {});
-    lock.unlock();
-    xcb_flush(m_connection->xcb());
-    lock.lock();
-    question.answered.wait_until(lock, deadline, [&] { return question.isAnswered || m_isLost; });
+    const auto isOver = [&] { return question.isAnswered || m_isLost; };
+    while (!isOver() && std::chrono::steady_clock::now() < deadline) {
+        lock.unlock();
+        ClientMessage::send(*m_connection, window, m_connection->atoms().netRequestFrameExtents, {});
+        xcb_flush(m_connection->xcb());
+        lock.lock();
+        question.answered.wait_until(lock, std::min(deadline, std::chrono::steady_clock::now() + patience),
+                                     isOver);
+    }
     m_asked.erase(window);
     if (question.isAnswered) {
         m_idleWindows.push_back(window);
