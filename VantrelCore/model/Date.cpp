@@ -101,8 +101,12 @@ std::optional<Date> dateFromIso8601(std::string_view text) {
     if (!offset || !calendar.ok()) {
         return std::nullopt;
     }
-    return Date{std::chrono::sys_days{calendar} + std::chrono::hours{*hours} +
-                std::chrono::minutes{*minutes} + std::chrono::seconds{*seconds} - *offset};
+    const Date date{std::chrono::sys_days{calendar} + std::chrono::hours{*hours} +
+                    std::chrono::minutes{*minutes} + std::chrono::seconds{*seconds} - *offset};
+    // An offset may lead out of the years that the text can hold; such a date could be read but not written.
+    constexpr Date firstYear{std::chrono::sys_days{std::chrono::year{0} / 1 / 1}};
+    constexpr Date endOfYears{std::chrono::sys_days{std::chrono::year{10000} / 1 / 1}};
+    return date >= firstYear && date < endOfYears ? std::optional{date} : std::nullopt;
 }
 
 } // namespace vantrel
