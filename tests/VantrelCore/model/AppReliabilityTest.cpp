@@ -31,12 +31,12 @@ AppReliability afterOutcomes(int restored, int retried, int failed, int skipped)
 
 TEST(AppReliability, IsStubbornWhenMoreThanTwoInFiveOfEnoughAttemptsFailed) {
     const struct {
-        int restored;
-        int retried;
-        int failed;
-        int skipped;
+        int restored = 0;
+        int retried = 0;
+        int failed = 0;
+        int skipped = 0;
         std::optional<double> rate;
-        bool stubborn;
+        bool stubborn = false;
     } cases[] = {
         {0, 0, 0, 0, std::nullopt, false},
         {0, 0, 2, 0, 1.0, false},
