@@ -18,7 +18,9 @@ void captureOneProcess(benchmark::State& state) {
     std::vector<WindowSnapshotter::AppWindows> apps{{app, {}}};
     std::vector<WindowListEntry> onScreen;
     for (std::int64_t i = 0; i < state.range(0); ++i) {
-        const Rect frame{{static_cast<double>(i % 50) * 30, static_cast<double>(i / 50) * 30}, {800, 600}};
+        const std::int64_t column = i % 50;
+        const std::int64_t row = i / 50;
+        const Rect frame{{static_cast<double>(column) * 30, static_cast<double>(row) * 30}, {800, 600}};
         onScreen.push_back({normalWindowLayer, app.pid, frame});
         apps.front().windows.push_back(
             {nullptr,

@@ -89,6 +89,17 @@ Gen<Layout> Arbitrary<Layout>::arbitrary() {
                               gen::set(&Layout::savedAt, date()), gen::set(&Layout::pinned, maybe<bool>()));
 }
 
+Gen<AppRule> Arbitrary<AppRule>::arbitrary() {
+    const auto action =
+        gen::oneOf(gen::just(AppRule::Action(AppRule::Ignore{})),
+                   gen::map(gen::pair(text(), text()), [](const auto& display) {
+                       return AppRule::Action(AppRule::ForceDisplay{display.first, display.second});
+                   }));
+    return gen::build<AppRule>(gen::set(&AppRule::bundleID, text()), gen::set(&AppRule::appName, text()),
+                               gen::set(&AppRule::action, action),
+                               gen::set(&AppRule::restoreLast, maybe<bool>()));
+}
+
 Gen<Scene> Arbitrary<Scene>::arbitrary() {
     const auto wallpaper = gen::map(
         textMap(), [](std::map<std::string, std::string> paths) { return SceneWallpaper{std::move(paths)}; });

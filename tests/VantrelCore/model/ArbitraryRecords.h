@@ -2,6 +2,7 @@
 // files keep them), optionals absent and present.
 #pragma once
 
+#include "VantrelCore/model/AppRule.h"
 #include "VantrelCore/model/DailyLayoutObservation.h"
 #include "VantrelCore/model/RestoreLog.h"
 #include "VantrelCore/model/RestoreReceipts.h"
@@ -35,6 +36,11 @@ struct Arbitrary<vantrel::DisplayInfo> {
 template <>
 struct Arbitrary<vantrel::Layout> {
     static Gen<vantrel::Layout> arbitrary();
+};
+
+template <>
+struct Arbitrary<vantrel::AppRule> {
+    static Gen<vantrel::AppRule> arbitrary();
 };
 
 template <>

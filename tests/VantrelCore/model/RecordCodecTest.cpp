@@ -17,8 +17,8 @@ Record throughText(const Record& record) {
 template <typename Record>
 class RecordCodec : public testing::Test {};
 
-using Records = testing::Types<Layout, Scene, Stash, RestoreLog, RestoreReceipts, UsageStats, SceneTrigger,
-                               WallpaperMemory, DailyLayoutObservation>;
+using Records = testing::Types<Layout, AppRule, Scene, Stash, RestoreLog, RestoreReceipts, UsageStats,
+                               SceneTrigger, WallpaperMemory, DailyLayoutObservation>;
 TYPED_TEST_SUITE(RecordCodec, Records);
 
 TYPED_TEST(RecordCodec, DecodingAnEncodedRecordGivesTheRecord) {
