@@ -51,6 +51,15 @@ TEST(Date, RefusesWhatIsNoMoment) {
     }
 }
 
+TEST(Date, EveryDateThatCanBeReadCanBeWrittenAndReadAgain) {
+    for (const char* text : {"0000-01-01T00:00:00Z", "9999-12-31T23:59:59Z"}) {
+        EXPECT_EQ(iso8601Text(dateFromIso8601(text).value()), text);
+    }
+    // The offset leads to years of another width.
+    EXPECT_EQ(dateFromIso8601("0000-01-01T00:00:00+00:01"), std::nullopt);
+    EXPECT_EQ(dateFromIso8601("9999-12-31T23:59:59-00:01"), std::nullopt);
+}
+
 TEST(Date, CountsSecondsBothWays) {
     const Date start(seconds(1000));
     EXPECT_EQ(dateAfter(start, 0.25), Date(microseconds(1000250000)));
