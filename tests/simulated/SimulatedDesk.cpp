@@ -64,6 +64,7 @@ public:
     explicit Reading(SimulatedDesk& desk) : m_desk(desk) {}
 
     [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override {
+        m_desk.passRequestTime();
         std::vector<WindowListEntry> entries;
         for (const auto& window : m_desk.m_windows) {
             if (m_desk.isOnScreen(*window)) {
@@ -82,14 +83,13 @@ public:
     }
 
     [[nodiscard]] std::vector<WindowReading> windows(const RunningApp& app) override {
+        if (!m_desk.awaitApplication(app.pid)) {
+            return {};
+        }
         std::vector<WindowReading> readings;
         for (const WindowID id : windowsOf(app.pid)) {
             auto element = std::make_shared<Element>(m_desk, id);
             WindowAttributes attributes = element->read(AttributeGroup::all);
-            const App* owner = m_desk.app(app.pid);
-            if (owner == nullptr || owner->isHanging) {
-                return {};
-            }
             readings.push_back({std::move(element), std::move(attributes)});
         }
         return readings;
@@ -228,8 +228,8 @@ void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
             rescueWindows();
         }
     });
-    if (habits.meddlingDelay) {
-        m_time.schedule(end + *habits.meddlingDelay, [this, isCurrent, arrived] {
+    for (const double delay : habits.meddlingDelays) {
+        m_time.schedule(end + delay, [this, isCurrent, arrived] {
             if (isCurrent()) {
                 meddle(arrived);
             }
@@ -295,6 +295,29 @@ SimulatedWindow* SimulatedDesk::find(WindowID id) {
     return found == m_windows.end() ? nullptr : found->get();
 }
 
+bool SimulatedDesk::shows(Point point) const {
+    return std::ranges::any_of(
+        m_displays, [&](const SimulatedDisplay& display) { return display.frame.contains(point); });
+}
+
+void SimulatedDesk::passRequestTime() {
+    if (requestSeconds > 0 && SimulatedTime::isOnWorker()) {
+        m_time.sleep(requestSeconds);
+    }
+}
+
+bool SimulatedDesk::awaitApplication(std::int32_t pid) {
+    const App* owner = app(pid);
+    if (owner != nullptr && owner->isHanging && SimulatedTime::isOnWorker()) {
+        m_time.sleep(messagingTimeout);
+        return false;
+    }
+    passRequestTime();
+    // It may have quit meanwhile.
+    owner = app(pid);
+    return owner != nullptr && !owner->isHanging;
+}
+
 bool SimulatedDesk::awaitAnswer(WindowID id) {
     const SimulatedWindow* window = find(id);
     if (window == nullptr) {
@@ -302,7 +325,7 @@ bool SimulatedDesk::awaitAnswer(WindowID id) {
     }
     const App* owner = app(window->pid);
     const bool isSilent = owner == nullptr || owner->isHanging;
-    const double seconds = isSilent ? messagingTimeout : window->behaviour.answerSeconds;
+    const double seconds = isSilent ? messagingTimeout : window->behaviour.answerSeconds + requestSeconds;
     if (seconds > 0 && SimulatedTime::isOnWorker()) {
         m_time.sleep(std::min(seconds, messagingTimeout));
     }
@@ -359,10 +382,7 @@ void SimulatedDesk::rescueWindows() {
         return;
     }
     for (auto& window : m_windows) {
-        const bool isSeen = std::ranges::any_of(m_displays, [&](const SimulatedDisplay& display) {
-            return display.frame.contains(window->frame.center());
-        });
-        if (!isSeen) {
+        if (!shows(window->frame.center())) {
             window->frame = DisplayGeometry::clamp(window->frame, m_displays.front().usableFrame());
         }
     }

@@ -31,9 +31,9 @@ struct Burst {
 struct WindowManagerHabits {
     // Seconds after a change until windows that stand on no display are moved onto the first one.
     double rescueDelay = 0.025;
-    // When set: so many seconds after a display came, its windows are all moved onto the first display, as
-    // some window managers do late and for no good reason.
-    std::optional<double> meddlingDelay;
+    // So many seconds after a display came, its windows are all moved onto the first display, as some window
+    // managers do late, some twice, and for no good reason.
+    std::vector<double> meddlingDelays{};
 };
 
 class SimulatedDesk {
@@ -50,6 +50,9 @@ public:
     // Displays. The change begins now; the new set is there from the middle of the burst on.
     void change(const DeskSetup& setup, const Burst& burst = {});
     [[nodiscard]] const std::vector<SimulatedDisplay>& displays() const { return m_displays; }
+    // The change is there at once and no event tells of it.
+    void changeSilently(const DeskSetup& setup) { m_displays = setup.displays; }
+    [[nodiscard]] bool shows(Point point) const;
     WindowManagerHabits habits;
 
     // Applications. A pid is never used twice.
@@ -57,7 +60,7 @@ public:
                         ActivationPolicy policy = ActivationPolicy::regular);
     // Its windows go with it.
     void quit(std::int32_t pid);
-    // None of its windows answers any more, until it is continued.
+    // Neither it nor its windows answer any more, until it is continued.
     void setHanging(std::int32_t pid, bool isHanging);
 
     // Windows. New ones open in front.
@@ -70,6 +73,10 @@ public:
     void bringToFront(WindowID id);
     // Front to back.
     [[nodiscard]] const std::vector<std::unique_ptr<SimulatedWindow>>& windows() const { return m_windows; }
+
+    // Seconds that every request takes on a worker, besides what the window's behaviour adds: the time for
+    // something else to happen in between.
+    double requestSeconds = 0;
 
     void setTrusted(bool isTrusted) { m_isTrusted = isTrusted; }
 
@@ -101,6 +108,9 @@ private:
 
     [[nodiscard]] App* app(std::int32_t pid);
     [[nodiscard]] SimulatedWindow* find(WindowID id);
+    void passRequestTime();
+    // False when the application does not answer, after the deadline.
+    [[nodiscard]] bool awaitApplication(std::int32_t pid);
     // Waits as long as the window's application takes to answer; false when it gives none.
     [[nodiscard]] bool awaitAnswer(WindowID id);
     [[nodiscard]] bool applyWrite(WindowID id, const FrameWrite& write);

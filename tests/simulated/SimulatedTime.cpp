@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace vantrel::simulated {
 
@@ -86,7 +87,11 @@ private:
     SimulatedTime& m_time;
 };
 
-SimulatedTime::SimulatedTime(Date start) : m_start(start) {}
+SimulatedTime::SimulatedTime(std::uint64_t seed, Date start) : m_start(start) {
+    if (seed != 0) {
+        m_random.emplace(seed);
+    }
+}
 
 SimulatedTime::~SimulatedTime() {
     endJobs();
@@ -105,7 +110,14 @@ void SimulatedTime::sleep(double seconds) {
     if (worker == nullptr) {
         std::abort(); // The main thread never sleeps.
     }
-    if (!m_isEnding) {
+    if (m_isEnding) {
+        return;
+    }
+    const Microseconds due = m_now + std::max<Microseconds>(0, std::llround(seconds * 1e6));
+    if (due <= m_end && (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > due)) {
+        // Nothing happens until then, so the baton need not go round.
+        m_now = due;
+    } else {
         insert(seconds, Owner::job, [this, worker] { resume(*worker); });
         handBack(*worker);
     }
@@ -127,7 +139,10 @@ std::unique_ptr<ScheduledWork> SimulatedTime::every(double seconds, std::functio
     return handle;
 }
 
-void SimulatedTime::run(WorkPriority /*priority*/, std::function<void()> work) {
+void SimulatedTime::run(WorkPriority priority, std::function<void()> work) {
+    if (onRun) {
+        onRun(priority);
+    }
     schedule(0, [this, work = std::move(work)]() mutable { start(std::move(work)); });
 }
 
@@ -157,18 +172,14 @@ void SimulatedTime::concurrentPerform(std::size_t count, const std::function<voi
 }
 
 void SimulatedTime::runFor(double seconds) {
-    const Microseconds end = m_now + std::llround(seconds * 1e6);
-    while (!m_agenda.empty() && m_agenda.begin()->first.first <= end) {
-        runNext();
-    }
-    m_now = end;
+    runUntil([] { return false; }, seconds);
 }
 
 bool SimulatedTime::runUntil(const std::function<bool()>& condition, double limit) {
-    const Microseconds end = m_now + std::llround(limit * 1e6);
+    m_end = m_now + std::llround(limit * 1e6);
     while (!condition()) {
-        if (m_agenda.empty() || m_agenda.begin()->first.first > end) {
-            m_now = end;
+        if (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > m_end) {
+            m_now = m_end;
             return condition();
         }
         runNext();
@@ -182,7 +193,11 @@ void SimulatedTime::schedule(double seconds, std::function<void()> work) {
 
 void SimulatedTime::insert(double seconds, Owner owner, std::function<void()> work) {
     const Microseconds due = m_now + std::max<Microseconds>(0, std::llround(seconds * 1e6));
-    m_agenda.emplace(Key{due, m_sequence++}, Entry{owner, std::move(work)});
+    // The main queue and the world keep their order, which falls anywhere among that of the workers.
+    constexpr std::uint32_t middle = 1U << 31U;
+    const bool isShuffled = m_random && owner == Owner::job;
+    const auto tie = isShuffled ? static_cast<std::uint32_t>((*m_random)()) : middle;
+    m_agenda.emplace(Key{due, tie, m_sequence++}, Entry{owner, std::move(work)});
 }
 
 bool SimulatedTime::isOnWorker() {
@@ -195,7 +210,7 @@ void SimulatedTime::setWallClock(Date date) {
 
 void SimulatedTime::runNext() {
     auto next = m_agenda.extract(m_agenda.begin());
-    m_now = std::max(m_now, next.key().first);
+    m_now = std::max(m_now, std::get<0>(next.key()));
     next.mapped().work();
 }
 

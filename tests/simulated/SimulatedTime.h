@@ -15,16 +15,20 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
+#include <random>
 #include <semaphore>
 #include <thread>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace vantrel::simulated {
 
 class SimulatedTime final : public Clock, public MainQueue, public Background {
 public:
-    explicit SimulatedTime(Date start = Date{std::chrono::sys_days{std::chrono::year{2026} / 3 / 2}});
+    // What background workers do at the same instant is ordered by the seed; 0 keeps the order of scheduling.
+    explicit SimulatedTime(std::uint64_t seed = 0,
+                           Date start = Date{std::chrono::sys_days{std::chrono::year{2026} / 3 / 2}});
     ~SimulatedTime() override;
 
     // Clock.
@@ -50,6 +54,8 @@ public:
     bool runUntil(const std::function<bool()>& condition, double limit);
     // The desk's own work, `seconds` from now: what the world does, not what the program asked for.
     void schedule(double seconds, std::function<void()> work);
+    // Called when the program hands over background work.
+    std::function<void(WorkPriority)> onRun;
     // Jumps the wall clock, as a user or a time server does. Monotonic time does not jump.
     void setWallClock(Date date);
     // Whether the caller is a background job, which may sleep.
@@ -64,7 +70,8 @@ private:
     class Worker;
     class Handle;
     using Microseconds = std::int64_t;
-    using Key = std::pair<Microseconds, std::uint64_t>;
+    // When, by the seed among equals, and in the order of scheduling.
+    using Key = std::tuple<Microseconds, std::uint32_t, std::uint64_t>;
 
     // Whose work an entry of the agenda is; of jobs there is something left to do when everything ends.
     enum class Owner : std::uint8_t { mainOrWorld, job };
@@ -81,10 +88,12 @@ private:
     // Called by the worker that holds the baton: lets others run until somebody resumes it.
     static void handBack(Worker& worker);
 
+    std::optional<std::mt19937_64> m_random;
     Date m_start;
     Microseconds m_now = 0;
+    // How far the caller of a run function lets time pass.
+    Microseconds m_end = 0;
     std::uint64_t m_sequence = 0;
-    // In order of time, then of scheduling.
     std::map<Key, Entry> m_agenda;
     std::vector<std::unique_ptr<Worker>> m_workers;
     std::vector<Worker*> m_idleWorkers;

@@ -1,0 +1,61 @@
+// The controller on a simulated desk with a disk and settings of its own: what a controller test tells its
+// story with.
+#pragma once
+
+#include "Vantrel/controller/AppController.h"
+#include "tests/simulated/MemoryFileSystem.h"
+#include "tests/simulated/SimulatedDefaults.h"
+#include "tests/simulated/SimulatedDesk.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantrel::simulated {
+
+class Story {
+public:
+    explicit Story(const std::string& setup = "laptop", std::uint64_t seed = 0);
+    // The controller goes first; what it left in the background ends without it.
+    ~Story();
+
+    SimulatedTime time;
+    MemoryFileSystem files;
+    SimulatedDefaults defaults;
+    SimulatedDesk desk;
+    AppLog log;
+    std::unique_ptr<AppController> controller;
+    bool isLicensed = true;
+
+    // A browser with two windows, a terminal and a mail program, spread over the displays.
+    void openPrograms();
+    WindowID browserLeft = 0;
+    WindowID browserRight = 0;
+    WindowID terminal = 0;
+    WindowID mail = 0;
+
+    // A new controller on the same disk, as after a restart of the program.
+    void start();
+    // Long enough for a desk that stands still to be learned.
+    void learn();
+    // Where the user leaves a window.
+    void move(WindowID window, const Rect& frame) { desk.window(window).frame = frame; }
+    [[nodiscard]] Rect frame(WindowID window) { return desk.window(window).frame; }
+    // Changes the displays and lets everything that follows come to rest.
+    void connect(const std::string& setup, const Burst& burst = {});
+
+    void runFor(double seconds) { time.runFor(seconds); }
+    [[nodiscard]] const PublishedState& published() const { return controller->published(); }
+
+    [[nodiscard]] LayoutStore store();
+    [[nodiscard]] std::optional<Layout> storedLayout();
+    [[nodiscard]] std::map<WindowID, Rect> frames();
+
+    // The messages of the log, without their times.
+    [[nodiscard]] std::vector<std::string> messages();
+    // How many messages begin like this.
+    [[nodiscard]] std::size_t logged(const std::string& beginning);
+};
+
+} // namespace vantrel::simulated
