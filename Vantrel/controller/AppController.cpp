@@ -81,22 +81,35 @@ void AppController::setEnabled(bool isEnabled) {
     refreshStatus();
 }
 
-bool AppController::restoreNow(RestoreSource source) {
+bool AppController::restoreNow(RestoreSource source, std::function<void(const RestoreOutcome&)> done) {
     const bool hasPermission = m_context.ports.accessibility.isTrusted();
     m_context.log(
         fmt::format("restoreNow tapped: enabled={} permission={}", published().enabled, hasPermission));
     refreshStatus();
-    if (!published().enabled || !hasPermission || !m_context.entitledToRun()) {
+    using Kind = RestoreOutcome::Kind;
+    const auto refuse = [&](Kind kind) {
+        if (done) {
+            done({.kind = kind, .report = {}});
+        }
         return false;
+    };
+    if (!published().enabled) {
+        return refuse(Kind::switchedOff);
+    }
+    if (!hasPermission) {
+        return refuse(Kind::needsPermission);
+    }
+    if (!m_context.entitledToRun()) {
+        return refuse(Kind::notEntitled);
     }
     if (!m_context.isDeskCurrent()) {
         m_context.log("restoreNow: the displays are changing");
-        return false;
+        return refuse(Kind::displaysChanging);
     }
     const auto layout = m_context.layoutToRestore();
     if (!layout || layout->windows.empty()) {
         m_context.log("restoreNow: NO stored layout for current config");
-        return false;
+        return refuse(Kind::nothingStored);
     }
     m_context.log(fmt::format("restoreNow: restoring {} windows (saved {})", layout->windows.size(),
                               iso8601Text(layout->savedAt)));
@@ -104,7 +117,8 @@ bool AppController::restoreNow(RestoreSource source) {
                       .displays = published().displays,
                       .reason = fmt::format("restore now ({})", sourceName(source)),
                       .announcement = Announcement::announce,
-                      .raising = RestoreEngine::Raising::raise});
+                      .raising = RestoreEngine::Raising::raise,
+                      .done = std::move(done)});
     return true;
 }
 

@@ -55,11 +55,18 @@ public:
     void setEnabled(bool isEnabled);
     [[nodiscard]] bool isEnabled() const { return published().enabled; }
 
-    // Puts the desk's stored layout back. False when nothing is going to move.
-    bool restoreNow(RestoreSource source);
+    // Puts the desk's stored layout back. False when nothing is going to move. `done`, if any, is told once
+    // what came of it, also when it is refused.
+    bool restoreNow(RestoreSource source, std::function<void(const RestoreOutcome&)> done = {});
 
     // Remembers the desk as it stands now. `done`, if any, is told once what came of it.
     void saveLayoutNow(std::function<void(const SaveOutcome&)> done = {});
+
+    // The stored layouts of every desk, and the name of a desk's active one.
+    [[nodiscard]] std::vector<Layout> allLayouts() { return m_context.store.allLayouts(); }
+    [[nodiscard]] std::string activeLayoutName(const std::string& configID) {
+        return m_context.store.activeLayoutName(configID);
+    }
 
     // Looks at permission and desk again and publishes what they are.
     void refreshStatus() { m_context.refreshStatus(); }

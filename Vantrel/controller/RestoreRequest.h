@@ -1,9 +1,11 @@
 // One restore that somebody asked for: waiting for its turn, or running.
 #pragma once
 
+#include "Vantrel/controller/RestoreOutcome.h"
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +27,14 @@ struct RestoreRequest {
     Announcement announcement = Announcement::silent;
     std::optional<std::string> sceneName = std::nullopt;
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
+    // If any, told once on the main thread what came of it.
+    std::function<void(const RestoreOutcome&)> done = {};
+
+    void tell(const RestoreOutcome& outcome) const {
+        if (done) {
+            done(outcome);
+        }
+    }
 };
 
 } // namespace vantrel

@@ -14,12 +14,18 @@ RestoreRunner::RestoreRunner(ControllerContext& context) : m_context(context), m
 void RestoreRunner::perform(RestoreRequest request) {
     if (m_context.restoreInFlight) {
         m_context.log("restore queued: another restore is in flight");
-        m_pending = std::move(request);
+        queue(std::move(request));
     } else if (m_context.axWorkInFlight()) {
         m_context.log("restore queued: a capture is in flight");
-        m_pending = std::move(request);
+        queue(std::move(request));
     } else {
         start(std::move(request));
+    }
+}
+
+void RestoreRunner::queue(RestoreRequest request) {
+    if (const auto replaced = std::exchange(m_pending, std::move(request))) {
+        replaced->tell({.kind = RestoreOutcome::Kind::superseded, .report = {}});
     }
 }
 
@@ -32,11 +38,13 @@ void RestoreRunner::start(RestoreRequest request) {
     if (request.layout.configID != m_context.state().configID || !m_context.isDeskCurrent()) {
         m_context.log("restore dropped: the displays have changed");
         m_context.refreshStatus();
+        request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
         return;
     }
     if (!m_context.state().enabled || !m_context.entitledToRun()) {
         m_context.log("restore dropped: restoring is switched off");
         m_context.refreshStatus();
+        request.tell({.kind = RestoreOutcome::Kind::switchedOff, .report = {}});
         return;
     }
     abandonMoves();
@@ -72,8 +80,10 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
         m_context.log("restore abandoned: the displays changed meanwhile");
         m_context.showPhase({});
         m_context.refreshStatus();
+        request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
     } else {
         publishReport(request, result.report);
+        request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
         if (request.trigger == RestoreTrigger::automatic) {
             m_followUp.begin(std::move(result.landed));
         }

@@ -21,6 +21,7 @@ public:
     void abandonMoves();
 
 private:
+    void queue(RestoreRequest request);
     void start(RestoreRequest request);
     void finish(const RestoreRequest& request, RestorePass::Result result);
     void publishReport(const RestoreRequest& request, const RestoreReport& report);

@@ -158,7 +158,7 @@ bool QtUserDefaults::write(const std::string& text) {
         }
         m_keptFor = m_complaint;
     }
-    if (const auto error = m_files.writeAtomically(linkTarget(m_file), text)) {
+    if (const auto error = m_files.writeAtomically(m_file, text)) {
         m_log(fmt::format("settings: {} cannot be written ({})", m_file.string(), error.message()));
         return false;
     }

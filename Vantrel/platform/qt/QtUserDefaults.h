@@ -35,7 +35,6 @@ private:
     // Take over what the file holds now and say whether it could be read; reload tells the handler.
     bool reload();
     bool read();
-    // Writes through a symbolic link, so that a linked settings file stays linked.
     bool write(const std::string& text);
     void watch();
     void complain(std::string complaint);

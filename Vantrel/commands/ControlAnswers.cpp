@@ -1,0 +1,90 @@
+#include "Vantrel/commands/ControlAnswers.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace vantrel::ControlAnswers {
+
+namespace {
+
+struct PhaseParts {
+    PhaseMessage operator()(const Phase::Empty&) const { return named("empty"); }
+
+    PhaseMessage operator()(const Phase::Saved& saved) const { return named("saved", saved.windows); }
+
+    PhaseMessage operator()(const Phase::Restoring& restoring) const {
+        return named("restoring", restoring.windows);
+    }
+
+    PhaseMessage operator()(const Phase::Restored& restored) const {
+        return named("restored", restored.windows, restored.seconds);
+    }
+
+    PhaseMessage operator()(const Phase::Off&) const { return named("off"); }
+
+    PhaseMessage operator()(const Phase::NeedsPermission&) const { return named("needsPermission"); }
+
+    static PhaseMessage named(const char* name, std::optional<std::int64_t> windows = {},
+                              std::optional<double> seconds = {}) {
+        return {.name = name, .windows = windows, .seconds = seconds, .text = {}};
+    }
+};
+
+} // namespace
+
+PhaseMessage phase(const Phase& phase) {
+    auto message = std::visit(PhaseParts{}, phase.value);
+    message.text = StatusPhase::text(phase);
+    return message;
+}
+
+StatusMessage status(const PublishedState& state, const std::filesystem::path& supportDirectory) {
+    StatusMessage message;
+    message.version = state.version;
+    message.phase = phase(state.phase);
+    message.enabled = state.enabled;
+    message.configID = state.configID;
+    message.configName = state.configName;
+    message.activeLayoutName = state.activeLayoutName;
+    message.activePinned = state.activePinned;
+    if (const auto* const layout = state.activeLayout()) {
+        message.savedWindows = static_cast<std::int64_t>(layout->windows.size());
+        message.savedAt = layout->savedAt;
+    }
+    for (const auto& layout : state.currentLayouts) {
+        message.layoutNames.push_back(layout.layoutName);
+    }
+    message.displays = state.displays;
+    message.supportDirectory = supportDirectory.string();
+    return message;
+}
+
+DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layouts,
+                   const std::function<std::string(const std::string&)>& activeLayoutName) {
+    DesksMessage message;
+    if (!state.configID.empty()) {
+        message.desks.push_back({state.configID, state.configName, true, state.activeLayoutName, {}});
+    }
+    for (const auto& layout : layouts) {
+        auto desk = std::ranges::find(message.desks, layout.configID, &DeskMessage::configID);
+        if (desk == message.desks.end()) {
+            desk = message.desks.insert(
+                desk, {layout.configID, layout.name, false, activeLayoutName(layout.configID), {}});
+        }
+        if (desk->isCurrent && desk->layouts.empty()) {
+            // As the user named it.
+            desk->name = layout.name;
+        }
+        desk->layouts.push_back(layout);
+    }
+    for (auto& desk : message.desks) {
+        std::ranges::stable_sort(desk.layouts, {}, [](const Layout& layout) {
+            return std::tuple(layout.layoutName != Layout::defaultName, layout.layoutName);
+        });
+    }
+    std::ranges::stable_sort(message.desks, {},
+                             [](const DeskMessage& desk) { return std::tuple(!desk.isCurrent, desk.name); });
+    return message;
+}
+
+} // namespace vantrel::ControlAnswers

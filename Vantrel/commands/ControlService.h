@@ -1,0 +1,51 @@
+// The running program on the session bus: answers questions, takes commands, tells of changes. docs/dbus.md
+// has the interface.
+#pragma once
+
+#include "Vantrel/controller/AppController.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+#include <filesystem>
+#include <nlohmann/json_fwd.hpp>
+
+namespace vantrel {
+
+// Lives on the main thread; the controller outlives it. Answers nothing once it is gone: calls that wait for
+// a restore then end with the connection.
+class ControlService final : public QDBusVirtualObject {
+public:
+    ControlService(AppController& controller, std::filesystem::path supportDirectory,
+                   const QDBusConnection& bus);
+    ~ControlService() override;
+    ControlService(const ControlService&) = delete;
+    ControlService& operator=(const ControlService&) = delete;
+
+    // Puts the object on the bus; the owner of the connection takes the name afterwards, so that whoever sees
+    // the name finds the object.
+    [[nodiscard]] bool start();
+
+    [[nodiscard]] QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+private:
+    void save(const QDBusMessage& request);
+    void restore(const QDBusMessage& request);
+    void answer(const QDBusMessage& request, const nlohmann::json& answer);
+    void tellChanges();
+    void sendSignal(const char* name, const nlohmann::json& content);
+
+    AppController& m_controller;
+    std::filesystem::path m_supportDirectory;
+    QDBusConnection m_bus;
+    Publisher::ObserverID m_observer;
+    // What was last told.
+    Phase m_phase;
+    std::optional<PublishedState::LastRestore> m_lastRestore;
+    // Expires with the service, so that an outcome that comes later finds nobody.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace vantrel

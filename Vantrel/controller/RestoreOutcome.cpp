@@ -1,0 +1,27 @@
+#include "Vantrel/controller/RestoreOutcome.h"
+
+#include "Vantrel/controller/ControllerText.h"
+
+namespace vantrel {
+
+std::string RestoreOutcome::text() const {
+    switch (kind) {
+    case Kind::finished:
+        return ControllerText::windows(report.restoredCount()) + " put back.";
+    case Kind::switchedOff:
+        return "Restoring is switched off.";
+    case Kind::needsPermission:
+        return "The permission to read and move windows is missing.";
+    case Kind::notEntitled:
+        return "The license does not allow it.";
+    case Kind::displaysChanging:
+        return "The displays are changing. Try again when they have settled.";
+    case Kind::nothingStored:
+        return "Nothing is remembered for this desk yet.";
+    case Kind::superseded:
+        return "A newer restore took its place.";
+    }
+    return "";
+}
+
+} // namespace vantrel

@@ -1,0 +1,176 @@
+// Settings in a real file: as people and editors change it, and as the program does.
+#include "Vantrel/platform/qt/QtUserDefaults.h"
+
+#include "Vantrel/platform/posix/PosixFileSystem.h"
+#include "tests/Vantrel/platform/qt/QtApplication.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+using namespace vantrel;
+using namespace ::testing;
+using vantrel::testing::handlePending;
+using vantrel::testing::waitFor;
+
+namespace {
+
+class QtUserDefaultsTest : public Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (std::filesystem::temp_directory_path() / "vantrel-settings-XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        m_folder = pattern;
+    }
+
+    void TearDown() override { std::filesystem::remove_all(m_folder); }
+
+    [[nodiscard]] std::filesystem::path file() const { return m_folder / "vantrel" / "settings.conf"; }
+
+    [[nodiscard]] QtUserDefaults open() {
+        return QtUserDefaults(file(), m_files,
+                              [this](const std::string& message) { m_log.push_back(message); });
+    }
+
+    static void write(const std::filesystem::path& to, const std::string& text) {
+        std::filesystem::create_directories(to.parent_path());
+        std::ofstream(to, std::ios::trunc) << text;
+    }
+
+    static std::string read(const std::filesystem::path& from) {
+        std::ifstream stream(from);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    std::filesystem::path m_folder;
+    PosixFileSystem m_files;
+    std::vector<std::string> m_log;
+};
+
+} // namespace
+
+TEST_F(QtUserDefaultsTest, WithoutAFileEverythingIsAbsentAndNothingIsWritten) {
+    auto defaults = open();
+    EXPECT_EQ(defaults.boolean("autoRestore"), std::nullopt);
+    EXPECT_FALSE(std::filesystem::exists(file()));
+    EXPECT_THAT(m_log, IsEmpty());
+}
+
+TEST_F(QtUserDefaultsTest, WhatIsSetIsThereAfterARestart) {
+    {
+        auto defaults = open();
+        EXPECT_TRUE(defaults.set("autoRestore", false));
+        EXPECT_TRUE(defaults.set("settleDelay", 0.75));
+        EXPECT_TRUE(defaults.set("saveKeyCode", std::int64_t{12}));
+        EXPECT_TRUE(defaults.set("dockFrequency", std::string("daily # \"twice\"\n")));
+        EXPECT_TRUE(defaults.set("gone", true));
+        EXPECT_TRUE(defaults.remove("gone"));
+    }
+    auto defaults = open();
+    EXPECT_EQ(defaults.boolean("autoRestore"), false);
+    EXPECT_EQ(defaults.number("settleDelay"), 0.75);
+    EXPECT_EQ(defaults.integer("saveKeyCode"), 12);
+    EXPECT_EQ(defaults.number("saveKeyCode"), 12.0);
+    EXPECT_EQ(defaults.text("dockFrequency"), "daily # \"twice\"\n");
+    EXPECT_EQ(defaults.boolean("gone"), std::nullopt);
+}
+
+TEST_F(QtUserDefaultsTest, AValueOfAnotherTypeIsAbsent) {
+    write(file(), "flag = true\nnumber = 1.5\nwhole = 2\ntext = \"true\"\n");
+    auto defaults = open();
+    EXPECT_EQ(defaults.boolean("whole"), std::nullopt);
+    EXPECT_EQ(defaults.boolean("text"), std::nullopt);
+    EXPECT_EQ(defaults.integer("number"), std::nullopt);
+    EXPECT_EQ(defaults.integer("flag"), std::nullopt);
+    EXPECT_EQ(defaults.number("text"), std::nullopt);
+    EXPECT_EQ(defaults.text("whole"), std::nullopt);
+}
+
+TEST_F(QtUserDefaultsTest, NoticesEveryWayEditorsSave) {
+    write(file(), "settleDelay = 1\n");
+    auto defaults = open();
+    int changes = 0;
+    defaults.setChangeHandler([&] { ++changes; });
+
+    // In place, as nano does.
+    write(file(), "settleDelay = 2\n");
+    EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == 2.0 && changes >= 1; }));
+    // Another file put in its place, as vim and most others do; twice, since the watch has to move along.
+    for (const double delay : {3.0, 4.0}) {
+        const auto swap = file().parent_path() / "settings.conf~";
+        write(swap, "settleDelay = " + std::to_string(delay) + "\n");
+        std::filesystem::rename(swap, file());
+        EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == delay; })) << delay;
+    }
+    // Removed, and made anew.
+    std::filesystem::remove(file());
+    EXPECT_TRUE(waitFor([&] { return !defaults.number("settleDelay").has_value(); }));
+    write(file(), "settleDelay = 5\n");
+    EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == 5.0 && changes >= 5; }));
+}
+
+TEST_F(QtUserDefaultsTest, TellsOfItsOwnChangesOnceAndLater) {
+    auto defaults = open();
+    int changes = 0;
+    defaults.setChangeHandler([&] { ++changes; });
+    defaults.set("a", true);
+    defaults.set("b", true);
+    EXPECT_EQ(changes, 0);
+    handlePending();
+    EXPECT_EQ(changes, 1);
+    defaults.set("b", true);
+    handlePending();
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(QtUserDefaultsTest, TakesOverAnEditThatItHasNotNoticedYetBeforeItWrites) {
+    write(file(), "a = 1\n");
+    auto defaults = open();
+    write(file(), "# by hand\na = 2\n");
+    EXPECT_TRUE(defaults.set("b", true));
+    EXPECT_EQ(read(file()), "# by hand\na = 2\nb = true\n");
+    EXPECT_EQ(defaults.integer("a"), 2);
+}
+
+TEST_F(QtUserDefaultsTest, AFileItDoesNotUnderstandIsLoggedOnceAndKeptAside) {
+    const std::string broken = "settleDelay = fast\nrestoreSizes = false\n{\"json\": 1}\n";
+    write(file(), broken);
+    auto defaults = open();
+    EXPECT_EQ(defaults.number("settleDelay"), std::nullopt);
+    EXPECT_EQ(defaults.boolean("restoreSizes"), false);
+    EXPECT_THAT(
+        m_log, ElementsAre(AllOf(HasSubstr("line 1"), HasSubstr("1 more"), HasSubstr("settleDelay = fast"))));
+
+    EXPECT_TRUE(defaults.set("settleDelay", 1.0));
+    auto aside = file();
+    aside += ".broken";
+    EXPECT_EQ(read(aside), broken);
+    EXPECT_EQ(read(file()), "settleDelay = 1.0\nrestoreSizes = false\n{\"json\": 1}\n");
+}
+
+TEST_F(QtUserDefaultsTest, AFileThatCannotBeReadIsNeverWritten) {
+    // A folder in its place: unreadable for root too.
+    std::filesystem::create_directories(file());
+    auto defaults = open();
+    EXPECT_FALSE(defaults.set("a", true));
+    EXPECT_EQ(defaults.boolean("a"), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_directory(file()));
+    EXPECT_THAT(m_log, ElementsAre(HasSubstr("cannot be read")));
+}
+
+TEST_F(QtUserDefaultsTest, ALinkedFileStaysLinkedAndIsWatched) {
+    const auto target = m_folder / "dotfiles" / "vantrel.conf";
+    write(target, "a = 1\n");
+    std::filesystem::create_directories(file().parent_path());
+    std::filesystem::create_symlink(target, file());
+    auto defaults = open();
+    EXPECT_TRUE(defaults.set("a", std::int64_t{2}));
+    EXPECT_TRUE(std::filesystem::is_symlink(file()));
+    EXPECT_EQ(read(target), "a = 2\n");
+
+    write(m_folder / "dotfiles" / "new", "a = 3\n");
+    std::filesystem::rename(m_folder / "dotfiles" / "new", target);
+    EXPECT_TRUE(waitFor([&] { return defaults.integer("a") == 3; }));
+}
