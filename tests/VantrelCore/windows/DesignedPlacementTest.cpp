@@ -1,4 +1,4 @@
-#include "ScriptedWindow.h"
+#include "tests/VantrelCore/windows/ScriptedWindow.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/SlotAnchor.h"
 

@@ -1,6 +1,6 @@
 #include "VantrelCore/windows/WindowSnapshotter.h"
 
-#include "ScriptedWindow.h"
+#include "tests/VantrelCore/windows/ScriptedWindow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 
 #include <gmock/gmock.h>

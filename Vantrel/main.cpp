@@ -1,0 +1,157 @@
+// vantrel: the program itself, and the only place that chooses adapters and wires objects together.
+#include "Vantrel/commands/ControlNames.h"
+#include "Vantrel/commands/ControlService.h"
+#include "Vantrel/controller/AppController.h"
+#include "Vantrel/controller/AppLog.h"
+#include "Vantrel/platform/posix/PosixFileSystem.h"
+#include "Vantrel/platform/posix/SystemClock.h"
+#include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/qt/QtMainQueue.h"
+#include "Vantrel/platform/qt/QtUserDefaults.h"
+#include "Vantrel/platform/qt/TerminationSignals.h"
+#include "Vantrel/platform/qt/UserFolders.h"
+#include "Vantrel/platform/x11/X11Accessibility.h"
+#include "Vantrel/platform/x11/X11Connection.h"
+#include "Vantrel/platform/x11/X11DisplayServices.h"
+
+#include <CLI/CLI.hpp>
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fmt/format.h>
+
+namespace {
+
+using namespace vantrel;
+
+enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, runsAlready = 3 };
+
+constexpr const char* ownBundleID = "org.vantrel.Vantrel";
+
+constexpr const char* footer =
+    "It runs until it is ended (Ctrl+C, SIGTERM, or the end of the X session). Talk to it with vantrelctl.\n"
+    "Settings: $XDG_CONFIG_HOME/vantrel/settings.conf   Layouts and log: $XDG_DATA_HOME/Vantrel\n"
+    "Exit codes: 0 ended on request, 1 failed, 2 wrong usage, 3 another vantrel runs already.";
+
+void say(const std::string& sentence) {
+    fmt::print(stderr, "vantrel: {}\n", sentence);
+}
+
+ExitCode complain(const std::string& sentence, ExitCode code = ExitCode::failed) {
+    say(sentence);
+    return code;
+}
+
+bool isSet(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+// Which variable stands for what is the display server's affair, not this program's: said once, at the start.
+void explainWayland() {
+    if (isSet("WAYLAND_DISPLAY")) {
+        say("This is a Wayland session: only the windows of X11 programs can be seen and moved here, Wayland "
+            "programs keep theirs to themselves.");
+    }
+}
+
+bool runsAlready(const QDBusConnection& bus) {
+    return bus.interface()->isServiceRegistered(ControlNames::service);
+}
+
+ExitCode complainOfSecondStart() {
+    return complain("It runs already. Ask it with: vantrelctl status", ExitCode::runsAlready);
+}
+
+// Runs until it is told to end.
+ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnection bus) {
+    const auto supportDirectory = UserFolders::supportDirectory();
+    PosixFileSystem files;
+    SystemClock clock;
+    QtMainQueue queue;
+    AppLog log(supportDirectory, files, clock);
+    QtUserDefaults defaults(UserFolders::settingsFile(), files,
+                            [&log](const std::string& message) { log.write(message); });
+    X11Accessibility accessibility(connection);
+    X11DisplayServices displays(connection);
+    // Destroyed before the adapters that its work uses.
+    ThreadBackground background;
+
+    const ControllerPorts ports{accessibility, displays, defaults, clock, queue, background};
+    auto controller = AppController::create(
+        ports, files, log,
+        {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});
+    if (!controller) {
+        return complain(fmt::format("The folder {} cannot be used: {}.", supportDirectory.string(),
+                                    controller.error().message()));
+    }
+    ControlService service(**controller, supportDirectory, bus);
+    if (!service.start()) {
+        return complain("The session bus does not take the object " + std::string(ControlNames::path) + ".");
+    }
+    if (!bus.registerService(ControlNames::service)) {
+        if (runsAlready(bus)) {
+            return complainOfSecondStart();
+        }
+        return complain("The session bus does not give the name " + std::string(ControlNames::service) +
+                        ": " + bus.lastError().message().toStdString());
+    }
+
+    auto result = ExitCode::done;
+    const TerminationSignals termination([] { QCoreApplication::quit(); });
+    const auto end = [&] {
+        result = complain("The X server has gone away.");
+        log.write("end: the X server has gone away");
+        QCoreApplication::quit();
+    };
+    const auto loss = connection->onLoss([&] { queue.post(end); });
+    if (!connection->isConnected()) {
+        queue.post(end);
+    }
+    if (!accessibility.isTrusted()) {
+        say("No window manager that moves windows on request is running yet; waiting for one.");
+    }
+    log.write("start: vantrel " VANTREL_VERSION);
+    (*controller)->watchForPermission();
+    (*controller)->startEngine();
+    fmt::print("vantrel is watching this desk. Log: {}\n", log.file().string());
+    std::fflush(stdout);
+    QCoreApplication::exec();
+    if (result == ExitCode::done) {
+        log.write("end: asked to");
+    }
+    return result;
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    CLI::App app("Remembers where windows stand on every set of displays, and puts them back.", "vantrel");
+    app.footer(footer);
+    app.set_version_flag("--version", "vantrel " VANTREL_VERSION);
+    app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
+        return fmt::format("vantrel: {}. See: vantrel --help\n", error.what());
+    });
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (const CLI::ParseError& error) {
+        return static_cast<int>(app.exit(error) == 0 ? ExitCode::done : ExitCode::usage);
+    }
+
+    const QCoreApplication application(argumentCount, arguments);
+    explainWayland();
+    auto connection = X11Connection::open();
+    if (!connection) {
+        return static_cast<int>(complain(connection.error()));
+    }
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return static_cast<int>(complain("There is no session bus (DBUS_SESSION_BUS_ADDRESS): " +
+                                         bus.lastError().message().toStdString()));
+    }
+    // Before anything of the running one is touched.
+    return static_cast<int>(runsAlready(bus) ? complainOfSecondStart() : keepDesk(*connection, bus));
+}
