@@ -1,6 +1,6 @@
 // The private desk itself: what the other live tests and the demonstration rely on.
-#include "tests/live/desk/PrivateDesk.h"
 #include "tests/live/WindowManagers.h"
+#include "tests/live/desk/PrivateDesk.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
-#include "tests/VantrelCore/windows/ScriptedWindow.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/SlotAnchor.h"
+#include "tests/VantrelCore/windows/ScriptedWindow.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "VantrelCore/windows/WindowSnapshotter.h"
 
-#include "tests/VantrelCore/windows/ScriptedWindow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "tests/VantrelCore/windows/ScriptedWindow.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
