@@ -4,6 +4,7 @@
 #include "Vantrel/commands/terminal/TextCells.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fmt/format.h>
 #include <iterator>
 
@@ -13,6 +14,11 @@ namespace {
 
 std::string counted(std::int64_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
+std::string duration(double seconds) {
+    return seconds < 1 ? fmt::format("{:.0f} ms", std::ceil(seconds * 1000))
+                       : fmt::format("{:.1f} s", seconds);
 }
 
 std::string_view ellipsis(const DeskDrawing::Options& options) {
@@ -94,9 +100,9 @@ std::string report(const RestoreReport& report, const DeskDrawing::Options& opti
     }
     const auto retried = std::ranges::count(report.items, RestoreReport::Kind::retried,
                                             [](const auto& item) { return item.outcome.kind; });
-    std::string text =
-        fmt::format("Restored {} of {} in {:.2f} s", report.restoredCount(),
-                    counted(static_cast<std::int64_t>(report.expectedCount()), "window"), report.elapsed);
+    std::string text = fmt::format("Restored {} of {} in {}", report.restoredCount(),
+                                   counted(static_cast<std::int64_t>(report.expectedCount()), "window"),
+                                   duration(report.elapsed));
     if (retried > 0) {
         text += fmt::format(", {} after a retry", retried);
     }

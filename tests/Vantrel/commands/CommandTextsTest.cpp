@@ -25,7 +25,7 @@ RestoreReport exampleReport() {
 
 TEST(CommandTexts, AReportNamesFirstWhatDidNotGoBack) {
     EXPECT_EQ(CommandTexts::report(exampleReport(), {}),
-              "Restored 2 of 4 windows in 0.12 s, 1 after a retry, 1 skipped, 1 failed.\n"
+              "Restored 2 of 4 windows in 124 ms, 1 after a retry, 1 skipped, 1 failed.\n"
               "  failed    Game                  app rejected the move: Level 1\n"
               "  skipped   Mail                  not running: Inbox\n"
               "  retried   Terminal\n"
@@ -34,7 +34,7 @@ TEST(CommandTexts, AReportNamesFirstWhatDidNotGoBack) {
 
 TEST(CommandTexts, AReportKeepsToItsColumns) {
     EXPECT_EQ(CommandTexts::report(exampleReport(), {.columns = 40}),
-              "Restored 2 of 4 windows in 0.12 s, 1 after a retry, 1 skipped, 1 failed.\n"
+              "Restored 2 of 4 windows in 124 ms, 1 after a retry, 1 skipped, 1 failed.\n"
               "  failed    Game                  app r…\n"
               "  skipped   Mail                  not r…\n"
               "  retried   Terminal\n"
