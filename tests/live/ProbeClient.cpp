@@ -97,8 +97,8 @@ void ProbeClient::map(xcb_window_t window) {
         const auto seen = seenWindow(m_connection, window);
         return seen && seen->isViewable && !m_connection.values(window, "WM_STATE").empty();
     };
-    constexpr int tries = 60;
-    constexpr double tryOften = 0.5;
+    constexpr int tries = 300;
+    constexpr double tryOften = 0.1;
     int tried = 0;
     while (!m_connection.waitUntil(isShown, tryOften) && ++tried < tries) {
         // openbox 3.6 may sleep on a request that it has already read; any message wakes it.

@@ -1,5 +1,8 @@
 #include "Vantrel/platform/x11/ClientMessage.h"
 
+#include <cstddef>
+#include <cstring>
+
 namespace vantrel::ClientMessage {
 
 namespace {
@@ -18,12 +21,22 @@ constexpr std::uint32_t hasHeight = 1U << 11;
 constexpr std::uint32_t stateRemove = 0;
 constexpr std::uint32_t stateAdd = 1;
 
+// The wire size of every event.
+constexpr std::size_t eventSize = 32;
+
+template <typename Event>
+void sendToWindowManager(const X11Connection& connection, const Event& event) {
+    static_assert(sizeof(Event) <= eventSize);
+    std::array<char, eventSize> bytes{};
+    std::memcpy(bytes.data(), &event, sizeof(Event));
+    xcb_send_event(connection.xcb(), 0, connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, bytes.data());
+}
+
 } // namespace
 
 void send(const X11Connection& connection, xcb_window_t window, xcb_atom_t type,
           const std::array<std::uint32_t, 5>& data) {
-    // The wire size of every event.
-    static_assert(sizeof(xcb_client_message_event_t) == 32);
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
@@ -32,9 +45,7 @@ void send(const X11Connection& connection, xcb_window_t window, xcb_atom_t type,
     for (std::size_t i = 0; i < data.size(); ++i) {
         message.data.data32[i] = data[i];
     }
-    xcb_send_event(connection.xcb(), 0, connection.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&message));
+    sendToWindowManager(connection, message);
 }
 
 void moveResize(const X11Connection& connection, xcb_window_t window, const MoveResize& request) {
@@ -61,6 +72,18 @@ void setMaximized(const X11Connection& connection, xcb_window_t window, Maximize
 void restackOnTop(const X11Connection& connection, xcb_window_t window) {
     send(connection, window, connection.atoms().netRestackWindow,
          {sourcePager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
+}
+
+void restackAbove(const X11Connection& connection, xcb_window_t window, xcb_window_t sibling) {
+    // A real request could not name the sibling: the server sees clients in different frames as unrelated.
+    xcb_configure_request_event_t request{};
+    request.response_type = XCB_CONFIGURE_REQUEST;
+    request.stack_mode = XCB_STACK_MODE_ABOVE;
+    request.parent = connection.root();
+    request.window = window;
+    request.sibling = sibling;
+    request.value_mask = XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE;
+    sendToWindowManager(connection, request);
 }
 
 } // namespace vantrel::ClientMessage

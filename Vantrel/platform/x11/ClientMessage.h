@@ -25,4 +25,7 @@ void setMaximized(const X11Connection& connection, xcb_window_t window, Maximize
 // To the top of its layer, the focus left where it is.
 void restackOnTop(const X11Connection& connection, xcb_window_t window);
 
+// The same by the older way that every window manager knows; both are clients.
+void restackAbove(const X11Connection& connection, xcb_window_t window, xcb_window_t sibling);
+
 } // namespace vantrel::ClientMessage

@@ -1,13 +1,34 @@
 #include "Vantrel/platform/x11/X11WindowElement.h"
 
 #include "Vantrel/platform/x11/ClientMessage.h"
+#include "Vantrel/platform/x11/PropertyValues.h"
 #include "Vantrel/platform/x11/WindowMove.h"
 #include "Vantrel/platform/x11/WindowQuery.h"
 
+#include <chrono>
 #include <optional>
 #include <utility>
 
 namespace vantrel {
+
+namespace {
+
+constexpr std::chrono::seconds raiseLimit(1);
+
+// The client that lies in front of all others.
+xcb_window_t topmost(const X11Connection& connection) {
+    constexpr std::uint32_t listWords = 16384;
+    xcb_connection_t* const xcb = connection.xcb();
+    const auto reply = ownReply(xcb_get_property_reply(
+        xcb,
+        xcb_get_property(xcb, 0, connection.root(), connection.atoms().netClientListStacking, XCB_ATOM_WINDOW,
+                         0, listWords),
+        nullptr));
+    const auto stacking = PropertyValues::numbers(reply, XCB_ATOM_WINDOW);
+    return stacking.empty() ? xcb_window_t{XCB_WINDOW_NONE} : stacking.back();
+}
+
+} // namespace
 
 X11WindowElement::X11WindowElement(std::shared_ptr<X11Desk> desk, xcb_window_t window, WindowMarks::Mark mark)
     : m_desk(std::move(desk)), m_window(window), m_mark(mark) {}
@@ -55,12 +76,16 @@ bool X11WindowElement::raise() {
     }
     if (windowManager.restacks) {
         ClientMessage::restackOnTop(connection, m_window);
-    } else {
-        // A ConfigureRequest to the window manager, which stacks without focusing.
-        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-        xcb_configure_window(connection.xcb(), m_window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        return xcb_flush(connection.xcb()) > 0;
     }
-    return xcb_flush(connection.xcb()) > 0;
+    // xfwm4 gives the focus to a window that is raised without saying above which other one.
+    const auto top = topmost(connection);
+    if (top == m_window) {
+        return true;
+    }
+    ClientMessage::restackAbove(connection, m_window, top);
+    // The next raise must find this one done.
+    return m_desk->fence.await(std::chrono::steady_clock::now() + raiseLimit);
 }
 
 } // namespace vantrel

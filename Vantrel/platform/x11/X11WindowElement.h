@@ -25,7 +25,7 @@ public:
     // gone, nobody answered within 1.0 second or the window manager left the window as it was.
     [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override;
 
-    // Successive raises keep their order. Not waited for.
+    // Successive raises keep their order.
     bool raise() override;
 
     [[nodiscard]] static WindowAttributes attributes(const WindowFacts& facts);

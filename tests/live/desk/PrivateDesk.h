@@ -45,6 +45,8 @@ public:
     SeenWindow open(const std::vector<std::string>& command);
     void startWindowManager(const std::string& name);
     void endWindowManager();
+    // Only while one runs.
+    [[nodiscard]] pid_t windowManagerPid() { return m_windowManager->process().pid(); }
 
     // Asks the window manager to put the window's frame there, as a pager would.
     void place(xcb_window_t client, const Rect& frame);
