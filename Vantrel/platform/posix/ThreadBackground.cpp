@@ -51,6 +51,13 @@ private:
 ThreadBackground::ThreadBackground()
     : m_performers(mostPerformers), m_userInitiated(threadsPerPriority), m_utility(threadsPerPriority) {}
 
+ThreadBackground::~ThreadBackground() {
+    // All end before any is gone: work that still runs may ask for more, of either kind.
+    m_utility.end();
+    m_userInitiated.end();
+    m_performers.end();
+}
+
 void ThreadBackground::run(WorkPriority priority, std::function<void()> work) {
     auto& pool = priority == WorkPriority::utility ? m_utility : m_userInitiated;
     pool.submit(std::move(work));

@@ -10,6 +10,9 @@ namespace vantrel {
 class ThreadBackground final : public Background {
 public:
     ThreadBackground();
+    ~ThreadBackground() override;
+    ThreadBackground(const ThreadBackground&) = delete;
+    ThreadBackground& operator=(const ThreadBackground&) = delete;
 
     // Utility work never takes a thread from work that the user waits for.
     void run(WorkPriority priority, std::function<void()> work) override;
@@ -19,7 +22,6 @@ public:
     void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
 
 private:
-    // Destroyed last: work in the pools below may be waiting for it.
     posix::WorkerPool m_performers;
     posix::WorkerPool m_userInitiated;
     posix::WorkerPool m_utility;

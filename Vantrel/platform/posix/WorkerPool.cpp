@@ -9,6 +9,10 @@ namespace vantrel::posix {
 WorkerPool::WorkerPool(std::size_t maximumThreads) : m_maximumThreads(maximumThreads) {}
 
 WorkerPool::~WorkerPool() {
+    end();
+}
+
+void WorkerPool::end() {
     std::deque<std::function<void()>> dropped;
     {
         const std::scoped_lock lock(m_mutex);
@@ -19,6 +23,7 @@ WorkerPool::~WorkerPool() {
     for (auto& thread : m_threads) {
         thread.join();
     }
+    m_threads.clear();
 }
 
 void WorkerPool::submit(std::function<void()> work) {

@@ -14,13 +14,16 @@ namespace vantrel::posix {
 class WorkerPool {
 public:
     explicit WorkerPool(std::size_t maximumThreads);
-    // Waits for the work that has begun; what is still queued does not run any more.
     ~WorkerPool();
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
     // Work begins in the order of the calls. Safe on any thread.
     void submit(std::function<void()> work);
+
+    // Waits for the work that has begun; what is queued or submitted later does not run any more. The
+    // destructor does the same.
+    void end();
 
 private:
     void serve();

@@ -1,6 +1,6 @@
 #include "VantrelCore/model/Geometry.h"
 
-#include <cstring>
+#include <bit>
 #include <gtest/gtest.h>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -76,12 +76,11 @@ TEST(Geometry, ARectangleIsTwoPairsInJson) {
 }
 
 RC_GTEST_PROP(Geometry, EveryFiniteNumberSurvivesAFileToTheLastBit, (std::uint64_t bits)) {
-    double value = 0;
-    std::memcpy(&value, &bits, sizeof value);
+    const auto value = std::bit_cast<double>(bits);
     RC_PRE(value - value == 0);
     const auto text = nlohmann::json(Size{value, 0}).dump();
     const auto read = nlohmann::json::parse(text).get<Size>().width;
-    RC_ASSERT(std::memcmp(&read, &value, sizeof value) == 0);
+    RC_ASSERT(std::bit_cast<std::uint64_t>(read) == bits);
 }
 
 } // namespace

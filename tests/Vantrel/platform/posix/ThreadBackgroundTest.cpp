@@ -88,23 +88,25 @@ TEST(ThreadBackground, ReusesItsThreads) {
 
 TEST(ThreadBackground, EndingWaitsForWhatHasBegun) {
     std::atomic<bool> begun = false;
-    std::atomic<bool> finished = false;
+    std::atomic<int> finished = 0;
     std::promise<void> release;
     std::thread releaser;
     {
         const auto released = release.get_future().share();
         ThreadBackground background;
-        background.run(WorkPriority::utility, [&, released] {
+        background.run(WorkPriority::userInitiated, [&, released] {
             begun = true;
             released.wait();
-            finished = true;
+            // What work asks for while everything ends either runs or is dropped.
+            background.run(WorkPriority::utility, [] {});
+            background.concurrentPerform(3, [&](std::size_t) { ++finished; });
         });
         while (!begun) {
             std::this_thread::yield();
         }
         releaser = std::thread([&] { release.set_value(); });
     }
-    EXPECT_TRUE(finished);
+    EXPECT_EQ(finished, 3);
     releaser.join();
 }
 
