@@ -3,7 +3,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace vantrel;
-    fuzz::feed<LayoutStore>("layouts.json", data, size, [](LayoutStore& store) {
+    fuzz::feed<LayoutStore::StoreFile>("layouts.json", data, size, [](const auto& folder, auto& files) {
+        auto store = LayoutStore::open(folder, files).value();
         for (const auto& layout : store.allLayouts()) {
             std::ignore = store.layouts(layout.configID);
             fuzz::require(layout.isEquivalent(layout), "a layout is equivalent to itself");

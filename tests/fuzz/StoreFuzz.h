@@ -20,10 +20,10 @@ inline void require(bool holds, const char* law) {
     }
 }
 
-// `use` calls the store's questions, which must come to an end with any records.
-template <typename Store, typename Use>
+// `use(folder, files)` opens the store's class on the same bytes and calls its questions and changes, which
+// must come to an end with any records.
+template <typename File, typename Use>
 void feed(std::string_view fileName, const std::uint8_t* data, std::size_t size, Use use) {
-    using File = typename Store::StoreFile;
     using Files = simulated::MemoryFileSystem;
     const std::filesystem::path folder = "/vantrel";
     const std::filesystem::path path = folder / fileName;
@@ -40,18 +40,24 @@ void feed(std::string_view fileName, const std::uint8_t* data, std::size_t size,
     require(isDecoded || (record == File{} && !files.content(path)),
             "what was moved aside leaves an empty store");
 
-    const bool isNewer = isDecoded && record.version > File{}.version;
+    bool isNewer = false;
+    if constexpr (requires { record.version; }) {
+        isNewer = isDecoded && record.version > File{}.version;
+    }
     require(store.write(record), "what was read can be written");
     require(!isNewer || files.content(newer) == bytes,
             "a newer program's file is kept before it is replaced");
     const auto corruptBefore = files.content(aside);
-    record.version = File{}.version;
+    if constexpr (requires { record.version; }) {
+        record.version = File{}.version;
+    }
     auto again = JsonStore<File>::open(folder, fileName, files).value();
     require(again.load() == record, "what was written reads as the same");
     require(files.content(aside) == corruptBefore, "what was written is not moved aside");
 
-    auto used = Store::open(folder, files).value();
-    use(used);
+    Files fresh;
+    fresh.put(path, bytes);
+    use(folder, fresh);
 }
 
 } // namespace vantrel::fuzz

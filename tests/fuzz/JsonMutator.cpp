@@ -1,0 +1,117 @@
+// Changes a store's file as JSON, value by value: bytes changed at random seldom leave a file that decodes
+// far enough to reach what its values do. Some changes are of bytes all the same.
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <string>
+#include <vector>
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::array interesting{
+    "null",
+    "true",
+    "false",
+    "0",
+    "-1",
+    "1.5",
+    "2.0",
+    "-0.0",
+    "1e308",
+    "5e-324",
+    "9223372036854775807",
+    "-9223372036854775808",
+    "18446744073709551615",
+    "\"\"",
+    "\"c\"",
+    "\"b\"",
+    "\"1\"",
+    "\"\\u0000\"",
+    "\"\\ud83d\\ude00\"",
+    "[]",
+    "{}",
+    "[0, 0]",
+    "[[0, 0], [0, 0]]",
+    "\"2025-03-01T08:15:00Z\"",
+    "\"0000-01-01T00:00:00+23:59\"",
+    "\"9999-12-31T23:59:59-23:59\"",
+    "\"1969-12-31T23:59:59.9Z\"",
+};
+
+void collect(json& value, std::vector<json*>& values) {
+    values.push_back(&value);
+    if (value.is_structured()) {
+        for (auto& item : value) {
+            collect(item, values);
+        }
+    }
+}
+
+bool isNumber(json::value_t type) {
+    return type == json::value_t::number_integer || type == json::value_t::number_unsigned ||
+           type == json::value_t::number_float;
+}
+
+class Mutation {
+public:
+    explicit Mutation(unsigned seed) : m_random(seed) {}
+
+    void apply(json& document) {
+        std::vector<json*> values;
+        collect(document, values);
+        json& value = *values[below(values.size())];
+        if (!value.is_structured() || value.empty() || below(4) == 0) {
+            value = replacement(value.type());
+            return;
+        }
+        const auto item = std::next(value.begin(), static_cast<std::ptrdiff_t>(below(value.size())));
+        if (below(2) == 0) {
+            value.erase(item);
+        } else if (value.is_array()) {
+            value.push_back(json(*item));
+        } else {
+            value["unknown"] = json(*item);
+        }
+    }
+
+    // Mostly of the same kind, because any other makes most files undecodable at once.
+    json replacement(json::value_t type) {
+        const bool anyKind = below(4) == 0;
+        for (;;) {
+            json candidate = json::parse(interesting[below(interesting.size())]);
+            if (anyKind || candidate.type() == type || (candidate.is_number() && isNumber(type))) {
+                return candidate;
+            }
+        }
+    }
+
+    std::size_t below(std::size_t end) { return m_random() % end; }
+
+private:
+    std::mt19937 m_random;
+};
+
+} // namespace
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    Mutation mutation(seed);
+    json document = json::parse(data, data + size, nullptr, false);
+    if (document.is_discarded() || mutation.below(8) == 0) {
+        return LLVMFuzzerMutate(data, size, maxSize);
+    }
+    mutation.apply(document);
+    const std::string text = document.dump();
+    if (text.size() > maxSize) {
+        return LLVMFuzzerMutate(data, size, maxSize);
+    }
+    std::memcpy(data, text.data(), text.size());
+    return text.size();
+}
