@@ -40,6 +40,7 @@ packages_test=(
     libbenchmark-dev
     libgmock-dev
     libgtest-dev
+    libpng-dev
     librapidcheck-dev
     mousepad
     openbox

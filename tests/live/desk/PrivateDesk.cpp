@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace vantrel::live {
@@ -49,6 +51,22 @@ ChildProcess& PrivateDesk::start(const std::vector<std::string>& command,
                                               .workingDirectory = m_home.path(),
                                               .output = m_home.logFile(command.at(0)),
                                               .passedDescriptor = std::nullopt});
+}
+
+PrivateDesk::Finished PrivateDesk::run(const std::vector<std::string>& command, double seconds) {
+    const std::filesystem::path output = m_home.path() / "output";
+    std::filesystem::remove(output);
+    ChildProcess process({.command = command,
+                          .environment = environment(),
+                          .workingDirectory = m_home.path(),
+                          .output = output,
+                          .passedDescriptor = std::nullopt});
+    const std::optional<int> exitCode = process.waitForExit(seconds);
+    if (!exitCode) {
+        throw std::runtime_error(fmt::format("\"{}\" did not end.", command.at(0)));
+    }
+    std::ifstream file(output, std::ios::binary);
+    return {.exitCode = *exitCode, .output = {std::istreambuf_iterator<char>(file), {}}};
 }
 
 SeenWindow PrivateDesk::open(const std::vector<std::string>& command) {

@@ -41,6 +41,14 @@ public:
     // Starts a program; it lives until the desk ends it or it ends by itself.
     ChildProcess& start(const std::vector<std::string>& command,
                         const std::vector<std::string>& extraEnvironment = {});
+    struct Finished {
+        int exitCode = 0;
+        // Standard output and error together.
+        std::string output;
+    };
+
+    // Runs a program to its end. Throws when it takes more than `seconds`.
+    Finished run(const std::vector<std::string>& command, double seconds = generousSeconds);
     // Starts a program and returns its first window once it is on screen.
     SeenWindow open(const std::vector<std::string>& command);
     void startWindowManager(const std::string& name);

@@ -109,4 +109,13 @@ std::optional<SeenWindow> seenWindow(DeskConnection& connection, xcb_window_t cl
     return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
+Size sizeIncrement(DeskConnection& connection, xcb_window_t client) {
+    constexpr std::uint32_t hasIncrement = 1U << 6U;
+    const std::vector<std::uint32_t> hints = connection.values(client, "WM_NORMAL_HINTS");
+    if (hints.size() < 11 || (hints[0] & hasIncrement) == 0) {
+        return {1, 1};
+    }
+    return {static_cast<double>(hints[9]), static_cast<double>(hints[10])};
+}
+
 } // namespace vantrel::live

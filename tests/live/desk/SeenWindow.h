@@ -33,4 +33,7 @@ struct SeenWindow {
 // The window as it is now; none when it is gone.
 [[nodiscard]] std::optional<SeenWindow> seenWindow(DeskConnection& connection, xcb_window_t client);
 
+// The steps in which its program lets the window grow (WM_NORMAL_HINTS); 1 x 1 when it names none.
+[[nodiscard]] Size sizeIncrement(DeskConnection& connection, xcb_window_t client);
+
 } // namespace vantrel::live

@@ -1,0 +1,191 @@
+#include "tests/live/demo/DeskPlay.h"
+
+#include "tests/live/demo/Backdrop.h"
+#include "tests/live/demo/DemoWindows.h"
+#include "tests/live/desk/EdidBlock.h"
+#include "tests/live/desk/Screenshot.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fmt/format.h>
+#include <map>
+
+namespace vantrel::live {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+constexpr MonitorPlace leftMonitor{0, 0, 1280, 1024};
+constexpr MonitorPlace rightMonitor{1280, 0, 1600, 900};
+
+// How long no window may move before the desk counts as settled, in seconds.
+constexpr double quietSeconds = 1.0;
+
+// When to look what the window manager did by itself after plugging back.
+constexpr double windowManagerSeconds = 0.3;
+
+template <typename... Arguments>
+void say(fmt::format_string<Arguments...> text, Arguments&&... arguments) {
+    fmt::print("{}\n", fmt::format(text, std::forward<Arguments>(arguments)...));
+    std::fflush(stdout);
+}
+
+double secondsSince(SteadyClock::time_point start) {
+    return std::chrono::duration<double>(SteadyClock::now() - start).count();
+}
+
+class DeskPlay {
+public:
+    explicit DeskPlay(const PlayOptions& options)
+        : m_options(options), m_desk({leftMonitor, rightMonitor}, options.windowManager) {}
+
+    bool play() {
+        say("1  A private desk: X server {} with two monitors side by side,\n   "
+            "\"Desk 24\" ({}x{}) and \"Side 27\" ({}x{}), {}, and a home of its own.",
+            m_desk.display(), leftMonitor.width, leftMonitor.height, rightMonitor.width, rightMonitor.height,
+            m_options.windowManager);
+        m_desk.monitors().setEdid(0, edidBlock({.product = 24, .serialNumber = 1001, .name = "Desk 24"}));
+        m_desk.monitors().setEdid(1, edidBlock({.product = 27, .serialNumber = 1002, .name = "Side 27"}));
+        paintBackdrop(m_desk);
+        openWindows();
+        RunningVantrel vantrel(m_desk, m_options.programs);
+        say("3  vantrel runs and knows this desk as \"{}\".\n   vantrelctl save: {}", vantrel.deskName(),
+            vantrel.save());
+        takePicture("1-before.png");
+        unplug(vantrel);
+        plugBack(vantrel);
+        return judge();
+    }
+
+private:
+    struct Actor {
+        xcb_window_t client = 0;
+        WindowStory story;
+    };
+
+    void openWindows() {
+        for (const DemoWindow& planned : demoWindows(m_desk)) {
+            const SeenWindow opened = m_desk.open(planned.command);
+            m_desk.place(opened.client, planned.place);
+            m_actors.push_back({.client = opened.client,
+                                .story = {.name = planned.name,
+                                          .program = planned.program,
+                                          .before = {},
+                                          .unplugged = std::nullopt,
+                                          .after = std::nullopt,
+                                          .increment = sizeIncrement(m_desk.connection(), opened.client)}});
+        }
+        awaitQuiet();
+        for (Actor& actor : m_actors) {
+            actor.story.before = frameOf(actor).value_or(Rect{});
+        }
+        const auto onRight = std::ranges::count_if(
+            m_actors, [](const Actor& actor) { return actor.story.before.minX() >= rightMonitor.x; });
+        say("2  {} windows of real programs are open and arranged, {} of them on the right monitor.",
+            m_actors.size(), onRight);
+    }
+
+    void unplug(RunningVantrel& vantrel) {
+        m_desk.monitors().unplug(1);
+        paintBackdrop(m_desk);
+        const std::string settled = vantrel.awaitLogged("display settled:", generousSeconds);
+        awaitQuiet();
+        takeFrames(&WindowStory::unplugged);
+        const auto moved = std::ranges::count_if(m_actors, [](const Actor& actor) {
+            return !actor.story.unplugged ||
+                   DemoTable::distance(actor.story.before, *actor.story.unplugged) > DemoTable::tolerance;
+        });
+        say("4  The right monitor is unplugged: {} moved {} windows onto the left one.\n   vantrel: {}",
+            m_options.windowManager, moved, settled);
+        takePicture("2-unplugged.png");
+    }
+
+    void plugBack(RunningVantrel& vantrel) {
+        const auto start = SteadyClock::now();
+        m_desk.monitors().plug(1, rightMonitor);
+        say("5  The right monitor is plugged back.");
+        // Well within the time for which vantrel waits.
+        [[maybe_unused]] const bool isEarly =
+            m_desk.connection().waitUntil([&] { return secondsSince(start) >= windowManagerSeconds; });
+        takeFrames(&WindowStory::after);
+        say("   {:.1f} s later, before vantrel moves anything: {} of {} windows stand where they did\n   by "
+            "the window manager alone.",
+            secondsSince(start), countBack(), m_actors.size());
+        const std::string report = vantrel.awaitLogged("restore report:", generousSeconds);
+        if (report.empty()) {
+            say("   vantrel reports no restore. Its log:\n{}", vantrel.log());
+        } else {
+            say("   {:.2f} s after plugging, of which 0.5 s for the displays to become quiet, vantrel is "
+                "done:\n"
+                "   vantrel: {}",
+                secondsSince(start), report);
+        }
+        paintBackdrop(m_desk);
+        awaitQuiet();
+        takeFrames(&WindowStory::after);
+        takePicture("3-after.png");
+    }
+
+    bool judge() {
+        std::vector<WindowStory> stories;
+        for (const Actor& actor : m_actors) {
+            stories.push_back(actor.story);
+        }
+        say("6  Every window as the X server has it: x,y width x height, and differences, in points:\n\n{}",
+            DemoTable::text(stories));
+        say("   Pictures: 1-before.png, 2-unplugged.png and 3-after.png in {}", m_options.pictures.string());
+        say("{} of {} windows are back.", countBack(), m_actors.size());
+        return countBack() == std::ssize(m_actors);
+    }
+
+    [[nodiscard]] std::ptrdiff_t countBack() const {
+        return std::ranges::count_if(m_actors, DemoTable::isBack, &Actor::story);
+    }
+
+    void takeFrames(std::optional<Rect> WindowStory::* moment) {
+        for (Actor& actor : m_actors) {
+            actor.story.*moment = frameOf(actor);
+        }
+    }
+
+    // Returns when no window has moved for a while, at the latest after the generous time.
+    void awaitQuiet() {
+        auto lastChange = SteadyClock::now();
+        std::vector<Rect> last;
+        [[maybe_unused]] const bool isQuiet = m_desk.connection().waitUntil([&] {
+            std::vector<Rect> now;
+            for (const SeenWindow& window : seenWindows(m_desk.connection())) {
+                now.push_back(window.frame);
+            }
+            if (now != last) {
+                last = std::move(now);
+                lastChange = SteadyClock::now();
+            }
+            return secondsSince(lastChange) >= quietSeconds;
+        });
+    }
+
+    [[nodiscard]] std::optional<Rect> frameOf(const Actor& actor) {
+        const auto window = seenWindow(m_desk.connection(), actor.client);
+        return window && window->isViewable ? std::optional(window->frame) : std::nullopt;
+    }
+
+    void takePicture(const char* name) {
+        std::filesystem::create_directories(m_options.pictures);
+        saveScreenshot(m_desk.connection(), m_options.pictures / name);
+    }
+
+    const PlayOptions& m_options;
+    PrivateDesk m_desk;
+    std::vector<Actor> m_actors;
+};
+
+} // namespace
+
+bool playDesk(const PlayOptions& options) {
+    return DeskPlay(options).play();
+}
+
+} // namespace vantrel::live
