@@ -3,6 +3,8 @@
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
+#include <algorithm>
+
 namespace vantrel {
 
 namespace {
@@ -34,6 +36,17 @@ void ControllerContext::announce(const HUDEvent& event) const {
     if (onHUDEvent) {
         onHUDEvent(event);
     }
+}
+
+void ControllerContext::scheduleSnapshotResume(double seconds) {
+    const double now = ports.clock.monotonicSeconds();
+    m_resumeDue = std::max(m_resumeDue, now + seconds);
+    m_resume = ports.mainQueue.after(m_resumeDue - now, [this, epoch = resumeEpoch] {
+        // While displays are changing, their settling schedules the next resume.
+        if (epoch == resumeEpoch && !displaysChanging) {
+            snapshotsSuspended = false;
+        }
+    });
 }
 
 bool ControllerContext::entitledToRun() {

@@ -61,6 +61,10 @@ public:
 
     [[nodiscard]] const PublishedState& state() const { return publisher.state(); }
 
+    // Clears snapshotsSuspended after `seconds`, unless something newer has begun by then. What was promised
+    // longer stays suspended: waking up does not cut short the wait after a display change.
+    void scheduleSnapshotResume(double seconds);
+
     // Asks the licence gate, and logs when its answer is a new one.
     [[nodiscard]] bool entitledToRun();
 
@@ -108,6 +112,9 @@ private:
     bool m_axWorkInFlight = false;
     std::optional<bool> m_loggedEntitled;
     std::unique_ptr<ScheduledWork> m_phaseReset;
+    std::unique_ptr<ScheduledWork> m_resume;
+    // On the monotonic clock.
+    double m_resumeDue = 0;
     // Expires with the controller; only asked for on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

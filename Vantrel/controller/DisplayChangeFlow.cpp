@@ -73,7 +73,7 @@ void DisplayChangeFlow::handleSettledChange(const std::string& configID,
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();
     restoreIfWanted();
-    scheduleSnapshotResume(resumeDelay);
+    m_context.scheduleSnapshotResume(resumeDelay);
 }
 
 void DisplayChangeFlow::restoreIfWanted() {
@@ -90,15 +90,6 @@ void DisplayChangeFlow::restoreIfWanted() {
                       .reason = "display change",
                       .trigger = RestoreTrigger::automatic,
                       .announcement = Announcement::announce});
-}
-
-void DisplayChangeFlow::scheduleSnapshotResume(double seconds) {
-    m_resume = m_context.ports.mainQueue.after(seconds, [this, epoch = m_context.resumeEpoch] {
-        // While displays are changing, their settling schedules the next resume.
-        if (epoch == m_context.resumeEpoch && !m_context.displaysChanging) {
-            m_context.snapshotsSuspended = false;
-        }
-    });
 }
 
 } // namespace vantrel

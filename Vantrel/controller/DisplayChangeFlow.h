@@ -24,9 +24,6 @@ public:
     // Installs a new watcher when the settle delay is another one than the watcher's.
     void applySettleDelay();
 
-    // Clears snapshotsSuspended after `seconds`, unless something newer has begun by then.
-    void scheduleSnapshotResume(double seconds);
-
 private:
     void installWatcher();
     void changeBegan();
@@ -40,7 +37,6 @@ private:
     double m_installedSettleDelay = 0;
     // Counts the watchers, so that one that was replaced is not heard any more.
     std::int64_t m_watcherEpoch = 0;
-    std::unique_ptr<ScheduledWork> m_resume;
 };
 
 } // namespace vantrel

@@ -19,18 +19,12 @@ void SleepWakeFlow::handleWake() {
     ++m_context.resumeEpoch;
     m_check = m_context.ports.mainQueue.after(m_context.settings.settleDelay() + wakeDelay,
                                               [this, epoch = m_context.resumeEpoch] {
+                                                  // A newer display change looks after the desk itself.
                                                   if (epoch == m_context.resumeEpoch) {
                                                       checkAfterWake();
+                                                      m_context.scheduleSnapshotResume(0);
                                                   }
-                                                  resumeSnapshots(epoch);
                                               });
-}
-
-void SleepWakeFlow::resumeSnapshots(std::int64_t epoch) {
-    // While displays are changing, their settling schedules the resume.
-    if (epoch == m_context.resumeEpoch && !m_context.displaysChanging) {
-        m_context.snapshotsSuspended = false;
-    }
 }
 
 void SleepWakeFlow::checkAfterWake() {

@@ -21,7 +21,6 @@ public:
 
 private:
     void checkAfterWake();
-    void resumeSnapshots(std::int64_t epoch);
     void restoreIfDrifted(const DeskCapture::Picture& picture, const std::vector<DisplayInfo>& displays);
 
     ControllerContext& m_context;

@@ -1,0 +1,273 @@
+#include "tests/Vantrel/controller/RandomStory.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel::simulated {
+
+namespace {
+
+const std::vector<std::string> allSetups{"laptop", "laptop-and-monitor", "laptop-and-twins", "three-monitors",
+                                         "ultrawide-left"};
+
+constexpr int chapters = 9;
+
+// The window manager is done with a change after so many seconds.
+constexpr double longestMeddling = 4;
+
+// Longer than learning stays suspended and than every late move of the window manager.
+constexpr double restSeconds = 26;
+
+std::string textOf(const Rect& rect) {
+    return fmt::format("({}, {}) {}x{}", rect.minX(), rect.minY(), rect.width(), rect.height());
+}
+
+} // namespace
+
+RandomStory::RandomStory(std::uint64_t seed)
+    : m_random(seed), m_story(allSetups[seed % allSetups.size()], seed), m_setups(allSetups) {
+    std::ranges::shuffle(m_setups, m_random);
+    m_setups.resize(3);
+    populate();
+    m_story.time.onRun = [this](WorkPriority priority) {
+        const AppController& controller = *m_story.controller;
+        expect(!m_story.time.hasJobs(), "one restore or capture at a time");
+        expect(priority != WorkPriority::utility ||
+                   (!controller.snapshotsSuspended() && !controller.restoreInFlight()),
+               "nothing is captured for learning while suspended or restoring");
+    };
+}
+
+double RandomStory::seconds(double from, double to) {
+    return from + (to - from) * static_cast<double>(below(1000)) / 1000;
+}
+
+Rect RandomStory::somewhere() {
+    const auto& displays = m_story.desk.displays();
+    const Rect display = displays[below(displays.size())].frame;
+    const Size size{200 + static_cast<double>(below(60)) * 10, 150 + static_cast<double>(below(40)) * 10};
+    return {{display.minX() + static_cast<double>(below(40)) * 10,
+             display.minY() + static_cast<double>(below(30)) * 10},
+            size};
+}
+
+Burst RandomStory::someBurst() {
+    return {.events = 1 + static_cast<int>(below(12)),
+            .spacing = seconds(0.001, 0.2),
+            .passesThroughNothing = happens(30)};
+}
+
+void RandomStory::populate() {
+    const auto newTitle = [this] { return fmt::format("window {}", ++m_windowsOpened); };
+    for (const char* name : {"browser", "editor", "mail"}) {
+        const auto pid = m_story.desk.launch(std::string("org.example.") + name, name);
+        for (std::size_t i = 0; i <= below(3); ++i) {
+            const std::string title = newTitle();
+            m_tame[title] = m_story.desk.open(pid, title, somewhere(), {.answerSeconds = seconds(0, 0.03)});
+        }
+    }
+    const WindowBehaviour wild[] = {{.driftsBack = 1 + static_cast<int>(below(20)), .driftDelay = 0},
+                                    {.driftsBack = 3},
+                                    {.refusesMoves = true},
+                                    {.minimumSize = Size{500, 400}},
+                                    {.sizeIncrement = Size{7, 13}},
+                                    {.answerSeconds = seconds(0.05, 0.3)},
+                                    {.vanishesWhenMoved = true}};
+    for (std::size_t i = 0; i < below(4); ++i) {
+        const auto pid = m_story.desk.launch(fmt::format("org.example.wild{}", i), "wild");
+        m_story.desk.open(pid, newTitle(), somewhere(), wild[below(std::size(wild))]);
+    }
+    if (happens(50)) {
+        m_story.desk.habits.rescueDelay = seconds(0.001, 0.2);
+        m_story.desk.habits.meddlingDelays = {seconds(0.3, 2), seconds(2, longestMeddling)};
+    }
+}
+
+void RandomStory::tell() {
+    m_story.start();
+    m_story.runFor(seconds(0, 40));
+    comeToRest();
+    for (int chapter = 0; chapter < chapters && m_breaches.empty(); ++chapter) {
+        tellChapter();
+    }
+}
+
+void RandomStory::tellChapter() {
+    using Chapter = void (RandomStory::*)();
+    const std::pair<const char*, Chapter> kinds[] = {{"displays change", &RandomStory::changeDisplays},
+                                                     {"displays change", &RandomStory::changeDisplays},
+                                                     {"displays change", &RandomStory::changeDisplays},
+                                                     {"the user moves", &RandomStory::userMovesWindows},
+                                                     {"the user moves", &RandomStory::userMovesWindows},
+                                                     {"the user restores", &RandomStory::userRestores},
+                                                     {"the user saves", &RandomStory::userSaves},
+                                                     {"sleep", &RandomStory::machineSleeps},
+                                                     {"settle delay", &RandomStory::settleDelayChanges},
+                                                     {"windows", &RandomStory::windowsComeAndGo},
+                                                     {"disk fails", &RandomStory::diskFailsForAWhile}};
+    const auto& [name, chapter] = kinds[below(std::size(kinds))];
+    m_told.push_back(fmt::format("{:.1f} s: {}", m_story.time.monotonicSeconds(), name));
+    (this->*chapter)();
+    comeToRest();
+    checkAtRest();
+    if (happens(50)) {
+        m_story.learn();
+        noteWhatStands();
+        checkOnlyWhatStoodIsStored();
+    }
+}
+
+void RandomStory::changeDisplays() {
+    for (std::size_t changes = 1 + below(3); changes > 0; --changes) {
+        const std::string& setup = m_setups[below(m_setups.size())];
+        m_told.push_back(fmt::format("{:.3f} s: -> {}", m_story.time.monotonicSeconds(), setup));
+        noteWhatStands();
+        const Burst burst = someBurst();
+        m_story.desk.change(DeskSetup::named(setup), burst);
+        m_restlessUntil = m_story.time.monotonicSeconds() + burst.events * burst.spacing + longestMeddling;
+        if (changes > 1) {
+            m_story.runFor(happens(50) ? seconds(0, 1) : seconds(0, 13));
+        }
+    }
+    m_hasRestoredDesk = true;
+}
+
+void RandomStory::userMovesWindows() {
+    m_hasRestoredDesk = false;
+    for (const auto& [title, window] : m_tame) {
+        if (happens(40)) {
+            m_story.move(window, somewhere());
+            m_stood[m_story.published().configID][title].push_back(m_story.frame(window));
+        }
+    }
+    m_story.runFor(seconds(0, 70));
+}
+
+void RandomStory::userRestores() {
+    for (std::size_t requests = 1 + below(4); requests > 0; --requests) {
+        m_story.controller->restoreNow(RestoreSource::menu);
+        m_story.runFor(seconds(0, 0.05));
+    }
+    if (happens(30)) {
+        changeDisplays();
+    }
+}
+
+void RandomStory::userSaves() {
+    int answers = 0;
+    m_story.controller->saveLayoutNow([&](const SaveOutcome&) { ++answers; });
+    if (happens(30)) {
+        m_story.runFor(seconds(0, 0.01));
+        changeDisplays();
+    }
+    m_story.runFor(5);
+    expect(answers == 1, "who wants to save is answered once");
+}
+
+void RandomStory::machineSleeps() {
+    m_story.controller->willSleep();
+    m_story.runFor(seconds(0, 5));
+    if (happens(50)) {
+        changeDisplays();
+    }
+    m_story.controller->didWake();
+    if (happens(30)) {
+        m_story.runFor(seconds(0, 4));
+        changeDisplays();
+    }
+}
+
+void RandomStory::settleDelayChanges() {
+    m_story.defaults.set(Settings::settleDelayKey, seconds(0.1, 2));
+    if (happens(50)) {
+        changeDisplays();
+        m_story.runFor(seconds(0, 1));
+        m_story.defaults.set(Settings::settleDelayKey, seconds(0.1, 2));
+    }
+}
+
+void RandomStory::windowsComeAndGo() {
+    m_hasRestoredDesk = false;
+    const auto victim = std::next(m_tame.begin(), static_cast<std::ptrdiff_t>(below(m_tame.size())));
+    const auto pid = m_story.desk.window(victim->second).pid;
+    const std::string title = fmt::format("window {}", ++m_windowsOpened);
+    m_tame[title] = m_story.desk.open(pid, title, somewhere());
+    m_story.desk.close(victim->second);
+    m_tame.erase(victim);
+}
+
+void RandomStory::diskFailsForAWhile() {
+    m_story.files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    userMovesWindows();
+    if (happens(50)) {
+        changeDisplays();
+    }
+    comeToRest();
+    m_story.files.stopFailing();
+}
+
+void RandomStory::comeToRest() {
+    m_story.runFor(restSeconds);
+    noteWhatStands();
+}
+
+void RandomStory::noteWhatStands() {
+    if (m_story.time.monotonicSeconds() < m_restlessUntil) {
+        return;
+    }
+    for (const auto& [title, window] : m_tame) {
+        m_stood[m_story.published().configID][title].push_back(m_story.frame(window));
+    }
+}
+
+void RandomStory::checkAtRest() {
+    expect(!m_story.controller->restoreInFlight(), "every restore ends");
+    expect(!m_story.controller->snapshotsSuspended(), "learning resumes");
+    if (m_hasRestoredDesk) {
+        checkEverythingIsAtItsSavedPlace();
+    }
+    checkOnlyWhatStoodIsStored();
+}
+
+void RandomStory::checkEverythingIsAtItsSavedPlace() {
+    const auto stored = m_story.storedLayout();
+    if (!stored) {
+        return;
+    }
+    for (const WindowRecord& saved : stored->windows) {
+        const auto window = m_tame.find(saved.title);
+        if (window != m_tame.end()) {
+            const Rect frame = m_story.frame(window->second);
+            expect(approxEqual(frame, saved.frame, RestoreEngine::tolerance),
+                   fmt::format("at rest every window is at its saved place: {} is at {}, saved {}",
+                               saved.title, textOf(frame), textOf(saved.frame)));
+        }
+    }
+}
+
+void RandomStory::checkOnlyWhatStoodIsStored() {
+    for (const Layout& layout : m_story.store().allLayouts()) {
+        for (const WindowRecord& saved : layout.windows) {
+            if (m_tame.contains(saved.title)) {
+                const Frames& stood = m_stood[layout.configID][saved.title];
+                expect(std::ranges::find(stood, saved.frame) != stood.end(),
+                       fmt::format("only what stood still is stored: {} at {} on {}", saved.title,
+                                   textOf(saved.frame), layout.name));
+            }
+        }
+    }
+}
+
+void RandomStory::expect(bool holds, const std::string& law) {
+    if (!holds) {
+        m_breaches.push_back(fmt::format("{:.3f} s: {}", m_story.time.monotonicSeconds(), law));
+    }
+}
+
+std::string RandomStory::transcript() {
+    return fmt::format("{}\n--- log\n{}", fmt::join(m_told, "\n"),
+                       m_story.files.content(m_story.log.file()).value_or(""));
+}
+
+} // namespace vantrel::simulated

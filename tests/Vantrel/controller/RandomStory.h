@@ -1,0 +1,71 @@
+// A story that a seed makes up: displays come and go, programs misbehave, the user moves windows, saves and
+// restores, the machine sleeps, the disk fails; and after every chapter the laws of the controller are held
+// against what really happened.
+#pragma once
+
+#include "tests/Vantrel/controller/Story.h"
+
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vantrel::simulated {
+
+class RandomStory {
+public:
+    explicit RandomStory(std::uint64_t seed);
+
+    // Tells all chapters, or up to the first that breaks a law.
+    void tell();
+
+    // What broke, in words; empty while every law held.
+    [[nodiscard]] const std::vector<std::string>& breaches() const { return m_breaches; }
+    // What was told, chapter by chapter, and the controller's own log.
+    [[nodiscard]] std::string transcript();
+
+private:
+    using Frames = std::vector<Rect>;
+
+    [[nodiscard]] std::size_t below(std::size_t bound) { return m_random() % bound; }
+    [[nodiscard]] bool happens(std::size_t percent) { return below(100) < percent; }
+    [[nodiscard]] double seconds(double from, double to);
+    [[nodiscard]] Rect somewhere();
+    [[nodiscard]] Burst someBurst();
+
+    void populate();
+    void tellChapter();
+    void changeDisplays();
+    void userMovesWindows();
+    void userRestores();
+    void userSaves();
+    void machineSleeps();
+    void settleDelayChanges();
+    void windowsComeAndGo();
+    void diskFailsForAWhile();
+
+    void comeToRest();
+    // Notes where everything is, unless displays or window manager are still at work.
+    void noteWhatStands();
+    void checkAtRest();
+    void checkEverythingIsAtItsSavedPlace();
+    void checkOnlyWhatStoodIsStored();
+    void expect(bool holds, const std::string& law);
+
+    std::mt19937_64 m_random;
+    Story m_story;
+    std::vector<std::string> m_setups;
+    // Windows of programs that do as they are told, by title; every title is used once.
+    std::map<std::string, WindowID> m_tame;
+    // Where each of them has stood, or was put by the user, on each desk.
+    std::map<std::string, std::map<std::string, Frames>> m_stood;
+    std::vector<std::string> m_told;
+    std::vector<std::string> m_breaches;
+    // When displays and window manager are done with the last change.
+    double m_restlessUntil = 0;
+    int m_windowsOpened = 0;
+    bool m_hasRestoredDesk = false;
+};
+
+} // namespace vantrel::simulated
