@@ -1,6 +1,8 @@
 #include "tests/live/desk/DockWindow.h"
 
+#include <algorithm>
 #include <array>
+#include <stdexcept>
 
 namespace vantrel::live {
 
@@ -70,6 +72,14 @@ DockWindow::DockWindow(DeskConnection& connection, const MonitorPlace& monitor, 
                         XCB_ATOM_WM_SIZE_HINTS, 32, static_cast<std::uint32_t>(hints.size()), hints.data());
     xcb_map_window(xcb, m_window);
     connection.finish();
+    const auto isKnown = [&] {
+        const auto list = connection.values(connection.root(), "_NET_CLIENT_LIST");
+        return std::ranges::find(list, m_window) != list.end();
+    };
+    if (!connection.values(connection.root(), "_NET_SUPPORTING_WM_CHECK").empty() &&
+        !connection.waitUntil(isKnown)) {
+        throw std::runtime_error("The window manager does not take care of the panel.");
+    }
 }
 
 DockWindow::~DockWindow() {
