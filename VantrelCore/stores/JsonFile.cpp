@@ -43,7 +43,7 @@ bool allNumbersAreFinite(const nlohmann::json& json) {
 
 } // namespace
 
-JsonFile::JsonFile(std::filesystem::path path, std::int64_t schemaVersion, FileSystem& files)
+JsonFile::JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion, FileSystem& files)
     : m_path(std::move(path)), m_schemaVersion(schemaVersion), m_files(&files),
       m_unknownKeys(std::make_unique<nlohmann::json>(nlohmann::json::object())) {}
 
@@ -64,7 +64,8 @@ bool JsonFile::read(const Decode& decode, const Encode& encode) {
     }
     try {
         nlohmann::json document = parse(*content);
-        const auto version = JsonCoding::required<std::int64_t>(document, "version");
+        const bool isNewer =
+            m_schemaVersion && JsonCoding::required<std::int64_t>(document, "version") > *m_schemaVersion;
         decode(document);
         nlohmann::json known;
         encode(known);
@@ -73,7 +74,7 @@ bool JsonFile::read(const Decode& decode, const Encode& encode) {
                 (*m_unknownKeys)[key] = std::move(value);
             }
         }
-        m_isNewer = version > m_schemaVersion;
+        m_isNewer = isNewer;
         return true;
     } catch (const std::exception&) {
         *m_unknownKeys = nlohmann::json::object();
@@ -86,7 +87,9 @@ bool JsonFile::write(const Encode& encode) {
     try {
         nlohmann::json document;
         encode(document);
-        document["version"] = m_schemaVersion;
+        if (m_schemaVersion) {
+            document["version"] = *m_schemaVersion;
+        }
         for (const auto& [key, value] : m_unknownKeys->items()) {
             if (!document.contains(key)) {
                 document[key] = value;

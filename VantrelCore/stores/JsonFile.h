@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 
 namespace vantrel {
 
@@ -20,7 +21,8 @@ public:
     // Fills the document with every key that the record knows.
     using Encode = std::function<void(nlohmann::json& document)>;
 
-    JsonFile(std::filesystem::path path, std::int64_t schemaVersion, FileSystem& files);
+    // Without a schema version the file is read and written without "version".
+    JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion, FileSystem& files);
     JsonFile(JsonFile&& other) noexcept;
     JsonFile& operator=(JsonFile&& other) noexcept;
     JsonFile(const JsonFile&) = delete;
@@ -43,7 +45,7 @@ private:
     [[nodiscard]] bool originalIsSafe();
 
     std::filesystem::path m_path;
-    std::int64_t m_schemaVersion;
+    std::optional<std::int64_t> m_schemaVersion;
     FileSystem* m_files;
     // What a newer program keeps in the file besides what we know; an object.
     std::unique_ptr<nlohmann::json> m_unknownKeys;

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -16,19 +17,35 @@
 
 namespace vantrel {
 
-// `Record` is the file's content: a struct with `std::int64_t version` first, to_json and from_json, and the
-// content of an empty store, with the current schema version, as its default value. from_json requires
-// "version". Not locked: all calls come from the main thread.
+// `Record` is the file's content: a struct with to_json and from_json and the content of an empty store as
+// its default value. One with `std::int64_t version`, by default the current schema version, is stamped with
+// it, and its from_json requires "version". Not locked: all calls come from the main thread.
 template <typename Record>
 class JsonStore {
 public:
+    // What to do to a record that was read, before anyone sees it.
+    using AfterReading = std::function<void(Record&)>;
+
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<JsonStore, std::error_code>
-    open(const std::filesystem::path& directory, std::string_view fileName, FileSystem& files) {
+    open(const std::filesystem::path& directory, std::string_view fileName, FileSystem& files,
+         AfterReading afterReading = {}) {
         if (const std::error_code error = files.createDirectories(directory)) {
             return std::unexpected(error);
         }
-        return JsonStore(JsonFile(directory / fileName, Record{}.version, files));
+        return JsonStore(JsonFile(directory / fileName, schemaVersion(), files), std::move(afterReading));
+    }
+
+    // The same for a class that owns a JsonStore and is constructed from it.
+    template <typename Store>
+    [[nodiscard]] static std::expected<Store, std::error_code>
+    openAs(const std::filesystem::path& directory, std::string_view fileName, FileSystem& files,
+           AfterReading afterReading = {}) {
+        auto store = open(directory, fileName, files, std::move(afterReading));
+        if (!store) {
+            return std::unexpected(store.error());
+        }
+        return Store(std::move(*store));
     }
 
     [[nodiscard]] const std::filesystem::path& fileURL() const { return m_file.path(); }
@@ -39,6 +56,9 @@ public:
             Record record;
             if (m_file.read([&](const nlohmann::json& document) { from_json(document, record); },
                             [&](nlohmann::json& document) { to_json(document, record); })) {
+                if (m_afterReading) {
+                    m_afterReading(record);
+                }
                 m_cache = std::move(record);
             }
         }
@@ -49,7 +69,9 @@ public:
     // Replaces the whole file, stamped with the current schema version. False leaves file and cache as they
     // were.
     [[nodiscard]] bool write(Record record) {
-        record.version = Record{}.version;
+        if constexpr (isVersioned) {
+            record.version = Record{}.version;
+        }
         if (!m_file.write([&](nlohmann::json& document) { to_json(document, record); })) {
             return false;
         }
@@ -66,9 +88,21 @@ public:
     }
 
 private:
-    explicit JsonStore(JsonFile file) : m_file(std::move(file)) {}
+    static constexpr bool isVersioned = requires(Record record) { record.version; };
+
+    [[nodiscard]] static std::optional<std::int64_t> schemaVersion() {
+        if constexpr (isVersioned) {
+            return Record{}.version;
+        } else {
+            return std::nullopt;
+        }
+    }
+
+    JsonStore(JsonFile file, AfterReading afterReading)
+        : m_file(std::move(file)), m_afterReading(std::move(afterReading)) {}
 
     JsonFile m_file;
+    AfterReading m_afterReading;
     // What was last read or written.
     std::optional<Record> m_cache;
 };

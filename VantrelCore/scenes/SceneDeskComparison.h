@@ -1,0 +1,12 @@
+// Whether a scene belongs to another desk than the current one.
+#pragma once
+
+#include <string_view>
+
+namespace vantrel::SceneDeskComparison {
+
+[[nodiscard]] constexpr bool isCrossDesk(std::string_view sceneConfigID, std::string_view currentConfigID) {
+    return sceneConfigID != currentConfigID;
+}
+
+} // namespace vantrel::SceneDeskComparison

@@ -1,0 +1,28 @@
+// The words for scene triggers.
+#pragma once
+
+#include "VantrelCore/model/SceneTrigger.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vantrel::SceneTriggerFormatting {
+
+inline constexpr std::string_view deleteQuestion = "Delete this trigger?";
+inline constexpr std::string_view noTriggers =
+    "No triggers yet. Add one below to apply a scene automatically.";
+inline constexpr std::string_view calendarVideoEventTitle = "A calendar event with a video link starts";
+inline constexpr std::string_view calendarVideoEventExplanation =
+    "Fires when a calendar event with a video link is about to start.";
+inline constexpr std::string_view noScenes = "Save a scene first from the menu panel.";
+// Beside a calendar trigger that cannot fire without access.
+inline constexpr std::string_view calendarAccessNeeded = "Calendar access needed";
+
+// On the 12-hour clock: "12:05 AM", "1:30 PM".
+[[nodiscard]] std::string timeString(std::int64_t hour, std::int64_t minute);
+
+// What makes the trigger fire: its time, "Work focus turns on", the calendar event.
+[[nodiscard]] std::string title(const SceneTrigger::Kind& kind);
+
+} // namespace vantrel::SceneTriggerFormatting

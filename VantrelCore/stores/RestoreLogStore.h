@@ -1,0 +1,41 @@
+// "restore-log.json": the restore history of the last days.
+#pragma once
+
+#include "VantrelCore/model/RestoreLog.h"
+#include "VantrelCore/stores/JsonStore.h"
+
+namespace vantrel {
+
+class RestoreLogStore {
+public:
+    static constexpr std::int64_t schemaVersion = 1;
+
+    struct StoreFile {
+        std::int64_t version = schemaVersion;
+        RestoreLog log;
+
+        bool operator==(const StoreFile&) const = default;
+    };
+
+    // Creates the directory when missing. Nothing is read yet.
+    [[nodiscard]] static std::expected<RestoreLogStore, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files);
+
+    explicit RestoreLogStore(JsonStore<StoreFile> file);
+
+    [[nodiscard]] RestoreLog load();
+
+    // The bools say whether the file was written; false leaves everything as it was.
+
+    // Puts the entry in front and prunes what is too old on its date or too much.
+    bool record(const RestoreLog::Entry& entry);
+    bool clear();
+
+private:
+    JsonStore<StoreFile> m_file;
+};
+
+void to_json(nlohmann::json& json, const RestoreLogStore::StoreFile& file);
+void from_json(const nlohmann::json& json, RestoreLogStore::StoreFile& file);
+
+} // namespace vantrel

@@ -1,0 +1,16 @@
+// "receipts.json": the restore receipts, bare, without a version.
+#pragma once
+
+#include "VantrelCore/model/RestoreReceipts.h"
+#include "VantrelCore/stores/JsonStore.h"
+
+namespace vantrel {
+
+using RestoreReceiptsStore = JsonStore<RestoreReceipts>;
+
+[[nodiscard]] inline std::expected<RestoreReceiptsStore, std::error_code>
+openRestoreReceipts(const std::filesystem::path& directory, FileSystem& files) {
+    return RestoreReceiptsStore::open(directory, "receipts.json", files);
+}
+
+} // namespace vantrel

@@ -1,0 +1,18 @@
+// How near the user is to the greatest number of scenes; shown only when it is near.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace vantrel::SceneCapMeter {
+
+inline constexpr std::size_t showThreshold = 9;
+
+[[nodiscard]] constexpr bool shouldShow(std::size_t count) {
+    return count >= showThreshold;
+}
+
+// "9 of 12".
+[[nodiscard]] std::string label(std::size_t count);
+
+} // namespace vantrel::SceneCapMeter

@@ -1,0 +1,85 @@
+// "scenes.json": the scenes of all desks, and per desk the one applied last.
+#pragma once
+
+#include "VantrelCore/model/Scene.h"
+#include "VantrelCore/stores/JsonStore.h"
+#include "VantrelCore/stores/SceneStoreError.h"
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantrel {
+
+class SceneStore {
+public:
+    static constexpr std::int64_t schemaVersion = 1;
+    // Of all desks together.
+    static constexpr std::size_t maxScenes = 12;
+    // In user-perceived characters.
+    static constexpr std::size_t maxNameLength = 30;
+
+    struct StoreFile {
+        std::int64_t version = schemaVersion;
+        // In the order of creation.
+        std::vector<Scene> scenes;
+        // configID to scene id; the key may be missing in the file.
+        std::map<std::string, std::string> lastAppliedByConfig;
+
+        bool operator==(const StoreFile&) const = default;
+    };
+
+    template <typename T>
+    using Result = std::expected<T, SceneStoreError>;
+
+    // Creates the directory when missing. Nothing is read yet.
+    [[nodiscard]] static std::expected<SceneStore, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files);
+
+    explicit SceneStore(JsonStore<StoreFile> file);
+
+    [[nodiscard]] std::vector<Scene> allScenes();
+    [[nodiscard]] std::optional<Scene> scene(const std::string& id);
+    // The first scene of that name on any desk, without regard to case and to white space around `name`.
+    [[nodiscard]] std::optional<Scene> sceneNamed(std::string_view name);
+
+    // 1 to 30 characters without the white space around them.
+    [[nodiscard]] static bool isValidName(std::string_view name);
+
+    // An error leaves file and store as they were.
+
+    // Stores the scene under its trimmed name, which may be another scene's already.
+    [[nodiscard]] Result<Scene> add(Scene scene);
+    // invalidName also when another scene has the name, without regard to case.
+    [[nodiscard]] Result<Scene> rename(const std::string& id, std::string_view name);
+    // Refused for a pinned scene.
+    [[nodiscard]] Result<Scene> updateLayout(const std::string& id, const Layout& layout);
+    // Also a pinned one: protecting it is up to the interface. False when the write failed.
+    bool deleteScene(const std::string& id);
+    [[nodiscard]] Result<void> setPinned(bool pinned, const std::string& id);
+    [[nodiscard]] Result<void> setOpensMissingApps(bool opens, const std::string& id);
+    // Without key code or modifiers the scene has no hotkey.
+    [[nodiscard]] Result<void> updateHotkey(const std::string& id, std::optional<std::int64_t> keyCode,
+                                            std::optional<std::int64_t> modifiers);
+    // A wallpaper for no display is stored as none.
+    [[nodiscard]] Result<void> setWallpaper(const std::optional<SceneWallpaper>& wallpaper,
+                                            const std::string& id);
+
+    [[nodiscard]] std::optional<std::string> lastAppliedSceneID(const std::string& configID);
+    // False when the write failed.
+    bool setLastAppliedScene(const std::string& id, const std::string& configID);
+
+private:
+    template <typename Change>
+    Result<Scene> changeScene(const std::string& id, Change&& change);
+
+    JsonStore<StoreFile> m_file;
+};
+
+void to_json(nlohmann::json& json, const SceneStore::StoreFile& file);
+void from_json(const nlohmann::json& json, SceneStore::StoreFile& file);
+
+} // namespace vantrel

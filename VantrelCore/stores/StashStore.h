@@ -1,0 +1,53 @@
+// "stashes.json": the desks put aside, at most ten and for a week.
+#pragma once
+
+#include "VantrelCore/model/Stash.h"
+#include "VantrelCore/ports/Clock.h"
+#include "VantrelCore/stores/JsonStore.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+class StashStore {
+public:
+    static constexpr std::int64_t schemaVersion = 1;
+    static constexpr std::size_t maxStashes = 10;
+    static constexpr int retentionDays = 7;
+
+    struct StoreFile {
+        std::int64_t version = schemaVersion;
+        std::vector<Stash> stashes;
+
+        bool operator==(const StoreFile&) const = default;
+    };
+
+    // Creates the directory when missing. Nothing is read yet; what has expired by the time of reading is
+    // left out, and gone from the file with the next write.
+    [[nodiscard]] static std::expected<StashStore, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
+
+    explicit StashStore(JsonStore<StoreFile> file);
+
+    // Newest first.
+    [[nodiscard]] std::vector<Stash> allStashes();
+    [[nodiscard]] std::optional<Stash> stash(const std::string& id);
+    [[nodiscard]] std::optional<Stash> newest();
+    [[nodiscard]] std::optional<Stash> newestFor(const std::string& configID);
+
+    // Drops the oldest stashes beyond the tenth. Returns the stash, also when the write failed.
+    Stash add(const Stash& stash);
+    // False when the write failed.
+    bool remove(const std::string& id);
+
+private:
+    JsonStore<StoreFile> m_file;
+};
+
+void to_json(nlohmann::json& json, const StashStore::StoreFile& file);
+void from_json(const nlohmann::json& json, StashStore::StoreFile& file);
+
+} // namespace vantrel

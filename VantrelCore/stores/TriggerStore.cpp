@@ -1,0 +1,80 @@
+#include "VantrelCore/stores/TriggerStore.h"
+
+#include "VantrelCore/model/JsonCoding.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace vantrel {
+
+TriggerStore::TriggerStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
+
+std::expected<TriggerStore, std::error_code> TriggerStore::open(const std::filesystem::path& directory,
+                                                                FileSystem& files) {
+    return JsonStore<StoreFile>::openAs<TriggerStore>(directory, "triggers.json", files);
+}
+
+std::vector<SceneTrigger> TriggerStore::allTriggers() {
+    auto triggers = m_file.load().triggers;
+    std::ranges::stable_sort(triggers, {}, &SceneTrigger::createdAt);
+    return triggers;
+}
+
+std::optional<SceneTrigger> TriggerStore::trigger(const std::string& id) {
+    const auto& triggers = m_file.load().triggers;
+    const auto found = std::ranges::find(triggers, id, &SceneTrigger::id);
+    return found == triggers.end() ? std::nullopt : std::optional(*found);
+}
+
+TriggerStore::Result<SceneTrigger> TriggerStore::add(const SceneTrigger& trigger) {
+    if (m_file.load().triggers.size() >= maxTriggers) {
+        return std::unexpected(TriggerStoreError::capReached);
+    }
+    if (!m_file.update([&](StoreFile& file) { file.triggers.push_back(trigger); })) {
+        return std::unexpected(TriggerStoreError::writeFailed);
+    }
+    return trigger;
+}
+
+TriggerStore::Result<void> TriggerStore::setEnabled(const std::string& id, bool enabled) {
+    return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.enabled = enabled; });
+}
+
+TriggerStore::Result<void> TriggerStore::recordFired(const std::string& id, Date at) {
+    return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.lastFiredAt = at; });
+}
+
+void TriggerStore::deleteTrigger(const std::string& id) {
+    if (trigger(id)) {
+        // The caller has nothing to tell the user; after a failed write the trigger is simply still there.
+        std::ignore = m_file.update([&](StoreFile& file) {
+            std::erase_if(file.triggers, [&](const SceneTrigger& trigger) { return trigger.id == id; });
+        });
+    }
+}
+
+template <typename Change>
+TriggerStore::Result<void> TriggerStore::changeTrigger(const std::string& id, Change&& change) {
+    StoreFile file = m_file.load();
+    const auto found = std::ranges::find(file.triggers, id, &SceneTrigger::id);
+    if (found == file.triggers.end()) {
+        return std::unexpected(TriggerStoreError::notFound);
+    }
+    std::forward<Change>(change)(*found);
+    if (!m_file.write(std::move(file))) {
+        return std::unexpected(TriggerStoreError::writeFailed);
+    }
+    return {};
+}
+
+void to_json(nlohmann::json& json, const TriggerStore::StoreFile& file) {
+    json = {{"version", file.version}, {"triggers", file.triggers}};
+}
+
+void from_json(const nlohmann::json& json, TriggerStore::StoreFile& file) {
+    file = {.version = JsonCoding::required<std::int64_t>(json, "version"),
+            .triggers = JsonCoding::required<std::vector<SceneTrigger>>(json, "triggers")};
+}
+
+} // namespace vantrel

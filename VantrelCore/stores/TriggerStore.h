@@ -1,0 +1,58 @@
+// "triggers.json": what applies scenes by itself, at most twenty.
+#pragma once
+
+#include "VantrelCore/model/SceneTrigger.h"
+#include "VantrelCore/stores/JsonStore.h"
+#include "VantrelCore/stores/TriggerStoreError.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+class TriggerStore {
+public:
+    static constexpr std::int64_t schemaVersion = 1;
+    static constexpr std::size_t maxTriggers = 20;
+
+    struct StoreFile {
+        std::int64_t version = schemaVersion;
+        std::vector<SceneTrigger> triggers;
+
+        bool operator==(const StoreFile&) const = default;
+    };
+
+    template <typename T>
+    using Result = std::expected<T, TriggerStoreError>;
+
+    // Creates the directory when missing. Nothing is read yet.
+    [[nodiscard]] static std::expected<TriggerStore, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files);
+
+    explicit TriggerStore(JsonStore<StoreFile> file);
+
+    // Oldest first.
+    [[nodiscard]] std::vector<SceneTrigger> allTriggers();
+    [[nodiscard]] std::optional<SceneTrigger> trigger(const std::string& id);
+
+    // An error leaves file and store as they were.
+
+    [[nodiscard]] Result<SceneTrigger> add(const SceneTrigger& trigger);
+    [[nodiscard]] Result<void> setEnabled(const std::string& id, bool enabled);
+    [[nodiscard]] Result<void> recordFired(const std::string& id, Date at);
+    // An unknown id changes nothing.
+    void deleteTrigger(const std::string& id);
+
+private:
+    template <typename Change>
+    Result<void> changeTrigger(const std::string& id, Change&& change);
+
+    JsonStore<StoreFile> m_file;
+};
+
+void to_json(nlohmann::json& json, const TriggerStore::StoreFile& file);
+void from_json(const nlohmann::json& json, TriggerStore::StoreFile& file);
+
+} // namespace vantrel

@@ -1,0 +1,16 @@
+// "usage.json": the usage totals, bare, without a version.
+#pragma once
+
+#include "VantrelCore/model/UsageStats.h"
+#include "VantrelCore/stores/JsonStore.h"
+
+namespace vantrel {
+
+using UsageStatsStore = JsonStore<UsageStats>;
+
+[[nodiscard]] inline std::expected<UsageStatsStore, std::error_code>
+openUsageStats(const std::filesystem::path& directory, FileSystem& files) {
+    return UsageStatsStore::open(directory, "usage.json", files);
+}
+
+} // namespace vantrel

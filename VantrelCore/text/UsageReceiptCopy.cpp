@@ -1,0 +1,51 @@
+#include "VantrelCore/text/UsageReceiptCopy.h"
+
+#include <fmt/format.h>
+
+namespace vantrel::UsageReceiptCopy {
+
+namespace {
+
+std::string times(std::int64_t count) {
+    return count == 1 ? "once" : grouped(count) + " times";
+}
+
+} // namespace
+
+std::string sentence(const UsageStats& stats) {
+    std::vector<std::string> deeds;
+    if (stats.restores > 0) {
+        deeds.push_back("restored your desk " + times(stats.restores));
+    }
+    if (stats.sceneSwitches > 0) {
+        deeds.push_back("switched scenes " + times(stats.sceneSwitches));
+    }
+    if (stats.windowsVantrel > 0) {
+        deeds.push_back(fmt::format("put {} {} back so you did not have to", grouped(stats.windowsVantrel),
+                                    stats.windowsVantrel == 1 ? "window" : "windows"));
+    }
+    return deeds.empty() ? "" : fmt::format("In your 7 days, Vantrel {}.", join(deeds));
+}
+
+std::string grouped(std::int64_t number) {
+    std::string text = std::to_string(number);
+    const std::size_t firstDigit = number < 0 ? 1 : 0;
+    for (std::size_t at = text.size(); at > firstDigit + 3;) {
+        at -= 3;
+        text.insert(at, ",");
+    }
+    return text;
+}
+
+std::string join(const std::vector<std::string>& parts) {
+    std::string joined;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) {
+            joined += i + 1 == parts.size() ? " and " : ", ";
+        }
+        joined += parts[i];
+    }
+    return joined;
+}
+
+} // namespace vantrel::UsageReceiptCopy

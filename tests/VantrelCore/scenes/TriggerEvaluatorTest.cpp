@@ -1,0 +1,108 @@
+#include "VantrelCore/scenes/TriggerEvaluator.h"
+
+#include "VantrelCore/scenes/MeetingLinks.h"
+#include "VantrelCore/scenes/SceneTriggerFormatting.h"
+
+#include <gtest/gtest.h>
+
+namespace vantrel {
+
+namespace {
+
+Date at(const char* text) {
+    return dateFromIso8601(text).value();
+}
+
+const TimeZone& berlin() {
+    static const TimeZone zone = TimeZone::named("Europe/Berlin").value();
+    return zone;
+}
+
+} // namespace
+
+TEST(TimeZone, ShowsTheDayAndTimeOfTheZone) {
+    using namespace std::chrono;
+    const auto kolkata = TimeZone::named("Asia/Kolkata").value();
+    EXPECT_EQ(kolkata.localTime(at("2025-12-31T18:31:59Z")), (LocalTime{2026y / January / 1, 0, 1}));
+    EXPECT_EQ(TimeZone::utc().localTime(Date{microseconds{-1}}), (LocalTime{1969y / December / 31, 23, 59}));
+    EXPECT_FALSE(TimeZone::named("Nowhere/Atlantis").has_value());
+}
+
+TEST(TriggerEvaluator, AScheduleFiresOnceInItsMinuteOfEveryDay) {
+    const Date morning = at("2025-06-02T05:30:10Z");
+    const auto fires = [](Date now, std::optional<Date> last) {
+        return TriggerEvaluator::shouldFireSchedule(7, 30, now, last, berlin());
+    };
+    EXPECT_TRUE(fires(morning, std::nullopt));
+    EXPECT_FALSE(fires(morning + std::chrono::seconds{30}, morning));
+    EXPECT_TRUE(fires(morning + std::chrono::days{1}, morning));
+    EXPECT_FALSE(fires(morning + std::chrono::minutes{1}, std::nullopt));
+    EXPECT_FALSE(fires(morning + std::chrono::hours{1}, std::nullopt));
+    EXPECT_FALSE(fires(morning - std::chrono::seconds{11}, std::nullopt));
+}
+
+TEST(TriggerEvaluator, AScheduleFollowsTheClockThroughDaylightSaving) {
+    const auto fires = [](int hour, const char* now, std::optional<Date> last) {
+        return TriggerEvaluator::shouldFireSchedule(hour, 30, at(now), last, berlin());
+    };
+    EXPECT_TRUE(fires(7, "2025-01-10T06:30:00Z", std::nullopt)) << "winter";
+    EXPECT_TRUE(fires(7, "2025-07-10T05:30:00Z", std::nullopt)) << "summer";
+    // 2:30 comes twice on the last Sunday of October.
+    EXPECT_TRUE(fires(2, "2025-10-26T00:30:00Z", std::nullopt));
+    EXPECT_FALSE(fires(2, "2025-10-26T01:30:00Z", at("2025-10-26T00:30:20Z")));
+    // And never on the last Sunday of March.
+    for (Date now = at("2025-03-29T23:00:00Z"); now < at("2025-03-30T22:00:00Z");
+         now += std::chrono::seconds{30}) {
+        ASSERT_FALSE(TriggerEvaluator::shouldFireSchedule(2, 30, now, std::nullopt, berlin()))
+            << iso8601Text(now);
+    }
+}
+
+TEST(TriggerEvaluator, ACalendarEventFiresWithinItsWindowAndAfterTheCooldown) {
+    const Date now = at("2025-06-02T08:00:00Z");
+    const struct {
+        double lead;
+        std::optional<double> secondsSinceFiring;
+        bool fires;
+    } cases[] = {
+        {60, {}, true},   {61, {}, false}, {0, {}, true},      {-1, {}, false},
+        {30, 240, false}, {30, 300, true}, {30, 299.9, false}, {61, 300, false},
+    };
+    for (const auto& [lead, sinceFiring, fires] : cases) {
+        const auto last = sinceFiring ? std::optional(dateAfter(now, -*sinceFiring)) : std::nullopt;
+        EXPECT_EQ(TriggerEvaluator::shouldFireCalendarEvent(dateAfter(now, lead), now, last, 60, 300), fires)
+            << lead << ", fired " << sinceFiring.value_or(-1) << " s ago";
+    }
+}
+
+TEST(MeetingLinks, AnyTextOfAnEventMayHoldTheLinkInAnyCase) {
+    using MeetingLinks::EventTexts;
+    using MeetingLinks::hasVideoLink;
+    const auto none = std::nullopt;
+    EXPECT_TRUE(hasVideoLink({none, none, "https://company.zoom.us/j/123"}));
+    EXPECT_TRUE(hasVideoLink({"https://meet.google.com/abc-defg-hij", none, none}));
+    EXPECT_TRUE(hasVideoLink({"Room 3", "Join: HTTPS://TEAMS.MICROSOFT.COM/l/meetup-join/1", none}));
+    EXPECT_TRUE(hasVideoLink({none, "https://company.webex.com/meet/ada", none}));
+    EXPECT_TRUE(hasVideoLink({none, none, "https://facetime.apple.com/join#v=1"}));
+    EXPECT_FALSE(hasVideoLink({"Zoom room 3", "agenda at https://docs.google.com/x", "https://example.org"}));
+    EXPECT_FALSE(hasVideoLink({}));
+}
+
+TEST(SceneTriggerFormatting, TimesAreOnTheTwelveHourClock) {
+    using SceneTriggerFormatting::timeString;
+    EXPECT_EQ(timeString(0, 0), "12:00 AM");
+    EXPECT_EQ(timeString(0, 5), "12:05 AM");
+    EXPECT_EQ(timeString(11, 59), "11:59 AM");
+    EXPECT_EQ(timeString(12, 0), "12:00 PM");
+    EXPECT_EQ(timeString(13, 30), "1:30 PM");
+    EXPECT_EQ(timeString(23, 7), "11:07 PM");
+}
+
+TEST(SceneTriggerFormatting, TitlesSayWhatMakesATriggerFire) {
+    using SceneTriggerFormatting::title;
+    EXPECT_EQ(title(SceneTrigger::Schedule{7, 30}), "7:30 AM");
+    EXPECT_EQ(title(SceneTrigger::FocusMode{"Work"}), "Work focus turns on");
+    EXPECT_EQ(title(SceneTrigger::CalendarVideoEvent{}), "A calendar event with a video link starts");
+}
+
+} // namespace vantrel
