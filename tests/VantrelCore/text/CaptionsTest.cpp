@@ -1,0 +1,162 @@
+// Texts about the past: ages, the last restore, the history, an application's reliability, usage.
+#include "VantrelCore/text/LastActionFormatting.h"
+#include "VantrelCore/text/RelativeTimeCaption.h"
+#include "VantrelCore/text/RestoreLogFormatting.h"
+#include "VantrelCore/text/UsageReceiptCopy.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vantrel {
+
+namespace {
+
+using Outcome = RestoreLog::Outcome;
+using testing::ElementsAre;
+
+const Date now{std::chrono::days{20'000}};
+
+RestoreLog::Item item(Outcome outcome, std::optional<std::string> reason = {},
+                      const std::string& title = "") {
+    return {"Mail", "org.mail", title, outcome, std::move(reason)};
+}
+
+std::string summaryOf(const std::vector<RestoreLog::Item>& items) {
+    RestoreLog::Entry entry;
+    entry.items = items;
+    return RestoreLogFormatting::summary(entry);
+}
+
+AppReliability reliability(std::int64_t restored, std::int64_t retried, std::int64_t failed,
+                           std::int64_t skipped) {
+    AppReliability app;
+    app.restoredCount = restored;
+    app.retriedCount = retried;
+    app.failedCount = failed;
+    app.skippedCount = skipped;
+    return app;
+}
+
+UsageStats usage(std::int64_t restores, std::int64_t switches, std::int64_t windows) {
+    UsageStats stats;
+    stats.restores = restores;
+    stats.sceneSwitches = switches;
+    stats.windowsVantrel = windows;
+    return stats;
+}
+
+} // namespace
+
+TEST(RelativeTimeCaption, CountsWholeUnits) {
+    const struct {
+        double age;
+        const char* caption;
+    } cases[] = {
+        {-5, "just now"}, {59.999, "just now"}, {60, "1m ago"},     {3599, "59m ago"},
+        {3600, "1h ago"}, {86'399, "23h ago"},  {86'400, "1d ago"}, {1e7, "115d ago"},
+    };
+    for (const auto& [age, caption] : cases) {
+        EXPECT_EQ(RelativeTimeCaption::caption(dateAfter(now, -age), now), caption) << age;
+    }
+}
+
+TEST(LastActionFormatting, CountsWindowsAndTellsTheAge) {
+    const auto lineFor = [](std::int64_t windows) {
+        return LastActionFormatting::line({LastAction::Kind::restore, windows, dateAfter(now, -300), "wake"},
+                                          now);
+    };
+    EXPECT_EQ(lineFor(1), "Restored 1 window · 5m ago");
+    EXPECT_EQ(lineFor(0), "Restored 0 windows · 5m ago");
+    EXPECT_EQ(lineFor(2), "Restored 2 windows · 5m ago");
+}
+
+TEST(RestoreLogFormatting, TheSummaryCountsWhatHappenedAndNothingElse) {
+    EXPECT_EQ(summaryOf({}), "Nothing to put back");
+    EXPECT_EQ(summaryOf({item(Outcome::restored)}), "1 put back");
+    EXPECT_EQ(summaryOf({item(Outcome::restored), item(Outcome::retried),
+                         item(Outcome::failed, "app rejected the move"),
+                         item(Outcome::skipped, "window no longer exists"), item(Outcome::skipped)}),
+              "2 put back · 1 needed a retry · 1 could not move · 2 were already closed");
+    EXPECT_EQ(summaryOf({item(Outcome::skipped)}), "1 was already closed");
+    EXPECT_EQ(summaryOf({item(Outcome::skipped, "app is ignored")}), "1 was skipped");
+}
+
+TEST(RestoreLogFormatting, LabelsGiveTheReasonWhereThereIsOne) {
+    using RestoreLogFormatting::label;
+    EXPECT_EQ(label(item(Outcome::restored)), "Put back");
+    EXPECT_EQ(label(item(Outcome::retried)), "Put back after a retry");
+    EXPECT_EQ(label(item(Outcome::failed)), "Could not move");
+    EXPECT_EQ(label(item(Outcome::failed, "app rejected the move")), "Could not move: app rejected the move");
+    EXPECT_EQ(label(item(Outcome::skipped, "window no longer exists")), "Already closed");
+    EXPECT_EQ(label(item(Outcome::skipped, "app is ignored")), "Skipped: app is ignored");
+}
+
+TEST(RestoreLogFormatting, ItemsThatNeedAttentionComeFirst) {
+    std::vector<std::string> titles;
+    for (const auto& each :
+         RestoreLogFormatting::ordered({item(Outcome::skipped, {}, "s"), item(Outcome::restored, {}, "r1"),
+                                        item(Outcome::failed, {}, "f"), item(Outcome::restored, {}, "r2"),
+                                        item(Outcome::retried, {}, "t")})) {
+        titles.push_back(each.title);
+    }
+    EXPECT_THAT(titles, ElementsAre("f", "t", "r1", "r2", "s"));
+}
+
+TEST(RestoreLogFormatting, OnlyFailuresAreProblems) {
+    RestoreLog::Entry entry;
+    entry.items = {item(Outcome::retried), item(Outcome::skipped)};
+    EXPECT_FALSE(RestoreLogFormatting::hasProblems(entry));
+    entry.items.push_back(item(Outcome::failed));
+    EXPECT_TRUE(RestoreLogFormatting::hasProblems(entry));
+}
+
+TEST(RestoreLogFormatting, ReliabilityIsSummedUpAndDetailed) {
+    using namespace RestoreLogFormatting;
+    EXPECT_EQ(reliabilitySummary(reliability(0, 0, 0, 3)), "Nothing to put back yet");
+    EXPECT_EQ(reliabilitySummary(reliability(5, 2, 1, 0)), "7 put back · 1 could not move");
+    EXPECT_EQ(reliabilitySummary(reliability(0, 0, 2, 0)), "2 could not move");
+    EXPECT_EQ(reliabilityDetail(reliability(5, 0, 0, 0)), "");
+    auto app = reliability(5, 2, 1, 1);
+    app.lastFailureReason = "app rejected the move";
+    EXPECT_EQ(reliabilityDetail(app),
+              "2 needed a retry · 1 was already closed · Last problem: app rejected the move");
+}
+
+TEST(RestoreLogFormatting, DurationsAreShort) {
+    const struct {
+        double seconds;
+        const char* caption;
+    } cases[] = {
+        {0.84, "0.8 s"},     {9.94, "9.9 s"},    {9.96, "10 s"}, {59.4, "59 s"},
+        {59.5, "1 min 0 s"}, {125, "2 min 5 s"}, {-1, "0.0 s"},  {NAN, "0.0 s"},
+    };
+    for (const auto& [seconds, caption] : cases) {
+        EXPECT_EQ(RestoreLogFormatting::elapsedCaption(seconds), caption) << seconds;
+    }
+}
+
+TEST(UsageReceiptCopy, TheSentenceLeavesOutWhatHasNotHappened) {
+    using UsageReceiptCopy::sentence;
+    EXPECT_EQ(sentence({}), "");
+    EXPECT_EQ(sentence(usage(12, 1, 1240)),
+              "In your 7 days, Vantrel restored your desk 12 times, switched scenes "
+              "once and put 1,240 windows back so you did not have to.");
+    EXPECT_EQ(
+        sentence(usage(1, 0, 1)),
+        "In your 7 days, Vantrel restored your desk once and put 1 window back so you did not have to.");
+    EXPECT_EQ(sentence(usage(2, 2, 0)),
+              "In your 7 days, Vantrel restored your desk 2 times and switched scenes 2 times.");
+}
+
+TEST(UsageReceiptCopy, ThousandsAreGrouped) {
+    using UsageReceiptCopy::grouped;
+    EXPECT_EQ(grouped(0), "0");
+    EXPECT_EQ(grouped(999), "999");
+    EXPECT_EQ(grouped(1000), "1,000");
+    EXPECT_EQ(grouped(1'234'567), "1,234,567");
+    EXPECT_EQ(grouped(-999), "-999");
+    EXPECT_EQ(grouped(INT64_MIN), "-9,223,372,036,854,775,808");
+}
+
+} // namespace vantrel
