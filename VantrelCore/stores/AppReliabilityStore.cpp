@@ -56,11 +56,7 @@ AppReliabilityStore::AppReliabilityStore(JsonStore<StoreFile> file) : m_file(std
 
 std::expected<AppReliabilityStore, std::error_code>
 AppReliabilityStore::open(const std::filesystem::path& directory, FileSystem& files) {
-    auto file = JsonStore<StoreFile>::open(directory, "app-reliability.json", files);
-    if (!file) {
-        return std::unexpected(file.error());
-    }
-    return AppReliabilityStore(std::move(*file));
+    return JsonStore<StoreFile>::openAs<AppReliabilityStore>(directory, "app-reliability.json", files);
 }
 
 std::vector<AppReliability> AppReliabilityStore::all() {

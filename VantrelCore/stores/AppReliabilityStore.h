@@ -34,6 +34,8 @@ public:
     [[nodiscard]] static std::expected<AppReliabilityStore, std::error_code>
     open(const std::filesystem::path& directory, FileSystem& files);
 
+    explicit AppReliabilityStore(JsonStore<StoreFile> file);
+
     // Worst first: by failure rate (none counts as 0), then failures, then name, localized and without regard
     // to case.
     [[nodiscard]] std::vector<AppReliability> all();
@@ -47,8 +49,6 @@ public:
     bool clear();
 
 private:
-    explicit AppReliabilityStore(JsonStore<StoreFile> file);
-
     JsonStore<StoreFile> m_file;
 };
 

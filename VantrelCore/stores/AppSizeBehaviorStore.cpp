@@ -29,11 +29,7 @@ AppSizeBehaviorStore::AppSizeBehaviorStore(JsonStore<StoreFile> file) : m_file(s
 
 std::expected<AppSizeBehaviorStore, std::error_code>
 AppSizeBehaviorStore::open(const std::filesystem::path& directory, FileSystem& files) {
-    auto file = JsonStore<StoreFile>::open(directory, "app-size-behavior.json", files);
-    if (!file) {
-        return std::unexpected(file.error());
-    }
-    return AppSizeBehaviorStore(std::move(*file));
+    return JsonStore<StoreFile>::openAs<AppSizeBehaviorStore>(directory, "app-size-behavior.json", files);
 }
 
 AppSizeBehavior::Classification AppSizeBehaviorStore::seed(const std::string& bundleID) {

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] static std::expected<AppSizeBehaviorStore, std::error_code>
     open(const std::filesystem::path& directory, FileSystem& files);
 
+    explicit AppSizeBehaviorStore(JsonStore<StoreFile> file);
+
     // What is known of an application before anything was learned of it.
     [[nodiscard]] static AppSizeBehavior::Classification seed(const std::string& bundleID);
 
@@ -52,8 +54,6 @@ public:
     bool record(const std::vector<Observation>& observations);
 
 private:
-    explicit AppSizeBehaviorStore(JsonStore<StoreFile> file);
-
     JsonStore<StoreFile> m_file;
 };
 
