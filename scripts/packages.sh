@@ -41,6 +41,7 @@ packages_test=(
     libgmock-dev
     libgtest-dev
     libpng-dev
+    libpng-dev
     librapidcheck-dev
     mousepad
     openbox
