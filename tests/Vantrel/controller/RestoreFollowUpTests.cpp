@@ -1,0 +1,92 @@
+#include "Vantrel/controller/ControllerText.h"
+#include "Vantrel/controller/Phase.h"
+#include "Vantrel/controller/RestoreFollowUp.h"
+
+#include <gtest/gtest.h>
+
+namespace vantrel {
+namespace {
+
+using Kind = RestoreReport::Kind;
+using RestoreEngine::Sizes;
+
+class NoWindow : public WindowElement {
+public:
+    WindowAttributes read(AttributeGroup /*group*/) override { return {}; }
+    std::vector<bool> write(std::span<const FrameWrite> writes) override {
+        return std::vector<bool>(writes.size());
+    }
+    bool raise() override { return false; }
+};
+
+WindowRecord window(const std::string& app, double x, std::int64_t zOrder) {
+    return {app, app, "same title", {{x, 0}, {100, 100}}, "", zOrder, std::nullopt};
+}
+
+RestoreReport::Item item(const std::string& app, Kind kind) {
+    return {app, app, "same title", {kind, kind == Kind::failed ? "app rejected the move" : ""}};
+}
+
+TEST(RestoreFollowUp, FindsTheLandedWindowsAmongManyOfOneTitle) {
+    Layout layout;
+    layout.windows = {window("b", 1, 0), window("a", 2, 1), window("b", 3, 2), window("b", 4, 3)};
+    std::vector<CurrentWindow> current;
+    for (const WindowRecord& record : {window("b", 0, 0), window("b", 0, 1), window("a", 0, 2)}) {
+        current.push_back({record, AXWindowHandle(std::make_shared<NoWindow>())});
+    }
+    RestoreReport report;
+    report.items = {item("b", Kind::failed), item("b", Kind::retried), item("a", Kind::restored),
+                    item("b", Kind::skipped)};
+
+    const auto landed = RestoreFollowUp::landed(layout, current, report);
+
+    ASSERT_EQ(landed.size(), 2U);
+    EXPECT_EQ(landed[0].bundleID, "a");
+    EXPECT_EQ(landed[0].handle.element(), current[2].handle.element());
+    EXPECT_EQ(landed[1].bundleID, "b");
+    EXPECT_NE(landed[1].target.minX(), 1);
+    EXPECT_EQ(landed[1].handle.element(), current[1].handle.element());
+}
+
+TEST(RestoreFollowUp, OnlyAWindowThatCanBeSeenElsewhereIsDisplaced) {
+    const Rect target{{100, 100}, {400, 300}};
+    struct Case {
+        std::optional<Rect> frame;
+        Sizes sizes;
+        bool isDisplaced;
+    };
+    const Case cases[] = {
+        {target, Sizes::restore, false},
+        {Rect{{102, 98}, {402, 298}}, Sizes::restore, false},
+        {Rect{{102.1, 100}, {400, 300}}, Sizes::restore, true},
+        {Rect{{100, 100}, {410, 300}}, Sizes::restore, true},
+        {Rect{{100, 100}, {410, 300}}, Sizes::leave, false},
+        {Rect{{100, 110}, {400, 300}}, Sizes::leave, true},
+        {std::nullopt, Sizes::restore, false},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(RestoreFollowUp::isDisplaced(c.frame, target, c.sizes), c.isDisplaced);
+    }
+}
+
+TEST(StatusPhase, PermissionComesBeforeTheSwitchAndTheSwitchBeforeTheDesk) {
+    EXPECT_TRUE(StatusPhase::resting(false, false, 3).is<Phase::NeedsPermission>());
+    EXPECT_TRUE(StatusPhase::resting(true, false, 3).is<Phase::Off>());
+    EXPECT_TRUE(StatusPhase::resting(true, true, std::nullopt).is<Phase::Empty>());
+    EXPECT_EQ(StatusPhase::resting(true, true, 0), (Phase{Phase::Saved{0}}));
+    EXPECT_EQ(StatusPhase::text({Phase::Saved{1}}), "1 window remembered");
+    EXPECT_EQ(StatusPhase::text({Phase::Restored{12, 0.44}}), "12 windows put back in 0.4 s");
+}
+
+TEST(ControllerText, TheReportNamesEveryFailedWindowWithItsReason) {
+    RestoreReport report{.items = {item("Mail", Kind::failed), item("Editor", Kind::retried),
+                                   item("Browser", Kind::restored), item("Notes", Kind::skipped),
+                                   item("Chat", Kind::failed)},
+                         .elapsed = 0.0421};
+    EXPECT_EQ(ControllerText::restoreReport(report),
+              "restore report: 2 restored, 2 failed, 1 skipped, 1 retried, 5 expected, 42 ms; failed: Mail "
+              "\"same title\" (app rejected the move), Chat \"same title\" (app rejected the move)");
+}
+
+} // namespace
+} // namespace vantrel
