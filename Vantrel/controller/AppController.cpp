@@ -68,8 +68,16 @@ void AppController::startEngine() {
     m_context.ports.defaults.setChangeHandler([this] { userDefaultsChanged(); });
     m_learning.snapshotIfChanged();
     refreshStatus();
-    m_snapshotTimer =
-        m_context.ports.mainQueue.every(snapshotInterval, [this] { m_learning.snapshotIfChanged(); });
+    m_snapshotTimer = m_context.ports.mainQueue.every(snapshotInterval, [this] { tick(); });
+}
+
+void AppController::tick() {
+    m_learning.snapshotIfChanged();
+    if (published().hasPermission && !m_context.ports.accessibility.isTrusted()) {
+        // Taken away while running.
+        refreshStatus();
+        watchForPermission();
+    }
 }
 
 void AppController::userDefaultsChanged() {

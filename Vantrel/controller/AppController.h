@@ -85,6 +85,7 @@ public:
 private:
     AppController(const ControllerPorts& ports, AppLog& log, LayoutStore store, Options options);
 
+    void tick();
     void userDefaultsChanged();
 
     ControllerContext m_context;

@@ -17,6 +17,8 @@ void RestoreRunner::perform(RestoreRequest request) {
         queue(std::move(request));
     } else if (m_context.axWorkInFlight()) {
         m_context.log("restore queued: a capture is in flight");
+        // If it is a follow-up, this restore ends it.
+        abandonMoves();
         queue(std::move(request));
     } else {
         start(std::move(request));

@@ -151,6 +151,19 @@ TEST_F(Learning, LearningBeginsOnceThePermissionIsGranted) {
     EXPECT_THAT(fresh.published().phase.value, testing::VariantWith<Phase::Saved>(Phase::Saved{4}));
 }
 
+TEST_F(Learning, APermissionThatIsTakenAwayIsNoticedAndWaitedFor) {
+    story.learn();
+    story.desk.setTrusted(false);
+    story.runFor(16);
+    EXPECT_TRUE(story.published().phase.is<Phase::NeedsPermission>());
+    story.connect("laptop-and-monitor");
+    story.connect("laptop");
+    EXPECT_EQ(story.logged("restore report: "), 0U);
+    story.desk.setTrusted(true);
+    story.runFor(1.6);
+    EXPECT_THAT(story.published().phase.value, testing::VariantWith<Phase::Saved>(Phase::Saved{4}));
+}
+
 TEST_F(Learning, TheUserCanSaveAtOnce) {
     story.runFor(1);
     save();

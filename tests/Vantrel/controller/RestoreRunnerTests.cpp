@@ -1,5 +1,7 @@
 #include "tests/Vantrel/controller/Story.h"
 
+#include <algorithm>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -98,6 +100,27 @@ TEST_F(Restoring, AQueuedRequestForADeskThatIsGoneIsDropped) {
     story.connect("laptop-and-monitor");
     EXPECT_EQ(story.logged("restore dropped: the displays have changed"), 1U);
     EXPECT_FALSE(story.controller->restoreInFlight());
+}
+
+TEST_F(Restoring, ApplicationsThatShallComeLastAreMovedAfterAllOthers) {
+    LayoutStore store = story.store();
+    ASSERT_TRUE(store.setRule({.bundleID = "org.example.browser",
+                               .appName = "Browser",
+                               .action = AppRule::ForceDisplay{"not connected", "Elsewhere"},
+                               .restoreLast = true}));
+    story.start();
+    story.runFor(1);
+    story.desk.window(story.mail).behaviour.answerSeconds = 0.2;
+    scatter();
+    ASSERT_TRUE(story.controller->restoreNow(RestoreSource::menu));
+    story.runFor(5);
+    const auto& moves = story.desk.moves();
+    const auto isBrowser = [&](const SimulatedDesk::Move& move) {
+        return move.window == story.browserLeft || move.window == story.browserRight;
+    };
+    ASSERT_GE(moves.size(), 4U);
+    EXPECT_TRUE(std::ranges::is_partitioned(moves, std::not_fn(isBrowser)));
+    EXPECT_TRUE(isBrowser(moves.back()));
 }
 
 TEST_F(Restoring, AnApplicationThatHangsCostsItsDeadlineOnce) {
