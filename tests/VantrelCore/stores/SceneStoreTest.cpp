@@ -1,7 +1,7 @@
 #include "VantrelCore/stores/SceneStore.h"
 
+#include "VantrelCore/scenes/SceneProblem.h"
 #include "VantrelCore/stores/SceneCapMeter.h"
-#include "VantrelCore/text/SceneProblem.h"
 #include "tests/simulated/MemoryFileSystem.h"
 
 #include <gmock/gmock.h>

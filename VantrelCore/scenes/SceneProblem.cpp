@@ -1,4 +1,4 @@
-#include "VantrelCore/text/SceneProblem.h"
+#include "VantrelCore/scenes/SceneProblem.h"
 
 #include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/text/Unicode.h"
