@@ -9,7 +9,7 @@
 #include <chrono>
 #include <cstdio>
 #include <fmt/format.h>
-#include <map>
+#include <stdexcept>
 
 namespace vantrel::live {
 
@@ -185,6 +185,11 @@ private:
 } // namespace
 
 bool playDesk(const PlayOptions& options) {
+    for (const auto& program : {options.programs.vantrel, options.programs.vantrelctl}) {
+        if (!programFile(program.string())) {
+            throw std::runtime_error(fmt::format("There is no program {}.", program.string()));
+        }
+    }
     return DeskPlay(options).play();
 }
 

@@ -41,14 +41,36 @@ void endProcessesOf(const std::filesystem::path& home) {
     }
 }
 
+constexpr const char* namePrefix = "vantrel-desk-";
+constexpr const char* ownerFile = "owner";
+
+// A process that was killed could not remove its home; the kernel has ended what it started.
+void removeAbandonedHomes() {
+    std::error_code ignored;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::temp_directory_path(), ignored)) {
+        if (!entry.path().filename().string().starts_with(namePrefix)) {
+            continue;
+        }
+        std::string owner;
+        std::ifstream(entry.path() / ownerFile) >> owner;
+        const std::optional<pid_t> pid = processNumber(owner);
+        if (pid && kill(*pid, 0) != 0 && errno == ESRCH) {
+            std::filesystem::remove_all(entry.path(), ignored);
+        }
+    }
+}
+
 } // namespace
 
 TemporaryHome::TemporaryHome() {
-    std::string name = (std::filesystem::temp_directory_path() / "vantrel-desk-XXXXXX").string();
+    removeAbandonedHomes();
+    std::string name = (std::filesystem::temp_directory_path() / namePrefix).string() + "XXXXXX";
     if (mkdtemp(name.data()) == nullptr) {
         throw std::runtime_error(fmt::format("No temporary home can be made: {}.", std::strerror(errno)));
     }
     m_path = name;
+    write(ownerFile, std::to_string(getpid()));
     for (const char* folder : {"config", "data", "state", "cache", "runtime", "log", "services"}) {
         std::filesystem::create_directory(m_path / folder);
     }

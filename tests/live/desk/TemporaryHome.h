@@ -9,6 +9,7 @@ namespace vantrel::live {
 
 class TemporaryHome {
 public:
+    // Also removes what killed processes left behind.
     TemporaryHome();
     // Ends every process that still has this home in its environment, by pid, then removes the folder.
     ~TemporaryHome();
