@@ -21,9 +21,10 @@ void configID(benchmark::State& state) {
         auto id = DisplayTopology::configID(displays);
         benchmark::DoNotOptimize(id);
     }
+    state.SetComplexityN(state.range(0));
 }
 
-BENCHMARK(configID)->Arg(1)->Arg(3)->Arg(8)->Unit(benchmark::kMicrosecond);
+BENCHMARK(configID)->RangeMultiplier(4)->Range(1, 64)->Unit(benchmark::kMicrosecond)->Complexity();
 
 } // namespace
 } // namespace vantrel

@@ -1,0 +1,41 @@
+// The program's own way of capturing and restoring a crowded desk, as the application does it: the real
+// adapters, two learned layouts, a restore that proves itself.
+#pragma once
+
+#include "Vantrel/platform/posix/SystemClock.h"
+#include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/x11/X11Accessibility.h"
+#include "VantrelCore/model/Layout.h"
+#include "VantrelCore/windows/CurrentWindow.h"
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantrel::bench {
+
+class MeasuredDesk {
+public:
+    // Throws std::runtime_error with a sentence when the server does not answer.
+    explicit MeasuredDesk(const std::string& display);
+
+    [[nodiscard]] std::vector<CurrentWindow> capture();
+
+    // Remembers the windows as they stand as the layout of that arrangement.
+    void learn(std::size_t arrangement);
+
+    // True when the report says of every window that it was restored.
+    [[nodiscard]] bool restore(std::size_t arrangement, const std::vector<CurrentWindow>& current);
+
+private:
+    std::shared_ptr<X11Connection> m_connection;
+    X11Accessibility m_accessibility;
+    std::vector<DisplayInfo> m_displays;
+    std::array<Layout, 2> m_layouts;
+    SystemClock m_clock;
+    ThreadBackground m_background;
+};
+
+} // namespace vantrel::bench
