@@ -183,6 +183,8 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
     for (const auto id : ids) {
         queries.emplace_back(connection, id, WindowScope::capture);
     }
+    // xcb sends in portions, and would keep the last one back until it is waited for: a round trip more.
+    xcb_flush(connection.xcb());
     const Pids pids = pidsCookie ? collectPids(connection, *pidsCookie) : Pids{};
     m_stacking.clear();
     m_stacking.reserve(ids.size());
