@@ -8,6 +8,9 @@
 
 namespace vantrel::bench {
 
+// The counter by which a benchmark gives the shortest time of its own measuring, in seconds.
+inline constexpr const char* leastCounter = "least";
+
 class GrowthReporter final : public benchmark::ConsoleReporter {
 public:
     GrowthReporter() : ConsoleReporter(OO_Tabular) {}

@@ -2,6 +2,7 @@
 // the same bytes.
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "VantrelCore/stores/LayoutStore.h"
+#include "benchmarks/GrowthReporter.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
@@ -69,6 +70,7 @@ void inTurns(benchmark::State& state, const char* ratioName, Ours ours, Floor fl
         leastOurs = std::min(leastOurs, time);
         state.SetIterationTime(time);
     }
+    state.counters[bench::leastCounter] = leastOurs;
     state.counters[ratioName] = leastOurs / leastFloor;
     state.SetComplexityN(state.range(0));
 }
@@ -132,6 +134,7 @@ void saveStore(benchmark::State& state) {
         ->Range(100, 10'000)                                                                                 \
         ->Unit(benchmark::kMillisecond)                                                                      \
         ->UseManualTime()                                                                                    \
+        ->Iterations(10)                                                                                     \
         ->Complexity()
 
 STORE(loadStore);
