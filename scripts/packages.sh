@@ -41,7 +41,6 @@ packages_test=(
     libgmock-dev
     libgtest-dev
     libpng-dev
-    libpng-dev
     librapidcheck-dev
     mousepad
     openbox

@@ -84,7 +84,7 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
         line("layouts", fmt::format("{}", fmt::join(status.layoutNames, ", ")));
     }
     std::string_view label = "displays";
-    for (const auto& display : status.displays) {
+    for (const auto& display : DeskDrawing::distinctlyNamed(status.displays)) {
         line(label, fmt::format("{} {}x{} at {},{}", display.name, wholePoints(display.frame.width()),
                                 wholePoints(display.frame.height()), wholePoints(display.frame.minX()),
                                 wholePoints(display.frame.minY())));

@@ -2,6 +2,7 @@
 
 #include "Vantrel/commands/terminal/CellCanvas.h"
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "VantrelCore/displays/DisplayNaming.h"
 
 #include <algorithm>
 #include <cmath>
@@ -116,8 +117,19 @@ std::vector<std::size_t> frontToBack(const std::vector<WindowRecord>& windows) {
 
 } // namespace
 
-std::string drawing(const std::vector<DisplayInfo>& displays, const std::vector<WindowRecord>& windows,
+std::vector<DisplayInfo> distinctlyNamed(std::vector<DisplayInfo> displays) {
+    const auto labels = DisplayNaming::labels(displays);
+    for (auto& display : displays) {
+        if (const auto label = labels.find(display.uuid); label != labels.end()) {
+            display.name = label->second;
+        }
+    }
+    return displays;
+}
+
+std::string drawing(const std::vector<DisplayInfo>& sameNamed, const std::vector<WindowRecord>& windows,
                     const Options& options) {
+    const auto displays = distinctlyNamed(sameNamed);
     if (displays.empty() || options.columns < narrowestDisplay || options.rows < lowestDisplay) {
         return {};
     }
@@ -153,9 +165,11 @@ std::string drawing(const std::vector<DisplayInfo>& displays, const std::vector<
     return canvas.rows();
 }
 
-std::string windowList(const std::vector<DisplayInfo>& displays, const std::vector<WindowRecord>& windows,
+std::string windowList(const std::vector<DisplayInfo>& sameNamed, const std::vector<WindowRecord>& windows,
                        const Options& options) {
-    constexpr int appColumns = 20;
+    const auto displays = distinctlyNamed(sameNamed);
+    constexpr int appColumns = 16;
+    constexpr int displayColumns = 26;
     std::string result;
     int number = 0;
     for (const auto index : frontToBack(windows)) {
@@ -164,7 +178,7 @@ std::string windowList(const std::vector<DisplayInfo>& displays, const std::vect
         auto place = fmt::format("{} at {},{}", sizeText(window.frame.size, options),
                                  wholePoints(window.frame.minX()), wholePoints(window.frame.minY()));
         if (displays.size() > 1 && display != displays.end()) {
-            place += " on " + TextCells::fitted(display->name, appColumns, style(options).ellipsis);
+            place += " on " + TextCells::fitted(display->name, displayColumns, style(options).ellipsis);
         }
         const auto head = fmt::format("{:>3} {} ", ++number,
                                       TextCells::padded(window.appName, appColumns, style(options).ellipsis));

@@ -20,6 +20,9 @@ struct Options {
     Characters characters = Characters::unicode;
 };
 
+// With displays of the same name told apart: "Studio Display (left)".
+[[nodiscard]] std::vector<DisplayInfo> distinctlyNamed(std::vector<DisplayInfo> displays);
+
 // Lines of at most `options.columns` cells; nothing without displays. A window that crosses a display's edge
 // is drawn on every display it touches, a covered one as far as it can be seen.
 [[nodiscard]] std::string drawing(const std::vector<DisplayInfo>& displays,

@@ -137,7 +137,17 @@ TEST(DeskDrawing, ListsWindowsByTheirNumbersFromTheFront) {
                                             window("日本語", {{0, 0}, {5, 6}}, 3, "")};
     EXPECT_EQ(DeskDrawing::windowList({laptop, monitor}, windows, {}),
               "  1 日本語                                                  5×6 at 0,0 on Laptop\n"
-              "  2 Editor               notes.txt                    600×800 at 10,20 on Laptop\n");
+              "  2 Editor           notes.txt                        600×800 at 10,20 on Laptop\n");
+}
+
+TEST(DeskDrawing, TellsDisplaysOfTheSameNameApart) {
+    auto twin = laptop;
+    twin.uuid = "T";
+    twin.frame.origin.x = 1200;
+    const auto drawn = DeskDrawing::drawing({laptop, twin}, {}, {});
+    EXPECT_TRUE(contains(drawn, "Laptop (left)") && contains(drawn, "Laptop (right)")) << drawn;
+    EXPECT_TRUE(contains(DeskDrawing::windowList({laptop, twin}, {window("Mail", {{0, 0}, {5, 5}}, 0)}, {}),
+                         "on Laptop (left)"));
 }
 
 TEST(TextCells, CountsWhatATerminalShows) {
