@@ -2,45 +2,19 @@
 // the same bytes.
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "VantrelCore/stores/LayoutStore.h"
-#include "benchmarks/GrowthReporter.h"
+#include "benchmarks/StoreMeasuring.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
-#include <chrono>
-#include <fmt/format.h>
 #include <limits>
 #include <nlohmann/json.hpp>
 
 namespace vantrel {
 namespace {
 
-Layout layoutOf(std::size_t windows) {
-    Layout layout{.configID = "0123456789abcdef0123456789abcdef",
-                  .name = "Alpha Monitor + Built-in Display",
-                  .layoutName = Layout::defaultName,
-                  .displays = {},
-                  .windows = {},
-                  .savedAt = {},
-                  .pinned = std::nullopt};
-    const char* const display = "37D8832A-2D66-02CA-B9F7-8F30A301B230";
-    layout.displays.push_back({.uuid = display,
-                               .name = "Alpha Monitor",
-                               .frame = {{0, 0}, {2560, 1440}},
-                               .isBuiltin = false,
-                               .edidUUID = std::nullopt,
-                               .visibleFrame = Rect{{0, 30}, {2560, 1410}}});
-    for (std::size_t i = 0; i < windows; ++i) {
-        const double offset = static_cast<double>(i % 500);
-        layout.windows.push_back({.bundleID = fmt::format("org.example.application{}", i % 25),
-                                  .appName = fmt::format("Application {}", i % 25),
-                                  .title = fmt::format("Document {} – edited", i),
-                                  .frame = {{offset, offset}, {800, 600}},
-                                  .displayUUID = display,
-                                  .zOrder = static_cast<std::int64_t>(i),
-                                  .isGhost = std::nullopt});
-    }
-    return layout;
-}
+using bench::inTurns;
+using bench::layoutOf;
+using bench::secondsOf;
 
 // A store in a folder of its own.
 struct Kept {
@@ -51,29 +25,6 @@ struct Kept {
 
     [[nodiscard]] std::string bytes() { return files.read(folder.path() / "layouts.json").value(); }
 };
-
-template <typename Work>
-double secondsOf(Work work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-// Measures `ours` and, in turns with it, `floor`; the counter is the ratio of their minima.
-template <typename Ours, typename Floor>
-void inTurns(benchmark::State& state, const char* ratioName, Ours ours, Floor floor) {
-    double leastOurs = std::numeric_limits<double>::max();
-    double leastFloor = leastOurs;
-    for ([[maybe_unused]] auto _ : state) {
-        leastFloor = std::min(leastFloor, secondsOf(floor));
-        const double time = secondsOf(ours);
-        leastOurs = std::min(leastOurs, time);
-        state.SetIterationTime(time);
-    }
-    state.counters[bench::leastCounter] = leastOurs;
-    state.counters[ratioName] = leastOurs / leastFloor;
-    state.SetComplexityN(state.range(0));
-}
 
 void loadStore(benchmark::State& state) {
     Kept kept;
