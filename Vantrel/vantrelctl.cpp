@@ -2,6 +2,7 @@
 #include "Vantrel/commands/ControlClient.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
+#include "Vantrel/commands/terminal/HistoryText.h"
 #include "Vantrel/commands/terminal/LogReader.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
@@ -120,6 +121,14 @@ ExitCode restore(Format format) {
     return shown == ExitCode::done && failed > 0 ? ExitCode::failed : shown;
 }
 
+ExitCode history(Format format) {
+    return show<RestoreLog>(ControlClient().history(), format, [](const RestoreLog& log) {
+        const auto now = std::chrono::floor<Date::duration>(std::chrono::system_clock::now());
+        const auto text = HistoryText::history(log, now, drawingOptions());
+        return text.empty() ? "Nothing was put back in the last seven days.\n" : text;
+    });
+}
+
 enum class Following : std::uint8_t { no, yes };
 
 ExitCode log(std::size_t lines, Following following) {
@@ -165,6 +174,8 @@ int main(int argumentCount, char** arguments) {
     const auto* const restoreCommand =
         jsonCommand("restore", "Put the windows of this desk back, wait, and report on every window");
     const auto* const desksCommand = jsonCommand("desks", "Draw every remembered desk with its windows");
+    const auto* const historyCommand =
+        jsonCommand("history", "Tell of the last restores what became of every window");
     auto* const logCommand = app.add_subcommand("log", "Print the end of vantrel's log");
     logCommand->footer(exitCodes);
     std::size_t lines = 20;
@@ -202,6 +213,8 @@ int main(int argumentCount, char** arguments) {
         result = restore(format);
     } else if (desksCommand->parsed()) {
         result = desks(format);
+    } else if (historyCommand->parsed()) {
+        result = history(format);
     } else {
         result = log(lines, follow ? Following::yes : Following::no);
     }

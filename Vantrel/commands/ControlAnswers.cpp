@@ -1,6 +1,7 @@
 #include "Vantrel/commands/ControlAnswers.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <tuple>
 
 namespace vantrel::ControlAnswers {
@@ -85,6 +86,12 @@ DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layou
     std::ranges::stable_sort(message.desks, {},
                              [](const DeskMessage& desk) { return std::tuple(!desk.isCurrent, desk.name); });
     return message;
+}
+
+nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now) {
+    nlohmann::json answer = log;
+    answer["windowsLast7Days"] = receipts.windowsLast7Days(now);
+    return answer;
 }
 
 } // namespace vantrel::ControlAnswers

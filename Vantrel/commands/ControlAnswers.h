@@ -4,9 +4,11 @@
 #include "Vantrel/commands/DesksMessage.h"
 #include "Vantrel/commands/StatusMessage.h"
 #include "Vantrel/controller/PublishedState.h"
+#include "VantrelCore/model/RestoreLog.h"
 
 #include <filesystem>
 #include <functional>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -20,5 +22,8 @@ namespace vantrel::ControlAnswers {
 // The present desk first, also when nothing is stored for it, then the others by name.
 [[nodiscard]] DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layouts,
                                  const std::function<std::string(const std::string&)>& activeLayoutName);
+
+// The restore log, and how many windows were put back in the last seven days.
+[[nodiscard]] nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now);
 
 } // namespace vantrel::ControlAnswers

@@ -42,6 +42,9 @@ public:
     // Puts the windows of this desk back and waits for the report.
     [[nodiscard]] Result<nlohmann::json> restore() { return call("Restore"); }
 
+    // What the restores of the last days did.
+    [[nodiscard]] Result<nlohmann::json> history() { return call("History"); }
+
 private:
     static Result<nlohmann::json> call(const char* method);
 };

@@ -24,6 +24,9 @@ constexpr const char* interfaceXml = R"(  <interface name="org.vantrel.Vantrel">
     <method name="Restore">
       <arg name="report" type="s" direction="out"/>
     </method>
+    <method name="History">
+      <arg name="history" type="s" direction="out"/>
+    </method>
     <method name="LogPath">
       <arg name="path" type="s" direction="out"/>
     </method>
@@ -78,6 +81,9 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
         save(message);
     } else if (method == QLatin1String("Restore")) {
         restore(message);
+    } else if (method == QLatin1String("History")) {
+        answer(message, ControlAnswers::history(m_controller.restoreLog(), m_controller.published().receipts,
+                                                m_controller.now()));
     } else if (method == QLatin1String("LogPath")) {
         m_bus.send(message.createReply(QString::fromStdString((m_supportDirectory / "app.log").string())));
     } else {

@@ -29,17 +29,19 @@ const char* sourceName(RestoreSource source) {
 
 std::expected<std::unique_ptr<AppController>, std::error_code>
 AppController::create(const ControllerPorts& ports, FileSystem& files, AppLog& log, Options options) {
-    auto store = LayoutStore::open(options.supportDirectory, files);
-    if (!store) {
-        return std::unexpected(store.error());
+    auto stores = ControllerStores::open(options.supportDirectory, files);
+    if (!stores) {
+        return std::unexpected(stores.error());
     }
     return std::unique_ptr<AppController>(
-        new AppController(ports, log, std::move(*store), std::move(options)));
+        new AppController(ports, log, std::move(*stores), std::move(options)));
 }
 
-AppController::AppController(const ControllerPorts& ports, AppLog& log, LayoutStore store, Options options)
-    : m_context(ports, log, std::move(store)), m_learning(m_context), m_runner(m_context),
-      m_displayChange(m_context, m_learning, m_runner), m_sleepWake(m_context, m_runner) {
+AppController::AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores,
+                             Options options)
+    : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts), m_history(m_context, m_stores),
+      m_learning(m_context), m_runner(m_context, m_history), m_displayChange(m_context, m_learning, m_runner),
+      m_sleepWake(m_context, m_runner) {
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
     m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });

@@ -5,6 +5,7 @@
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
+#include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
 
@@ -68,6 +69,10 @@ public:
         return m_context.store.activeLayoutName(configID);
     }
 
+    // What the restores of the last days did.
+    [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
+    [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
+
     // Looks at permission and desk again and publishes what they are.
     void refreshStatus() { m_context.refreshStatus(); }
 
@@ -83,12 +88,14 @@ public:
     [[nodiscard]] bool restoreInFlight() const { return m_context.restoreInFlight; }
 
 private:
-    AppController(const ControllerPorts& ports, AppLog& log, LayoutStore store, Options options);
+    AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores, Options options);
 
     void tick();
     void userDefaultsChanged();
 
+    ControllerStores m_stores;
     ControllerContext m_context;
+    RestoreHistory m_history;
     LearningFlow m_learning;
     RestoreRunner m_runner;
     DisplayChangeFlow m_displayChange;

@@ -21,8 +21,8 @@ std::string layoutTitle(const PublishedState& state) {
 } // namespace
 
 ControllerContext::ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog,
-                                     LayoutStore layouts)
-    : ports(controllerPorts), settings(controllerPorts.defaults), store(std::move(layouts)),
+                                     LayoutStore& layouts)
+    : ports(controllerPorts), settings(controllerPorts.defaults), store(layouts),
       publisher(controllerPorts.mainQueue), m_log(appLog) {}
 
 void ControllerContext::endPass() {

@@ -23,11 +23,11 @@ namespace vantrel {
 // Lives on the main thread.
 class ControllerContext {
 public:
-    ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog, LayoutStore layouts);
+    ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog, LayoutStore& layouts);
 
     ControllerPorts ports;
     Settings settings;
-    LayoutStore store;
+    LayoutStore& store;
     Publisher publisher;
 
     // This program's own windows are never captured.

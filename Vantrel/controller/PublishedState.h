@@ -2,7 +2,10 @@
 #pragma once
 
 #include "Vantrel/controller/Phase.h"
+#include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/model/RestoreReceipts.h"
+#include "VantrelCore/model/UsageStats.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
 #include <cstdint>
@@ -41,6 +44,12 @@ struct PublishedState {
     std::string activeLayoutName = Layout::defaultName;
     bool activePinned = false;
     std::optional<LastRestore> lastRestore;
+    // Counts the changes of the restore history.
+    std::int64_t restoreLogVersion = 0;
+    RestoreReceipts receipts;
+    UsageStats usage;
+    // None before the first restore of this run.
+    std::optional<LastAction> lastAction;
     std::string version;
 
     bool operator==(const PublishedState&) const = default;

@@ -13,18 +13,26 @@
 
 namespace vantrel::RestoreFollowUp {
 
-// A window that a restore brought to `target`. The handle, not the title, says which window it is: titles
-// change and windows of one title are many.
-struct Landed {
+// A window that a restore was to bring to `target`. The handle, not the title, says which window it is:
+// titles change and windows of one title are many.
+struct Moved {
     std::string bundleID;
     Rect target;
     AXWindowHandle handle;
+    // Which item of the report tells of it.
+    std::size_t item = 0;
 };
 
-// The windows that `report` calls restored or retried. `layout` and `current` are what the restore was given;
-// the report lists the paired windows of one application in the layout's order.
-[[nodiscard]] std::vector<Landed> landed(const Layout& layout, const std::vector<CurrentWindow>& current,
-                                         const RestoreReport& report);
+// The windows that `report` does not call skipped. `layout` and `current` are what the restore was given; the
+// report lists the paired windows of one application in the layout's order.
+[[nodiscard]] std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>& current,
+                                       const RestoreReport& report);
+
+// Those among them that `report` calls restored or retried.
+[[nodiscard]] std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report);
+
+// Asks the window; none for one that is gone, minimised or full screen.
+[[nodiscard]] std::optional<Rect> visibleFrame(const Moved& window);
 
 // True when a window that can be seen stands elsewhere than the restore left it. None for a window that is
 // gone, minimised or full screen: it is not in anybody's way.

@@ -1,58 +1,46 @@
 #include "Vantrel/controller/RestoreFollowUpFlow.h"
 
 #include "Vantrel/controller/ControllerText.h"
-#include "VantrelCore/windows/WindowSnapshotter.h"
-
-#include <algorithm>
-#include <atomic>
-#include <map>
+#include "Vantrel/controller/PerApplication.h"
 
 namespace vantrel {
 
 namespace {
 
-using RestoreFollowUp::Landed;
+using RestoreFollowUp::Moved;
 
 // Seconds after the end of the restore.
 constexpr double lookTimes[] = {1, 3, 7};
 
-std::optional<Rect> visibleFrame(const Landed& window) {
-    return WindowSnapshotter::ordinaryFrame(window.handle.element()->read(AttributeGroup::all));
-}
-
 // True when the window was displaced and stands at its place again.
-bool putBack(const Landed& window, RestoreEngine::Sizes sizes) {
-    if (!RestoreFollowUp::isDisplaced(visibleFrame(window), window.target, sizes)) {
+bool putBack(const Moved& window, RestoreEngine::Sizes sizes) {
+    if (!RestoreFollowUp::isDisplaced(RestoreFollowUp::visibleFrame(window), window.target, sizes)) {
         return false;
     }
     RestoreEngine::place(window.target, window.handle, sizes);
     return RestoreEngine::isReached(window.handle.frame(), window.target, sizes);
 }
 
-// How many windows were put back. Applications in parallel, so that one that hangs delays no other.
-std::size_t putBackDisplaced(const std::vector<Landed>& landed, RestoreEngine::Sizes sizes,
-                             Background& background) {
-    std::map<std::string, std::vector<const Landed*>> byApp;
-    for (const Landed& window : landed) {
-        byApp[window.bundleID].push_back(&window);
-    }
-    std::vector<std::vector<const Landed*>> apps;
-    apps.reserve(byApp.size());
-    for (auto& [bundleID, windows] : byApp) {
-        apps.push_back(std::move(windows));
-    }
-    std::atomic<std::size_t> count = 0;
-    background.concurrentPerform(apps.size(), [&](std::size_t index) {
-        for (const Landed* window : apps[index]) {
-            count += putBack(*window, sizes) ? 1 : 0;
-        }
+// The report's items of the windows that were put back.
+std::vector<std::size_t> putBackDisplaced(const std::vector<Moved>& landed, RestoreEngine::Sizes sizes,
+                                          Background& background) {
+    // Not of bool, whose elements share bytes: each worker writes its own.
+    std::vector<char> isPutBack(landed.size());
+    PerApplication::forEach(landed, background, [&](std::size_t index) {
+        isPutBack[index] = putBack(landed[index], sizes) ? 1 : 0;
     });
-    return count;
+    std::vector<std::size_t> items;
+    for (std::size_t i = 0; i < landed.size(); ++i) {
+        if (isPutBack[i] != 0) {
+            items.push_back(landed[i].item);
+        }
+    }
+    return items;
 }
 
 } // namespace
 
-void RestoreFollowUpFlow::begin(std::vector<Landed> landed) {
+void RestoreFollowUpFlow::begin(std::vector<Moved> landed) {
     end();
     m_landed = std::move(landed);
     if (m_landed.empty()) {
@@ -85,9 +73,10 @@ void RestoreFollowUpFlow::look() {
         [landed = m_landed, sizes, &background = m_context.ports.background] {
             return putBackDisplaced(landed, sizes, background);
         },
-        [this](std::size_t count) {
-            if (count > 0) {
-                m_context.log("restore follow-up: put back " + ControllerText::windows(count));
+        [this](const std::vector<std::size_t>& items) {
+            if (!items.empty()) {
+                m_context.log("restore follow-up: put back " + ControllerText::windows(items.size()));
+                m_onPutBack(items);
             }
             m_context.endPass();
         });

@@ -5,17 +5,22 @@
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/RestoreFollowUp.h"
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace vantrel {
 
 class RestoreFollowUpFlow {
 public:
-    explicit RestoreFollowUpFlow(ControllerContext& context) : m_context(context) {}
+    // `onPutBack` is told which items of the report, by index, belong to windows that were put back.
+    RestoreFollowUpFlow(ControllerContext& context,
+                        std::function<void(const std::vector<std::size_t>& items)> onPutBack)
+        : m_context(context), m_onPutBack(std::move(onPutBack)) {}
 
     // Looks at these windows 1, 3 and 7 seconds from now, as long as snapshots are suspended.
-    void begin(std::vector<RestoreFollowUp::Landed> landed);
+    void begin(std::vector<RestoreFollowUp::Moved> landed);
 
     // A newer change or restore has begun.
     void end();
@@ -24,7 +29,8 @@ private:
     void look();
 
     ControllerContext& m_context;
-    std::vector<RestoreFollowUp::Landed> m_landed;
+    std::function<void(const std::vector<std::size_t>&)> m_onPutBack;
+    std::vector<RestoreFollowUp::Moved> m_landed;
     std::vector<std::unique_ptr<ScheduledWork>> m_looks;
     std::int64_t m_epoch = 0;
 };

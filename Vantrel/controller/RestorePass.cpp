@@ -1,5 +1,9 @@
 #include "Vantrel/controller/RestorePass.h"
 
+#include "Vantrel/controller/AchievedSizes.h"
+
+#include <utility>
+
 namespace vantrel::RestorePass {
 
 namespace {
@@ -35,13 +39,17 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
         accessibility.awaitQuiet();
     }
     if (task.permit->isRevoked()) {
-        return {.report = {}, .landed = {}, .isAbandoned = true};
+        return {.report = {}, .landed = {}, .sizes = {}, .isAbandoned = true};
     }
     const auto current = underPermit(liveWindows(task, accessibility, clock), task.permit);
     Result result;
     result.report = RestoreEngine::restore(request.layout, current, task.options, clock, background);
+    auto moved = RestoreFollowUp::moved(request.layout, current, result.report);
+    if (task.options.sizes == RestoreEngine::Sizes::restore) {
+        result.sizes = AchievedSizes::read(moved, result.report, background);
+    }
+    result.landed = RestoreFollowUp::landed(std::move(moved), result.report);
     result.isAbandoned = task.permit->isRevoked();
-    result.landed = RestoreFollowUp::landed(request.layout, current, result.report);
     return result;
 }
 

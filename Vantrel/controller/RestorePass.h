@@ -5,6 +5,7 @@
 #include "Vantrel/controller/MovePermit.h"
 #include "Vantrel/controller/RestoreFollowUp.h"
 #include "Vantrel/controller/RestoreRequest.h"
+#include "VantrelCore/stores/AppSizeBehaviorStore.h"
 
 #include <memory>
 
@@ -21,7 +22,9 @@ struct Task {
 struct Result {
     RestoreReport report;
     // The windows that the restore brought to their places.
-    std::vector<RestoreFollowUp::Landed> landed;
+    std::vector<RestoreFollowUp::Moved> landed;
+    // None unless the restore asked for sizes.
+    std::vector<AppSizeBehaviorStore::Observation> sizes;
     // The permit was revoked before the end: the report does not tell how the desk stands.
     bool isAbandoned = false;
 };

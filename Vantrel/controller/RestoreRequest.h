@@ -17,6 +17,9 @@ enum class Announcement : std::uint8_t { silent, announce };
 // Who started it: a display change, after which the window manager may still be moving windows, or a person.
 enum class RestoreTrigger : std::uint8_t { automatic, manual };
 
+// What the usage totals count it as.
+enum class RestorePurpose : std::uint8_t { restore, stashReturn, undo };
+
 struct RestoreRequest {
     // With the user's rules applied.
     Layout layout;
@@ -24,6 +27,7 @@ struct RestoreRequest {
     // In words, for log and history: "display change".
     std::string reason;
     RestoreTrigger trigger = RestoreTrigger::manual;
+    RestorePurpose purpose = RestorePurpose::restore;
     Announcement announcement = Announcement::silent;
     std::optional<std::string> sceneName = std::nullopt;
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;

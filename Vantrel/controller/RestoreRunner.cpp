@@ -7,7 +7,9 @@
 
 namespace vantrel {
 
-RestoreRunner::RestoreRunner(ControllerContext& context) : m_context(context), m_followUp(context) {
+RestoreRunner::RestoreRunner(ControllerContext& context, RestoreHistory& history)
+    : m_context(context), m_history(history),
+      m_followUp(context, [this](const std::vector<std::size_t>& items) { m_history.addFollowUp(items); }) {
     m_context.onPassEnded = [this] { runPending(); };
 }
 
@@ -62,6 +64,7 @@ void RestoreRunner::start(RestoreRequest request) {
     RestorePass::Task task{
         .request = std::move(request),
         .options = {.sizes = doesSizes ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave,
+                    .stubbornBundleIDs = m_history.stubbornBundleIDs(),
                     .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
         .scope = {},
         .permit = m_context.movePermit};
@@ -85,7 +88,9 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
         request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
     } else {
         publishReport(request, result.report);
+        // Whoever waits need not wait for the files.
         request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
+        m_history.record(request, result.report, result.sizes);
         if (request.trigger == RestoreTrigger::automatic) {
             m_followUp.begin(std::move(result.landed));
         }

@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/RestoreFollowUpFlow.h"
+#include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestorePass.h"
 
 #include <optional>
@@ -11,7 +12,7 @@ namespace vantrel {
 
 class RestoreRunner {
 public:
-    explicit RestoreRunner(ControllerContext& context);
+    RestoreRunner(ControllerContext& context, RestoreHistory& history);
 
     // Starts at once, or after the restore or pass that is running, in place of any request that waits
     // already. A request whose desk is gone when its turn comes is dropped.
@@ -28,6 +29,7 @@ private:
     void runPending();
 
     ControllerContext& m_context;
+    RestoreHistory& m_history;
     RestoreFollowUpFlow m_followUp;
     std::optional<RestoreRequest> m_pending;
 };

@@ -24,6 +24,11 @@ bool RestoreLogStore::record(const RestoreLog::Entry& entry) {
     });
 }
 
+bool RestoreLogStore::replaceNewest(const RestoreLog::Entry& entry) {
+    return !m_file.load().log.entries.empty() &&
+           m_file.update([&](StoreFile& file) { file.log.entries.front() = entry; });
+}
+
 bool RestoreLogStore::clear() {
     return m_file.update([](StoreFile& file) { file.log.entries.clear(); });
 }

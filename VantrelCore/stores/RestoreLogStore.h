@@ -29,6 +29,8 @@ public:
 
     // Puts the entry in front and prunes what is too old on its date or too much.
     bool record(const RestoreLog::Entry& entry);
+    // Takes the place of the newest entry; false without one.
+    bool replaceNewest(const RestoreLog::Entry& entry);
     bool clear();
 
 private:

@@ -46,7 +46,7 @@ Outcome restoreOne(const Rect& target, const AXWindowHandle& handle, Sizes sizes
             return {Kind::retried, ""};
         }
     }
-    return {Kind::failed, "window drifted after move"};
+    return {Kind::failed, driftedReason};
 }
 
 RestoreReport::Item itemFor(const WindowRecord& saved, Outcome outcome) {

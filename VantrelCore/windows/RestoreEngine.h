@@ -23,6 +23,9 @@ inline constexpr double tolerance = 2.0;
 // How long the `settle` attempt waits, in seconds.
 inline constexpr double settleSeconds = 0.08;
 
+// Why a window failed that took the move but is not where it belongs.
+inline constexpr const char* driftedReason = "window drifted after move";
+
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
 
 enum class Sizes : std::uint8_t { restore, leave };

@@ -12,6 +12,8 @@ namespace vantrel::CommandTexts {
 
 namespace {
 
+using DeskDrawing::ellipsis;
+
 std::string counted(std::int64_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
@@ -19,10 +21,6 @@ std::string counted(std::int64_t count, std::string_view what) {
 std::string duration(double seconds) {
     return seconds < 1 ? fmt::format("{:.0f} ms", std::ceil(seconds * 1000))
                        : fmt::format("{:.1f} s", seconds);
-}
-
-std::string_view ellipsis(const DeskDrawing::Options& options) {
-    return options.characters == DeskDrawing::Characters::ascii ? ".." : "…";
 }
 
 std::string_view separator(const DeskDrawing::Options& options) {

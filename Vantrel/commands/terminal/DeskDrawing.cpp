@@ -127,6 +127,10 @@ std::vector<DisplayInfo> distinctlyNamed(std::vector<DisplayInfo> displays) {
     return displays;
 }
 
+std::string_view ellipsis(const Options& options) {
+    return style(options).ellipsis;
+}
+
 std::string drawing(const std::vector<DisplayInfo>& sameNamed, const std::vector<WindowRecord>& windows,
                     const Options& options) {
     const auto displays = distinctlyNamed(sameNamed);

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantrel::DeskDrawing {
@@ -22,6 +23,9 @@ struct Options {
 
 // With displays of the same name told apart: "Studio Display (left)".
 [[nodiscard]] std::vector<DisplayInfo> distinctlyNamed(std::vector<DisplayInfo> displays);
+
+// What stands where something was left out.
+[[nodiscard]] std::string_view ellipsis(const Options& options);
 
 // Lines of at most `options.columns` cells; nothing without displays. A window that crosses a display's edge
 // is drawn on every display it touches, a covered one as far as it can be seen.

@@ -38,12 +38,14 @@ TEST(RestoreFollowUp, FindsTheLandedWindowsAmongManyOfOneTitle) {
     report.items = {item("b", Kind::failed), item("b", Kind::retried), item("a", Kind::restored),
                     item("b", Kind::skipped)};
 
-    const auto landed = RestoreFollowUp::landed(layout, current, report);
+    const auto landed = RestoreFollowUp::landed(RestoreFollowUp::moved(layout, current, report), report);
 
     ASSERT_EQ(landed.size(), 2U);
     EXPECT_EQ(landed[0].bundleID, "a");
+    EXPECT_EQ(landed[0].item, 2U);
     EXPECT_EQ(landed[0].handle.element(), current[2].handle.element());
     EXPECT_EQ(landed[1].bundleID, "b");
+    EXPECT_EQ(landed[1].item, 1U);
     EXPECT_NE(landed[1].target.minX(), 1);
     EXPECT_EQ(landed[1].handle.element(), current[1].handle.element());
 }

@@ -1,0 +1,33 @@
+#include "Vantrel/controller/AchievedSizes.h"
+
+#include "Vantrel/controller/PerApplication.h"
+
+namespace vantrel::AchievedSizes {
+
+namespace {
+
+// A window that refuses to move, or does not answer, says nothing of sizes.
+bool tookTheMove(const RestoreReport::Outcome& outcome) {
+    return outcome.kind != RestoreReport::Kind::failed || outcome.reason == RestoreEngine::driftedReason;
+}
+
+} // namespace
+
+std::vector<AppSizeBehaviorStore::Observation> read(const std::vector<RestoreFollowUp::Moved>& moved,
+                                                    const RestoreReport& report, Background& background) {
+    std::vector<std::optional<Rect>> frames(moved.size());
+    PerApplication::forEach(moved, background, [&](std::size_t i) {
+        if (tookTheMove(report.items[moved[i].item].outcome)) {
+            frames[i] = RestoreFollowUp::visibleFrame(moved[i]);
+        }
+    });
+    std::vector<AppSizeBehaviorStore::Observation> observations;
+    for (std::size_t i = 0; i < moved.size(); ++i) {
+        if (frames[i]) {
+            observations.push_back({moved[i].bundleID, moved[i].target.size, frames[i]->size});
+        }
+    }
+    return observations;
+}
+
+} // namespace vantrel::AchievedSizes

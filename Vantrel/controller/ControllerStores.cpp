@@ -1,0 +1,30 @@
+#include "Vantrel/controller/ControllerStores.h"
+
+#include <utility>
+
+namespace vantrel {
+
+std::expected<ControllerStores, std::error_code>
+ControllerStores::open(const std::filesystem::path& directory, FileSystem& files) {
+    std::error_code failure;
+    // The first failure is the one that is told.
+    const auto opened = [&](auto store) {
+        if (!store && !failure) {
+            failure = store.error();
+        }
+        return store;
+    };
+    auto layouts = opened(LayoutStore::open(directory, files));
+    auto restoreLog = opened(RestoreLogStore::open(directory, files));
+    auto receipts = opened(openRestoreReceipts(directory, files));
+    auto usage = opened(openUsageStats(directory, files));
+    auto reliability = opened(AppReliabilityStore::open(directory, files));
+    auto sizeBehavior = opened(AppSizeBehaviorStore::open(directory, files));
+    if (failure) {
+        return std::unexpected(failure);
+    }
+    return ControllerStores{std::move(*layouts), std::move(*restoreLog),  std::move(*receipts),
+                            std::move(*usage),   std::move(*reliability), std::move(*sizeBehavior)};
+}
+
+} // namespace vantrel

@@ -1,0 +1,30 @@
+// Every file that the controller keeps.
+#pragma once
+
+#include "VantrelCore/stores/AppReliabilityStore.h"
+#include "VantrelCore/stores/AppSizeBehaviorStore.h"
+#include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/RestoreLogStore.h"
+#include "VantrelCore/stores/RestoreReceiptsStore.h"
+#include "VantrelCore/stores/UsageStatsStore.h"
+
+#include <expected>
+#include <filesystem>
+#include <system_error>
+
+namespace vantrel {
+
+struct ControllerStores {
+    LayoutStore layouts;
+    RestoreLogStore restoreLog;
+    RestoreReceiptsStore receipts;
+    UsageStatsStore usage;
+    AppReliabilityStore reliability;
+    AppSizeBehaviorStore sizeBehavior;
+
+    // Creates the directory when missing. Nothing is read yet.
+    [[nodiscard]] static std::expected<ControllerStores, std::error_code>
+    open(const std::filesystem::path& directory, FileSystem& files);
+};
+
+} // namespace vantrel

@@ -1,0 +1,46 @@
+// What every restore leaves behind: the history entry, receipt and usage for the user, and what it taught of
+// the applications, for the next restore.
+#pragma once
+
+#include "Vantrel/controller/ControllerContext.h"
+#include "Vantrel/controller/ControllerStores.h"
+#include "Vantrel/controller/RestoreRequest.h"
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+class RestoreHistory {
+public:
+    // Publishes what is stored. The stores outlive it.
+    RestoreHistory(ControllerContext& context, ControllerStores& stores);
+
+    // A restore has come to its end. A write that fails is logged and stops nothing.
+    void record(const RestoreRequest& request, const RestoreReport& report,
+                const std::vector<AppSizeBehaviorStore::Observation>& sizes);
+
+    // These items of the report last recorded, by index, were displaced afterwards and put back once more;
+    // its entry then says that they needed a retry.
+    void addFollowUp(const std::vector<std::size_t>& items);
+
+    // Applications that have failed often.
+    [[nodiscard]] std::set<std::string> stubbornBundleIDs() {
+        return m_stores.reliability.stubbornBundleIDs();
+    }
+
+    [[nodiscard]] RestoreLog log() { return m_stores.restoreLog.load(); }
+
+private:
+    void recordTotals(const RestoreRequest& request, std::int64_t windows, Date date);
+    void check(bool isWritten, const char* what);
+
+    ControllerContext& m_context;
+    ControllerStores& m_stores;
+    // The newest entry of the log, as long as a follow-up may add to it.
+    std::optional<RestoreLog::Entry> m_latest;
+};
+
+} // namespace vantrel
