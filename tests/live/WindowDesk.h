@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Vantrel/platform/x11/X11Accessibility.h"
-#include "tests/live/ProbeClient.h"
+#include "tests/live/desk/ProbeClient.h"
 #include "tests/live/desk/PrivateDesk.h"
 
 #include <memory>

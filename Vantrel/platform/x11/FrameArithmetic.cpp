@@ -93,4 +93,15 @@ MoveResize request(const FrameTarget& target, const FrameParts& parts) {
     return request;
 }
 
+Rect outerArea(const MoveResize& request, const FrameParts& parts) {
+    const auto& [client, decoration, shadow] = parts;
+    const Rect current = visibleFrame({.client = client, .decoration = decoration});
+    const auto valueOr = [](const auto& value, double otherwise) {
+        return value ? static_cast<double>(*value) : otherwise;
+    };
+    return {{valueOr(request.x, current.minX()), valueOr(request.y, current.minY())},
+            {valueOr(request.width, client.width()) + decoration.left + decoration.right,
+             valueOr(request.height, client.height()) + decoration.top + decoration.bottom}};
+}
+
 } // namespace vantrel::FrameArithmetic

@@ -74,6 +74,9 @@ namespace FrameArithmetic {
 // Beyond the protocol's 16-bit coordinates the values stop at its ends; not-a-number stays as it is.
 [[nodiscard]] MoveResize request(const FrameTarget& target, const FrameParts& parts);
 
+// What the window with its decoration, and with its shadow, fills once a request has been obeyed.
+[[nodiscard]] Rect outerArea(const MoveResize& request, const FrameParts& parts);
+
 } // namespace FrameArithmetic
 
 } // namespace vantrel

@@ -28,6 +28,8 @@ struct WindowFacts {
     // See WindowMarks.
     bool isMarked = false;
     bool isViewable = false;
+    // The window that holds it, a frame or the root. Of scope placement only.
+    std::uint32_t parent = 0;
     // From scope placement on the states, from scope element on everything.
     WindowTraits traits;
     std::optional<std::string> title;

@@ -9,14 +9,19 @@ namespace vantrel {
 
 namespace {
 
-// After this long the question is repeated. openbox 3.6 looks only at its socket for new events: those that
+// After this long another question is asked. openbox 3.6 looks only at its socket for new events: those that
 // it read along with a reply, while one of its timers ran, wait until another one arrives and wakes it.
 constexpr std::chrono::milliseconds patience(50);
+
+constexpr std::chrono::seconds longestSilence(1);
+constexpr std::chrono::seconds longestBusy(10);
+
+using Clock = std::chrono::steady_clock;
 
 } // namespace
 
 WindowManagerFence::WindowManagerFence(std::shared_ptr<X11Connection> connection)
-    : m_connection(std::move(connection)),
+    : m_connection(std::move(connection)), m_alarm(createWindow()),
       m_answers(m_connection->onEvent(XCB_PROPERTY_NOTIFY,
                                       [this](const xcb_generic_event_t& event) {
                                           const auto& change =
@@ -25,6 +30,11 @@ WindowManagerFence::WindowManagerFence(std::shared_ptr<X11Connection> connection
                                               answer(change.window);
                                           }
                                       })),
+      m_moves(m_connection->onEvent(XCB_CONFIGURE_NOTIFY,
+                                    [this](const xcb_generic_event_t&) {
+                                        const std::lock_guard lock(m_mutex);
+                                        m_lastSign = Clock::now();
+                                    })),
       m_loss(m_connection->onLoss([this] { giveUp(); })) {
     if (!m_connection->isConnected()) {
         giveUp();
@@ -33,14 +43,26 @@ WindowManagerFence::WindowManagerFence(std::shared_ptr<X11Connection> connection
 
 WindowManagerFence::~WindowManagerFence() {
     m_answers.reset();
+    m_moves.reset();
     m_loss.reset();
     for (const auto window : m_idleWindows) {
         xcb_destroy_window(m_connection->xcb(), window);
     }
+    xcb_destroy_window(m_connection->xcb(), m_alarm);
     xcb_flush(m_connection->xcb());
 }
 
 bool WindowManagerFence::await(Deadline deadline) {
+    return awaitUntil([&] { return deadline; });
+}
+
+bool WindowManagerFence::awaitWhileBusy(Deadline deadline) {
+    const auto last = Clock::now() + longestBusy;
+    return awaitUntil([&] { return std::min(last, std::max(deadline, m_lastSign + longestSilence)); });
+}
+
+// `deadline` is asked with the mutex held.
+bool WindowManagerFence::awaitUntil(const std::function<Deadline()>& deadline) {
     Question question;
     std::unique_lock lock(m_mutex);
     if (m_isLost) {
@@ -49,13 +71,13 @@ bool WindowManagerFence::await(Deadline deadline) {
     const xcb_window_t window = takeWindow();
     m_asked[window] = &question;
     const auto isOver = [&] { return question.isAnswered || m_isLost; };
-    while (!isOver() && std::chrono::steady_clock::now() < deadline) {
+    // Later questions only wake the window manager: they are about a window whose answers nobody counts.
+    for (auto about = window; !isOver() && Clock::now() < deadline(); about = m_alarm) {
         lock.unlock();
-        ClientMessage::send(*m_connection, window, m_connection->atoms().netRequestFrameExtents, {});
+        ClientMessage::send(*m_connection, about, m_connection->atoms().netRequestFrameExtents, {});
         xcb_flush(m_connection->xcb());
         lock.lock();
-        question.answered.wait_until(lock, std::min(deadline, std::chrono::steady_clock::now() + patience),
-                                     isOver);
+        question.answered.wait_until(lock, std::min(deadline(), Clock::now() + patience), isOver);
     }
     m_asked.erase(window);
     if (question.isAnswered) {
@@ -73,6 +95,10 @@ xcb_window_t WindowManagerFence::takeWindow() {
         m_idleWindows.pop_back();
         return window;
     }
+    return createWindow();
+}
+
+xcb_window_t WindowManagerFence::createWindow() const {
     xcb_connection_t* const xcb = m_connection->xcb();
     const xcb_window_t window = xcb_generate_id(xcb);
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
@@ -85,6 +111,7 @@ void WindowManagerFence::answer(xcb_window_t window) {
     const std::lock_guard lock(m_mutex);
     if (const auto asked = m_asked.find(window); asked != m_asked.end()) {
         asked->second->isAnswered = true;
+        m_lastSign = Clock::now();
         asked->second->answered.notify_one();
     }
 }

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -28,22 +29,32 @@ public:
     // False when none came before the deadline or the connection is lost.
     [[nodiscard]] bool await(Deadline deadline);
 
+    // The same for one of many requests that a window manager may be busy with: the deadline is put off as
+    // long as it answers others or moves windows, up to 10 seconds from now.
+    [[nodiscard]] bool awaitWhileBusy(Deadline deadline);
+
 private:
     struct Question {
         std::condition_variable answered;
         bool isAnswered = false;
     };
 
+    [[nodiscard]] bool awaitUntil(const std::function<Deadline()>& deadline);
     [[nodiscard]] xcb_window_t takeWindow();
+    [[nodiscard]] xcb_window_t createWindow() const;
     void answer(xcb_window_t window);
     void giveUp();
 
     std::shared_ptr<X11Connection> m_connection;
+    xcb_window_t m_alarm;
     std::mutex m_mutex;
     bool m_isLost = false;
     std::map<xcb_window_t, Question*> m_asked;
     std::vector<xcb_window_t> m_idleWindows;
+    // When the window manager last did anything that we saw.
+    Deadline m_lastSign{};
     Registration m_answers;
+    Registration m_moves;
     Registration m_loss;
 };
 

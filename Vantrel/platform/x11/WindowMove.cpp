@@ -1,6 +1,7 @@
 #include "Vantrel/platform/x11/WindowMove.h"
 
 #include "Vantrel/platform/x11/ClientMessage.h"
+#include "Vantrel/platform/x11/MonitorQuery.h"
 #include "Vantrel/platform/x11/PropertyValues.h"
 #include "Vantrel/platform/x11/WindowChangeWatch.h"
 #include "Vantrel/platform/x11/WindowQuery.h"
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <tuple>
 #include <vector>
-#include <xcb/randr.h>
 #include <xcb/xcb_icccm.h>
 
 namespace vantrel {
@@ -17,30 +17,19 @@ namespace {
 
 constexpr std::chrono::seconds limit(1);
 
+// A window that goes where it was asked to is seen to arrive. For others a fence is needed, which costs
+// openbox half as much as a move: it is set up once no window has moved for this long.
+constexpr std::chrono::milliseconds usualDelay(50);
+
 // By how much the usable area of a monitor may differ from a remembered one and still be the same.
 constexpr double maximizedTolerance = 2;
 
 std::vector<Rect> monitors(const X11Connection& connection) {
-    std::vector<Rect> found;
-    const auto screen = connection.screen();
-    if (connection.extensions().randrFirstEvent) {
-        const auto reply = ownReply(xcb_randr_get_monitors_reply(
-            connection.xcb(), xcb_randr_get_monitors(connection.xcb(), connection.root(), 1), nullptr));
-        if (reply) {
-            for (auto all = xcb_randr_get_monitors_monitors_iterator(reply.get()); all.rem > 0;
-                 xcb_randr_monitor_info_next(&all)) {
-                const auto& monitor = *all.data;
-                found.push_back({{static_cast<double>(monitor.x), static_cast<double>(monitor.y)},
-                                 {static_cast<double>(monitor.width), static_cast<double>(monitor.height)}});
-            }
-        }
+    std::vector<Rect> areas;
+    for (const auto& monitor : MonitorQuery::read(connection).value_or(std::vector<MonitorReading>{})) {
+        areas.push_back(monitor.area);
     }
-    if (found.empty()) {
-        found.push_back(
-            {{},
-             {static_cast<double>(screen.width_in_pixels), static_cast<double>(screen.height_in_pixels)}});
-    }
-    return found;
+    return areas;
 }
 
 Rect frameOf(const WindowFacts& facts) {
@@ -111,7 +100,7 @@ std::optional<WindowFacts> WindowMove::lookWhenWorkedOff(const IsDone& isDone) {
         return waitUntil(isDone);
     }
     // Without an answer the look tells what there is to tell.
-    std::ignore = m_desk.fence.await(m_deadline);
+    std::ignore = m_desk.fence.awaitWhileBusy(m_deadline);
     return look();
 }
 
@@ -124,6 +113,17 @@ std::optional<WindowFacts> WindowMove::waitUntil(const IsDone& isDone) {
     return facts;
 }
 
+WindowChangeWatch::Arrival WindowMove::arrival(const MoveResize& request, const WindowFacts& facts) const {
+    WindowChangeWatch::Arrival expected{.outerArea = FrameArithmetic::outerArea(request, facts.parts),
+                                        .client = m_window,
+                                        .holder = facts.parent,
+                                        .clientSize = std::nullopt};
+    if (request.width && request.height) {
+        expected.clientSize = {static_cast<double>(*request.width), static_cast<double>(*request.height)};
+    }
+    return expected;
+}
+
 bool WindowMove::moveOrdinary(const FrameTarget& target, const WindowFacts& before) {
     const IsDone hasArrived = [&](const WindowFacts& facts) {
         return FrameArithmetic::isAt(target, frameOf(facts));
@@ -131,13 +131,17 @@ bool WindowMove::moveOrdinary(const FrameTarget& target, const WindowFacts& befo
     constexpr int attempts = 2;
     std::optional<WindowFacts> facts = before;
     for (int attempt = 0; attempt < attempts && std::chrono::steady_clock::now() < m_deadline; ++attempt) {
-        ClientMessage::moveResize(m_connection, m_window, FrameArithmetic::request(target, facts->parts));
-        facts = lookWhenWorkedOff(hasArrived);
-        if (!facts) {
-            return false;
+        const auto request = FrameArithmetic::request(target, facts->parts);
+        WindowChangeWatch watch(*m_desk.connection, arrival(request, *facts));
+        ClientMessage::moveResize(m_connection, m_window, request);
+        xcb_flush(m_connection.xcb());
+        const bool isSeen = watch.awaitWhileBusy(usualDelay, m_deadline);
+        facts = isSeen ? look() : std::nullopt;
+        if (!isSeen || (facts && !hasArrived(*facts))) {
+            facts = lookWhenWorkedOff(hasArrived);
         }
-        if (hasArrived(*facts)) {
-            return true;
+        if (!facts || hasArrived(*facts)) {
+            return facts.has_value();
         }
     }
     const auto hints = sizeHints();

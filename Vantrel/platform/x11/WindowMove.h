@@ -1,9 +1,10 @@
-// One window brought to one place, in a closed loop: ask, wait until the window manager has worked it off,
-// look, ask once more where it missed, and say honestly what came of it.
+// One window brought to one place, in a closed loop: ask, wait until it is seen there or the window manager
+// has worked it off, look, ask once more where it missed, and say honestly what came of it.
 #pragma once
 
 #include "Vantrel/platform/x11/FrameArithmetic.h"
 #include "Vantrel/platform/x11/SizeHints.h"
+#include "Vantrel/platform/x11/WindowChangeWatch.h"
 #include "Vantrel/platform/x11/WindowFacts.h"
 #include "Vantrel/platform/x11/X11Desk.h"
 
@@ -36,6 +37,8 @@ private:
     [[nodiscard]] std::optional<WindowFacts> lookWhenWorkedOff(const IsDone& isDone);
     [[nodiscard]] std::optional<WindowFacts> waitUntil(const IsDone& isDone);
 
+    [[nodiscard]] WindowChangeWatch::Arrival arrival(const MoveResize& request,
+                                                     const WindowFacts& facts) const;
     [[nodiscard]] bool moveOrdinary(const FrameTarget& target, const WindowFacts& before);
     [[nodiscard]] bool moveMaximized(const FrameTarget& target, WindowFacts before);
     void askToMoveMaximized(const FrameTarget& target, const WindowFacts& before);

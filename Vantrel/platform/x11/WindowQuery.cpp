@@ -101,6 +101,9 @@ WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, W
     m_origin = xcb_translate_coordinates(xcb, window, connection.root(), 0, 0);
     ask(frameExtents, atoms.netFrameExtents, extentsWords);
     ask(gtkFrameExtents, atoms.gtkFrameExtents, extentsWords);
+    if (scope == WindowScope::placement) {
+        m_tree = xcb_query_tree(xcb, window);
+    }
     if (scope >= WindowScope::placement) {
         ask(state, atoms.netWmState, listWords);
     }
@@ -122,7 +125,8 @@ WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, W
 WindowQuery::WindowQuery(WindowQuery&& other) noexcept
     : m_connection(other.m_connection), m_window(other.m_window), m_scope(other.m_scope),
       m_attributes(other.m_attributes), m_geometry(other.m_geometry), m_origin(other.m_origin),
-      m_properties(other.m_properties), m_isCollected(std::exchange(other.m_isCollected, true)) {}
+      m_tree(other.m_tree), m_properties(other.m_properties),
+      m_isCollected(std::exchange(other.m_isCollected, true)) {}
 
 WindowQuery::~WindowQuery() {
     if (m_isCollected) {
@@ -132,6 +136,9 @@ WindowQuery::~WindowQuery() {
     xcb_discard_reply(xcb, m_attributes.sequence);
     xcb_discard_reply(xcb, m_geometry.sequence);
     xcb_discard_reply(xcb, m_origin.sequence);
+    if (m_tree.sequence != 0) {
+        xcb_discard_reply(xcb, m_tree.sequence);
+    }
     for (const auto& cookie : m_properties) {
         if (cookie.sequence != 0) {
             xcb_discard_reply(xcb, cookie.sequence);
@@ -146,6 +153,10 @@ std::optional<WindowFacts> WindowQuery::collect() {
     const auto attributes = ownReply(xcb_get_window_attributes_reply(xcb, m_attributes, nullptr));
     const auto geometry = ownReply(xcb_get_geometry_reply(xcb, m_geometry, nullptr));
     const auto origin = ownReply(xcb_translate_coordinates_reply(xcb, m_origin, nullptr));
+    XcbReply<xcb_query_tree_reply_t> tree;
+    if (m_tree.sequence != 0) {
+        tree = ownReply(xcb_query_tree_reply(xcb, m_tree, nullptr));
+    }
     std::array<PropertyValues::Reply, propertyCount> replies;
     for (std::size_t i = 0; i < propertyCount; ++i) {
         if (m_properties[i].sequence != 0) {
@@ -164,6 +175,7 @@ std::optional<WindowFacts> WindowQuery::collect() {
     facts.parts = frameParts(*geometry, *origin, cardinals(frameExtents), cardinals(gtkFrameExtents));
     facts.isMarked = (attributes->your_event_mask & WindowMarks::eventMask) != 0;
     facts.isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    facts.parent = tree ? tree->parent : xcb_window_t{XCB_WINDOW_NONE};
     facts.traits.isOverrideRedirect = attributes->override_redirect != 0;
     readStates(facts.traits, PropertyValues::numbers(replies[state], XCB_ATOM_ATOM), atoms);
     facts.traits.type = windowType(PropertyValues::numbers(replies[type], XCB_ATOM_ATOM), atoms);

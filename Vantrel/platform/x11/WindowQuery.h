@@ -51,6 +51,7 @@ private:
     xcb_get_window_attributes_cookie_t m_attributes{};
     xcb_get_geometry_cookie_t m_geometry{};
     xcb_translate_coordinates_cookie_t m_origin{};
+    xcb_query_tree_cookie_t m_tree{};
     std::array<xcb_get_property_cookie_t, propertyCount> m_properties{};
     bool m_isCollected = false;
 };

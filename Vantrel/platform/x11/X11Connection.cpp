@@ -94,6 +94,7 @@ struct X11Connection::Shared {
     std::mutex rootMutex;
     // How many registrations want each bit of the root window's event mask.
     std::array<int, 32> rootSelections{};
+    std::uint32_t rootMask = 0;
     // Null once the connection is closed; guarded by rootMutex.
     xcb_connection_t* xcb = nullptr;
     xcb_window_t root = XCB_WINDOW_NONE;
@@ -140,7 +141,7 @@ struct X11Connection::Shared {
             rootSelections[bit] += (mask >> bit & 1U) != 0 ? by : 0;
             selected |= rootSelections[bit] > 0 ? 1U << bit : 0U;
         }
-        if (xcb != nullptr) {
+        if (xcb != nullptr && selected != std::exchange(rootMask, selected)) {
             xcb_change_window_attributes(xcb, root, XCB_CW_EVENT_MASK, &selected);
             xcb_flush(xcb);
         }

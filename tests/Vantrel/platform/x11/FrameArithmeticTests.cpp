@@ -45,8 +45,11 @@ RC_GTEST_PROP(FrameArithmetic, AnObeyedRequestPutsTheVisibleFrameOnTheTarget, ()
     const FrameParts parts{
         .client = {{place(), place()}, {length(), length()}}, .decoration = extents(), .shadow = extents()};
     const FrameTarget target{.position = Point{place(), place()}, .size = Size{length(), length()}};
-    const auto moved = obeyed(FrameArithmetic::request(target, parts), parts);
+    const auto request = FrameArithmetic::request(target, parts);
+    const auto moved = obeyed(request, parts);
     RC_ASSERT(FrameArithmetic::visibleFrame(moved) == (Rect{*target.position, *target.size}));
+    const FrameParts withShadow{.client = moved.client, .decoration = moved.decoration};
+    RC_ASSERT(FrameArithmetic::outerArea(request, parts) == FrameArithmetic::visibleFrame(withShadow));
 }
 
 TEST(FrameArithmetic, WritesInAnyOrderAskForTheLastPositionAndSize) {

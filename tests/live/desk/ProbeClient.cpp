@@ -1,4 +1,4 @@
-#include "tests/live/ProbeClient.h"
+#include "tests/live/desk/ProbeClient.h"
 
 #include "tests/live/desk/SeenWindow.h"
 
