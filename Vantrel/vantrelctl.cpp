@@ -129,6 +129,15 @@ ExitCode history(Format format) {
     });
 }
 
+ExitCode showPin(const ControlClient::Result<nlohmann::json>& answer, Format format) {
+    return show<nlohmann::json>(answer, format, [](const nlohmann::json& layout) {
+        return fmt::format("{} layout \"{}\" of {}.\n",
+                           JsonCoding::required<bool>(layout, "pinned") ? "Pinned" : "Unpinned",
+                           JsonCoding::required<std::string>(layout, "layoutName"),
+                           JsonCoding::required<std::string>(layout, "configName"));
+    });
+}
+
 enum class Following : std::uint8_t { no, yes };
 
 ExitCode log(std::size_t lines, Following following) {
@@ -176,6 +185,9 @@ int main(int argumentCount, char** arguments) {
     const auto* const desksCommand = jsonCommand("desks", "Draw every remembered desk with its windows");
     const auto* const historyCommand =
         jsonCommand("history", "Tell of the last restores what became of every window");
+    const auto* const pinCommand =
+        jsonCommand("pin", "Keep this desk's layout as saved: learn nothing, put back what moves away");
+    const auto* const unpinCommand = jsonCommand("unpin", "Learn this desk's layout again");
     auto* const logCommand = app.add_subcommand("log", "Print the end of vantrel's log");
     logCommand->footer(exitCodes);
     std::size_t lines = 20;
@@ -215,6 +227,10 @@ int main(int argumentCount, char** arguments) {
         result = desks(format);
     } else if (historyCommand->parsed()) {
         result = history(format);
+    } else if (pinCommand->parsed()) {
+        result = showPin(ControlClient().pin(), format);
+    } else if (unpinCommand->parsed()) {
+        result = showPin(ControlClient().unpin(), format);
     } else {
         result = log(lines, follow ? Following::yes : Following::no);
     }

@@ -45,6 +45,11 @@ public:
     // What the restores of the last days did.
     [[nodiscard]] Result<nlohmann::json> history() { return call("History"); }
 
+    // Pins or unpins the active layout of this desk.
+    [[nodiscard]] Result<nlohmann::json> pin() { return call("Pin"); }
+
+    [[nodiscard]] Result<nlohmann::json> unpin() { return call("Unpin"); }
+
 private:
     static Result<nlohmann::json> call(const char* method);
 };

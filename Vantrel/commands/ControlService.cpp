@@ -27,6 +27,12 @@ constexpr const char* interfaceXml = R"(  <interface name="org.vantrel.Vantrel">
     <method name="History">
       <arg name="history" type="s" direction="out"/>
     </method>
+    <method name="Pin">
+      <arg name="layout" type="s" direction="out"/>
+    </method>
+    <method name="Unpin">
+      <arg name="layout" type="s" direction="out"/>
+    </method>
     <method name="LogPath">
       <arg name="path" type="s" direction="out"/>
     </method>
@@ -84,6 +90,8 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
     } else if (method == QLatin1String("History")) {
         answer(message, ControlAnswers::history(m_controller.restoreLog(), m_controller.published().receipts,
                                                 m_controller.now()));
+    } else if (method == QLatin1String("Pin") || method == QLatin1String("Unpin")) {
+        setPinned(message, method == QLatin1String("Pin"));
     } else if (method == QLatin1String("LogPath")) {
         m_bus.send(message.createReply(QString::fromStdString((m_supportDirectory / "app.log").string())));
     } else {
@@ -124,6 +132,20 @@ void ControlService::restore(const QDBusMessage& request) {
                                                                                    : ControlNames::refused;
         m_bus.send(request.createErrorReply(error, QString::fromStdString(outcome.text())));
     });
+}
+
+void ControlService::setPinned(const QDBusMessage& request, bool isPinned) {
+    const auto& state = m_controller.published();
+    if (m_controller.setPinned(isPinned)) {
+        answer(request, {{"configID", state.configID},
+                         {"configName", state.configName},
+                         {"layoutName", state.activeLayoutName},
+                         {"pinned", state.activePinned}});
+        return;
+    }
+    m_bus.send(request.createErrorReply(ControlNames::refused, state.activeLayout() == nullptr
+                                                                   ? "No layout is saved for this desk yet."
+                                                                   : "The layout could not be written."));
 }
 
 void ControlService::answer(const QDBusMessage& request, const nlohmann::json& answer) {

@@ -33,6 +33,7 @@ public:
 private:
     void save(const QDBusMessage& request);
     void restore(const QDBusMessage& request);
+    void setPinned(const QDBusMessage& request, bool isPinned);
     void answer(const QDBusMessage& request, const nlohmann::json& answer);
     void tellChanges();
     void sendSignal(const char* name, const nlohmann::json& content);

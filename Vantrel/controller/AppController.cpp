@@ -40,8 +40,9 @@ AppController::create(const ControllerPorts& ports, FileSystem& files, AppLog& l
 AppController::AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores,
                              Options options)
     : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts), m_history(m_context, m_stores),
-      m_learning(m_context), m_runner(m_context, m_history), m_displayChange(m_context, m_learning, m_runner),
-      m_sleepWake(m_context, m_runner) {
+      m_learning(m_context), m_runner(m_context, m_history), m_pinned(m_context, m_runner),
+      m_displayChange(m_context, m_learning, m_runner), m_sleepWake(m_context, m_runner) {
+    m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
     m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });
@@ -129,6 +130,14 @@ bool AppController::restoreNow(RestoreSource source, std::function<void(const Re
                       .announcement = Announcement::announce,
                       .raising = RestoreEngine::Raising::raise,
                       .done = std::move(done)});
+    return true;
+}
+
+bool AppController::setPinned(bool isPinned) {
+    if (!m_context.store.setPinned(isPinned, published().configID, published().activeLayoutName)) {
+        return false;
+    }
+    m_context.showStoredLayouts();
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
+#include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
@@ -73,6 +74,10 @@ public:
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
 
+    // Pins or unpins the active layout of this desk: a pinned one is not learned over, and put back when the
+    // windows drift from it. False when nothing is stored or it could not be written.
+    bool setPinned(bool isPinned);
+
     // Looks at permission and desk again and publishes what they are.
     void refreshStatus() { m_context.refreshStatus(); }
 
@@ -98,6 +103,7 @@ private:
     RestoreHistory m_history;
     LearningFlow m_learning;
     RestoreRunner m_runner;
+    PinnedFlow m_pinned;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;

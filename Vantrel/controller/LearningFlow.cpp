@@ -64,6 +64,9 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     }
     const auto stored = storedLike(layout);
     if (stored && stored->isPinned()) {
+        if (onPinnedDesk) {
+            onPinnedDesk(layout);
+        }
         return;
     }
     const auto learned = m_stabilityGate.observe(layout, stored);

@@ -25,6 +25,8 @@ public:
     // displays are not the ones that last settled.
     void snapshotIfChanged();
     std::function<void()> onUnannouncedChange;
+    // Called with the captured desk, in place of learning, when its layout is pinned.
+    std::function<void(const Layout& current)> onPinnedDesk;
 
     // A display change begins: the last capture becomes the layout of the desk that is being left.
     void adoptPreChangeSnapshotIfNeeded();
