@@ -114,8 +114,8 @@ void SimulatedTime::sleep(double seconds) {
         return;
     }
     const Microseconds due = m_now + std::max<Microseconds>(0, std::llround(seconds * 1e6));
-    if (due <= m_end && (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > due)) {
-        // Nothing happens until then, so the baton need not go round.
+    if (due <= m_unwatchedUntil && (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > due)) {
+        // Nothing happens until then and nobody looks, so the baton need not go round.
         m_now = due;
     } else {
         insert(seconds, Owner::job, [this, worker] { resume(*worker); });
@@ -172,14 +172,16 @@ void SimulatedTime::concurrentPerform(std::size_t count, const std::function<voi
 }
 
 void SimulatedTime::runFor(double seconds) {
+    m_unwatchedUntil = m_now + std::llround(seconds * 1e6);
     runUntil([] { return false; }, seconds);
+    m_unwatchedUntil = 0;
 }
 
 bool SimulatedTime::runUntil(const std::function<bool()>& condition, double limit) {
-    m_end = m_now + std::llround(limit * 1e6);
+    const Microseconds end = m_now + std::llround(limit * 1e6);
     while (!condition()) {
-        if (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > m_end) {
-            m_now = m_end;
+        if (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > end) {
+            m_now = end;
             return condition();
         }
         runNext();

@@ -50,7 +50,8 @@ public:
 
     // Runs everything that is due within the next `seconds`, and leaves the clock there.
     void runFor(double seconds);
-    // Runs until `condition` holds, for `limit` seconds at most; says whether it holds.
+    // Runs until `condition` holds, which is looked at after every event, for `limit` seconds at most; says
+    // whether it holds.
     bool runUntil(const std::function<bool()>& condition, double limit);
     // The desk's own work, `seconds` from now: what the world does, not what the program asked for.
     void schedule(double seconds, std::function<void()> work);
@@ -91,8 +92,8 @@ private:
     std::optional<std::mt19937_64> m_random;
     Date m_start;
     Microseconds m_now = 0;
-    // How far the caller of a run function lets time pass.
-    Microseconds m_end = 0;
+    // Up to here nobody looks at a condition between two events.
+    Microseconds m_unwatchedUntil = 0;
     std::uint64_t m_sequence = 0;
     std::map<Key, Entry> m_agenda;
     std::vector<std::unique_ptr<Worker>> m_workers;

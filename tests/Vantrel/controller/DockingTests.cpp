@@ -164,6 +164,47 @@ TEST_F(Docking, ADisplayThatGoesInTheMiddleOfARestoreTakesNoWindowWithIt) {
     EXPECT_EQ(story.frames(), docked);
 }
 
+TEST_F(Docking, ARestoreThatADisplayChangeOvertakesMovesNothingAnyMore) {
+    const auto pid = story.desk.window(story.terminal).pid;
+    for (const double x : {1500, 1600, 1700}) {
+        story.desk.open(pid, "more", {{x, -400}, {500, 300}}, {.answerSeconds = 0.05});
+    }
+    story.learn();
+    story.connect("laptop");
+    story.desk.change(DeskSetup::named("laptop-and-monitor"));
+    const std::size_t moves = story.desk.moves().size();
+    ASSERT_TRUE(story.time.runUntil([&] { return story.desk.moves().size() > moves + 2; }, 5));
+    // Nothing is remembered for this desk, so nobody would correct what comes late.
+    story.connect("ultrawide-left");
+
+    for (const auto& window : story.desk.windows()) {
+        EXPECT_TRUE(story.desk.shows(window->frame.center())) << window->title;
+    }
+    EXPECT_EQ(story.logged("restore abandoned: "), 1U);
+}
+
+TEST_F(Docking, AnAutomaticRestoreLetsTheWindowManagerFinishFirst) {
+    story.connect("laptop");
+    story.desk.habits.rescueDelay = 0.8;
+    story.desk.change(DeskSetup::named("laptop-and-monitor"), {.events = 1});
+    const std::size_t captures = story.desk.captures().size();
+    ASSERT_TRUE(story.time.runUntil([&] { return story.controller->restoreInFlight(); }, 5));
+    const double start = story.time.monotonicSeconds();
+    ASSERT_TRUE(story.time.runUntil([&] { return story.desk.captures().size() > captures; }, 5));
+    EXPECT_GE(story.desk.captures().back() - start, 0.799);
+}
+
+TEST_F(Docking, ACaptureFromBeforeARestoreIsNotAdopted) {
+    const auto docked = story.frames();
+    story.move(story.mail, {{10, 300}, {500, 400}});
+    story.runFor(16);
+    ASSERT_TRUE(story.controller->restoreNow(RestoreSource::menu));
+    story.runFor(1);
+    story.connect("laptop");
+    story.connect("laptop-and-monitor");
+    EXPECT_EQ(story.frames(), docked);
+}
+
 TEST_F(Docking, AnEventThatNobodySentIsNoticedAtTheNextTick) {
     const auto docked = story.frames();
     story.desk.changeSilently(DeskSetup::named("laptop"));

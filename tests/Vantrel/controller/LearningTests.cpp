@@ -43,6 +43,20 @@ TEST_F(Learning, ADeskInMotionIsNotLearned) {
     EXPECT_EQ(story.logged("learned layout: "), 0U);
 }
 
+TEST_F(Learning, ACaptureOfTheOldDeskIsNotTakenForTheNewOne) {
+    story.runFor(1);
+    story.desk.window(story.mail).behaviour.answerSeconds = 0.9;
+    // Into the next capture, which ends when the new displays have settled.
+    story.runFor(14.1);
+    ASSERT_TRUE(story.time.hasJobs());
+    story.desk.change(DeskSetup::named("three-monitors"), {.events = 1});
+    story.runFor(5);
+    const std::string newDesk = story.published().configID;
+    story.connect("laptop");
+    EXPECT_EQ(story.logged("display settled: "), 2U);
+    EXPECT_TRUE(story.store().layouts(newDesk).empty());
+}
+
 TEST_F(Learning, WhatCannotBeSeenIsNotLearned) {
     story.desk.window(story.browserLeft).isMinimized = true;
     story.desk.window(story.browserRight).isFullscreen = true;
