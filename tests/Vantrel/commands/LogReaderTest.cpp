@@ -1,8 +1,9 @@
 #include "Vantrel/commands/terminal/LogReader.h"
 
+#include "tests/Vantrel/platform/posix/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 
 using namespace vantrel;
@@ -11,24 +12,16 @@ namespace {
 
 class LogReaderTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "vantrel-log-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        m_folder = pattern;
-    }
+    [[nodiscard]] std::filesystem::path log() const { return m_folder.path() / "app.log"; }
 
-    void TearDown() override { std::filesystem::remove_all(m_folder); }
-
-    [[nodiscard]] std::filesystem::path log() const { return m_folder / "app.log"; }
-
-    [[nodiscard]] std::filesystem::path older() const { return m_folder / "app.log.1"; }
+    [[nodiscard]] std::filesystem::path older() const { return m_folder.path() / "app.log.1"; }
 
     static void append(const std::filesystem::path& file, const std::string& text) {
         std::ofstream(file, std::ios::app) << text;
     }
 
 private:
-    std::filesystem::path m_folder;
+    TemporaryFolder m_folder;
 };
 
 } // namespace

@@ -2,11 +2,11 @@
 #include "Vantrel/platform/qt/QtUserDefaults.h"
 
 #include "Vantrel/platform/posix/PosixFileSystem.h"
+#include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 #include "tests/Vantrel/platform/qt/QtApplication.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -19,15 +19,7 @@ namespace {
 
 class QtUserDefaultsTest : public Test {
 protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "vantrel-settings-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        m_folder = pattern;
-    }
-
-    void TearDown() override { std::filesystem::remove_all(m_folder); }
-
-    [[nodiscard]] std::filesystem::path file() const { return m_folder / "vantrel" / "settings.conf"; }
+    [[nodiscard]] std::filesystem::path file() const { return m_folder.path() / "vantrel" / "settings.conf"; }
 
     [[nodiscard]] QtUserDefaults open() {
         return QtUserDefaults(file(), m_files,
@@ -44,7 +36,7 @@ protected:
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    std::filesystem::path m_folder;
+    TemporaryFolder m_folder;
     PosixFileSystem m_files;
     std::vector<std::string> m_log;
 };
@@ -161,7 +153,7 @@ TEST_F(QtUserDefaultsTest, AFileThatCannotBeReadIsNeverWritten) {
 }
 
 TEST_F(QtUserDefaultsTest, ALinkedFileStaysLinkedAndIsWatched) {
-    const auto target = m_folder / "dotfiles" / "vantrel.conf";
+    const auto target = m_folder.path() / "dotfiles" / "vantrel.conf";
     write(target, "a = 1\n");
     std::filesystem::create_directories(file().parent_path());
     std::filesystem::create_symlink(target, file());
@@ -170,7 +162,7 @@ TEST_F(QtUserDefaultsTest, ALinkedFileStaysLinkedAndIsWatched) {
     EXPECT_TRUE(std::filesystem::is_symlink(file()));
     EXPECT_EQ(read(target), "a = 2\n");
 
-    write(m_folder / "dotfiles" / "new", "a = 3\n");
-    std::filesystem::rename(m_folder / "dotfiles" / "new", target);
+    write(m_folder.path() / "dotfiles" / "new", "a = 3\n");
+    std::filesystem::rename(m_folder.path() / "dotfiles" / "new", target);
     EXPECT_TRUE(waitFor([&] { return defaults.integer("a") == 3; }));
 }
