@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <tuple>
 
 namespace vantrel::live {
 
@@ -42,6 +43,16 @@ std::optional<CapturedWindow> WindowDesk::capture(const std::string& title) {
         }
     }
     return std::nullopt;
+}
+
+std::optional<CapturedWindow> WindowDesk::captureWhenTitled(xcb_window_t client) {
+    std::optional<CapturedWindow> found;
+    std::ignore = desk.connection().waitUntil([&] {
+        const auto seen = seenWindow(desk.connection(), client);
+        found = seen ? capture(seen->title) : std::nullopt;
+        return found.has_value();
+    });
+    return found;
 }
 
 std::optional<Rect> WindowDesk::seenFrame(xcb_window_t client) {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Vantrel/platform/x11/X11Accessibility.h"
-#include "tests/live/desk/ProbeClient.h"
 #include "tests/live/desk/PrivateDesk.h"
+#include "tests/live/desk/ProbeClient.h"
 
 #include <memory>
 #include <optional>
@@ -32,6 +32,9 @@ struct WindowDesk {
 
     // One whole capture; none when it has no window of that title.
     [[nodiscard]] std::optional<CapturedWindow> capture(const std::string& title);
+
+    // The window of a program that may still be choosing its title; waits until a capture has it.
+    [[nodiscard]] std::optional<CapturedWindow> captureWhenTitled(xcb_window_t client);
 
     // What the harness sees, independent of the adapters.
     [[nodiscard]] std::optional<Rect> seenFrame(xcb_window_t client);

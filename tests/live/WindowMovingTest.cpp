@@ -106,11 +106,10 @@ TEST_P(MovingWindowsUnder, RealProgramsGoWhereTheyAreSent) {
         SCOPED_TRACE(command.front());
         const SeenWindow opened = m_desk.desk.open(command);
         settle();
-        const auto seen = seenWindow(m_desk.desk.connection(), opened.client);
-        ASSERT_TRUE(seen);
-        const auto window = captured(seen->title);
+        const auto window = m_desk.captureWhenTitled(opened.client);
+        ASSERT_TRUE(window);
         const Rect target{{1420, 130}, {800, 600}};
-        EXPECT_TRUE(move(window, target));
+        EXPECT_TRUE(move(*window, target));
         const auto frame = m_desk.seenFrame(opened.client).value_or(Rect{});
         EXPECT_EQ(frame.origin, target.origin);
         // A terminal keeps to whole characters under openbox.

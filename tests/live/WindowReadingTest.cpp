@@ -31,10 +31,9 @@ TEST_P(ReadingWindowsUnder, RealProgramsHaveTheFramesThatTheServerShows) {
         const SeenWindow opened = m_desk.desk.open(command);
         SCOPED_TRACE(name);
         ASSERT_TRUE(m_desk.accessibility.awaitQuiet());
+        const auto window = m_desk.captureWhenTitled(opened.client);
         const auto seen = seenWindow(m_desk.desk.connection(), opened.client);
-        ASSERT_TRUE(seen);
-        const auto window = m_desk.capture(seen->title);
-        ASSERT_TRUE(window);
+        ASSERT_TRUE(window && seen);
         EXPECT_EQ(window->attributes.frame(), seen->frame);
         EXPECT_EQ(window->attributes.subrole, standardWindowSubrole);
         EXPECT_EQ(window->attributes.isMinimized, false);

@@ -9,9 +9,7 @@ namespace vantrel {
 struct X11Atoms {
     xcb_atom_t edid = XCB_ATOM_NONE;
     xcb_atom_t utf8String = XCB_ATOM_NONE;
-    xcb_atom_t wmState = XCB_ATOM_NONE;
     xcb_atom_t wmProtocols = XCB_ATOM_NONE;
-    xcb_atom_t wmChangeState = XCB_ATOM_NONE;
     xcb_atom_t gtkApplicationId = XCB_ATOM_NONE;
     xcb_atom_t gtkFrameExtents = XCB_ATOM_NONE;
     xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;
@@ -21,12 +19,8 @@ struct X11Atoms {
     xcb_atom_t netClientList = XCB_ATOM_NONE;
     xcb_atom_t netClientListStacking = XCB_ATOM_NONE;
     xcb_atom_t netCurrentDesktop = XCB_ATOM_NONE;
-    xcb_atom_t netNumberOfDesktops = XCB_ATOM_NONE;
-    xcb_atom_t netActiveWindow = XCB_ATOM_NONE;
-    xcb_atom_t netShowingDesktop = XCB_ATOM_NONE;
     xcb_atom_t netWorkarea = XCB_ATOM_NONE;
 
-    xcb_atom_t netCloseWindow = XCB_ATOM_NONE;
     xcb_atom_t netMoveresizeWindow = XCB_ATOM_NONE;
     xcb_atom_t netRestackWindow = XCB_ATOM_NONE;
     xcb_atom_t netRequestFrameExtents = XCB_ATOM_NONE;
@@ -42,10 +36,7 @@ struct X11Atoms {
     xcb_atom_t netWmState = XCB_ATOM_NONE;
     xcb_atom_t netWmStateHidden = XCB_ATOM_NONE;
     xcb_atom_t netWmStateShaded = XCB_ATOM_NONE;
-    xcb_atom_t netWmStateSticky = XCB_ATOM_NONE;
     xcb_atom_t netWmStateModal = XCB_ATOM_NONE;
-    xcb_atom_t netWmStateAbove = XCB_ATOM_NONE;
-    xcb_atom_t netWmStateBelow = XCB_ATOM_NONE;
     xcb_atom_t netWmStateFullscreen = XCB_ATOM_NONE;
     xcb_atom_t netWmStateMaximizedHorz = XCB_ATOM_NONE;
     xcb_atom_t netWmStateMaximizedVert = XCB_ATOM_NONE;
