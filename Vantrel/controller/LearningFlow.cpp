@@ -1,5 +1,6 @@
 #include "Vantrel/controller/LearningFlow.h"
 
+#include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 
 #include <fmt/format.h>
@@ -29,25 +30,20 @@ void LearningFlow::snapshotIfChanged() {
     if (displays.empty()) {
         return;
     }
-    capture(WorkPriority::utility, displays, [this, displays, before = epochs()](const Picture& picture) {
-        if (before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&
-            m_context.isDeskCurrent()) {
-            finishSnapshotTick(picture, displays);
-        }
-        m_context.refreshStatus();
-        m_context.endPass();
-    });
-}
-
-void LearningFlow::capture(WorkPriority priority, const std::vector<DisplayInfo>& displays,
-                           std::function<void(const Picture&)> done) {
     m_context.beginPass();
     m_context.inBackground(
-        priority,
+        WorkPriority::utility,
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
             return DeskCapture::picture(ports.accessibility, ports.clock, scope);
         },
-        [done = std::move(done)](const Picture& picture) { done(picture); });
+        [this, displays, before = epochs()](const Picture& picture) {
+            if (before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&
+                m_context.isDeskCurrent()) {
+                finishSnapshotTick(picture, displays);
+            }
+            m_context.refreshStatus();
+            m_context.endPass();
+        });
 }
 
 std::optional<Layout> LearningFlow::storedLike(const Layout& layout) {
@@ -103,57 +99,17 @@ void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
     m_context.showStoredLayouts();
 }
 
-std::optional<SaveOutcome> LearningFlow::hindranceToSaving() {
-    using Kind = SaveOutcome::Kind;
-    const auto hindrance = [](Kind kind) { return SaveOutcome{.kind = kind}; };
-    if (!m_context.ports.accessibility.isTrusted()) {
-        return hindrance(Kind::needsPermission);
-    }
-    if (!m_context.entitledToRun()) {
-        return hindrance(Kind::notEntitled);
-    }
-    if (m_context.restoreInFlight) {
-        return hindrance(Kind::restoreInFlight);
-    }
-    if (m_context.axWorkInFlight()) {
-        return hindrance(Kind::captureInFlight);
-    }
-    if (m_context.currentDisplays().empty()) {
-        return hindrance(Kind::noDisplays);
-    }
-    if (!m_context.isDeskCurrent()) {
-        return hindrance(Kind::displaysChanging);
-    }
-    return std::nullopt;
-}
-
 void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
-    const auto report = [this, done = std::move(done)](const SaveOutcome& outcome) {
+    CaptureNow::perform(m_context, [this, done = std::move(done)](const CaptureNow::Result& captured) {
+        const SaveOutcome outcome = captured ? finishSave(*captured) : SaveOutcome{.kind = captured.error()};
         m_context.log("save layout: " + outcome.text());
         if (done) {
             done(outcome);
         }
-    };
-    if (const auto hindrance = hindranceToSaving()) {
-        report(*hindrance);
-        return;
-    }
-    const auto displays = m_context.currentDisplays();
-    capture(WorkPriority::userInitiated, displays,
-            [this, displays, report, before = m_context.resumeEpoch](const Picture& picture) {
-                const bool isSameDesk = before == m_context.resumeEpoch && m_context.isDeskCurrent();
-                report(isSameDesk ? finishSave(picture, displays)
-                                  : SaveOutcome{.kind = SaveOutcome::Kind::displaysChanging});
-                m_context.refreshStatus();
-                m_context.endPass();
-            });
+    });
 }
 
-SaveOutcome LearningFlow::finishSave(const Picture& picture, const std::vector<DisplayInfo>& displays) {
-    Layout layout = m_context.layoutOf(picture, displays);
-    if (layout.windows.empty()) {
-        return {.kind = SaveOutcome::Kind::nothingToSave};
-    }
+SaveOutcome LearningFlow::finishSave(Layout layout) {
     if (const auto stored = storedLike(layout)) {
         layout.pinned = stored->pinned;
     }

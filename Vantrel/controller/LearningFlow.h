@@ -44,11 +44,8 @@ private:
 
     [[nodiscard]] Epochs epochs() const { return {m_context.resumeEpoch, m_context.mutationEpoch}; }
     [[nodiscard]] bool mayCapture();
-    [[nodiscard]] std::optional<SaveOutcome> hindranceToSaving();
-    void capture(WorkPriority priority, const std::vector<DisplayInfo>& displays,
-                 std::function<void(const Picture&)> done);
     void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
-    [[nodiscard]] SaveOutcome finishSave(const Picture& picture, const std::vector<DisplayInfo>& displays);
+    [[nodiscard]] SaveOutcome finishSave(Layout layout);
     [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
 
     ControllerContext& m_context;

@@ -1,0 +1,62 @@
+#include "Vantrel/controller/CaptureNow.h"
+
+#include <optional>
+#include <utility>
+
+namespace vantrel::CaptureNow {
+
+namespace {
+
+using Kind = SaveOutcome::Kind;
+
+std::optional<Kind> hindrance(ControllerContext& context) {
+    if (!context.ports.accessibility.isTrusted()) {
+        return Kind::needsPermission;
+    }
+    if (!context.entitledToRun()) {
+        return Kind::notEntitled;
+    }
+    if (context.restoreInFlight) {
+        return Kind::restoreInFlight;
+    }
+    if (context.axWorkInFlight()) {
+        return Kind::captureInFlight;
+    }
+    if (context.currentDisplays().empty()) {
+        return Kind::noDisplays;
+    }
+    if (!context.isDeskCurrent()) {
+        return Kind::displaysChanging;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void perform(ControllerContext& context, std::function<void(const Result&)> done) {
+    if (const auto kind = hindrance(context)) {
+        done(std::unexpected(*kind));
+        return;
+    }
+    const auto displays = context.currentDisplays();
+    context.beginPass();
+    context.inBackground(
+        WorkPriority::userInitiated,
+        [scope = context.captureScope(displays), ports = context.ports] {
+            return DeskCapture::picture(ports.accessibility, ports.clock, scope);
+        },
+        [&context, displays, done = std::move(done),
+         before = context.resumeEpoch](const DeskCapture::Picture& picture) {
+            Result result = std::unexpected(Kind::displaysChanging);
+            if (before == context.resumeEpoch && context.isDeskCurrent()) {
+                Layout layout = context.layoutOf(picture, displays);
+                result = layout.windows.empty() ? Result(std::unexpected(Kind::nothingToSave))
+                                                : Result(std::move(layout));
+            }
+            done(result);
+            context.refreshStatus();
+            context.endPass();
+        });
+}
+
+} // namespace vantrel::CaptureNow
