@@ -1,5 +1,8 @@
 #include "Vantrel/commands/ControlAnswers.h"
 
+#include "Vantrel/commands/ControlNames.h"
+#include "Vantrel/commands/ReportMessage.h"
+
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <tuple>
@@ -92,6 +95,19 @@ nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, D
     nlohmann::json answer = log;
     answer["windowsLast7Days"] = receipts.windowsLast7Days(now);
     return answer;
+}
+
+std::function<void(const RestoreOutcome&)> restoreReply(const ControlReply& reply) {
+    return [reply](const RestoreOutcome& outcome) {
+        if (outcome.kind == RestoreOutcome::Kind::finished) {
+            reply(nlohmann::json(outcome.report));
+        } else {
+            reply(std::unexpected(ControlRefusal{outcome.kind == RestoreOutcome::Kind::superseded
+                                                     ? ControlNames::superseded
+                                                     : ControlNames::refused,
+                                                 outcome.text()}));
+        }
+    };
 }
 
 } // namespace vantrel::ControlAnswers

@@ -1,14 +1,15 @@
 // Makes the answers that go over the session bus from what the controller publishes.
 #pragma once
 
+#include "Vantrel/commands/ControlMethod.h"
 #include "Vantrel/commands/DesksMessage.h"
 #include "Vantrel/commands/StatusMessage.h"
 #include "Vantrel/controller/PublishedState.h"
+#include "Vantrel/controller/RestoreOutcome.h"
 #include "VantrelCore/model/RestoreLog.h"
 
 #include <filesystem>
 #include <functional>
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -25,5 +26,8 @@ namespace vantrel::ControlAnswers {
 
 // The restore log, and how many windows were put back in the last seven days.
 [[nodiscard]] nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now);
+
+// Answers with the report of the restore that was asked for, or why there is none.
+[[nodiscard]] std::function<void(const RestoreOutcome&)> restoreReply(const ControlReply& reply);
 
 } // namespace vantrel::ControlAnswers

@@ -28,7 +28,8 @@ ControlFailure failure(const QDBusMessage& reply) {
 
 } // namespace
 
-ControlClient::Result<nlohmann::json> ControlClient::call(const char* method) {
+ControlClient::Result<nlohmann::json> ControlClient::call(const char* method,
+                                                          const std::vector<std::string>& arguments) {
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return std::unexpected(ControlFailure{
@@ -38,6 +39,9 @@ ControlClient::Result<nlohmann::json> ControlClient::call(const char* method) {
     auto request = QDBusMessage::createMethodCall(ControlNames::service, ControlNames::path,
                                                   ControlNames::interface, method);
     request.setAutoStartService(false);
+    for (const auto& argument : arguments) {
+        request << QString::fromStdString(argument);
+    }
     const auto reply = bus.call(request, QDBus::Block, static_cast<int>(patience.count()));
     if (reply.type() != QDBusMessage::ReplyMessage) {
         return std::unexpected(failure(reply));

@@ -1,14 +1,11 @@
 // Asks the running program over the session bus; what vantrelctl and scripts' bindings stand on.
 #pragma once
 
-#include "Vantrel/commands/DesksMessage.h"
-#include "Vantrel/commands/StatusMessage.h"
-#include "VantrelCore/windows/RestoreReport.h"
-
 #include <cstdint>
 #include <expected>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 namespace vantrel {
 
@@ -25,33 +22,15 @@ struct ControlFailure {
     std::string message;
 };
 
-// Each call blocks until the program has answered.
-class ControlClient {
-public:
-    template <typename T>
-    using Result = std::expected<T, ControlFailure>;
+namespace ControlClient {
 
-    // The program's answers as they came.
-    [[nodiscard]] Result<nlohmann::json> status() { return call("Status"); }
+template <typename T>
+using Result = std::expected<T, ControlFailure>;
 
-    [[nodiscard]] Result<nlohmann::json> desks() { return call("Desks"); }
+// Calls a method of docs/dbus.md with as many arguments as it takes, and blocks until the program has
+// answered. The answer as it came.
+[[nodiscard]] Result<nlohmann::json> call(const char* method, const std::vector<std::string>& arguments = {});
 
-    // Learns the desk as it stands now; the answer holds the number of windows.
-    [[nodiscard]] Result<nlohmann::json> save() { return call("Save"); }
-
-    // Puts the windows of this desk back and waits for the report.
-    [[nodiscard]] Result<nlohmann::json> restore() { return call("Restore"); }
-
-    // What the restores of the last days did.
-    [[nodiscard]] Result<nlohmann::json> history() { return call("History"); }
-
-    // Pins or unpins the active layout of this desk.
-    [[nodiscard]] Result<nlohmann::json> pin() { return call("Pin"); }
-
-    [[nodiscard]] Result<nlohmann::json> unpin() { return call("Unpin"); }
-
-private:
-    static Result<nlohmann::json> call(const char* method);
-};
+} // namespace ControlClient
 
 } // namespace vantrel

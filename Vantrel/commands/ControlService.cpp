@@ -3,58 +3,69 @@
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
+#include "Vantrel/commands/methods/DeskMethods.h"
 
-#include <nlohmann/json.hpp>
+#include <algorithm>
+#include <fmt/format.h>
+#include <iterator>
 #include <utility>
 
 namespace vantrel {
 
 namespace {
 
-constexpr const char* interfaceXml = R"(  <interface name="org.vantrel.Vantrel">
-    <method name="Status">
-      <arg name="status" type="s" direction="out"/>
-    </method>
-    <method name="Desks">
-      <arg name="desks" type="s" direction="out"/>
-    </method>
-    <method name="Save">
-      <arg name="saved" type="s" direction="out"/>
-    </method>
-    <method name="Restore">
-      <arg name="report" type="s" direction="out"/>
-    </method>
-    <method name="History">
-      <arg name="history" type="s" direction="out"/>
-    </method>
-    <method name="Pin">
-      <arg name="layout" type="s" direction="out"/>
-    </method>
-    <method name="Unpin">
-      <arg name="layout" type="s" direction="out"/>
-    </method>
-    <method name="LogPath">
-      <arg name="path" type="s" direction="out"/>
-    </method>
-    <signal name="PhaseChanged">
+constexpr const char* signalsXml = R"(    <signal name="PhaseChanged">
       <arg name="phase" type="s"/>
     </signal>
     <signal name="RestoreFinished">
       <arg name="report" type="s"/>
     </signal>
-  </interface>
 )";
+
+// The table of everything that can be asked over the bus; each row comes from the file of its group.
+std::vector<ControlMethod> everyMethod(AppController& controller,
+                                       const std::filesystem::path& supportDirectory) {
+    std::vector<ControlMethod> all;
+    const auto add = [&all](std::vector<ControlMethod> group) {
+        std::ranges::move(group, std::back_inserter(all));
+    };
+    add(deskMethods(controller, supportDirectory));
+    return all;
+}
+
+std::string xml(const ControlMethod& method) {
+    std::string text = fmt::format("    <method name=\"{}\">\n", method.name);
+    for (const auto& argument : method.arguments) {
+        text += fmt::format("      <arg name=\"{}\" type=\"s\" direction=\"in\"/>\n", argument);
+    }
+    return text + fmt::format("      <arg name=\"{}\" type=\"s\" direction=\"out\"/>\n    </method>\n",
+                              method.result);
+}
 
 // Titles come from other programs and may hold anything.
 QString text(const nlohmann::json& json) {
-    return QString::fromStdString(json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    return QString::fromStdString(json.is_string()
+                                      ? json.get<std::string>()
+                                      : json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+}
+
+// None when one of them is not a text.
+std::optional<std::vector<std::string>> texts(const QList<QVariant>& arguments) {
+    std::vector<std::string> result;
+    for (const auto& argument : arguments) {
+        if (argument.typeId() != QMetaType::QString) {
+            return std::nullopt;
+        }
+        result.push_back(argument.toString().toStdString());
+    }
+    return result;
 }
 
 } // namespace
 
-ControlService::ControlService(AppController& controller, std::filesystem::path supportDirectory,
+ControlService::ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
                                const QDBusConnection& bus)
-    : m_controller(controller), m_supportDirectory(std::move(supportDirectory)), m_bus(bus),
+    : m_controller(controller), m_methods(everyMethod(controller, supportDirectory)), m_bus(bus),
       m_observer(controller.addObserver([this] { tellChanges(); })), m_phase(controller.published().phase),
       m_lastRestore(controller.published().lastRestore) {}
 
@@ -68,7 +79,14 @@ bool ControlService::start() {
 }
 
 QString ControlService::introspect(const QString& path) const {
-    return path == QLatin1String(ControlNames::path) ? QString::fromUtf8(interfaceXml) : QString();
+    if (path != QLatin1String(ControlNames::path)) {
+        return {};
+    }
+    std::string text = fmt::format("  <interface name=\"{}\">\n", ControlNames::interface);
+    for (const auto& method : m_methods) {
+        text += xml(method);
+    }
+    return QString::fromStdString(text + signalsXml + "  </interface>\n");
 }
 
 bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConnection& /*connection*/) {
@@ -76,80 +94,32 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
     if (!interface.isEmpty() && interface != QLatin1String(ControlNames::interface)) {
         return false;
     }
-    const auto method = message.member();
-    if (method == QLatin1String("Status")) {
-        answer(message, ControlAnswers::status(m_controller.published(), m_supportDirectory));
-    } else if (method == QLatin1String("Desks")) {
-        answer(message, ControlAnswers::desks(
-                            m_controller.published(), m_controller.allLayouts(),
-                            [this](const auto& desk) { return m_controller.activeLayoutName(desk); }));
-    } else if (method == QLatin1String("Save")) {
-        save(message);
-    } else if (method == QLatin1String("Restore")) {
-        restore(message);
-    } else if (method == QLatin1String("History")) {
-        answer(message, ControlAnswers::history(m_controller.restoreLog(), m_controller.published().receipts,
-                                                m_controller.now()));
-    } else if (method == QLatin1String("Pin") || method == QLatin1String("Unpin")) {
-        setPinned(message, method == QLatin1String("Pin"));
-    } else if (method == QLatin1String("LogPath")) {
-        m_bus.send(message.createReply(QString::fromStdString((m_supportDirectory / "app.log").string())));
-    } else {
+    const auto method = std::ranges::find(m_methods, message.member().toStdString(), &ControlMethod::name);
+    if (method == m_methods.end()) {
         return false;
     }
+    const auto arguments = texts(message.arguments());
+    if (!arguments || arguments->size() != method->arguments.size()) {
+        m_bus.send(message.createErrorReply(
+            QDBusError::InvalidArgs,
+            QString::fromStdString(fmt::format("{} takes {} text argument{}.", method->name,
+                                               method->arguments.size(),
+                                               method->arguments.size() == 1 ? "" : "s"))));
+        return true;
+    }
+    method->call(*arguments, replyTo(message));
     return true;
 }
 
-void ControlService::save(const QDBusMessage& request) {
-    m_controller.saveLayoutNow([this, request, alive = std::weak_ptr(m_alive)](const SaveOutcome& outcome) {
+ControlReply ControlService::replyTo(const QDBusMessage& request) {
+    return [this, request, alive = std::weak_ptr(m_alive)](const ControlAnswer& answer) {
         if (alive.expired()) {
             return;
         }
-        if (outcome.kind != SaveOutcome::Kind::saved) {
-            m_bus.send(
-                request.createErrorReply(ControlNames::refused, QString::fromStdString(outcome.text())));
-            return;
-        }
-        const auto& state = m_controller.published();
-        answer(request, {{"windows", outcome.windows},
-                         {"configID", state.configID},
-                         {"configName", state.configName},
-                         {"layoutName", state.activeLayoutName}});
-    });
-}
-
-void ControlService::restore(const QDBusMessage& request) {
-    m_controller.restoreNow(RestoreSource::command, [this, request, alive = std::weak_ptr(m_alive)](
-                                                        const RestoreOutcome& outcome) {
-        if (alive.expired()) {
-            return;
-        }
-        if (outcome.kind == RestoreOutcome::Kind::finished) {
-            answer(request, outcome.report);
-            return;
-        }
-        const auto* const error = outcome.kind == RestoreOutcome::Kind::superseded ? ControlNames::superseded
-                                                                                   : ControlNames::refused;
-        m_bus.send(request.createErrorReply(error, QString::fromStdString(outcome.text())));
-    });
-}
-
-void ControlService::setPinned(const QDBusMessage& request, bool isPinned) {
-    const auto& state = m_controller.published();
-    if (m_controller.setPinned(isPinned)) {
-        answer(request, {{"configID", state.configID},
-                         {"configName", state.configName},
-                         {"layoutName", state.activeLayoutName},
-                         {"pinned", state.activePinned}});
-        return;
-    }
-    m_bus.send(request.createErrorReply(ControlNames::refused, state.activeLayout() == nullptr
-                                                                   ? "No layout is saved for this desk yet."
-                                                                   : "The layout could not be written."));
-}
-
-void ControlService::answer(const QDBusMessage& request, const nlohmann::json& answer) {
-    m_bus.send(request.createReply(text(answer)));
+        m_bus.send(answer ? request.createReply(text(*answer))
+                          : request.createErrorReply(answer.error().error,
+                                                     QString::fromStdString(answer.error().sentence)));
+    };
 }
 
 void ControlService::tellChanges() {

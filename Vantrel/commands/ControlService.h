@@ -2,6 +2,7 @@
 // has the interface.
 #pragma once
 
+#include "Vantrel/commands/ControlMethod.h"
 #include "Vantrel/controller/AppController.h"
 
 #include <QDBusConnection>
@@ -10,6 +11,7 @@
 
 #include <filesystem>
 #include <nlohmann/json_fwd.hpp>
+#include <vector>
 
 namespace vantrel {
 
@@ -17,7 +19,7 @@ namespace vantrel {
 // a restore then end with the connection.
 class ControlService final : public QDBusVirtualObject {
 public:
-    ControlService(AppController& controller, std::filesystem::path supportDirectory,
+    ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
                    const QDBusConnection& bus);
     ~ControlService() override;
     ControlService(const ControlService&) = delete;
@@ -31,15 +33,12 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
-    void save(const QDBusMessage& request);
-    void restore(const QDBusMessage& request);
-    void setPinned(const QDBusMessage& request, bool isPinned);
-    void answer(const QDBusMessage& request, const nlohmann::json& answer);
+    [[nodiscard]] ControlReply replyTo(const QDBusMessage& request);
     void tellChanges();
     void sendSignal(const char* name, const nlohmann::json& content);
 
     AppController& m_controller;
-    std::filesystem::path m_supportDirectory;
+    std::vector<ControlMethod> m_methods;
     QDBusConnection m_bus;
     Publisher::ObserverID m_observer;
     // What was last told.

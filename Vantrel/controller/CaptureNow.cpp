@@ -19,9 +19,6 @@ std::optional<Kind> hindrance(ControllerContext& context) {
     if (context.restoreInFlight) {
         return Kind::restoreInFlight;
     }
-    if (context.axWorkInFlight()) {
-        return Kind::captureInFlight;
-    }
     if (context.currentDisplays().empty()) {
         return Kind::noDisplays;
     }
@@ -34,6 +31,10 @@ std::optional<Kind> hindrance(ControllerContext& context) {
 } // namespace
 
 void perform(ControllerContext& context, std::function<void(const Result&)> done) {
+    if (context.axWorkInFlight()) {
+        context.afterPass([&context, done = std::move(done)] { perform(context, done); });
+        return;
+    }
     if (const auto kind = hindrance(context)) {
         done(std::unexpected(*kind));
         return;

@@ -12,7 +12,8 @@ namespace vantrel::CaptureNow {
 // A layout with at least one window, or why there is none.
 using Result = std::expected<Layout, SaveOutcome::Kind>;
 
-// Captures in the background. `done` is called once on the main thread, also when it is refused.
+// Captures in the background, as soon as nothing else reads the desk. `done` is called once on the main
+// thread, also when it is refused.
 void perform(ControllerContext& context, std::function<void(const Result&)> done);
 
 } // namespace vantrel::CaptureNow

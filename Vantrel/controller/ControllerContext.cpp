@@ -30,6 +30,9 @@ void ControllerContext::endPass() {
     if (onPassEnded) {
         onPassEnded();
     }
+    for (const auto& work : std::exchange(m_afterPass, {})) {
+        work();
+    }
 }
 
 void ControllerContext::announce(const HUDEvent& event) const {

@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace vantrel {
 
@@ -55,6 +56,8 @@ public:
     void endPass();
     // Called when a pass has ended.
     std::function<void()> onPassEnded;
+    // Called once when the pass under way has ended, after a restore that waited has had its turn.
+    void afterPass(std::function<void()> work) { m_afterPass.push_back(std::move(work)); }
 
     void log(std::string_view message) { m_log.write(message); }
     void announce(const HUDEvent& event) const;
@@ -110,6 +113,7 @@ private:
 
     AppLog& m_log;
     bool m_axWorkInFlight = false;
+    std::vector<std::function<void()>> m_afterPass;
     std::optional<bool> m_loggedEntitled;
     std::unique_ptr<ScheduledWork> m_phaseReset;
     std::unique_ptr<ScheduledWork> m_resume;

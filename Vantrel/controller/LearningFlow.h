@@ -31,7 +31,8 @@ public:
     // A display change begins: the last capture becomes the layout of the desk that is being left.
     void adoptPreChangeSnapshotIfNeeded();
 
-    // Remembers the desk as it stands, pinned or not. `done` is called once, on the main thread.
+    // Remembers the desk as it stands, pinned or not, as soon as nothing else reads it. `done` is called
+    // once, on the main thread.
     void saveLayoutNow(std::function<void(const SaveOutcome&)> done);
 
 private:

@@ -10,8 +10,6 @@ std::string SaveOutcome::text() const {
         return ControllerText::windows(windows) + " remembered.";
     case Kind::restoreInFlight:
         return "A restore is running. Try again when it has finished.";
-    case Kind::captureInFlight:
-        return "The desk is being read already. Try again in a moment.";
     case Kind::displaysChanging:
         return "The displays are changing. Try again when they have settled.";
     case Kind::noDisplays:

@@ -11,7 +11,6 @@ struct SaveOutcome {
     enum class Kind : std::uint8_t {
         saved,
         restoreInFlight,
-        captureInFlight,
         displaysChanging,
         noDisplays,
         needsPermission,

@@ -160,7 +160,8 @@ TEST(Program, KilledAtAnyMomentOfASaveItLosesNoLayout) {
         auto run = startVantrel(desk);
         ProgramRun saving(desk,
                           {"sh", "-c", std::string("while ") + VANTRELCTL_PROGRAM + " save; do :; done"});
-        ASSERT_TRUE(waitUntil([&] { return saving.output().find("Saved") != std::string::npos; }));
+        ASSERT_TRUE(waitUntil([&] { return saving.output().find("Saved") != std::string::npos; }))
+            << saving.output() << run.output();
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds(moments)));
         kill(run.process().pid(), SIGKILL);
         ASSERT_EQ(run.ended().code, 128 + SIGKILL);

@@ -1,0 +1,98 @@
+#include "Vantrel/commands/methods/DeskMethods.h"
+
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/ControlNames.h"
+#include "Vantrel/commands/ReportMessage.h"
+
+namespace vantrel {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+void save(AppController& controller, const ControlReply& reply) {
+    controller.saveLayoutNow([&controller, reply](const SaveOutcome& outcome) {
+        if (outcome.kind != SaveOutcome::Kind::saved) {
+            reply(std::unexpected(ControlRefusal{ControlNames::refused, outcome.text()}));
+            return;
+        }
+        const auto& state = controller.published();
+        reply(nlohmann::json{{"windows", outcome.windows},
+                             {"configID", state.configID},
+                             {"configName", state.configName},
+                             {"layoutName", state.activeLayoutName}});
+    });
+}
+
+void setPinned(AppController& controller, bool isPinned, const ControlReply& reply) {
+    const auto& state = controller.published();
+    if (controller.setPinned(isPinned)) {
+        reply(nlohmann::json{{"configID", state.configID},
+                             {"configName", state.configName},
+                             {"layoutName", state.activeLayoutName},
+                             {"pinned", state.activePinned}});
+        return;
+    }
+    reply(std::unexpected(ControlRefusal{ControlNames::refused, state.activeLayout() == nullptr
+                                                                    ? "No layout is saved for this desk yet."
+                                                                    : "The layout could not be written."}));
+}
+
+} // namespace
+
+std::vector<ControlMethod> deskMethods(AppController& controller,
+                                       const std::filesystem::path& supportDirectory) {
+    return {
+        {"Status",
+         {},
+         "status",
+         [&controller, supportDirectory](const Arguments& /*none*/, const ControlReply& reply) {
+             reply(nlohmann::json(ControlAnswers::status(controller.published(), supportDirectory)));
+         }},
+        {"Desks",
+         {},
+         "desks",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             reply(nlohmann::json(ControlAnswers::desks(
+                 controller.published(), controller.allLayouts(),
+                 [&controller](const auto& desk) { return controller.activeLayoutName(desk); })));
+         }},
+        {"Save",
+         {},
+         "saved",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) { save(controller, reply); }},
+        {"Restore",
+         {},
+         "report",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             controller.restoreNow(RestoreSource::command, ControlAnswers::restoreReply(reply));
+         }},
+        {"History",
+         {},
+         "history",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             reply(ControlAnswers::history(controller.restoreLog(), controller.published().receipts,
+                                           controller.now()));
+         }},
+        {"Pin",
+         {},
+         "layout",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             setPinned(controller, true, reply);
+         }},
+        {"Unpin",
+         {},
+         "layout",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             setPinned(controller, false, reply);
+         }},
+        {"LogPath",
+         {},
+         "path",
+         [supportDirectory](const Arguments& /*none*/, const ControlReply& reply) {
+             reply(nlohmann::json((supportDirectory / "app.log").string()));
+         }},
+    };
+}
+
+} // namespace vantrel

@@ -1,0 +1,17 @@
+// The methods about the present desk and its active layout: Status, Desks, Save, Restore, History, Pin, Unpin
+// and LogPath.
+#pragma once
+
+#include "Vantrel/commands/ControlMethod.h"
+#include "Vantrel/controller/AppController.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace vantrel {
+
+// The controller outlives them.
+[[nodiscard]] std::vector<ControlMethod> deskMethods(AppController& controller,
+                                                     const std::filesystem::path& supportDirectory);
+
+} // namespace vantrel

@@ -1,0 +1,111 @@
+#include "Vantrel/commands/verbs/DeskVerbs.h"
+
+#include "Vantrel/commands/terminal/CommandTexts.h"
+#include "Vantrel/commands/terminal/HistoryText.h"
+#include "Vantrel/commands/terminal/LogReader.h"
+
+#include <CLI/CLI.hpp>
+
+#include <chrono>
+#include <cstdio>
+#include <memory>
+#include <thread>
+
+namespace vantrel {
+
+namespace {
+
+using namespace VerbPrinting;
+
+ExitCode status(const VerbEnvironment& environment, VerbOutput output) {
+    return show<StatusMessage>(ControlClient::call("Status"), output, [&](const StatusMessage& message) {
+        return CommandTexts::status(message, environment.drawing(), environment.localDate);
+    });
+}
+
+ExitCode desks(const VerbEnvironment& environment, VerbOutput output) {
+    return show<DesksMessage>(ControlClient::call("Desks"), output, [&](const DesksMessage& message) {
+        const auto text = CommandTexts::desks(message, environment.drawing(), environment.localDate);
+        return text.empty() ? "No desk is remembered yet. Save this one with: vantrelctl save\n" : text;
+    });
+}
+
+ExitCode save(VerbOutput output) {
+    return show<nlohmann::json>(ControlClient::call("Save"), output, [](const nlohmann::json& saved) {
+        const auto windows = JsonCoding::required<std::int64_t>(saved, "windows");
+        return fmt::format("Saved {} {} for {}.\n", windows, windows == 1 ? "window" : "windows",
+                           JsonCoding::required<std::string>(saved, "configName"));
+    });
+}
+
+ExitCode history(const VerbEnvironment& environment, VerbOutput output) {
+    return show<RestoreLog>(ControlClient::call("History"), output, [&](const RestoreLog& log) {
+        const auto now = std::chrono::floor<Date::duration>(std::chrono::system_clock::now());
+        const auto text = HistoryText::history(log, now, environment.drawing());
+        return text.empty() ? "Nothing was put back in the last seven days.\n" : text;
+    });
+}
+
+ExitCode pin(const char* method, VerbOutput output) {
+    return show<nlohmann::json>(ControlClient::call(method), output, [](const nlohmann::json& layout) {
+        return fmt::format("{} layout \"{}\" of {}.\n",
+                           JsonCoding::required<bool>(layout, "pinned") ? "Pinned" : "Unpinned",
+                           JsonCoding::required<std::string>(layout, "layoutName"),
+                           JsonCoding::required<std::string>(layout, "configName"));
+    });
+}
+
+struct LogOptions {
+    std::size_t lines = 20;
+    bool isFollowing = false;
+};
+
+ExitCode log(const std::filesystem::path& file, const LogOptions& options) {
+    LogReader reader(file);
+    const auto last = reader.lastLines(options.lines);
+    std::error_code ignored;
+    if (!options.isFollowing && !std::filesystem::exists(file, ignored)) {
+        return complain(fmt::format("There is no log yet; vantrel writes it to {}.", file.string()),
+                        ExitCode::failed);
+    }
+    print(last);
+    while (options.isFollowing) {
+        std::fflush(stdout);
+        if (std::ferror(stdout) != 0) {
+            return ExitCode::failed;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        print(reader.appended());
+    }
+    return ExitCode::done;
+}
+
+} // namespace
+
+void addDeskVerbs(VerbTable& table, CLI::App& app) {
+    const auto& environment = table.environment();
+    table.add(app, "status", "Say which desk this is and what vantrel is doing",
+              [&environment](VerbOutput output) { return status(environment, output); });
+    table.add(app, "save", "Remember the windows of this desk as they stand now", save);
+    table.add(app, "restore", "Put the windows of this desk back, wait, and report on every window",
+              [&environment](VerbOutput output) {
+                  return showReport(ControlClient::call("Restore"), environment, output);
+              });
+    table.add(app, "desks", "Draw every remembered desk with its windows",
+              [&environment](VerbOutput output) { return desks(environment, output); });
+    table.add(app, "history", "Tell of the last restores what became of every window",
+              [&environment](VerbOutput output) { return history(environment, output); });
+    table.add(app, "pin", "Keep this desk's layout as saved: learn nothing, put back what moves away",
+              [](VerbOutput output) { return pin("Pin", output); });
+    table.add(app, "unpin", "Learn this desk's layout again",
+              [](VerbOutput output) { return pin("Unpin", output); });
+
+    const auto options = std::make_shared<LogOptions>();
+    auto& logVerb = table.addPlain(
+        app, "log", "Print the end of vantrel's log",
+        [&environment, options](VerbOutput /*text*/) { return log(environment.logFile, *options); });
+    logVerb.add_option("-n,--lines", options->lines, "How many lines")->capture_default_str();
+    logVerb.add_flag("-f,--follow", options->isFollowing, "Go on printing what is added, until interrupted");
+}
+
+} // namespace vantrel

@@ -1,0 +1,11 @@
+// The verbs about the present desk and its active layout: status, save, restore, desks, history, pin, unpin
+// and log.
+#pragma once
+
+#include "Vantrel/commands/verbs/VerbTable.h"
+
+namespace vantrel {
+
+void addDeskVerbs(VerbTable& table, CLI::App& app);
+
+} // namespace vantrel

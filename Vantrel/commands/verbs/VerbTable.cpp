@@ -1,0 +1,74 @@
+#include "Vantrel/commands/verbs/VerbTable.h"
+
+#include "Vantrel/commands/ReportMessage.h"
+#include "Vantrel/commands/terminal/CommandTexts.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <utility>
+
+namespace vantrel {
+
+CLI::App& VerbTable::add(CLI::App& parent, const std::string& name, const std::string& description, Run run) {
+    auto& command = addPlain(parent, name, description, std::move(run));
+    command.add_flag("--json", m_asJson, "Print JSON, for programs");
+    return command;
+}
+
+CLI::App& VerbTable::addPlain(CLI::App& parent, const std::string& name, const std::string& description,
+                              Run run) {
+    auto* const command = parent.add_subcommand(name, description)->footer(VerbPrinting::exitCodes);
+    m_verbs.push_back({command, std::move(run)});
+    return *command;
+}
+
+ExitCode VerbTable::run() const {
+    for (const auto& verb : m_verbs) {
+        if (verb.command->parsed() && verb.command->get_subcommands().empty()) {
+            return verb.run(m_asJson ? VerbOutput::json : VerbOutput::text);
+        }
+    }
+    return ExitCode::usage;
+}
+
+namespace VerbPrinting {
+
+void print(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+ExitCode complain(const std::string& sentence, ExitCode code) {
+    std::fflush(stdout);
+    fmt::print(stderr, "vantrelctl: {}\n", sentence);
+    return code;
+}
+
+ExitCode complain(const ControlFailure& failure) {
+    return complain(failure.message, failure.kind == ControlFailure::Kind::notRunning ? ExitCode::notRunning
+                                                                                      : ExitCode::failed);
+}
+
+void printJson(const nlohmann::json& json) {
+    print(json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + '\n');
+}
+
+ExitCode complainOfAnswer(const std::exception& error) {
+    return complain(fmt::format("vantrel gave an answer that is not understood ({}). Are vantrel and "
+                                "vantrelctl of the same version?",
+                                error.what()),
+                    ExitCode::failed);
+}
+
+ExitCode showReport(const ControlClient::Result<nlohmann::json>& answer, const VerbEnvironment& environment,
+                    VerbOutput output) {
+    const auto shown = show<RestoreReport>(answer, output, [&](const RestoreReport& report) {
+        return CommandTexts::report(report, environment.drawing());
+    });
+    const bool hasFailed = answer && answer->value("failed", std::size_t{0}) > 0;
+    return shown == ExitCode::done && hasFailed ? ExitCode::failed : shown;
+}
+
+} // namespace VerbPrinting
+
+} // namespace vantrel
