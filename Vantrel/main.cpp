@@ -13,6 +13,7 @@
 #include "Vantrel/platform/x11/X11Accessibility.h"
 #include "Vantrel/platform/x11/X11Connection.h"
 #include "Vantrel/platform/x11/X11DisplayServices.h"
+#include "Vantrel/platform/x11/X11Workspace.h"
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
@@ -75,12 +76,14 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     AppLog log(supportDirectory, files, clock);
     QtUserDefaults defaults(UserFolders::settingsFile(), files,
                             [&log](const std::string& message) { log.write(message); });
-    X11Accessibility accessibility(connection);
+    const auto desk = std::make_shared<X11Desk>(connection);
+    X11Accessibility accessibility(desk);
     X11DisplayServices displays(connection);
+    X11Workspace workspace(desk, queue);
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
-    const ControllerPorts ports{accessibility, displays, defaults, clock, queue, background};
+    const ControllerPorts ports{accessibility, displays, workspace, defaults, clock, queue, background};
     auto controller = AppController::create(
         ports, files, log,
         {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});

@@ -7,12 +7,14 @@
 #include "VantrelCore/ports/DisplayServices.h"
 #include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/UserDefaults.h"
+#include "VantrelCore/ports/Workspace.h"
 
 namespace vantrel {
 
 struct ControllerPorts {
     Accessibility& accessibility;
     DisplayServices& displays;
+    Workspace& workspace;
     UserDefaults& defaults;
     Clock& clock;
     MainQueue& mainQueue;

@@ -240,6 +240,11 @@ void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
 std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name,
                                    ActivationPolicy policy) {
     m_apps.push_back({.running = {m_nextPid, policy, bundleID, name}, .isHanging = false});
+    m_time.post([this, alive = std::weak_ptr(m_alive), running = m_apps.back().running] {
+        if (!alive.expired() && onLaunch) {
+            onLaunch(running);
+        }
+    });
     return m_nextPid++;
 }
 
@@ -252,6 +257,16 @@ void SimulatedDesk::setHanging(std::int32_t pid, bool isHanging) {
     if (App* found = app(pid)) {
         found->isHanging = isHanging;
     }
+}
+
+std::vector<std::int32_t> SimulatedDesk::pidsOf(const std::string& bundleID) const {
+    std::vector<std::int32_t> pids;
+    for (const App& app : m_apps) {
+        if (app.running.bundleID == bundleID) {
+            pids.push_back(app.running.pid);
+        }
+    }
+    return pids;
 }
 
 WindowID SimulatedDesk::open(std::int32_t pid, const std::string& title, const Rect& frame,

@@ -62,6 +62,10 @@ public:
     void quit(std::int32_t pid);
     // Neither it nor its windows answer any more, until it is continued.
     void setHanging(std::int32_t pid, bool isHanging);
+    // The running ones of that identifier.
+    [[nodiscard]] std::vector<std::int32_t> pidsOf(const std::string& bundleID) const;
+    // Called from the main queue when an application starts.
+    std::function<void(const RunningApp&)> onLaunch;
 
     // Windows. New ones open in front.
     WindowID open(std::int32_t pid, const std::string& title, const Rect& frame,

@@ -69,6 +69,11 @@ void setMaximized(const X11Connection& connection, xcb_window_t window, Maximize
          {maximized == Maximized::yes ? stateAdd : stateRemove, first, second, sourcePager, 0});
 }
 
+void changeState(const X11Connection& connection, xcb_window_t window, WmState state) {
+    send(connection, window, connection.atoms().wmChangeState,
+         {static_cast<std::uint32_t>(state), 0, 0, 0, 0});
+}
+
 void restackOnTop(const X11Connection& connection, xcb_window_t window) {
     send(connection, window, connection.atoms().netRestackWindow,
          {sourcePager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});

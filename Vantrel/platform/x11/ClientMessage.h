@@ -22,6 +22,11 @@ enum class Maximized : std::uint8_t { no, yes };
 void setMaximized(const X11Connection& connection, xcb_window_t window, Maximized maximized,
                   bool horizontally, bool vertically);
 
+// The states of a managed window, with the protocol's numbers.
+enum class WmState : std::uint8_t { normal = 1, iconic = 3 };
+
+void changeState(const X11Connection& connection, xcb_window_t window, WmState state);
+
 // To the top of its layer, the focus left where it is.
 void restackOnTop(const X11Connection& connection, xcb_window_t window);
 

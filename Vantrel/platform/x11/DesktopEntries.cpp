@@ -49,13 +49,27 @@ std::optional<ApplicationIdentity> DesktopEntries::identify(const ApplicationEvi
     if (const auto known = m_known.find(evidence); known != m_known.end()) {
         return known->second;
     }
+    readWhenOld();
+    return m_known.emplace(evidence, ApplicationIdentities::identify(evidence, m_table)).first->second;
+}
+
+std::optional<DesktopEntry> DesktopEntries::entry(const std::string& id) {
+    const std::lock_guard lock(m_mutex);
+    const DesktopEntry* found = m_table.withId(id);
+    if (found == nullptr) {
+        readWhenOld();
+        found = m_table.withId(id);
+    }
+    return found != nullptr ? std::optional(*found) : std::nullopt;
+}
+
+void DesktopEntries::readWhenOld() {
     const auto now = std::chrono::steady_clock::now();
     if (!m_readAt || now - *m_readAt > validity || m_known.size() >= maxKnown) {
         m_table = readAll();
         m_readAt = now;
         m_known.clear();
     }
-    return m_known.emplace(evidence, ApplicationIdentities::identify(evidence, m_table)).first->second;
 }
 
 } // namespace vantrel

@@ -17,7 +17,12 @@ public:
     // are read again, every minute at most, when a class not seen before appears.
     [[nodiscard]] std::optional<ApplicationIdentity> identify(const ApplicationEvidence& evidence);
 
+    // The file of that id, upper and lower case taken for the same.
+    [[nodiscard]] std::optional<DesktopEntry> entry(const std::string& id);
+
 private:
+    void readWhenOld();
+
     std::mutex m_mutex;
     DesktopEntryTable m_table;
     std::optional<std::chrono::steady_clock::time_point> m_readAt;

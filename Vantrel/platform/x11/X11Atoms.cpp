@@ -20,6 +20,7 @@ constexpr auto names = std::to_array<Name>({
     {&X11Atoms::edid, "EDID"},
     {&X11Atoms::utf8String, "UTF8_STRING"},
     {&X11Atoms::wmProtocols, "WM_PROTOCOLS"},
+    {&X11Atoms::wmChangeState, "WM_CHANGE_STATE"},
     {&X11Atoms::gtkApplicationId, "_GTK_APPLICATION_ID"},
     {&X11Atoms::gtkFrameExtents, "_GTK_FRAME_EXTENTS"},
     {&X11Atoms::kdeDesktopFile, "_KDE_NET_WM_DESKTOP_FILE"},

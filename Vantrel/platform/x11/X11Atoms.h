@@ -10,6 +10,7 @@ struct X11Atoms {
     xcb_atom_t edid = XCB_ATOM_NONE;
     xcb_atom_t utf8String = XCB_ATOM_NONE;
     xcb_atom_t wmProtocols = XCB_ATOM_NONE;
+    xcb_atom_t wmChangeState = XCB_ATOM_NONE;
     xcb_atom_t gtkApplicationId = XCB_ATOM_NONE;
     xcb_atom_t gtkFrameExtents = XCB_ATOM_NONE;
     xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;

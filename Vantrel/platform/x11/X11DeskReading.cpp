@@ -227,6 +227,19 @@ void X11DeskReading::orderByAppearance(const std::vector<xcb_window_t>& appearan
     });
 }
 
+std::vector<X11DeskReading::Client> X11DeskReading::clients() const {
+    std::vector<Client> clients;
+    clients.reserve(m_appearance.size());
+    for (const auto index : m_appearance) {
+        const auto& window = m_stacking[index];
+        clients.push_back({.window = window.id,
+                           .mark = window.mark,
+                           .app = window.app,
+                           .isMinimized = window.facts.traits.isMinimized()});
+    }
+    return clients;
+}
+
 std::vector<WindowListEntry> X11DeskReading::onScreenWindows() {
     std::vector<WindowListEntry> entries;
     for (const auto& window : m_stacking | std::views::reverse) {

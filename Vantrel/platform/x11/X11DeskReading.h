@@ -16,8 +16,19 @@ namespace vantrel {
 
 class X11DeskReading final : public DeskReading {
 public:
+    // A window as the platform names it.
+    struct Client {
+        xcb_window_t window = XCB_WINDOW_NONE;
+        WindowMarks::Mark mark = 0;
+        RunningApp app;
+        bool isMinimized = false;
+    };
+
     // Reads everything.
     explicit X11DeskReading(std::shared_ptr<X11Desk> desk);
+
+    // Every window, on screen or not, in the order in which they appeared.
+    [[nodiscard]] std::vector<Client> clients() const;
 
     [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override;
     [[nodiscard]] std::vector<RunningApp> runningApps() override;

@@ -12,7 +12,8 @@ constexpr const char* folder = "/support/Vantrel";
 } // namespace
 
 Story::Story(const std::string& setup, std::uint64_t seed)
-    : time(seed), defaults(time), desk(time, DeskSetup::named(setup)), log(folder, files, time) {
+    : time(seed), defaults(time), desk(time, DeskSetup::named(setup)), workspace(time, desk),
+      log(folder, files, time) {
     desk.requestSeconds = 0.0008;
 }
 
@@ -35,6 +36,7 @@ void Story::start() {
     controller.reset();
     auto created = AppController::create({.accessibility = desk.accessibility(),
                                           .displays = desk.displayServices(),
+                                          .workspace = workspace,
                                           .defaults = defaults,
                                           .clock = time,
                                           .mainQueue = time,

@@ -6,6 +6,7 @@
 #include "tests/simulated/MemoryFileSystem.h"
 #include "tests/simulated/SimulatedDefaults.h"
 #include "tests/simulated/SimulatedDesk.h"
+#include "tests/simulated/SimulatedWorkspace.h"
 
 #include <map>
 #include <memory>
@@ -24,6 +25,7 @@ public:
     MemoryFileSystem files;
     SimulatedDefaults defaults;
     SimulatedDesk desk;
+    SimulatedWorkspace workspace;
     AppLog log;
     std::unique_ptr<AppController> controller;
     bool isLicensed = true;

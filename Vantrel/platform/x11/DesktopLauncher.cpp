@@ -1,0 +1,78 @@
+#include "Vantrel/platform/x11/DesktopLauncher.h"
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+#include <memory>
+#include <unistd.h>
+
+namespace vantrel::DesktopLauncher {
+
+namespace {
+
+struct Unref {
+    void operator()(gpointer object) const { g_object_unref(object); }
+};
+
+using AppInfo = std::unique_ptr<GDesktopAppInfo, Unref>;
+
+AppInfo find(const std::string& id) {
+    return AppInfo(g_desktop_app_info_new((id + ".desktop").c_str()));
+}
+
+// GIO starts a DBusActivatable application over the bus and does not learn whether that worked. Its own
+// command, which nearly every such file has as well, does the same and fails where we can see it.
+AppInfo startedByCommand(AppInfo info) {
+    const char* const file = g_desktop_app_info_get_filename(info.get());
+    const bool isActivated =
+        g_desktop_app_info_get_boolean(info.get(), G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE) != 0;
+    if (!isActivated || file == nullptr || g_app_info_get_commandline(G_APP_INFO(info.get())) == nullptr) {
+        return info;
+    }
+    const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> keys(g_key_file_new(), g_key_file_unref);
+    if (g_key_file_load_from_file(keys.get(), file, G_KEY_FILE_NONE, nullptr) == 0) {
+        return info;
+    }
+    g_key_file_remove_key(keys.get(), G_KEY_FILE_DESKTOP_GROUP, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE,
+                          nullptr);
+    AppInfo byCommand(g_desktop_app_info_new_from_keyfile(keys.get()));
+    return byCommand ? std::move(byCommand) : std::move(info);
+}
+
+// Runs in the new process before the program: system calls only. Ctrl+C in this program's terminal must not
+// end what it has started.
+void detach(gpointer folder) {
+    setsid();
+    if (folder != nullptr) {
+        [[maybe_unused]] const int changed = chdir(static_cast<const char*>(folder));
+    }
+}
+
+} // namespace
+
+std::optional<std::string> name(const std::string& id) {
+    const AppInfo info = find(id);
+    return info ? std::optional<std::string>(g_app_info_get_name(G_APP_INFO(info.get()))) : std::nullopt;
+}
+
+bool start(const std::string& id) {
+    AppInfo info = find(id);
+    if (!info) {
+        return false;
+    }
+    info = startedByCommand(std::move(info));
+    const std::unique_ptr<GAppLaunchContext, Unref> context(g_app_launch_context_new());
+    // Whoever started this program may have left its own start-up tokens here.
+    for (const char* variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
+        g_app_launch_context_unsetenv(context.get(), variable);
+    }
+    const bool namesFolder = g_desktop_app_info_has_key(info.get(), G_KEY_FILE_DESKTOP_KEY_PATH) != 0;
+    std::string home = namesFolder ? "" : g_get_home_dir();
+    // Without G_SPAWN_DO_NOT_REAP_CHILD the program becomes a child of the init process.
+    constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
+                                                    G_SPAWN_STDERR_TO_DEV_NULL);
+    return g_desktop_app_info_launch_uris_as_manager(info.get(), nullptr, context.get(), flags, detach,
+                                                     namesFolder ? nullptr : home.data(), nullptr, nullptr,
+                                                     nullptr) != 0;
+}
+
+} // namespace vantrel::DesktopLauncher

@@ -1,0 +1,61 @@
+// The workspace of the simulated desk: applications that are installed, and how they start.
+#pragma once
+
+#include "tests/simulated/SimulatedDesk.h"
+
+#include "VantrelCore/ports/Workspace.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vantrel::simulated {
+
+struct InstalledWindow {
+    std::string title;
+    Rect frame;
+    WindowBehaviour behaviour = {};
+};
+
+struct InstalledApp {
+    std::string name;
+    // What it opens when it is started.
+    std::vector<InstalledWindow> windows;
+    // Seconds until the process runs, and from then until its windows are there.
+    double startSeconds = 0.5;
+    double windowSeconds = 0.7;
+    // It is installed and does not start.
+    bool isBroken = false;
+};
+
+class SimulatedWorkspace final : public Workspace {
+public:
+    SimulatedWorkspace(SimulatedTime& time, SimulatedDesk& desk);
+
+    // The port.
+    [[nodiscard]] std::optional<std::string> applicationName(const std::string& bundleID) override;
+    bool launch(const std::string& bundleID) override;
+    bool hide(const std::string& bundleID) override;
+    bool unhide(const std::string& bundleID) override;
+    void setLaunchHandler(std::function<void(const RunningApp&)> handler) override;
+
+    // The control side. Started by the user or by the program, an application behaves the same.
+    void install(const std::string& bundleID, const InstalledApp& app) { m_installed[bundleID] = app; }
+    // What the program under test started, in order.
+    [[nodiscard]] const std::vector<std::string>& launches() const { return m_launches; }
+    [[nodiscard]] bool isHidden(const std::string& bundleID) const { return m_hidden.contains(bundleID); }
+
+private:
+    void openWindows(std::int32_t pid, const InstalledApp& app);
+
+    SimulatedTime& m_time;
+    SimulatedDesk& m_desk;
+    std::map<std::string, InstalledApp> m_installed;
+    std::vector<std::string> m_launches;
+    std::map<std::string, std::set<WindowID>> m_hidden;
+    // Expires with this object, so that an application under way finds nobody.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace vantrel::simulated
