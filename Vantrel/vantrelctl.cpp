@@ -1,5 +1,6 @@
 // vantrelctl: asks a running vantrel what it knows and has it do things.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
+#include "Vantrel/commands/verbs/ShellVerbs.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
 
@@ -50,6 +51,7 @@ int main(int argumentCount, char** arguments) {
                      .localDate = localDate,
                      .logFile = UserFolders::supportDirectory() / "app.log"});
     addDeskVerbs(verbs, app);
+    addShellVerbs(verbs, app, VANTREL_VERSION);
 
     if (argumentCount < 2) {
         fmt::print(stderr, "{}", app.help());

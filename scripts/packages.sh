@@ -35,13 +35,17 @@ packages_run=(
 
 # shellcheck disable=SC2034
 packages_test=(
+    appstream
+    desktop-file-utils
     featherpad
+    fish
     galculator
     libbenchmark-dev
     libgmock-dev
     libgtest-dev
     libpng-dev
     librapidcheck-dev
+    man-db
     mousepad
     openbox
     wmctrl
@@ -53,6 +57,7 @@ packages_test=(
     xserver-xorg-core
     xserver-xorg-video-dummy
     xterm
+    zsh
 )
 
 # shellcheck disable=SC2034
@@ -63,4 +68,12 @@ packages_check=(
     libclang-rt-19-dev
     python3
     shellcheck
+)
+
+# For scripts/package alone.
+# shellcheck disable=SC2034
+packages_packaging=(
+    dpkg-dev
+    file
+    lintian
 )
