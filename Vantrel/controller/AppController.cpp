@@ -41,7 +41,8 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
                              Options options)
     : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts), m_history(m_context, m_stores),
       m_learning(m_context), m_runner(m_context, m_history), m_pinned(m_context, m_runner),
-      m_displayChange(m_context, m_learning, m_runner), m_sleepWake(m_context, m_runner) {
+      m_undo(m_context, m_runner), m_displayChange(m_context, m_learning, m_runner),
+      m_sleepWake(m_context, m_runner) {
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
@@ -92,35 +93,21 @@ void AppController::setEnabled(bool isEnabled) {
     refreshStatus();
 }
 
-bool AppController::restoreNow(RestoreSource source, std::function<void(const RestoreOutcome&)> done) {
+bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) {
     const bool hasPermission = m_context.ports.accessibility.isTrusted();
     m_context.log(
         fmt::format("restoreNow tapped: enabled={} permission={}", published().enabled, hasPermission));
     refreshStatus();
-    using Kind = RestoreOutcome::Kind;
-    const auto refuse = [&](Kind kind) {
-        if (done) {
-            done({.kind = kind, .report = {}});
+    if (const auto hindrance = m_context.hindranceToMoving()) {
+        if (hindrance == RestoreOutcome::Kind::displaysChanging) {
+            m_context.log("restoreNow: the displays are changing");
         }
-        return false;
-    };
-    if (!published().enabled) {
-        return refuse(Kind::switchedOff);
-    }
-    if (!hasPermission) {
-        return refuse(Kind::needsPermission);
-    }
-    if (!m_context.entitledToRun()) {
-        return refuse(Kind::notEntitled);
-    }
-    if (!m_context.isDeskCurrent()) {
-        m_context.log("restoreNow: the displays are changing");
-        return refuse(Kind::displaysChanging);
+        return RestoreOutcome::refuse(*hindrance, done);
     }
     const auto layout = m_context.layoutToRestore();
     if (!layout || layout->windows.empty()) {
         m_context.log("restoreNow: NO stored layout for current config");
-        return refuse(Kind::nothingStored);
+        return RestoreOutcome::refuse(RestoreOutcome::Kind::nothingStored, done);
     }
     m_context.log(fmt::format("restoreNow: restoring {} windows (saved {})", layout->windows.size(),
                               iso8601Text(layout->savedAt)));

@@ -9,6 +9,7 @@
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
+#include "Vantrel/controller/UndoFlow.h"
 
 #include <expected>
 #include <filesystem>
@@ -17,6 +18,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace vantrel {
 
@@ -59,7 +61,11 @@ public:
 
     // Puts the desk's stored layout back. False when nothing is going to move. `done`, if any, is told once
     // what came of it, also when it is refused.
-    bool restoreNow(RestoreSource source, std::function<void(const RestoreOutcome&)> done = {});
+    bool restoreNow(RestoreSource source, RestoreOutcome::Done done = {});
+
+    // Puts the desk back as it was just before the last restore or switch. False when nothing is going to
+    // move. `done`, if any, is told once what came of it, also when it is refused.
+    bool undoLastRestore(RestoreOutcome::Done done = {}) { return m_undo.undoLastRestore(std::move(done)); }
 
     // Remembers the desk as it stands now. `done`, if any, is told once what came of it.
     void saveLayoutNow(std::function<void(const SaveOutcome&)> done = {});
@@ -104,6 +110,7 @@ private:
     LearningFlow m_learning;
     RestoreRunner m_runner;
     PinnedFlow m_pinned;
+    UndoFlow m_undo;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;

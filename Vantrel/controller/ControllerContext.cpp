@@ -71,6 +71,23 @@ bool ControllerContext::isDeskCurrent() {
     return !displaysChanging && !displays.empty() && DisplayTopology::configID(displays) == state().configID;
 }
 
+std::optional<RestoreOutcome::Kind> ControllerContext::hindranceToMoving() {
+    using Kind = RestoreOutcome::Kind;
+    if (!state().enabled) {
+        return Kind::switchedOff;
+    }
+    if (!ports.accessibility.isTrusted()) {
+        return Kind::needsPermission;
+    }
+    if (!entitledToRun()) {
+        return Kind::notEntitled;
+    }
+    if (!isDeskCurrent()) {
+        return Kind::displaysChanging;
+    }
+    return std::nullopt;
+}
+
 std::optional<Layout> ControllerContext::layoutToRestore() {
     const Layout* active = state().activeLayout();
     if (active == nullptr) {

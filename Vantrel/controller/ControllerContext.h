@@ -8,6 +8,7 @@
 #include "Vantrel/controller/HUDEvent.h"
 #include "Vantrel/controller/MovePermit.h"
 #include "Vantrel/controller/Publisher.h"
+#include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
 #include "VantrelCore/stores/LayoutStore.h"
 
@@ -75,6 +76,9 @@ public:
     [[nodiscard]] std::vector<DisplayInfo> currentDisplays();
     // True while the displays are the ones that last settled, which the published state names.
     [[nodiscard]] bool isDeskCurrent();
+
+    // What stands against moving windows because the user asked for it; none when nothing does.
+    [[nodiscard]] std::optional<RestoreOutcome::Kind> hindranceToMoving();
 
     // The active layout of the current desk with the user's rules applied; none when there is none.
     [[nodiscard]] std::optional<Layout> layoutToRestore();

@@ -9,6 +9,10 @@ const Layout* PublishedState::activeLayout() const {
     return found == currentLayouts.end() ? nullptr : &*found;
 }
 
+const UndoSlot* PublishedState::applicableUndo() const {
+    return undoSlot && undoSlot->configID == configID ? &*undoSlot : nullptr;
+}
+
 std::optional<std::int64_t> PublishedState::windowsLearned() const {
     const Layout* layout = activeLayout();
     return layout != nullptr ? std::optional(static_cast<std::int64_t>(layout->windows.size()))

@@ -5,6 +5,7 @@
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/RestoreReceipts.h"
+#include "VantrelCore/model/UndoSlot.h"
 #include "VantrelCore/model/UsageStats.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
@@ -50,6 +51,8 @@ struct PublishedState {
     UsageStats usage;
     // None before the first restore of this run.
     std::optional<LastAction> lastAction;
+    // What undo would bring back, on the slot's desk; none when there is nothing to undo.
+    std::optional<UndoSlot> undoSlot;
     std::string version;
 
     bool operator==(const PublishedState&) const = default;
@@ -57,6 +60,8 @@ struct PublishedState {
     // The windows remembered in the active layout of the current desk, none without such a layout.
     [[nodiscard]] std::optional<std::int64_t> windowsLearned() const;
     [[nodiscard]] const Layout* activeLayout() const;
+    // The undo slot when it is about the current desk.
+    [[nodiscard]] const UndoSlot* applicableUndo() const;
 };
 
 } // namespace vantrel

@@ -8,7 +8,7 @@
 namespace vantrel::RestoreFollowUp {
 
 std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>& current,
-                         const RestoreReport& report) {
+                         const MatchResult& matched, const RestoreReport& report) {
     std::map<std::string, std::deque<std::size_t>> itemsByApp;
     for (std::size_t i = 0; i < report.items.size(); ++i) {
         if (report.items[i].outcome.kind != RestoreReport::Kind::skipped) {
@@ -16,7 +16,7 @@ std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>&
         }
     }
     std::vector<Moved> result;
-    for (const auto& pair : RestoreEngine::match(layout.windows, current).pairs) {
+    for (const auto& pair : matched.pairs) {
         const WindowRecord& saved = layout.windows[pair.saved];
         std::deque<std::size_t>& ofApp = itemsByApp[saved.bundleID];
         if (!ofApp.empty()) {

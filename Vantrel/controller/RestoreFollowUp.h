@@ -23,10 +23,10 @@ struct Moved {
     std::size_t item = 0;
 };
 
-// The windows that `report` does not call skipped. `layout` and `current` are what the restore was given; the
-// report lists the paired windows of one application in the layout's order.
+// The windows that `report` does not call skipped. `layout`, `current` and `matched` are what the restore was
+// given; the report lists the paired windows of one application in the order of the pairs.
 [[nodiscard]] std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>& current,
-                                       const RestoreReport& report);
+                                       const MatchResult& matched, const RestoreReport& report);
 
 // Those among them that `report` calls restored or retried.
 [[nodiscard]] std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report);

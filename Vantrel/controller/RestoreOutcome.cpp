@@ -4,6 +4,13 @@
 
 namespace vantrel {
 
+bool RestoreOutcome::refuse(Kind kind, const Done& done) {
+    if (done) {
+        done({.kind = kind, .report = {}});
+    }
+    return false;
+}
+
 std::string RestoreOutcome::text() const {
     switch (kind) {
     case Kind::finished:
@@ -18,6 +25,10 @@ std::string RestoreOutcome::text() const {
         return "The displays are changing. Try again when they have settled.";
     case Kind::nothingStored:
         return "Nothing is remembered for this desk yet.";
+    case Kind::nothingToUndo:
+        return "There is nothing to undo.";
+    case Kind::undoElsewhere:
+        return "There is nothing to undo on this desk. The last restore was on another one.";
     case Kind::superseded:
         return "A newer restore took its place.";
     }

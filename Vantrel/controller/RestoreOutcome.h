@@ -4,11 +4,15 @@
 #include "VantrelCore/windows/RestoreReport.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace vantrel {
 
 struct RestoreOutcome {
+    // Told once, on the main thread.
+    using Done = std::function<void(const RestoreOutcome&)>;
+
     enum class Kind : std::uint8_t {
         // It ran to its end; the report says of every window what became of it.
         finished,
@@ -17,6 +21,9 @@ struct RestoreOutcome {
         notEntitled,
         displaysChanging,
         nothingStored,
+        nothingToUndo,
+        // The last restore was on another desk and can be undone there.
+        undoElsewhere,
         // A newer request took its place in the queue.
         superseded,
     };
@@ -26,6 +33,9 @@ struct RestoreOutcome {
     RestoreReport report;
 
     bool operator==(const RestoreOutcome&) const = default;
+
+    // Tells `done`, if any, that nothing is going to move; returns false.
+    static bool refuse(Kind kind, const Done& done);
 
     // A sentence for people.
     [[nodiscard]] std::string text() const;

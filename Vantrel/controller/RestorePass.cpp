@@ -1,36 +1,11 @@
 #include "Vantrel/controller/RestorePass.h"
 
 #include "Vantrel/controller/AchievedSizes.h"
+#include "Vantrel/controller/LiveWindows.h"
 
 #include <utility>
 
 namespace vantrel::RestorePass {
-
-namespace {
-
-// A capture that took this long, in seconds, waited for an application that does not answer; another one
-// would wait as long again.
-constexpr double promptCapture = 0.5;
-
-// A window that moves while the desk is being read can look as if it was not on screen. So when windows are
-// missing, one more look is taken, and the better one counts.
-std::vector<CurrentWindow> liveWindows(const Task& task, Accessibility& accessibility, Clock& clock) {
-    const double start = clock.monotonicSeconds();
-    std::vector<CurrentWindow> windows = DeskCapture::windows(accessibility, task.scope);
-    const auto found = [&](const std::vector<CurrentWindow>& live) {
-        return RestoreEngine::match(task.request.layout.windows, live).pairs.size();
-    };
-    const std::size_t foundFirst = found(windows);
-    if (foundFirst < task.request.layout.windows.size() && clock.monotonicSeconds() - start < promptCapture) {
-        std::vector<CurrentWindow> again = DeskCapture::windows(accessibility, task.scope);
-        if (found(again) > foundFirst) {
-            return again;
-        }
-    }
-    return windows;
-}
-
-} // namespace
 
 Result run(const Task& task, Accessibility& accessibility, Clock& clock, Background& background) {
     const RestoreRequest& request = task.request;
@@ -41,10 +16,17 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
     if (task.permit->isRevoked()) {
         return {.report = {}, .landed = {}, .sizes = {}, .isAbandoned = true};
     }
-    const auto current = underPermit(liveWindows(task, accessibility, clock), task.permit);
+    const bool isKnown = !request.handles.empty();
+    auto [live, matched] = isKnown ? LiveWindows::known(request, task.scope, accessibility, background)
+                                   : LiveWindows::found(request.layout, task.scope, accessibility, clock);
     Result result;
-    result.report = RestoreEngine::restore(request.layout, current, task.options, clock, background);
-    auto moved = RestoreFollowUp::moved(request.layout, current, result.report);
+    result.changedNothing = RestoreEngine::isInPlace(request.layout, live, matched, task.options);
+    if (!isKnown) {
+        result.before = Before{live, clock.now()};
+    }
+    const auto current = underPermit(std::move(live), task.permit);
+    result.report = RestoreEngine::restore(request.layout, current, matched, task.options, clock, background);
+    auto moved = RestoreFollowUp::moved(request.layout, current, matched, result.report);
     if (task.options.sizes == RestoreEngine::Sizes::restore) {
         result.sizes = AchievedSizes::read(moved, result.report, background);
     }

@@ -8,6 +8,8 @@
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace vantrel::RestorePass {
 
@@ -19,6 +21,12 @@ struct Task {
     std::shared_ptr<const MovePermit> permit;
 };
 
+// The desk as it was before anything moved.
+struct Before {
+    std::vector<CurrentWindow> windows;
+    Date takenAt;
+};
+
 struct Result {
     RestoreReport report;
     // The windows that the restore brought to their places.
@@ -27,6 +35,10 @@ struct Result {
     std::vector<AppSizeBehaviorStore::Observation> sizes;
     // The permit was revoked before the end: the report does not tell how the desk stands.
     bool isAbandoned = false;
+    // None when the request came with its handles, as an undo does.
+    std::optional<Before> before = std::nullopt;
+    // Everything was in place already.
+    bool changedNothing = false;
 };
 
 [[nodiscard]] Result run(const Task& task, Accessibility& accessibility, Clock& clock,

@@ -31,8 +31,14 @@ struct RestoreRequest {
     Announcement announcement = Announcement::silent;
     std::optional<std::string> sceneName = std::nullopt;
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
-    // If any, told once on the main thread what came of it.
-    std::function<void(const RestoreOutcome&)> done = {};
+    // The live windows that the layout's windows are, index by index, where they are known; else they are
+    // looked for.
+    std::vector<AXWindowHandle> handles = {};
+    // If any, called on the main thread when its turn has come, before anything is read or moved; may still
+    // change what is restored, but not the desk.
+    std::function<void(RestoreRequest&)> prepare = {};
+    // If any, told what came of it.
+    RestoreOutcome::Done done = {};
 
     void tell(const RestoreOutcome& outcome) const {
         if (done) {

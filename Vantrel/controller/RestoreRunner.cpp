@@ -51,6 +51,9 @@ void RestoreRunner::start(RestoreRequest request) {
         request.tell({.kind = RestoreOutcome::Kind::switchedOff, .report = {}});
         return;
     }
+    if (request.prepare) {
+        request.prepare(request);
+    }
     abandonMoves();
     m_context.movePermit = std::make_shared<MovePermit>();
     m_context.restoreInFlight = true;
@@ -88,6 +91,9 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
         request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
     } else {
         publishReport(request, result.report);
+        if (onFinished) {
+            onFinished(request, result);
+        }
         // Whoever waits need not wait for the files.
         request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
         m_history.record(request, result.report, result.sizes);

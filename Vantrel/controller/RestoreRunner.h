@@ -6,6 +6,7 @@
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestorePass.h"
 
+#include <functional>
 #include <optional>
 
 namespace vantrel {
@@ -17,6 +18,9 @@ public:
     // Starts at once, or after the restore or pass that is running, in place of any request that waits
     // already. A request whose desk is gone when its turn comes is dropped.
     void perform(RestoreRequest request);
+
+    // Called when a restore has come to its end, before its `done`: what it was and what it found.
+    std::function<void(const RestoreRequest&, const RestorePass::Result&)> onFinished;
 
     // The desk is going away: what still moves windows for it stops.
     void abandonMoves();

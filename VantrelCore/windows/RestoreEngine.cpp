@@ -53,13 +53,17 @@ RestoreReport::Item itemFor(const WindowRecord& saved, Outcome outcome) {
     return {saved.appName, saved.bundleID, saved.title, std::move(outcome)};
 }
 
-// Raises the back-most saved window first, so that the front-most one ends on top.
-void raiseInOrder(Pairs pairs, const std::vector<WindowRecord>& saved,
-                  const std::vector<CurrentWindow>& current) {
+Pairs backToFront(Pairs pairs, const std::vector<WindowRecord>& saved) {
     std::ranges::stable_sort(pairs, [&](const MatchResult::Pair& a, const MatchResult::Pair& b) {
         return saved[a.saved].zOrder > saved[b.saved].zOrder;
     });
-    for (const auto& pair : pairs) {
+    return pairs;
+}
+
+// Raises the back-most saved window first, so that the front-most one ends on top.
+void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
+                  const std::vector<CurrentWindow>& current) {
+    for (const auto& pair : backToFront(pairs, saved)) {
         current[pair.current].handle.raise();
     }
 }
@@ -95,10 +99,31 @@ std::vector<Attempt> attemptPlan(bool isStubborn) {
     return {Attempt::place, Attempt::settle, Attempt::placeSizeFirst};
 }
 
+bool isInPlace(const Layout& layout, const std::vector<CurrentWindow>& current, const MatchResult& matched,
+               const Options& options) {
+    const bool haveArrived = std::ranges::all_of(matched.pairs, [&](const MatchResult::Pair& pair) {
+        return isReached(current[pair.current].record.frame, layout.windows[pair.saved].frame, options.sizes);
+    });
+    if (options.raising == Raising::leave || !haveArrived) {
+        return haveArrived;
+    }
+    std::vector<std::int64_t> orders;
+    for (const auto& pair : backToFront(matched.pairs, layout.windows)) {
+        orders.push_back(current[pair.current].record.zOrder);
+    }
+    return std::ranges::is_sorted(orders, std::ranges::greater{}) &&
+           (orders.empty() || std::cmp_less(orders.front(), orders.size()));
+}
+
 RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current, const Options& options,
                       Clock& clock, Background& background) {
+    return restore(layout, current, match(layout.windows, current), options, clock, background);
+}
+
+RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
+                      const MatchResult& matched, const Options& options, Clock& clock,
+                      Background& background) {
     const double start = clock.monotonicSeconds();
-    const MatchResult matched = match(layout.windows, current);
 
     std::map<std::string, Pairs> pairsByApp;
     for (const auto& pair : matched.pairs) {

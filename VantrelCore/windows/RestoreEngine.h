@@ -66,8 +66,18 @@ using DesignedPlacement = std::variant<Placed, PlacedClampedSize, PlacementFaile
 // Whether a window that stands at `frame` has arrived at `target`; an unreadable frame has not.
 [[nodiscard]] bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes);
 
+// Whether the restore would find nothing to do: every paired window has arrived and, where windows are
+// raised, lies in the stack as saved, in front of all others.
+[[nodiscard]] bool isInPlace(const Layout& layout, const std::vector<CurrentWindow>& current,
+                             const MatchResult& matched, const Options& options);
+
 // Blocks until every window is done: applications of one wave in parallel, windows of one application in
-// turn.
+// turn. `matched` pairs the layout's windows with `current`.
+[[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
+                                    const MatchResult& matched, const Options& options, Clock& clock,
+                                    Background& background);
+
+// The same for the pairs of match().
 [[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
                                     const Options& options, Clock& clock, Background& background);
 

@@ -38,7 +38,9 @@ TEST(RestoreFollowUp, FindsTheLandedWindowsAmongManyOfOneTitle) {
     report.items = {item("b", Kind::failed), item("b", Kind::retried), item("a", Kind::restored),
                     item("b", Kind::skipped)};
 
-    const auto landed = RestoreFollowUp::landed(RestoreFollowUp::moved(layout, current, report), report);
+    const auto matched = RestoreEngine::match(layout.windows, current);
+    const auto landed =
+        RestoreFollowUp::landed(RestoreFollowUp::moved(layout, current, matched, report), report);
 
     ASSERT_EQ(landed.size(), 2U);
     EXPECT_EQ(landed[0].bundleID, "a");

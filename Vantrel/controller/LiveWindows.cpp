@@ -1,0 +1,96 @@
+#include "Vantrel/controller/LiveWindows.h"
+
+#include "Vantrel/controller/PerApplication.h"
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace vantrel::LiveWindows {
+
+namespace {
+
+// A capture that took this long, in seconds, waited for an application that does not answer; another one
+// would wait as long again.
+constexpr double promptCapture = 0.5;
+
+Paired capture(const std::vector<WindowRecord>& saved, const DeskCapture::Scope& scope,
+               Accessibility& accessibility) {
+    Paired result{.current = DeskCapture::windows(accessibility, scope), .matched = {}};
+    result.matched = RestoreEngine::match(saved, result.current);
+    return result;
+}
+
+// Of each window whether it can be seen.
+std::vector<char> askWhichAreSeen(const RestoreRequest& request, Background& background) {
+    std::vector<RestoreFollowUp::Moved> windows;
+    for (std::size_t i = 0; i < request.handles.size(); ++i) {
+        const WindowRecord& saved = request.layout.windows[i];
+        windows.push_back({saved.bundleID, saved.frame, request.handles[i], i});
+    }
+    // Not of bool, whose elements share bytes: each worker writes its own.
+    std::vector<char> areSeen(windows.size());
+    PerApplication::forEach(windows, background, [&](std::size_t i) {
+        areSeen[i] = RestoreFollowUp::visibleFrame(windows[i]) ? 1 : 0;
+    });
+    return areSeen;
+}
+
+} // namespace
+
+// A window that moves while the desk is being read can look as if it was not on screen. So when windows are
+// missing, one more look is taken, and the better one counts.
+Paired found(const Layout& layout, const DeskCapture::Scope& scope, Accessibility& accessibility,
+             Clock& clock) {
+    const double start = clock.monotonicSeconds();
+    Paired first = capture(layout.windows, scope, accessibility);
+    if (first.matched.unmatchedSaved.empty() || clock.monotonicSeconds() - start >= promptCapture) {
+        return first;
+    }
+    Paired second = capture(layout.windows, scope, accessibility);
+    return second.matched.pairs.size() > first.matched.pairs.size() ? second : first;
+}
+
+Paired known(const RestoreRequest& request, const DeskCapture::Scope& scope, Accessibility& accessibility,
+             Background& background) {
+    const std::vector<WindowRecord>& saved = request.layout.windows;
+    const auto areSeen = askWhichAreSeen(request, background);
+    std::set<std::string> seenApps;
+    for (std::size_t i = 0; i < saved.size(); ++i) {
+        if (areSeen[i] != 0) {
+            seenApps.insert(saved[i].bundleID);
+        }
+    }
+    Paired result;
+    std::vector<std::size_t> lost;
+    std::vector<WindowRecord> lostRecords;
+    for (std::size_t i = 0; i < saved.size(); ++i) {
+        if (areSeen[i] != 0) {
+            result.matched.pairs.push_back({i, result.current.size()});
+            result.current.push_back({saved[i], request.handles[i]});
+        } else if (seenApps.contains(saved[i].bundleID)) {
+            result.matched.unmatchedSaved.push_back(i);
+        } else {
+            lost.push_back(i);
+            lostRecords.push_back(saved[i]);
+        }
+    }
+    if (lost.empty()) {
+        return result;
+    }
+    // Only applications without any known window are in the list, so nothing is paired twice.
+    Paired again = capture(lostRecords, scope, accessibility);
+    for (const auto& pair : again.matched.pairs) {
+        result.matched.pairs.push_back({lost[pair.saved], result.current.size()});
+        result.current.push_back(std::move(again.current[pair.current]));
+    }
+    for (const std::size_t index : again.matched.unmatchedSaved) {
+        result.matched.unmatchedSaved.push_back(lost[index]);
+    }
+    std::ranges::sort(result.matched.pairs);
+    std::ranges::sort(result.matched.unmatchedSaved);
+    return result;
+}
+
+} // namespace vantrel::LiveWindows

@@ -1,0 +1,110 @@
+#include "Vantrel/controller/UndoFlow.h"
+
+#include "VantrelCore/windows/RuleApplication.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+UndoFlow::UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {
+    m_runner.onFinished = [this](const RestoreRequest& request, const RestorePass::Result& result) {
+        remember(request, result);
+    };
+}
+
+void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
+    if (!result.before) {
+        m_latest.reset();
+        setSlot(std::nullopt);
+        return;
+    }
+    const RestorePass::Before& before = *result.before;
+    const DeskCapture::Picture picture{DeskCapture::records(before.windows), before.takenAt};
+    m_latest = Picture{.slot = {.layout = m_context.layoutOf(picture, request.displays),
+                                .configID = request.layout.configID,
+                                .reason = request.reason,
+                                .date = before.takenAt,
+                                .hiddenBundleIDs = {}},
+                       .handles = {},
+                       .raising = request.raising};
+    for (const CurrentWindow& window : before.windows) {
+        m_latest->handles.push_back(window.handle);
+    }
+    if (!result.changedNothing) {
+        setSlot(m_latest);
+    }
+}
+
+void UndoFlow::noteHidden(const std::vector<std::string>& bundleIDs) {
+    if (!m_latest || bundleIDs.empty()) {
+        return;
+    }
+    auto& hidden = m_latest->slot.hiddenBundleIDs;
+    for (const std::string& bundleID : bundleIDs) {
+        if (std::ranges::find(hidden, bundleID) == hidden.end()) {
+            hidden.push_back(bundleID);
+        }
+    }
+    setSlot(m_latest);
+}
+
+void UndoFlow::setSlot(std::optional<Picture> picture) {
+    m_slot = std::move(picture);
+    m_context.publisher.publish(
+        [&](PublishedState& state) { state.undoSlot = m_slot ? std::optional(m_slot->slot) : std::nullopt; });
+}
+
+bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
+    using Kind = RestoreOutcome::Kind;
+    m_context.refreshStatus();
+    if (const auto hindrance = m_context.hindranceToMoving()) {
+        return RestoreOutcome::refuse(*hindrance, done);
+    }
+    if (!m_slot || m_isUndoing) {
+        return RestoreOutcome::refuse(Kind::nothingToUndo, done);
+    }
+    if (m_context.state().applicableUndo() == nullptr) {
+        return RestoreOutcome::refuse(Kind::undoElsewhere, done);
+    }
+    m_isUndoing = true;
+    RestoreRequest request{.layout = {},
+                           .displays = m_context.state().displays,
+                           .reason = "",
+                           .purpose = RestorePurpose::undo,
+                           .announcement = Announcement::announce,
+                           .prepare =
+                               [this](RestoreRequest& due) {
+                                   if (m_slot && m_slot->slot.configID == due.layout.configID) {
+                                       fill(due);
+                                   }
+                               },
+                           .done =
+                               [this, done](const RestoreOutcome& outcome) {
+                                   m_isUndoing = false;
+                                   if (done) {
+                                       done(outcome);
+                                   }
+                               }};
+    fill(request);
+    m_runner.perform(std::move(request));
+    return true;
+}
+
+// Once when asked and once when its turn comes: what a restore did that ran meanwhile is undone too.
+void UndoFlow::fill(RestoreRequest& request) {
+    request.layout = m_slot->slot.layout;
+    request.handles = m_slot->handles;
+    request.reason = "undo (" + m_slot->slot.reason + ")";
+    request.raising = m_slot->raising;
+    const auto ignored = RuleApplication::ignoredBundleIDs(m_context.store.rules());
+    for (std::size_t i = request.handles.size(); i-- > 0;) {
+        if (ignored.contains(request.layout.windows[i].bundleID)) {
+            const auto offset = static_cast<std::ptrdiff_t>(i);
+            request.layout.windows.erase(request.layout.windows.begin() + offset);
+            request.handles.erase(request.handles.begin() + offset);
+        }
+    }
+}
+
+} // namespace vantrel
