@@ -39,10 +39,11 @@ AppController::create(const ControllerPorts& ports, FileSystem& files, AppLog& l
 
 AppController::AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores,
                              Options options)
-    : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts), m_history(m_context, m_stores),
-      m_learning(m_context), m_runner(m_context, m_history), m_pinned(m_context, m_runner),
-      m_undo(m_context, m_runner), m_displayChange(m_context, m_learning, m_runner),
-      m_sleepWake(m_context, m_runner) {
+    : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts, m_stores.scenes),
+      m_history(m_context, m_stores), m_learning(m_context), m_runner(m_context, m_history),
+      m_pinned(m_context, m_runner), m_undo(m_context, m_runner),
+      m_displayChange(m_context, m_learning, m_runner), m_sleepWake(m_context, m_runner),
+      m_scenes(m_context) {
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);

@@ -8,6 +8,7 @@
 #include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
+#include "Vantrel/controller/SceneFlow.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
 #include "Vantrel/controller/UndoFlow.h"
 
@@ -76,6 +77,9 @@ public:
         return m_context.store.activeLayoutName(configID);
     }
 
+    // The user's scenes; what is stored is published.
+    [[nodiscard]] SceneFlow& scenes() { return m_scenes; }
+
     // What the restores of the last days did.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
@@ -113,6 +117,7 @@ private:
     UndoFlow m_undo;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
+    SceneFlow m_scenes;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;
     std::unique_ptr<ScheduledWork> m_permissionTimer;
 };

@@ -21,8 +21,8 @@ std::string layoutTitle(const PublishedState& state) {
 } // namespace
 
 ControllerContext::ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog,
-                                     LayoutStore& layouts)
-    : ports(controllerPorts), settings(controllerPorts.defaults), store(layouts),
+                                     LayoutStore& layouts, SceneStore& scenes)
+    : ports(controllerPorts), settings(controllerPorts.defaults), store(layouts), sceneStore(scenes),
       publisher(controllerPorts.mainQueue), m_log(appLog) {}
 
 void ControllerContext::endPass() {
@@ -134,6 +134,7 @@ void ControllerContext::showDesk(const std::string& configID, const std::vector<
         state.configName = DisplayTopology::configName(displays);
         state.displays = displays;
         publishStored(state);
+        publishLastAppliedScene(state);
     });
 }
 
@@ -141,6 +142,18 @@ void ControllerContext::showStoredLayouts() {
     publisher.publish([&](PublishedState& state) {
         ++state.layoutsVersion;
         publishStored(state);
+    });
+}
+
+void ControllerContext::publishLastAppliedScene(PublishedState& state) {
+    state.lastAppliedSceneID = sceneStore.lastAppliedSceneID(state.configID);
+}
+
+void ControllerContext::showStoredScenes() {
+    publisher.publish([&](PublishedState& state) {
+        ++state.scenesVersion;
+        state.scenes = sceneStore.allScenes();
+        publishLastAppliedScene(state);
     });
 }
 

@@ -11,6 +11,7 @@
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
 #include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/SceneStore.h"
 
 #include <functional>
 #include <memory>
@@ -25,11 +26,13 @@ namespace vantrel {
 // Lives on the main thread.
 class ControllerContext {
 public:
-    ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog, LayoutStore& layouts);
+    ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog, LayoutStore& layouts,
+                      SceneStore& scenes);
 
     ControllerPorts ports;
     Settings settings;
     LayoutStore& store;
+    SceneStore& sceneStore;
     Publisher publisher;
 
     // This program's own windows are never captured.
@@ -91,6 +94,8 @@ public:
     void showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays);
     // Publishes the layouts of the current desk after the store has changed.
     void showStoredLayouts();
+    // Publishes the scenes after the store has changed.
+    void showStoredScenes();
     // Publishes the resting phase, unless a restore is running or has just finished.
     void refreshStatus();
     void showPhase(const Phase& phase);
@@ -114,6 +119,7 @@ public:
 
 private:
     void publishStored(PublishedState& state);
+    void publishLastAppliedScene(PublishedState& state);
 
     AppLog& m_log;
     bool m_axWorkInFlight = false;

@@ -15,6 +15,7 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
         return store;
     };
     auto layouts = opened(LayoutStore::open(directory, files));
+    auto scenes = opened(SceneStore::open(directory, files));
     auto restoreLog = opened(RestoreLogStore::open(directory, files));
     auto receipts = opened(openRestoreReceipts(directory, files));
     auto usage = opened(openUsageStats(directory, files));
@@ -23,8 +24,13 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
     if (failure) {
         return std::unexpected(failure);
     }
-    return ControllerStores{std::move(*layouts), std::move(*restoreLog),  std::move(*receipts),
-                            std::move(*usage),   std::move(*reliability), std::move(*sizeBehavior)};
+    return ControllerStores{.layouts = std::move(*layouts),
+                            .scenes = std::move(*scenes),
+                            .restoreLog = std::move(*restoreLog),
+                            .receipts = std::move(*receipts),
+                            .usage = std::move(*usage),
+                            .reliability = std::move(*reliability),
+                            .sizeBehavior = std::move(*sizeBehavior)};
 }
 
 } // namespace vantrel

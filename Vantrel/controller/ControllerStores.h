@@ -6,6 +6,7 @@
 #include "VantrelCore/stores/LayoutStore.h"
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
+#include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/stores/UsageStatsStore.h"
 
 #include <expected>
@@ -16,6 +17,7 @@ namespace vantrel {
 
 struct ControllerStores {
     LayoutStore layouts;
+    SceneStore scenes;
     RestoreLogStore restoreLog;
     RestoreReceiptsStore receipts;
     UsageStatsStore usage;

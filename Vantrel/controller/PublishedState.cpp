@@ -13,6 +13,12 @@ const UndoSlot* PublishedState::applicableUndo() const {
     return undoSlot && undoSlot->configID == configID ? &*undoSlot : nullptr;
 }
 
+const Scene* PublishedState::lastAppliedScene() const {
+    const auto found =
+        std::ranges::find_if(scenes, [this](const Scene& scene) { return scene.id == lastAppliedSceneID; });
+    return found == scenes.end() ? nullptr : &*found;
+}
+
 std::optional<std::int64_t> PublishedState::windowsLearned() const {
     const Layout* layout = activeLayout();
     return layout != nullptr ? std::optional(static_cast<std::int64_t>(layout->windows.size()))

@@ -5,6 +5,7 @@
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/RestoreReceipts.h"
+#include "VantrelCore/model/Scene.h"
 #include "VantrelCore/model/UndoSlot.h"
 #include "VantrelCore/model/UsageStats.h"
 #include "VantrelCore/windows/RestoreReport.h"
@@ -44,6 +45,12 @@ struct PublishedState {
     std::vector<Layout> currentLayouts;
     std::string activeLayoutName = Layout::defaultName;
     bool activePinned = false;
+    // The scenes of all desks, in the order of creation.
+    std::vector<Scene> scenes;
+    // Counts the changes of the scene store.
+    std::int64_t scenesVersion = 0;
+    // Of the current desk; the scene may have been deleted since.
+    std::optional<std::string> lastAppliedSceneID;
     std::optional<LastRestore> lastRestore;
     // Counts the changes of the restore history.
     std::int64_t restoreLogVersion = 0;
@@ -62,6 +69,8 @@ struct PublishedState {
     [[nodiscard]] const Layout* activeLayout() const;
     // The undo slot when it is about the current desk.
     [[nodiscard]] const UndoSlot* applicableUndo() const;
+    // The scene last applied on the current desk; null when there is none or it was deleted.
+    [[nodiscard]] const Scene* lastAppliedScene() const;
 };
 
 } // namespace vantrel

@@ -1,0 +1,175 @@
+#include "Vantrel/controller/SceneFlow.h"
+
+#include "Vantrel/controller/CaptureNow.h"
+#include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/scenes/SceneDeskComparison.h"
+#include "VantrelCore/scenes/SceneRail.h"
+
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+using Kind = SceneSaveOutcome::Kind;
+
+SceneSaveOutcome refused(SceneProblem problem) {
+    return {.kind = Kind::refused, .problem = problem};
+}
+
+} // namespace
+
+SceneFlow::SceneFlow(ControllerContext& context) : m_context(context), m_store(context.sceneStore) {
+    m_context.showStoredScenes();
+}
+
+bool SceneFlow::isOnAnotherDesk(const Scene& scene) const {
+    return SceneDeskComparison::isCrossDesk(scene.configID, m_context.state().configID);
+}
+
+std::optional<SceneProblem> SceneFlow::problemWithNewName(std::string_view name) {
+    if (!SceneStore::isValidName(name)) {
+        return SceneProblems::from(SceneStoreError::invalidName, name);
+    }
+    const auto existing = m_store.sceneNamed(name);
+    if (!existing) {
+        return std::nullopt;
+    }
+    return isOnAnotherDesk(*existing) ? SceneProblem::nameUsedOnAnotherDesk : SceneProblem::nameUsed;
+}
+
+SceneSaveOutcome SceneFlow::add(std::string_view name, const Layout& layout) {
+    const auto added =
+        m_store.add(Scene::make(std::string(name), layout.configID, layout, m_context.ports.clock.now()));
+    if (!added) {
+        return refused(SceneProblems::from(added.error(), name));
+    }
+    m_context.showStoredScenes();
+    return {.kind = Kind::added, .scene = *added};
+}
+
+SceneSaveOutcome SceneFlow::save(std::string_view name, const Layout& layout) {
+    const auto problem = problemWithNewName(name);
+    if (!problem) {
+        return add(name, layout);
+    }
+    if (problem != SceneProblem::nameUsed) {
+        return refused(*problem);
+    }
+    const auto updated = updateSceneLayout(m_store.sceneNamed(name)->id, layout);
+    return updated ? SceneSaveOutcome{.kind = Kind::updated, .scene = *updated} : refused(updated.error());
+}
+
+void SceneFlow::saveCurrentAsScene(const std::string& name,
+                                   std::function<void(const SceneSaveOutcome&)> done) {
+    const auto tell = [this, done = std::move(done)](const SceneSaveOutcome& outcome) {
+        m_context.log("save scene: " + outcome.text());
+        if (done) {
+            done(outcome);
+        }
+    };
+    if (const auto problem = problemWithNewName(name); problem && problem != SceneProblem::nameUsed) {
+        tell(refused(*problem));
+        return;
+    }
+    CaptureNow::perform(m_context, [this, name, tell](const CaptureNow::Result& captured) {
+        tell(captured ? save(name, *captured)
+                      : SceneSaveOutcome{.kind = Kind::noDesk, .hindrance = captured.error()});
+    });
+}
+
+SceneSaveOutcome SceneFlow::createEmptyScene(std::string_view name) {
+    if (const auto problem = problemWithNewName(name)) {
+        return refused(*problem);
+    }
+    const auto displays = m_context.currentDisplays();
+    if (displays.empty() || !m_context.isDeskCurrent()) {
+        return {.kind = Kind::noDesk,
+                .hindrance =
+                    displays.empty() ? SaveOutcome::Kind::noDisplays : SaveOutcome::Kind::displaysChanging};
+    }
+    return add(name, m_context.layoutOf({.windows = {}, .takenAt = m_context.ports.clock.now()}, displays));
+}
+
+template <typename Change>
+SceneFlow::EditResult SceneFlow::edited(const std::string& id, Change&& change) {
+    const auto result = std::forward<Change>(change)();
+    if (!result) {
+        return std::unexpected(SceneProblems::from(result.error(), ""));
+    }
+    // Before it is published: `id` may belong to what was published before.
+    const auto scene = m_store.scene(id);
+    m_context.showStoredScenes();
+    return scene ? EditResult(*scene) : std::unexpected(SceneProblem::notFound);
+}
+
+SceneFlow::EditResult SceneFlow::updateSceneLayout(const std::string& id, const Layout& layout) {
+    return edited(id, [&] { return m_store.updateLayout(id, layout); });
+}
+
+SceneFlow::EditResult SceneFlow::rename(const std::string& id, std::string_view name) {
+    const auto renamed = m_store.rename(id, name);
+    if (!renamed) {
+        const SceneProblem problem = SceneProblems::from(renamed.error(), name);
+        const auto other = m_store.sceneNamed(name);
+        const auto scene = m_store.scene(id);
+        const bool isElsewhere = problem == SceneProblem::nameUsed && other && scene &&
+                                 SceneDeskComparison::isCrossDesk(other->configID, scene->configID);
+        return std::unexpected(isElsewhere ? SceneProblem::nameUsedOnAnotherDesk : problem);
+    }
+    m_context.showStoredScenes();
+    return *renamed;
+}
+
+SceneFlow::EditResult SceneFlow::deleteScene(const std::string& id) {
+    const auto scene = m_store.scene(id);
+    if (!scene) {
+        return std::unexpected(SceneProblem::notFound);
+    }
+    if (!m_store.deleteScene(id)) {
+        return std::unexpected(SceneProblem::writeFailed);
+    }
+    m_context.showStoredScenes();
+    return *scene;
+}
+
+SceneFlow::EditResult SceneFlow::setPinned(bool isPinned, const std::string& id) {
+    return edited(id, [&] { return m_store.setPinned(isPinned, id); });
+}
+
+SceneFlow::EditResult SceneFlow::setOpensMissingApps(bool opens, const std::string& id) {
+    return edited(id, [&] { return m_store.setOpensMissingApps(opens, id); });
+}
+
+SceneFlow::EditResult SceneFlow::setWallpaper(const std::optional<SceneWallpaper>& wallpaper,
+                                              const std::string& id) {
+    return edited(id, [&] { return m_store.setWallpaper(wallpaper, id); });
+}
+
+SceneFlow::EditResult SceneFlow::setHotkey(const std::string& id, std::optional<std::int64_t> keyCode,
+                                           std::optional<std::int64_t> modifiers) {
+    return edited(id, [&] { return m_store.updateHotkey(id, keyCode, modifiers); });
+}
+
+void SceneFlow::noteApplied(const std::string& id) {
+    if (!m_store.setLastAppliedScene(id, m_context.state().configID)) {
+        m_context.log("scene applied: the desk's last scene could not be written");
+    }
+    m_context.showStoredScenes();
+}
+
+std::vector<Scene> SceneFlow::scenesForCurrentDesk() const {
+    return SceneRail::scenes(m_context.state().configID, m_context.state().scenes);
+}
+
+std::optional<std::string> SceneFlow::deskName(const std::string& configID) {
+    const PublishedState& state = m_context.state();
+    const auto layouts = m_context.store.layouts(configID);
+    if (!layouts.empty()) {
+        return layouts.front().name;
+    }
+    return configID == state.configID && !configID.empty() ? std::optional(state.configName) : std::nullopt;
+}
+
+} // namespace vantrel
