@@ -32,8 +32,8 @@ std::vector<RunningApp> ApplicationRoll::look(const std::vector<ListedWindow>& l
 
     std::set<Key> known;
     for (const auto& [id, app] : m_windows) {
+        known.insert(keyOf(app));
         if (const auto window = windows.find(id); window != windows.end()) {
-            known.insert(keyOf(app));
             // A window that has changed its class does not make a new application.
             known.insert(keyOf(window->second));
         }

@@ -66,18 +66,19 @@ bool X11Workspace::unhide(const std::string& bundleID) {
     if (hidden.empty()) {
         return false;
     }
+    const X11Connection& connection = *m_desk->connection;
     bool isAnyAsked = false;
     for (const auto& client : X11DeskReading(m_desk).clients()) {
         // One that its program has withdrawn is not listed any more and must not be mapped by us.
         if (contains(hidden.mapped(), client)) {
-            // openbox and xfwm4 show the window without the focus when they get the message, and ignore the
-            // mapping then. Others (metacity, KWin) know only the mapping, as ICCCM has it.
-            ClientMessage::changeState(*m_desk->connection, client.window, ClientMessage::WmState::normal);
-            xcb_map_window(m_desk->connection->xcb(), client.window);
+            // openbox 3.6 shows the window without the focus when it gets the message, and then ignores the
+            // mapping. xfwm4 4.18 knows the mapping alone, as ICCCM has it, and gives the window the focus.
+            ClientMessage::changeState(connection, client.window, ClientMessage::WmState::normal);
+            xcb_map_window(connection.xcb(), client.window);
             isAnyAsked = true;
         }
     }
-    xcb_flush(m_desk->connection->xcb());
+    xcb_flush(connection.xcb());
     return isAnyAsked;
 }
 

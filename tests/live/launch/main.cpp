@@ -1,0 +1,18 @@
+// Starts an installed application and ends at once: 0 started, 1 not started, 2 it is a child to be waited
+// for.
+#include "Vantrel/platform/x11/DesktopLauncher.h"
+
+#include <cerrno>
+#include <sys/wait.h>
+#include <unistd.h>
+
+int main(int argumentCount, char** arguments) {
+    // A descriptor that a careless start would hand on.
+    if (argumentCount != 2 || dup2(STDERR_FILENO, 9) < 0) {
+        return 3;
+    }
+    if (!vantrel::DesktopLauncher::start(arguments[1])) {
+        return 1;
+    }
+    return waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD ? 0 : 2;
+}
