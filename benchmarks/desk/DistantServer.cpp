@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
 #include <deque>
 #include <fmt/format.h>
+#include <iterator>
+#include <memory>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -15,6 +15,8 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace vantrel::bench {
 
@@ -27,6 +29,7 @@ constexpr int firstPort = 6000;
 constexpr int firstNumber = 700;
 constexpr int lastNumber = 800;
 
+// -1 when nothing answers.
 int connectTo(const std::string& display) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -35,7 +38,7 @@ int connectTo(const std::string& display) {
     const int server = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
         close(server);
-        throw std::runtime_error(fmt::format("{}: {}.", path, std::strerror(errno)));
+        return -1;
     }
     return server;
 }
@@ -60,7 +63,62 @@ std::string readSome(int socket) {
 
 } // namespace
 
-DistantServer::DistantServer(const std::string& display) : m_server(connectTo(display)) {
+// One client, its own connection to the server, and the answers that are on their way.
+class DistantServer::Line {
+public:
+    Line(int client, int server) : m_client(client), m_server(server) {
+        // Nothing may be held back but by us.
+        const int yes = 1;
+        setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
+    }
+
+    Line(const Line&) = delete;
+    Line& operator=(const Line&) = delete;
+
+    ~Line() {
+        close(m_client);
+        close(m_server);
+    }
+
+    [[nodiscard]] std::array<pollfd, 2> watched() const {
+        return {{{.fd = m_client, .events = POLLIN, .revents = 0},
+                 {.fd = m_server, .events = POLLIN, .revents = 0}}};
+    }
+
+    // False once one of the two has hung up.
+    [[nodiscard]] bool carry(const pollfd& client, const pollfd& server) {
+        if (client.revents != 0) {
+            const std::string request = readSome(m_client);
+            if (request.empty() || !writeAll(m_server, request)) {
+                return false;
+            }
+        }
+        if (server.revents != 0) {
+            m_answers.push_back({.due = Clock::now() + delay, .bytes = readSome(m_server)});
+            if (m_answers.back().bytes.empty()) {
+                return false;
+            }
+        }
+        bool isOpen = true;
+        while (isOpen && !m_answers.empty() && m_answers.front().due <= Clock::now()) {
+            isOpen = writeAll(m_client, m_answers.front().bytes);
+            m_answers.pop_front();
+        }
+        return isOpen;
+    }
+
+private:
+    struct Late {
+        Clock::time_point due;
+        std::string bytes;
+    };
+
+    int m_client;
+    int m_server;
+    std::deque<Late> m_answers;
+};
+
+DistantServer::DistantServer(std::string display) : m_server(std::move(display)) {
     m_listening = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     for (int number = firstNumber; m_display.empty() && number <= lastNumber; ++number) {
         sockaddr_in address{};
@@ -68,13 +126,12 @@ DistantServer::DistantServer(const std::string& display) : m_server(connectTo(di
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         address.sin_port = htons(static_cast<std::uint16_t>(firstPort + number));
         if (bind(m_listening, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-            listen(m_listening, 1) == 0) {
+            listen(m_listening, SOMAXCONN) == 0) {
             m_display = fmt::format("127.0.0.1:{}", number);
         }
     }
     if (m_display.empty()) {
         close(m_listening);
-        close(m_server);
         throw std::runtime_error("No port is free for a delayed connection.");
     }
     m_thread = std::thread([this] { relay(); });
@@ -84,7 +141,6 @@ DistantServer::~DistantServer() {
     m_isClosing = true;
     m_thread.join();
     close(m_listening);
-    close(m_server);
 }
 
 long DistantServer::roundTrips(double seconds) {
@@ -92,39 +148,28 @@ long DistantServer::roundTrips(double seconds) {
 }
 
 void DistantServer::relay() {
-    struct Late {
-        Clock::time_point due;
-        std::string bytes;
-    };
     constexpr int tickMilliseconds = 1;
-    std::deque<Late> answers;
-    int client = -1;
-    bool isOpen = true;
-    while (isOpen && !m_isClosing) {
-        std::array<pollfd, 2> readable{
-            {{.fd = client < 0 ? m_listening : client, .events = POLLIN, .revents = 0},
-             {.fd = m_server, .events = POLLIN, .revents = 0}}};
-        poll(readable.data(), readable.size(), tickMilliseconds);
-        if (readable[0].revents != 0 && client < 0) {
-            client = accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC);
-            // Nothing may be held back but by us.
-            const int yes = 1;
-            setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
-        } else if (readable[0].revents != 0) {
-            const std::string request = readSome(client);
-            isOpen = !request.empty() && writeAll(m_server, request);
+    std::vector<std::unique_ptr<Line>> lines;
+    while (!m_isClosing) {
+        std::vector<pollfd> watched{{.fd = m_listening, .events = POLLIN, .revents = 0}};
+        for (const auto& line : lines) {
+            std::ranges::copy(line->watched(), std::back_inserter(watched));
         }
-        if (readable[1].revents != 0) {
-            answers.push_back({.due = Clock::now() + delay, .bytes = readSome(m_server)});
-            isOpen = isOpen && !answers.back().bytes.empty();
+        poll(watched.data(), watched.size(), tickMilliseconds);
+        for (std::size_t i = lines.size(); i-- > 0;) {
+            if (!lines[i]->carry(watched[1 + 2 * i], watched[2 + 2 * i])) {
+                lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(i));
+            }
         }
-        while (isOpen && !answers.empty() && answers.front().due <= Clock::now()) {
-            isOpen = writeAll(client, answers.front().bytes);
-            answers.pop_front();
+        if (watched.front().revents != 0) {
+            const int client = accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC);
+            // Hung up on at once where the server does not take another client.
+            if (const int server = connectTo(m_server); server >= 0) {
+                lines.push_back(std::make_unique<Line>(client, server));
+            } else {
+                close(client);
+            }
         }
-    }
-    if (client >= 0) {
-        close(client);
     }
 }
 

@@ -13,8 +13,8 @@ class DistantServer {
 public:
     static constexpr std::chrono::milliseconds delay{150};
 
-    // For one client, of the server at `display`. Throws std::runtime_error with a sentence.
-    explicit DistantServer(const std::string& display);
+    // For any number of clients, of the server at `display`. Throws std::runtime_error with a sentence.
+    explicit DistantServer(std::string display);
     ~DistantServer();
     DistantServer(const DistantServer&) = delete;
     DistantServer& operator=(const DistantServer&) = delete;
@@ -25,11 +25,13 @@ public:
     [[nodiscard]] static long roundTrips(double seconds);
 
 private:
+    class Line;
+
     void relay();
 
+    std::string m_server;
     std::string m_display;
     int m_listening = -1;
-    int m_server = -1;
     std::atomic<bool> m_isClosing = false;
     std::thread m_thread;
 };
