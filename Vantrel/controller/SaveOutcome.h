@@ -17,10 +17,6 @@ struct SaveOutcome {
         notEntitled,
         // The desk shows no window that could be remembered; what is stored stays.
         nothingToSave,
-        // The name is empty or too long.
-        invalidName,
-        // A layout of that name is stored, and pinned.
-        pinned,
         writeFailed,
     };
 

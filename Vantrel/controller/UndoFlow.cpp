@@ -3,7 +3,6 @@
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <algorithm>
-#include <fmt/format.h>
 #include <utility>
 
 namespace vantrel {
@@ -16,12 +15,8 @@ UndoFlow::UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_contex
 
 void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
     if (!result.before) {
-        const auto undone = m_slot ? m_slot->undone : nullptr;
         m_latest.reset();
         setSlot(std::nullopt);
-        if (undone) {
-            undone();
-        }
         return;
     }
     const RestorePass::Before& before = *result.before;
@@ -32,12 +27,11 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
                                 .date = before.takenAt,
                                 .hiddenBundleIDs = {}},
                        .handles = {},
-                       .raising = request.raising,
-                       .undone = request.undone};
+                       .raising = request.raising};
     for (const CurrentWindow& window : before.windows) {
         m_latest->handles.push_back(window.handle);
     }
-    if (!result.changedNothing || request.undone) {
+    if (!result.changedNothing) {
         setSlot(m_latest);
     }
 }
@@ -79,10 +73,15 @@ bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
                            .reason = "",
                            .purpose = RestorePurpose::undo,
                            .announcement = Announcement::announce,
-                           .prepare = [this](RestoreRequest& due) { prepare(due); },
+                           .prepare =
+                               [this](RestoreRequest& due) {
+                                   if (m_slot && m_slot->slot.configID == due.layout.configID) {
+                                       fill(due);
+                                   }
+                               },
                            .done =
                                [this, done](const RestoreOutcome& outcome) {
-                                   finish(outcome);
+                                   m_isUndoing = false;
                                    if (done) {
                                        done(outcome);
                                    }
@@ -90,25 +89,6 @@ bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
     fill(request);
     m_runner.perform(std::move(request));
     return true;
-}
-
-void UndoFlow::prepare(RestoreRequest& request) {
-    if (!m_slot || m_slot->slot.configID != request.layout.configID) {
-        return;
-    }
-    fill(request);
-    for (const std::string& bundleID : m_slot->slot.hiddenBundleIDs) {
-        m_unhidden += m_context.ports.workspace.unhide(bundleID) ? 1 : 0;
-    }
-    request.awaitsQuiet = m_unhidden > 0;
-}
-
-void UndoFlow::finish(const RestoreOutcome& outcome) {
-    m_isUndoing = false;
-    const std::size_t unhidden = std::exchange(m_unhidden, 0);
-    if (outcome.kind == RestoreOutcome::Kind::finished && unhidden > 0) {
-        m_context.log(fmt::format("undo un-hid {} app(s) the change had hidden", unhidden));
-    }
 }
 
 // Once when asked and once when its turn comes: what a restore did that ran meanwhile is undone too.

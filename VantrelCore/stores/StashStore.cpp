@@ -34,14 +34,10 @@ StashStore::StashStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 std::expected<StashStore, std::error_code> StashStore::open(const std::filesystem::path& directory,
                                                             FileSystem& files, Clock& clock) {
     const auto dropExpired = [&clock](StoreFile& file) {
-        std::erase_if(file.stashes,
-                      [now = clock.now()](const Stash& stash) { return hasExpired(stash, now); });
+        const Date cutoff = clock.now() - std::chrono::days{retentionDays};
+        std::erase_if(file.stashes, [&](const Stash& stash) { return stash.createdAt < cutoff; });
     };
     return JsonStore<StoreFile>::openAs<StashStore>(directory, "stashes.json", files, dropExpired);
-}
-
-bool StashStore::hasExpired(const Stash& stash, Date now) {
-    return stash.createdAt < now - std::chrono::days{retentionDays};
 }
 
 std::vector<Stash> StashStore::allStashes() {

@@ -321,6 +321,24 @@ TEST_P(MovingWindowsUnder, FiftyWindowsMoveAtTheSameTime) {
     }
 }
 
+TEST_P(MovingWindowsUnder, WindowsThatShareAPlaceEachArriveOnTheirOwn) {
+    const Rect place{{1400, 200}, {300, 200}};
+    std::vector<xcb_window_t> clients;
+    std::vector<CapturedWindow> windows;
+    for (const char* title : {"one", "two", "three", "four", "five", "six"}) {
+        clients.push_back(m_desk.probe.show({.title = title, .area = {{50, 50}, {280, 160}}}));
+        windows.push_back(captured(title));
+        ASSERT_TRUE(move(windows.back(), {{100, 100}, place.size}));
+    }
+    std::vector<std::jthread> workers;
+    for (const auto& window : windows) {
+        workers.emplace_back([&] {
+            EXPECT_TRUE(moveTo(window, place.origin));
+            EXPECT_EQ(window.element->read(AttributeGroup::frame).frame(), place);
+        });
+    }
+}
+
 TEST_P(MovingWindowsUnder, RaisedWindowsLieInTheOrderOfTheirRaisesAndTheFocusStays) {
     std::vector<xcb_window_t> clients;
     for (const char* title : {"one", "two", "three", "four"}) {

@@ -16,7 +16,7 @@ WindowChangeWatch::WindowChangeWatch(X11Connection& connection, std::optional<Ar
                                        notice(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
                                    })),
       m_selection(connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY)) {
-    selectHolderEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    selectClientEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     const std::lock_guard lock(m_mutex);
     m_isLost = m_isLost || !connection.isConnected();
 }
@@ -24,33 +24,48 @@ WindowChangeWatch::WindowChangeWatch(X11Connection& connection, std::optional<Ar
 WindowChangeWatch::~WindowChangeWatch() {
     m_changes.reset();
     m_loss.reset();
-    selectHolderEvents(XCB_EVENT_MASK_NO_EVENT);
+    selectClientEvents(XCB_EVENT_MASK_NO_EVENT);
 }
 
-void WindowChangeWatch::selectHolderEvents(std::uint32_t mask) {
-    // The root's are selected already. The client itself is left alone: its selection is its mark.
+void WindowChangeWatch::selectClientEvents(std::uint32_t mask) {
+    // The root's are selected already. The client's mark is a selection of the other connection.
     if (m_arrival && m_arrival->clientSize && m_arrival->holder != m_connection.root()) {
-        xcb_change_window_attributes(m_connection.xcb(), m_arrival->holder, XCB_CW_EVENT_MASK, &mask);
+        xcb_change_window_attributes(m_connection.xcb(), m_arrival->client, XCB_CW_EVENT_MASK, &mask);
     }
 }
 
 void WindowChangeWatch::notice(const xcb_configure_notify_event_t& change) {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     m_lastMove = std::chrono::steady_clock::now();
     if (m_arrival) {
-        const double border = 2.0 * change.border_width;
-        const Size size{static_cast<double>(change.width), static_cast<double>(change.height)};
-        const Rect area{{static_cast<double>(change.x), static_cast<double>(change.y)},
-                        {size.width + border, size.height + border}};
-        m_isInPlace = m_isInPlace || (change.event == m_connection.root() && area == m_arrival->outerArea);
-        m_hasSize = m_hasSize || !m_arrival->clientSize ||
-                    (change.window == m_arrival->client && size == *m_arrival->clientSize);
-        if (!m_isInPlace || !m_hasSize) {
-            return;
-        }
+        noticeArrival(change, *m_arrival);
+    } else {
+        m_hasChanged = true;
     }
-    m_hasChanged = true;
-    m_wake.notify_one();
+    if (m_hasChanged) {
+        // The one that wakes needs the mutex at once.
+        lock.unlock();
+        m_wake.notify_one();
+    }
+}
+
+void WindowChangeWatch::noticeArrival(const xcb_configure_notify_event_t& change, const Arrival& expected) {
+    constexpr std::uint8_t sentByAClient = 0x80;
+    if ((change.response_type & sentByAClient) != 0) {
+        // What the window manager tells the program; it may not have done it yet.
+        return;
+    }
+    const double border = 2.0 * change.border_width;
+    const Size size{static_cast<double>(change.width), static_cast<double>(change.height)};
+    const Rect area{{static_cast<double>(change.x), static_cast<double>(change.y)},
+                    {size.width + border, size.height + border}};
+    if (change.event == m_connection.root() && area == expected.outerArea) {
+        const bool isFrame = change.window == expected.holder || change.window == expected.client;
+        m_inPlace = isFrame ? Sighting::certain : std::max(m_inPlace, Sighting::likely);
+    }
+    m_hasSize = m_hasSize || !expected.clientSize ||
+                (change.window == expected.client && size == *expected.clientSize);
+    m_hasChanged = m_inPlace != Sighting::none && m_hasSize;
 }
 
 bool WindowChangeWatch::await(std::chrono::steady_clock::time_point deadline) {
@@ -59,14 +74,15 @@ bool WindowChangeWatch::await(std::chrono::steady_clock::time_point deadline) {
     return std::exchange(m_hasChanged, false) && !m_isLost;
 }
 
-bool WindowChangeWatch::awaitWhileBusy(std::chrono::milliseconds quiet,
-                                       std::chrono::steady_clock::time_point deadline) {
+WindowChangeWatch::Sighting
+WindowChangeWatch::awaitWhileBusy(std::chrono::milliseconds quiet,
+                                  std::chrono::steady_clock::time_point deadline) {
     std::unique_lock lock(m_mutex);
     const auto giveUp = [&] { return std::min(deadline, m_lastMove + quiet); };
     while (!m_hasChanged && !m_isLost && std::chrono::steady_clock::now() < giveUp()) {
         m_wake.wait_until(lock, giveUp());
     }
-    return std::exchange(m_hasChanged, false) && !m_isLost;
+    return m_hasChanged && !m_isLost ? m_inPlace : Sighting::none;
 }
 
 } // namespace vantrel

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
 #include <optional>
 #include <xcb/xcb.h>
@@ -21,10 +22,17 @@ public:
         // A top-level window, the frame, comes to fill exactly this.
         Rect outerArea;
         xcb_window_t client = XCB_WINDOW_NONE;
-        // The window that holds the client; the root or the frame.
+        // The window that holds the client: the root, the frame, or something inside the frame.
         xcb_window_t holder = XCB_WINDOW_NONE;
         // The client gets this size; absent when it is not to change.
         std::optional<Size> clientSize;
+    };
+
+    enum class Sighting : std::uint8_t {
+        none,
+        // A window came to the place; whether it is the frame of the awaited one is not known.
+        likely,
+        certain,
     };
 
     // Wakes on any move of a top-level window, or only when all of `arrival` has happened.
@@ -37,19 +45,20 @@ public:
     // the connection is lost.
     [[nodiscard]] bool await(std::chrono::steady_clock::time_point deadline);
 
-    // The same, but gives up earlier: once no window at all has moved for `quiet`.
-    [[nodiscard]] bool awaitWhileBusy(std::chrono::milliseconds quiet,
-                                      std::chrono::steady_clock::time_point deadline);
+    // Waits for the arrival, but gives up earlier: once no window at all has moved for `quiet`.
+    [[nodiscard]] Sighting awaitWhileBusy(std::chrono::milliseconds quiet,
+                                          std::chrono::steady_clock::time_point deadline);
 
 private:
     void notice(const xcb_configure_notify_event_t& change);
-    void selectHolderEvents(std::uint32_t mask);
+    void noticeArrival(const xcb_configure_notify_event_t& change, const Arrival& expected);
+    void selectClientEvents(std::uint32_t mask);
 
     X11Connection& m_connection;
     std::optional<Arrival> m_arrival;
     std::mutex m_mutex;
     std::condition_variable m_wake;
-    bool m_isInPlace = false;
+    Sighting m_inPlace = Sighting::none;
     bool m_hasSize = false;
     bool m_hasChanged = false;
     bool m_isLost = false;

@@ -106,6 +106,8 @@ std::optional<WindowFacts> WindowMove::lookWhenWorkedOff(const IsDone& isDone) {
 
 std::optional<WindowFacts> WindowMove::waitUntil(const IsDone& isDone) {
     WindowChangeWatch watch(*m_desk.connection);
+    // A look at once could precede the selection of events: they go over different connections.
+    m_connection.synchronize();
     auto facts = look();
     while (facts && !isDone(*facts) && watch.await(m_deadline)) {
         facts = look();
@@ -135,9 +137,12 @@ bool WindowMove::moveOrdinary(const FrameTarget& target, const WindowFacts& befo
         WindowChangeWatch watch(*m_desk.connection, arrival(request, *facts));
         ClientMessage::moveResize(m_connection, m_window, request);
         xcb_flush(m_connection.xcb());
-        const bool isSeen = watch.awaitWhileBusy(usualDelay, m_deadline);
-        facts = isSeen ? look() : std::nullopt;
-        if (!isSeen || (facts && !hasArrived(*facts))) {
+        const auto sighting = watch.awaitWhileBusy(usualDelay, m_deadline);
+        if (sighting == WindowChangeWatch::Sighting::certain) {
+            return true;
+        }
+        facts = sighting == WindowChangeWatch::Sighting::likely ? look() : std::nullopt;
+        if (sighting == WindowChangeWatch::Sighting::none || (facts && !hasArrived(*facts))) {
             facts = lookWhenWorkedOff(hasArrived);
         }
         if (!facts || hasArrived(*facts)) {

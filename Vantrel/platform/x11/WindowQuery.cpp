@@ -91,7 +91,7 @@ std::optional<WindowType> windowType(std::span<const std::uint32_t> types, const
 
 WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, WindowScope scope)
     : m_connection(&connection), m_window(window), m_scope(scope) {
-    xcb_connection_t* const xcb = connection.xcb();
+    xcb_connection_t* const xcb = connection.questions();
     const X11Atoms& atoms = connection.atoms();
     const auto ask = [&](Property property, xcb_atom_t atom, std::uint32_t words) {
         m_properties[property] = xcb_get_property(xcb, 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, words);
@@ -104,6 +104,7 @@ WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, W
     if (scope == WindowScope::placement) {
         m_tree = xcb_query_tree(xcb, window);
     }
+    // The properties come last, in the order of their enumeration; see collect.
     if (scope >= WindowScope::placement) {
         ask(state, atoms.netWmState, listWords);
     }
@@ -132,7 +133,7 @@ WindowQuery::~WindowQuery() {
     if (m_isCollected) {
         return;
     }
-    xcb_connection_t* const xcb = m_connection->xcb();
+    xcb_connection_t* const xcb = m_connection->questions();
     xcb_discard_reply(xcb, m_attributes.sequence);
     xcb_discard_reply(xcb, m_geometry.sequence);
     xcb_discard_reply(xcb, m_origin.sequence);
@@ -147,22 +148,23 @@ WindowQuery::~WindowQuery() {
 }
 
 std::optional<WindowFacts> WindowQuery::collect() {
-    xcb_connection_t* const xcb = m_connection->xcb();
+    xcb_connection_t* const xcb = m_connection->questions();
     const X11Atoms& atoms = m_connection->atoms();
     m_isCollected = true;
-    const auto attributes = ownReply(xcb_get_window_attributes_reply(xcb, m_attributes, nullptr));
-    const auto geometry = ownReply(xcb_get_geometry_reply(xcb, m_geometry, nullptr));
-    const auto origin = ownReply(xcb_translate_coordinates_reply(xcb, m_origin, nullptr));
-    XcbReply<xcb_query_tree_reply_t> tree;
-    if (m_tree.sequence != 0) {
-        tree = ownReply(xcb_query_tree_reply(xcb, m_tree, nullptr));
-    }
+    // In the reverse of the order in which they were sent.
     std::array<PropertyValues::Reply, propertyCount> replies;
-    for (std::size_t i = 0; i < propertyCount; ++i) {
+    for (std::size_t i = propertyCount; i-- > 0;) {
         if (m_properties[i].sequence != 0) {
-            replies[i] = ownReply(xcb_get_property_reply(xcb, m_properties[i], nullptr));
+            replies[i] = takeReply<xcb_get_property_reply_t>(xcb, m_properties[i].sequence);
         }
     }
+    XcbReply<xcb_query_tree_reply_t> tree;
+    if (m_tree.sequence != 0) {
+        tree = takeReply<xcb_query_tree_reply_t>(xcb, m_tree.sequence);
+    }
+    const auto origin = takeReply<xcb_translate_coordinates_reply_t>(xcb, m_origin.sequence);
+    const auto geometry = takeReply<xcb_get_geometry_reply_t>(xcb, m_geometry.sequence);
+    const auto attributes = takeReply<xcb_get_window_attributes_reply_t>(xcb, m_attributes.sequence);
     if (!attributes || !geometry || !origin) {
         return std::nullopt;
     }

@@ -10,6 +10,7 @@
 #include <mutex>
 #include <pthread.h>
 #include <sys/socket.h>
+#include <tuple>
 #include <utility>
 #include <vector>
 #include <xcb/randr.h>
@@ -154,18 +155,22 @@ X11Connection::open(const std::string& displayName) {
     if (std::signal(SIGPIPE, SIG_IGN) == SIG_ERR) {
         return std::unexpected("The signal SIGPIPE cannot be ignored.");
     }
+    const char* const name = displayName.empty() ? nullptr : displayName.c_str();
     int screenNumber = 0;
-    xcb_connection_t* xcb = xcb_connect(displayName.empty() ? nullptr : displayName.c_str(), &screenNumber);
+    xcb_connection_t* xcb = xcb_connect(name, &screenNumber);
+    xcb_connection_t* questions = xcb_connect(name, nullptr);
     const auto fail = [&] {
         const int error = xcb_connection_has_error(xcb);
+        xcb_disconnect(questions);
         xcb_disconnect(xcb);
         return std::unexpected(connectionError(error, displayName));
     };
-    if (xcb_connection_has_error(xcb) != 0) {
+    if (xcb_connection_has_error(xcb) != 0 || xcb_connection_has_error(questions) != 0) {
         return fail();
     }
     xcb_prefetch_extension_data(xcb, &xcb_randr_id);
     xcb_prefetch_extension_data(xcb, &xcb_res_id);
+    xcb_prefetch_extension_data(questions, &xcb_res_id);
     const auto atoms = X11Atoms::intern(xcb);
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(xcb));
     for (; screenNumber > 0 && screens.rem > 1; --screenNumber) {
@@ -175,13 +180,14 @@ X11Connection::open(const std::string& displayName) {
         return fail();
     }
     const Extensions extensions = queryExtensions(xcb);
-    std::shared_ptr<X11Connection> connection(new X11Connection(xcb, *screens.data, *atoms, extensions));
+    std::shared_ptr<X11Connection> connection(
+        new X11Connection(xcb, questions, *screens.data, *atoms, extensions));
     return connection;
 }
 
-X11Connection::X11Connection(xcb_connection_t* xcb, const xcb_screen_t& screen, const X11Atoms& atoms,
-                             const Extensions& extensions)
-    : m_xcb(xcb), m_screen(screen), m_atoms(atoms), m_extensions(extensions),
+X11Connection::X11Connection(xcb_connection_t* xcb, xcb_connection_t* questions, const xcb_screen_t& screen,
+                             const X11Atoms& atoms, const Extensions& extensions)
+    : m_xcb(xcb), m_questions(questions), m_screen(screen), m_atoms(atoms), m_extensions(extensions),
       m_shared(std::make_shared<Shared>()) {
     m_shared->xcb = xcb;
     m_shared->root = screen.root;
@@ -195,7 +201,17 @@ X11Connection::~X11Connection() {
     m_thread.join();
     const std::lock_guard lock(m_shared->rootMutex);
     m_shared->xcb = nullptr;
+    xcb_disconnect(m_questions);
     xcb_disconnect(m_xcb);
+}
+
+void X11Connection::synchronize() const {
+    std::ignore = ownReply(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr));
+}
+
+void X11Connection::forgetUnasked() const {
+    while (ownReply(xcb_poll_for_queued_event(m_questions))) {
+    }
 }
 
 Registration X11Connection::onEvent(std::uint8_t type, EventHandler handler) {

@@ -44,6 +44,18 @@ public:
     // Owned by this object. Events are read by its own thread alone.
     [[nodiscard]] xcb_connection_t* xcb() const { return m_xcb; }
 
+    // A second connection to the same server, without events, for questions that many threads ask at the same
+    // time: in xcb 1.15 a thread that waits for an answer and one that waits for events keep waking each
+    // other. The server may take up what is sent to one before what was sent earlier to the other; who needs
+    // an order waits for an event or an answer in between. Event selections count for one of them only.
+    [[nodiscard]] xcb_connection_t* questions() const { return m_questions; }
+
+    // Returns once the server has taken up everything that was sent to the first connection.
+    void synchronize() const;
+
+    // Throws away what the server sent to the second connection beside answers.
+    void forgetUnasked() const;
+
     [[nodiscard]] const xcb_screen_t& screen() const { return m_screen; }
 
     [[nodiscard]] xcb_window_t root() const { return m_screen.root; }
@@ -52,7 +64,9 @@ public:
 
     [[nodiscard]] const Extensions& extensions() const { return m_extensions; }
 
-    [[nodiscard]] bool isConnected() const { return xcb_connection_has_error(m_xcb) == 0; }
+    [[nodiscard]] bool isConnected() const {
+        return xcb_connection_has_error(m_xcb) == 0 && xcb_connection_has_error(m_questions) == 0;
+    }
 
     // Calls `handler` for every event of the given type (without the send-event bit; extensions: first event
     // plus number) as long as the registration lives. Handlers run on the event thread, one after another,
@@ -70,12 +84,13 @@ public:
 private:
     struct Shared;
 
-    X11Connection(xcb_connection_t* xcb, const xcb_screen_t& screen, const X11Atoms& atoms,
-                  const Extensions& extensions);
+    X11Connection(xcb_connection_t* xcb, xcb_connection_t* questions, const xcb_screen_t& screen,
+                  const X11Atoms& atoms, const Extensions& extensions);
 
     void readEvents();
 
     xcb_connection_t* m_xcb;
+    xcb_connection_t* m_questions;
     xcb_screen_t m_screen;
     X11Atoms m_atoms;
     Extensions m_extensions;

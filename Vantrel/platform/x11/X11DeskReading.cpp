@@ -26,7 +26,7 @@ using Pids = std::map<std::uint32_t, std::int32_t>;
 
 // The part of a window id that names the client which created it.
 std::uint32_t clientOf(const X11Connection& connection, xcb_window_t window) {
-    return window & ~xcb_get_setup(connection.xcb())->resource_id_mask;
+    return window & ~xcb_get_setup(connection.questions())->resource_id_mask;
 }
 
 std::vector<xcb_window_t> windowList(const PropertyValues::Reply& reply) {
@@ -49,7 +49,7 @@ struct Root {
     PropertyValues::Reply supported;
 
     explicit Root(const X11Connection& connection) {
-        xcb_connection_t* const xcb = connection.xcb();
+        xcb_connection_t* const xcb = connection.questions();
         const X11Atoms& atoms = connection.atoms();
         const auto ask = [&](xcb_atom_t property, xcb_atom_t type, std::uint32_t words) {
             return xcb_get_property(xcb, 0, connection.root(), property, type, 0, words);
@@ -82,12 +82,13 @@ xcb_res_query_client_ids_cookie_t askPids(const X11Connection& connection,
             specs.push_back({.client = window, .mask = XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID});
         }
     }
-    return xcb_res_query_client_ids(connection.xcb(), static_cast<std::uint32_t>(specs.size()), specs.data());
+    return xcb_res_query_client_ids(connection.questions(), static_cast<std::uint32_t>(specs.size()),
+                                    specs.data());
 }
 
 Pids collectPids(const X11Connection& connection, xcb_res_query_client_ids_cookie_t cookie) {
     Pids pids;
-    const auto reply = ownReply(xcb_res_query_client_ids_reply(connection.xcb(), cookie, nullptr));
+    const auto reply = ownReply(xcb_res_query_client_ids_reply(connection.questions(), cookie, nullptr));
     if (!reply) {
         return pids;
     }
@@ -113,7 +114,7 @@ std::int32_t ownerOf(const X11Connection& connection, xcb_window_t window, const
     if (const auto known = pids.find(client); known != pids.end()) {
         return known->second;
     }
-    const int shift = std::popcount(xcb_get_setup(connection.xcb())->resource_id_mask);
+    const int shift = std::popcount(xcb_get_setup(connection.questions())->resource_id_mask);
     return -1 - static_cast<std::int32_t>(client >> shift & 0x7ffffffe);
 }
 
@@ -129,8 +130,8 @@ bool isOnScreen(const WindowFacts& facts, const std::optional<std::uint32_t>& cu
 
 // Bottom to top, as they lie on the root.
 std::vector<xcb_window_t> topLevelWindows(const X11Connection& connection) {
-    const auto tree = ownReply(
-        xcb_query_tree_reply(connection.xcb(), xcb_query_tree(connection.xcb(), connection.root()), nullptr));
+    const auto tree = ownReply(xcb_query_tree_reply(
+        connection.questions(), xcb_query_tree(connection.questions(), connection.root()), nullptr));
     if (!tree) {
         return {};
     }
@@ -153,11 +154,12 @@ bool isSameApp(const RunningApp& a, const RunningApp& b) {
 
 X11DeskReading::X11DeskReading(std::shared_ptr<X11Desk> desk) : m_desk(std::move(desk)) {
     const X11Connection& connection = *m_desk->connection;
+    connection.forgetUnasked();
     const Root root(connection);
     const auto checked = PropertyValues::number(root.check, XCB_ATOM_WINDOW).value_or(connection.root());
     const auto checkCookie = WindowManager::askCheck(connection, checked);
     readWindows(root.stacking, root.currentDesktop);
-    const auto check = ownReply(xcb_get_property_reply(connection.xcb(), checkCookie, nullptr));
+    const auto check = ownReply(xcb_get_property_reply(connection.questions(), checkCookie, nullptr));
     const auto windowManager = WindowManager::from(root.check, check, root.supported, connection.atoms());
     if (!windowManager.isPresent) {
         // The lists are missing or left over.
@@ -184,7 +186,7 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
         queries.emplace_back(connection, id, WindowScope::capture);
     }
     // xcb sends in portions, and would keep the last one back until it is waited for: a round trip more.
-    xcb_flush(connection.xcb());
+    xcb_flush(connection.questions());
     const Pids pids = pidsCookie ? collectPids(connection, *pidsCookie) : Pids{};
     m_stacking.clear();
     m_stacking.reserve(ids.size());
@@ -199,7 +201,7 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
         const auto [mark, mustSelect] = m_desk->marks.assign(window.id, window.facts.isMarked, asked);
         window.mark = mark;
         if (mustSelect) {
-            xcb_change_window_attributes(connection.xcb(), window.id, XCB_CW_EVENT_MASK,
+            xcb_change_window_attributes(connection.questions(), window.id, XCB_CW_EVENT_MASK,
                                          &WindowMarks::eventMask);
         }
         const auto identity = m_desk->desktopEntries.identify(window.facts.evidence);
@@ -210,7 +212,7 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
         window.isOnScreen = isOnScreen(window.facts, currentDesktop);
         m_stacking.push_back(std::move(window));
     }
-    xcb_flush(connection.xcb());
+    xcb_flush(connection.questions());
     m_desk->marks.keepOnly(ids, asked);
 }
 

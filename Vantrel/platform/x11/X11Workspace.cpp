@@ -100,6 +100,8 @@ void X11Workspace::setLaunchHandler(std::function<void(const RunningApp&)> handl
             }
         });
     m_selection = m_desk->connection->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    // What the look does not see any more must be reported.
+    connection.synchronize();
     look();
 }
 

@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 #include <memory>
+#include <xcb/xcb.h>
+#include <xcb/xcbext.h>
 
 namespace vantrel {
 
@@ -17,6 +19,21 @@ using XcbReply = std::unique_ptr<T, FreeDeleter>;
 template <typename T>
 [[nodiscard]] XcbReply<T> ownReply(T* reply) {
     return XcbReply<T>(reply);
+}
+
+// The answer to a request; waits for it only when it has not been read yet.
+//
+// xcb 1.15 wakes another waiting thread whenever one has waited, also where the answer lay ready: of requests
+// that were sent together, take the last one's answer first.
+template <typename T>
+[[nodiscard]] XcbReply<T> takeReply(xcb_connection_t* xcb, unsigned int sequence) {
+    void* reply = nullptr;
+    xcb_generic_error_t* error = nullptr;
+    if (xcb_poll_for_reply(xcb, sequence, &reply, &error) == 0) {
+        reply = xcb_wait_for_reply(xcb, sequence, &error);
+    }
+    std::free(error);
+    return XcbReply<T>(static_cast<T*>(reply));
 }
 
 } // namespace vantrel
