@@ -29,7 +29,7 @@ const char* sourceName(RestoreSource source) {
 
 std::expected<std::unique_ptr<AppController>, std::error_code>
 AppController::create(const ControllerPorts& ports, FileSystem& files, AppLog& log, Options options) {
-    auto stores = ControllerStores::open(options.supportDirectory, files);
+    auto stores = ControllerStores::open(options.supportDirectory, files, ports.clock);
     if (!stores) {
         return std::unexpected(stores.error());
     }
@@ -41,9 +41,9 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
                              Options options)
     : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts, m_stores.scenes),
       m_history(m_context, m_stores), m_learning(m_context), m_runner(m_context, m_history),
-      m_pinned(m_context, m_runner), m_undo(m_context, m_runner),
-      m_displayChange(m_context, m_learning, m_runner), m_sleepWake(m_context, m_runner),
-      m_scenes(m_context) {
+      m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
+      m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
+      m_sleepWake(m_context, m_runner), m_scenes(m_context) {
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
@@ -77,6 +77,7 @@ void AppController::startEngine() {
 }
 
 void AppController::tick() {
+    m_stashes.dropExpired();
     m_learning.snapshotIfChanged();
     if (published().hasPermission && !m_context.ports.accessibility.isTrusted()) {
         // Taken away while running.

@@ -4,12 +4,14 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
+#include "Vantrel/controller/LayoutFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
 #include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/SceneFlow.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
+#include "Vantrel/controller/StashFlow.h"
 #include "Vantrel/controller/UndoFlow.h"
 
 #include <expected>
@@ -79,6 +81,12 @@ public:
 
     // The user's scenes; what is stored is published.
     [[nodiscard]] SceneFlow& scenes() { return m_scenes; }
+    // What the last restore or switch can be undone with.
+    [[nodiscard]] UndoFlow& undo() { return m_undo; }
+    // The named layouts of this desk.
+    [[nodiscard]] LayoutFlow& layouts() { return m_layouts; }
+    // Desks put aside; what is stored is published.
+    [[nodiscard]] StashFlow& stashes() { return m_stashes; }
 
     // What the restores of the last days did.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
@@ -115,6 +123,8 @@ private:
     RestoreRunner m_runner;
     PinnedFlow m_pinned;
     UndoFlow m_undo;
+    LayoutFlow m_layouts;
+    StashFlow m_stashes;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
     SceneFlow m_scenes;

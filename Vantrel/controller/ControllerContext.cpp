@@ -1,6 +1,7 @@
 #include "Vantrel/controller/ControllerContext.h"
 
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/LayoutTranslation.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <algorithm>
@@ -94,6 +95,12 @@ std::optional<Layout> ControllerContext::layoutToRestore() {
         return std::nullopt;
     }
     return RuleApplication::apply(store.rules(), active->withoutGhosts(), state().displays);
+}
+
+Layout ControllerContext::fittedToDesk(const Layout& layout) {
+    return RuleApplication::apply(
+        store.rules(), LayoutTranslation::onto(layout.withoutGhosts(), state().configID, state().displays),
+        state().displays);
 }
 
 Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,

@@ -85,6 +85,9 @@ public:
 
     // The active layout of the current desk with the user's rules applied; none when there is none.
     [[nodiscard]] std::optional<Layout> layoutToRestore();
+    // Any layout as one to be restored on the current desk: brought onto its displays, with the user's rules
+    // applied.
+    [[nodiscard]] Layout fittedToDesk(const Layout& layout);
     // The layout that a capture of the current desk makes. A name that the user gave the desk stays.
     [[nodiscard]] Layout layoutOf(const DeskCapture::Picture& picture,
                                   const std::vector<DisplayInfo>& displays);

@@ -5,7 +5,7 @@
 namespace vantrel {
 
 std::expected<ControllerStores, std::error_code>
-ControllerStores::open(const std::filesystem::path& directory, FileSystem& files) {
+ControllerStores::open(const std::filesystem::path& directory, FileSystem& files, Clock& clock) {
     std::error_code failure;
     // The first failure is the one that is told.
     const auto opened = [&](auto store) {
@@ -21,6 +21,7 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
     auto usage = opened(openUsageStats(directory, files));
     auto reliability = opened(AppReliabilityStore::open(directory, files));
     auto sizeBehavior = opened(AppSizeBehaviorStore::open(directory, files));
+    auto stashes = opened(StashStore::open(directory, files, clock));
     if (failure) {
         return std::unexpected(failure);
     }
@@ -30,7 +31,8 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
                             .receipts = std::move(*receipts),
                             .usage = std::move(*usage),
                             .reliability = std::move(*reliability),
-                            .sizeBehavior = std::move(*sizeBehavior)};
+                            .sizeBehavior = std::move(*sizeBehavior),
+                            .stashes = std::move(*stashes)};
 }
 
 } // namespace vantrel

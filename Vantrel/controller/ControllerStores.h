@@ -7,6 +7,7 @@
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
+#include "VantrelCore/stores/StashStore.h"
 #include "VantrelCore/stores/UsageStatsStore.h"
 
 #include <expected>
@@ -23,10 +24,11 @@ struct ControllerStores {
     UsageStatsStore usage;
     AppReliabilityStore reliability;
     AppSizeBehaviorStore sizeBehavior;
+    StashStore stashes;
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<ControllerStores, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files);
+    open(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
 };
 
 } // namespace vantrel

@@ -9,6 +9,11 @@ const Layout* PublishedState::activeLayout() const {
     return found == currentLayouts.end() ? nullptr : &*found;
 }
 
+const Stash* PublishedState::activeStash() const {
+    const auto found = std::ranges::find(stashes, configID, &Stash::configID);
+    return found == stashes.end() ? nullptr : &*found;
+}
+
 const UndoSlot* PublishedState::applicableUndo() const {
     return undoSlot && undoSlot->configID == configID ? &*undoSlot : nullptr;
 }

@@ -6,6 +6,7 @@
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/RestoreReceipts.h"
 #include "VantrelCore/model/Scene.h"
+#include "VantrelCore/model/Stash.h"
 #include "VantrelCore/model/UndoSlot.h"
 #include "VantrelCore/model/UsageStats.h"
 #include "VantrelCore/windows/RestoreReport.h"
@@ -58,6 +59,10 @@ struct PublishedState {
     UsageStats usage;
     // None before the first restore of this run.
     std::optional<LastAction> lastAction;
+    // The desks put aside, newest first.
+    std::vector<Stash> stashes;
+    // Counts their changes.
+    std::int64_t stashesVersion = 0;
     // What undo would bring back, on the slot's desk; none when there is nothing to undo.
     std::optional<UndoSlot> undoSlot;
     std::string version;
@@ -67,6 +72,8 @@ struct PublishedState {
     // The windows remembered in the active layout of the current desk, none without such a layout.
     [[nodiscard]] std::optional<std::int64_t> windowsLearned() const;
     [[nodiscard]] const Layout* activeLayout() const;
+    // The newest stash of the current desk.
+    [[nodiscard]] const Stash* activeStash() const;
     // The undo slot when it is about the current desk.
     [[nodiscard]] const UndoSlot* applicableUndo() const;
     // The scene last applied on the current desk; null when there is none or it was deleted.

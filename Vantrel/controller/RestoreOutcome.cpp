@@ -25,6 +25,16 @@ std::string RestoreOutcome::text() const {
         return "The displays are changing. Try again when they have settled.";
     case Kind::nothingStored:
         return "Nothing is remembered for this desk yet.";
+    case Kind::noSuchLayout:
+        return "There is no layout of that name.";
+    case Kind::noSuchStash:
+        return "That stash no longer exists.";
+    case Kind::emptyLayout:
+        return "It holds no window.";
+    case Kind::restoreInFlight:
+        return "A restore is running. Try again when it has finished.";
+    case Kind::writeFailed:
+        return "It could not be written to disk. Nothing was changed.";
     case Kind::nothingToUndo:
         return "There is nothing to undo.";
     case Kind::undoElsewhere:

@@ -21,6 +21,13 @@ struct RestoreOutcome {
         notEntitled,
         displaysChanging,
         nothingStored,
+        // What was asked for does not exist any more, or holds no window.
+        noSuchLayout,
+        noSuchStash,
+        emptyLayout,
+        // A restore runs, and this one may not wait for it.
+        restoreInFlight,
+        writeFailed,
         nothingToUndo,
         // The last restore was on another desk and can be undone there.
         undoElsewhere,

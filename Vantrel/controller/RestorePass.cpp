@@ -9,7 +9,7 @@ namespace vantrel::RestorePass {
 
 Result run(const Task& task, Accessibility& accessibility, Clock& clock, Background& background) {
     const RestoreRequest& request = task.request;
-    if (request.trigger == RestoreTrigger::automatic) {
+    if (request.trigger == RestoreTrigger::automatic || request.awaitsQuiet) {
         // The window manager answers a display change by moving windows itself, after the displays settled.
         accessibility.awaitQuiet();
     }

@@ -37,6 +37,10 @@ struct RestoreRequest {
     // If any, called on the main thread when its turn has come, before anything is read or moved; may still
     // change what is restored, but not the desk.
     std::function<void(RestoreRequest&)> prepare = {};
+    // The window system is to work off first what it has been asked for.
+    bool awaitsQuiet = false;
+    // If any, called when an undo has taken this restore back.
+    std::function<void()> undone = {};
     // If any, told what came of it.
     RestoreOutcome::Done done = {};
 

@@ -20,6 +20,10 @@ std::string SaveOutcome::text() const {
         return "The license does not allow it.";
     case Kind::nothingToSave:
         return "There is no window to remember on this desk.";
+    case Kind::invalidName:
+        return "A layout needs a name of at most 60 characters.";
+    case Kind::pinned:
+        return "That layout is pinned. Unpin it first.";
     case Kind::writeFailed:
         return "The layout could not be written to disk. Nothing was changed.";
     }

@@ -17,6 +17,10 @@ struct SaveOutcome {
         notEntitled,
         // The desk shows no window that could be remembered; what is stored stays.
         nothingToSave,
+        // The name is empty or too long.
+        invalidName,
+        // A layout of that name is stored, and pinned.
+        pinned,
         writeFailed,
     };
 

@@ -3,6 +3,7 @@
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <utility>
 
 namespace vantrel {
@@ -15,8 +16,12 @@ UndoFlow::UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_contex
 
 void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
     if (!result.before) {
+        const auto undone = m_slot ? m_slot->undone : nullptr;
         m_latest.reset();
         setSlot(std::nullopt);
+        if (undone) {
+            undone();
+        }
         return;
     }
     const RestorePass::Before& before = *result.before;
@@ -27,11 +32,12 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
                                 .date = before.takenAt,
                                 .hiddenBundleIDs = {}},
                        .handles = {},
-                       .raising = request.raising};
+                       .raising = request.raising,
+                       .undone = request.undone};
     for (const CurrentWindow& window : before.windows) {
         m_latest->handles.push_back(window.handle);
     }
-    if (!result.changedNothing) {
+    if (!result.changedNothing || request.undone) {
         setSlot(m_latest);
     }
 }
@@ -73,15 +79,10 @@ bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
                            .reason = "",
                            .purpose = RestorePurpose::undo,
                            .announcement = Announcement::announce,
-                           .prepare =
-                               [this](RestoreRequest& due) {
-                                   if (m_slot && m_slot->slot.configID == due.layout.configID) {
-                                       fill(due);
-                                   }
-                               },
+                           .prepare = [this](RestoreRequest& due) { prepare(due); },
                            .done =
                                [this, done](const RestoreOutcome& outcome) {
-                                   m_isUndoing = false;
+                                   finish(outcome);
                                    if (done) {
                                        done(outcome);
                                    }
@@ -89,6 +90,25 @@ bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
     fill(request);
     m_runner.perform(std::move(request));
     return true;
+}
+
+void UndoFlow::prepare(RestoreRequest& request) {
+    if (!m_slot || m_slot->slot.configID != request.layout.configID) {
+        return;
+    }
+    fill(request);
+    for (const std::string& bundleID : m_slot->slot.hiddenBundleIDs) {
+        m_unhidden += m_context.ports.workspace.unhide(bundleID) ? 1 : 0;
+    }
+    request.awaitsQuiet = m_unhidden > 0;
+}
+
+void UndoFlow::finish(const RestoreOutcome& outcome) {
+    m_isUndoing = false;
+    const std::size_t unhidden = std::exchange(m_unhidden, 0);
+    if (outcome.kind == RestoreOutcome::Kind::finished && unhidden > 0) {
+        m_context.log(fmt::format("undo un-hid {} app(s) the change had hidden", unhidden));
+    }
 }
 
 // Once when asked and once when its turn comes: what a restore did that ran meanwhile is undone too.

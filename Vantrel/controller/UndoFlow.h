@@ -5,6 +5,8 @@
 #include "Vantrel/controller/RestoreRunner.h"
 #include "VantrelCore/model/UndoSlot.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,10 +32,14 @@ private:
         std::vector<AXWindowHandle> handles;
         // As the restore did, so that undo leaves alone what the restore left alone.
         RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
+        // What the restore wants done besides.
+        std::function<void()> undone;
     };
 
     void remember(const RestoreRequest& request, const RestorePass::Result& result);
     void fill(RestoreRequest& request);
+    void prepare(RestoreRequest& request);
+    void finish(const RestoreOutcome& outcome);
     void setSlot(std::optional<Picture> picture);
 
     ControllerContext& m_context;
@@ -43,6 +49,8 @@ private:
     // Before the last restore that changed anything.
     std::optional<Picture> m_slot;
     bool m_isUndoing = false;
+    // Applications that the undo under way has shown again.
+    std::size_t m_unhidden = 0;
 };
 
 } // namespace vantrel

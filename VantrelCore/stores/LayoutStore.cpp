@@ -116,6 +116,20 @@ void LayoutStore::rename(const std::string& configID, const std::string& /*layou
     std::ignore = m_file.write(std::move(file));
 }
 
+bool LayoutStore::renameLayout(const std::string& configID, const std::string& layoutName,
+                               const std::string& newName) {
+    StoreFile file = m_file.load();
+    const auto found = std::ranges::find_if(file.layouts, isLayout(configID, layoutName));
+    if (found == file.layouts.end() || std::ranges::any_of(file.layouts, isLayout(configID, newName))) {
+        return false;
+    }
+    found->layoutName = newName;
+    if (activeName(file, configID) == layoutName) {
+        setActiveName(file, configID, newName);
+    }
+    return m_file.write(std::move(file));
+}
+
 std::string LayoutStore::activeLayoutName(const std::string& configID) {
     return activeName(m_file.load(), configID);
 }

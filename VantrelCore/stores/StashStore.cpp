@@ -34,10 +34,14 @@ StashStore::StashStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 std::expected<StashStore, std::error_code> StashStore::open(const std::filesystem::path& directory,
                                                             FileSystem& files, Clock& clock) {
     const auto dropExpired = [&clock](StoreFile& file) {
-        const Date cutoff = clock.now() - std::chrono::days{retentionDays};
-        std::erase_if(file.stashes, [&](const Stash& stash) { return stash.createdAt < cutoff; });
+        std::erase_if(file.stashes,
+                      [now = clock.now()](const Stash& stash) { return hasExpired(stash, now); });
     };
     return JsonStore<StoreFile>::openAs<StashStore>(directory, "stashes.json", files, dropExpired);
+}
+
+bool StashStore::hasExpired(const Stash& stash, Date now) {
+    return stash.createdAt < now - std::chrono::days{retentionDays};
 }
 
 std::vector<Stash> StashStore::allStashes() {

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] static std::expected<StashStore, std::error_code>
     open(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
 
+    [[nodiscard]] static bool hasExpired(const Stash& stash, Date now);
+
     explicit StashStore(JsonStore<StoreFile> file);
 
     // Newest first.

@@ -133,6 +133,24 @@ TEST_F(Undo, WaitsUntilItsDeskIsBack) {
     EXPECT_EQ(story.frames(), before);
 }
 
+TEST_F(Undo, ShowsAgainWhatTheChangeHid) {
+    const std::vector<std::string> hidden{"org.example.mail", "org.example.terminal"};
+    const auto frames = story.frames();
+    restore();
+    for (const std::string& app : hidden) {
+        ASSERT_TRUE(story.workspace.hide(app));
+    }
+    // Nothing moved, yet there is something to undo.
+    EXPECT_FALSE(story.published().undoSlot);
+    story.controller->undo().noteHidden(hidden);
+    EXPECT_EQ(story.published().undoSlot->hiddenBundleIDs, hidden);
+    EXPECT_TRUE(undo());
+    EXPECT_FALSE(story.desk.window(story.mail).isMinimized);
+    EXPECT_EQ(outcome.report.restoredCount(), 4U);
+    EXPECT_EQ(story.frames(), frames);
+    EXPECT_EQ(story.logged("undo un-hid 2 app(s) the change had hidden"), 1U);
+}
+
 TEST_F(Undo, IsRefusedWhenNothingMayMove) {
     EXPECT_FALSE(undo());
     EXPECT_EQ(outcome.kind, Kind::nothingToUndo);

@@ -1,0 +1,23 @@
+#include "Vantrel/controller/LayoutChange.h"
+
+namespace vantrel {
+
+std::string LayoutChange::text() const {
+    switch (kind) {
+    case Kind::done:
+        return "Done.";
+    case Kind::restoreInFlight:
+        return "A restore is running. Try again when it has finished.";
+    case Kind::noSuchLayout:
+        return "This desk has no layout of that name.";
+    case Kind::invalidName:
+        return "A layout needs a name of at most 60 characters.";
+    case Kind::nameTaken:
+        return "This desk already has a layout of that name.";
+    case Kind::writeFailed:
+        return "The layouts could not be written to disk. Nothing was changed.";
+    }
+    return "";
+}
+
+} // namespace vantrel

@@ -1,0 +1,29 @@
+// What became of the user's wish to rename or to delete a layout.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vantrel {
+
+struct LayoutChange {
+    enum class Kind : std::uint8_t {
+        done,
+        // A restore is running, which may be of that very layout.
+        restoreInFlight,
+        noSuchLayout,
+        // The name is empty or too long.
+        invalidName,
+        nameTaken,
+        writeFailed,
+    };
+
+    Kind kind = Kind::done;
+
+    bool operator==(const LayoutChange&) const = default;
+
+    // A sentence for people.
+    [[nodiscard]] std::string text() const;
+};
+
+} // namespace vantrel

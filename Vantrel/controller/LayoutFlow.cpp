@@ -1,0 +1,177 @@
+#include "Vantrel/controller/LayoutFlow.h"
+
+#include "Vantrel/controller/CaptureNow.h"
+#include "VantrelCore/text/Unicode.h"
+
+#include <fmt/format.h>
+#include <optional>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// As it is stored; none when it is no name.
+std::optional<std::string> validName(const std::string& name) {
+    const std::string valid = Unicode::validUtf8(name);
+    const std::string_view trimmed = Unicode::trimmed(valid);
+    if (trimmed.empty() || Unicode::characterCount(trimmed) > LayoutFlow::maxNameLength) {
+        return std::nullopt;
+    }
+    return std::string(trimmed);
+}
+
+} // namespace
+
+// What was captured so far belongs to another name or layout.
+void LayoutFlow::layoutsChanged() {
+    ++m_context.mutationEpoch;
+    m_context.showStoredLayouts();
+    m_context.refreshStatus();
+}
+
+bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Done& done) {
+    using Kind = RestoreOutcome::Kind;
+    if (m_context.restoreInFlight) {
+        m_context.log("switch layout skipped: a restore is in flight");
+        return RestoreOutcome::refuse(Kind::restoreInFlight, done);
+    }
+    m_context.refreshStatus();
+    if (const auto hindrance = m_context.hindranceToMoving()) {
+        return RestoreOutcome::refuse(*hindrance, done);
+    }
+    const std::string desk = m_context.state().configID;
+    const std::string former = m_context.state().activeLayoutName;
+    if (!m_context.store.layout(desk, name)) {
+        return RestoreOutcome::refuse(Kind::noSuchLayout, done);
+    }
+    if (name != former) {
+        m_learning.adoptPreChangeSnapshotIfNeeded();
+        if (!m_context.store.setActiveLayout(name, desk)) {
+            return RestoreOutcome::refuse(Kind::writeFailed, done);
+        }
+        m_context.log(fmt::format("switch layout: {} to {}", former, name));
+        layoutsChanged();
+    }
+    restoreActive(
+        [this, desk, former] {
+            if (m_context.store.setActiveLayout(former, desk)) {
+                layoutsChanged();
+            }
+        },
+        done);
+    return true;
+}
+
+void LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done) {
+    const auto layout = m_context.layoutToRestore();
+    if (!layout) {
+        return;
+    }
+    m_runner.perform({.layout = *layout,
+                      .displays = m_context.state().displays,
+                      .reason = fmt::format("switch layout ({})", layout->layoutName),
+                      .announcement = Announcement::announce,
+                      .raising = RestoreEngine::Raising::raise,
+                      .undone = std::move(undone),
+                      .done = done});
+}
+
+bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& done) {
+    m_context.refreshStatus();
+    if (const auto hindrance = m_context.hindranceToMoving()) {
+        return RestoreOutcome::refuse(*hindrance, done);
+    }
+    Layout fitted = m_context.fittedToDesk(layout);
+    if (fitted.windows.empty()) {
+        return RestoreOutcome::refuse(RestoreOutcome::Kind::emptyLayout, done);
+    }
+    m_runner.perform({.layout = std::move(fitted),
+                      .displays = m_context.state().displays,
+                      .reason = fmt::format("apply layout ({})", layout.layoutName),
+                      .announcement = Announcement::announce,
+                      .raising = RestoreEngine::Raising::raise,
+                      .done = done});
+    return true;
+}
+
+void LayoutFlow::saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done) {
+    const auto tell = [this, done = std::move(done)](const SaveOutcome& outcome) {
+        m_context.log("save layout: " + outcome.text());
+        if (done) {
+            done(outcome);
+        }
+    };
+    const auto wanted = validName(name);
+    if (!wanted) {
+        tell({.kind = SaveOutcome::Kind::invalidName});
+        return;
+    }
+    CaptureNow::perform(m_context, [this, tell, wanted](const CaptureNow::Result& captured) {
+        tell(captured ? store(*captured, *wanted) : SaveOutcome{.kind = captured.error()});
+    });
+}
+
+SaveOutcome LayoutFlow::store(Layout layout, const std::string& name) {
+    const bool isActive = layout.layoutName == name;
+    if (const auto stored = m_context.store.layout(layout.configID, name)) {
+        if (stored->isPinned() && !isActive) {
+            return {.kind = SaveOutcome::Kind::pinned};
+        }
+        layout.pinned = stored->pinned;
+    }
+    layout.layoutName = name;
+    if (!m_context.store.save(layout) || !m_context.store.setActiveLayout(name, layout.configID)) {
+        return {.kind = SaveOutcome::Kind::writeFailed};
+    }
+    layoutsChanged();
+    m_context.announce(HUD::Saved{static_cast<std::int64_t>(layout.windows.size())});
+    return {.kind = SaveOutcome::Kind::saved, .windows = layout.windows.size()};
+}
+
+LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newName) {
+    using Kind = LayoutChange::Kind;
+    const auto wanted = validName(newName);
+    if (!wanted) {
+        return {Kind::invalidName};
+    }
+    const std::string desk = m_context.state().configID;
+    if (!m_context.store.layout(desk, name)) {
+        return {Kind::noSuchLayout};
+    }
+    if (*wanted == name) {
+        return {Kind::done};
+    }
+    if (m_context.store.layout(desk, *wanted)) {
+        return {Kind::nameTaken};
+    }
+    if (!m_context.store.renameLayout(desk, name, *wanted)) {
+        return {Kind::writeFailed};
+    }
+    layoutsChanged();
+    return {Kind::done};
+}
+
+LayoutChange LayoutFlow::remove(const std::string& name) {
+    using Kind = LayoutChange::Kind;
+    const std::string desk = m_context.state().configID;
+    const bool isActive = name == m_context.state().activeLayoutName;
+    if (!m_context.store.layout(desk, name)) {
+        return {Kind::noSuchLayout};
+    }
+    if (isActive && m_context.restoreInFlight) {
+        return {Kind::restoreInFlight};
+    }
+    m_context.store.deleteLayout(desk, name);
+    if (m_context.store.layout(desk, name)) {
+        return {Kind::writeFailed};
+    }
+    layoutsChanged();
+    // Else the windows, standing as the deleted layout had them, would be learned over the next one.
+    if (isActive && !m_context.hindranceToMoving()) {
+        restoreActive({}, {});
+    }
+    return {Kind::done};
+}
+
+} // namespace vantrel

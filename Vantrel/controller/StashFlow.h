@@ -1,0 +1,46 @@
+// Puts the desk aside to be brought back within a week, and brings it back.
+#pragma once
+
+#include "Vantrel/controller/ControllerContext.h"
+#include "Vantrel/controller/RestoreRunner.h"
+#include "Vantrel/controller/SaveOutcome.h"
+#include "VantrelCore/stores/StashStore.h"
+
+#include <expected>
+#include <functional>
+#include <string>
+
+namespace vantrel {
+
+class StashFlow {
+public:
+    // The stash, or why there is none.
+    using Result = std::expected<Stash, SaveOutcome::Kind>;
+
+    // Publishes what is stored. The store outlives it.
+    StashFlow(ControllerContext& context, RestoreRunner& runner, StashStore& store);
+
+    // Remembers the desk as it stands; the windows stay where they are. `done` is called once.
+    void stashNow(std::function<void(const Result&)> done);
+
+    // Puts the windows where the stash has them, on the displays at hand when it is another desk's. Once that
+    // is done, the stash is used up, until undo takes it back. False when nothing is going to move.
+    bool bringBack(const std::string& stashID, const RestoreOutcome::Done& done);
+
+    // The desk's newest stash is brought back; without one, the desk is stashed.
+    void stashOrBringBack();
+
+    // What has expired is not published any longer.
+    void dropExpired();
+
+private:
+    void returned(const Stash& stash, const RestoreOutcome& outcome);
+    void publish();
+    [[nodiscard]] std::vector<Stash> stashes();
+
+    ControllerContext& m_context;
+    RestoreRunner& m_runner;
+    StashStore& m_store;
+};
+
+} // namespace vantrel
