@@ -48,6 +48,7 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
     m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });
+    showSettings();
 }
 
 AppController::~AppController() {
@@ -88,11 +89,34 @@ void AppController::tick() {
 
 void AppController::userDefaultsChanged() {
     m_displayChange.applySettleDelay();
+    showSettings();
+    refreshStatus();
+}
+
+void AppController::showSettings() {
+    const bool isEnabled = m_context.settings.enabled();
+    m_context.publisher.publish([&](PublishedState& state) {
+        if (std::exchange(m_storedEnabled, isEnabled) != isEnabled) {
+            state.enabled = isEnabled;
+        }
+        state.hideOthersOnSceneSwitch = m_context.settings.hideOthersOnSceneSwitch();
+    });
 }
 
 void AppController::setEnabled(bool isEnabled) {
+    if (!m_context.settings.setEnabled(isEnabled)) {
+        m_context.log("settings: enabled could not be written, it holds until the end of this run");
+    }
+    m_storedEnabled = m_context.settings.enabled();
     m_context.publisher.publish([&](PublishedState& state) { state.enabled = isEnabled; });
     refreshStatus();
+}
+
+void AppController::setHideOthersOnSceneSwitch(bool hides) {
+    if (!m_context.settings.setHideOthersOnSceneSwitch(hides)) {
+        m_context.log("settings: hideOthersOnSceneSwitch could not be written");
+    }
+    showSettings();
 }
 
 bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) {

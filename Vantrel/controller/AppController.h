@@ -59,8 +59,14 @@ public:
     void willSleep() { m_sleepWake.willSleep(); }
     void didWake() { m_sleepWake.handleWake(); }
 
+    // Learning and restoring; kept over a restart.
     void setEnabled(bool isEnabled);
     [[nodiscard]] bool isEnabled() const { return published().enabled; }
+
+    void setHideOthersOnSceneSwitch(bool hides);
+
+    // The stored settings. Whoever writes to them is noticed like any change from outside.
+    [[nodiscard]] UserDefaults& defaults() { return m_context.ports.defaults; }
 
     // Puts the desk's stored layout back. False when nothing is going to move. `done`, if any, is told once
     // what came of it, also when it is refused.
@@ -115,6 +121,8 @@ private:
 
     void tick();
     void userDefaultsChanged();
+    // Publishes what the settings say about the published state.
+    void showSettings();
 
     ControllerStores m_stores;
     ControllerContext m_context;
@@ -128,6 +136,8 @@ private:
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
     SceneFlow m_scenes;
+    // As the settings last said; a choice that could not be written holds for this run.
+    std::optional<bool> m_storedEnabled;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;
     std::unique_ptr<ScheduledWork> m_permissionTimer;
 };

@@ -65,6 +65,8 @@ struct PublishedState {
     std::int64_t stashesVersion = 0;
     // What undo would bring back, on the slot's desk; none when there is nothing to undo.
     std::optional<UndoSlot> undoSlot;
+    // Applying a scene hides the applications that it does not hold.
+    bool hideOthersOnSceneSwitch = false;
     std::string version;
 
     bool operator==(const PublishedState&) const = default;

@@ -1,18 +1,132 @@
 #include "Vantrel/controller/Settings.h"
 
+#include "VantrelCore/model/JsonCoding.h"
+
+#include <cmath>
+
 namespace vantrel {
 
-bool Settings::autoRestore() const {
-    return m_defaults.boolean(autoRestoreKey).value_or(true);
+std::optional<DefaultsValue> Settings::value(std::string_view name) const {
+    const SettingKey* const key = SettingKeys::named(name);
+    if (key == nullptr) {
+        return std::nullopt;
+    }
+    auto found = key->stored(m_defaults);
+    return found ? found : key->fallback;
 }
 
-double Settings::settleDelay() const {
-    const double seconds = m_defaults.number(settleDelayKey).value_or(defaultSettleDelay);
-    return seconds >= 0 && seconds <= longestSettleDelay ? seconds : defaultSettleDelay;
+bool Settings::boolean(std::string_view key) const {
+    return std::get<bool>(value(key).value_or(false));
 }
 
-bool Settings::restoreSizes() const {
-    return m_defaults.boolean(restoreSizesKey).value_or(true);
+std::optional<double> Settings::number(std::string_view key) const {
+    const auto found = value(key);
+    return found ? std::optional(std::get<double>(*found)) : std::nullopt;
+}
+
+std::optional<std::string> Settings::text(std::string_view key) const {
+    const auto found = value(key);
+    return found ? std::optional(std::get<std::string>(*found)) : std::nullopt;
+}
+
+std::optional<bool> Settings::showDockIcon() const {
+    const auto found = value("showDockIcon");
+    return found ? std::optional(std::get<bool>(*found)) : std::nullopt;
+}
+
+std::optional<HotKeyCombo> Settings::hotkey(const std::string& surface) const {
+    const auto code = value(surface + "KeyCode");
+    const auto modifiers = value(surface + "Modifiers");
+    if (!code || !modifiers) {
+        return std::nullopt;
+    }
+    return HotKeyCombo{std::get<std::int64_t>(*code), std::get<std::int64_t>(*modifiers)};
+}
+
+bool Settings::setHotkey(const std::string& surface, const std::optional<HotKeyCombo>& combo) {
+    const std::string codeKey = surface + "KeyCode";
+    const std::string modifiersKey = surface + "Modifiers";
+    if (!combo) {
+        const bool isCodeGone = m_defaults.remove(codeKey);
+        return m_defaults.remove(modifiersKey) && isCodeGone;
+    }
+    return m_defaults.set(codeKey, combo->keyCode) && m_defaults.set(modifiersKey, combo->modifiers);
+}
+
+template <typename T>
+T Settings::decoded(std::string_view key) const {
+    try {
+        return JsonCoding::value<T>(nlohmann::json::parse(text(key).value_or("")));
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+template <typename T>
+bool Settings::setEncoded(std::string_view key, const T& record) {
+    // Titles and names come from other programs and may hold anything.
+    return m_defaults.set(
+        key, nlohmann::json(record).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+}
+
+std::vector<DailyLayoutObservation> Settings::loadPatternObservations() const {
+    return decoded<std::vector<DailyLayoutObservation>>("patternObservations");
+}
+
+bool Settings::savePatternObservations(const std::vector<DailyLayoutObservation>& observations) {
+    return setEncoded("patternObservations", observations);
+}
+
+std::optional<Date> Settings::patternSuggestionSnoozedUntil() const {
+    // Beyond these seconds a Date cannot go; nobody snoozes for centuries.
+    constexpr double lastSecond = 1e12;
+    const auto seconds = number("patternSuggestionSnoozedUntil");
+    if (!seconds || !(std::abs(*seconds) < lastSecond)) {
+        return std::nullopt;
+    }
+    return dateAfter(Date{}, *seconds);
+}
+
+bool Settings::setPatternSuggestionSnoozedUntil(const std::optional<Date>& date) {
+    return date ? m_defaults.set("patternSuggestionSnoozedUntil", secondsBetween(Date{}, *date))
+                : m_defaults.remove("patternSuggestionSnoozedUntil");
+}
+
+WallpaperMemory Settings::wallpaperMemory() const {
+    return decoded<WallpaperMemory>("wallpaperMemory");
+}
+
+bool Settings::setWallpaperMemory(const WallpaperMemory& memory) {
+    return setEncoded("wallpaperMemory", memory);
+}
+
+std::vector<std::string> Settings::wallpaperRecents() const {
+    return decoded<std::vector<std::string>>("wallpaperRecents");
+}
+
+bool Settings::setWallpaperRecents(const std::vector<std::string>& files) {
+    return setEncoded("wallpaperRecents", files);
+}
+
+std::vector<std::string> Settings::calendarFolders() const {
+    std::vector<std::string> folders;
+    std::string list = text("calendarFolders").value_or("");
+    for (std::size_t start = 0; start < list.size();) {
+        const std::size_t end = std::min(list.find(':', start), list.size());
+        if (end > start) {
+            folders.push_back(list.substr(start, end - start));
+        }
+        start = end + 1;
+    }
+    return folders;
+}
+
+std::optional<Date> Settings::updateCheckerLastCheck() const {
+    return dateFromIso8601(text("updateChecker.lastCheck").value_or(""));
+}
+
+bool Settings::setUpdateCheckerLastCheck(Date date) {
+    return m_defaults.set("updateChecker.lastCheck", iso8601Text(date));
 }
 
 } // namespace vantrel

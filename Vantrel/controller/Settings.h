@@ -1,35 +1,112 @@
-// The user's settings as the controller reads them: key, type and default of each.
+// The user's settings as the program reads and writes them, typed. SettingKey.h has the table of the keys.
 #pragma once
 
-#include "VantrelCore/ports/UserDefaults.h"
+#include "Vantrel/controller/SettingKey.h"
+#include "VantrelCore/commands/HotKeyCombo.h"
+#include "VantrelCore/model/DailyLayoutObservation.h"
+#include "VantrelCore/model/Date.h"
+#include "VantrelCore/model/WallpaperMemory.h"
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace vantrel {
 
-// Each read asks the defaults afresh. A key that was never written, or holds a value of another type, yields
-// its default.
+// Each read asks the defaults afresh. A key that was never written, or holds a value of another type or out
+// of its range, yields its default. Writing answers false when the value could not be made durable.
 class Settings {
 public:
     static constexpr const char* autoRestoreKey = "autoRestore";
     static constexpr const char* settleDelayKey = "settleDelay";
     static constexpr const char* restoreSizesKey = "restoreSizes";
 
-    static constexpr double defaultSettleDelay = 0.5;
-    // A longer settle delay, in seconds, is taken for a mistake.
-    static constexpr double longestSettleDelay = 60;
-
     explicit Settings(UserDefaults& defaults) : m_defaults(defaults) {}
 
+    // Learn and restore at all.
+    [[nodiscard]] bool enabled() const { return boolean("enabled"); }
+    bool setEnabled(bool isEnabled) { return m_defaults.set("enabled", isEnabled); }
+
     // Put windows back when the displays have settled.
-    [[nodiscard]] bool autoRestore() const;
-
-    // Seconds without a display event after which the displays count as settled. A value that is negative,
-    // longer than longestSettleDelay or not a number counts as absent.
-    [[nodiscard]] double settleDelay() const;
-
+    [[nodiscard]] bool autoRestore() const { return boolean(autoRestoreKey); }
+    // Seconds without a display event after which the displays count as settled.
+    [[nodiscard]] double settleDelay() const { return number(settleDelayKey).value(); }
     // Put sizes back as well as positions.
-    [[nodiscard]] bool restoreSizes() const;
+    [[nodiscard]] bool restoreSizes() const { return boolean(restoreSizesKey); }
+    [[nodiscard]] bool showHUD() const { return boolean("showHUD"); }
+    [[nodiscard]] bool quietNudgesEnabled() const { return boolean("quietNudgesEnabled"); }
+    [[nodiscard]] bool placeNewAppsEnabled() const { return boolean("placeNewAppsEnabled"); }
+    [[nodiscard]] bool showWindowPreviews() const { return boolean("showWindowPreviews"); }
+    [[nodiscard]] bool launchAtLogin() const { return boolean("launchAtLogin"); }
+    [[nodiscard]] bool missionControlFixApplied() const { return boolean("missionControlFixApplied"); }
+    // None: the first section.
+    [[nodiscard]] std::optional<std::string> settingsSelectedSection() const {
+        return text("settingsSelectedSection");
+    }
+    // None: no icon.
+    [[nodiscard]] std::optional<bool> showDockIcon() const;
+
+    // Applying a scene hides the applications that it does not hold.
+    [[nodiscard]] bool hideOthersOnSceneSwitch() const { return boolean("hideOthersOnSceneSwitch"); }
+    bool setHideOthersOnSceneSwitch(bool hides) { return m_defaults.set("hideOthersOnSceneSwitch", hides); }
+
+    [[nodiscard]] HotKeyCombo restoreHotkey() const { return hotkey("restore").value(); }
+    [[nodiscard]] HotKeyCombo saveHotkey() const { return hotkey("save").value(); }
+    [[nodiscard]] HotKeyCombo stashHotkey() const { return hotkey("stash").value(); }
+    [[nodiscard]] std::optional<HotKeyCombo> undoHotkey() const { return hotkey("undo"); }
+    [[nodiscard]] std::optional<HotKeyCombo> quickSwitcherHotkey() const { return hotkey("quickSwitcher"); }
+    bool setRestoreHotkey(const HotKeyCombo& combo) { return setHotkey("restore", combo); }
+    bool setSaveHotkey(const HotKeyCombo& combo) { return setHotkey("save", combo); }
+    bool setStashHotkey(const HotKeyCombo& combo) { return setHotkey("stash", combo); }
+    // None takes both keys away.
+    bool setUndoHotkey(const std::optional<HotKeyCombo>& combo) { return setHotkey("undo", combo); }
+    bool setQuickSwitcherHotkey(const std::optional<HotKeyCombo>& combo) {
+        return setHotkey("quickSwitcher", combo);
+    }
+
+    // What cannot be decoded reads as empty, and the next save overwrites it.
+    [[nodiscard]] std::vector<DailyLayoutObservation> loadPatternObservations() const;
+    bool savePatternObservations(const std::vector<DailyLayoutObservation>& observations);
+    // None: not snoozed.
+    [[nodiscard]] std::optional<Date> patternSuggestionSnoozedUntil() const;
+    bool setPatternSuggestionSnoozedUntil(const std::optional<Date>& date);
+    [[nodiscard]] bool patternSuggestionsStopped() const { return boolean("patternSuggestionsStopped"); }
+    bool setPatternSuggestionsStopped(bool stopped) {
+        return m_defaults.set("patternSuggestionsStopped", stopped);
+    }
+
+    // What cannot be decoded reads as empty, and the next save overwrites it.
+    [[nodiscard]] WallpaperMemory wallpaperMemory() const;
+    bool setWallpaperMemory(const WallpaperMemory& memory);
+    // Image files, the last one first.
+    [[nodiscard]] std::vector<std::string> wallpaperRecents() const;
+    bool setWallpaperRecents(const std::vector<std::string>& files);
+
+    // Folders of .ics files; empty: where calendar programs keep them.
+    [[nodiscard]] std::vector<std::string> calendarFolders() const;
+
+    [[nodiscard]] bool hasOnboarded() const { return boolean("hasOnboarded"); }
+    bool setHasOnboarded(bool has) { return m_defaults.set("hasOnboarded", has); }
+    [[nodiscard]] std::optional<std::string> dockFrequency() const { return text("dockFrequency"); }
+    [[nodiscard]] bool quickSwitcherHintDismissed() const { return boolean("quickSwitcherHintDismissed"); }
+
+    // None: never.
+    [[nodiscard]] std::optional<Date> updateCheckerLastCheck() const;
+    bool setUpdateCheckerLastCheck(Date date);
 
 private:
+    [[nodiscard]] std::optional<DefaultsValue> value(std::string_view key) const;
+    [[nodiscard]] bool boolean(std::string_view key) const;
+    [[nodiscard]] std::optional<double> number(std::string_view key) const;
+    [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
+    // `surface` with "KeyCode" and "Modifiers" behind it names the two keys.
+    [[nodiscard]] std::optional<HotKeyCombo> hotkey(const std::string& surface) const;
+    bool setHotkey(const std::string& surface, const std::optional<HotKeyCombo>& combo);
+    template <typename T>
+    [[nodiscard]] T decoded(std::string_view key) const;
+    template <typename T>
+    bool setEncoded(std::string_view key, const T& record);
+
     UserDefaults& m_defaults;
 };
 

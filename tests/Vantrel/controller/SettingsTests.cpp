@@ -9,31 +9,79 @@ namespace {
 
 using testing::Contains;
 
-TEST(Settings, AFreshInstallationRestoresWithSizesAfterHalfASecond) {
+struct StoredSettings : testing::Test {
     SimulatedTime time;
-    SimulatedDefaults defaults(time);
-    const Settings settings(defaults);
-    EXPECT_TRUE(settings.autoRestore());
-    EXPECT_TRUE(settings.restoreSizes());
+    SimulatedDefaults defaults{time};
+    Settings settings{defaults};
+};
+
+TEST_F(StoredSettings, AFreshInstallationRestoresWithSizesAfterHalfASecond) {
+    EXPECT_TRUE(settings.enabled() && settings.autoRestore() && settings.restoreSizes());
     EXPECT_EQ(settings.settleDelay(), 0.5);
+    EXPECT_TRUE(settings.showHUD() && settings.placeNewAppsEnabled() && settings.quietNudgesEnabled());
+    EXPECT_FALSE(settings.hideOthersOnSceneSwitch() || settings.showWindowPreviews() ||
+                 settings.launchAtLogin() || settings.showDockIcon().has_value());
+    EXPECT_EQ(settings.restoreHotkey(), (HotKeyCombo{15, 768}));
+    EXPECT_EQ(settings.saveHotkey(), (HotKeyCombo{1, 768}));
+    EXPECT_EQ(settings.stashHotkey(), (HotKeyCombo{1, 2560}));
+    EXPECT_FALSE(settings.undoHotkey() || settings.quickSwitcherHotkey());
 }
 
-TEST(Settings, AValueOfTheWrongTypeOrOutOfReasonCountsAsAbsent) {
-    SimulatedTime time;
-    SimulatedDefaults defaults(time);
-    const Settings settings(defaults);
-    defaults.set("autoRestore", std::string("no"));
-    defaults.set("restoreSizes", std::int64_t{0});
-    EXPECT_TRUE(settings.autoRestore());
-    EXPECT_TRUE(settings.restoreSizes());
-    const DefaultsValue unreasonable[] = {std::string("2"), -1.0, 1e9,
-                                          std::numeric_limits<double>::quiet_NaN()};
-    for (const DefaultsValue& value : unreasonable) {
-        defaults.set("settleDelay", value);
-        EXPECT_EQ(settings.settleDelay(), 0.5);
+TEST_F(StoredSettings, AValueOfTheWrongTypeOrOutOfReasonCountsAsAbsent) {
+    const double tooMuch = 1e9;
+    const DefaultsValue values[] = {std::string("no"), std::int64_t{-1}, tooMuch,
+                                    std::numeric_limits<double>::quiet_NaN(), true};
+    for (const SettingKey& key : SettingKeys::all()) {
+        for (const DefaultsValue& value : values) {
+            defaults.set(key.name, value);
+            const bool isRightType = value.index() == 0 ? key.type == SettingKey::Type::boolean
+                                     : value.index() == 3
+                                         ? key.type == SettingKey::Type::text
+                                         : key.type == SettingKey::Type::number && !key.range;
+            EXPECT_EQ(key.stored(defaults).has_value(), isRightType) << key.name << " " << value.index();
+        }
     }
+    EXPECT_EQ(settings.settleDelay(), 0.5);
+    EXPECT_EQ(settings.restoreHotkey(), (HotKeyCombo{15, 768}));
+    EXPECT_FALSE(settings.undoHotkey());
     defaults.set("settleDelay", std::int64_t{2});
     EXPECT_EQ(settings.settleDelay(), 2);
+}
+
+TEST_F(StoredSettings, ClearingTheUndoShortcutTakesBothKeysAway) {
+    settings.setUndoHotkey(HotKeyCombo{6, 256});
+    EXPECT_EQ(settings.undoHotkey(), (HotKeyCombo{6, 256}));
+    settings.setUndoHotkey(std::nullopt);
+    EXPECT_FALSE(defaults.integer("undoKeyCode") || defaults.integer("undoModifiers"));
+}
+
+TEST_F(StoredSettings, NotesThatCannotBeDecodedAreEmptyUntilTheNextSave) {
+    defaults.set("patternObservations", std::string("[{]"));
+    defaults.set("wallpaperMemory", std::string("7"));
+    defaults.set("patternSuggestionSnoozedUntil", std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(settings.loadPatternObservations().empty());
+    EXPECT_EQ(settings.wallpaperMemory(), WallpaperMemory{});
+    EXPECT_FALSE(settings.patternSuggestionSnoozedUntil());
+
+    const std::vector<DailyLayoutObservation> observations{{"desk", "2026-03-02", {"a|1,2,3x4"}}};
+    EXPECT_TRUE(settings.savePatternObservations(observations));
+    EXPECT_EQ(settings.loadPatternObservations(), observations);
+    EXPECT_TRUE(settings.setPatternSuggestionSnoozedUntil(time.now()));
+    EXPECT_EQ(settings.patternSuggestionSnoozedUntil(), time.now());
+}
+
+TEST_F(StoredSettings, WhatAPersonWritesIsReadByItsKeyOrRefusedWithASentence) {
+    const SettingKey& delay = *SettingKeys::named("settleDelay");
+    EXPECT_EQ(delay.read("1.5"), DefaultsValue(1.5));
+    for (const char* wrong : {"", "60.5", "1.5s", "nan", "true"}) {
+        EXPECT_FALSE(delay.read(wrong)) << wrong;
+    }
+    EXPECT_EQ(delay.read("soon").error(),
+              "\"soon\" is no value for settleDelay, which takes a number from 0 to 60.");
+    EXPECT_EQ(SettingKeys::named("autoRestore")->read("yes").error(),
+              "\"yes\" is no value for autoRestore, which takes true or false.");
+    EXPECT_EQ(SettingKeys::named("restoreKeyCode")->read("15"), DefaultsValue(std::int64_t{15}));
+    EXPECT_EQ(SettingKeys::named("settledelay"), nullptr);
 }
 
 struct ChangingSettings : testing::Test {
@@ -75,6 +123,24 @@ TEST_F(ChangingSettings, AChangeUnderWayIsNotLostWithTheOldWatcher) {
     EXPECT_EQ(story.logged("display settled: "), 2U);
     EXPECT_EQ(story.frames(), docked);
     EXPECT_FALSE(story.controller->snapshotsSuspended());
+}
+
+TEST_F(ChangingSettings, BeingSwitchedOffLastsOverARestartAndIsSeenWhenAnotherProgramWritesIt) {
+    story.controller->setEnabled(false);
+    story.start();
+    EXPECT_FALSE(story.published().enabled);
+    EXPECT_TRUE(story.published().phase.is<Phase::Off>());
+    story.defaults.set("enabled", true);
+    story.defaults.set("hideOthersOnSceneSwitch", true);
+    story.runFor(0.1);
+    EXPECT_TRUE(story.published().enabled && story.published().hideOthersOnSceneSwitch);
+    EXPECT_TRUE(story.published().phase.is<Phase::Saved>());
+
+    story.defaults.failWrites();
+    story.controller->setEnabled(false);
+    story.runFor(0.1);
+    EXPECT_FALSE(story.published().enabled);
+    EXPECT_EQ(story.logged("settings: enabled could not be written"), 1U);
 }
 
 struct Sleeping : ChangingSettings {};

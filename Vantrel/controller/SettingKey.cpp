@@ -1,0 +1,169 @@
+#include "Vantrel/controller/SettingKey.h"
+
+#include "VantrelCore/commands/HotKeyCombo.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <fmt/format.h>
+
+namespace vantrel {
+
+namespace {
+
+using enum SettingKey::Type;
+using enum SettingKey::Purpose;
+
+constexpr std::pair<double, double> keyCodes{0, 127};
+constexpr std::pair<double, double> modifierMasks{0, HotKeyModifiers::command | HotKeyModifiers::shift |
+                                                         HotKeyModifiers::option | HotKeyModifiers::control};
+
+SettingKey code(std::string_view name, std::optional<std::int64_t> fallback, std::string_view description) {
+    return {name, integer, fallback, description, preference, keyCodes};
+}
+
+SettingKey modifiers(std::string_view name, std::optional<std::int64_t> fallback,
+                     std::string_view description) {
+    return {name, integer, fallback, description, preference, modifierMasks};
+}
+
+const std::array table{
+    SettingKey{"enabled", boolean, true, "learn and restore at all"},
+    SettingKey{"autoRestore", boolean, true, "put windows back when the displays have settled"},
+    SettingKey{"settleDelay", number, 0.5,
+               "seconds without a display event after which the displays count as settled", preference,
+               std::pair{0.0, 60.0}},
+    SettingKey{"restoreSizes", boolean, true, "put sizes back as well as positions"},
+    SettingKey{"placeNewAppsEnabled", boolean, true,
+               "put the windows of starting programs where they belong"},
+    SettingKey{"hideOthersOnSceneSwitch", boolean, false,
+               "applying a scene hides the applications that it does not hold"},
+    SettingKey{"quietNudgesEnabled", boolean, true, "tell when the windows have moved away from the scene"},
+    SettingKey{"patternSuggestionsStopped", boolean, false,
+               "never suggest to save an arrangement that recurs as a scene"},
+    SettingKey{"calendarFolders", text, std::nullopt,
+               "folders of .ics files for calendar triggers, separated by colons; absent: where calendar "
+               "programs keep them"},
+    SettingKey{"showHUD", boolean, true, "show what a restore or a scene did over the desk"},
+    SettingKey{"showWindowPreviews", boolean, false, "draw previews of windows"},
+    SettingKey{"launchAtLogin", boolean, false, "start with the session"},
+    SettingKey{"showDockIcon", boolean, std::nullopt, "show an icon in the dock; absent: none"},
+    code("restoreKeyCode", HotKeyDefaults::restore.keyCode, "the key that restores, as a key code"),
+    modifiers("restoreModifiers", HotKeyDefaults::restore.modifiers,
+              "what is held with it: the sum of 256 command, 512 shift, 2048 option, 4096 control"),
+    code("saveKeyCode", HotKeyDefaults::save.keyCode, "the key that saves the layout"),
+    modifiers("saveModifiers", HotKeyDefaults::save.modifiers, "what is held with it"),
+    code("stashKeyCode", HotKeyDefaults::stash.keyCode, "the key that stashes the desk or brings it back"),
+    modifiers("stashModifiers", HotKeyDefaults::stash.modifiers, "what is held with it"),
+    code("undoKeyCode", std::nullopt, "the key that undoes the last restore; absent: none"),
+    modifiers("undoModifiers", std::nullopt, "what is held with it"),
+    code("quickSwitcherKeyCode", std::nullopt, "the key that opens the quick switcher; absent: none"),
+    modifiers("quickSwitcherModifiers", std::nullopt, "what is held with it"),
+    SettingKey{"settingsSelectedSection", text, std::nullopt,
+               "the section that the settings open with; absent: the first", note},
+    SettingKey{"missionControlFixApplied", boolean, false, "the Mission Control fix was applied", note},
+    SettingKey{"patternObservations", text, std::nullopt,
+               "how the desks were seen arranged on the last days, as JSON", note},
+    SettingKey{"patternSuggestionSnoozedUntil", number, std::nullopt,
+               "when suggestions begin again, in seconds since 1970; absent: now", note},
+    SettingKey{"wallpaperMemory", text, std::nullopt, "the wallpapers from before a scene, as JSON", note},
+    SettingKey{"wallpaperRecents", text, std::nullopt, "the wallpapers chosen last, as JSON", note},
+    SettingKey{"hasOnboarded", boolean, false, "the introduction was shown", note},
+    SettingKey{"dockFrequency", text, std::nullopt, "how often the user said to dock", note},
+    SettingKey{"quickSwitcherHintDismissed", boolean, false, "the quick switcher's tip was dismissed", note},
+    SettingKey{"updateChecker.lastCheck", text, std::nullopt,
+               "when updates were last looked for, as an ISO 8601 date; absent: never", note},
+};
+
+// The whole text as a number.
+template <typename Number>
+std::optional<Number> parsed(const std::string& text) {
+    Number value{};
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
+}
+
+std::optional<DefaultsValue> valueOf(SettingKey::Type type, const std::string& written) {
+    switch (type) {
+    case boolean:
+        if (written == "true" || written == "false") {
+            return DefaultsValue(written == "true");
+        }
+        return std::nullopt;
+    case integer:
+        return parsed<std::int64_t>(written);
+    case number:
+        return parsed<double>(written);
+    case text:
+        return DefaultsValue(written);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+bool SettingKey::admits(const DefaultsValue& value) const {
+    const auto isInRange = [&](double number) {
+        return !range || (number >= range->first && number <= range->second);
+    };
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+        return (type == integer || type == number) && isInRange(static_cast<double>(*whole));
+    }
+    if (const auto* decimal = std::get_if<double>(&value)) {
+        return type == number && isInRange(*decimal);
+    }
+    return std::holds_alternative<bool>(value) ? type == boolean : type == SettingKey::Type::text;
+}
+
+std::expected<DefaultsValue, std::string> SettingKey::read(const std::string& written) const {
+    auto value = valueOf(type, written);
+    if (!value || !admits(*value)) {
+        return std::unexpected(
+            fmt::format("\"{}\" is no value for {}, which takes {}.", written, name, typeText()));
+    }
+    return *std::move(value);
+}
+
+std::optional<DefaultsValue> SettingKey::stored(UserDefaults& defaults) const {
+    std::optional<DefaultsValue> value;
+    const auto take = [&](const auto& found) {
+        if (found && admits(*found)) {
+            value = *found;
+        }
+    };
+    switch (type) {
+    case boolean:
+        take(defaults.boolean(name));
+        break;
+    case integer:
+        take(defaults.integer(name));
+        break;
+    case number:
+        take(defaults.number(name));
+        break;
+    case SettingKey::Type::text:
+        take(defaults.text(name));
+        break;
+    }
+    return value;
+}
+
+std::string SettingKey::typeText() const {
+    const char* const kind = type == boolean   ? "true or false"
+                             : type == integer ? "a whole number"
+                             : type == number  ? "a number"
+                                               : "a text";
+    return range ? fmt::format("{} from {} to {}", kind, range->first, range->second) : kind;
+}
+
+std::span<const SettingKey> SettingKeys::all() {
+    return table;
+}
+
+const SettingKey* SettingKeys::named(std::string_view name) {
+    const auto found = std::ranges::find(table, name, &SettingKey::name);
+    return found == table.end() ? nullptr : &*found;
+}
+
+} // namespace vantrel
