@@ -10,6 +10,7 @@ packages_build=(
     libcli11-dev
     libfmt-dev
     libglib2.0-dev
+    libical-dev
     libicu-dev
     libsodium-dev
     libxcb-ewmh-dev

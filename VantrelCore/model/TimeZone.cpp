@@ -26,6 +26,20 @@ std::optional<TimeZone> TimeZone::named(const std::string& name) {
     return TimeZone{std::make_shared<const Rules>(Rules{std::move(zone)})};
 }
 
+Date TimeZone::date(std::chrono::local_seconds onTheClock) const {
+    const auto seconds = onTheClock.time_since_epoch();
+    std::int32_t standardOffset = 0;
+    std::int32_t daylightOffset = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    m_rules->zone->getOffset(static_cast<UDate>(std::chrono::milliseconds{seconds}.count()), true,
+                             standardOffset, daylightOffset, status);
+    return Date{seconds} - std::chrono::milliseconds{standardOffset + daylightOffset};
+}
+
+bool TimeZone::operator==(const TimeZone& other) const {
+    return *m_rules->zone == *other.m_rules->zone;
+}
+
 LocalTime TimeZone::localTime(Date date) const {
     const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count();
     std::int32_t standardOffset = 0;

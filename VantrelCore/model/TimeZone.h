@@ -5,6 +5,7 @@
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/LocalTime.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,6 +22,12 @@ public:
     [[nodiscard]] static std::optional<TimeZone> named(const std::string& name);
 
     [[nodiscard]] LocalTime localTime(Date date) const;
+
+    // When a clock in this zone shows the time. Of a time that it shows twice, one; a time that it skips is
+    // taken as if it had not been set forward.
+    [[nodiscard]] Date date(std::chrono::local_seconds onTheClock) const;
+
+    bool operator==(const TimeZone& other) const;
 
 private:
     struct Rules;

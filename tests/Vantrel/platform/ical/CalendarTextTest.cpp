@@ -1,0 +1,169 @@
+#include "Vantrel/platform/ical/CalendarText.h"
+
+#include <chrono>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+namespace vantrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string calendar(const std::string& components) {
+    const std::string text = "BEGIN:VCALENDAR\nVERSION:2.0\n" + components + "END:VCALENDAR\n";
+    std::string lines;
+    for (const char c : text) {
+        lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    }
+    return lines;
+}
+
+std::string event(const std::string& lines) {
+    return "BEGIN:VEVENT\nUID:one\nSUMMARY:Talk\n" + lines + "\nEND:VEVENT\n";
+}
+
+CalendarInterval between(const char* from, const char* to) {
+    return {dateFromIso8601(std::string(from) + "T00:00:00Z").value(),
+            dateFromIso8601(std::string(to) + "T00:00:00Z").value()};
+}
+
+// The starts of the events, for a user in Berlin.
+std::vector<std::string> starts(const std::string& components, const CalendarInterval& interval) {
+    const auto events =
+        CalendarText::events(calendar(components), interval, TimeZone::named("Europe/Berlin").value());
+    std::vector<std::string> result;
+    for (const CalendarEvent& each : events.value()) {
+        result.push_back(iso8601Text(each.start));
+    }
+    return result;
+}
+
+TEST(CalendarText, ATimeIsInTheZoneThatTheFileOrTheSystemKnowsElseOnTheUsersClock) {
+    const std::string ownZone = "BEGIN:VTIMEZONE\nTZID:Mine\nBEGIN:STANDARD\nDTSTART:19700101T000000\n"
+                                "TZOFFSETFROM:+0500\nTZOFFSETTO:+0530\nEND:STANDARD\nEND:VTIMEZONE\n";
+    const std::pair<std::string, std::string> expected[] = {
+        {"DTSTART:20261121T150000Z", "2026-11-21T15:00:00Z"},
+        {"DTSTART:20261121T150000", "2026-11-21T14:00:00Z"},
+        {"DTSTART;TZID=Mine:20261121T150000", "2026-11-21T09:30:00Z"},
+        {"DTSTART;TZID=America/New_York:20261121T100000", "2026-11-21T15:00:00Z"},
+        {"DTSTART;TZID=W. Europe Standard Time:20260721T100000", "2026-07-21T08:00:00Z"},
+        {"DTSTART;TZID=Nowhere/At All:20261121T150000", "2026-11-21T14:00:00Z"},
+        {"DTSTART;VALUE=DATE:20261121", "2026-11-20T23:00:00Z"},
+        // In the hour that spring skips, a clock that was not set forward shows the time.
+        {"DTSTART:20260329T023000", "2026-03-29T01:30:00Z"}};
+    for (const auto& [line, start] : expected) {
+        EXPECT_THAT(starts(ownZone + event(line), between("2026-01-01", "2027-01-01")), ElementsAre(start))
+            << line;
+    }
+}
+
+TEST(CalendarText, AnEventThatRecursKeepsItsPlaceOnTheClockThroughTheYear) {
+    const auto interval = between("2026-10-20", "2026-11-06");
+    const std::string since = "DTSTART;TZID=Europe/Berlin:20240104T090000\nRRULE:FREQ=WEEKLY;BYDAY=TH";
+    EXPECT_THAT(starts(event(since), interval),
+                ElementsAre("2026-10-22T07:00:00Z", "2026-10-29T08:00:00Z", "2026-11-05T08:00:00Z"));
+    EXPECT_THAT(starts(event(since + "\nEXDATE;TZID=Europe/Berlin:20261029T090000,20261022T090000\n"
+                                     "RDATE;TZID=Europe/Berlin:20261030T090000"),
+                       interval),
+                ElementsAre("2026-10-30T08:00:00Z", "2026-11-05T08:00:00Z"));
+    EXPECT_THAT(starts(event(since + "\nEXDATE;VALUE=DATE:20261029"), interval),
+                ElementsAre("2026-10-22T07:00:00Z", "2026-11-05T08:00:00Z"));
+    EXPECT_THAT(starts(event(since + ";UNTIL=20261029"), interval),
+                ElementsAre("2026-10-22T07:00:00Z", "2026-10-29T08:00:00Z"));
+    EXPECT_THAT(starts(event(since + ";COUNT=148"), interval),
+                ElementsAre("2026-10-22T07:00:00Z", "2026-10-29T08:00:00Z"));
+    EXPECT_THAT(starts(event("DTSTART;VALUE=DATE:20260101\nRRULE:FREQ=MONTHLY;BYDAY=-1FR"), interval),
+                ElementsAre("2026-10-29T23:00:00Z"));
+}
+
+TEST(CalendarText, OneOccurrenceMayBeMovedOrCancelledByItself) {
+    const std::string daily = event("DTSTART;TZID=Europe/Berlin:20261101T090000\nRRULE:FREQ=DAILY;COUNT=4");
+    EXPECT_THAT(starts(daily +
+                           event("RECURRENCE-ID;TZID=Europe/Berlin:20261102T090000\n"
+                                 "DTSTART;TZID=Europe/Berlin:20261102T150000") +
+                           event("RECURRENCE-ID:20261103T080000Z\nSTATUS:CANCELLED\n"
+                                 "DTSTART;TZID=Europe/Berlin:20261103T090000") +
+                           "BEGIN:VEVENT\nUID:two\nSTATUS:CANCELLED\nDTSTART:20261102T080000Z\nEND:VEVENT\n",
+                       between("2026-10-20", "2026-11-06")),
+                ElementsAre("2026-11-01T08:00:00Z", "2026-11-02T14:00:00Z", "2026-11-04T08:00:00Z"));
+}
+
+TEST(CalendarText, AnEventCarriesItsTextsItsLinksAndItsLength) {
+    const std::string lines = "DTSTART:20261121T150000Z\nDURATION:PT45M\nLOCATION:Room 1\\, upstairs\n"
+                              "DESCRIPTION:Bring\\ncoffee\nURL:https://example.org/a\n"
+                              "X-GOOGLE-CONFERENCE:https://meet.google.com/abc";
+    const auto events =
+        CalendarText::events(calendar(event(lines)), between("2026-11-21", "2026-11-22"), TimeZone::utc());
+    EXPECT_THAT(events.value(),
+                ElementsAre(CalendarEvent{.identifier = "one",
+                                          .title = "Talk",
+                                          .location = "Room 1, upstairs",
+                                          .notes = "Bring\ncoffee\nhttps://meet.google.com/abc",
+                                          .url = "https://example.org/a",
+                                          .start = dateFromIso8601("2026-11-21T15:00:00Z").value(),
+                                          .end = dateFromIso8601("2026-11-21T15:45:00Z").value(),
+                                          .isAllDay = false}));
+}
+
+TEST(CalendarText, AnEventThatIsUnderWayOverlaps) {
+    const CalendarInterval noon{dateFromIso8601("2026-11-21T12:00:00Z").value(),
+                                dateFromIso8601("2026-11-21T12:01:00Z").value()};
+    EXPECT_THAT(starts(event("DTSTART:20260101T113000Z\nDURATION:PT1H\nRRULE:FREQ=DAILY"), noon),
+                ElementsAre("2026-11-21T11:30:00Z"));
+    EXPECT_THAT(starts(event("DTSTART;VALUE=DATE:20261120\nDTEND;VALUE=DATE:20261123"), noon),
+                ElementsAre("2026-11-19T23:00:00Z"));
+    EXPECT_THAT(starts(event("DTSTART;VALUE=DATE:20261120"), noon), IsEmpty());
+}
+
+TEST(CalendarText, WhatIsNoWholeCalendarIsRefused) {
+    const auto interval = between("2026-01-01", "2027-01-01");
+    const std::string whole = calendar(event("DTSTART:20261121T150000Z"));
+    EXPECT_TRUE(CalendarText::events(whole + whole, interval, TimeZone::utc()).has_value());
+    for (const std::string& text : {std::string(), std::string("hello"), whole.substr(0, whole.size() / 2),
+                                    whole + "BEGIN:VCALENDAR\r\n", std::string("END:VCALENDAR")}) {
+        EXPECT_FALSE(CalendarText::events(text, interval, TimeZone::utc()).has_value()) << text;
+    }
+    for (const char* nonsense : {"DTSTART:99999999T999999Z", "DTSTART:soon", "SUMMARY:No start",
+                                 "DTSTART:20261121T150000Z\nRRULE:FREQ=MINUTELY;UNTIL=20990101T000000Z"}) {
+        EXPECT_LE(starts(event(nonsense), interval).size(), 1U) << nonsense;
+    }
+}
+
+TEST(CalendarText, ARuleThatNeverMatchesOrNeverEndsTakesNoTime) {
+    const auto interval = between("2026-11-20", "2026-11-22");
+    const auto before = std::chrono::steady_clock::now();
+    for (const char* rule : {"FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30", "FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30",
+                             "FREQ=DAILY;BYSETPOS=366;BYMONTHDAY=31", "FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30",
+                             "FREQ=HOURLY;COUNT=2000000000"}) {
+        starts(event(std::string("DTSTART:19700101T000000Z\nRRULE:") + rule), interval);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds{60});
+}
+
+// Skipping to an interval finds what walking there from the first occurrence finds.
+RC_GTEST_PROP(CalendarText, AnIntervalHoldsWhatALongerOneHoldsThere, ()) {
+    const auto frequency = *rc::gen::element<std::string>("HOURLY", "DAILY", "WEEKLY", "MONTHLY", "YEARLY");
+    const auto interval = *rc::gen::inRange(1, 5);
+    const auto part = *rc::gen::element<std::string>("", ";BYDAY=MO,TH", ";BYMONTHDAY=-1,13", ";BYMONTH=3,10",
+                                                     ";BYDAY=MO;BYSETPOS=1", ";BYDAY=SU;BYMONTHDAY=8,29");
+    const auto start = *rc::gen::element<std::string>(
+        "DTSTART:20250131T230000Z", "DTSTART;TZID=Europe/Berlin:20250131T023000",
+        "DTSTART;VALUE=DATE:20250131", "DTSTART:20250131T120000");
+    const std::string text =
+        event(start + "\nDURATION:P" + std::to_string(*rc::gen::inRange(1, 4)) +
+              "D\nRRULE:FREQ=" + frequency + ";INTERVAL=" + std::to_string(interval) + part);
+    const auto zone = TimeZone::named("Europe/Berlin").value();
+    const auto whole = between("2025-01-30", "2026-12-01");
+    const auto from = dateAfter(whole.from, 3600.0 * *rc::gen::inRange(0, 15000));
+    const CalendarInterval inside{from, dateAfter(from, 3600.0 * *rc::gen::inRange(0, 1000))};
+    auto expected = CalendarText::events(calendar(text), whole, zone).value();
+    std::erase_if(expected, [&](const CalendarEvent& each) {
+        return each.start > inside.to || each.end < inside.from;
+    });
+    RC_ASSERT(CalendarText::events(calendar(text), inside, zone).value() == expected);
+}
+
+} // namespace
+} // namespace vantrel

@@ -1,0 +1,108 @@
+#include "Vantrel/platform/ical/IcalCalendarReader.h"
+
+#include "tests/Vantrel/platform/posix/TemporaryFolder.h"
+
+#include <fmt/format.h>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vantrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+struct CalendarFolder : testing::Test {
+    TemporaryFolder folder;
+    std::vector<std::string> log;
+    std::filesystem::path data = folder.path() / "data";
+    IcalCalendarReader reader{folder.path(), data,
+                              [this](const std::string& message) { log.push_back(message); }};
+
+    static CalendarQuery query(const std::string& at, std::vector<std::string> folders = {}) {
+        const Date from = dateFromIso8601(at).value();
+        return {.from = from, .to = dateAfter(from, 61), .folders = std::move(folders)};
+    }
+
+    static void write(const std::filesystem::path& file, const std::string& text) {
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file) << text;
+    }
+
+    static std::string event(const std::string& title, const std::string& lines) {
+        return fmt::format(
+            "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:{0}\r\nSUMMARY:{0}\r\n{1}\r\nEND:VEVENT\r\n"
+            "END:VCALENDAR\r\n",
+            title, lines);
+    }
+
+    std::vector<std::string> titles(const CalendarQuery& question) {
+        std::vector<std::string> found;
+        for (const auto& each : reader.read(question).events) {
+            found.push_back(each.title);
+        }
+        return found;
+    }
+};
+
+TEST_F(CalendarFolder, TheUsualPlacesAreReadUnlessTheUserNamesOthers) {
+    EXPECT_FALSE(reader.read(query("2026-11-21T15:00:00Z")).hasAccess);
+    write(data / "evolution/calendar/system/calendar.ics", event("Evolution", "DTSTART:20261121T150030Z"));
+    write(data / "khal/calendars/home/a.ics", event("Khal", "DTSTART:20261121T150010Z"));
+    write(folder.path() / ".calendars/work/b.ics", event("Sync", "DTSTART:20261121T150020Z"));
+    write(folder.path() / ".calendars/work/.b.ics", event("Hidden", "DTSTART:20261121T150020Z"));
+    write(folder.path() / ".calendars/work/notes.txt", event("Text", "DTSTART:20261121T150020Z"));
+    write(folder.path() / "mine/c.ics", event("Mine", "DTSTART:20261121T150000Z"));
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Khal", "Sync", "Evolution"));
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z", {"~/mine", "~/mine/c.ics"})), ElementsAre("Mine"));
+    EXPECT_FALSE(reader.read(query("2026-11-21T15:00:00Z", {"/nowhere"})).hasAccess);
+}
+
+TEST_F(CalendarFolder, AFileIsReadAgainWhenItChangesAndForEveryDay) {
+    const auto file = folder.path() / ".calendars/home/a.ics";
+    write(file, event("Daily", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
+    write(folder.path() / ".calendars/home/b.ics", event("Once", "DTSTART:20261121T150040Z"));
+    EXPECT_THAT(titles(query("2026-11-21T08:00:00Z")), IsEmpty());
+    EXPECT_EQ(reader.filesRead(), 2U);
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Daily", "Once"));
+    EXPECT_EQ(reader.filesRead(), 0U);
+    EXPECT_THAT(titles(query("2026-11-22T15:00:00Z")), ElementsAre("Daily"));
+    EXPECT_EQ(reader.filesRead(), 2U);
+    // The clock went back.
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Daily", "Once"));
+
+    write(file, event("Renamed", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Renamed", "Once"));
+    EXPECT_EQ(reader.filesRead(), 1U);
+    std::filesystem::remove(file);
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Once"));
+}
+
+TEST_F(CalendarFolder, ADamagedFileIsLeftOutAndToldOnce) {
+    const auto damaged = folder.path() / ".calendars/home/a.ics";
+    write(damaged, event("Half", "DTSTART:20261121T150030Z").substr(0, 70));
+    write(folder.path() / ".calendars/home/b.ics", event("Whole", "DTSTART:20261121T150030Z"));
+    for (const char* day : {"2026-11-21T15:00:00Z", "2026-11-21T15:00:00Z", "2026-12-21T15:00:00Z"}) {
+        EXPECT_TRUE(reader.read(query(day)).hasAccess);
+    }
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Whole"));
+    ASSERT_THAT(log, SizeIs(1));
+    EXPECT_THAT(log.front(), HasSubstr("a.ics is left out: it is no calendar, or only a part of one"));
+    write(damaged, event("Mended", "DTSTART:20261121T150030Z"));
+    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Mended", "Whole"));
+}
+
+TEST_F(CalendarFolder, AFolderThatLeadsBackToItselfEnds) {
+    write(folder.path() / ".calendars/home/a.ics", event("Once", "DTSTART:20261121T150030Z"));
+    std::filesystem::create_directory_symlink(folder.path() / ".calendars",
+                                              folder.path() / ".calendars/home/again");
+    const auto found = titles(query("2026-11-21T15:00:00Z"));
+    EXPECT_FALSE(found.empty());
+    EXPECT_LE(found.size(), 4U);
+}
+
+} // namespace
+} // namespace vantrel

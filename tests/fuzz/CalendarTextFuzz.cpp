@@ -1,0 +1,24 @@
+// Whatever text a calendar file holds, reading it ends, and its events lie where they were asked for.
+#include "Vantrel/platform/ical/CalendarText.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace vantrel;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    const Date from{std::chrono::sys_days{std::chrono::year{2026} / 11 / 21}};
+    const CalendarInterval interval{from, from + std::chrono::days{1}};
+    const auto events = CalendarText::events("BEGIN:VCALENDAR\r\n" + text + "\r\nEND:VCALENDAR\r\n", interval,
+                                             TimeZone::utc());
+    if (events) {
+        const bool holds = std::ranges::all_of(*events, [&](const CalendarEvent& event) {
+            return event.start <= event.end && event.start <= interval.to && event.end >= interval.from;
+        });
+        if (!holds || !std::ranges::is_sorted(*events, {}, &CalendarEvent::start)) {
+            std::abort();
+        }
+    }
+    return 0;
+}
