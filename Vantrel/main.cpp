@@ -3,8 +3,11 @@
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
+#include "Vantrel/platform/gio/DesktopFocusReader.h"
+#include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
+#include "Vantrel/platform/posix/SystemZone.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
@@ -80,10 +83,16 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     X11Accessibility accessibility(desk);
     X11DisplayServices displays(connection);
     X11Workspace workspace(desk, queue);
+    SystemZone localZone;
+    DesktopFocusReader focus(queue);
+    IcalCalendarReader calendar(UserFolders::home(), UserFolders::data(), [&](const std::string& message) {
+        queue.post([&log, message] { log.write(message); });
+    });
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
-    const ControllerPorts ports{accessibility, displays, workspace, defaults, clock, queue, background};
+    const ControllerPorts ports{accessibility, displays,   workspace, defaults, clock,
+                                queue,         background, localZone, calendar, focus};
     auto controller = AppController::create(
         ports, files, log,
         {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});

@@ -1,6 +1,9 @@
 // vantrelctl: asks a running vantrel what it knows and has it do things.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
+#include "Vantrel/commands/verbs/RuleVerbs.h"
+#include "Vantrel/commands/verbs/SettingsVerbs.h"
 #include "Vantrel/commands/verbs/ShellVerbs.h"
+#include "Vantrel/commands/verbs/TriggerVerbs.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
 
@@ -51,6 +54,10 @@ int main(int argumentCount, char** arguments) {
                      .localDate = localDate,
                      .logFile = UserFolders::supportDirectory() / "app.log"});
     addDeskVerbs(verbs, app);
+    addTriggerVerbs(verbs, app);
+    addSuggestionVerbs(verbs, app);
+    addRuleVerbs(verbs, app);
+    addSettingsVerbs(verbs, app);
     addShellVerbs(verbs, app, VANTREL_VERSION);
 
     if (argumentCount < 2) {

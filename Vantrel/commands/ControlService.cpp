@@ -4,6 +4,10 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
+#include "Vantrel/commands/methods/RuleMethods.h"
+#include "Vantrel/commands/methods/SettingsMethods.h"
+#include "Vantrel/commands/methods/SuggestionMethods.h"
+#include "Vantrel/commands/methods/TriggerMethods.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -30,6 +34,10 @@ std::vector<ControlMethod> everyMethod(AppController& controller,
         std::ranges::move(group, std::back_inserter(all));
     };
     add(deskMethods(controller, supportDirectory));
+    add(triggerMethods(controller));
+    add(suggestionMethods(controller));
+    add(ruleMethods(controller));
+    add(settingsMethods(controller.defaults()));
     return all;
 }
 

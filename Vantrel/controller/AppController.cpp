@@ -43,7 +43,11 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_history(m_context, m_stores), m_learning(m_context), m_runner(m_context, m_history),
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
       m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
-      m_sleepWake(m_context, m_runner), m_scenes(m_context) {
+      m_sleepWake(m_context, m_runner), m_scenes(m_context), m_triggers(m_context, m_stores.triggers),
+      m_suggestions(m_context), m_rules(m_context) {
+    m_learning.onLearnedDesk = [this](const Layout& learned) {
+        m_suggestions.recordPatternObservationIfNeeded(learned);
+    };
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
@@ -75,6 +79,7 @@ void AppController::startEngine() {
     m_learning.snapshotIfChanged();
     refreshStatus();
     m_snapshotTimer = m_context.ports.mainQueue.every(snapshotInterval, [this] { tick(); });
+    m_triggers.start();
 }
 
 void AppController::tick() {
@@ -90,6 +95,7 @@ void AppController::tick() {
 void AppController::userDefaultsChanged() {
     m_displayChange.applySettleDelay();
     showSettings();
+    m_suggestions.refresh();
     refreshStatus();
 }
 

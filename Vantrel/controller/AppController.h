@@ -9,9 +9,12 @@
 #include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
+#include "Vantrel/controller/RuleFlow.h"
 #include "Vantrel/controller/SceneFlow.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
 #include "Vantrel/controller/StashFlow.h"
+#include "Vantrel/controller/SuggestionFlow.h"
+#include "Vantrel/controller/TriggerFlow.h"
 #include "Vantrel/controller/UndoFlow.h"
 
 #include <expected>
@@ -93,6 +96,12 @@ public:
     [[nodiscard]] LayoutFlow& layouts() { return m_layouts; }
     // Desks put aside; what is stored is published.
     [[nodiscard]] StashFlow& stashes() { return m_stashes; }
+    // What applies scenes by itself; published.
+    [[nodiscard]] TriggerFlow& triggers() { return m_triggers; }
+    // The suggestion to save an arrangement as a scene; published.
+    [[nodiscard]] SuggestionFlow& suggestions() { return m_suggestions; }
+    // The rules per application.
+    [[nodiscard]] RuleFlow& rules() { return m_rules; }
 
     // What the restores of the last days did.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
@@ -136,6 +145,9 @@ private:
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
     SceneFlow m_scenes;
+    TriggerFlow m_triggers;
+    SuggestionFlow m_suggestions;
+    RuleFlow m_rules;
     // As the settings last said; a choice that could not be written holds for this run.
     std::optional<bool> m_storedEnabled;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;

@@ -45,6 +45,8 @@ public:
     bool snapshotsSuspended = false;
     // Between the first event of a display change and its settling.
     bool displaysChanging = false;
+    // Between going to sleep and waking up.
+    bool isAsleep = false;
     // Counts what makes scheduled resumes and captures under way stale.
     std::int64_t resumeEpoch = 0;
     // Counts the restores: what was captured before one does not show the desk any more.

@@ -3,8 +3,11 @@
 
 #include "VantrelCore/ports/Accessibility.h"
 #include "VantrelCore/ports/Background.h"
+#include "VantrelCore/ports/CalendarReader.h"
 #include "VantrelCore/ports/Clock.h"
 #include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/ports/FocusReader.h"
+#include "VantrelCore/ports/LocalZone.h"
 #include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/UserDefaults.h"
 #include "VantrelCore/ports/Workspace.h"
@@ -19,6 +22,9 @@ struct ControllerPorts {
     Clock& clock;
     MainQueue& mainQueue;
     Background& background;
+    LocalZone& localZone;
+    CalendarReader& calendar;
+    FocusReader& focus;
 };
 
 } // namespace vantrel

@@ -16,6 +16,7 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
     };
     auto layouts = opened(LayoutStore::open(directory, files));
     auto scenes = opened(SceneStore::open(directory, files));
+    auto triggers = opened(TriggerStore::open(directory, files));
     auto restoreLog = opened(RestoreLogStore::open(directory, files));
     auto receipts = opened(openRestoreReceipts(directory, files));
     auto usage = opened(openUsageStats(directory, files));
@@ -27,6 +28,7 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
     }
     return ControllerStores{.layouts = std::move(*layouts),
                             .scenes = std::move(*scenes),
+                            .triggers = std::move(*triggers),
                             .restoreLog = std::move(*restoreLog),
                             .receipts = std::move(*receipts),
                             .usage = std::move(*usage),

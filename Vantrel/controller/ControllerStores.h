@@ -8,6 +8,7 @@
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/stores/StashStore.h"
+#include "VantrelCore/stores/TriggerStore.h"
 #include "VantrelCore/stores/UsageStatsStore.h"
 
 #include <expected>
@@ -19,6 +20,7 @@ namespace vantrel {
 struct ControllerStores {
     LayoutStore layouts;
     SceneStore scenes;
+    TriggerStore triggers;
     RestoreLogStore restoreLog;
     RestoreReceiptsStore receipts;
     UsageStatsStore usage;

@@ -67,6 +67,9 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     }
     const auto learned = m_stabilityGate.observe(layout, stored);
     if (!learned) {
+        if (onLearnedDesk && stored && layout.isEquivalent(*stored)) {
+            onLearnedDesk(*stored);
+        }
         return;
     }
     if (!m_context.store.save(*learned)) {

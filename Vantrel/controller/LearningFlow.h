@@ -27,6 +27,8 @@ public:
     std::function<void()> onUnannouncedChange;
     // Called with the captured desk, in place of learning, when its layout is pinned.
     std::function<void(const Layout& current)> onPinnedDesk;
+    // Called with the stored layout when the captured desk stands like it.
+    std::function<void(const Layout& learned)> onLearnedDesk;
 
     // A display change begins: the last capture becomes the layout of the desk that is being left.
     void adoptPreChangeSnapshotIfNeeded();

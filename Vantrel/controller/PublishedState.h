@@ -6,6 +6,7 @@
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/RestoreReceipts.h"
 #include "VantrelCore/model/Scene.h"
+#include "VantrelCore/model/SceneTrigger.h"
 #include "VantrelCore/model/Stash.h"
 #include "VantrelCore/model/UndoSlot.h"
 #include "VantrelCore/model/UsageStats.h"
@@ -17,6 +18,15 @@
 #include <vector>
 
 namespace vantrel {
+
+// An arrangement of the present desk that recurs and is no scene yet.
+struct PatternSuggestionInfo {
+    std::string configID;
+    // As PatternSuggestion::signature gives it.
+    std::vector<std::string> signature;
+
+    bool operator==(const PatternSuggestionInfo&) const = default;
+};
 
 struct PublishedState {
     struct LastRestore {
@@ -52,6 +62,13 @@ struct PublishedState {
     std::int64_t scenesVersion = 0;
     // Of the current desk; the scene may have been deleted since.
     std::optional<std::string> lastAppliedSceneID;
+    // Oldest first; their scenes may have been deleted since.
+    std::vector<SceneTrigger> triggers;
+    // Counts the changes of the trigger store.
+    std::int64_t triggersVersion = 0;
+    // A calendar trigger waits, and no calendar may be read.
+    bool calendarAccessNeeded = false;
+    std::optional<PatternSuggestionInfo> patternSuggestion;
     std::optional<LastRestore> lastRestore;
     // Counts the changes of the restore history.
     std::int64_t restoreLogVersion = 0;

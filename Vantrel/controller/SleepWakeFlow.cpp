@@ -10,12 +10,14 @@ constexpr double driftTolerance = 2;
 } // namespace
 
 void SleepWakeFlow::willSleep() {
+    m_context.isAsleep = true;
     m_context.snapshotsSuspended = true;
     m_context.log("willSleep: snapshots suspended");
 }
 
 void SleepWakeFlow::handleWake() {
     m_context.log("didWake: checking pinned layout after settle");
+    m_context.isAsleep = false;
     ++m_context.resumeEpoch;
     m_check = m_context.ports.mainQueue.after(m_context.settings.settleDelay() + wakeDelay,
                                               [this, epoch = m_context.resumeEpoch] {

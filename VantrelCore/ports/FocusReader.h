@@ -10,6 +10,9 @@ namespace vantrel {
 // Used on the main thread.
 class FocusReader {
 public:
+    // The one that a desktop has which does not name it.
+    static constexpr const char* unnamed = "Do Not Disturb";
+
     FocusReader() = default;
     FocusReader(const FocusReader&) = delete;
     FocusReader& operator=(const FocusReader&) = delete;

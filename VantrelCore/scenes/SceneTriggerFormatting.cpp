@@ -1,5 +1,8 @@
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 
+#include "VantrelCore/text/Unicode.h"
+
+#include <charconv>
 #include <fmt/format.h>
 
 namespace vantrel::SceneTriggerFormatting {
@@ -7,6 +10,32 @@ namespace vantrel::SceneTriggerFormatting {
 std::string timeString(std::int64_t hour, std::int64_t minute) {
     const std::int64_t onTheDial = hour % 12;
     return fmt::format("{}:{:02} {}", onTheDial == 0 ? 12 : onTheDial, minute, hour < 12 ? "AM" : "PM");
+}
+
+std::optional<ScheduleTrigger> scheduleOf(std::string_view text) {
+    std::string rest = Unicode::lowercased(Unicode::trimmed(text));
+    std::optional<bool> isAfternoon;
+    if (rest.ends_with("am") || rest.ends_with("pm")) {
+        isAfternoon = rest.ends_with("pm");
+        rest = Unicode::trimmed(std::string_view(rest).substr(0, rest.size() - 2));
+    }
+    ScheduleTrigger time;
+    const char* const end = rest.data() + rest.size();
+    const auto hour = std::from_chars(rest.data(), end, time.hour);
+    if (hour.ec != std::errc{} || end - hour.ptr != 3 || *hour.ptr != ':') {
+        return std::nullopt;
+    }
+    const auto minute = std::from_chars(hour.ptr + 1, end, time.minute);
+    if (minute.ec != std::errc{} || minute.ptr != end || time.minute < 0 || time.minute > 59) {
+        return std::nullopt;
+    }
+    if (isAfternoon) {
+        if (time.hour < 1 || time.hour > 12) {
+            return std::nullopt;
+        }
+        time.hour = time.hour % 12 + (*isAfternoon ? 12 : 0);
+    }
+    return time.hour >= 0 && time.hour <= 23 ? std::optional(time) : std::nullopt;
 }
 
 std::string title(const SceneTrigger::Kind& kind) {

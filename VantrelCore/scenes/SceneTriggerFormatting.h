@@ -4,6 +4,7 @@
 #include "VantrelCore/model/SceneTrigger.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,9 @@ inline constexpr std::string_view calendarAccessNeeded = "Calendar access needed
 
 // On the 12-hour clock: "12:05 AM", "1:30 PM".
 [[nodiscard]] std::string timeString(std::int64_t hour, std::int64_t minute);
+
+// The time that a person writes: "7:30", "19:30", "7:30 pm".
+[[nodiscard]] std::optional<ScheduleTrigger> scheduleOf(std::string_view text);
 
 // What makes the trigger fire: its time, "Work focus turns on", the calendar event.
 [[nodiscard]] std::string title(const SceneTrigger::Kind& kind);

@@ -77,7 +77,7 @@ void DesktopFocusReader::tellTurnedOn() {
     m_queue.post([handler = std::weak_ptr(m_handler)] {
         const auto alive = handler.lock();
         if (alive && *alive) {
-            (*alive)(focusName);
+            (*alive)(unnamed);
         }
     });
 }

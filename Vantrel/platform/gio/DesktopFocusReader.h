@@ -13,9 +13,6 @@ namespace vantrel {
 // Listens on a thread of its own, which sleeps while nothing is switched.
 class DesktopFocusReader final : public FocusReader {
 public:
-    // Linux desktops have this one and do not name it.
-    static constexpr const char* focusName = "Do Not Disturb";
-
     explicit DesktopFocusReader(MainQueue& queue);
     ~DesktopFocusReader() override;
 

@@ -12,8 +12,16 @@ std::filesystem::path folder(QStandardPaths::StandardLocation location) {
 
 } // namespace
 
+std::filesystem::path home() {
+    return folder(QStandardPaths::HomeLocation);
+}
+
+std::filesystem::path data() {
+    return folder(QStandardPaths::GenericDataLocation);
+}
+
 std::filesystem::path supportDirectory() {
-    return folder(QStandardPaths::GenericDataLocation) / "Vantrel";
+    return data() / "Vantrel";
 }
 
 std::filesystem::path settingsFile() {

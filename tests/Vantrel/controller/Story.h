@@ -4,9 +4,12 @@
 
 #include "Vantrel/controller/AppController.h"
 #include "tests/simulated/MemoryFileSystem.h"
+#include "tests/simulated/SimulatedCalendar.h"
 #include "tests/simulated/SimulatedDefaults.h"
 #include "tests/simulated/SimulatedDesk.h"
+#include "tests/simulated/SimulatedFocus.h"
 #include "tests/simulated/SimulatedWorkspace.h"
+#include "tests/simulated/SimulatedZone.h"
 
 #include <map>
 #include <memory>
@@ -26,6 +29,9 @@ public:
     SimulatedDefaults defaults;
     SimulatedDesk desk;
     SimulatedWorkspace workspace;
+    SimulatedZone zone;
+    SimulatedCalendar calendar{time};
+    SimulatedFocus focus;
     AppLog log;
     std::unique_ptr<AppController> controller;
     bool isLicensed = true;

@@ -96,6 +96,16 @@ TEST(SceneTriggerFormatting, TimesAreOnTheTwelveHourClock) {
     EXPECT_EQ(timeString(12, 0), "12:00 PM");
     EXPECT_EQ(timeString(13, 30), "1:30 PM");
     EXPECT_EQ(timeString(23, 7), "11:07 PM");
+
+    using SceneTriggerFormatting::scheduleOf;
+    EXPECT_EQ(scheduleOf(" 7:05 "), (ScheduleTrigger{7, 5}));
+    EXPECT_EQ(scheduleOf("19:30"), (ScheduleTrigger{19, 30}));
+    EXPECT_EQ(scheduleOf("12:00 am"), (ScheduleTrigger{0, 0}));
+    EXPECT_EQ(scheduleOf("12:30PM"), (ScheduleTrigger{12, 30}));
+    for (const char* wrong :
+         {"", "7", "7:5", "24:00", "7:60", "-7:30", "7:-5", "13:00 pm", "0:10 am", "7:30x"}) {
+        EXPECT_FALSE(scheduleOf(wrong)) << wrong;
+    }
 }
 
 TEST(SceneTriggerFormatting, TitlesSayWhatMakesATriggerFire) {

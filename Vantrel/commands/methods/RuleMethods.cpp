@@ -1,0 +1,109 @@
+#include "Vantrel/commands/methods/RuleMethods.h"
+
+#include "Vantrel/commands/ControlNames.h"
+#include "VantrelCore/text/Unicode.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace vantrel {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+ControlAnswer refusal(std::string sentence) {
+    return std::unexpected(ControlRefusal{ControlNames::refused, std::move(sentence)});
+}
+
+ControlAnswer unknownApp(AppController& controller, const std::string& called) {
+    std::string known;
+    for (const auto& app : controller.rules().knownApps()) {
+        known += fmt::format("{}{} ({})", known.empty() ? "" : ", ", app.appName, app.bundleID);
+    }
+    return refusal(fmt::format("No application \"{}\" is known.{}", called,
+                               known.empty() ? "" : " Known are: " + known + "."));
+}
+
+// The display that a user calls so: by its identity or its name, among those connected and remembered.
+std::optional<DisplayInfo> display(AppController& controller, const std::string& called) {
+    auto displays = controller.published().displays;
+    for (const Layout& layout : controller.allLayouts()) {
+        displays.insert(displays.end(), layout.displays.begin(), layout.displays.end());
+    }
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    const auto found = std::ranges::find_if(displays, [&](const DisplayInfo& each) {
+        return Unicode::lowercased(each.uuid) == wanted || Unicode::lowercased(each.name) == wanted;
+    });
+    return found == displays.end() ? std::nullopt : std::optional(*found);
+}
+
+// `action` is "ignore", "display" or "none"; `displayName` counts for the second alone. An empty identity is
+// that of no display, so such a rule moves nothing and only carries `restoreLast`.
+ControlAnswer setRule(AppController& controller, const Arguments& arguments) {
+    const auto app = controller.rules().app(arguments[0]);
+    if (!app) {
+        return unknownApp(controller, arguments[0]);
+    }
+    AppRule rule{.bundleID = app->bundleID, .appName = app->appName, .action = {}, .restoreLast = {}};
+    if (arguments[1] == "display") {
+        const auto found = display(controller, arguments[2]);
+        if (!found) {
+            return refusal(fmt::format("No display \"{}\" is known. See: vantrelctl desks", arguments[2]));
+        }
+        rule.action = AppRule::ForceDisplay{.uuid = found->uuid, .displayName = found->name};
+    } else if (arguments[1] == "none") {
+        rule.action = AppRule::ForceDisplay{};
+    } else if (arguments[1] != "ignore") {
+        return refusal(
+            fmt::format("A rule is \"ignore\", \"display\" or \"none\", not \"{}\".", arguments[1]));
+    }
+    if (arguments[3] == "true") {
+        rule.restoreLast = true;
+    } else if (arguments[3] != "false") {
+        return refusal("Whether it is restored last is \"true\" or \"false\".");
+    }
+    if (arguments[1] == "none" && !rule.restoreLast) {
+        return refusal("That rule would say nothing. Take one away with: vantrelctl rules remove");
+    }
+    if (const auto result = controller.rules().setRule(rule); !result) {
+        return refusal(text(result.error()));
+    }
+    return nlohmann::json(rule);
+}
+
+ControlAnswer removeRule(AppController& controller, const std::string& called) {
+    const auto app = controller.rules().app(called);
+    if (!app) {
+        return unknownApp(controller, called);
+    }
+    if (const auto result = controller.rules().removeRule(app->bundleID); !result) {
+        return refusal(text(result.error()));
+    }
+    return nlohmann::json{{"bundleID", app->bundleID}, {"appName", app->appName}};
+}
+
+} // namespace
+
+std::vector<ControlMethod> ruleMethods(AppController& controller) {
+    return {{"Rules",
+             {},
+             "rules",
+             [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+                 reply(nlohmann::json{{"rules", controller.rules().rules()}});
+             }},
+            {"SetRule",
+             {"application", "action", "display", "restoreLast"},
+             "rule",
+             [&controller](const Arguments& arguments, const ControlReply& reply) {
+                 reply(setRule(controller, arguments));
+             }},
+            {"RemoveRule",
+             {"application"},
+             "rule",
+             [&controller](const Arguments& arguments, const ControlReply& reply) {
+                 reply(removeRule(controller, arguments[0]));
+             }}};
+}
+
+} // namespace vantrel

@@ -1,0 +1,14 @@
+// The methods about the rules per application: Rules, SetRule and RemoveRule.
+#pragma once
+
+#include "Vantrel/commands/ControlMethod.h"
+#include "Vantrel/controller/AppController.h"
+
+#include <vector>
+
+namespace vantrel {
+
+// The controller outlives them.
+[[nodiscard]] std::vector<ControlMethod> ruleMethods(AppController& controller);
+
+} // namespace vantrel

@@ -1,0 +1,15 @@
+// The methods about what applies scenes by itself: Triggers, AddTrigger, EnableTrigger, DisableTrigger and
+// DeleteTrigger.
+#pragma once
+
+#include "Vantrel/commands/ControlMethod.h"
+#include "Vantrel/controller/AppController.h"
+
+#include <vector>
+
+namespace vantrel {
+
+// The controller outlives them.
+[[nodiscard]] std::vector<ControlMethod> triggerMethods(AppController& controller);
+
+} // namespace vantrel

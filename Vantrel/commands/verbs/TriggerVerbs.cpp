@@ -1,0 +1,138 @@
+#include "Vantrel/commands/verbs/TriggerVerbs.h"
+
+#include "Vantrel/commands/terminal/TextColumns.h"
+#include "VantrelCore/scenes/SceneTriggerFormatting.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace vantrel {
+
+namespace {
+
+using namespace VerbPrinting;
+using JsonCoding::required;
+
+std::string sceneName(const nlohmann::json& trigger) {
+    const auto name = JsonCoding::optional<std::string>(trigger, "sceneName");
+    return name ? "\"" + *name + "\"" : "a scene that no longer exists";
+}
+
+std::string remark(const nlohmann::json& trigger, bool isAccessNeeded, const VerbEnvironment& environment) {
+    if (!required<bool>(trigger, "enabled")) {
+        return "off";
+    }
+    if (isAccessNeeded && trigger.at("kind").contains("calendarVideoEvent")) {
+        return std::string(SceneTriggerFormatting::calendarAccessNeeded);
+    }
+    const auto fired = JsonCoding::optional<Date>(trigger, "lastFiredAt");
+    return fired ? "last on " + environment.localDate(*fired) : "";
+}
+
+std::string list(const nlohmann::json& answer, const VerbEnvironment& environment) {
+    const bool isAccessNeeded = required<bool>(answer, "calendarAccessNeeded");
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& trigger : answer.at("triggers")) {
+        rows.push_back({std::to_string(rows.size() + 1), required<std::string>(trigger, "title"),
+                        "applies " + sceneName(trigger), remark(trigger, isAccessNeeded, environment)});
+    }
+    return rows.empty() ? "There are no triggers. Add one with: vantrelctl triggers add --help\n"
+                        : TextColumns::lines(rows, environment.drawing().columns);
+}
+
+std::string added(const nlohmann::json& answer) {
+    std::string text;
+    for (const auto& trigger : answer.at("triggers")) {
+        text += fmt::format("{}: applies {}.\n", required<std::string>(trigger, "title"), sceneName(trigger));
+    }
+    return text;
+}
+
+struct Words {
+    std::string detail;
+    std::vector<std::string> scenes;
+    std::string trigger;
+};
+
+ExitCode add(const char* kind, const Words& words, VerbOutput output) {
+    return show<nlohmann::json>(
+        ControlClient::call("AddTrigger", {kind, words.detail, nlohmann::json(words.scenes).dump()}), output,
+        added);
+}
+
+void addAdding(VerbTable& table, CLI::App& triggers, const std::shared_ptr<Words>& words) {
+    auto& adding =
+        *triggers.add_subcommand("add", "Apply a scene at a time, before a video call, with a Focus");
+    adding.require_subcommand(1);
+    adding.footer("Of several scenes, the one that was saved on the present desk is applied.\nExamples:\n"
+                  "  vantrelctl triggers add schedule 9:00 Work Home\n"
+                  "  vantrelctl triggers add calendar Call\n"
+                  "  vantrelctl triggers add focus Quiet");
+    const auto scenes = [&](CLI::App& verb) {
+        verb.add_option("SCENE", words->scenes, "Name of a scene; several for several desks")->required();
+    };
+    auto& schedule = table.add(adding, "schedule", "Every day at a time",
+                               [words](VerbOutput output) { return add("schedule", *words, output); });
+    schedule.add_option("TIME", words->detail, "9:30, 21:30 or \"9:30 PM\"")->required();
+    scenes(schedule);
+    auto& calendar = table.add(adding, "calendar", "A minute before an event with a link to a video call",
+                               [words](VerbOutput output) { return add("calendar", *words, output); });
+    scenes(calendar);
+    auto& focus = table.add(adding, "focus", "When a Focus turns on",
+                            [words](VerbOutput output) { return add("focus", *words, output); });
+    scenes(focus);
+    focus.add_option("--name", words->detail, "The Focus; without it the desktop's \"do not disturb\"");
+}
+
+} // namespace
+
+void addTriggerVerbs(VerbTable& table, CLI::App& app) {
+    const auto& environment = table.environment();
+    const auto words = std::make_shared<Words>();
+    const auto listAll = [&environment](VerbOutput output) {
+        return show<nlohmann::json>(ControlClient::call("Triggers"), output,
+                                    [&](const nlohmann::json& answer) { return list(answer, environment); });
+    };
+    auto& triggers =
+        table.add(app, "triggers", "Say what applies scenes by itself, add to it, take away", listAll);
+    table.add(triggers, "list", "List the triggers", listAll);
+    addAdding(table, triggers, words);
+
+    const auto change = [&](const char* name, const char* description, const char* method,
+                            const char* outcome) {
+        auto& verb = table.add(triggers, name, description, [words, method, outcome](VerbOutput output) {
+            return show<nlohmann::json>(ControlClient::call(method, {words->trigger}), output,
+                                        [outcome](const nlohmann::json& trigger) {
+                                            return fmt::format(
+                                                "{} {}.\n", required<std::string>(trigger, "title"), outcome);
+                                        });
+        });
+        verb.add_option("TRIGGER", words->trigger, "Its number in the list, or its identifier")->required();
+    };
+    change("enable", "Let a trigger fire again", "EnableTrigger", "is on");
+    change("disable", "Keep a trigger without letting it fire", "DisableTrigger", "is off");
+    change("delete", "Take a trigger away", "DeleteTrigger", "is deleted");
+}
+
+void addSuggestionVerbs(VerbTable& table, CLI::App& app) {
+    const auto answer = [](const char* method) {
+        return [method](VerbOutput output) {
+            return show<nlohmann::json>(ControlClient::call(method), output, [](const nlohmann::json& state) {
+                return required<bool>(state, "isSuggested")
+                           ? fmt::format("{} stood like this on several days. Save it with: vantrelctl scene "
+                                         "save NAME\n",
+                                         required<std::string>(state, "configName"))
+                           : std::string("Nothing is suggested.\n");
+            });
+        };
+    };
+    auto& suggestion =
+        table.add(app, "suggestion", "Say whether to save this arrangement as a scene, for it recurs",
+                  answer("Suggestion"));
+    table.add(suggestion, "snooze", "No suggestions for a week", answer("SnoozeSuggestions"));
+    table.add(suggestion, "stop", "No suggestions any more", answer("StopSuggestions"));
+    table.add(suggestion, "resume", "Suggestions again", answer("ResumeSuggestions"));
+}
+
+} // namespace vantrel

@@ -1,0 +1,75 @@
+#include "Vantrel/controller/RuleFlow.h"
+
+#include "VantrelCore/text/Unicode.h"
+
+#include <algorithm>
+#include <map>
+
+namespace vantrel {
+
+std::string text(RuleProblem problem) {
+    return problem == RuleProblem::notFound ? "There is no rule for that application."
+                                            : "The rule could not be written to disk. Nothing was changed.";
+}
+
+std::expected<void, RuleProblem> RuleFlow::setRule(const AppRule& rule) {
+    if (!m_context.store.setRule(rule)) {
+        return std::unexpected(RuleProblem::writeFailed);
+    }
+    m_context.log("rule set: " + rule.bundleID);
+    return {};
+}
+
+std::expected<void, RuleProblem> RuleFlow::removeRule(const std::string& bundleID) {
+    const auto known = rules();
+    if (std::ranges::find(known, bundleID, &AppRule::bundleID) == known.end()) {
+        return std::unexpected(RuleProblem::notFound);
+    }
+    if (!m_context.store.removeRule(bundleID)) {
+        return std::unexpected(RuleProblem::writeFailed);
+    }
+    m_context.log("rule removed: " + bundleID);
+    return {};
+}
+
+std::vector<RuleFlow::KnownApp> RuleFlow::knownApps() {
+    std::map<std::string, std::string> names;
+    const auto add = [&](const Layout& layout) {
+        for (const WindowRecord& window : layout.windows) {
+            names.try_emplace(window.bundleID, window.appName);
+        }
+    };
+    for (const AppRule& rule : rules()) {
+        names.try_emplace(rule.bundleID, rule.appName);
+    }
+    std::ranges::for_each(m_context.store.allLayouts(), add);
+    for (const Scene& scene : m_context.state().scenes) {
+        add(scene.layout);
+    }
+    std::vector<KnownApp> apps;
+    for (const auto& [bundleID, appName] : names) {
+        apps.push_back({bundleID, appName});
+    }
+    std::ranges::stable_sort(apps, {}, &KnownApp::appName);
+    return apps;
+}
+
+std::optional<RuleFlow::KnownApp> RuleFlow::app(std::string_view called) {
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    const auto apps = knownApps();
+    const auto named = [&](auto member) {
+        return std::ranges::find_if(apps, [&](const KnownApp& known) {
+            return Unicode::lowercased(std::invoke(member, known)) == wanted;
+        });
+    };
+    for (const auto found : {named(&KnownApp::bundleID), named(&KnownApp::appName)}) {
+        if (found != apps.end()) {
+            return *found;
+        }
+    }
+    const std::string bundleID(Unicode::trimmed(called));
+    const auto name = m_context.ports.workspace.applicationName(bundleID);
+    return name ? std::optional(KnownApp{bundleID, *name}) : std::nullopt;
+}
+
+} // namespace vantrel

@@ -1,0 +1,209 @@
+#include "tests/Vantrel/controller/Story.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vantrel::simulated {
+namespace {
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+// The story begins on 2026-03-02 at midnight UTC.
+struct Triggers : testing::Test {
+    Story story{"laptop-and-monitor"};
+
+    Triggers() {
+        story.openPrograms();
+        story.start();
+        story.learn();
+    }
+
+    // A scene of the present desk.
+    std::string newScene(const std::string& name) {
+        story.controller->scenes().saveCurrentAsScene(name, [](const SceneSaveOutcome&) {});
+        story.runFor(2);
+        return story.published().scenes.back().id;
+    }
+
+    std::string sceneOfAnotherDesk(const std::string& name) {
+        story.connect("laptop");
+        const std::string id = newScene(name);
+        story.connect("laptop-and-monitor");
+        return id;
+    }
+
+    std::string add(const SceneTrigger::Kind& kind, const std::vector<std::string>& sceneIDs) {
+        return story.controller->triggers().addTrigger(kind, sceneIDs).value().front().id;
+    }
+
+    void runUntil(int hour, int minute, int second = 0) {
+        const Date due = Date{std::chrono::sys_days{std::chrono::year{2026} / 3 / 2}} +
+                         std::chrono::hours{hour} + std::chrono::minutes{minute} +
+                         std::chrono::seconds{second};
+        story.runFor(secondsBetween(story.time.now(), due));
+    }
+
+    // How many lines tell that a trigger of this kind fired.
+    std::size_t fired(const std::string& kind) { return story.logged(kind + " trigger fired: "); }
+};
+
+TEST_F(Triggers, AScheduleFiresInItsMinuteOnceADayOnTheUsersClock) {
+    story.zone.zone = TimeZone::named("Asia/Kolkata").value();
+    add(SceneTrigger::Schedule{7, 30}, {newScene("Morning")});
+    runUntil(1, 59, 59);
+    EXPECT_EQ(fired("schedule"), 0U);
+    runUntil(2, 1);
+    EXPECT_EQ(story.logged("schedule trigger fired: 7:30 AM: \"Morning\""), 1U);
+    EXPECT_TRUE(story.published().triggers.front().lastFiredAt.has_value());
+    runUntil(26, 1);
+    EXPECT_EQ(fired("schedule"), 2U);
+
+    // The traveller's clock shows the time again, nine and a half hours later.
+    story.zone.zone = TimeZone::named("America/New_York").value();
+    runUntil(37, 0);
+    EXPECT_EQ(fired("schedule"), 3U);
+}
+
+TEST_F(Triggers, WhatIsMissedIsNotCaughtUpAndAClockThatGoesBackFiresNothingTwice) {
+    const std::string id = add(SceneTrigger::Schedule{1, 0}, {newScene("One")});
+    story.time.setWallClock(story.time.now() + std::chrono::hours{2});
+    story.runFor(120);
+    EXPECT_EQ(fired("schedule"), 0U);
+
+    const Date one = Date{std::chrono::sys_days{std::chrono::year{2026} / 3 / 3}} + std::chrono::hours{1};
+    story.time.setWallClock(one);
+    story.runFor(45);
+    EXPECT_EQ(fired("schedule"), 1U);
+    story.time.setWallClock(one - std::chrono::seconds{2});
+    story.start();
+    story.runFor(120);
+    EXPECT_EQ(fired("schedule"), 1U);
+    EXPECT_EQ(story.published().triggers.front().id, id);
+}
+
+TEST_F(Triggers, NoneFiresWhileTheProgramMayNotOrCannotMoveWindows) {
+    const std::string scene = newScene("Any");
+    const std::string id = add(SceneTrigger::Schedule{1, 0}, {scene});
+    add(SceneTrigger::FocusMode{"Work"}, {scene});
+    const std::pair<std::function<void()>, std::function<void()>> hindrances[] = {
+        {[&] { story.controller->setEnabled(false); }, [&] { story.controller->setEnabled(true); }},
+        {[&] { story.isLicensed = false; }, [&] { story.isLicensed = true; }},
+        {[&] { story.controller->willSleep(); }, [&] { story.controller->didWake(); }},
+        {[&] { EXPECT_TRUE(story.controller->triggers().setTriggerEnabled(id, false)); },
+         [&] { EXPECT_TRUE(story.controller->triggers().setTriggerEnabled(id, true)); }}};
+    int day = 0;
+    for (const auto& [begin, end] : hindrances) {
+        runUntil(day * 24 + 1, 0, -5);
+        begin();
+        story.focus.turnOn(day < 3 ? "Work" : "Play");
+        runUntil(day * 24 + 1, 1);
+        end();
+        EXPECT_EQ(fired("schedule") + fired("focus"), 0U) << day;
+        ++day;
+    }
+    runUntil(day * 24 + 1, 0, -5);
+    story.focus.turnOn("work");
+    EXPECT_EQ(story.logged("focus trigger fired: Work focus turns on: \"Any\""), 1U);
+    runUntil(day * 24 + 1, 1);
+    EXPECT_EQ(fired("schedule"), 1U);
+}
+
+TEST_F(Triggers, OfSeveralScenesThatOfThisDeskIsAppliedAndOneThatStandsAloneOnAnyDesk) {
+    const std::string elsewhere = sceneOfAnotherDesk("Elsewhere");
+    const std::string gone = newScene("Gone");
+    add(SceneTrigger::Schedule{1, 0}, {elsewhere, newScene("Here"), gone});
+    add(SceneTrigger::Schedule{2, 0}, {elsewhere});
+    EXPECT_TRUE(story.controller->scenes().deleteScene(gone));
+    runUntil(1, 1);
+    EXPECT_EQ(fired("schedule"), 1U);
+    EXPECT_EQ(story.logged("schedule trigger fired: 1:00 AM: \"Here\""), 1U);
+    EXPECT_EQ(story.logged("schedule trigger passed over: 1:00 AM: \"Elsewhere\""), 1U);
+    EXPECT_EQ(story.logged("schedule trigger passed over: 1:00 AM: its scene no longer exists"), 1U);
+    runUntil(2, 1);
+    EXPECT_EQ(story.logged("schedule trigger fired: 2:00 AM: \"Elsewhere\""), 1U);
+}
+
+TEST_F(Triggers, AFiringThatCannotBeWrittenStillFiresOnce) {
+    add(SceneTrigger::Schedule{1, 0}, {newScene("Any")});
+    runUntil(1, 0, -5);
+    story.files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    runUntil(1, 1);
+    EXPECT_EQ(fired("schedule"), 1U);
+    EXPECT_EQ(story.logged("schedule trigger: its firing could not be written"), 1U);
+}
+
+TEST_F(Triggers, AVideoCallFiresOnceItsStartIsWithinAMinuteAndThenRestsForFive) {
+    const Date start = story.time.now();
+    story.calendar.addVideoCall(dateAfter(start, 50));
+    story.calendar.events.push_back(story.calendar.events.front());
+    story.calendar.events.back().title = "The same in another calendar";
+    add(SceneTrigger::CalendarVideoEvent{}, {newScene("Call")});
+    story.runFor(2);
+    EXPECT_EQ(story.calendar.accessRequests, 1);
+    EXPECT_EQ(fired("calendar"), 1U);
+    EXPECT_EQ(story.logged("calendar trigger fired: video event starting 2026-03-02T"), 1U);
+
+    // Checked every 180 seconds: the next call begins too soon after the last, the one after does not.
+    story.calendar.events.clear();
+    for (int second = 60; second <= 900; second += 60) {
+        story.calendar.addVideoCall(dateAfter(start, second));
+    }
+    story.runFor(290);
+    EXPECT_EQ(fired("calendar"), 1U);
+    story.runFor(200);
+    EXPECT_EQ(fired("calendar"), 2U);
+}
+
+TEST_F(Triggers, WithoutCalendarAccessNothingFiresAndTheUserIsTold) {
+    story.calendar.hasAccess = false;
+    story.runFor(200);
+    EXPECT_THAT(story.calendar.queries, IsEmpty());
+    EXPECT_FALSE(story.published().calendarAccessNeeded);
+    const std::string id = add(SceneTrigger::CalendarVideoEvent{}, {newScene("Call")});
+    story.runFor(1);
+    EXPECT_TRUE(story.published().calendarAccessNeeded);
+    EXPECT_TRUE(story.controller->triggers().deleteTrigger(id));
+    EXPECT_FALSE(story.published().calendarAccessNeeded);
+}
+
+TEST_F(Triggers, OneAddedWhileTheCalendarIsBeingReadIsCheckedRightAfter) {
+    const std::string scene = newScene("Call");
+    story.calendar.readSeconds = 5;
+    add(SceneTrigger::CalendarVideoEvent{}, {scene});
+    story.runFor(1);
+    story.calendar.addVideoCall(dateAfter(story.time.now(), 40));
+    add(SceneTrigger::CalendarVideoEvent{}, {scene});
+    story.runFor(15);
+    EXPECT_THAT(story.calendar.queries, SizeIs(2));
+    EXPECT_EQ(fired("calendar"), 2U);
+}
+
+TEST_F(Triggers, WhatCannotBeAddedOrFoundIsRefusedAndChangesNothing) {
+    const std::string scene = newScene("Any");
+    const auto problem = [&](const SceneTrigger::Kind& kind, const std::vector<std::string>& scenes) {
+        return story.controller->triggers().addTrigger(kind, scenes).error();
+    };
+    using enum TriggerProblem;
+    EXPECT_EQ(problem(SceneTrigger::Schedule{24, 0}, {scene}), invalidTime);
+    EXPECT_EQ(problem(SceneTrigger::Schedule{7, 60}, {scene}), invalidTime);
+    EXPECT_EQ(problem(SceneTrigger::FocusMode{"  "}, {scene}), noFocusName);
+    EXPECT_EQ(problem(SceneTrigger::Schedule{7, 0}, {}), noScene);
+    EXPECT_EQ(problem(SceneTrigger::Schedule{7, 0}, {scene, "nobody"}), sceneNotFound);
+    EXPECT_EQ(story.controller->triggers().deleteTrigger("nobody").error(), notFound);
+    EXPECT_EQ(story.controller->triggers().setTriggerEnabled("nobody", true).error(), notFound);
+    for (int i = 0; i < 19; ++i) {
+        add(SceneTrigger::Schedule{i, 0}, {scene});
+    }
+    const auto version = story.published().triggersVersion;
+    EXPECT_EQ(problem(SceneTrigger::Schedule{20, 0}, {scene, scene}), capReached);
+    story.files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    EXPECT_EQ(problem(SceneTrigger::Schedule{20, 0}, {scene}), writeFailed);
+    EXPECT_EQ(story.controller->triggers().deleteTrigger(story.published().triggers.front().id).error(),
+              writeFailed);
+    EXPECT_THAT(story.published().triggers, SizeIs(19));
+    EXPECT_EQ(story.published().triggersVersion, version);
+}
+
+} // namespace
+} // namespace vantrel::simulated

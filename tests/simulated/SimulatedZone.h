@@ -1,0 +1,15 @@
+// The time zone of a user who may travel.
+#pragma once
+
+#include "VantrelCore/ports/LocalZone.h"
+
+namespace vantrel::simulated {
+
+class SimulatedZone final : public LocalZone {
+public:
+    TimeZone zone = TimeZone::utc();
+
+    TimeZone current() override { return zone; }
+};
+
+} // namespace vantrel::simulated
