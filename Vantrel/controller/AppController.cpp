@@ -43,8 +43,8 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_history(m_context, m_stores), m_learning(m_context), m_runner(m_context, m_history),
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
       m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
-      m_sleepWake(m_context, m_runner), m_scenes(m_context), m_triggers(m_context, m_stores.triggers),
-      m_suggestions(m_context), m_rules(m_context) {
+      m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
+      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context) {
     m_learning.onLearnedDesk = [this](const Layout& learned) {
         m_suggestions.recordPatternObservationIfNeeded(learned);
     };
@@ -56,6 +56,7 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
 }
 
 AppController::~AppController() {
+    m_context.ports.workspace.setLaunchHandler({});
     m_context.ports.defaults.setChangeHandler({});
     m_runner.abandonMoves();
 }
@@ -76,6 +77,8 @@ void AppController::watchForPermission() {
 void AppController::startEngine() {
     m_displayChange.start();
     m_context.ports.defaults.setChangeHandler([this] { userDefaultsChanged(); });
+    m_context.ports.workspace.setLaunchHandler(
+        [this](const RunningApp& app) { m_launchPlacement.handleAppLaunched(app); });
     m_learning.snapshotIfChanged();
     refreshStatus();
     m_snapshotTimer = m_context.ports.mainQueue.every(snapshotInterval, [this] { tick(); });

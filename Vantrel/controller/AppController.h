@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
+#include "Vantrel/controller/LaunchPlacementFlow.h"
 #include "Vantrel/controller/LayoutFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
 #include "Vantrel/controller/PinnedFlow.h"
@@ -144,6 +145,7 @@ private:
     StashFlow m_stashes;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
+    LaunchPlacementFlow m_launchPlacement;
     SceneFlow m_scenes;
     TriggerFlow m_triggers;
     SuggestionFlow m_suggestions;

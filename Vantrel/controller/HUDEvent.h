@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <variant>
 
 namespace vantrel {
@@ -21,9 +22,15 @@ struct Saved {
     std::int64_t windows = 0;
     bool operator==(const Saved&) const = default;
 };
+// A window of an application that was just started was moved to its place.
+struct AppPlaced {
+    std::string app;
+    std::string desk;
+    bool operator==(const AppPlaced&) const = default;
+};
 
 } // namespace HUD
 
-using HUDEvent = std::variant<HUD::Restoring, HUD::Done, HUD::Saved>;
+using HUDEvent = std::variant<HUD::Restoring, HUD::Done, HUD::Saved, HUD::AppPlaced>;
 
 } // namespace vantrel

@@ -38,6 +38,22 @@ Rect centred(Size size, const Rect& display) {
     return {{center.x - size.width * 0.5, center.y - size.height * 0.5}, size};
 }
 
+// In points; as far as a restored window may be off its place.
+constexpr double tolerance = 2.0;
+
+// A place that is taken is no place for another window.
+void takePlace(std::optional<Layout>& layout, const std::string& bundleID, const Rect& frame) {
+    if (!layout) {
+        return;
+    }
+    const auto taken = std::ranges::find_if(layout->windows, [&](const WindowRecord& window) {
+        return window.bundleID == bundleID && approxEqual(window.frame, frame, tolerance);
+    });
+    if (taken != layout->windows.end()) {
+        layout->windows.erase(taken);
+    }
+}
+
 } // namespace
 
 std::optional<Rect> target(const std::string& bundleID, const Rect& newWindowFrame,
@@ -56,6 +72,23 @@ std::optional<Rect> target(const std::string& bundleID, const Rect& newWindowFra
         return std::nullopt;
     }
     return remembered ? remembered : centred(newWindowFrame.size, display->frame);
+}
+
+std::vector<std::optional<Rect>> targets(const std::string& bundleID, const std::vector<Rect>& newWindows,
+                                         const std::vector<Rect>& standing, const std::vector<AppRule>& rules,
+                                         std::optional<Layout> currentLayout,
+                                         const std::vector<DisplayInfo>& displays) {
+    for (const Rect& frame : standing) {
+        takePlace(currentLayout, bundleID, frame);
+    }
+    std::vector<std::optional<Rect>> result;
+    for (const Rect& frame : newWindows) {
+        result.push_back(target(bundleID, frame, rules, currentLayout, displays));
+        if (result.back()) {
+            takePlace(currentLayout, bundleID, *result.back());
+        }
+    }
+    return result;
 }
 
 } // namespace vantrel::LaunchPlacement

@@ -17,4 +17,11 @@ namespace vantrel::LaunchPlacement {
                                          const std::optional<Layout>& currentLayout,
                                          const std::vector<DisplayInfo>& displays);
 
+// The targets of several new windows, in their order. No two get the same remembered place, and none gets one
+// where a window of `standing`, the application's windows that are not new, stands already.
+[[nodiscard]] std::vector<std::optional<Rect>>
+targets(const std::string& bundleID, const std::vector<Rect>& newWindows, const std::vector<Rect>& standing,
+        const std::vector<AppRule>& rules, std::optional<Layout> currentLayout,
+        const std::vector<DisplayInfo>& displays);
+
 } // namespace vantrel::LaunchPlacement

@@ -90,5 +90,20 @@ TEST(LaunchPlacement, OfTwoEquallyCloseSizesTheEarlierWindowWins) {
               large);
 }
 
+TEST(LaunchPlacement, NoTwoWindowsGetTheSameRememberedPlace) {
+    const Rect first{{10, 10}, {800, 600}};
+    const Rect second{{300, 40}, {800, 600}};
+    const Rect opened{{77, 88}, {800, 600}};
+    const auto layout = remembering({{"left", first}, {"left", second}});
+    using Targets = std::vector<std::optional<Rect>>;
+    EXPECT_EQ(LaunchPlacement::targets("editor", {opened, opened, opened}, {}, {}, layout, {}),
+              (Targets{first, second, std::nullopt}));
+    const Rect nearFirst{{11, 9}, {800, 601}};
+    EXPECT_EQ(LaunchPlacement::targets("editor", {opened, opened}, {nearFirst, opened}, {}, layout, {}),
+              (Targets{second, std::nullopt}))
+        << "another process's window stands at the first";
+    EXPECT_EQ(LaunchPlacement::targets("editor", {opened}, {}, {}, std::nullopt, {}), Targets{std::nullopt});
+}
+
 } // namespace
 } // namespace vantrel

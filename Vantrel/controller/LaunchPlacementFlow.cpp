@@ -1,0 +1,152 @@
+#include "Vantrel/controller/LaunchPlacementFlow.h"
+
+#include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/windows/LaunchPlacement.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <iterator>
+
+namespace vantrel {
+
+namespace {
+
+// Seconds between two looks for a window that has not appeared; the last one repeats.
+constexpr double lookDelays[] = {0.3, 0.5, 1, 2};
+
+// Seconds until a look that was held up is tried again.
+constexpr double holdDelay = 0.5;
+
+std::string nameOf(const RunningApp& app) {
+    return app.localizedName.value_or(*app.bundleID);
+}
+
+} // namespace
+
+void LaunchPlacementFlow::handleAppLaunched(const RunningApp& app) {
+    if (app.policy != ActivationPolicy::regular || !app.bundleID || app.bundleID == m_context.ownBundleID ||
+        !isWanted(app)) {
+        return;
+    }
+    const Key key{app.pid, *app.bundleID};
+    m_launches[key] = {.app = app,
+                       .at = m_context.ports.clock.monotonicSeconds(),
+                       .epoch = m_context.mutationEpoch,
+                       .looks = 0,
+                       .next = {}};
+    lookAfter(key, firstLook);
+}
+
+void LaunchPlacementFlow::lookAfter(const Key& key, double seconds) {
+    m_launches.at(key).next =
+        m_context.ports.mainQueue.after(seconds, [this, key] { attemptPlacement(key); });
+}
+
+bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
+    if (!m_context.settings.placeNewAppsEnabled() || !m_context.state().enabled || !m_context.entitledToRun()) {
+        return false;
+    }
+    if (isAwaitedBySettlement && isAwaitedBySettlement(*app.bundleID)) {
+        m_context.log(fmt::format(
+            "launch placement: {} is settling into a scene slot, deferring to settlement", nameOf(app)));
+        return false;
+    }
+    return true;
+}
+
+bool LaunchPlacementFlow::isHeldUp() {
+    return m_context.restoreInFlight || !m_context.isDeskCurrent() ||
+           !m_context.ports.accessibility.isTrusted();
+}
+
+void LaunchPlacementFlow::attemptPlacement(const Key& key) {
+    const auto found = m_launches.find(key);
+    if (found == m_launches.end()) {
+        return;
+    }
+    const Launch& launch = found->second;
+    if (launch.epoch != m_context.mutationEpoch || !isWanted(launch.app)) {
+        // A restore, an undo or a scene has had its say about the new windows.
+        m_launches.erase(found);
+    } else if (isHeldUp()) {
+        if (m_context.ports.clock.monotonicSeconds() - launch.at < longestHold) {
+            lookAfter(key, holdDelay);
+        } else {
+            m_launches.erase(found);
+        }
+    } else if (!hasPlace(launch.app)) {
+        m_launches.erase(found);
+    } else if (m_context.axWorkInFlight()) {
+        m_context.afterPass([this, key] { attemptPlacement(key); });
+    } else {
+        m_context.beginPass();
+        m_context.inBackground(
+            WorkPriority::userInitiated,
+            [task = task(launch.app), ports = m_context.ports] {
+                return LaunchPlacementPass::run(task, ports.accessibility, ports.clock, ports.background);
+            },
+            [this, key](const LaunchPlacementPass::Result& result) {
+                finish(key, result);
+                m_context.endPass();
+            });
+    }
+}
+
+bool LaunchPlacementFlow::hasPlace(const RunningApp& app) {
+    // Whatever the new window's size is: it only chooses among several places.
+    const auto known = task(app);
+    return LaunchPlacement::target(*app.bundleID, {}, known.rules, known.layout, known.displays).has_value();
+}
+
+LaunchPlacementPass::Task LaunchPlacementFlow::task(const RunningApp& app) {
+    if (m_context.movePermit->isRevoked()) {
+        m_context.movePermit = std::make_shared<MovePermit>();
+    }
+    const Layout* active = m_context.state().activeLayout();
+    return {.app = app,
+            .rules = m_context.store.rules(),
+            .layout = active != nullptr ? std::optional(*active) : std::nullopt,
+            .displays = m_context.state().displays,
+            .sizes = m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore
+                                                       : RestoreEngine::Sizes::leave,
+            .permit = m_context.movePermit};
+}
+
+void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Result& result) {
+    const auto found = m_launches.find(key);
+    if (found == m_launches.end()) {
+        return;
+    }
+    if (result.isAbandoned) {
+        // The next look, once the desk stands, decides anew.
+        lookAfter(key, holdDelay);
+        return;
+    }
+    if (result.windows == 0) {
+        lookAgainOrGiveUp(key);
+        return;
+    }
+    const std::string name = nameOf(found->second.app);
+    if (result.moved > 0) {
+        m_context.log(fmt::format("launch placement: moved {} window(s) of {}", result.moved, name));
+        m_context.announce(HUD::AppPlaced{name, m_context.state().layoutTitle});
+    }
+    if (result.failed > 0) {
+        m_context.log(fmt::format("launch placement: {} window(s) of {} did not go to their place",
+                                  result.failed, name));
+    }
+    m_launches.erase(found);
+}
+
+void LaunchPlacementFlow::lookAgainOrGiveUp(const Key& key) {
+    Launch& launch = m_launches.at(key);
+    launch.epoch = m_context.mutationEpoch;
+    const double delay = lookDelays[std::min(launch.looks++, std::size(lookDelays) - 1)];
+    if (m_context.ports.clock.monotonicSeconds() - launch.at + delay > longestWait) {
+        m_launches.erase(key);
+    } else {
+        lookAfter(key, delay);
+    }
+}
+
+} // namespace vantrel
