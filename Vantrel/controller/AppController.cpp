@@ -44,11 +44,19 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
       m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
       m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
+      m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
       m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context) {
+    m_triggers.onFire = [this](const Scene& scene, const std::string& reason) { applyScene(scene, reason); };
+    m_launchPlacement.isAwaitedBySettlement = [this](const std::string& bundleID) {
+        return m_settlement.isAwaiting(bundleID);
+    };
     m_learning.onLearnedDesk = [this](const Layout& learned) {
         m_suggestions.recordPatternObservationIfNeeded(learned);
     };
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
+    m_sceneApply.onHidden = [this](const std::vector<std::string>& bundleIDs) {
+        m_undo.noteHidden(bundleIDs);
+    };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
     m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });

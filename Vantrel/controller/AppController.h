@@ -11,7 +11,9 @@
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/RuleFlow.h"
+#include "Vantrel/controller/SceneApplyFlow.h"
 #include "Vantrel/controller/SceneFlow.h"
+#include "Vantrel/controller/SettlementFlow.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
 #include "Vantrel/controller/StashFlow.h"
 #include "Vantrel/controller/SuggestionFlow.h"
@@ -104,6 +106,14 @@ public:
     // The rules per application.
     [[nodiscard]] RuleFlow& rules() { return m_rules; }
 
+    // Puts the desk in order as the scene has it, also one of another desk. False when nothing is going to
+    // happen. `reason` says who wanted it where it was not the user: "trigger calendar event". `done`, if
+    // any, is told once what came of it, also when it is refused.
+    bool applyScene(const Scene& scene, const std::optional<std::string>& reason = std::nullopt,
+                    RestoreOutcome::Done done = {}) {
+        return m_sceneApply.applyScene(scene, reason, std::move(done));
+    }
+
     // What the restores of the last days did.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
@@ -147,6 +157,8 @@ private:
     SleepWakeFlow m_sleepWake;
     LaunchPlacementFlow m_launchPlacement;
     SceneFlow m_scenes;
+    SettlementFlow m_settlement;
+    SceneApplyFlow m_sceneApply;
     TriggerFlow m_triggers;
     SuggestionFlow m_suggestions;
     RuleFlow m_rules;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace vantrel {
 
@@ -29,8 +30,28 @@ struct AppPlaced {
     bool operator==(const AppPlaced&) const = default;
 };
 
+// A scene took the desk; see SceneApplyCaption.
+struct SceneApplied {
+    std::string name;
+    std::int64_t moved = 0;
+    std::int64_t opened = 0;
+    std::int64_t notOpen = 0;
+    double seconds = 0;
+    bool operator==(const SceneApplied&) const = default;
+};
+// The applications that a scene opened have been waited for; see SceneSettlementCaption.
+struct SceneSettled {
+    std::string name;
+    std::int64_t opened = 0;
+    std::int64_t placed = 0;
+    // Names of the applications that did not finish opening.
+    std::vector<std::string> stragglers;
+    bool operator==(const SceneSettled&) const = default;
+};
+
 } // namespace HUD
 
-using HUDEvent = std::variant<HUD::Restoring, HUD::Done, HUD::Saved, HUD::AppPlaced>;
+using HUDEvent =
+    std::variant<HUD::Restoring, HUD::Done, HUD::Saved, HUD::AppPlaced, HUD::SceneApplied, HUD::SceneSettled>;
 
 } // namespace vantrel

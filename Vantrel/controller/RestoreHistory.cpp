@@ -82,6 +82,9 @@ void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t wi
         case RestorePurpose::restore:
             usage.recordRestore(windows, desk, date);
             break;
+        case RestorePurpose::sceneSwitch:
+            usage.recordSceneSwitch(windows, desk, date);
+            break;
         case RestorePurpose::stashReturn:
             usage.recordStashUse(windows, desk, date);
             break;
@@ -94,11 +97,20 @@ void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t wi
 }
 
 void RestoreHistory::addFollowUp(const std::vector<std::size_t>& items) {
+    amend(items, RestoreLog::Outcome::retried);
+}
+
+void RestoreHistory::addSettled(const std::vector<std::size_t>& items) {
+    amend(items, RestoreLog::Outcome::restored);
+}
+
+void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome) {
     if (!m_latest || items.empty()) {
         return;
     }
     for (const std::size_t item : items) {
-        m_latest->items.at(item).outcome = RestoreLog::Outcome::retried;
+        m_latest->items.at(item).outcome = outcome;
+        m_latest->items.at(item).reason.reset();
     }
     check(m_stores.restoreLog.replaceNewest(*m_latest), "entry");
     m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });

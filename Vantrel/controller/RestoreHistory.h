@@ -26,6 +26,9 @@ public:
     // its entry then says that they needed a retry.
     void addFollowUp(const std::vector<std::size_t>& items);
 
+    // The windows of these items of the report last recorded have come since then and are in place.
+    void addSettled(const std::vector<std::size_t>& items);
+
     // Applications that have failed often.
     [[nodiscard]] std::set<std::string> stubbornBundleIDs() {
         return m_stores.reliability.stubbornBundleIDs();
@@ -35,6 +38,7 @@ public:
 
 private:
     void recordTotals(const RestoreRequest& request, std::int64_t windows, Date date);
+    void amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome);
     void check(bool isWritten, const char* what);
 
     ControllerContext& m_context;

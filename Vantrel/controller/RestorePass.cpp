@@ -26,6 +26,16 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
     }
     const auto current = underPermit(std::move(live), task.permit);
     result.report = RestoreEngine::restore(request.layout, current, matched, task.options, clock, background);
+    if (request.scene) {
+        result.scene = ScenePass::run(*request.scene,
+                                      {.live = current,
+                                       .matched = matched,
+                                       .scope = task.scope,
+                                       .sizes = task.options.sizes,
+                                       .permit = task.permit},
+                                      result.report, accessibility, clock, background);
+        result.changedNothing = result.changedNothing && result.scene->slots.filled.empty();
+    }
     auto moved = RestoreFollowUp::moved(request.layout, current, matched, result.report);
     if (task.options.sizes == RestoreEngine::Sizes::restore) {
         result.sizes = AchievedSizes::read(moved, result.report, background);

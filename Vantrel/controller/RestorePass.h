@@ -5,6 +5,7 @@
 #include "Vantrel/controller/MovePermit.h"
 #include "Vantrel/controller/RestoreFollowUp.h"
 #include "Vantrel/controller/RestoreRequest.h"
+#include "Vantrel/controller/ScenePass.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 
 #include <memory>
@@ -39,6 +40,8 @@ struct Result {
     std::optional<Before> before = std::nullopt;
     // Everything was in place already.
     bool changedNothing = false;
+    // Of a scene.
+    std::optional<ScenePass::Result> scene = std::nullopt;
 };
 
 [[nodiscard]] Result run(const Task& task, Accessibility& accessibility, Clock& clock,

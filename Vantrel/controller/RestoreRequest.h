@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/scenes/SceneOnDesk.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 
 #include <functional>
@@ -12,13 +13,17 @@
 
 namespace vantrel {
 
+namespace RestorePass {
+struct Result;
+}
+
 enum class Announcement : std::uint8_t { silent, announce };
 
 // Who started it: a display change, after which the window manager may still be moving windows, or a person.
 enum class RestoreTrigger : std::uint8_t { automatic, manual };
 
 // What the usage totals count it as.
-enum class RestorePurpose : std::uint8_t { restore, stashReturn, undo };
+enum class RestorePurpose : std::uint8_t { restore, sceneSwitch, stashReturn, undo };
 
 struct RestoreRequest {
     // With the user's rules applied.
@@ -30,6 +35,8 @@ struct RestoreRequest {
     RestorePurpose purpose = RestorePurpose::restore;
     Announcement announcement = Announcement::silent;
     std::optional<std::string> sceneName = std::nullopt;
+    // The scene whose layout this is: its open slots are filled too.
+    std::optional<SceneOnDesk> scene = std::nullopt;
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
     // The live windows that the layout's windows are, index by index, where they are known; else they are
     // looked for.
@@ -41,6 +48,8 @@ struct RestoreRequest {
     bool awaitsQuiet = false;
     // If any, called when an undo has taken this restore back.
     std::function<void()> undone = {};
+    // If any, told when it has run to its end, before `done`.
+    std::function<void(const RestorePass::Result&)> finished = {};
     // If any, told what came of it.
     RestoreOutcome::Done done = {};
 

@@ -94,6 +94,9 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
         if (onFinished) {
             onFinished(request, result);
         }
+        if (request.finished) {
+            request.finished(result);
+        }
         // Whoever waits need not wait for the files.
         request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
         m_history.record(request, result.report, result.sizes);
@@ -115,7 +118,8 @@ void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreRe
     });
     m_context.showPhase({Phase::Restored{restored, report.elapsed}});
     m_context.refreshStatus();
-    if (request.announcement == Announcement::announce) {
+    // A scene has more to tell.
+    if (request.announcement == Announcement::announce && !request.scene) {
         m_context.announce(HUD::Done{restored, report.elapsed});
     }
 }

@@ -3,9 +3,12 @@
 #include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/scenes/SceneDeskComparison.h"
+#include "VantrelCore/scenes/SceneGhostPlan.h"
 #include "VantrelCore/scenes/SceneRail.h"
 
 #include <fmt/format.h>
+#include <map>
+#include <set>
 #include <utility>
 
 namespace vantrel {
@@ -16,6 +19,15 @@ using Kind = SceneSaveOutcome::Kind;
 
 SceneSaveOutcome refused(SceneProblem problem) {
     return {.kind = Kind::refused, .problem = problem};
+}
+
+bool isGhostOf(const Scene& scene, const SceneSlot& slot) {
+    const auto index = static_cast<std::size_t>(slot.index);
+    if (index >= scene.layout.windows.size()) {
+        return false;
+    }
+    const WindowRecord& window = scene.layout.windows[index];
+    return window.isGhost.value_or(false) && window.bundleID == slot.record.bundleID;
 }
 
 } // namespace
@@ -150,6 +162,37 @@ SceneFlow::EditResult SceneFlow::setWallpaper(const std::optional<SceneWallpaper
 SceneFlow::EditResult SceneFlow::setHotkey(const std::string& id, std::optional<std::int64_t> keyCode,
                                            std::optional<std::int64_t> modifiers) {
     return edited(id, [&] { return m_store.updateHotkey(id, keyCode, modifiers); });
+}
+
+void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled) {
+    const auto scene = m_store.scene(id);
+    if (!scene || scene->isPinned()) {
+        return;
+    }
+    std::set<std::int64_t> indices;
+    std::map<std::int64_t, std::string> titles;
+    std::map<std::int64_t, Rect> frames;
+    for (const auto& [slot, title, frame, handle] : filled) {
+        // The scene may have been changed since it was applied.
+        if (!isGhostOf(*scene, slot)) {
+            continue;
+        }
+        indices.insert(slot.index);
+        titles[slot.index] = title;
+        // On other displays the window stands where the scene does not want it on its own.
+        if (!isOnAnotherDesk(*scene)) {
+            frames[slot.index] = frame;
+        }
+    }
+    if (indices.empty()) {
+        return;
+    }
+    Layout layout = scene->layout;
+    layout.windows = SceneGhostPlan::solidify(layout.windows, indices, titles, frames);
+    if (updateSceneLayout(id, layout)) {
+        m_context.log(
+            fmt::format("scene solidified: {} ghost slot(s) captured for {}", indices.size(), scene->name));
+    }
 }
 
 void SceneFlow::noteApplied(const std::string& id) {

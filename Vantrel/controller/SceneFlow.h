@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/SceneSaveOutcome.h"
+#include "Vantrel/controller/SlotFilling.h"
 
 #include <expected>
 #include <functional>
@@ -36,6 +37,9 @@ public:
     EditResult setHotkey(const std::string& id, std::optional<std::int64_t> keyCode,
                          std::optional<std::int64_t> modifiers);
 
+    // Windows have taken these slots of the scene: those that were kept free for them are its windows now.
+    // A pinned scene stays as it is.
+    void solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled);
     // The scene was applied on this desk.
     void noteApplied(const std::string& id);
 

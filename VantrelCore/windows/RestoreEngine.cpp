@@ -156,7 +156,7 @@ RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& cu
         raiseInOrder(matched.pairs, layout.windows, current);
     }
     for (const std::size_t index : matched.unmatchedSaved) {
-        report.items.push_back(itemFor(layout.windows[index], {Kind::skipped, "window no longer exists"}));
+        report.items.push_back(itemFor(layout.windows[index], {Kind::skipped, goneReason}));
     }
     report.elapsed = clock.monotonicSeconds() - start;
     return report;

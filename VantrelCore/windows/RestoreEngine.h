@@ -26,6 +26,9 @@ inline constexpr double settleSeconds = 0.08;
 // Why a window failed that took the move but is not where it belongs.
 inline constexpr const char* driftedReason = "window drifted after move";
 
+// Why a saved window without a live one was skipped.
+inline constexpr const char* goneReason = "window no longer exists";
+
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
 
 enum class Sizes : std::uint8_t { restore, leave };

@@ -1,0 +1,147 @@
+#include "Vantrel/controller/SceneApplyFlow.h"
+
+#include "VantrelCore/scenes/SceneSwitchPolicy.h"
+#include "VantrelCore/windows/MissingAppsPolicy.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <set>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+std::vector<std::string> bundleIDsOf(const Scene& scene) {
+    std::vector<std::string> bundleIDs;
+    for (const WindowRecord& window : scene.layout.windows) {
+        bundleIDs.push_back(window.bundleID);
+    }
+    return bundleIDs;
+}
+
+// As the scene knows the application.
+std::string appName(const Scene& scene, const std::string& bundleID) {
+    const auto window = std::ranges::find(scene.layout.windows, bundleID, &WindowRecord::bundleID);
+    return window == scene.layout.windows.end() || window->appName.empty() ? bundleID : window->appName;
+}
+
+} // namespace
+
+bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::string>& reason,
+                                RestoreOutcome::Done done) {
+    m_context.refreshStatus();
+    if (const auto hindrance = m_context.hindranceToMoving()) {
+        return RestoreOutcome::refuse(*hindrance, done);
+    }
+    const auto& displays = m_context.state().displays;
+    auto onDesk = SceneOnDesk::make(scene, m_context.state().configID, displays, m_context.store.rules());
+    m_context.log(fmt::format("apply scene: {} ({} windows)", scene.name, scene.layout.windows.size()));
+    Layout layout = onDesk.layout;
+    m_runner.perform({.layout = std::move(layout),
+                      .displays = displays,
+                      .reason = reason.value_or("scene"),
+                      .purpose = RestorePurpose::sceneSwitch,
+                      .announcement = Announcement::announce,
+                      .sceneName = scene.name,
+                      .scene = std::move(onDesk),
+                      .raising = RestoreEngine::Raising::raise,
+                      .prepare = [this](RestoreRequest& request) { unhide(request); },
+                      .finished = [this, scene](const RestorePass::Result& result) { finish(scene, result); },
+                      .done = std::move(done)});
+    return true;
+}
+
+// What an earlier scene has hidden and this one uses.
+void SceneApplyFlow::unhide(RestoreRequest& request) {
+    std::set<std::string> asked;
+    for (const std::string& bundleID : request.scene->bundleIDs) {
+        if (asked.insert(bundleID).second && m_context.ports.workspace.unhide(bundleID)) {
+            request.awaitsQuiet = true;
+        }
+    }
+}
+
+void SceneApplyFlow::finish(const Scene& scene, const RestorePass::Result& result) {
+    const ScenePass::Result& pass = *result.scene;
+    m_scenes.noteApplied(scene.id);
+    m_scenes.solidify(scene.id, pass.slots.filled);
+    hideOthers(scene, pass);
+    const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());
+    std::erase_if(m_launchedAt, [&](const auto& launched) { return running.contains(launched.first); });
+    const auto launched = launchMissing(scene, pass);
+
+    const auto missing =
+        MissingAppsPolicy::missingBundleIDs(bundleIDsOf(scene), running, m_context.ownBundleID.value_or(""));
+    const auto notOpen = static_cast<std::int64_t>(missing.size()) - std::ssize(launched);
+    m_context.announce(HUD::SceneApplied{.name = scene.name,
+                                         .moved = static_cast<std::int64_t>(result.report.restoredCount()),
+                                         .opened = std::ssize(launched),
+                                         .notOpen = std::max<std::int64_t>(notOpen, 0),
+                                         .seconds = result.report.elapsed});
+    std::vector<SceneSlot> open = pass.slots.open;
+    std::ranges::copy(pass.slots.refused, std::back_inserter(open));
+    m_settlement.begin({.sceneID = scene.id,
+                        .sceneName = scene.name,
+                        .launched = launched,
+                        .slots = std::move(open),
+                        .itemOfSlot = pass.itemOfSlot});
+    if (onApplied) {
+        onApplied(scene);
+    }
+}
+
+bool SceneApplyFlow::isStarting(const std::string& bundleID) {
+    const auto launched = m_launchedAt.find(bundleID);
+    return launched != m_launchedAt.end() &&
+           m_context.ports.clock.monotonicSeconds() - launched->second < SettlementFlow::deadlineSpan;
+}
+
+bool SceneApplyFlow::launch(const std::string& bundleID) {
+    if (m_context.ports.workspace.launch(bundleID)) {
+        m_launchedAt[bundleID] = m_context.ports.clock.monotonicSeconds();
+        return true;
+    }
+    const bool isInstalled = m_context.ports.workspace.applicationName(bundleID).has_value();
+    m_context.log(fmt::format("scene settlement: {} {}, skipped", bundleID,
+                              isInstalled ? "could not be started" : "is not installed"));
+    return false;
+}
+
+// One that is on its way already, for this scene or another, is waited for and not started twice.
+std::vector<SceneSettlement::LaunchedApp> SceneApplyFlow::launchMissing(const Scene& scene,
+                                                                        const ScenePass::Result& pass) {
+    std::vector<SceneSettlement::LaunchedApp> launched;
+    if (!scene.effectiveOpensMissingApps()) {
+        return launched;
+    }
+    for (const std::string& bundleID : pass.slots.launchBundleIDs) {
+        if (bundleID != m_context.ownBundleID && (isStarting(bundleID) || launch(bundleID))) {
+            launched.push_back({bundleID, appName(scene, bundleID)});
+        }
+    }
+    return launched;
+}
+
+void SceneApplyFlow::hideOthers(const Scene& scene, const ScenePass::Result& pass) {
+    if (!m_context.settings.hideOthersOnSceneSwitch()) {
+        return;
+    }
+    const auto used = bundleIDsOf(scene);
+    std::vector<std::string> hidden;
+    for (const std::string& bundleID : SceneSwitchPolicy::bundleIDsToHide(
+             pass.runningBundleIDs, {used.begin(), used.end()}, m_context.ownBundleID.value_or(""))) {
+        if (m_context.ports.workspace.hide(bundleID)) {
+            hidden.push_back(bundleID);
+        }
+    }
+    if (hidden.empty()) {
+        return;
+    }
+    m_context.log(fmt::format("scene switch hid {} app(s) the scene had hidden", hidden.size()));
+    if (onHidden) {
+        onHidden(hidden);
+    }
+}
+
+} // namespace vantrel

@@ -1,0 +1,110 @@
+#include "Vantrel/controller/ScenePass.h"
+
+#include "VantrelCore/windows/AXApps.h"
+#include "VantrelCore/windows/WindowSnapshotter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel::ScenePass {
+
+namespace {
+
+using Kind = RestoreReport::Kind;
+
+// The windows of an application that shows no ordinary one: a panel or a dialog.
+std::vector<CurrentWindow> panels(DeskReading& reading, const RunningApp& app, const std::string& bundleID) {
+    const auto entries = WindowSnapshotter::zOrderEntries(reading.onScreenWindows());
+    std::vector<CurrentWindow> result;
+    for (const WindowReading& window : reading.windows(app)) {
+        const auto frame = window.attributes.frame();
+        const bool isSeen =
+            !window.attributes.isMinimized.value_or(false) && !window.attributes.isFullscreen.value_or(false);
+        const auto order =
+            frame && isSeen ? WindowSnapshotter::captureDecision(app.pid, *frame, entries) : std::nullopt;
+        if (order) {
+            WindowRecord record;
+            record.bundleID = bundleID;
+            record.title = window.attributes.title.value_or("");
+            record.frame = *frame;
+            record.zOrder = *order;
+            result.push_back({std::move(record), AXWindowHandle(window.element)});
+        }
+    }
+    return result;
+}
+
+// What may take a slot: the windows that the restore has no place for, and of applications without any
+// ordinary window the others.
+std::vector<CurrentWindow> candidates(const std::vector<SceneSlot>& slots, const Desk& desk,
+                                      DeskReading& reading, const std::vector<RunningApp>& running) {
+    std::vector<CurrentWindow> result;
+    for (const std::size_t index : desk.matched.unmatchedCurrent) {
+        result.push_back(desk.live[index]);
+    }
+    for (const RunningApp& app : running) {
+        const std::string& bundleID = *app.bundleID;
+        const bool isWanted = std::ranges::any_of(
+            slots, [&](const SceneSlot& slot) { return slot.record.bundleID == bundleID; });
+        const bool hasWindow = std::ranges::any_of(
+            desk.live, [&](const CurrentWindow& window) { return window.record.bundleID == bundleID; });
+        if (isWanted && !hasWindow) {
+            std::ranges::move(underPermit(panels(reading, app, bundleID), desk.permit),
+                              std::back_inserter(result));
+        }
+    }
+    return result;
+}
+
+// The report ends with the layout's windows that nobody was found for, in their order.
+std::map<std::int64_t, std::size_t> addItems(const SceneOnDesk& scene, const Desk& desk,
+                                             RestoreReport& report) {
+    std::map<std::int64_t, std::size_t> itemOfSlot;
+    const auto& unmatched = desk.matched.unmatchedSaved;
+    const std::size_t first = report.items.size() - unmatched.size();
+    for (std::size_t i = 0; i < unmatched.size(); ++i) {
+        itemOfSlot[scene.indices[unmatched[i]]] = first + i;
+    }
+    for (const SceneSlot& ghost : scene.ghosts) {
+        itemOfSlot[ghost.index] = report.items.size();
+        report.items.push_back({ghost.record.appName,
+                                ghost.record.bundleID,
+                                ghost.record.title,
+                                {Kind::skipped, RestoreEngine::goneReason}});
+    }
+    return itemOfSlot;
+}
+
+} // namespace
+
+Result run(const SceneOnDesk& scene, const Desk& desk, RestoreReport& report, Accessibility& accessibility,
+           Clock& clock, Background& background) {
+    const double start = clock.monotonicSeconds();
+    const auto reading = accessibility.beginReading();
+    std::vector<RunningApp> running =
+        AXApps::regularApps(reading->runningApps(), desk.scope.excludedBundleID);
+    std::erase_if(running,
+                  [&](const RunningApp& app) { return desk.scope.ignoredBundleIDs.contains(*app.bundleID); });
+    Result result;
+    for (const RunningApp& app : running) {
+        result.runningBundleIDs.push_back(*app.bundleID);
+    }
+    result.itemOfSlot = addItems(scene, desk, report);
+    const auto slots = scene.openSlots(desk.matched.unmatchedSaved);
+    result.slots = SlotFilling::fill(slots, candidates(slots, desk, *reading, running),
+                                     {result.runningBundleIDs.begin(), result.runningBundleIDs.end()},
+                                     desk.scope.displays, desk.sizes, clock, background);
+    const auto outcomeOf = [&](const SceneSlot& slot) -> RestoreReport::Outcome& {
+        return report.items[result.itemOfSlot.at(slot.index)].outcome;
+    };
+    for (const auto& filled : result.slots.filled) {
+        outcomeOf(filled.slot) = {Kind::restored, ""};
+    }
+    for (const SceneSlot& slot : result.slots.refused) {
+        outcomeOf(slot) = {Kind::failed, RestoreEngine::driftedReason};
+    }
+    report.elapsed += clock.monotonicSeconds() - start;
+    return result;
+}
+
+} // namespace vantrel::ScenePass

@@ -1,0 +1,211 @@
+#include "Vantrel/controller/SettlementFlow.h"
+
+#include "VantrelCore/scenes/SceneSettlementCaption.h"
+#include "VantrelCore/windows/MissingAppsPolicy.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// Values only, so that a worker can own it.
+struct Look {
+    std::vector<SceneSlot> slots;
+    std::vector<SlotFilling::Filled> filled;
+    DeskCapture::Scope scope;
+    RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
+    std::shared_ptr<const MovePermit> permit;
+};
+
+// Leaves out the windows that stand in a slot already.
+void eraseFilled(std::vector<CurrentWindow>& windows, const std::vector<SlotFilling::Filled>& filled) {
+    for (const auto& seated : filled) {
+        const auto frame = seated.handle.frame();
+        const auto found = std::ranges::find_if(windows, [&](const CurrentWindow& window) {
+            return window.record.bundleID == seated.slot.record.bundleID && window.record.frame == frame;
+        });
+        if (found != windows.end()) {
+            windows.erase(found);
+        }
+    }
+}
+
+SlotFilling::Result fillSlots(const Look& look, Accessibility& accessibility, Clock& clock,
+                              Background& background) {
+    auto windows = underPermit(DeskCapture::windows(accessibility, look.scope), look.permit);
+    eraseFilled(windows, look.filled);
+    // Applications that have no window yet are on their way, not missing.
+    return SlotFilling::fill(look.slots, windows, {}, look.scope.displays, look.sizes, clock, background);
+}
+
+} // namespace
+
+void SettlementFlow::begin(Opening opening) {
+    const bool isSameScene = m_pending && m_pending->settlement.sceneID == opening.sceneID;
+    if (m_pending && !isSameScene) {
+        cancel("another scene was applied");
+    }
+    if (!isSameScene && opening.launched.empty()) {
+        return;
+    }
+    const Date now = m_context.ports.clock.now();
+    const Date deadline = now + std::chrono::seconds{static_cast<int>(deadlineSpan)};
+    if (isSameScene) {
+        m_pending->settlement.refresh(opening.launched, deadline);
+    } else {
+        m_pending = Pending();
+        m_pending->settlement =
+            SceneSettlement::make(opening.sceneID, opening.sceneName, ++m_token, opening.launched, deadline);
+    }
+    m_pending->openSlots = std::move(opening.slots);
+    m_pending->itemOfSlot = std::move(opening.itemOfSlot);
+    m_pending->due = m_context.ports.clock.monotonicSeconds() + deadlineSpan;
+    m_pending->expectedResumeEpoch = m_context.resumeEpoch;
+    m_pending->expectedMutationEpoch = m_context.mutationEpoch;
+    schedulePoll();
+}
+
+bool SettlementFlow::isAwaiting(const std::string& bundleID) const {
+    return m_pending && m_pending->settlement.awaiting.contains(bundleID);
+}
+
+bool SettlementFlow::isOvertaken() const {
+    return m_pending->expectedResumeEpoch != m_context.resumeEpoch ||
+           m_pending->expectedMutationEpoch != m_context.mutationEpoch;
+}
+
+bool SettlementFlow::isExpired() {
+    return m_pending->settlement.isExpired(m_context.ports.clock.now()) ||
+           m_context.ports.clock.monotonicSeconds() >= m_pending->due;
+}
+
+void SettlementFlow::schedulePoll() {
+    m_poll = m_context.ports.mainQueue.after(pollInterval,
+                                             [this, token = m_pending->settlement.token] { poll(token); });
+}
+
+void SettlementFlow::poll(std::int64_t token) {
+    if (!m_pending || m_pending->settlement.token != token) {
+        return;
+    }
+    if (m_context.restoreInFlight || m_context.axWorkInFlight()) {
+        // Perhaps of the same scene, which then goes on here.
+        schedulePoll();
+    } else if (isOvertaken()) {
+        cancel("the desk has changed");
+    } else {
+        look();
+    }
+}
+
+std::vector<SceneSlot> SettlementFlow::expectedSlots() const {
+    const SceneSettlement& settlement = m_pending->settlement;
+    std::vector<SceneSlot> slots;
+    std::ranges::copy_if(m_pending->openSlots, std::back_inserter(slots), [&](const SceneSlot& slot) {
+        const std::string& bundleID = slot.record.bundleID;
+        return settlement.awaiting.contains(bundleID) ||
+               std::ranges::find(settlement.placed, bundleID) != settlement.placed.end();
+    });
+    return slots;
+}
+
+void SettlementFlow::look() {
+    m_context.beginPass();
+    const auto sizes =
+        m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
+    m_context.inBackground(
+        WorkPriority::userInitiated,
+        [look = Look{.slots = expectedSlots(),
+                     .filled = m_pending->filled,
+                     .scope = m_context.captureScope(m_context.state().displays),
+                     .sizes = sizes,
+                     .permit = m_context.movePermit},
+         ports = m_context.ports] {
+            return fillSlots(look, ports.accessibility, ports.clock, ports.background);
+        },
+        [this, token = m_pending->settlement.token](const SlotFilling::Result& result) {
+            if (m_pending && m_pending->settlement.token == token) {
+                settle(result);
+            }
+            m_context.endPass();
+        });
+}
+
+void SettlementFlow::settle(const SlotFilling::Result& result) {
+    if (isOvertaken()) {
+        cancel("the desk has changed");
+        return;
+    }
+    std::vector<std::size_t> items;
+    for (const auto& filled : result.filled) {
+        std::erase_if(m_pending->openSlots,
+                      [&](const SceneSlot& slot) { return slot.index == filled.slot.index; });
+        m_pending->filled.push_back(filled);
+        items.push_back(m_pending->itemOfSlot.at(filled.slot.index));
+    }
+    m_history.addSettled(items);
+    markPlaced(result);
+    if (m_pending->settlement.isComplete() || isExpired()) {
+        finish();
+    } else {
+        schedulePoll();
+    }
+}
+
+void SettlementFlow::markPlaced(const SlotFilling::Result& result) {
+    const auto isOf = [](const std::string& bundleID) {
+        return [&bundleID](const auto& item) { return item.slot.record.bundleID == bundleID; };
+    };
+    const auto isFull = [&](const std::string& bundleID) {
+        return std::ranges::none_of(m_pending->openSlots,
+                                    [&](const SceneSlot& slot) { return slot.record.bundleID == bundleID; });
+    };
+    const auto pending = m_pending->settlement.pendingBundleIDs();
+    const auto lacking = MissingAppsPolicy::bundlesLackingWindows(
+        pending, m_context.ownBundleID.value_or(""), [&](const std::string& bundleID) {
+            return isFull(bundleID) || std::ranges::any_of(m_pending->filled, isOf(bundleID));
+        });
+    for (const std::string& bundleID : pending) {
+        if (std::ranges::find(lacking, bundleID) != lacking.end()) {
+            continue;
+        }
+        int& quietPolls = m_pending->quietPolls[bundleID];
+        quietPolls = std::ranges::any_of(result.filled, isOf(bundleID)) ? 0 : quietPolls + 1;
+        if (isFull(bundleID) || quietPolls >= patience || isExpired()) {
+            const std::string name = m_pending->settlement.awaiting.at(bundleID);
+            m_pending->settlement.markPlaced(bundleID);
+            m_context.log(
+                fmt::format("scene settlement: {} placed for {}", name, m_pending->settlement.sceneName));
+        }
+    }
+}
+
+// What stands in its slot by now stays the scene's.
+void SettlementFlow::keepWhatWasFilled() {
+    m_poll.reset();
+    m_scenes.solidify(m_pending->settlement.sceneID, m_pending->filled);
+}
+
+void SettlementFlow::finish() {
+    const SettlementSummary summary = m_pending->settlement.summary();
+    m_context.log(
+        fmt::format("scene settlement: {} for {}",
+                    SceneSettlementCaption::detail(summary.opened, summary.placed, summary.stragglers),
+                    m_pending->settlement.sceneName));
+    m_context.announce(HUD::SceneSettled{m_pending->settlement.sceneName, summary.opened, summary.placed,
+                                         summary.stragglers});
+    keepWhatWasFilled();
+    m_pending.reset();
+}
+
+void SettlementFlow::cancel(const char* why) {
+    m_context.log(
+        fmt::format("scene settlement: cancelled for {}: {}", m_pending->settlement.sceneName, why));
+    keepWhatWasFilled();
+    m_pending.reset();
+}
+
+} // namespace vantrel

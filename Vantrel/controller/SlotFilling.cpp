@@ -1,0 +1,99 @@
+#include "Vantrel/controller/SlotFilling.h"
+
+#include "Vantrel/controller/PerApplication.h"
+#include "VantrelCore/scenes/SceneGhostPlan.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace vantrel::SlotFilling {
+
+namespace {
+
+SceneGhostPlan::Plan planFor(const std::vector<SceneSlot>& slots,
+                             const std::vector<CurrentWindow>& candidates,
+                             const std::set<std::string>& runningBundleIDs) {
+    std::vector<SceneGhostPlan::Slot> places;
+    places.reserve(slots.size());
+    for (const SceneSlot& slot : slots) {
+        places.push_back({slot.index, slot.record.bundleID, slot.record.frame});
+    }
+    std::vector<SceneGhostPlan::LiveWindow> live;
+    live.reserve(candidates.size());
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        const WindowRecord& record = candidates[i].record;
+        live.push_back({.id = static_cast<std::int64_t>(i),
+                        .bundleID = record.bundleID,
+                        .isStandard = candidates[i].handle.subrole() == standardWindowSubrole,
+                        .area = record.frame.area(),
+                        .zOrder = record.zOrder});
+    }
+    return SceneGhostPlan::plan(places, live, runningBundleIDs);
+}
+
+Rect usableBounds(const WindowRecord& slot, const std::vector<DisplayInfo>& displays) {
+    const auto display = std::ranges::find(displays, slot.displayUUID, &DisplayInfo::uuid);
+    return display == displays.end() ? slot.frame : display->usableFrame();
+}
+
+// Where the window stands now; none when it would not go.
+std::optional<Rect> place(const SceneSlot& slot, const AXWindowHandle& handle,
+                          const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes,
+                          Clock& clock) {
+    const Rect& target = slot.record.frame;
+    if (sizes == RestoreEngine::Sizes::leave) {
+        RestoreEngine::place(target, handle, sizes);
+        const auto frame = handle.frame();
+        return RestoreEngine::isReached(frame, target, sizes) ? frame : std::nullopt;
+    }
+    const auto placement = RestoreEngine::placeDesigned(target, handle, usableBounds(slot.record, displays),
+                                                        [&clock](double seconds) { clock.sleep(seconds); });
+    if (const auto* placed = std::get_if<RestoreEngine::Placed>(&placement)) {
+        return placed->rect;
+    }
+    const auto* clamped = std::get_if<RestoreEngine::PlacedClampedSize>(&placement);
+    return clamped != nullptr ? std::optional(clamped->rect) : std::nullopt;
+}
+
+} // namespace
+
+Result fill(const std::vector<SceneSlot>& slots, const std::vector<CurrentWindow>& candidates,
+            const std::set<std::string>& runningBundleIDs, const std::vector<DisplayInfo>& displays,
+            RestoreEngine::Sizes sizes, Clock& clock, Background& background) {
+    auto plan = planFor(slots, candidates, runningBundleIDs);
+    std::map<std::int64_t, std::size_t> windowOfSlot;
+    for (const auto& claim : plan.claims) {
+        windowOfSlot[claim.slotIndex] = static_cast<std::size_t>(claim.windowID);
+    }
+    Result result;
+    result.launchBundleIDs = std::move(plan.launchBundleIDs);
+    std::vector<const SceneSlot*> claimed;
+    std::vector<RestoreFollowUp::Moved> windows;
+    for (const SceneSlot& slot : slots) {
+        const auto window = windowOfSlot.find(slot.index);
+        if (window == windowOfSlot.end()) {
+            result.open.push_back(slot);
+            continue;
+        }
+        windows.push_back(
+            {slot.record.bundleID, slot.record.frame, candidates[window->second].handle, claimed.size()});
+        claimed.push_back(&slot);
+    }
+    std::vector<std::optional<Rect>> frames(claimed.size());
+    PerApplication::forEach(windows, background, [&](std::size_t i) {
+        frames[i] = place(*claimed[i], windows[i].handle, displays, sizes, clock);
+    });
+    for (std::size_t i = 0; i < claimed.size(); ++i) {
+        if (frames[i]) {
+            const WindowRecord& live = candidates[windowOfSlot.at(claimed[i]->index)].record;
+            result.filled.push_back({*claimed[i], live.title, *frames[i], windows[i].handle});
+        } else {
+            result.refused.push_back(*claimed[i]);
+        }
+    }
+    return result;
+}
+
+} // namespace vantrel::SlotFilling

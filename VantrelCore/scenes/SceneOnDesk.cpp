@@ -1,0 +1,50 @@
+#include "VantrelCore/scenes/SceneOnDesk.h"
+
+#include "VantrelCore/windows/GhostPlacement.h"
+#include "VantrelCore/windows/LayoutTranslation.h"
+#include "VantrelCore/windows/RuleApplication.h"
+
+#include <algorithm>
+
+namespace vantrel {
+
+SceneOnDesk SceneOnDesk::make(const Scene& scene, const std::string& configID,
+                              const std::vector<DisplayInfo>& displays, const std::vector<AppRule>& rules) {
+    const auto ignored = RuleApplication::ignoredBundleIDs(rules);
+    SceneOnDesk result;
+    Layout all = LayoutTranslation::onto(scene.layout, configID, displays);
+    std::vector<std::int64_t> indices;
+    for (std::size_t i = 0; i < all.windows.size(); ++i) {
+        WindowRecord& window = all.windows[i];
+        if (window.isGhost.value_or(false)) {
+            window =
+                GhostPlacement::onConnectedDisplays(scene.layout.windows[i], scene.layout.displays, displays);
+        }
+        result.bundleIDs.push_back(window.bundleID);
+        if (!ignored.contains(window.bundleID)) {
+            indices.push_back(static_cast<std::int64_t>(i));
+        }
+    }
+    // Leaves out the same windows.
+    all = RuleApplication::apply(rules, std::move(all), displays);
+    result.layout = all.withoutGhosts();
+    for (std::size_t i = 0; i < all.windows.size(); ++i) {
+        if (all.windows[i].isGhost.value_or(false)) {
+            result.ghosts.push_back({indices[i], std::move(all.windows[i])});
+        } else {
+            result.indices.push_back(indices[i]);
+        }
+    }
+    return result;
+}
+
+std::vector<SceneSlot> SceneOnDesk::openSlots(const std::vector<std::size_t>& unmatchedWindows) const {
+    std::vector<SceneSlot> slots = ghosts;
+    for (const std::size_t window : unmatchedWindows) {
+        slots.push_back({indices[window], layout.windows[window]});
+    }
+    std::ranges::sort(slots, {}, &SceneSlot::index);
+    return slots;
+}
+
+} // namespace vantrel
