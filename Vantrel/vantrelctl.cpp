@@ -1,6 +1,7 @@
 // vantrelctl: asks a running vantrel what it knows and has it do things.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
 #include "Vantrel/commands/verbs/RuleVerbs.h"
+#include "Vantrel/commands/verbs/SceneVerbs.h"
 #include "Vantrel/commands/verbs/SettingsVerbs.h"
 #include "Vantrel/commands/verbs/ShellVerbs.h"
 #include "Vantrel/commands/verbs/TriggerVerbs.h"
@@ -20,6 +21,8 @@ using namespace vantrel;
 constexpr const char* examples = "Examples:\n"
                                  "  vantrelctl save            remember the windows where they stand now\n"
                                  "  vantrelctl restore         put them back, and say what became of each\n"
+                                 "  vantrelctl save-scene Work keep the desk as a scene, to be had again\n"
+                                 "  vantrelctl apply Work      put the desk in order as the scene has it\n"
                                  "  vantrelctl desks           draw every desk that is remembered\n"
                                  "  vantrelctl log --follow    watch what vantrel does";
 
@@ -54,6 +57,7 @@ int main(int argumentCount, char** arguments) {
                      .localDate = localDate,
                      .logFile = UserFolders::supportDirectory() / "app.log"});
     addDeskVerbs(verbs, app);
+    addSceneVerbs(verbs, app);
     addTriggerVerbs(verbs, app);
     addSuggestionVerbs(verbs, app);
     addRuleVerbs(verbs, app);

@@ -5,6 +5,7 @@
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
+#include "Vantrel/commands/methods/SceneMethods.h"
 #include "Vantrel/commands/methods/SettingsMethods.h"
 #include "Vantrel/commands/methods/SuggestionMethods.h"
 #include "Vantrel/commands/methods/TriggerMethods.h"
@@ -34,6 +35,7 @@ std::vector<ControlMethod> everyMethod(AppController& controller,
         std::ranges::move(group, std::back_inserter(all));
     };
     add(deskMethods(controller, supportDirectory));
+    add(sceneMethods(controller));
     add(triggerMethods(controller));
     add(suggestionMethods(controller));
     add(ruleMethods(controller));

@@ -45,7 +45,8 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
       m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
       m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
-      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context) {
+      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context),
+      m_nudge(m_context) {
     m_triggers.onFire = [this](const Scene& scene, const std::string& reason) { applyScene(scene, reason); };
     m_launchPlacement.isAwaitedBySettlement = [this](const std::string& bundleID) {
         return m_settlement.isAwaiting(bundleID);
@@ -54,6 +55,13 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
         m_suggestions.recordPatternObservationIfNeeded(learned);
     };
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
+    m_learning.onFreshDesk = [this](const Layout& fresh) {
+        // Until then windows are missing that are on their way.
+        if (!m_settlement.isPending()) {
+            m_nudge.checkSceneDrift(fresh);
+        }
+    };
+    m_sceneApply.onApplied = [this](const Scene& /*scene*/) { m_nudge.clear(); };
     m_sceneApply.onHidden = [this](const std::vector<std::string>& bundleIDs) {
         m_undo.noteHidden(bundleIDs);
     };
@@ -161,6 +169,13 @@ bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) 
                       .raising = RestoreEngine::Raising::raise,
                       .done = std::move(done)});
     return true;
+}
+
+bool AppController::reapplyDriftScene(RestoreOutcome::Done done) {
+    const auto nudge = published().driftNudge;
+    const auto scene = nudge ? m_context.sceneStore.scene(nudge->sceneID) : std::nullopt;
+    return scene ? applyScene(*scene, std::nullopt, std::move(done))
+                 : RestoreOutcome::refuse(RestoreOutcome::Kind::nothingStored, done);
 }
 
 bool AppController::setPinned(bool isPinned) {

@@ -7,6 +7,7 @@
 #include "Vantrel/controller/LaunchPlacementFlow.h"
 #include "Vantrel/controller/LayoutFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
+#include "Vantrel/controller/NudgeFlow.h"
 #include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
@@ -113,6 +114,9 @@ public:
                     RestoreOutcome::Done done = {}) {
         return m_sceneApply.applyScene(scene, reason, std::move(done));
     }
+    // What the user is told when the windows have moved away from that scene: not again, or put it back.
+    void dismissDriftNudge() { m_nudge.dismissDriftNudge(); }
+    bool reapplyDriftScene(RestoreOutcome::Done done = {});
 
     // What the restores of the last days did.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
@@ -162,6 +166,7 @@ private:
     TriggerFlow m_triggers;
     SuggestionFlow m_suggestions;
     RuleFlow m_rules;
+    NudgeFlow m_nudge;
     // As the settings last said; a choice that could not be written holds for this run.
     std::optional<bool> m_storedEnabled;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;

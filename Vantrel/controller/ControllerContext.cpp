@@ -142,6 +142,7 @@ void ControllerContext::showDesk(const std::string& configID, const std::vector<
         state.displays = displays;
         publishStored(state);
         publishLastAppliedScene(state);
+        state.driftNudge.reset();
     });
 }
 

@@ -58,6 +58,9 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
         // A window manager that restarts, or everything minimised: no reason to forget the desk.
         return;
     }
+    if (onFreshDesk) {
+        onFreshDesk(layout);
+    }
     const auto stored = storedLike(layout);
     if (stored && stored->isPinned()) {
         if (onPinnedDesk) {

@@ -25,6 +25,8 @@ public:
     // displays are not the ones that last settled.
     void snapshotIfChanged();
     std::function<void()> onUnannouncedChange;
+    // Called with every captured desk that shows windows, before anything is learned from it.
+    std::function<void(const Layout& fresh)> onFreshDesk;
     // Called with the captured desk, in place of learning, when its layout is pinned.
     std::function<void(const Layout& current)> onPinnedDesk;
     // Called with the stored layout when the captured desk stands like it.

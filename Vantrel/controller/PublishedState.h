@@ -1,6 +1,7 @@
 // Everything that the controller shows to menus, windows and commands.
 #pragma once
 
+#include "Vantrel/controller/DriftNudgeInfo.h"
 #include "Vantrel/controller/Phase.h"
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
@@ -62,6 +63,8 @@ struct PublishedState {
     std::int64_t scenesVersion = 0;
     // Of the current desk; the scene may have been deleted since.
     std::optional<std::string> lastAppliedSceneID;
+    // The windows of the current desk have moved away from that scene.
+    std::optional<DriftNudgeInfo> driftNudge;
     // Oldest first; their scenes may have been deleted since.
     std::vector<SceneTrigger> triggers;
     // Counts the changes of the trigger store.

@@ -48,8 +48,8 @@ struct RestoreRequest {
     bool awaitsQuiet = false;
     // If any, called when an undo has taken this restore back.
     std::function<void()> undone = {};
-    // If any, told when it has run to its end, before `done`.
-    std::function<void(const RestorePass::Result&)> finished = {};
+    // If any, told when it has run to its end, before `done` and history; may add to what the report tells.
+    std::function<void(RestorePass::Result&)> finished = {};
     // If any, told what came of it.
     RestoreOutcome::Done done = {};
 

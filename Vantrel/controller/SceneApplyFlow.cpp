@@ -26,6 +26,17 @@ std::string appName(const Scene& scene, const std::string& bundleID) {
     return window == scene.layout.windows.end() || window->appName.empty() ? bundleID : window->appName;
 }
 
+// Their windows are not closed but on their way.
+void explainSlotsOf(const std::vector<SceneSettlement::LaunchedApp>& launched, const ScenePass::Result& pass,
+                    RestoreReport& report) {
+    for (const SceneSlot& slot : pass.slots.open) {
+        if (std::ranges::find(launched, slot.record.bundleID, &SceneSettlement::LaunchedApp::bundleID) !=
+            launched.end()) {
+            report.items[pass.itemOfSlot.at(slot.index)].outcome.reason = "window has not opened yet";
+        }
+    }
+}
+
 } // namespace
 
 bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::string>& reason,
@@ -47,7 +58,7 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
                       .scene = std::move(onDesk),
                       .raising = RestoreEngine::Raising::raise,
                       .prepare = [this](RestoreRequest& request) { unhide(request); },
-                      .finished = [this, scene](const RestorePass::Result& result) { finish(scene, result); },
+                      .finished = [this, scene](RestorePass::Result& result) { finish(scene, result); },
                       .done = std::move(done)});
     return true;
 }
@@ -62,7 +73,7 @@ void SceneApplyFlow::unhide(RestoreRequest& request) {
     }
 }
 
-void SceneApplyFlow::finish(const Scene& scene, const RestorePass::Result& result) {
+void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const ScenePass::Result& pass = *result.scene;
     m_scenes.noteApplied(scene.id);
     m_scenes.solidify(scene.id, pass.slots.filled);
@@ -70,6 +81,7 @@ void SceneApplyFlow::finish(const Scene& scene, const RestorePass::Result& resul
     const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());
     std::erase_if(m_launchedAt, [&](const auto& launched) { return running.contains(launched.first); });
     const auto launched = launchMissing(scene, pass);
+    explainSlotsOf(launched, pass, result.report);
 
     const auto missing =
         MissingAppsPolicy::missingBundleIDs(bundleIDsOf(scene), running, m_context.ownBundleID.value_or(""));

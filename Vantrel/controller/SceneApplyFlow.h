@@ -32,7 +32,7 @@ public:
 
 private:
     void unhide(RestoreRequest& request);
-    void finish(const Scene& scene, const RestorePass::Result& result);
+    void finish(const Scene& scene, RestorePass::Result& result);
     [[nodiscard]] std::vector<SceneSettlement::LaunchedApp> launchMissing(const Scene& scene,
                                                                           const ScenePass::Result& pass);
     [[nodiscard]] bool launch(const std::string& bundleID);

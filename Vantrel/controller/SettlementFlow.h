@@ -41,6 +41,7 @@ public:
     // waits for another scene ends.
     void begin(Opening opening);
 
+    [[nodiscard]] bool isPending() const { return m_pending.has_value(); }
     // The application's next window belongs into a slot.
     [[nodiscard]] bool isAwaiting(const std::string& bundleID) const;
 

@@ -5,6 +5,8 @@
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace vantrel {
 
@@ -36,6 +38,17 @@ SceneOnDesk SceneOnDesk::make(const Scene& scene, const std::string& configID,
         }
     }
     return result;
+}
+
+Layout SceneOnDesk::allWindows() const {
+    std::vector<std::size_t> windows(indices.size());
+    std::iota(windows.begin(), windows.end(), std::size_t{0});
+    Layout all = layout;
+    all.windows.clear();
+    for (SceneSlot& slot : openSlots(windows)) {
+        all.windows.push_back(std::move(slot.record));
+    }
+    return all;
 }
 
 std::vector<SceneSlot> SceneOnDesk::openSlots(const std::vector<std::size_t>& unmatchedWindows) const {

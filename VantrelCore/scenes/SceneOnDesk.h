@@ -38,6 +38,9 @@ struct SceneOnDesk {
                                           const std::vector<DisplayInfo>& displays,
                                           const std::vector<AppRule>& rules);
 
+    // The layout with the ghosts, in scene order.
+    [[nodiscard]] Layout allWindows() const;
+
     // The slots that stay open when these of the layout's windows, in ascending order, have no live window:
     // theirs and the ghosts', in scene order.
     [[nodiscard]] std::vector<SceneSlot> openSlots(const std::vector<std::size_t>& unmatchedWindows) const;

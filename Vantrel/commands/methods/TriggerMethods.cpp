@@ -98,7 +98,7 @@ std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string&
         if (found == state.scenes.end()) {
             return std::unexpected(
                 state.scenes.empty()
-                    ? std::string("There is no scene yet. Save one with: vantrelctl scene save NAME")
+                    ? std::string("There is no scene yet. Save one with: vantrelctl save-scene NAME")
                     : fmt::format("There is no scene \"{}\". See: vantrelctl scenes", called));
         }
         ids.push_back(found->id);

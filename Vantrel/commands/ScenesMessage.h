@@ -1,0 +1,40 @@
+// The scenes of every desk, as they go over the session bus.
+#pragma once
+
+#include "Vantrel/controller/DriftNudgeInfo.h"
+#include "VantrelCore/model/Scene.h"
+
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct SceneMessage {
+    Scene scene;
+    // Of the desk that the scene was saved on.
+    std::string deskName;
+    bool isCurrentDesk = false;
+    // On the present desk.
+    bool isLastApplied = false;
+
+    bool operator==(const SceneMessage&) const = default;
+};
+
+struct ScenesMessage {
+    // Those of the present desk first, then the other desks by name.
+    std::vector<SceneMessage> scenes;
+    // The windows have moved away from the scene last applied.
+    std::optional<DriftNudgeInfo> driftNudge;
+
+    bool operator==(const ScenesMessage&) const = default;
+};
+
+// The keys of a scene in scenes.json, and deskName, isCurrentDesk and isLastApplied.
+void to_json(nlohmann::json& json, const SceneMessage& message);
+void from_json(const nlohmann::json& json, SceneMessage& message);
+void to_json(nlohmann::json& json, const ScenesMessage& message);
+void from_json(const nlohmann::json& json, ScenesMessage& message);
+
+} // namespace vantrel

@@ -1,0 +1,209 @@
+#include "Vantrel/commands/methods/SceneMethods.h"
+
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/ControlNames.h"
+#include "Vantrel/commands/ScenesMessage.h"
+#include "VantrelCore/scenes/SceneRail.h"
+#include "VantrelCore/text/SceneExplanations.h"
+#include "VantrelCore/text/Unicode.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+ControlAnswer refused(std::string sentence) {
+    return std::unexpected(ControlRefusal{ControlNames::refused, std::move(sentence)});
+}
+
+SceneMessage message(AppController& controller, const Scene& scene) {
+    const PublishedState& state = controller.published();
+    return {.scene = scene,
+            .deskName = controller.scenes().deskName(scene.configID).value_or(scene.layout.name),
+            .isCurrentDesk = scene.configID == state.configID,
+            .isLastApplied = scene.id == state.lastAppliedSceneID};
+}
+
+ScenesMessage scenes(AppController& controller) {
+    const PublishedState& state = controller.published();
+    ScenesMessage result{.scenes = {}, .driftNudge = state.driftNudge};
+    for (const Scene& scene : controller.scenes().scenesForCurrentDesk()) {
+        result.scenes.push_back(message(controller, scene));
+    }
+    const auto others =
+        SceneRail::otherDeskGroups(state.configID, state.scenes, [&](const std::string& configID) {
+            return controller.scenes().deskName(configID);
+        });
+    for (const SceneDeskGroup& group : others) {
+        for (const Scene& scene : group.scenes) {
+            result.scenes.push_back(message(controller, scene));
+            result.scenes.back().deskName = group.deskName;
+        }
+    }
+    return result;
+}
+
+// By its name without regard to case, or by its identifier.
+std::expected<Scene, ControlRefusal> sceneCalled(AppController& controller, const std::string& called) {
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    const auto& all = controller.published().scenes;
+    const auto found = std::ranges::find_if(all, [&](const Scene& scene) {
+        return Unicode::lowercased(scene.name) == wanted || Unicode::lowercased(scene.id) == wanted;
+    });
+    if (found != all.end()) {
+        return *found;
+    }
+    return std::unexpected(
+        ControlRefusal{ControlNames::refused,
+                       all.empty() ? "There is no scene yet. Save one with: vantrelctl save-scene NAME"
+                                   : fmt::format("There is no scene \"{}\".", called)});
+}
+
+ControlAnswer edited(AppController& controller, const SceneFlow::EditResult& result) {
+    return result ? ControlAnswer(message(controller, *result))
+                  : refused(std::string(SceneProblems::actionText(result.error())));
+}
+
+ControlAnswer saved(AppController& controller, const SceneSaveOutcome& outcome) {
+    if (!outcome.isSaved()) {
+        return refused(outcome.text());
+    }
+    nlohmann::json json = message(controller, *outcome.scene);
+    json["isNew"] = outcome.kind == SceneSaveOutcome::Kind::added;
+    return json;
+}
+
+void save(AppController& controller, const std::string& name, const ControlReply& reply) {
+    controller.scenes().saveCurrentAsScene(
+        name, [&controller, reply](const SceneSaveOutcome& outcome) { reply(saved(controller, outcome)); });
+}
+
+ControlAnswer deleted(AppController& controller, const Scene& scene) {
+    return scene.isPinned() ? refused(std::string(SceneExplanations::pinnedIsProtected))
+                            : edited(controller, controller.scenes().deleteScene(scene.id));
+}
+
+// The pictures of one display, by identity or name, or of all of them; an empty path takes them away.
+ControlAnswer withWallpaper(AppController& controller, const Scene& scene, const std::string& display,
+                            const std::string& path) {
+    SceneWallpaper wallpaper = scene.wallpaper.value_or(SceneWallpaper{});
+    bool isAny = false;
+    for (const DisplayInfo& each : scene.layout.displays) {
+        if (display.empty() || each.uuid == display || each.name == display) {
+            isAny = true;
+            if (path.empty()) {
+                wallpaper.perDisplay.erase(each.uuid);
+            } else {
+                wallpaper.perDisplay[each.uuid] = path;
+            }
+        }
+    }
+    return isAny ? edited(controller, controller.scenes().setWallpaper(wallpaper, scene.id))
+                 : refused(fmt::format("The scene \"{}\" has no display \"{}\".", scene.name, display));
+}
+
+} // namespace
+
+std::vector<ControlMethod> sceneMethods(AppController& controller) {
+    using OfScene = std::function<ControlAnswer(const Scene&, const Arguments&)>;
+    const auto ofScene = [&controller](const OfScene& answer) {
+        return [&controller, answer](const Arguments& arguments, const ControlReply& reply) {
+            const auto scene = sceneCalled(controller, arguments[0]);
+            reply(scene ? answer(*scene, arguments) : std::unexpected(scene.error()));
+        };
+    };
+    return {
+        {"Scenes",
+         {},
+         "scenes",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             reply(nlohmann::json(scenes(controller)));
+         }},
+        {"ApplyScene",
+         {"scene"},
+         "report",
+         [&controller](const Arguments& arguments, const ControlReply& reply) {
+             const auto scene = sceneCalled(controller, arguments[0]);
+             if (scene) {
+                 controller.applyScene(*scene, std::nullopt, ControlAnswers::restoreReply(reply));
+             } else {
+                 reply(std::unexpected(scene.error()));
+             }
+         }},
+        {"SaveScene",
+         {"name"},
+         "scene",
+         [&controller](const Arguments& arguments, const ControlReply& reply) {
+             save(controller, arguments[0], reply);
+         }},
+        {"CreateEmptyScene",
+         {"name"},
+         "scene",
+         [&controller](const Arguments& arguments, const ControlReply& reply) {
+             reply(saved(controller, controller.scenes().createEmptyScene(arguments[0])));
+         }},
+        {"RenameScene",
+         {"scene", "name"},
+         "scene",
+         ofScene([&controller](const Scene& scene, const Arguments& arguments) {
+             return edited(controller, controller.scenes().rename(scene.id, arguments[1]));
+         })},
+        {"DeleteScene",
+         {"scene"},
+         "scene",
+         ofScene([&controller](const Scene& scene, const Arguments& /*scene*/) {
+             return deleted(controller, scene);
+         })},
+        {"PinScene",
+         {"scene"},
+         "scene",
+         ofScene([&controller](const Scene& scene, const Arguments& /*scene*/) {
+             return edited(controller, controller.scenes().setPinned(true, scene.id));
+         })},
+        {"UnpinScene",
+         {"scene"},
+         "scene",
+         ofScene([&controller](const Scene& scene, const Arguments& /*scene*/) {
+             return edited(controller, controller.scenes().setPinned(false, scene.id));
+         })},
+        {"SetSceneOpensMissingApps",
+         {"scene", "opens"},
+         "scene",
+         ofScene([&controller](const Scene& scene, const Arguments& arguments) {
+             return arguments[1] == "true" || arguments[1] == "false"
+                        ? edited(controller,
+                                 controller.scenes().setOpensMissingApps(arguments[1] == "true", scene.id))
+                        : refused("It is \"true\" or \"false\".");
+         })},
+        {"SetSceneWallpaper",
+         {"scene", "display", "path"},
+         "scene",
+         ofScene([&controller](const Scene& scene, const Arguments& arguments) {
+             return withWallpaper(controller, scene, arguments[1], arguments[2]);
+         })},
+        {"DismissDriftNudge",
+         {},
+         "scenes",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             controller.dismissDriftNudge();
+             reply(nlohmann::json(scenes(controller)));
+         }},
+        {"ReapplyDriftScene",
+         {},
+         "report",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             if (controller.published().driftNudge) {
+                 controller.reapplyDriftScene(ControlAnswers::restoreReply(reply));
+             } else {
+                 reply(refused("The windows have not moved away from a scene."));
+             }
+         }},
+    };
+}
+
+} // namespace vantrel

@@ -1,0 +1,78 @@
+#include "Vantrel/commands/terminal/SceneTexts.h"
+
+#include "Vantrel/commands/terminal/TextCells.h"
+#include "VantrelCore/text/CountedNoun.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace vantrel::SceneTexts {
+
+namespace {
+
+std::string line(const std::string& text, const DeskDrawing::Options& options) {
+    std::string fitted = TextCells::fitted(text, options.columns, DeskDrawing::ellipsis(options));
+    fitted.erase(fitted.find_last_not_of(' ') + 1);
+    return fitted + '\n';
+}
+
+std::string_view separator(const DeskDrawing::Options& options) {
+    return options.characters == DeskDrawing::Characters::ascii ? ", " : " · ";
+}
+
+std::string traits(const SceneMessage& message, const DeskDrawing::Options& options) {
+    const Scene& scene = message.scene;
+    std::string text = countedNoun(std::ssize(scene.layout.windows), "window");
+    const auto add = [&](bool holds, std::string_view trait) {
+        if (holds) {
+            text += fmt::format("{}{}", separator(options), trait);
+        }
+    };
+    add(!message.isCurrentDesk, message.deskName);
+    add(scene.isPinned(), "pinned");
+    add(!scene.effectiveOpensMissingApps(), "opens no apps");
+    add(scene.hasWallpaper(), "wallpaper");
+    return text;
+}
+
+} // namespace
+
+std::string list(const ScenesMessage& message, const DeskDrawing::Options& options) {
+    int columns = 0;
+    for (const SceneMessage& each : message.scenes) {
+        columns = std::max(columns, TextCells::width(each.scene.name));
+    }
+    std::string text;
+    for (const SceneMessage& each : message.scenes) {
+        text += line(fmt::format("{} {}  {}", each.isLastApplied ? '*' : ' ',
+                                 TextCells::padded(each.scene.name, columns, DeskDrawing::ellipsis(options)),
+                                 traits(each, options)),
+                     options);
+    }
+    if (message.driftNudge) {
+        text += line(fmt::format("{} moved away from {}. Put back: vantrelctl scenes reapply",
+                                 countedNoun(message.driftNudge->movedCount, "window"),
+                                 message.driftNudge->sceneName),
+                     options);
+    }
+    return text;
+}
+
+std::string scene(const SceneMessage& message, const DeskDrawing::Options& options,
+                  const std::function<std::string(Date)>& dateText) {
+    const Scene& scene = message.scene;
+    std::string text =
+        line(fmt::format("{}{}{}{}saved {}", scene.name, separator(options), traits(message, options),
+                         separator(options), dateText(scene.layout.savedAt)),
+             options);
+    text += DeskDrawing::drawing(scene.layout.displays, scene.layout.windows, options);
+    text += DeskDrawing::windowList(scene.layout.displays, scene.layout.windows, options);
+    if (scene.wallpaper) {
+        for (const auto& [display, path] : scene.wallpaper->perDisplay) {
+            text += line("wallpaper: " + path, options);
+        }
+    }
+    return text;
+}
+
+} // namespace vantrel::SceneTexts

@@ -1,0 +1,186 @@
+#include "Vantrel/commands/verbs/SceneVerbs.h"
+
+#include "Vantrel/commands/terminal/SceneTexts.h"
+#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Unicode.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+namespace vantrel {
+
+namespace {
+
+using namespace VerbPrinting;
+
+struct Words {
+    std::string scene;
+    std::string newName;
+    std::string opens;
+    std::string picture;
+    std::string display;
+};
+
+using Shared = std::shared_ptr<Words>;
+using Sentence = std::function<std::string(const SceneMessage&)>;
+
+ExitCode tell(const char* method, const std::vector<std::string>& arguments, VerbOutput output,
+              const Sentence& sentence) {
+    return show<SceneMessage>(ControlClient::call(method, arguments), output,
+                              [&](const SceneMessage& scene) { return sentence(scene) + '\n'; });
+}
+
+Sentence said(const char* format) {
+    return [format](const SceneMessage& message) {
+        return fmt::format(fmt::runtime(format), message.scene.name);
+    };
+}
+
+ExitCode list(const VerbEnvironment& environment, VerbOutput output) {
+    return show<ScenesMessage>(ControlClient::call("Scenes"), output, [&](const ScenesMessage& message) {
+        const auto text = SceneTexts::list(message, environment.drawing());
+        return text.empty() ? "There is no scene yet. Save one with: vantrelctl save-scene NAME\n" : text;
+    });
+}
+
+// The scene is looked for among those that the program knows.
+ExitCode showScene(const VerbEnvironment& environment, const std::string& called, VerbOutput output) {
+    const auto answer = ControlClient::call("Scenes");
+    if (!answer) {
+        return complain(answer.error());
+    }
+    try {
+        const auto message = JsonCoding::value<ScenesMessage>(*answer);
+        const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+        const auto found = std::ranges::find_if(message.scenes, [&](const SceneMessage& each) {
+            return Unicode::lowercased(each.scene.name) == wanted ||
+                   Unicode::lowercased(each.scene.id) == wanted;
+        });
+        if (found == message.scenes.end()) {
+            return complain(fmt::format("There is no scene \"{}\".", called), ExitCode::failed);
+        }
+        if (output == VerbOutput::json) {
+            printJson(*found);
+        } else {
+            print(SceneTexts::scene(*found, environment.drawing(), environment.localDate));
+        }
+    } catch (const std::exception& error) {
+        return complainOfAnswer(error);
+    }
+    return ExitCode::done;
+}
+
+ExitCode save(const std::string& name, VerbOutput output) {
+    return show<nlohmann::json>(
+        ControlClient::call("SaveScene", {name}), output, [](const nlohmann::json& saved) {
+            const auto message = JsonCoding::value<SceneMessage>(saved);
+            return fmt::format("{} {} as the scene \"{}\".\n",
+                               JsonCoding::required<bool>(saved, "isNew") ? "Saved" : "Saved anew",
+                               countedNoun(std::ssize(message.scene.layout.windows), "window"),
+                               message.scene.name);
+        });
+}
+
+// The program that shows the picture has another working directory.
+ExitCode setWallpaper(const Words& words, VerbOutput output) {
+    std::string path;
+    if (!words.picture.empty()) {
+        std::error_code ignored;
+        path = std::filesystem::absolute(words.picture, ignored).string();
+        if (!std::filesystem::is_regular_file(path, ignored)) {
+            return complain(fmt::format("There is no picture {}.", path), ExitCode::failed);
+        }
+    }
+    return tell("SetSceneWallpaper", {words.scene, words.display, path}, output,
+                said(path.empty() ? "The scene \"{}\" leaves the wallpaper alone."
+                                  : "The scene \"{}\" has its wallpaper."));
+}
+
+void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
+    const auto add = [&](const char* name, const char* description, VerbTable::Run run) -> CLI::App& {
+        auto& verb = table.add(scenes, name, description, std::move(run));
+        verb.add_option("scene", words->scene, "The scene's name")->required();
+        return verb;
+    };
+    add("new", "Make a scene without windows, to be filled in the editor", [words](VerbOutput output) {
+        return tell("CreateEmptyScene", {words->scene}, output, said("Made the empty scene \"{}\"."));
+    });
+    add("update", "Save the desk as it stands into a scene of this desk",
+        [words](VerbOutput output) { return save(words->scene, output); });
+    add("rename", "Give a scene another name",
+        [words](VerbOutput output) {
+            return tell("RenameScene", {words->scene, words->newName}, output,
+                        said("The scene is called \"{}\" now."));
+        })
+        .add_option("name", words->newName, "Its new name, of 30 characters or fewer")
+        ->required();
+    add("delete", "Delete a scene", [words](VerbOutput output) {
+        return tell("DeleteScene", {words->scene}, output, said("Deleted the scene \"{}\"."));
+    });
+    add("pin", "Keep a scene as it is: not saved over, not deleted", [words](VerbOutput output) {
+        return tell("PinScene", {words->scene}, output, said("Pinned the scene \"{}\"."));
+    });
+    add("unpin", "Let a scene be changed again", [words](VerbOutput output) {
+        return tell("UnpinScene", {words->scene}, output, said("Unpinned the scene \"{}\"."));
+    });
+    add("open-apps", "Say whether applying a scene starts its applications that are not running",
+        [words](VerbOutput output) {
+            const bool opens = words->opens == "yes";
+            return tell(
+                "SetSceneOpensMissingApps", {words->scene, opens ? "true" : "false"}, output,
+                said(opens ? "The scene \"{}\" opens missing apps."
+                           : "The scene \"{}\" opens no missing apps, unless it keeps places for them."));
+        })
+        .add_option("opens", words->opens, "yes or no")
+        ->required()
+        ->check(CLI::IsMember({"yes", "no"}));
+    auto& wallpaper = add("wallpaper", "Choose the picture that a scene shows behind the windows",
+                          [words](VerbOutput output) { return setWallpaper(*words, output); });
+    wallpaper.add_option("picture", words->picture, "The picture's file; none takes it away");
+    wallpaper.add_option("--display", words->display, "The name of one of its displays; else all of them");
+}
+
+} // namespace
+
+void addSceneVerbs(VerbTable& table, CLI::App& app) {
+    const auto& environment = table.environment();
+    const auto words = std::make_shared<Words>();
+    const auto listed = [&environment](VerbOutput output) { return list(environment, output); };
+    auto& scenes = table.add(app, "scenes", "List the scenes of every desk, and work with them", listed);
+    table.add(scenes, "list", "List the scenes of every desk; the one last applied here has a star", listed);
+    table
+        .add(
+            scenes, "show", "Draw a scene",
+            [&environment, words](VerbOutput output) { return showScene(environment, words->scene, output); })
+        .add_option("scene", words->scene, "The scene's name")
+        ->required();
+    addChanges(table, scenes, words);
+    table.add(scenes, "reapply", "Put the scene back that the windows have moved away from",
+              [&environment](VerbOutput output) {
+                  return showReport(ControlClient::call("ReapplyDriftScene"), environment, output);
+              });
+    table.add(scenes, "dismiss", "Do not tell again that the windows have moved away from the scene",
+              [&environment](VerbOutput output) {
+                  return show<ScenesMessage>(ControlClient::call("DismissDriftNudge"), output,
+                                             [&](const ScenesMessage& message) {
+                                                 return SceneTexts::list(message, environment.drawing());
+                                             });
+              });
+    table
+        .add(app, "apply", "Put the desk in order as a scene has it, also one of another desk",
+             [&environment, words](VerbOutput output) {
+                 return showReport(ControlClient::call("ApplyScene", {words->scene}), environment, output);
+             })
+        .add_option("scene", words->scene, "The scene's name")
+        ->required();
+    table
+        .add(app, "save-scene", "Save the desk as it stands as a scene",
+             [words](VerbOutput output) { return save(words->scene, output); })
+        .add_option("name", words->scene, "The scene's name, of 30 characters or fewer")
+        ->required();
+}
+
+} // namespace vantrel

@@ -1,0 +1,17 @@
+// What the user is quietly told when the windows have moved away from the scene last applied.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vantrel {
+
+struct DriftNudgeInfo {
+    std::string sceneID;
+    std::string sceneName;
+    std::int64_t movedCount = 0;
+
+    bool operator==(const DriftNudgeInfo&) const = default;
+};
+
+} // namespace vantrel
