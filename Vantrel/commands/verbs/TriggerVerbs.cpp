@@ -116,23 +116,28 @@ void addTriggerVerbs(VerbTable& table, CLI::App& app) {
 }
 
 void addSuggestionVerbs(VerbTable& table, CLI::App& app) {
-    const auto answer = [](const char* method) {
-        return [method](VerbOutput output) {
-            return show<nlohmann::json>(ControlClient::call(method), output, [](const nlohmann::json& state) {
-                return required<bool>(state, "isSuggested")
-                           ? fmt::format("{} stood like this on several days. Save it with: vantrelctl scene "
-                                         "save NAME\n",
-                                         required<std::string>(state, "configName"))
-                           : std::string("Nothing is suggested.\n");
-            });
+    const auto answer = [](const char* method, const char* otherwise) {
+        return [method, otherwise](VerbOutput output) {
+            return show<nlohmann::json>(
+                ControlClient::call(method), output, [otherwise](const nlohmann::json& state) {
+                    return required<bool>(state, "isSuggested")
+                               ? fmt::format(
+                                     "{} stood like this on several days. Save it with: vantrelctl scene "
+                                     "save NAME\n",
+                                     required<std::string>(state, "configName"))
+                               : std::string(otherwise) + "\n";
+                });
         };
     };
     auto& suggestion =
         table.add(app, "suggestion", "Say whether to save this arrangement as a scene, for it recurs",
-                  answer("Suggestion"));
-    table.add(suggestion, "snooze", "No suggestions for a week", answer("SnoozeSuggestions"));
-    table.add(suggestion, "stop", "No suggestions any more", answer("StopSuggestions"));
-    table.add(suggestion, "resume", "Suggestions again", answer("ResumeSuggestions"));
+                  answer("Suggestion", "Nothing is suggested."));
+    table.add(suggestion, "snooze", "No suggestions for a week",
+              answer("SnoozeSuggestions", "No suggestions for a week."));
+    table.add(suggestion, "stop", "No suggestions any more",
+              answer("StopSuggestions", "No suggestions any more."));
+    table.add(suggestion, "resume", "Suggestions again",
+              answer("ResumeSuggestions", "Suggestions come again; now there is none."));
 }
 
 } // namespace vantrel

@@ -105,7 +105,8 @@ void RandomStory::tellChapter() {
                                                      {"sleep", &RandomStory::machineSleeps},
                                                      {"settle delay", &RandomStory::settleDelayChanges},
                                                      {"windows", &RandomStory::windowsComeAndGo},
-                                                     {"disk fails", &RandomStory::diskFailsForAWhile}};
+                                                     {"disk fails", &RandomStory::diskFailsForAWhile},
+                                                     {"triggers", &RandomStory::triggersFire}};
     const auto& [name, chapter] = kinds[below(std::size(kinds))];
     m_told.push_back(fmt::format("{:.1f} s: {}", m_story.time.monotonicSeconds(), name));
     (this->*chapter)();
@@ -205,6 +206,40 @@ void RandomStory::diskFailsForAWhile() {
     }
     comeToRest();
     m_story.files.stopFailing();
+}
+
+void RandomStory::triggersFire() {
+    m_hasRestoredDesk = false;
+    const std::string name = m_story.published().configName.substr(0, 20);
+    m_story.controller->scenes().saveCurrentAsScene(name, [](const SceneSaveOutcome&) {});
+    m_story.runFor(5);
+    const auto scenes = m_story.controller->scenes().scenesForCurrentDesk();
+    if (scenes.empty() || m_triggersAdded == TriggerStore::maxTriggers) {
+        return;
+    }
+    // The next minute that can still be looked at.
+    const bool isSchedule = happens(50);
+    const LocalTime next = m_story.zone.zone.localTime(m_story.time.now() + std::chrono::minutes{1});
+    const SceneTrigger::Kind kind = isSchedule
+                                        ? SceneTrigger::Kind(SceneTrigger::Schedule{next.hour, next.minute})
+                                        : SceneTrigger::Kind(SceneTrigger::FocusMode{"Work"});
+    const auto added = m_story.controller->triggers().addTrigger(kind, {scenes.front().id});
+    expect(added.has_value(), "a trigger for a scene of this desk is taken");
+    ++m_triggersAdded;
+    userMovesWindows();
+    const bool isDisturbed = happens(40);
+    if (isDisturbed) {
+        happens(50) ? changeDisplays() : machineSleeps();
+        m_hasRestoredDesk = false;
+    }
+    if (!isSchedule) {
+        m_story.focus.turnOn("Work");
+    }
+    m_story.runFor(130);
+    const auto stored = m_story.published().triggers.back();
+    expect(isDisturbed || stored.lastFiredAt.has_value(), "a trigger fires when nothing stands against it");
+    m_story.controller->triggers().deleteTrigger(stored.id);
+    --m_triggersAdded;
 }
 
 void RandomStory::comeToRest() {

@@ -44,6 +44,7 @@ private:
     void settleDelayChanges();
     void windowsComeAndGo();
     void diskFailsForAWhile();
+    void triggersFire();
 
     void comeToRest();
     // Notes where everything is, unless displays or window manager are still at work.
@@ -66,6 +67,7 @@ private:
     double m_restlessUntil = 0;
     int m_windowsOpened = 0;
     bool m_hasRestoredDesk = false;
+    std::size_t m_triggersAdded = 0;
 };
 
 } // namespace vantrel::simulated
