@@ -121,10 +121,9 @@ void addSuggestionVerbs(VerbTable& table, CLI::App& app) {
             return show<nlohmann::json>(
                 ControlClient::call(method), output, [otherwise](const nlohmann::json& state) {
                     return required<bool>(state, "isSuggested")
-                               ? fmt::format(
-                                     "{} stood like this on several days. Save it with: vantrelctl scene "
-                                     "save NAME\n",
-                                     required<std::string>(state, "configName"))
+                               ? fmt::format("{} stood like this on several days. Save it with: vantrelctl "
+                                             "save-scene NAME\n",
+                                             required<std::string>(state, "configName"))
                                : std::string(otherwise) + "\n";
                 });
         };
