@@ -105,10 +105,11 @@ TEST_P(ManyRounds, EndWithEveryWindowBackAndNothingLearnedOnTheWay) {
     })) << DemoTable::text(stories)
         << vantrel.log();
     const std::string log = vantrel.log();
-    // One restore for each settled change, given up where the next change came first or in its middle.
+    // One restore for each settled change, given up where the next change came first or in its middle. A
+    // monitor that is gone again when the desk is named has no name any more.
     EXPECT_EQ(linesWith(log, "restore report:") + linesWith(log, "restore abandoned:") +
                   linesWith(log, "restore dropped: the displays have changed"),
-              linesWith(log, "Desk 24 + Side 27 (2 displays)"))
+              linesWith(log, "(2 displays)"))
         << log;
     // The order of the stack is the window manager's affair while monitors come and go.
     const auto frames = [](const nlohmann::json& windows) {
