@@ -9,6 +9,7 @@
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/qt/DBusSystemEvents.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
@@ -83,6 +84,8 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     X11Accessibility accessibility(desk);
     X11DisplayServices displays(connection);
     X11Workspace workspace(desk, queue);
+    DBusSystemEvents systemEvents(QDBusConnection::systemBus(), bus,
+                                  [&log](const std::string& message) { log.write(message); });
     SystemZone localZone;
     DesktopFocusReader focus(queue);
     IcalCalendarReader calendar(UserFolders::home(), UserFolders::data(), [&](const std::string& message) {
@@ -91,8 +94,8 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
-    const ControllerPorts ports{accessibility, displays,   workspace, defaults, clock,
-                                queue,         background, localZone, calendar, focus};
+    const ControllerPorts ports{accessibility, displays,   workspace, systemEvents, defaults, clock,
+                                queue,         background, localZone, calendar,     focus};
     auto controller = AppController::create(
         ports, files, log,
         {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});

@@ -72,6 +72,7 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
 }
 
 AppController::~AppController() {
+    m_context.ports.systemEvents.setHandlers({});
     m_context.ports.workspace.setLaunchHandler({});
     m_context.ports.defaults.setChangeHandler({});
     m_runner.abandonMoves();
@@ -93,6 +94,10 @@ void AppController::watchForPermission() {
 void AppController::startEngine() {
     m_displayChange.start();
     m_context.ports.defaults.setChangeHandler([this] { userDefaultsChanged(); });
+    m_context.ports.systemEvents.setHandlers({.willSleep = [this] { m_sleepWake.willSleep(); },
+                                              .didWake = [this] { m_sleepWake.handleWake(); },
+                                              .sessionLocked = [this] { m_sleepWake.sessionLocked(); },
+                                              .sessionUnlocked = [this] { m_sleepWake.sessionUnlocked(); }});
     m_context.ports.workspace.setLaunchHandler(
         [this](const RunningApp& app) { m_launchPlacement.handleAppLaunched(app); });
     m_learning.snapshotIfChanged();

@@ -62,10 +62,6 @@ public:
     // Starts to watch the displays and to learn.
     void startEngine();
 
-    // Called for the system's notifications.
-    void willSleep() { m_sleepWake.willSleep(); }
-    void didWake() { m_sleepWake.handleWake(); }
-
     // Learning and restoring; kept over a restart.
     void setEnabled(bool isEnabled);
     [[nodiscard]] bool isEnabled() const { return published().enabled; }

@@ -46,8 +46,9 @@ void ControllerContext::scheduleSnapshotResume(double seconds) {
     const double now = ports.clock.monotonicSeconds();
     m_resumeDue = std::max(m_resumeDue, now + seconds);
     m_resume = ports.mainQueue.after(m_resumeDue - now, [this, epoch = resumeEpoch] {
-        // While displays are changing, their settling schedules the next resume.
-        if (epoch == resumeEpoch && !displaysChanging) {
+        // While displays are changing, their settling schedules the next resume; while nobody is there, the
+        // return does.
+        if (epoch == resumeEpoch && !displaysChanging && !isAway()) {
             snapshotsSuspended = false;
         }
     });

@@ -43,10 +43,12 @@ public:
 
     // No capture may be learned from: the desk is in motion or about to be.
     bool snapshotsSuspended = false;
+    // Nobody is at the desk: nothing is learned, whatever else resumes learning.
+    bool isAsleep = false;
+    bool isLocked = false;
+    [[nodiscard]] bool isAway() const { return isAsleep || isLocked; }
     // Between the first event of a display change and its settling.
     bool displaysChanging = false;
-    // Between going to sleep and waking up.
-    bool isAsleep = false;
     // Counts what makes scheduled resumes and captures under way stale.
     std::int64_t resumeEpoch = 0;
     // Counts the restores: what was captured before one does not show the desk any more.

@@ -9,6 +9,7 @@
 #include "VantrelCore/ports/FocusReader.h"
 #include "VantrelCore/ports/LocalZone.h"
 #include "VantrelCore/ports/MainQueue.h"
+#include "VantrelCore/ports/SystemEvents.h"
 #include "VantrelCore/ports/UserDefaults.h"
 #include "VantrelCore/ports/Workspace.h"
 
@@ -18,6 +19,7 @@ struct ControllerPorts {
     Accessibility& accessibility;
     DisplayServices& displays;
     Workspace& workspace;
+    SystemEvents& systemEvents;
     UserDefaults& defaults;
     Clock& clock;
     MainQueue& mainQueue;

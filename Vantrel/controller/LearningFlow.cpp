@@ -9,8 +9,8 @@
 namespace vantrel {
 
 bool LearningFlow::mayCapture() {
-    return m_context.state().enabled && !m_context.snapshotsSuspended && m_context.entitledToRun() &&
-           !m_context.axWorkInFlight() && !m_context.restoreInFlight &&
+    return m_context.state().enabled && !m_context.snapshotsSuspended && !m_context.isAway() &&
+           m_context.entitledToRun() && !m_context.axWorkInFlight() && !m_context.restoreInFlight &&
            m_context.ports.accessibility.isTrusted();
 }
 

@@ -13,16 +13,35 @@ void SleepWakeFlow::willSleep() {
     m_context.isAsleep = true;
     m_context.snapshotsSuspended = true;
     m_context.log("willSleep: snapshots suspended");
+    m_missedWake = m_context.ports.mainQueue.after(longestFallingAsleep, [this] { handleWake(); });
 }
 
 void SleepWakeFlow::handleWake() {
-    m_context.log("didWake: checking pinned layout after settle");
+    m_missedWake.reset();
     m_context.isAsleep = false;
+    m_context.log("didWake: checking pinned layout after settle");
+    lookAfterSettling();
+}
+
+void SleepWakeFlow::sessionLocked() {
+    m_context.isLocked = true;
+    m_context.snapshotsSuspended = true;
+    m_context.log("session locked: snapshots suspended");
+}
+
+void SleepWakeFlow::sessionUnlocked() {
+    m_context.isLocked = false;
+    m_context.log("session unlocked: checking pinned layout after settle");
+    lookAfterSettling();
+}
+
+void SleepWakeFlow::lookAfterSettling() {
     ++m_context.resumeEpoch;
     m_check = m_context.ports.mainQueue.after(m_context.settings.settleDelay() + wakeDelay,
                                               [this, epoch = m_context.resumeEpoch] {
-                                                  // A newer display change looks after the desk itself.
-                                                  if (epoch == m_context.resumeEpoch) {
+                                                  // A newer display change looks after the desk itself, and
+                                                  // whoever is still away will return.
+                                                  if (epoch == m_context.resumeEpoch && !m_context.isAway()) {
                                                       checkAfterWake();
                                                       m_context.scheduleSnapshotResume(0);
                                                   }

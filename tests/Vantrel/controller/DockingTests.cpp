@@ -72,7 +72,7 @@ TEST_F(Docking, AChangeJustBeforeUndockingIsKept) {
 
 TEST_F(Docking, ACaptureIsAdoptedOnlyUpTo45SecondsLater) {
     // No capture succeeds any more, so the last one grows old.
-    story.controller->willSleep();
+    story.system.setAsleep(true);
     story.runFor(46);
     story.connect("laptop");
     EXPECT_EQ(story.logged("pre-change snapshot adopted: "), 0U);

@@ -72,6 +72,7 @@ TEST_F(Launched, NothingMovesWhereAnythingStandsAgainstIt) {
     story.isLicensed = true;
     story.controller->setEnabled(false);
     staysWhereItOpened("switched off");
+    story.controller->setEnabled(true);
     setRule(AppRule::Ignore{});
     staysWhereItOpened("ignored");
     EXPECT_EQ(story.logged("launch placement: "), 0U);

@@ -36,6 +36,8 @@ RandomStory::RandomStory(std::uint64_t seed)
         expect(priority != WorkPriority::utility ||
                    (!controller.snapshotsSuspended() && !controller.restoreInFlight()),
                "nothing is captured for learning while suspended or restoring");
+        expect(priority != WorkPriority::utility || (!m_story.system.isAway() && m_story.isLicensed),
+               "nothing is captured for learning while locked, asleep or not entitled");
     };
 }
 
@@ -95,18 +97,21 @@ void RandomStory::tell() {
 
 void RandomStory::tellChapter() {
     using Chapter = void (RandomStory::*)();
-    const std::pair<const char*, Chapter> kinds[] = {{"displays change", &RandomStory::changeDisplays},
-                                                     {"displays change", &RandomStory::changeDisplays},
-                                                     {"displays change", &RandomStory::changeDisplays},
-                                                     {"the user moves", &RandomStory::userMovesWindows},
-                                                     {"the user moves", &RandomStory::userMovesWindows},
-                                                     {"the user restores", &RandomStory::userRestores},
-                                                     {"the user saves", &RandomStory::userSaves},
-                                                     {"sleep", &RandomStory::machineSleeps},
-                                                     {"settle delay", &RandomStory::settleDelayChanges},
-                                                     {"windows", &RandomStory::windowsComeAndGo},
-                                                     {"disk fails", &RandomStory::diskFailsForAWhile},
-                                                     {"triggers", &RandomStory::triggersFire}};
+    const std::pair<const char*, Chapter> kinds[] = {
+        {"displays change", &RandomStory::changeDisplays},
+        {"displays change", &RandomStory::changeDisplays},
+        {"displays change", &RandomStory::changeDisplays},
+        {"the user moves", &RandomStory::userMovesWindows},
+        {"the user moves", &RandomStory::userMovesWindows},
+        {"the user restores", &RandomStory::userRestores},
+        {"the user saves", &RandomStory::userSaves},
+        {"sleep or lock", &RandomStory::machineSleeps},
+        {"license runs out", &RandomStory::licenseRunsOut},
+        {"settle delay", &RandomStory::settleDelayChanges},
+        {"windows", &RandomStory::windowsComeAndGo},
+        {"a program is launched", &RandomStory::programIsLaunched},
+        {"disk fails", &RandomStory::diskFailsForAWhile},
+        {"triggers", &RandomStory::triggersFire}};
     const auto& [name, chapter] = kinds[below(std::size(kinds))];
     m_told.push_back(fmt::format("{:.1f} s: {}", m_story.time.monotonicSeconds(), name));
     (this->*chapter)();
@@ -167,16 +172,27 @@ void RandomStory::userSaves() {
 }
 
 void RandomStory::machineSleeps() {
-    m_story.controller->willSleep();
+    const bool isLocked = happens(50);
+    m_story.system.setLocked(isLocked);
+    m_story.runFor(happens(50) ? seconds(0, 20) : 0);
+    const bool isSleeping = !isLocked || happens(50);
+    m_story.system.setAsleep(isSleeping);
     m_story.runFor(seconds(0, 5));
     if (happens(50)) {
         changeDisplays();
     }
-    m_story.controller->didWake();
+    m_story.system.setAsleep(false);
     if (happens(30)) {
         m_story.runFor(seconds(0, 4));
         changeDisplays();
     }
+    m_story.system.setLocked(false);
+}
+
+void RandomStory::licenseRunsOut() {
+    m_story.isLicensed = false;
+    m_story.runFor(seconds(0, 70));
+    m_story.isLicensed = true;
 }
 
 void RandomStory::settleDelayChanges() {
@@ -196,6 +212,20 @@ void RandomStory::windowsComeAndGo() {
     m_tame[title] = m_story.desk.open(pid, title, somewhere());
     m_story.desk.close(victim->second);
     m_tame.erase(victim);
+}
+
+void RandomStory::programIsLaunched() {
+    const char* const programs[] = {"org.example.browser", "org.example.editor", "org.example.mail"};
+    const auto pid = m_story.desk.launch(programs[below(std::size(programs))], "launched");
+    m_story.runFor(seconds(0, 8));
+    const std::string title = fmt::format("window {}", ++m_windowsOpened);
+    const auto window = m_story.desk.open(pid, title, somewhere());
+    m_tame[title] = window;
+    m_stood[m_story.published().configID][title].push_back(m_story.frame(window));
+    m_story.runFor(seconds(0, 3));
+    if (happens(40)) {
+        changeDisplays();
+    }
 }
 
 void RandomStory::diskFailsForAWhile() {

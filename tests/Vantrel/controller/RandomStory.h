@@ -1,6 +1,6 @@
 // A story that a seed makes up: displays come and go, programs misbehave, the user moves windows, saves and
-// restores, the machine sleeps, the disk fails; and after every chapter the laws of the controller are held
-// against what really happened.
+// restores, programs are launched, the machine sleeps or is locked, the disk fails; and after every chapter
+// the laws of the controller are held against what really happened.
 #pragma once
 
 #include "tests/Vantrel/controller/Story.h"
@@ -41,8 +41,10 @@ private:
     void userRestores();
     void userSaves();
     void machineSleeps();
+    void licenseRunsOut();
     void settleDelayChanges();
     void windowsComeAndGo();
+    void programIsLaunched();
     void diskFailsForAWhile();
     void triggersFire();
 

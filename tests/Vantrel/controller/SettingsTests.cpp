@@ -1,5 +1,6 @@
 #include "tests/Vantrel/controller/Story.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
@@ -146,11 +147,11 @@ TEST_F(ChangingSettings, BeingSwitchedOffLastsOverARestartAndIsSeenWhenAnotherPr
 struct Sleeping : ChangingSettings {};
 
 TEST_F(Sleeping, NothingIsLearnedFromGoingToSleepUntilAfterWakingUp) {
-    story.controller->willSleep();
+    story.system.setAsleep(true);
     const std::size_t captures = story.desk.captures().size();
     story.runFor(100);
     EXPECT_EQ(story.desk.captures().size(), captures);
-    story.controller->didWake();
+    story.system.setAsleep(false);
     story.runFor(2.4);
     EXPECT_TRUE(story.controller->snapshotsSuspended());
     story.runFor(0.2);
@@ -159,13 +160,56 @@ TEST_F(Sleeping, NothingIsLearnedFromGoingToSleepUntilAfterWakingUp) {
     EXPECT_THAT(story.messages(), Contains("didWake: checking pinned layout after settle"));
 }
 
+TEST_F(Sleeping, NothingIsLearnedWhileTheSessionIsLocked) {
+    const auto captures = [this] { return story.desk.captures().size(); };
+    // The screen goes dark soon after, and the display change ends while nobody is there.
+    story.system.setLocked(true);
+    const auto before = captures();
+    story.connect("laptop");
+    story.runFor(100);
+    EXPECT_EQ(captures(), before);
+    story.system.setAsleep(true);
+    story.runFor(5);
+    story.system.setAsleep(false);
+    story.runFor(20);
+    EXPECT_EQ(captures(), before) << "awake, and still locked";
+    story.system.setLocked(false);
+    story.runFor(2.4);
+    EXPECT_TRUE(story.controller->snapshotsSuspended());
+    story.runFor(15.1);
+    EXPECT_EQ(captures(), before + 1);
+    EXPECT_EQ(story.logged("session locked: snapshots suspended"), 1U);
+    EXPECT_EQ(story.logged("session unlocked: checking pinned layout after settle"), 1U);
+}
+
+TEST_F(Sleeping, ACaptureUnderWayWhenTheSessionIsLockedIsNotLearned) {
+    story.desk.onCapture = [this] { story.time.schedule(0.0001, [this] { story.system.setLocked(true); }); };
+    const Rect moved{{10, 40}, {400, 300}};
+    story.move(story.mail, moved);
+    story.runFor(16);
+    story.desk.onCapture = {};
+    ASSERT_TRUE(story.system.isAway());
+    story.connect("laptop");
+    for (const Layout& layout : story.store().allLayouts()) {
+        EXPECT_EQ(std::ranges::find(layout.windows, moved, &WindowRecord::frame), layout.windows.end());
+    }
+}
+
+TEST_F(Sleeping, AWakingUpThatNobodyTellsOfIsNoticed) {
+    story.system.setAsleep(true);
+    story.runFor(119);
+    EXPECT_TRUE(story.controller->snapshotsSuspended());
+    story.runFor(5);
+    EXPECT_FALSE(story.controller->snapshotsSuspended());
+}
+
 TEST_F(Sleeping, WakingUpOnAnotherDeskRestoresItAndWaitsAsLongAsEver) {
     const auto docked = story.frames();
     story.connect("laptop");
-    story.controller->willSleep();
+    story.system.setAsleep(true);
     story.desk.change(DeskSetup::named("laptop-and-monitor"));
     story.runFor(1);
-    story.controller->didWake();
+    story.system.setAsleep(false);
     story.runFor(8);
     EXPECT_EQ(story.frames(), docked);
     EXPECT_TRUE(story.controller->snapshotsSuspended());
@@ -178,14 +222,15 @@ TEST_F(Sleeping, APinnedLayoutThatDriftedIsPutBackAfterWakingUp) {
     ASSERT_TRUE(store.setPinned(true, story.published().configID, Layout::defaultName));
     story.start();
     story.runFor(1);
-    story.controller->didWake();
+    story.system.setAsleep(true);
+    story.system.setAsleep(false);
     story.runFor(3);
     EXPECT_EQ(story.logged("didWake: pinned layout drifted, restoring"), 0U);
 
     const auto pinned = story.frames();
-    story.controller->willSleep();
+    story.system.setAsleep(true);
     story.move(story.mail, {{10, 40}, {400, 300}});
-    story.controller->didWake();
+    story.system.setAsleep(false);
     story.runFor(4);
     EXPECT_EQ(story.logged("didWake: pinned layout drifted, restoring"), 1U);
     EXPECT_EQ(story.frames(), pinned);

@@ -37,6 +37,7 @@ void Story::start() {
     auto created = AppController::create({.accessibility = desk.accessibility(),
                                           .displays = desk.displayServices(),
                                           .workspace = workspace,
+                                          .systemEvents = system,
                                           .defaults = defaults,
                                           .clock = time,
                                           .mainQueue = time,

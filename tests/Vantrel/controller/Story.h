@@ -8,6 +8,7 @@
 #include "tests/simulated/SimulatedDefaults.h"
 #include "tests/simulated/SimulatedDesk.h"
 #include "tests/simulated/SimulatedFocus.h"
+#include "tests/simulated/SimulatedSystemEvents.h"
 #include "tests/simulated/SimulatedWorkspace.h"
 #include "tests/simulated/SimulatedZone.h"
 
@@ -29,6 +30,7 @@ public:
     SimulatedDefaults defaults;
     SimulatedDesk desk;
     SimulatedWorkspace workspace;
+    SimulatedSystemEvents system;
     SimulatedZone zone;
     SimulatedCalendar calendar{time};
     SimulatedFocus focus;

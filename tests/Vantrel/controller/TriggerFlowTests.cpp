@@ -89,7 +89,7 @@ TEST_F(Triggers, NoneFiresWhileTheProgramMayNotOrCannotMoveWindows) {
     const std::pair<std::function<void()>, std::function<void()>> hindrances[] = {
         {[&] { story.controller->setEnabled(false); }, [&] { story.controller->setEnabled(true); }},
         {[&] { story.isLicensed = false; }, [&] { story.isLicensed = true; }},
-        {[&] { story.controller->willSleep(); }, [&] { story.controller->didWake(); }},
+        {[&] { story.system.setAsleep(true); }, [&] { story.system.setAsleep(false); }},
         {[&] { EXPECT_TRUE(story.controller->triggers().setTriggerEnabled(id, false)); },
          [&] { EXPECT_TRUE(story.controller->triggers().setTriggerEnabled(id, true)); }}};
     int day = 0;

@@ -19,7 +19,7 @@ constexpr const char* configuration =
 <busconfig>
   <type>session</type>
   <keep_umask/>
-  <listen>unix:path={0}/runtime/bus</listen>
+  <listen>unix:path={0}/runtime/{1}</listen>
   <auth>EXTERNAL</auth>
   <servicedir>{0}/services</servicedir>
   <policy context="default">
@@ -53,23 +53,25 @@ bool accepts(const std::filesystem::path& socketFile) {
 
 } // namespace
 
-SessionBus::SessionBus(const TemporaryHome& home, std::vector<std::string> environment)
-    : m_address(fmt::format("unix:path={}/runtime/bus", home.path().string())), m_process([&] {
-          home.write("bus.conf", fmt::format(fmt::runtime(configuration), home.path().string()));
+SessionBus::SessionBus(const TemporaryHome& home, std::vector<std::string> environment,
+                       const std::string& name)
+    : m_address(fmt::format("unix:path={}/runtime/{}", home.path().string(), name)), m_process([&] {
+          home.write(name + ".conf", fmt::format(fmt::runtime(configuration), home.path().string(), name));
           const std::filesystem::path service =
               std::filesystem::path("/usr/share/dbus-1/services") / activated;
-          if (std::filesystem::exists(service)) {
+          if (std::filesystem::exists(service) &&
+              !std::filesystem::exists(home.path() / "services" / activated)) {
               std::filesystem::create_symlink(service, home.path() / "services" / activated);
           }
           environment.push_back("DBUS_SESSION_BUS_ADDRESS=" + m_address);
           return ChildProcess({.command = {"dbus-daemon", "--nofork", "--nopidfile",
-                                           "--config-file=" + (home.path() / "bus.conf").string()},
+                                           "--config-file=" + (home.path() / (name + ".conf")).string()},
                                .environment = std::move(environment),
                                .workingDirectory = home.path(),
                                .output = home.logFile("dbus-daemon"),
                                .passedDescriptor = std::nullopt});
       }()) {
-    if (!waitUntil([&] { return accepts(home.path() / "runtime" / "bus") || !m_process.isRunning(); }) ||
+    if (!waitUntil([&] { return accepts(home.path() / "runtime" / name) || !m_process.isRunning(); }) ||
         !m_process.isRunning()) {
         throw std::runtime_error("The session bus did not start: " + home.logEnd("dbus-daemon"));
     }

@@ -1,4 +1,5 @@
-// A private D-Bus session bus that activates nothing but what the desk's programs need to keep settings.
+// A private D-Bus bus, the session's or another, that activates nothing but what the desk's programs need to
+// keep settings.
 #pragma once
 
 #include "tests/live/desk/ChildProcess.h"
@@ -12,7 +13,9 @@ namespace vantrel::live {
 class SessionBus {
 public:
     // `environment` is what activated services get. Returns when the bus accepts connections.
-    SessionBus(const TemporaryHome& home, std::vector<std::string> environment);
+    // `name` tells it from the home's other buses.
+    SessionBus(const TemporaryHome& home, std::vector<std::string> environment,
+               const std::string& name = "bus");
 
     [[nodiscard]] const std::string& address() const { return m_address; }
 

@@ -104,6 +104,8 @@ std::vector<std::string> TemporaryHome::environment() const {
         "XDG_STATE_HOME=" + home + "/state",
         "XDG_CACHE_HOME=" + home + "/cache",
         "XDG_RUNTIME_DIR=" + home + "/runtime",
+        // Never the machine's own.
+        "DBUS_SYSTEM_BUS_ADDRESS=unix:path=" + home + "/runtime/no-system-bus",
         "XDG_CONFIG_DIRS=/etc/xdg",
         "XDG_DATA_DIRS=/usr/local/share:/usr/share",
         "XDG_SESSION_TYPE=x11",
