@@ -35,10 +35,15 @@ std::string list(const nlohmann::json& answer, const VerbEnvironment& environmen
     std::vector<std::vector<std::string>> rows;
     for (const auto& trigger : answer.at("triggers")) {
         rows.push_back({std::to_string(rows.size() + 1), required<std::string>(trigger, "title"),
-                        "applies " + sceneName(trigger), remark(trigger, isAccessNeeded, environment)});
+                        sceneName(trigger), remark(trigger, isAccessNeeded, environment)});
     }
-    return rows.empty() ? "There are no triggers. Add one with: vantrelctl triggers add --help\n"
-                        : TextColumns::lines(rows, environment.drawing().columns);
+    if (rows.empty()) {
+        return "There are no triggers. Add one with: vantrelctl triggers add --help\n";
+    }
+    const auto text = TextColumns::lines(rows, environment.drawing().columns);
+    return isAccessNeeded ? text + "\nNo calendar was found. Name its folder with: vantrelctl settings set "
+                                   "calendarFolders FOLDER\n"
+                          : text;
 }
 
 std::string added(const nlohmann::json& answer) {
