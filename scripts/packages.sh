@@ -41,6 +41,7 @@ packages_test=(
     featherpad
     fish
     galculator
+    gsettings-desktop-schemas
     libbenchmark-dev
     libgmock-dev
     libgtest-dev
