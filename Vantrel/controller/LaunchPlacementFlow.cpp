@@ -43,7 +43,8 @@ void LaunchPlacementFlow::lookAfter(const Key& key, double seconds) {
 }
 
 bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
-    if (!m_context.settings.placeNewAppsEnabled() || !m_context.state().enabled || !m_context.entitledToRun()) {
+    if (!m_context.settings.placeNewAppsEnabled() || !m_context.state().enabled ||
+        !m_context.entitledToRun()) {
         return false;
     }
     if (isAwaitedBySettlement && isAwaitedBySettlement(*app.bundleID)) {

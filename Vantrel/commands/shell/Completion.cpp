@@ -49,7 +49,8 @@ std::string bash(const CommandShape& program) {
         cases += fmt::format("        {}) words={} ;;\n", quoted(fmt::format("{}", fmt::join(path, " "))),
                              quoted(fmt::format("{}", fmt::join(words(command), " "))));
     });
-    // The words before the cursor that are no options name the command; words that are no verbs are arguments.
+    // The words before the cursor that are no options name the command; words that are no verbs are
+    // arguments.
     return fmt::format(R"(# bash completion for {0}
 _{0}() {{
     local current="${{COMP_WORDS[COMP_CWORD]}}" path='' words='' next word

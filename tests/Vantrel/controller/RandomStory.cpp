@@ -268,7 +268,8 @@ void RandomStory::triggersFire() {
     m_story.runFor(130);
     const auto stored = m_story.published().triggers.back();
     expect(isDisturbed || stored.lastFiredAt.has_value(), "a trigger fires when nothing stands against it");
-    m_story.controller->triggers().deleteTrigger(stored.id);
+    expect(m_story.controller->triggers().deleteTrigger(stored.id).has_value(),
+           "a trigger can be taken away");
     --m_triggersAdded;
 }
 
