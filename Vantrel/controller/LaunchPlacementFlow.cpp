@@ -23,6 +23,21 @@ std::string nameOf(const RunningApp& app) {
 
 } // namespace
 
+LaunchPlacementFlow::LaunchPlacementFlow(ControllerContext& context) : m_context(context) {
+    // The context, and with it the publisher, goes after this flow; nobody is told in between.
+    m_context.publisher.add([this] { noteLayouts(); });
+}
+
+void LaunchPlacementFlow::noteLayouts() {
+    const PublishedState& state = m_context.state();
+    if (m_noted != std::pair(state.configID, state.layoutsVersion)) {
+        m_noted = {state.configID, state.layoutsVersion};
+        for (const Layout& layout : state.currentLayouts) {
+            m_remembered.note(layout);
+        }
+    }
+}
+
 void LaunchPlacementFlow::handleAppLaunched(const RunningApp& app) {
     if (app.policy != ActivationPolicy::regular || !app.bundleID || app.bundleID == m_context.ownBundleID ||
         !isWanted(app)) {
@@ -66,17 +81,14 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
         return;
     }
     const Launch& launch = found->second;
-    if (launch.epoch != m_context.mutationEpoch || !isWanted(launch.app)) {
-        // A restore, an undo or a scene has had its say about the new windows.
+    // A restore, an undo or a scene since then has had its say about the new windows.
+    const bool isOvertaken = launch.epoch != m_context.mutationEpoch;
+    const bool isHeld = isHeldUp();
+    const bool isTooLate = isHeld && m_context.ports.clock.monotonicSeconds() - launch.at >= longestHold;
+    if (isOvertaken || isTooLate || !isWanted(launch.app) || (!isHeld && !hasPlace(launch.app))) {
         m_launches.erase(found);
-    } else if (isHeldUp()) {
-        if (m_context.ports.clock.monotonicSeconds() - launch.at < longestHold) {
-            lookAfter(key, holdDelay);
-        } else {
-            m_launches.erase(found);
-        }
-    } else if (!hasPlace(launch.app)) {
-        m_launches.erase(found);
+    } else if (isHeld) {
+        lookAfter(key, holdDelay);
     } else if (m_context.axWorkInFlight()) {
         m_context.afterPass([this, key] { attemptPlacement(key); });
     } else {
@@ -106,7 +118,7 @@ LaunchPlacementPass::Task LaunchPlacementFlow::task(const RunningApp& app) {
     const Layout* active = m_context.state().activeLayout();
     return {.app = app,
             .rules = m_context.store.rules(),
-            .layout = active != nullptr ? std::optional(*active) : std::nullopt,
+            .layout = active != nullptr ? std::optional(m_remembered.completed(*active)) : std::nullopt,
             .displays = m_context.state().displays,
             .sizes = m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore
                                                        : RestoreEngine::Sizes::leave,

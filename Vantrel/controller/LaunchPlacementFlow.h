@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/LaunchPlacementPass.h"
+#include "Vantrel/controller/RememberedWindows.h"
 
 #include <functional>
 #include <map>
@@ -22,7 +23,7 @@ public:
     // A display change that takes longer, in seconds, leaves the window to the user.
     static constexpr double longestHold = 5;
 
-    explicit LaunchPlacementFlow(ControllerContext& context) : m_context(context) {}
+    explicit LaunchPlacementFlow(ControllerContext& context);
 
     // Places the application's windows as soon as there are any and nothing else moves windows.
     void handleAppLaunched(const RunningApp& app);
@@ -42,6 +43,7 @@ private:
         std::unique_ptr<ScheduledWork> next;
     };
 
+    void noteLayouts();
     void lookAfter(const Key& key, double seconds);
     void attemptPlacement(const Key& key);
     // False when nothing is to be placed, now or later.
@@ -54,6 +56,9 @@ private:
     void lookAgainOrGiveUp(const Key& key);
 
     ControllerContext& m_context;
+    RememberedWindows m_remembered;
+    // What the published layouts were noted for: the desk, and the version of the layouts.
+    std::pair<std::string, std::int64_t> m_noted;
     std::map<Key, Launch> m_launches;
 };
 

@@ -68,6 +68,7 @@ bool start(const std::string& id) {
     const bool namesFolder = g_desktop_app_info_has_key(info.get(), G_KEY_FILE_DESKTOP_KEY_PATH) != 0;
     std::string home = namesFolder ? "" : g_get_home_dir();
     // Without G_SPAWN_DO_NOT_REAP_CHILD the program becomes a child of the init process.
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which GLib does not mark as such
     constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                     G_SPAWN_STDERR_TO_DEV_NULL);
     return g_desktop_app_info_launch_uris_as_manager(info.get(), nullptr, context.get(), flags, detach,

@@ -58,6 +58,13 @@ TEST_F(Launched, AnApplicationOpensWhereItWasLastSeenHoweverLateItsWindowComes) 
     EXPECT_EQ(story.desk.moves().size(), moves) << "the user's own move stays";
 }
 
+TEST_F(Launched, ItsPlaceIsKnownAlsoWhenTheDeskHasBeenLearnedWithoutIt) {
+    story.learn();
+    ASSERT_EQ(story.storedLayout()->windows.size(), 3U);
+    startMail();
+    EXPECT_EQ(inbox(), home);
+}
+
 TEST_F(Launched, NothingMovesWhereAnythingStandsAgainstIt) {
     const auto staysWhereItOpened = [this](const char* why) {
         startMail();
