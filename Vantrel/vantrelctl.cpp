@@ -1,9 +1,11 @@
 // vantrelctl: asks a running vantrel what it knows and has it do things.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
+#include "Vantrel/commands/verbs/LayoutVerbs.h"
 #include "Vantrel/commands/verbs/RuleVerbs.h"
 #include "Vantrel/commands/verbs/SceneVerbs.h"
 #include "Vantrel/commands/verbs/SettingsVerbs.h"
 #include "Vantrel/commands/verbs/ShellVerbs.h"
+#include "Vantrel/commands/verbs/StashVerbs.h"
 #include "Vantrel/commands/verbs/TriggerVerbs.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
@@ -23,6 +25,7 @@ using namespace vantrel;
 constexpr const char* examples = "Examples:\n"
                                  "  vantrelctl save            remember the windows where they stand now\n"
                                  "  vantrelctl restore         put them back, and say what became of each\n"
+                                 "  vantrelctl undo            put them as they were before that\n"
                                  "  vantrelctl save-scene Work keep the desk as a scene, to be had again\n"
                                  "  vantrelctl apply Work      put the desk in order as the scene has it\n"
                                  "  vantrelctl desks           draw every desk that is remembered\n"
@@ -66,6 +69,8 @@ int main(int argumentCount, char** arguments) {
                      .localDate = localDate,
                      .logFile = UserFolders::supportDirectory() / "app.log"});
     addDeskVerbs(verbs, app);
+    addLayoutVerbs(verbs, app);
+    addStashVerbs(verbs, app);
     addSceneVerbs(verbs, app);
     addTriggerVerbs(verbs, app);
     addSuggestionVerbs(verbs, app);

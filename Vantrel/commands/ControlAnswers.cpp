@@ -110,4 +110,17 @@ std::function<void(const RestoreOutcome&)> restoreReply(const ControlReply& repl
     };
 }
 
+std::function<void(const SaveOutcome&)> saveReply(const PublishedState& state, const ControlReply& reply) {
+    return [&state, reply](const SaveOutcome& outcome) {
+        if (outcome.kind != SaveOutcome::Kind::saved) {
+            reply(std::unexpected(ControlRefusal{ControlNames::refused, outcome.text()}));
+            return;
+        }
+        reply(nlohmann::json{{"windows", outcome.windows},
+                             {"configID", state.configID},
+                             {"configName", state.configName},
+                             {"layoutName", state.activeLayoutName}});
+    };
+}
+
 } // namespace vantrel::ControlAnswers

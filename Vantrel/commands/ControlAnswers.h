@@ -6,6 +6,7 @@
 #include "Vantrel/commands/StatusMessage.h"
 #include "Vantrel/controller/PublishedState.h"
 #include "Vantrel/controller/RestoreOutcome.h"
+#include "Vantrel/controller/SaveOutcome.h"
 #include "VantrelCore/model/RestoreLog.h"
 
 #include <filesystem>
@@ -29,5 +30,9 @@ namespace vantrel::ControlAnswers {
 
 // Answers with the report of the restore that was asked for, or why there is none.
 [[nodiscard]] std::function<void(const RestoreOutcome&)> restoreReply(const ControlReply& reply);
+
+// Answers with what was remembered, in the state's active layout, or why nothing was. The state outlives it.
+[[nodiscard]] std::function<void(const SaveOutcome&)> saveReply(const PublishedState& state,
+                                                                const ControlReply& reply);
 
 } // namespace vantrel::ControlAnswers

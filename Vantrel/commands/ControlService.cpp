@@ -4,9 +4,11 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
+#include "Vantrel/commands/methods/LayoutMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
 #include "Vantrel/commands/methods/SettingsMethods.h"
+#include "Vantrel/commands/methods/StashMethods.h"
 #include "Vantrel/commands/methods/SuggestionMethods.h"
 #include "Vantrel/commands/methods/TriggerMethods.h"
 
@@ -35,6 +37,8 @@ std::vector<ControlMethod> everyMethod(AppController& controller,
         std::ranges::move(group, std::back_inserter(all));
     };
     add(deskMethods(controller, supportDirectory));
+    add(layoutMethods(controller));
+    add(stashMethods(controller));
     add(sceneMethods(controller));
     add(triggerMethods(controller));
     add(suggestionMethods(controller));

@@ -10,20 +10,6 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-void save(AppController& controller, const ControlReply& reply) {
-    controller.saveLayoutNow([&controller, reply](const SaveOutcome& outcome) {
-        if (outcome.kind != SaveOutcome::Kind::saved) {
-            reply(std::unexpected(ControlRefusal{ControlNames::refused, outcome.text()}));
-            return;
-        }
-        const auto& state = controller.published();
-        reply(nlohmann::json{{"windows", outcome.windows},
-                             {"configID", state.configID},
-                             {"configName", state.configName},
-                             {"layoutName", state.activeLayoutName}});
-    });
-}
-
 void setPinned(AppController& controller, bool isPinned, const ControlReply& reply) {
     const auto& state = controller.published();
     if (controller.setPinned(isPinned)) {
@@ -60,7 +46,9 @@ std::vector<ControlMethod> deskMethods(AppController& controller,
         {"Save",
          {},
          "saved",
-         [&controller](const Arguments& /*none*/, const ControlReply& reply) { save(controller, reply); }},
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             controller.saveLayoutNow(ControlAnswers::saveReply(controller.published(), reply));
+         }},
         {"Restore",
          {},
          "report",

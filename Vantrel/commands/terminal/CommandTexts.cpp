@@ -2,6 +2,7 @@
 
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "VantrelCore/stores/StashStore.h"
 
 #include <algorithm>
 #include <cmath>
@@ -154,6 +155,34 @@ std::string desks(const DesksMessage& message, const DeskDrawing::Options& optio
                         '\n';
             }
         }
+    }
+    return text;
+}
+
+std::string layouts(const DeskMessage& desk, const DeskDrawing::Options& options, const DateText& dateText) {
+    std::string text;
+    for (const Layout& layout : desk.layouts) {
+        const auto line = fmt::format("{} {}", layout.layoutName == desk.activeLayoutName ? '*' : ' ',
+                                      layoutLine(layout, options, dateText));
+        text += TextCells::fitted(line, options.columns, ellipsis(options)) + '\n';
+    }
+    return text;
+}
+
+std::string stashes(const StashesMessage& message, const DeskDrawing::Options& options,
+                    const DateText& dateText) {
+    constexpr std::size_t shortID = 8;
+    std::string text;
+    for (const Stash& stash : message.stashes) {
+        auto line =
+            fmt::format("{} {}  {}{}kept until {}{}{}", stash.id == message.activeStash ? '*' : ' ',
+                        stash.id.substr(0, shortID), counted(stash.windowCount, "window"), separator(options),
+                        dateText(stash.createdAt + std::chrono::days{StashStore::retentionDays}),
+                        separator(options), stash.deskName);
+        if (stash.appliedSceneName) {
+            line += fmt::format("{}scene {}", separator(options), *stash.appliedSceneName);
+        }
+        text += TextCells::fitted(line, options.columns, ellipsis(options)) + '\n';
     }
     return text;
 }

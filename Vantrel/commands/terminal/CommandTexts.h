@@ -1,7 +1,9 @@
-// What vantrelctl prints for people: status, report and desks as lines no wider than the terminal.
+// What vantrelctl prints for people: status, report, desks, layouts and stashes as lines no wider than the
+// terminal.
 #pragma once
 
 #include "Vantrel/commands/DesksMessage.h"
+#include "Vantrel/commands/StashesMessage.h"
 #include "Vantrel/commands/StatusMessage.h"
 #include "Vantrel/commands/terminal/DeskDrawing.h"
 #include "VantrelCore/windows/RestoreReport.h"
@@ -22,5 +24,13 @@ using DateText = std::function<std::string(Date)>;
 
 [[nodiscard]] std::string desks(const DesksMessage& message, const DeskDrawing::Options& options,
                                 const DateText& dateText);
+
+// A line for every layout of the desk, with a star at the active one; empty without any.
+[[nodiscard]] std::string layouts(const DeskMessage& desk, const DeskDrawing::Options& options,
+                                  const DateText& dateText);
+
+// A line for every desk put aside, newest first, with a star at the active one; empty without any.
+[[nodiscard]] std::string stashes(const StashesMessage& message, const DeskDrawing::Options& options,
+                                  const DateText& dateText);
 
 } // namespace vantrel::CommandTexts

@@ -31,11 +31,7 @@ ExitCode desks(const VerbEnvironment& environment, VerbOutput output) {
 }
 
 ExitCode save(VerbOutput output) {
-    return show<nlohmann::json>(ControlClient::call("Save"), output, [](const nlohmann::json& saved) {
-        const auto windows = JsonCoding::required<std::int64_t>(saved, "windows");
-        return fmt::format("Saved {} {} for {}.\n", windows, windows == 1 ? "window" : "windows",
-                           JsonCoding::required<std::string>(saved, "configName"));
-    });
+    return show<nlohmann::json>(ControlClient::call("Save"), output, savedText);
 }
 
 ExitCode history(const VerbEnvironment& environment, VerbOutput output) {

@@ -2,6 +2,7 @@
 
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
+#include "VantrelCore/model/Layout.h"
 
 #include <CLI/CLI.hpp>
 
@@ -58,6 +59,14 @@ ExitCode complainOfAnswer(const std::exception& error) {
                                 "vantrelctl of the same version?",
                                 error.what()),
                     ExitCode::failed);
+}
+
+std::string savedText(const nlohmann::json& saved) {
+    const auto windows = JsonCoding::required<std::int64_t>(saved, "windows");
+    const auto layout = JsonCoding::required<std::string>(saved, "layoutName");
+    return fmt::format("Saved {} {} for {}{}.\n", windows, windows == 1 ? "window" : "windows",
+                       JsonCoding::required<std::string>(saved, "configName"),
+                       layout == Layout::defaultName ? "" : " as \"" + layout + '"');
 }
 
 ExitCode showReport(const ControlClient::Result<nlohmann::json>& answer, const VerbEnvironment& environment,

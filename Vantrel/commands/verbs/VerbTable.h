@@ -94,6 +94,9 @@ ExitCode show(const ControlClient::Result<nlohmann::json>& answer, VerbOutput ou
     return ExitCode::done;
 }
 
+// What was remembered.
+[[nodiscard]] std::string savedText(const nlohmann::json& saved);
+
 // A restore's report; the code says when a window did not go back.
 ExitCode showReport(const ControlClient::Result<nlohmann::json>& answer, const VerbEnvironment& environment,
                     VerbOutput output);

@@ -90,3 +90,24 @@ TEST(CommandTexts, DesksNameTheirOtherLayouts) {
               "There\n"
               "no layout saved yet\n");
 }
+
+TEST(CommandTexts, ListsHaveAStarAtTheActiveOneAndKeepToTheirColumns) {
+    DeskMessage desk;
+    desk.activeLayoutName = "Work";
+    desk.layouts.resize(2);
+    desk.layouts[0].layoutName = "Default";
+    desk.layouts[0].pinned = true;
+    desk.layouts[1].layoutName = "Work";
+    desk.layouts[1].windows.resize(1);
+    EXPECT_EQ(CommandTexts::layouts(desk, {}, dateText),
+              "  Default · 0 windows · saved 1970-01-01T00:00:00Z · pinned\n"
+              "* Work · 1 window · saved 1970-01-01T00:00:00Z\n");
+    Stash stash;
+    stash.id = "0A1B2C3D-4E5F";
+    stash.windowCount = 2;
+    stash.deskName = "Monitor + Laptop";
+    stash.appliedSceneName = "Focus";
+    EXPECT_EQ(CommandTexts::stashes({{stash}, stash.id}, {.columns = 76}, dateText),
+              "* 0A1B2C3D  2 windows · kept until 1970-01-08T00:00:00Z · Monitor + Laptop ·…\n");
+    EXPECT_EQ(CommandTexts::stashes({}, {}, dateText), "");
+}

@@ -1,6 +1,7 @@
 // What goes over the session bus arrives as it was sent, and nonsense is refused.
 #include "Vantrel/commands/DesksMessage.h"
 #include "Vantrel/commands/ReportMessage.h"
+#include "Vantrel/commands/StashesMessage.h"
 #include "Vantrel/commands/StatusMessage.h"
 
 #include <gtest/gtest.h>
@@ -78,4 +79,13 @@ TEST(ControlMessages, NonsenseIsRefused) {
                                        "outcome": "lost", "reason": ""}]})"}) {
         EXPECT_ANY_THROW((void)nlohmann::json::parse(text).get<RestoreReport>()) << text;
     }
+}
+
+TEST(ControlMessages, StashesArriveAsTheyWereSent) {
+    Stash stash;
+    stash.id = "0A1B";
+    stash.deskName = "Laptop";
+    stash.appliedSceneName = "Focus";
+    EXPECT_EQ(sent(StashesMessage{{stash}, "0A1B"}), (StashesMessage{{stash}, "0A1B"}));
+    EXPECT_EQ(sent(StashesMessage{}), StashesMessage{});
 }

@@ -1,7 +1,9 @@
 #include "tests/Vantrel/controller/RandomStory.h"
 
 #include <algorithm>
+#include <expected>
 #include <fmt/format.h>
+#include <optional>
 #include <utility>
 
 namespace vantrel::simulated {
@@ -111,7 +113,11 @@ void RandomStory::tellChapter() {
         {"windows", &RandomStory::windowsComeAndGo},
         {"a program is launched", &RandomStory::programIsLaunched},
         {"disk fails", &RandomStory::diskFailsForAWhile},
-        {"triggers", &RandomStory::triggersFire}};
+        {"triggers", &RandomStory::triggersFire},
+        {"undo", &RandomStory::userUndoes},
+        {"undo", &RandomStory::userUndoes},
+        {"stash", &RandomStory::userStashesAndBringsBack},
+        {"layouts", &RandomStory::userSwitchesLayouts}};
     const auto& [name, chapter] = kinds[below(std::size(kinds))];
     m_told.push_back(fmt::format("{:.1f} s: {}", m_story.time.monotonicSeconds(), name));
     (this->*chapter)();
@@ -273,6 +279,69 @@ void RandomStory::triggersFire() {
     --m_triggersAdded;
 }
 
+void RandomStory::userUndoes() {
+    const UndoSlot* const offered = m_story.published().applicableUndo();
+    const auto slot = offered != nullptr ? std::optional(*offered) : std::nullopt;
+    int answers = 0;
+    const bool isAccepted = m_story.controller->undoLastRestore([&](const RestoreOutcome&) { ++answers; });
+    m_story.runFor(10);
+    expect(isAccepted == slot.has_value() && answers == 1, "undo does what it offers and answers once");
+    if (slot) {
+        m_hasRestoredDesk = false;
+        checkStands(slot->layout, "undo brings back exactly what was there");
+        expect(m_story.published().undoSlot == std::nullopt, "what is undone is not undone again");
+    }
+}
+
+void RandomStory::userStashesAndBringsBack() {
+    StashFlow::Result stash = std::unexpected(SaveOutcome::Kind::saved);
+    m_story.controller->stashes().stashNow([&](const StashFlow::Result& told) { stash = told; });
+    m_story.runFor(5);
+    if (!stash) {
+        expect(false, "a desk with windows can be put aside");
+        return;
+    }
+    userMovesWindows();
+    if (happens(30)) {
+        changeDisplays();
+        comeToRest();
+    }
+    const bool isAccepted = m_story.controller->stashes().bringBack(stash->id, {});
+    expect(isAccepted, "what was put aside can be brought back");
+    m_story.runFor(10);
+    m_hasRestoredDesk = false;
+    if (stash->configID == m_story.published().configID) {
+        checkStands(stash->layout, "what was put aside comes back exactly");
+    }
+    for (const WindowRecord& saved : stash->layout.windows) {
+        const auto window = m_tame.find(saved.title);
+        expect(window == m_tame.end() || m_story.desk.shows(m_story.frame(window->second).center()),
+               "what comes back can be seen");
+    }
+}
+
+void RandomStory::userSwitchesLayouts() {
+    LayoutFlow& layouts = m_story.controller->layouts();
+    const std::string former = m_story.published().activeLayoutName;
+    const auto other = std::ranges::find_if(m_story.published().currentLayouts, [&](const Layout& layout) {
+        return layout.layoutName != former;
+    });
+    if (other == m_story.published().currentLayouts.end()) {
+        layouts.saveLayoutAs("another", {});
+        m_story.runFor(5);
+        expect(m_story.published().activeLayoutName == "another", "a desk can be saved under a new name");
+    } else if (happens(20)) {
+        const std::string deleted = happens(50) ? former : std::string(other->layoutName);
+        expect(layouts.remove(deleted).kind == LayoutChange::Kind::done, "a layout can be deleted");
+        m_hasRestoredDesk = deleted == former;
+    } else {
+        // Of a copy: the published one changes with the switch.
+        const std::string name = other->layoutName;
+        expect(layouts.switchLayout(name, {}), "a stored layout can be switched to");
+        m_hasRestoredDesk = true;
+    }
+}
+
 void RandomStory::comeToRest() {
     m_story.runFor(restSeconds);
     noteWhatStands();
@@ -308,6 +377,17 @@ void RandomStory::checkEverythingIsAtItsSavedPlace() {
             expect(approxEqual(frame, saved.frame, RestoreEngine::tolerance),
                    fmt::format("at rest every window is at its saved place: {} is at {}, saved {}",
                                saved.title, textOf(frame), textOf(saved.frame)));
+        }
+    }
+}
+
+void RandomStory::checkStands(const Layout& layout, const std::string& law) {
+    for (const WindowRecord& saved : layout.windows) {
+        const auto window = m_tame.find(saved.title);
+        if (window != m_tame.end()) {
+            const Rect frame = m_story.frame(window->second);
+            expect(frame == saved.frame, fmt::format("{}: {} is at {}, was at {}", law, saved.title,
+                                                     textOf(frame), textOf(saved.frame)));
         }
     }
 }

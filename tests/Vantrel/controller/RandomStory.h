@@ -47,6 +47,9 @@ private:
     void programIsLaunched();
     void diskFailsForAWhile();
     void triggersFire();
+    void userUndoes();
+    void userStashesAndBringsBack();
+    void userSwitchesLayouts();
 
     void comeToRest();
     // Notes where everything is, unless displays or window manager are still at work.
@@ -54,6 +57,8 @@ private:
     void checkAtRest();
     void checkEverythingIsAtItsSavedPlace();
     void checkOnlyWhatStoodIsStored();
+    // Every window of the layout that is still there stands exactly as in the layout.
+    void checkStands(const Layout& layout, const std::string& law);
     void expect(bool holds, const std::string& law);
 
     std::mt19937_64 m_random;

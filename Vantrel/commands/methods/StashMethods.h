@@ -1,0 +1,14 @@
+// The methods about going back: Stashes, Stash, BringBack and Undo.
+#pragma once
+
+#include "Vantrel/commands/ControlMethod.h"
+#include "Vantrel/controller/AppController.h"
+
+#include <vector>
+
+namespace vantrel {
+
+// The controller outlives them.
+[[nodiscard]] std::vector<ControlMethod> stashMethods(AppController& controller);
+
+} // namespace vantrel

@@ -1,0 +1,10 @@
+// The verb "layouts" with its own verbs: list, switch, apply, save, rename and delete.
+#pragma once
+
+#include "Vantrel/commands/verbs/VerbTable.h"
+
+namespace vantrel {
+
+void addLayoutVerbs(VerbTable& table, CLI::App& app);
+
+} // namespace vantrel
