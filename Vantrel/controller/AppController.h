@@ -77,7 +77,7 @@ public:
 
     // Puts the desk back as it was just before the last restore or switch. False when nothing is going to
     // move. `done`, if any, is told once what came of it, also when it is refused.
-    bool undoLastRestore(RestoreOutcome::Done done = {}) { return m_undo.undoLastRestore(std::move(done)); }
+    bool undoLastRestore(const RestoreOutcome::Done& done = {}) { return m_undo.undoLastRestore(done); }
 
     // Remembers the desk as it stands now. `done`, if any, is told once what came of it.
     void saveLayoutNow(std::function<void(const SaveOutcome&)> done = {});
