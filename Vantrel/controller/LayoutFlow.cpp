@@ -45,6 +45,7 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
     if (!m_context.store.layout(desk, name)) {
         return RestoreOutcome::refuse(Kind::noSuchLayout, done);
     }
+    std::function<void()> undone;
     if (name != former) {
         m_learning.adoptPreChangeSnapshotIfNeeded();
         if (!m_context.store.setActiveLayout(name, desk)) {
@@ -52,14 +53,13 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
         }
         m_context.log(fmt::format("switch layout: {} to {}", former, name));
         layoutsChanged();
-    }
-    restoreActive(
-        [this, desk, former] {
+        undone = [this, desk, former] {
             if (m_context.store.setActiveLayout(former, desk)) {
                 layoutsChanged();
             }
-        },
-        done);
+        };
+    }
+    restoreActive(std::move(undone), done);
     return true;
 }
 
