@@ -5,6 +5,7 @@
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
+#include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
@@ -91,11 +92,13 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     IcalCalendarReader calendar(UserFolders::home(), UserFolders::data(), [&](const std::string& message) {
         queue.post([&log, message] { log.write(message); });
     });
+    const char* const currentDesktop = std::getenv("XDG_CURRENT_DESKTOP");
+    const auto pictures = desktopPictures(currentDesktop != nullptr ? currentDesktop : "", connection);
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
     const ControllerPorts ports{accessibility, displays,   workspace, systemEvents, defaults, clock,
-                                queue,         background, localZone, calendar,     focus};
+                                queue,         background, localZone, calendar,     focus,    *pictures};
     auto controller = AppController::create(
         ports, files, log,
         {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});

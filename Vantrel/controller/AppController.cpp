@@ -46,7 +46,7 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
       m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
       m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context),
-      m_nudge(m_context) {
+      m_nudge(m_context), m_wallpaper(m_context) {
     m_triggers.onFire = [this](const Scene& scene, const std::string& reason) { applyScene(scene, reason); };
     m_launchPlacement.isAwaitedBySettlement = [this](const std::string& bundleID) {
         return m_settlement.isAwaiting(bundleID);
@@ -61,7 +61,10 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
             m_nudge.checkSceneDrift(fresh);
         }
     };
-    m_sceneApply.onApplied = [this](const Scene& /*scene*/) { m_nudge.clear(); };
+    m_sceneApply.onApplied = [this](const Scene& scene) {
+        m_nudge.clear();
+        m_wallpaper.apply(scene);
+    };
     m_sceneApply.onHidden = [this](const std::vector<std::string>& bundleIDs) {
         m_undo.noteHidden(bundleIDs);
     };

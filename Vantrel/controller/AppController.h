@@ -20,6 +20,7 @@
 #include "Vantrel/controller/SuggestionFlow.h"
 #include "Vantrel/controller/TriggerFlow.h"
 #include "Vantrel/controller/UndoFlow.h"
+#include "Vantrel/controller/WallpaperFlow.h"
 
 #include <expected>
 #include <filesystem>
@@ -163,6 +164,7 @@ private:
     SuggestionFlow m_suggestions;
     RuleFlow m_rules;
     NudgeFlow m_nudge;
+    WallpaperFlow m_wallpaper;
     // As the settings last said; a choice that could not be written holds for this run.
     std::optional<bool> m_storedEnabled;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;

@@ -5,6 +5,7 @@
 #include "VantrelCore/ports/Background.h"
 #include "VantrelCore/ports/CalendarReader.h"
 #include "VantrelCore/ports/Clock.h"
+#include "VantrelCore/ports/DesktopPictures.h"
 #include "VantrelCore/ports/DisplayServices.h"
 #include "VantrelCore/ports/FocusReader.h"
 #include "VantrelCore/ports/LocalZone.h"
@@ -27,6 +28,7 @@ struct ControllerPorts {
     LocalZone& localZone;
     CalendarReader& calendar;
     FocusReader& focus;
+    DesktopPictures& pictures;
 };
 
 } // namespace vantrel

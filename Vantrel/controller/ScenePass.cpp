@@ -87,7 +87,9 @@ Result run(const SceneOnDesk& scene, const Desk& desk, RestoreReport& report, Ac
                   [&](const RunningApp& app) { return desk.scope.ignoredBundleIDs.contains(*app.bundleID); });
     Result result;
     for (const RunningApp& app : running) {
-        result.runningBundleIDs.push_back(*app.bundleID);
+        if (std::ranges::find(result.runningBundleIDs, *app.bundleID) == result.runningBundleIDs.end()) {
+            result.runningBundleIDs.push_back(*app.bundleID);
+        }
     }
     result.itemOfSlot = addItems(scene, desk, report);
     const auto slots = scene.openSlots(desk.matched.unmatchedSaved);

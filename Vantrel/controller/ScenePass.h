@@ -28,7 +28,7 @@ struct Result {
     SlotFilling::Result slots;
     // Which item of the report tells of a slot, by the slot's index.
     std::map<std::int64_t, std::size_t> itemOfSlot;
-    // The regular applications that run and that no rule ignores, in the platform's order.
+    // The regular applications that run and that no rule ignores, each once, in the platform's order.
     std::vector<std::string> runningBundleIDs;
 };
 

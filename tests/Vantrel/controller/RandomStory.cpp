@@ -117,7 +117,9 @@ void RandomStory::tellChapter() {
         {"undo", &RandomStory::userUndoes},
         {"undo", &RandomStory::userUndoes},
         {"stash", &RandomStory::userStashesAndBringsBack},
-        {"layouts", &RandomStory::userSwitchesLayouts}};
+        {"layouts", &RandomStory::userSwitchesLayouts},
+        {"scenes", &RandomStory::userAppliesScenes},
+        {"scenes", &RandomStory::userAppliesScenes}};
     const auto& [name, chapter] = kinds[below(std::size(kinds))];
     m_told.push_back(fmt::format("{:.1f} s: {}", m_story.time.monotonicSeconds(), name));
     (this->*chapter)();
@@ -339,6 +341,63 @@ void RandomStory::userSwitchesLayouts() {
         const std::string name = other->layoutName;
         expect(layouts.switchLayout(name, {}), "a stored layout can be switched to");
         m_hasRestoredDesk = true;
+    }
+}
+
+void RandomStory::userAppliesScenes() {
+    m_hasRestoredDesk = false;
+    AppController& controller = *m_story.controller;
+    const auto& scenes = m_story.published().scenes;
+    if (scenes.empty() || happens(50)) {
+        controller.scenes().saveCurrentAsScene(fmt::format("scene {}", scenes.size()), {});
+        m_story.runFor(2);
+    }
+    if (scenes.empty()) {
+        return;
+    }
+    for (const std::int32_t pid : m_story.desk.pidsOf("org.example.late")) {
+        m_story.desk.quit(pid);
+    }
+    m_story.workspace.install("org.example.late", {.name = "Late",
+                                                   .windows = {{"late", somewhere()}, {"later", somewhere()}},
+                                                   .startSeconds = seconds(0, 24)});
+    m_story.defaults.set("hideOthersOnSceneSwitch", happens(30));
+    Scene scene = scenes[below(scenes.size())];
+    if (happens(50)) {
+        WindowRecord& ghost = scene.layout.windows.emplace_back();
+        ghost.bundleID = "org.example.late";
+        ghost.frame = somewhere();
+        ghost.isGhost = true;
+    }
+    int answers = 0;
+    controller.applyScene(scene, std::nullopt, [&](const RestoreOutcome&) { ++answers; });
+    m_story.runFor(seconds(0, 12));
+    const bool isOvertaken = happens(50) && somethingComesBetween();
+    m_story.runFor(restSeconds);
+    expect(answers == 1, "who applies a scene is answered once");
+    expect(m_story.desk.pidsOf("org.example.late").size() <= 1, "no application is started twice");
+    if (!isOvertaken) {
+        const auto& state = m_story.published();
+        checkStands(SceneOnDesk::make(scene, state.configID, state.displays, {}).layout,
+                    "a scene that was applied stands");
+        expect(state.lastAppliedSceneID == scene.id, "the desk remembers its scene");
+    }
+}
+
+bool RandomStory::somethingComesBetween() {
+    switch (below(4)) {
+    case 0:
+        m_story.controller->undoLastRestore();
+        return true;
+    case 1:
+        m_story.controller->restoreNow(RestoreSource::menu);
+        return true;
+    case 2:
+        changeDisplays();
+        m_hasRestoredDesk = false;
+        return true;
+    default:
+        return false;
     }
 }
 

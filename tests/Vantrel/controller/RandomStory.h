@@ -50,6 +50,9 @@ private:
     void userUndoes();
     void userStashesAndBringsBack();
     void userSwitchesLayouts();
+    void userAppliesScenes();
+    // Undone, overtaken by another scene or by displays; false when it is left alone.
+    bool somethingComesBetween();
 
     void comeToRest();
     // Notes where everything is, unless displays or window manager are still at work.

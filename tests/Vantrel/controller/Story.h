@@ -8,6 +8,7 @@
 #include "tests/simulated/SimulatedDefaults.h"
 #include "tests/simulated/SimulatedDesk.h"
 #include "tests/simulated/SimulatedFocus.h"
+#include "tests/simulated/SimulatedPictures.h"
 #include "tests/simulated/SimulatedSystemEvents.h"
 #include "tests/simulated/SimulatedWorkspace.h"
 #include "tests/simulated/SimulatedZone.h"
@@ -34,6 +35,7 @@ public:
     SimulatedZone zone;
     SimulatedCalendar calendar{time};
     SimulatedFocus focus;
+    SimulatedPictures pictures;
     AppLog log;
     std::unique_ptr<AppController> controller;
     bool isLicensed = true;
