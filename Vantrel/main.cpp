@@ -3,6 +3,8 @@
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
+#include "Vantrel/interface/HUDOverlay.h"
+#include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
@@ -18,10 +20,11 @@
 #include "Vantrel/platform/x11/X11Accessibility.h"
 #include "Vantrel/platform/x11/X11Connection.h"
 #include "Vantrel/platform/x11/X11DisplayServices.h"
+#include "Vantrel/platform/x11/X11HotKeys.h"
 #include "Vantrel/platform/x11/X11Workspace.h"
 
 #include <CLI/CLI.hpp>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 
@@ -72,6 +75,24 @@ ExitCode complainOfSecondStart() {
     return complain("It runs already. Ask it with: vantrelctl status", ExitCode::runsAlready);
 }
 
+constexpr const char* serverIsGone = "The X server has gone away.";
+
+// The log of a running desk; null before and after.
+AppLog*& runningLog() {
+    static AppLog* log = nullptr;
+    return log;
+}
+
+// Qt's connection to the X server calls exit() when that goes, maybe before ours has noticed, with every
+// object still at work.
+void endWithTheServer() {
+    if (AppLog* const log = runningLog()) {
+        complain(serverIsGone);
+        log->write("end: the X server has gone away");
+        std::_Exit(static_cast<int>(ExitCode::failed));
+    }
+}
+
 // Runs until it is told to end.
 ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnection bus) {
     const auto supportDirectory = UserFolders::supportDirectory();
@@ -94,11 +115,12 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     });
     const char* const currentDesktop = std::getenv("XDG_CURRENT_DESKTOP");
     const auto pictures = desktopPictures(currentDesktop != nullptr ? currentDesktop : "", connection);
+    X11HotKeys hotKeys(connection, queue);
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
-    const ControllerPorts ports{accessibility, displays,   workspace, systemEvents, defaults, clock,
-                                queue,         background, localZone, calendar,     focus,    *pictures};
+    const ControllerPorts ports{accessibility, displays,  workspace, systemEvents, defaults,  clock,  queue,
+                                background,    localZone, calendar,  focus,        *pictures, hotKeys};
     auto controller = AppController::create(
         ports, files, log,
         {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});
@@ -121,7 +143,7 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     auto result = ExitCode::done;
     const TerminationSignals termination([] { QCoreApplication::quit(); });
     const auto end = [&] {
-        result = complain("The X server has gone away.");
+        result = complain(serverIsGone);
         log.write("end: the X server has gone away");
         QCoreApplication::quit();
     };
@@ -132,12 +154,21 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     if (!accessibility.isTrusted()) {
         say("No window manager that moves windows on request is running yet; waiting for one.");
     }
+    HUDOverlay overlay;
+    (*controller)->setHUDHandler([&](const HUDEvent& event) {
+        if (Settings(defaults).showHUD()) {
+            overlay.show(HUDText::of(event));
+        }
+    });
+    const StatusIcon statusIcon(**controller, {.quit = [] { QCoreApplication::quit(); }});
     log.write("start: vantrel " VANTREL_VERSION);
+    runningLog() = &log;
     (*controller)->watchForPermission();
     (*controller)->startEngine();
     fmt::print("vantrel is watching this desk. Log: {}\n", log.file().string());
     std::fflush(stdout);
-    QCoreApplication::exec();
+    QApplication::exec();
+    runningLog() = nullptr;
     if (result == ExitCode::done) {
         log.write("end: asked to");
     }
@@ -159,12 +190,18 @@ int main(int argumentCount, char** arguments) {
         return static_cast<int>(app.exit(error) == 0 ? ExitCode::done : ExitCode::usage);
     }
 
-    const QCoreApplication application(argumentCount, arguments);
     explainWayland();
     auto connection = X11Connection::open();
     if (!connection) {
         return static_cast<int>(complain(connection.error()));
     }
+    // Not without a server: Qt would end the process by abort().
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QApplication application(argumentCount, arguments);
+    application.setQuitOnLastWindowClosed(false);
+    application.setApplicationDisplayName("Vantrel");
+    application.setDesktopFileName(ownBundleID);
+    std::atexit(endWithTheServer);
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return static_cast<int>(complain("There is no session bus (DBUS_SESSION_BUS_ADDRESS): " +

@@ -1,5 +1,6 @@
 // vantrelctl: asks a running vantrel what it knows and has it do things.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
+#include "Vantrel/commands/verbs/HotKeyVerbs.h"
 #include "Vantrel/commands/verbs/LayoutVerbs.h"
 #include "Vantrel/commands/verbs/RuleVerbs.h"
 #include "Vantrel/commands/verbs/SceneVerbs.h"
@@ -76,6 +77,7 @@ int main(int argumentCount, char** arguments) {
     addSuggestionVerbs(verbs, app);
     addRuleVerbs(verbs, app);
     addSettingsVerbs(verbs, app);
+    addHotKeyVerbs(verbs, app);
     addShellVerbs(verbs, app, VANTREL_VERSION);
 
     if (argumentCount < 2) {

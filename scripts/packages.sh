@@ -20,6 +20,7 @@ packages_build=(
     libxcb-res0-dev
     libxcb-util-dev
     libxcb-xfixes0-dev
+    libxcb-xkb-dev
     libxcb-xtest0-dev
     libxcb1-dev
     ninja-build
@@ -52,6 +53,7 @@ packages_test=(
     openbox
     wmctrl
     x11-utils
+    x11-xkb-utils
     x11-xserver-utils
     xdotool
     xfce4-terminal

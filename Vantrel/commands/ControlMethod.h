@@ -33,4 +33,9 @@ struct ControlMethod {
     std::function<void(const std::vector<std::string>& arguments, const ControlReply& reply)> call;
 };
 
+struct ControlInterface {
+    const char* name;
+    std::vector<ControlMethod> methods;
+};
+
 } // namespace vantrel

@@ -4,6 +4,8 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
+#include "Vantrel/commands/methods/HotKeyMethods.h"
+#include "Vantrel/commands/methods/IntentMethods.h"
 #include "Vantrel/commands/methods/LayoutMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
@@ -29,9 +31,9 @@ constexpr const char* signalsXml = R"(    <signal name="PhaseChanged">
     </signal>
 )";
 
-// The table of everything that can be asked over the bus; each row comes from the file of its group.
-std::vector<ControlMethod> everyMethod(AppController& controller,
-                                       const std::filesystem::path& supportDirectory) {
+// Everything that can be asked over the bus; each row comes from the file of its group.
+std::vector<ControlMethod> controlMethods(AppController& controller,
+                                          const std::filesystem::path& supportDirectory) {
     std::vector<ControlMethod> all;
     const auto add = [&all](std::vector<ControlMethod> group) {
         std::ranges::move(group, std::back_inserter(all));
@@ -44,7 +46,15 @@ std::vector<ControlMethod> everyMethod(AppController& controller,
     add(suggestionMethods(controller));
     add(ruleMethods(controller));
     add(settingsMethods(controller.defaults()));
+    add(hotKeyMethods(controller));
     return all;
+}
+
+std::vector<ControlInterface> everyInterface(AppController& controller,
+                                             const std::filesystem::path& supportDirectory) {
+    return {{ControlNames::interface, controlMethods(controller, supportDirectory)},
+            {ControlNames::actionsInterface,
+             intentMethods(std::make_shared<Intents>([&controller] { return &controller; }))}};
 }
 
 std::string xml(const ControlMethod& method) {
@@ -79,7 +89,7 @@ std::optional<std::vector<std::string>> texts(const QList<QVariant>& arguments) 
 
 ControlService::ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
                                const QDBusConnection& bus)
-    : m_controller(controller), m_methods(everyMethod(controller, supportDirectory)), m_bus(bus),
+    : m_controller(controller), m_interfaces(everyInterface(controller, supportDirectory)), m_bus(bus),
       m_observer(controller.addObserver([this] { tellChanges(); })), m_phase(controller.published().phase),
       m_lastRestore(controller.published().lastRestore) {}
 
@@ -96,20 +106,20 @@ QString ControlService::introspect(const QString& path) const {
     if (path != QLatin1String(ControlNames::path)) {
         return {};
     }
-    std::string text = fmt::format("  <interface name=\"{}\">\n", ControlNames::interface);
-    for (const auto& method : m_methods) {
-        text += xml(method);
+    std::string text;
+    for (const auto& interface : m_interfaces) {
+        text += fmt::format("  <interface name=\"{}\">\n", interface.name);
+        for (const auto& method : interface.methods) {
+            text += xml(method);
+        }
+        text += std::string(&interface == &m_interfaces.front() ? signalsXml : "") + "  </interface>\n";
     }
-    return QString::fromStdString(text + signalsXml + "  </interface>\n");
+    return QString::fromStdString(text);
 }
 
 bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConnection& /*connection*/) {
-    const auto interface = message.interface();
-    if (!interface.isEmpty() && interface != QLatin1String(ControlNames::interface)) {
-        return false;
-    }
-    const auto method = std::ranges::find(m_methods, message.member().toStdString(), &ControlMethod::name);
-    if (method == m_methods.end()) {
+    const ControlMethod* const method = find(message);
+    if (method == nullptr) {
         return false;
     }
     const auto arguments = texts(message.arguments());
@@ -123,6 +133,19 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
     }
     method->call(*arguments, replyTo(message));
     return true;
+}
+
+const ControlMethod* ControlService::find(const QDBusMessage& message) const {
+    // Who names no interface means any.
+    const auto interface = message.interface().toStdString();
+    for (const auto& each : m_interfaces) {
+        const auto method =
+            std::ranges::find(each.methods, message.member().toStdString(), &ControlMethod::name);
+        if ((interface.empty() || interface == each.name) && method != each.methods.end()) {
+            return &*method;
+        }
+    }
+    return nullptr;
 }
 
 ControlReply ControlService::replyTo(const QDBusMessage& request) {

@@ -33,12 +33,14 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
+    // Null when nothing here is called so.
+    [[nodiscard]] const ControlMethod* find(const QDBusMessage& message) const;
     [[nodiscard]] ControlReply replyTo(const QDBusMessage& request);
     void tellChanges();
     void sendSignal(const char* name, const nlohmann::json& content);
 
     AppController& m_controller;
-    std::vector<ControlMethod> m_methods;
+    std::vector<ControlInterface> m_interfaces;
     QDBusConnection m_bus;
     Publisher::ObserverID m_observer;
     // What was last told.

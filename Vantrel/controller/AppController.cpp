@@ -46,7 +46,8 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
       m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
       m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context),
-      m_nudge(m_context), m_wallpaper(m_context) {
+      m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
+    m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_triggers.onFire = [this](const Scene& scene, const std::string& reason) { applyScene(scene, reason); };
     m_launchPlacement.isAwaitedBySettlement = [this](const std::string& bundleID) {
         return m_settlement.isAwaiting(bundleID);
@@ -72,6 +73,19 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
     m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
     m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });
     showSettings();
+}
+
+HotKeyFlow::Actions AppController::hotKeyActions() {
+    return {.restore = [this] { restoreNow(RestoreSource::hotKey); },
+            .save = [this] { saveLayoutNow(); },
+            .stash = [this] { m_stashes.stashOrBringBack(); },
+            .undo = [this] { undoLastRestore(); },
+            .applyScene =
+                [this](const std::string& id) {
+                    if (const auto scene = m_stores.scenes.scene(id)) {
+                        applyScene(*scene);
+                    }
+                }};
 }
 
 AppController::~AppController() {
@@ -107,6 +121,7 @@ void AppController::startEngine() {
     refreshStatus();
     m_snapshotTimer = m_context.ports.mainQueue.every(snapshotInterval, [this] { tick(); });
     m_triggers.start();
+    m_hotKeys.start();
 }
 
 void AppController::tick() {
@@ -122,6 +137,7 @@ void AppController::tick() {
 void AppController::userDefaultsChanged() {
     m_displayChange.applySettleDelay();
     showSettings();
+    m_hotKeys.settingsChanged();
     m_suggestions.refresh();
     refreshStatus();
 }

@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
+#include "Vantrel/controller/HotKeyFlow.h"
 #include "Vantrel/controller/LaunchPlacementFlow.h"
 #include "Vantrel/controller/LayoutFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
@@ -119,6 +120,14 @@ public:
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
 
+    // The keyboard shortcuts. The setters tell in a sentence why a combination is not taken; without a
+    // combination the shortcut is cleared, restore, save and stash go back to their default.
+    using HotKeyResult = std::expected<void, std::string>;
+    HotKeyResult setHotkey(const HotKeySurface& surface, std::optional<HotKeyCombo> combo) {
+        return m_hotKeys.setHotkey(surface, combo);
+    }
+    [[nodiscard]] std::vector<TakenHotKey> takenHotKeys() const { return m_hotKeys.takenHotKeys(); }
+
     // Pins or unpins the active layout of this desk: a pinned one is not learned over, and put back when the
     // windows drift from it. False when nothing is stored or it could not be written.
     bool setPinned(bool isPinned);
@@ -140,6 +149,7 @@ public:
 private:
     AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores, Options options);
 
+    [[nodiscard]] HotKeyFlow::Actions hotKeyActions();
     void tick();
     void userDefaultsChanged();
     // Publishes what the settings say about the published state.
@@ -167,6 +177,7 @@ private:
     WallpaperFlow m_wallpaper;
     // As the settings last said; a choice that could not be written holds for this run.
     std::optional<bool> m_storedEnabled;
+    HotKeyFlow m_hotKeys;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;
     std::unique_ptr<ScheduledWork> m_permissionTimer;
 };

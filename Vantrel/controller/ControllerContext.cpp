@@ -164,6 +164,9 @@ void ControllerContext::showStoredScenes() {
         state.scenes = sceneStore.allScenes();
         publishLastAppliedScene(state);
     });
+    if (onScenesChanged) {
+        onScenesChanged();
+    }
 }
 
 void ControllerContext::refreshStatus() {

@@ -103,6 +103,8 @@ public:
     void showStoredLayouts();
     // Publishes the scenes after the store has changed.
     void showStoredScenes();
+    // Called when showStoredScenes() has published them.
+    std::function<void()> onScenesChanged;
     // Publishes the resting phase, unless a restore is running or has just finished.
     void refreshStatus();
     void showPhase(const Phase& phase);

@@ -8,6 +8,7 @@
 #include "VantrelCore/ports/DesktopPictures.h"
 #include "VantrelCore/ports/DisplayServices.h"
 #include "VantrelCore/ports/FocusReader.h"
+#include "VantrelCore/ports/HotKeys.h"
 #include "VantrelCore/ports/LocalZone.h"
 #include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/SystemEvents.h"
@@ -29,6 +30,7 @@ struct ControllerPorts {
     CalendarReader& calendar;
     FocusReader& focus;
     DesktopPictures& pictures;
+    HotKeys& hotKeys;
 };
 
 } // namespace vantrel

@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/DriftNudgeInfo.h"
 #include "Vantrel/controller/Phase.h"
+#include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/RestoreReceipts.h"
@@ -27,6 +28,14 @@ struct PatternSuggestionInfo {
     std::vector<std::string> signature;
 
     bool operator==(const PatternSuggestionInfo&) const = default;
+};
+
+struct HotKeyStatus {
+    TakenHotKey taken;
+    // The system does not give it: another program holds it, or this keyboard has no such key.
+    bool isRefused = false;
+
+    bool operator==(const HotKeyStatus&) const = default;
 };
 
 struct PublishedState {
@@ -87,6 +96,8 @@ struct PublishedState {
     std::optional<UndoSlot> undoSlot;
     // Applying a scene hides the applications that it does not hold.
     bool hideOthersOnSceneSwitch = false;
+    // Every shortcut in use, fixed commands first.
+    std::vector<HotKeyStatus> hotKeys;
     std::string version;
 
     bool operator==(const PublishedState&) const = default;

@@ -1,6 +1,6 @@
 #include "Vantrel/controller/SettingKey.h"
 
-#include "VantrelCore/commands/HotKeyCombo.h"
+#include "VantrelCore/model/HotKeyCombo.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // Finds the shortcut that already uses a key combination.
 #pragma once
 
-#include "VantrelCore/commands/HotKeyCombo.h"
 #include "VantrelCore/commands/HotKeySurface.h"
+#include "VantrelCore/model/HotKeyCombo.h"
 
 #include <optional>
 #include <string>

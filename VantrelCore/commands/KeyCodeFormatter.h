@@ -1,7 +1,7 @@
 // Shortcuts as the user reads them: modifier glyphs followed by the key's glyph, "⇧⌘R".
 #pragma once
 
-#include "VantrelCore/commands/HotKeyCombo.h"
+#include "VantrelCore/model/HotKeyCombo.h"
 
 #include <cstdint>
 #include <string>

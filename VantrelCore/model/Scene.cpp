@@ -19,6 +19,13 @@ Scene Scene::make(std::string name, std::string configID, Layout layout, Date cr
     return scene;
 }
 
+std::optional<HotKeyCombo> Scene::hotkey() const {
+    if (!hotkeyKeyCode || !hotkeyModifiers) {
+        return std::nullopt;
+    }
+    return HotKeyCombo{.keyCode = *hotkeyKeyCode, .modifiers = *hotkeyModifiers};
+}
+
 bool Scene::hasGhosts() const {
     return std::ranges::any_of(layout.windows,
                                [](const WindowRecord& window) { return window.isGhost.value_or(false); });

@@ -2,6 +2,7 @@
 // be applied on any.
 #pragma once
 
+#include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/SceneWallpaper.h"
 
@@ -38,6 +39,8 @@ struct Scene {
     [[nodiscard]] static Scene make(std::string name, std::string configID, Layout layout, Date createdAt);
 
     [[nodiscard]] bool isPinned() const { return pinned.value_or(false); }
+    // None unless key code and modifiers are both there.
+    [[nodiscard]] std::optional<HotKeyCombo> hotkey() const;
     [[nodiscard]] bool hasGhosts() const;
     // A scene that keeps places free for applications always launches them.
     [[nodiscard]] bool effectiveOpensMissingApps() const;

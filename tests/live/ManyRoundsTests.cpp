@@ -18,16 +18,6 @@ namespace {
 constexpr MonitorPlace leftMonitor{0, 0, 1280, 1024};
 constexpr MonitorPlace rightMonitor{1280, 0, 1600, 900};
 
-std::size_t linesWith(const std::string& text, const std::string& words) {
-    std::istringstream lines(text);
-    std::string line;
-    std::size_t count = 0;
-    while (std::getline(lines, line)) {
-        count += line.find(words) != std::string::npos ? 1U : 0U;
-    }
-    return count;
-}
-
 class ManyRounds : public testing::TestWithParam<const char*> {
 protected:
     ManyRounds() : desk({leftMonitor, rightMonitor}, GetParam()) {
@@ -107,9 +97,9 @@ TEST_P(ManyRounds, EndWithEveryWindowBackAndNothingLearnedOnTheWay) {
     const std::string log = vantrel.log();
     // One restore for each settled change, given up where the next change came first or in its middle. A
     // monitor that is gone again when the desk is named has no name any more.
-    EXPECT_EQ(linesWith(log, "restore report:") + linesWith(log, "restore abandoned:") +
-                  linesWith(log, "restore dropped: the displays have changed"),
-              linesWith(log, "(2 displays)"))
+    EXPECT_EQ(vantrel.linesLogged("restore report:") + vantrel.linesLogged("restore abandoned:") +
+                  vantrel.linesLogged("restore dropped: the displays have changed"),
+              vantrel.linesLogged("(2 displays)"))
         << log;
     // The order of the stack is the window manager's affair while monitors come and go.
     const auto frames = [](const nlohmann::json& windows) {

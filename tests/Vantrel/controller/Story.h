@@ -8,6 +8,7 @@
 #include "tests/simulated/SimulatedDefaults.h"
 #include "tests/simulated/SimulatedDesk.h"
 #include "tests/simulated/SimulatedFocus.h"
+#include "tests/simulated/SimulatedHotKeys.h"
 #include "tests/simulated/SimulatedPictures.h"
 #include "tests/simulated/SimulatedSystemEvents.h"
 #include "tests/simulated/SimulatedWorkspace.h"
@@ -32,6 +33,7 @@ public:
     SimulatedDesk desk;
     SimulatedWorkspace workspace;
     SimulatedSystemEvents system;
+    SimulatedHotKeys hotKeys;
     SimulatedZone zone;
     SimulatedCalendar calendar{time};
     SimulatedFocus focus;

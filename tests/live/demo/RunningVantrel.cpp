@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <utility>
+#include <sstream>
 
 namespace vantrel::live {
 
@@ -65,6 +66,16 @@ std::string RunningVantrel::control(const std::string& command) {
         finished.output.pop_back();
     }
     return finished.output;
+}
+
+std::size_t RunningVantrel::linesLogged(const std::string& words) const {
+    std::istringstream lines(log());
+    std::string line;
+    std::size_t count = 0;
+    while (std::getline(lines, line)) {
+        count += line.find(words) != std::string::npos ? 1U : 0U;
+    }
+    return count;
 }
 
 } // namespace vantrel::live

@@ -1,0 +1,52 @@
+#include "Vantrel/commands/verbs/HotKeyVerbs.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace vantrel {
+
+namespace {
+
+using namespace VerbPrinting;
+
+struct Typed {
+    std::string command;
+    std::string keys;
+};
+
+ExitCode list(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output) {
+    return show<nlohmann::json>(answer, output, [](const nlohmann::json& shown) {
+        std::string text;
+        for (const auto& each : shown.at("hotKeys")) {
+            text += fmt::format(
+                "{:<20} {}{}\n", each.at("keys").get<std::string>(), each.at("label").get<std::string>(),
+                each.at("refused").get<bool>()
+                    ? "  (refused: another program holds it, or this keyboard has no such key)"
+                    : "");
+        }
+        return text;
+    });
+}
+
+} // namespace
+
+void addHotKeyVerbs(VerbTable& table, CLI::App& app) {
+    auto& hotKeys = table.add(app, "hotkeys", "List the keyboard shortcuts; set or clear one",
+                              [](VerbOutput output) { return list(ControlClient::call("HotKeys"), output); });
+    const auto typed = std::make_shared<Typed>();
+    constexpr const char* what = "restore, save, stash, undo, quickSwitcher, or a scene's name";
+    auto& set = table.add(hotKeys, "set", "Give a command or scene a shortcut", [typed](VerbOutput output) {
+        return list(ControlClient::call("SetHotKey", {typed->command, typed->keys}), output);
+    });
+    set.add_option("command", typed->command, what)->required();
+    set.add_option("keys", typed->keys, "Like Super+Shift+R or F9")->required();
+    auto& clear =
+        table.add(hotKeys, "clear", "Take a shortcut away; restore, save and stash get their default",
+                  [typed](VerbOutput output) {
+                      return list(ControlClient::call("ClearHotKey", {typed->command}), output);
+                  });
+    clear.add_option("command", typed->command, what)->required();
+}
+
+} // namespace vantrel

@@ -1,0 +1,208 @@
+#include "Vantrel/controller/HotKeyFlow.h"
+
+#include "VantrelCore/commands/HotKeyRecording.h"
+#include "VantrelCore/commands/HotKeyText.h"
+
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+using Kind = HotKeySurface::Kind;
+
+// In the order in which conflicts are looked for.
+constexpr std::array fixedSurfaces{Kind::fixedRestore, Kind::fixedSave, Kind::stash, Kind::quickSwitcher,
+                                   Kind::undo};
+
+std::uint32_t fixedID(Kind surface) {
+    switch (surface) {
+    case Kind::fixedRestore:
+        return 1;
+    case Kind::fixedSave:
+        return 2;
+    case Kind::stash:
+        return 3;
+    case Kind::undo:
+        return 4;
+    case Kind::quickSwitcher:
+        return 5;
+    case Kind::scene:
+        break;
+    }
+    return 0;
+}
+
+} // namespace
+
+HotKeyFlow::HotKeyFlow(ControllerContext& context, SceneFlow& scenes, Actions actions)
+    : m_context(context), m_actions(std::move(actions)), m_sceneFlow(scenes),
+      m_scenes(context.ports.hotKeys) {}
+
+void HotKeyFlow::start() {
+    m_isStarted = true;
+    m_context.ports.hotKeys.setChangeHandler([this] {
+        m_registered.clear();
+        m_scenes.clear();
+        syncEverything();
+    });
+    syncEverything();
+}
+
+void HotKeyFlow::syncEverything() {
+    for (const auto surface : fixedSurfaces) {
+        sync(surface);
+    }
+    syncSceneHotKeys();
+}
+
+void HotKeyFlow::settingsChanged() {
+    if (m_isStarted) {
+        for (const auto surface : fixedSurfaces) {
+            sync(surface);
+        }
+        publish();
+    }
+}
+
+void HotKeyFlow::syncSceneHotKeys() {
+    if (m_isStarted) {
+        m_scenes.sync(m_context.state().scenes, m_actions.applyScene);
+        publish();
+    }
+}
+
+std::optional<HotKeyCombo> HotKeyFlow::stored(Kind surface) const {
+    const Settings& settings = m_context.settings;
+    switch (surface) {
+    case Kind::fixedRestore:
+        return settings.restoreHotkey();
+    case Kind::fixedSave:
+        return settings.saveHotkey();
+    case Kind::stash:
+        return settings.stashHotkey();
+    case Kind::quickSwitcher:
+        return settings.quickSwitcherHotkey();
+    case Kind::undo:
+        return settings.undoHotkey();
+    case Kind::scene:
+        break;
+    }
+    return std::nullopt;
+}
+
+void HotKeyFlow::sync(Kind surface) {
+    const auto action = [&]() -> std::function<void()> {
+        switch (surface) {
+        case Kind::fixedRestore:
+            return m_actions.restore;
+        case Kind::fixedSave:
+            return m_actions.save;
+        case Kind::stash:
+            return m_actions.stash;
+        case Kind::undo:
+            return m_actions.undo;
+        case Kind::quickSwitcher:
+        case Kind::scene:
+            break;
+        }
+        return {};
+    }();
+    const auto combo = stored(surface);
+    const auto registered = m_registered.find(surface);
+    if (registered != m_registered.end()) {
+        if (combo == registered->second.combo) {
+            return;
+        }
+        m_registered.erase(registered);
+    }
+    if (!combo || !action) {
+        return;
+    }
+    if (auto hotKey = m_context.ports.hotKeys.add(fixedID(surface), *combo, action)) {
+        m_registered.emplace(surface, Registered{*combo, std::move(hotKey)});
+    }
+}
+
+std::vector<TakenHotKey> HotKeyFlow::takenHotKeys() const {
+    std::vector<TakenHotKey> taken;
+    for (const auto surface : fixedSurfaces) {
+        if (const auto combo = stored(surface)) {
+            taken.push_back({{surface, {}}, *combo, std::string(HotKeyRecording::commandLabel(surface))});
+        }
+    }
+    for (const auto& scene : m_context.state().scenes) {
+        if (const auto combo = scene.hotkey()) {
+            taken.push_back({HotKeySurface::scene(scene.id), *combo, scene.name});
+        }
+    }
+    return taken;
+}
+
+std::expected<void, std::string> HotKeyFlow::setHotkey(const HotKeySurface& surface,
+                                                       std::optional<HotKeyCombo> combo) {
+    if (combo) {
+        if (const auto other = HotKeyCollisions::conflict(*combo, surface, takenHotKeys())) {
+            return std::unexpected(HotKeyRecording::conflictMessage(*other));
+        }
+    }
+    if (!write(surface, combo)) {
+        return std::unexpected("The shortcut could not be written to disk.");
+    }
+    syncEverything();
+    return {};
+}
+
+bool HotKeyFlow::write(const HotKeySurface& surface, std::optional<HotKeyCombo> combo) {
+    Settings& settings = m_context.settings;
+    switch (surface.kind) {
+    case Kind::fixedRestore:
+        return settings.setRestoreHotkey(combo.value_or(HotKeyDefaults::restore));
+    case Kind::fixedSave:
+        return settings.setSaveHotkey(combo.value_or(HotKeyDefaults::save));
+    case Kind::stash:
+        return settings.setStashHotkey(combo.value_or(HotKeyDefaults::stash));
+    case Kind::quickSwitcher:
+        return settings.setQuickSwitcherHotkey(combo);
+    case Kind::undo:
+        return settings.setUndoHotkey(combo);
+    case Kind::scene:
+        break;
+    }
+    return m_sceneFlow
+        .setHotkey(surface.sceneID, combo ? std::optional(combo->keyCode) : std::nullopt,
+                   combo ? std::optional(combo->modifiers) : std::nullopt)
+        .has_value();
+}
+
+void HotKeyFlow::publish() {
+    std::vector<HotKeyStatus> all;
+    for (const auto& taken : takenHotKeys()) {
+        bool isRefused = false;
+        if (taken.surface.kind == Kind::scene) {
+            isRefused =
+                std::ranges::find(m_scenes.refused(), taken.surface.sceneID) != m_scenes.refused().end();
+        } else {
+            isRefused =
+                taken.surface.kind != Kind::quickSwitcher && !m_registered.contains(taken.surface.kind);
+        }
+        all.push_back({taken, isRefused});
+    }
+    if (all == m_context.state().hotKeys) {
+        return;
+    }
+    for (const auto& each : all) {
+        if (each.isRefused &&
+            std::ranges::find(m_context.state().hotKeys, each) == m_context.state().hotKeys.end()) {
+            m_context.log(fmt::format("shortcut {} for \"{}\" was refused: another program holds it, or this "
+                                      "keyboard has no such key",
+                                      HotKeyText::text(each.taken.combo), each.taken.label));
+        }
+    }
+    m_context.publisher.publish([&](PublishedState& state) { state.hotKeys = std::move(all); });
+}
+
+} // namespace vantrel

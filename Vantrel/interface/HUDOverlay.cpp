@@ -1,0 +1,111 @@
+#include "Vantrel/interface/HUDOverlay.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+
+#include <algorithm>
+#include <chrono>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::chrono::milliseconds shownFor{2200};
+// In pixels at 96 dots per inch.
+constexpr int padding = 22;
+constexpr int lineGap = 4;
+constexpr int narrowest = 180;
+constexpr int widest = 520;
+constexpr int distanceFromEdge = 96;
+constexpr double radius = 14;
+
+const QColor background(28, 30, 36, 235);
+const QColor border(255, 255, 255, 40);
+const QColor headlineColor(255, 255, 255);
+const QColor detailColor(200, 206, 218);
+
+QFont headlineFont() {
+    QFont font = QGuiApplication::font();
+    font.setPointSizeF(font.pointSizeF() * 1.25);
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QString qt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+HUDOverlay::HUDOverlay()
+    : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint |
+                           Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
+                           Qt::WindowTransparentForInput) {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    // Round corners where a compositor runs; without one, Qt gives an opaque window with the same rectangle.
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowTitle("Vantrel");
+    m_hide.setSingleShot(true);
+    m_hide.setInterval(shownFor);
+    m_hide.callOnTimeout([this] { hide(); });
+}
+
+void HUDOverlay::show(const HUDText& text) {
+    m_text = text;
+    place();
+    QWidget::show();
+    raise();
+    update();
+    m_hide.start();
+}
+
+void HUDOverlay::place() {
+    const QFontMetrics headline(headlineFont());
+    const QFontMetrics detail(QGuiApplication::font());
+    int width = headline.horizontalAdvance(qt(m_text.headline));
+    int height = headline.height();
+    if (!m_text.detail.empty()) {
+        width = std::max(width, detail.horizontalAdvance(qt(m_text.detail)));
+        height += lineGap + detail.height();
+    }
+    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    if (screen == nullptr) {
+        return;
+    }
+    const QRect area = screen->availableGeometry();
+    const QSize size(std::min(std::clamp(width + 2 * padding, narrowest, widest), area.width()),
+                     height + 2 * padding - lineGap * 2);
+    const int y = std::max(area.top(), area.bottom() - distanceFromEdge - size.height());
+    setGeometry(QRect(QPoint(area.center().x() - size.width() / 2, y), size));
+}
+
+void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath shape;
+    shape.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.fillPath(shape, background);
+    painter.setPen(border);
+    painter.drawPath(shape);
+
+    const auto line = [&](const std::string& text, const QFont& font, const QColor& color, int top) {
+        const QFontMetrics metrics(font);
+        painter.setFont(font);
+        painter.setPen(color);
+        const QRect place(padding, top, width() - 2 * padding, metrics.height());
+        painter.drawText(place, Qt::AlignCenter, metrics.elidedText(qt(text), Qt::ElideRight, place.width()));
+        return top + metrics.height() + lineGap;
+    };
+    const int below = line(m_text.headline, headlineFont(), headlineColor, padding - lineGap);
+    if (!m_text.detail.empty()) {
+        line(m_text.detail, QGuiApplication::font(), detailColor, below);
+    }
+}
+
+} // namespace vantrel

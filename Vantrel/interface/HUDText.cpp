@@ -1,0 +1,53 @@
+#include "Vantrel/interface/HUDText.h"
+
+#include "VantrelCore/scenes/SceneApplyCaption.h"
+#include "VantrelCore/scenes/SceneSettlementCaption.h"
+#include "VantrelCore/text/CountedNoun.h"
+
+#include <fmt/format.h>
+
+namespace vantrel {
+
+namespace {
+
+// A wait that nobody noticed is not worth a number.
+constexpr double noticeableSeconds = 1;
+
+std::string duration(double seconds) {
+    return seconds < noticeableSeconds ? "" : fmt::format("in {:.1f} seconds", seconds);
+}
+
+struct Text {
+    HUDText operator()(const HUD::Restoring& /*restoring*/) const { return {"Putting windows back…", ""}; }
+
+    HUDText operator()(const HUD::Done& done) const {
+        if (done.windows == 0) {
+            return {"Every window was in its place", ""};
+        }
+        return {countedNoun(done.windows, "window") + " back in place", duration(done.seconds)};
+    }
+
+    HUDText operator()(const HUD::Saved& saved) const {
+        return {"Layout saved", countedNoun(saved.windows, "window")};
+    }
+
+    HUDText operator()(const HUD::SceneApplied& scene) const {
+        return {scene.name, SceneApplyCaption::detail(scene.moved, scene.opened, scene.notOpen)};
+    }
+
+    HUDText operator()(const HUD::AppPlaced& placed) const {
+        return {placed.app + " is in its place", placed.desk};
+    }
+
+    HUDText operator()(const HUD::SceneSettled& scene) const {
+        return {scene.name, SceneSettlementCaption::detail(scene.opened, scene.placed, scene.stragglers)};
+    }
+};
+
+} // namespace
+
+HUDText HUDText::of(const HUDEvent& event) {
+    return std::visit(Text{}, event);
+}
+
+} // namespace vantrel
