@@ -108,6 +108,6 @@ TEST(CommandTexts, ListsHaveAStarAtTheActiveOneAndKeepToTheirColumns) {
     stash.deskName = "Monitor + Laptop";
     stash.appliedSceneName = "Focus";
     EXPECT_EQ(CommandTexts::stashes({{stash}, stash.id}, {.columns = 76}, dateText),
-              "* 0A1B2C3D  2 windows · kept until 1970-01-08T00:00:00Z · Monitor + Laptop ·…\n");
+              "* 0A1B2C3D  2 windows · kept until 1970-01-08T00:00:00Z · Monitor + Laptop …\n");
     EXPECT_EQ(CommandTexts::stashes({}, {}, dateText), "");
 }
