@@ -2,9 +2,9 @@
 #pragma once
 
 #include "Vantrel/controller/SettingKey.h"
-#include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/model/DailyLayoutObservation.h"
 #include "VantrelCore/model/Date.h"
+#include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/model/WallpaperMemory.h"
 
 #include <optional>

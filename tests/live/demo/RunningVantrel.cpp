@@ -4,9 +4,9 @@
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
-#include <sstream>
 
 namespace vantrel::live {
 
