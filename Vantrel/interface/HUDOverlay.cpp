@@ -20,6 +20,8 @@ constexpr int lineGap = 4;
 constexpr int narrowest = 180;
 constexpr int widest = 520;
 constexpr int distanceFromEdge = 96;
+// What the laid out text may be wider than the sum of its letters.
+constexpr int roundingSlack = 12;
 constexpr double radius = 14;
 
 const QColor background(28, 30, 36, 235);
@@ -63,8 +65,8 @@ void HUDOverlay::show(const HUDText& text) {
 }
 
 void HUDOverlay::place() {
-    const QFontMetrics headline(headlineFont());
-    const QFontMetrics detail(QGuiApplication::font());
+    const QFontMetrics headline(headlineFont(), this);
+    const QFontMetrics detail(QGuiApplication::font(), this);
     int width = headline.horizontalAdvance(qt(m_text.headline));
     int height = headline.height();
     if (!m_text.detail.empty()) {
@@ -79,8 +81,9 @@ void HUDOverlay::place() {
         return;
     }
     const QRect area = screen->availableGeometry();
-    const QSize size(std::min(std::clamp(width + 2 * padding, narrowest, widest), area.width()),
-                     height + 2 * padding - lineGap * 2);
+    const QSize size(
+        std::min(std::clamp(width + 2 * padding + roundingSlack, narrowest, widest), area.width()),
+        height + 2 * padding - lineGap * 2);
     const int y = std::max(area.top(), area.bottom() - distanceFromEdge - size.height());
     setGeometry(QRect(QPoint(area.center().x() - size.width() / 2, y), size));
 }
@@ -95,7 +98,7 @@ void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {
     painter.drawPath(shape);
 
     const auto line = [&](const std::string& text, const QFont& font, const QColor& color, int top) {
-        const QFontMetrics metrics(font);
+        const QFontMetrics metrics(font, this);
         painter.setFont(font);
         painter.setPen(color);
         const QRect place(padding, top, width() - 2 * padding, metrics.height());

@@ -24,8 +24,8 @@ struct Colors {
 Colors colors(Tone tone) {
     const QColor dark(40, 44, 52);
     const QColor light(240, 242, 246);
-    return tone == Tone::dark ? Colors{dark, QColor(255, 255, 255, 110)}
-                              : Colors{light, QColor(0, 0, 0, 110)};
+    return tone == Tone::dark ? Colors{dark, QColor(255, 255, 255, 200)}
+                              : Colors{light, QColor(0, 0, 0, 150)};
 }
 
 // The colour of the sign at the lower right; invalid when there is none.
