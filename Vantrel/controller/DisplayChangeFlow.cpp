@@ -69,14 +69,15 @@ void DisplayChangeFlow::changeBegan() {
 void DisplayChangeFlow::handleSettledChange(const std::string& configID,
                                             const std::vector<DisplayInfo>& displays) {
     m_context.displaysChanging = false;
+    const auto reason = ControllerText::displayChangeReason(m_context.state().displays, displays);
     m_context.showDesk(configID, displays);
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();
-    restoreIfWanted();
+    restoreIfWanted(reason);
     m_context.scheduleSnapshotResume(resumeDelay);
 }
 
-void DisplayChangeFlow::restoreIfWanted() {
+void DisplayChangeFlow::restoreIfWanted(const std::string& reason) {
     if (!m_context.settings.autoRestore() || !m_context.state().enabled || !m_context.entitledToRun() ||
         !m_context.ports.accessibility.isTrusted()) {
         return;
@@ -87,7 +88,7 @@ void DisplayChangeFlow::restoreIfWanted() {
     }
     m_runner.perform({.layout = *layout,
                       .displays = m_context.state().displays,
-                      .reason = "display change",
+                      .reason = reason,
                       .trigger = RestoreTrigger::automatic,
                       .announcement = Announcement::announce});
 }

@@ -28,7 +28,7 @@ private:
     void installWatcher();
     void changeBegan();
     void handleSettledChange(const std::string& configID, const std::vector<DisplayInfo>& displays);
-    void restoreIfWanted();
+    void restoreIfWanted(const std::string& reason);
 
     ControllerContext& m_context;
     LearningFlow& m_learning;

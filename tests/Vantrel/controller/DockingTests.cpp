@@ -32,7 +32,7 @@ TEST_F(Docking, EveryWindowIsBackAfterUndockingAndDocking) {
     const auto& restore = story.published().lastRestore;
     ASSERT_TRUE(restore.has_value());
     EXPECT_EQ(restore->report.restoredCount(), 4U);
-    EXPECT_EQ(restore->reason, "display change");
+    EXPECT_EQ(restore->reason, "Studio Display reconnected");
     EXPECT_THAT(story.messages(), Contains(StartsWith("restore report: 4 restored, 0 failed, 0 skipped, ")));
     EXPECT_THAT(story.messages(), Contains("display settled: " + story.published().configID +
                                            " Studio Display + Built-in Display (2 displays)"));
