@@ -104,6 +104,17 @@ TEST_P(GoingBack, LayoutsAreSavedSwitchedRenamedAndDeleted) {
     EXPECT_EQ(nlohmann::json::parse(done({"layouts", "--json"})).at("layouts").size(), 1U);
 }
 
+TEST_P(GoingBack, APinnedLayoutThatIsDraggedAwayIsPutBack) {
+    done({"save"});
+    done({"pin"});
+    const auto home = frames();
+    place({{300, 400}, {1500, 300}});
+    // Drift must be seen at two looks, which are 15 seconds apart.
+    EXPECT_TRUE(waitUntil([&] { return frames() == home; }, 3 * generousSeconds));
+    EXPECT_THAT(done({"log"}), HasSubstr("pinned drift: enforcing"));
+    EXPECT_THAT(done({"history"}), HasSubstr("pinned enforcement"));
+}
+
 INSTANTIATE_TEST_SUITE_P(WindowManagers, GoingBack, testedWindowManagers(), windowManagerName);
 
 } // namespace

@@ -13,6 +13,7 @@ namespace {
 const std::vector<std::string> allSetups{"laptop", "laptop-and-monitor", "laptop-and-twins", "three-monitors",
                                          "ultrawide-left"};
 
+constexpr double nightSeconds = 10 * 3600;
 constexpr int chapters = 9;
 
 // The window manager is done with a change after so many seconds.
@@ -94,6 +95,35 @@ void RandomStory::tell() {
     comeToRest();
     for (int chapter = 0; chapter < chapters && m_breaches.empty(); ++chapter) {
         tellChapter();
+    }
+}
+
+void RandomStory::tellWeek() {
+    m_story.start();
+    comeToRest();
+    for (int day = 0; day < 7 && m_breaches.empty(); ++day) {
+        tellDay();
+        m_told.push_back(fmt::format("{:.1f} s: night", m_story.time.monotonicSeconds()));
+        // The story's time goes on while it sleeps, which a machine's does not: most of the night is locked.
+        m_story.system.setLocked(true);
+        m_story.runFor(nightSeconds);
+        m_story.system.setAsleep(true);
+        m_story.runFor(5);
+        m_story.system.setAsleep(false);
+        m_story.system.setLocked(false);
+        comeToRest();
+    }
+}
+
+void RandomStory::tellDay() {
+    for (int docking = 0; docking < 30 && m_breaches.empty(); ++docking) {
+        changeDisplays();
+        comeToRest();
+        checkAtRest();
+        tellChapter();
+        m_story.runFor(seconds(200, 1200));
+        noteWhatStands();
+        checkOnlyWhatStoodIsStored();
     }
 }
 

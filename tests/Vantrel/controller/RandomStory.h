@@ -19,6 +19,8 @@ public:
 
     // Tells all chapters, or up to the first that breaks a law.
     void tell();
+    // Seven days of thirty dockings, each with something else in between, and the nights locked.
+    void tellWeek();
 
     // What broke, in words; empty while every law held.
     [[nodiscard]] const std::vector<std::string>& breaches() const { return m_breaches; }
@@ -35,6 +37,7 @@ private:
     [[nodiscard]] Burst someBurst();
 
     void populate();
+    void tellDay();
     void tellChapter();
     void changeDisplays();
     void userMovesWindows();
