@@ -1,6 +1,8 @@
 #include "tests/Vantrel/controller/RandomStory.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cmath>
 #include <expected>
 #include <fmt/format.h>
 #include <optional>
@@ -139,6 +141,7 @@ void RandomStory::tellChapter() {
         {"the user saves", &RandomStory::userSaves},
         {"sleep or lock", &RandomStory::machineSleeps},
         {"license runs out", &RandomStory::licenseRunsOut},
+        {"the clock jumps", &RandomStory::clockJumps},
         {"settle delay", &RandomStory::settleDelayChanges},
         {"windows", &RandomStory::windowsComeAndGo},
         {"a program is launched", &RandomStory::programIsLaunched},
@@ -225,6 +228,13 @@ void RandomStory::machineSleeps() {
         changeDisplays();
     }
     m_story.system.setLocked(false);
+}
+
+// Set by hand or by the network, to and fro; what is stored for days must not notice.
+void RandomStory::clockJumps() {
+    const auto jump = std::chrono::milliseconds(std::llround(seconds(-7200, 7200) * 1000));
+    m_story.time.setWallClock(m_story.time.now() + jump);
+    m_story.runFor(seconds(0, 60));
 }
 
 void RandomStory::licenseRunsOut() {

@@ -45,6 +45,7 @@ private:
     void userSaves();
     void machineSleeps();
     void licenseRunsOut();
+    void clockJumps();
     void settleDelayChanges();
     void windowsComeAndGo();
     void programIsLaunched();
