@@ -1,0 +1,61 @@
+// What the fake platform's Core Foundation objects hold, and how tests make them.
+#pragma once
+
+#include "Vantrel/platform/macos/CFRef.h"
+#include "tests/macos/fake/ObjectLedger.h"
+
+#include <CoreGraphics/CoreGraphics.h>
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace vantrel::fake {
+
+using Value = CFRef<CFTypeRef>;
+
+struct StringObject : Object {
+    std::string utf8;
+    // Half a surrogate pair: has no UTF-8.
+    bool isBroken = false;
+};
+
+struct ArrayObject : Object {
+    std::vector<Value> items;
+};
+
+struct DictionaryObject : Object {
+    std::vector<std::pair<Value, Value>> entries;
+};
+
+struct NumberObject : Object {
+    std::variant<std::int64_t, double> value;
+};
+
+struct BooleanObject : Object {
+    bool value;
+};
+
+struct UUIDObject : Object {
+    std::string text;
+};
+
+[[nodiscard]] CFRef<CFStringRef> text(const std::string& utf8);
+// Cannot be converted to UTF-8.
+[[nodiscard]] CFRef<CFStringRef> brokenText();
+[[nodiscard]] CFRef<CFArrayRef> array(std::vector<Value> items);
+[[nodiscard]] CFRef<CFDictionaryRef> dictionary(std::vector<std::pair<std::string, Value>> entries);
+[[nodiscard]] CFRef<CFNumberRef> number(std::int64_t value);
+[[nodiscard]] CFRef<CFNumberRef> realNumber(double value);
+[[nodiscard]] CFRef<CFBooleanRef> boolean(bool value);
+[[nodiscard]] CFRef<CFUUIDRef> uuid(const std::string& text);
+[[nodiscard]] Value null();
+
+// A rectangle as the window list gives it: a dictionary of "X", "Y", "Width" and "Height".
+[[nodiscard]] CFRef<CFDictionaryRef> rectangle(const CGRect& rect);
+
+// The UTF-8 of any string, a constant's too.
+[[nodiscard]] std::string textOf(CFStringRef string);
+
+} // namespace vantrel::fake

@@ -1,0 +1,76 @@
+// The client side of Accessibility, in our own words: exactly what the macOS adapter uses of it.
+#pragma once
+
+#include <ColorSync/ColorSync.h>
+#include <CoreFoundation/CoreFoundation.h>
+#include <CoreGraphics/CoreGraphics.h>
+#include <sys/types.h>
+
+#pragma clang assume_nonnull begin
+
+typedef const struct CF_BRIDGED_TYPE(id) __AXUIElement* AXUIElementRef;
+typedef const struct CF_BRIDGED_TYPE(id) __AXValue* AXValueRef;
+
+typedef int32_t AXError;
+enum : AXError {
+    kAXErrorSuccess = 0,
+    kAXErrorFailure = -25200,
+    kAXErrorIllegalArgument = -25201,
+    kAXErrorInvalidUIElement = -25202,
+    kAXErrorCannotComplete = -25204,
+    kAXErrorAttributeUnsupported = -25205,
+    kAXErrorActionUnsupported = -25206,
+    kAXErrorNotImplemented = -25208,
+    kAXErrorAPIDisabled = -25211,
+    kAXErrorNoValue = -25212,
+};
+
+// Trust.
+VANTREL_EXTERN const CFStringRef kAXTrustedCheckOptionPrompt VANTREL_MACOS(10.9);
+VANTREL_EXTERN Boolean AXIsProcessTrusted(void) VANTREL_MACOS(10.4);
+VANTREL_EXTERN Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef _Nullable options) VANTREL_MACOS(10.9);
+
+// Names of attributes and actions.
+#define kAXWindowsAttribute CFSTR("AXWindows")
+#define kAXTitleAttribute CFSTR("AXTitle")
+#define kAXSubroleAttribute CFSTR("AXSubrole")
+#define kAXMinimizedAttribute CFSTR("AXMinimized")
+#define kAXPositionAttribute CFSTR("AXPosition")
+#define kAXSizeAttribute CFSTR("AXSize")
+#define kAXRaiseAction CFSTR("AXRaise")
+
+// Elements.
+typedef UInt32 AXCopyMultipleAttributeOptions;
+enum : AXCopyMultipleAttributeOptions { kAXCopyMultipleAttributeOptionStopOnError = 0x1 };
+VANTREL_EXTERN CFTypeID AXUIElementGetTypeID(void);
+VANTREL_EXTERN CF_RETURNS_RETAINED AXUIElementRef AXUIElementCreateApplication(pid_t pid);
+VANTREL_EXTERN CF_RETURNS_RETAINED AXUIElementRef AXUIElementCreateSystemWide(void);
+VANTREL_EXTERN AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
+                                                     CFTypeRef _Nullable* _Nonnull CF_RETURNS_RETAINED value);
+// Without options, an attribute that cannot be read has its error as an AXValue in its place.
+VANTREL_EXTERN AXError AXUIElementCopyMultipleAttributeValues(
+    AXUIElementRef element, CFArrayRef attributes, AXCopyMultipleAttributeOptions options,
+    CFArrayRef _Nullable* _Nonnull CF_RETURNS_RETAINED values) VANTREL_MACOS(10.4);
+VANTREL_EXTERN AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute,
+                                                    CFTypeRef value);
+VANTREL_EXTERN AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
+// Of the system-wide element: for every element of this process that has none of its own.
+VANTREL_EXTERN AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds)
+    VANTREL_MACOS(10.4);
+
+// Values that are no property lists.
+typedef UInt32 AXValueType;
+enum : AXValueType {
+    kAXValueTypeIllegal = 0,
+    kAXValueTypeCGPoint = 1,
+    kAXValueTypeCGSize = 2,
+    kAXValueTypeCGRect = 3,
+    kAXValueTypeCFRange = 4,
+    kAXValueTypeAXError = 5,
+};
+VANTREL_EXTERN CFTypeID AXValueGetTypeID(void);
+VANTREL_EXTERN CF_RETURNS_RETAINED AXValueRef _Nullable AXValueCreate(AXValueType type, const void* value);
+VANTREL_EXTERN AXValueType AXValueGetType(AXValueRef value);
+VANTREL_EXTERN Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* result);
+
+#pragma clang assume_nonnull end
