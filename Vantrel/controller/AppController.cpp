@@ -66,6 +66,11 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
         m_nudge.clear();
         m_wallpaper.apply(scene);
     };
+    m_sceneApply.onUndone = [this] {
+        m_nudge.clear();
+        const Scene* const former = published().lastAppliedScene();
+        m_wallpaper.apply(former != nullptr ? *former : Scene{});
+    };
     m_sceneApply.onHidden = [this](const std::vector<std::string>& bundleIDs) {
         m_undo.noteHidden(bundleIDs);
     };
@@ -166,6 +171,29 @@ void AppController::setHideOthersOnSceneSwitch(bool hides) {
         m_context.log("settings: hideOthersOnSceneSwitch could not be written");
     }
     showSettings();
+}
+
+void AppController::showWorkbench(WorkbenchTab tab) {
+    m_context.publisher.publish([&](PublishedState& state) {
+        state.workbenchTab = tab;
+        state.pendingQuickSwitcherArm = false;
+    });
+}
+
+void AppController::armQuickSwitcherRecorder() {
+    m_context.publisher.publish([](PublishedState& state) {
+        state.workbenchTab = WorkbenchTab::settings;
+        state.pendingQuickSwitcherArm = true;
+    });
+}
+
+AppController::HotKeyResult AppController::setHotkey(const HotKeySurface& surface,
+                                                     std::optional<HotKeyCombo> combo) {
+    const auto result = m_hotKeys.setHotkey(surface, combo);
+    if (result && surface.kind == HotKeySurface::Kind::quickSwitcher) {
+        m_context.publisher.publish([](PublishedState& state) { state.pendingQuickSwitcherArm = false; });
+    }
+    return result;
 }
 
 bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) {

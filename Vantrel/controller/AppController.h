@@ -123,10 +123,13 @@ public:
     // The keyboard shortcuts. The setters tell in a sentence why a combination is not taken; without a
     // combination the shortcut is cleared, restore, save and stash go back to their default.
     using HotKeyResult = std::expected<void, std::string>;
-    HotKeyResult setHotkey(const HotKeySurface& surface, std::optional<HotKeyCombo> combo) {
-        return m_hotKeys.setHotkey(surface, combo);
-    }
+    HotKeyResult setHotkey(const HotKeySurface& surface, std::optional<HotKeyCombo> combo);
     [[nodiscard]] std::vector<TakenHotKey> takenHotKeys() const { return m_hotKeys.takenHotKeys(); }
+
+    void showWorkbench(WorkbenchTab tab);
+    // Shows the settings with the quick switcher's recorder waiting for keys, until a shortcut is recorded or
+    // another tab is shown.
+    void armQuickSwitcherRecorder();
 
     // Pins or unpins the active layout of this desk: a pinned one is not learned over, and put back when the
     // windows drift from it. False when nothing is stored or it could not be written.

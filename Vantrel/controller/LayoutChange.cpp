@@ -10,8 +10,10 @@ std::string LayoutChange::text() const {
         return "A restore is running. Try again when it has finished.";
     case Kind::noSuchLayout:
         return "This desk has no layout of that name.";
+    case Kind::noLayout:
+        return "No layout is saved for this desk yet. Save one first.";
     case Kind::invalidName:
-        return "A layout needs a name of at most 60 characters.";
+        return "It needs a name of at most 60 characters.";
     case Kind::nameTaken:
         return "This desk already has a layout of that name.";
     case Kind::writeFailed:

@@ -1,4 +1,4 @@
-// What became of the user's wish to rename or to delete a layout.
+// What became of the user's wish to rename or to delete a layout, or to rename a desk.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,8 @@ struct LayoutChange {
         // A restore is running, which may be of that very layout.
         restoreInFlight,
         noSuchLayout,
+        // The desk has no layout that could carry its name.
+        noLayout,
         // The name is empty or too long.
         invalidName,
         nameTaken,

@@ -152,6 +152,23 @@ LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newN
     return {Kind::done};
 }
 
+LayoutChange LayoutFlow::renameDesk(const std::string& newName) {
+    using Kind = LayoutChange::Kind;
+    const auto wanted = validName(newName);
+    if (!wanted) {
+        return {Kind::invalidName};
+    }
+    const std::string desk = m_context.state().configID;
+    if (m_context.store.layouts(desk).empty()) {
+        return {Kind::noLayout};
+    }
+    if (!m_context.store.renameDesk(desk, *wanted)) {
+        return {Kind::writeFailed};
+    }
+    layoutsChanged();
+    return {Kind::done};
+}
+
 LayoutChange LayoutFlow::remove(const std::string& name) {
     using Kind = LayoutChange::Kind;
     const std::string desk = m_context.state().configID;

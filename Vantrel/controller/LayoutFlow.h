@@ -36,6 +36,9 @@ public:
 
     [[nodiscard]] LayoutChange rename(const std::string& name, const std::string& newName);
 
+    // Gives the current desk a name of the user's, which it keeps.
+    [[nodiscard]] LayoutChange renameDesk(const std::string& newName);
+
     // When it was the active layout, another one becomes active and is put back.
     [[nodiscard]] LayoutChange remove(const std::string& name);
 

@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/DriftNudgeInfo.h"
 #include "Vantrel/controller/Phase.h"
+#include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
@@ -96,6 +97,10 @@ struct PublishedState {
     std::optional<UndoSlot> undoSlot;
     // Applying a scene hides the applications that it does not hold.
     bool hideOthersOnSceneSwitch = false;
+    // The tab that the workbench shows, or opens with.
+    WorkbenchTab workbenchTab = WorkbenchTab::scenes;
+    // The recorder of the quick switcher's shortcut waits for keys as soon as the settings are shown.
+    bool pendingQuickSwitcherArm = false;
     // Every shortcut in use, fixed commands first.
     std::vector<HotKeyStatus> hotKeys;
     std::string version;

@@ -57,7 +57,11 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
                       .sceneName = scene.name,
                       .scene = std::move(onDesk),
                       .raising = RestoreEngine::Raising::raise,
-                      .prepare = [this](RestoreRequest& request) { unhide(request); },
+                      .prepare =
+                          [this, id = scene.id](RestoreRequest& request) {
+                              unhide(request);
+                              rememberFormer(request, id);
+                          },
                       .finished = [this, scene](RestorePass::Result& result) { finish(scene, result); },
                       .done = std::move(done)});
     return true;
@@ -73,9 +77,22 @@ void SceneApplyFlow::unhide(RestoreRequest& request) {
     }
 }
 
+// Undoing it makes the scene applied before the last one again. One applied twice is not undone by halves.
+void SceneApplyFlow::rememberFormer(RestoreRequest& request, const std::string& id) {
+    const auto former = m_context.state().lastAppliedSceneID;
+    if (former != id) {
+        request.undone = [this, former] {
+            m_scenes.setLastApplied(former);
+            if (onUndone) {
+                onUndone();
+            }
+        };
+    }
+}
+
 void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const ScenePass::Result& pass = *result.scene;
-    m_scenes.noteApplied(scene.id);
+    m_scenes.setLastApplied(scene.id);
     m_scenes.solidify(scene.id, pass.slots.filled);
     hideOthers(scene, pass);
     const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());

@@ -29,9 +29,12 @@ public:
     std::function<void(const std::vector<std::string>& bundleIDs)> onHidden;
     // A scene was applied.
     std::function<void(const Scene& scene)> onApplied;
+    // That was taken back; the one before is published as the last applied.
+    std::function<void()> onUndone;
 
 private:
     void unhide(RestoreRequest& request);
+    void rememberFormer(RestoreRequest& request, const std::string& id);
     void finish(const Scene& scene, RestorePass::Result& result);
     [[nodiscard]] std::vector<SceneSettlement::LaunchedApp> launchMissing(const Scene& scene,
                                                                           const ScenePass::Result& pass);

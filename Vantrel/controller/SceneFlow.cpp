@@ -195,8 +195,9 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
     }
 }
 
-void SceneFlow::noteApplied(const std::string& id) {
-    if (!m_store.setLastAppliedScene(id, m_context.state().configID)) {
+void SceneFlow::setLastApplied(const std::optional<std::string>& id) {
+    const std::string& desk = m_context.state().configID;
+    if (!(id ? m_store.setLastAppliedScene(*id, desk) : m_store.forgetLastAppliedScene(desk))) {
         m_context.log("scene applied: the desk's last scene could not be written");
     }
     m_context.showStoredScenes();

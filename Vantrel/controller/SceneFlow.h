@@ -40,8 +40,8 @@ public:
     // Windows have taken these slots of the scene: those that were kept free for them are its windows now.
     // A pinned scene stays as it is.
     void solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled);
-    // The scene was applied on this desk.
-    void noteApplied(const std::string& id);
+    // The scene last applied on this desk; none when that was undone and there was none before.
+    void setLastApplied(const std::optional<std::string>& id);
 
     [[nodiscard]] std::vector<Scene> scenesForCurrentDesk() const;
     // The name of a desk that a layout is stored for; none of any other.

@@ -116,6 +116,18 @@ void LayoutStore::rename(const std::string& configID, const std::string& /*layou
     std::ignore = m_file.write(std::move(file));
 }
 
+bool LayoutStore::renameDesk(const std::string& configID, const std::string& name) {
+    StoreFile file = m_file.load();
+    bool isAny = false;
+    for (Layout& layout : file.layouts) {
+        if (layout.configID == configID) {
+            layout.name = name;
+            isAny = true;
+        }
+    }
+    return isAny && m_file.write(std::move(file));
+}
+
 bool LayoutStore::renameLayout(const std::string& configID, const std::string& layoutName,
                                const std::string& newName) {
     StoreFile file = m_file.load();

@@ -48,6 +48,8 @@ public:
     void deleteLayout(const std::string& configID, const std::string& layoutName);
     // Renames the desk, in the first layout of that desk, whatever its layoutName.
     void rename(const std::string& configID, const std::string& layoutName, const std::string& name);
+    // Names the desk in all its layouts. False without writing when it has none.
+    bool renameDesk(const std::string& configID, const std::string& name);
     // Gives a layout another name within its desk; it stays active when it was. False without writing when
     // there is no such layout or one of the new name.
     bool renameLayout(const std::string& configID, const std::string& layoutName, const std::string& newName);

@@ -128,6 +128,10 @@ bool SceneStore::setLastAppliedScene(const std::string& id, const std::string& c
     return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.insert_or_assign(configID, id); });
 }
 
+bool SceneStore::forgetLastAppliedScene(const std::string& configID) {
+    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.erase(configID); });
+}
+
 template <typename Change>
 SceneStore::Result<Scene> SceneStore::changeScene(const std::string& id, Change&& change) {
     StoreFile file = m_file.load();

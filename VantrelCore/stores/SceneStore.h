@@ -71,6 +71,8 @@ public:
     [[nodiscard]] std::optional<std::string> lastAppliedSceneID(const std::string& configID);
     // False when the write failed.
     bool setLastAppliedScene(const std::string& id, const std::string& configID);
+    // No scene was applied on the desk, as far as anyone knows.
+    bool forgetLastAppliedScene(const std::string& configID);
 
 private:
     template <typename Change>

@@ -24,6 +24,14 @@ void setPinned(AppController& controller, bool isPinned, const ControlReply& rep
                                                                     : "The layout could not be written."}));
 }
 
+void rename(AppController& controller, const std::string& name, const ControlReply& reply) {
+    const auto change = controller.layouts().renameDesk(name);
+    const auto& state = controller.published();
+    reply(change.kind == LayoutChange::Kind::done
+              ? ControlAnswer({{"configID", state.configID}, {"name", state.activeLayout()->name}})
+              : std::unexpected(ControlRefusal{ControlNames::refused, change.text()}));
+}
+
 } // namespace
 
 std::vector<ControlMethod> deskMethods(AppController& controller,
@@ -73,6 +81,12 @@ std::vector<ControlMethod> deskMethods(AppController& controller,
          "layout",
          [&controller](const Arguments& /*none*/, const ControlReply& reply) {
              setPinned(controller, false, reply);
+         }},
+        {"RenameDesk",
+         {"name"},
+         "desk",
+         [&controller](const Arguments& arguments, const ControlReply& reply) {
+             rename(controller, arguments[0], reply);
          }},
         {"LogPath",
          {},

@@ -30,6 +30,14 @@ ExitCode desks(const VerbEnvironment& environment, VerbOutput output) {
     });
 }
 
+ExitCode renameDesk(const std::string& name, VerbOutput output) {
+    return show<nlohmann::json>(ControlClient::call("RenameDesk", {name}), output,
+                                [](const nlohmann::json& desk) {
+                                    return fmt::format("This desk is now called \"{}\".\n",
+                                                       JsonCoding::required<std::string>(desk, "name"));
+                                });
+}
+
 ExitCode save(VerbOutput output) {
     return show<nlohmann::json>(ControlClient::call("Save"), output, savedText);
 }
@@ -87,8 +95,15 @@ void addDeskVerbs(VerbTable& table, CLI::App& app) {
               [&environment](VerbOutput output) {
                   return showReport(ControlClient::call("Restore"), environment, output);
               });
-    table.add(app, "desks", "Draw every remembered desk with its windows",
-              [&environment](VerbOutput output) { return desks(environment, output); });
+    const auto drawn = [&environment](VerbOutput output) { return desks(environment, output); };
+    auto& desksVerb = table.add(app, "desks", "Draw every remembered desk with its windows", drawn);
+    table.add(desksVerb, "list", "Draw every remembered desk with its windows", drawn);
+    const auto name = std::make_shared<std::string>();
+    table
+        .add(desksVerb, "rename", "Give this desk a name of your own",
+             [name](VerbOutput output) { return renameDesk(*name, output); })
+        .add_option("name", *name, "Its new name")
+        ->required();
     table.add(app, "history", "Tell of the last restores what became of every window",
               [&environment](VerbOutput output) { return history(environment, output); });
     table.add(app, "pin", "Keep this desk's layout as saved: learn nothing, put back what moves away",

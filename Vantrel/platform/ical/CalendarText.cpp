@@ -5,6 +5,7 @@
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -70,31 +71,101 @@ CalendarEvent record(icalcomponent* event) {
     return result;
 }
 
-// By the event's identifier, the times that an event of its own stands for.
-std::map<std::string, ExceptedTimes> overriddenTimes(icalcomponent* calendar, const TimeZone& zone) {
-    std::map<std::string, ExceptedTimes> times;
-    forEachComponent(calendar, ICAL_VEVENT_COMPONENT, [&](icalcomponent* event) {
-        if (auto* const property = icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY)) {
-            times[text(event, ICAL_UID_PROPERTY).value_or("")].insert(CalendarTime::of(property, calendar),
-                                                                      zone);
-        }
-    });
-    return times;
+// What the exceptions of a series say, which are events of their own with the series' identifier.
+struct Exceptions {
+    // They stand for these times.
+    ExceptedTimes times;
+    // From these times on, each until the next, the series goes on as that event does (RFC 5545, 3.2.13).
+    std::map<Date, icalcomponent*> changes;
+};
+
+bool isCancelled(icalcomponent* event) {
+    return icalcomponent_get_status(event) == ICAL_STATUS_CANCELLED;
 }
 
-void addEvents(icalcomponent* calendar, const CalendarInterval& interval, const TimeZone& zone,
-               std::vector<CalendarEvent>& events) {
-    const auto overridden = overriddenTimes(calendar, zone);
-    static const ExceptedTimes none;
-    forEachComponent(calendar, ICAL_VEVENT_COMPONENT, [&](icalcomponent* event) {
-        if (icalcomponent_get_status(event) == ICAL_STATUS_CANCELLED) {
+bool changesTheFuture(icalproperty* recurrenceID) {
+    auto* const range = icalproperty_get_first_parameter(recurrenceID, ICAL_RANGE_PARAMETER);
+    return range != nullptr && icalparameter_get_range(range) == ICAL_RANGE_THISANDFUTURE;
+}
+
+bool overlaps(const Occurrence& occurrence, const CalendarInterval& interval) {
+    return occurrence.start <= interval.to && occurrence.end >= interval.from;
+}
+
+class Calendar {
+public:
+    Calendar(icalcomponent* calendar, const CalendarInterval& interval, const TimeZone& zone)
+        : m_calendar(calendar), m_interval(interval), m_zone(zone) {
+        forEachComponent(calendar, ICAL_VEVENT_COMPONENT, [this](icalcomponent* event) {
+            auto* const property = icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY);
+            if (property == nullptr) {
+                return;
+            }
+            Exceptions& exceptions = m_exceptions[text(event, ICAL_UID_PROPERTY).value_or("")];
+            const auto time = CalendarTime::of(property, m_calendar);
+            exceptions.times.insert(time, m_zone);
+            if (changesTheFuture(property)) {
+                exceptions.changes[CalendarTime::date(time, m_zone)] = event;
+            }
+        });
+    }
+
+    void addEvents(std::vector<CalendarEvent>& events) const {
+        static const Exceptions none;
+        forEachComponent(m_calendar, ICAL_VEVENT_COMPONENT, [&](icalcomponent* event) {
+            const bool isException =
+                icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY) != nullptr;
+            const auto found = m_exceptions.find(text(event, ICAL_UID_PROPERTY).value_or(""));
+            addSeries(event, isException || found == m_exceptions.end() ? none : found->second, events);
+        });
+    }
+
+private:
+    void addSeries(icalcomponent* event, const Exceptions& exceptions,
+                   std::vector<CalendarEvent>& events) const {
+        if (isCancelled(event)) {
             return;
         }
-        const bool isOverride =
-            icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY) != nullptr;
-        const auto found = overridden.find(text(event, ICAL_UID_PROPERTY).value_or(""));
-        const auto& excepted = isOverride || found == overridden.end() ? none : found->second;
-        const auto occurrences = EventOccurrences::inInterval(event, calendar, excepted, interval, zone);
+        auto occurrences =
+            EventOccurrences::inInterval(event, m_calendar, exceptions.times, m_interval, m_zone);
+        if (!exceptions.changes.empty()) {
+            const Date end = exceptions.changes.begin()->first;
+            std::erase_if(occurrences, [&](const Occurrence& each) { return each.start >= end; });
+        }
+        add(event, occurrences, events);
+        for (auto change = exceptions.changes.begin(); change != exceptions.changes.end(); ++change) {
+            const auto next = std::next(change);
+            const Date end = next == exceptions.changes.end() ? Date::max() : next->first;
+            if (!isCancelled(change->second)) {
+                add(change->second, changed(event, exceptions, *change, end), events);
+            }
+        }
+    }
+
+    // The occurrences of the series after the change and before `end`, moved as the change moves the first.
+    [[nodiscard]] std::vector<Occurrence> changed(icalcomponent* event, const Exceptions& exceptions,
+                                                  const std::pair<const Date, icalcomponent*>& change,
+                                                  Date end) const {
+        const auto first = EventOccurrences::first(change.second, m_calendar, m_zone);
+        if (!first) {
+            return {};
+        }
+        const auto shift = first->start - change.first;
+        const auto length = first->end - first->start;
+        std::vector<Occurrence> result;
+        for (const Occurrence& former : EventOccurrences::inInterval(
+                 event, m_calendar, exceptions.times,
+                 {m_interval.from - shift - length, m_interval.to - shift}, m_zone)) {
+            const Occurrence moved{former.start + shift, former.start + shift + length};
+            if (former.start > change.first && former.start < end && overlaps(moved, m_interval)) {
+                result.push_back(moved);
+            }
+        }
+        return result;
+    }
+
+    static void add(icalcomponent* event, const std::vector<Occurrence>& occurrences,
+                    std::vector<CalendarEvent>& events) {
         if (occurrences.empty()) {
             return;
         }
@@ -105,8 +176,13 @@ void addEvents(icalcomponent* calendar, const CalendarInterval& interval, const 
             each.end = occurrence.end;
             events.push_back(each);
         }
-    });
-}
+    }
+
+    icalcomponent* m_calendar;
+    const CalendarInterval& m_interval;
+    const TimeZone& m_zone;
+    std::map<std::string, Exceptions> m_exceptions;
+};
 
 // libical closes what a cut-off file leaves open without a word.
 bool isWhole(const std::string& text) {
@@ -134,11 +210,12 @@ events(const std::string& text, const CalendarInterval& interval, const TimeZone
     }
     std::vector<CalendarEvent> events;
     if (icalcomponent_isa(root.get()) == ICAL_VCALENDAR_COMPONENT) {
-        addEvents(root.get(), interval, zone, events);
+        Calendar(root.get(), interval, zone).addEvents(events);
     } else {
         // Several calendars one after the other.
-        forEachComponent(root.get(), ICAL_VCALENDAR_COMPONENT,
-                         [&](icalcomponent* calendar) { addEvents(calendar, interval, zone, events); });
+        forEachComponent(root.get(), ICAL_VCALENDAR_COMPONENT, [&](icalcomponent* calendar) {
+            Calendar(calendar, interval, zone).addEvents(events);
+        });
     }
     std::ranges::stable_sort(events, {}, &CalendarEvent::start);
     return events;

@@ -4,7 +4,6 @@
 #include "Vantrel/platform/ical/IcalHandle.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace vantrel {
 
@@ -36,11 +35,18 @@ public:
         : m_event(event), m_calendar(calendar), m_overridden(overridden), m_interval(interval), m_zone(zone),
           m_start(time(ICAL_DTSTART_PROPERTY)) {}
 
-    std::vector<Occurrence> occurrences() {
+    std::optional<Occurrence> first() {
         if (icaltime_is_null_time(m_start) != 0 || icaltime_is_valid_time(m_start) == 0) {
-            return {};
+            return std::nullopt;
         }
         measure();
+        return occurrence(m_start);
+    }
+
+    std::vector<Occurrence> occurrences() {
+        if (!first()) {
+            return {};
+        }
         forEach(ICAL_EXDATE_PROPERTY, [this](icalproperty* property) {
             m_excepted.insert(CalendarTime::of(property, m_calendar), m_zone);
         });
@@ -172,6 +178,12 @@ std::vector<Occurrence> EventOccurrences::inInterval(icalcomponent* event, icalc
                                                      const ExceptedTimes& overridden,
                                                      const CalendarInterval& interval, const TimeZone& zone) {
     return Series(event, calendar, overridden, interval, zone).occurrences();
+}
+
+std::optional<Occurrence> EventOccurrences::first(icalcomponent* event, icalcomponent* calendar,
+                                                  const TimeZone& zone) {
+    static const ExceptedTimes none;
+    return Series(event, calendar, none, {}, zone).first();
 }
 
 } // namespace vantrel

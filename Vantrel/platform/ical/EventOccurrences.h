@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <libical/ical.h>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -43,6 +44,10 @@ namespace EventOccurrences {
 [[nodiscard]] std::vector<Occurrence> inInterval(icalcomponent* event, icalcomponent* calendar,
                                                  const ExceptedTimes& overridden,
                                                  const CalendarInterval& interval, const TimeZone& zone);
+
+// The one that the event itself names, wherever it lies; none when it names no time.
+[[nodiscard]] std::optional<Occurrence> first(icalcomponent* event, icalcomponent* calendar,
+                                              const TimeZone& zone);
 
 } // namespace EventOccurrences
 

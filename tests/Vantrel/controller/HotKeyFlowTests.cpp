@@ -80,6 +80,19 @@ TEST_F(HotKeyStory, ACombinationThatIsInUseIsRefusedByName) {
     EXPECT_FALSE(story.defaults.integer("undoKeyCode"));
 }
 
+TEST_F(HotKeyStory, TheQuickSwitchersRecorderWaitsUntilAShortcutIsTaken) {
+    const HotKeySurface surface{HotKeySurface::Kind::quickSwitcher, {}};
+    story.controller->armQuickSwitcherRecorder();
+    EXPECT_EQ(story.published().workbenchTab, WorkbenchTab::settings);
+    EXPECT_FALSE(story.controller->setHotkey(surface, HotKeyDefaults::save));
+    EXPECT_TRUE(story.published().pendingQuickSwitcherArm);
+    EXPECT_TRUE(story.controller->setHotkey(surface, f9));
+    EXPECT_FALSE(story.published().pendingQuickSwitcherArm);
+    story.controller->armQuickSwitcherRecorder();
+    story.controller->showWorkbench(WorkbenchTab::rules);
+    EXPECT_FALSE(story.published().pendingQuickSwitcherArm);
+}
+
 TEST_F(HotKeyStory, ScenesKeepTheirRegistrationThroughARenameAndLoseItWhenDeleted) {
     const auto id = addScene("Work");
     ASSERT_TRUE(story.controller->setHotkey(HotKeySurface::scene(id), f9));

@@ -77,6 +77,20 @@ TEST_F(Layouts, SwitchingGoesToAndFroAndKeepsWhatEachLayoutWasLastLike) {
     EXPECT_EQ(story.store().activeLayoutName(story.published().configID), "Default");
 }
 
+TEST_F(Layouts, AllOfADeskCarryTheNameThatTheUserGaveIt) {
+    saveAs("Work");
+    EXPECT_EQ(story.controller->layouts().renameDesk(" Studio ").kind, LayoutChange::Kind::done);
+    EXPECT_EQ(story.published().layoutTitle, "Studio · Work");
+    EXPECT_EQ(story.published().currentLayouts.size(), 2U);
+    for (const Layout& layout : story.published().currentLayouts) {
+        EXPECT_EQ(layout.name, "Studio");
+    }
+    EXPECT_EQ(story.controller->layouts().renameDesk(" ").kind, LayoutChange::Kind::invalidName);
+    story.move(story.mail, {{300, 300}, {400, 300}});
+    story.learn();
+    EXPECT_EQ(story.storedLayout()->name, "Studio");
+}
+
 TEST_F(Layouts, UndoOfASwitchMakesTheFormerLayoutActiveAgain) {
     scatter();
     saveAs("Work");

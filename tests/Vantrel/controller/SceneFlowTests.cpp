@@ -71,7 +71,7 @@ TEST_F(Scenes, WhatStandsAgainstANameOrTheDeskIsToldAndNothingIsStored) {
 
 TEST_F(Scenes, OneThatWasDeletedMayStillBeNamedAsTheLastOne) {
     const std::string id = save("Work").scene->id;
-    flow().noteApplied(id);
+    flow().setLastApplied(id);
     ASSERT_NE(story.published().lastAppliedScene(), nullptr);
     const std::string desk = story.published().configID;
     story.connect("laptop-and-monitor");

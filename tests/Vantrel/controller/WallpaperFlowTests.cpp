@@ -47,6 +47,33 @@ TEST_F(SceneWallpapers, TheUsersOwnComesBackAfterAnyNumberOfScenesAndARestart) {
     EXPECT_EQ(story.controller->defaults().text("wallpaperMemory"), R"({"baseline":{},"lastSet":{}})");
 }
 
+TEST_F(SceneWallpapers, GoWithTheSceneWhenThatIsUndone) {
+    const auto save = [&](const std::string& name, const std::string& picture) {
+        const auto id = story.controller->scenes().createEmptyScene(name).scene->id;
+        ASSERT_TRUE(story.controller->scenes().setWallpaper(SceneWallpaper{{{first, picture}}}, id));
+    };
+    save("A", "/a.png");
+    save("B", "/b.png");
+    const auto scenes = story.published().scenes;
+    const auto undo = [&] {
+        EXPECT_TRUE(story.controller->undoLastRestore());
+        story.runFor(2);
+    };
+    story.controller->applyScene(scenes[0]);
+    story.runFor(2);
+    undo();
+    EXPECT_EQ(shown(first), "/mine.png");
+    EXPECT_EQ(story.published().lastAppliedSceneID, std::nullopt);
+    for (const Scene& scene : {scenes[0], scenes[1], scenes[1]}) {
+        story.controller->applyScene(scene);
+        story.runFor(2);
+    }
+    EXPECT_EQ(shown(first), "/b.png");
+    undo();
+    EXPECT_EQ(shown(first), "/a.png");
+    EXPECT_EQ(story.published().lastAppliedSceneID, scenes[0].id);
+}
+
 TEST_F(SceneWallpapers, WhatTheUserChoseSinceStays) {
     apply({{first, "/a.png"}});
     story.pictures.shown[first] = "/chosen.png";

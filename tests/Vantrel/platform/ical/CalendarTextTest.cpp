@@ -90,6 +90,20 @@ TEST(CalendarText, OneOccurrenceMayBeMovedOrCancelledByItself) {
                 ElementsAre("2026-11-01T08:00:00Z", "2026-11-02T14:00:00Z", "2026-11-04T08:00:00Z"));
 }
 
+TEST(CalendarText, FromOneOccurrenceOnASeriesMayGoOnDifferently) {
+    const std::string weekly = event("DTSTART;TZID=Europe/Berlin:20261005T090000\nRRULE:FREQ=WEEKLY");
+    const std::string later = event("RECURRENCE-ID;RANGE=THISANDFUTURE;TZID=Europe/Berlin:20261019T090000\n"
+                                    "DTSTART;TZID=Europe/Berlin:20261020T110000\nDURATION:PT2H");
+    const std::string ended = event("RECURRENCE-ID;RANGE=THISANDFUTURE:20261102T080000Z\nSTATUS:CANCELLED\n"
+                                    "DTSTART;TZID=Europe/Berlin:20261102T090000");
+    EXPECT_THAT(starts(weekly + later + ended, between("2026-10-01", "2027-01-01")),
+                ElementsAre("2026-10-05T07:00:00Z", "2026-10-12T07:00:00Z", "2026-10-20T09:00:00Z",
+                            "2026-10-27T10:00:00Z"));
+    const CalendarInterval underWay{dateFromIso8601("2026-11-03T11:30:00Z").value(),
+                                    dateFromIso8601("2026-11-03T11:40:00Z").value()};
+    EXPECT_THAT(starts(weekly + later, underWay), ElementsAre("2026-11-03T10:00:00Z"));
+}
+
 TEST(CalendarText, AnEventCarriesItsTextsItsLinksAndItsLength) {
     const std::string lines = "DTSTART:20261121T150000Z\nDURATION:PT45M\nLOCATION:Room 1\\, upstairs\n"
                               "DESCRIPTION:Bring\\ncoffee\nURL:https://example.org/a\n"
