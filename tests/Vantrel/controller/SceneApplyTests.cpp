@@ -126,7 +126,7 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     story.runFor(6);
     EXPECT_EQ(frameOf("Songs"), slot);
     EXPECT_THAT(told<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 1, {}}));
-    const WindowRecord& record = work().layout.windows.back();
+    const WindowRecord record = work().layout.windows.back();
     EXPECT_EQ(record.isGhost, false);
     EXPECT_EQ(record.title, "Songs");
     EXPECT_THAT(story.messages(), Contains("scene solidified: 1 ghost slot(s) captured for Work"));
