@@ -1,0 +1,120 @@
+#include "Vantrel/platform/macos/MacCalendarReader.h"
+
+#include "Vantrel/platform/macos/FoundationText.h"
+#include "Vantrel/platform/macos/WholeDays.h"
+
+#import <EventKit/EventKit.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <mutex>
+#include <utility>
+
+// What an event store has from macOS 14 on; before, EKEventStore's own header does not know it.
+@protocol FullAccessToEvents
+- (void)requestFullAccessToEventsWithCompletion:(EKEventStoreRequestAccessCompletionHandler)completion;
+@end
+
+namespace vantrel {
+
+struct MacCalendarReader::State {
+    std::mutex mutex;
+    // Made when first needed. One that was made before access was given sees nothing.
+    EKEventStore* store = nil;
+
+    EKEventStore* sharedStore() {
+        const std::scoped_lock lock(mutex);
+        if (store == nil) {
+            store = [[EKEventStore alloc] init];
+        }
+        return store;
+    }
+
+    void forgetStore() {
+        const std::scoped_lock lock(mutex);
+        store = nil;
+    }
+};
+
+namespace {
+
+Date date(NSDate* date) {
+    return Date(std::chrono::microseconds(std::llround(date.timeIntervalSince1970 * 1e6)));
+}
+
+NSDate* foundationDate(Date date) {
+    return
+        [NSDate dateWithTimeIntervalSince1970:std::chrono::duration<double>(date.time_since_epoch()).count()];
+}
+
+EKAuthorizationStatus accessToEvents() {
+    return [EKEventStore authorizationStatusForEntityType:EKEntityTypeEvent];
+}
+
+CalendarEvent event(EKEvent* event, const TimeZone& zone) {
+    const Date start = date(event.startDate);
+    const Date end = event.endDate != nil ? std::max(start, date(event.endDate)) : start;
+    return {.identifier = FoundationText::utf8(event.eventIdentifier).value_or(""),
+            .title = FoundationText::utf8(event.title).value_or(""),
+            .location = FoundationText::utf8(event.location),
+            .notes = FoundationText::utf8(event.notes),
+            .url = FoundationText::utf8(event.URL.absoluteString),
+            .start = start,
+            // The store has whole days end a second before midnight.
+            .end = event.allDay ? WholeDays::endOfDay(end, zone) : end,
+            .isAllDay = event.allDay};
+}
+
+} // namespace
+
+MacCalendarReader::MacCalendarReader() : m_state(std::make_shared<State>()) {}
+
+MacCalendarReader::~MacCalendarReader() = default;
+
+void MacCalendarReader::requestAccessIfNeeded(std::function<void()> done) {
+    @autoreleasepool {
+        if (accessToEvents() != EKAuthorizationStatusNotDetermined) {
+            done();
+            return;
+        }
+        // Called on a thread of the store's, perhaps long after this reader has gone.
+        const EKEventStoreRequestAccessCompletionHandler answered =
+            [state = std::weak_ptr(m_state), done = std::move(done)](BOOL /*isGranted*/, NSError* /*error*/) {
+                [NSOperationQueue.mainQueue addOperationWithBlock:[state, done] {
+                    if (const auto alive = state.lock()) {
+                        alive->forgetStore();
+                        done();
+                    }
+                }];
+            };
+        EKEventStore* const store = m_state->sharedStore();
+        if ([store respondsToSelector:@selector(requestFullAccessToEventsWithCompletion:)]) {
+            [static_cast<id<FullAccessToEvents>>(store) requestFullAccessToEventsWithCompletion:answered];
+        } else {
+            [store requestAccessToEntityType:EKEntityTypeEvent completion:answered];
+        }
+    }
+}
+
+CalendarReading MacCalendarReader::read(const CalendarQuery& query) {
+    @autoreleasepool {
+        if (accessToEvents() != EKAuthorizationStatusAuthorized) {
+            return {};
+        }
+        EKEventStore* const store = m_state->sharedStore();
+        NSPredicate* const predicate = [store predicateForEventsWithStartDate:foundationDate(query.from)
+                                                                      endDate:foundationDate(query.to)
+                                                                    calendars:nil];
+        CalendarReading reading{.hasAccess = true, .events = {}};
+        for (EKEvent* const found in [store eventsMatchingPredicate:predicate]) {
+            if (found.status != EKEventStatusCanceled && found.startDate != nil) {
+                reading.events.push_back(event(found, query.zone));
+            }
+        }
+        std::ranges::stable_sort(reading.events, {}, &CalendarEvent::start);
+        return reading;
+    }
+}
+
+} // namespace vantrel

@@ -1,0 +1,60 @@
+#include "Vantrel/platform/macos/MacMainQueue.h"
+
+#import <Foundation/Foundation.h>
+
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// Part of the interval by which the system may run a repeating timer late, to wake the processor less often.
+constexpr double toleratedPart = 0.1;
+
+class RunLoopTimer final : public ScheduledWork {
+public:
+    RunLoopTimer(double seconds, bool repeats, std::function<void()> work) {
+        m_timer = [NSTimer timerWithTimeInterval:seconds
+                                         repeats:repeats
+                                           block:[work = std::move(work)](NSTimer* /*timer*/) {
+                                               // It may destroy the timer, and with that this block.
+                                               const auto called = work;
+                                               called();
+                                           }];
+        if (repeats) {
+            m_timer.tolerance = seconds * toleratedPart;
+        }
+        [NSRunLoop.mainRunLoop addTimer:m_timer forMode:NSRunLoopCommonModes];
+    }
+
+    ~RunLoopTimer() override { RunLoopTimer::cancel(); }
+
+    void cancel() override { [m_timer invalidate]; }
+
+private:
+    NSTimer* m_timer;
+};
+
+std::unique_ptr<ScheduledWork> schedule(double seconds, bool repeats, std::function<void()> work) {
+    @autoreleasepool {
+        return std::make_unique<RunLoopTimer>(seconds, repeats, std::move(work));
+    }
+}
+
+} // namespace
+
+void MacMainQueue::post(std::function<void()> work) {
+    @autoreleasepool {
+        [NSOperationQueue.mainQueue addOperationWithBlock:[work = std::move(work)] { work(); }];
+    }
+}
+
+std::unique_ptr<ScheduledWork> MacMainQueue::after(double seconds, std::function<void()> work) {
+    return schedule(seconds, false, std::move(work));
+}
+
+std::unique_ptr<ScheduledWork> MacMainQueue::every(double seconds, std::function<void()> work) {
+    return schedule(seconds, true, std::move(work));
+}
+
+} // namespace vantrel

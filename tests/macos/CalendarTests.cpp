@@ -1,0 +1,140 @@
+#include "Vantrel/platform/macos/MacCalendarReader.h"
+#include "Vantrel/platform/macos/WholeDays.h"
+#include "tests/macos/CocoaTest.h"
+
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace vantrel::fake {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Date at(const std::string& text) {
+    return *dateFromIso8601(text);
+}
+
+double seconds(const std::string& text) {
+    return secondsBetween(Date{}, at(text));
+}
+
+class CalendarOfTheMac : public CocoaTest {
+protected:
+    CalendarOfTheMac() {
+        mac().calendarAccess = 3;
+        mac().events = {{.identifier = "later",
+                         .title = "Später",
+                         .location = "Room",
+                         .notes = "https://example.com",
+                         .url = "https://example.com/url",
+                         .start = seconds("2026-03-01T09:30:00Z"),
+                         .end = seconds("2026-03-01T10:00:00Z")},
+                        {.identifier = {},
+                         .start = seconds("2026-03-01T09:00:00Z"),
+                         .end = seconds("2026-03-01T08:00:00Z")}};
+    }
+
+    CalendarReading read(const TimeZone& zone = TimeZone::utc()) {
+        CalendarReading reading;
+        std::thread([&] {
+            reading = m_reader.read(
+                {.from = at("2026-03-01T08:00:00Z"), .to = at("2026-03-01T12:00:00Z"), .zone = zone});
+        }).join();
+        return reading;
+    }
+
+    void ask() {
+        m_reader.requestAccessIfNeeded([this] { ++m_answers; });
+    }
+
+    int m_answers = 0;
+    MacCalendarReader m_reader;
+};
+
+TEST_F(CalendarOfTheMac, EventsAreReadWithWhatTheyLackByTheirStart) {
+    const auto reading = read();
+    EXPECT_TRUE(reading.hasAccess);
+    EXPECT_THAT(reading.events, ElementsAre(CalendarEvent{.identifier = "",
+                                                          .title = "",
+                                                          .location = {},
+                                                          .notes = {},
+                                                          .url = {},
+                                                          .start = at("2026-03-01T09:00:00Z"),
+                                                          .end = at("2026-03-01T09:00:00Z")},
+                                            CalendarEvent{.identifier = "later",
+                                                          .title = "Später",
+                                                          .location = "Room",
+                                                          .notes = "https://example.com",
+                                                          .url = "https://example.com/url",
+                                                          .start = at("2026-03-01T09:30:00Z"),
+                                                          .end = at("2026-03-01T10:00:00Z")}));
+}
+
+TEST_F(CalendarOfTheMac, CancelledEventsAndThoseWithoutADateAreLeftOut) {
+    mac().events[0].status = 3;
+    mac().events[1].start.reset();
+    EXPECT_THAT(read().events, IsEmpty());
+    EXPECT_TRUE(read().hasAccess);
+}
+
+TEST_F(CalendarOfTheMac, WholeDaysEndAtTheMidnightAfterThem) {
+    const auto zone = *TimeZone::named("Europe/Berlin");
+    mac().events = {{.identifier = "day",
+                     .start = seconds("2026-02-28T23:00:00Z"),
+                     .end = seconds("2026-03-01T22:59:59Z"),
+                     .isAllDay = true}};
+    const auto events = read(zone).events;
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_TRUE(events[0].isAllDay);
+    EXPECT_EQ(events[0].end, at("2026-03-01T23:00:00Z"));
+    EXPECT_EQ(WholeDays::endOfDay(at("2026-03-01T23:00:00Z"), zone), at("2026-03-01T23:00:00Z"));
+    // The day on which clocks are set forward has 23 hours.
+    EXPECT_EQ(WholeDays::endOfDay(at("2026-03-28T23:00:01Z"), zone), at("2026-03-29T22:00:00Z"));
+}
+
+TEST_F(CalendarOfTheMac, NothingIsReadWithoutFullAccess) {
+    for (const long access : {0L, 1L, 2L, 4L}) {
+        mac().calendarAccess = access;
+        EXPECT_EQ(read(), CalendarReading{}) << access;
+    }
+    EXPECT_THAT(mac().calls, IsEmpty());
+}
+
+TEST_F(CalendarOfTheMac, TheUserIsAskedOnceAndTheEventsAreSeenAfterwards) {
+    mac().calendarAccess = 0;
+    ask();
+    EXPECT_EQ(m_answers, 0);
+    cocoa::runMainQueue();
+    EXPECT_EQ(m_answers, 1);
+    EXPECT_EQ(read().events.size(), 2U);
+    ask();
+    EXPECT_EQ(m_answers, 2);
+    EXPECT_THAT(mac().calls, ElementsAre("event store", "request full access", "event store"));
+}
+
+TEST_F(CalendarOfTheMac, AnOlderSystemIsAskedInItsOwnWay) {
+    objc::setMethodHidden("EKEventStore", "requestFullAccessToEventsWithCompletion:", true);
+    mac().calendarAccess = 0;
+    mac().calendarAccessWhenAsked = 2;
+    ask();
+    cocoa::runMainQueue();
+    objc::setMethodHidden("EKEventStore", "requestFullAccessToEventsWithCompletion:", false);
+    EXPECT_EQ(m_answers, 1);
+    EXPECT_FALSE(read().hasAccess);
+    EXPECT_THAT(mac().calls, ElementsAre("event store", "request access"));
+}
+
+TEST_F(CalendarOfTheMac, AnAnswerAfterTheEndReachesNobody) {
+    mac().calendarAccess = 0;
+    int answers = 0;
+    {
+        MacCalendarReader reader;
+        reader.requestAccessIfNeeded([&] { ++answers; });
+    }
+    cocoa::runMainQueue();
+    EXPECT_EQ(answers, 0);
+}
+
+} // namespace
+} // namespace vantrel::fake

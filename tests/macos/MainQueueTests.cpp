@@ -1,0 +1,85 @@
+#include "Vantrel/platform/macos/MacMainQueue.h"
+#include "Vantrel/platform/macos/MainThreadCall.h"
+#include "tests/macos/CocoaTest.h"
+
+#include <atomic>
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace vantrel::fake {
+namespace {
+
+using testing::ElementsAre;
+
+class MainQueueOfTheMac : public CocoaTest {
+protected:
+    std::vector<int> m_ran;
+    MacMainQueue m_queue;
+};
+
+TEST_F(MainQueueOfTheMac, RunsWhatIsPostedInOrderFromAnyThread) {
+    m_queue.post([this] { m_ran.push_back(1); });
+    std::thread([this] { m_queue.post([this] { m_ran.push_back(2); }); }).join();
+    m_queue.post([this] {
+        m_ran.push_back(3);
+        m_queue.post([this] { m_ran.push_back(4); });
+    });
+    EXPECT_TRUE(m_ran.empty());
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_ran, ElementsAre(1, 2, 3, 4));
+}
+
+TEST_F(MainQueueOfTheMac, TimersFireOnceOrAgainUntilCancelled) {
+    auto once = m_queue.after(0.5, [this] { m_ran.push_back(1); });
+    const auto again = m_queue.every(2, [this] { m_ran.push_back(2); });
+    cocoa::advance(4.5);
+    EXPECT_THAT(m_ran, ElementsAre(1, 2, 2));
+    again->cancel();
+    once->cancel();
+    cocoa::advance(10);
+    EXPECT_EQ(m_ran.size(), 3U);
+    EXPECT_EQ(cocoa::scheduledTimers(), 0U);
+}
+
+TEST_F(MainQueueOfTheMac, ADestroyedTimerNeverFiresEvenFromItsOwnWork) {
+    (void)m_queue.after(0, [this] { m_ran.push_back(1); });
+    std::unique_ptr<ScheduledWork> own;
+    const std::string text(100, 'x');
+    own = m_queue.every(1, [this, &own, text] {
+        own.reset();
+        m_ran.push_back(static_cast<int>(text.size()));
+    });
+    cocoa::advance(5);
+    EXPECT_THAT(m_ran, ElementsAre(100));
+    EXPECT_EQ(cocoa::scheduledTimers(), 0U);
+}
+
+TEST_F(MainQueueOfTheMac, AnotherThreadHasItsWorkDoneOnTheMainThread) {
+    std::optional<int> answer;
+    std::atomic<bool> isAnswered = false;
+    std::thread worker([&] {
+        answer = callOnMainThread(m_queue, std::chrono::minutes(2), [] { return 42; });
+        isAnswered = true;
+    });
+    while (!isAnswered) {
+        cocoa::runMainQueue();
+        std::this_thread::yield();
+    }
+    worker.join();
+    EXPECT_EQ(answer, 42);
+}
+
+TEST_F(MainQueueOfTheMac, WorkThatWasGivenUpDoesNotBeginAnyMore) {
+    bool hasBegun = false;
+    EXPECT_EQ(callOnMainThread(m_queue, std::chrono::milliseconds(1),
+                               [&] {
+                                   hasBegun = true;
+                                   return 1;
+                               }),
+              std::nullopt);
+    cocoa::runMainQueue();
+    EXPECT_FALSE(hasBegun);
+}
+
+} // namespace
+} // namespace vantrel::fake

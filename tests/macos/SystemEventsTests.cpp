@@ -1,0 +1,88 @@
+#include "Vantrel/platform/macos/MacSystemEvents.h"
+#include "tests/macos/CocoaTest.h"
+
+#include <gmock/gmock.h>
+
+namespace vantrel::fake {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SystemEventsOfTheMac : public CocoaTest {
+protected:
+    void listen() {
+        m_events.setHandlers({.willSleep = [this] { m_told.emplace_back("sleep"); },
+                              .didWake = [this] { m_told.emplace_back("wake"); },
+                              .sessionLocked = [this] { m_told.emplace_back("locked"); },
+                              .sessionUnlocked = [this] { m_told.emplace_back("unlocked"); }});
+    }
+
+    static void postWorkspace(const char* name) {
+        cocoa::post(cocoa::Center::workspace, std::string("NSWorkspace") + name + "Notification");
+    }
+
+    static void postEverybody(const char* name) { cocoa::post(cocoa::Center::everybody, name); }
+
+    bool m_isLocked = false;
+    Calls m_told;
+    MacSystemEvents m_events{[this] { return m_isLocked; }};
+};
+
+TEST_F(SystemEventsOfTheMac, TellOfSleepAndWake) {
+    listen();
+    postWorkspace("WillSleep");
+    postWorkspace("DidWake");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("sleep", "wake"));
+}
+
+TEST_F(SystemEventsOfTheMac, TheSessionIsLockedAsLongAsAnythingKeepsTheUserAway) {
+    listen();
+    postWorkspace("ScreensDidSleep");
+    postEverybody("com.apple.screenIsLocked");
+    postWorkspace("ScreensDidWake");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("locked"));
+    postWorkspace("SessionDidResignActive");
+    postEverybody("com.apple.screenIsUnlocked");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("locked"));
+    postWorkspace("SessionDidBecomeActive");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("locked", "unlocked"));
+}
+
+TEST_F(SystemEventsOfTheMac, ASessionThatIsLockedAlreadyIsToldSoonAndOnce) {
+    m_isLocked = true;
+    listen();
+    EXPECT_THAT(m_told, IsEmpty());
+    postEverybody("com.apple.screenIsLocked");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("locked"));
+    postEverybody("com.apple.screenIsUnlocked");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("locked", "unlocked"));
+}
+
+TEST_F(SystemEventsOfTheMac, NothingIsToldAfterTheEnd) {
+    m_isLocked = true;
+    listen();
+    postWorkspace("WillSleep");
+    m_events.setHandlers({});
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, IsEmpty());
+    EXPECT_EQ(cocoa::observers(), 0U);
+    // Only what there is a handler for.
+    SystemEvents::Handlers onlySleep;
+    onlySleep.willSleep = [this] { m_events.setHandlers({}); };
+    m_events.setHandlers(onlySleep);
+    postWorkspace("DidWake");
+    postWorkspace("WillSleep");
+    postEverybody("com.apple.screenIsLocked");
+    cocoa::runMainQueue();
+    EXPECT_EQ(cocoa::observers(), 0U);
+}
+
+} // namespace
+} // namespace vantrel::fake

@@ -1,0 +1,29 @@
+// What the fake classes share with each other. Compiled without ARC.
+#pragma once
+
+#include "tests/macos/fake/cocoa/System.h"
+
+#import <Foundation/Foundation.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace vantrel::fake::cocoa {
+
+// Autoreleased, as everything below; nil for none.
+[[nodiscard]] NSString* make(const std::optional<std::string>& text);
+[[nodiscard]] NSURL* makeURL(const std::string& text);
+[[nodiscard]] NSError* makeError(NSInteger code, const std::string& description);
+[[nodiscard]] NSArray* makeArray(const std::vector<id>& objects);
+[[nodiscard]] NSDictionary* makeDictionary(const std::vector<std::pair<id, id>>& entries);
+[[nodiscard]] NSNotification* makeNotification(NSString* name, NSDictionary* userInfo);
+
+[[nodiscard]] std::string_view text(NSString* string);
+
+// The object that a class gives everybody, made when first asked for and let go by reset().
+[[nodiscard]] id shared(Class kind);
+
+} // namespace vantrel::fake::cocoa

@@ -1,0 +1,137 @@
+// The fake program and its surroundings: bundle, files, time zone, application object, updater.
+#import "tests/macos/fake/cocoa/Cocoa.h"
+
+#import <AppKit/AppKit.h>
+
+using namespace vantrel::fake::cocoa;
+
+@implementation NSTimeZone {
+    std::string _name;
+}
+static std::string knownZone;
++ (void)resetSystemTimeZone {
+    knownZone.clear();
+}
++ (NSTimeZone*)systemTimeZone {
+    // Kept until somebody asks to look again.
+    if (knownZone.empty()) {
+        knownZone = vantrel::fake::cocoa::system().timeZone;
+    }
+    NSTimeZone* const made = [[NSTimeZone new] autorelease];
+    made->_name = knownZone;
+    return made;
+}
+- (NSString*)name {
+    return make(_name);
+}
+@end
+
+@implementation NSBundle {
+    std::string _path;
+}
++ (NSBundle*)mainBundle {
+    return shared(self);
+}
++ (instancetype)bundleWithPath:(NSString*)path {
+    if (text(path) != vantrel::fake::cocoa::system().frameworksPath + "/Sparkle.framework") {
+        return nil;
+    }
+    NSBundle* const made = [[NSBundle new] autorelease];
+    made->_path = text(path);
+    return made;
+}
+- (NSString*)bundleIdentifier {
+    return make(vantrel::fake::cocoa::system().bundleID);
+}
+- (NSString*)privateFrameworksPath {
+    return make(vantrel::fake::cocoa::system().frameworksPath);
+}
+- (BOOL)load {
+    vantrel::fake::cocoa::system().calls.push_back("load " + _path);
+    return YES;
+}
+- (id)objectForInfoDictionaryKey:(NSString*)key {
+    return [key isEqualToString:@"CFBundleShortVersionString"] ? @"1.2.3" : nil;
+}
+@end
+
+@implementation NSFileManager
++ (NSFileManager*)defaultManager {
+    return shared(self);
+}
+- (NSString*)displayNameAtPath:(NSString*)path {
+    for (const auto& [identifier, application] : vantrel::fake::cocoa::system().installed) {
+        if (application.path == text(path)) {
+            return make(application.name);
+        }
+    }
+    return path;
+}
+- (NSURL*)URLForDirectory:(NSSearchPathDirectory)directory
+                 inDomain:(NSSearchPathDomainMask)domain
+        appropriateForURL:(NSURL*)url
+                   create:(BOOL)shouldCreate
+                    error:(NSError**)error {
+    if (!vantrel::fake::cocoa::system().hasSupportFolder) {
+        if (error != nullptr) {
+            *error = makeError(513, "You don’t have permission.");
+        }
+        return nil;
+    }
+    return [NSURL fileURLWithPath:make(vantrel::fake::cocoa::system().supportFolder)];
+}
+@end
+
+const NSNotificationName NSApplicationDidFinishLaunchingNotification =
+    @"NSApplicationDidFinishLaunchingNotification";
+
+@implementation NSApplication
++ (NSApplication*)sharedApplication {
+    return shared(self);
+}
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy {
+    vantrel::fake::cocoa::system().calls.push_back("policy " + std::to_string(policy));
+    return YES;
+}
+- (void)activateIgnoringOtherApps:(BOOL)ignoringOthers {
+    vantrel::fake::cocoa::system().calls.push_back(ignoringOthers ? "activate, ignoring others" : "activate");
+}
+@end
+
+@interface FakeUpdater : NSObject
+@end
+
+@implementation FakeUpdater
+- (BOOL)automaticallyChecksForUpdates {
+    return vantrel::fake::cocoa::system().checksForUpdates;
+}
+- (void)setAutomaticallyChecksForUpdates:(BOOL)checks {
+    vantrel::fake::cocoa::system().checksForUpdates = checks;
+}
+- (void)checkForUpdates {
+    vantrel::fake::cocoa::system().calls.emplace_back("check for updates");
+}
+@end
+
+// The standard updater's controller, as far as the program knows it.
+@interface SPUStandardUpdaterController : NSObject {
+    FakeUpdater* _updater;
+}
+@end
+
+@implementation SPUStandardUpdaterController
+- (instancetype)initWithStartingUpdater:(BOOL)startUpdater
+                        updaterDelegate:(id)updaterDelegate
+                     userDriverDelegate:(id)userDriverDelegate {
+    _updater = [FakeUpdater new];
+    vantrel::fake::cocoa::system().calls.emplace_back(startUpdater ? "updater, started" : "updater");
+    return self;
+}
+- (void)dealloc {
+    [_updater release];
+    [super dealloc];
+}
+- (FakeUpdater*)updater {
+    return _updater;
+}
+@end
