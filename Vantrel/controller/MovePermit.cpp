@@ -19,6 +19,10 @@ public:
         return m_permit->isRevoked() ? std::vector<bool>(writes.size(), false) : m_window->write(writes);
     }
 
+    std::shared_ptr<void> beginMoves() override {
+        return m_permit->isRevoked() ? nullptr : m_window->beginMoves();
+    }
+
     bool raise() override { return !m_permit->isRevoked() && m_window->raise(); }
 
 private:

@@ -9,6 +9,7 @@
 #include "VantrelCore/model/Geometry.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -65,6 +66,10 @@ public:
     // gives every write that write's result. Returns as many results as writes, when the platform has
     // worked off the request or given up on it.
     [[nodiscard]] virtual std::vector<bool> write(std::span<const FrameWrite> writes) = 0;
+
+    // Keep what it returns while windows of this window's application are moved one after the other: the
+    // platform then makes its preparations for a move once. Null where it makes none.
+    [[nodiscard]] virtual std::shared_ptr<void> beginMoves() { return nullptr; }
 
     // Brings the window to the front of the stack, without giving it the focus where the platform can.
     virtual bool raise() = 0;

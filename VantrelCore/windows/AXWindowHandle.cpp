@@ -75,6 +75,11 @@ bool AXWindowHandle::raise() const {
     return answerOr(false, m_element, [](WindowElement& window) { return window.raise(); });
 }
 
+std::shared_ptr<void> AXWindowHandle::beginMoves() const {
+    return answerOr(std::shared_ptr<void>{}, m_element,
+                    [](WindowElement& window) { return window.beginMoves(); });
+}
+
 bool AXWindowHandle::setPosition(Point position) const {
     const std::array<FrameWrite, 1> writes{position};
     return isFinite(position) && write(m_element, writes, 1);

@@ -31,6 +31,9 @@ public:
     // their display at their old size. The result of the last write is ignored.
     bool setFrameSizeFirst(const Rect& frame) const;
 
+    // To be kept while windows of this window's application are moved one after the other. May be null.
+    [[nodiscard]] std::shared_ptr<void> beginMoves() const;
+
     [[nodiscard]] const std::shared_ptr<WindowElement>& element() const { return m_element; }
 
 private:

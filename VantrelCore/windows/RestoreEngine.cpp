@@ -140,6 +140,11 @@ RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& cu
     std::mutex itemsLock;
     const auto restoreApp = [&](const std::string& bundleID) {
         const bool isStubborn = options.stubbornBundleIDs.contains(bundleID);
+        // Several processes may share the identifier.
+        std::vector<std::shared_ptr<void>> moves;
+        for (const auto& pair : pairsByApp.at(bundleID)) {
+            moves.push_back(current[pair.current].handle.beginMoves());
+        }
         for (const auto& pair : pairsByApp.at(bundleID)) {
             const WindowRecord& saved = layout.windows[pair.saved];
             auto item = itemFor(saved, restoreOne(saved.frame, current[pair.current].handle, options.sizes,

@@ -1,0 +1,62 @@
+#include "Vantrel/platform/macos/MacAccessibility.h"
+
+#include "Vantrel/platform/macos/MacWindowElement.h"
+#include "Vantrel/platform/macos/QuartzWindowList.h"
+
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// Each answer is read when it is asked for.
+class MacDeskReading final : public DeskReading {
+public:
+    explicit MacDeskReading(MacAccessibility::AppList runningApps) : m_runningApps(std::move(runningApps)) {}
+
+    [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override {
+        return QuartzWindowList::onScreen();
+    }
+
+    [[nodiscard]] std::vector<RunningApp> runningApps() override { return m_runningApps(); }
+
+    [[nodiscard]] std::vector<WindowReading> windows(const RunningApp& app) override {
+        const auto application = std::make_shared<MacApplication>(app.pid);
+        std::vector<WindowReading> result;
+        for (auto& window : application->windows()) {
+            auto element = std::make_shared<MacWindowElement>(std::move(window), application);
+            WindowAttributes attributes = element->read(AttributeGroup::all);
+            result.push_back({.element = std::move(element), .attributes = std::move(attributes)});
+        }
+        return result;
+    }
+
+private:
+    MacAccessibility::AppList m_runningApps;
+};
+
+} // namespace
+
+MacAccessibility::MacAccessibility(AppList runningApps) : m_runningApps(std::move(runningApps)) {
+    const auto everything = CFRef<AXUIElementRef>::adopt(AXUIElementCreateSystemWide());
+    AXUIElementSetMessagingTimeout(everything.get(), MacApplication::messagingTimeoutSeconds);
+}
+
+bool MacAccessibility::isTrusted() {
+    return AXIsProcessTrusted() != 0;
+}
+
+bool MacAccessibility::prompt() {
+    const void* keys[] = {kAXTrustedCheckOptionPrompt};
+    const void* values[] = {kCFBooleanTrue};
+    const auto options = CFRef<CFDictionaryRef>::adopt(CFDictionaryCreate(kCFAllocatorDefault, keys, values,
+                                                                          1, &kCFTypeDictionaryKeyCallBacks,
+                                                                          &kCFTypeDictionaryValueCallBacks));
+    return AXIsProcessTrustedWithOptions(options.get()) != 0;
+}
+
+std::unique_ptr<DeskReading> MacAccessibility::beginReading() {
+    return std::make_unique<MacDeskReading>(m_runningApps);
+}
+
+} // namespace vantrel

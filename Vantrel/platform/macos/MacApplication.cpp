@@ -1,0 +1,69 @@
+#include "Vantrel/platform/macos/MacApplication.h"
+
+#include <utility>
+
+namespace vantrel {
+
+// The enhanced interface switched off, and on again in the end.
+class MacApplication::PlainInterface {
+public:
+    explicit PlainInterface(CFRef<AXUIElementRef> application) : m_application(std::move(application)) {
+        m_wasEnhanced = AXAttribute::boolean(AXAttribute::copy(m_application.get(), name())).value_or(false);
+        if (m_wasEnhanced) {
+            set(kCFBooleanFalse);
+        }
+    }
+
+    ~PlainInterface() {
+        // Also when switching off failed: an application that did not answer in time may have done it later.
+        if (m_wasEnhanced && set(kCFBooleanTrue) == kAXErrorCannotComplete) {
+            set(kCFBooleanTrue);
+        }
+    }
+
+    PlainInterface(const PlainInterface&) = delete;
+    PlainInterface& operator=(const PlainInterface&) = delete;
+
+private:
+    static CFStringRef name() { return CFSTR("AXEnhancedUserInterface"); }
+
+    AXError set(CFBooleanRef value) {
+        return AXUIElementSetAttributeValue(m_application.get(), name(), value);
+    }
+
+    CFRef<AXUIElementRef> m_application;
+    bool m_wasEnhanced = false;
+};
+
+MacApplication::MacApplication(std::int32_t pid)
+    : m_element(CFRef<AXUIElementRef>::adopt(AXUIElementCreateApplication(pid))) {
+    AXUIElementSetMessagingTimeout(m_element.get(), messagingTimeoutSeconds);
+}
+
+std::vector<CFRef<AXUIElementRef>> MacApplication::windows() const {
+    const auto value = AXAttribute::copy(m_element.get(), kAXWindowsAttribute);
+    const CFArrayRef list = cfCast<CFArrayRef>(value.get());
+    if (!list) {
+        return {};
+    }
+    std::vector<CFRef<AXUIElementRef>> result;
+    for (CFIndex i = 0; i < CFArrayGetCount(list); ++i) {
+        if (const AXUIElementRef window = cfCast<AXUIElementRef>(CFArrayGetValueAtIndex(list, i))) {
+            AXUIElementSetMessagingTimeout(window, messagingTimeoutSeconds);
+            result.push_back(CFRef<AXUIElementRef>::retain(window));
+        }
+    }
+    return result;
+}
+
+std::shared_ptr<void> MacApplication::beginMoves() {
+    const std::scoped_lock lock(m_lock);
+    auto plain = m_plain.lock();
+    if (!plain) {
+        plain = std::make_shared<PlainInterface>(m_element);
+        m_plain = plain;
+    }
+    return plain;
+}
+
+} // namespace vantrel

@@ -1,0 +1,128 @@
+#include "Vantrel/platform/macos/MacDisplayServices.h"
+
+#include "Vantrel/platform/macos/CFText.h"
+#include "Vantrel/platform/macos/DisplayRegistry.h"
+
+#include <ColorSync/ColorSync.h>
+#include <CoreGraphics/CoreGraphics.h>
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+using Handler = std::function<void()>;
+
+// The handlers of this process by number: a notification under way when its registration ends, on whatever
+// thread, finds none.
+struct Handlers {
+    std::mutex lock;
+    std::uintptr_t last = 0;
+    std::map<std::uintptr_t, std::shared_ptr<Handler>> byNumber;
+
+    static Handlers& shared() {
+        static Handlers handlers;
+        return handlers;
+    }
+};
+
+// Whatever changed, and whether it begins or ends: the watcher looks at the displays itself.
+void vantrelDisplayReconfigurationCallback(CGDirectDisplayID /*display*/,
+                                           CGDisplayChangeSummaryFlags /*flags*/, void* userInfo) {
+    std::shared_ptr<Handler> handler;
+    {
+        const std::scoped_lock lock(Handlers::shared().lock);
+        const auto found = Handlers::shared().byNumber.find(reinterpret_cast<std::uintptr_t>(userInfo));
+        if (found != Handlers::shared().byNumber.end()) {
+            handler = found->second;
+        }
+    }
+    if (handler) {
+        (*handler)();
+    }
+}
+
+std::vector<CGDirectDisplayID> activeIDs() {
+    std::uint32_t count = 0;
+    if (CGGetActiveDisplayList(0, nullptr, &count) != kCGErrorSuccess || count == 0) {
+        return {};
+    }
+    std::vector<CGDirectDisplayID> ids(count);
+    if (CGGetActiveDisplayList(count, ids.data(), &count) != kCGErrorSuccess) {
+        return {};
+    }
+    // Fewer when one has gone between the two calls.
+    ids.resize(std::min<std::size_t>(ids.size(), count));
+    return ids;
+}
+
+std::optional<std::string> uuidOf(CGDirectDisplayID display) {
+    const auto uuid = CFRef<CFUUIDRef>::adopt(CGDisplayCreateUUIDFromDisplayID(display));
+    if (!uuid) {
+        return std::nullopt;
+    }
+    const auto text = CFRef<CFStringRef>::adopt(CFUUIDCreateString(kCFAllocatorDefault, uuid.get()));
+    return CFText::utf8Of(text.get());
+}
+
+} // namespace
+
+class MacDisplayServices::Registration {
+public:
+    explicit Registration(Handler handler) {
+        {
+            const std::scoped_lock lock(Handlers::shared().lock);
+            m_number = ++Handlers::shared().last;
+            Handlers::shared().byNumber[m_number] = std::make_shared<Handler>(std::move(handler));
+        }
+        CGDisplayRegisterReconfigurationCallback(vantrelDisplayReconfigurationCallback, userInfo());
+    }
+
+    ~Registration() {
+        CGDisplayRemoveReconfigurationCallback(vantrelDisplayReconfigurationCallback, userInfo());
+        const std::scoped_lock lock(Handlers::shared().lock);
+        Handlers::shared().byNumber.erase(m_number);
+    }
+
+    Registration(const Registration&) = delete;
+    Registration& operator=(const Registration&) = delete;
+
+private:
+    // A number, never an address that could dangle.
+    [[nodiscard]] void* userInfo() const { return reinterpret_cast<void*>(m_number); }
+
+    std::uintptr_t m_number = 0;
+};
+
+MacDisplayServices::MacDisplayServices(ScreenList screens) : m_screens(std::move(screens)) {}
+
+MacDisplayServices::~MacDisplayServices() = default;
+
+std::vector<ActiveDisplay> MacDisplayServices::activeDisplays() {
+    std::vector<ActiveDisplay> result;
+    for (const CGDirectDisplayID id : activeIDs()) {
+        const CGRect bounds = CGDisplayBounds(id);
+        result.push_back(
+            {.id = id,
+             .isBuiltin = CGDisplayIsBuiltin(id) != 0,
+             .bounds = {{bounds.origin.x, bounds.origin.y}, {bounds.size.width, bounds.size.height}},
+             .uuid = uuidOf(id)});
+    }
+    return result;
+}
+
+std::vector<EdidHint> MacDisplayServices::edidHints() {
+    return DisplayRegistry::edidHints();
+}
+
+void MacDisplayServices::setReconfigurationHandler(std::function<void()> handler) {
+    m_registration.reset();
+    if (handler) {
+        m_registration = std::make_unique<Registration>(std::move(handler));
+    }
+}
+
+} // namespace vantrel

@@ -1,0 +1,141 @@
+#include "Vantrel/platform/macos/MacUserDefaults.h"
+
+#include "Vantrel/platform/macos/CFText.h"
+
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+CFRef<CFTypeRef> stored(std::string_view key) {
+    const auto name = CFText::make(key);
+    return name ? CFRef<CFTypeRef>::adopt(
+                      CFPreferencesCopyAppValue(name.get(), kCFPreferencesCurrentApplication))
+                : CFRef<CFTypeRef>{};
+}
+
+// A null value removes the key.
+bool store(std::string_view key, CFTypeRef value) {
+    const auto name = CFText::make(key);
+    if (!name) {
+        return false;
+    }
+    CFPreferencesSetAppValue(name.get(), value, kCFPreferencesCurrentApplication);
+    return CFPreferencesAppSynchronize(kCFPreferencesCurrentApplication) != 0;
+}
+
+struct PropertyList {
+    using Value = CFRef<CFTypeRef>;
+
+    Value operator()(bool value) const { return Value::retain(value ? kCFBooleanTrue : kCFBooleanFalse); }
+    Value operator()(std::int64_t value) const {
+        return Value::adopt(CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt64Type, &value));
+    }
+    Value operator()(double value) const {
+        return Value::adopt(CFNumberCreate(kCFAllocatorDefault, kCFNumberDoubleType, &value));
+    }
+    Value operator()(const std::string& value) const { return CFText::make(value); }
+};
+
+} // namespace
+
+// Hears of changes that others in this process made, such as a settings window's bindings.
+class MacUserDefaults::Observer {
+public:
+    explicit Observer(MacUserDefaults& owner) : m_owner(owner) {
+        CFNotificationCenterAddObserver(CFNotificationCenterGetLocalCenter(), this, told, name(), nullptr,
+                                        CFNotificationSuspensionBehaviorDeliverImmediately);
+    }
+
+    ~Observer() {
+        CFNotificationCenterRemoveObserver(CFNotificationCenterGetLocalCenter(), this, name(), nullptr);
+    }
+
+    Observer(const Observer&) = delete;
+    Observer& operator=(const Observer&) = delete;
+
+private:
+    static CFStringRef name() { return CFSTR("NSUserDefaultsDidChangeNotification"); }
+
+    // On the thread that made the change.
+    static void told(CFNotificationCenterRef /*center*/, void* observer, CFNotificationName /*name*/,
+                     const void* /*object*/, CFDictionaryRef /*userInfo*/) {
+        static_cast<Observer*>(observer)->m_owner.tellSoon();
+    }
+
+    MacUserDefaults& m_owner;
+};
+
+MacUserDefaults::MacUserDefaults(MainQueue& queue) : m_queue(queue) {}
+
+MacUserDefaults::~MacUserDefaults() = default;
+
+std::optional<bool> MacUserDefaults::boolean(std::string_view key) {
+    const auto value = stored(key);
+    const CFBooleanRef truth = cfCast<CFBooleanRef>(value.get());
+    return truth ? std::optional(CFBooleanGetValue(truth) != 0) : std::nullopt;
+}
+
+std::optional<std::int64_t> MacUserDefaults::integer(std::string_view key) {
+    const auto value = stored(key);
+    const CFNumberRef number = cfCast<CFNumberRef>(value.get());
+    std::int64_t result = 0;
+    if (!number || CFNumberIsFloatType(number) || !CFNumberGetValue(number, kCFNumberSInt64Type, &result)) {
+        return std::nullopt;
+    }
+    return result;
+}
+
+std::optional<double> MacUserDefaults::number(std::string_view key) {
+    const auto value = stored(key);
+    const CFNumberRef number = cfCast<CFNumberRef>(value.get());
+    double result = 0;
+    if (!number || !CFNumberGetValue(number, kCFNumberDoubleType, &result)) {
+        return std::nullopt;
+    }
+    return result;
+}
+
+std::optional<std::string> MacUserDefaults::text(std::string_view key) {
+    return CFText::utf8Of(stored(key).get());
+}
+
+bool MacUserDefaults::set(std::string_view key, const DefaultsValue& value) {
+    const auto list = std::visit(PropertyList{}, value);
+    const bool isStored = list && store(key, list.get());
+    tellSoon();
+    return isStored;
+}
+
+bool MacUserDefaults::remove(std::string_view key) {
+    const bool isRemoved = store(key, nullptr);
+    tellSoon();
+    return isRemoved;
+}
+
+void MacUserDefaults::setChangeHandler(std::function<void()> handler) {
+    m_handler = std::move(handler);
+    if (m_handler && !m_observer) {
+        m_observer = std::make_unique<Observer>(*this);
+    } else if (!m_handler) {
+        m_observer.reset();
+    }
+}
+
+void MacUserDefaults::tellSoon() {
+    if (m_isToldSoon.exchange(true)) {
+        return;
+    }
+    m_queue.post([this, alive = std::weak_ptr(m_alive)] {
+        if (!alive.lock()) {
+            return;
+        }
+        m_isToldSoon = false;
+        if (m_handler) {
+            m_handler();
+        }
+    });
+}
+
+} // namespace vantrel

@@ -1,0 +1,134 @@
+#include "Vantrel/platform/macos/MacAccessibility.h"
+#include "tests/macos/PlatformTest.h"
+#include "tests/macos/fake/Accessibility.h"
+#include "tests/macos/fake/WindowServer.h"
+
+#include <gmock/gmock.h>
+
+namespace vantrel::fake {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr CGWindowListOption onScreenWithoutDesktop = 0x11;
+
+struct MacDesk : PlatformTest {
+    MacAccessibility adapter{[this] { return apps; }};
+    std::vector<RunningApp> apps;
+    std::shared_ptr<Element> application = runApplication(100);
+
+    [[nodiscard]] std::vector<WindowReading> windows(std::int32_t pid = 100) {
+        return adapter.beginReading()->windows(
+            {.pid = pid, .policy = {}, .bundleID = {}, .localizedName = {}});
+    }
+    [[nodiscard]] std::vector<std::string> titles() {
+        std::vector<std::string> result;
+        for (const auto& window : windows()) {
+            result.push_back(window.attributes.title.value_or("-"));
+        }
+        return result;
+    }
+    void TearDown() override {
+        application.reset();
+        PlatformTest::TearDown();
+    }
+};
+
+TEST_F(MacDesk, TrustIsWhatTheSystemSaysAndAskingShowsItsDialog) {
+    EXPECT_TRUE(adapter.isTrusted());
+    EXPECT_TRUE(adapter.prompt());
+    EXPECT_EQ(accessibility().prompts, 0);
+    accessibility().isTrusted = false;
+    EXPECT_FALSE(adapter.isTrusted());
+    EXPECT_FALSE(adapter.prompt());
+    EXPECT_EQ(accessibility().prompts, 1);
+    accessibility().grantsOnPrompt = true;
+    EXPECT_TRUE(adapter.prompt());
+}
+
+TEST_F(MacDesk, TheTimeoutOfTheProcessIsSetOnceAndEveryElementHasItsOwn) {
+    listWindows(*application, {makeWindow("a", {{0, 0}, {10, 10}}), makeWindow("b", {{0, 0}, {10, 10}})});
+    for (int i = 0; i < 3; ++i) {
+        for (const auto& window : windows()) {
+            EXPECT_TRUE(window.element->raise());
+        }
+    }
+    EXPECT_EQ(accessibility().processTimeouts, 1);
+    EXPECT_EQ(accessibility().processTimeout, 1.0F);
+    EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
+}
+
+TEST_F(MacDesk, AMixedListGivesItsElementsInOrder) {
+    const auto first = reference(makeWindow("first", {{0, 0}, {10, 10}}));
+    const auto second = reference(makeWindow("second", {{0, 0}, {10, 10}}));
+    application->attributes["AXWindows"] =
+        array({null(), first, text("junk"), pointValue(1, 2), number(3), second, array({})});
+    EXPECT_THAT(titles(), ElementsAre("first", "second"));
+}
+
+TEST_F(MacDesk, AnApplicationThatGivesNoListHasNoWindows) {
+    listWindows(*application, {makeWindow("a", {{0, 0}, {10, 10}})});
+    EXPECT_THAT(windows(), SizeIs(1));
+    EXPECT_THAT(windows(999), IsEmpty());
+    for (const AXError error : {kAXErrorCannotComplete, kAXErrorAPIDisabled, kAXErrorInvalidUIElement,
+                                kAXErrorAttributeUnsupported, kAXErrorNoValue, kAXErrorFailure}) {
+        application->readErrors["AXWindows"] = error;
+        EXPECT_THAT(windows(), IsEmpty()) << error;
+    }
+    application->readErrors.clear();
+    for (const Value& value : {Value(text("x")), Value(), null(), Value(dictionary({}))}) {
+        application->attributes["AXWindows"] = value;
+        EXPECT_THAT(windows(), IsEmpty());
+    }
+    accessibility().isTrusted = false;
+    EXPECT_THAT(windows(), IsEmpty());
+}
+
+TEST_F(MacDesk, AReadingCostsOneCallPerWindowBesidesTheList) {
+    listWindows(*application, {makeWindow("a", {{0, 0}, {10, 10}}), makeWindow("b", {{0, 0}, {10, 10}})});
+    const std::string all = "get AXPosition AXSize AXTitle AXSubrole AXMinimized AXFullScreen";
+    EXPECT_THAT(titles(), ElementsAre("a", "b"));
+    EXPECT_THAT(accessibility().calls, ElementsAre("get AXWindows", all, all));
+}
+
+TEST_F(MacDesk, ItsApplicationsAreThoseOfTheWorkspace) {
+    apps = {{.pid = 1, .policy = ActivationPolicy::accessory, .bundleID = "a", .localizedName = {}},
+            {.pid = 2, .policy = ActivationPolicy::regular, .bundleID = {}, .localizedName = "B"}};
+    EXPECT_EQ(adapter.beginReading()->runningApps(), apps);
+    EXPECT_TRUE(adapter.awaitQuiet());
+}
+
+TEST_F(MacDesk, TheWindowListKeepsThePlacesOfWhatCannotBeRead) {
+    const Value bounds = rectangle({{-5, 20.5}, {300, 200}});
+    constexpr std::int64_t tooBig = 1LL << 40;
+    windowServer().windowList = [&]() -> Value {
+        return array({
+            listItem({.layer = number(0), .pid = number(100), .bounds = bounds}),
+            listItem({.layer = number(25), .pid = number(101), .bounds = bounds}),
+            text("no dictionary"),
+            listItem({}),
+            listItem({.layer = text("0"), .pid = boolean(true), .bounds = number(3)}),
+            listItem(
+                {.layer = realNumber(0.5), .pid = number(tooBig), .bounds = dictionary({{"X", number(1)}})}),
+            listItem({.layer = number(tooBig), .pid = realNumber(7), .bounds = bounds}),
+        });
+    };
+    const Rect rect{{-5, 20.5}, {300, 200}};
+    EXPECT_THAT(adapter.beginReading()->onScreenWindows(),
+                ElementsAre(WindowListEntry{0, 100, rect}, WindowListEntry{25, 101, rect}, WindowListEntry{},
+                            WindowListEntry{}, WindowListEntry{}, WindowListEntry{},
+                            WindowListEntry{tooBig, 7, rect}));
+    EXPECT_EQ(windowServer().askedOption, onScreenWithoutDesktop);
+    EXPECT_EQ(windowServer().askedRelativeTo, 0U);
+}
+
+TEST_F(MacDesk, WithoutAWindowListThereAreNoEntries) {
+    EXPECT_THAT(adapter.beginReading()->onScreenWindows(), IsEmpty());
+    windowServer().windowList = [] { return Value(text("no array")); };
+    EXPECT_THAT(adapter.beginReading()->onScreenWindows(), IsEmpty());
+}
+
+} // namespace
+} // namespace vantrel::fake

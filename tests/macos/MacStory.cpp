@@ -1,0 +1,185 @@
+#include "tests/macos/MacStory.h"
+
+#include "VantrelCore/displays/DisplayGeometry.h"
+#include "tests/macos/fake/Registry.h"
+#include "tests/macos/fake/WindowServer.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace vantrel::fake {
+
+using simulated::DeskSetup;
+using simulated::SimulatedDisplay;
+
+namespace {
+
+constexpr const char* folder = "/Users/me/Library/Application Support/Vantrel";
+
+CGRect quartz(const Rect& rect) {
+    return {{rect.origin.x, rect.origin.y}, {rect.size.width, rect.size.height}};
+}
+
+Rect ours(const CGRect& rect) {
+    return {{rect.origin.x, rect.origin.y}, {rect.size.width, rect.size.height}};
+}
+
+// As AppKit gives the screens.
+std::vector<Screen> kitScreens(const std::vector<SimulatedDisplay>& displays) {
+    std::vector<Screen> screens;
+    for (const auto& display : displays) {
+        const auto fromBottomLeft = [&](const Rect& rect) {
+            return Rect{{rect.minX(), displays.front().frame.height() - rect.maxY()}, rect.size};
+        };
+        screens.push_back(
+            {display.id, display.name, fromBottomLeft(display.frame), fromBottomLeft(display.usableFrame())});
+    }
+    return screens;
+}
+
+} // namespace
+
+MacStory::MacStory(const std::string& setup)
+    : log(folder, files, time), m_displayServices([this] { return kitScreens(m_displays); }) {
+    showDisplays(DeskSetup::named(setup));
+    windowServer().windowList = [this] { return windowList(); };
+}
+
+MacStory::~MacStory() {
+    controller.reset();
+    time.endJobs();
+}
+
+std::shared_ptr<Element> MacStory::run(const std::string& bundleID, const std::string& name,
+                                       const std::vector<std::pair<std::string, CGRect>>& windows) {
+    const auto pid = static_cast<std::int32_t>(500 + m_apps.size());
+    auto application = runApplication(pid);
+    m_apps.push_back(
+        {.pid = pid, .policy = ActivationPolicy::regular, .bundleID = bundleID, .localizedName = name});
+    std::vector<std::shared_ptr<Element>> elements;
+    for (const auto& [title, frame] : windows) {
+        const auto element = makeWindow(title, frame);
+        element->onAction = [this, self = element.get()](const std::string& /*action*/) {
+            const auto found = std::ranges::find_if(
+                m_windows, [&](const Window& each) { return each.element.get() == self; });
+            std::rotate(m_windows.begin(), found, found + 1);
+        };
+        m_windows.insert(m_windows.begin(), {.title = title, .element = element});
+        elements.push_back(element);
+    }
+    listWindows(*application, elements);
+    return application;
+}
+
+Element& MacStory::window(const std::string& title) {
+    return *std::ranges::find(m_windows, title, &Window::title)->element;
+}
+
+std::map<std::string, Rect> MacStory::frames() const {
+    std::map<std::string, Rect> result;
+    for (const Window& each : m_windows) {
+        result[each.title] = ours(frameOf(*each.element));
+    }
+    return result;
+}
+
+std::vector<std::string> MacStory::stacking() const {
+    std::vector<std::string> titles;
+    for (const Window& each : m_windows) {
+        titles.push_back(each.title);
+    }
+    return titles;
+}
+
+void MacStory::start() {
+    auto created = AppController::create({.accessibility = m_accessibility,
+                                          .displays = m_displayServices,
+                                          .workspace = workspace,
+                                          .systemEvents = system,
+                                          .defaults = m_defaults,
+                                          .clock = time,
+                                          .mainQueue = time,
+                                          .background = time,
+                                          .localZone = zone,
+                                          .calendar = calendar,
+                                          .focus = focus,
+                                          .pictures = pictures,
+                                          .hotKeys = m_hotKeys},
+                                         files, log,
+                                         {.supportDirectory = folder,
+                                          .ownBundleID = "org.vantrel.Vantrel",
+                                          .version = "1.0.0",
+                                          .licenseAllowsRunning = [] { return true; }});
+    controller = std::move(created.value());
+    controller->watchForPermission();
+    controller->startEngine();
+}
+
+void MacStory::connect(const std::string& setup) {
+    constexpr double spacing = 0.1;
+    tellOfReconfiguration(kCGDisplayBeginConfigurationFlag);
+    time.schedule(spacing, [this, setup] {
+        showDisplays(DeskSetup::named(setup));
+        rescueWindows();
+        tellOfReconfiguration(kCGDisplayAddFlag | kCGDisplayRemoveFlag);
+    });
+    time.schedule(2 * spacing, [] { tellOfReconfiguration(kCGDisplayDesktopShapeChangedFlag); });
+    time.runFor(14);
+}
+
+std::vector<std::string> MacStory::messages() const {
+    std::vector<std::string> result;
+    std::istringstream lines(files.content(log.file()).value_or(""));
+    for (std::string line; std::getline(lines, line);) {
+        result.push_back(line.substr(line.find("] ") + 2));
+    }
+    return result;
+}
+
+std::vector<std::string> MacStory::changes() {
+    auto calls = std::exchange(accessibility().calls, {});
+    std::erase_if(calls, [](const std::string& call) { return call.starts_with("get "); });
+    return calls;
+}
+
+void MacStory::showDisplays(const DeskSetup& setup) {
+    m_displays = setup.displays;
+    windowServer().displays.clear();
+    auto& ports = registry().services["AppleDCPDPTXRemotePortUFP"];
+    ports.clear();
+    for (const auto& display : m_displays) {
+        windowServer().displays.push_back({.id = display.id,
+                                           .bounds = quartz(display.frame),
+                                           .isBuiltin = display.isBuiltin,
+                                           .uuid = display.uuid});
+        if (display.edidUUID) {
+            ports.push_back({{"DisplayHints", dictionary({{"ProductName", text(display.name)},
+                                                          {"EDID UUID", text(*display.edidUUID)}})}});
+        }
+    }
+}
+
+void MacStory::rescueWindows() {
+    for (const Window& each : m_windows) {
+        const Rect frame = ours(frameOf(*each.element));
+        const bool isShown = std::ranges::any_of(m_displays, [&](const SimulatedDisplay& display) {
+            return display.frame.contains(frame.center());
+        });
+        if (!isShown) {
+            setFrame(*each.element, quartz(DisplayGeometry::clamp(frame, m_displays.front().usableFrame())));
+        }
+    }
+}
+
+Value MacStory::windowList() const {
+    // The menu bar comes first, as on every Mac.
+    std::vector<Value> items{listItem({.layer = number(24), .pid = number(1), .bounds = rectangle({})})};
+    for (const Window& each : m_windows) {
+        items.push_back(listItem({.layer = number(0),
+                                  .pid = number(each.element->pid),
+                                  .bounds = rectangle(frameOf(*each.element))}));
+    }
+    return array(std::move(items));
+}
+
+} // namespace vantrel::fake

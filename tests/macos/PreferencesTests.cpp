@@ -1,0 +1,158 @@
+#include "Vantrel/platform/macos/MacUserDefaults.h"
+#include "Vantrel/platform/macos/MissionControl.h"
+#include "tests/macos/PlatformTest.h"
+#include "tests/macos/fake/Preferences.h"
+#include "tests/macos/fake/Processes.h"
+#include "tests/simulated/SimulatedTime.h"
+
+#include <gmock/gmock.h>
+#include <limits>
+
+namespace vantrel::fake {
+namespace {
+
+using testing::ElementsAre;
+
+const std::string changeNotification = "NSUserDefaultsDidChangeNotification";
+
+struct MacDefaults : PlatformTest {
+    simulated::SimulatedTime time;
+    std::unique_ptr<MacUserDefaults> adapter = std::make_unique<MacUserDefaults>(time);
+    int changes = 0;
+
+    void watch() {
+        adapter->setChangeHandler([this] { ++changes; });
+    }
+    void TearDown() override {
+        adapter.reset();
+        EXPECT_EQ(notificationObservers(), 0U);
+        PlatformTest::TearDown();
+    }
+};
+
+TEST_F(MacDefaults, AValueOfAnotherTypeIsAbsent) {
+    constexpr auto biggest = std::numeric_limits<std::int64_t>::max();
+    struct Row {
+        Value stored;
+        std::optional<bool> boolean;
+        std::optional<std::int64_t> integer;
+        std::optional<double> number;
+        std::optional<std::string> text;
+    };
+    const Row rows[] = {
+        {boolean(true), true, {}, {}, {}},  {boolean(false), false, {}, {}, {}},
+        {number(1), {}, 1, 1.0, {}},        {number(biggest), {}, biggest, static_cast<double>(biggest), {}},
+        {realNumber(0.5), {}, {}, 0.5, {}}, {realNumber(2), {}, {}, 2.0, {}},
+        {text("1"), {}, {}, {}, "1"},       {text(""), {}, {}, {}, ""},
+        {array({}), {}, {}, {}, {}},        {dictionary({}), {}, {}, {}, {}},
+    };
+    for (const Row& row : rows) {
+        preferences().domains["own"]["key"] = row.stored;
+        EXPECT_EQ(adapter->boolean("key"), row.boolean);
+        EXPECT_EQ(adapter->integer("key"), row.integer);
+        EXPECT_EQ(adapter->number("key"), row.number);
+        EXPECT_EQ(adapter->text("key"), row.text);
+        EXPECT_EQ(adapter->text("never written"), std::nullopt);
+    }
+}
+
+TEST_F(MacDefaults, WhatIsWrittenIsReadAndMadeDurable) {
+    EXPECT_TRUE(adapter->set("flag", true));
+    EXPECT_TRUE(adapter->set("whole", std::int64_t{-3}));
+    EXPECT_TRUE(adapter->set("real", 0.25));
+    EXPECT_TRUE(adapter->set("text", std::string("Écran")));
+    EXPECT_EQ(adapter->boolean("flag"), true);
+    EXPECT_EQ(adapter->integer("whole"), -3);
+    EXPECT_EQ(adapter->number("real"), 0.25);
+    EXPECT_EQ(adapter->text("text"), "Écran");
+    EXPECT_TRUE(adapter->remove("flag"));
+    EXPECT_EQ(adapter->boolean("flag"), std::nullopt);
+    EXPECT_THAT(preferences().calls,
+                ElementsAre("set own flag", "synchronise own", "set own whole", "synchronise own",
+                            "set own real", "synchronise own", "set own text", "synchronise own",
+                            "remove own flag", "synchronise own"));
+}
+
+TEST_F(MacDefaults, WhatCannotBeStoredIsToldAndLeavesTheRest) {
+    EXPECT_FALSE(adapter->set("text", std::string("\xff")));
+    EXPECT_FALSE(adapter->set("\xff", true));
+    EXPECT_FALSE(adapter->remove("\xff"));
+    EXPECT_EQ(adapter->boolean("\xff"), std::nullopt);
+    EXPECT_TRUE(preferences().calls.empty());
+    preferences().readOnly["own"] = true;
+    EXPECT_FALSE(adapter->set("flag", true));
+    EXPECT_FALSE(adapter->remove("flag"));
+}
+
+TEST_F(MacDefaults, ChangesFromInsideAndOutsideAreToldOnTheMainQueueOncePerRound) {
+    watch();
+    adapter->set("a", true);
+    adapter->remove("a");
+    postNotification(changeNotification);
+    EXPECT_EQ(changes, 0);
+    time.runFor(1);
+    EXPECT_EQ(changes, 1);
+    postNotification(changeNotification);
+    postNotification("another");
+    time.runFor(1);
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(MacDefaults, NobodyIsToldAfterTheHandlerOrTheAdapterIsGone) {
+    adapter->set("a", true);
+    watch();
+    watch();
+    EXPECT_EQ(notificationObservers(), 1U);
+    adapter->set("a", false);
+    adapter->setChangeHandler({});
+    EXPECT_EQ(notificationObservers(), 0U);
+    time.runFor(1);
+    EXPECT_EQ(changes, 0);
+    watch();
+    adapter->set("a", false);
+    adapter.reset();
+    time.runFor(1);
+    EXPECT_EQ(changes, 0);
+}
+
+struct MissionControlSettings : PlatformTest {
+    static MissionControlConfig with(const Value& spans, const Value& mru) {
+        preferences().domains["com.apple.spaces"]["spans-displays"] = spans;
+        preferences().domains["com.apple.dock"]["mru-spaces"] = mru;
+        return MissionControl::read();
+    }
+};
+
+TEST_F(MissionControlSettings, AreReadFromTwoDomains) {
+    using Config = MissionControlConfig;
+    EXPECT_EQ(MissionControl::read(), (Config{}));
+    EXPECT_EQ(with(boolean(false), boolean(true)), (Config{true, true}));
+    EXPECT_EQ(with(boolean(true), boolean(false)), (Config{false, false}));
+    EXPECT_EQ(with(number(0), number(1)), (Config{true, true}));
+    EXPECT_EQ(with(text("0"), realNumber(0.5)), (Config{}));
+}
+
+TEST_F(MissionControlSettings, AreSetBothBeforeTheDockIsRestarted) {
+    with(boolean(true), boolean(true));
+    preferences().calls.clear();
+    EXPECT_TRUE(MissionControl::apply());
+    EXPECT_THAT(preferences().calls,
+                ElementsAre("set com.apple.spaces spans-displays", "synchronise com.apple.spaces",
+                            "set com.apple.dock mru-spaces", "synchronise com.apple.dock"));
+    EXPECT_THAT(processes().launches, ElementsAre("/usr/bin/killall Dock"));
+    EXPECT_FALSE(hasUnreapedProcess());
+    EXPECT_EQ(MissionControl::read(), (MissionControlConfig{true, false}));
+}
+
+TEST_F(MissionControlSettings, BothMustBeWrittenAndTheDockDoesNotCount) {
+    processes().launchError = 2;
+    EXPECT_TRUE(MissionControl::apply());
+    preferences().readOnly["com.apple.dock"] = true;
+    EXPECT_FALSE(MissionControl::apply());
+    preferences().readOnly = {{"com.apple.spaces", true}};
+    EXPECT_FALSE(MissionControl::apply());
+    EXPECT_EQ(processes().launches.size(), 3U);
+}
+
+} // namespace
+} // namespace vantrel::fake
