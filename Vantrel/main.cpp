@@ -3,16 +3,21 @@
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
+#include "Vantrel/diagnostics/CrashTest.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
+#include "Vantrel/platform/linux/HardwareModel.h"
+#include "Vantrel/platform/linux/ProgramBuild.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
+#include "Vantrel/platform/posix/CrashReporter.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
+#include "Vantrel/platform/qt/OperatingSystemName.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
@@ -57,6 +62,13 @@ ExitCode complain(const std::string& sentence, ExitCode code = ExitCode::failed)
 bool isSet(const char* variable) {
     const char* const value = std::getenv(variable);
     return value != nullptr && *value != '\0';
+}
+
+SystemDescription systemDescription() {
+    return {.version = VANTREL_VERSION,
+            .build = programBuild(),
+            .operatingSystem = operatingSystemName(),
+            .hardware = hardwareModel()};
 }
 
 // Which variable stands for what is the display server's affair, not this program's: said once, at the start.
@@ -154,6 +166,7 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     if (!accessibility.isTrusted()) {
         say("No window manager that moves windows on request is running yet; waiting for one.");
     }
+    CrashReporter::installExceptionHandler();
     HUDOverlay overlay;
     (*controller)->setHUDHandler([&](const HUDEvent& event) {
         if (Settings(defaults).showHUD()) {
@@ -161,6 +174,7 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
         }
     });
     const StatusIcon statusIcon(**controller, {.quit = [] { QCoreApplication::quit(); }});
+    const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
     log.write("start: vantrel " VANTREL_VERSION);
     runningLog() = &log;
     (*controller)->watchForPermission();
@@ -190,6 +204,7 @@ int main(int argumentCount, char** arguments) {
         return static_cast<int>(app.exit(error) == 0 ? ExitCode::done : ExitCode::usage);
     }
 
+    CrashReporter::install(UserFolders::supportDirectory(), systemDescription());
     explainWayland();
     auto connection = X11Connection::open();
     if (!connection) {

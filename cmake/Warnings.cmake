@@ -1,8 +1,8 @@
-# One interface target that every target of ours links: include root, warnings, sanitizers.
-add_library(VantrelBuildSettings INTERFACE)
-target_include_directories(VantrelBuildSettings INTERFACE "${CMAKE_SOURCE_DIR}")
+# Include root and warnings. Linked directly only by programs that must stay without sanitizers.
+add_library(VantrelPlainSettings INTERFACE)
+target_include_directories(VantrelPlainSettings INTERFACE "${CMAKE_SOURCE_DIR}")
 target_compile_options(
-    VantrelBuildSettings
+    VantrelPlainSettings
     INTERFACE
         -Wall
         -Wextra
@@ -13,6 +13,10 @@ target_compile_options(
         -Woverloaded-virtual
         -Werror
 )
+
+# One interface target that every other target of ours links: these, and the sanitizers.
+add_library(VantrelBuildSettings INTERFACE)
+target_link_libraries(VantrelBuildSettings INTERFACE VantrelPlainSettings)
 if(VANTREL_SANITIZE)
     target_compile_options(VantrelBuildSettings INTERFACE -fsanitize=${VANTREL_SANITIZE} -fno-omit-frame-pointer)
     target_link_options(VantrelBuildSettings INTERFACE -fsanitize=${VANTREL_SANITIZE})

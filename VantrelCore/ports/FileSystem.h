@@ -2,6 +2,8 @@
 // can be played in tests.
 #pragma once
 
+#include "VantrelCore/model/Date.h"
+
 #include <cstdint>
 #include <expected>
 #include <filesystem>
@@ -9,8 +11,17 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace vantrel {
+
+// A file of a listed folder.
+struct FileEntry {
+    std::filesystem::path file{};
+    Date modified{};
+
+    bool operator==(const FileEntry&) const = default;
+};
 
 // May be used from any thread.
 class FileSystem {
@@ -43,6 +54,10 @@ public:
 
     // With its parents; no error when it exists already.
     [[nodiscard]] virtual std::error_code createDirectories(const std::filesystem::path& directory) = 0;
+
+    // The ordinary files directly inside the directory, hidden ones too, in any order; no folders, no links.
+    [[nodiscard]] virtual std::expected<std::vector<FileEntry>, std::error_code>
+    list(const std::filesystem::path& directory) = 0;
 
     // In bytes; none when there is no such file.
     [[nodiscard]] virtual std::optional<std::uint64_t> size(const std::filesystem::path& file) = 0;

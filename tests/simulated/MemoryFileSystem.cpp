@@ -109,15 +109,34 @@ std::error_code MemoryFileSystem::createDirectories(const std::filesystem::path&
     return {};
 }
 
+std::expected<std::vector<FileEntry>, std::error_code>
+MemoryFileSystem::list(const std::filesystem::path& directory) {
+    const std::scoped_lock lock(m_mutex);
+    if (const auto error = enter(Operation::list)) {
+        return std::unexpected(error);
+    }
+    if (!m_directories.contains(directory)) {
+        return std::unexpected(failure(std::errc::no_such_file_or_directory));
+    }
+    std::vector<FileEntry> entries;
+    for (const auto& [path, content] : m_files) {
+        if (path.parent_path() == directory) {
+            entries.push_back({path, m_modified[path]});
+        }
+    }
+    return entries;
+}
+
 std::optional<std::uint64_t> MemoryFileSystem::size(const std::filesystem::path& file) {
     const auto text = content(file);
     return text ? std::optional<std::uint64_t>(text->size()) : std::nullopt;
 }
 
-void MemoryFileSystem::put(const std::filesystem::path& file, std::string_view content) {
+void MemoryFileSystem::put(const std::filesystem::path& file, std::string_view content, Date modified) {
     const std::scoped_lock lock(m_mutex);
     addDirectories(file.parent_path());
     m_files[file] = content;
+    m_modified[file] = modified;
 }
 
 void MemoryFileSystem::putDirectory(const std::filesystem::path& directory) {

@@ -14,7 +14,7 @@ namespace vantrel::simulated {
 
 class MemoryFileSystem final : public FileSystem {
 public:
-    enum class Operation : std::uint8_t { read, writeAtomically, append, rename, remove, createDirectories };
+    enum class Operation : std::uint8_t { read, writeAtomically, append, rename, remove, createDirectories, list };
 
     // The steps of an atomic write, in order.
     enum class WriteStep : std::uint8_t {
@@ -39,10 +39,12 @@ public:
                                          const std::filesystem::path& to) override;
     [[nodiscard]] std::error_code remove(const std::filesystem::path& file) override;
     [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override;
+    [[nodiscard]] std::expected<std::vector<FileEntry>, std::error_code>
+    list(const std::filesystem::path& directory) override;
     [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override;
 
     // What another program would see and do; never fails.
-    void put(const std::filesystem::path& file, std::string_view content);
+    void put(const std::filesystem::path& file, std::string_view content, Date modified = {});
     void putDirectory(const std::filesystem::path& directory);
     [[nodiscard]] std::optional<std::string> content(const std::filesystem::path& file) const;
     [[nodiscard]] std::vector<std::filesystem::path> files() const;
@@ -81,6 +83,8 @@ private:
     mutable std::mutex m_mutex;
     Files m_files;
     std::set<std::filesystem::path> m_directories;
+    // Of the files that were `put` with a date.
+    std::map<std::filesystem::path, Date> m_modified;
     std::map<Operation, std::size_t> m_counts;
     std::optional<std::size_t> m_skippedBeforeFailure;
     std::errc m_failOnceError{};

@@ -4,6 +4,7 @@
 #include "Vantrel/platform/posix/TemporaryFile.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -110,6 +111,28 @@ std::error_code PosixFileSystem::createDirectories(const std::filesystem::path& 
     error = lastError();
     std::error_code ignored;
     return std::filesystem::is_directory(directory, ignored) ? std::error_code() : error;
+}
+
+std::expected<std::vector<FileEntry>, std::error_code>
+PosixFileSystem::list(const std::filesystem::path& directory) {
+    std::vector<FileEntry> files;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
+         entry.increment(error)) {
+        // One that vanishes meanwhile is none.
+        std::error_code gone;
+        const auto status = entry->symlink_status(gone);
+        const auto modified = entry->last_write_time(gone);
+        if (!gone && std::filesystem::is_regular_file(status)) {
+            files.push_back(
+                {entry->path(),
+                 std::chrono::floor<Date::duration>(std::chrono::file_clock::to_sys(modified))});
+        }
+    }
+    if (error) {
+        return std::unexpected(error);
+    }
+    return files;
 }
 
 std::optional<std::uint64_t> PosixFileSystem::size(const std::filesystem::path& file) {

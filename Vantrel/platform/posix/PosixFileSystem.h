@@ -25,6 +25,8 @@ public:
                                          const std::filesystem::path& to) override;
     [[nodiscard]] std::error_code remove(const std::filesystem::path& file) override;
     [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override;
+    [[nodiscard]] std::expected<std::vector<FileEntry>, std::error_code>
+    list(const std::filesystem::path& directory) override;
     [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override;
 
 private:

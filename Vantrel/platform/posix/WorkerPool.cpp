@@ -1,5 +1,7 @@
 #include "Vantrel/platform/posix/WorkerPool.h"
 
+#include "Vantrel/platform/posix/ReportedThread.h"
+
 #include <algorithm>
 #include <system_error>
 #include <utility>
@@ -35,7 +37,7 @@ void WorkerPool::submit(std::function<void()> work) {
         m_queue.push_back(std::move(work));
         if (m_idle < m_queue.size() && m_threads.size() < m_maximumThreads) {
             try {
-                m_threads.emplace_back([this] { serve(); });
+                m_threads.push_back(reportedThread([this] { serve(); }));
             } catch (const std::system_error&) {
                 // The system gives no more: those that there are take the work in turn, and while there
                 // is none the next call tries again.

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/x11/ReconfigurationWatch.h"
 
+#include "Vantrel/platform/posix/ReportedThread.h"
 #include "Vantrel/platform/x11/MonitorQuery.h"
 #include "Vantrel/platform/x11/XcbReply.h"
 
@@ -46,7 +47,7 @@ ReconfigurationWatch::ReconfigurationWatch(std::shared_ptr<X11Connection> connec
         m_hasCrtcChanged = false;
     }
     m_displays = readDisplays().value_or(std::vector<X11Display>{});
-    m_thread = std::thread([this] { compareUntilStopped(); });
+    m_thread = posix::reportedThread([this] { compareUntilStopped(); });
 }
 
 ReconfigurationWatch::~ReconfigurationWatch() {

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/x11/X11Connection.h"
 
+#include "Vantrel/platform/posix/ReportedThread.h"
 #include "Vantrel/platform/x11/XcbReply.h"
 
 #include <array>
@@ -66,14 +67,14 @@ X11Connection::Extensions queryExtensions(xcb_connection_t* xcb) {
     return extensions;
 }
 
-// A thread whose signals are all left to the other threads of the process.
+// A thread whose signals, but for its own crashes, are all left to the other threads of the process.
 template <typename Work>
 std::thread threadWithoutSignals(Work work) {
     sigset_t all;
     sigset_t previous;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &previous);
-    std::thread thread(std::move(work));
+    std::thread thread = posix::reportedThread(std::move(work));
     pthread_sigmask(SIG_SETMASK, &previous, nullptr);
     return thread;
 }

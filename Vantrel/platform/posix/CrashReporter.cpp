@@ -1,0 +1,250 @@
+#include "Vantrel/platform/posix/CrashReporter.h"
+
+#include "Vantrel/platform/posix/AlternateSignalStack.h"
+#include "Vantrel/platform/posix/CrashSignals.h"
+#include "Vantrel/platform/posix/FileDescriptor.h"
+#include "Vantrel/platform/posix/FrameSymbols.h"
+#include "Vantrel/platform/posix/PosixFileSystem.h"
+#include "VantrelCore/diagnostics/CrashReportNames.h"
+#include "VantrelCore/diagnostics/CrashReportText.h"
+#include "VantrelCore/diagnostics/FixedText.h"
+
+#include <array>
+#include <atomic>
+#include <charconv>
+#include <climits>
+#include <cstdlib>
+#include <ctime>
+#include <cxxabi.h>
+#include <exception>
+#include <execinfo.h>
+#include <fcntl.h>
+#include <memory>
+#include <pthread.h>
+#include <span>
+#include <typeinfo>
+#include <unistd.h>
+
+namespace vantrel::CrashReporter {
+
+namespace {
+
+constexpr unsigned ownerOnly = 0600;
+constexpr unsigned secondsForAReport = 10;
+constexpr std::size_t mostFrames = 128;
+
+// Everything a handler touches, made at install. Never destroyed: the program may crash at its very end.
+FixedText<PATH_MAX> pathBuffer;
+FixedText<2048> headerBuffer;
+std::array<void*, mostFrames> backtraceBuffer{};
+std::array<char, 20> digitScratch{};
+posix::FrameSymbols frameSymbols;
+std::size_t folderLength = 0;
+
+std::atomic<bool> isReporting = false;
+std::atomic<pthread_t> reportingThread{};
+volatile std::sig_atomic_t reportedSignal = 0;
+std::terminate_handler formerTerminateHandler = nullptr;
+
+static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<pthread_t>::is_always_lock_free,
+              "a signal handler may not lock");
+
+std::string_view signalName(int signal) {
+    switch (signal) {
+    case SIGILL:
+        return "SIGILL";
+    case SIGTRAP:
+        return "SIGTRAP";
+    case SIGABRT:
+        return "SIGABRT";
+    case SIGFPE:
+        return "SIGFPE";
+    case SIGBUS:
+        return "SIGBUS";
+    case SIGSEGV:
+        return "SIGSEGV";
+    default:
+        return "SIGNAL";
+    }
+}
+
+// As the system ends a process by this signal.
+[[noreturn]] void endBy(int signal) {
+    std::signal(signal, SIG_DFL);
+    sigset_t unblocked;
+    sigemptyset(&unblocked);
+    sigaddset(&unblocked, signal);
+    pthread_sigmask(SIG_UNBLOCK, &unblocked, nullptr);
+    std::raise(signal);
+    ::_exit(128 + signal);
+}
+
+void endUnfinished(int /*signal*/) {
+    endBy(reportedSignal);
+}
+
+// Returns to the first crash alone, which then has `secondsForAReport` for its report.
+void becomeTheReporter(int signal) {
+    if (isReporting.exchange(true)) {
+        if (::pthread_equal(reportingThread, ::pthread_self()) != 0) {
+            endBy(reportedSignal);
+        }
+        while (true) {
+            ::pause();
+        }
+    }
+    reportingThread = ::pthread_self();
+    reportedSignal = signal;
+    // The stack may be beyond walking, or a lock of the loader held for ever.
+    std::signal(SIGALRM, endUnfinished);
+    sigset_t alarm;
+    sigemptyset(&alarm);
+    sigaddset(&alarm, SIGALRM);
+    pthread_sigmask(SIG_UNBLOCK, &alarm, nullptr);
+    ::alarm(secondsForAReport);
+}
+
+// The time of the crash and `ending` behind the folder in the buffer.
+bool namePath(std::string_view ending) {
+    const auto time = std::to_chars(digitScratch.begin(), digitScratch.end(), std::time(nullptr));
+    pathBuffer.truncate(folderLength);
+    return pathBuffer.append({digitScratch.data(), time.ptr}) && pathBuffer.append(ending);
+}
+
+std::span<void* const> captureFrames() {
+    const int count = ::backtrace(backtraceBuffer.data(), static_cast<int>(backtraceBuffer.size()));
+    return std::span(backtraceBuffer).first(count > 0 ? static_cast<std::size_t>(count) : 0);
+}
+
+// What cannot be written is left out; there is nobody to tell.
+void put(const posix::FileDescriptor& file, std::string_view text) {
+    [[maybe_unused]] const auto error = file.writeAll(text);
+}
+
+// Safe in a signal handler: open, write, read and close, time, and glibc's two functions for backtraces.
+// `backtrace` loads a library and allocates when it is called first, so `install` calls it before.
+void writeSignalReport(int signal) {
+    if (!namePath(CrashReportNames::signalEnding)) {
+        return;
+    }
+    const posix::FileDescriptor file(
+        ::open(pathBuffer.data(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, ownerOnly));
+    if (!file.isOpen()) {
+        return;
+    }
+    put(file, CrashReportText::signalOpening);
+    put(file, signalName(signal));
+    put(file, "\n");
+    put(file, headerBuffer.view());
+    put(file, CrashReportText::separator);
+    for (void* const frame : captureFrames()) {
+        put(file, frameSymbols.line(frame));
+        put(file, "\n");
+    }
+}
+
+void handleSignal(int signal) {
+    becomeTheReporter(signal);
+    writeSignalReport(signal);
+    endBy(signal);
+}
+
+std::string exceptionName() {
+    const std::type_info* const type = abi::__cxa_current_exception_type();
+    if (type == nullptr) {
+        return "unknown";
+    }
+    int status = 0;
+    const std::unique_ptr<char, decltype(&std::free)> name(
+        abi::__cxa_demangle(type->name(), nullptr, nullptr, &status), &std::free);
+    return name ? name.get() : type->name();
+}
+
+std::string exceptionReason() {
+    try {
+        throw;
+    } catch (const std::exception& exception) {
+        return CrashReportText::shareableReason(exception.what());
+    } catch (...) {
+        return "none given";
+    }
+}
+
+bool writeExceptionReport() {
+    try {
+        std::string callStack;
+        for (void* const frame : captureFrames()) {
+            callStack += callStack.empty() ? "" : "\n";
+            callStack += frameSymbols.line(frame);
+        }
+        const auto report = CrashReportText::exceptionReport(
+            headerBuffer.view(),
+            {.name = exceptionName(), .reason = exceptionReason(), .callStack = std::move(callStack)});
+        PosixFileSystem files;
+        return namePath(CrashReportNames::exceptionEnding) &&
+               !files.writeAtomically(pathBuffer.data(), report);
+    } catch (...) {
+        return false;
+    }
+}
+
+// The former handler tells the exception on standard error and calls abort(). Where there is no exception,
+// or no report of it, the SIGABRT is reported.
+[[noreturn]] void handleTerminate() {
+    if (std::current_exception()) {
+        becomeTheReporter(SIGABRT);
+        if (writeExceptionReport()) {
+            std::signal(SIGABRT, SIG_DFL);
+        } else {
+            isReporting = false;
+        }
+    }
+    formerTerminateHandler();
+    std::abort();
+}
+
+// Loads what is loaded late and finds what is bound late, so that a handler need not.
+void rehearse() {
+    for (void* const frame : captureFrames()) {
+        [[maybe_unused]] const auto line = frameSymbols.line(frame);
+    }
+}
+
+} // namespace
+
+std::filesystem::path crashesDirectory(const std::filesystem::path& supportDirectory) {
+    return supportDirectory / CrashReportNames::folder;
+}
+
+void install(const std::filesystem::path& supportDirectory, const SystemDescription& system) {
+    const auto folder = crashesDirectory(supportDirectory);
+    PosixFileSystem files;
+    pathBuffer.truncate(0);
+    headerBuffer.truncate(0);
+    if (files.createDirectories(folder) || !pathBuffer.append(folder.string() + "/") ||
+        !headerBuffer.append(CrashReportText::header(system))) {
+        return;
+    }
+    folderLength = pathBuffer.size();
+    frameSymbols.prepare();
+    rehearse();
+    // For as long as the main thread lives.
+    static const auto* const stack = new posix::AlternateSignalStack();
+    static_cast<void>(stack);
+    for (const int signal : posix::crashSignals) {
+        struct sigaction action{};
+        action.sa_handler = handleSignal;
+        // Not deferred: a fault while one is reported has to come to the handler, to end the process.
+        action.sa_flags = SA_ONSTACK | SA_NODEFER;
+        sigemptyset(&action.sa_mask);
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
+void installExceptionHandler() {
+    if (formerTerminateHandler == nullptr && folderLength > 0) {
+        formerTerminateHandler = std::set_terminate(handleTerminate);
+    }
+}
+
+} // namespace vantrel::CrashReporter

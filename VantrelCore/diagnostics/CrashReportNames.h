@@ -1,0 +1,17 @@
+// How crash reports are named: one file a crash, in a folder of their own, for example
+// "1766340000-signal.crash".
+#pragma once
+
+#include <string_view>
+
+namespace vantrel::CrashReportNames {
+
+// Inside the application-support folder.
+inline constexpr std::string_view folder = "crashes";
+inline constexpr std::string_view extension = ".crash";
+
+// After the time of the crash, in whole seconds since 1970.
+inline constexpr std::string_view signalEnding = "-signal.crash";
+inline constexpr std::string_view exceptionEnding = "-exception.crash";
+
+} // namespace vantrel::CrashReportNames
