@@ -1,9 +1,12 @@
 // vantrel: the program itself, and the only place that chooses adapters and wires objects together.
+#include "Vantrel/Vendor.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/diagnostics/CrashTest.h"
+#include "Vantrel/diagnostics/CrashUpload.h"
+#include "Vantrel/diagnostics/CrashUploader.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
@@ -18,6 +21,7 @@
 #include "Vantrel/platform/posix/ThreadBackground.h"
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
+#include "Vantrel/platform/qt/QtHttpClient.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
@@ -174,6 +178,17 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
         }
     });
     const StatusIcon statusIcon(**controller, {.quit = [] { QCoreApplication::quit(); }});
+    QtHttpClient http("vantrel/" VANTREL_VERSION);
+    const std::string apiServer = vendor().apiServer;
+    CrashUploader crashUploader(files, http, queue, log,
+                                {.crashesDirectory = CrashReporter::crashesDirectory(supportDirectory),
+                                 .apiServer = apiServer,
+                                 .system = systemDescription(),
+                                 .isSendingAllowed = [&] {
+                                     return Settings(defaults).sendCrashReports().value_or(
+                                         CrashUpload::isRealServer(apiServer));
+                                 }});
+    crashUploader.uploadPendingReportsAfterDelay();
     const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
     log.write("start: vantrel " VANTREL_VERSION);
     runningLog() = &log;

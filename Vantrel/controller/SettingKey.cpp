@@ -45,6 +45,8 @@ const std::array table{
                "folders of .ics files for calendar triggers, separated by colons; absent: where calendar "
                "programs keep them"},
     SettingKey{"showHUD", boolean, true, "show what a restore or a scene did over the desk"},
+    SettingKey{"sendCrashReports", boolean, std::nullopt,
+               "send reports of vantrel's own crashes to its vendor; absent: if this build has a vendor"},
     SettingKey{"showWindowPreviews", boolean, false, "draw previews of windows"},
     SettingKey{"launchAtLogin", boolean, false, "start with the session"},
     SettingKey{"showDockIcon", boolean, std::nullopt, "show an icon in the dock; absent: none"},

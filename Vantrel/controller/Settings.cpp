@@ -29,8 +29,8 @@ std::optional<std::string> Settings::text(std::string_view key) const {
     return found ? std::optional(std::get<std::string>(*found)) : std::nullopt;
 }
 
-std::optional<bool> Settings::showDockIcon() const {
-    const auto found = value("showDockIcon");
+std::optional<bool> Settings::optionalBoolean(std::string_view key) const {
+    const auto found = value(key);
     return found ? std::optional(std::get<bool>(*found)) : std::nullopt;
 }
 

@@ -44,7 +44,10 @@ public:
         return text("settingsSelectedSection");
     }
     // None: no icon.
-    [[nodiscard]] std::optional<bool> showDockIcon() const;
+    [[nodiscard]] std::optional<bool> showDockIcon() const { return optionalBoolean("showDockIcon"); }
+
+    // None: as the build has it.
+    [[nodiscard]] std::optional<bool> sendCrashReports() const { return optionalBoolean("sendCrashReports"); }
 
     // Applying a scene hides the applications that it does not hold.
     [[nodiscard]] bool hideOthersOnSceneSwitch() const { return boolean("hideOthersOnSceneSwitch"); }
@@ -97,6 +100,7 @@ public:
 private:
     [[nodiscard]] std::optional<DefaultsValue> value(std::string_view key) const;
     [[nodiscard]] bool boolean(std::string_view key) const;
+    [[nodiscard]] std::optional<bool> optionalBoolean(std::string_view key) const;
     [[nodiscard]] std::optional<double> number(std::string_view key) const;
     [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
     // `surface` with "KeyCode" and "Modifiers" behind it names the two keys.

@@ -12,8 +12,7 @@ constexpr std::string_view leftOut = "…";
 
 // What the system says of itself stays on its line.
 std::string oneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, ' ');
+    std::ranges::replace_if(text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, ' ');
     return text;
 }
 

@@ -76,8 +76,8 @@ TEST_P(CrashReporter, LeavesOneWholeReportAndEndsByTheSameSignal) {
     EXPECT_GE(time, before);
     EXPECT_LE(time, after);
     EXPECT_THAT(text, StartsWith("kind: " + crash.opening));
-    EXPECT_THAT(text, AllOf(HasSubstr("\n---\nvantrel_crash_probe("), HasSubstr(crash.function),
-                            EndsWith("]\n")));
+    EXPECT_THAT(text,
+                AllOf(HasSubstr("\n---\nvantrel_crash_probe("), HasSubstr(crash.function), EndsWith("]\n")));
     // Neither folders nor anything of the user.
     EXPECT_THAT(text, AllOf(Not(HasSubstr("/")), Not(HasSubstr("Anna")), Not(HasSubstr("anna"))));
 }

@@ -24,6 +24,20 @@ std::filesystem::path layoutsFile(const PrivateDesk& desk) {
     return desk.home().dataFolder() / "Vantrel" / "layouts.json";
 }
 
+// Every store can be read, none was moved aside, and nothing has crashed.
+void expectWholeFiles(const PrivateDesk& desk) {
+    const auto folder = layoutsFile(desk).parent_path();
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const auto name = entry.path().filename().string();
+        EXPECT_THAT(name, Not(HasSubstr("corrupt")));
+        if (name.ends_with(".json")) {
+            std::ifstream stream(entry.path());
+            EXPECT_TRUE(nlohmann::json::parse(stream, nullptr, false).is_object()) << name;
+        }
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "crashes"));
+}
+
 // One sentence on one line.
 void expectOneSentence(const Ended& ended, const std::string& part) {
     EXPECT_EQ(ended.code, 1);
@@ -174,9 +188,44 @@ TEST(Program, KilledAtAnyMomentOfASaveItLosesNoLayout) {
     }
     const auto run = startVantrel(desk);
     EXPECT_EQ(vantrelctl(desk, {"restore"}).code, 0);
-    for (const auto& entry : std::filesystem::directory_iterator(layoutsFile(desk).parent_path())) {
-        EXPECT_THAT(entry.path().filename().string(), Not(HasSubstr("corrupt")));
+    expectWholeFiles(desk);
+}
+
+TEST(Program, EndedInTheMiddleOfARestoreItEndsSoonAndLosesNothing) {
+    PrivateDesk desk({left}, "openbox");
+    std::vector<SeenWindow> windows;
+    for (const char* const title : {"one", "two", "three"}) {
+        windows.push_back(desk.open({"xterm", "-T", title}));
     }
+    {
+        auto run = startVantrel(desk);
+        ASSERT_EQ(vantrelctl(desk, {"save"}).code, 0);
+        for (const auto& window : windows) {
+            desk.place(window.client, {{600, 500}, seenWindow(desk.connection(), window.client)->frame.size});
+        }
+        ASSERT_TRUE(desk.connection().waitUntil([&] {
+            return std::ranges::all_of(windows, [&](const SeenWindow& window) {
+                return seenWindow(desk.connection(), window.client)->frame.minX() == 600;
+            });
+        }));
+        // Nobody answers the restore, so that it is surely still at work.
+        kill(desk.windowManagerPid(), SIGSTOP);
+        ProgramRun restoring(desk, {VANTRELCTL_PROGRAM, "restore"});
+        ASSERT_TRUE(waitUntil([&] {
+            const auto status = vantrelctl(desk, {"status", "--json"});
+            return status.output.find("restoring") != std::string::npos;
+        })) << restoring.output();
+        kill(run.process().pid(), SIGTERM);
+        EXPECT_EQ(run.ended().code, 0) << run.output();
+        kill(desk.windowManagerPid(), SIGCONT);
+        EXPECT_NE(restoring.ended().code, 0) << restoring.output();
+    }
+    expectWholeFiles(desk);
+    const auto run = startVantrel(desk);
+    EXPECT_EQ(vantrelctl(desk, {"restore"}).code, 0);
+    EXPECT_TRUE(std::ranges::none_of(windows, [&](const SeenWindow& window) {
+        return seenWindow(desk.connection(), window.client)->frame.minX() == 600;
+    }));
 }
 
 } // namespace

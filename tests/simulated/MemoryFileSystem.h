@@ -14,7 +14,15 @@ namespace vantrel::simulated {
 
 class MemoryFileSystem final : public FileSystem {
 public:
-    enum class Operation : std::uint8_t { read, writeAtomically, append, rename, remove, createDirectories, list };
+    enum class Operation : std::uint8_t {
+        read,
+        writeAtomically,
+        append,
+        rename,
+        remove,
+        createDirectories,
+        list
+    };
 
     // The steps of an atomic write, in order.
     enum class WriteStep : std::uint8_t {

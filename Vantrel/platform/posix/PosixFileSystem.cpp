@@ -124,9 +124,8 @@ PosixFileSystem::list(const std::filesystem::path& directory) {
         const auto status = entry->symlink_status(gone);
         const auto modified = entry->last_write_time(gone);
         if (!gone && std::filesystem::is_regular_file(status)) {
-            files.push_back(
-                {entry->path(),
-                 std::chrono::floor<Date::duration>(std::chrono::file_clock::to_sys(modified))});
+            files.push_back({entry->path(),
+                             std::chrono::floor<Date::duration>(std::chrono::file_clock::to_sys(modified))});
         }
     }
     if (error) {

@@ -132,10 +132,9 @@ int main(int count, char** arguments) {
     const rlimit noCore{};
     setrlimit(RLIMIT_CORE, &noCore);
     handlerFate = count > 3 ? arguments[3] : "";
-    vantrel::CrashReporter::install(arguments[1], {.version = "1.2.3",
-                                                   .build = "abc",
-                                                   .operatingSystem = "Test OS 1",
-                                                   .hardware = "Test machine"});
+    vantrel::CrashReporter::install(
+        arguments[1],
+        {.version = "1.2.3", .build = "abc", .operatingSystem = "Test OS 1", .hardware = "Test machine"});
     vantrel::CrashReporter::installExceptionHandler();
     isCrashing = 1;
     crashprobe::crash(arguments[2]);
