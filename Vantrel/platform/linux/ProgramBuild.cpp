@@ -45,8 +45,9 @@ int readProgram(dl_phdr_info* object, std::size_t /*size*/, void* build) {
             continue;
         }
         // The loader gives addresses as numbers.
-        const auto* const notes = reinterpret_cast<const char*>(
-            object->dlpi_addr + segment.p_vaddr); // NOLINT(performance-no-int-to-ptr)
+        const auto address = object->dlpi_addr + segment.p_vaddr;
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
+        const auto* const notes = reinterpret_cast<const char*>(address);
         auto found = buildIn({notes, segment.p_memsz});
         if (!found.empty()) {
             *static_cast<std::string*>(build) = std::move(found);

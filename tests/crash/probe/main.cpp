@@ -19,6 +19,7 @@ namespace {
 
 volatile std::sig_atomic_t isCrashing = 0;
 std::string_view handlerFate;
+volatile int* volatile nowhere = nullptr;
 
 template <typename Function>
 Function realOne(const char* name) {
@@ -31,7 +32,6 @@ Function realOne(const char* name) {
 namespace crashprobe {
 
 [[gnu::noinline]] void writeToNowhere() {
-    volatile int* volatile nowhere = nullptr;
     *nowhere = 1;
 }
 
