@@ -1,6 +1,5 @@
 #include "tests/live/desk/SeenWindow.h"
 
-#include <algorithm>
 #include <ranges>
 
 namespace vantrel::live {
@@ -10,9 +9,19 @@ namespace {
 // A frame holds its client directly or in one window more; deeper are the programs' own widgets.
 constexpr int deepestClient = 2;
 
-std::vector<xcb_window_t> childrenOf(DeskConnection& connection, xcb_window_t window) {
-    const Reply<xcb_query_tree_reply_t> tree(
+Reply<xcb_query_tree_reply_t> treeOf(DeskConnection& connection, xcb_window_t window) {
+    return Reply<xcb_query_tree_reply_t>(
         xcb_query_tree_reply(connection.xcb(), xcb_query_tree(connection.xcb(), window), nullptr));
+}
+
+// None when the window is gone.
+xcb_window_t parentOf(DeskConnection& connection, xcb_window_t window) {
+    const auto tree = treeOf(connection, window);
+    return tree ? tree->parent : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+std::vector<xcb_window_t> childrenOf(DeskConnection& connection, xcb_window_t window) {
+    const auto tree = treeOf(connection, window);
     if (!tree) {
         return {};
     }
@@ -104,9 +113,18 @@ std::vector<SeenWindow> seenWindows(DeskConnection& connection) {
 }
 
 std::optional<SeenWindow> seenWindow(DeskConnection& connection, xcb_window_t client) {
-    const std::vector<SeenWindow> all = seenWindows(connection);
-    const auto found = std::ranges::find(all, client, &SeenWindow::client);
-    return found == all.end() ? std::nullopt : std::optional(*found);
+    if (connection.values(client, "WM_STATE").empty()) {
+        return std::nullopt;
+    }
+    xcb_window_t frameWindow = client;
+    for (auto parent = parentOf(connection, client); parent != connection.root();
+         parent = parentOf(connection, frameWindow)) {
+        if (parent == XCB_WINDOW_NONE) {
+            return std::nullopt;
+        }
+        frameWindow = parent;
+    }
+    return describe(connection, client, frameWindow);
 }
 
 Size sizeIncrement(DeskConnection& connection, xcb_window_t client) {
