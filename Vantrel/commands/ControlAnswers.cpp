@@ -48,7 +48,7 @@ StatusMessage status(const PublishedState& state, const std::filesystem::path& s
     message.phase = phase(state.phase);
     message.enabled = state.enabled;
     message.configID = state.configID;
-    message.configName = state.configName;
+    message.configName = state.deskName();
     message.activeLayoutName = state.activeLayoutName;
     message.activePinned = state.activePinned;
     if (const auto* const layout = state.activeLayout()) {
@@ -67,7 +67,7 @@ DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layou
                    const std::function<std::string(const std::string&)>& activeLayoutName) {
     DesksMessage message;
     if (!state.configID.empty()) {
-        message.desks.push_back({state.configID, state.configName, true, state.activeLayoutName, {}});
+        message.desks.push_back({state.configID, state.deskName(), true, state.activeLayoutName, {}});
     }
     for (const auto& layout : layouts) {
         auto desk = std::ranges::find(message.desks, layout.configID, &DeskMessage::configID);
@@ -118,7 +118,7 @@ std::function<void(const SaveOutcome&)> saveReply(const PublishedState& state, c
         }
         reply(nlohmann::json{{"windows", outcome.windows},
                              {"configID", state.configID},
-                             {"configName", state.configName},
+                             {"configName", state.deskName()},
                              {"layoutName", state.activeLayoutName}});
     };
 }

@@ -14,8 +14,7 @@ namespace {
 constexpr double restoredPhaseSeconds = 6;
 
 std::string layoutTitle(const PublishedState& state) {
-    const Layout* active = state.activeLayout();
-    const std::string desk = active != nullptr ? active->name : state.configName;
+    const std::string& desk = state.deskName();
     return state.activeLayoutName == Layout::defaultName ? desk : desk + " · " + state.activeLayoutName;
 }
 
@@ -106,9 +105,8 @@ Layout ControllerContext::fittedToDesk(const Layout& layout) {
 
 Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,
                                    const std::vector<DisplayInfo>& displays) {
-    const Layout* active = state().activeLayout();
     return {.configID = state().configID,
-            .name = active != nullptr ? active->name : state().configName,
+            .name = state().deskName(),
             .layoutName = state().activeLayoutName,
             .displays = displays,
             .windows = picture.windows,

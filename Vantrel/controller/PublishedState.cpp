@@ -18,6 +18,11 @@ const UndoSlot* PublishedState::applicableUndo() const {
     return undoSlot && undoSlot->configID == configID ? &*undoSlot : nullptr;
 }
 
+const std::string& PublishedState::deskName() const {
+    const Layout* const active = activeLayout();
+    return active != nullptr ? active->name : configName;
+}
+
 const Scene* PublishedState::lastAppliedScene() const {
     const auto found =
         std::ranges::find_if(scenes, [this](const Scene& scene) { return scene.id == lastAppliedSceneID; });

@@ -110,6 +110,8 @@ struct PublishedState {
     // The windows remembered in the active layout of the current desk, none without such a layout.
     [[nodiscard]] std::optional<std::int64_t> windowsLearned() const;
     [[nodiscard]] const Layout* activeLayout() const;
+    // The current desk as the user named it, else configName.
+    [[nodiscard]] const std::string& deskName() const;
     // The newest stash of the current desk.
     [[nodiscard]] const Stash* activeStash() const;
     // The undo slot when it is about the current desk.

@@ -14,7 +14,7 @@ void setPinned(AppController& controller, bool isPinned, const ControlReply& rep
     const auto& state = controller.published();
     if (controller.setPinned(isPinned)) {
         reply(nlohmann::json{{"configID", state.configID},
-                             {"configName", state.configName},
+                             {"configName", state.deskName()},
                              {"layoutName", state.activeLayoutName},
                              {"pinned", state.activePinned}});
         return;

@@ -50,7 +50,7 @@ void tellChange(AppController& controller, LayoutChange change, const std::strin
     const auto& state = controller.published();
     reply(change.kind == LayoutChange::Kind::done
               ? ControlAnswer({{"configID", state.configID},
-                               {"configName", state.configName},
+                               {"configName", state.deskName()},
                                {"layoutName", name},
                                {"activeLayoutName", state.activeLayoutName}})
               : refused(change.text()));

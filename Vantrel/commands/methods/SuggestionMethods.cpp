@@ -11,7 +11,7 @@ using Arguments = std::vector<std::string>;
 nlohmann::json describe(const PublishedState& state) {
     nlohmann::json json{{"isSuggested", state.patternSuggestion.has_value()},
                         {"configID", state.configID},
-                        {"configName", state.configName}};
+                        {"configName", state.deskName()}};
     if (state.patternSuggestion) {
         json["signature"] = state.patternSuggestion->signature;
     }
