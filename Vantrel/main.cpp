@@ -7,14 +7,17 @@
 #include "Vantrel/diagnostics/CrashTest.h"
 #include "Vantrel/diagnostics/CrashUpload.h"
 #include "Vantrel/diagnostics/CrashUploader.h"
+#include "Vantrel/diagnostics/UpdateChecker.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/linux/HardwareModel.h"
 #include "Vantrel/platform/linux/ProgramBuild.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
 #include "Vantrel/platform/posix/CrashReporter.h"
+#include "Vantrel/platform/posix/MachineIDFile.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
@@ -36,6 +39,8 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDesktopServices>
+#include <QUrl>
 
 #include <cstdio>
 #include <cstdlib>
@@ -109,6 +114,10 @@ void endWithTheServer() {
     }
 }
 
+void openPage(const std::string& url) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+}
+
 // Runs until it is told to end.
 ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnection bus) {
     const auto supportDirectory = UserFolders::supportDirectory();
@@ -118,6 +127,16 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     AppLog log(supportDirectory, files, clock);
     QtUserDefaults defaults(UserFolders::settingsFile(), files,
                             [&log](const std::string& message) { log.write(message); });
+    QtHttpClient http("vantrel/" VANTREL_VERSION);
+    MachineIDFile machine(files);
+    const Vendor vendor = vantrel::vendor();
+    LicenseManager license({.supportDirectory = supportDirectory,
+                            .recordCopy = UserFolders::settingsFile().parent_path() / "license-record.json",
+                            .apiServer = vendor.apiServer,
+                            .publicKey = vendor.licensePublicKey,
+                            .log = [&log](const std::string& message) { log.write(message); }},
+                           files, clock, queue, http, machine);
+    license.start();
     const auto desk = std::make_shared<X11Desk>(connection);
     X11Accessibility accessibility(desk);
     X11DisplayServices displays(connection);
@@ -135,8 +154,9 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
-    const ControllerPorts ports{accessibility, displays,  workspace, systemEvents, defaults,  clock,  queue,
-                                background,    localZone, calendar,  focus,        *pictures, hotKeys};
+    const ControllerPorts ports{accessibility, displays,  workspace,  systemEvents, defaults,
+                                clock,         queue,     background, localZone,    calendar,
+                                focus,         *pictures, hotKeys,    license};
     auto controller = AppController::create(
         ports, files, log,
         {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});
@@ -171,26 +191,36 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
         say("No window manager that moves windows on request is running yet; waiting for one.");
     }
     CrashReporter::installExceptionHandler();
+    UpdateChecker updates({.currentVersion = VANTREL_VERSION,
+                           .apiServer = vendor.apiServer,
+                           .website = vendor.website,
+                           .openPage = openPage},
+                          defaults, clock, queue, http, log);
+    updates.setChangeHandler([&] { (*controller)->setLatestAvailable(updates.latestAvailable()); });
     HUDOverlay overlay;
     (*controller)->setHUDHandler([&](const HUDEvent& event) {
         if (Settings(defaults).showHUD()) {
             overlay.show(HUDText::of(event));
         }
     });
-    const StatusIcon statusIcon(**controller, {.quit = [] { QCoreApplication::quit(); }});
-    QtHttpClient http("vantrel/" VANTREL_VERSION);
-    const std::string apiServer = vendor().apiServer;
     CrashUploader crashUploader(files, http, queue, log,
                                 {.crashesDirectory = CrashReporter::crashesDirectory(supportDirectory),
-                                 .apiServer = apiServer,
+                                 .apiServer = vendor.apiServer,
                                  .system = systemDescription(),
                                  .isSendingAllowed = [&] {
                                      return Settings(defaults).sendCrashReports().value_or(
-                                         CrashUpload::isRealServer(apiServer));
+                                         CrashUpload::isRealServer(vendor.apiServer));
                                  }});
     crashUploader.uploadPendingReportsAfterDelay();
     const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
+    const StatusIcon statusIcon(**controller,
+                                {.purchase = [&] { openPage(vendor.apiServer + "/buy/personal"); },
+                                 .checkForUpdates = [&] { updates.checkForUpdates(); },
+                                 .quit = [] { QCoreApplication::quit(); }});
     log.write("start: vantrel " VANTREL_VERSION);
+    if (CrashUpload::isRealServer(vendor.apiServer)) {
+        updates.startup();
+    }
     runningLog() = &log;
     (*controller)->watchForPermission();
     (*controller)->startEngine();

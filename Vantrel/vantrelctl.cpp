@@ -2,6 +2,7 @@
 #include "Vantrel/commands/verbs/DeskVerbs.h"
 #include "Vantrel/commands/verbs/HotKeyVerbs.h"
 #include "Vantrel/commands/verbs/LayoutVerbs.h"
+#include "Vantrel/commands/verbs/LicenseVerbs.h"
 #include "Vantrel/commands/verbs/RuleVerbs.h"
 #include "Vantrel/commands/verbs/SceneVerbs.h"
 #include "Vantrel/commands/verbs/SettingsVerbs.h"
@@ -78,6 +79,7 @@ int main(int argumentCount, char** arguments) {
     addRuleVerbs(verbs, app);
     addSettingsVerbs(verbs, app);
     addHotKeyVerbs(verbs, app);
+    addLicenseVerbs(verbs, app);
     addShellVerbs(verbs, app, VANTREL_VERSION);
 
     if (argumentCount < 2) {

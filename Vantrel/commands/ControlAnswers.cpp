@@ -60,6 +60,8 @@ StatusMessage status(const PublishedState& state, const std::filesystem::path& s
     }
     message.displays = state.displays;
     message.supportDirectory = supportDirectory.string();
+    message.license = LicenseMessage::of(state.entitlement);
+    message.latestAvailable = state.latestAvailable;
     return message;
 }
 

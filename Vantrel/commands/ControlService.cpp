@@ -7,6 +7,7 @@
 #include "Vantrel/commands/methods/HotKeyMethods.h"
 #include "Vantrel/commands/methods/IntentMethods.h"
 #include "Vantrel/commands/methods/LayoutMethods.h"
+#include "Vantrel/commands/methods/LicenseMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
 #include "Vantrel/commands/methods/SettingsMethods.h"
@@ -47,6 +48,7 @@ std::vector<ControlMethod> controlMethods(AppController& controller,
     add(ruleMethods(controller));
     add(settingsMethods(controller.defaults()));
     add(hotKeyMethods(controller));
+    add(licenseMethods(controller));
     return all;
 }
 

@@ -20,13 +20,20 @@ void from_json(const nlohmann::json& json, PhaseMessage& phase) {
 }
 
 void to_json(nlohmann::json& json, const StatusMessage& status) {
-    json = {{"version", status.version},           {"phase", status.phase},
-            {"enabled", status.enabled},           {"configID", status.configID},
-            {"configName", status.configName},     {"activeLayoutName", status.activeLayoutName},
-            {"activePinned", status.activePinned}, {"layoutNames", status.layoutNames},
-            {"displays", status.displays},         {"supportDirectory", status.supportDirectory}};
+    json = {{"version", status.version},
+            {"phase", status.phase},
+            {"enabled", status.enabled},
+            {"configID", status.configID},
+            {"configName", status.configName},
+            {"activeLayoutName", status.activeLayoutName},
+            {"activePinned", status.activePinned},
+            {"layoutNames", status.layoutNames},
+            {"displays", status.displays},
+            {"supportDirectory", status.supportDirectory},
+            {"license", status.license}};
     put(json, "savedWindows", status.savedWindows);
     put(json, "savedAt", status.savedAt);
+    put(json, "latestAvailable", status.latestAvailable);
 }
 
 void from_json(const nlohmann::json& json, StatusMessage& status) {
@@ -40,6 +47,8 @@ void from_json(const nlohmann::json& json, StatusMessage& status) {
     status.layoutNames = required<std::vector<std::string>>(json, "layoutNames");
     status.displays = required<std::vector<DisplayInfo>>(json, "displays");
     status.supportDirectory = required<std::string>(json, "supportDirectory");
+    status.license = required<LicenseMessage>(json, "license");
+    status.latestAvailable = optional<std::string>(json, "latestAvailable");
     status.savedWindows = optional<std::int64_t>(json, "savedWindows");
     status.savedAt = optional<Date>(json, "savedAt");
 }

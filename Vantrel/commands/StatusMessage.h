@@ -1,6 +1,7 @@
 // What the running program says of itself, as it goes over the session bus.
 #pragma once
 
+#include "Vantrel/commands/LicenseMessage.h"
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/DisplayInfo.h"
 
@@ -42,6 +43,9 @@ struct StatusMessage {
     std::vector<std::string> layoutNames;
     std::vector<DisplayInfo> displays;
     std::string supportDirectory;
+    LicenseMessage license;
+    // The newer version on offer.
+    std::optional<std::string> latestAvailable;
 
     bool operator==(const StatusMessage&) const = default;
 };

@@ -75,8 +75,11 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
         m_undo.noteHidden(bundleIDs);
     };
     m_context.ownBundleID = std::move(options.ownBundleID);
-    m_context.licenseAllowsRunning = std::move(options.licenseAllowsRunning);
-    m_context.publisher.publish([&](PublishedState& state) { state.version = std::move(options.version); });
+    m_context.publisher.publish([&](PublishedState& state) {
+        state.version = std::move(options.version);
+        state.entitlement = m_context.ports.license.entitlement();
+    });
+    m_context.ports.license.setChangeHandler([this] { licenseChanged(); });
     showSettings();
 }
 
@@ -94,6 +97,7 @@ HotKeyFlow::Actions AppController::hotKeyActions() {
 }
 
 AppController::~AppController() {
+    m_context.ports.license.setChangeHandler({});
     m_context.ports.systemEvents.setHandlers({});
     m_context.ports.workspace.setLaunchHandler({});
     m_context.ports.defaults.setChangeHandler({});
@@ -145,6 +149,18 @@ void AppController::userDefaultsChanged() {
     m_hotKeys.settingsChanged();
     m_suggestions.refresh();
     refreshStatus();
+}
+
+void AppController::licenseChanged() {
+    m_context.publisher.publish(
+        [&](PublishedState& state) { state.entitlement = m_context.ports.license.entitlement(); });
+    if (m_context.entitledToRun()) {
+        m_learning.snapshotIfChanged();
+    }
+}
+
+void AppController::setLatestAvailable(std::optional<std::string> version) {
+    m_context.publisher.publish([&](PublishedState& state) { state.latestAvailable = std::move(version); });
 }
 
 void AppController::showSettings() {

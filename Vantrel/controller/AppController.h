@@ -46,8 +46,6 @@ public:
         // This program's own identifier: its windows are left alone.
         std::optional<std::string> ownBundleID;
         std::string version;
-        // The licence gate's answer, asked before every capture and restore; an empty function always allows.
-        std::function<bool()> licenseAllowsRunning{};
     };
 
     // Loads the stores. Fails when the folder cannot be created. Everything passed by reference outlives the
@@ -116,6 +114,10 @@ public:
     void dismissDriftNudge() { m_nudge.dismissDriftNudge(); }
     bool reapplyDriftScene(RestoreOutcome::Done done = {});
 
+    [[nodiscard]] LicenseGate& license() { return m_context.ports.license; }
+    // The newer version on offer, to be published.
+    void setLatestAvailable(std::optional<std::string> version);
+
     // What the restores of the last days did.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
@@ -155,6 +157,7 @@ private:
     [[nodiscard]] HotKeyFlow::Actions hotKeyActions();
     void tick();
     void userDefaultsChanged();
+    void licenseChanged();
     // Publishes what the settings say about the published state.
     void showSettings();
 

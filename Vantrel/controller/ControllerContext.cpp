@@ -54,7 +54,7 @@ void ControllerContext::scheduleSnapshotResume(double seconds) {
 }
 
 bool ControllerContext::entitledToRun() {
-    const bool isEntitled = !licenseAllowsRunning || licenseAllowsRunning();
+    const bool isEntitled = ports.license.entitlement().isEntitled();
     if (m_loggedEntitled != isEntitled) {
         m_loggedEntitled = isEntitled;
         log(isEntitled ? "license gate: entitled, restore and learning resumed"

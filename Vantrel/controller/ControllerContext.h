@@ -37,8 +37,6 @@ public:
 
     // This program's own windows are never captured.
     std::optional<std::string> ownBundleID;
-    // The licence gate's answer.
-    std::function<bool()> licenseAllowsRunning;
     std::function<void(const HUDEvent&)> onHUDEvent;
 
     // No capture may be learned from: the desk is in motion or about to be.

@@ -9,6 +9,7 @@
 #include "VantrelCore/ports/DisplayServices.h"
 #include "VantrelCore/ports/FocusReader.h"
 #include "VantrelCore/ports/HotKeys.h"
+#include "VantrelCore/ports/LicenseGate.h"
 #include "VantrelCore/ports/LocalZone.h"
 #include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/SystemEvents.h"
@@ -31,6 +32,7 @@ struct ControllerPorts {
     FocusReader& focus;
     DesktopPictures& pictures;
     HotKeys& hotKeys;
+    LicenseGate& license;
 };
 
 } // namespace vantrel

@@ -38,7 +38,7 @@ void LearningFlow::snapshotIfChanged() {
         },
         [this, displays, before = epochs()](const Picture& picture) {
             if (before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&
-                m_context.isDeskCurrent()) {
+                m_context.entitledToRun() && m_context.isDeskCurrent()) {
                 finishSnapshotTick(picture, displays);
             }
             m_context.refreshStatus();

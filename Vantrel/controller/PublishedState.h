@@ -5,6 +5,7 @@
 #include "Vantrel/controller/Phase.h"
 #include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
+#include "VantrelCore/model/Entitlement.h"
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/model/RestoreReceipts.h"
@@ -104,6 +105,9 @@ struct PublishedState {
     // Every shortcut in use, fixed commands first.
     std::vector<HotKeyStatus> hotKeys;
     std::string version;
+    // The newer version on offer; none when this one is current, as far as is known.
+    std::optional<std::string> latestAvailable;
+    Entitlement entitlement;
 
     bool operator==(const PublishedState&) const = default;
 

@@ -30,8 +30,15 @@ std::vector<StatusItemMenuEntry> entries(const PublishedState& state) {
             scenes.push_back({scene.id, scene.name});
         }
     }
-    return StatusItemMenuBuilder::build(scenes, state.undoSlot ? std::optional(state.undoSlot->reason)
-                                                               : std::nullopt);
+    return StatusItemMenuBuilder::withNotices(
+        StatusItemMenuBuilder::build(scenes,
+                                     state.undoSlot ? std::optional(state.undoSlot->reason) : std::nullopt),
+        state.entitlement.kind == Entitlement::Kind::trialOver, state.latestAvailable);
+}
+
+bool isOnlySaid(const StatusItemMenuEntry& entry) {
+    const auto* const notice = std::get_if<StatusItem::Notice>(&entry);
+    return notice != nullptr && notice->kind == StatusItem::Notice::Kind::trialEnded;
 }
 
 } // namespace
@@ -101,6 +108,7 @@ void StatusIcon::fillMenu(const std::vector<StatusItemMenuEntry>& wanted) {
             m_menu.addSeparator();
         } else if (isOffered(entry)) {
             QAction* const action = m_menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry)));
+            action->setEnabled(!isOnlySaid(entry));
             QObject::connect(action, &QAction::triggered, [this, entry] { perform(entry); });
         }
     }
@@ -121,6 +129,11 @@ void StatusIcon::perform(const StatusItemMenuEntry& entry) {
         m_actions.openLayouts();
     } else if (std::holds_alternative<StatusItem::Settings>(entry)) {
         m_actions.openSettings();
+    } else if (const auto* const notice = std::get_if<StatusItem::Notice>(&entry)) {
+        const bool isPurchase = notice->kind == StatusItem::Notice::Kind::purchase;
+        if (const auto& action = isPurchase ? m_actions.purchase : m_actions.checkForUpdates) {
+            action();
+        }
     } else if (std::holds_alternative<StatusItem::Quit>(entry) && m_actions.quit) {
         m_actions.quit();
     }

@@ -24,6 +24,8 @@ public:
         std::function<void()> openPanel{};
         std::function<void()> openLayouts{};
         std::function<void()> openSettings{};
+        std::function<void()> purchase{};
+        std::function<void()> checkForUpdates{};
         std::function<void()> quit{};
     };
 

@@ -1,5 +1,7 @@
 #include "VantrelCore/commands/StatusItemMenu.h"
 
+#include "VantrelCore/updates/UpdateOffer.h"
+
 namespace vantrel::StatusItemMenuBuilder {
 
 namespace {
@@ -19,6 +21,8 @@ struct Title {
     std::string operator()(StatusItem::Settings /*settings*/) const { return "Settings…"; }
 
     std::string operator()(StatusItem::Quit /*quit*/) const { return "Quit Vantrel"; }
+
+    std::string operator()(const StatusItem::Notice& notice) const { return notice.title; }
 };
 
 } // namespace
@@ -34,6 +38,26 @@ std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>
     entries.emplace_back(StatusItem::Layouts{});
     entries.emplace_back(StatusItem::Settings{});
     entries.emplace_back(StatusItem::Quit{});
+    return entries;
+}
+
+std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries, bool isTrialOver,
+                                             const std::optional<std::string>& latestAvailable) {
+    using StatusItem::Notice;
+    std::vector<StatusItemMenuEntry> above;
+    if (isTrialOver) {
+        above.emplace_back(Notice{Notice::Kind::trialEnded, "Trial ended"});
+        above.emplace_back(Notice{Notice::Kind::purchase, "Get Vantrel · $19"});
+    }
+    if (latestAvailable) {
+        above.emplace_back(Notice{Notice::Kind::updateAvailable, UpdateOffer::caption(*latestAvailable)});
+    }
+    if (!above.empty()) {
+        above.emplace_back(StatusItem::Separator{});
+    }
+    const auto last = entries.empty() ? entries.end() : entries.end() - 1;
+    entries.insert(last, Notice{Notice::Kind::checkForUpdates, "Check for Updates…"});
+    entries.insert(entries.begin(), above.begin(), above.end());
     return entries;
 }
 

@@ -1,6 +1,7 @@
 // The context menu of the status item: which entries, in which order, with which titles.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,21 +45,39 @@ struct Quit {
     bool operator==(const Quit&) const = default;
 };
 
+// Shown besides the entries that are always there.
+struct Notice {
+    enum class Kind : std::uint8_t {
+        // Only says so.
+        trialEnded,
+        // Opens the purchase page.
+        purchase,
+        updateAvailable,
+        checkForUpdates,
+    };
+
+    Kind kind = Kind::trialEnded;
+    std::string title;
+    bool operator==(const Notice&) const = default;
+};
+
 } // namespace StatusItem
 
-using StatusItemMenuEntry =
-    std::variant<StatusItem::SceneEntry, StatusItem::UndoLastRestore, StatusItem::RestoreNow,
-                 StatusItem::Separator, StatusItem::Layouts, StatusItem::Settings, StatusItem::Quit>;
+using StatusItemMenuEntry = std::variant<StatusItem::SceneEntry, StatusItem::UndoLastRestore,
+                                         StatusItem::RestoreNow, StatusItem::Separator, StatusItem::Layouts,
+                                         StatusItem::Settings, StatusItem::Quit, StatusItem::Notice>;
 
 namespace StatusItemMenuBuilder {
-
-// Shown in addition while the licence gate reports the trial as over; the second opens the purchase page.
-inline constexpr std::string_view trialEndedTitle = "Trial ended";
-inline constexpr std::string_view purchaseTitle = "Get Vantrel · $19";
 
 // `scenes` are those of the current desk, in the order to show; no `undoReason` means nothing to undo.
 [[nodiscard]] std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>& scenes,
                                                      const std::optional<std::string>& undoReason);
+
+// The entries with what is to be said about trial and updates above them, and the command that looks for
+// updates before the last one.
+[[nodiscard]] std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries,
+                                                           bool isTrialOver,
+                                                           const std::optional<std::string>& latestAvailable);
 
 // A scene goes by its own name; a separator has no title.
 [[nodiscard]] std::string title(const StatusItemMenuEntry& entry);

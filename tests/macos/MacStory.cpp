@@ -92,24 +92,22 @@ std::vector<std::string> MacStory::stacking() const {
 }
 
 void MacStory::start() {
-    auto created = AppController::create({.accessibility = m_accessibility,
-                                          .displays = m_displayServices,
-                                          .workspace = workspace,
-                                          .systemEvents = system,
-                                          .defaults = m_defaults,
-                                          .clock = time,
-                                          .mainQueue = time,
-                                          .background = time,
-                                          .localZone = zone,
-                                          .calendar = calendar,
-                                          .focus = focus,
-                                          .pictures = pictures,
-                                          .hotKeys = m_hotKeys},
-                                         files, log,
-                                         {.supportDirectory = folder,
-                                          .ownBundleID = "org.vantrel.Vantrel",
-                                          .version = "1.0.0",
-                                          .licenseAllowsRunning = [] { return true; }});
+    auto created = AppController::create(
+        {.accessibility = m_accessibility,
+         .displays = m_displayServices,
+         .workspace = workspace,
+         .systemEvents = system,
+         .defaults = m_defaults,
+         .clock = time,
+         .mainQueue = time,
+         .background = time,
+         .localZone = zone,
+         .calendar = calendar,
+         .focus = focus,
+         .pictures = pictures,
+         .hotKeys = m_hotKeys,
+         .license = license},
+        files, log, {.supportDirectory = folder, .ownBundleID = "org.vantrel.Vantrel", .version = "1.0.0"});
     controller = std::move(created.value());
     controller->watchForPermission();
     controller->startEngine();

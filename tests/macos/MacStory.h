@@ -12,6 +12,7 @@
 #include "tests/simulated/MemoryFileSystem.h"
 #include "tests/simulated/SimulatedCalendar.h"
 #include "tests/simulated/SimulatedFocus.h"
+#include "tests/simulated/SimulatedLicense.h"
 #include "tests/simulated/SimulatedPictures.h"
 #include "tests/simulated/SimulatedSystemEvents.h"
 #include "tests/simulated/SimulatedTime.h"
@@ -69,6 +70,7 @@ public:
     simulated::SimulatedCalendar calendar{time};
     simulated::SimulatedFocus focus;
     simulated::SimulatedPictures pictures;
+    simulated::SimulatedLicense license;
     AppLog log;
     std::unique_ptr<AppController> controller;
 

@@ -3,6 +3,7 @@
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/TextCells.h"
 #include "VantrelCore/stores/StashStore.h"
+#include "VantrelCore/updates/UpdateOffer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -89,7 +90,11 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
                                 wholePoints(display.frame.minY())));
         label = "";
     }
+    line("license", status.license.reason);
     line("files", status.supportDirectory);
+    if (status.latestAvailable) {
+        text += UpdateOffer::caption(*status.latestAvailable) + '\n';
+    }
     return text;
 }
 

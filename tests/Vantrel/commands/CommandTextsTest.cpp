@@ -61,6 +61,8 @@ TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
     status.displays[1].name = "Monitor";
     status.displays[1].frame = {{1920, -240}, {2560, 1440}};
     status.supportDirectory = "/data/Vantrel";
+    status.license.reason = "The trial ends in 3 days.";
+    status.latestAvailable = "1.10";
     EXPECT_EQ(CommandTexts::status(status, {}, dateText),
               "state     1 window remembered\n"
               "desk      Monitor + Laptop\n"
@@ -68,7 +70,9 @@ TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
               "layouts   Default, Reading\n"
               "displays  Laptop 1920x1200 at 0,0\n"
               "          Monitor 2560x1440 at 1920,-240\n"
-              "files     /data/Vantrel\n");
+              "license   The trial ends in 3 days.\n"
+              "files     /data/Vantrel\n"
+              "Update available · v1.10\n");
 }
 
 TEST(CommandTexts, DesksNameTheirOtherLayouts) {

@@ -31,6 +31,16 @@ StatusMessage exampleStatus() {
     status.displays.resize(2);
     status.displays[1].name = "Right";
     status.supportDirectory = "/home/user/.local/share/Vantrel";
+    status.license = LicenseMessage::of({.kind = Entitlement::Kind::licensed,
+                                         .reason = "Licensed.",
+                                         .license = License{.id = "1",
+                                                            .product = "vantrel",
+                                                            .machine = "m",
+                                                            .plan = "personal",
+                                                            .issuedAt = *status.savedAt,
+                                                            .expiresAt = status.savedAt,
+                                                            .holder = "Ada"}});
+    status.latestAvailable = "1.3";
     return status;
 }
 

@@ -74,9 +74,9 @@ TEST_F(Launched, NothingMovesWhereAnythingStandsAgainstIt) {
     story.defaults.set("placeNewAppsEnabled", false);
     staysWhereItOpened("switched off by the setting");
     story.defaults.set("placeNewAppsEnabled", true);
-    story.isLicensed = false;
+    story.license.setEntitled(false);
     staysWhereItOpened("not entitled");
-    story.isLicensed = true;
+    story.license.setEntitled(true);
     story.controller->setEnabled(false);
     staysWhereItOpened("switched off");
     story.controller->setEnabled(true);

@@ -136,14 +136,23 @@ TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {
     EXPECT_FALSE(story.controller->restoreNow(RestoreSource::menu));
 
     story.controller->setEnabled(true);
-    story.isLicensed = false;
+    story.license.setEntitled(false);
+    EXPECT_EQ(story.logged("license gate: not entitled, restore and learning paused"), 1U);
+    EXPECT_FALSE(story.published().entitlement.isEntitled());
     story.learn();
     EXPECT_EQ(story.desk.captures().size(), readings);
-    EXPECT_EQ(story.logged("license gate: not entitled, restore and learning paused"), 1U);
 
-    story.isLicensed = true;
-    story.learn();
+    story.license.setEntitled(true);
     EXPECT_EQ(story.logged("license gate: entitled, restore and learning resumed"), 2U);
+    story.runFor(1);
+    EXPECT_EQ(story.desk.captures().size(), readings + 1) << "learning resumes at once";
+    // The capture that would be learned is under way when the entitlement ends.
+    ASSERT_TRUE(story.time.runUntil([&] { return story.desk.captures().size() == readings + 4; }, 70));
+    story.license.setEntitled(false);
+    story.runFor(5);
+    EXPECT_FALSE(story.storedLayout().has_value());
+    story.license.setEntitled(true);
+    story.learn();
     EXPECT_TRUE(story.storedLayout().has_value());
 }
 

@@ -41,7 +41,8 @@ RandomStory::RandomStory(std::uint64_t seed)
         expect(priority != WorkPriority::utility ||
                    (!controller.snapshotsSuspended() && !controller.restoreInFlight()),
                "nothing is captured for learning while suspended or restoring");
-        expect(priority != WorkPriority::utility || (!m_story.system.isAway() && m_story.isLicensed),
+        expect(priority != WorkPriority::utility ||
+                   (!m_story.system.isAway() && m_story.license.entitlement().isEntitled()),
                "nothing is captured for learning while locked, asleep or not entitled");
     };
 }
@@ -238,9 +239,9 @@ void RandomStory::clockJumps() {
 }
 
 void RandomStory::licenseRunsOut() {
-    m_story.isLicensed = false;
+    m_story.license.setEntitled(false);
     m_story.runFor(seconds(0, 70));
-    m_story.isLicensed = true;
+    m_story.license.setEntitled(true);
 }
 
 void RandomStory::settleDelayChanges() {

@@ -51,7 +51,7 @@ TEST_F(RestoreOutcomes, ARefusalNamesItsReason) {
     story.controller->setEnabled(false);
     EXPECT_FALSE(ask());
     story.controller->setEnabled(true);
-    story.isLicensed = false;
+    story.license.setEntitled(false);
     EXPECT_FALSE(ask());
     EXPECT_THAT(told, ElementsAre(Kind::switchedOff, Kind::notEntitled));
 

@@ -34,24 +34,22 @@ void Story::openPrograms() {
 
 void Story::start() {
     controller.reset();
-    auto created = AppController::create({.accessibility = desk.accessibility(),
-                                          .displays = desk.displayServices(),
-                                          .workspace = workspace,
-                                          .systemEvents = system,
-                                          .defaults = defaults,
-                                          .clock = time,
-                                          .mainQueue = time,
-                                          .background = time,
-                                          .localZone = zone,
-                                          .calendar = calendar,
-                                          .focus = focus,
-                                          .pictures = pictures,
-                                          .hotKeys = hotKeys},
-                                         files, log,
-                                         {.supportDirectory = folder,
-                                          .ownBundleID = "org.example.vantrel",
-                                          .version = "1.2.3",
-                                          .licenseAllowsRunning = [this] { return isLicensed; }});
+    auto created = AppController::create(
+        {.accessibility = desk.accessibility(),
+         .displays = desk.displayServices(),
+         .workspace = workspace,
+         .systemEvents = system,
+         .defaults = defaults,
+         .clock = time,
+         .mainQueue = time,
+         .background = time,
+         .localZone = zone,
+         .calendar = calendar,
+         .focus = focus,
+         .pictures = pictures,
+         .hotKeys = hotKeys,
+         .license = license},
+        files, log, {.supportDirectory = folder, .ownBundleID = "org.example.vantrel", .version = "1.2.3"});
     controller = std::move(created.value());
     controller->watchForPermission();
     controller->startEngine();

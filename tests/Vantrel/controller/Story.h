@@ -9,6 +9,7 @@
 #include "tests/simulated/SimulatedDesk.h"
 #include "tests/simulated/SimulatedFocus.h"
 #include "tests/simulated/SimulatedHotKeys.h"
+#include "tests/simulated/SimulatedLicense.h"
 #include "tests/simulated/SimulatedPictures.h"
 #include "tests/simulated/SimulatedSystemEvents.h"
 #include "tests/simulated/SimulatedWorkspace.h"
@@ -38,9 +39,9 @@ public:
     SimulatedCalendar calendar{time};
     SimulatedFocus focus;
     SimulatedPictures pictures;
+    SimulatedLicense license;
     AppLog log;
     std::unique_ptr<AppController> controller;
-    bool isLicensed = true;
 
     // A browser with two windows, a terminal and a mail program, spread over the displays.
     void openPrograms();

@@ -88,7 +88,7 @@ TEST_F(Triggers, NoneFiresWhileTheProgramMayNotOrCannotMoveWindows) {
     add(SceneTrigger::FocusMode{"Work"}, {scene});
     const std::pair<std::function<void()>, std::function<void()>> hindrances[] = {
         {[&] { story.controller->setEnabled(false); }, [&] { story.controller->setEnabled(true); }},
-        {[&] { story.isLicensed = false; }, [&] { story.isLicensed = true; }},
+        {[&] { story.license.setEntitled(false); }, [&] { story.license.setEntitled(true); }},
         {[&] { story.system.setAsleep(true); }, [&] { story.system.setAsleep(false); }},
         {[&] { EXPECT_TRUE(story.controller->triggers().setTriggerEnabled(id, false)); },
          [&] { EXPECT_TRUE(story.controller->triggers().setTriggerEnabled(id, true)); }}};

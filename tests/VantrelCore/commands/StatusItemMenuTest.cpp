@@ -30,5 +30,17 @@ TEST(StatusItemMenu, ScenesComeFirstInTheirOrderAndUndoBehindRestore) {
     EXPECT_EQ(entries[3], StatusItemMenuEntry(StatusItem::UndoLastRestore{"Display change"}));
 }
 
+TEST(StatusItemMenu, SaysAboveWhatIsToBeSaidOfTrialAndUpdates) {
+    const auto all =
+        StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), true, "1.2");
+    EXPECT_THAT(titles(all),
+                ElementsAre("Trial ended", "Get Vantrel · $19", "Update available · v1.2", "-", "Restore now",
+                            "-", "Layouts…", "Settings…", "Check for Updates…", "Quit Vantrel"));
+    const auto none = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt),
+                                                         false, std::nullopt);
+    EXPECT_THAT(titles(none), ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…",
+                                          "Quit Vantrel"));
+}
+
 } // namespace
 } // namespace vantrel

@@ -1,0 +1,37 @@
+// What the running program says of trial and licence, as it goes over the session bus.
+#pragma once
+
+#include "VantrelCore/model/Entitlement.h"
+
+#include <cstdint>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+
+namespace vantrel {
+
+struct LicenseMessage {
+    bool entitled = false;
+    // "notNeeded", "licensed", "trial", "trialOver" or "refused".
+    std::string state;
+    // For people.
+    std::string reason;
+    // With trial and trialOver.
+    std::optional<Date> trialEndsAt;
+    // With trial.
+    std::optional<std::int64_t> trialDaysLeft;
+    // With licensed, and with an expired license.
+    std::optional<std::string> id;
+    std::optional<std::string> plan;
+    std::optional<std::string> holder;
+    std::optional<Date> expiresAt;
+
+    bool operator==(const LicenseMessage&) const = default;
+
+    [[nodiscard]] static LicenseMessage of(const Entitlement& entitlement);
+};
+
+void to_json(nlohmann::json& json, const LicenseMessage& message);
+void from_json(const nlohmann::json& json, LicenseMessage& message);
+
+} // namespace vantrel

@@ -1,0 +1,180 @@
+#include "Vantrel/licensing/LicenseManager.h"
+
+#include "VantrelCore/licensing/EarliestUse.h"
+#include "VantrelCore/licensing/LicenseAnswers.h"
+#include "VantrelCore/licensing/LicensedMachine.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// In seconds. After the machine has slept, the trial's end is noticed at the latest after this.
+constexpr double tickInterval = 3600;
+
+std::string machineHash(MachineIdentity& machine) {
+    const auto identity = machine.machineID();
+    return identity ? LicensedMachine::hash(*identity) : "";
+}
+
+} // namespace
+
+LicenseManager::LicenseManager(Options options, FileSystem& files, Clock& clock, MainQueue& queue,
+                               HttpClient& http, MachineIdentity& machine)
+    : m_options(std::move(options)), m_clock(clock), m_queue(queue), m_http(http), m_fileSystem(files),
+      m_machine(machineHash(machine)), m_key(LicenseDocuments::publicKey(m_options.publicKey)),
+      m_files(m_options.supportDirectory / "license.json", m_options.recordCopy, m_machine, files) {}
+
+void LicenseManager::start() {
+    if (m_options.publicKey.empty()) {
+        m_entitlement = LicenseDecision::notNeeded();
+        return;
+    }
+    if (!m_key) {
+        m_entitlement.reason = "This build's vendor key cannot be used.";
+        return;
+    }
+    const LicenseDecision::AtStart at{
+        .main = m_files.readMain(),
+        .copy = m_files.readCopy(),
+        .earliestUse = [this] { return earliestUse(m_options.supportDirectory, m_fileSystem); },
+        .machine = m_machine,
+        .key = *m_key,
+        .now = m_clock.now()};
+    auto decided = LicenseDecision::start(at);
+    m_files.keepAside(decided);
+    m_lastTick = m_clock.monotonicSeconds();
+    keep(std::move(decided.record), std::move(decided.license));
+    m_options.log("license: " + m_entitlement.reason);
+    scheduleTick();
+}
+
+bool LicenseManager::keep(LicenseRecord record, std::optional<License> license) {
+    m_record = std::move(record);
+    m_license = std::move(license);
+    const bool isWritten = m_files.write(m_record);
+    if (!isWritten) {
+        m_options.log("license: the record could not be written");
+    }
+    decide();
+    return isWritten;
+}
+
+void LicenseManager::decide() {
+    auto entitlement = LicenseDecision::entitlement(m_record, m_license, m_clock.now());
+    if (std::exchange(m_entitlement, std::move(entitlement)) != m_entitlement && m_handler) {
+        m_handler();
+    }
+}
+
+void LicenseManager::tick() {
+    const double monotonic = m_clock.monotonicSeconds();
+    const Date passed = dateAfter(m_record.latestSeen, monotonic - std::exchange(m_lastTick, monotonic));
+    auto record = m_record;
+    record.latestSeen = LicenseDecision::effectiveNow(record, m_license, std::max(passed, m_clock.now()));
+    keep(std::move(record), m_license);
+    scheduleTick();
+}
+
+void LicenseManager::scheduleTick() {
+    m_tick.reset();
+    if (const auto change = LicenseDecision::nextChange(m_entitlement)) {
+        const double left = secondsBetween(m_record.latestSeen, *change);
+        m_tick = m_queue.after(std::clamp(left, 1.0, tickInterval), [this] { tick(); });
+    }
+}
+
+std::optional<std::string> LicenseManager::hindrance() const {
+    if (m_entitlement.kind == Entitlement::Kind::notNeeded || !m_key) {
+        return m_entitlement.reason;
+    }
+    if (m_machine.empty()) {
+        return "This computer has no identity that a license could be bound to.";
+    }
+    if (m_exchange) {
+        return "The server is being asked already.";
+    }
+    return std::nullopt;
+}
+
+void LicenseManager::activate(const std::string& key, Done done) {
+    if (const auto reason = hindrance()) {
+        done(std::unexpected(*reason));
+        return;
+    }
+    const auto typed = LicenseAnswers::key(key);
+    if (!typed) {
+        done(std::unexpected("That is not a license key."));
+        return;
+    }
+    ask(LicenseAnswers::activation(m_options.apiServer, *typed, m_machine), done,
+        [this](const HttpResult& result) { return takeLicense(result); });
+}
+
+void LicenseManager::deactivate(Done done) {
+    if (const auto reason = hindrance()) {
+        done(std::unexpected(*reason));
+        return;
+    }
+    if (!m_license) {
+        done(std::unexpected("There is no license on this computer."));
+        return;
+    }
+    ask(LicenseAnswers::deactivation(m_options.apiServer, *m_license), done,
+        [this](const HttpResult& result) { return dropLicense(result); });
+}
+
+void LicenseManager::ask(const HttpRequest& request, const Done& done,
+                         std::function<std::expected<void, std::string>(const HttpResult&)> answered) {
+    m_exchange = m_http.send(request, [this, done, answered = std::move(answered)](const HttpResult& result) {
+        const auto ended = std::move(m_exchange);
+        const auto outcome = answered(result);
+        if (!outcome) {
+            m_options.log("license: " + outcome.error());
+        }
+        scheduleTick();
+        done(outcome);
+    });
+}
+
+std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& result) {
+    auto document = LicenseAnswers::activated(result);
+    if (!document) {
+        return std::unexpected(std::move(document.error()));
+    }
+    const auto license = LicenseDocuments::verify(*document, *m_key);
+    auto problem = license ? LicenseDocuments::objection(*license, m_machine, m_record.deactivated)
+                           : std::optional(license.error());
+    auto record = m_record;
+    record.document = *std::move(document);
+    record.problem.reset();
+    if (!problem && !LicenseDecision::entitlement(record, *license, m_clock.now()).isEntitled()) {
+        problem = LicenseProblem::expired;
+    }
+    if (problem) {
+        return std::unexpected("The server's answer was not accepted. " +
+                               LicenseProblems::sentence(*problem) + " Nothing was changed.");
+    }
+    const bool isWritten = keep(std::move(record), *license);
+    m_options.log("license: activated");
+    return isWritten ? std::expected<void, std::string>{}
+                     : std::unexpected("Licensed until the end of this run only: the license could not be "
+                                       "written to disk. Activate it again when that is possible.");
+}
+
+std::expected<void, std::string> LicenseManager::dropLicense(const HttpResult& result) {
+    if (auto agreement = LicenseAnswers::deactivated(result); !agreement) {
+        return agreement;
+    }
+    auto record = m_record;
+    record.deactivated.push_back(m_license->id);
+    record.document.reset();
+    const bool isWritten = keep(std::move(record), std::nullopt);
+    m_options.log("license: deactivated");
+    return isWritten ? std::expected<void, std::string>{}
+                     : std::unexpected("The license was given back, but that could not be written to disk.");
+}
+
+} // namespace vantrel

@@ -1,0 +1,25 @@
+// The computer's identity as Linux systems keep it: made when the system was installed.
+#pragma once
+
+#include "VantrelCore/ports/FileSystem.h"
+#include "VantrelCore/ports/MachineIdentity.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace vantrel {
+
+class MachineIDFile final : public MachineIdentity {
+public:
+    // `places` are asked in their order.
+    explicit MachineIDFile(FileSystem& files, std::vector<std::filesystem::path> places = {
+                                                  "/etc/machine-id", "/var/lib/dbus/machine-id"});
+
+    [[nodiscard]] std::optional<std::string> machineID() override;
+
+private:
+    FileSystem& m_files;
+    std::vector<std::filesystem::path> m_places;
+};
+
+} // namespace vantrel

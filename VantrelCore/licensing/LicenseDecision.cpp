@@ -1,0 +1,120 @@
+#include "VantrelCore/licensing/LicenseDecision.h"
+
+#include "VantrelCore/text/CountedNoun.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace vantrel::LicenseDecision {
+
+namespace {
+
+std::string dayText(Date date) {
+    return iso8601Text(date).substr(0, 10);
+}
+
+bool isIntact(const FileReading& file) {
+    return file && file->has_value();
+}
+
+std::optional<LicenseProblem> problemOf(const FileReading& file) {
+    return file && !file->has_value() ? std::optional(file->error()) : std::nullopt;
+}
+
+// A trial whose record was lost counts from the oldest use that is remembered.
+LicenseRecord newRecord(const AtStart& at) {
+    const auto earliest = at.earliestUse ? at.earliestUse() : std::nullopt;
+    return {.trialStartedAt = std::min(at.now, earliest.value_or(at.now)), .latestSeen = at.now};
+}
+
+LicenseRecord knownRecord(const AtStart& at) {
+    if (isIntact(at.main)) {
+        return isIntact(at.copy) ? LicenseRecords::merged(**at.main, **at.copy) : **at.main;
+    }
+    return isIntact(at.copy) ? **at.copy : newRecord(at);
+}
+
+} // namespace
+
+Start start(const AtStart& at) {
+    Start result{.record = knownRecord(at)};
+    LicenseRecord& record = result.record;
+    result.mayWriteMain = problemOf(at.main) != LicenseProblem::unreadable;
+    result.mayWriteCopy = problemOf(at.copy) != LicenseProblem::unreadable;
+    result.keepsMainAside = problemOf(at.main) && result.mayWriteMain;
+    result.keepsCopyAside = problemOf(at.copy) && result.mayWriteCopy;
+    if (!isIntact(at.main)) {
+        // A copy that is broken is mended from the file; without the file it is all there was.
+        record.problem = problemOf(at.main) ? problemOf(at.main) : problemOf(at.copy);
+    }
+    if (record.document) {
+        const auto license = LicenseDocuments::verify(*record.document, at.key);
+        const auto problem = license ? LicenseDocuments::objection(*license, at.machine, record.deactivated)
+                                     : std::optional(license.error());
+        if (problem) {
+            record.problem = problem;
+            record.document.reset();
+            result.keepsMainAside = true;
+        } else {
+            record.problem.reset();
+            result.license = *license;
+        }
+    }
+    record.latestSeen = effectiveNow(record, result.license, at.now);
+    return result;
+}
+
+Date effectiveNow(const LicenseRecord& record, const std::optional<License>& license, Date now) {
+    const Date latest = std::max(now, record.latestSeen);
+    return license ? std::max(latest, license->issuedAt) : latest;
+}
+
+Entitlement entitlement(const LicenseRecord& record, const std::optional<License>& license, Date now) {
+    using Kind = Entitlement::Kind;
+    const Date present = effectiveNow(record, license, now);
+    if (license && license->expiresAt && present >= *license->expiresAt) {
+        return {.kind = Kind::refused,
+                .reason = fmt::format("The license has expired on {}.", dayText(*license->expiresAt)),
+                .license = license};
+    }
+    if (license) {
+        return {.kind = Kind::licensed,
+                .reason = fmt::format("Licensed for this computer{}.",
+                                      license->expiresAt ? " until " + dayText(*license->expiresAt) : ""),
+                .license = license};
+    }
+    if (record.problem) {
+        return {.kind = Kind::refused,
+                .reason = LicenseProblems::sentence(*record.problem) +
+                          (record.problem == LicenseProblem::unreadable
+                               ? " Look at its permissions."
+                               : " It is kept as license.json.corrupt. Activate your key again.")};
+    }
+    const Date end = record.trialStartedAt + trialLength;
+    if (present >= end) {
+        return {
+            .kind = Kind::trialOver,
+            .reason =
+                "The trial has ended. What was saved is kept; a license brings restoring and learning back.",
+            .trialEndsAt = end};
+    }
+    const auto days = std::chrono::ceil<std::chrono::days>(end - present).count();
+    return {.kind = Kind::trial,
+            .reason = fmt::format("The trial ends in {}.", countedNoun(days, "day")),
+            .trialEndsAt = end,
+            .trialDaysLeft = days};
+}
+
+Entitlement notNeeded() {
+    return {.kind = Entitlement::Kind::notNeeded,
+            .reason = "This build has no vendor's key and needs no license."};
+}
+
+std::optional<Date> nextChange(const Entitlement& entitlement) {
+    if (entitlement.kind == Entitlement::Kind::trial) {
+        return entitlement.trialEndsAt;
+    }
+    return entitlement.kind == Entitlement::Kind::licensed ? entitlement.license->expiresAt : std::nullopt;
+}
+
+} // namespace vantrel::LicenseDecision

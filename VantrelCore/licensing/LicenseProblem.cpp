@@ -1,0 +1,45 @@
+#include "VantrelCore/licensing/LicenseProblem.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vantrel::LicenseProblems {
+
+namespace {
+
+struct Row {
+    LicenseProblem problem;
+    std::string_view name;
+    std::string_view sentence;
+};
+
+constexpr std::array rows{
+    Row{LicenseProblem::damaged, "damaged", "The license file is damaged."},
+    Row{LicenseProblem::changed, "changed",
+        "The license file was changed by something else than Vantrel, or comes from another computer."},
+    Row{LicenseProblem::unreadable, "unreadable", "The license file cannot be read."},
+    Row{LicenseProblem::malformed, "malformed", "The license is not in a form that is understood."},
+    Row{LicenseProblem::unknownAlgorithm, "unknownAlgorithm", "The license is not signed with Ed25519."},
+    Row{LicenseProblem::badSignature, "badSignature", "The license was not signed by the vendor."},
+    Row{LicenseProblem::otherProduct, "otherProduct", "The license is for another program."},
+    Row{LicenseProblem::otherMachine, "otherMachine", "The license is for another computer."},
+    Row{LicenseProblem::deactivated, "deactivated", "The license was deactivated on this computer."},
+    Row{LicenseProblem::expired, "expired", "The license has expired."},
+};
+
+} // namespace
+
+std::string sentence(LicenseProblem problem) {
+    return std::string(std::ranges::find(rows, problem, &Row::problem)->sentence);
+}
+
+std::string_view name(LicenseProblem problem) {
+    return std::ranges::find(rows, problem, &Row::problem)->name;
+}
+
+std::optional<LicenseProblem> named(std::string_view name) {
+    const auto* const found = std::ranges::find(rows, name, &Row::name);
+    return found == rows.end() ? std::nullopt : std::optional(found->problem);
+}
+
+} // namespace vantrel::LicenseProblems

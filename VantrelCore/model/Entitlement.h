@@ -1,0 +1,38 @@
+// Whether this copy may learn and restore, and why.
+#pragma once
+
+#include "VantrelCore/model/License.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace vantrel {
+
+struct Entitlement {
+    enum class Kind : std::uint8_t {
+        // This build needs no licence.
+        notNeeded,
+        licensed,
+        trial,
+        trialOver,
+        // What is stored about the licence does not hold: it was damaged, changed, copied or has expired.
+        refused,
+    };
+
+    Kind kind = Kind::notNeeded;
+    // A sentence or two for people.
+    std::string reason;
+    // With trial and trialOver.
+    std::optional<Date> trialEndsAt{};
+    // With trial: begun days count.
+    std::optional<std::int64_t> trialDaysLeft{};
+    // With licensed, and with an expired one.
+    std::optional<License> license{};
+
+    bool operator==(const Entitlement&) const = default;
+
+    [[nodiscard]] bool isEntitled() const { return kind != Kind::trialOver && kind != Kind::refused; }
+};
+
+} // namespace vantrel

@@ -1,0 +1,237 @@
+// The licence gate on virtual time, with a server and a disk that do as they are told.
+#include "Vantrel/licensing/LicenseManager.h"
+
+#include "tests/server/TestLicense.h"
+#include "tests/simulated/MemoryFileSystem.h"
+#include "tests/simulated/SimulatedHttp.h"
+#include "tests/simulated/SimulatedTime.h"
+
+#include <gmock/gmock.h>
+
+using namespace vantrel;
+using namespace ::testing;
+using Kind = Entitlement::Kind;
+namespace TestLicense = vantrel::testing::TestLicense;
+
+namespace {
+
+constexpr const char* licenseFile = "/support/Vantrel/license.json";
+constexpr const char* copyFile = "/config/vantrel/license-record.json";
+constexpr double day = 86'400;
+
+struct Machine final : MachineIdentity {
+    std::optional<std::string> identity = std::string(32, '1');
+    std::optional<std::string> machineID() override { return identity; }
+};
+
+class LicenseGateTest : public Test {
+protected:
+    LicenseGateTest() {
+        http.server = [this](const HttpRequest& request) { return answer(request); };
+        start();
+    }
+
+    void start(const std::string& publicKey = TestLicense::publicKey()) {
+        gate.reset();
+        gate = std::make_unique<LicenseManager>(
+            LicenseManager::Options{.supportDirectory = "/support/Vantrel",
+                                    .recordCopy = copyFile,
+                                    .apiServer = "https://api.test",
+                                    .publicKey = publicKey,
+                                    .log = [this](const std::string& message) { log.push_back(message); }},
+            files, time, time, http, machine);
+        gate->setChangeHandler([this] { ++changes; });
+        gate->start();
+    }
+
+    // A vendor's server that gives every activation an id of its own.
+    HttpResult answer(const HttpRequest& request) {
+        const auto body = nlohmann::json::parse(request.body);
+        if (request.url == "https://api.test/activate" && body.at("key") == "GOOD-KEY") {
+            return HttpResponse{200, TestLicense::signedLicense(body.at("machine"),
+                                                                "license-" + std::to_string(++activations))};
+        }
+        return HttpResponse{request.url == "https://api.test/deactivate" ? 204 : 404, ""};
+    }
+
+    // What came of it; "done" when it went well.
+    std::string told(const std::function<void(LicenseGate::Done)>& ask) {
+        std::string outcome = "nothing";
+        ask([&](const auto& result) { outcome = result ? "done" : result.error(); });
+        time.runFor(5);
+        return outcome;
+    }
+    std::string activate(const std::string& key = "GOOD-KEY") {
+        return told([&](auto done) { gate->activate(key, done); });
+    }
+    std::string deactivate() {
+        return told([&](auto done) { gate->deactivate(done); });
+    }
+    [[nodiscard]] Kind kind() const { return gate->entitlement().kind; }
+
+    simulated::SimulatedTime time;
+    simulated::MemoryFileSystem files;
+    simulated::SimulatedHttp http{time};
+    Machine machine;
+    int activations = 0;
+    int changes = 0;
+    std::vector<std::string> log;
+    std::unique_ptr<LicenseManager> gate;
+};
+
+} // namespace
+
+TEST_F(LicenseGateTest, TheTrialEndsByItselfAndIsToldOnce) {
+    EXPECT_EQ(gate->entitlement().trialDaysLeft, 14);
+    time.runFor(14 * day - 1);
+    EXPECT_EQ(kind(), Kind::trial);
+    changes = 0;
+    time.runFor(3);
+    EXPECT_EQ(kind(), Kind::trialOver);
+    EXPECT_EQ(changes, 1);
+    start();
+    EXPECT_EQ(kind(), Kind::trialOver);
+}
+
+TEST_F(LicenseGateTest, TheTrialEndsAlsoWhenTheClockIsKeptBack) {
+    for (int i = 0; i < 15; ++i) {
+        time.runFor(day);
+        time.setWallClock(dateFromIso8601("2026-03-02T00:00:00Z").value());
+        start();
+    }
+    EXPECT_EQ(kind(), Kind::trialOver);
+}
+
+TEST_F(LicenseGateTest, AKeyIsActivatedOnceAndHoldsOfflineForEver) {
+    time.runFor(20 * day);
+    EXPECT_EQ(activate(" GOOD-KEY\n"), "done");
+    EXPECT_EQ(kind(), Kind::licensed);
+    const auto& request = http.requests.at(0);
+    EXPECT_EQ(nlohmann::json::parse(request.body).at("key"), "GOOD-KEY");
+    EXPECT_THAT(request.body, Not(HasSubstr(*machine.identity))) << "the computer's identity stays here";
+    EXPECT_THAT(log, Each(Not(HasSubstr("GOOD-KEY"))));
+
+    http.server = {};
+    time.runFor(400 * day);
+    start();
+    EXPECT_EQ(kind(), Kind::licensed);
+    EXPECT_EQ(http.requests.size(), 1U);
+}
+
+TEST_F(LicenseGateTest, WhateverGoesWrongWithTheServerNothingChanges) {
+    const auto before = files.content(licenseFile);
+    const auto stays = [&](const std::string& outcome, const char* part) {
+        EXPECT_THAT(outcome, HasSubstr(part));
+        EXPECT_EQ(files.content(licenseFile), before);
+        EXPECT_EQ(changes, 1) << "told of a change";
+    };
+    stays(activate("BAD-KEY"), "The server does not accept this key (404).");
+    stays(activate("two words"), "That is not a license key.");
+    stays(deactivate(), "There is no license on this computer.");
+    http.server = {};
+    stays(activate(), "The server cannot be reached. Nothing was changed.");
+    const std::string strange = TestLicense::signedLicense(std::string(64, 'b'));
+    for (const auto& [body, part] : {std::pair<std::string, const char*>{"garbage", "is no license"},
+                                     {strange, "for another computer"},
+                                     {TestLicense::document("{}", 'x').dump(), "not signed by the vendor"}}) {
+        http.server = [&](const HttpRequest&) { return HttpResponse{200, body}; };
+        stays(activate(), part);
+    }
+    machine.identity.reset();
+    files.put(licenseFile, "");
+    start();
+    EXPECT_THAT(activate(), HasSubstr("no identity"));
+}
+
+TEST_F(LicenseGateTest, OneQuestionAtATime) {
+    std::string second;
+    gate->activate("GOOD-KEY", [](const auto&) {});
+    gate->activate("GOOD-KEY", [&](const auto& result) { second = result ? "done" : result.error(); });
+    EXPECT_THAT(second, HasSubstr("already"));
+    time.runFor(5);
+    EXPECT_EQ(kind(), Kind::licensed);
+    EXPECT_EQ(activate(), "done") << "again is harmless";
+}
+
+TEST_F(LicenseGateTest, WhatWasGivenBackCannotBePutBack) {
+    ASSERT_EQ(activate(), "done");
+    const auto stolen = files.content(licenseFile).value();
+    http.server = [](const HttpRequest&) { return HttpResponse{500, ""}; };
+    EXPECT_THAT(deactivate(), HasSubstr("(500)"));
+    EXPECT_EQ(kind(), Kind::licensed);
+
+    http.server = [this](const HttpRequest& request) { return answer(request); };
+    EXPECT_EQ(deactivate(), "done");
+    EXPECT_EQ(kind(), Kind::trial);
+    files.put(licenseFile, stolen);
+    start();
+    EXPECT_EQ(kind(), Kind::refused);
+    EXPECT_THAT(gate->entitlement().reason, HasSubstr("deactivated"));
+    EXPECT_EQ(files.content("/support/Vantrel/license.json.corrupt"), stolen);
+    start();
+    EXPECT_EQ(kind(), Kind::refused) << "and stays so";
+    EXPECT_EQ(activate(), "done") << "until it is licensed again";
+    start();
+    EXPECT_EQ(kind(), Kind::licensed);
+}
+
+TEST_F(LicenseGateTest, AFileThatWasDamagedOrEditedIsKeptAndSaysWhy) {
+    auto edited = files.content(licenseFile).value();
+    edited.replace(edited.find("2026-03-02"), 10, "2099-03-02");
+    for (const auto& [content, word] : {std::pair<std::string, const char*>{"\xff half a fi", "damaged"},
+                                        {edited, "changed"},
+                                        {"", "damaged"}}) {
+        files.put(licenseFile, content);
+        start();
+        EXPECT_EQ(kind(), Kind::refused);
+        EXPECT_THAT(gate->entitlement().reason, HasSubstr(word));
+        EXPECT_EQ(files.content("/support/Vantrel/license.json.corrupt"), content);
+    }
+    EXPECT_EQ(activate(), "done");
+}
+
+TEST_F(LicenseGateTest, RemovingRecordsBeginsNoNewTrial) {
+    time.runFor(10 * day);
+    for (const auto& gone : {std::vector{licenseFile}, {copyFile}}) {
+        for (const char* const file : gone) {
+            EXPECT_FALSE(files.remove(file));
+        }
+        start();
+        EXPECT_EQ(gate->entitlement().trialDaysLeft, 4);
+    }
+    files.put("/support/Vantrel/usage.json",
+              R"({"restores":1,"windowsVantrel":1,"sceneSwitches":0,"stashUses":0,"undoUses":0,"deskIDs":[],)"
+              R"("firstRecordedAt":"2026-03-05T00:00:00Z"})");
+    EXPECT_FALSE(files.remove(licenseFile));
+    EXPECT_FALSE(files.remove(copyFile));
+    start();
+    EXPECT_EQ(gate->entitlement().trialDaysLeft, 7);
+}
+
+TEST_F(LicenseGateTest, AFullDiskIsSaidAndChangesNothingThatIsStored) {
+    ASSERT_EQ(activate(), "done");
+    const auto before = files.content(licenseFile);
+    files.failAll(simulated::MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    EXPECT_THAT(activate(), HasSubstr("could not be written to disk"));
+    EXPECT_EQ(kind(), Kind::licensed);
+    EXPECT_EQ(files.content(licenseFile), before);
+    files.stopFailing();
+    files.failReading(licenseFile, std::errc::permission_denied);
+    start();
+    EXPECT_EQ(kind(), Kind::refused);
+    files.stopFailing();
+    EXPECT_EQ(files.content(licenseFile), before) << "what cannot be read is not written over";
+}
+
+TEST_F(LicenseGateTest, ABuildWithoutAVendorNeedsNoLicense) {
+    for (const auto& file : files.files()) {
+        EXPECT_FALSE(files.remove(file));
+    }
+    start("");
+    EXPECT_EQ(kind(), Kind::notNeeded);
+    EXPECT_TRUE(gate->entitlement().isEntitled());
+    EXPECT_THAT(activate(), HasSubstr("needs no license"));
+    time.runFor(400 * day);
+    EXPECT_THAT(files.files(), IsEmpty());
+    EXPECT_THAT(http.requests, IsEmpty());
+}
