@@ -31,6 +31,6 @@ endif()
 
 # Sources of one folder tree, so that a new file needs no edit elsewhere.
 function(vantrel_sources result folder)
-    file(GLOB_RECURSE found CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.h")
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.h" "${folder}/*.mm")
     set(${result} ${found} PARENT_SCOPE)
 endfunction()

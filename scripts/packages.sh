@@ -74,6 +74,14 @@ packages_check=(
     shellcheck
 )
 
+# For scripts/mac/check-link and scripts/mac/icons alone; npm brings the compiler.
+# shellcheck disable=SC2034
+packages_mac=(
+    librsvg2-bin
+    llvm-19
+    npm
+)
+
 # For scripts/package alone.
 # shellcheck disable=SC2034
 packages_packaging=(

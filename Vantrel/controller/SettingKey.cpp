@@ -6,6 +6,9 @@
 #include <array>
 #include <charconv>
 #include <fmt/format.h>
+#include <ios>
+#include <locale>
+#include <sstream>
 
 namespace vantrel {
 
@@ -78,12 +81,21 @@ const std::array table{
 };
 
 // The whole text as a number.
-template <typename Number>
-std::optional<Number> parsed(const std::string& text) {
-    Number value{};
+std::optional<std::int64_t> wholeNumber(const std::string& text) {
+    std::int64_t value = 0;
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
     return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
+}
+
+// libc++ 17, as on macOS 13 and 14, has no std::from_chars for these.
+std::optional<double> realNumber(const std::string& text) {
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic());
+    double value = 0;
+    const bool isWholeText =
+        stream >> std::noskipws >> value && stream.peek() == std::istringstream::traits_type::eof();
+    return isWholeText ? std::optional(value) : std::nullopt;
 }
 
 std::optional<DefaultsValue> valueOf(SettingKey::Type type, const std::string& written) {
@@ -94,9 +106,9 @@ std::optional<DefaultsValue> valueOf(SettingKey::Type type, const std::string& w
         }
         return std::nullopt;
     case integer:
-        return parsed<std::int64_t>(written);
+        return wholeNumber(written);
     case number:
-        return parsed<double>(written);
+        return realNumber(written);
     case text:
         return DefaultsValue(written);
     }

@@ -1,9 +1,13 @@
-#include "Vantrel/platform/macos/DockIcon.h"
 #include "Vantrel/platform/macos/FocusFilterReader.h"
+#include "Vantrel/platform/macos/LaunchNotice.h"
 #include "Vantrel/platform/macos/MacFolders.h"
 #include "Vantrel/platform/macos/MacLocalZone.h"
+#include "Vantrel/platform/macos/MacMachineIdentity.h"
+#include "Vantrel/platform/macos/ProgramPresence.h"
 #include "Vantrel/platform/macos/StandardUpdater.h"
+#include "Vantrel/platform/macos/SystemFacts.h"
 #include "tests/macos/CocoaTest.h"
+#include "tests/macos/fake/Registry.h"
 
 #include <gmock/gmock.h>
 
@@ -25,9 +29,29 @@ TEST_F(ProgramOnTheMac, FollowsATravellersTimeZone) {
 }
 
 TEST_F(ProgramOnTheMac, HasAnIconInTheDockOnlyWhenTold) {
-    DockIcon::setShown(false);
-    DockIcon::setShown(true);
+    ProgramPresence::setShown(false);
+    ProgramPresence::setShown(true);
     EXPECT_THAT(mac().calls, ElementsAre("policy 1", "policy 0"));
+}
+
+TEST_F(ProgramOnTheMac, ComesToTheFrontAndOpensPages) {
+    ProgramPresence::activate();
+    EXPECT_TRUE(ProgramPresence::openPage("https://www.vantrel.example/download/"));
+    EXPECT_FALSE(ProgramPresence::openPage("no page"));
+    EXPECT_FALSE(ProgramPresence::openPage("\xff"));
+    EXPECT_THAT(mac().calls,
+                ElementsAre("activate, ignoring others", "open https://www.vantrel.example/download/"));
+}
+
+TEST_F(ProgramOnTheMac, KnowsWhichMacItIsOn) {
+    MacMachineIdentity machine;
+    EXPECT_EQ(machine.machineID(), std::nullopt);
+    registry().services["IOPlatformExpertDevice"] = {{{"IOPlatformUUID", text("4C1E")}}};
+    EXPECT_EQ(machine.machineID(), "4C1E");
+    registry().services["IOPlatformExpertDevice"] = {{{"IOPlatformUUID", number(1)}}};
+    EXPECT_EQ(machine.machineID(), std::nullopt);
+    registry().services["IOPlatformExpertDevice"] = {{}};
+    EXPECT_EQ(machine.machineID(), std::nullopt);
 }
 
 TEST_F(ProgramOnTheMac, KeepsItsFilesInTheUsersApplicationSupport) {
@@ -54,6 +78,35 @@ TEST_F(ProgramOnTheMac, DoesWithoutAnUpdaterThatIsNotThere) {
     const auto updater = StandardUpdater::start();
     objc::setClassHidden("SPUStandardUpdaterController", false);
     EXPECT_EQ(updater, nullptr);
+}
+
+TEST_F(ProgramOnTheMac, HearsOnceThatLaunchingHasFinished) {
+    constexpr const char* finished = "NSApplicationDidFinishLaunchingNotification";
+    int early = 0;
+    int late = 0;
+    const LaunchNotice before([&] { ++early; });
+    EXPECT_EQ(early, 0);
+    mac().isFinishedLaunching = true;
+    const LaunchNotice after([&] { ++late; });
+    {
+        const LaunchNotice gone([&] { ++late; });
+    }
+    EXPECT_EQ(late, 0);
+    cocoa::runMainQueue();
+    EXPECT_EQ(late, 1);
+    cocoa::post(cocoa::Center::program, finished);
+    cocoa::runMainQueue();
+    EXPECT_EQ(early, 1);
+    EXPECT_EQ(late, 1);
+}
+
+TEST_F(ProgramOnTheMac, KnowsItsMacAndItsBuild) {
+    EXPECT_EQ(SystemFacts::hardwareModel(), "Mac14,2");
+    EXPECT_EQ(SystemFacts::programBuild(), "7.1");
+    mac().hardwareModel.reset();
+    mac().isVersionNumber = true;
+    EXPECT_EQ(SystemFacts::hardwareModel(), "unknown");
+    EXPECT_EQ(SystemFacts::programBuild(), "unknown");
 }
 
 TEST(FocusFilter, TellsOfEachFocusThatTurnsOnOnce) {

@@ -1,5 +1,7 @@
 #include "Vantrel/platform/macos/MacSystemEvents.h"
+#include "Vantrel/platform/macos/SessionState.h"
 #include "tests/macos/CocoaTest.h"
+#include "tests/macos/fake/Session.h"
 
 #include <gmock/gmock.h>
 
@@ -82,6 +84,21 @@ TEST_F(SystemEventsOfTheMac, NothingIsToldAfterTheEnd) {
     postEverybody("com.apple.screenIsLocked");
     cocoa::runMainQueue();
     EXPECT_EQ(cocoa::observers(), 0U);
+}
+
+using SessionOfTheMac = PlatformTest;
+
+TEST_F(SessionOfTheMac, IsLockedOnlyWhenTheWindowServerSaysSo) {
+    EXPECT_FALSE(SessionState::isLocked());
+    const std::vector<std::pair<Value, bool>> cases{{boolean(true), true}, {boolean(false), false},
+                                                    {number(1), true},     {number(0), false},
+                                                    {text("yes"), false},  {null(), false}};
+    for (const auto& [value, isLocked] : cases) {
+        setSession({{{"CGSSessionScreenIsLocked", value}}});
+        EXPECT_EQ(SessionState::isLocked(), isLocked);
+    }
+    setSession({{{"kCGSSessionOnConsoleKey", boolean(true)}}});
+    EXPECT_FALSE(SessionState::isLocked());
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "Vantrel/platform/macos/DisplayRegistry.h"
 
 #include "Vantrel/platform/macos/CFText.h"
+#include "Vantrel/platform/macos/RegistryObject.h"
 
-#include <IOKit/IOKitLib.h>
 #include <array>
 #include <utility>
 
@@ -13,25 +13,6 @@ namespace {
 // The services that a display may hang on, in the order in which they are asked.
 constexpr std::array portClasses{"AppleDCPDPTXRemotePortUFP", "AppleATCDPAltModePort", "AppleATCDPHDMIPort",
                                  "AppleATCDPINAdapterPort"};
-
-// One object of the registry; null is none.
-class RegistryObject {
-public:
-    explicit RegistryObject(io_object_t object) : m_object(object) {}
-    ~RegistryObject() {
-        if (m_object != IO_OBJECT_NULL) {
-            IOObjectRelease(m_object);
-        }
-    }
-    RegistryObject(const RegistryObject&) = delete;
-    RegistryObject& operator=(const RegistryObject&) = delete;
-
-    [[nodiscard]] io_object_t get() const { return m_object; }
-    explicit operator bool() const { return m_object != IO_OBJECT_NULL; }
-
-private:
-    io_object_t m_object;
-};
 
 std::optional<EdidHint> hintOf(io_service_t service) {
     const auto property = CFRef<CFTypeRef>::adopt(

@@ -2,26 +2,23 @@
 // updates.
 #pragma once
 
+#include "VantrelCore/ports/AppUpdater.h"
+
 #include <memory>
 
 namespace vantrel {
 
-// Used on the main thread.
-class StandardUpdater {
+class StandardUpdater final : public AppUpdater {
 public:
     // Loads the framework from the application's own folder and starts its updater. Null where the
     // application was built without it.
     [[nodiscard]] static std::unique_ptr<StandardUpdater> start();
 
-    ~StandardUpdater();
-    StandardUpdater(const StandardUpdater&) = delete;
-    StandardUpdater& operator=(const StandardUpdater&) = delete;
+    ~StandardUpdater() override;
 
-    // Looks for an update and shows what it finds.
-    void checkForUpdates();
-
-    [[nodiscard]] bool automaticallyChecksForUpdates() const;
-    void setAutomaticallyChecksForUpdates(bool checks);
+    void checkForUpdates() override;
+    [[nodiscard]] bool automaticallyChecksForUpdates() const override;
+    void setAutomaticallyChecksForUpdates(bool checks) override;
 
 private:
     struct State;

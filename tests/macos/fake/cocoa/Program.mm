@@ -3,7 +3,32 @@
 
 #import <AppKit/AppKit.h>
 
+#include <algorithm>
+#include <cstring>
+#include <sys/sysctl.h>
+
 using namespace vantrel::fake::cocoa;
+
+namespace {
+
+id fakeBundleVersion() {
+    return vantrel::fake::cocoa::system().isVersionNumber ? static_cast<id>([NSNumber numberWithInt:7])
+                                                          : @"7.1";
+}
+
+} // namespace
+
+int sysctlbyname(const char* name, void* value, size_t* size, void* /*newValue*/, size_t /*newSize*/) {
+    const auto& model = vantrel::fake::cocoa::system().hardwareModel;
+    if (std::strcmp(name, "hw.model") != 0 || !model) {
+        return -1;
+    }
+    if (value != nullptr) {
+        std::memcpy(value, model->c_str(), std::min(*size, model->size() + 1));
+    }
+    *size = model->size() + 1;
+    return 0;
+}
 
 @implementation NSTimeZone {
     std::string _name;
@@ -51,7 +76,7 @@ static std::string knownZone;
     return YES;
 }
 - (id)objectForInfoDictionaryKey:(NSString*)key {
-    return [key isEqualToString:@"CFBundleShortVersionString"] ? @"1.2.3" : nil;
+    return [key isEqualToString:@"CFBundleVersion"] ? fakeBundleVersion() : nil;
 }
 @end
 

@@ -83,6 +83,9 @@ struct System {
     std::string bundleID = "org.vantrel.Vantrel";
     std::string frameworksPath = "/Applications/Vantrel.app/Contents/Frameworks";
     bool isFinishedLaunching = false;
+    // The bundle's build is a number instead of a text.
+    bool isVersionNumber = false;
+    std::optional<std::string> hardwareModel = "Mac14,2";
     // Of the updater.
     bool checksForUpdates = true;
 };

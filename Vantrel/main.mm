@@ -1,0 +1,217 @@
+// Vantrel on macOS: the program itself, and the only place that chooses adapters and wires objects together.
+#include "Vantrel/Vendor.h"
+#include "Vantrel/commands/IntentsBridge.h"
+#include "Vantrel/controller/AppController.h"
+#include "Vantrel/controller/AppLog.h"
+#include "Vantrel/diagnostics/CrashTest.h"
+#include "Vantrel/diagnostics/CrashUpload.h"
+#include "Vantrel/diagnostics/CrashUploader.h"
+#include "Vantrel/diagnostics/UpdateChecker.h"
+#include "Vantrel/interface/HUDOverlay.h"
+#include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/licensing/LicenseManager.h"
+#include "Vantrel/platform/macos/CarbonHotKeys.h"
+#include "Vantrel/platform/macos/FocusFilterReader.h"
+#include "Vantrel/platform/macos/LaunchNotice.h"
+#include "Vantrel/platform/macos/MacAccessibility.h"
+#include "Vantrel/platform/macos/MacCalendarReader.h"
+#include "Vantrel/platform/macos/MacDesktopPictures.h"
+#include "Vantrel/platform/macos/MacDisplayServices.h"
+#include "Vantrel/platform/macos/MacFolders.h"
+#include "Vantrel/platform/macos/MacLocalZone.h"
+#include "Vantrel/platform/macos/MacMachineIdentity.h"
+#include "Vantrel/platform/macos/MacMainQueue.h"
+#include "Vantrel/platform/macos/MacSystemEvents.h"
+#include "Vantrel/platform/macos/MacUserDefaults.h"
+#include "Vantrel/platform/macos/MacWorkspace.h"
+#include "Vantrel/platform/macos/MissionControl.h"
+#include "Vantrel/platform/macos/ProgramPresence.h"
+#include "Vantrel/platform/macos/RunningApplications.h"
+#include "Vantrel/platform/macos/Screens.h"
+#include "Vantrel/platform/macos/SessionState.h"
+#include "Vantrel/platform/macos/StandardUpdater.h"
+#include "Vantrel/platform/macos/SystemFacts.h"
+#include "Vantrel/platform/posix/CrashReporter.h"
+#include "Vantrel/platform/posix/PosixFileSystem.h"
+#include "Vantrel/platform/posix/SystemClock.h"
+#include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/qt/OperatingSystemName.h"
+#include "Vantrel/platform/qt/QtHttpClient.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <cstdlib>
+#include <fmt/format.h>
+
+namespace {
+
+using namespace vantrel;
+
+constexpr const char* ownBundleID = "org.vantrel.Vantrel";
+
+int complain(const std::string& sentence) {
+    fmt::print(stderr, "Vantrel: {}\n", sentence);
+    QMessageBox::critical(nullptr, "Vantrel", QString::fromStdString(sentence));
+    return 1;
+}
+
+SystemDescription systemDescription() {
+    return {.version = VANTREL_VERSION,
+            .build = SystemFacts::programBuild(),
+            .operatingSystem = operatingSystemName(),
+            .hardware = SystemFacts::hardwareModel()};
+}
+
+const char* describe(MissionControlConfig::Classification classification) {
+    switch (classification) {
+    case MissionControlConfig::Classification::winning:
+        return "winning";
+    case MissionControlConfig::Classification::losing:
+        return "losing";
+    case MissionControlConfig::Classification::unknown:
+        break;
+    }
+    return "unknown";
+}
+
+// Everything that runs, in the order of its construction: what is used outlives what uses it.
+class Program {
+public:
+    explicit Program(const std::filesystem::path& supportDirectory)
+        : m_supportDirectory(supportDirectory), m_log(supportDirectory, m_files, m_clock) {}
+
+    // Before launching finishes. Fails with a sentence.
+    [[nodiscard]] std::optional<std::string> construct() {
+        m_license.start();
+        m_updater = StandardUpdater::start();
+        m_updates.attach(m_updater.get());
+        if (CrashUpload::isRealServer(m_vendor.apiServer)) {
+            m_updates.startup();
+        }
+        m_log.write(std::string("mission control config: ") +
+                    describe(MissionControl::read().classification()));
+        const ControllerPorts ports{m_accessibility, m_displays, m_workspace,  m_systemEvents, m_defaults,
+                                    m_clock,         m_queue,    m_background, m_localZone,    m_calendar,
+                                    m_focus,         m_pictures, m_hotKeys,    m_license};
+        auto controller = AppController::create(
+            ports, m_files, m_log,
+            {.supportDirectory = m_supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});
+        if (!controller) {
+            return fmt::format("The folder {} cannot be used: {}.", m_supportDirectory.string(),
+                               controller.error().message());
+        }
+        m_controller = std::move(*controller);
+        m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
+        m_controller->setLatestAvailable(m_updates.latestAvailable());
+        m_intents.emplace(*m_controller, [this](const auto& name) { m_focus.filterRan(name); });
+        m_controller->setHUDHandler([this](const HUDEvent& event) {
+            if (Settings(m_defaults).showHUD()) {
+                m_overlay.show(HUDText::of(event));
+            }
+        });
+        return std::nullopt;
+    }
+
+    // When launching has finished.
+    void finishedLaunching() {
+        ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
+        CrashReporter::installExceptionHandler();
+        m_controller->watchForPermission();
+        m_controller->startEngine();
+        m_statusIcon.emplace(
+            *m_controller,
+            StatusIcon::Actions{
+                .purchase = [this] { ProgramPresence::openPage(m_vendor.apiServer + "/buy/personal"); },
+                .checkForUpdates = [this] { m_updates.checkForUpdates(); },
+                .quit = [] { QCoreApplication::quit(); }});
+        m_crashUploader.uploadPendingReportsAfterDelay();
+        m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
+        m_log.write("start: vantrel " VANTREL_VERSION);
+    }
+
+private:
+    void logSoon(const std::string& message) {
+        m_queue.post([this, message] { m_log.write(message); });
+    }
+
+    std::filesystem::path m_supportDirectory;
+    PosixFileSystem m_files;
+    SystemClock m_clock;
+    AppLog m_log;
+    MacMainQueue m_queue;
+    MacUserDefaults m_defaults{m_queue};
+    QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
+    Vendor m_vendor = vendor();
+    MacMachineIdentity m_machine;
+    LicenseManager m_license{
+        {.supportDirectory = m_supportDirectory,
+         .recordCopy = m_supportDirectory.parent_path() / ownBundleID / "license-record.json",
+         .apiServer = m_vendor.apiServer,
+         .publicKey = m_vendor.licensePublicKey,
+         .log = [this](const std::string& message) { m_log.write(message); }},
+        m_files,
+        m_clock,
+        m_queue,
+        m_http,
+        m_machine};
+    MacAccessibility m_accessibility{RunningApplications::read};
+    MacDisplayServices m_displays{Screens::read};
+    MacWorkspace m_workspace{[this](const std::string& message) { logSoon(message); }};
+    MacSystemEvents m_systemEvents{SessionState::isLocked};
+    MacLocalZone m_localZone;
+    MacCalendarReader m_calendar;
+    FocusFilterReader m_focus;
+    MacDesktopPictures m_pictures{m_displays, m_queue,
+                                  [this](const std::string& message) { m_log.write(message); }};
+    CarbonHotKeys m_hotKeys;
+    // Ends before the adapters that its work uses.
+    ThreadBackground m_background;
+    CrashUploader m_crashUploader{m_files,
+                                  m_http,
+                                  m_queue,
+                                  m_log,
+                                  {.crashesDirectory = CrashReporter::crashesDirectory(m_supportDirectory),
+                                   .apiServer = m_vendor.apiServer,
+                                   .system = systemDescription(),
+                                   .isSendingAllowed = [this] {
+                                       return Settings(m_defaults)
+                                           .sendCrashReports()
+                                           .value_or(CrashUpload::isRealServer(m_vendor.apiServer));
+                                   }}};
+    std::unique_ptr<ScheduledWork> m_crashTest;
+    std::unique_ptr<StandardUpdater> m_updater;
+    UpdateChecker m_updates{{.currentVersion = VANTREL_VERSION,
+                             .apiServer = m_vendor.apiServer,
+                             .website = m_vendor.website,
+                             .activateApplication = ProgramPresence::activate,
+                             .openPage = [](const std::string& url) { ProgramPresence::openPage(url); }},
+                            m_defaults,
+                            m_clock,
+                            m_queue,
+                            m_http,
+                            m_log};
+    HUDOverlay m_overlay;
+    std::unique_ptr<AppController> m_controller;
+    std::optional<IntentsBridge> m_intents;
+    std::optional<StatusIcon> m_statusIcon;
+};
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    QApplication application(argumentCount, arguments);
+    application.setQuitOnLastWindowClosed(false);
+    application.setApplicationDisplayName("Vantrel");
+    const auto supportDirectory = MacFolders::supportDirectory();
+    if (!supportDirectory) {
+        return complain("macOS gives no Application Support folder to keep the layouts in.");
+    }
+    CrashReporter::install(*supportDirectory, systemDescription());
+    Program program(*supportDirectory);
+    if (const auto problem = program.construct()) {
+        return complain(*problem);
+    }
+    const LaunchNotice launch([&] { program.finishedLaunching(); });
+    return QApplication::exec();
+}

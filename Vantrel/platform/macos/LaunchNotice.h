@@ -1,0 +1,23 @@
+// The moment at which the system has finished launching the program.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace vantrel {
+
+// Calls `handler` once, on the main thread and not before the constructor has returned, also when launching
+// had finished before.
+class LaunchNotice {
+public:
+    explicit LaunchNotice(std::function<void()> handler);
+    ~LaunchNotice();
+    LaunchNotice(const LaunchNotice&) = delete;
+    LaunchNotice& operator=(const LaunchNotice&) = delete;
+
+private:
+    struct State;
+    std::shared_ptr<State> m_state;
+};
+
+} // namespace vantrel

@@ -1,0 +1,10 @@
+// The kernel's facts by name, in our own words.
+#pragma once
+
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C"
+#endif
+    int
+    sysctlbyname(const char* name, void* value, size_t* size, void* newValue, size_t newSize);
