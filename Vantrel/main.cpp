@@ -27,6 +27,7 @@
 #include "Vantrel/platform/qt/QtHttpClient.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
+#include "Vantrel/platform/qt/StatusNotifierHost.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
 #include "Vantrel/platform/qt/UserFolders.h"
 #include "Vantrel/platform/x11/X11Accessibility.h"
@@ -34,6 +35,7 @@
 #include "Vantrel/platform/x11/X11DisplayServices.h"
 #include "Vantrel/platform/x11/X11HotKeys.h"
 #include "Vantrel/platform/x11/X11Workspace.h"
+#include "Vantrel/platform/x11/XEmbedTray.h"
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -213,10 +215,11 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
                                  }});
     crashUploader.uploadPendingReportsAfterDelay();
     const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
-    const StatusIcon statusIcon(**controller,
-                                {.purchase = [&] { openPage(vendor.apiServer + "/buy/personal"); },
-                                 .checkForUpdates = [&] { updates.checkForUpdates(); },
-                                 .quit = [] { QCoreApplication::quit(); }});
+    StatusIcon statusIcon(**controller, {.purchase = [&] { openPage(vendor.apiServer + "/buy/personal"); },
+                                         .checkForUpdates = [&] { updates.checkForUpdates(); },
+                                         .quit = [] { QCoreApplication::quit(); }});
+    const StatusNotifierHost notifierHost(bus, [&] { statusIcon.show(StatusIcon::Tray::statusNotifier); });
+    const XEmbedTray xembedTray(connection, queue, [&] { statusIcon.show(StatusIcon::Tray::xembed); });
     log.write("start: vantrel " VANTREL_VERSION);
     if (CrashUpload::isRealServer(vendor.apiServer)) {
         updates.startup();

@@ -51,11 +51,13 @@ packages_test=(
     man-db
     mousepad
     openbox
+    trayer
     wmctrl
     x11-utils
     x11-xkb-utils
     x11-xserver-utils
     xdotool
+    xfce4-panel
     xfce4-terminal
     xfwm4
     xserver-xorg-core

@@ -19,13 +19,15 @@ constexpr std::array sizes{16, 22, 24, 32, 48};
 struct Colors {
     QColor body;
     QColor rim;
+    // Opaque: on a panel of the other tone it is what is seen first.
+    QColor pane;
 };
 
 Colors colors(Tone tone) {
     const QColor dark(40, 44, 52);
     const QColor light(240, 242, 246);
-    return tone == Tone::dark ? Colors{dark, QColor(255, 255, 255, 200)}
-                              : Colors{light, QColor(0, 0, 0, 150)};
+    return tone == Tone::dark ? Colors{dark, QColor(255, 255, 255, 200), light}
+                              : Colors{light, QColor(0, 0, 0, 150), dark};
 }
 
 // The colour of the sign at the lower right; invalid when there is none.
@@ -44,7 +46,7 @@ struct Sign {
 };
 
 void paint(QPainter& painter, const Phase& phase, Tone tone) {
-    const auto [body, rim] = colors(tone);
+    const auto [body, rim, pane] = colors(tone);
     QPainterPath behind;
     behind.addRoundedRect(QRectF(2.5, 3.5, 13, 10), 2, 2);
     QPainterPath front;
@@ -60,15 +62,13 @@ void paint(QPainter& painter, const Phase& phase, Tone tone) {
         painter.setPen(outer);
         painter.drawPath(*shape);
     }
+    if (!isHollow) {
+        painter.fillPath(behind, pane);
+    }
     painter.setPen(QPen(body, 1.6));
     painter.drawPath(behind);
     if (!isHollow) {
-        painter.setCompositionMode(QPainter::CompositionMode_Clear);
-        painter.fillPath(front, Qt::black);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        QColor pale = body;
-        pale.setAlpha(120);
-        painter.fillPath(front, pale);
+        painter.fillPath(front, pane);
         painter.fillPath(title, body);
     }
     painter.drawPath(front);

@@ -5,22 +5,26 @@
 #include <QCursor>
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace vantrel {
 
 namespace {
 
-constexpr std::chrono::seconds searchInterval{2};
-
 QString qt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// In a menu an ampersand would underline the letter behind it.
-QString menuTitle(const std::string& text) {
-    return qt(text).replace('&', "&&");
+// An ampersand would underline the letter behind it. Qt 6.4 hands a menu to the tray's host with the first
+// ampersand that has something behind it as an underscore, which does there what the ampersand does here.
+QString menuTitle(const std::string& text, StatusIcon::Tray tray) {
+    QString title = qt(text);
+    if (tray == StatusIcon::Tray::xembed) {
+        return title.replace('&', "&&");
+    }
+    title.replace('_', "__");
+    const auto first = title.indexOf('&');
+    return first < 0 || first == title.size() - 1 ? title : title.insert(first, '&');
 }
 
 std::vector<StatusItemMenuEntry> entries(const PublishedState& state) {
@@ -47,46 +51,46 @@ StatusIcon::StatusIcon(AppController& controller, Actions actions)
     : m_controller(controller), m_actions(std::move(actions)),
       m_observer(controller.addObserver([this] { refresh(); })) {
     refresh();
-    m_icon.setContextMenu(&m_menu);
-    QObject::connect(&m_icon, &QSystemTrayIcon::activated, [this](QSystemTrayIcon::ActivationReason reason) {
-        if (reason != QSystemTrayIcon::Trigger) {
-            return;
-        }
-        if (m_actions.openPanel) {
-            m_actions.openPanel();
-        } else {
-            m_menu.popup(QCursor::pos());
-        }
-    });
-    m_search.setInterval(searchInterval);
-    m_search.callOnTimeout([this] { showWhenThereIsATray(); });
-    m_search.start();
-    showWhenThereIsATray();
 }
 
 StatusIcon::~StatusIcon() {
     m_controller.removeObserver(m_observer);
 }
 
-void StatusIcon::showWhenThereIsATray() {
-    // Asked of a desktop without a tray, Qt would decide once and for all that there is none.
-    if (QSystemTrayIcon::isSystemTrayAvailable()) {
-        m_icon.show();
-        m_search.stop();
+void StatusIcon::show(Tray tray) {
+    if (m_icon) {
+        return;
     }
+    m_tray = tray;
+    m_icon.emplace();
+    m_shownEntries.reset();
+    refresh();
+    m_icon->setContextMenu(&m_menu);
+    QObject::connect(&*m_icon, &QSystemTrayIcon::activated, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason != QSystemTrayIcon::Trigger) {
+            return;
+        }
+        if (m_actions.openPanel) {
+            m_actions.openPanel();
+        } else {
+            fill(m_popup, entries(m_controller.published()), Tray::xembed);
+            m_popup.popup(QCursor::pos());
+        }
+    });
+    m_icon->show();
 }
 
 void StatusIcon::refresh() {
     const auto& state = m_controller.published();
-    if (m_shownPhase != state.phase) {
+    if (m_icon && m_shownPhase != state.phase) {
         m_shownPhase = state.phase;
-        m_icon.setIcon(PhaseIcon::icon(state.phase, PhaseIcon::toneOfDesktop()));
+        m_icon->setIcon(PhaseIcon::icon(state.phase, PhaseIcon::toneOfDesktop()));
+        m_icon->setToolTip(qt("Vantrel: " + StatusPhase::text(state.phase)));
     }
-    m_icon.setToolTip(qt("Vantrel: " + StatusPhase::text(state.phase)));
     // A menu that is open keeps its entries under the user's pointer.
     const auto wanted = entries(state);
     if (m_shownEntries != wanted && !m_menu.isVisible()) {
-        fillMenu(wanted);
+        fill(m_menu, wanted, m_tray);
         m_shownEntries = wanted;
     }
 }
@@ -101,13 +105,13 @@ bool StatusIcon::isOffered(const StatusItemMenuEntry& entry) const {
     return true;
 }
 
-void StatusIcon::fillMenu(const std::vector<StatusItemMenuEntry>& wanted) {
-    m_menu.clear();
+void StatusIcon::fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& wanted, Tray tray) {
+    menu.clear();
     for (const auto& entry : wanted) {
         if (std::holds_alternative<StatusItem::Separator>(entry)) {
-            m_menu.addSeparator();
+            menu.addSeparator();
         } else if (isOffered(entry)) {
-            QAction* const action = m_menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry)));
+            QAction* const action = menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry), tray));
             action->setEnabled(!isOnlySaid(entry));
             QObject::connect(action, &QAction::triggered, [this, entry] { perform(entry); });
         }

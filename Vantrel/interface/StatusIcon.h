@@ -6,8 +6,8 @@
 
 #include <QMenu>
 #include <QSystemTrayIcon>
-#include <QTimer>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -15,9 +15,11 @@
 namespace vantrel {
 
 // Lives on the main thread; the controller outlives it. Qt takes the desktop's own kind of tray: a
-// StatusNotifierItem where there is a host for it, else an XEmbed icon. A tray that appears later is found.
+// StatusNotifierItem where there is a host for it, else an XEmbed icon.
 class StatusIcon {
 public:
+    enum class Tray : std::uint8_t { statusNotifier, xembed };
+
     struct Actions {
         // Absent as long as there are no such windows: their entries are then left out, and a left click
         // opens the menu.
@@ -34,18 +36,23 @@ public:
     StatusIcon(const StatusIcon&) = delete;
     StatusIcon& operator=(const StatusIcon&) = delete;
 
+    // To be called when there is a tray, and not before: Qt 6.4 decides once and for all which kind it is.
+    // From then on the icon comes back by itself when the tray goes and comes.
+    void show(Tray tray);
+
 private:
-    void showWhenThereIsATray();
     void refresh();
-    void fillMenu(const std::vector<StatusItemMenuEntry>& entries);
+    void fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& entries, Tray tray);
     [[nodiscard]] bool isOffered(const StatusItemMenuEntry& entry) const;
     void perform(const StatusItemMenuEntry& entry);
 
     AppController& m_controller;
     Actions m_actions;
     QMenu m_menu;
-    QSystemTrayIcon m_icon;
-    QTimer m_search;
+    // What a left click opens while there is no panel.
+    QMenu m_popup;
+    Tray m_tray = Tray::xembed;
+    std::optional<QSystemTrayIcon> m_icon;
     std::optional<Phase> m_shownPhase;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
     Publisher::ObserverID m_observer;

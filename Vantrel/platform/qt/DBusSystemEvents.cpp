@@ -1,8 +1,8 @@
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
 
+#include "Vantrel/platform/qt/BusQuestion.h"
+
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusVariant>
 
 #include <utility>
@@ -34,16 +34,6 @@ QDBusMessage callOf(const char* path, const char* interface, const char* method,
     // Where there is no logind none is started.
     message.setAutoStartService(false);
     return message;
-}
-
-// Calls `done` with the finished reply as long as `owner` lives.
-template <typename Value, typename Done>
-void ask(const QDBusConnection& bus, const QDBusMessage& message, QObject* owner, Done done) {
-    auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), owner);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, owner, [watcher, done = std::move(done)] {
-        done(QDBusPendingReply<Value>(*watcher));
-        watcher->deleteLater();
-    });
 }
 
 } // namespace
@@ -80,18 +70,18 @@ void DBusSystemEvents::watchLogind() {
                         SLOT(prepareForSleep(bool)));
     inhibitSleep();
     const QString own = qEnvironmentVariable("XDG_SESSION_ID", "auto");
-    ask<QDBusObjectPath>(m_systemBus, callOf(managerPath, managerInterface, "GetSession", {own}), this,
-                         [this](const QDBusPendingReply<QDBusObjectPath>& reply) {
-                             if (reply.isError()) {
-                                 complain(reply.error().message());
-                             } else {
-                                 watchSession(reply.value().path());
-                             }
-                         });
+    BusQuestion::ask<QDBusObjectPath>(m_systemBus, callOf(managerPath, managerInterface, "GetSession", {own}),
+                                      this, [this](const QDBusPendingReply<QDBusObjectPath>& reply) {
+                                          if (reply.isError()) {
+                                              complain(reply.error().message());
+                                          } else {
+                                              watchSession(reply.value().path());
+                                          }
+                                      });
 }
 
 void DBusSystemEvents::inhibitSleep() {
-    ask<QDBusUnixFileDescriptor>(
+    BusQuestion::ask<QDBusUnixFileDescriptor>(
         m_systemBus,
         callOf(managerPath, managerInterface, "Inhibit",
                {"sleep", "vantrel", "Stops learning before the machine sleeps", "delay"}),
@@ -109,7 +99,7 @@ void DBusSystemEvents::watchSession(const QString& path) {
     m_systemBus.connect(logind, path, sessionInterface, "Unlock", this, SLOT(unlockRequested()));
     m_systemBus.connect(logind, path, propertiesInterface, "PropertiesChanged", this,
                         SLOT(sessionChanged(QString, QVariantMap, QStringList)));
-    ask<QDBusVariant>(
+    BusQuestion::ask<QDBusVariant>(
         m_systemBus,
         callOf(path.toUtf8().constData(), propertiesInterface, "Get", {sessionInterface, lockedHint}), this,
         [this](const QDBusPendingReply<QDBusVariant>& reply) {

@@ -3,7 +3,7 @@
 #include "tests/live/demo/Backdrop.h"
 #include "tests/live/demo/DemoWindows.h"
 #include "tests/live/desk/EdidBlock.h"
-#include "tests/live/desk/Screenshot.h"
+#include "tests/live/desk/Picture.h"
 
 #include <algorithm>
 #include <chrono>
@@ -173,8 +173,7 @@ private:
     }
 
     void takePicture(const char* name) {
-        std::filesystem::create_directories(m_options.pictures);
-        saveScreenshot(m_desk.connection(), m_options.pictures / name);
+        Picture::take(m_desk.connection()).save(m_options.pictures / name);
     }
 
     const PlayOptions& m_options;

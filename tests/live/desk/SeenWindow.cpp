@@ -112,6 +112,22 @@ std::vector<SeenWindow> seenWindows(DeskConnection& connection) {
     return result;
 }
 
+std::vector<SeenWindow> seenOverlays(DeskConnection& connection) {
+    std::vector<SeenWindow> result;
+    for (const xcb_window_t top : childrenOf(connection, connection.root()) | std::views::reverse) {
+        const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+            connection.xcb(), xcb_get_window_attributes(connection.xcb(), top), nullptr));
+        if (!attributes || attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT ||
+            attributes->override_redirect == 0 || attributes->map_state != XCB_MAP_STATE_VIEWABLE) {
+            continue;
+        }
+        if (auto window = describe(connection, top, top)) {
+            result.push_back(std::move(*window));
+        }
+    }
+    return result;
+}
+
 std::optional<SeenWindow> seenWindow(DeskConnection& connection, xcb_window_t client) {
     if (connection.values(client, "WM_STATE").empty()) {
         return std::nullopt;

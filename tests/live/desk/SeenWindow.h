@@ -30,6 +30,9 @@ struct SeenWindow {
 // Every window that a window manager manages (it carries WM_STATE), front to back.
 [[nodiscard]] std::vector<SeenWindow> seenWindows(DeskConnection& connection);
 
+// Every window on screen that is kept from window managers, front to back: menus, tool tips, signs.
+[[nodiscard]] std::vector<SeenWindow> seenOverlays(DeskConnection& connection);
+
 // The window as it is now; none when it is gone.
 [[nodiscard]] std::optional<SeenWindow> seenWindow(DeskConnection& connection, xcb_window_t client);
 

@@ -1,0 +1,165 @@
+// The status item in real trays: its icon appears, its menu opens by a real click, and what is clicked is
+// done.
+#include "tests/live/ProgramRun.h"
+#include "tests/live/demo/RunningVantrel.h"
+#include "tests/live/desk/Panel.h"
+#include "tests/live/desk/Picture.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+namespace vantrel::live {
+namespace {
+
+class Tray : public testing::Test {
+protected:
+    Tray() { desk.open({"galculator"}); }
+
+    // Waits until something stands at the beginning of the tray, and stands still.
+    Rect icon() {
+        constexpr double widest = 60;
+        constexpr double end = 200;
+        std::optional<Rect> area;
+        const bool isThere = waitUntil([&] {
+            const auto before = area;
+            const auto picture = Picture::take(desk.connection());
+            const auto ground = picture.colourAt(end, Panel::thickness / 2);
+            const bool isPainted = ground != Picture::Colour{} &&
+                                   !picture.drawnOn(ground, {{widest, 0}, {end - widest, Panel::thickness}});
+            area = isPainted ? picture.drawnOn(ground, {{0, 0}, {widest, Panel::thickness}}) : std::nullopt;
+            return area && area == before;
+        });
+        if (!isThere) {
+            throw std::runtime_error("There is no icon in the tray.");
+        }
+        return *area;
+    }
+
+    std::string ask(const std::string& destination, const std::string& path, const std::string& method,
+                    const std::vector<std::string>& arguments) {
+        std::vector<std::string> command{"gdbus",         "call", "--session", "--dest", destination,
+                                         "--object-path", path,   "--method",  method,   "--"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        return desk.run(command).output;
+    }
+
+    // The bus name of the item that the panel shows; empty while there is none.
+    std::string item() {
+        const auto items = ask("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                               "org.freedesktop.DBus.Properties.Get",
+                               {"org.kde.StatusNotifierWatcher", "RegisteredStatusNotifierItems"});
+        const auto end = items.find("/StatusNotifierItem");
+        const auto begin = items.rfind('\'', end);
+        return end == std::string::npos ? "" : items.substr(begin + 1, end - begin - 1);
+    }
+
+    // The titles of the menu that the panel is offered, in their order; a separator has none.
+    std::vector<std::string> menuTitles() {
+        const auto layout =
+            ask(item(), "/MenuBar", "com.canonical.dbusmenu.GetLayout", {"0", "-1", "['label']"});
+        std::vector<std::string> titles;
+        constexpr std::string_view mark = "'label': <'";
+        for (auto at = layout.find(mark); at != std::string::npos; at = layout.find(mark, at)) {
+            at += mark.size();
+            titles.push_back(layout.substr(at, layout.find('\'', at) - at));
+        }
+        return titles;
+    }
+
+    std::optional<Rect> openMenu() {
+        std::optional<Rect> menu;
+        std::ignore = desk.connection().waitUntil([&] {
+            const auto overlays = seenOverlays(desk.connection());
+            const auto found = std::ranges::find_if(overlays, [](const SeenWindow& each) {
+                return each.frame.minY() < 2 * Panel::thickness && each.frame.height() > Panel::thickness;
+            });
+            menu = found == overlays.end() ? std::nullopt : std::optional(found->frame);
+            return menu.has_value();
+        });
+        return menu;
+    }
+
+    void click(Point place, const char* button) {
+        const auto x = fmt::format("{:.0f}", place.x);
+        const auto y = fmt::format("{:.0f}", place.y);
+        ASSERT_EQ(desk.run({"xdotool", "mousemove", x, y, "click", button}).exitCode, 0);
+    }
+
+    // Opens the icon's menu by a click of the right button and clicks its first entry, until that has done
+    // what it should: xfce4-panel 4.18 shows a menu of its own until it has heard of the item's.
+    void clickFirstEntry(const std::string& picture, const std::function<bool()>& isDone) {
+        constexpr double middleOfFirstEntry = 14;
+        constexpr double secondsToAct = 3;
+        ASSERT_TRUE(waitUntil([&] {
+            const auto place = icon().center();
+            keepPicture(picture + "-icon");
+            click(place, "3");
+            const auto menu = openMenu();
+            if (!menu) {
+                return false;
+            }
+            keepPicture(picture);
+            click({menu->minX() + menu->width() / 3, menu->minY() + middleOfFirstEntry}, "1");
+            return waitUntil(isDone, secondsToAct) || (desk.run({"xdotool", "key", "Escape"}), false);
+        }));
+    }
+
+    void keepPicture(const std::string& name) {
+        Picture::take(desk.connection()).save(std::filesystem::path(PICTURES_FOLDER) / (name + ".png"));
+    }
+
+    PrivateDesk desk{{MonitorPlace{0, 0, 1280, 800}}, "openbox"};
+};
+
+TEST_F(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
+    Panel panel(desk, Panel::Look::light);
+    panel.start();
+    RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
+    vantrel.save();
+    ASSERT_TRUE(waitUntil([&] { return !item().empty(); }));
+    EXPECT_THAT(menuTitles(), testing::ElementsAre("Restore now", "Quit Vantrel"));
+    clickFirstEntry("tray-restore", [&] { return vantrel.linesLogged("restore report:") > 0; });
+
+    // Of the name, the host takes an underscore for the mark of the letter behind it, as Qt an ampersand.
+    // A window that has to be moved gives the menu something to undo.
+    ASSERT_EQ(vantrelctl(desk, {"save-scene", "R&D_lab & co"}).code, 0);
+    const auto window = seenWindows(desk.connection()).back();
+    const auto frame = [&] { return seenWindow(desk.connection(), window.client).value().frame; };
+    desk.place(window.client, {{100, 200}, window.frame.size});
+    ASSERT_TRUE(desk.connection().waitUntil([&] { return frame().minX() == 100; }));
+    clickFirstEntry("tray-scene", [&] { return frame() == window.frame; });
+    const std::vector<std::string> expected{"R_&D__lab & co", "Restore now", "Undo last restore",
+                                            "Quit Vantrel"};
+    EXPECT_TRUE(waitUntil([&] { return menuTitles() == expected; }))
+        << testing::PrintToString(menuTitles()) << vantrel.log();
+    click(icon().center(), "3");
+    EXPECT_TRUE(openMenu());
+    keepPicture("tray-undo");
+}
+
+TEST_F(Tray, APanelThatStartsLaterOrAgainIsFound) {
+    Panel panel(desk, Panel::Look::dark);
+    RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
+    vantrel.save();
+    for (int round = 1; round <= 2; ++round) {
+        panel.start();
+        EXPECT_TRUE(waitUntil([&] { return !item().empty(); }));
+        clickFirstEntry(fmt::format("tray-start-{}", round),
+                        [&, before = vantrel.linesLogged("restore report:")] {
+                            return vantrel.linesLogged("restore report:") > before;
+                        });
+        panel.end();
+    }
+}
+
+TEST_F(Tray, WhereThereAreOnlyXEmbedIconsItIsOne) {
+    RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
+    vantrel.save();
+    desk.start({"trayer", "--edge", "top", "--align", "left", "--widthtype", "pixel", "--width", "240",
+                "--heighttype", "pixel", "--height", "30"});
+    clickFirstEntry("tray-xembed", [&] { return vantrel.linesLogged("restore report:") > 0; });
+}
+
+} // namespace
+} // namespace vantrel::live
