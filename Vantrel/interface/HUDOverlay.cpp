@@ -1,5 +1,6 @@
 #include "Vantrel/interface/HUDOverlay.h"
 
+#include <QBitmap>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QPainter>
@@ -30,10 +31,27 @@ const QColor headlineColor(255, 255, 255);
 const QColor detailColor(200, 206, 218);
 
 QFont headlineFont() {
+    constexpr double larger = 1.25;
     QFont font = QGuiApplication::font();
-    font.setPointSizeF(font.pointSizeF() * 1.25);
+    // A font has one of the two.
+    if (font.pointSizeF() > 0) {
+        font.setPointSizeF(font.pointSizeF() * larger);
+    } else {
+        font.setPixelSize(qRound(font.pixelSize() * larger));
+    }
     font.setWeight(QFont::DemiBold);
     return font;
+}
+
+// Also the pixels that the rounded corners cover in part.
+QBitmap everythingDrawn(QSize size) {
+    QBitmap mask(size);
+    mask.clear();
+    QPainter painter(&mask);
+    painter.setPen(Qt::color1);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(QRect(QPoint(), size).adjusted(0, 0, -1, -1), radius, radius);
+    return mask;
 }
 
 QString qt(const std::string& text) {
@@ -47,9 +65,7 @@ HUDOverlay::HUDOverlay()
                            Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
                            Qt::WindowTransparentForInput) {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    // Round corners where a compositor runs; without one, Qt gives an opaque window with the same rectangle.
     setAttribute(Qt::WA_TranslucentBackground);
-    setWindowTitle("Vantrel");
     m_hide.setSingleShot(true);
     m_hide.setInterval(shownFor);
     m_hide.callOnTimeout([this] { hide(); });
@@ -57,6 +73,8 @@ HUDOverlay::HUDOverlay()
 
 void HUDOverlay::show(const HUDText& text) {
     m_text = text;
+    // Nobody sees it, but screen readers tell it.
+    setWindowTitle(qt(text.detail.empty() ? text.headline : text.headline + " · " + text.detail));
     place();
     QWidget::show();
     raise();
@@ -86,6 +104,8 @@ void HUDOverlay::place() {
         height + 2 * padding - lineGap * 2);
     const int y = std::max(area.top(), area.bottom() - distanceFromEdge - size.height());
     setGeometry(QRect(QPoint(area.center().x() - size.width() / 2, y), size));
+    // Without a compositor what is transparent would be black: nothing of the window is to be there.
+    setMask(everythingDrawn(size));
 }
 
 void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {

@@ -13,6 +13,7 @@ std::vector<std::string> commandFor(const std::string& name) {
     static const std::map<std::string, std::vector<std::string>> commands{
         {"openbox", {"openbox", "--sm-disable"}},
         {"xfwm4", {"xfwm4", "--compositor=off"}},
+        {"xfwm4 with its compositor", {"xfwm4", "--compositor=on", "--vblank=off"}},
         {"metacity", {"metacity", "--sm-disable", "--no-composite"}},
         {"marco", {"marco", "--sm-disable", "--no-composite"}},
         {"kwin_x11", {"kwin_x11", "--no-kactivities"}},
