@@ -39,8 +39,10 @@ void explainSlotsOf(const std::vector<SceneSettlement::LaunchedApp>& launched, c
 
 } // namespace
 
-bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::string>& reason,
+bool SceneApplyFlow::applyScene(const Scene& asked, const std::optional<std::string>& reason,
                                 RestoreOutcome::Done done) {
+    // A copy: it may be part of the published state, which changes from here on.
+    const Scene scene = asked;
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
         return RestoreOutcome::refuse(*hindrance, done);

@@ -72,7 +72,9 @@ void StashFlow::stashNow(std::function<void(const Result&)> done) {
     });
 }
 
-bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done& done) {
+bool StashFlow::bringBack(const std::string& asked, const RestoreOutcome::Done& done) {
+    // A copy: it may be part of the published state, which changes from here on.
+    const std::string stashID = asked;
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
         return RestoreOutcome::refuse(*hindrance, done);
