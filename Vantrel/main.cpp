@@ -16,6 +16,7 @@
 #include "Vantrel/platform/linux/HardwareModel.h"
 #include "Vantrel/platform/linux/ProgramBuild.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
+#include "Vantrel/platform/posix/AutostartFile.h"
 #include "Vantrel/platform/posix/CrashReporter.h"
 #include "Vantrel/platform/posix/MachineIDFile.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
@@ -156,12 +157,21 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     // Destroyed before the adapters that its work uses.
     ThreadBackground background;
 
+    AutostartFile autostart(files, UserFolders::autostartFile(),
+                            QCoreApplication::applicationFilePath().toStdString());
     const ControllerPorts ports{accessibility, displays,  workspace,  systemEvents, defaults,
                                 clock,         queue,     background, localZone,    calendar,
                                 focus,         *pictures, hotKeys,    license};
-    auto controller = AppController::create(
-        ports, files, log,
-        {.supportDirectory = supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});
+    auto controller = AppController::create(ports, files, log,
+                                            {.supportDirectory = supportDirectory,
+                                             .ownBundleID = ownBundleID,
+                                             .version = VANTREL_VERSION,
+                                             .setLaunchAtLogin = [&](bool launches) {
+                                                 if (const auto told = autostart.setLaunchAtLogin(launches);
+                                                     !told.empty()) {
+                                                     log.write(told);
+                                                 }
+                                             }});
     if (!controller) {
         return complain(fmt::format("The folder {} cannot be used: {}.", supportDirectory.string(),
                                     controller.error().message()));

@@ -75,6 +75,7 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
         m_undo.noteHidden(bundleIDs);
     };
     m_context.ownBundleID = std::move(options.ownBundleID);
+    m_setLaunchAtLogin = std::move(options.setLaunchAtLogin);
     m_context.publisher.publish([&](PublishedState& state) {
         state.version = std::move(options.version);
         state.entitlement = m_context.ports.license.entitlement();
@@ -131,6 +132,14 @@ void AppController::startEngine() {
     m_snapshotTimer = m_context.ports.mainQueue.every(snapshotInterval, [this] { tick(); });
     m_triggers.start();
     m_hotKeys.start();
+    applyLaunchAtLogin();
+}
+
+void AppController::applyLaunchAtLogin() {
+    const bool launches = m_context.settings.launchAtLogin();
+    if (std::exchange(m_launchAtLogin, launches) != launches && m_setLaunchAtLogin) {
+        m_setLaunchAtLogin(launches);
+    }
 }
 
 void AppController::tick() {
@@ -147,6 +156,7 @@ void AppController::userDefaultsChanged() {
     m_displayChange.applySettleDelay();
     showSettings();
     m_hotKeys.settingsChanged();
+    applyLaunchAtLogin();
     m_suggestions.refresh();
     refreshStatus();
 }
@@ -210,6 +220,13 @@ AppController::HotKeyResult AppController::setHotkey(const HotKeySurface& surfac
         m_context.publisher.publish([](PublishedState& state) { state.pendingQuickSwitcherArm = false; });
     }
     return result;
+}
+
+AppController::HotKeyResult AppController::setOptionalHotkey(HotKeySurface::Kind kind,
+                                                             std::optional<std::int64_t> keyCode,
+                                                             std::optional<std::int64_t> modifiers) {
+    return setHotkey({kind, {}},
+                     keyCode && modifiers ? std::optional(HotKeyCombo{*keyCode, *modifiers}) : std::nullopt);
 }
 
 bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) {

@@ -46,6 +46,9 @@ public:
         // This program's own identifier: its windows are left alone.
         std::optional<std::string> ownBundleID;
         std::string version;
+        // Has this program start with the user's session, or not. Called when the engine starts, and with
+        // every change of the setting.
+        std::function<void(bool)> setLaunchAtLogin{};
     };
 
     // Loads the stores. Fails when the folder cannot be created. Everything passed by reference outlives the
@@ -126,6 +129,29 @@ public:
     // combination the shortcut is cleared, restore, save and stash go back to their default.
     using HotKeyResult = std::expected<void, std::string>;
     HotKeyResult setHotkey(const HotKeySurface& surface, std::optional<HotKeyCombo> combo);
+    HotKeyResult setRestoreHotkey(std::int64_t keyCode, std::int64_t modifiers) {
+        return setHotkey({HotKeySurface::Kind::fixedRestore, {}}, HotKeyCombo{keyCode, modifiers});
+    }
+    HotKeyResult setSaveHotkey(std::int64_t keyCode, std::int64_t modifiers) {
+        return setHotkey({HotKeySurface::Kind::fixedSave, {}}, HotKeyCombo{keyCode, modifiers});
+    }
+    HotKeyResult setStashHotkey(std::int64_t keyCode, std::int64_t modifiers) {
+        return setHotkey({HotKeySurface::Kind::stash, {}}, HotKeyCombo{keyCode, modifiers});
+    }
+    // Without one of the two the shortcut is cleared.
+    HotKeyResult setUndoHotkey(std::optional<std::int64_t> keyCode, std::optional<std::int64_t> modifiers) {
+        return setOptionalHotkey(HotKeySurface::Kind::undo, keyCode, modifiers);
+    }
+    HotKeyResult setQuickSwitcherHotkey(std::optional<std::int64_t> keyCode,
+                                        std::optional<std::int64_t> modifiers) {
+        return setOptionalHotkey(HotKeySurface::Kind::quickSwitcher, keyCode, modifiers);
+    }
+    [[nodiscard]] bool restoreHotkeyIsDefault() const {
+        return m_context.settings.restoreHotkey() == HotKeyDefaults::restore;
+    }
+    [[nodiscard]] bool saveHotkeyIsDefault() const {
+        return m_context.settings.saveHotkey() == HotKeyDefaults::save;
+    }
     [[nodiscard]] std::vector<TakenHotKey> takenHotKeys() const { return m_hotKeys.takenHotKeys(); }
 
     void showWorkbench(WorkbenchTab tab);
@@ -155,9 +181,12 @@ private:
     AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores, Options options);
 
     [[nodiscard]] HotKeyFlow::Actions hotKeyActions();
+    HotKeyResult setOptionalHotkey(HotKeySurface::Kind kind, std::optional<std::int64_t> keyCode,
+                                   std::optional<std::int64_t> modifiers);
     void tick();
     void userDefaultsChanged();
     void licenseChanged();
+    void applyLaunchAtLogin();
     // Publishes what the settings say about the published state.
     void showSettings();
 
@@ -181,6 +210,9 @@ private:
     RuleFlow m_rules;
     NudgeFlow m_nudge;
     WallpaperFlow m_wallpaper;
+    std::function<void(bool)> m_setLaunchAtLogin;
+    // As it was last told.
+    std::optional<bool> m_launchAtLogin;
     // As the settings last said; a choice that could not be written holds for this run.
     std::optional<bool> m_storedEnabled;
     HotKeyFlow m_hotKeys;

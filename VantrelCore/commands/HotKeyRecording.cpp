@@ -19,6 +19,18 @@ std::string_view prompt(const HotKeySurface& surface, Place place) {
     return "Press keys… (Esc clears)";
 }
 
+Outcome outcome(HotKeyCombo pressed, const HotKeySurface& surface, Place place,
+                const std::vector<TakenHotKey>& taken) {
+    constexpr HotKeyCombo escape{.keyCode = 53, .modifiers = 0};
+    if (pressed == escape) {
+        return place == Place::menuPanelScene ? Outcome(Cancel{}) : Outcome(Store{});
+    }
+    if (const auto other = HotKeyCollisions::conflict(pressed, surface, taken)) {
+        return Refuse{conflictMessage(*other)};
+    }
+    return Store{pressed};
+}
+
 std::string conflictMessage(const TakenHotKey& other) {
     return "Already used by " + other.label;
 }

@@ -1,11 +1,14 @@
-// The texts of the rows in which a shortcut is recorded, and of the commands in a conflict message.
+// Recording a shortcut: what the row shows while it waits, and what becomes of the keys that are pressed.
 #pragma once
 
 #include "VantrelCore/commands/HotKeyCollisions.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 namespace vantrel::HotKeyRecording {
 
@@ -18,6 +21,29 @@ inline constexpr std::string_view resetTitle = "Reset to default";
 
 // What the row shows when the recorded combination is refused.
 [[nodiscard]] std::string conflictMessage(const TakenHotKey& other);
+
+// What a recorder is to do.
+struct Store {
+    // None: the shortcut is cleared, or gets its default back where it has one.
+    std::optional<HotKeyCombo> combo;
+
+    bool operator==(const Store&) const = default;
+};
+// Everything stays as it was.
+struct Cancel {
+    bool operator==(const Cancel&) const = default;
+};
+// Nothing is stored, the row shows the message.
+struct Refuse {
+    std::string message;
+
+    bool operator==(const Refuse&) const = default;
+};
+using Outcome = std::variant<Store, Cancel, Refuse>;
+
+// Of the keys pressed while the shortcut of `surface` is recorded. `taken` is every combination in use.
+[[nodiscard]] Outcome outcome(HotKeyCombo pressed, const HotKeySurface& surface, Place place,
+                              const std::vector<TakenHotKey>& taken);
 
 // The name of a fixed command in `TakenHotKey::label`; empty for a scene, which goes by its own name.
 [[nodiscard]] std::string_view commandLabel(HotKeySurface::Kind kind);

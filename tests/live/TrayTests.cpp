@@ -118,7 +118,7 @@ TEST_F(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
     RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
     vantrel.save();
     ASSERT_TRUE(waitUntil([&] { return !item().empty(); }));
-    EXPECT_THAT(menuTitles(), testing::ElementsAre("Restore now", "Quit Vantrel"));
+    EXPECT_THAT(menuTitles(), testing::ElementsAre("Restore now", "Check for Updates…", "Quit Vantrel"));
     clickFirstEntry("tray-restore", [&] { return vantrel.linesLogged("restore report:") > 0; });
 
     // Of the name, the host takes an underscore for the mark of the letter behind it, as Qt an ampersand.
@@ -130,7 +130,7 @@ TEST_F(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
     ASSERT_TRUE(desk.connection().waitUntil([&] { return frame().minX() == 100; }));
     clickFirstEntry("tray-scene", [&] { return frame() == window.frame; });
     const std::vector<std::string> expected{"R_&D__lab & co", "Restore now", "Undo last restore",
-                                            "Quit Vantrel"};
+                                            "Check for Updates…", "Quit Vantrel"};
     EXPECT_TRUE(waitUntil([&] { return menuTitles() == expected; }))
         << testing::PrintToString(menuTitles()) << vantrel.log();
     click(icon().center(), "3");

@@ -70,6 +70,16 @@ std::vector<ControlMethod> stashMethods(AppController& controller) {
          [&controller](const Arguments& /*none*/, const ControlReply& reply) {
              stashNow(controller, reply);
          }},
+        {"ToggleStash",
+         {},
+         "stashOrReport",
+         [&controller](const Arguments& /*none*/, const ControlReply& reply) {
+             if (controller.published().activeStash() != nullptr) {
+                 bringBack(controller, "", reply);
+             } else {
+                 stashNow(controller, reply);
+             }
+         }},
         {"BringBack",
          {"stash"},
          "report",

@@ -19,13 +19,19 @@ ExitCode list(const VerbEnvironment& environment, VerbOutput output) {
     });
 }
 
-ExitCode stashNow(VerbOutput output) {
-    return show<nlohmann::json>(ControlClient::call("Stash"), output, [](const nlohmann::json& stash) {
+ExitCode tellStash(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output) {
+    return show<nlohmann::json>(answer, output, [](const nlohmann::json& stash) {
         const auto windows = JsonCoding::required<std::int64_t>(stash, "windows");
         return fmt::format("Put {} {} of {} aside, for 7 days. Bring them back with: vantrelctl stash back\n",
                            windows, windows == 1 ? "window" : "windows",
                            JsonCoding::required<std::string>(stash, "configName"));
     });
+}
+
+ExitCode toggle(const VerbEnvironment& environment, VerbOutput output) {
+    const auto answer = ControlClient::call("ToggleStash");
+    const bool isReport = answer && answer->contains("restored");
+    return isReport ? showReport(answer, environment, output) : tellStash(answer, output);
 }
 
 } // namespace
@@ -41,7 +47,10 @@ void addStashVerbs(VerbTable& table, CLI::App& app) {
     auto& stash =
         table.add(app, "stash", "List the desks put aside, put this one aside, bring one back", listed);
     table.add(stash, "list", "List the desks put aside; \"back\" takes the one with the star", listed);
-    table.add(stash, "now", "Put this desk aside: remember it for 7 days as it stands", stashNow);
+    table.add(stash, "now", "Put this desk aside: remember it for 7 days as it stands",
+              [](VerbOutput output) { return tellStash(ControlClient::call("Stash"), output); });
+    table.add(stash, "toggle", "Bring this desk's newest stash back; without one, put the desk aside",
+              [&environment](VerbOutput output) { return toggle(environment, output); });
     const auto id = std::make_shared<std::string>();
     table
         .add(stash, "back", "Bring back a desk put aside",

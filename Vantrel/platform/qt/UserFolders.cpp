@@ -28,4 +28,8 @@ std::filesystem::path settingsFile() {
     return folder(QStandardPaths::GenericConfigLocation) / "vantrel" / "settings.conf";
 }
 
+std::filesystem::path autostartFile() {
+    return folder(QStandardPaths::GenericConfigLocation) / "autostart" / "vantrel.desktop";
+}
+
 } // namespace vantrel::UserFolders

@@ -16,4 +16,7 @@ namespace vantrel::UserFolders {
 // $XDG_CONFIG_HOME/vantrel/settings.conf (~/.config/vantrel/settings.conf when unset).
 [[nodiscard]] std::filesystem::path settingsFile();
 
+// $XDG_CONFIG_HOME/autostart/vantrel.desktop (~/.config/autostart/vantrel.desktop when unset).
+[[nodiscard]] std::filesystem::path autostartFile();
+
 } // namespace vantrel::UserFolders

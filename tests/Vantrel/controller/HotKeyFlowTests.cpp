@@ -51,9 +51,11 @@ TEST_F(HotKeyStory, TheDefaultsRestoreSaveAndStash) {
 }
 
 TEST_F(HotKeyStory, AShortcutIsChangedClearedAndKeptOverARestart) {
-    ASSERT_TRUE(story.controller->setHotkey(undoSurface, f9));
-    ASSERT_TRUE(story.controller->setHotkey(restoreSurface, f10));
+    EXPECT_TRUE(story.controller->restoreHotkeyIsDefault() && story.controller->saveHotkeyIsDefault());
+    ASSERT_TRUE(story.controller->setUndoHotkey(f9.keyCode, f9.modifiers));
+    ASSERT_TRUE(story.controller->setRestoreHotkey(f10.keyCode, f10.modifiers));
     EXPECT_FALSE(story.hotKeys.press(HotKeyDefaults::restore));
+    EXPECT_TRUE(!story.controller->restoreHotkeyIsDefault() && story.controller->saveHotkeyIsDefault());
     story.start();
     story.runFor(1);
     EXPECT_TRUE(story.hotKeys.press(f9) && story.hotKeys.press(f10));

@@ -81,6 +81,21 @@ TEST(HotKeyRecording, EveryRowSaysWhatEscapeDoesThere) {
     EXPECT_EQ(HotKeyRecording::conflictMessage(taken[1]), "Already used by Writing");
 }
 
+TEST(HotKeyRecording, EscapeGivesTheShortcutUpAndWhatIsTakenIsRefused) {
+    using namespace HotKeyRecording;
+    const HotKeyCombo escape{53, 0};
+    const HotKeyCombo commandEscape{53, 256};
+    const HotKeySurface undo{Kind::undo, ""};
+    const auto sceneA = HotKeySurface::scene("A");
+    EXPECT_EQ(outcome(escape, undo, Place::settings, taken), Outcome(Store{}));
+    EXPECT_EQ(outcome(escape, sceneA, Place::menuPanelScene, taken), Outcome(Cancel{}));
+    EXPECT_EQ(outcome(commandEscape, undo, Place::settings, taken), Outcome(Store{commandEscape}));
+    EXPECT_EQ(outcome(commandShiftR, {Kind::fixedRestore, ""}, Place::settings, taken),
+              Outcome(Store{commandShiftR}));
+    EXPECT_EQ(outcome(commandShiftR, sceneA, Place::menuPanelScene, taken),
+              Outcome(Refuse{"Already used by Restore now"}));
+}
+
 TEST(KeyCodeFormatter, ModifierGlyphsComeInOneOrder) {
     EXPECT_EQ(KeyCodeFormatter::modifierGlyphs(6912), "⌃⌥⇧⌘");
     EXPECT_EQ(KeyCodeFormatter::modifierGlyphs(0), "");

@@ -172,9 +172,7 @@ private:
         return window && window->isViewable ? std::optional(window->frame) : std::nullopt;
     }
 
-    void takePicture(const char* name) {
-        Picture::take(m_desk.connection()).save(m_options.pictures / name);
-    }
+    void takePicture(const char* name) { Picture::take(m_desk.connection()).save(m_options.pictures / name); }
 
     const PlayOptions& m_options;
     PrivateDesk m_desk;
