@@ -90,4 +90,5 @@ packages_packaging=(
     dpkg-dev
     file
     lintian
+    mmdebstrap
 )
