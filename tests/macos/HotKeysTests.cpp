@@ -2,6 +2,7 @@
 #include "tests/macos/PlatformTest.h"
 #include "tests/macos/fake/EventManager.h"
 
+#include <cstdlib>
 #include <gmock/gmock.h>
 
 namespace vantrel::fake {
@@ -36,17 +37,27 @@ TEST_F(MacHotKeys, AreRegisteredWithTheSignatureAndTheirNumber) {
 }
 
 TEST_F(MacHotKeys, TheHandlerIsInstalledOncePerProcess) {
-    eventManager().installError = paramErr;
-    const std::size_t before = installedHandlers();
-    if (before == 0) {
-        EXPECT_EQ(add(1), nullptr);
-        EXPECT_THAT(registeredHotKeys(), IsEmpty());
-    }
-    eventManager().installError = noErr;
     const auto first = add(2);
     const CarbonHotKeys another;
     const auto second = add(3);
     EXPECT_EQ(installedHandlers(), 1U);
+}
+
+using MacHotKeysDeathTest = MacHotKeys;
+
+TEST_F(MacHotKeysDeathTest, WithoutAHandlerThereIsNoKeyAndTheNextOneTriesAgain) {
+    // In a process of its own, where no handler is installed yet.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            eventManager().installError = paramErr;
+            const bool isRefused = add(1) == nullptr && registeredHotKeys().empty();
+            eventManager().installError = noErr;
+            const auto key = add(1);
+            sendHotKeyPressed(own, 1);
+            std::_Exit(isRefused && key && presses == 1 ? 7 : 1);
+        },
+        testing::ExitedWithCode(7), "");
 }
 
 TEST_F(MacHotKeys, AnActionDoesNotRunOnceItsKeyIsGone) {

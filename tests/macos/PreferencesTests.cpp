@@ -150,7 +150,9 @@ TEST_F(MissionControlSettings, BothMustBeWrittenAndTheDockDoesNotCount) {
     preferences().readOnly["com.apple.dock"] = true;
     EXPECT_FALSE(MissionControl::apply());
     preferences().readOnly = {{"com.apple.spaces", true}};
+    preferences().calls.clear();
     EXPECT_FALSE(MissionControl::apply());
+    EXPECT_THAT(preferences().calls, testing::Contains("set com.apple.dock mru-spaces"));
     EXPECT_EQ(processes().launches.size(), 3U);
 }
 

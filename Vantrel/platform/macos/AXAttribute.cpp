@@ -12,15 +12,6 @@ bool isHopeless(AXError error) {
            error == kAXErrorAPIDisabled;
 }
 
-// In an answer to several questions, an error or null stands for a value that is not there.
-bool standsForNothing(CFTypeRef item) {
-    if (!item || item == kCFNull) {
-        return true;
-    }
-    const AXValueRef value = cfCast<AXValueRef>(item);
-    return value && AXValueGetType(value) == kAXValueTypeAXError;
-}
-
 template <typename T>
 std::optional<T> held(const Value& value, AXValueType type) {
     const AXValueRef wrapped = cfCast<AXValueRef>(value.get());
@@ -66,7 +57,8 @@ std::optional<std::vector<Value>> copyTogether(AXUIElementRef element, std::span
     values.reserve(names.size());
     for (CFIndex i = 0; i < count; ++i) {
         const CFTypeRef item = CFArrayGetValueAtIndex(owned.get(), i);
-        values.push_back(standsForNothing(item) ? Value{} : Value::retain(item));
+        // Where there is no value stands an error or null, neither of a type that anybody asks for.
+        values.push_back(Value::retain(item));
     }
     return values;
 }

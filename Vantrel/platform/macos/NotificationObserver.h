@@ -36,7 +36,7 @@ public:
 private:
     NSNotificationCenter* _Nonnull m_center;
     std::shared_ptr<Handler> m_handler;
-    id<NSObject> _Nonnull m_token;
+    id<NSObject> _Null_unspecified m_token;
 };
 
 } // namespace vantrel
