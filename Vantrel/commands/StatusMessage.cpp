@@ -34,6 +34,7 @@ void to_json(nlohmann::json& json, const StatusMessage& status) {
     put(json, "savedWindows", status.savedWindows);
     put(json, "savedAt", status.savedAt);
     put(json, "latestAvailable", status.latestAvailable);
+    put(json, "crashReports", status.crashReports);
 }
 
 void from_json(const nlohmann::json& json, StatusMessage& status) {
@@ -49,6 +50,7 @@ void from_json(const nlohmann::json& json, StatusMessage& status) {
     status.supportDirectory = required<std::string>(json, "supportDirectory");
     status.license = required<LicenseMessage>(json, "license");
     status.latestAvailable = optional<std::string>(json, "latestAvailable");
+    status.crashReports = optional<std::int64_t>(json, "crashReports");
     status.savedWindows = optional<std::int64_t>(json, "savedWindows");
     status.savedAt = optional<Date>(json, "savedAt");
 }

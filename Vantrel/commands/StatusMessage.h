@@ -46,6 +46,8 @@ struct StatusMessage {
     LicenseMessage license;
     // The newer version on offer.
     std::optional<std::string> latestAvailable;
+    // Written and not sent; absent without any.
+    std::optional<std::int64_t> crashReports;
 
     bool operator==(const StatusMessage&) const = default;
 };

@@ -43,6 +43,11 @@ TEST(Crash, ForcedIsReportedAndTheReportSentAtTheNextStart) {
                               Not(HasSubstr(desk.home().path().string()))));
     EXPECT_EQ(server.requests().size(), 0U);
 
+    {
+        // Without a vendor nobody sends it.
+        const auto run = startVantrel(desk);
+        EXPECT_THAT(vantrelctl(desk, {"status"}).output, HasSubstr("\ncrashes   1 report not sent\n"));
+    }
     auto next = start("yes");
     ASSERT_TRUE(waitUntil([&] { return crashReports(desk).empty(); })) << next.output();
     ASSERT_EQ(server.requests().size(), 1U);

@@ -3,6 +3,9 @@
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
+#include "VantrelCore/diagnostics/CrashReportNames.h"
+
+#include <algorithm>
 
 namespace vantrel {
 
@@ -32,6 +35,15 @@ void rename(AppController& controller, const std::string& name, const ControlRep
               : std::unexpected(ControlRefusal{ControlNames::refused, change.text()}));
 }
 
+std::optional<std::int64_t> crashReports(const std::filesystem::path& supportDirectory) {
+    std::error_code ignored;
+    const std::filesystem::directory_iterator folder(supportDirectory / CrashReportNames::folder, ignored);
+    const auto count = std::count_if(begin(folder), end(folder), [](const auto& entry) {
+        return entry.path().extension().string() == CrashReportNames::extension;
+    });
+    return count > 0 ? std::optional<std::int64_t>(count) : std::nullopt;
+}
+
 } // namespace
 
 std::vector<ControlMethod> deskMethods(AppController& controller,
@@ -41,7 +53,9 @@ std::vector<ControlMethod> deskMethods(AppController& controller,
          {},
          "status",
          [&controller, supportDirectory](const Arguments& /*none*/, const ControlReply& reply) {
-             reply(nlohmann::json(ControlAnswers::status(controller.published(), supportDirectory)));
+             auto status = ControlAnswers::status(controller.published(), supportDirectory);
+             status.crashReports = crashReports(supportDirectory);
+             reply(nlohmann::json(status));
          }},
         {"Desks",
          {},

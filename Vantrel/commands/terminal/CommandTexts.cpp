@@ -92,6 +92,9 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
     }
     line("license", status.license.reason);
     line("files", status.supportDirectory);
+    if (status.crashReports) {
+        line("crashes", counted(*status.crashReports, "report") + " not sent");
+    }
     if (status.latestAvailable) {
         text += UpdateOffer::caption(*status.latestAvailable) + '\n';
     }

@@ -63,6 +63,7 @@ TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
     status.supportDirectory = "/data/Vantrel";
     status.license.reason = "The trial ends in 3 days.";
     status.latestAvailable = "1.10";
+    status.crashReports = 2;
     EXPECT_EQ(CommandTexts::status(status, {}, dateText),
               "state     1 window remembered\n"
               "desk      Monitor + Laptop\n"
@@ -72,6 +73,7 @@ TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
               "          Monitor 2560x1440 at 1920,-240\n"
               "license   The trial ends in 3 days.\n"
               "files     /data/Vantrel\n"
+              "crashes   2 reports not sent\n"
               "Update available · v1.10\n");
 }
 

@@ -31,6 +31,7 @@ StatusMessage exampleStatus() {
     status.displays.resize(2);
     status.displays[1].name = "Right";
     status.supportDirectory = "/home/user/.local/share/Vantrel";
+    status.crashReports = 2;
     status.license = LicenseMessage::of({.kind = Entitlement::Kind::licensed,
                                          .reason = "Licensed.",
                                          .license = License{.id = "1",
