@@ -13,6 +13,7 @@
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
 #include "Vantrel/platform/macos/FocusFilterReader.h"
 #include "Vantrel/platform/macos/LaunchNotice.h"
+#include "Vantrel/platform/macos/LoginItem.h"
 #include "Vantrel/platform/macos/MacAccessibility.h"
 #include "Vantrel/platform/macos/MacCalendarReader.h"
 #include "Vantrel/platform/macos/MacDesktopPictures.h"
@@ -96,7 +97,14 @@ public:
                                     m_focus,         m_pictures, m_hotKeys,    m_license};
         auto controller = AppController::create(
             ports, m_files, m_log,
-            {.supportDirectory = m_supportDirectory, .ownBundleID = ownBundleID, .version = VANTREL_VERSION});
+            {.supportDirectory = m_supportDirectory,
+             .ownBundleID = ownBundleID,
+             .version = VANTREL_VERSION,
+             .setLaunchAtLogin = [this](bool launches) {
+                 if (const auto told = LoginItem::setLaunchAtLogin(launches); !told.empty()) {
+                     m_log.write(told);
+                 }
+             }});
         if (!controller) {
             return fmt::format("The folder {} cannot be used: {}.", m_supportDirectory.string(),
                                controller.error().message());
@@ -125,6 +133,7 @@ public:
                 .purchase = [this] { ProgramPresence::openPage(m_vendor.apiServer + "/buy/personal"); },
                 .checkForUpdates = [this] { m_updates.checkForUpdates(); },
                 .quit = [] { QCoreApplication::quit(); }});
+        m_statusIcon->show(StatusIcon::Tray::statusNotifier);
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
         m_log.write("start: vantrel " VANTREL_VERSION);

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/macos/FocusFilterReader.h"
 #include "Vantrel/platform/macos/LaunchNotice.h"
+#include "Vantrel/platform/macos/LoginItem.h"
 #include "Vantrel/platform/macos/MacFolders.h"
 #include "Vantrel/platform/macos/MacLocalZone.h"
 #include "Vantrel/platform/macos/MacMachineIdentity.h"
@@ -98,6 +99,22 @@ TEST_F(ProgramOnTheMac, HearsOnceThatLaunchingHasFinished) {
     cocoa::runMainQueue();
     EXPECT_EQ(early, 1);
     EXPECT_EQ(late, 1);
+}
+
+TEST_F(ProgramOnTheMac, StartsWithTheSessionOnlyWhenTold) {
+    EXPECT_EQ(LoginItem::setLaunchAtLogin(false), "");
+    EXPECT_EQ(LoginItem::setLaunchAtLogin(true), "");
+    EXPECT_EQ(LoginItem::setLaunchAtLogin(true), "");
+    EXPECT_EQ(LoginItem::setLaunchAtLogin(false), "");
+    EXPECT_THAT(mac().calls, ElementsAre("register", "unregister"));
+    mac().approvesLoginItems = false;
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        EXPECT_EQ(LoginItem::setLaunchAtLogin(true),
+                  "launch at login: it waits to be allowed in System Settings, General, Login Items");
+    }
+    EXPECT_EQ(mac().calls.size(), 3U);
+    mac().takesLoginItems = false;
+    EXPECT_EQ(LoginItem::setLaunchAtLogin(false), "launch at login: Operation not permitted");
 }
 
 TEST_F(ProgramOnTheMac, KnowsItsMacAndItsBuild) {

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/posix/SystemZone.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -15,8 +16,11 @@ std::string mark() {
     const std::filesystem::path file = "/etc/localtime";
     std::error_code ignored;
     const auto target = std::filesystem::read_symlink(file, ignored).string();
-    const auto modified = std::filesystem::last_write_time(file, ignored).time_since_epoch().count();
-    return std::string(variable != nullptr ? variable : "") + '\n' + target + '\n' + std::to_string(modified);
+    // libc++ counts these in a number that std::to_string does not take.
+    const auto modified = std::chrono::duration_cast<std::chrono::microseconds>(
+        std::filesystem::last_write_time(file, ignored).time_since_epoch());
+    return std::string(variable != nullptr ? variable : "") + '\n' + target + '\n' +
+           std::to_string(modified.count());
 }
 
 } // namespace

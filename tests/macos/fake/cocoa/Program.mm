@@ -2,6 +2,7 @@
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
 #import <AppKit/AppKit.h>
+#import <ServiceManagement/ServiceManagement.h>
 
 #include <algorithm>
 #include <cstring>
@@ -158,5 +159,34 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 }
 - (FakeUpdater*)updater {
     return _updater;
+}
+@end
+
+@implementation SMAppService
++ (SMAppService*)mainAppService {
+    return shared(self);
+}
+- (SMAppServiceStatus)status {
+    return static_cast<SMAppServiceStatus>(vantrel::fake::cocoa::system().loginItem);
+}
+- (BOOL)become:(SMAppServiceStatus)status error:(NSError**)error {
+    auto& mac = vantrel::fake::cocoa::system();
+    mac.calls.push_back(status == SMAppServiceStatusNotRegistered ? "unregister" : "register");
+    if (!mac.takesLoginItems) {
+        if (error != nullptr) {
+            *error = makeError(1, "Operation not permitted");
+        }
+        return NO;
+    }
+    mac.loginItem = status;
+    return YES;
+}
+- (BOOL)registerAndReturnError:(NSError**)error {
+    return [self become:vantrel::fake::cocoa::system().approvesLoginItems ? SMAppServiceStatusEnabled
+                                                                          : SMAppServiceStatusRequiresApproval
+                  error:error];
+}
+- (BOOL)unregisterAndReturnError:(NSError**)error {
+    return [self become:SMAppServiceStatusNotRegistered error:error];
 }
 @end

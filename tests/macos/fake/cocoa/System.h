@@ -86,6 +86,10 @@ struct System {
     // The bundle's build is a number instead of a text.
     bool isVersionNumber = false;
     std::optional<std::string> hardwareModel = "Mac14,2";
+    // As SMAppServiceStatus, and what becomes of it when the program asks.
+    long loginItem = 0;
+    bool takesLoginItems = true;
+    bool approvesLoginItems = true;
     // Of the updater.
     bool checksForUpdates = true;
 };
