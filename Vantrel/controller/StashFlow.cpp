@@ -72,20 +72,19 @@ void StashFlow::stashNow(std::function<void(const Result&)> done) {
     });
 }
 
-bool StashFlow::bringBack(const std::string& asked, const RestoreOutcome::Done& done) {
-    // A copy: it may be part of the published state, which changes from here on.
-    const std::string stashID = asked;
+bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done& done) {
+    // First: the identifier may be part of the published state, which changes from here on.
+    const auto stored = m_store.stash(stashID);
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
         return RestoreOutcome::refuse(*hindrance, done);
     }
     dropExpired();
     const auto& published = m_context.state().stashes;
-    const auto found = std::ranges::find(published, stashID, &Stash::id);
-    if (found == published.end()) {
+    if (!stored || std::ranges::find(published, stored->id, &Stash::id) == published.end()) {
         return RestoreOutcome::refuse(RestoreOutcome::Kind::noSuchStash, done);
     }
-    const Stash& stash = *found;
+    const Stash& stash = *stored;
     m_runner.perform({.layout = m_context.fittedToDesk(stash.layout),
                       .displays = m_context.state().displays,
                       .reason = "stash",

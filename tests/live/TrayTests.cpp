@@ -24,7 +24,8 @@ protected:
         const bool isThere = waitUntil([&] {
             const auto before = area;
             const auto picture = Picture::take(desk.connection());
-            const auto ground = picture.colourAt(end, Panel::thickness / 2);
+            const auto ground = picture.colourAt(static_cast<std::size_t>(end),
+                                                 static_cast<std::size_t>(Panel::thickness / 2));
             const bool isPainted = ground != Picture::Colour{} &&
                                    !picture.drawnOn(ground, {{widest, 0}, {end - widest, Panel::thickness}});
             area = isPainted ? picture.drawnOn(ground, {{0, 0}, {widest, Panel::thickness}}) : std::nullopt;
