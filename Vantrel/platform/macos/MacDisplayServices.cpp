@@ -16,12 +16,11 @@ namespace {
 
 using Handler = std::function<void()>;
 
-// The handlers of this process by number: a notification under way when its registration ends, on whatever
-// thread, finds none.
+// The handlers of this process by their addresses, which are only looked up: a notification under way when
+// its registration ends, on whatever thread, finds none.
 struct Handlers {
     std::mutex lock;
-    std::uintptr_t last = 0;
-    std::map<std::uintptr_t, std::shared_ptr<Handler>> byNumber;
+    std::map<const void*, std::shared_ptr<Handler>> registered;
 
     static Handlers& shared() {
         static Handlers handlers;
@@ -35,8 +34,8 @@ void vantrelDisplayReconfigurationCallback(CGDirectDisplayID /*display*/,
     std::shared_ptr<Handler> handler;
     {
         const std::scoped_lock lock(Handlers::shared().lock);
-        const auto found = Handlers::shared().byNumber.find(reinterpret_cast<std::uintptr_t>(userInfo));
-        if (found != Handlers::shared().byNumber.end()) {
+        const auto found = Handlers::shared().registered.find(userInfo);
+        if (found != Handlers::shared().registered.end()) {
             handler = found->second;
         }
     }
@@ -73,28 +72,26 @@ std::optional<std::string> uuidOf(CGDirectDisplayID display) {
 class MacDisplayServices::Registration {
 public:
     explicit Registration(Handler handler) {
+        auto kept = std::make_shared<Handler>(std::move(handler));
+        m_userInfo = kept.get();
         {
             const std::scoped_lock lock(Handlers::shared().lock);
-            m_number = ++Handlers::shared().last;
-            Handlers::shared().byNumber[m_number] = std::make_shared<Handler>(std::move(handler));
+            Handlers::shared().registered[m_userInfo] = std::move(kept);
         }
-        CGDisplayRegisterReconfigurationCallback(vantrelDisplayReconfigurationCallback, userInfo());
+        CGDisplayRegisterReconfigurationCallback(vantrelDisplayReconfigurationCallback, m_userInfo);
     }
 
     ~Registration() {
-        CGDisplayRemoveReconfigurationCallback(vantrelDisplayReconfigurationCallback, userInfo());
+        CGDisplayRemoveReconfigurationCallback(vantrelDisplayReconfigurationCallback, m_userInfo);
         const std::scoped_lock lock(Handlers::shared().lock);
-        Handlers::shared().byNumber.erase(m_number);
+        Handlers::shared().registered.erase(m_userInfo);
     }
 
     Registration(const Registration&) = delete;
     Registration& operator=(const Registration&) = delete;
 
 private:
-    // A number, never an address that could dangle.
-    [[nodiscard]] void* userInfo() const { return reinterpret_cast<void*>(m_number); }
-
-    std::uintptr_t m_number = 0;
+    void* m_userInfo = nullptr;
 };
 
 MacDisplayServices::MacDisplayServices(ScreenList screens) : m_screens(std::move(screens)) {}
