@@ -97,7 +97,12 @@ TEST_F(CalendarOfTheMac, NothingIsReadWithoutFullAccess) {
     for (const long access : {0L, 1L, 2L, 4L}) {
         mac().calendarAccess = access;
         EXPECT_EQ(read(), CalendarReading{}) << access;
+        if (access != 0) {
+            // The user has decided.
+            ask();
+        }
     }
+    EXPECT_EQ(m_answers, 3);
     EXPECT_THAT(mac().calls, IsEmpty());
 }
 

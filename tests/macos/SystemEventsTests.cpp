@@ -34,6 +34,8 @@ protected:
 TEST_F(SystemEventsOfTheMac, TellOfSleepAndWake) {
     listen();
     postWorkspace("WillSleep");
+    cocoa::runMainQueue();
+    EXPECT_THAT(m_told, ElementsAre("sleep"));
     postWorkspace("DidWake");
     cocoa::runMainQueue();
     EXPECT_THAT(m_told, ElementsAre("sleep", "wake"));

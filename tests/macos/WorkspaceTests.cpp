@@ -92,6 +92,8 @@ TEST_F(WorkspaceOfTheMac, ShowsAgainWhatItHidAndNothingElse) {
     mac().applications[1]->isHidden = true;
     mac().applications[2]->obeys = false;
     EXPECT_TRUE(m_workspace.hide("a"));
+    // What is hidden stays so, and is not forgotten.
+    EXPECT_FALSE(m_workspace.hide("a"));
     EXPECT_FALSE(m_workspace.hide("absent"));
     mac().applications[4]->isTerminated = true;
     mac().calls.clear();
