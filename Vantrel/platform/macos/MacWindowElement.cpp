@@ -79,13 +79,11 @@ std::vector<bool> MacWindowElement::write(std::span<const FrameWrite> writes) {
         }
     }
     const auto moves = beginMoves();
+    // Each gives up by itself after its second: what was not answered may have happened all the same.
     for (std::size_t i = 0; i < prepared.size(); ++i) {
         const AXError error =
             AXUIElementSetAttributeValue(m_element.get(), prepared[i].name, prepared[i].value.get());
         results[i] = error == kAXErrorSuccess;
-        if (error == kAXErrorCannotComplete) {
-            break;
-        }
     }
     return results;
 }
