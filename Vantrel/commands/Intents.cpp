@@ -40,8 +40,8 @@ void Intents::applyScene(const std::string& sceneID, const Done& done) {
         const auto scene = std::ranges::find(scenes, sceneID, &Scene::id);
         if (scene == scenes.end()) {
             tellNothingHappened(done, "That scene no longer exists.");
-        } else if (const std::string name = scene->name; running->applyScene(*scene, "Shortcuts")) {
-            done(fmt::format("Applying \"{}\".", name));
+        } else if (running->applyScene(*scene, "Shortcuts")) {
+            done(fmt::format("Applying \"{}\".", scene->name));
         } else {
             tellNothingHappened(done,
                                 "Nothing moved. Vantrel may be paused, missing Accessibility permission, "

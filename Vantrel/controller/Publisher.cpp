@@ -13,11 +13,7 @@ void Publisher::remove(ObserverID id) {
     m_observers.erase(id);
 }
 
-void Publisher::replace(PublishedState changed) {
-    if (changed == m_state) {
-        return;
-    }
-    m_state = std::move(changed);
+void Publisher::notifySoon() {
     if (m_isNotifying) {
         return;
     }

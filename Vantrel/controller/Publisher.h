@@ -21,18 +21,21 @@ public:
 
     [[nodiscard]] const PublishedState& state() const { return m_state; }
 
+    // Changes the state in place: who holds a reference into it loses nothing but what is changed.
     template <typename Change>
     void publish(Change&& change) {
-        PublishedState changed = m_state;
-        std::forward<Change>(change)(changed);
-        replace(std::move(changed));
+        const PublishedState before = m_state;
+        std::forward<Change>(change)(m_state);
+        if (m_state != before) {
+            notifySoon();
+        }
     }
 
     ObserverID add(std::function<void()> observer);
     void remove(ObserverID id);
 
 private:
-    void replace(PublishedState changed);
+    void notifySoon();
     void notify();
 
     MainQueue& m_queue;

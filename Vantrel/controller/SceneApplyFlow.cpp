@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <memory>
 #include <set>
 #include <utility>
 
@@ -40,32 +39,30 @@ void explainSlotsOf(const std::vector<SceneSettlement::LaunchedApp>& launched, c
 
 } // namespace
 
-bool SceneApplyFlow::applyScene(const Scene& asked, const std::optional<std::string>& reason,
+bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::string>& reason,
                                 RestoreOutcome::Done done) {
-    // A copy: it may be part of the published state, which changes from here on.
-    const auto scene = std::make_shared<const Scene>(asked);
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
         return RestoreOutcome::refuse(*hindrance, done);
     }
     const auto& displays = m_context.state().displays;
-    auto onDesk = SceneOnDesk::make(*scene, m_context.state().configID, displays, m_context.store.rules());
-    m_context.log(fmt::format("apply scene: {} ({} windows)", scene->name, scene->layout.windows.size()));
+    auto onDesk = SceneOnDesk::make(scene, m_context.state().configID, displays, m_context.store.rules());
+    m_context.log(fmt::format("apply scene: {} ({} windows)", scene.name, scene.layout.windows.size()));
     Layout layout = onDesk.layout;
     m_runner.perform({.layout = std::move(layout),
                       .displays = displays,
                       .reason = reason.value_or("scene"),
                       .purpose = RestorePurpose::sceneSwitch,
                       .announcement = Announcement::announce,
-                      .sceneName = scene->name,
+                      .sceneName = scene.name,
                       .scene = std::move(onDesk),
                       .raising = RestoreEngine::Raising::raise,
                       .prepare =
-                          [this, id = scene->id](RestoreRequest& request) {
+                          [this, id = scene.id](RestoreRequest& request) {
                               unhide(request);
                               rememberFormer(request, id);
                           },
-                      .finished = [this, scene](RestorePass::Result& result) { finish(*scene, result); },
+                      .finished = [this, scene](RestorePass::Result& result) { finish(scene, result); },
                       .done = std::move(done)});
     return true;
 }

@@ -213,7 +213,7 @@ std::optional<std::string> SceneFlow::deskName(const std::string& configID) {
     if (!layouts.empty()) {
         return layouts.front().name;
     }
-    return configID == state.configID && !configID.empty() ? std::optional(state.deskName()) : std::nullopt;
+    return configID == state.configID && !configID.empty() ? std::optional(state.configName) : std::nullopt;
 }
 
 } // namespace vantrel
