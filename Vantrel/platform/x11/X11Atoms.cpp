@@ -24,6 +24,8 @@ constexpr auto names = std::to_array<Name>({
     {&X11Atoms::gtkApplicationId, "_GTK_APPLICATION_ID"},
     {&X11Atoms::gtkFrameExtents, "_GTK_FRAME_EXTENTS"},
     {&X11Atoms::kdeDesktopFile, "_KDE_NET_WM_DESKTOP_FILE"},
+    {&X11Atoms::manager, "MANAGER"},
+    {&X11Atoms::netSystemTray, "_NET_SYSTEM_TRAY_S0"},
     {&X11Atoms::netSupported, "_NET_SUPPORTED"},
     {&X11Atoms::netSupportingWmCheck, "_NET_SUPPORTING_WM_CHECK"},
     {&X11Atoms::netClientList, "_NET_CLIENT_LIST"},

@@ -14,6 +14,9 @@ struct X11Atoms {
     xcb_atom_t gtkApplicationId = XCB_ATOM_NONE;
     xcb_atom_t gtkFrameExtents = XCB_ATOM_NONE;
     xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;
+    xcb_atom_t manager = XCB_ATOM_NONE;
+    // Of screen 0: every server of today has one screen, whatever the number of monitors.
+    xcb_atom_t netSystemTray = XCB_ATOM_NONE;
 
     xcb_atom_t netSupported = XCB_ATOM_NONE;
     xcb_atom_t netSupportingWmCheck = XCB_ATOM_NONE;

@@ -25,8 +25,6 @@ private:
     std::shared_ptr<X11Connection> m_connection;
     MainQueue& m_queue;
     std::function<void()> m_appeared;
-    xcb_atom_t m_selection = XCB_ATOM_NONE;
-    xcb_atom_t m_manager = XCB_ATOM_NONE;
     std::unique_ptr<ScheduledWork> m_wait;
     // Expires with this object; only asked for on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
