@@ -5,9 +5,9 @@
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/diagnostics/CrashTest.h"
-#include "Vantrel/diagnostics/CrashUpload.h"
 #include "Vantrel/diagnostics/CrashUploader.h"
 #include "Vantrel/diagnostics/UpdateChecker.h"
+#include "Vantrel/diagnostics/VendorServer.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/licensing/LicenseManager.h"
@@ -122,7 +122,8 @@ void openPage(const std::string& url) {
 }
 
 // Runs until it is told to end.
-ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnection bus) {
+ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnection bus,
+                  const SystemDescription& system) {
     const auto supportDirectory = UserFolders::supportDirectory();
     PosixFileSystem files;
     SystemClock clock;
@@ -162,16 +163,12 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
     const ControllerPorts ports{accessibility, displays,  workspace,  systemEvents, defaults,
                                 clock,         queue,     background, localZone,    calendar,
                                 focus,         *pictures, hotKeys,    license};
-    auto controller = AppController::create(ports, files, log,
-                                            {.supportDirectory = supportDirectory,
-                                             .ownBundleID = ownBundleID,
-                                             .version = VANTREL_VERSION,
-                                             .setLaunchAtLogin = [&](bool launches) {
-                                                 if (const auto told = autostart.setLaunchAtLogin(launches);
-                                                     !told.empty()) {
-                                                     log.write(told);
-                                                 }
-                                             }});
+    auto controller = AppController::create(
+        ports, files, log,
+        {.supportDirectory = supportDirectory,
+         .ownBundleID = ownBundleID,
+         .version = VANTREL_VERSION,
+         .setLaunchAtLogin = [&](bool launches) { return autostart.setLaunchAtLogin(launches); }});
     if (!controller) {
         return complain(fmt::format("The folder {} cannot be used: {}.", supportDirectory.string(),
                                     controller.error().message()));
@@ -210,30 +207,21 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
                           defaults, clock, queue, http, log);
     updates.setChangeHandler([&] { (*controller)->setLatestAvailable(updates.latestAvailable()); });
     HUDOverlay overlay;
-    (*controller)->setHUDHandler([&](const HUDEvent& event) {
-        if (Settings(defaults).showHUD()) {
-            overlay.show(HUDText::of(event));
-        }
-    });
-    CrashUploader crashUploader(files, http, queue, log,
+    overlay.follow(**controller);
+    CrashUploader crashUploader(files, defaults, http, queue, log,
                                 {.crashesDirectory = CrashReporter::crashesDirectory(supportDirectory),
                                  .apiServer = vendor.apiServer,
-                                 .system = systemDescription(),
-                                 .isSendingAllowed = [&] {
-                                     return Settings(defaults).sendCrashReports().value_or(
-                                         CrashUpload::isRealServer(vendor.apiServer));
-                                 }});
+                                 .system = system});
     crashUploader.uploadPendingReportsAfterDelay();
     const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
-    StatusIcon statusIcon(**controller, {.purchase = [&] { openPage(vendor.apiServer + "/buy/personal"); },
-                                         .checkForUpdates = [&] { updates.checkForUpdates(); },
-                                         .quit = [] { QCoreApplication::quit(); }});
+    StatusIcon statusIcon(**controller,
+                          {.purchase = [&] { openPage(VendorServer::purchasePage(vendor.apiServer)); },
+                           .checkForUpdates = [&] { updates.checkForUpdates(); },
+                           .quit = [] { QCoreApplication::quit(); }});
     const StatusNotifierHost notifierHost(bus, [&] { statusIcon.show(StatusIcon::Tray::statusNotifier); });
     const XEmbedTray xembedTray(connection, queue, [&] { statusIcon.show(StatusIcon::Tray::xembed); });
     log.write("start: vantrel " VANTREL_VERSION);
-    if (CrashUpload::isRealServer(vendor.apiServer)) {
-        updates.startup();
-    }
+    updates.startup();
     runningLog() = &log;
     (*controller)->watchForPermission();
     (*controller)->startEngine();
@@ -262,7 +250,8 @@ int main(int argumentCount, char** arguments) {
         return static_cast<int>(app.exit(error) == 0 ? ExitCode::done : ExitCode::usage);
     }
 
-    CrashReporter::install(UserFolders::supportDirectory(), systemDescription());
+    const SystemDescription system = systemDescription();
+    CrashReporter::install(UserFolders::supportDirectory(), system);
     explainWayland();
     auto connection = X11Connection::open();
     if (!connection) {
@@ -281,5 +270,5 @@ int main(int argumentCount, char** arguments) {
                                          bus.lastError().message().toStdString()));
     }
     // Before anything of the running one is touched.
-    return static_cast<int>(runsAlready(bus) ? complainOfSecondStart() : keepDesk(*connection, bus));
+    return static_cast<int>(runsAlready(bus) ? complainOfSecondStart() : keepDesk(*connection, bus, system));
 }

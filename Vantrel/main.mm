@@ -4,9 +4,9 @@
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/diagnostics/CrashTest.h"
-#include "Vantrel/diagnostics/CrashUpload.h"
 #include "Vantrel/diagnostics/CrashUploader.h"
 #include "Vantrel/diagnostics/UpdateChecker.h"
+#include "Vantrel/diagnostics/VendorServer.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/licensing/LicenseManager.h"
@@ -79,32 +79,25 @@ const char* describe(MissionControlConfig::Classification classification) {
 // Everything that runs, in the order of its construction: what is used outlives what uses it.
 class Program {
 public:
-    explicit Program(const std::filesystem::path& supportDirectory)
-        : m_supportDirectory(supportDirectory), m_log(supportDirectory, m_files, m_clock) {}
+    Program(const std::filesystem::path& supportDirectory, const SystemDescription& system)
+        : m_supportDirectory(supportDirectory), m_system(system), m_log(supportDirectory, m_files, m_clock) {}
 
     // Before launching finishes. Fails with a sentence.
     [[nodiscard]] std::optional<std::string> construct() {
         m_license.start();
         m_updater = StandardUpdater::start();
         m_updates.attach(m_updater.get());
-        if (CrashUpload::isRealServer(m_vendor.apiServer)) {
-            m_updates.startup();
-        }
+        m_updates.startup();
         m_log.write(std::string("mission control config: ") +
                     describe(MissionControl::read().classification()));
         const ControllerPorts ports{m_accessibility, m_displays, m_workspace,  m_systemEvents, m_defaults,
                                     m_clock,         m_queue,    m_background, m_localZone,    m_calendar,
                                     m_focus,         m_pictures, m_hotKeys,    m_license};
-        auto controller = AppController::create(
-            ports, m_files, m_log,
-            {.supportDirectory = m_supportDirectory,
-             .ownBundleID = ownBundleID,
-             .version = VANTREL_VERSION,
-             .setLaunchAtLogin = [this](bool launches) {
-                 if (const auto told = LoginItem::setLaunchAtLogin(launches); !told.empty()) {
-                     m_log.write(told);
-                 }
-             }});
+        auto controller = AppController::create(ports, m_files, m_log,
+                                                {.supportDirectory = m_supportDirectory,
+                                                 .ownBundleID = ownBundleID,
+                                                 .version = VANTREL_VERSION,
+                                                 .setLaunchAtLogin = LoginItem::setLaunchAtLogin});
         if (!controller) {
             return fmt::format("The folder {} cannot be used: {}.", m_supportDirectory.string(),
                                controller.error().message());
@@ -113,11 +106,7 @@ public:
         m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
         m_controller->setLatestAvailable(m_updates.latestAvailable());
         m_intents.emplace(*m_controller, [this](const auto& name) { m_focus.filterRan(name); });
-        m_controller->setHUDHandler([this](const HUDEvent& event) {
-            if (Settings(m_defaults).showHUD()) {
-                m_overlay.show(HUDText::of(event));
-            }
-        });
+        m_overlay.follow(*m_controller);
         return std::nullopt;
     }
 
@@ -130,7 +119,8 @@ public:
         m_statusIcon.emplace(
             *m_controller,
             StatusIcon::Actions{
-                .purchase = [this] { ProgramPresence::openPage(m_vendor.apiServer + "/buy/personal"); },
+                .purchase =
+                    [this] { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
                 .checkForUpdates = [this] { m_updates.checkForUpdates(); },
                 .quit = [] { QCoreApplication::quit(); }});
         m_statusIcon->show(StatusIcon::Tray::statusNotifier);
@@ -145,6 +135,7 @@ private:
     }
 
     std::filesystem::path m_supportDirectory;
+    SystemDescription m_system;
     PosixFileSystem m_files;
     SystemClock m_clock;
     AppLog m_log;
@@ -177,17 +168,13 @@ private:
     // Ends before the adapters that its work uses.
     ThreadBackground m_background;
     CrashUploader m_crashUploader{m_files,
+                                  m_defaults,
                                   m_http,
                                   m_queue,
                                   m_log,
                                   {.crashesDirectory = CrashReporter::crashesDirectory(m_supportDirectory),
                                    .apiServer = m_vendor.apiServer,
-                                   .system = systemDescription(),
-                                   .isSendingAllowed = [this] {
-                                       return Settings(m_defaults)
-                                           .sendCrashReports()
-                                           .value_or(CrashUpload::isRealServer(m_vendor.apiServer));
-                                   }}};
+                                   .system = m_system}};
     std::unique_ptr<ScheduledWork> m_crashTest;
     std::unique_ptr<StandardUpdater> m_updater;
     UpdateChecker m_updates{{.currentVersion = VANTREL_VERSION,
@@ -216,8 +203,9 @@ int main(int argumentCount, char** arguments) {
     if (!supportDirectory) {
         return complain("macOS gives no Application Support folder to keep the layouts in.");
     }
-    CrashReporter::install(*supportDirectory, systemDescription());
-    Program program(*supportDirectory);
+    const SystemDescription system = systemDescription();
+    CrashReporter::install(*supportDirectory, system);
+    Program program(*supportDirectory, system);
     if (const auto problem = program.construct()) {
         return complain(*problem);
     }

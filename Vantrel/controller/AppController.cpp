@@ -137,8 +137,11 @@ void AppController::startEngine() {
 
 void AppController::applyLaunchAtLogin() {
     const bool launches = m_context.settings.launchAtLogin();
-    if (std::exchange(m_launchAtLogin, launches) != launches && m_setLaunchAtLogin) {
-        m_setLaunchAtLogin(launches);
+    if (std::exchange(m_launchAtLogin, launches) == launches || !m_setLaunchAtLogin) {
+        return;
+    }
+    if (const auto told = m_setLaunchAtLogin(launches); !told.empty()) {
+        m_context.log(told);
     }
 }
 

@@ -46,9 +46,9 @@ public:
         // This program's own identifier: its windows are left alone.
         std::optional<std::string> ownBundleID;
         std::string version;
-        // Has this program start with the user's session, or not. Called when the engine starts, and with
-        // every change of the setting.
-        std::function<void(bool)> setLaunchAtLogin{};
+        // Has this program start with the user's session, or not, and gives what the log is to say of it.
+        // Called when the engine starts, and with every change of the setting.
+        std::function<std::string(bool)> setLaunchAtLogin{};
     };
 
     // Loads the stores. Fails when the folder cannot be created. Everything passed by reference outlives the
@@ -210,7 +210,7 @@ private:
     RuleFlow m_rules;
     NudgeFlow m_nudge;
     WallpaperFlow m_wallpaper;
-    std::function<void(bool)> m_setLaunchAtLogin;
+    std::function<std::string(bool)> m_setLaunchAtLogin;
     // As it was last told.
     std::optional<bool> m_launchAtLogin;
     // As the settings last said; a choice that could not be written holds for this run.

@@ -36,9 +36,4 @@ std::string_view message(Outcome outcome) {
     return outcome == Outcome::uploaded ? "crash report uploaded" : "crash report upload failed";
 }
 
-bool isRealServer(std::string_view apiServer) {
-    const auto host = apiServer.substr(0, apiServer.find_last_not_of("0123456789:") + 1);
-    return !host.empty() && !host.ends_with(".example");
-}
-
 } // namespace vantrel::CrashUpload

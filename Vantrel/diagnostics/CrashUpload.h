@@ -26,7 +26,4 @@ enum class Outcome : std::uint8_t {
 // For the log.
 [[nodiscard]] std::string_view message(Outcome outcome);
 
-// Whether the server can exist at all: names below "example" are reserved and belong to nobody.
-[[nodiscard]] bool isRealServer(std::string_view apiServer);
-
 } // namespace vantrel::CrashUpload

@@ -2,6 +2,7 @@
 
 #include "Vantrel/diagnostics/CrashUpload.h"
 #include "Vantrel/diagnostics/PendingCrashReports.h"
+#include "Vantrel/diagnostics/VendorServer.h"
 
 #include <utility>
 
@@ -14,9 +15,10 @@ void ignoreFailure(const std::error_code& /*error*/) {}
 
 } // namespace
 
-CrashUploader::CrashUploader(FileSystem& files, HttpClient& http, MainQueue& queue, AppLog& log,
-                             Options options)
-    : m_files(files), m_http(http), m_queue(queue), m_log(log), m_options(std::move(options)) {}
+CrashUploader::CrashUploader(FileSystem& files, UserDefaults& defaults, HttpClient& http, MainQueue& queue,
+                             AppLog& log, Options options)
+    : m_files(files), m_settings(defaults), m_http(http), m_queue(queue), m_log(log),
+      m_options(std::move(options)) {}
 
 void CrashUploader::uploadPendingReportsAfterDelay() {
     m_start = m_queue.after(delaySeconds, [this] { uploadPendingReports(); });
@@ -30,9 +32,13 @@ void CrashUploader::uploadPendingReports() {
         ignoreFailure(m_files.remove(report));
     }
     m_pending.assign(plan.pending.begin(), plan.pending.end());
-    if (m_options.isSendingAllowed()) {
+    if (isSendingAllowed()) {
         uploadNext();
     }
+}
+
+bool CrashUploader::isSendingAllowed() const {
+    return m_settings.sendCrashReports().value_or(VendorServer::isReal(m_options.apiServer));
 }
 
 void CrashUploader::uploadNext() {

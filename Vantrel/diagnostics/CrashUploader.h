@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"
+#include "Vantrel/controller/Settings.h"
 #include "VantrelCore/diagnostics/SystemDescription.h"
 #include "VantrelCore/ports/FileSystem.h"
 #include "VantrelCore/ports/HttpClient.h"
@@ -10,7 +11,6 @@
 
 #include <deque>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -26,22 +26,25 @@ public:
         // Without a slash at the end.
         std::string apiServer;
         SystemDescription system;
-        // Asked once the delay is over. When not, there are at most five reports all the same.
-        std::function<bool()> isSendingAllowed;
     };
 
-    CrashUploader(FileSystem& files, HttpClient& http, MainQueue& queue, AppLog& log, Options options);
+    CrashUploader(FileSystem& files, UserDefaults& defaults, HttpClient& http, MainQueue& queue, AppLog& log,
+                  Options options);
 
     void uploadPendingReportsAfterDelay();
     // Lets go of the uploads that a former call has not begun.
     void uploadPendingReports();
 
 private:
+    // As the setting says once the delay is over; without it, a server that belongs to nobody gets nothing.
+    // There are at most five reports all the same.
+    [[nodiscard]] bool isSendingAllowed() const;
     void uploadNext();
     // False when it cannot be read.
     [[nodiscard]] bool upload(const std::filesystem::path& report);
 
     FileSystem& m_files;
+    Settings m_settings;
     HttpClient& m_http;
     MainQueue& m_queue;
     AppLog& m_log;

@@ -8,9 +8,7 @@
 namespace vantrel::PendingCrashReports {
 
 Plan plan(std::vector<FileEntry> folder) {
-    std::erase_if(folder, [](const FileEntry& entry) {
-        return entry.file.extension().string() != CrashReportNames::extension;
-    });
+    std::erase_if(folder, [](const FileEntry& entry) { return !CrashReportNames::isReport(entry.file); });
     std::ranges::sort(folder, {},
                       [](const FileEntry& entry) { return std::tie(entry.modified, entry.file); });
     const std::size_t surplus = folder.size() - std::min(folder.size(), most);

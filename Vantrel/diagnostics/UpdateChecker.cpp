@@ -1,5 +1,6 @@
 #include "Vantrel/diagnostics/UpdateChecker.h"
 
+#include "Vantrel/diagnostics/VendorServer.h"
 #include "VantrelCore/updates/ChangelogResponse.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
@@ -27,6 +28,9 @@ UpdateChecker::UpdateChecker(Options options, UserDefaults& defaults, Clock& clo
       m_log(log) {}
 
 void UpdateChecker::startup() {
+    if (!VendorServer::isReal(m_options.apiServer)) {
+        return;
+    }
     checkIfDue();
     m_timer = m_queue.every(checkInterval, [this] { checkIfDue(); });
 }

@@ -35,7 +35,7 @@ public:
     // Null for none; outlives this otherwise.
     void attach(AppUpdater* updater) { m_updater = updater; }
 
-    // Looks now if it is time, and from then on.
+    // Looks now if it is time, and from then on. A server that belongs to nobody is not asked.
     void startup();
 
     // Asks the attached updater, or else opens the download page.

@@ -71,6 +71,14 @@ HUDOverlay::HUDOverlay()
     m_hide.callOnTimeout([this] { hide(); });
 }
 
+void HUDOverlay::follow(AppController& controller) {
+    controller.setHUDHandler([this, &controller](const HUDEvent& event) {
+        if (Settings(controller.defaults()).showHUD()) {
+            show(HUDText::of(event));
+        }
+    });
+}
+
 void HUDOverlay::show(const HUDText& text) {
     m_text = text;
     // Nobody sees it, but screen readers tell it.

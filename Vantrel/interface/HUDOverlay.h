@@ -2,6 +2,7 @@
 // focus nor clicks, and is managed by no window manager.
 #pragma once
 
+#include "Vantrel/controller/AppController.h"
 #include "Vantrel/interface/HUDText.h"
 
 #include <QTimer>
@@ -12,6 +13,10 @@ namespace vantrel {
 class HUDOverlay final : public QWidget {
 public:
     HUDOverlay();
+
+    // Shows what the controller tells, while the setting is on. Once this is gone the controller may tell
+    // nothing more.
+    void follow(AppController& controller);
 
     // In place of what it shows.
     void show(const HUDText& text);

@@ -1,6 +1,7 @@
 #include "VantrelCore/licensing/LicenseAnswers.h"
 
 #include "VantrelCore/model/StrictJson.h"
+#include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -68,9 +69,7 @@ std::expected<void, std::string> agreed(const HttpResult& result) {
 } // namespace
 
 std::optional<std::string> key(std::string_view typed) {
-    const auto begin = std::min(typed.find_first_not_of(" \t\r\n"), typed.size());
-    const auto end = typed.find_last_not_of(" \t\r\n");
-    const auto text = typed.substr(begin, end == std::string_view::npos ? 0 : end + 1 - begin);
+    const auto text = Unicode::trimmed(typed);
     const bool isPrintable = std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
     return text.empty() || text.size() > longestKey || !isPrintable ? std::nullopt
                                                                     : std::optional<std::string>(text);

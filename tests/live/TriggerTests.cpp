@@ -52,7 +52,7 @@ TEST_P(Triggers, AVideoCallInACalendarFileAppliesTheScene) {
     std::tm utc{};
     const std::time_t time = std::chrono::system_clock::to_time_t(start);
     gmtime_r(&time, &utc);
-    desk.home().write("data/khal/calendars/work/call.ics",
+    desk.home().write("data/khal/calendars/team/call.ics",
                       fmt::format("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:call\r\n"
                                   "SUMMARY:Weekly call\r\nDTSTART:{:04}{:02}{:02}T{:02}{:02}{:02}Z\r\n"
                                   "DURATION:PT30M\r\nRRULE:FREQ=WEEKLY\r\n"

@@ -39,7 +39,7 @@ std::optional<std::int64_t> crashReports(const std::filesystem::path& supportDir
     std::error_code ignored;
     const std::filesystem::directory_iterator folder(supportDirectory / CrashReportNames::folder, ignored);
     const auto count = std::count_if(begin(folder), end(folder), [](const auto& entry) {
-        return entry.path().extension().string() == CrashReportNames::extension;
+        return CrashReportNames::isReport(entry.path());
     });
     return count > 0 ? std::optional<std::int64_t>(count) : std::nullopt;
 }

@@ -7,6 +7,8 @@
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 #include "tests/Vantrel/platform/qt/QtApplication.h"
 #include "tests/server/LoopbackServer.h"
+#include "tests/simulated/SimulatedDefaults.h"
+#include "tests/simulated/SimulatedTime.h"
 
 #include <algorithm>
 #include <chrono>
@@ -51,11 +53,8 @@ protected:
     // What the log says after so many further messages.
     std::vector<std::string> messagesOfOneStart(const LoopbackServer& server, std::size_t count) {
         std::filesystem::remove(m_log.file());
-        CrashUploader uploader(
-            m_files, m_client, m_queue, m_log,
-            {.crashesDirectory = m_crashes, .apiServer = server.url(), .system = {}, .isSendingAllowed = [] {
-                 return true;
-             }});
+        CrashUploader uploader(m_files, m_defaults, m_client, m_queue, m_log,
+                               {.crashesDirectory = m_crashes, .apiServer = server.url(), .system = {}});
         uploader.uploadPendingReports();
         EXPECT_TRUE(testing::waitFor([&] { return messages().size() >= count; }));
         return messages();
@@ -83,6 +82,8 @@ protected:
     PosixFileSystem m_files;
     SystemClock m_clock;
     QtMainQueue m_queue;
+    simulated::SimulatedTime m_time;
+    simulated::SimulatedDefaults m_defaults{m_time};
     AppLog m_log{m_folder.path(), m_files, m_clock};
     ImpatientClient m_client;
 };

@@ -2,7 +2,9 @@
 #include "Vantrel/diagnostics/CrashUploader.h"
 
 #include "Vantrel/diagnostics/CrashUpload.h"
+#include "Vantrel/diagnostics/VendorServer.h"
 #include "tests/simulated/MemoryFileSystem.h"
+#include "tests/simulated/SimulatedDefaults.h"
 #include "tests/simulated/SimulatedHttp.h"
 #include "tests/simulated/SimulatedTime.h"
 
@@ -30,14 +32,14 @@ protected:
     }
 
     // The first start's pass, whole.
-    void start(bool isSendingAllowed = true) {
+    void start(const std::string& apiServer = "https://api.test") {
         AppLog log("/support", m_files, m_time);
         CrashUploader uploader(
-            m_files, m_http, m_time, log,
+            m_files, m_defaults, m_http, m_time, log,
             {.crashesDirectory = folder,
-             .apiServer = "https://api.test",
-             .system = {.version = "1.2", .build = "b", .operatingSystem = "Test OS 3", .hardware = "Box 4"},
-             .isSendingAllowed = [=] { return isSendingAllowed; }});
+             .apiServer = apiServer,
+             .system = {
+                 .version = "1.2", .build = "b", .operatingSystem = "Test OS 3", .hardware = "Box 4"}});
         uploader.uploadPendingReportsAfterDelay();
         m_time.runFor(1000);
     }
@@ -69,6 +71,7 @@ protected:
 
     simulated::MemoryFileSystem m_files;
     simulated::SimulatedTime m_time;
+    simulated::SimulatedDefaults m_defaults{m_time};
     simulated::SimulatedHttp m_http{m_time};
 };
 
@@ -126,7 +129,9 @@ TEST_F(CrashUploads, DoNotHappenWithoutTheUsersLeaveNorWithoutAFolder) {
     for (int i = 0; i < 7; ++i) {
         putReport(std::to_string(i) + "-signal.crash", i);
     }
-    start(false);
+    start("https://api.vantrel.example");
+    m_defaults.set("sendCrashReports", false);
+    start();
     EXPECT_THAT(m_http.requests, IsEmpty());
     EXPECT_EQ(left().size(), 5U);
     EXPECT_EQ(logged(), "");
@@ -140,13 +145,13 @@ TEST(CrashUpload, IsTakenByStatusesOfSuccessAlone) {
     EXPECT_EQ(CrashUpload::outcome(std::unexpected(HttpFailure{})), CrashUpload::Outcome::failed);
 }
 
-TEST(CrashUpload, KnowsThatAReservedNameIsNobodysServer) {
+TEST(VendorServer, IsNobodysUnderAReservedName) {
     for (const auto& [server, isReal] : {std::pair{"https://api.vantrel.example", false},
                                          {"https://api.vantrel.example:443", false},
                                          {"", false},
                                          {"https://api.example.org", true},
                                          {"http://127.0.0.1:8080", true}}) {
-        EXPECT_EQ(CrashUpload::isRealServer(server), isReal) << server;
+        EXPECT_EQ(VendorServer::isReal(server), isReal) << server;
     }
 }
 

@@ -52,9 +52,9 @@ TEST_F(CalendarFolder, TheUsualPlacesAreReadUnlessTheUserNamesOthers) {
     EXPECT_FALSE(reader.read(query("2026-11-21T15:00:00Z")).hasAccess);
     write(data / "evolution/calendar/system/calendar.ics", event("Evolution", "DTSTART:20261121T150030Z"));
     write(data / "khal/calendars/home/a.ics", event("Khal", "DTSTART:20261121T150010Z"));
-    write(folder.path() / ".calendars/work/b.ics", event("Sync", "DTSTART:20261121T150020Z"));
-    write(folder.path() / ".calendars/work/.b.ics", event("Hidden", "DTSTART:20261121T150020Z"));
-    write(folder.path() / ".calendars/work/notes.txt", event("Text", "DTSTART:20261121T150020Z"));
+    write(folder.path() / ".calendars/team/b.ics", event("Sync", "DTSTART:20261121T150020Z"));
+    write(folder.path() / ".calendars/team/.b.ics", event("Hidden", "DTSTART:20261121T150020Z"));
+    write(folder.path() / ".calendars/team/notes.txt", event("Text", "DTSTART:20261121T150020Z"));
     write(folder.path() / "mine/c.ics", event("Mine", "DTSTART:20261121T150000Z"));
     EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Khal", "Sync", "Evolution"));
     EXPECT_THAT(titles(query("2026-11-21T15:00:00Z", {"~/mine", "~/mine/c.ics"})), ElementsAre("Mine"));
