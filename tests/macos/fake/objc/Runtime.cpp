@@ -3,7 +3,6 @@
 #include "tests/macos/fake/ObjectLedger.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <map>
 #include <mutex>
@@ -88,8 +87,6 @@ struct Tables {
     std::set<std::string> hiddenClasses;
     std::unordered_map<FakeClass*, std::unordered_map<Selector, Implementation>> methods;
     std::set<std::pair<FakeClass*, Selector>> hiddenMethods;
-    std::unordered_map<FakeObject*, std::set<FakeObject**>> weakReferences;
-    std::atomic<std::size_t> withoutPool = 0;
 };
 
 // Never destroyed: objects may go later than any static of ours.
@@ -138,22 +135,12 @@ bool isClass(const FakeObject* object) {
     return (object->isa->facts->flags & 1U) != 0;
 }
 
-bool isBlock(const FakeObject* object) {
-    const void* const isa = object->isa;
-    return isa == _NSConcreteStackBlock || isa == _NSConcreteMallocBlock || isa == _NSConcreteGlobalBlock;
-}
-
 bool isLiteral(const FakeObject* object) {
     return static_cast<const void*>(object->isa) == __CFConstantStringClassReference;
 }
 
-// Lives as long as the program.
-bool isForever(const FakeObject* object) {
-    return isLiteral(object) || isClass(object);
-}
-
 FakeClass* classOf(const FakeObject* object) {
-    return isBlock(object) ? tables().classes.at("NSObject") : object->isa;
+    return fakeIsBlock(object) ? tables().classes.at("NSObject") : object->isa;
 }
 
 Implementation find(FakeClass* kind, Selector selector) {
@@ -210,28 +197,10 @@ std::size_t instanceSize(const FakeClass* kind) {
     return size;
 }
 
-thread_local std::vector<FakeObject*> autoreleased;
-thread_local int pools = 0;
-
-void clearWeakReferences(FakeObject* object) {
-    Tables& t = tables();
-    const std::scoped_lock lock(t.mutex);
-    if (const auto references = t.weakReferences.find(object); references != t.weakReferences.end()) {
-        for (FakeObject** const reference : references->second) {
-            *reference = nullptr;
-        }
-        t.weakReferences.erase(references);
-    }
-}
-
 } // namespace
 
 const char* className(const void* object) {
     return classOf(static_cast<const FakeObject*>(object))->facts->name;
-}
-
-std::size_t autoreleasedWithoutPool() {
-    return tables().withoutPool;
 }
 
 void setClassHidden(const char* name, bool isHidden) {
@@ -320,6 +289,15 @@ Selector sel_registerName(const char* name) {
     return intern(name);
 }
 
+bool fakeIsBlock(const FakeObject* object) {
+    const void* const isa = object->isa;
+    return isa == _NSConcreteStackBlock || isa == _NSConcreteMallocBlock || isa == _NSConcreteGlobalBlock;
+}
+
+bool fakeIsForever(const FakeObject* object) {
+    return isLiteral(object) || isClass(object);
+}
+
 bool fakeIsKind(FakeObject* object, FakeClass* kind) {
     if (isLiteral(object) && kind == tables().classes.at("NSString")) {
         return true;
@@ -344,7 +322,7 @@ bool fakeInstancesRespond(FakeClass* kind, Selector selector) {
 FakeObject* fakeAllocate(FakeClass* kind) {
     // Whoever lets go of the last reference has the object deallocated.
     void* const memory = Ledger::allocate(instanceSize(kind), [](void* object) {
-        clearWeakReferences(static_cast<FakeObject*>(object));
+        fakeClearWeakReferences(static_cast<FakeObject*>(object));
         send<void>(static_cast<FakeObject*>(object), "dealloc");
     });
     auto* const object = static_cast<FakeObject*>(memory);
@@ -393,125 +371,6 @@ bool objc_opt_isKindOfClass(FakeObject* object, FakeClass* kind) {
 
 bool objc_opt_respondsToSelector(FakeObject* object, Selector selector) {
     return object != nullptr && fakeResponds(object, selector);
-}
-
-FakeObject* objc_retain(FakeObject* object) {
-    if (object == nullptr) {
-        return nullptr;
-    }
-    if (isBlock(object)) {
-        return static_cast<FakeObject*>(_Block_copy(object));
-    }
-    if (!isForever(object)) {
-        Ledger::retain(object);
-    }
-    return object;
-}
-
-void objc_release(FakeObject* object) {
-    if (object == nullptr) {
-        return;
-    }
-    if (isBlock(object)) {
-        _Block_release(object);
-        return;
-    }
-    if (!isForever(object)) {
-        Ledger::release(object);
-    }
-}
-
-FakeObject* objc_autorelease(FakeObject* object) {
-    if (object == nullptr || (!isBlock(object) && isForever(object))) {
-        return object;
-    }
-    if (pools == 0) {
-        ++tables().withoutPool;
-        return object;
-    }
-    autoreleased.push_back(object);
-    return object;
-}
-
-void* objc_autoreleasePoolPush() {
-    ++pools;
-    return reinterpret_cast<void*>(autoreleased.size() + 1);
-}
-
-void objc_autoreleasePoolPop(void* pool) {
-    const std::size_t kept = reinterpret_cast<std::size_t>(pool) - 1;
-    while (autoreleased.size() > kept) {
-        FakeObject* const object = autoreleased.back();
-        autoreleased.pop_back();
-        objc_release(object);
-    }
-    --pools;
-}
-
-FakeObject* objc_autoreleaseReturnValue(FakeObject* object) {
-    return objc_autorelease(object);
-}
-
-FakeObject* objc_retainAutorelease(FakeObject* object) {
-    return objc_autorelease(objc_retain(object));
-}
-
-FakeObject* objc_retainAutoreleaseReturnValue(FakeObject* object) {
-    return objc_retainAutorelease(object);
-}
-
-FakeObject* objc_retainAutoreleasedReturnValue(FakeObject* object) {
-    return objc_retain(object);
-}
-
-FakeObject* objc_unsafeClaimAutoreleasedReturnValue(FakeObject* object) {
-    return object;
-}
-
-FakeObject* objc_retainBlock(FakeObject* block) {
-    return static_cast<FakeObject*>(_Block_copy(block));
-}
-
-void objc_storeStrong(FakeObject** place, FakeObject* object) {
-    FakeObject* const before = *place;
-    *place = objc_retain(object);
-    objc_release(before);
-}
-
-FakeObject* objc_storeWeak(FakeObject** place, FakeObject* object) {
-    Tables& t = tables();
-    const std::scoped_lock lock(t.mutex);
-    if (*place != nullptr) {
-        t.weakReferences[*place].erase(place);
-    }
-    *place = object;
-    if (object != nullptr) {
-        t.weakReferences[object].insert(place);
-    }
-    return object;
-}
-
-FakeObject* objc_initWeak(FakeObject** place, FakeObject* object) {
-    *place = nullptr;
-    return objc_storeWeak(place, object);
-}
-
-void objc_destroyWeak(FakeObject** place) {
-    objc_storeWeak(place, nullptr);
-}
-
-FakeObject* objc_loadWeakRetained(FakeObject** place) {
-    const std::scoped_lock lock(tables().mutex);
-    return objc_retain(*place);
-}
-
-void objc_copyWeak(FakeObject** to, FakeObject** from) {
-    objc_initWeak(to, *from);
-}
-
-void objc_moveWeak(FakeObject** to, FakeObject** from) {
-    objc_initWeak(to, *from);
-    objc_destroyWeak(from);
 }
 
 void objc_enumerationMutation(FakeObject* /*collection*/) {

@@ -20,6 +20,11 @@ extern void* _NSConcreteStackBlock[32];
 extern void* _NSConcreteMallocBlock[32];
 extern void* _NSConcreteGlobalBlock[32];
 
+[[nodiscard]] bool fakeIsBlock(const FakeObject* object);
+// Lives as long as the program: a class or a literal.
+[[nodiscard]] bool fakeIsForever(const FakeObject* object);
+void fakeClearWeakReferences(FakeObject* object);
+
 // What NSObject's root methods are made of.
 FakeObject* fakeAllocate(FakeClass* kind);
 void fakeDeallocate(FakeObject* object);

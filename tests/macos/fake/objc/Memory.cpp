@@ -1,0 +1,172 @@
+// Reference counts, autorelease pools and weak references.
+#include "tests/macos/fake/ObjectLedger.h"
+#include "tests/macos/fake/objc/Runtime.h"
+
+#include <atomic>
+#include <mutex>
+#include <set>
+#include <unordered_map>
+#include <vector>
+
+namespace vantrel::fake::objc {
+
+namespace {
+
+struct WeakReferences {
+    std::recursive_mutex mutex;
+    std::unordered_map<FakeObject*, std::set<FakeObject**>> places;
+};
+
+// Never destroyed: objects may go later than any static of ours.
+WeakReferences& weakReferences() {
+    static auto* const only = new WeakReferences;
+    return *only;
+}
+
+std::atomic<std::size_t> withoutPool = 0;
+thread_local std::vector<FakeObject*> autoreleased;
+thread_local int pools = 0;
+
+} // namespace
+
+std::size_t autoreleasedWithoutPool() {
+    return withoutPool;
+}
+
+} // namespace vantrel::fake::objc
+
+using namespace vantrel::fake;
+using namespace vantrel::fake::objc;
+
+extern "C" {
+
+void fakeClearWeakReferences(FakeObject* object) {
+    WeakReferences& weak = weakReferences();
+    const std::scoped_lock lock(weak.mutex);
+    if (const auto references = weak.places.find(object); references != weak.places.end()) {
+        for (FakeObject** const reference : references->second) {
+            *reference = nullptr;
+        }
+        weak.places.erase(references);
+    }
+}
+
+FakeObject* objc_retain(FakeObject* object) {
+    if (object == nullptr) {
+        return nullptr;
+    }
+    if (fakeIsBlock(object)) {
+        return static_cast<FakeObject*>(_Block_copy(object));
+    }
+    if (!fakeIsForever(object)) {
+        Ledger::retain(object);
+    }
+    return object;
+}
+
+void objc_release(FakeObject* object) {
+    if (object == nullptr) {
+        return;
+    }
+    if (fakeIsBlock(object)) {
+        _Block_release(object);
+        return;
+    }
+    if (!fakeIsForever(object)) {
+        Ledger::release(object);
+    }
+}
+
+FakeObject* objc_autorelease(FakeObject* object) {
+    if (object == nullptr || (!fakeIsBlock(object) && fakeIsForever(object))) {
+        return object;
+    }
+    if (pools == 0) {
+        ++withoutPool;
+        return object;
+    }
+    autoreleased.push_back(object);
+    return object;
+}
+
+void* objc_autoreleasePoolPush() {
+    ++pools;
+    return reinterpret_cast<void*>(autoreleased.size() + 1);
+}
+
+void objc_autoreleasePoolPop(void* pool) {
+    const std::size_t kept = reinterpret_cast<std::size_t>(pool) - 1;
+    while (autoreleased.size() > kept) {
+        FakeObject* const object = autoreleased.back();
+        autoreleased.pop_back();
+        objc_release(object);
+    }
+    --pools;
+}
+
+FakeObject* objc_autoreleaseReturnValue(FakeObject* object) {
+    return objc_autorelease(object);
+}
+
+FakeObject* objc_retainAutorelease(FakeObject* object) {
+    return objc_autorelease(objc_retain(object));
+}
+
+FakeObject* objc_retainAutoreleaseReturnValue(FakeObject* object) {
+    return objc_retainAutorelease(object);
+}
+
+FakeObject* objc_retainAutoreleasedReturnValue(FakeObject* object) {
+    return objc_retain(object);
+}
+
+FakeObject* objc_unsafeClaimAutoreleasedReturnValue(FakeObject* object) {
+    return object;
+}
+
+FakeObject* objc_retainBlock(FakeObject* block) {
+    return static_cast<FakeObject*>(_Block_copy(block));
+}
+
+void objc_storeStrong(FakeObject** place, FakeObject* object) {
+    FakeObject* const before = *place;
+    *place = objc_retain(object);
+    objc_release(before);
+}
+
+FakeObject* objc_storeWeak(FakeObject** place, FakeObject* object) {
+    WeakReferences& weak = weakReferences();
+    const std::scoped_lock lock(weak.mutex);
+    if (*place != nullptr) {
+        weak.places[*place].erase(place);
+    }
+    *place = object;
+    if (object != nullptr) {
+        weak.places[object].insert(place);
+    }
+    return object;
+}
+
+FakeObject* objc_initWeak(FakeObject** place, FakeObject* object) {
+    *place = nullptr;
+    return objc_storeWeak(place, object);
+}
+
+void objc_destroyWeak(FakeObject** place) {
+    objc_storeWeak(place, nullptr);
+}
+
+FakeObject* objc_loadWeakRetained(FakeObject** place) {
+    const std::scoped_lock lock(weakReferences().mutex);
+    return objc_retain(*place);
+}
+
+void objc_copyWeak(FakeObject** to, FakeObject** from) {
+    objc_initWeak(to, *from);
+}
+
+void objc_moveWeak(FakeObject** to, FakeObject** from) {
+    objc_initWeak(to, *from);
+    objc_destroyWeak(from);
+}
+}
