@@ -141,6 +141,12 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
                             .log = [&log](const std::string& message) { log.write(message); }},
                            files, clock, queue, http, machine);
     license.start();
+    UpdateChecker updates({.currentVersion = VANTREL_VERSION,
+                           .apiServer = vendor.apiServer,
+                           .website = vendor.website,
+                           .openPage = openPage},
+                          defaults, clock, queue, http, log);
+    updates.startup();
     const auto desk = std::make_shared<X11Desk>(connection);
     X11Accessibility accessibility(desk);
     X11DisplayServices displays(connection);
@@ -200,31 +206,25 @@ ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnect
         say("No window manager that moves windows on request is running yet; waiting for one.");
     }
     CrashReporter::installExceptionHandler();
-    UpdateChecker updates({.currentVersion = VANTREL_VERSION,
-                           .apiServer = vendor.apiServer,
-                           .website = vendor.website,
-                           .openPage = openPage},
-                          defaults, clock, queue, http, log);
     updates.setChangeHandler([&] { (*controller)->setLatestAvailable(updates.latestAvailable()); });
     HUDOverlay overlay;
     overlay.follow(**controller);
-    CrashUploader crashUploader(files, defaults, http, queue, log,
-                                {.crashesDirectory = CrashReporter::crashesDirectory(supportDirectory),
-                                 .apiServer = vendor.apiServer,
-                                 .system = system});
-    crashUploader.uploadPendingReportsAfterDelay();
-    const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
+    log.write("start: vantrel " VANTREL_VERSION);
+    runningLog() = &log;
+    (*controller)->watchForPermission();
+    (*controller)->startEngine();
     StatusIcon statusIcon(**controller,
                           {.purchase = [&] { openPage(VendorServer::purchasePage(vendor.apiServer)); },
                            .checkForUpdates = [&] { updates.checkForUpdates(); },
                            .quit = [] { QCoreApplication::quit(); }});
     const StatusNotifierHost notifierHost(bus, [&] { statusIcon.show(StatusIcon::Tray::statusNotifier); });
     const XEmbedTray xembedTray(connection, queue, [&] { statusIcon.show(StatusIcon::Tray::xembed); });
-    log.write("start: vantrel " VANTREL_VERSION);
-    updates.startup();
-    runningLog() = &log;
-    (*controller)->watchForPermission();
-    (*controller)->startEngine();
+    CrashUploader crashUploader(files, defaults, http, queue, log,
+                                {.crashesDirectory = CrashReporter::crashesDirectory(supportDirectory),
+                                 .apiServer = vendor.apiServer,
+                                 .system = system});
+    crashUploader.uploadPendingReportsAfterDelay();
+    const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
     fmt::print("vantrel is watching this desk. Log: {}\n", log.file().string());
     std::fflush(stdout);
     QApplication::exec();
