@@ -1,7 +1,7 @@
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 
 #include "Vantrel/platform/macos/NotificationObserver.h"
-#include "Vantrel/platform/qt/SessionLock.h"
+#include "VantrelCore/model/SessionLock.h"
 
 #import <AppKit/AppKit.h>
 

@@ -1,7 +1,7 @@
 // Sleep and locks as logind tells of them on the system bus, and screen savers on the session bus.
 #pragma once
 
-#include "Vantrel/platform/qt/SessionLock.h"
+#include "VantrelCore/model/SessionLock.h"
 #include "VantrelCore/ports/SystemEvents.h"
 
 #include <QDBusConnection>

@@ -1,4 +1,4 @@
-#include "Vantrel/platform/qt/SessionLock.h"
+#include "VantrelCore/model/SessionLock.h"
 
 namespace vantrel {
 
