@@ -31,6 +31,7 @@
 #include "Vantrel/platform/qt/StatusNotifierHost.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
 #include "Vantrel/platform/qt/UserFolders.h"
+#include "Vantrel/platform/x11/Registration.h"
 #include "Vantrel/platform/x11/X11Accessibility.h"
 #include "Vantrel/platform/x11/X11Connection.h"
 #include "Vantrel/platform/x11/X11DisplayServices.h"
@@ -71,9 +72,10 @@ ExitCode complain(const std::string& sentence, ExitCode code = ExitCode::failed)
     return code;
 }
 
-bool isSet(const char* variable) {
+// Empty when the variable is not set.
+std::string environment(const char* variable) {
     const char* const value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
+    return value != nullptr ? value : "";
 }
 
 SystemDescription systemDescription() {
@@ -85,7 +87,7 @@ SystemDescription systemDescription() {
 
 // Which variable stands for what is the display server's affair, not this program's: said once, at the start.
 void explainWayland() {
-    if (isSet("WAYLAND_DISPLAY")) {
+    if (!environment("WAYLAND_DISPLAY").empty()) {
         say("This is a Wayland session: only the windows of X11 programs can be seen and moved here, Wayland "
             "programs keep theirs to themselves.");
     }
@@ -121,119 +123,173 @@ void openPage(const std::string& url) {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
 }
 
-// Runs until it is told to end.
-ExitCode keepDesk(const std::shared_ptr<X11Connection>& connection, QDBusConnection bus,
-                  const SystemDescription& system) {
-    const auto supportDirectory = UserFolders::supportDirectory();
-    PosixFileSystem files;
-    SystemClock clock;
-    QtMainQueue queue;
-    AppLog log(supportDirectory, files, clock);
-    QtUserDefaults defaults(UserFolders::settingsFile(), files,
-                            [&log](const std::string& message) { log.write(message); });
-    QtHttpClient http("vantrel/" VANTREL_VERSION);
-    MachineIDFile machine(files);
-    const Vendor vendor = vantrel::vendor();
-    LicenseManager license({.supportDirectory = supportDirectory,
-                            .recordCopy = UserFolders::settingsFile().parent_path() / "license-record.json",
-                            .apiServer = vendor.apiServer,
-                            .publicKey = vendor.licensePublicKey,
-                            .log = [&log](const std::string& message) { log.write(message); }},
-                           files, clock, queue, http, machine);
-    license.start();
-    UpdateChecker updates({.currentVersion = VANTREL_VERSION,
-                           .apiServer = vendor.apiServer,
-                           .website = vendor.website,
-                           .openPage = openPage},
-                          defaults, clock, queue, http, log);
-    updates.startup();
-    const auto desk = std::make_shared<X11Desk>(connection);
-    X11Accessibility accessibility(desk);
-    X11DisplayServices displays(connection);
-    X11Workspace workspace(desk, queue);
-    DBusSystemEvents systemEvents(QDBusConnection::systemBus(), bus,
-                                  [&log](const std::string& message) { log.write(message); });
-    SystemZone localZone;
-    DesktopFocusReader focus(queue);
-    IcalCalendarReader calendar(UserFolders::home(), UserFolders::data(), [&](const std::string& message) {
-        queue.post([&log, message] { log.write(message); });
-    });
-    const char* const currentDesktop = std::getenv("XDG_CURRENT_DESKTOP");
-    const auto pictures = desktopPictures(currentDesktop != nullptr ? currentDesktop : "", connection);
-    X11HotKeys hotKeys(connection, queue);
-    // Destroyed before the adapters that its work uses.
-    ThreadBackground background;
+// Everything that runs, in the order of its construction: what is used outlives what uses it.
+class Program {
+public:
+    Program(std::shared_ptr<X11Connection> connection, QDBusConnection bus, SystemDescription system)
+        : m_system(std::move(system)), m_connection(std::move(connection)), m_bus(std::move(bus)) {}
 
-    AutostartFile autostart(files, UserFolders::autostartFile(),
-                            QCoreApplication::applicationFilePath().toStdString());
-    const ControllerPorts ports{accessibility, displays,  workspace,  systemEvents, defaults,
-                                clock,         queue,     background, localZone,    calendar,
-                                focus,         *pictures, hotKeys,    license};
-    auto controller = AppController::create(
-        ports, files, log,
-        {.supportDirectory = supportDirectory,
-         .ownBundleID = ownBundleID,
-         .version = VANTREL_VERSION,
-         .setLaunchAtLogin = [&](bool launches) { return autostart.setLaunchAtLogin(launches); }});
-    if (!controller) {
-        return complain(fmt::format("The folder {} cannot be used: {}.", supportDirectory.string(),
-                                    controller.error().message()));
-    }
-    ControlService service(**controller, supportDirectory, bus);
-    if (!service.start()) {
-        return complain("The session bus does not take the object " + std::string(ControlNames::path) + ".");
-    }
-    if (!bus.registerService(ControlNames::service)) {
-        if (runsAlready(bus)) {
-            return complainOfSecondStart();
+    // Runs until it is told to end.
+    ExitCode run() {
+        if (const auto refusal = construct()) {
+            return *refusal;
         }
-        return complain("The session bus does not give the name " + std::string(ControlNames::service) +
-                        ": " + bus.lastError().message().toStdString());
+        startEngine();
+        startSurfaces();
+        fmt::print("vantrel is watching this desk. Log: {}\n", m_log.file().string());
+        std::fflush(stdout);
+        QApplication::exec();
+        runningLog() = nullptr;
+        if (m_result == ExitCode::done) {
+            m_log.write("end: asked to");
+        }
+        return m_result;
     }
 
-    auto result = ExitCode::done;
-    const TerminationSignals termination([] { QCoreApplication::quit(); });
-    const auto end = [&] {
-        result = complain(serverIsGone);
-        log.write("end: the X server has gone away");
+private:
+    // Until here nothing watches and nothing moves: a second vantrel ends before it touches the first one's
+    // desk.
+    std::optional<ExitCode> construct() {
+        m_license.start();
+        m_updates.startup();
+        const ControllerPorts ports{m_accessibility, m_displays,  m_workspace,  m_systemEvents, m_defaults,
+                                    m_clock,         m_queue,     m_background, m_localZone,    m_calendar,
+                                    m_focus,         *m_pictures, m_hotKeys,    m_license};
+        auto controller = AppController::create(
+            ports, m_files, m_log,
+            {.supportDirectory = m_supportDirectory,
+             .ownBundleID = ownBundleID,
+             .version = VANTREL_VERSION,
+             .setLaunchAtLogin = [this](bool launches) { return m_autostart.setLaunchAtLogin(launches); }});
+        if (!controller) {
+            return complain(fmt::format("The folder {} cannot be used: {}.", m_supportDirectory.string(),
+                                        controller.error().message()));
+        }
+        m_controller = std::move(*controller);
+        m_service.emplace(*m_controller, m_supportDirectory, m_bus);
+        if (!m_service->start()) {
+            return complain("The session bus does not take the object " + std::string(ControlNames::path) +
+                            ".");
+        }
+        if (!m_bus.registerService(ControlNames::service)) {
+            if (runsAlready(m_bus)) {
+                return complainOfSecondStart();
+            }
+            return complain("The session bus does not give the name " + std::string(ControlNames::service) +
+                            ": " + m_bus.lastError().message().toStdString());
+        }
+        return std::nullopt;
+    }
+
+    void startEngine() {
+        m_loss = m_connection->onLoss([this] { m_queue.post([this] { endWithoutServer(); }); });
+        if (!m_connection->isConnected()) {
+            m_queue.post([this] { endWithoutServer(); });
+        }
+        if (!m_accessibility.isTrusted()) {
+            say("No window manager that moves windows on request is running yet; waiting for one.");
+        }
+        CrashReporter::installExceptionHandler();
+        m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
+        m_overlay.emplace();
+        m_overlay->follow(*m_controller);
+        m_log.write("start: vantrel " VANTREL_VERSION);
+        runningLog() = &m_log;
+        m_controller->watchForPermission();
+        m_controller->startEngine();
+    }
+
+    void startSurfaces() {
+        m_statusIcon.emplace(
+            *m_controller,
+            StatusIcon::Actions{
+                .purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
+                .checkForUpdates = [this] { m_updates.checkForUpdates(); },
+                .quit = [] { QCoreApplication::quit(); }});
+        m_notifierHost.emplace(m_bus, [this] { m_statusIcon->show(StatusIcon::Tray::statusNotifier); });
+        m_xembedTray.emplace(m_connection, m_queue, [this] { m_statusIcon->show(StatusIcon::Tray::xembed); });
+        m_crashUploader.uploadPendingReportsAfterDelay();
+        m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
+    }
+
+    void endWithoutServer() {
+        m_result = complain(serverIsGone);
+        m_log.write("end: the X server has gone away");
         QCoreApplication::quit();
-    };
-    const auto loss = connection->onLoss([&] { queue.post(end); });
-    if (!connection->isConnected()) {
-        queue.post(end);
     }
-    if (!accessibility.isTrusted()) {
-        say("No window manager that moves windows on request is running yet; waiting for one.");
-    }
-    CrashReporter::installExceptionHandler();
-    updates.setChangeHandler([&] { (*controller)->setLatestAvailable(updates.latestAvailable()); });
-    HUDOverlay overlay;
-    overlay.follow(**controller);
-    log.write("start: vantrel " VANTREL_VERSION);
-    runningLog() = &log;
-    (*controller)->watchForPermission();
-    (*controller)->startEngine();
-    StatusIcon statusIcon(**controller,
-                          {.purchase = [&] { openPage(VendorServer::purchasePage(vendor.apiServer)); },
-                           .checkForUpdates = [&] { updates.checkForUpdates(); },
-                           .quit = [] { QCoreApplication::quit(); }});
-    const StatusNotifierHost notifierHost(bus, [&] { statusIcon.show(StatusIcon::Tray::statusNotifier); });
-    const XEmbedTray xembedTray(connection, queue, [&] { statusIcon.show(StatusIcon::Tray::xembed); });
-    CrashUploader crashUploader(files, defaults, http, queue, log,
-                                {.crashesDirectory = CrashReporter::crashesDirectory(supportDirectory),
-                                 .apiServer = vendor.apiServer,
-                                 .system = system});
-    crashUploader.uploadPendingReportsAfterDelay();
-    const auto crashTest = CrashTest::schedule(queue, std::getenv(CrashTest::environmentVariable));
-    fmt::print("vantrel is watching this desk. Log: {}\n", log.file().string());
-    std::fflush(stdout);
-    QApplication::exec();
-    runningLog() = nullptr;
-    if (result == ExitCode::done) {
-        log.write("end: asked to");
-    }
-    return result;
-}
+
+    void log(const std::string& message) { m_log.write(message); }
+
+    std::filesystem::path m_supportDirectory = UserFolders::supportDirectory();
+    SystemDescription m_system;
+    std::shared_ptr<X11Connection> m_connection;
+    QDBusConnection m_bus;
+    ExitCode m_result = ExitCode::done;
+    PosixFileSystem m_files;
+    SystemClock m_clock;
+    QtMainQueue m_queue;
+    AppLog m_log{m_supportDirectory, m_files, m_clock};
+    QtUserDefaults m_defaults{UserFolders::settingsFile(), m_files,
+                              [this](const std::string& message) { log(message); }};
+    QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
+    MachineIDFile m_machine{m_files};
+    Vendor m_vendor = vendor();
+    LicenseManager m_license{{.supportDirectory = m_supportDirectory,
+                              .recordCopy = UserFolders::settingsFile().parent_path() / "license-record.json",
+                              .apiServer = m_vendor.apiServer,
+                              .publicKey = m_vendor.licensePublicKey,
+                              .log = [this](const std::string& message) { log(message); }},
+                             m_files,
+                             m_clock,
+                             m_queue,
+                             m_http,
+                             m_machine};
+    std::shared_ptr<X11Desk> m_desk = std::make_shared<X11Desk>(m_connection);
+    X11Accessibility m_accessibility{m_desk};
+    X11DisplayServices m_displays{m_connection};
+    X11Workspace m_workspace{m_desk, m_queue};
+    DBusSystemEvents m_systemEvents{QDBusConnection::systemBus(), m_bus,
+                                    [this](const std::string& message) { log(message); }};
+    SystemZone m_localZone;
+    DesktopFocusReader m_focus{m_queue};
+    // Reads, and so complains, in the background.
+    IcalCalendarReader m_calendar{
+        UserFolders::home(), UserFolders::data(),
+        [this](const std::string& message) { m_queue.post([this, message] { log(message); }); }};
+    std::unique_ptr<DesktopPictures> m_pictures =
+        desktopPictures(environment("XDG_CURRENT_DESKTOP"), m_connection);
+    X11HotKeys m_hotKeys{m_connection, m_queue};
+    // Ends before the adapters that its work uses.
+    ThreadBackground m_background;
+    AutostartFile m_autostart{m_files, UserFolders::autostartFile(),
+                              QCoreApplication::applicationFilePath().toStdString()};
+    CrashUploader m_crashUploader{m_files,
+                                  m_defaults,
+                                  m_http,
+                                  m_queue,
+                                  m_log,
+                                  {.crashesDirectory = CrashReporter::crashesDirectory(m_supportDirectory),
+                                   .apiServer = m_vendor.apiServer,
+                                   .system = m_system}};
+    std::unique_ptr<ScheduledWork> m_crashTest;
+    UpdateChecker m_updates{{.currentVersion = VANTREL_VERSION,
+                             .apiServer = m_vendor.apiServer,
+                             .website = m_vendor.website,
+                             .openPage = openPage},
+                            m_defaults,
+                            m_clock,
+                            m_queue,
+                            m_http,
+                            m_log};
+    std::unique_ptr<AppController> m_controller;
+    std::optional<ControlService> m_service;
+    TerminationSignals m_termination{[] { QCoreApplication::quit(); }};
+    Registration m_loss;
+    std::optional<HUDOverlay> m_overlay;
+    std::optional<StatusIcon> m_statusIcon;
+    std::optional<StatusNotifierHost> m_notifierHost;
+    std::optional<XEmbedTray> m_xembedTray;
+};
 
 } // namespace
 
@@ -270,5 +326,6 @@ int main(int argumentCount, char** arguments) {
                                          bus.lastError().message().toStdString()));
     }
     // Before anything of the running one is touched.
-    return static_cast<int>(runsAlready(bus) ? complainOfSecondStart() : keepDesk(*connection, bus, system));
+    return static_cast<int>(runsAlready(bus) ? complainOfSecondStart()
+                                             : Program(*connection, bus, system).run());
 }
