@@ -30,9 +30,9 @@ public:
                                     .size = window.frame.size};
         if (group == AttributeGroup::all) {
             attributes.title = window.title;
-            attributes.subrole = window.subrole;
+            attributes.subrole = standardWindowSubrole;
             attributes.isMinimized = window.isMinimized;
-            attributes.isFullscreen = window.isFullscreen;
+            attributes.isFullscreen = false;
         }
         return attributes;
     }
@@ -237,9 +237,8 @@ void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
     }
 }
 
-std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name,
-                                   ActivationPolicy policy) {
-    m_apps.push_back({.running = {m_nextPid, policy, bundleID, name}, .isHanging = false});
+std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name) {
+    m_apps.push_back({.running = {m_nextPid, ActivationPolicy::regular, bundleID, name}, .isHanging = false});
     m_time.post([this, alive = std::weak_ptr(m_alive), running = m_apps.back().running] {
         if (!alive.expired() && onLaunch) {
             onLaunch(running);
@@ -366,7 +365,7 @@ bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
     if (window.frame == before) {
         return true;
     }
-    m_moves.push_back({m_time.monotonicSeconds(), id, before, window.frame});
+    m_moves.push_back(id);
     if (window.behaviour.driftsBack > 0) {
         --window.behaviour.driftsBack;
         if (window.behaviour.driftDelay <= 0) {
@@ -383,7 +382,7 @@ bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
 }
 
 bool SimulatedDesk::isOnScreen(const SimulatedWindow& window) {
-    return !window.isMinimized && !window.isOnOtherSpace && app(window.pid) != nullptr;
+    return !window.isMinimized && app(window.pid) != nullptr;
 }
 
 void SimulatedDesk::emitEvent() {

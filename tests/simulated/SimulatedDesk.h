@@ -56,8 +56,7 @@ public:
     WindowManagerHabits habits;
 
     // Applications. A pid is never used twice.
-    std::int32_t launch(const std::string& bundleID, const std::string& name,
-                        ActivationPolicy policy = ActivationPolicy::regular);
+    std::int32_t launch(const std::string& bundleID, const std::string& name);
     // Its windows go with it.
     void quit(std::int32_t pid);
     // Neither it nor its windows answer any more, until it is continued.
@@ -86,14 +85,8 @@ public:
 
     // What the program under test did.
 
-    // A write through the port that changed a frame.
-    struct Move {
-        double at = 0;
-        WindowID window = 0;
-        Rect from;
-        Rect to;
-    };
-    [[nodiscard]] const std::vector<Move>& moves() const { return m_moves; }
+    // The windows whose frames were changed by writes through the port, write by write.
+    [[nodiscard]] const std::vector<WindowID>& moves() const { return m_moves; }
     // When captures were taken, in monotonic seconds.
     [[nodiscard]] const std::vector<double>& captures() const { return m_captures; }
     // Called when a capture begins, on whatever thread captures.
@@ -132,7 +125,7 @@ private:
     std::uint64_t m_changes = 0;
     bool m_isTrusted = true;
     std::function<void()> m_reconfigurationHandler;
-    std::vector<Move> m_moves;
+    std::vector<WindowID> m_moves;
     std::vector<double> m_captures;
     std::unique_ptr<AccessibilityPort> m_accessibility;
     std::unique_ptr<DisplayPort> m_displayPort;

@@ -33,10 +33,7 @@ struct SimulatedWindow {
     std::int32_t pid = 0;
     std::string title;
     Rect frame;
-    std::string subrole = standardWindowSubrole;
     bool isMinimized = false;
-    bool isFullscreen = false;
-    bool isOnOtherSpace = false;
     WindowBehaviour behaviour;
 
     // The size that the application accepts when asked for `wanted`.

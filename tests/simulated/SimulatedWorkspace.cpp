@@ -15,7 +15,7 @@ std::optional<std::string> SimulatedWorkspace::applicationName(const std::string
 
 bool SimulatedWorkspace::launch(const std::string& bundleID) {
     const auto installed = m_installed.find(bundleID);
-    if (installed == m_installed.end() || installed->second.isBroken) {
+    if (installed == m_installed.end()) {
         return false;
     }
     m_launches.push_back(bundleID);

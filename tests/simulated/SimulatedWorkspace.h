@@ -25,8 +25,6 @@ struct InstalledApp {
     // Seconds until the process runs, and from then until its windows are there.
     double startSeconds = 0.5;
     double windowSeconds = 0.7;
-    // It is installed and does not start.
-    bool isBroken = false;
 };
 
 class SimulatedWorkspace final : public Workspace {
@@ -44,7 +42,6 @@ public:
     void install(const std::string& bundleID, const InstalledApp& app) { m_installed[bundleID] = app; }
     // What the program under test started, in order.
     [[nodiscard]] const std::vector<std::string>& launches() const { return m_launches; }
-    [[nodiscard]] bool isHidden(const std::string& bundleID) const { return m_hidden.contains(bundleID); }
 
 private:
     void openWindows(std::int32_t pid, const InstalledApp& app);

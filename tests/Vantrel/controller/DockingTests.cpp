@@ -1,7 +1,6 @@
-#include "tests/Vantrel/controller/Story.h"
+#include "tests/Vantrel/controller/LearnedDesk.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <algorithm>
 
 namespace vantrel::simulated {
 namespace {
@@ -10,125 +9,102 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// A docked desk that has been learned.
-struct Docking : testing::Test {
-    Story story{"laptop-and-monitor"};
+struct Docking : LearnedDesk {
+    Docking() : LearnedDesk("laptop-and-monitor") {}
 
-    Docking() {
-        story.openPrograms();
-        story.start();
-        story.learn();
+    void dock() { story.connect("laptop-and-monitor"); }
+
+    void expectEveryWindowCanBeSeen() {
+        for (const auto& window : story.desk.windows()) {
+            EXPECT_TRUE(story.desk.shows(window->frame.center())) << window->title;
+        }
     }
 };
 
 TEST_F(Docking, EveryWindowIsBackAfterUndockingAndDocking) {
-    const auto docked = story.frames();
-
     story.connect("laptop");
-    EXPECT_NE(story.frames(), docked);
-    story.connect("laptop-and-monitor");
+    EXPECT_NE(story.frames(), home);
+    story.desk.change(DeskSetup::named("laptop-and-monitor"));
+    story.runFor(2);
+    EXPECT_TRUE(story.published().phase.is<Phase::Restored>());
+    story.runFor(10);
 
-    EXPECT_EQ(story.frames(), docked);
-    const auto& restore = story.published().lastRestore;
-    ASSERT_TRUE(restore.has_value());
-    EXPECT_EQ(restore->report.restoredCount(), 4U);
-    EXPECT_EQ(restore->reason, "Studio Display reconnected");
+    EXPECT_EQ(story.frames(), home);
+    EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
+    EXPECT_EQ(story.published().lastRestore.value().reason, "Studio Display reconnected");
     EXPECT_THAT(story.messages(), Contains(StartsWith("restore report: 4 restored, 0 failed, 0 skipped, ")));
     EXPECT_THAT(story.messages(), Contains("display settled: " + story.published().configID +
                                            " Studio Display + Built-in Display (2 displays)"));
 }
 
-TEST_F(Docking, EachOfManyDesksGetsItsOwnArrangement) {
-    const auto docked = story.frames();
-    std::map<std::string, std::map<WindowID, Rect>> arrangements;
-    double x = 10;
-    for (const char* setup : {"laptop", "laptop-and-twins", "three-monitors", "ultrawide-left"}) {
-        story.connect(setup);
-        const Rect first = story.desk.displays().back().frame;
-        story.move(story.mail, {{first.minX() + x, first.minY() + x}, {500, 400}});
-        x += 20;
-        story.learn();
-        arrangements[setup] = story.frames();
-    }
-    for (const auto& [setup, arrangement] : arrangements) {
-        story.connect(setup);
-        EXPECT_EQ(story.frames(), arrangement) << setup;
-    }
-    story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.frames(), docked);
-}
-
-TEST_F(Docking, AChangeJustBeforeUndockingIsKept) {
+TEST_F(Docking, AChangeJustBeforeUndockingIsKeptHoweverManyEventsTellOfIt) {
     const Rect late{{1800, 500}, {900, 600}};
     story.move(story.terminal, late);
     story.runFor(16);
-
-    story.connect("laptop");
+    story.connect("laptop", {.events = 40, .spacing = 0.1, .passesThroughNothing = true});
+    EXPECT_EQ(story.logged("display settled: "), 1U);
     EXPECT_EQ(story.logged("pre-change snapshot adopted: 4 windows for "), 1U);
-    story.connect("laptop-and-monitor");
-
+    dock();
     EXPECT_EQ(story.frame(story.terminal), late);
 }
 
-TEST_F(Docking, ACaptureIsAdoptedOnlyUpTo45SecondsLater) {
+TEST_F(Docking, ACaptureIsAdoptedOnlyUpTo45SecondsLaterAndNotFromBeforeARestore) {
     // No capture succeeds any more, so the last one grows old.
     story.system.setAsleep(true);
     story.runFor(46);
     story.connect("laptop");
     EXPECT_EQ(story.logged("pre-change snapshot adopted: "), 0U);
+    story.system.setAsleep(false);
+    dock();
+
+    story.move(story.mail, {{10, 300}, {500, 400}});
+    story.runFor(16);
+    ASSERT_TRUE(restore(1));
+    story.connect("laptop");
+    dock();
+    EXPECT_EQ(story.frames(), home);
 }
 
 TEST_F(Docking, AFlickerMovesNothingThatWasRight) {
-    const auto docked = story.frames();
     story.desk.change(DeskSetup::named("laptop"), {.events = 1});
     story.runFor(0.02);
     story.desk.change(DeskSetup::named("laptop-and-monitor"), {.events = 6, .spacing = 0.1});
     story.runFor(20);
 
-    EXPECT_EQ(story.frames(), docked);
+    EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.desk.moves().size(), 0U);
     EXPECT_EQ(story.logged("display settled: "), 1U);
 }
 
-TEST_F(Docking, AStormOfEventsIsOneChange) {
-    story.connect("laptop", {.events = 40, .spacing = 0.1, .passesThroughNothing = true});
-    EXPECT_EQ(story.logged("display settled: "), 1U);
-    EXPECT_EQ(story.logged("pre-change snapshot adopted: "), 1U);
-}
-
 TEST_F(Docking, WithoutAnyDisplayNothingIsLearnedOrRestored) {
-    const auto docked = story.frames();
-    const auto stored = story.store().allLayouts();
     story.desk.change({.name = "none", .displays = {}});
     story.runFor(100);
     EXPECT_EQ(story.published().configID, "");
-    EXPECT_THAT(story.published().phase.value, testing::VariantWith<Phase::Empty>(Phase::Empty{}));
-    EXPECT_EQ(story.store().allLayouts().size(), stored.size());
-    EXPECT_EQ(story.logged("restore report: "), 0U);
-    EXPECT_FALSE(story.controller->restoreNow(RestoreSource::menu));
-
-    story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.frames(), docked);
+    EXPECT_TRUE(story.published().phase.is<Phase::Empty>());
+    EXPECT_EQ(story.store().allLayouts().size(), 1U);
+    EXPECT_FALSE(restore());
+    dock();
+    EXPECT_EQ(story.frames(), home);
 }
 
-TEST_F(Docking, WindowsThatTheWindowManagerMovesLateArePutBack) {
-    const auto docked = story.frames();
+TEST_F(Docking, WindowsThatTheWindowManagerMovesLateArePutBackAndSoTheHistorySays) {
     story.connect("laptop");
     story.desk.habits.meddlingDelays = {1.2, 2.5};
-    story.connect("laptop-and-monitor");
+    dock();
 
-    EXPECT_EQ(story.frames(), docked);
-    EXPECT_EQ(story.logged("restore report: "), 1U);
+    EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.logged("restore follow-up: put back 2 windows"), 2U);
+    const RestoreLog log = story.controller->restoreLog();
+    ASSERT_EQ(log.entries.size(), 1U);
+    using Outcome = RestoreLog::Outcome;
+    EXPECT_EQ(std::ranges::count(log.entries[0].items, Outcome::retried, &RestoreLog::Item::outcome), 2);
+    EXPECT_EQ(std::ranges::count(log.entries[0].items, Outcome::restored, &RestoreLog::Item::outcome), 2);
 }
 
 TEST_F(Docking, TheFollowUpLeavesAloneWhatItsRestoreDidNotPlace) {
     story.desk.window(story.terminal).behaviour.refusesMoves = true;
     story.connect("laptop");
-    story.connect("laptop-and-monitor");
-    const auto& restore = story.published().lastRestore;
-    ASSERT_TRUE(restore.has_value());
-    EXPECT_EQ(restore->report.failedCount(), 1U);
+    dock();
     EXPECT_EQ(story.logged("restore follow-up: "), 0U);
     EXPECT_THAT(story.messages(), Contains(HasSubstr("; failed: Terminal \"~\" (app rejected the move)")));
 }
@@ -137,31 +113,11 @@ TEST_F(Docking, AManualRestoreEndsTheFollowUp) {
     story.connect("laptop");
     story.desk.change(DeskSetup::named("laptop-and-monitor"));
     story.runFor(1.0);
-    ASSERT_TRUE(story.controller->restoreNow(RestoreSource::menu));
-    story.runFor(0.5);
+    ASSERT_TRUE(restore(0.5));
     const Rect elsewhere{{100, 100}, {640, 400}};
     story.move(story.terminal, elsewhere);
     story.runFor(9);
     EXPECT_EQ(story.frame(story.terminal), elsewhere);
-}
-
-TEST_F(Docking, ADisplayThatGoesInTheMiddleOfARestoreTakesNoWindowWithIt) {
-    const auto docked = story.frames();
-    story.connect("laptop");
-    story.desk.window(story.mail).behaviour.answerSeconds = 0.3;
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    ASSERT_TRUE(story.time.runUntil([&] { return story.controller->restoreInFlight(); }, 5));
-    story.runFor(0.4);
-    ASSERT_TRUE(story.controller->restoreInFlight());
-    story.connect("laptop");
-
-    for (const auto& window : story.desk.windows()) {
-        EXPECT_TRUE(story.desk.shows(window->frame.center())) << window->title;
-    }
-    EXPECT_EQ(story.logged("restore abandoned: the displays changed meanwhile"), 1U);
-    story.desk.window(story.mail).behaviour.answerSeconds = 0;
-    story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.frames(), docked);
 }
 
 TEST_F(Docking, ARestoreThatADisplayChangeOvertakesMovesNothingAnyMore) {
@@ -177,10 +133,8 @@ TEST_F(Docking, ARestoreThatADisplayChangeOvertakesMovesNothingAnyMore) {
     // Nothing is remembered for this desk, so nobody would correct what comes late.
     story.connect("ultrawide-left");
 
-    for (const auto& window : story.desk.windows()) {
-        EXPECT_TRUE(story.desk.shows(window->frame.center())) << window->title;
-    }
-    EXPECT_EQ(story.logged("restore abandoned: "), 1U);
+    expectEveryWindowCanBeSeen();
+    EXPECT_EQ(story.logged("restore abandoned: the displays changed meanwhile"), 1U);
 }
 
 TEST_F(Docking, AnAutomaticRestoreLetsTheWindowManagerFinishFirst) {
@@ -188,53 +142,32 @@ TEST_F(Docking, AnAutomaticRestoreLetsTheWindowManagerFinishFirst) {
     story.desk.habits.rescueDelay = 0.8;
     story.desk.change(DeskSetup::named("laptop-and-monitor"), {.events = 1});
     const std::size_t captures = story.desk.captures().size();
-    ASSERT_TRUE(story.time.runUntil([&] { return story.controller->restoreInFlight(); }, 5));
+    ASSERT_TRUE(awaitRestore(true));
     const double start = story.time.monotonicSeconds();
     ASSERT_TRUE(story.time.runUntil([&] { return story.desk.captures().size() > captures; }, 5));
     EXPECT_GE(story.desk.captures().back() - start, 0.799);
 }
 
-TEST_F(Docking, ACaptureFromBeforeARestoreIsNotAdopted) {
-    const auto docked = story.frames();
-    story.move(story.mail, {{10, 300}, {500, 400}});
-    story.runFor(16);
-    ASSERT_TRUE(story.controller->restoreNow(RestoreSource::menu));
-    story.runFor(1);
-    story.connect("laptop");
-    story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.frames(), docked);
-}
-
 TEST_F(Docking, AnEventThatNobodySentIsNoticedAtTheNextTick) {
-    const auto docked = story.frames();
     story.desk.changeSilently(DeskSetup::named("laptop"));
     story.runFor(16);
-    EXPECT_EQ(story.logged("display settled: "), 1U);
     EXPECT_EQ(story.published().displays.size(), 1U);
-    story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.frames(), docked);
+    dock();
+    EXPECT_EQ(story.frames(), home);
 }
 
-TEST_F(Docking, AutomaticRestoreCanBeSwitchedOff) {
+TEST_F(Docking, AutomaticRestoreAndSizesCanBeSwitchedOff) {
     story.defaults.set("autoRestore", false);
     story.connect("laptop");
+    story.move(story.terminal, {{0, 30}, {300, 200}});
     const auto undocked = story.frames();
-    story.connect("laptop-and-monitor");
+    dock();
     EXPECT_EQ(story.frames(), undocked);
     EXPECT_FALSE(story.controller->snapshotsSuspended());
 
-    EXPECT_TRUE(story.controller->restoreNow(RestoreSource::command));
-    story.runFor(1);
-    EXPECT_NE(story.frames(), undocked);
-}
-
-TEST_F(Docking, SizesAreLeftWhenTheUserWantsThat) {
     story.defaults.set("restoreSizes", false);
-    story.connect("laptop");
-    story.move(story.terminal, {{0, 30}, {300, 200}});
-    story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.frame(story.terminal).size, (Size{300, 200}));
-    EXPECT_EQ(story.frame(story.terminal).origin, (Point{1940, -290}));
+    EXPECT_TRUE(restore(1));
+    EXPECT_EQ(story.frame(story.terminal), (Rect{{1940, -290}, {300, 200}}));
 }
 
 TEST_F(Docking, OnlyTheLaterOfTwoChangesResumesLearning) {
@@ -247,45 +180,41 @@ TEST_F(Docking, OnlyTheLaterOfTwoChangesResumesLearning) {
     EXPECT_FALSE(story.controller->snapshotsSuspended());
 }
 
-TEST_F(Docking, LearningResumesAlsoOnADeskWithoutALayout) {
-    story.connect("three-monitors");
-    EXPECT_EQ(story.logged("restore report: "), 0U);
-    EXPECT_THAT(story.published().phase.value, testing::VariantWith<Phase::Empty>(Phase::Empty{}));
-    story.learn();
-    EXPECT_EQ(story.published().windowsLearned(), 4);
-}
+struct Rules : Docking {
+    RuleFlow& rules() { return story.controller->rules(); }
 
-TEST_F(Docking, TheRestoredPhaseGivesWayToTheRestingOne) {
-    story.connect("laptop");
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    story.runFor(2);
-    EXPECT_TRUE(story.published().phase.is<Phase::Restored>());
-    story.runFor(10);
-    EXPECT_THAT(story.published().phase.value, testing::VariantWith<Phase::Saved>(Phase::Saved{4}));
-}
+    void setRule(const std::string& bundleID, const std::string& name, const AppRule::Action& action) {
+        ASSERT_TRUE(rules().setRule({bundleID, name, action, {}}));
+    }
+};
 
-TEST_F(Docking, RulesKeepAnApplicationOnItsDisplayAndLeaveAnotherAlone) {
+TEST_F(Rules, KeepAnApplicationOnItsDisplayAndLeaveAnotherAlone) {
+    const DisplayInfo monitor = story.published().displays.back();
+    setRule("org.example.mail", "Mail", AppRule::ForceDisplay{monitor.uuid, monitor.name});
+    setRule("org.example.terminal", "Terminal", AppRule::Ignore{});
     story.connect("laptop");
-    const std::string monitor = "5C0A77E6-93E1-4F3B-8C15-1E0F3B6D2A11";
-    LayoutStore store = story.store();
-    ASSERT_TRUE(store.setRule({.bundleID = "org.example.mail",
-                               .appName = "Mail",
-                               .action = AppRule::ForceDisplay{monitor, "Studio Display"},
-                               .restoreLast = std::nullopt}));
-    ASSERT_TRUE(store.setRule({.bundleID = "org.example.terminal",
-                               .appName = "Terminal",
-                               .action = AppRule::Ignore{},
-                               .restoreLast = true}));
-    story.start();
     const Rect terminal = story.frame(story.terminal);
-
-    story.connect("laptop-and-monitor");
+    dock();
 
     // (200, 120) of 1440 × 900 in the same proportions on 2560 × 1440.
     EXPECT_TRUE(approxEqual(story.frame(story.mail), {{1440 + 355.56, -540 + 192}, {1600, 1040}}, 0.1));
     EXPECT_EQ(story.frame(story.terminal), terminal);
     story.learn();
     EXPECT_EQ(story.published().windowsLearned(), 3);
+    ASSERT_TRUE(rules().removeRule("org.example.terminal"));
+    story.learn();
+    EXPECT_EQ(story.published().windowsLearned(), 4);
+    EXPECT_EQ(rules().removeRule("org.example.terminal").error(), RuleProblem::notFound);
+}
+
+TEST_F(Rules, AnApplicationIsKnownByItsNameOrIdentifierInWhateverCase) {
+    // Nothing but its rule is stored of this one.
+    setRule("org.example.chat", "Chat", AppRule::Ignore{});
+    EXPECT_EQ(rules().app(" MAIL "), (RuleFlow::KnownApp{"org.example.mail", "Mail"}));
+    EXPECT_EQ(rules().app("Org.Example.Chat"), (RuleFlow::KnownApp{"org.example.chat", "Chat"}));
+    EXPECT_FALSE(rules().app("nobody"));
+    fillDisk();
+    EXPECT_EQ(rules().removeRule("org.example.chat").error(), RuleProblem::writeFailed);
 }
 
 } // namespace

@@ -1,12 +1,10 @@
-#include "tests/Vantrel/controller/Story.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/Vantrel/controller/LearnedDesk.h"
 
 namespace vantrel::simulated {
 namespace {
 
 using testing::ElementsAre;
+using testing::Field;
 
 constexpr HotKeyCombo f9{.keyCode = 101, .modifiers = 0};
 constexpr HotKeyCombo f10{.keyCode = 109, .modifiers = 0};
@@ -14,71 +12,57 @@ constexpr HotKeyCombo f10{.keyCode = 109, .modifiers = 0};
 const HotKeySurface undoSurface{HotKeySurface::Kind::undo, {}};
 const HotKeySurface restoreSurface{HotKeySurface::Kind::fixedRestore, {}};
 
-struct HotKeyStory : testing::Test {
-    HotKeyStory() {
-        story.openPrograms();
-        story.start();
-        story.learn();
-    }
-
+struct HotKeyStory : LearnedDesk {
     std::string addScene(const std::string& name) {
-        const auto outcome = story.controller->scenes().createEmptyScene(name);
-        return outcome.scene.value().id;
+        return story.controller->scenes().createEmptyScene(name).scene.value().id;
     }
 
-    std::vector<std::string> labels() {
-        std::vector<std::string> result;
-        for (const auto& taken : story.controller->takenHotKeys()) {
-            result.push_back(taken.label);
-        }
-        return result;
+    bool press(HotKeyCombo combo) {
+        const bool isOurs = story.hotKeys.press(combo);
+        story.runFor(5);
+        return isOurs;
     }
-
-    Story story;
 };
 
 TEST_F(HotKeyStory, TheDefaultsRestoreSaveAndStash) {
-    EXPECT_TRUE(story.hotKeys.press(HotKeyDefaults::restore));
-    story.runFor(5);
+    EXPECT_TRUE(press(HotKeyDefaults::restore));
     EXPECT_EQ(story.published().lastRestore->reason, "restore now (hotkey)");
-    EXPECT_TRUE(story.hotKeys.press(HotKeyDefaults::save));
-    story.runFor(5);
+    EXPECT_TRUE(press(HotKeyDefaults::save));
     EXPECT_EQ(story.logged("save layout: "), 1U);
-    EXPECT_TRUE(story.hotKeys.press(HotKeyDefaults::stash));
-    story.runFor(5);
+    EXPECT_TRUE(press(HotKeyDefaults::stash));
     EXPECT_NE(story.published().activeStash(), nullptr);
-    EXPECT_THAT(labels(), ElementsAre("Restore now", "Save layout now", "Stash"));
+    EXPECT_THAT(story.controller->takenHotKeys(), ElementsAre(Field(&TakenHotKey::label, "Restore now"),
+                                                              Field(&TakenHotKey::label, "Save layout now"),
+                                                              Field(&TakenHotKey::label, "Stash")));
 }
 
 TEST_F(HotKeyStory, AShortcutIsChangedClearedAndKeptOverARestart) {
-    EXPECT_TRUE(story.controller->restoreHotkeyIsDefault() && story.controller->saveHotkeyIsDefault());
     ASSERT_TRUE(story.controller->setUndoHotkey(f9.keyCode, f9.modifiers));
     ASSERT_TRUE(story.controller->setRestoreHotkey(f10.keyCode, f10.modifiers));
-    EXPECT_FALSE(story.hotKeys.press(HotKeyDefaults::restore));
+    EXPECT_FALSE(press(HotKeyDefaults::restore));
     EXPECT_TRUE(!story.controller->restoreHotkeyIsDefault() && story.controller->saveHotkeyIsDefault());
     story.start();
     story.runFor(1);
-    EXPECT_TRUE(story.hotKeys.press(f9) && story.hotKeys.press(f10));
+    EXPECT_TRUE(press(f9) && press(f10));
     ASSERT_TRUE(story.controller->setHotkey(undoSurface, std::nullopt));
     ASSERT_TRUE(story.controller->setHotkey(restoreSurface, std::nullopt));
-    EXPECT_FALSE(story.hotKeys.press(f9) || story.hotKeys.press(f10));
-    EXPECT_TRUE(story.hotKeys.press(HotKeyDefaults::restore));
+    EXPECT_FALSE(press(f9) || press(f10));
+    EXPECT_TRUE(press(HotKeyDefaults::restore) && story.controller->restoreHotkeyIsDefault());
     EXPECT_FALSE(story.defaults.integer("undoKeyCode") || story.defaults.integer("undoModifiers"));
     // Changed from outside.
     story.defaults.set("undoKeyCode", f9.keyCode);
     story.defaults.set("undoModifiers", f9.modifiers);
     story.runFor(1);
-    EXPECT_TRUE(story.hotKeys.press(f9));
+    EXPECT_TRUE(press(f9));
 }
 
 TEST_F(HotKeyStory, ACombinationThatIsInUseIsRefusedByName) {
     EXPECT_EQ(story.controller->setHotkey(undoSurface, HotKeyDefaults::save).error(),
               "Already used by Save layout now");
     EXPECT_TRUE(story.controller->setHotkey(restoreSurface, HotKeyDefaults::restore));
-    const auto first = HotKeySurface::scene(addScene("Work"));
-    const auto second = HotKeySurface::scene(addScene("Play"));
-    ASSERT_TRUE(story.controller->setHotkey(first, f9));
-    EXPECT_EQ(story.controller->setHotkey(second, f9).error(), "Already used by Work");
+    ASSERT_TRUE(story.controller->setHotkey(HotKeySurface::scene(addScene("Work")), f9));
+    EXPECT_EQ(story.controller->setHotkey(HotKeySurface::scene(addScene("Play")), f9).error(),
+              "Already used by Work");
     EXPECT_FALSE(story.defaults.integer("undoKeyCode"));
 }
 
@@ -104,7 +88,7 @@ TEST_F(HotKeyStory, ScenesKeepTheirRegistrationThroughARenameAndLoseItWhenDelete
     ASSERT_TRUE(story.controller->setHotkey(HotKeySurface::scene(id), f10));
     EXPECT_EQ(story.hotKeys.ids().back(), 1001U);
     ASSERT_TRUE(story.controller->scenes().deleteScene(id));
-    EXPECT_FALSE(story.hotKeys.press(f10));
+    EXPECT_FALSE(press(f10));
 }
 
 TEST_F(HotKeyStory, WhatIsRefusedIsShownKeptAndTriedAgain) {
@@ -115,8 +99,7 @@ TEST_F(HotKeyStory, WhatIsRefusedIsShownKeptAndTriedAgain) {
     story.hotKeys.releaseElsewhere();
     story.hotKeys.changeKeyboard();
     EXPECT_FALSE(story.published().hotKeys.back().isRefused);
-    EXPECT_TRUE(story.hotKeys.press(f9));
-    EXPECT_TRUE(story.hotKeys.press(HotKeyDefaults::restore));
+    EXPECT_TRUE(press(f9) && press(HotKeyDefaults::restore));
 }
 
 } // namespace

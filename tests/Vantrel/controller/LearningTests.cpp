@@ -1,7 +1,4 @@
-#include "tests/Vantrel/controller/Story.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/Vantrel/controller/LearnedDesk.h"
 
 namespace vantrel::simulated {
 namespace {
@@ -9,6 +6,7 @@ namespace {
 using testing::Contains;
 using Kind = SaveOutcome::Kind;
 
+// The controller has just begun to learn.
 struct Learning : testing::Test {
     Story story;
     std::vector<SaveOutcome> outcomes;
@@ -24,6 +22,8 @@ struct Learning : testing::Test {
 };
 
 TEST_F(Learning, ADeskIsLearnedWhenItWasSeenFourTimesInARow) {
+    // Of its own program nothing is.
+    story.desk.open(story.desk.launch("org.example.vantrel", "Vantrel"), "Settings", {{0, 30}, {200, 200}});
     story.runFor(44);
     EXPECT_FALSE(story.storedLayout().has_value());
     EXPECT_TRUE(story.published().phase.is<Phase::Empty>());
@@ -31,16 +31,7 @@ TEST_F(Learning, ADeskIsLearnedWhenItWasSeenFourTimesInARow) {
     ASSERT_TRUE(story.storedLayout().has_value());
     EXPECT_EQ(story.storedLayout()->windows.size(), 4U);
     EXPECT_THAT(story.messages(), Contains("learned layout: 4 windows for Built-in Display"));
-    EXPECT_THAT(story.published().phase.value, testing::VariantWith<Phase::Saved>(Phase::Saved{4}));
-}
-
-TEST_F(Learning, ADeskInMotionIsNotLearned) {
-    double x = 0;
-    for (int i = 0; i < 20; ++i) {
-        story.move(story.terminal, {{x += 5, 50}, {640, 400}});
-        story.runFor(15);
-    }
-    EXPECT_EQ(story.logged("learned layout: "), 0U);
+    EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
 }
 
 TEST_F(Learning, ACaptureOfTheOldDeskIsNotTakenForTheNewOne) {
@@ -57,23 +48,10 @@ TEST_F(Learning, ACaptureOfTheOldDeskIsNotTakenForTheNewOne) {
     EXPECT_TRUE(story.store().layouts(newDesk).empty());
 }
 
-TEST_F(Learning, WhatCannotBeSeenIsNotLearned) {
-    story.desk.window(story.browserLeft).isMinimized = true;
-    story.desk.window(story.browserRight).isFullscreen = true;
-    story.desk.window(story.terminal).isOnOtherSpace = true;
-    story.desk.open(story.desk.window(story.mail).pid, "Save as", {{300, 300}, {400, 200}});
-    story.desk.window(story.mail + 1).subrole = "AXDialog";
-    story.desk.open(story.desk.launch("org.example.vantrel", "Vantrel"), "Settings", {{0, 30}, {200, 200}});
-    story.learn();
-    ASSERT_TRUE(story.storedLayout().has_value());
-    ASSERT_EQ(story.storedLayout()->windows.size(), 1U);
-    EXPECT_EQ(story.storedLayout()->windows.front().title, "Inbox");
-}
-
 TEST_F(Learning, AnEmptyDeskDoesNotReplaceWhatIsRemembered) {
     story.learn();
-    for (const WindowID window : {story.browserLeft, story.browserRight, story.terminal, story.mail}) {
-        story.desk.window(window).isMinimized = true;
+    for (const auto& window : story.desk.windows()) {
+        window->isMinimized = true;
     }
     story.learn();
     story.connect("laptop-and-monitor");
@@ -81,50 +59,41 @@ TEST_F(Learning, AnEmptyDeskDoesNotReplaceWhatIsRemembered) {
     EXPECT_EQ(story.storedLayout()->windows.size(), 4U);
 }
 
-TEST_F(Learning, APinnedLayoutIsNeitherLearnedOverNorReplacedByAdoption) {
+TEST_F(Learning, APinnedLayoutIsReplacedOnlyByTheUserAndStaysPinned) {
     story.learn();
-    const std::string desk = story.published().configID;
-    LayoutStore store = story.store();
-    ASSERT_TRUE(store.setPinned(true, desk, Layout::defaultName));
-    const auto pinned = store.layout(desk, Layout::defaultName);
+    ASSERT_TRUE(story.controller->setPinned(true));
+    const auto pinned = story.storedLayout();
     story.start();
     EXPECT_TRUE(story.published().activePinned);
-    story.move(story.mail, {{10, 400}, {600, 400}});
-    story.learn();
+    const Rect moved{{10, 400}, {600, 400}};
+    story.move(story.mail, moved);
+    story.runFor(16);
+    EXPECT_EQ(story.storedLayout(), pinned);
     story.connect("laptop-and-monitor");
-    EXPECT_EQ(story.store().layout(desk, Layout::defaultName), pinned);
+    story.connect("laptop");
+    EXPECT_EQ(story.storedLayout(), pinned) << "adopted before a display change";
+    story.move(story.mail, moved);
+    save();
+    story.runFor(1);
+    EXPECT_TRUE(story.storedLayout()->isPinned());
+    EXPECT_EQ(story.storedLayout()->windows.front().frame, moved);
 }
 
 TEST_F(Learning, AFailedWriteLosesNothing) {
     story.learn();
     const auto before = story.storedLayout();
     story.files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
-    story.move(story.mail, {{10, 400}, {600, 400}});
+    const Rect moved{{10, 400}, {600, 400}};
+    story.move(story.mail, moved);
     story.learn();
     save();
     story.runFor(1);
     EXPECT_EQ(story.storedLayout(), before);
-    EXPECT_EQ(story.published().windowsLearned(), 4);
-    ASSERT_EQ(outcomes.size(), 1U);
-    EXPECT_EQ(outcomes.front().kind, Kind::writeFailed);
+    EXPECT_EQ(outcomes, std::vector{SaveOutcome{.kind = Kind::writeFailed}});
 
     story.files.stopFailing();
     story.learn();
-    EXPECT_EQ(story.storedLayout()->geometrySignature(),
-              (std::vector<std::string>{
-                  "org.example.browser|300,100,800x600", "org.example.browser|40,60,700x500",
-                  "org.example.mail|10,400,600x400", "org.example.terminal|500,250,640x400"}));
-}
-
-TEST_F(Learning, ANameThatTheUserGaveTheDeskOutlivesLearning) {
-    story.learn();
-    LayoutStore store = story.store();
-    store.rename(story.published().configID, Layout::defaultName, "Sofa");
-    story.start();
-    story.move(story.mail, {{10, 400}, {600, 400}});
-    story.learn();
-    EXPECT_EQ(story.storedLayout()->name, "Sofa");
-    EXPECT_EQ(story.published().layoutTitle, "Sofa");
+    EXPECT_EQ(story.storedLayout()->windows.front().frame, moved);
 }
 
 TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {
@@ -133,12 +102,9 @@ TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {
     const std::size_t readings = story.desk.captures().size();
     story.learn();
     EXPECT_TRUE(story.published().phase.is<Phase::Off>());
-    EXPECT_FALSE(story.controller->restoreNow(RestoreSource::menu));
-
     story.controller->setEnabled(true);
     story.license.setEntitled(false);
     EXPECT_EQ(story.logged("license gate: not entitled, restore and learning paused"), 1U);
-    EXPECT_FALSE(story.published().entitlement.isEntitled());
     story.learn();
     EXPECT_EQ(story.desk.captures().size(), readings);
 
@@ -151,31 +117,25 @@ TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {
     story.license.setEntitled(false);
     story.runFor(5);
     EXPECT_FALSE(story.storedLayout().has_value());
-    story.license.setEntitled(true);
-    story.learn();
-    EXPECT_TRUE(story.storedLayout().has_value());
 }
 
-TEST_F(Learning, LearningBeginsOnceThePermissionIsGranted) {
-    Story fresh;
-    fresh.openPrograms();
-    fresh.desk.setTrusted(false);
-    fresh.start();
-    fresh.learn();
-    EXPECT_TRUE(fresh.published().phase.is<Phase::NeedsPermission>());
-    EXPECT_FALSE(fresh.controller->restoreNow(RestoreSource::hotKey));
-    EXPECT_EQ(fresh.desk.captures().size(), 0U);
-    EXPECT_THAT(fresh.messages(), Contains("restoreNow tapped: enabled=true permission=false"));
-
-    fresh.desk.setTrusted(true);
-    fresh.runFor(1.6);
-    EXPECT_TRUE(fresh.published().phase.is<Phase::Empty>());
-    fresh.learn();
-    EXPECT_THAT(fresh.published().phase.value, testing::VariantWith<Phase::Saved>(Phase::Saved{4}));
-}
-
-TEST_F(Learning, APermissionThatIsTakenAwayIsNoticedAndWaitedFor) {
+TEST(LearningToBegin, APermissionIsWaitedForAlsoWhenItIsTakenAwayLater) {
+    Story story;
+    story.openPrograms();
+    story.desk.setTrusted(false);
+    story.start();
     story.learn();
+    EXPECT_TRUE(story.published().phase.is<Phase::NeedsPermission>());
+    EXPECT_FALSE(story.controller->restoreNow(RestoreSource::hotKey));
+    EXPECT_EQ(story.desk.captures().size(), 0U);
+    EXPECT_THAT(story.messages(), Contains("restoreNow tapped: enabled=true permission=false"));
+
+    story.desk.setTrusted(true);
+    story.runFor(1.6);
+    EXPECT_TRUE(story.published().phase.is<Phase::Empty>());
+    story.learn();
+    EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
+
     story.desk.setTrusted(false);
     story.runFor(16);
     EXPECT_TRUE(story.published().phase.is<Phase::NeedsPermission>());
@@ -184,33 +144,10 @@ TEST_F(Learning, APermissionThatIsTakenAwayIsNoticedAndWaitedFor) {
     EXPECT_EQ(story.logged("restore report: "), 0U);
     story.desk.setTrusted(true);
     story.runFor(1.6);
-    EXPECT_THAT(story.published().phase.value, testing::VariantWith<Phase::Saved>(Phase::Saved{4}));
+    EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
 }
 
-TEST_F(Learning, TheUserCanSaveAtOnce) {
-    story.runFor(1);
-    save();
-    story.runFor(1);
-    ASSERT_EQ(outcomes.size(), 1U);
-    EXPECT_EQ(outcomes.front(), (SaveOutcome{.kind = Kind::saved, .windows = 4}));
-    EXPECT_EQ(outcomes.front().text(), "4 windows remembered.");
-    EXPECT_EQ(story.storedLayout()->windows.size(), 4U);
-}
-
-TEST_F(Learning, SavingAPinnedLayoutKeepsItPinned) {
-    story.learn();
-    LayoutStore store = story.store();
-    ASSERT_TRUE(store.setPinned(true, story.published().configID, Layout::defaultName));
-    story.start();
-    story.move(story.mail, {{10, 400}, {600, 400}});
-    story.runFor(1);
-    save();
-    story.runFor(1);
-    EXPECT_TRUE(story.storedLayout()->isPinned());
-    EXPECT_TRUE(approxEqual(story.storedLayout()->windows.back().frame, {{40, 60}, {700, 500}}, 0));
-}
-
-TEST_F(Learning, SavingSaysWhatStandsAgainstIt) {
+TEST_F(Learning, SavingSaysWhatCameOfItOrStandsAgainstIt) {
     save();
     story.learn();
     ASSERT_TRUE(story.controller->restoreNow(RestoreSource::menu));
@@ -222,12 +159,12 @@ TEST_F(Learning, SavingSaysWhatStandsAgainstIt) {
     story.runFor(20);
     story.desk.setTrusted(false);
     save();
-    ASSERT_EQ(outcomes.size(), 4U);
-    // It waited for the first reading of the desk.
-    EXPECT_EQ(outcomes[0].kind, Kind::saved);
-    EXPECT_EQ(outcomes[1].kind, Kind::restoreInFlight);
-    EXPECT_EQ(outcomes[2].kind, Kind::displaysChanging);
-    EXPECT_EQ(outcomes[3].kind, Kind::needsPermission);
+    // The first waited for the first reading of the desk.
+    EXPECT_EQ(outcomes, (std::vector<SaveOutcome>{{.kind = Kind::saved, .windows = 4},
+                                                  {.kind = Kind::restoreInFlight},
+                                                  {.kind = Kind::displaysChanging},
+                                                  {.kind = Kind::needsPermission}}));
+    EXPECT_EQ(outcomes.front().text(), "4 windows remembered.");
 }
 
 TEST_F(Learning, ObserversHearOfAChangeOnceAndOnlyWhileTheyWantTo) {
@@ -243,6 +180,62 @@ TEST_F(Learning, ObserversHearOfAChangeOnceAndOnlyWhileTheyWantTo) {
     story.controller->setEnabled(false);
     story.runFor(1);
     EXPECT_EQ(heard, 1);
+}
+
+struct Pinned : LearnedDesk {
+    Pinned() { EXPECT_TRUE(story.controller->setPinned(true)); }
+
+    void dragAway() { story.move(story.mail, {{700, 300}, {300, 300}}); }
+};
+
+TEST_F(Pinned, ALayoutThatIsDraggedAwayComesBackAfterTheSecondLook) {
+    dragAway();
+    story.runFor(15);
+    EXPECT_NE(story.frames(), home);
+    story.runFor(20);
+    EXPECT_EQ(story.frames(), home);
+    EXPECT_EQ(story.published().lastRestore->reason, "pinned enforcement");
+    EXPECT_EQ(story.logged("pinned drift: enforcing 4 windows for "), 1U);
+}
+
+TEST_F(Pinned, EnforcingPausesAfterThreeTimesInVainUntilTheLayoutChanges) {
+    story.desk.window(story.mail).behaviour.refusesMoves = true;
+    dragAway();
+    story.runFor(600);
+    EXPECT_EQ(story.logged("pinned drift: enforcing "), 3U);
+    EXPECT_EQ(story.logged("pinned drift persists after 3 enforcements, pausing until the layout changes"),
+              1U);
+
+    story.controller->saveLayoutNow();
+    story.runFor(1);
+    story.desk.window(story.mail).behaviour.refusesMoves = false;
+    story.move(story.terminal, {{10, 300}, {300, 300}});
+    story.runFor(40);
+    EXPECT_EQ(story.frame(story.terminal), home.at(story.terminal));
+}
+
+TEST_F(Pinned, OnceUnpinnedTheDeskIsLearnedAsItStands) {
+    EXPECT_TRUE(story.controller->setPinned(false));
+    dragAway();
+    story.learn();
+    EXPECT_EQ(story.frame(story.mail), (Rect{{700, 300}, {300, 300}}));
+    EXPECT_EQ(story.logged("pinned drift"), 0U);
+    EXPECT_EQ(story.logged("learned layout: "), 2U);
+}
+
+TEST_F(Pinned, ALayoutThatDriftedIsPutBackAfterWakingUp) {
+    story.runFor(1);
+    story.system.setAsleep(true);
+    story.system.setAsleep(false);
+    story.runFor(3);
+    EXPECT_EQ(story.logged("didWake: pinned layout drifted, restoring"), 0U);
+    story.system.setAsleep(true);
+    dragAway();
+    story.system.setAsleep(false);
+    story.runFor(4);
+    EXPECT_EQ(story.logged("didWake: pinned layout drifted, restoring"), 1U);
+    EXPECT_EQ(story.frames(), home);
+    EXPECT_EQ(story.published().lastRestore->reason, "pinned enforcement");
 }
 
 } // namespace

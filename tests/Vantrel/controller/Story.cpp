@@ -1,6 +1,7 @@
 #include "tests/Vantrel/controller/Story.h"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
 
 namespace vantrel::simulated {
@@ -59,6 +60,13 @@ void Story::learn() {
     runFor(70);
 }
 
+void Story::scatter(double x) {
+    for (const auto& [window, frame] : frames()) {
+        move(window, {{x, 400 + x}, {400, 300}});
+        x += 10;
+    }
+}
+
 void Story::connect(const std::string& setup, const Burst& burst) {
     desk.change(DeskSetup::named(setup), burst);
     runFor(14);
@@ -80,6 +88,17 @@ std::map<WindowID, Rect> Story::frames() {
         result[window->id] = window->frame;
     }
     return result;
+}
+
+std::vector<WindowID> Story::stack() {
+    std::vector<WindowID> result;
+    std::ranges::transform(desk.windows(), std::back_inserter(result), &SimulatedWindow::id);
+    return result;
+}
+
+Rect Story::frameOf(const std::string& title) {
+    const auto found = std::ranges::find(desk.windows(), title, &SimulatedWindow::title);
+    return found == desk.windows().end() ? Rect{} : (*found)->frame;
 }
 
 std::vector<std::string> Story::messages() {

@@ -56,6 +56,8 @@ public:
     void learn();
     // Where the user leaves a window.
     void move(WindowID window, const Rect& frame) { desk.window(window).frame = frame; }
+    // The user leaves every window elsewhere, small, the first at `x`.
+    void scatter(double x = 15);
     [[nodiscard]] Rect frame(WindowID window) { return desk.window(window).frame; }
     // Changes the displays and lets everything that follows come to rest.
     void connect(const std::string& setup, const Burst& burst = {});
@@ -66,6 +68,10 @@ public:
     [[nodiscard]] LayoutStore store();
     [[nodiscard]] std::optional<Layout> storedLayout();
     [[nodiscard]] std::map<WindowID, Rect> frames();
+    // Windows, front to back.
+    [[nodiscard]] std::vector<WindowID> stack();
+    // None of that title: an empty frame.
+    [[nodiscard]] Rect frameOf(const std::string& title);
 
     // The messages of the log, without their times.
     [[nodiscard]] std::vector<std::string> messages();

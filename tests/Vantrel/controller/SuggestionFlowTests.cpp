@@ -1,34 +1,25 @@
-#include "tests/Vantrel/controller/Story.h"
-
-#include <gtest/gtest.h>
+#include "tests/Vantrel/controller/LearnedDesk.h"
 
 namespace vantrel::simulated {
 namespace {
 
-struct Suggestions : testing::Test {
-    Story story;
-
-    Suggestions() {
-        story.openPrograms();
-        story.start();
-        story.learn();
-    }
-
-    // The same time on another day, the desk being looked at as always.
-    void letDaysPass(int days) {
-        story.time.setWallClock(story.time.now() + std::chrono::days{days});
-        story.runFor(40);
+struct Suggestions : LearnedDesk {
+    // The same time on other days, so many days apart, the desk being looked at as always.
+    void letDaysPass(std::initializer_list<int> steps) {
+        for (const int days : steps) {
+            story.time.setWallClock(story.time.now() + std::chrono::days{days});
+            story.runFor(40);
+        }
     }
 
     [[nodiscard]] bool isSuggested() const { return story.published().patternSuggestion.has_value(); }
 };
 
 TEST_F(Suggestions, AnArrangementThatRecursOnThreeDaysIsSuggestedWithItsOwnSignature) {
-    letDaysPass(0);
-    letDaysPass(2);
+    letDaysPass({0, 2});
     EXPECT_FALSE(isSuggested());
     story.start();
-    letDaysPass(1);
+    letDaysPass({1});
     ASSERT_TRUE(isSuggested());
     EXPECT_EQ(story.published().patternSuggestion->configID, story.published().configID);
     EXPECT_EQ(story.published().patternSuggestion->signature.size(), 4U);
@@ -41,34 +32,30 @@ TEST_F(Suggestions, AnArrangementThatRecursOnThreeDaysIsSuggestedWithItsOwnSigna
 }
 
 TEST_F(Suggestions, ItGoesWhenTheUserSavesTheSceneOrWantsNone) {
-    letDaysPass(0);
-    letDaysPass(1);
-    letDaysPass(1);
+    letDaysPass({0, 1, 1});
     ASSERT_TRUE(isSuggested());
     SuggestionFlow& flow = story.controller->suggestions();
     EXPECT_TRUE(flow.snooze());
     EXPECT_FALSE(isSuggested());
-    letDaysPass(6);
+    letDaysPass({6});
     EXPECT_FALSE(isSuggested());
-    letDaysPass(1);
+    letDaysPass({1});
     EXPECT_TRUE(isSuggested());
 
     EXPECT_TRUE(flow.stop());
-    letDaysPass(1);
+    letDaysPass({1});
     EXPECT_FALSE(isSuggested());
     story.defaults.set("patternSuggestionsStopped", false);
     story.runFor(0.1);
     EXPECT_TRUE(isSuggested());
 
-    story.controller->scenes().saveCurrentAsScene("Usual", [](const SceneSaveOutcome&) {});
+    story.controller->scenes().saveCurrentAsScene("Usual", {});
     story.runFor(20);
     EXPECT_FALSE(isSuggested());
 }
 
 TEST_F(Suggestions, OnAnotherDeskNothingIsSuggestedBeforeItWasSeenThere) {
-    letDaysPass(0);
-    letDaysPass(1);
-    letDaysPass(1);
+    letDaysPass({0, 1, 1});
     ASSERT_TRUE(isSuggested());
     story.connect("three-monitors");
     story.learn();
