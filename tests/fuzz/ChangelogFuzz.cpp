@@ -2,7 +2,7 @@
 #include "VantrelCore/text/SemVer.h"
 #include "VantrelCore/updates/ChangelogResponse.h"
 #include "VantrelCore/updates/UpdateOffer.h"
-#include "tests/fuzz/StoreFuzz.h"
+#include "tests/fuzz/Law.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace vantrel;

@@ -1,6 +1,5 @@
 // Changes a store's file as JSON, value by value: bytes changed at random seldom leave a file that decodes
 // far enough to reach what its values do. Some changes are of bytes all the same.
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -15,35 +14,11 @@ namespace {
 
 using nlohmann::json;
 
-constexpr std::array interesting{
-    "null",
-    "true",
-    "false",
-    "0",
-    "-1",
-    "1.5",
-    "2.0",
-    "-0.0",
-    "1e308",
-    "5e-324",
-    "9223372036854775807",
-    "-9223372036854775808",
-    "18446744073709551615",
-    "\"\"",
-    "\"c\"",
-    "\"b\"",
-    "\"1\"",
-    "\"\\u0000\"",
-    "\"\\ud83d\\ude00\"",
-    "[]",
-    "{}",
-    "[0, 0]",
-    "[[0, 0], [0, 0]]",
-    "\"2025-03-01T08:15:00Z\"",
-    "\"0000-01-01T00:00:00+23:59\"",
-    "\"9999-12-31T23:59:59-23:59\"",
-    "\"1969-12-31T23:59:59.9Z\"",
-};
+const json interesting = json::parse(R"([
+    null, true, false, 0, -1, 1.5, 2.0, -0.0, 1e308, 5e-324, 9223372036854775807, -9223372036854775808,
+    18446744073709551615, "", "c", "b", "1", "\u0000", "\ud83d\ude00", [], {}, [0, 0], [[0, 0], [0, 0]],
+    "2025-03-01T08:15:00Z", "0000-01-01T00:00:00+23:59", "9999-12-31T23:59:59-23:59", "1969-12-31T23:59:59.9Z"
+])");
 
 void collect(json& value, std::vector<json*>& values) {
     values.push_back(&value);
@@ -52,11 +27,6 @@ void collect(json& value, std::vector<json*>& values) {
             collect(item, values);
         }
     }
-}
-
-bool isNumber(json::value_t type) {
-    return type == json::value_t::number_integer || type == json::value_t::number_unsigned ||
-           type == json::value_t::number_float;
 }
 
 class Mutation {
@@ -68,7 +38,7 @@ public:
         collect(document, values);
         json& value = *values[below(values.size())];
         if (!value.is_structured() || value.empty() || below(4) == 0) {
-            value = replacement(value.type());
+            value = replacement(value);
             return;
         }
         const auto item = std::next(value.begin(), static_cast<std::ptrdiff_t>(below(value.size())));
@@ -82,11 +52,11 @@ public:
     }
 
     // Mostly of the same kind, because any other makes most files undecodable at once.
-    json replacement(json::value_t type) {
+    json replacement(const json& value) {
         const bool anyKind = below(4) == 0;
         for (;;) {
-            json candidate = json::parse(interesting[below(interesting.size())]);
-            if (anyKind || candidate.type() == type || (candidate.is_number() && isNumber(type))) {
+            const json& candidate = interesting[below(interesting.size())];
+            if (anyKind || candidate.type() == value.type() || (candidate.is_number() && value.is_number())) {
                 return candidate;
             }
         }

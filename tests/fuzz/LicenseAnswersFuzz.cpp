@@ -1,6 +1,6 @@
 // Whatever a server answers about licences, the user gets a sentence that a terminal can show.
 #include "VantrelCore/licensing/LicenseAnswers.h"
-#include "tests/fuzz/StoreFuzz.h"
+#include "tests/fuzz/Law.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Whatever is sent as a licence, nothing passes but what the vendor signed; and whatever the vendor signs,
 // reading it ends.
 #include "VantrelCore/licensing/LicenseDocument.h"
-#include "tests/fuzz/StoreFuzz.h"
+#include "tests/fuzz/Law.h"
 #include "tests/server/TestLicense.h"
 
 #include <nlohmann/json.hpp>

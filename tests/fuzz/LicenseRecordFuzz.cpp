@@ -1,6 +1,6 @@
 // Whatever the licence file holds, it is taken for a record only when the program wrote it.
 #include "VantrelCore/licensing/LicenseDecision.h"
-#include "tests/fuzz/StoreFuzz.h"
+#include "tests/fuzz/Law.h"
 #include "tests/server/TestLicense.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,6 +1,6 @@
 // Titles are whatever applications put there: the matcher must agree with its rules read word by word.
 #include "tests/VantrelCore/windows/PlainMatcher.h"
-#include "tests/fuzz/StoreFuzz.h"
+#include "tests/fuzz/Law.h"
 
 #include <array>
 #include <fuzzer/FuzzedDataProvider.h>

@@ -76,30 +76,29 @@ TEST(LicenseDecision, ATrialLastsFourteenDaysFromTheFirstStart) {
     }
 }
 
-TEST(LicenseDecision, AClockSetBackDoesNotLengthenTheTrial) {
-    const auto seen = decided({.main = record(day0, day0 + days{10}), .now = day0 - days{300}});
-    EXPECT_EQ(seen.entitlement.trialDaysLeft, 4);
-    EXPECT_EQ(seen.start.record.latestSeen, day0 + days{10});
-    EXPECT_EQ(decided({.main = record(day0, day0 + days{14}), .now = day0}).entitlement.kind,
-              Kind::trialOver);
-}
-
-TEST(LicenseDecision, WhatOneFileForgotTheOtherRemembers) {
+TEST(LicenseDecision, NeitherClocksNorLostFilesLengthenTheTrial) {
+    const auto fresh = record(day0, day0);
     const auto old = record(day0 - days{13}, day0);
-    EXPECT_EQ(decided({.copy = old}).entitlement.trialDaysLeft, 1) << "license.json removed";
-    EXPECT_EQ(decided({.main = old}).entitlement.trialDaysLeft, 1) << "the copy removed";
-    EXPECT_EQ(decided({.main = record(day0, day0), .copy = old}).entitlement.trialDaysLeft, 1)
-        << "an old one put back";
-    EXPECT_EQ(decided({.main = old, .copy = broken(LicenseProblem::damaged)}).entitlement.kind, Kind::trial);
-}
-
-TEST(LicenseDecision, WithoutAnyRecordTheTrialCountsFromTheOldestUse) {
-    EXPECT_EQ(decided({.earliest = day0 - days{10}}).entitlement.trialDaysLeft, 4);
-    EXPECT_EQ(decided({.earliest = day0 - days{20}}).entitlement.kind, Kind::trialOver);
-    EXPECT_EQ(decided({.earliest = day0 + days{20}}).entitlement.trialDaysLeft, 14)
-        << "a clock that was ahead";
-    EXPECT_EQ(decided({.main = record(day0, day0), .earliest = day0 - days{20}}).entitlement.trialDaysLeft,
-              14);
+    const struct {
+        const char* what;
+        Now now;
+        std::optional<std::int64_t> daysLeft;
+    } rows[] = {
+        {"clock set back", {.main = record(day0, day0 + days{10}), .now = day0 - days{300}}, 4},
+        {"license.json removed", {.copy = old}, 1},
+        {"an old one put back", {.main = fresh, .copy = old}, 1},
+        {"the copy damaged", {.main = old, .copy = broken(LicenseProblem::damaged)}, 1},
+        {"both removed, counts from the oldest use", {.earliest = day0 - days{10}}, 4},
+        {"both removed, over by the oldest use", {.earliest = day0 - days{20}}, {}},
+        {"an oldest use by a clock that was ahead", {.earliest = day0 + days{20}}, 14},
+        {"the record says more than the oldest use", {.main = fresh, .earliest = day0 - days{20}}, 14},
+    };
+    for (const auto& row : rows) {
+        const auto found = decided(row.now);
+        EXPECT_EQ(found.entitlement.kind, row.daysLeft ? Kind::trial : Kind::trialOver) << row.what;
+        EXPECT_EQ(found.entitlement.trialDaysLeft, row.daysLeft) << row.what;
+    }
+    EXPECT_EQ(decided(rows[0].now).start.record.latestSeen, day0 + days{10});
 }
 
 TEST(LicenseDecision, AFileThatIsNotOursEntitlesToNothingAndIsKept) {

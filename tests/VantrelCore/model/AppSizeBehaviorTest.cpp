@@ -1,9 +1,6 @@
 #include "VantrelCore/model/AppSizeBehavior.h"
 
 #include <gtest/gtest.h>
-#include <limits>
-#include <nlohmann/json.hpp>
-#include <rapidcheck/gtest.h>
 
 namespace vantrel {
 namespace {
@@ -79,43 +76,6 @@ TEST(AppSizeBehavior, CountersStopAtTheirEnd) {
     behavior = behavior.ingesting(honored).ingesting(constrained);
     EXPECT_EQ(behavior.sampleCount, INT64_MAX);
     EXPECT_EQ(behavior.constrainedCount, INT64_MAX);
-}
-
-TEST(AppSizeBehavior, ClassificationsKeepTheirFormInJson) {
-    const auto check = [](const AppSizeBehavior::Classification& classification,
-                          const nlohmann::json& expected) {
-        EXPECT_EQ(nlohmann::json(classification), expected);
-        EXPECT_TRUE(expected.get<AppSizeBehavior::Classification>() == classification) << expected;
-    };
-    check(AppSizeBehavior::Flexible{}, {{"kind", "flexible"}});
-    check(AppSizeBehavior::FixedSize{{715, 600.5}},
-          {{"kind", "fixedSize"}, {"width", 715}, {"height", 600.5}});
-    check(AppSizeBehavior::MinClamped{{1, 2}}, {{"kind", "minClamped"}, {"width", 1}, {"height", 2}});
-    for (const nlohmann::json& invalid :
-         {nlohmann::json{{"kind", "elastic"}}, nlohmann::json{{"kind", "fixedSize"}, {"width", 1}},
-          nlohmann::json::object()}) {
-        EXPECT_ANY_THROW((void)invalid.get<AppSizeBehavior::Classification>()) << invalid;
-    }
-}
-
-std::optional<Size> anySize() {
-    if (*rc::gen::arbitrary<bool>()) {
-        return std::nullopt;
-    }
-    return Size{*rc::gen::arbitrary<double>(), *rc::gen::arbitrary<double>()};
-}
-
-RC_GTEST_PROP(AppSizeBehavior, WhatIsEncodedDecodesToTheSame, ()) {
-    const AppSizeBehavior behavior{.bundleID = *rc::gen::string<std::string>(),
-                                   .sampleCount = *rc::gen::arbitrary<std::int64_t>(),
-                                   .honoredCount = *rc::gen::arbitrary<std::int64_t>(),
-                                   .constrainedCount = *rc::gen::arbitrary<std::int64_t>(),
-                                   .achievedVaries = *rc::gen::arbitrary<bool>(),
-                                   .firstAchieved = anySize(),
-                                   .floor = anySize(),
-                                   .lastRequested = anySize(),
-                                   .lastAchieved = anySize()};
-    RC_ASSERT(nlohmann::json(behavior).get<AppSizeBehavior>() == behavior);
 }
 
 } // namespace

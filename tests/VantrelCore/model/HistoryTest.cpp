@@ -5,7 +5,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 namespace vantrel {
 
@@ -30,8 +29,6 @@ TEST(RestoreReceipts, CountsTheLastSevenDaysToTheSecond) {
 
 TEST(RestoreReceipts, ForgetsAfterThirtyDaysWhenRecording) {
     RestoreReceipts receipts{{{now - days{30} - seconds{1}, 1}, {now - days{30}, 2}}};
-    EXPECT_EQ(receipts.windowsLast7Days(now), 0);
-    EXPECT_EQ(receipts.entries.size(), 2U);
     receipts.record(4, now);
     EXPECT_THAT(receipts.entries,
                 ElementsAre(RestoreReceiptEntry{now - days{30}, 2}, RestoreReceiptEntry{now, 4}));
@@ -43,14 +40,13 @@ TEST(UsageStats, ASceneSwitchIsARestoreToo) {
     stats.recordRestore(0, "", now + hours{1});
     stats.recordStashUse(-3, "desk", now);
     stats.recordUndo(2, "other", now);
-    UsageStats expected;
-    expected.restores = 2;
-    expected.sceneSwitches = 1;
-    expected.stashUses = 1;
-    expected.undoUses = 1;
-    expected.windowsVantrel = 6;
-    expected.deskIDs = {"desk", "other"};
-    expected.firstRecordedAt = now;
+    const UsageStats expected{.restores = 2,
+                              .windowsVantrel = 6,
+                              .sceneSwitches = 1,
+                              .stashUses = 1,
+                              .undoUses = 1,
+                              .deskIDs = {"desk", "other"},
+                              .firstRecordedAt = now};
     EXPECT_EQ(stats, expected);
 }
 
