@@ -17,11 +17,6 @@ std::vector<std::string> titles(const std::vector<StatusItemMenuEntry>& entries)
     return texts;
 }
 
-TEST(StatusItemMenu, AnEmptyDeskOffersTheFixedEntries) {
-    EXPECT_THAT(titles(StatusItemMenuBuilder::build({}, std::nullopt)),
-                ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Quit Vantrel"));
-}
-
 TEST(StatusItemMenu, ScenesComeFirstInTheirOrderAndUndoBehindRestore) {
     const auto entries = StatusItemMenuBuilder::build({{"2", "Writing"}, {"1", "Calls"}}, "Display change");
     EXPECT_THAT(titles(entries), ElementsAre("Writing", "Calls", "Restore now", "Undo last restore", "-",
@@ -36,10 +31,10 @@ TEST(StatusItemMenu, SaysAboveWhatIsToBeSaidOfTrialAndUpdates) {
     EXPECT_THAT(titles(all),
                 ElementsAre("Trial ended", "Get Vantrel · $19", "Update available · v1.2", "-", "Restore now",
                             "-", "Layouts…", "Settings…", "Check for Updates…", "Quit Vantrel"));
-    const auto none = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt),
-                                                         false, std::nullopt);
-    EXPECT_THAT(titles(none), ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…",
-                                          "Quit Vantrel"));
+    EXPECT_THAT(
+        titles(StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), false,
+                                                  std::nullopt)),
+        ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…", "Quit Vantrel"));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "VantrelCore/scenes/SceneIconography.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/scenes/SceneSwitchPolicy.h"
+#include "tests/VantrelCore/DeskRecords.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,15 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-Layout layoutOf(const std::vector<std::pair<std::string, Rect>>& windows) {
-    Layout layout;
-    for (const auto& [bundleID, frame] : windows) {
-        auto& window = layout.windows.emplace_back();
-        window.bundleID = bundleID;
-        window.frame = frame;
-    }
-    return layout;
-}
+const Rect frame{{0, 0}, {800, 600}};
 
 Scene scene(const std::string& name, const std::string& configID, int createdAt,
             const std::string& deskName = "") {
@@ -34,14 +27,6 @@ Scene scene(const std::string& name, const std::string& configID, int createdAt,
     return result;
 }
 
-std::vector<std::string> names(const std::vector<Scene>& scenes) {
-    std::vector<std::string> result;
-    for (const auto& each : scenes) {
-        result.push_back(each.name);
-    }
-    return result;
-}
-
 } // namespace
 
 TEST(SceneSwitchPolicy, HidesWhatNeitherTheSceneNorThisProgramNeeds) {
@@ -49,29 +34,33 @@ TEST(SceneSwitchPolicy, HidesWhatNeitherTheSceneNorThisProgramNeeds) {
                 ElementsAre("web", "chat", "web"));
 }
 
-TEST(SceneDrift, ALiveWindowVouchesForOneSavedWindowOnly) {
-    const Rect frame{{0, 0}, {800, 600}};
-    const Layout saved = layoutOf({{"mail", frame}, {"mail", frame}});
-    EXPECT_EQ(SceneDrift::movedWindowCount(saved, layoutOf({{"mail", frame}, {"web", frame}}), 24), 1U);
-    EXPECT_EQ(SceneDrift::movedWindowCount(saved, layoutOf({}), 24), 2U);
-}
-
-TEST(SceneDrift, MovesUpToTheToleranceDoNotCount) {
-    const Layout saved = layoutOf({{"mail", {{0, 0}, {800, 600}}}});
-    EXPECT_EQ(SceneDrift::movedWindowCount(saved, layoutOf({{"mail", {{24, -24}, {776, 624}}}}), 24), 0U);
-    EXPECT_EQ(SceneDrift::movedWindowCount(saved, layoutOf({{"mail", {{24.1, 0}, {800, 600}}}}), 24), 1U);
-}
-
-TEST(SceneDrift, ThreeDisplacedWindowsAreDriftTwoAreNot) {
-    const Rect frame{{0, 0}, {800, 600}};
-    EXPECT_FALSE(SceneDrift::hasDrifted(layoutOf({{"a", frame}, {"b", frame}}), {}, 24));
-    EXPECT_TRUE(SceneDrift::hasDrifted(layoutOf({{"a", frame}, {"b", frame}, {"c", frame}}), {}, 24));
+TEST(SceneDrift, CountsSavedWindowsWithoutALiveOneOfTheirOwnWithinTheTolerance) {
+    const WindowRecord mail = windowOf("mail", frame);
+    const WindowRecord moved = windowOf("mail", {{24, -24}, {776, 624}});
+    const WindowRecord movedFarther = windowOf("mail", {{24.1, 0}, {800, 600}});
+    const WindowRecord web = windowOf("web", frame);
+    const struct {
+        const char* name;
+        std::vector<WindowRecord> saved;
+        std::vector<WindowRecord> live;
+        std::size_t movedCount;
+    } cases[] = {
+        {"within the tolerance", {mail}, {moved}, 0},
+        {"beyond it", {mail}, {movedFarther}, 1},
+        {"one for two, and another application's", {mail, mail}, {mail, web}, 1},
+        {"none", {mail, mail}, {}, 2},
+        {"enough for a drift", {mail, mail, web}, {}, 3},
+    };
+    for (const auto& [name, saved, live, movedCount] : cases) {
+        EXPECT_EQ(SceneDrift::movedWindowCount(layoutOf(saved), layoutOf(live), 24), movedCount) << name;
+        EXPECT_EQ(SceneDrift::hasDrifted(layoutOf(saved), layoutOf(live), 24), movedCount >= 3) << name;
+    }
 }
 
 TEST(SceneRail, ADesksScenesAreOldestFirst) {
-    const std::vector<Scene> all{scene("late", "d1", 3), scene("other", "d2", 1), scene("early", "d1", 1),
-                                 scene("twin", "d1", 3)};
-    EXPECT_THAT(names(SceneRail::scenes("d1", all)), ElementsAre("early", "late", "twin"));
+    const std::vector all{scene("late", "d1", 3), scene("other", "d2", 1), scene("early", "d1", 1),
+                          scene("twin", "d1", 3)};
+    EXPECT_THAT(SceneRail::scenes("d1", all), ElementsAre(all[2], all[0], all[3]));
     EXPECT_EQ(SceneRail::otherDeskCount("d1", all), 1U);
 }
 
@@ -84,15 +73,10 @@ TEST(SceneRail, OtherDesksAreGroupedUnderTheirNames) {
                : configID == "d5" ? std::optional<std::string>("")
                                   : std::nullopt;
     });
-    ASSERT_EQ(groups.size(), 4U);
-    EXPECT_EQ(groups[0], (SceneDeskGroup{"d4", "attic", {all[5]}}));
-    EXPECT_EQ(groups[1], (SceneDeskGroup{"d3", "Forgotten", {all[3]}}));
-    EXPECT_EQ(groups[2], (SceneDeskGroup{"d2", "Old", {all[2], all[1]}}));
-    EXPECT_EQ(groups[3], (SceneDeskGroup{"d5", "Unknown desk", {all[4]}}));
-}
-
-TEST(SceneRail, TheLabelKnowsOneFromMany) {
-    EXPECT_EQ(SceneRail::otherDesksLabel(0), "0 scenes on other desks");
+    EXPECT_THAT(groups, ElementsAre(SceneDeskGroup{"d4", "attic", {all[5]}},
+                                    SceneDeskGroup{"d3", "Forgotten", {all[3]}},
+                                    SceneDeskGroup{"d2", "Old", {all[2], all[1]}},
+                                    SceneDeskGroup{"d5", "Unknown desk", {all[4]}}));
     EXPECT_EQ(SceneRail::otherDesksLabel(1), "1 scene on another desk");
     EXPECT_EQ(SceneRail::otherDesksLabel(11), "11 scenes on other desks");
 }
@@ -109,25 +93,11 @@ TEST(SceneApplyCaption, SaysWhatHappenedFirst) {
 }
 
 TEST(SceneIconography, KeywordsMatchAnywhereInTheNameInTheirOrder) {
-    const struct {
-        const char* name;
-        const char* symbol;
-    } cases[] = {
-        {"CODE review", "chevron.left.forwardslash.chevron.right"},
-        {"Weekly Meeting", "bubble.left"},
-        {"Presentation", "play.rectangle"},
-        {"Ghostwriter", "pencil"},
-        {"write", "pencil"},
-        {"Gmail", "envelope"},
-        {"Game night", "gamecontroller"},
-        {"Home office", "briefcase"},
-        {"Homework", "house"},
-        {"", "rectangle.3.group"},
-        {"Übersicht", "rectangle.3.group"},
-    };
-    for (const auto& [name, symbol] : cases) {
-        EXPECT_EQ(SceneIconography::symbol(name), symbol) << name;
-    }
+    EXPECT_EQ(SceneIconography::symbol("CODE review"), "chevron.left.forwardslash.chevron.right");
+    EXPECT_EQ(SceneIconography::symbol("Ghostwriter"), "pencil");
+    EXPECT_EQ(SceneIconography::symbol("Home office"), "briefcase");
+    EXPECT_EQ(SceneIconography::symbol("Homework"), "house");
+    EXPECT_EQ(SceneIconography::symbol("Übersicht"), "rectangle.3.group");
 }
 
 } // namespace vantrel

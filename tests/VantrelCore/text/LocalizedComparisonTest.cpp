@@ -1,6 +1,5 @@
 #include "VantrelCore/text/LocalizedComparison.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -9,13 +8,11 @@ namespace vantrel {
 namespace {
 
 TEST(LocalizedComparison, OrdersNamesAsTheLanguageDoesWhateverTheirCase) {
-    struct Case {
+    const struct {
         const char* locale;
         std::vector<std::string> ordered;
-    };
-
-    const std::vector<Case> cases = {
-        {"en", {"alpha", "Beta", "école", "Edit", "gamma", "Öffnen", "Zeta"}},
+    } cases[] = {
+        {"en", {"", "alpha", "Beta", "école", "Edit", "gamma", "Öffnen", "resume", "résumé", "Zeta"}},
         {"sv", {"alpha", "Zeta", "Ångström", "Öffnen"}},
         // Processes started without a language.
         {"en_US_POSIX", {"alpha", "Beta", "gamma"}},
@@ -28,13 +25,7 @@ TEST(LocalizedComparison, OrdersNamesAsTheLanguageDoesWhateverTheirCase) {
             EXPECT_TRUE(LocalizedComparison::caseInsensitive(ordered[i + 1], ordered[i], locale) > 0);
         }
     }
-}
-
-TEST(LocalizedComparison, CaseMakesNoDifferenceAndAccentsDo) {
     EXPECT_TRUE(LocalizedComparison::caseInsensitive("STRAẞE ÉCOLE", "straße école") == 0);
-    EXPECT_TRUE(LocalizedComparison::caseInsensitive("resume", "résumé") < 0);
-    EXPECT_TRUE(LocalizedComparison::caseInsensitive("", "") == 0);
-    EXPECT_TRUE(LocalizedComparison::caseInsensitive("", "a") < 0);
     EXPECT_TRUE(LocalizedComparison::caseInsensitive("bro\xffken", "BRO\xffKEN") == 0);
 }
 

@@ -10,12 +10,9 @@ namespace {
 using namespace std::string_literals;
 
 TEST(Unicode, LowerCaseFollowsUnicodeWithoutALanguage) {
-    EXPECT_EQ(Unicode::lowercased("Report 2.TXT"), "report 2.txt");
-    EXPECT_EQ(Unicode::lowercased("ÜBERSICHT Ж"), "übersicht ж");
-    EXPECT_EQ(Unicode::lowercased("ΟΔΟΣ"), "οδος"); // a sigma at the end of a word
-    EXPECT_EQ(Unicode::lowercased("I"), "i");
+    EXPECT_EQ(Unicode::lowercased("AZ Report 2.TXT [@"), "az report 2.txt [@");
+    EXPECT_EQ(Unicode::lowercased("ΟΔΟΣ I"), "οδος i"); // a sigma at the end of a word
     EXPECT_EQ(Unicode::lowercased("İ"), "i\u0307");
-    EXPECT_EQ(Unicode::lowercased(""), "");
 }
 
 TEST(Unicode, CharactersAreWhatTheUserSees) {
@@ -24,7 +21,6 @@ TEST(Unicode, CharactersAreWhatTheUserSees) {
         std::vector<std::size_t> ends;
     } cases[] = {
         {"", {}},
-        {"abc", {1, 2, 3}},
         {"a\r\nb\n\r", {1, 3, 4, 5, 6}},
         {"e\u0301x", {3, 4}},              // a letter and its accent
         {"é\r\nb", {2, 4, 5}},             // the same rule beyond ASCII
@@ -48,27 +44,15 @@ TEST(Unicode, TrimmingTakesWhiteSpaceOfEveryKindFromTheEndsOnly) {
     EXPECT_EQ(Unicode::trimmed(" \t\r\n Work desk\u00a0\u2003\u2028"), "Work desk");
     EXPECT_EQ(Unicode::trimmed("\u3000é\u3000"), "é");
     EXPECT_EQ(Unicode::trimmed(" \n\u00a0"), "");
-    EXPECT_EQ(Unicode::trimmed(""), "");
     EXPECT_EQ(Unicode::trimmed(" \xff "), "\xff");
 }
 
 TEST(Unicode, InvalidBytesBecomeReplacementCharacters) {
-    const struct {
-        std::string bytes;
-        std::string repaired;
-    } cases[] = {
-        {"plain", "plain"},
-        {"Käse ☕", "Käse ☕"},
-        {"K\xe4se", "K\uFFFDse"},               // Latin-1
-        {"a\xe2\x98", "a\uFFFD"},               // cut off in the middle
-        {"\xc0\xaf", "\uFFFD\uFFFD"},           // overlong
-        {"\xed\xa0\x80", "\uFFFD\uFFFD\uFFFD"}, // a surrogate
-        {"a\0b\xff"s, "a\0b\uFFFD"s},
-    };
-
-    for (const auto& [bytes, repaired] : cases) {
-        EXPECT_EQ(Unicode::validUtf8(bytes), repaired);
-    }
+    EXPECT_EQ(Unicode::validUtf8("K\xe4se, Käse ☕"), "K\uFFFDse, Käse ☕"); // Latin-1
+    EXPECT_EQ(Unicode::validUtf8("a\xe2\x98"), "a\uFFFD");                   // cut off in the middle
+    EXPECT_EQ(Unicode::validUtf8("\xc0\xaf"), "\uFFFD\uFFFD");               // overlong
+    EXPECT_EQ(Unicode::validUtf8("\xed\xa0\x80"), "\uFFFD\uFFFD\uFFFD");     // a surrogate
+    EXPECT_EQ(Unicode::validUtf8("a\0b\xff"s), "a\0b\uFFFD"s);
 }
 
 TEST(Unicode, ThreadsDoNotDisturbEachOther) {

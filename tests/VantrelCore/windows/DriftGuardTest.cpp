@@ -1,50 +1,34 @@
 #include "VantrelCore/windows/DriftGuard.h"
+#include "tests/VantrelCore/DeskRecords.h"
 
 #include <gtest/gtest.h>
 
 namespace vantrel {
 namespace {
 
-Layout layoutWithWindowAt(double x) {
-    Layout layout;
-    layout.configID = "desk";
-    layout.layoutName = Layout::defaultName;
-    layout.windows.emplace_back();
-    layout.windows.back().frame = {{x, 0}, {800, 600}};
-    return layout;
+// Observes a drift for every 'd', a window just within the tolerance for every '.', is reset for every 'r';
+// says with '!' where the guard acts.
+std::string acts(int required, const std::string& story) {
+    const auto layoutWithWindowAt = [](double x) {
+        return layoutOf({windowOf("app", {{x, 0}, {800, 600}})});
+    };
+    DriftGuard guard(required);
+    std::string result;
+    for (const char event : story) {
+        if (event == 'r') {
+            guard.reset();
+        }
+        const double x = event == 'd' ? 2.01 : 2.0;
+        result += event != 'r' && guard.observe(layoutWithWindowAt(x), layoutWithWindowAt(0)) ? '!' : '-';
+    }
+    return result;
 }
-
-const Layout pinned = layoutWithWindowAt(0);
-const Layout drifted = layoutWithWindowAt(2.01);
-const Layout withinTolerance = layoutWithWindowAt(2.0);
 
 TEST(DriftGuard, ActsAfterTheRequiredNumberOfDriftsInARowAndStartsOver) {
-    DriftGuard guard(3);
-    EXPECT_FALSE(guard.observe(drifted, pinned));
-    EXPECT_FALSE(guard.observe(drifted, pinned));
-    EXPECT_FALSE(guard.observe(withinTolerance, pinned)) << "a match starts the count over";
-    EXPECT_EQ(guard.driftCount(), 0);
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_FALSE(guard.observe(drifted, pinned));
-        EXPECT_FALSE(guard.observe(drifted, pinned));
-        EXPECT_TRUE(guard.observe(drifted, pinned));
-    }
-}
-
-TEST(DriftGuard, ResetForgetsEarlierDrifts) {
-    DriftGuard guard(2);
-    EXPECT_FALSE(guard.observe(drifted, pinned));
-    guard.reset();
-    EXPECT_FALSE(guard.observe(drifted, pinned));
-    EXPECT_TRUE(guard.observe(drifted, pinned));
-}
-
-TEST(DriftGuard, FewerThanOneRequiredObservationCountsAsOne) {
+    EXPECT_EQ(acts(3, "dd.dddddd"), "-----!--!");
+    EXPECT_EQ(acts(2, "drdd"), "---!");
     for (const int required : {1, 0, -7}) {
-        DriftGuard guard(required);
-        EXPECT_EQ(guard.required(), 1);
-        EXPECT_TRUE(guard.observe(drifted, pinned));
-        EXPECT_FALSE(guard.observe(pinned, pinned));
+        EXPECT_EQ(acts(required, "d.d"), "!-!") << required;
     }
 }
 

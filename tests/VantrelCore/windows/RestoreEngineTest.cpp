@@ -4,6 +4,7 @@
 #include "tests/VantrelCore/windows/ScriptedWindow.h"
 
 #include <algorithm>
+#include <fmt/ranges.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,59 +14,48 @@ namespace {
 using RestoreEngine::Options;
 using RestoreEngine::Raising;
 using RestoreEngine::Sizes;
+using testing::Contains;
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::Field;
+using testing::Not;
+using Item = RestoreReport::Item;
 using Kind = RestoreReport::Kind;
 using Outcome = RestoreReport::Outcome;
 
-constexpr Rect start{{500, 500}, {640, 480}};
 constexpr Rect target{{10, 20}, {300, 200}};
 const Outcome restored{Kind::restored, ""};
 const Outcome retried{Kind::retried, ""};
 const Outcome rejected{Kind::failed, "app rejected the move"};
 const Outcome drifted{Kind::failed, "window drifted after move"};
-const Outcome missing{Kind::skipped, "window no longer exists"};
 
-// Lands the given distance to the right of where it is sent.
-auto landingOff(double distance) {
-    return [distance](Rect before, const FrameWrite& write) {
-        Rect after = ScriptedWindow::obey(before, write);
-        after.origin.x += std::holds_alternative<Point>(write) ? distance : 0;
-        return after;
+// Stands so far to the right of where it is sent, so much wider than it is made.
+auto landingOff(double right, double wider) {
+    return [=](Rect before, const FrameWrite& write) {
+        const Rect after = ScriptedWindow::obey(before, write);
+        const bool isMove = std::holds_alternative<Point>(write);
+        return Rect{{after.minX() + (isMove ? right : 0), after.minY()},
+                    {after.width() + (isMove ? 0 : wider), after.height()}};
     };
 }
 
-class RestoreEngineTest : public testing::Test {
-protected:
-    // A saved window at `target`, zOrder as given, and its live counterpart at `start`.
-    ScriptedWindow& add(const std::string& bundleID, const std::string& title, std::int64_t savedOrder = 0) {
-        saveOnly(bundleID, title, savedOrder);
-        auto window = std::make_shared<ScriptedWindow>(journal, title);
-        window->setFrame(start);
-        WindowRecord live = layout.windows.back();
-        live.zOrder = static_cast<std::int64_t>(current.size());
-        current.push_back({live, AXWindowHandle(window)});
-        return *window;
-    }
+auto obeyingAfter(int writes) {
+    return [writes](Rect before, const FrameWrite& write) mutable {
+        return --writes >= 0 ? before : ScriptedWindow::obey(before, write);
+    };
+}
 
-    void saveOnly(const std::string& bundleID, const std::string& title, std::int64_t savedOrder = 0) {
-        layout.windows.push_back({.bundleID = bundleID,
-                                  .appName = "App " + bundleID,
-                                  .title = title,
-                                  .frame = target,
-                                  .displayUUID = "",
-                                  .zOrder = savedOrder,
-                                  .isGhost = std::nullopt});
+struct Desk {
+    // A saved window at `target`, zOrder as given, and its live counterpart elsewhere.
+    ScriptedWindow& add(const std::string& bundleID, const std::string& title, std::int64_t savedOrder = 0) {
+        layout.windows.push_back({bundleID, "App " + bundleID, title, target, "", savedOrder, std::nullopt});
+        auto window = std::make_shared<ScriptedWindow>(journal, title);
+        window->setFrame({{500, 500}, {640, 480}});
+        current.push_back({layout.windows.back(), AXWindowHandle(window)});
+        return *window;
     }
 
     RestoreReport restore(const Options& options = {}) {
         return RestoreEngine::restore(layout, current, options, clock, background);
-    }
-
-    Outcome onlyOutcome(const Options& options = {}) {
-        const RestoreReport report = restore(options);
-        return report.items.size() == 1 ? report.items.front().outcome
-                                        : Outcome{Kind::failed, "not one item"};
     }
 
     Journal journal;
@@ -75,158 +65,119 @@ protected:
     std::vector<CurrentWindow> current;
 };
 
-TEST_F(RestoreEngineTest, AnObedientWindowIsMovedOnceAndCheckedByItsFrameAlone) {
-    const ScriptedWindow& window = add("app", "w");
-    EXPECT_EQ(onlyOutcome(), restored);
-    EXPECT_EQ(window.attributes.frame(), target);
-    EXPECT_THAT(journal.events(), ElementsAre("w: position size position", "w: look"));
-}
-
-TEST_F(RestoreEngineTest, TwoPointsOffIsReachedAndMoreIsNot) {
-    ScriptedWindow& window = add("app", "w");
-    window.respond = landingOff(2.0);
-    EXPECT_EQ(onlyOutcome(), restored);
-    window.respond = landingOff(2.01);
-    EXPECT_EQ(onlyOutcome(), drifted);
-    // With sizes: width counts too.
-    window.respond = [](Rect before, const FrameWrite& write) {
-        Rect after = ScriptedWindow::obey(before, write);
-        after.size.width = target.width() + 2.01;
-        return after;
+TEST(RestoreEngine, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
+    const std::string move = "position size position, look";
+    const std::string sizeFirst = "sleep 0.08, size position position, look";
+    const Options noSizes{.sizes = Sizes::leave};
+    const Options stubborn{.stubbornBundleIDs = {"app"}};
+    const struct {
+        const char* name;
+        std::function<Rect(Rect, const FrameWrite&)> respond;
+        std::deque<bool> taken;
+        Options options;
+        Outcome outcome;
+        std::string events;
+    } cases[] = {
+        {"two points off", landingOff(2, 2), {}, {}, restored, move},
+        {"too far off", landingOff(2.01, 0), {}, {}, drifted, move + ", " + move + ", " + sizeFirst},
+        {"too wide", landingOff(0, 2.01), {}, {}, drifted, move + ", " + move + ", " + sizeFirst},
+        {"stubborn", landingOff(5, 0), {}, stubborn, drifted, move + ", " + sizeFirst},
+        {"without sizes", ScriptedWindow::obey, {}, noSizes, restored, "position, look"},
+        {"without sizes too far off",
+         landingOff(5, 0),
+         {},
+         noSizes,
+         drifted,
+         "position, look, position, look, sleep 0.08, position, look"},
+        {"rejects the first move", obeyingAfter(0), {true, false}, {}, rejected, "position size position"},
+        {"obeys the second move, whatever its result",
+         obeyingAfter(3),
+         {true, true, true, true, true, false},
+         {},
+         retried,
+         move + ", " + move},
+        {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + ", " + move + ", " + sizeFirst},
     };
-    EXPECT_EQ(onlyOutcome(), drifted);
-}
-
-TEST_F(RestoreEngineTest, WithoutSizesOnlyThePositionIsMovedAndChecked) {
-    ScriptedWindow& window = add("app", "w");
-    EXPECT_EQ(onlyOutcome({.sizes = Sizes::leave}), restored);
-    EXPECT_EQ(window.attributes.frame(), (Rect{target.origin, start.size}));
-    window.respond = landingOff(5);
-    EXPECT_EQ(onlyOutcome({.sizes = Sizes::leave}), drifted);
-    for (const auto& event : journal.events()) {
-        EXPECT_THAT(event, testing::Not(testing::HasSubstr("size")));
+    for (const auto& [name, respond, taken, options, outcome, events] : cases) {
+        SCOPED_TRACE(name);
+        Desk desk;
+        ScriptedWindow& window = desk.add("app", "");
+        window.respond = respond;
+        window.taken = taken;
+        const RestoreReport report = desk.restore(options);
+        EXPECT_THAT(report.items, ElementsAre(Item{"App app", "app", "", outcome}));
+        EXPECT_NEAR(report.elapsed, events.contains("sleep") ? 0.08 : 0, 1e-9);
+        EXPECT_EQ(fmt::format("{}", fmt::join(desk.journal.events(), ", ")), events);
     }
 }
 
-TEST_F(RestoreEngineTest, ARejectedFirstMoveIsTheEndOfIt) {
-    add("app", "w").taken = {true, false, true};
-    EXPECT_EQ(onlyOutcome(), rejected);
-    EXPECT_THAT(journal.events(), ElementsAre("w: position size position"));
-}
-
-TEST_F(RestoreEngineTest, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
-    add("app", "w").respond = landingOff(50);
-    EXPECT_EQ(onlyOutcome(), drifted);
-    EXPECT_THAT(journal.events(),
-                ElementsAre("w: position size position", "w: look", "w: position size position", "w: look",
-                            "sleep 0.08", "w: size position position", "w: look"));
-}
-
-TEST_F(RestoreEngineTest, AStubbornApplicationGetsThePauseInsteadOfASecondMove) {
-    add("app", "w").respond = landingOff(50);
-    EXPECT_EQ(onlyOutcome({.stubbornBundleIDs = {"app"}}), drifted);
-    EXPECT_THAT(journal.events(), ElementsAre("w: position size position", "w: look", "sleep 0.08",
-                                              "w: size position position", "w: look"));
-}
-
-TEST_F(RestoreEngineTest, AWindowThatGivesInIsRetried) {
-    // Refuses every position until it has been made small, as a window does that would leave its display.
-    ScriptedWindow& window = add("app", "w");
-    int writes = 0;
-    window.respond = [&](Rect before, const FrameWrite& write) {
-        return ++writes <= 6 ? before : ScriptedWindow::obey(before, write);
-    };
-    EXPECT_EQ(onlyOutcome(), retried);
-    EXPECT_EQ(writes, 9);
-}
-
-TEST_F(RestoreEngineTest, ResultsOfRetriesDoNotCountOnlyWhereTheWindowStands) {
-    ScriptedWindow& window = add("app", "w");
-    int writes = 0;
-    window.respond = [&](Rect before, const FrameWrite& write) {
-        return ++writes <= 3 ? before : ScriptedWindow::obey(before, write);
-    };
-    window.taken = {true, true, true, true, true, false};
-    EXPECT_EQ(onlyOutcome(), retried);
-}
-
-TEST_F(RestoreEngineTest, AnUnreadableFrameIsNotReached) {
-    add("app", "w").attributes.size.reset();
-    EXPECT_EQ(onlyOutcome(), drifted);
-}
-
-TEST_F(RestoreEngineTest, AWindowThatBreaksDownCostsNoOtherWindowItsPlace) {
-    add("app", "bad").doesThrow = true;
-    const ScriptedWindow& good = add("app", "good");
-    const RestoreReport report = restore({.raising = Raising::raise});
-    EXPECT_THAT(report.items, ElementsAre(testing::Field(&RestoreReport::Item::outcome, rejected),
-                                          testing::Field(&RestoreReport::Item::outcome, restored)));
+TEST(RestoreEngine, AWindowThatBreaksDownCostsNoOtherWindowItsPlace) {
+    Desk desk;
+    desk.add("app", "bad").doesThrow = true;
+    desk.add("app", "unreadable").attributes.size.reset();
+    const ScriptedWindow& good = desk.add("app", "good");
+    EXPECT_THAT(desk.restore({.raising = Raising::raise}).items,
+                ElementsAre(Field(&Item::outcome, rejected), Field(&Item::outcome, drifted),
+                            Field(&Item::outcome, restored)));
     EXPECT_EQ(good.attributes.frame(), target);
 }
 
-TEST_F(RestoreEngineTest, ApplicationsGoInByteOrderAndTheLastOnesInAWaveOfTheirOwn) {
-    add("b", "b1");
-    add("a", "a1");
-    add("Z", "z1");
-    add("a", "a2");
-    const RestoreReport report = restore({.sizes = Sizes::leave, .restoreLast = {"a", "unknown"}});
-    EXPECT_THAT(background.waveSizes, ElementsAre(2, 1));
-    const auto titled = [](const char* title) { return testing::Field(&RestoreReport::Item::title, title); };
-    EXPECT_THAT(report.items, ElementsAre(titled("z1"), titled("b1"), titled("a1"), titled("a2")));
+TEST(RestoreEngine, ApplicationsGoInByteOrderAndTheLastOnesInAWaveOfTheirOwn) {
+    Desk desk;
+    desk.add("b", "b1");
+    desk.add("a", "a1");
+    desk.add("Z", "z1");
+    desk.add("a", "a2");
+    const RestoreReport report = desk.restore({.restoreLast = {"a", "unknown"}});
+    EXPECT_THAT(desk.background.waveSizes, ElementsAre(2, 1));
+    EXPECT_THAT(report.items, ElementsAre(Field(&Item::title, "z1"), Field(&Item::title, "b1"),
+                                          Field(&Item::title, "a1"), Field(&Item::title, "a2")));
 }
 
-TEST_F(RestoreEngineTest, WindowsAreRaisedBackMostFirstAndOnlyOnRequest) {
-    add("a", "front", 0).attributes.position.reset();
-    add("b", "back", 7);
-    add("a", "middle", 3);
-    restore();
-    EXPECT_THAT(journal.events(), testing::Not(testing::Contains(testing::EndsWith("raise"))));
-    const std::size_t before = journal.events().size();
-    restore({.raising = Raising::raise});
-    auto events = journal.events();
-    events.erase(events.begin(), events.begin() + static_cast<std::ptrdiff_t>(before));
+TEST(RestoreEngine, WindowsAreRaisedBackMostFirstAndOnlyOnRequest) {
+    Desk desk;
+    desk.add("a", "front", 0).attributes.position.reset();
+    desk.add("b", "back", 7);
+    desk.add("a", "middle", 3);
+    desk.restore();
+    EXPECT_THAT(desk.journal.events(), Not(Contains(testing::EndsWith("raise"))));
+    desk.restore({.raising = Raising::raise});
+    auto events = desk.journal.events();
     std::erase_if(events, [](const std::string& event) { return !event.ends_with("raise"); });
     EXPECT_THAT(events, ElementsAre("back: raise", "middle: raise", "front: raise"));
 }
 
-TEST_F(RestoreEngineTest, SavedWindowsWithoutALiveOneAreSkippedAndStrangersLeftAlone) {
-    saveOnly("gone", "g");
-    add("app", "w");
-    layout.windows.pop_back();
-    saveOnly("app", "w");
-    add("stranger", "s");
-    layout.windows.pop_back();
-    const RestoreReport report = restore();
-    EXPECT_THAT(report.items, ElementsAre(RestoreReport::Item{"App app", "app", "w", restored},
-                                          RestoreReport::Item{"App gone", "gone", "g", missing}));
+TEST(RestoreEngine, SavedWindowsWithoutALiveOneAreSkippedAndStrangersLeftAlone) {
+    Desk desk;
+    EXPECT_EQ(desk.restore(), RestoreReport{});
+    desk.add("gone", "g");
+    desk.current.clear();
+    desk.add("app", "w");
+    desk.add("stranger", "s");
+    desk.layout.windows.pop_back();
+    const RestoreReport report = desk.restore();
+    const Outcome missing{Kind::skipped, "window no longer exists"};
+    EXPECT_THAT(report.items,
+                ElementsAre(Item{"App app", "app", "w", restored}, Item{"App gone", "gone", "g", missing}));
     EXPECT_EQ(report.expectedCount(), 2U);
     EXPECT_EQ(report.restoredCount(), 1U);
     EXPECT_EQ(report.skippedCount(), 1U);
     EXPECT_EQ(report.failedCount(), 0U);
-    EXPECT_THAT(journal.events(), testing::Not(testing::Contains(testing::StartsWith("s: "))));
+    EXPECT_THAT(desk.journal.events(), Not(Contains(testing::StartsWith("s: "))));
 }
 
-TEST_F(RestoreEngineTest, TheReportTellsTheTimeTakenAlsoForNothing) {
-    EXPECT_EQ(restore(), RestoreReport{});
-    EXPECT_THAT(background.waveSizes, IsEmpty());
-    add("app", "w").respond = landingOff(50);
-    EXPECT_NEAR(restore().elapsed, 0.08, 1e-9);
-}
-
-TEST_F(RestoreEngineTest, WorkersOfOneWaveReportEveryWindowOnce) {
-    for (int app = 0; app < 16; ++app) {
-        for (int window = 0; window < 8; ++window) {
-            add(fmt::format("app{}", app), fmt::format("window {} of {}", window, app));
-        }
+TEST(RestoreEngine, WorkersOfOneWaveReportEveryWindowOnce) {
+    Desk desk;
+    std::vector<std::string> titles;
+    for (int window = 0; window < 128; ++window) {
+        titles.push_back(fmt::format("window {}", window));
+        desk.add(fmt::format("app{}", window % 16), titles.back());
     }
     OnThreads threads;
-    const RestoreReport report = RestoreEngine::restore(layout, current, {}, clock, threads);
-    EXPECT_EQ(report.restoredCount(), 128U);
-    std::set<std::string> titles;
-    for (const auto& item : report.items) {
-        titles.insert(item.title);
-    }
-    EXPECT_EQ(titles.size(), 128U);
+    const auto report = RestoreEngine::restore(desk.layout, desk.current, {}, desk.clock, threads);
+    std::vector<std::string> reported;
+    std::ranges::transform(report.items, std::back_inserter(reported), &Item::title);
+    EXPECT_THAT(reported, testing::UnorderedElementsAreArray(titles));
 }
 
 TEST(RestoreOrder, KeepsTheGivenOrderAndLeavesOutEmptyWaves) {
