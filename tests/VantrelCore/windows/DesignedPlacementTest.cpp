@@ -59,6 +59,10 @@ TEST_F(DesignedPlacementTest, AClampedWindowIsSeatedByItsOwnSizeInsideTheDisplay
 TEST_F(DesignedPlacementTest, AWindowThatStraysRejectsOrVanishesHasFailed) {
     straysAfter = 2;
     EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{}));
+    window->respond = [](Rect before, const FrameWrite& write) {
+        return Rect{ScriptedWindow::obey(before, write).origin, {slot.width(), 500}};
+    };
+    EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{})) << "only another height";
     window->taken.assign(8, false);
     EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{}));
     window->attributes.position.reset();

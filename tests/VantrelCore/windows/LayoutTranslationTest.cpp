@@ -48,7 +48,7 @@ TEST(LayoutTranslation, WindowsOfADisplayThatIsThereStayAndTheOthersGoToItsStand
 
 TEST(LayoutTranslation, WindowsStayOutOfPanelsAndTheLayoutIsOneOfThisDesk) {
     const DisplayInfo withBar = displayOf("bar", {{0, 0}, {1000, 800}}, Rect{{0, 100}, {1000, 700}});
-    const DisplayInfo gone = displayOf("gone", {{1000, 0}, {2000, 1000}});
+    const DisplayInfo gone = displayOf("gone", withBar.frame);
     Layout layout = layoutOf({windowOf("app", gone.frame, "gone")});
     layout.displays = {gone};
     Layout expected = layoutOf({windowOf("app", withBar.usableFrame(), "bar")});
