@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <ranges>
 
 namespace vantrel {
 namespace {
@@ -27,6 +28,8 @@ struct CalendarFolder : testing::Test {
         return {.from = from, .to = dateAfter(from, 61), .folders = std::move(folders)};
     }
 
+    const CalendarQuery afternoon = query("2026-11-21T15:00:00Z");
+
     static void write(const std::filesystem::path& file, const std::string& text) {
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file) << text;
@@ -40,23 +43,21 @@ struct CalendarFolder : testing::Test {
     }
 
     std::vector<std::string> titles(const CalendarQuery& question) {
-        std::vector<std::string> found;
-        for (const auto& each : reader.read(question).events) {
-            found.push_back(each.title);
-        }
-        return found;
+        const auto events = reader.read(question).events;
+        const auto found = events | std::views::transform(&CalendarEvent::title);
+        return {found.begin(), found.end()};
     }
 };
 
 TEST_F(CalendarFolder, TheUsualPlacesAreReadUnlessTheUserNamesOthers) {
-    EXPECT_FALSE(reader.read(query("2026-11-21T15:00:00Z")).hasAccess);
+    EXPECT_FALSE(reader.read(afternoon).hasAccess);
     write(data / "evolution/calendar/system/calendar.ics", event("Evolution", "DTSTART:20261121T150030Z"));
     write(data / "khal/calendars/home/a.ics", event("Khal", "DTSTART:20261121T150010Z"));
     write(folder.path() / ".calendars/team/b.ics", event("Sync", "DTSTART:20261121T150020Z"));
     write(folder.path() / ".calendars/team/.b.ics", event("Hidden", "DTSTART:20261121T150020Z"));
     write(folder.path() / ".calendars/team/notes.txt", event("Text", "DTSTART:20261121T150020Z"));
     write(folder.path() / "mine/c.ics", event("Mine", "DTSTART:20261121T150000Z"));
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Khal", "Sync", "Evolution"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Khal", "Sync", "Evolution"));
     EXPECT_THAT(titles(query("2026-11-21T15:00:00Z", {"~/mine", "~/mine/c.ics"})), ElementsAre("Mine"));
     EXPECT_FALSE(reader.read(query("2026-11-21T15:00:00Z", {"/nowhere"})).hasAccess);
 }
@@ -67,18 +68,18 @@ TEST_F(CalendarFolder, AFileIsReadAgainWhenItChangesAndForEveryDay) {
     write(folder.path() / ".calendars/home/b.ics", event("Once", "DTSTART:20261121T150040Z"));
     EXPECT_THAT(titles(query("2026-11-21T08:00:00Z")), IsEmpty());
     EXPECT_EQ(reader.filesRead(), 2U);
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Daily", "Once"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Daily", "Once"));
     EXPECT_EQ(reader.filesRead(), 0U);
     EXPECT_THAT(titles(query("2026-11-22T15:00:00Z")), ElementsAre("Daily"));
     EXPECT_EQ(reader.filesRead(), 2U);
     // The clock went back.
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Daily", "Once"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Daily", "Once"));
 
     write(file, event("Renamed", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Renamed", "Once"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Renamed", "Once"));
     EXPECT_EQ(reader.filesRead(), 1U);
     std::filesystem::remove(file);
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Once"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
 }
 
 TEST_F(CalendarFolder, ADamagedFileIsLeftOutAndToldOnce) {
@@ -88,18 +89,18 @@ TEST_F(CalendarFolder, ADamagedFileIsLeftOutAndToldOnce) {
     for (const char* day : {"2026-11-21T15:00:00Z", "2026-11-21T15:00:00Z", "2026-12-21T15:00:00Z"}) {
         EXPECT_TRUE(reader.read(query(day)).hasAccess);
     }
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Whole"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Whole"));
     ASSERT_THAT(log, SizeIs(1));
     EXPECT_THAT(log.front(), HasSubstr("a.ics is left out: it is no calendar, or only a part of one"));
     write(damaged, event("Mended", "DTSTART:20261121T150030Z"));
-    EXPECT_THAT(titles(query("2026-11-21T15:00:00Z")), ElementsAre("Mended", "Whole"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Mended", "Whole"));
 }
 
 TEST_F(CalendarFolder, AFolderThatLeadsBackToItselfEnds) {
     write(folder.path() / ".calendars/home/a.ics", event("Once", "DTSTART:20261121T150030Z"));
     std::filesystem::create_directory_symlink(folder.path() / ".calendars",
                                               folder.path() / ".calendars/home/again");
-    const auto found = titles(query("2026-11-21T15:00:00Z"));
+    const auto found = titles(afternoon);
     EXPECT_FALSE(found.empty());
     EXPECT_LE(found.size(), 4U);
 }

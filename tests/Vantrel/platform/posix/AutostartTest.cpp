@@ -22,12 +22,7 @@ TEST(AutostartEntry, IsChangedOnlyWhereNobodyElseHas) {
     const std::string program = "/usr/bin/vantrel";
     const auto ours = AutostartEntry::text(program);
     const auto elsewhere = AutostartEntry::text("/home/me/build/vantrel");
-    struct Case {
-        bool isWanted;
-        std::optional<std::string> existing;
-        Change change;
-    };
-    const Case cases[] = {
+    const std::tuple<bool, std::optional<std::string>, Change> cases[] = {
         {true, std::nullopt, Change::write},
         {false, std::nullopt, Change::nothing},
         {true, ours, Change::nothing},
@@ -36,11 +31,10 @@ TEST(AutostartEntry, IsChangedOnlyWhereNobodyElseHas) {
         {false, elsewhere, Change::remove},
         {true, ours + "Hidden=true\n", Change::leaveAlone},
         {false, ours + "X-Delay=5\n", Change::leaveAlone},
-        {true, "", Change::leaveAlone},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(AutostartEntry::change(each.isWanted, each.existing, program), each.change)
-            << each.isWanted << " " << each.existing.value_or("none");
+        {true, "", Change::leaveAlone}};
+    for (const auto& [isWanted, existing, change] : cases) {
+        EXPECT_EQ(AutostartEntry::change(isWanted, existing, program), change)
+            << isWanted << " " << existing.value_or("none");
     }
 }
 

@@ -11,46 +11,50 @@ using namespace vantrel;
 using vantrel::testing::handlePending;
 using vantrel::testing::waitFor;
 
-TEST(QtMainQueue, PostedWorkOfAnotherThreadRunsOnTheMainThreadInOrder) {
+namespace {
+
+// Until whatever else is due has had its turn.
+void letPass(QtMainQueue& queue) {
+    bool later = false;
+    const auto witness = queue.after(0.02, [&] { later = true; });
+    ASSERT_TRUE(waitFor([&] { return later; }));
+}
+
+} // namespace
+
+TEST(QtMainQueue, WorkPostedFromAnyThreadRunsLaterOnTheMainThreadInOrder) {
     QtMainQueue queue;
     std::vector<int> seen;
     bool onMainThread = true;
-    const auto mainThread = std::this_thread::get_id();
+    const auto post = [&, mainThread = std::this_thread::get_id()](int number) {
+        queue.post([&, mainThread, number] {
+            seen.push_back(number);
+            onMainThread = onMainThread && std::this_thread::get_id() == mainThread;
+        });
+    };
+    post(1);
     std::thread([&] {
-        for (int i = 0; i < 100; ++i) {
-            queue.post([&, i] {
-                seen.push_back(i);
-                onMainThread = onMainThread && std::this_thread::get_id() == mainThread;
-            });
-        }
+        post(2);
+        post(3);
     }).join();
     EXPECT_TRUE(seen.empty());
-    ASSERT_TRUE(waitFor([&] { return seen.size() == 100; }));
-    EXPECT_TRUE(std::ranges::is_sorted(seen));
+    ASSERT_TRUE(waitFor([&] { return seen.size() == 3; }));
+    EXPECT_EQ(seen, (std::vector{1, 2, 3}));
     EXPECT_TRUE(onMainThread);
 }
 
-TEST(QtMainQueue, PostedWorkNeverRunsInsideThePost) {
-    QtMainQueue queue;
-    bool ran = false;
-    queue.post([&] { ran = true; });
-    EXPECT_FALSE(ran);
-    EXPECT_TRUE(waitFor([&] { return ran; }));
-}
-
-TEST(QtMainQueue, CancelledAndDestroyedWorkDoesNotRunEvenWhenItWasDue) {
+TEST(QtMainQueue, WorkRunsOnceButNotWhenCancelledOrDestroyedEvenWhenItWasDue) {
     QtMainQueue queue;
     int ran = 0;
+    const auto once = queue.after(0, [&] { ++ran; });
     auto cancelled = queue.after(0, [&] { ++ran; });
     auto destroyed = queue.after(0, [&] { ++ran; });
     auto repeated = queue.every(0, [&] { ++ran; });
     cancelled->cancel();
     destroyed.reset();
     repeated.reset();
-    bool later = false;
-    const auto witness = queue.after(0.02, [&] { later = true; });
-    ASSERT_TRUE(waitFor([&] { return later; }));
-    EXPECT_EQ(ran, 0);
+    letPass(queue);
+    EXPECT_EQ(ran, 1);
 }
 
 TEST(QtMainQueue, RepeatedWorkMayEndItself) {
@@ -65,19 +69,20 @@ TEST(QtMainQueue, RepeatedWorkMayEndItself) {
         }
     });
     ASSERT_TRUE(waitFor([&] { return work == nullptr; }));
-    bool later = false;
-    const auto witness = queue.after(0.02, [&] { later = true; });
-    ASSERT_TRUE(waitFor([&] { return later; }));
+    letPass(queue);
     EXPECT_EQ(ran, 4);
 }
 
 TEST(QtMainQueue, WorkIsNotEarly) {
     QtMainQueue queue;
-    const auto begun = std::chrono::steady_clock::now();
-    bool ran = false;
-    const auto work = queue.after(0.05, [&] { ran = true; });
-    ASSERT_TRUE(waitFor([&] { return ran; }));
-    EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(50));
+    // Several: a timer that may be early is not always.
+    for (const int milliseconds : {31, 43, 57, 73, 89}) {
+        const auto begun = std::chrono::steady_clock::now();
+        bool ran = false;
+        const auto work = queue.after(milliseconds / 1000.0, [&] { ran = true; });
+        ASSERT_TRUE(waitFor([&] { return ran; }));
+        EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(milliseconds));
+    }
 }
 
 TEST(QtMainQueue, WorkLeftWhenTheQueueGoesIsDropped) {

@@ -10,22 +10,22 @@ namespace {
 
 using Values = std::map<std::string, DefaultsValue, std::less<>>;
 
-const std::string byHand = "# mine\n"
-                           "autoRestore = false   # at home only\n"
-                           "\n"
-                           "  settleDelay=1.5\n"
-                           "dockFrequency = \"daily # not a comment\"  # a comment\n"
-                           "saveKeyCode = 12\n";
-
 } // namespace
 
 TEST(SettingsText, ReadsWhatAPersonWrites) {
-    const auto content = SettingsText::parse(byHand);
+    const auto content = SettingsText::parse("# mine\n"
+                                             "autoRestore = false   # at home only\n"
+                                             "\n"
+                                             "  settleDelay=1.5\n"
+                                             "dockFrequency = \"daily # not a comment\"  # a comment\n"
+                                             "saveKeyCode = 12\n");
     EXPECT_EQ(content.values, (Values{{"autoRestore", false},
                                       {"settleDelay", 1.5},
                                       {"dockFrequency", std::string("daily # not a comment")},
                                       {"saveKeyCode", std::int64_t{12}}}));
     EXPECT_TRUE(content.misunderstandings.empty());
+    // Lines of other systems, and none at the end.
+    EXPECT_EQ(SettingsText::parse("a = 1\r\nb = true").values, (Values{{"a", std::int64_t{1}}, {"b", true}}));
 }
 
 TEST(SettingsText, NamesTheLinesItCannotRead) {
@@ -40,32 +40,17 @@ TEST(SettingsText, NamesTheLinesItCannotRead) {
     EXPECT_EQ(content.misunderstandings.at(0).text, "autoRestore = yes");
 }
 
-TEST(SettingsText, ReadsLinesOfOtherSystemsAndAMissingLastNewline) {
-    EXPECT_EQ(SettingsText::parse("a = 1\r\nb = true").values, (Values{{"a", std::int64_t{1}}, {"b", true}}));
-}
-
-TEST(SettingsText, ChangesOneValueAndNothingElse) {
-    EXPECT_EQ(SettingsText::withValue(byHand, "autoRestore", true),
-              "# mine\n"
-              "autoRestore = true  # at home only\n"
-              "\n"
-              "  settleDelay=1.5\n"
-              "dockFrequency = \"daily # not a comment\"  # a comment\n"
-              "saveKeyCode = 12\n");
-}
-
-TEST(SettingsText, KeepsLinesThatNobodyUnderstands) {
-    EXPECT_EQ(SettingsText::withValue("what is this\nshowHUD = maybe", "showHUD", false),
-              "what is this\nshowHUD = false\n");
-    EXPECT_EQ(SettingsText::withValue("what is this", "showHUD", false), "what is this\nshowHUD = false\n");
-}
-
-TEST(SettingsText, RemovesEveryLineOfAKey) {
+TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLineUnderstoodOrNot) {
+    const std::pair<std::string, std::string> rows[] = {
+        {"# mine\n\nshowHUD=true   # at home only\n  a=1.5\n",
+         "# mine\n\nshowHUD = false  # at home only\n  a=1.5\n"},
+        {"what is this\nshowHUD = maybe", "what is this\nshowHUD = false\n"},
+        {"what is this", "what is this\nshowHUD = false\n"},
+    };
+    for (const auto& [before, after] : rows) {
+        EXPECT_EQ(SettingsText::withValue(before, "showHUD", false), after);
+    }
     EXPECT_EQ(SettingsText::withoutKey("a = 1\n# a = 2\nb = 3\na = 4\n", "a"), "# a = 2\nb = 3\n");
-}
-
-TEST(SettingsText, ANewFileExplainsItselfWithoutSettingAnything) {
-    EXPECT_EQ(SettingsText::parse(SettingsText::heading()), SettingsText::Content{});
 }
 
 RC_GTEST_PROP(SettingsText, WhatIsWrittenIsReadBackWithItsType,

@@ -5,10 +5,8 @@
 namespace vantrel {
 namespace {
 
-using ApplicationIdentities::identify;
-
-const DesktopEntryTable& installed() {
-    static const DesktopEntryTable table({
+TEST(ApplicationIdentity, IsWhatAProgramStatesElseWhatItsClassIsInstalledAsElseItsClass) {
+    const DesktopEntryTable installed({
         {.id = "org.example.Editor", .name = "Editor"},
         {.id = "painter", .name = "Painter", .startupWMClass = "Paint-Main"},
         {.id = "painter-new-window", .name = "New Painter", .startupWMClass = "Paint-Main", .isHidden = true},
@@ -17,45 +15,38 @@ const DesktopEntryTable& installed() {
         {.id = "org.one.Notes", .name = "Notes One"},
         {.id = "org.two.Notes", .name = "Notes Two"},
     });
-    return table;
-}
-
-ApplicationEvidence classOf(const char* instance, const char* wmClass) {
-    return {.wmInstance = instance, .wmClass = wmClass};
-}
-
-TEST(ApplicationIdentity, WhatAProgramStatesWinsOverItsClass) {
-    EXPECT_EQ(identify({.gtkApplicationId = "org.example.Editor", .wmInstance = "painter", .wmClass = "x"},
-                       installed()),
-              (ApplicationIdentity{"org.example.Editor", "Editor"}));
-    EXPECT_EQ(
-        identify({.kdeDesktopFile = "/usr/share/applications/painter.desktop", .wmClass = "x"}, installed()),
-        (ApplicationIdentity{"painter", "Painter"}));
-    EXPECT_EQ(identify({.gtkApplicationId = "org.not.Installed", .wmClass = "Foo"}, installed()),
-              (ApplicationIdentity{"org.not.Installed", "Foo"}));
-}
-
-TEST(ApplicationIdentity, TheClassIsLookedUpByStartupClassThenFileNameThenItsLastComponent) {
-    EXPECT_EQ(identify(classOf("viewer", "Paint-Main"), installed()),
-              (ApplicationIdentity{"painter", "Painter"}))
-        << "the shown entry, not the hidden one";
-    EXPECT_EQ(identify(classOf("", "PAINTER"), installed()), (ApplicationIdentity{"painter", "Painter"}));
-    EXPECT_EQ(identify(classOf("Viewer", "viewer"), installed()), (ApplicationIdentity{"viewer", "Viewer"}))
-        << "the same case first";
-    EXPECT_EQ(identify(classOf("editor", "Editor"), installed()),
-              (ApplicationIdentity{"org.example.Editor", "Editor"}));
-    EXPECT_EQ(identify(classOf("notes", "Notes"), installed()), (ApplicationIdentity{"notes", "Notes"}))
-        << "two desktop files end like this";
-}
-
-TEST(ApplicationIdentity, AnUnknownClassStandsForItself) {
-    EXPECT_EQ(identify(classOf("xterm", "XTerm"), installed()), (ApplicationIdentity{"xterm", "XTerm"}));
-    EXPECT_EQ(identify(classOf("Tool", ""), installed()), (ApplicationIdentity{"tool", "Tool"}));
-}
-
-TEST(ApplicationIdentity, AWindowThatSaysNothingHasNone) {
-    EXPECT_EQ(identify({}, installed()), std::nullopt);
-    EXPECT_EQ(identify({.kdeDesktopFile = ".desktop"}, installed()), std::nullopt);
+    const auto classOf = [](const char* instance, const char* wmClass) {
+        return ApplicationEvidence{.wmInstance = instance, .wmClass = wmClass};
+    };
+    using Identity = ApplicationIdentity;
+    const struct {
+        const char* name;
+        ApplicationEvidence evidence;
+        std::optional<Identity> identity;
+    } rows[] = {
+        {"stated to GTK",
+         {.gtkApplicationId = "org.example.Editor", .wmInstance = "painter", .wmClass = "x"},
+         Identity{"org.example.Editor", "Editor"}},
+        {"stated to KDE",
+         {.kdeDesktopFile = "/usr/share/applications/painter.desktop", .wmClass = "x"},
+         Identity{"painter", "Painter"}},
+        {"stated, but not installed",
+         {.gtkApplicationId = "org.not.Installed", .wmClass = "Foo"},
+         Identity{"org.not.Installed", "Foo"}},
+        {"startup class, shown before hidden", classOf("viewer", "Paint-Main"),
+         Identity{"painter", "Painter"}},
+        {"file name in another case", classOf("", "PAINTER"), Identity{"painter", "Painter"}},
+        {"file name, the same case first", classOf("Viewer", "viewer"), Identity{"viewer", "Viewer"}},
+        {"last component", classOf("editor", "Editor"), Identity{"org.example.Editor", "Editor"}},
+        {"last component of two", classOf("notes", "Notes"), Identity{"notes", "Notes"}},
+        {"unknown class", classOf("xterm", "XTerm"), Identity{"xterm", "XTerm"}},
+        {"unknown instance", classOf("Tool", ""), Identity{"tool", "Tool"}},
+        {"nothing", {}, std::nullopt},
+        {"a desktop file without a name", {.kdeDesktopFile = ".desktop"}, std::nullopt},
+    };
+    for (const auto& [name, evidence, identity] : rows) {
+        EXPECT_EQ(ApplicationIdentities::identify(evidence, installed), identity) << name;
+    }
 }
 
 } // namespace

@@ -24,28 +24,13 @@ std::string edidUUIDOf(const EdidPlan& plan) {
     return EdidBlock::edidUUID(bytes, parsed(plan));
 }
 
-TEST(EdidBlock, GivesTheMonitorsOwnWords) {
-    const EdidPlan plan{.manufacturer = "DEL",
-                        .product = 0xA0B1,
-                        .serialNumber = 0x12345678,
-                        .name = "U2720Q",
-                        .serialText = "CN0123456789A"};
-    const Edid expected{.manufacturer = "DEL",
-                        .product = 0xA0B1,
-                        .serialNumber = 0x12345678,
-                        .name = "U2720Q",
-                        .serialText = "CN0123456789A"};
-    EXPECT_EQ(parsed(plan), expected);
-}
-
-TEST(EdidBlock, NamesAMonitorWithoutANameByMakerAndProduct) {
-    EXPECT_EQ(EdidBlock::displayName(parsed({.manufacturer = "AUO", .product = 0x02EC})), "AUO 02EC");
-    EXPECT_EQ(EdidBlock::displayName(parsed({.name = "Beamer"})), "Beamer");
-}
-
-TEST(EdidBlock, LeavesOutWhatCannotBeShownInAName) {
-    auto bytes = edidBlock({.name = " A\tB\x07 C  "});
-    EXPECT_EQ(EdidBlock::parse(bytes)->name, "AB C");
+TEST(EdidBlock, GivesTheMonitorsOwnWordsWithoutWhatCannotBeShown) {
+    EXPECT_EQ(parsed({.manufacturer = "DEL",
+                      .product = 0xA0B1,
+                      .serialNumber = 0x12345678,
+                      .name = " A\tB\x07 C  ",
+                      .serialText = "CN0123456789A"}),
+              (Edid{"DEL", 0xA0B1, 0x12345678, "AB C", "CN0123456789A"}));
 }
 
 TEST(EdidBlock, IsNoneWhenDamagedOrCutOff) {
@@ -77,17 +62,11 @@ TEST(EdidBlock, OfAnyContentIsReadWithinItsBounds) {
     }
 }
 
-TEST(DisplayUUID, IsAnUpperCaseUuidOfTheWholeBlock) {
+TEST(DisplayUUID, IsMadeOfTheWholeBlockAndTheConnector) {
     const auto one = edidBlock({.serialNumber = 1});
     auto extended = one;
     extended.resize(256, 0);
-    const std::string uuid = EdidBlock::displayUUID(one, "");
-    ASSERT_EQ(uuid.size(), 36U);
-    EXPECT_EQ(uuid.find_first_not_of("0123456789ABCDEF-"), std::string::npos);
-    EXPECT_EQ(uuid[14], '8');
-    EXPECT_NE(std::string("89AB").find(uuid[19]), std::string::npos);
-    EXPECT_NE(uuid, EdidBlock::displayUUID(edidBlock({.serialNumber = 2}), ""));
-    EXPECT_NE(uuid, EdidBlock::displayUUID(extended, ""));
+    EXPECT_NE(EdidBlock::displayUUID(one, ""), EdidBlock::displayUUID(extended, ""));
     EXPECT_NE(EdidBlock::displayUUID(one, "DP-1"), EdidBlock::displayUUID(one, "DP-2"));
     // Stored layouts depend on it: it may never change.
     EXPECT_EQ(EdidBlock::displayUUID(edidBlock({}), "DP-1"), "BAE3E99F-0A17-833F-81B4-B9A0BB6632D6");
@@ -102,7 +81,6 @@ TEST(EdidUUID, SaysWhenTheMonitorHasNoSerialNumber) {
     using DisplayIdentity::serialFieldMissing;
     EXPECT_TRUE(serialFieldMissing(edidUUIDOf({})));
     EXPECT_TRUE(serialFieldMissing(edidUUIDOf({.serialNumber = 0x01010101})));
-    EXPECT_FALSE(serialFieldMissing(edidUUIDOf({.serialNumber = 9})));
     EXPECT_FALSE(serialFieldMissing(edidUUIDOf({.serialText = "XK77"})));
     EXPECT_NE(edidUUIDOf({.serialText = "XK77"}), edidUUIDOf({.serialText = "XK78"}));
 }

@@ -8,30 +8,24 @@
 namespace vantrel {
 namespace {
 
-// What a window manager makes of a move-resize request with gravity NorthWest.
+// What a window manager makes of a move-resize request with a position and gravity NorthWest.
 FrameParts obeyed(const MoveResize& request, FrameParts parts) {
-    if (request.x) {
-        parts.client.origin.x = *request.x + parts.decoration.left;
-    }
-    if (request.y) {
-        parts.client.origin.y = *request.y + parts.decoration.top;
-    }
+    auto& [origin, size] = parts.client;
+    origin.x = request.x.value() + parts.decoration.left;
+    origin.y = request.y.value() + parts.decoration.top;
     if (request.width) {
-        parts.client.size.width = *request.width;
-    }
-    if (request.height) {
-        parts.client.size.height = *request.height;
+        size = {static_cast<double>(*request.width), static_cast<double>(request.height.value())};
     }
     return parts;
 }
 
 constexpr FrameParts decorated{.client = {{101, 220}, {640, 480}},
                                .decoration = {.left = 1, .right = 1, .top = 20, .bottom = 5}};
-constexpr FrameParts shadowed{.client = {{74, 77}, {692, 532}},
-                              .shadow = {.left = 26, .right = 26, .top = 23, .bottom = 29}};
 
 TEST(FrameArithmetic, TheFrameHasTheDecorationButNotTheShadow) {
     EXPECT_EQ(FrameArithmetic::visibleFrame(decorated), (Rect{{100, 200}, {642, 505}}));
+    const FrameParts shadowed{.client = {{74, 77}, {692, 532}},
+                              .shadow = {.left = 26, .right = 26, .top = 23, .bottom = 29}};
     EXPECT_EQ(FrameArithmetic::visibleFrame(shadowed), (Rect{{100, 100}, {640, 480}}));
 }
 
@@ -60,22 +54,20 @@ TEST(FrameArithmetic, WritesInAnyOrderAskForTheLastPositionAndSize) {
 }
 
 TEST(FrameArithmetic, OnlyAChangedSizeIsAskedForAndNeverWithoutThePosition) {
-    const auto moved = FrameArithmetic::request({.position = Point{7, 8}, .size = Size{642, 505}}, decorated);
-    EXPECT_EQ(moved, (MoveResize{.x = 7, .y = 8}));
-
-    const auto resized = FrameArithmetic::request({.size = Size{502, 405}}, decorated);
-    EXPECT_EQ(resized, (MoveResize{.x = 100, .y = 200, .width = 500U, .height = 380U}));
+    using FrameArithmetic::request;
+    EXPECT_EQ(request({.position = Point{7, 8}, .size = Size{642, 505}}, decorated),
+              (MoveResize{.x = 7, .y = 8}));
+    EXPECT_EQ(request({.size = Size{502, 405}}, decorated),
+              (MoveResize{.x = 100, .y = 200, .width = 500U, .height = 380U}));
 }
 
 TEST(FrameArithmetic, BrokenNumbersStayWithinWhatTheProtocolCanSay) {
-    const auto far = FrameArithmetic::request(
-        {.position = Point{1e300, -1e300}, .size = Size{-5, std::numeric_limits<double>::infinity()}},
-        decorated);
-    EXPECT_EQ(far, (MoveResize{.x = 32767, .y = -32768, .width = 1U, .height = 32767U}));
+    using FrameArithmetic::request;
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(request({.position = Point{1e300, -1e300}, .size = Size{-5, infinity}}, decorated),
+              (MoveResize{.x = 32767, .y = -32768, .width = 1U, .height = 32767U}));
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    const auto none =
-        FrameArithmetic::request({.position = Point{nan, 3}, .size = Size{nan, nan}}, decorated);
-    EXPECT_EQ(none, (MoveResize{.y = 3}));
+    EXPECT_EQ(request({.position = Point{nan, 3}, .size = Size{nan, nan}}, decorated), (MoveResize{.y = 3}));
 }
 
 TEST(FrameArithmetic, ATargetIsReachedWhenItsGivenHalvesAreToTheWholePixel) {

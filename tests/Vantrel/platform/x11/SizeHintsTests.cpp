@@ -9,18 +9,15 @@ TEST(SizeHints, ATerminalBetweenTwoCharactersCannotComeCloser) {
     const SizeHints terminal{.minWidth = 10, .baseWidth = 4, .widthIncrement = 6};
     EXPECT_TRUE(terminal.explainWidth(489, 484));
     EXPECT_TRUE(terminal.explainWidth(487, 490)) << "rounded up";
-    EXPECT_FALSE(terminal.explainWidth(489, 478)) << "a whole character less than it could be";
+    EXPECT_FALSE(terminal.explainWidth(489, 483)) << "a whole character less than it could be";
 }
 
-TEST(SizeHints, AProgramStopsAtItsSmallestAndLargestSize) {
+TEST(SizeHints, AProgramStopsAtItsSmallestAndLargestSizeAndHasNoExcuseWithout) {
     const SizeHints limited{.minWidth = 300, .minHeight = 200, .maxWidth = 800, .maxHeight = 600};
     EXPECT_TRUE(limited.explainWidth(100, 300));
     EXPECT_TRUE(limited.explainHeight(900, 600));
     EXPECT_FALSE(limited.explainWidth(500, 300));
     EXPECT_FALSE(limited.explainHeight(500, 600));
-}
-
-TEST(SizeHints, AProgramWithoutLimitsHasNoExcuse) {
     EXPECT_FALSE(SizeHints{}.explainWidth(500, 640));
     EXPECT_TRUE(SizeHints{}.explainWidth(500, 500));
 }

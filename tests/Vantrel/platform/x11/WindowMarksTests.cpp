@@ -7,7 +7,7 @@ namespace {
 
 constexpr xcb_window_t window = 0x400007;
 
-TEST(WindowMarks, AWindowKeepsItsMarkAsLongAsItBearsIt) {
+TEST(WindowMarks, AWindowKeepsItsMarkAsLongAsItBearsItAndALaterOneWithItsIdIsAnother) {
     WindowMarks marks;
     const auto first = marks.assign(window, false, marks.now());
     EXPECT_TRUE(first.mustSelect);
@@ -15,26 +15,24 @@ TEST(WindowMarks, AWindowKeepsItsMarkAsLongAsItBearsIt) {
     EXPECT_FALSE(again.mustSelect);
     EXPECT_EQ(again.mark, first.mark);
     EXPECT_TRUE(marks.isSame(window, true, first.mark));
-}
 
-TEST(WindowMarks, ALaterWindowWithTheSameIdIsAnother) {
-    WindowMarks marks;
-    const auto first = marks.assign(window, false, marks.now());
-    EXPECT_FALSE(marks.isSame(window, false, first.mark)) << "not captured yet";
-
+    // A later one with the same id, before and after it was captured.
+    EXPECT_FALSE(marks.isSame(window, false, first.mark));
     const auto second = marks.assign(window, false, marks.now());
     EXPECT_TRUE(second.mustSelect);
     EXPECT_FALSE(marks.isSame(window, true, first.mark));
     EXPECT_TRUE(marks.isSame(window, true, second.mark));
 }
 
-TEST(WindowMarks, TwoCapturesAtTheSameTimeAgreeOnAWindow) {
+TEST(WindowMarks, TwoCapturesAtTheSameTimeAgreeOnAWindowAndCleaningUpSparesIt) {
     WindowMarks marks;
     const auto asked = marks.now();
     const auto one = marks.assign(window, false, asked);
     const auto other = marks.assign(window, false, asked);
     EXPECT_FALSE(other.mustSelect);
     EXPECT_EQ(one.mark, other.mark);
+    marks.keepOnly({}, asked);
+    EXPECT_TRUE(marks.isSame(window, true, other.mark));
 }
 
 TEST(WindowMarks, AForgottenWindowIsNotTakenForItsOldSelfWhenItComesBack) {
@@ -45,14 +43,6 @@ TEST(WindowMarks, AForgottenWindowIsNotTakenForItsOldSelfWhenItComesBack) {
     const auto after = marks.assign(window, true, marks.now());
     EXPECT_FALSE(after.mustSelect);
     EXPECT_NE(after.mark, before.mark);
-}
-
-TEST(WindowMarks, CleaningUpSparesWhatAnotherCaptureHasJustMarked) {
-    WindowMarks marks;
-    const auto asked = marks.now();
-    const auto other = marks.assign(window, false, asked);
-    marks.keepOnly({}, asked);
-    EXPECT_TRUE(marks.isSame(window, true, other.mark));
 }
 
 } // namespace

@@ -5,18 +5,16 @@
 #include <gtest/gtest.h>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace vantrel {
 namespace {
 
 TEST(WindowTraits, OnlyOrdinaryWindowsAreStandardWindows) {
-    struct Case {
+    const struct {
         const char* what;
         WindowTraits traits;
         std::string_view subrole;
-    };
-    const std::vector<Case> cases{
+    } cases[] = {
         {"no type", {}, "AXStandardWindow"},
         {"normal", {.type = WindowType::normal}, "AXStandardWindow"},
         {"normal, for another window", {.type = WindowType::normal, .isTransient = true}, "AXStandardWindow"},
@@ -39,9 +37,7 @@ TEST(WindowTraits, PanelsMenusAndNotificationsStandOnOtherLayers) {
     EXPECT_EQ(WindowTraits{.type = WindowType::dialog}.layer(), normalWindowLayer);
     EXPECT_EQ(WindowTraits{.type = WindowType::desktop}.layer(), std::nullopt);
     for (const auto type : {WindowType::dock, WindowType::menu, WindowType::notification}) {
-        const auto layer = WindowTraits{.type = type}.layer();
-        ASSERT_TRUE(layer.has_value());
-        EXPECT_NE(*layer, normalWindowLayer);
+        EXPECT_NE(WindowTraits{.type = type}.layer().value(), normalWindowLayer);
     }
 }
 
