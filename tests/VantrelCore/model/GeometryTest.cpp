@@ -1,10 +1,8 @@
 #include "VantrelCore/model/Geometry.h"
 
-#include <bit>
 #include <gtest/gtest.h>
 #include <limits>
 #include <nlohmann/json.hpp>
-#include <rapidcheck/gtest.h>
 
 namespace vantrel {
 
@@ -67,14 +65,6 @@ TEST(Geometry, ARectangleIsTwoPairsInJson) {
                              "[[1, 2], [3, \"4\"]]", "[[1, null], [3, 4]]", "{}", "[]"}) {
         EXPECT_ANY_THROW(static_cast<void>(nlohmann::json::parse(text).get<Rect>())) << text;
     }
-}
-
-RC_GTEST_PROP(Geometry, EveryFiniteNumberSurvivesAFileToTheLastBit, (std::uint64_t bits)) {
-    const auto value = std::bit_cast<double>(bits);
-    RC_PRE(value - value == 0);
-    const auto text = nlohmann::json(Size{value, 0}).dump();
-    const auto read = nlohmann::json::parse(text).get<Size>().width;
-    RC_ASSERT(std::bit_cast<std::uint64_t>(read) == bits);
 }
 
 } // namespace

@@ -52,14 +52,6 @@ TEST(JsonCoding, MissingAndNullAreAbsentAndOnlyRequiredKeysMind) {
                  JsonCoding::Error);
 }
 
-TEST(JsonCoding, AbsentValuesAreNotWritten) {
-    nlohmann::json json = nlohmann::json::object();
-    JsonCoding::put(json, "absent", std::optional<bool>());
-    JsonCoding::put(json, "never", std::optional<Date>());
-    JsonCoding::put(json, "present", std::optional(false));
-    EXPECT_EQ(json.dump(), R"({"present":false})");
-}
-
 } // namespace
 
 } // namespace vantrel
