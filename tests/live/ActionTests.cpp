@@ -9,8 +9,6 @@ namespace {
 
 class Actions : public testing::Test {
 protected:
-    Actions() { m_desk.open({"galculator"}); }
-
     std::string call(const std::vector<std::string>& methodAndArguments) {
         std::vector<std::string> command{"gdbus",
                                          "call",
@@ -47,6 +45,8 @@ protected:
     }
 
     PrivateDesk m_desk{{MonitorPlace{0, 0, 1280, 800}, MonitorPlace{1280, 0, 1280, 800}}, "openbox"};
+    // There before vantrel: one that it sees appear, it would place as newly launched.
+    SeenWindow m_window = m_desk.open({"galculator"});
     ProgramRun m_vantrel = startVantrel(m_desk);
 };
 
@@ -65,7 +65,7 @@ TEST_F(Actions, RestoreUndoAndStashSayWhatTheyDoOrWhyNot) {
         [&] { return vantrelctl(m_desk, {"stash", "list"}).output.find('*') != std::string::npos; }));
 
     // Only a window that is moved leaves something to undo.
-    const auto window = seenWindows(m_desk.connection()).at(0);
+    const auto& window = m_window;
     const auto frame = [&] { return seenWindow(m_desk.connection(), window.client).value().frame; };
     const auto moveAway = [&] {
         m_desk.place(window.client, {{300, 100}, window.frame.size});

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <fmt/format.h>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <stdexcept>
 
@@ -14,6 +15,11 @@ std::filesystem::path freshOutput(const PrivateDesk& desk, const std::string& pr
     static std::atomic<int> count = 0;
     return desk.home().path() /
            fmt::format("{}-{}.out", std::filesystem::path(program).filename().string(), ++count);
+}
+
+std::string contents(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 std::vector<std::string> changed(std::vector<std::string> environment,
@@ -33,15 +39,21 @@ std::vector<std::string> changed(std::vector<std::string> environment,
 ProgramRun::ProgramRun(const PrivateDesk& desk, std::vector<std::string> command,
                        const std::vector<std::string>& changes)
     : m_output(freshOutput(desk, command.at(0))),
+      m_log(command.at(0) == VANTREL_PROGRAM ? desk.home().dataFolder() / "Vantrel" / "app.log" : ""),
       m_process(ChildStart{.command = std::move(command),
                            .environment = changed(desk.environment(), changes),
                            .workingDirectory = desk.home().path(),
                            .output = m_output,
                            .passedDescriptor = std::nullopt}) {}
 
+ProgramRun::~ProgramRun() {
+    if (!m_log.empty() && testing::Test::HasFailure()) {
+        fmt::print(stderr, "what vantrel logged:\n{}\n", contents(m_log));
+    }
+}
+
 std::string ProgramRun::output() const {
-    std::ifstream stream(m_output);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return contents(m_output);
 }
 
 Ended ProgramRun::ended() {

@@ -21,6 +21,10 @@ class ProgramRun {
 public:
     ProgramRun(const PrivateDesk& desk, std::vector<std::string> command,
                const std::vector<std::string>& changes = {});
+    // Shows vantrel's log when the test has failed: the desk's home goes with it.
+    ~ProgramRun();
+    ProgramRun(ProgramRun&&) = default;
+    ProgramRun& operator=(ProgramRun&&) = delete;
 
     [[nodiscard]] ChildProcess& process() { return m_process; }
 
@@ -31,6 +35,8 @@ public:
 
 private:
     std::filesystem::path m_output;
+    // Empty for any other program.
+    std::filesystem::path m_log;
     ChildProcess m_process;
 };
 
