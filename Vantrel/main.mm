@@ -114,6 +114,9 @@ public:
     void finishedLaunching() {
         ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
         CrashReporter::installExceptionHandler();
+        if (!m_accessibility.isTrusted()) {
+            m_accessibility.prompt();
+        }
         m_controller->watchForPermission();
         m_controller->startEngine();
         m_statusIcon.emplace(
@@ -123,13 +126,28 @@ public:
                     [this] { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
                 .checkForUpdates = [this] { m_updates.checkForUpdates(); },
                 .quit = [] { QCoreApplication::quit(); }});
-        m_statusIcon->show(StatusIcon::Tray::statusNotifier);
+        m_statusIcon->show(StatusIcon::Tray::menuBar);
+        offerMissionControlFix();
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
         m_log.write("start: vantrel " VANTREL_VERSION);
     }
 
 private:
+    void offerMissionControlFix() {
+        using Classification = MissionControlConfig::Classification;
+        if (MissionControl::read().classification() != Classification::losing) {
+            m_statusIcon->offerMissionControlFix({});
+            return;
+        }
+        m_statusIcon->offerMissionControlFix([this] {
+            m_log.write(MissionControl::apply() ? "mission control: set so that windows stay"
+                                                : "mission control: the settings could not be written");
+            // Later: this is the action that goes.
+            m_queue.post([this] { offerMissionControlFix(); });
+        });
+    }
+
     void logSoon(const std::string& message) {
         m_queue.post([this, message] { m_log.write(message); });
     }

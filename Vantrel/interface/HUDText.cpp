@@ -22,7 +22,8 @@ struct Text {
 
     HUDText operator()(const HUD::Done& done) const {
         if (done.windows == 0) {
-            return {"Every window was in its place", ""};
+            // Those that were in place already count.
+            return {"No window was put back", ""};
         }
         return {countedNoun(done.windows, "window") + " back in place", duration(done.seconds)};
     }

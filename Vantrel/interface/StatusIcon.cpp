@@ -15,11 +15,12 @@ QString qt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// An ampersand would underline the letter behind it. Qt 6.4 hands a menu to the tray's host with the first
-// ampersand that has something behind it as an underscore, which does there what the ampersand does here.
+// An ampersand would underline the letter behind it. Qt 6.4 hands a menu to a StatusNotifierItem's host with
+// the first ampersand that has something behind it as an underscore, which does there what the ampersand does
+// here.
 QString menuTitle(const std::string& text, StatusIcon::Tray tray) {
     QString title = qt(text);
-    if (tray == StatusIcon::Tray::xembed) {
+    if (tray != StatusIcon::Tray::statusNotifier) {
         return title.replace('&', "&&");
     }
     title.replace('_', "__");
@@ -27,17 +28,19 @@ QString menuTitle(const std::string& text, StatusIcon::Tray tray) {
     return first < 0 || first == title.size() - 1 ? title : title.insert(first, '&');
 }
 
-std::vector<StatusItemMenuEntry> entries(const PublishedState& state) {
+std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMissionControlLosing) {
     std::vector<StatusItem::SceneEntry> scenes;
     for (const auto& scene : state.scenes) {
         if (scene.configID == state.configID) {
             scenes.push_back({scene.id, scene.name});
         }
     }
+    const auto* const undo = state.applicableUndo();
     return StatusItemMenuBuilder::withNotices(
-        StatusItemMenuBuilder::build(scenes,
-                                     state.undoSlot ? std::optional(state.undoSlot->reason) : std::nullopt),
-        state.entitlement.kind == Entitlement::Kind::trialOver, state.latestAvailable);
+        StatusItemMenuBuilder::build(scenes, undo != nullptr ? std::optional(undo->reason) : std::nullopt),
+        {.isTrialOver = state.entitlement.kind == Entitlement::Kind::trialOver,
+         .latestAvailable = state.latestAvailable,
+         .isMissionControlLosing = isMissionControlLosing});
 }
 
 bool isOnlySaid(const StatusItemMenuEntry& entry) {
@@ -66,14 +69,16 @@ void StatusIcon::show(Tray tray) {
     m_shownEntries.reset();
     refresh();
     m_icon->setContextMenu(&m_menu);
+    // What changed while it was open. Later, when it counts as closed.
+    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
     QObject::connect(&*m_icon, &QSystemTrayIcon::activated, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason != QSystemTrayIcon::Trigger) {
             return;
         }
         if (m_actions.openPanel) {
             m_actions.openPanel();
-        } else {
-            fill(m_popup, entries(m_controller.published()), Tray::xembed);
+        } else if (m_tray != Tray::menuBar) {
+            fill(m_popup, wantedEntries(), Tray::xembed);
             m_popup.popup(QCursor::pos());
         }
     });
@@ -88,11 +93,20 @@ void StatusIcon::refresh() {
         m_icon->setToolTip(qt("Vantrel: " + StatusPhase::text(state.phase)));
     }
     // A menu that is open keeps its entries under the user's pointer.
-    const auto wanted = entries(state);
+    const auto wanted = wantedEntries();
     if (m_shownEntries != wanted && !m_menu.isVisible()) {
         fill(m_menu, wanted, m_tray);
         m_shownEntries = wanted;
     }
+}
+
+void StatusIcon::offerMissionControlFix(std::function<void()> fix) {
+    m_fixMissionControl = std::move(fix);
+    refresh();
+}
+
+std::vector<StatusItemMenuEntry> StatusIcon::wantedEntries() const {
+    return entries(m_controller.published(), static_cast<bool>(m_fixMissionControl));
 }
 
 bool StatusIcon::isOffered(const StatusItemMenuEntry& entry) const {
@@ -118,6 +132,20 @@ void StatusIcon::fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& wante
     }
 }
 
+const std::function<void()>& StatusIcon::actionOf(StatusItem::Notice::Kind kind) const {
+    switch (kind) {
+    case StatusItem::Notice::Kind::purchase:
+        return m_actions.purchase;
+    case StatusItem::Notice::Kind::fixMissionControl:
+        return m_fixMissionControl;
+    case StatusItem::Notice::Kind::trialEnded:
+    case StatusItem::Notice::Kind::updateAvailable:
+    case StatusItem::Notice::Kind::checkForUpdates:
+        break;
+    }
+    return m_actions.checkForUpdates;
+}
+
 void StatusIcon::perform(const StatusItemMenuEntry& entry) {
     if (const auto* const scene = std::get_if<StatusItem::SceneEntry>(&entry)) {
         const auto& scenes = m_controller.published().scenes;
@@ -134,8 +162,7 @@ void StatusIcon::perform(const StatusItemMenuEntry& entry) {
     } else if (std::holds_alternative<StatusItem::Settings>(entry)) {
         m_actions.openSettings();
     } else if (const auto* const notice = std::get_if<StatusItem::Notice>(&entry)) {
-        const bool isPurchase = notice->kind == StatusItem::Notice::Kind::purchase;
-        if (const auto& action = isPurchase ? m_actions.purchase : m_actions.checkForUpdates) {
+        if (const auto& action = actionOf(notice->kind)) {
             action();
         }
     } else if (std::holds_alternative<StatusItem::Quit>(entry) && m_actions.quit) {

@@ -18,7 +18,8 @@ namespace vantrel {
 // StatusNotifierItem where there is a host for it, else an XEmbed icon.
 class StatusIcon {
 public:
-    enum class Tray : std::uint8_t { statusNotifier, xembed };
+    // The menu bar is a Mac's; there Qt opens the menu itself on every kind of click.
+    enum class Tray : std::uint8_t { statusNotifier, xembed, menuBar };
 
     struct Actions {
         // Absent as long as there are no such windows: their entries are then left out, and a left click
@@ -40,14 +41,20 @@ public:
     // From then on the icon comes back by itself when the tray goes and comes.
     void show(Tray tray);
 
+    // Offers to set Mission Control's settings right, until it is called with null.
+    void offerMissionControlFix(std::function<void()> fix);
+
 private:
     void refresh();
     void fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& entries, Tray tray);
+    [[nodiscard]] std::vector<StatusItemMenuEntry> wantedEntries() const;
+    [[nodiscard]] const std::function<void()>& actionOf(StatusItem::Notice::Kind kind) const;
     [[nodiscard]] bool isOffered(const StatusItemMenuEntry& entry) const;
     void perform(const StatusItemMenuEntry& entry);
 
     AppController& m_controller;
     Actions m_actions;
+    std::function<void()> m_fixMissionControl;
     QMenu m_menu;
     // What a left click opens while there is no panel.
     QMenu m_popup;

@@ -41,16 +41,19 @@ std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>
     return entries;
 }
 
-std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries, bool isTrialOver,
-                                             const std::optional<std::string>& latestAvailable) {
+std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries, const News& news) {
     using StatusItem::Notice;
     std::vector<StatusItemMenuEntry> above;
-    if (isTrialOver) {
+    if (news.isTrialOver) {
         above.emplace_back(Notice{Notice::Kind::trialEnded, "Trial ended"});
         above.emplace_back(Notice{Notice::Kind::purchase, "Get Vantrel · $19"});
     }
-    if (latestAvailable) {
-        above.emplace_back(Notice{Notice::Kind::updateAvailable, UpdateOffer::caption(*latestAvailable)});
+    if (news.latestAvailable) {
+        above.emplace_back(
+            Notice{Notice::Kind::updateAvailable, UpdateOffer::caption(*news.latestAvailable)});
+    }
+    if (news.isMissionControlLosing) {
+        above.emplace_back(Notice{Notice::Kind::fixMissionControl, "Keep Spaces in Place"});
     }
     if (!above.empty()) {
         above.emplace_back(StatusItem::Separator{});

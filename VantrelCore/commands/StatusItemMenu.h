@@ -53,6 +53,8 @@ struct Notice {
         // Opens the purchase page.
         purchase,
         updateAvailable,
+        // Sets both settings of Mission Control so that windows stay where they are put.
+        fixMissionControl,
         checkForUpdates,
     };
 
@@ -73,11 +75,16 @@ namespace StatusItemMenuBuilder {
 [[nodiscard]] std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>& scenes,
                                                      const std::optional<std::string>& undoReason);
 
-// The entries with what is to be said about trial and updates above them, and the command that looks for
-// updates before the last one.
+struct News {
+    bool isTrialOver = false;
+    std::optional<std::string> latestAvailable;
+    // `MissionControlConfig::Classification::losing`.
+    bool isMissionControlLosing = false;
+};
+
+// The entries with what is new above them, and the command that looks for updates before the last one.
 [[nodiscard]] std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries,
-                                                           bool isTrialOver,
-                                                           const std::optional<std::string>& latestAvailable);
+                                                           const News& news);
 
 // A scene goes by its own name; a separator has no title.
 [[nodiscard]] std::string title(const StatusItemMenuEntry& entry);

@@ -16,8 +16,8 @@ public:
     // In one exchange, or in one per attribute where the application does not answer to several at once.
     [[nodiscard]] WindowAttributes read(AttributeGroup group) override;
 
-    // An application that does not answer to a write is not troubled with those after it. When one of the
-    // values cannot be made the window is not touched.
+    // Every write is sent, also after one that was not answered. When one of the values cannot be made the
+    // window is not touched.
     [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override;
 
     bool raise() override;

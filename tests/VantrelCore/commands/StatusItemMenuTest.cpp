@@ -25,16 +25,15 @@ TEST(StatusItemMenu, ScenesComeFirstInTheirOrderAndUndoBehindRestore) {
     EXPECT_EQ(entries[3], StatusItemMenuEntry(StatusItem::UndoLastRestore{"Display change"}));
 }
 
-TEST(StatusItemMenu, SaysAboveWhatIsToBeSaidOfTrialAndUpdates) {
-    const auto all =
-        StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), true, "1.2");
-    EXPECT_THAT(titles(all),
-                ElementsAre("Trial ended", "Get Vantrel · $19", "Update available · v1.2", "-", "Restore now",
-                            "-", "Layouts…", "Settings…", "Check for Updates…", "Quit Vantrel"));
-    EXPECT_THAT(
-        titles(StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), false,
-                                                  std::nullopt)),
-        ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…", "Quit Vantrel"));
+TEST(StatusItemMenu, SaysWhatIsNewAboveTheEntries) {
+    const auto all = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt),
+                                                        {true, "1.2", true});
+    EXPECT_THAT(titles(all), ElementsAre("Trial ended", "Get Vantrel · $19", "Update available · v1.2",
+                                         "Keep Spaces in Place", "-", "Restore now", "-", "Layouts…",
+                                         "Settings…", "Check for Updates…", "Quit Vantrel"));
+    const auto none = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), {});
+    EXPECT_THAT(titles(none), ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…",
+                                          "Quit Vantrel"));
 }
 
 } // namespace

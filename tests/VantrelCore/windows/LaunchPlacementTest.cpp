@@ -43,6 +43,7 @@ TEST(LaunchPlacement, DecidesByRulesThenByTheClosestRememberedSize) {
          std::nullopt},
         {"another application's rule", {forcing("browser", "right")}, remembering({{"left", small}}), small},
         {"forced display away", {forcing("editor", "gone")}, remembering({{"gone", large}}), std::nullopt},
+        {"no display: only placed last", {forcing("editor", "")}, remembering({{"", small}}), small},
         {"on the forced display", toRight, remembering({{"left", exact}, {"right", large}}), large},
         {"elsewhere: centred on the whole display", toRight, remembering({{"left", exact}}), centred},
         {"forced without a stored layout", toRight, std::nullopt, centred},
