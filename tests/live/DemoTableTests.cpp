@@ -6,36 +6,31 @@
 namespace vantrel::live {
 namespace {
 
-const Rect place{{100, 100}, {600, 400}};
-
 WindowStory storyOf(const std::optional<Rect>& after, Size increment = {1, 1}) {
     return {.name = "Notes",
             .program = "editor",
-            .before = place,
+            .before = {{100, 100}, {600, 400}},
             .unplugged = std::nullopt,
             .after = after,
             .increment = increment};
 }
 
-TEST(DemoTable, CallsAWindowBackWithinTwoPointsOnly) {
-    EXPECT_EQ(DemoTable::verdict(storyOf(place)), Verdict::back);
-    EXPECT_EQ(DemoTable::verdict(storyOf(Rect{{102, 98}, {602, 398}})), Verdict::back);
-    EXPECT_EQ(DemoTable::verdict(storyOf(Rect{{103, 100}, {600, 400}})), Verdict::away);
-    EXPECT_EQ(DemoTable::verdict(storyOf(Rect{{100, 100}, {600, 403}})), Verdict::away);
-    EXPECT_EQ(DemoTable::verdict(storyOf(std::nullopt)), Verdict::gone);
-}
-
-TEST(DemoTable, GrantsAProgramLessThanOneOfItsOwnStepsInSizeButNotInPlace) {
-    const Size characters{8, 17};
-    EXPECT_EQ(DemoTable::verdict(storyOf(Rect{{100, 100}, {607, 384}}, characters)), Verdict::nearest);
-    EXPECT_EQ(DemoTable::verdict(storyOf(Rect{{100, 100}, {608, 400}}, characters)), Verdict::away);
-    EXPECT_EQ(DemoTable::verdict(storyOf(Rect{{107, 100}, {600, 400}}, characters)), Verdict::away);
-}
-
-TEST(DemoTable, NamesWhatIsNotBack) {
-    const std::string text = DemoTable::text({storyOf(Rect{{150, 100}, {600, 400}}), storyOf(std::nullopt)});
-    EXPECT_THAT(text, testing::HasSubstr("50  NOT BACK"));
-    EXPECT_THAT(text, testing::HasSubstr("-  GONE"));
+TEST(DemoTable, CallsAWindowBackWithinTwoPointsAndLessThanOneStepOfItsProgramsSize) {
+    constexpr Size characters{8, 17};
+    const std::vector<std::pair<WindowStory, Verdict>> rows{
+        {storyOf(Rect{{102, 98}, {602, 398}}), Verdict::back},
+        {storyOf(Rect{{103, 100}, {600, 400}}), Verdict::away},
+        {storyOf(Rect{{100, 100}, {600, 403}}), Verdict::away},
+        {storyOf(std::nullopt), Verdict::gone},
+        {storyOf(Rect{{100, 100}, {607, 384}}, characters), Verdict::nearest},
+        {storyOf(Rect{{100, 100}, {608, 400}}, characters), Verdict::away},
+        {storyOf(Rect{{107, 100}, {600, 400}}, characters), Verdict::away},
+    };
+    for (const auto& [story, verdict] : rows) {
+        EXPECT_EQ(DemoTable::verdict(story), verdict) << DemoTable::text({story});
+    }
+    EXPECT_THAT(DemoTable::text({rows[1].first, rows[3].first}),
+                testing::AllOf(testing::HasSubstr("3  NOT BACK"), testing::HasSubstr("-  GONE")));
 }
 
 } // namespace

@@ -1,89 +1,91 @@
 // A scene as a user applies it: windows move, what is missing starts and takes its place, others are hidden.
-#include "tests/live/ProgramRun.h"
-#include "tests/live/WindowManagers.h"
+#include "tests/live/VantrelDesk.h"
 
 #include <algorithm>
-#include <fmt/format.h>
-#include <gmock/gmock.h>
 
 namespace vantrel::live {
 namespace {
 
-using ::testing::HasSubstr;
+// A desktop file with nothing but what counts here.
+void install(const VantrelDesk& desk, const std::string& id, const std::string& keys) {
+    desk.home().write("data/applications/" + id + ".desktop", "[Desktop Entry]\nType=Application\n" + keys);
+}
 
-class SceneUnder : public testing::TestWithParam<const char*> {
+class Scenes : public UnderWindowManager {
 protected:
-    PrivateDesk m_desk{{{0, 0, 1280, 1024}, {1280, 0, 1600, 900}}, GetParam()};
-
-    std::optional<SeenWindow> windowTitled(const std::string& title) {
-        const auto all = seenWindows(m_desk.connection());
-        const auto found = std::ranges::find(all, title, &SeenWindow::title);
-        return found == all.end() ? std::nullopt : std::optional(*found);
-    }
-
-    bool isVisible(const std::string& title) {
-        const auto window = windowTitled(title);
-        return window && window->isViewable;
+    // The front window on screen of that title; XCB_WINDOW_NONE without one.
+    xcb_window_t titled(const std::string& title) {
+        const auto all = seenWindows(desk.connection());
+        const auto found = std::ranges::find_if(
+            all, [&](const SeenWindow& window) { return window.isViewable && window.title == title; });
+        return found == all.end() ? xcb_window_t{XCB_WINDOW_NONE} : found->client;
     }
 
     // The frame's corner is there; what a window manager makes of the size is its own affair.
     bool standsAt(const std::string& title, Point corner) {
-        const auto window = windowTitled(title);
-        return window && window->isViewable && window->frame.origin == corner;
-    }
-
-    void place(const std::string& title, Point corner) {
-        const auto window = windowTitled(title).value();
-        m_desk.place(window.client, {corner, window.frame.size});
-        ASSERT_TRUE(eventually([&] { return standsAt(title, corner); })) << title;
-    }
-
-    bool eventually(const std::function<bool()>& condition) {
-        return m_desk.connection().waitUntil(condition);
+        const auto window = titled(title);
+        return window != XCB_WINDOW_NONE && desk.frame(window).origin == corner;
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(WindowManagers, SceneUnder, testedWindowManagers(), windowManagerName);
+INSTANTIATE_TEST_SUITE_P(WindowManagers, Scenes, windowManagers(), windowManagerName);
 
-TEST_P(SceneUnder, AMissingProgramIsStartedAndTakesItsSlotWhileOthersHideUntilUndone) {
+TEST_P(Scenes, AMissingProgramIsStartedAndTakesItsSlotWhileOthersHideUntilUndone) {
     constexpr Point notesCorner{60, 200};
     constexpr Point calculatorCorner{1700, 250};
-    // The system's file of this name, with nothing but what counts here.
-    m_desk.home().write("data/applications/galculator.desktop",
-                        "[Desktop Entry]\nType=Application\nName=Galculator\nExec=galculator\n");
-    m_desk.home().write("data/applications/notes.desktop",
-                        "[Desktop Entry]\nType=Application\nName=Notes\nStartupWMClass=notes\n"
-                        "Exec=xterm -class notes -T notes\n");
-    m_desk.home().write("config/vantrel/settings.conf", "hideOthersOnSceneSwitch = true\n");
-    m_desk.open({"xterm", "-class", "notes", "-T", "notes"});
-    auto& calculator = m_desk.start({"galculator"});
-    ASSERT_TRUE(eventually([&] { return isVisible("galculator"); }));
-    place("notes", notesCorner);
-    place("galculator", calculatorCorner);
-    const auto run = startVantrel(m_desk);
-    const auto saved = vantrelctl(m_desk, {"save-scene", "Work"});
-    ASSERT_EQ(saved.code, 0) << saved.output;
-    EXPECT_EQ(saved.output, "Saved 2 windows as the scene \"Work\".\n");
+    install(desk, "galculator", "Name=Galculator\nExec=galculator\n");
+    install(desk, "notes", "Name=Notes\nStartupWMClass=notes\nExec=xterm -class notes -T notes\n");
+    desk.home().write("config/vantrel/settings.conf", "hideOthersOnSceneSwitch = true\n");
+    const auto notes = desk.open({"xterm", "-class", "notes", "-T", "notes"}).client;
+    auto& calculator = desk.start({"galculator"});
+    ASSERT_TRUE(eventually([&] { return titled("galculator") != XCB_WINDOW_NONE; }));
+    desk.drag(notes, notesCorner);
+    desk.drag(titled("galculator"), calculatorCorner);
+    const auto run = desk.startVantrel();
+    EXPECT_EQ(desk.done({"save-scene", "Work"}), "Saved 2 windows as the scene \"Work\".\n");
 
     calculator.end();
-    ASSERT_TRUE(eventually([&] { return !windowTitled("galculator"); }));
-    place("notes", {500, 500});
-    m_desk.open({"xterm", "-T", "chat"});
+    ASSERT_TRUE(eventually([&] { return titled("galculator") == XCB_WINDOW_NONE; }));
+    desk.drag(notes, {500, 400});
+    desk.open({"xterm", "-T", "chat"});
 
-    const auto applied = vantrelctl(m_desk, {"apply", "work"});
-    EXPECT_EQ(applied.code, 0) << applied.output;
+    desk.done({"apply", "work"});
     EXPECT_TRUE(standsAt("notes", notesCorner));
-    const auto log = [&] { return vantrelctl(m_desk, {"log", "-n", "40"}).output; };
-    ASSERT_TRUE(waitUntil([&] {
-        return log().find("scene settlement: opened 1, placed 1 for Work") != std::string::npos;
-    })) << log();
-    EXPECT_TRUE(standsAt("galculator", calculatorCorner)) << log();
-    EXPECT_TRUE(eventually([&] { return !isVisible("chat"); }));
-    EXPECT_THAT(log(), HasSubstr("scene switch hid 1 app(s) the scene had hidden"));
+    EXPECT_TRUE(waitUntil([&] { return desk.logged("scene settlement: opened 1, placed 1 for Work") == 1; }));
+    EXPECT_TRUE(standsAt("galculator", calculatorCorner));
+    EXPECT_TRUE(eventually([&] { return titled("chat") == XCB_WINDOW_NONE; }));
+    EXPECT_TRUE(
+        waitUntil([&] { return desk.logged("scene switch hid 1 app(s) the scene had hidden") == 1; }));
 
-    const auto undone = vantrelctl(m_desk, {"undo"});
-    EXPECT_EQ(undone.code, 0) << undone.output << log();
-    EXPECT_TRUE(eventually([&] { return isVisible("chat") && standsAt("notes", {500, 500}); })) << log();
+    desk.done({"undo"});
+    EXPECT_TRUE(
+        eventually([&] { return titled("chat") != XCB_WINDOW_NONE && standsAt("notes", {500, 400}); }));
+}
+
+using LaunchPlacement = Scenes;
+
+INSTANTIATE_TEST_SUITE_P(WindowManagers, LaunchPlacement, windowManagers(), windowManagerName);
+
+TEST_P(LaunchPlacement, AProgramOpensWhereItWasLastRemembered) {
+    install(desk, "org.example.Notes",
+            "Name=Notes\nStartupWMClass=Notes\nExec=xterm -class Notes -T Notes -fa Monospace -fs 10\n");
+    // As from a menu: by its desktop file.
+    const auto start = [&] {
+        EXPECT_EQ(desk.run({LAUNCH_PROBE_PROGRAM, "org.example.Notes"}).code, 0);
+        EXPECT_TRUE(eventually([&] { return titled("Notes") != XCB_WINDOW_NONE; }));
+        return titled("Notes");
+    };
+    const auto run = desk.startVantrel();
+    const auto first = start();
+    desk.drag(first, {1500, 300});
+    desk.done({"save"});
+    const Rect home = desk.frame(first);
+    xcb_kill_client(desk.connection().xcb(), first);
+    ASSERT_TRUE(eventually([&] { return titled("Notes") == XCB_WINDOW_NONE; }));
+
+    const auto second = start();
+    EXPECT_TRUE(eventually([&] { return desk.frame(second) == home; }));
+    EXPECT_TRUE(waitUntil([&] { return desk.logged("launch placement: moved 1 window(s) of Notes") > 0; }));
 }
 
 } // namespace

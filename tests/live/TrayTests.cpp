@@ -1,7 +1,6 @@
 // The status item in real trays: its icon appears, its menu opens by a real click, and what is clicked is
 // done.
-#include "tests/live/ProgramRun.h"
-#include "tests/live/demo/RunningVantrel.h"
+#include "tests/live/VantrelDesk.h"
 #include "tests/live/desk/Panel.h"
 #include "tests/live/desk/Picture.h"
 
@@ -12,10 +11,8 @@
 namespace vantrel::live {
 namespace {
 
-class Tray : public testing::Test {
+class Tray : public testing::TestWithParam<const char*> {
 protected:
-    Tray() { desk.open({"galculator"}); }
-
     // Waits until something stands at the beginning of the tray, and stands still.
     Rect icon() {
         constexpr double widest = 60;
@@ -84,7 +81,7 @@ protected:
     void click(Point place, const char* button) {
         const auto x = fmt::format("{:.0f}", place.x);
         const auto y = fmt::format("{:.0f}", place.y);
-        ASSERT_EQ(desk.run({"xdotool", "mousemove", x, y, "click", button}).exitCode, 0);
+        ASSERT_EQ(desk.run({"xdotool", "mousemove", x, y, "click", button}).code, 0);
     }
 
     // Opens the icon's menu by a click of the right button and clicks its first entry, until that has done
@@ -110,56 +107,66 @@ protected:
         Picture::take(desk.connection()).save(std::filesystem::path(PICTURES_FOLDER) / (name + ".png"));
     }
 
-    PrivateDesk desk{{MonitorPlace{0, 0, 1280, 800}}, "openbox"};
+    // Vantrel with something to restore.
+    [[nodiscard]] ProgramRun startVantrel() const {
+        auto run = desk.startVantrel();
+        desk.done({"save"});
+        return run;
+    }
+
+    void clickRestore(const std::string& picture) {
+        clickFirstEntry(picture, [&, before = desk.logged("restore report:")] {
+            return desk.logged("restore report:") > before;
+        });
+    }
+
+    VantrelDesk desk{GetParam(), {{0, 0, 1280, 800}}};
+    xcb_window_t window = desk.open({"galculator"}).client;
 };
 
-TEST_F(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
+INSTANTIATE_TEST_SUITE_P(Under, Tray, testing::Values("openbox"), windowManagerName);
+
+TEST_P(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
+    using Titles = std::vector<std::string>;
     Panel panel(desk, Panel::Look::light);
     panel.start();
-    RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
-    vantrel.save();
-    ASSERT_TRUE(waitUntil([&] { return !item().empty(); }));
-    EXPECT_THAT(menuTitles(), testing::ElementsAre("Restore now", "Check for Updates…", "Quit Vantrel"));
-    clickFirstEntry("tray-restore", [&] { return vantrel.linesLogged("restore report:") > 0; });
+    const auto vantrel = startVantrel();
+    const auto expectTitles = [&](const Titles& expected) {
+        EXPECT_TRUE(waitUntil([&] { return !item().empty() && menuTitles() == expected; }))
+            << testing::PrintToString(menuTitles());
+    };
+    expectTitles({"Restore now", "Check for Updates…", "Quit Vantrel"});
+    clickRestore("tray-restore");
 
     // Of the name, the host takes an underscore for the mark of the letter behind it, as Qt an ampersand.
     // A window that has to be moved gives the menu something to undo.
-    ASSERT_EQ(vantrelctl(desk, {"save-scene", "R&D_lab & co"}).code, 0);
-    const auto window = seenWindows(desk.connection()).back();
-    const auto frame = [&] { return seenWindow(desk.connection(), window.client).value().frame; };
-    desk.place(window.client, {{100, 200}, window.frame.size});
-    ASSERT_TRUE(desk.connection().waitUntil([&] { return frame().minX() == 100; }));
-    clickFirstEntry("tray-scene", [&] { return frame() == window.frame; });
-    const std::vector<std::string> expected{"R_&D__lab & co", "Restore now", "Undo last restore",
-                                            "Check for Updates…", "Quit Vantrel"};
-    EXPECT_TRUE(waitUntil([&] { return menuTitles() == expected; }))
-        << testing::PrintToString(menuTitles()) << vantrel.log();
+    desk.done({"save-scene", "R&D_lab & co"});
+    const Rect home = desk.frame(window);
+    desk.drag(window, {100, 200});
+    clickFirstEntry("tray-scene", [&] { return desk.frame(window) == home; });
+    expectTitles(
+        {"R_&D__lab & co", "Restore now", "Undo last restore", "Check for Updates…", "Quit Vantrel"});
     click(icon().center(), "3");
     EXPECT_TRUE(openMenu());
     keepPicture("tray-undo");
 }
 
-TEST_F(Tray, APanelThatStartsLaterOrAgainIsFound) {
+TEST_P(Tray, APanelThatStartsLaterOrAgainIsFound) {
     Panel panel(desk, Panel::Look::dark);
-    RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
-    vantrel.save();
-    for (int round = 1; round <= 2; ++round) {
+    const auto vantrel = startVantrel();
+    for (const char* const picture : {"tray-start-1", "tray-start-2"}) {
         panel.start();
         EXPECT_TRUE(waitUntil([&] { return !item().empty(); }));
-        clickFirstEntry(fmt::format("tray-start-{}", round),
-                        [&, before = vantrel.linesLogged("restore report:")] {
-                            return vantrel.linesLogged("restore report:") > before;
-                        });
+        clickRestore(picture);
         panel.end();
     }
 }
 
-TEST_F(Tray, WhereThereAreOnlyXEmbedIconsItIsOne) {
-    RunningVantrel vantrel(desk, {VANTREL_PROGRAM, VANTRELCTL_PROGRAM});
-    vantrel.save();
+TEST_P(Tray, WhereThereAreOnlyXEmbedIconsItIsOne) {
+    const auto vantrel = startVantrel();
     desk.start({"trayer", "--edge", "top", "--align", "left", "--widthtype", "pixel", "--width", "240",
                 "--heighttype", "pixel", "--height", "30"});
-    clickFirstEntry("tray-xembed", [&] { return vantrel.linesLogged("restore report:") > 0; });
+    clickRestore("tray-xembed");
 }
 
 } // namespace

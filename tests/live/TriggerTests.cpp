@@ -1,149 +1,107 @@
 // Scenes that apply themselves on a real desk: at a time of day, before a video call, with "do not disturb".
-#include "tests/live/ProgramRun.h"
-#include "tests/live/WindowManagers.h"
+#include "tests/live/BusVoice.h"
+#include "tests/live/VantrelDesk.h"
 
-#include <chrono>
+#include <QCoreApplication>
+
 #include <ctime>
-#include <fmt/format.h>
-#include <gio/gio.h>
-#include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
+#include <fmt/chrono.h>
+#include <functional>
 
 namespace vantrel::live {
 namespace {
 
-using ::testing::HasSubstr;
-
-// A schedule fires in the minute after the present one at the latest, which is looked at every half minute.
-constexpr double scheduleSeconds = 120;
-
-struct Triggers : testing::TestWithParam<const char*> {
-    PrivateDesk desk{{{0, 0, 1280, 1024}}, GetParam()};
-    SeenWindow window = desk.open({"galculator"});
-    Rect home = seenWindow(desk.connection(), window.client).value().frame;
-
-    // Vantrel with a scene "Work" of the desk as it stands, and the window away from its place.
-    ProgramRun startWithScene(const std::vector<std::string>& environment = {}) {
-        ProgramRun run(desk, vantrelCommand(), environment);
-        EXPECT_TRUE(waitUntil([&] { return vantrelctl(desk, {"save-scene", "Work"}).code == 0; }))
-            << vantrelctl(desk, {"save-scene", "Work"}).output << run.output();
-        moveAway();
-        return run;
+// A desk with one window that stands in a scene "Work" and is away from its place there.
+struct Triggers {
+    explicit Triggers(const char* windowManager, const std::vector<std::string>& environment = {})
+        : desk(windowManager), vantrel(desk.startVantrel(environment)) {
+        desk.done({"save-scene", "Work"});
+        desk.drag(window, away);
     }
-
-    void moveAway() {
-        desk.place(window.client, {{300, 500}, home.size});
-        EXPECT_TRUE(desk.connection().waitUntil([&] { return frame().minX() == 300; }));
-    }
-
-    Rect frame() { return seenWindow(desk.connection(), window.client).value().frame; }
 
     bool comesHome(double seconds = generousSeconds) {
-        return waitUntil([&] { return frame() == home; }, seconds);
+        return waitUntil([&] { return desk.frame(window) == home; }, seconds);
     }
 
-    std::string log() { return vantrelctl(desk, {"log", "-n", "100"}).output; }
+    static constexpr Point away{300, 400};
+    VantrelDesk desk;
+    xcb_window_t window = desk.open({"galculator"}).client;
+    Rect home = desk.frame(window);
+    ProgramRun vantrel;
 };
 
-TEST_P(Triggers, AVideoCallInACalendarFileAppliesTheScene) {
-    const auto run = startWithScene();
-    const auto start =
-        std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()) + std::chrono::seconds{50};
-    std::tm utc{};
-    const std::time_t time = std::chrono::system_clock::to_time_t(start);
-    gmtime_r(&time, &utc);
-    desk.home().write("data/khal/calendars/team/call.ics",
-                      fmt::format("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:call\r\n"
-                                  "SUMMARY:Weekly call\r\nDTSTART:{:04}{:02}{:02}T{:02}{:02}{:02}Z\r\n"
-                                  "DURATION:PT30M\r\nRRULE:FREQ=WEEKLY\r\n"
-                                  "DESCRIPTION:https://meet.google.com/abc-defg-hij\r\n"
-                                  "END:VEVENT\r\nEND:VCALENDAR\r\n",
-                                  utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min,
-                                  utc.tm_sec));
-    const auto added = vantrelctl(desk, {"triggers", "add", "calendar", "Work"});
-    ASSERT_EQ(added.code, 0) << added.output;
-    EXPECT_TRUE(comesHome()) << log();
-    EXPECT_THAT(log(), HasSubstr("calendar trigger fired: video event starting "));
-    EXPECT_THAT(log(), HasSubstr("(Weekly call): \"Work\""));
+class Triggering : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Under, Triggering, windowManagers(), windowManagerName);
+
+TEST_P(Triggering, AVideoCallInACalendarFileAppliesTheScene) {
+    Triggers story(GetParam());
+    const auto start = std::time(nullptr) + 50;
+    story.desk.home().write("data/khal/calendars/team/call.ics",
+                            fmt::format("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:call\r\n"
+                                        "SUMMARY:Weekly call\r\nDTSTART:{:%Y%m%dT%H%M%S}Z\r\n"
+                                        "DURATION:PT30M\r\nRRULE:FREQ=WEEKLY\r\n"
+                                        "DESCRIPTION:https://meet.google.com/abc-defg-hij\r\n"
+                                        "END:VEVENT\r\nEND:VCALENDAR\r\n",
+                                        fmt::gmtime(start)));
+    story.desk.done({"triggers", "add", "calendar", "Work"});
+    EXPECT_TRUE(story.comesHome());
+    EXPECT_EQ(story.desk.logged("calendar trigger fired: video event starting "), 1U);
+    EXPECT_EQ(story.desk.logged("(Weekly call): \"Work\""), 1U);
 }
 
-TEST_P(Triggers, DoNotDisturbAppliesTheSceneWhenItIsSwitchedOn) {
-    const auto run = startWithScene();
-    ASSERT_EQ(vantrelctl(desk, {"triggers", "add", "focus", "Work"}).code, 0);
-    const auto doNotDisturb = [&](const char* value) {
-        const auto set = desk.run({"xfconf-query", "-c", "xfce4-notifyd", "-p", "/do-not-disturb", "-n", "-t",
-                                   "bool", "-s", value});
-        EXPECT_EQ(set.exitCode, 0) << set.output;
-    };
-    doNotDisturb("true");
-    EXPECT_TRUE(comesHome()) << log();
-    EXPECT_THAT(log(), HasSubstr("focus trigger fired: Do Not Disturb focus turns on: \"Work\""));
-    moveAway();
-    doNotDisturb("false");
-    doNotDisturb("true");
-    EXPECT_TRUE(comesHome()) << log();
+// A schedule fires in the minute after the present one at the latest, which is looked at every half minute.
+TEST_P(Triggering, AScheduleAppliesTheSceneInItsMinuteOfTheMachinesZone) {
+    Triggers story(GetParam(), {"TZ=Asia/Kolkata"});
+    // Ten seconds are enough to type it.
+    constexpr int offset = 330 * 60;
+    const auto soon = std::time(nullptr) + 10 + offset;
+    story.desk.done({"triggers", "add", "schedule", fmt::format("{:%H:%M}", fmt::gmtime(soon + 60)), "Work"});
+    constexpr double seconds = 150;
+    EXPECT_TRUE(story.comesHome(seconds));
+    EXPECT_EQ(story.desk.logged("schedule trigger fired: "), 1U);
+    EXPECT_TRUE(waitUntil(
+        [&] { return story.desk.asked({"triggers"}).at("triggers").at(0).contains("lastFiredAt"); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(On, Triggers, testedWindowManagers(), windowManagerName);
-
-// What is the same under every window manager.
-struct TriggersOnce : Triggers {};
-
-TEST_P(TriggersOnce, AScheduleAppliesTheSceneInItsMinuteOfTheMachinesZone) {
-    const auto run = startWithScene({"TZ=Asia/Kolkata"});
-    // Five seconds are enough to type it.
-    const auto soon = std::chrono::system_clock::now() + std::chrono::seconds{5};
-    const auto local = soon + std::chrono::minutes{330};
-    const std::chrono::hh_mm_ss clock{local - std::chrono::floor<std::chrono::days>(local)};
-    const auto next = std::chrono::floor<std::chrono::minutes>(clock.to_duration()) + std::chrono::minutes{1};
-    const auto time = fmt::format("{}:{:02}", next.count() / 60 % 24, next.count() % 60);
-    const auto added = vantrelctl(desk, {"triggers", "add", "schedule", time, "Work"});
-    ASSERT_EQ(added.code, 0) << added.output;
-    EXPECT_TRUE(comesHome(scheduleSeconds)) << log();
-    EXPECT_THAT(log(), HasSubstr("schedule trigger fired: "));
-    const auto triggers = nlohmann::json::parse(vantrelctl(desk, {"triggers", "--json"}).output);
-    EXPECT_TRUE(triggers.at("triggers").at(0).contains("lastFiredAt"));
-}
-
-TEST_P(TriggersOnce, TheDesktopsOwnSettingIsDoNotDisturbToo) {
+// Xfce's setting, that of GNOME, and what a notification service says.
+TEST(FocusTrigger, AppliesTheSceneWhereverDoNotDisturbIsSwitchedOn) {
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
     const std::vector<std::string> keyfile{"GSETTINGS_BACKEND=keyfile"};
-    const auto run = startWithScene(keyfile);
-    ASSERT_EQ(vantrelctl(desk, {"triggers", "add", "focus", "Work"}).code, 0);
-    const auto set =
-        ProgramRun(desk, {"gsettings", "set", "org.gnome.desktop.notifications", "show-banners", "false"},
-                   keyfile)
-            .ended();
-    ASSERT_EQ(set.code, 0) << set.output;
-    EXPECT_TRUE(comesHome()) << log();
+    Triggers story("openbox", keyfile);
+    VantrelDesk& desk = story.desk;
+    BusVoice notifications(desk.bus().address(), "notifications", "org.freedesktop.Notifications");
+    desk.done({"triggers", "add", "focus", "Work"});
+    const std::vector<std::function<void(bool)>> switches{
+        [&](bool isOn) {
+            desk.run({"xfconf-query", "-c", "xfce4-notifyd", "-p", "/do-not-disturb", "-n", "-t", "bool",
+                      "-s", isOn ? "true" : "false"});
+        },
+        [&](bool isOn) {
+            desk.run({"gsettings", "set", "org.gnome.desktop.notifications", "show-banners",
+                      isOn ? "false" : "true"},
+                     keyfile);
+        },
+        [&](bool isOn) {
+            notifications.sayChanged("/org/freedesktop/Notifications", "org.freedesktop.Notifications",
+                                     {{"Inhibited", isOn}});
+        },
+    };
+    for (std::size_t i = 0; i < switches.size(); ++i) {
+        SCOPED_TRACE(i);
+        desk.drag(story.window, Triggers::away);
+        // Again where the one before was not yet off for the program.
+        constexpr double eachTime = 10;
+        EXPECT_TRUE(waitUntil([&] {
+            switches[i](true);
+            const bool isHome = story.comesHome(eachTime);
+            switches[i](false);
+            return isHome;
+        }));
+    }
+    EXPECT_GE(desk.logged("focus trigger fired: Do Not Disturb focus turns on: \"Work\""), switches.size());
 }
-
-TEST_P(TriggersOnce, ANotificationServiceThatSaysItIsInhibitedIsDoNotDisturbToo) {
-    const auto run = startWithScene();
-    ASSERT_EQ(vantrelctl(desk, {"triggers", "add", "focus", "Work"}).code, 0);
-    auto* const bus = g_dbus_connection_new_for_address_sync(
-        desk.bus().address().c_str(),
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, nullptr, nullptr);
-    ASSERT_NE(bus, nullptr);
-    auto* const named = g_dbus_connection_call_sync(
-        bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-        g_variant_new("(su)", "org.freedesktop.Notifications", 0U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-        nullptr, nullptr);
-    ASSERT_NE(named, nullptr);
-    g_variant_unref(named);
-    GVariantBuilder changes;
-    g_variant_builder_init(&changes, G_VARIANT_TYPE("a{sv}"));
-    g_variant_builder_add(&changes, "{sv}", "Inhibited", g_variant_new_boolean(TRUE));
-    g_dbus_connection_emit_signal(
-        bus, nullptr, "/org/freedesktop/Notifications", "org.freedesktop.DBus.Properties",
-        "PropertiesChanged", g_variant_new("(sa{sv}as)", "org.freedesktop.Notifications", &changes, nullptr),
-        nullptr);
-    EXPECT_TRUE(comesHome()) << log();
-    g_object_unref(bus);
-}
-
-INSTANTIATE_TEST_SUITE_P(On, TriggersOnce, testing::Values("openbox"), windowManagerName);
 
 } // namespace
 } // namespace vantrel::live

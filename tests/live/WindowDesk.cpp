@@ -2,62 +2,66 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <tuple>
 
 namespace vantrel::live {
 
-namespace {
-
-std::shared_ptr<X11Connection> connect(const std::string& display) {
-    auto connection = X11Connection::open(display);
+std::shared_ptr<X11Connection> connectTo(const PrivateDesk& desk) {
+    auto connection = X11Connection::open(desk.display());
     if (!connection) {
         throw std::runtime_error(connection.error());
     }
     return *connection;
 }
 
-} // namespace
-
-WindowDesk::WindowDesk(const std::string& windowManager)
-    : desk({left, right}, windowManager), connection(connect(desk.display())), accessibility(connection),
-      probe(desk.display()) {}
-
 std::optional<CapturedWindow> WindowDesk::capture(const std::string& title) {
     const auto reading = accessibility.beginReading();
     const auto onScreen = reading->onScreenWindows();
     for (const auto& app : reading->runningApps()) {
         for (const auto& window : reading->windows(app)) {
-            if (window.attributes.title == title) {
-                CapturedWindow found{.app = app,
-                                     .attributes = window.attributes,
-                                     .element = window.element,
-                                     .entry = std::nullopt};
-                const auto entry = std::ranges::find_if(onScreen, [&](const WindowListEntry& listed) {
-                    return listed.ownerPid == app.pid && listed.bounds == window.attributes.frame();
-                });
-                if (entry != onScreen.end()) {
-                    found.entry = *entry;
-                }
-                return found;
+            if (window.attributes.title != title) {
+                continue;
             }
+            const auto entry = std::ranges::find_if(onScreen, [&](const WindowListEntry& listed) {
+                return listed.ownerPid == app.pid && listed.bounds == window.attributes.frame();
+            });
+            return CapturedWindow{.app = app,
+                                  .attributes = window.attributes,
+                                  .element = window.element,
+                                  .entry = entry == onScreen.end() ? std::nullopt : std::optional(*entry)};
         }
     }
     return std::nullopt;
 }
 
-std::optional<CapturedWindow> WindowDesk::captureWhenTitled(xcb_window_t client) {
-    std::optional<CapturedWindow> found;
-    std::ignore = desk.connection().waitUntil([&] {
-        const auto seen = seenWindow(desk.connection(), client);
-        found = seen ? capture(seen->title) : std::nullopt;
-        return found.has_value();
+CapturedWindow WindowDesk::captured(const std::string& title) {
+    std::optional<CapturedWindow> window;
+    const bool isThere = connection().waitUntil([&] {
+        window = accessibility.awaitQuiet() ? capture(title) : std::nullopt;
+        return window.has_value();
     });
-    return found;
+    if (!isThere) {
+        throw std::runtime_error("There is no window " + title);
+    }
+    return *window;
 }
 
-std::optional<Rect> WindowDesk::seenFrame(xcb_window_t client) {
-    const auto seen = seenWindow(desk.connection(), client);
-    return seen ? std::optional(seen->frame) : std::nullopt;
+void WindowDesk::setStates(xcb_window_t window, const std::vector<std::string>& states, bool isOn) {
+    std::vector<std::uint32_t> data{isOn ? 1U : 0U};
+    for (const auto& state : states) {
+        data.push_back(connection().atom("_NET_WM_STATE_" + state));
+    }
+    data.resize(3);
+    data.push_back(2);
+    connection().tellWindowManager(window, "_NET_WM_STATE", data);
+    for (const auto& state : states) {
+        EXPECT_TRUE(connection().waitUntil([&] { return hasState(window, state) == isOn; })) << state;
+    }
+    EXPECT_TRUE(connection().waitUntil([&] { return accessibility.awaitQuiet(); }));
+}
+
+bool WindowDesk::hasState(xcb_window_t window, const std::string& state) {
+    const auto states = connection().values(window, "_NET_WM_STATE");
+    return std::ranges::find(states, connection().atom("_NET_WM_STATE_" + state)) != states.end();
 }
 
 } // namespace vantrel::live

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Vantrel/platform/x11/X11Accessibility.h"
-#include "tests/live/desk/PrivateDesk.h"
+#include "tests/live/VantrelDesk.h"
 #include "tests/live/desk/ProbeClient.h"
 
 #include <memory>
@@ -10,6 +10,9 @@
 #include <string>
 
 namespace vantrel::live {
+
+// Throws std::runtime_error with a sentence.
+[[nodiscard]] std::shared_ptr<X11Connection> connectTo(const PrivateDesk& desk);
 
 struct CapturedWindow {
     RunningApp app;
@@ -19,25 +22,31 @@ struct CapturedWindow {
     std::optional<WindowListEntry> entry;
 };
 
-struct WindowDesk {
-    static constexpr MonitorPlace left{0, 0, 1280, 1024};
-    static constexpr MonitorPlace right{1280, 0, 1600, 900};
+struct WindowDesk : VantrelDesk {
+    using VantrelDesk::VantrelDesk;
 
-    explicit WindowDesk(const std::string& windowManager);
-
-    PrivateDesk desk;
-    std::shared_ptr<X11Connection> connection;
-    X11Accessibility accessibility;
-    ProbeClient probe;
+    std::shared_ptr<X11Connection> x11 = connectTo(*this);
+    X11Accessibility accessibility{x11};
+    ProbeClient probe{display()};
 
     // One whole capture; none when it has no window of that title.
     [[nodiscard]] std::optional<CapturedWindow> capture(const std::string& title);
 
-    // The window of a program that may still be choosing its title; waits until a capture has it.
-    [[nodiscard]] std::optional<CapturedWindow> captureWhenTitled(xcb_window_t client);
+    // What is captured once the window manager has seen all that was sent before. Throws when it has no such
+    // window.
+    [[nodiscard]] CapturedWindow captured(const std::string& title);
 
-    // What the harness sees, independent of the adapters.
-    [[nodiscard]] std::optional<Rect> seenFrame(xcb_window_t client);
+    // Asks the window manager to add or take away states of the window, two at most ("SHADED"), and waits
+    // until it has.
+    void setStates(xcb_window_t window, const std::vector<std::string>& states, bool isOn);
+    [[nodiscard]] bool hasState(xcb_window_t window, const std::string& state);
+};
+
+class WindowsUnder : public ::testing::TestWithParam<const char*> {
+protected:
+    bool eventually(const std::function<bool()>& condition) { return desk.connection().waitUntil(condition); }
+
+    WindowDesk desk{GetParam()};
 };
 
 } // namespace vantrel::live

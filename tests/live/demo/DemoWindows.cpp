@@ -1,5 +1,9 @@
 #include "tests/live/demo/DemoWindows.h"
 
+#include "tests/live/desk/EdidBlock.h"
+
+#include <string>
+
 namespace vantrel::live {
 
 namespace {
@@ -67,15 +71,20 @@ constexpr const char* buildLog = R"([ 1/12] Building model/Layout
 All tests passed.
 )";
 
+struct DemoWindow {
+    // As the table names it.
+    std::string name;
+    std::string program;
+    std::vector<std::string> command;
+    Rect place;
+};
+
 // A terminal that shows the output of `command` and stays.
 std::string shell(const std::string& command) {
     return command + "; exec sleep infinity";
 }
 
-} // namespace
-
-std::vector<DemoWindow> demoWindows(const PrivateDesk& desk) {
-    const TemporaryHome& home = desk.home();
+std::vector<DemoWindow> demoWindows(const TemporaryHome& home) {
     home.write("Documents/Meeting notes.txt", meetingNotes);
     home.write("Documents/Bread.txt", recipe);
     home.write("Documents/words.py", source);
@@ -110,6 +119,27 @@ std::vector<DemoWindow> demoWindows(const PrivateDesk& desk) {
           shell("uname -sr; echo; uptime; echo; free -h; echo; df -h /; echo; ps -e -o pid,comm | tail -5")},
          {{2060, 500}, {660, 340}}},
     };
+}
+
+} // namespace
+
+std::vector<DemoActor> openDemo(PrivateDesk& desk) {
+    desk.monitors().setEdid(0, edidBlock({.product = 24, .serialNumber = 1001, .name = "Desk 24"}));
+    desk.monitors().setEdid(1, edidBlock({.product = 27, .serialNumber = 1002, .name = "Side 27"}));
+    std::vector<DemoActor> actors;
+    for (const DemoWindow& planned : demoWindows(desk.home())) {
+        const xcb_window_t client = desk.open(planned.command).client;
+        desk.place(client, planned.place);
+        actors.push_back({.client = client,
+                          .story = {.name = planned.name,
+                                    .program = planned.program,
+                                    .before = {},
+                                    .unplugged = std::nullopt,
+                                    .after = std::nullopt,
+                                    .increment = sizeIncrement(desk.connection(), client)}});
+    }
+    desk.awaitStill();
+    return actors;
 }
 
 } // namespace vantrel::live

@@ -1,22 +1,24 @@
-// The programs that the demonstration opens, with something in them, and where it puts their windows.
+// The monitors and programs of the demonstration, with something in them, and where it puts their windows.
 #pragma once
 
+#include "tests/live/demo/DemoTable.h"
 #include "tests/live/desk/PrivateDesk.h"
 
-#include <string>
 #include <vector>
 
 namespace vantrel::live {
 
-struct DemoWindow {
-    // As the table names it.
-    std::string name;
-    std::string program;
-    std::vector<std::string> command;
-    Rect place;
+inline constexpr MonitorPlace leftMonitor{0, 0, 1280, 1024};
+inline constexpr MonitorPlace rightMonitor{1280, 0, 1600, 900};
+
+// A window with what came of it; nothing is measured yet.
+struct DemoActor {
+    xcb_window_t client = 0;
+    WindowStory story;
 };
 
-// Writes the files that the programs show into the desk's home.
-[[nodiscard]] std::vector<DemoWindow> demoWindows(const PrivateDesk& desk);
+// Names the desk's two monitors "Desk 24" and "Side 27", writes the files that the programs show into its
+// home, starts the programs and has the window manager arrange their windows.
+[[nodiscard]] std::vector<DemoActor> openDemo(PrivateDesk& desk);
 
 } // namespace vantrel::live

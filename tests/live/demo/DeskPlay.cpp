@@ -2,26 +2,18 @@
 
 #include "tests/live/demo/Backdrop.h"
 #include "tests/live/demo/DemoWindows.h"
-#include "tests/live/desk/EdidBlock.h"
 #include "tests/live/desk/Picture.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <fmt/format.h>
-#include <stdexcept>
 
 namespace vantrel::live {
 
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
-
-constexpr MonitorPlace leftMonitor{0, 0, 1280, 1024};
-constexpr MonitorPlace rightMonitor{1280, 0, 1600, 900};
-
-// How long no window may move before the desk counts as settled, in seconds.
-constexpr double quietSeconds = 1.0;
 
 // When to look what the window manager did by itself after plugging back.
 constexpr double windowManagerSeconds = 0.3;
@@ -46,8 +38,6 @@ public:
             "\"Desk 24\" ({}x{}) and \"Side 27\" ({}x{}), {}, and a home of its own.",
             m_desk.display(), leftMonitor.width, leftMonitor.height, rightMonitor.width, rightMonitor.height,
             m_options.windowManager);
-        m_desk.monitors().setEdid(0, edidBlock({.product = 24, .serialNumber = 1001, .name = "Desk 24"}));
-        m_desk.monitors().setEdid(1, edidBlock({.product = 27, .serialNumber = 1002, .name = "Side 27"}));
         paintBackdrop(m_desk);
         openWindows();
         RunningVantrel vantrel(m_desk, m_options.programs);
@@ -60,29 +50,13 @@ public:
     }
 
 private:
-    struct Actor {
-        xcb_window_t client = 0;
-        WindowStory story;
-    };
-
     void openWindows() {
-        for (const DemoWindow& planned : demoWindows(m_desk)) {
-            const SeenWindow opened = m_desk.open(planned.command);
-            m_desk.place(opened.client, planned.place);
-            m_actors.push_back({.client = opened.client,
-                                .story = {.name = planned.name,
-                                          .program = planned.program,
-                                          .before = {},
-                                          .unplugged = std::nullopt,
-                                          .after = std::nullopt,
-                                          .increment = sizeIncrement(m_desk.connection(), opened.client)}});
-        }
-        awaitQuiet();
-        for (Actor& actor : m_actors) {
+        m_actors = openDemo(m_desk);
+        for (DemoActor& actor : m_actors) {
             actor.story.before = frameOf(actor).value_or(Rect{});
         }
         const auto onRight = std::ranges::count_if(
-            m_actors, [](const Actor& actor) { return actor.story.before.minX() >= rightMonitor.x; });
+            m_actors, [](const DemoActor& actor) { return actor.story.before.minX() >= rightMonitor.x; });
         say("2  {} windows of real programs are open and arranged, {} of them on the right monitor.",
             m_actors.size(), onRight);
     }
@@ -91,9 +65,9 @@ private:
         m_desk.monitors().unplug(1);
         paintBackdrop(m_desk);
         const std::string settled = vantrel.awaitLogged("display settled:", generousSeconds);
-        awaitQuiet();
+        m_desk.awaitStill();
         takeFrames(&WindowStory::unplugged);
-        const auto moved = std::ranges::count_if(m_actors, [](const Actor& actor) {
+        const auto moved = std::ranges::count_if(m_actors, [](const DemoActor& actor) {
             return !actor.story.unplugged ||
                    DemoTable::distance(actor.story.before, *actor.story.unplugged) > DemoTable::tolerance;
         });
@@ -123,14 +97,14 @@ private:
                 secondsSince(start), report);
         }
         paintBackdrop(m_desk);
-        awaitQuiet();
+        m_desk.awaitStill();
         takeFrames(&WindowStory::after);
         takePicture("3-after.png");
     }
 
     bool judge() {
         std::vector<WindowStory> stories;
-        for (const Actor& actor : m_actors) {
+        for (const DemoActor& actor : m_actors) {
             stories.push_back(actor.story);
         }
         say("6  Every window as the X server has it: x,y width x height, and differences, in points:\n\n{}",
@@ -141,33 +115,16 @@ private:
     }
 
     [[nodiscard]] std::ptrdiff_t countBack() const {
-        return std::ranges::count_if(m_actors, DemoTable::isBack, &Actor::story);
+        return std::ranges::count_if(m_actors, DemoTable::isBack, &DemoActor::story);
     }
 
     void takeFrames(std::optional<Rect> WindowStory::* moment) {
-        for (Actor& actor : m_actors) {
+        for (DemoActor& actor : m_actors) {
             actor.story.*moment = frameOf(actor);
         }
     }
 
-    // Returns when no window has moved for a while, at the latest after the generous time.
-    void awaitQuiet() {
-        auto lastChange = SteadyClock::now();
-        std::vector<Rect> last;
-        [[maybe_unused]] const bool isQuiet = m_desk.connection().waitUntil([&] {
-            std::vector<Rect> now;
-            for (const SeenWindow& window : seenWindows(m_desk.connection())) {
-                now.push_back(window.frame);
-            }
-            if (now != last) {
-                last = std::move(now);
-                lastChange = SteadyClock::now();
-            }
-            return secondsSince(lastChange) >= quietSeconds;
-        });
-    }
-
-    [[nodiscard]] std::optional<Rect> frameOf(const Actor& actor) {
+    [[nodiscard]] std::optional<Rect> frameOf(const DemoActor& actor) {
         const auto window = seenWindow(m_desk.connection(), actor.client);
         return window && window->isViewable ? std::optional(window->frame) : std::nullopt;
     }
@@ -176,17 +133,12 @@ private:
 
     const PlayOptions& m_options;
     PrivateDesk m_desk;
-    std::vector<Actor> m_actors;
+    std::vector<DemoActor> m_actors;
 };
 
 } // namespace
 
 bool playDesk(const PlayOptions& options) {
-    for (const auto& program : {options.programs.vantrel, options.programs.vantrelctl}) {
-        if (!programFile(program.string())) {
-            throw std::runtime_error(fmt::format("There is no program {}.", program.string()));
-        }
-    }
     return DeskPlay(options).play();
 }
 

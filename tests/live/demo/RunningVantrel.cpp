@@ -4,7 +4,6 @@
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -17,7 +16,7 @@ RunningVantrel::RunningVantrel(PrivateDesk& desk, Programs programs)
     const bool answered = waitUntil([&] {
         const auto status = m_desk.run({m_programs.vantrelctl.string(), "status", "--json"});
         answer = status.output;
-        return status.exitCode == 0 || !process.isRunning();
+        return status.code == 0 || !process.isRunning();
     });
     const auto status = nlohmann::json::parse(answer, nullptr, false);
     if (!answered || !process.isRunning() || !status.is_object()) {
@@ -59,23 +58,13 @@ std::string RunningVantrel::log() const {
 
 std::string RunningVantrel::control(const std::string& command) {
     auto finished = m_desk.run({m_programs.vantrelctl.string(), command});
-    if (finished.exitCode != 0) {
+    if (finished.code != 0) {
         throw std::runtime_error(fmt::format("vantrelctl {} failed: {}", command, finished.output));
     }
     while (finished.output.ends_with('\n')) {
         finished.output.pop_back();
     }
     return finished.output;
-}
-
-std::size_t RunningVantrel::linesLogged(const std::string& words) const {
-    std::istringstream lines(log());
-    std::string line;
-    std::size_t count = 0;
-    while (std::getline(lines, line)) {
-        count += line.find(words) != std::string::npos ? 1U : 0U;
-    }
-    return count;
 }
 
 } // namespace vantrel::live

@@ -27,8 +27,6 @@ public:
     // Empty when none came in time.
     [[nodiscard]] std::string awaitLogged(const std::string& words, double seconds);
     [[nodiscard]] std::string log() const;
-    // How many lines of the log hold `words`.
-    [[nodiscard]] std::size_t linesLogged(const std::string& words) const;
 
 private:
     std::string control(const std::string& command);

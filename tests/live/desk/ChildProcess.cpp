@@ -1,12 +1,11 @@
 #include "tests/live/desk/ChildProcess.h"
 
-#include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <glib.h>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/prctl.h>
@@ -29,38 +28,17 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
     return result;
 }
 
-// Between fork and exec: only what is safe there. Writes errno to `report` when it cannot go on.
-[[noreturn]] void becomeProgram(const char* file, char* const* arguments, char* const* environment,
-                                const char* workingDirectory, int output, std::optional<int> passed,
-                                int report, pid_t parent) {
-    const auto fail = [report] {
-        const int error = errno;
-        [[maybe_unused]] const ssize_t written = write(report, &error, sizeof error);
-        _exit(127);
-    };
+// Between fork and exec: only what is safe there.
+void bindToParent(gpointer parent) {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent) {
+    if (getppid() != *static_cast<const pid_t*>(parent)) {
         _exit(127);
     }
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
     signal(SIGPIPE, SIG_DFL);
-    const int input = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    if (chdir(workingDirectory) != 0 || input < 0 || dup2(input, STDIN_FILENO) < 0 ||
-        dup2(output, STDOUT_FILENO) < 0 || dup2(output, STDERR_FILENO) < 0) {
-        fail();
-    }
-    if (passed) {
-        const bool inPlace = *passed == 3;
-        if (inPlace ? fcntl(3, F_SETFD, 0) < 0 : dup2(*passed, 3) < 0) {
-            fail();
-        }
-    }
-    execve(file, arguments, environment);
-    fail();
-    _exit(127);
 }
 
 int exitCode(int status) {
@@ -69,57 +47,29 @@ int exitCode(int status) {
 
 } // namespace
 
-std::optional<std::filesystem::path> programFile(std::string_view name) {
-    if (name.find('/') != std::string_view::npos) {
-        std::filesystem::path file = std::filesystem::absolute(name);
-        return access(file.c_str(), X_OK) == 0 ? std::optional(std::move(file)) : std::nullopt;
-    }
-    const char* path = std::getenv("PATH");
-    std::string_view rest = path != nullptr ? path : "/usr/local/bin:/usr/bin:/bin";
-    while (!rest.empty()) {
-        const std::size_t end = rest.find(':');
-        std::filesystem::path file = std::filesystem::path(rest.substr(0, end)) / name;
-        if (access(file.c_str(), X_OK) == 0) {
-            return file;
-        }
-        rest = end == std::string_view::npos ? "" : rest.substr(end + 1);
-    }
-    return std::nullopt;
-}
-
-ChildProcess::ChildProcess(const ChildStart& start) : m_name(start.command.at(0)) {
-    const std::optional<std::filesystem::path> file = programFile(m_name);
-    if (!file) {
-        throw std::runtime_error(fmt::format("The program \"{}\" is not installed.", m_name));
-    }
-    const std::vector<char*> arguments = pointers(start.command);
-    const std::vector<char*> environment = pointers(start.environment);
+ChildProcess::ChildProcess(const ChildStart& start) {
     const int output = open(start.output.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
-    std::array<int, 2> report{};
-    // Above 3, so that the passed descriptor cannot overwrite it.
-    if (output < 0 || pipe2(report.data(), O_CLOEXEC) != 0) {
-        throw std::runtime_error(fmt::format("\"{}\" cannot be given {}: {}.", m_name, start.output.string(),
-                                             std::strerror(errno)));
-    }
-    const int reportEnd = fcntl(report[1], F_DUPFD_CLOEXEC, 10);
-    const pid_t parent = getpid();
-    m_pid = fork();
-    if (m_pid == 0) {
-        becomeProgram(file->c_str(), arguments.data(), environment.data(), start.workingDirectory.c_str(),
-                      output, start.passedDescriptor, reportEnd, parent);
-    }
-    close(output);
-    close(report[1]);
-    close(reportEnd);
-    int error = 0;
-    const bool failed = m_pid < 0 || read(report[0], &error, sizeof error) == ssize_t{sizeof error};
-    close(report[0]);
-    if (failed) {
-        if (m_pid > 0) {
-            waitpid(m_pid, nullptr, 0);
-        }
+    if (output < 0) {
         throw std::runtime_error(
-            fmt::format("\"{}\" cannot be started: {}.", m_name, std::strerror(error != 0 ? error : errno)));
+            fmt::format("{} cannot be written: {}.", start.output.string(), std::strerror(errno)));
+    }
+    constexpr int passedAs = 3;
+    const int passed = start.passedDescriptor.value_or(-1);
+    pid_t parent = getpid();
+    GError* error = nullptr;
+    const bool isStarted =
+        g_spawn_async_with_pipes_and_fds(
+            start.workingDirectory.c_str(), pointers(start.command).data(),
+            pointers(start.environment).data(),
+            static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD), bindToParent, &parent,
+            -1, output, output, &passed, &passedAs, start.passedDescriptor ? 1 : 0, &m_pid, nullptr, nullptr,
+            nullptr, &error) != 0;
+    close(output);
+    if (!isStarted) {
+        const std::string reason = error->message;
+        g_error_free(error);
+        throw std::runtime_error(
+            fmt::format("The program \"{}\" cannot be started: {}.", start.command.at(0), reason));
     }
 }
 
@@ -128,14 +78,13 @@ ChildProcess::~ChildProcess() {
 }
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept
-    : m_pid(std::exchange(other.m_pid, -1)), m_exitCode(other.m_exitCode), m_name(std::move(other.m_name)) {}
+    : m_pid(std::exchange(other.m_pid, -1)), m_exitCode(other.m_exitCode) {}
 
 ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
     if (this != &other) {
         end();
         m_pid = std::exchange(other.m_pid, -1);
         m_exitCode = other.m_exitCode;
-        m_name = std::move(other.m_name);
     }
     return *this;
 }

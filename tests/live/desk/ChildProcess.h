@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <sys/types.h>
 #include <vector>
 
@@ -36,8 +35,6 @@ public:
 
     [[nodiscard]] pid_t pid() const { return m_pid; }
 
-    [[nodiscard]] const std::string& name() const { return m_name; }
-
     // Collects the program when it has ended.
     [[nodiscard]] bool isRunning();
     // The exit code once it has ended, 128 + signal when a signal ended it; waits at most `seconds`.
@@ -49,10 +46,6 @@ public:
 private:
     pid_t m_pid = -1;
     std::optional<int> m_exitCode;
-    std::string m_name;
 };
-
-// The program's file, looked up in PATH when the name has no slash; none when there is no such program.
-[[nodiscard]] std::optional<std::filesystem::path> programFile(std::string_view name);
 
 } // namespace vantrel::live

@@ -10,39 +10,20 @@ namespace {
 
 MonitorPlace strip(const MonitorPlace& monitor, DockEdge edge, std::uint16_t thickness) {
     MonitorPlace place = monitor;
-    switch (edge) {
-    case DockEdge::bottom:
+    if (edge == DockEdge::bottom) {
         place.y = static_cast<std::int16_t>(monitor.y + monitor.height - thickness);
-        [[fallthrough]];
-    case DockEdge::top:
-        place.height = thickness;
-        break;
-    case DockEdge::right:
-        place.x = static_cast<std::int16_t>(monitor.x + monitor.width - thickness);
-        [[fallthrough]];
-    case DockEdge::left:
-        place.width = thickness;
-        break;
     }
+    place.height = thickness;
     return place;
 }
 
 // left, right, top, bottom thickness from the screen's edges, then start and end along each of them.
-std::array<std::uint32_t, 12> struts(const MonitorPlace& place, DockEdge edge, std::uint32_t screenWidth,
-                                     std::uint32_t screenHeight) {
+std::array<std::uint32_t, 12> struts(const MonitorPlace& place, DockEdge edge, std::uint32_t screenHeight) {
     const auto left = static_cast<std::uint32_t>(place.x);
     const auto top = static_cast<std::uint32_t>(place.y);
     const std::uint32_t right = left + place.width;
-    const std::uint32_t bottom = top + place.height;
-    switch (edge) {
-    case DockEdge::left:
-        return {right, 0, 0, 0, top, bottom - 1, 0, 0, 0, 0, 0, 0};
-    case DockEdge::right:
-        return {0, screenWidth - left, 0, 0, 0, 0, top, bottom - 1, 0, 0, 0, 0};
-    case DockEdge::top:
-        return {0, 0, bottom, 0, 0, 0, 0, 0, left, right - 1, 0, 0};
-    case DockEdge::bottom:
-        break;
+    if (edge == DockEdge::top) {
+        return {0, 0, top + place.height, 0, 0, 0, 0, 0, left, right - 1, 0, 0};
     }
     return {0, 0, 0, screenHeight - top, 0, 0, 0, 0, 0, 0, left, right - 1};
 }
@@ -63,7 +44,7 @@ DockWindow::DockWindow(DeskConnection& connection, const MonitorPlace& monitor, 
     const xcb_atom_t dock = connection.atom("_NET_WM_WINDOW_TYPE_DOCK");
     xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, m_window, connection.atom("_NET_WM_WINDOW_TYPE"),
                         XCB_ATOM_ATOM, 32, 1, &dock);
-    const auto reserved = struts(place, edge, screen ? screen->width : 0, screen ? screen->height : 0);
+    const auto reserved = struts(place, edge, screen ? screen->height : 0);
     xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, m_window, connection.atom("_NET_WM_STRUT_PARTIAL"),
                         XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(reserved.size()), reserved.data());
     // USPosition | USSize, so that the window manager leaves it where it is.

@@ -8,7 +8,7 @@
 
 namespace vantrel::live {
 
-enum class DockEdge : std::uint8_t { top, bottom, left, right };
+enum class DockEdge : std::uint8_t { top, bottom };
 
 class DockWindow {
 public:

@@ -122,17 +122,8 @@ void Monitors::setPrimary(std::size_t output) {
     m_connection.finish();
 }
 
-void Monitors::mirror(std::size_t output, std::size_t source) {
-    plug(output, m_plugged.at(source));
-}
-
 void Monitors::setEdid(std::size_t output, const std::vector<std::uint8_t>& block) {
     const xcb_atom_t edid = m_connection.atom("EDID");
-    if (block.empty()) {
-        xcb_randr_delete_output_property(m_connection.xcb(), m_outputs.at(output), edid);
-        m_connection.finish();
-        return;
-    }
     const Reply<xcb_generic_error_t> configured(xcb_request_check(
         m_connection.xcb(), xcb_randr_configure_output_property_checked(
                                 m_connection.xcb(), m_outputs.at(output), edid, 0, 0, 0, nullptr)));

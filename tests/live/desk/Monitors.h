@@ -44,9 +44,7 @@ public:
     void probe();
 
     void setPrimary(std::size_t output);
-    // Shows the same picture on a second output.
-    void mirror(std::size_t output, std::size_t source);
-    // Sets the output's identity data, or takes it away when empty.
+    // Sets the output's identity data.
     void setEdid(std::size_t output, const std::vector<std::uint8_t>& block);
     // A monitor that the user defines over an output (RandR 1.5).
     void defineMonitor(const std::string& name, const MonitorPlace& place,

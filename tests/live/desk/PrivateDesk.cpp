@@ -1,11 +1,11 @@
 #include "tests/live/desk/PrivateDesk.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <fmt/format.h>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
+#include <tuple>
 
 namespace vantrel::live {
 
@@ -53,20 +53,9 @@ ChildProcess& PrivateDesk::start(const std::vector<std::string>& command,
                                               .passedDescriptor = std::nullopt});
 }
 
-PrivateDesk::Finished PrivateDesk::run(const std::vector<std::string>& command, double seconds) {
-    const std::filesystem::path output = m_home.path() / "output";
-    std::filesystem::remove(output);
-    ChildProcess process({.command = command,
-                          .environment = environment(),
-                          .workingDirectory = m_home.path(),
-                          .output = output,
-                          .passedDescriptor = std::nullopt});
-    const std::optional<int> exitCode = process.waitForExit(seconds);
-    if (!exitCode) {
-        throw std::runtime_error(fmt::format("\"{}\" did not end.", command.at(0)));
-    }
-    std::ifstream file(output, std::ios::binary);
-    return {.exitCode = *exitCode, .output = {std::istreambuf_iterator<char>(file), {}}};
+Ended PrivateDesk::run(const std::vector<std::string>& command,
+                       const std::vector<std::string>& changes) const {
+    return ProgramRun(*this, command, changes).ended();
 }
 
 SeenWindow PrivateDesk::open(const std::vector<std::string>& command) {
@@ -105,6 +94,43 @@ void PrivateDesk::place(xcb_window_t client, const Rect& frame) {
                                    {moveAndResize, wholePixels(frame.minX()), wholePixels(frame.minY()),
                                     wholePixels(frame.width()) - decoration[0] - decoration[1],
                                     wholePixels(frame.height()) - decoration[2] - decoration[3]});
+}
+
+void PrivateDesk::drag(xcb_window_t client, Point corner) {
+    place(client, {corner, frame(client).size});
+    if (!m_connection.waitUntil([&] { return frame(client).origin == corner; })) {
+        throw std::runtime_error("The window manager does not move a window.");
+    }
+}
+
+void PrivateDesk::awaitStill() {
+    using Clock = std::chrono::steady_clock;
+    auto lastChange = Clock::now();
+    std::vector<Rect> last;
+    std::ignore = m_connection.waitUntil([&] {
+        std::vector<Rect> now;
+        for (const SeenWindow& window : seenWindows(m_connection)) {
+            now.push_back(window.frame);
+        }
+        if (now != last) {
+            last = std::move(now);
+            lastChange = Clock::now();
+        }
+        return Clock::now() - lastChange >= std::chrono::seconds(1);
+    });
+}
+
+Rect PrivateDesk::frame(xcb_window_t client) {
+    const auto window = seenWindow(m_connection, client);
+    return window ? window->frame : Rect{};
+}
+
+std::vector<Rect> PrivateDesk::frames(const std::vector<xcb_window_t>& clients) {
+    std::vector<Rect> result;
+    for (const xcb_window_t client : clients) {
+        result.push_back(frame(client));
+    }
+    return result;
 }
 
 } // namespace vantrel::live

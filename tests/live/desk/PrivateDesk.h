@@ -7,6 +7,7 @@
 #include "tests/live/desk/ChildProcess.h"
 #include "tests/live/desk/DeskConnection.h"
 #include "tests/live/desk/Monitors.h"
+#include "tests/live/desk/ProgramRun.h"
 #include "tests/live/desk/SeenWindow.h"
 #include "tests/live/desk/SessionBus.h"
 #include "tests/live/desk/TemporaryHome.h"
@@ -41,14 +42,8 @@ public:
     // Starts a program; it lives until the desk ends it or it ends by itself.
     ChildProcess& start(const std::vector<std::string>& command,
                         const std::vector<std::string>& extraEnvironment = {});
-    struct Finished {
-        int exitCode = 0;
-        // Standard output and error together.
-        std::string output;
-    };
-
-    // Runs a program to its end. Throws when it takes more than `seconds`.
-    Finished run(const std::vector<std::string>& command, double seconds = generousSeconds);
+    // Runs a program to its end, in the environment as `changes` say (ProgramRun).
+    Ended run(const std::vector<std::string>& command, const std::vector<std::string>& changes = {}) const;
     // Starts a program and returns its first window once it is on screen.
     SeenWindow open(const std::vector<std::string>& command);
     void startWindowManager(const std::string& name);
@@ -58,6 +53,13 @@ public:
 
     // Asks the window manager to put the window's frame there, as a pager would.
     void place(xcb_window_t client, const Rect& frame);
+    // As a user drags it: its corner there, in the size it has. Returns when it stands there.
+    void drag(xcb_window_t client, Point corner);
+    // Returns when no window has moved for a second, at the latest after the generous time.
+    void awaitStill();
+    // What the user sees of it now; an empty one when it is gone.
+    [[nodiscard]] Rect frame(xcb_window_t client);
+    [[nodiscard]] std::vector<Rect> frames(const std::vector<xcb_window_t>& clients);
 
 private:
     TemporaryHome m_home;

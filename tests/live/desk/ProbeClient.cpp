@@ -16,8 +16,6 @@ enum Hint : std::size_t {
     minHeight,
     maxWidth,
     maxHeight,
-    widthIncrement,
-    heightIncrement,
     gravity = 17,
     hintWords,
 };
@@ -25,7 +23,6 @@ enum Hint : std::size_t {
 constexpr std::uint32_t userPosition = 1U << 0;
 constexpr std::uint32_t programMinSize = 1U << 4;
 constexpr std::uint32_t programMaxSize = 1U << 5;
-constexpr std::uint32_t programIncrement = 1U << 6;
 constexpr std::uint32_t windowGravity = 1U << 9;
 
 std::vector<std::uint32_t> sizeHints(const ProbePlan& plan) {
@@ -38,10 +35,6 @@ std::vector<std::uint32_t> sizeHints(const ProbePlan& plan) {
     if (plan.maxSize > 0) {
         words[flags] |= programMaxSize;
         words[maxWidth] = words[maxHeight] = plan.maxSize;
-    }
-    if (plan.increment > 0) {
-        words[flags] |= programIncrement;
-        words[widthIncrement] = words[heightIncrement] = plan.increment;
     }
     if (plan.gravity > 0) {
         words[flags] |= windowGravity;
@@ -126,18 +119,6 @@ void ProbeClient::setValues(xcb_window_t window, const std::string& property, co
     xcb_change_property(m_connection.xcb(), XCB_PROP_MODE_REPLACE, window, m_connection.atom(property),
                         m_connection.atom(type), 32, static_cast<std::uint32_t>(values.size()),
                         values.data());
-    m_connection.finish();
-}
-
-void ProbeClient::addStates(xcb_window_t window, const std::vector<std::string>& states) {
-    constexpr std::uint32_t add = 1;
-    std::vector<std::uint32_t> data{add};
-    for (const auto& state : states) {
-        data.push_back(m_connection.atom(state));
-    }
-    data.resize(3);
-    data.push_back(2);
-    m_connection.tellWindowManager(window, "_NET_WM_STATE", data);
     m_connection.finish();
 }
 

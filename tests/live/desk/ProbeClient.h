@@ -22,7 +22,6 @@ struct ProbePlan {
     std::uint32_t pid = 0;
     // X window gravity, 1 = north-west to 10 = static; 0: none stated.
     std::uint32_t gravity = 0;
-    std::uint32_t increment = 0;
     std::uint32_t minSize = 0;
     std::uint32_t maxSize = 0;
     // An invisible margin of this width all around, as clients with decorations of their own have.
@@ -48,8 +47,6 @@ public:
                  const std::string& bytes);
     void setValues(xcb_window_t window, const std::string& property, const std::string& type,
                    const std::vector<std::uint32_t>& values);
-    // Asks the window manager to add a state: {"_NET_WM_STATE_HIDDEN"}; two at most.
-    void addStates(xcb_window_t window, const std::vector<std::string>& states);
 
 private:
     DeskConnection m_connection;

@@ -1,12 +1,9 @@
 #include "tests/live/desk/SessionBus.h"
 
-#include "tests/live/desk/Waiting.h"
+#include "tests/live/desk/ReadyPipe.h"
 
 #include <fmt/format.h>
 #include <stdexcept>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 #include <utility>
 
 namespace vantrel::live {
@@ -33,24 +30,6 @@ constexpr const char* configuration =
 // xfwm4, xfce4-terminal and mousepad read their settings from this service.
 constexpr const char* activated = "org.xfce.Xfconf.service";
 
-bool accepts(const std::filesystem::path& socketFile) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const std::string path = socketFile.string();
-    if (path.size() >= sizeof address.sun_path) {
-        throw std::runtime_error("The temporary folder's path is too long for a socket: " + path);
-    }
-    path.copy(address.sun_path, path.size());
-    const int handle = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    // sockaddr_un is made to be passed as a sockaddr.
-    const bool connected =
-        handle >= 0 && connect(handle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    if (handle >= 0) {
-        close(handle);
-    }
-    return connected;
-}
-
 } // namespace
 
 SessionBus::SessionBus(const TemporaryHome& home, std::vector<std::string> environment,
@@ -64,17 +43,17 @@ SessionBus::SessionBus(const TemporaryHome& home, std::vector<std::string> envir
               std::filesystem::create_symlink(service, home.path() / "services" / activated);
           }
           environment.push_back("DBUS_SESSION_BUS_ADDRESS=" + m_address);
-          return ChildProcess({.command = {"dbus-daemon", "--nofork", "--nopidfile",
-                                           "--config-file=" + (home.path() / (name + ".conf")).string()},
-                               .environment = std::move(environment),
-                               .workingDirectory = home.path(),
-                               .output = home.logFile("dbus-daemon"),
-                               .passedDescriptor = std::nullopt});
-      }()) {
-    if (!waitUntil([&] { return accepts(home.path() / "runtime" / name) || !m_process.isRunning(); }) ||
-        !m_process.isRunning()) {
-        throw std::runtime_error("The session bus did not start: " + home.logEnd("dbus-daemon"));
-    }
-}
+          ReadyPipe pipe;
+          ChildProcess process({.command = {"dbus-daemon", "--nofork", "--nopidfile", "--print-address=3",
+                                            "--config-file=" + (home.path() / (name + ".conf")).string()},
+                                .environment = std::move(environment),
+                                .workingDirectory = home.path(),
+                                .output = home.logFile("dbus-daemon"),
+                                .passedDescriptor = pipe.writeEnd()});
+          if (!pipe.line()) {
+              throw std::runtime_error("The session bus did not start: " + home.logEnd("dbus-daemon"));
+          }
+          return process;
+      }()) {}
 
 } // namespace vantrel::live

@@ -14,9 +14,6 @@ std::vector<std::string> commandFor(const std::string& name) {
         {"openbox", {"openbox", "--sm-disable"}},
         {"xfwm4", {"xfwm4", "--compositor=off"}},
         {"xfwm4 with its compositor", {"xfwm4", "--compositor=on", "--vblank=off"}},
-        {"metacity", {"metacity", "--sm-disable", "--no-composite"}},
-        {"marco", {"marco", "--sm-disable", "--no-composite"}},
-        {"kwin_x11", {"kwin_x11", "--no-kactivities"}},
     };
     const auto known = commands.find(name);
     return known == commands.end() ? std::vector{name} : known->second;

@@ -1,10 +1,9 @@
 #include "tests/live/desk/XServer.h"
 
-#include <array>
-#include <fcntl.h>
-#include <poll.h>
+#include "tests/live/desk/ReadyPipe.h"
+
+#include <filesystem>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace vantrel::live {
 
@@ -44,41 +43,10 @@ Section "Screen"
 EndSection
 )";
 
-class Pipe {
-public:
-    Pipe() {
-        if (pipe2(m_ends.data(), O_CLOEXEC) != 0) {
-            throw std::runtime_error("No pipe can be made.");
-        }
-    }
-
-    ~Pipe() {
-        close(m_ends[0]);
-        closeWriteEnd();
-    }
-
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    [[nodiscard]] int readEnd() const { return m_ends[0]; }
-
-    [[nodiscard]] int writeEnd() const { return m_ends[1]; }
-
-    void closeWriteEnd() {
-        if (m_ends[1] >= 0) {
-            close(m_ends[1]);
-            m_ends[1] = -1;
-        }
-    }
-
-private:
-    std::array<int, 2> m_ends{-1, -1};
-};
-
-ChildProcess startServer(const TemporaryHome& home, const Pipe& number) {
+ChildProcess startServer(const TemporaryHome& home, const ReadyPipe& number) {
     home.write("xorg.conf", configuration);
     return ChildProcess(
-        {.command = {programFile(serverFile) ? serverFile : "Xorg", "-displayfd", "3", "-config",
+        {.command = {std::filesystem::exists(serverFile) ? serverFile : "Xorg", "-displayfd", "3", "-config",
                      (home.path() / "xorg.conf").string(), "-logfile", home.logFile("xorg-server").string(),
                      "-noreset", "-nolisten", "tcp", "-novtswitch", "-sharevts"},
          .environment = home.environment(),
@@ -87,32 +55,17 @@ ChildProcess startServer(const TemporaryHome& home, const Pipe& number) {
          .passedDescriptor = number.writeEnd()});
 }
 
-std::string readNumber(Pipe& number, const TemporaryHome& home) {
-    number.closeWriteEnd();
-    std::string text;
-    pollfd readable{.fd = number.readEnd(), .events = POLLIN, .revents = 0};
-    while (!text.ends_with('\n') && poll(&readable, 1, 30'000) > 0) {
-        std::array<char, 16> chunk{};
-        const ssize_t count = read(number.readEnd(), chunk.data(), chunk.size());
-        if (count <= 0) {
-            break;
-        }
-        text.append(chunk.data(), static_cast<std::size_t>(count));
-    }
-    if (!text.ends_with('\n')) {
-        throw std::runtime_error("The X server did not start: " + home.logEnd("xorg"));
-    }
-    text.pop_back();
-    return ":" + text;
-}
-
 } // namespace
 
 XServer::XServer(const TemporaryHome& home)
     : m_process([&] {
-          Pipe number;
-          ChildProcess process = startServer(home, number);
-          m_display = readNumber(number, home);
+          ReadyPipe pipe;
+          ChildProcess process = startServer(home, pipe);
+          const auto number = pipe.line();
+          if (!number) {
+              throw std::runtime_error("The X server did not start: " + home.logEnd("xorg"));
+          }
+          m_display = ":" + *number;
           return process;
       }()) {}
 
