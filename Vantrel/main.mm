@@ -26,6 +26,7 @@
 #include "Vantrel/platform/macos/MacUserDefaults.h"
 #include "Vantrel/platform/macos/MacWorkspace.h"
 #include "Vantrel/platform/macos/MissionControl.h"
+#include "Vantrel/platform/macos/ObjCExceptions.h"
 #include "Vantrel/platform/macos/ProgramPresence.h"
 #include "Vantrel/platform/macos/RunningApplications.h"
 #include "Vantrel/platform/macos/Screens.h"
@@ -113,7 +114,8 @@ public:
     // When launching has finished.
     void finishedLaunching() {
         ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
-        CrashReporter::installExceptionHandler();
+        CrashReporter::installExceptionHandler(CrashReporter::OtherExceptions::comeFromTheirRuntime);
+        ObjCExceptions::reportUncaught(CrashReporter::reportUncaught);
         if (!m_accessibility.isTrusted()) {
             m_accessibility.prompt();
         }

@@ -113,7 +113,8 @@ INSTANTIATE_TEST_SUITE_P(
         byException("exception", "name: std::runtime_error\nreason: no window named … in …", "throwUncaught"),
         byException("exceptionOnThread", "name: std::runtime_error\nreason: no window named … in …",
                     "throwUncaught"),
-        byException("number", "name: int\nreason: none given", "crash")),
+        byException("number", "name: int\nreason: none given", "crash"),
+        byException("foreign", "name: NSRangeException\nreason: index 3", "crash")),
     ::testing::PrintToStringParamName());
 
 TEST(CrashReporterItself, EndsByTheFirstSignalWhenItsHandlerFaultsOrHangs) {

@@ -4,6 +4,7 @@
 #include "Vantrel/platform/macos/MacFolders.h"
 #include "Vantrel/platform/macos/MacLocalZone.h"
 #include "Vantrel/platform/macos/MacMachineIdentity.h"
+#include "Vantrel/platform/macos/ObjCExceptions.h"
 #include "Vantrel/platform/macos/ProgramPresence.h"
 #include "Vantrel/platform/macos/StandardUpdater.h"
 #include "Vantrel/platform/macos/SystemFacts.h"
@@ -27,6 +28,17 @@ TEST_F(ProgramOnTheMac, FollowsATravellersTimeZone) {
     EXPECT_EQ(zone.current(), *TimeZone::named("Asia/Tokyo"));
     mac().timeZone = "Atlantis";
     EXPECT_EQ(zone.current(), TimeZone::utc());
+}
+
+TEST_F(ProgramOnTheMac, ReportsExceptionsOfObjectiveCThatNobodyCatches) {
+    static std::vector<std::string> reported;
+    ObjCExceptions::reportUncaught([](const CrashReportText::UncaughtException& exception) {
+        reported = {exception.name, exception.reason, exception.callStack};
+    });
+    cocoa::throwUncaught("NSRangeException", "no window named \"Letter to Anna\"", {"0 a", "1 b"});
+    EXPECT_THAT(reported, ElementsAre("NSRangeException", "no window named …", "0 a\n1 b"));
+    cocoa::throwUncaught("NSGenericException", std::nullopt, {});
+    EXPECT_THAT(reported, ElementsAre("NSGenericException", "none given", ""));
 }
 
 TEST_F(ProgramOnTheMac, HasAnIconInTheDockOnlyWhenTold) {

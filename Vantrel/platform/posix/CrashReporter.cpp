@@ -19,6 +19,7 @@
 #include <exception>
 #include <execinfo.h>
 #include <fcntl.h>
+#include <functional>
 #include <memory>
 #include <pthread.h>
 #include <span>
@@ -45,6 +46,7 @@ std::atomic<bool> isReporting = false;
 std::atomic<pthread_t> reportingThread{};
 volatile std::sig_atomic_t reportedSignal = 0;
 std::terminate_handler formerTerminateHandler = nullptr;
+OtherExceptions otherExceptions = OtherExceptions::reportHere;
 
 static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<pthread_t>::is_always_lock_free,
               "a signal handler may not lock");
@@ -170,34 +172,49 @@ std::string exceptionReason() {
     }
 }
 
-bool writeExceptionReport() {
+CrashReportText::UncaughtException currentException() {
+    std::string callStack;
+    for (void* const frame : captureFrames()) {
+        callStack += callStack.empty() ? "" : "\n";
+        callStack += frameSymbols.line(frame);
+    }
+    return {.name = exceptionName(), .reason = exceptionReason(), .callStack = std::move(callStack)};
+}
+
+// Where there is no report of the exception, the SIGABRT that follows is reported.
+void reportException(const std::function<CrashReportText::UncaughtException()>& read) {
+    becomeTheReporter(SIGABRT);
+    bool isWritten = false;
     try {
-        std::string callStack;
-        for (void* const frame : captureFrames()) {
-            callStack += callStack.empty() ? "" : "\n";
-            callStack += frameSymbols.line(frame);
-        }
-        const auto report = CrashReportText::exceptionReport(
-            headerBuffer.view(),
-            {.name = exceptionName(), .reason = exceptionReason(), .callStack = std::move(callStack)});
+        const auto report = CrashReportText::exceptionReport(headerBuffer.view(), read());
         PosixFileSystem files;
-        return namePath(CrashReportNames::exceptionEnding) &&
-               !files.writeAtomically(pathBuffer.data(), report);
+        isWritten =
+            namePath(CrashReportNames::exceptionEnding) && !files.writeAtomically(pathBuffer.data(), report);
+    } catch (...) {
+        // Nobody is left to be told.
+    }
+    if (isWritten) {
+        std::signal(SIGABRT, SIG_DFL);
+    } else {
+        isReporting = false;
+    }
+}
+
+bool isStandardException() {
+    try {
+        throw;
+    } catch (const std::exception&) {
+        return true;
     } catch (...) {
         return false;
     }
 }
 
-// The former handler tells the exception on standard error and calls abort(). Where there is no exception,
-// or no report of it, the SIGABRT is reported.
+// The former handler tells the exception on standard error and calls abort().
 [[noreturn]] void handleTerminate() {
-    if (std::current_exception()) {
-        becomeTheReporter(SIGABRT);
-        if (writeExceptionReport()) {
-            std::signal(SIGABRT, SIG_DFL);
-        } else {
-            isReporting = false;
-        }
+    if (std::current_exception() &&
+        (otherExceptions == OtherExceptions::reportHere || isStandardException())) {
+        reportException(currentException);
     }
     formerTerminateHandler();
     std::abort();
@@ -241,9 +258,16 @@ void install(const std::filesystem::path& supportDirectory, const SystemDescript
     }
 }
 
-void installExceptionHandler() {
+void installExceptionHandler(OtherExceptions other) {
     if (formerTerminateHandler == nullptr && folderLength > 0) {
+        otherExceptions = other;
         formerTerminateHandler = std::set_terminate(handleTerminate);
+    }
+}
+
+void reportUncaught(const CrashReportText::UncaughtException& exception) {
+    if (folderLength > 0) {
+        reportException([&] { return exception; });
     }
 }
 

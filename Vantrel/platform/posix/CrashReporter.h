@@ -2,8 +2,10 @@
 // stack of the thread that crashed. The process then ends as it would have ended without.
 #pragma once
 
+#include "VantrelCore/diagnostics/CrashReportText.h"
 #include "VantrelCore/diagnostics/SystemDescription.h"
 
+#include <cstdint>
 #include <filesystem>
 
 namespace vantrel::CrashReporter {
@@ -16,9 +18,20 @@ namespace vantrel::CrashReporter {
 // does the clock when it takes longer than ten seconds; other threads that crash meanwhile wait for the end.
 void install(const std::filesystem::path& supportDirectory, const SystemDescription& system);
 
-// Has uncaught C++ exceptions reported with name and reason, which the signal alone (SIGABRT) would not have.
+// What becomes of uncaught exceptions that are not the standard library's.
+enum class OtherExceptions : std::uint8_t {
+    reportHere,
+    // The runtime of another language hands them to `reportUncaught`, out of the terminate handler that was
+    // there before. Objective-C's does.
+    comeFromTheirRuntime,
+};
+
+// Has uncaught exceptions reported with name and reason, which the signal alone (SIGABRT) would not have.
 // After `install`.
-void installExceptionHandler();
+void installExceptionHandler(OtherExceptions other = OtherExceptions::reportHere);
+
+// Reports an exception that ends the process; the SIGABRT that follows is not reported once more.
+void reportUncaught(const CrashReportText::UncaughtException& exception);
 
 // Inside the application-support folder.
 [[nodiscard]] std::filesystem::path crashesDirectory(const std::filesystem::path& supportDirectory);

@@ -94,6 +94,10 @@ constexpr std::array signals{
         throwUncaught();
     } else if (way == "number") {
         throw 42;
+    } else if (way == "foreign") {
+        vantrel::CrashReporter::reportUncaught(
+            {.name = "NSRangeException", .reason = "index 3", .callStack = "vantrel_crash_probe(crash) [0]"});
+        std::abort();
     } else if (way == "terminate") {
         terminate();
     } else if (way == "nowhereOnThread") {

@@ -105,6 +105,10 @@ void runMainQueue();
 void advance(double seconds);
 [[nodiscard]] std::size_t scheduledTimers();
 
+// What the runtime does when nobody catches an NSException, as far as the program's own handler.
+void throwUncaught(const std::string& name, const std::optional<std::string>& reason,
+                   const std::vector<std::string>& callStack);
+
 // Posts it in the centre of the workspace, of the program itself or of all programs.
 enum class Center { workspace, program, everybody };
 void post(Center center, const std::string& name, const std::shared_ptr<Application>& application = nullptr);

@@ -323,6 +323,29 @@ Class NSClassFromString(NSString* name) {
 }
 @end
 
+@implementation NSException {
+@public
+    NSString* _name;
+    NSString* _reason;
+    NSArray* _callStackSymbols;
+}
+- (NSString*)name {
+    return _name;
+}
+- (NSString*)reason {
+    return _reason;
+}
+- (NSArray*)callStackSymbols {
+    return _callStackSymbols;
+}
+@end
+
+static NSUncaughtExceptionHandler* uncaughtExceptionHandler = nullptr;
+
+void NSSetUncaughtExceptionHandler(NSUncaughtExceptionHandler* handler) {
+    uncaughtExceptionHandler = handler;
+}
+
 @implementation NSPredicate
 @end
 
@@ -343,6 +366,21 @@ NSError* makeError(NSInteger code, const std::string& description) {
     made->_code = code;
     made->_description = description;
     return made;
+}
+
+void throwUncaught(const std::string& name, const std::optional<std::string>& reason,
+                   const std::vector<std::string>& callStack) {
+    @autoreleasepool {
+        std::vector<id> lines;
+        for (const std::string& line : callStack) {
+            lines.push_back(make(line));
+        }
+        NSException* const thrown = [[NSException new] autorelease];
+        thrown->_name = make(name);
+        thrown->_reason = make(reason);
+        thrown->_callStackSymbols = makeArray(lines);
+        uncaughtExceptionHandler(thrown);
+    }
 }
 
 NSArray* makeArray(const std::vector<id>& objects) {

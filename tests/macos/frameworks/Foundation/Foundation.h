@@ -131,6 +131,15 @@ typedef NSString* NSErrorDomain;
 @property(readonly, copy) NSString* localizedDescription;
 @end
 
+@interface NSException : NSObject
+@property(readonly, copy) NSString* name;
+@property(nullable, readonly, copy) NSString* reason;
+@property(readonly, copy) NSArray<NSString*>* callStackSymbols;
+@end
+
+typedef void NSUncaughtExceptionHandler(NSException* exception);
+VANTREL_EXTERN void NSSetUncaughtExceptionHandler(NSUncaughtExceptionHandler* _Nullable handler);
+
 @interface NSTimeZone : NSObject
 @property(class, readonly, copy) NSTimeZone* systemTimeZone;
 + (void)resetSystemTimeZone;
