@@ -66,8 +66,10 @@ struct Desk {
 };
 
 TEST(RestoreEngine, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
-    const std::string move = "position size position, look";
-    const std::string sizeFirst = "sleep 0.08, size position position, look";
+    const std::string move = "position size position. look. ";
+    const std::string shift = "position. look. ";
+    const std::string pause = "sleep 0.08. ";
+    const std::string sizeFirst = pause + "size position position. look. ";
     const Options noSizes{.sizes = Sizes::leave};
     const Options stubborn{.stubbornBundleIDs = {"app"}};
     const struct {
@@ -79,24 +81,14 @@ TEST(RestoreEngine, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
         std::string events;
     } cases[] = {
         {"two points off", landingOff(2, 2), {}, {}, restored, move},
-        {"too far off", landingOff(2.01, 0), {}, {}, drifted, move + ", " + move + ", " + sizeFirst},
-        {"too wide", landingOff(0, 2.01), {}, {}, drifted, move + ", " + move + ", " + sizeFirst},
-        {"stubborn", landingOff(5, 0), {}, stubborn, drifted, move + ", " + sizeFirst},
-        {"without sizes", ScriptedWindow::obey, {}, noSizes, restored, "position, look"},
-        {"without sizes too far off",
-         landingOff(5, 0),
-         {},
-         noSizes,
-         drifted,
-         "position, look, position, look, sleep 0.08, position, look"},
-        {"rejects the first move", obeyingAfter(0), {true, false}, {}, rejected, "position size position"},
-        {"obeys the second move, whatever its result",
-         obeyingAfter(3),
-         {true, true, true, true, true, false},
-         {},
-         retried,
-         move + ", " + move},
-        {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + ", " + move + ", " + sizeFirst},
+        {"too far off", landingOff(2.01, 0), {}, {}, drifted, move + move + sizeFirst},
+        {"too wide", landingOff(0, 2.01), {}, {}, drifted, move + move + sizeFirst},
+        {"stubborn", landingOff(5, 0), {}, stubborn, drifted, move + sizeFirst},
+        {"position", ScriptedWindow::obey, {}, noSizes, restored, shift},
+        {"position too far off", landingOff(5, 0), {}, noSizes, drifted, shift + shift + pause + shift},
+        {"rejects the move", obeyingAfter(0), {true, false}, {}, rejected, "position size position. "},
+        {"obeys later, but says no", obeyingAfter(3), {true, true, true, false}, {}, retried, move + move},
+        {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + move + sizeFirst},
     };
     for (const auto& [name, respond, taken, options, outcome, events] : cases) {
         SCOPED_TRACE(name);
@@ -107,7 +99,7 @@ TEST(RestoreEngine, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
         const RestoreReport report = desk.restore(options);
         EXPECT_THAT(report.items, ElementsAre(Item{"App app", "app", "", outcome}));
         EXPECT_NEAR(report.elapsed, events.contains("sleep") ? 0.08 : 0, 1e-9);
-        EXPECT_EQ(fmt::format("{}", fmt::join(desk.journal.events(), ", ")), events);
+        EXPECT_EQ(fmt::format("{}. ", fmt::join(desk.journal.events(), ". ")), events);
     }
 }
 
