@@ -1,6 +1,7 @@
 #include "VantrelCore/displays/DisplayTopology.h"
 
 #include "tests/VantrelCore/DeskRecords.h"
+#include "tests/simulated/SimulatedDesk.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -40,6 +41,13 @@ TEST(DisplayTopology, ConfigNameListsExternalDisplaysByNameThenBuiltInOnes) {
                                            named("Studio Display", 1), named("B", 4, true),
                                            named("Alpha Monitor", 3)}),
               "Alpha Monitor + Studio Display (right) + Studio Display (left) + Z + B");
+}
+
+TEST(DisplayTopology, ADisplayThatIsNotThereIsCalledByItsNumber) {
+    simulated::SimulatedTime time;
+    simulated::SimulatedDesk desk(time, simulated::DeskSetup::named("laptop"));
+    EXPECT_EQ(DisplayTopology::uuid(1, desk.displayServices()), "37D8832A-2D66-02CA-B9F7-8F30A301B230");
+    EXPECT_EQ(DisplayTopology::uuid(7, desk.displayServices()), "display-7");
 }
 
 TEST(DisplayTopology, DescribesActiveDisplaysByWhatThePlatformKnowsOfThem) {

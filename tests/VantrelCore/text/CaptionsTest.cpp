@@ -123,7 +123,7 @@ TEST(RestoreLogFormatting, DurationsAreShort) {
         double seconds;
         const char* caption;
     } cases[] = {
-        {0.84, "0.8 s"},     {9.94, "9.9 s"},    {9.96, "10 s"}, {59.4, "59 s"},
+        {5.04, "5.0 s"},     {9.94, "9.9 s"},    {9.96, "10 s"}, {59.4, "59 s"},
         {59.5, "1 min 0 s"}, {125, "2 min 5 s"}, {-1, "0.0 s"},  {NAN, "0.0 s"},
     };
     for (const auto& [seconds, caption] : cases) {

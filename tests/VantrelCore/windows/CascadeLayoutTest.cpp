@@ -18,8 +18,8 @@ TEST(CascadeLayout, EveryWindowStandsAStepInFrontOfTheOneBehindItAtASizeThatTheS
     // Three steps fit below it, more beside it.
     const Size size{500, 740};
     EXPECT_THAT(CascadeLayout::fallbackFrames(
-                    {window(size, 0), window({0, 0}, 2), window({5000, 100}, 1), window(size, 2)}, screen),
-                ElementsAre(Rect{{184, 25}, size}, Rect{{128, 53}, {600, 560}}, Rect{{100, 81}, {1000, 100}},
+                    {window(size, 0), window({0, 0}, 1), window({5000, 100}, 2), window(size, 2)}, screen),
+                ElementsAre(Rect{{184, 25}, size}, Rect{{156, 81}, {600, 560}}, Rect{{100, 53}, {1000, 100}},
                             Rect{{100, 25}, size}));
     EXPECT_THAT(CascadeLayout::fallbackFrames({window(size, 0)}, Rect{}), ElementsAre(Rect{{}, size}));
 }

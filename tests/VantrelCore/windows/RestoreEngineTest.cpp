@@ -144,13 +144,13 @@ TEST(RestoreEngine, SavedWindowsWithoutALiveOneAreSkippedAndStrangersLeftAlone) 
     EXPECT_EQ(desk.restore(), RestoreReport{});
     desk.add("gone", "g");
     desk.current.clear();
-    desk.add("app", "w");
+    desk.add("app", "w").respond = obeyingAfter(3);
     desk.add("stranger", "s");
     desk.layout.windows.pop_back();
     const RestoreReport report = desk.restore();
     const Outcome missing{Kind::skipped, "window no longer exists"};
     EXPECT_THAT(report.items,
-                ElementsAre(Item{"App app", "app", "w", restored}, Item{"App gone", "gone", "g", missing}));
+                ElementsAre(Item{"App app", "app", "w", retried}, Item{"App gone", "gone", "g", missing}));
     EXPECT_EQ(report.expectedCount(), 2U);
     EXPECT_EQ(report.restoredCount(), 1U);
     EXPECT_EQ(report.skippedCount(), 1U);
