@@ -13,12 +13,6 @@ struct Docking : LearnedDesk {
     Docking() : LearnedDesk("laptop-and-monitor") {}
 
     void dock() { story.connect("laptop-and-monitor"); }
-
-    void expectEveryWindowCanBeSeen() {
-        for (const auto& window : story.desk.windows()) {
-            EXPECT_TRUE(story.desk.shows(window->frame.center())) << window->title;
-        }
-    }
 };
 
 TEST_F(Docking, EveryWindowIsBackAfterUndockingAndDocking) {
@@ -133,7 +127,9 @@ TEST_F(Docking, ARestoreThatADisplayChangeOvertakesMovesNothingAnyMore) {
     // Nothing is remembered for this desk, so nobody would correct what comes late.
     story.connect("ultrawide-left");
 
-    expectEveryWindowCanBeSeen();
+    for (const auto& [window, frame] : story.frames()) {
+        EXPECT_TRUE(story.desk.shows(frame.center())) << window;
+    }
     EXPECT_EQ(story.logged("restore abandoned: the displays changed meanwhile"), 1U);
 }
 

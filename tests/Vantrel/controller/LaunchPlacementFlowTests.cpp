@@ -9,12 +9,10 @@ constexpr const char* mailID = "org.example.mail";
 struct Launched : LearnedDesk {
     const Rect place = home.at(story.mail);
     const Rect opened{{5, 40}, {400, 300}};
-    std::vector<HUDEvent> shown;
 
     Launched() : LearnedDesk("laptop-and-monitor") {
         quitMail();
         story.workspace.install(mailID, {.name = "Mail", .windows = {{"Inbox", opened}}});
-        story.controller->setHUDHandler([this](const HUDEvent& event) { shown.push_back(event); });
     }
 
     void startMail(double seconds = 10) {

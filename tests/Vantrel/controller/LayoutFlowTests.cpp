@@ -35,6 +35,7 @@ TEST_F(Layouts, SwitchingGoesToAndFroAndKeepsWhatEachLayoutWasLastLike) {
     story.scatter();
     const auto scattered = story.frames();
     EXPECT_EQ(saveAs("  Work "), SaveOutcome::Kind::saved);
+    EXPECT_EQ(shown, std::vector<HUDEvent>{HUD::Saved{4}});
     EXPECT_EQ(story.published().activeLayoutName, "Work");
 
     EXPECT_TRUE(switchTo("Default"));

@@ -16,13 +16,17 @@ struct LearnedDesk : testing::Test {
         story.start();
         story.learn();
         home = story.frames();
+        story.controller->setHUDHandler([this](const HUDEvent& event) { shown.push_back(event); });
     }
 
-    Story story;
     // Where the windows stood when they were learned.
     std::map<WindowID, Rect> home;
+    // What the heads-up display has shown since, until a restart.
+    std::vector<HUDEvent> shown;
     // What was told to whoever asked, in order.
     std::vector<RestoreOutcome> told;
+    // The first to go, since it tells all of these.
+    Story story;
 
     [[nodiscard]] RestoreOutcome::Done tell() {
         return [this](const RestoreOutcome& outcome) { told.push_back(outcome); };

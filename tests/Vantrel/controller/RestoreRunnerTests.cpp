@@ -21,8 +21,6 @@ TEST_F(Restoring, PutsTheDeskBackInItsStackingOrder) {
     const std::int32_t browser = story.desk.window(story.browserLeft).pid;
     story.desk.close(story.browserLeft);
     const WindowID reopened = story.desk.open(browser, "News", {{5, 400}, {400, 300}});
-    std::vector<HUDEvent> events;
-    story.controller->setHUDHandler([&](const HUDEvent& event) { events.push_back(event); });
 
     EXPECT_TRUE(restore());
 
@@ -30,9 +28,9 @@ TEST_F(Restoring, PutsTheDeskBackInItsStackingOrder) {
     EXPECT_EQ(story.frame(story.mail), home.at(story.mail));
     EXPECT_EQ(story.stack().back(), reopened);
     EXPECT_EQ(story.stack().front(), order.front());
-    ASSERT_EQ(events.size(), 2U);
-    EXPECT_TRUE(std::holds_alternative<HUD::Restoring>(events.front()));
-    EXPECT_EQ(std::get<HUD::Done>(events.back()).windows, 4);
+    ASSERT_EQ(shown.size(), 2U);
+    EXPECT_TRUE(std::holds_alternative<HUD::Restoring>(shown.front()));
+    EXPECT_EQ(std::get<HUD::Done>(shown.back()).windows, 4);
     EXPECT_THAT(story.messages(),
                 Contains(StartsWith("restoreNow: restoring 4 windows (saved 2026-03-02T00:")));
     EXPECT_THAT(toldKinds(), ElementsAre(finished));

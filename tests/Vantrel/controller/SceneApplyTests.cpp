@@ -11,14 +11,12 @@ using testing::IsEmpty;
 
 // A scene of the learned desk is stored.
 struct ApplyingScenes : LearnedDesk {
-    std::vector<HUDEvent> events;
     const Rect musicOpensAt{{0, 0}, {300, 200}};
     const Rect slot{{500, 100}, {640, 480}};
 
     ApplyingScenes() {
         story.controller->scenes().saveCurrentAsScene("Work", {});
         story.runFor(2);
-        story.controller->setHUDHandler([this](const HUDEvent& event) { events.push_back(event); });
     }
 
     [[nodiscard]] Scene work() { return story.published().scenes.at(0); }
@@ -55,9 +53,9 @@ struct ApplyingScenes : LearnedDesk {
     }
 
     template <typename Event>
-    [[nodiscard]] std::vector<Event> shown() const {
+    [[nodiscard]] std::vector<Event> events() const {
         std::vector<Event> result;
-        for (const HUDEvent& event : events) {
+        for (const HUDEvent& event : shown) {
             if (const auto* found = std::get_if<Event>(&event)) {
                 result.push_back(*found);
             }
@@ -77,8 +75,8 @@ TEST_F(ApplyingScenes, WindowsGoToTheirPlacesAndHistoryUsageAndTheDeskRememberIt
     EXPECT_EQ(entry.reason, "scene");
     EXPECT_EQ(entry.sceneName, "Work");
     EXPECT_EQ(story.published().usage.sceneSwitches, 1);
-    EXPECT_THAT(shown<HUD::Done>(), IsEmpty());
-    EXPECT_THAT(shown<HUD::SceneApplied>(), ElementsAre(testing::Field(&HUD::SceneApplied::moved, 3)));
+    EXPECT_THAT(events<HUD::Done>(), IsEmpty());
+    EXPECT_THAT(events<HUD::SceneApplied>(), ElementsAre(testing::Field(&HUD::SceneApplied::moved, 3)));
 
     EXPECT_TRUE(undo());
     EXPECT_NE(story.frame(story.mail), home.at(story.mail));
@@ -89,10 +87,10 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     installMusic(3);
     apply(work(), 1);
     EXPECT_THAT(story.workspace.launches(), ElementsAre("org.example.music"));
-    EXPECT_EQ(shown<HUD::SceneApplied>().at(0).opened, 1);
+    EXPECT_EQ(events<HUD::SceneApplied>().at(0).opened, 1);
     story.runFor(6);
     EXPECT_EQ(story.frameOf("Songs"), slot);
-    EXPECT_THAT(shown<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 1, {}}));
+    EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 1, {}}));
     const WindowRecord record = work().layout.windows.back();
     EXPECT_EQ(record.isGhost, false);
     EXPECT_EQ(record.title, "Songs");
@@ -107,15 +105,15 @@ TEST_F(ApplyingScenes, WhoDoesNotComeWithinTwentySecondsIsNamedAndNotStartedTwic
     installMusic(60);
     apply(work());
     EXPECT_THAT(story.messages(), Contains("scene settlement: org.example.absent is not installed, skipped"));
-    EXPECT_EQ(shown<HUD::SceneApplied>().at(0).notOpen, 1);
+    EXPECT_EQ(events<HUD::SceneApplied>().at(0).notOpen, 1);
     // Applied again, the wait begins anew.
     story.runFor(10);
     apply(work());
     EXPECT_EQ(story.workspace.launches().size(), 1U);
     story.runFor(15);
-    EXPECT_THAT(shown<HUD::SceneSettled>(), IsEmpty());
+    EXPECT_THAT(events<HUD::SceneSettled>(), IsEmpty());
     story.runFor(6);
-    EXPECT_THAT(shown<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 0, {"music"}}));
+    EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 0, {"music"}}));
     EXPECT_THAT(story.messages(), Contains("scene settlement: opened 1, placed 0 · music did not finish "
                                            "opening for Work"));
     story.runFor(60);
@@ -142,7 +140,7 @@ TEST_F(ApplyingScenes, ANewerSceneAnUndoAndOtherDisplaysEndTheWait) {
         end();
         story.runFor(25);
         EXPECT_EQ(story.logged("scene settlement: cancelled for Work"), cancelled + 1);
-        EXPECT_THAT(shown<HUD::SceneSettled>(), IsEmpty());
+        EXPECT_THAT(events<HUD::SceneSettled>(), IsEmpty());
         EXPECT_TRUE(work().hasGhosts());
         EXPECT_EQ(story.frameOf("Songs"), musicOpensAt);
         const auto music = story.desk.pidsOf("org.example.music");

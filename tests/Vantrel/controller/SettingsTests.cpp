@@ -189,6 +189,7 @@ TEST_F(Sleeping, AnEventOnItsWayToTheMainThreadFindsAControllerThatIsGone) {
     story.runFor(0.05);
     story.controller->saveLayoutNow();
     story.controller.reset();
+    story.desk.launch("org.example.new", "New");
     story.runFor(60);
     EXPECT_EQ(story.logged("display settled: "), 0U);
 }

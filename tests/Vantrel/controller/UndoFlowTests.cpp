@@ -61,6 +61,18 @@ TEST_F(Undo, WindowsThatAreGoneAreSkippedAndAnApplicationThatWasStartedAnewIsFou
     EXPECT_EQ(told.back().report.skippedCount(), 1U);
 }
 
+TEST_F(Undo, LeavesAloneWhatARuleIgnoresSince) {
+    scatter();
+    const auto before = story.frames();
+    ASSERT_TRUE(restore());
+    ASSERT_TRUE(
+        story.controller->rules().setRule({"org.example.terminal", "Terminal", AppRule::Ignore{}, {}}));
+    EXPECT_TRUE(undo());
+    EXPECT_EQ(story.frame(story.terminal), home.at(story.terminal));
+    EXPECT_EQ(story.frame(story.mail), before.at(story.mail));
+    EXPECT_EQ(story.frame(story.browserLeft), before.at(story.browserLeft));
+}
+
 TEST_F(Undo, OfARestoreThatIsStillRunningUndoesThatOne) {
     scatter();
     ASSERT_TRUE(restore());
