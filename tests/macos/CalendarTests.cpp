@@ -55,20 +55,12 @@ protected:
 TEST_F(CalendarOfTheMac, EventsAreReadWithWhatTheyLackByTheirStart) {
     const auto reading = read();
     EXPECT_TRUE(reading.hasAccess);
-    EXPECT_THAT(reading.events, ElementsAre(CalendarEvent{.identifier = "",
-                                                          .title = "",
-                                                          .location = {},
-                                                          .notes = {},
-                                                          .url = {},
-                                                          .start = at("2026-03-01T09:00:00Z"),
-                                                          .end = at("2026-03-01T09:00:00Z")},
-                                            CalendarEvent{.identifier = "later",
-                                                          .title = "Später",
-                                                          .location = "Room",
-                                                          .notes = "https://example.com",
-                                                          .url = "https://example.com/url",
-                                                          .start = at("2026-03-01T09:30:00Z"),
-                                                          .end = at("2026-03-01T10:00:00Z")}));
+    const Date first = at("2026-03-01T09:00:00Z");
+    EXPECT_THAT(
+        reading.events,
+        ElementsAre(CalendarEvent{"", "", {}, {}, {}, first, first, false},
+                    CalendarEvent{"later", "Später", "Room", "https://example.com", "https://example.com/url",
+                                  at("2026-03-01T09:30:00Z"), at("2026-03-01T10:00:00Z"), false}));
 }
 
 TEST_F(CalendarOfTheMac, CancelledEventsAndThoseWithoutADateAreLeftOut) {
@@ -132,13 +124,9 @@ TEST_F(CalendarOfTheMac, AnOlderSystemIsAskedInItsOwnWay) {
 
 TEST_F(CalendarOfTheMac, AnAnswerAfterTheEndReachesNobody) {
     mac().calendarAccess = 0;
-    int answers = 0;
-    {
-        MacCalendarReader reader;
-        reader.requestAccessIfNeeded([&] { ++answers; });
-    }
+    MacCalendarReader().requestAccessIfNeeded([this] { ++m_answers; });
     cocoa::runMainQueue();
-    EXPECT_EQ(answers, 0);
+    EXPECT_EQ(m_answers, 0);
 }
 
 } // namespace

@@ -26,20 +26,10 @@ TEST_F(CFRefs, AReferenceIsReleasedExactlyOnceHoweverItIsPassedOn) {
     EXPECT_EQ(Ledger::references(first.get()), 1);
 }
 
-TEST_F(CFRefs, AContainerKeepsItsItemsAndLetsThemGo) {
-    const auto item = text("item");
-    {
-        const auto list = array({item, null(), number(3)});
-        EXPECT_EQ(Ledger::references(item.get()), 2);
-    }
-    EXPECT_EQ(Ledger::references(item.get()), 1);
-}
-
 TEST_F(CFRefs, CastingLooksAtTheRealType) {
     const Value string = text("x");
     EXPECT_NE(cfCast<CFStringRef>(string.get()), nullptr);
     EXPECT_EQ(cfCast<CFNumberRef>(string.get()), nullptr);
-    EXPECT_EQ(cfCast<CFBooleanRef>(Value(number(1)).get()), nullptr);
     EXPECT_EQ(cfCast<CFStringRef>(nullptr), nullptr);
 }
 
@@ -64,12 +54,6 @@ TEST_F(ObjectLedgerDeathTest, CallsThatCrashAMacEndTheTest) {
     EXPECT_DEATH(CFRelease(none.get()), "CFRelease: called with NULL");
     EXPECT_DEATH(CFArrayGetCount(static_cast<CFArrayRef>(static_cast<CFTypeRef>(text("x").get()))),
                  "CFArrayGetCount: called with an object of kind 1 instead of 2");
-    EXPECT_DEATH(
-        {
-            const auto owner = text("x");
-            CFRelease(owner.get());
-        },
-        "AddressSanitizer: heap-use-after-free");
 }
 
 } // namespace

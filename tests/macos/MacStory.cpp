@@ -5,7 +5,6 @@
 #include "tests/macos/fake/WindowServer.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace vantrel::fake {
 
@@ -16,11 +15,8 @@ namespace {
 
 constexpr const char* folder = "/Users/me/Library/Application Support/Vantrel";
 
-CGRect quartz(const Rect& rect) {
-    return {{rect.origin.x, rect.origin.y}, {rect.size.width, rect.size.height}};
-}
-
-Rect ours(const CGRect& rect) {
+template <typename To>
+To as(const auto& rect) {
     return {{rect.origin.x, rect.origin.y}, {rect.size.width, rect.size.height}};
 }
 
@@ -40,7 +36,7 @@ std::vector<Screen> kitScreens(const std::vector<SimulatedDisplay>& displays) {
 } // namespace
 
 MacStory::MacStory(const std::string& setup)
-    : log(folder, files, time), m_displayServices([this] { return kitScreens(m_displays); }) {
+    : Story(setup), m_displayServices([this] { return kitScreens(m_displays); }) {
     showDisplays(DeskSetup::named(setup));
     windowServer().windowList = [this] { return windowList(); };
 }
@@ -59,36 +55,19 @@ std::shared_ptr<Element> MacStory::run(const std::string& bundleID, const std::s
     std::vector<std::shared_ptr<Element>> elements;
     for (const auto& [title, frame] : windows) {
         const auto element = makeWindow(title, frame);
-        element->onAction = [this, self = element.get()](const std::string& /*action*/) {
-            const auto found = std::ranges::find_if(
-                m_windows, [&](const Window& each) { return each.element.get() == self; });
-            std::rotate(m_windows.begin(), found, found + 1);
-        };
-        m_windows.insert(m_windows.begin(), {.title = title, .element = element});
+        m_windows[title] = element;
         elements.push_back(element);
     }
     listWindows(*application, elements);
     return application;
 }
 
-Element& MacStory::window(const std::string& title) {
-    return *std::ranges::find(m_windows, title, &Window::title)->element;
-}
-
 std::map<std::string, Rect> MacStory::frames() const {
     std::map<std::string, Rect> result;
-    for (const Window& each : m_windows) {
-        result[each.title] = ours(frameOf(*each.element));
+    for (const auto& [title, element] : m_windows) {
+        result[title] = as<Rect>(frameOf(*element));
     }
     return result;
-}
-
-std::vector<std::string> MacStory::stacking() const {
-    std::vector<std::string> titles;
-    for (const Window& each : m_windows) {
-        titles.push_back(each.title);
-    }
-    return titles;
 }
 
 void MacStory::start() {
@@ -125,15 +104,6 @@ void MacStory::connect(const std::string& setup) {
     time.runFor(14);
 }
 
-std::vector<std::string> MacStory::messages() const {
-    std::vector<std::string> result;
-    std::istringstream lines(files.content(log.file()).value_or(""));
-    for (std::string line; std::getline(lines, line);) {
-        result.push_back(line.substr(line.find("] ") + 2));
-    }
-    return result;
-}
-
 std::vector<std::string> MacStory::changes() {
     auto calls = std::exchange(accessibility().calls, {});
     std::erase_if(calls, [](const std::string& call) { return call.starts_with("get "); });
@@ -147,7 +117,7 @@ void MacStory::showDisplays(const DeskSetup& setup) {
     ports.clear();
     for (const auto& display : m_displays) {
         windowServer().displays.push_back({.id = display.id,
-                                           .bounds = quartz(display.frame),
+                                           .bounds = as<CGRect>(display.frame),
                                            .isBuiltin = display.isBuiltin,
                                            .uuid = display.uuid});
         if (display.edidUUID) {
@@ -158,13 +128,13 @@ void MacStory::showDisplays(const DeskSetup& setup) {
 }
 
 void MacStory::rescueWindows() {
-    for (const Window& each : m_windows) {
-        const Rect frame = ours(frameOf(*each.element));
+    for (const auto& [title, element] : m_windows) {
+        const Rect frame = as<Rect>(frameOf(*element));
         const bool isShown = std::ranges::any_of(m_displays, [&](const SimulatedDisplay& display) {
             return display.frame.contains(frame.center());
         });
         if (!isShown) {
-            setFrame(*each.element, quartz(DisplayGeometry::clamp(frame, m_displays.front().usableFrame())));
+            setFrame(*element, as<CGRect>(DisplayGeometry::clamp(frame, m_displays.front().usableFrame())));
         }
     }
 }
@@ -172,10 +142,9 @@ void MacStory::rescueWindows() {
 Value MacStory::windowList() const {
     // The menu bar comes first, as on every Mac.
     std::vector<Value> items{listItem({.layer = number(24), .pid = number(1), .bounds = rectangle({})})};
-    for (const Window& each : m_windows) {
-        items.push_back(listItem({.layer = number(0),
-                                  .pid = number(each.element->pid),
-                                  .bounds = rectangle(frameOf(*each.element))}));
+    for (const auto& [title, element] : m_windows) {
+        items.push_back(listItem(
+            {.layer = number(0), .pid = number(element->pid), .bounds = rectangle(frameOf(*element))}));
     }
     return array(std::move(items));
 }

@@ -34,10 +34,7 @@ TEST_F(ScreensOfTheMac, KeepTheirOwnCoordinatesAndNames) {
 
 TEST_F(ScreensOfTheMac, WithoutAUsableNumberHaveNoDisplay) {
     mac().screens = {{.number = {}, .name = "none"}, {.number = 7, .name = "text", .isNumberText = true}};
-    const auto screens = Screens::read();
-    ASSERT_EQ(screens.size(), 2U);
-    EXPECT_EQ(screens[0].displayID, std::nullopt);
-    EXPECT_EQ(screens[1].displayID, std::nullopt);
+    EXPECT_THAT(Screens::read(), ElementsAre(Screen{{}, "none", {}, {}}, Screen{{}, "text", {}, {}}));
     mac().screens.clear();
     EXPECT_THAT(Screens::read(), IsEmpty());
 }
@@ -149,7 +146,6 @@ TEST_F(WorkspaceOfTheMac, MayBeDestroyedWhileItTells) {
     cocoa::post(cocoa::Center::workspace, didLaunch, application(9, "a"));
     cocoa::runMainQueue();
     EXPECT_EQ(workspace, nullptr);
-    EXPECT_EQ(cocoa::observers(), 0U);
 }
 
 } // namespace

@@ -306,9 +306,6 @@ AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attri
     if (const AXError error = errorFor(element.writeErrors, name); error != kAXErrorSuccess) {
         return error;
     }
-    if (element.onWrite) {
-        return element.onWrite(element, name, value);
-    }
     element.attributes[name] = Value::retain(value);
     return kAXErrorSuccess;
 }
@@ -316,14 +313,8 @@ AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attri
 AXError AXUIElementPerformAction(AXUIElementRef reference, CFStringRef action) {
     const std::string name = textOf(action);
     const Element& element = addressed(reference, __func__, "do " + name);
-    AXError error = generalError(element);
-    if (error == kAXErrorSuccess) {
-        error = errorFor(element.actionErrors, name);
-    }
-    if (error == kAXErrorSuccess && element.onAction) {
-        element.onAction(name);
-    }
-    return error;
+    const AXError error = generalError(element);
+    return error == kAXErrorSuccess ? errorFor(element.actionErrors, name) : error;
 }
 
 CFTypeID AXValueGetTypeID() {
@@ -345,10 +336,6 @@ AXValueRef AXValueCreate(AXValueType type, const void* value) {
         fail(__func__, "value type not provided for");
     }
     return static_cast<AXValueRef>(made.release());
-}
-
-AXValueType AXValueGetType(AXValueRef value) {
-    return valueOf(value, __func__).type;
 }
 
 Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* result) {

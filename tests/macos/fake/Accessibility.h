@@ -5,7 +5,6 @@
 #include "tests/macos/fake/CoreFoundationObjects.h"
 
 #include <ApplicationServices/ApplicationServices.h>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -26,9 +25,6 @@ struct Element {
     bool isDead = false;
     // Its application does not answer.
     bool isHanging = false;
-    // The application's own way of taking a value; without it the value is simply kept.
-    std::function<AXError(Element& element, const std::string& attribute, CFTypeRef value)> onWrite;
-    std::function<void(const std::string& action)> onAction;
 };
 
 // How applications answer to several questions at once.

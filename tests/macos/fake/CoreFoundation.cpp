@@ -382,14 +382,6 @@ Boolean CFBooleanGetValue(CFBooleanRef boolean) {
     return as<BooleanObject>(boolean, Kind::boolean, __func__)->value;
 }
 
-CFTypeID CFNullGetTypeID() {
-    return static_cast<CFTypeID>(Kind::null);
-}
-
-CFTypeID CFUUIDGetTypeID() {
-    return static_cast<CFTypeID>(Kind::uuid);
-}
-
 CFStringRef CFUUIDCreateString(CFAllocatorRef /*allocator*/, CFUUIDRef uuid) {
     return text(as<UUIDObject>(uuid, Kind::uuid, __func__)->text).release();
 }

@@ -62,9 +62,6 @@ extern "C" char __CFConstantStringClassReference[];
 + (Class)class {
     return self;
 }
-+ (BOOL)instancesRespondToSelector:(SEL)selector {
-    return fakeInstancesRespond(fakeClass(self), name(selector));
-}
 - (instancetype)init {
     return self;
 }
@@ -76,9 +73,6 @@ extern "C" char __CFConstantStringClassReference[];
 }
 - (BOOL)isEqual:(id)object {
     return self == object;
-}
-- (NSUInteger)hash {
-    return reinterpret_cast<NSUInteger>(self);
 }
 - (BOOL)isKindOfClass:(Class)kind {
     return fakeIsKind(fake(self), fakeClass(kind));
@@ -165,23 +159,11 @@ Class NSClassFromString(NSString* name) {
 + (NSNumber*)numberWithInt:(int)value {
     return [self numberWithDouble:value];
 }
-+ (NSNumber*)numberWithBool:(BOOL)value {
-    return [self numberWithDouble:value ? 1 : 0];
-}
 + (NSNumber*)numberWithUnsignedInt:(unsigned)value {
     return [self numberWithDouble:value];
 }
-- (int)intValue {
-    return static_cast<int>(_value);
-}
-- (BOOL)boolValue {
-    return _value != 0;
-}
 - (unsigned)unsignedIntValue {
     return static_cast<unsigned>(_value);
-}
-- (double)doubleValue {
-    return _value;
 }
 @end
 
@@ -204,15 +186,6 @@ Class NSClassFromString(NSString* name) {
 }
 - (NSUInteger)count {
     return _objects.size();
-}
-- (id)objectAtIndex:(NSUInteger)index {
-    return _objects.at(index);
-}
-- (id)objectAtIndexedSubscript:(NSUInteger)index {
-    return _objects.at(index);
-}
-- (id)firstObject {
-    return _objects.empty() ? nil : _objects.front();
 }
 - (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
                                   objects:(id __unsafe_unretained[])buffer

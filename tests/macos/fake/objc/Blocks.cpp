@@ -23,16 +23,6 @@ struct Block {
     Descriptor* descriptor;
 };
 
-// A variable marked __block.
-struct Shared {
-    void* isa;
-    Shared* forwarding;
-    std::atomic<std::int32_t> flags;
-    std::uint32_t size;
-    void (*keep)(void*, const void*);
-    void (*dispose)(const void*);
-};
-
 enum : std::int32_t {
     oneReference = 2,
     referenceMask = 0xfffe,
@@ -41,37 +31,11 @@ enum : std::int32_t {
     isGlobal = 1 << 28,
 };
 
-// What a captured value is.
-enum : int { aBlock = 7, aShared = 8, byCaller = 128 };
+// What a captured value is, unless an object.
+constexpr int aBlock = 7;
 
 Block* asBlock(const void* block) {
     return static_cast<Block*>(const_cast<void*>(block));
-}
-
-Shared* keepShared(Shared* shared) {
-    if ((shared->flags & onHeap) != 0) {
-        shared->flags += oneReference;
-        return shared;
-    }
-    auto* const copy = static_cast<Shared*>(std::malloc(shared->size));
-    std::memcpy(static_cast<void*>(copy), shared, shared->size);
-    // One for the block, one for the frame that it was taken from.
-    copy->flags = shared->flags | onHeap | (2 * oneReference);
-    copy->forwarding = copy;
-    shared->forwarding = copy;
-    if ((shared->flags & hasCopyAndDispose) != 0) {
-        shared->keep(copy, shared);
-    }
-    return copy;
-}
-
-void dropShared(Shared* shared) {
-    if ((shared->flags & onHeap) != 0 && ((shared->flags -= oneReference) & referenceMask) == 0) {
-        if ((shared->flags & hasCopyAndDispose) != 0) {
-            shared->dispose(shared);
-        }
-        std::free(shared);
-    }
 }
 
 } // namespace
@@ -116,11 +80,7 @@ void _Block_release(const void* released) {
 
 void _Block_object_assign(void* destination, const void* value, int kind) {
     auto** const place = static_cast<const void**>(destination);
-    if ((kind & byCaller) != 0) {
-        *place = value;
-    } else if ((kind & aShared) != 0) {
-        *place = keepShared(static_cast<Shared*>(const_cast<void*>(value))->forwarding);
-    } else if ((kind & aBlock) == aBlock) {
+    if ((kind & aBlock) == aBlock) {
         *place = _Block_copy(value);
     } else {
         *place = objc_retain(static_cast<FakeObject*>(const_cast<void*>(value)));
@@ -128,12 +88,7 @@ void _Block_object_assign(void* destination, const void* value, int kind) {
 }
 
 void _Block_object_dispose(const void* value, int kind) {
-    if ((kind & byCaller) != 0) {
-        return;
-    }
-    if ((kind & aShared) != 0) {
-        dropShared(static_cast<Shared*>(const_cast<void*>(value))->forwarding);
-    } else if ((kind & aBlock) == aBlock) {
+    if ((kind & aBlock) == aBlock) {
         _Block_release(value);
     } else {
         objc_release(static_cast<FakeObject*>(const_cast<void*>(value)));

@@ -1,27 +1,13 @@
-// Reference counts, autorelease pools and weak references.
+// Reference counts and autorelease pools.
 #include "tests/macos/fake/ObjectLedger.h"
 #include "tests/macos/fake/objc/Runtime.h"
 
 #include <atomic>
-#include <mutex>
-#include <set>
-#include <unordered_map>
 #include <vector>
 
 namespace vantrel::fake::objc {
 
 namespace {
-
-struct WeakReferences {
-    std::recursive_mutex mutex;
-    std::unordered_map<FakeObject*, std::set<FakeObject**>> places;
-};
-
-// Never destroyed: objects may go later than any static of ours.
-WeakReferences& weakReferences() {
-    static auto* const only = new WeakReferences;
-    return *only;
-}
 
 std::atomic<std::size_t> withoutPool = 0;
 thread_local std::vector<FakeObject*> autoreleased;
@@ -39,17 +25,6 @@ using namespace vantrel::fake;
 using namespace vantrel::fake::objc;
 
 extern "C" {
-
-void fakeClearWeakReferences(FakeObject* object) {
-    WeakReferences& weak = weakReferences();
-    const std::scoped_lock lock(weak.mutex);
-    if (const auto references = weak.places.find(object); references != weak.places.end()) {
-        for (FakeObject** const reference : references->second) {
-            *reference = nullptr;
-        }
-        weak.places.erase(references);
-    }
-}
 
 FakeObject* objc_retain(FakeObject* object) {
     if (object == nullptr) {
@@ -108,20 +83,8 @@ FakeObject* objc_autoreleaseReturnValue(FakeObject* object) {
     return objc_autorelease(object);
 }
 
-FakeObject* objc_retainAutorelease(FakeObject* object) {
-    return objc_autorelease(objc_retain(object));
-}
-
-FakeObject* objc_retainAutoreleaseReturnValue(FakeObject* object) {
-    return objc_retainAutorelease(object);
-}
-
 FakeObject* objc_retainAutoreleasedReturnValue(FakeObject* object) {
     return objc_retain(object);
-}
-
-FakeObject* objc_unsafeClaimAutoreleasedReturnValue(FakeObject* object) {
-    return object;
 }
 
 FakeObject* objc_retainBlock(FakeObject* block) {
@@ -132,41 +95,5 @@ void objc_storeStrong(FakeObject** place, FakeObject* object) {
     FakeObject* const before = *place;
     *place = objc_retain(object);
     objc_release(before);
-}
-
-FakeObject* objc_storeWeak(FakeObject** place, FakeObject* object) {
-    WeakReferences& weak = weakReferences();
-    const std::scoped_lock lock(weak.mutex);
-    if (*place != nullptr) {
-        weak.places[*place].erase(place);
-    }
-    *place = object;
-    if (object != nullptr) {
-        weak.places[object].insert(place);
-    }
-    return object;
-}
-
-FakeObject* objc_initWeak(FakeObject** place, FakeObject* object) {
-    *place = nullptr;
-    return objc_storeWeak(place, object);
-}
-
-void objc_destroyWeak(FakeObject** place) {
-    objc_storeWeak(place, nullptr);
-}
-
-FakeObject* objc_loadWeakRetained(FakeObject** place) {
-    const std::scoped_lock lock(weakReferences().mutex);
-    return objc_retain(*place);
-}
-
-void objc_copyWeak(FakeObject** to, FakeObject** from) {
-    objc_initWeak(to, *from);
-}
-
-void objc_moveWeak(FakeObject** to, FakeObject** from) {
-    objc_initWeak(to, *from);
-    objc_destroyWeak(from);
 }
 }

@@ -1,5 +1,5 @@
 // The part of the Objective-C runtime that programs compiled with -fobjc-runtime=macosx-13 -fobjc-arc call,
-// on Linux and x86-64: classes, categories, messages, reference counts, weak references, autorelease pools.
+// on Linux and x86-64: classes, messages, reference counts, autorelease pools.
 #pragma once
 
 #include <cstddef>
@@ -23,14 +23,12 @@ extern void* _NSConcreteGlobalBlock[32];
 [[nodiscard]] bool fakeIsBlock(const FakeObject* object);
 // Lives as long as the program: a class or a literal.
 [[nodiscard]] bool fakeIsForever(const FakeObject* object);
-void fakeClearWeakReferences(FakeObject* object);
 
 // What NSObject's root methods are made of.
 FakeObject* fakeAllocate(FakeClass* kind);
 void fakeDeallocate(FakeObject* object);
 bool fakeIsKind(FakeObject* object, FakeClass* kind);
 bool fakeResponds(FakeObject* object, const char* selector);
-bool fakeInstancesRespond(FakeClass* kind, const char* selector);
 FakeClass* object_getClass(FakeObject* object);
 FakeClass* objc_getClass(const char* name);
 }

@@ -70,7 +70,6 @@ enum : AXValueType {
 };
 VANTREL_EXTERN CFTypeID AXValueGetTypeID(void);
 VANTREL_EXTERN CF_RETURNS_RETAINED AXValueRef _Nullable AXValueCreate(AXValueType type, const void* value);
-VANTREL_EXTERN AXValueType AXValueGetType(AXValueRef value);
 VANTREL_EXTERN Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* result);
 
 #pragma clang assume_nonnull end

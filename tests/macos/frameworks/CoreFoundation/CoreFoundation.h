@@ -37,8 +37,6 @@ typedef SInt32 OSStatus;
 
 typedef signed long CFIndex;
 typedef unsigned long CFTypeID;
-typedef unsigned long CFOptionFlags;
-typedef unsigned long CFHashCode;
 
 typedef const void* CFTypeRef;
 typedef const struct __CFAllocator* CFAllocatorRef;
@@ -121,10 +119,8 @@ VANTREL_EXTERN CFTypeID CFBooleanGetTypeID(void);
 VANTREL_EXTERN Boolean CFBooleanGetValue(CFBooleanRef boolean);
 
 VANTREL_EXTERN const CFNullRef kCFNull;
-VANTREL_EXTERN CFTypeID CFNullGetTypeID(void);
 
 // UUIDs.
-VANTREL_EXTERN CFTypeID CFUUIDGetTypeID(void);
 VANTREL_EXTERN CF_RETURNS_RETAINED
     CFStringRef _Nullable CFUUIDCreateString(CFAllocatorRef _Nullable allocator, CFUUIDRef uuid);
 

@@ -38,7 +38,6 @@ typedef struct {
 
 @protocol NSObject
 - (BOOL)isEqual:(nullable id)object;
-- (NSUInteger)hash;
 - (Class)class;
 - (BOOL)isKindOfClass:(Class)kind;
 - (BOOL)respondsToSelector:(SEL)selector;
@@ -64,7 +63,6 @@ __attribute__((objc_root_class))
 - (instancetype)init;
 - (void)dealloc;
 + (Class)class;
-+ (BOOL)instancesRespondToSelector:(SEL)selector;
 - (id)copy;
 @end
 
@@ -85,21 +83,14 @@ typedef NSString* NSErrorDomain;
 
 @interface NSNumber : NSObject
 + (NSNumber*)numberWithInt:(int)value;
-+ (NSNumber*)numberWithBool:(BOOL)value;
 + (NSNumber*)numberWithUnsignedInt:(unsigned)value;
 + (NSNumber*)numberWithDouble:(double)value;
-@property(readonly) int intValue;
-@property(readonly) BOOL boolValue;
 @property(readonly) unsigned unsignedIntValue;
-@property(readonly) double doubleValue;
 @end
 
 @interface NSArray<__covariant T> : NSObject <NSFastEnumeration>
 + (instancetype)arrayWithObjects:(const T _Nonnull[_Nullable])objects count:(NSUInteger)count;
 @property(readonly) NSUInteger count;
-- (T)objectAtIndex:(NSUInteger)index;
-- (T)objectAtIndexedSubscript:(NSUInteger)index;
-@property(nullable, readonly) T firstObject;
 @end
 
 @interface NSDictionary<__covariant K, __covariant V> : NSObject
