@@ -53,18 +53,18 @@ void HotKeyFlow::start() {
 }
 
 void HotKeyFlow::syncEverything() {
+    // All that changed are dropped first: one may have taken another's combination.
+    std::erase_if(m_registered, [&](const auto& entry) { return stored(entry.first) != entry.second.combo; });
+    m_scenes.dropChanged(m_context.state().scenes);
     for (const auto surface : fixedSurfaces) {
-        sync(surface);
+        add(surface);
     }
     syncSceneHotKeys();
 }
 
 void HotKeyFlow::settingsChanged() {
     if (m_isStarted) {
-        for (const auto surface : fixedSurfaces) {
-            sync(surface);
-        }
-        publish();
+        syncEverything();
     }
 }
 
@@ -94,7 +94,7 @@ std::optional<HotKeyCombo> HotKeyFlow::stored(Kind surface) const {
     return std::nullopt;
 }
 
-void HotKeyFlow::sync(Kind surface) {
+void HotKeyFlow::add(Kind surface) {
     const auto action = [&]() -> std::function<void()> {
         switch (surface) {
         case Kind::fixedRestore:
@@ -112,14 +112,7 @@ void HotKeyFlow::sync(Kind surface) {
         return {};
     }();
     const auto combo = stored(surface);
-    const auto registered = m_registered.find(surface);
-    if (registered != m_registered.end()) {
-        if (combo == registered->second.combo) {
-            return;
-        }
-        m_registered.erase(registered);
-    }
-    if (!combo || !action) {
+    if (!combo || !action || m_registered.contains(surface)) {
         return;
     }
     if (auto hotKey = m_context.ports.hotKeys.add(fixedID(surface), *combo, action)) {

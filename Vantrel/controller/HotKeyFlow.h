@@ -53,7 +53,7 @@ private:
     [[nodiscard]] std::optional<HotKeyCombo> stored(Kind surface) const;
     // False when it could not be written.
     [[nodiscard]] bool write(const HotKeySurface& surface, std::optional<HotKeyCombo> combo);
-    void sync(Kind surface);
+    void add(Kind surface);
     void syncEverything();
     void publish();
 

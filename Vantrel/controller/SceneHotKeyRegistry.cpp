@@ -5,21 +5,26 @@
 
 namespace vantrel {
 
-void SceneHotKeyRegistry::sync(const std::vector<Scene>& scenes,
-                               const std::function<void(const std::string&)>& action) {
+void SceneHotKeyRegistry::dropChanged(const std::vector<Scene>& scenes) {
     std::erase_if(m_registered, [&](const auto& entry) {
         return std::ranges::none_of(scenes, [&](const Scene& scene) {
             return scene.id == entry.first && scene.hotkey() == entry.second.combo;
         });
     });
+}
+
+void SceneHotKeyRegistry::sync(const std::vector<Scene>& scenes,
+                               const std::function<void(const std::string&)>& action) {
+    dropChanged(scenes);
     m_refused.clear();
     for (const auto& scene : scenes) {
         const auto combo = scene.hotkey();
         if (!combo || m_registered.contains(scene.id)) {
             continue;
         }
-        auto hotKey = m_hotKeys.add(m_nextID++, *combo, [action, id = scene.id] { action(id); });
+        auto hotKey = m_hotKeys.add(m_nextID, *combo, [action, id = scene.id] { action(id); });
         if (hotKey) {
+            ++m_nextID;
             m_registered.emplace(scene.id, Registered{*combo, std::move(hotKey)});
         } else {
             m_refused.push_back(scene.id);

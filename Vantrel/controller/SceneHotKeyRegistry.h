@@ -22,6 +22,9 @@ public:
     // the scene's id when its shortcut is pressed. What the system refused is tried again every time.
     void sync(const std::vector<Scene>& scenes, const std::function<void(const std::string&)>& action);
 
+    // The first half of that.
+    void dropChanged(const std::vector<Scene>& scenes);
+
     // The scenes whose shortcut the system refused at the last sync.
     [[nodiscard]] const std::vector<std::string>& refused() const { return m_refused; }
 

@@ -46,11 +46,19 @@ std::optional<HotKeyCombo> Settings::hotkey(const std::string& surface) const {
 bool Settings::setHotkey(const std::string& surface, const std::optional<HotKeyCombo>& combo) {
     const std::string codeKey = surface + "KeyCode";
     const std::string modifiersKey = surface + "Modifiers";
-    if (!combo) {
-        const bool isCodeGone = m_defaults.remove(codeKey);
-        return m_defaults.remove(modifiersKey) && isCodeGone;
+    const auto codeBefore = m_defaults.integer(codeKey);
+    const auto write = [this](const std::string& key, std::optional<std::int64_t> value) {
+        return value ? m_defaults.set(key, *value) : m_defaults.remove(key);
+    };
+    if (!write(codeKey, combo ? std::optional(combo->keyCode) : std::nullopt)) {
+        return false;
     }
-    return m_defaults.set(codeKey, combo->keyCode) && m_defaults.set(modifiersKey, combo->modifiers);
+    if (!write(modifiersKey, combo ? std::optional(combo->modifiers) : std::nullopt)) {
+        // The new key with the old modifiers would be a shortcut that nobody asked for.
+        write(codeKey, codeBefore);
+        return false;
+    }
+    return true;
 }
 
 template <typename T>

@@ -31,7 +31,7 @@ std::optional<std::string> SimulatedDefaults::text(std::string_view key) {
 }
 
 bool SimulatedDefaults::set(std::string_view key, const DefaultsValue& value) {
-    if (m_writesFail) {
+    if (m_unwritable && key.find(*m_unwritable) != std::string_view::npos) {
         return false;
     }
     m_values.insert_or_assign(std::string(key), value);
@@ -40,7 +40,7 @@ bool SimulatedDefaults::set(std::string_view key, const DefaultsValue& value) {
 }
 
 bool SimulatedDefaults::remove(std::string_view key) {
-    if (m_writesFail) {
+    if (m_unwritable && key.find(*m_unwritable) != std::string_view::npos) {
         return false;
     }
     if (const auto found = m_values.find(key); found != m_values.end()) {

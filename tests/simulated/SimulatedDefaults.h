@@ -22,8 +22,8 @@ public:
     bool remove(std::string_view key) override;
     void setChangeHandler(std::function<void()> handler) override;
 
-    // From now on nothing can be written.
-    void failWrites() { m_writesFail = true; }
+    // From now on no key can be written whose name has this in it.
+    void failWrites(const std::string& part = "") { m_unwritable = part; }
 
 private:
     template <typename T>
@@ -33,7 +33,7 @@ private:
     MainQueue& m_queue;
     std::map<std::string, DefaultsValue, std::less<>> m_values;
     std::function<void()> m_handler;
-    bool m_writesFail = false;
+    std::optional<std::string> m_unwritable;
 };
 
 } // namespace vantrel::simulated

@@ -54,6 +54,21 @@ TEST_F(HotKeyStory, AShortcutIsChangedClearedAndKeptOverARestart) {
     story.defaults.set("undoModifiers", f9.modifiers);
     story.runFor(1);
     EXPECT_TRUE(press(f9));
+    // Two that change places.
+    story.defaults.set("restoreKeyCode", HotKeyDefaults::save.keyCode);
+    story.defaults.set("saveKeyCode", HotKeyDefaults::restore.keyCode);
+    story.runFor(1);
+    EXPECT_TRUE(press(HotKeyDefaults::save));
+    EXPECT_EQ(story.published().lastRestore->reason, "restore now (hotkey)");
+    EXPECT_TRUE(press(HotKeyDefaults::restore));
+}
+
+TEST_F(HotKeyStory, AShortcutThatCannotBeWrittenInFullStaysAsItWas) {
+    story.defaults.failWrites("Modifiers");
+    EXPECT_FALSE(story.controller->setHotkey(restoreSurface, f9));
+    EXPECT_FALSE(story.controller->setHotkey(undoSurface, f9));
+    EXPECT_TRUE(story.controller->restoreHotkeyIsDefault());
+    EXPECT_EQ(story.defaults.integer("undoKeyCode"), std::nullopt);
 }
 
 TEST_F(HotKeyStory, ACombinationThatIsInUseIsRefusedByName) {
