@@ -2,7 +2,9 @@
 
 #include "VantrelCore/scenes/WallpaperBaseline.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <functional>
 #include <utility>
 
 namespace vantrel {
@@ -19,6 +21,19 @@ std::optional<std::string> pathFor(const DisplayInfo& display,
                                                                          : std::optional(found->second);
 }
 
+// Where a desktop has one picture for all displays, what a scene has set on one of them is shown by the
+// others too, and is not the user's own there either.
+std::optional<std::string> usersOwn(const DisplayInfo& display, const std::optional<std::string>& shown,
+                                    const WallpaperMemory& memory) {
+    const auto own = memory.lastSet.find(display.uuid);
+    const auto set = std::ranges::find_if(memory.lastSet, [&](const auto& entry) {
+        return entry.second == shown && memory.baseline.contains(entry.first);
+    });
+    const bool isOthers =
+        set != memory.lastSet.end() && (own == memory.lastSet.end() || own->second != shown);
+    return isOthers ? memory.baseline.at(set->first) : shown;
+}
+
 } // namespace
 
 void WallpaperFlow::apply(const Scene& scene) {
@@ -26,7 +41,7 @@ void WallpaperFlow::apply(const Scene& scene) {
         m_next = scene;
         return;
     }
-    const WallpaperMemory memory = m_context.settings.wallpaperMemory();
+    const WallpaperMemory memory = m_unwritten.value_or(m_context.settings.wallpaperMemory());
     if (!scene.hasWallpaper() && memory.baseline.empty()) {
         return;
     }
@@ -35,7 +50,7 @@ void WallpaperFlow::apply(const Scene& scene) {
         WorkPriority::userInitiated,
         [wallpaper = scene.wallpaper, displays = m_context.state().displays, memory,
          &pictures = m_context.ports.pictures] { return show(wallpaper, displays, memory, pictures); },
-        [this, memory](const Result& result) { finish(memory, result); });
+        [this](const Result& result) { finish(result); });
 }
 
 WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& wallpaper,
@@ -48,24 +63,33 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
     for (const DisplayInfo& display : displays) {
         shown.push_back(pictures.picture(display));
     }
+    const bool isOneForAll =
+        displays.size() > 1 && std::ranges::adjacent_find(shown, std::ranges::not_equal_to()) == shown.end();
+    const WallpaperMemory before = result.memory;
     std::vector<const DisplayInfo*> changed;
-    for (std::size_t i = 0; i < displays.size(); ++i) {
-        const DisplayInfo& display = displays[i];
-        const auto decision =
-            WallpaperBaseline::decide(pathFor(display, wallpaper), shown[i], display.uuid, result.memory);
-        const auto* const set = std::get_if<WallpaperAction::Set>(&decision.action);
-        const auto* const restore = std::get_if<WallpaperAction::Restore>(&decision.action);
-        if (set == nullptr && restore == nullptr) {
-            continue;
-        }
-        const std::string& picture = set != nullptr ? set->path : restore->url;
-        if (!pictures.setPicture(display, picture)) {
-            result.problems.push_back(fmt::format("{} cannot be shown on {}", picture, display.name));
-            continue;
-        }
-        result.memory = decision.memory;
-        if (set != nullptr) {
-            changed.push_back(&display);
+    // Those without a wallpaper come first: there, too, what is put back is put back on all.
+    for (const bool isSetting : {false, true}) {
+        for (std::size_t i = 0; i < displays.size(); ++i) {
+            const DisplayInfo& display = displays[i];
+            const auto path = pathFor(display, wallpaper);
+            if (path.has_value() != isSetting) {
+                continue;
+            }
+            const auto current = isSetting && isOneForAll ? usersOwn(display, shown[i], before) : shown[i];
+            const auto decision = WallpaperBaseline::decide(path, current, display.uuid, result.memory);
+            const auto* const restore = std::get_if<WallpaperAction::Restore>(&decision.action);
+            if (!isSetting && restore == nullptr) {
+                continue;
+            }
+            const std::string& picture = isSetting ? *path : restore->url;
+            if (!pictures.setPicture(display, picture)) {
+                result.problems.push_back(fmt::format("{} cannot be shown on {}", picture, display.name));
+                continue;
+            }
+            result.memory = decision.memory;
+            if (isSetting) {
+                changed.push_back(&display);
+            }
         }
     }
     for (const DisplayInfo* display : changed) {
@@ -76,13 +100,16 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
     return result;
 }
 
-void WallpaperFlow::finish(const WallpaperMemory& before, const Result& result) {
+void WallpaperFlow::finish(const Result& result) {
     m_isBusy = false;
     for (const std::string& problem : result.problems) {
         m_context.log("scene wallpaper: " + problem);
     }
-    if (result.memory != before && !m_context.settings.setWallpaperMemory(result.memory)) {
+    m_unwritten.reset();
+    if (result.memory != m_context.settings.wallpaperMemory() &&
+        !m_context.settings.setWallpaperMemory(result.memory)) {
         m_context.log("scene wallpaper: what was shown before could not be written");
+        m_unwritten = result.memory;
     }
     if (const auto next = std::exchange(m_next, std::nullopt)) {
         apply(*next);

@@ -27,11 +27,13 @@ private:
     [[nodiscard]] static Result show(const std::optional<SceneWallpaper>& wallpaper,
                                      const std::vector<DisplayInfo>& displays, WallpaperMemory memory,
                                      DesktopPictures& pictures);
-    void finish(const WallpaperMemory& before, const Result& result);
+    void finish(const Result& result);
 
     ControllerContext& m_context;
     bool m_isBusy = false;
     std::optional<Scene> m_next;
+    // What the settings do not tell because it could not be written.
+    std::optional<WallpaperMemory> m_unwritten;
 };
 
 } // namespace vantrel

@@ -97,9 +97,24 @@ TEST_F(SceneWallpapers, TheUsersOwnComesBackAfterAnyNumberOfScenesAndARestart) {
     EXPECT_EQ(shown(), mine);
     EXPECT_EQ(story.defaults.text("wallpaperMemory"), R"({"baseline":{},"lastSet":{}})");
 
-    // On a desktop with one picture for all.
+    // Also where the settings cannot be written, as long as the program runs.
+    story.defaults.failWrites();
+    apply({{first, "/a.png"}});
+    apply(Pictures{});
+    EXPECT_EQ(shown(), mine);
+}
+
+TEST_F(SceneWallpapers, TheUsersOwnComesBackWhereOnePictureIsForAllDisplays) {
     story.pictures.isOneForAll = true;
+    const auto showsOnAll = [this](const std::string& picture) {
+        return shown() == Pictures{{first, picture}, {second, picture}};
+    };
     apply({{first, "/a.png"}, {second, "/b.png"}});
+    EXPECT_TRUE(showsOnAll("/b.png"));
+    apply({{first, "/c.png"}});
+    EXPECT_TRUE(showsOnAll("/c.png"));
+    apply({{second, "/d.png"}});
+    EXPECT_TRUE(showsOnAll("/d.png"));
     apply(Pictures{});
     EXPECT_EQ(shown(), mine);
 }
