@@ -49,6 +49,8 @@ public:
     bool displaysChanging = false;
     // Counts what makes scheduled resumes and captures under way stale.
     std::int64_t resumeEpoch = 0;
+    // Counts the display changes and wakes: what was placed before one may stand elsewhere by now.
+    std::int64_t deskEpoch = 0;
     // Counts the restores: what was captured before one does not show the desk any more.
     std::int64_t mutationEpoch = 0;
     bool restoreInFlight = false;

@@ -62,6 +62,7 @@ void DisplayChangeFlow::changeBegan() {
     m_context.snapshotsSuspended = true;
     m_context.displaysChanging = true;
     ++m_context.resumeEpoch;
+    ++m_context.deskEpoch;
     m_runner.abandonMoves();
     m_learning.adoptPreChangeSnapshotIfNeeded();
 }

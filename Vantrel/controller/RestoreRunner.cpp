@@ -90,13 +90,13 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
         m_context.refreshStatus();
         request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
     } else {
-        publishReport(request, result.report);
         if (onFinished) {
             onFinished(request, result);
         }
         if (request.finished) {
             request.finished(result);
         }
+        publishReport(request, result.report);
         // Whoever waits need not wait for the files.
         request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
         m_history.record(request, result.report, result.sizes);

@@ -1,7 +1,9 @@
 #include "Vantrel/controller/SceneApplyFlow.h"
 
+#include "VantrelCore/scenes/SceneDeskComparison.h"
 #include "VantrelCore/scenes/SceneSwitchPolicy.h"
 #include "VantrelCore/windows/MissingAppsPolicy.h"
+#include "VantrelCore/windows/RuleApplication.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -24,6 +26,18 @@ std::vector<std::string> bundleIDsOf(const Scene& scene) {
 std::string appName(const Scene& scene, const std::string& bundleID) {
     const auto window = std::ranges::find(scene.layout.windows, bundleID, &WindowRecord::bundleID);
     return window == scene.layout.windows.end() || window->appName.empty() ? bundleID : window->appName;
+}
+
+// Where the scene wants them.
+std::vector<SettlementFlow::Seated> seatedWindows(const RestorePass::Result& result) {
+    std::vector<SettlementFlow::Seated> seated;
+    for (const auto& landed : result.landed) {
+        seated.push_back({landed.bundleID, landed.handle});
+    }
+    for (const auto& filled : result.scene->slots.filled) {
+        seated.push_back({filled.slot.record.bundleID, filled.handle});
+    }
+    return seated;
 }
 
 // Their windows are not closed but on their way.
@@ -92,16 +106,23 @@ void SceneApplyFlow::rememberFormer(RestoreRequest& request, const std::string& 
 
 void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const ScenePass::Result& pass = *result.scene;
+    const auto placed = SceneDeskComparison::isCrossDesk(scene.configID, m_context.state().configID)
+                            ? SceneFlow::Placed::elsewhere
+                            : SceneFlow::Placed::onItsDesk;
     m_scenes.setLastApplied(scene.id);
-    m_scenes.solidify(scene.id, pass.slots.filled);
+    m_scenes.solidify(scene.id, pass.slots.filled, placed);
     hideOthers(scene, pass);
     const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());
     std::erase_if(m_launchedAt, [&](const auto& launched) { return running.contains(launched.first); });
     const auto launched = launchMissing(scene, pass);
     explainSlotsOf(launched, pass, result.report);
 
+    // A rule takes its application out of the scene.
+    const auto ignored = RuleApplication::ignoredBundleIDs(m_context.store.rules());
+    auto bundleIDs = bundleIDsOf(scene);
+    std::erase_if(bundleIDs, [&](const std::string& bundleID) { return ignored.contains(bundleID); });
     const auto missing =
-        MissingAppsPolicy::missingBundleIDs(bundleIDsOf(scene), running, m_context.ownBundleID.value_or(""));
+        MissingAppsPolicy::missingBundleIDs(bundleIDs, running, m_context.ownBundleID.value_or(""));
     const auto notOpen = static_cast<std::int64_t>(missing.size()) - std::ssize(launched);
     m_context.announce(HUD::SceneApplied{.name = scene.name,
                                          .moved = static_cast<std::int64_t>(result.report.restoredCount()),
@@ -114,7 +135,9 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
                         .sceneName = scene.name,
                         .launched = launched,
                         .slots = std::move(open),
-                        .itemOfSlot = pass.itemOfSlot});
+                        .itemOfSlot = pass.itemOfSlot,
+                        .seated = seatedWindows(result),
+                        .placed = placed});
     if (onApplied) {
         onApplied(scene);
     }

@@ -164,7 +164,8 @@ SceneFlow::EditResult SceneFlow::setHotkey(const std::string& id, std::optional<
     return edited(id, [&] { return m_store.updateHotkey(id, keyCode, modifiers); });
 }
 
-void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled) {
+void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled,
+                         Placed placed) {
     const auto scene = m_store.scene(id);
     if (!scene || scene->isPinned()) {
         return;
@@ -180,7 +181,7 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
         indices.insert(slot.index);
         titles[slot.index] = title;
         // On other displays the window stands where the scene does not want it on its own.
-        if (!isOnAnotherDesk(*scene)) {
+        if (placed == Placed::onItsDesk) {
             frames[slot.index] = frame;
         }
     }

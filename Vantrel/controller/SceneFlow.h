@@ -5,6 +5,7 @@
 #include "Vantrel/controller/SceneSaveOutcome.h"
 #include "Vantrel/controller/SlotFilling.h"
 
+#include <cstdint>
 #include <expected>
 #include <functional>
 #include <optional>
@@ -18,6 +19,10 @@ class SceneFlow {
 public:
     // The scene as it is now, or why it was left as it was.
     using EditResult = std::expected<Scene, SceneProblem>;
+
+    // Where its windows were placed: on the desk that the scene is of, or on another one, as it wants them
+    // there.
+    enum class Placed : std::uint8_t { onItsDesk, elsewhere };
 
     explicit SceneFlow(ControllerContext& context);
 
@@ -39,7 +44,7 @@ public:
 
     // Windows have taken these slots of the scene: those that were kept free for them are its windows now.
     // A pinned scene stays as it is.
-    void solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled);
+    void solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled, Placed placed);
     // The scene last applied on this desk; none when that was undone and there was none before.
     void setLastApplied(const std::optional<std::string>& id);
 

@@ -14,18 +14,22 @@ namespace {
 // Values only, so that a worker can own it.
 struct Look {
     std::vector<SceneSlot> slots;
-    std::vector<SlotFilling::Filled> filled;
+    std::vector<SettlementFlow::Seated> seated;
     DeskCapture::Scope scope;
     RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
     std::shared_ptr<const MovePermit> permit;
 };
 
-// Leaves out the windows that stand in a slot already.
-void eraseFilled(std::vector<CurrentWindow>& windows, const std::vector<SlotFilling::Filled>& filled) {
-    for (const auto& seated : filled) {
-        const auto frame = seated.handle.frame();
+// Leaves out the windows that stand in their places already. Asks only those of applications with slots.
+void eraseSeated(std::vector<CurrentWindow>& windows, const Look& look) {
+    for (const auto& [bundleID, handle] : look.seated) {
+        if (std::ranges::none_of(look.slots,
+                                 [&](const SceneSlot& slot) { return slot.record.bundleID == bundleID; })) {
+            continue;
+        }
+        const auto frame = handle.frame();
         const auto found = std::ranges::find_if(windows, [&](const CurrentWindow& window) {
-            return window.record.bundleID == seated.slot.record.bundleID && window.record.frame == frame;
+            return window.record.bundleID == bundleID && window.record.frame == frame;
         });
         if (found != windows.end()) {
             windows.erase(found);
@@ -36,7 +40,7 @@ void eraseFilled(std::vector<CurrentWindow>& windows, const std::vector<SlotFill
 SlotFilling::Result fillSlots(const Look& look, Accessibility& accessibility, Clock& clock,
                               Background& background) {
     auto windows = underPermit(DeskCapture::windows(accessibility, look.scope), look.permit);
-    eraseFilled(windows, look.filled);
+    eraseSeated(windows, look);
     // Applications that have no window yet are on their way, not missing.
     return SlotFilling::fill(look.slots, windows, {}, look.scope.displays, look.sizes, clock, background);
 }
@@ -62,8 +66,12 @@ void SettlementFlow::begin(Opening opening) {
     }
     m_pending->openSlots = std::move(opening.slots);
     m_pending->itemOfSlot = std::move(opening.itemOfSlot);
+    // What was filled before stands in its slot now, kept in the scene, or the slot is open again.
+    m_pending->filled.clear();
+    m_pending->seated = std::move(opening.seated);
+    m_pending->placed = opening.placed;
     m_pending->due = m_context.ports.clock.monotonicSeconds() + deadlineSpan;
-    m_pending->expectedResumeEpoch = m_context.resumeEpoch;
+    m_pending->expectedDeskEpoch = m_context.deskEpoch;
     m_pending->expectedMutationEpoch = m_context.mutationEpoch;
     schedulePoll();
 }
@@ -73,7 +81,7 @@ bool SettlementFlow::isAwaiting(const std::string& bundleID) const {
 }
 
 bool SettlementFlow::isOvertaken() const {
-    return m_pending->expectedResumeEpoch != m_context.resumeEpoch ||
+    return m_pending->expectedDeskEpoch != m_context.deskEpoch ||
            m_pending->expectedMutationEpoch != m_context.mutationEpoch;
 }
 
@@ -119,7 +127,7 @@ void SettlementFlow::look() {
     m_context.inBackground(
         WorkPriority::userInitiated,
         [look = Look{.slots = expectedSlots(),
-                     .filled = m_pending->filled,
+                     .seated = m_pending->seated,
                      .scope = m_context.captureScope(m_context.state().displays),
                      .sizes = sizes,
                      .permit = m_context.movePermit},
@@ -144,6 +152,7 @@ void SettlementFlow::settle(const SlotFilling::Result& result) {
         std::erase_if(m_pending->openSlots,
                       [&](const SceneSlot& slot) { return slot.index == filled.slot.index; });
         m_pending->filled.push_back(filled);
+        m_pending->seated.push_back({filled.slot.record.bundleID, filled.handle});
         items.push_back(m_pending->itemOfSlot.at(filled.slot.index));
     }
     m_history.addSettled(items);
@@ -157,23 +166,30 @@ void SettlementFlow::settle(const SlotFilling::Result& result) {
 
 void SettlementFlow::markPlaced(const SlotFilling::Result& result) {
     const auto isOf = [](const std::string& bundleID) {
-        return [&bundleID](const auto& item) { return item.slot.record.bundleID == bundleID; };
+        return [&bundleID](const SceneSlot& slot) { return slot.record.bundleID == bundleID; };
     };
     const auto isFull = [&](const std::string& bundleID) {
-        return std::ranges::none_of(m_pending->openSlots,
-                                    [&](const SceneSlot& slot) { return slot.record.bundleID == bundleID; });
+        return std::ranges::none_of(m_pending->openSlots, isOf(bundleID));
+    };
+    const auto isRefused = [&](const std::string& bundleID) {
+        return std::ranges::any_of(result.refused, isOf(bundleID));
     };
     const auto pending = m_pending->settlement.pendingBundleIDs();
     const auto lacking = MissingAppsPolicy::bundlesLackingWindows(
         pending, m_context.ownBundleID.value_or(""), [&](const std::string& bundleID) {
-            return isFull(bundleID) || std::ranges::any_of(m_pending->filled, isOf(bundleID));
+            // A window that would not stand in its slot has come all the same.
+            return isFull(bundleID) || isRefused(bundleID) ||
+                   std::ranges::find(m_pending->seated, bundleID, &Seated::bundleID) !=
+                       m_pending->seated.end();
         });
     for (const std::string& bundleID : pending) {
         if (std::ranges::find(lacking, bundleID) != lacking.end()) {
             continue;
         }
         int& quietPolls = m_pending->quietPolls[bundleID];
-        quietPolls = std::ranges::any_of(result.filled, isOf(bundleID)) ? 0 : quietPolls + 1;
+        quietPolls = std::ranges::any_of(result.filled, isOf(bundleID), &SlotFilling::Filled::slot)
+                         ? 0
+                         : quietPolls + 1;
         if (isFull(bundleID) || quietPolls >= patience || isExpired()) {
             const std::string name = m_pending->settlement.awaiting.at(bundleID);
             m_pending->settlement.markPlaced(bundleID);
@@ -181,12 +197,16 @@ void SettlementFlow::markPlaced(const SlotFilling::Result& result) {
                 fmt::format("scene settlement: {} placed for {}", name, m_pending->settlement.sceneName));
         }
     }
+    // A window that will not stand there is not moved on and on while others are awaited.
+    std::erase_if(m_pending->openSlots, [&](const SceneSlot& slot) {
+        return isRefused(slot.record.bundleID) && !isAwaiting(slot.record.bundleID);
+    });
 }
 
 // What stands in its slot by now stays the scene's.
 void SettlementFlow::keepWhatWasFilled() {
     m_poll.reset();
-    m_scenes.solidify(m_pending->settlement.sceneID, m_pending->filled);
+    m_scenes.solidify(m_pending->settlement.sceneID, m_pending->filled, m_pending->placed);
 }
 
 void SettlementFlow::finish() {

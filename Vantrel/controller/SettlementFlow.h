@@ -25,6 +25,12 @@ public:
     // expected to fill the others.
     static constexpr int patience = 3;
 
+    // A window that stands where the scene wants it.
+    struct Seated {
+        std::string bundleID;
+        AXWindowHandle handle;
+    };
+
     struct Opening {
         std::string sceneID;
         std::string sceneName;
@@ -32,6 +38,9 @@ public:
         // Of all applications; those that nothing was launched for stay open.
         std::vector<SceneSlot> slots;
         std::map<std::int64_t, std::size_t> itemOfSlot;
+        // By the scene's own restore.
+        std::vector<Seated> seated;
+        SceneFlow::Placed placed = SceneFlow::Placed::onItsDesk;
     };
 
     SettlementFlow(ControllerContext& context, SceneFlow& scenes, RestoreHistory& history)
@@ -50,13 +59,17 @@ private:
         SceneSettlement settlement;
         std::vector<SceneSlot> openSlots;
         std::map<std::int64_t, std::size_t> itemOfSlot;
+        // Since the scene was last applied.
         std::vector<SlotFilling::Filled> filled;
+        // Those, and what the scene's restore has seated.
+        std::vector<Seated> seated;
+        SceneFlow::Placed placed = SceneFlow::Placed::onItsDesk;
         // Polls since an application last filled a slot.
         std::map<std::string, int> quietPolls;
         // On the monotonic clock: the date's clock may be set.
         double due = 0;
         // It is about the desk as the scene's restore left it.
-        std::int64_t expectedResumeEpoch = 0;
+        std::int64_t expectedDeskEpoch = 0;
         std::int64_t expectedMutationEpoch = 0;
     };
 

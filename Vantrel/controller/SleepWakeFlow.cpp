@@ -19,6 +19,7 @@ void SleepWakeFlow::willSleep() {
 void SleepWakeFlow::handleWake() {
     m_missedWake.reset();
     m_context.isAsleep = false;
+    ++m_context.deskEpoch;
     m_context.log("didWake: checking pinned layout after settle");
     lookAfterSettling();
 }

@@ -38,10 +38,10 @@ struct ApplyingScenes : LearnedDesk {
         ASSERT_TRUE(story.controller->scenes().updateSceneLayout(work().id, layout));
     }
 
-    void installMusic(double startSeconds) {
+    void installMusic(double startSeconds, const WindowBehaviour& behaviour = {}) {
         story.workspace.install(
             "org.example.music",
-            {.name = "Music", .windows = {{"Songs", musicOpensAt}}, .startSeconds = startSeconds});
+            {.name = "Music", .windows = {{"Songs", musicOpensAt, behaviour}}, .startSeconds = startSeconds});
     }
 
     RestoreOutcome apply(const Scene& scene, double seconds = 2) {
@@ -88,6 +88,10 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     apply(work(), 1);
     EXPECT_THAT(story.workspace.launches(), ElementsAre("org.example.music"));
     EXPECT_EQ(events<HUD::SceneApplied>().at(0).opened, 1);
+    EXPECT_EQ(story.published().lastRestore->report.items.back().outcome.reason, "window has not opened yet");
+    // Whoever comes back to the desk finds it as it was.
+    story.system.setLocked(true);
+    story.system.setLocked(false);
     story.runFor(6);
     EXPECT_EQ(story.frameOf("Songs"), slot);
     EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 1, {}}));
@@ -120,6 +124,56 @@ TEST_F(ApplyingScenes, WhoDoesNotComeWithinTwentySecondsIsNamedAndNotStartedTwic
     EXPECT_EQ(story.frameOf("Songs"), musicOpensAt);
 }
 
+TEST_F(ApplyingScenes, AppliedAgainWhileItWaitsItLeavesSeatedWindowsWhereTheyAre) {
+    const Rect otherSlot{{100, 500}, {500, 300}};
+    Layout layout = work().layout;
+    addWindow(layout, "org.example.notes", "Todo", slot);
+    addWindow(layout, "org.example.notes", "Ideas", otherSlot);
+    ASSERT_TRUE(story.controller->scenes().updateSceneLayout(work().id, layout));
+    for (const Rect& frame : {slot, otherSlot}) {
+        addGhost("org.example.music", frame);
+    }
+    addGhost("org.example.slow", otherSlot);
+    installMusic(1);
+    story.workspace.install("org.example.notes", {.name = "Notes", .windows = {{"Todo", musicOpensAt}}});
+    story.workspace.install("org.example.slow", {.name = "Slow", .windows = {}, .startSeconds = 60});
+    apply(work(), 5);
+    apply(work(), 25);
+    EXPECT_EQ(story.frameOf("Songs"), slot);
+    EXPECT_EQ(story.frameOf("Todo"), slot);
+    EXPECT_EQ(work().layout.windows.at(6).isGhost, false);
+    EXPECT_EQ(work().layout.windows.at(7).isGhost, true);
+    EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 3, 2, {"slow"}}));
+}
+
+TEST_F(ApplyingScenes, AWindowThatWillNotStandInItsSlotHasComeAllTheSame) {
+    addGhost("org.example.music", slot);
+    installMusic(1, {.refusesMoves = true});
+    apply(work(), 8);
+    EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 1, {}}));
+    EXPECT_TRUE(work().hasGhosts());
+}
+
+TEST_F(ApplyingScenes, WhereAWindowStoodOnAnotherDeskIsNotKept) {
+    addGhost("org.example.music", slot);
+    addGhost("org.example.slow", slot);
+    const auto ghost = work().layout.windows.size() - 2;
+    installMusic(1, {.minimumSize = Size{700, 500}});
+    story.workspace.install("org.example.slow", {.name = "Slow", .windows = {}, .startSeconds = 60});
+    story.connect("laptop-and-monitor");
+    apply(work(), 5);
+    story.connect("laptop");
+    EXPECT_EQ(work().layout.windows.at(ghost).isGhost, false);
+    EXPECT_EQ(work().layout.windows.at(ghost).frame, slot);
+}
+
+TEST_F(ApplyingScenes, AnApplicationThatARuleIgnoresIsNotMissing) {
+    ASSERT_TRUE(
+        story.controller->rules().setRule({"org.example.mail", "Mail", AppRule::Ignore{}, std::nullopt}));
+    apply(work());
+    EXPECT_EQ(events<HUD::SceneApplied>().at(0).notOpen, 0);
+}
+
 TEST_F(ApplyingScenes, ANewerSceneAnUndoAndOtherDisplaysEndTheWait) {
     using End = std::function<void()>;
     const End ends[] = {[this] { undo(0); },
@@ -128,6 +182,10 @@ TEST_F(ApplyingScenes, ANewerSceneAnUndoAndOtherDisplaysEndTheWait) {
                             other.id = "other";
                             other.layout.windows.pop_back();
                             story.controller->applyScene(other);
+                        },
+                        [this] {
+                            story.system.setAsleep(true);
+                            story.system.setAsleep(false);
                         },
                         [this] { story.connect("laptop-and-monitor"); }};
     addGhost("org.example.music", slot);
