@@ -48,6 +48,12 @@ AppController::AppController(const ControllerPorts& ports, AppLog& log, Controll
       m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context),
       m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
+    m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
+    m_displayChange.onSettled = [this] { m_suggestions.refresh(); };
+    m_layouts.onRenamed = [this](const std::string& configID, const std::string& name,
+                                 const std::string& newName) {
+        m_launchPlacement.layoutRenamed(configID, name, newName);
+    };
     m_triggers.onFire = [this](const Scene& scene, const std::string& reason) { applyScene(scene, reason); };
     m_launchPlacement.isAwaitedBySettlement = [this](const std::string& bundleID) {
         return m_settlement.isAwaiting(bundleID);
@@ -106,8 +112,7 @@ AppController::~AppController() {
 }
 
 void AppController::watchForPermission() {
-    if (m_context.ports.accessibility.isTrusted()) {
-        m_permissionTimer.reset();
+    if (m_permissionTimer || m_context.ports.accessibility.isTrusted()) {
         return;
     }
     m_permissionTimer = m_context.ports.mainQueue.every(permissionPollInterval, [this] {
@@ -148,11 +153,9 @@ void AppController::applyLaunchAtLogin() {
 void AppController::tick() {
     m_stashes.dropExpired();
     m_learning.snapshotIfChanged();
-    if (published().hasPermission && !m_context.ports.accessibility.isTrusted()) {
-        // Taken away while running.
-        refreshStatus();
-        watchForPermission();
-    }
+    // Perhaps taken away while running.
+    refreshStatus();
+    watchForPermission();
 }
 
 void AppController::userDefaultsChanged() {
@@ -193,6 +196,7 @@ void AppController::setEnabled(bool isEnabled) {
     m_storedEnabled = m_context.settings.enabled();
     m_context.publisher.publish([&](PublishedState& state) { state.enabled = isEnabled; });
     refreshStatus();
+    m_learning.snapshotIfChanged();
 }
 
 void AppController::setHideOthersOnSceneSwitch(bool hides) {

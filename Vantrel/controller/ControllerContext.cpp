@@ -172,11 +172,9 @@ void ControllerContext::refreshStatus() {
     publisher.publish([&](PublishedState& state) {
         state.hasPermission = hasPermission;
         const Phase resting = StatusPhase::resting(hasPermission, state.enabled, state.windowsLearned());
-        const bool isShowingRestore = restoreInFlight || (m_phaseReset && state.phase.is<Phase::Restored>());
+        const bool isShowingRestore = restoreInFlight || m_phaseReset;
         const bool isHindered = resting.is<Phase::Off>() || resting.is<Phase::NeedsPermission>();
-        if (!isShowingRestore || isHindered) {
-            state.phase = resting;
-        }
+        state.phase = isShowingRestore && !isHindered ? m_restorePhase : resting;
     });
 }
 
@@ -187,6 +185,7 @@ void ControllerContext::endRestoredPhase() {
 
 void ControllerContext::showPhase(const Phase& phase) {
     publisher.publish([&](PublishedState& state) { state.phase = phase; });
+    m_restorePhase = phase;
     m_phaseReset.reset();
     if (phase.is<Phase::Restored>()) {
         m_phaseReset = ports.mainQueue.after(restoredPhaseSeconds, [this] {

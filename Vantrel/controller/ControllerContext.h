@@ -53,6 +53,9 @@ public:
     std::int64_t deskEpoch = 0;
     // Counts the restores: what was captured before one does not show the desk any more.
     std::int64_t mutationEpoch = 0;
+    // Counts the user's changes of layouts and rules: what was captured before one may carry another name, or
+    // hold what is to be ignored now.
+    std::int64_t learningEpoch = 0;
     bool restoreInFlight = false;
     // The permit of the last restore and of what follows up on it.
     std::shared_ptr<MovePermit> movePermit = std::make_shared<MovePermit>();
@@ -66,6 +69,9 @@ public:
     std::function<void()> onPassEnded;
     // Called once when the pass under way has ended, after a restore that waited has had its turn.
     void afterPass(std::function<void()> work) { m_afterPass.push_back(std::move(work)); }
+    // Called when a flow has moved windows and none of it is left to do: what was captured before does not
+    // show the desk any more.
+    std::function<void()> onDeskArranged = [] {};
 
     void log(std::string_view message) { m_log.write(message); }
     void announce(const HUDEvent& event) const;
@@ -134,6 +140,8 @@ private:
     bool m_axWorkInFlight = false;
     std::vector<std::function<void()>> m_afterPass;
     std::optional<bool> m_loggedEntitled;
+    // What there is to show of the restore that runs or has just finished.
+    Phase m_restorePhase;
     std::unique_ptr<ScheduledWork> m_phaseReset;
     std::unique_ptr<ScheduledWork> m_resume;
     // On the monotonic clock.

@@ -74,6 +74,7 @@ void DisplayChangeFlow::handleSettledChange(const std::string& configID,
     m_context.showDesk(configID, displays);
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();
+    onSettled();
     restoreIfWanted(reason);
     m_context.scheduleSnapshotResume(resumeDelay);
 }

@@ -7,6 +7,7 @@
 #include "Vantrel/controller/RestoreRunner.h"
 #include "VantrelCore/displays/DisplayWatcher.h"
 
+#include <functional>
 #include <memory>
 
 namespace vantrel {
@@ -20,6 +21,9 @@ public:
 
     // Takes the displays as they are now for the current desk and watches them from here on.
     void start();
+
+    // Called when another desk has settled and is published.
+    std::function<void()> onSettled = [] {};
 
     // Installs a new watcher when the settle delay is another one than the watcher's.
     void applySettleDelay();

@@ -21,6 +21,17 @@ std::string nameOf(const RunningApp& app) {
     return app.localizedName.value_or(*app.bundleID);
 }
 
+// A restore that ended within so many seconds has brought windows of the application to their places.
+bool wasJustPlaced(const PublishedState& state, const std::string& bundleID, Date now, double seconds) {
+    using Kind = RestoreReport::Kind;
+    const auto& last = state.lastRestore;
+    return last && secondsBetween(last->date, now) <= seconds &&
+           std::ranges::any_of(last->report.items, [&](const RestoreReport::Item& item) {
+               return item.bundleID == bundleID &&
+                      (item.outcome.kind == Kind::restored || item.outcome.kind == Kind::retried);
+           });
+}
+
 } // namespace
 
 LaunchPlacementFlow::LaunchPlacementFlow(ControllerContext& context) : m_context(context) {
@@ -32,9 +43,7 @@ void LaunchPlacementFlow::noteLayouts() {
     const PublishedState& state = m_context.state();
     if (m_noted != std::pair(state.configID, state.layoutsVersion)) {
         m_noted = {state.configID, state.layoutsVersion};
-        for (const Layout& layout : state.currentLayouts) {
-            m_remembered.note(layout);
-        }
+        m_remembered.note(state.configID, state.currentLayouts);
     }
 }
 
@@ -44,9 +53,11 @@ void LaunchPlacementFlow::handleAppLaunched(const RunningApp& app) {
         return;
     }
     const Key key{app.pid, *app.bundleID};
+    // The end of a restore that is running counts up once more.
+    const std::int64_t end = m_context.restoreInFlight ? 1 : 0;
     m_launches[key] = {.app = app,
                        .at = m_context.ports.clock.monotonicSeconds(),
-                       .epoch = m_context.mutationEpoch,
+                       .epoch = m_context.mutationEpoch + end,
                        .looks = 0,
                        .next = {}};
     lookAfter(key, firstLook);
@@ -81,10 +92,13 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
         return;
     }
     const Launch& launch = found->second;
+    const double age = m_context.ports.clock.monotonicSeconds() - launch.at;
     // A restore, an undo or a scene since then has had its say about the new windows.
-    const bool isOvertaken = launch.epoch != m_context.mutationEpoch;
+    const bool isOvertaken =
+        launch.epoch < m_context.mutationEpoch ||
+        wasJustPlaced(m_context.state(), *launch.app.bundleID, m_context.ports.clock.now(), age);
     const bool isHeld = isHeldUp();
-    const bool isTooLate = isHeld && m_context.ports.clock.monotonicSeconds() - launch.at >= longestHold;
+    const bool isTooLate = isHeld && age >= longestHold;
     if (isOvertaken || isTooLate || !isWanted(launch.app) || (!isHeld && !hasPlace(launch.app))) {
         m_launches.erase(found);
     } else if (isHeld) {
@@ -143,6 +157,7 @@ void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Resu
     if (result.moved > 0) {
         m_context.log(fmt::format("launch placement: moved {} window(s) of {}", result.moved, name));
         m_context.announce(HUD::AppPlaced{name, m_context.state().layoutTitle});
+        m_context.afterPass(m_context.onDeskArranged);
     }
     if (result.failed > 0) {
         m_context.log(fmt::format("launch placement: {} window(s) of {} did not go to their place",

@@ -28,6 +28,11 @@ public:
     // Places the application's windows as soon as there are any and nothing else moves windows.
     void handleAppLaunched(const RunningApp& app);
 
+    // What is remembered of this layout goes on under its new name.
+    void layoutRenamed(const std::string& configID, const std::string& name, const std::string& newName) {
+        m_remembered.rename(configID, name, newName);
+    }
+
     // Whether a scene that is being settled waits for windows of this application; none is not asked.
     std::function<bool(const std::string& bundleID)> isAwaitedBySettlement;
 
@@ -37,7 +42,7 @@ private:
         RunningApp app;
         // On the monotonic clock.
         double at = 0;
-        // Of the restores, when there was no window yet.
+        // The mutation epoch until the next restore begins, which has its say about the new windows.
         std::int64_t epoch = 0;
         std::size_t looks = 0;
         std::unique_ptr<ScheduledWork> next;

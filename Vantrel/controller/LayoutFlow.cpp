@@ -25,7 +25,7 @@ std::optional<std::string> validName(const std::string& name) {
 
 // What was captured so far belongs to another name or layout.
 void LayoutFlow::layoutsChanged() {
-    ++m_context.mutationEpoch;
+    ++m_context.learningEpoch;
     m_context.showStoredLayouts();
     m_context.refreshStatus();
 }
@@ -148,6 +148,7 @@ LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newN
     if (!m_context.store.renameLayout(desk, name, *wanted)) {
         return {Kind::writeFailed};
     }
+    onRenamed(desk, name, *wanted);
     layoutsChanged();
     return {Kind::done};
 }

@@ -35,6 +35,9 @@ public:
     void saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done);
 
     [[nodiscard]] LayoutChange rename(const std::string& name, const std::string& newName);
+    // Called when a layout of that desk has got another name.
+    std::function<void(const std::string& configID, const std::string& name, const std::string& newName)>
+        onRenamed = [](const auto&...) {};
 
     // Gives the current desk a name of the user's, which it keeps.
     [[nodiscard]] LayoutChange renameDesk(const std::string& newName);

@@ -50,12 +50,17 @@ std::optional<Layout> LearningFlow::storedLike(const Layout& layout) {
     return m_context.store.layout(layout.configID, layout.layoutName);
 }
 
+void LearningFlow::keepForAdoption(const Layout& layout) {
+    m_lastTickSnapshot = PreChangeSnapshot::Candidate{layout, layout.savedAt};
+    m_lastTickEpochs = epochs();
+}
+
 void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays) {
     const Layout layout = m_context.layoutOf(picture, displays);
-    m_lastTickSnapshot = PreChangeSnapshot::Candidate{layout, picture.takenAt};
-    m_lastTickEpochs = epochs();
+    keepForAdoption(layout);
     if (layout.windows.empty()) {
         // A window manager that restarts, or everything minimised: no reason to forget the desk.
+        m_stabilityGate.reset();
         return;
     }
     if (onFreshDesk) {
@@ -85,7 +90,8 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
 
 void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
     const auto candidate = std::exchange(m_lastTickSnapshot, std::nullopt);
-    const bool isOutdated = m_lastTickEpochs.mutation != m_context.mutationEpoch;
+    const bool isOutdated = m_lastTickEpochs.mutation != m_context.mutationEpoch ||
+                            m_lastTickEpochs.learning != m_context.learningEpoch;
     if (isOutdated || !m_context.state().enabled || !m_context.entitledToRun() ||
         !PreChangeSnapshot::shouldAdopt(candidate, m_context.ports.clock.now(), m_context.state().configID,
                                         maxPreChangeAge)) {
@@ -116,6 +122,7 @@ void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
 }
 
 SaveOutcome LearningFlow::finishSave(Layout layout) {
+    keepForAdoption(layout);
     if (const auto stored = storedLike(layout)) {
         layout.pinned = stored->pinned;
     }

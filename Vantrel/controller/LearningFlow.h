@@ -44,19 +44,25 @@ private:
     struct Epochs {
         std::int64_t resume = 0;
         std::int64_t mutation = 0;
+        std::int64_t learning = 0;
         bool operator==(const Epochs&) const = default;
     };
 
-    [[nodiscard]] Epochs epochs() const { return {m_context.resumeEpoch, m_context.mutationEpoch}; }
+    [[nodiscard]] Epochs epochs() const {
+        return {m_context.resumeEpoch, m_context.mutationEpoch, m_context.learningEpoch};
+    }
     [[nodiscard]] bool mayCapture();
+    // What is adopted when the desk is left now.
+    void keepForAdoption(const Layout& layout);
     void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
     [[nodiscard]] SaveOutcome finishSave(Layout layout);
     [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
 
     ControllerContext& m_context;
     SnapshotStabilityGate m_stabilityGate{requiredObservations};
+    // Of a tick or of the user's saving.
     std::optional<PreChangeSnapshot::Candidate> m_lastTickSnapshot;
-    // When it was taken; a restore since then makes it worthless.
+    // When it was taken; a restore or a change of layouts or rules since then makes it worthless.
     Epochs m_lastTickEpochs;
 };
 

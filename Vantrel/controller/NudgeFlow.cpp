@@ -15,26 +15,29 @@ std::string driftKey(const std::string& configID, const std::string& sceneID) {
 
 } // namespace
 
-std::optional<DriftNudgeInfo> NudgeFlow::nudge(const Layout& fresh) const {
+std::optional<DriftNudgeInfo> NudgeFlow::nudge(const Scene& scene, const Layout& fresh) const {
     const PublishedState& state = m_context.state();
-    const Scene* const scene = state.lastAppliedScene();
-    if (scene == nullptr || fresh.configID != state.configID || !m_context.settings.quietNudgesEnabled()) {
-        return std::nullopt;
-    }
     const Layout wanted =
-        SceneOnDesk::make(*scene, state.configID, state.displays, m_context.store.rules()).allWindows();
+        SceneOnDesk::make(scene, state.configID, state.displays, m_context.store.rules()).allWindows();
     if (!SceneDrift::hasDrifted(wanted, fresh, driftTolerance)) {
         return std::nullopt;
     }
     const auto moved = SceneDrift::movedWindowCount(wanted, fresh, driftTolerance);
-    return DriftNudgeInfo{scene->id, scene->name, static_cast<std::int64_t>(moved)};
+    return DriftNudgeInfo{scene.id, scene.name, static_cast<std::int64_t>(moved)};
 }
 
 void NudgeFlow::checkSceneDrift(const Layout& fresh) {
-    auto found = nudge(fresh);
-    if (!found) {
-        m_dismissedDriftKey.reset();
-    } else if (m_dismissedDriftKey == driftKey(fresh.configID, found->sceneID)) {
+    const PublishedState& state = m_context.state();
+    const Scene* const scene = state.lastAppliedScene();
+    if (scene == nullptr || fresh.configID != state.configID || !m_context.settings.quietNudgesEnabled()) {
+        publish(std::nullopt);
+        return;
+    }
+    auto found = nudge(*scene, fresh);
+    if (m_dismissedDriftKey == driftKey(fresh.configID, scene->id)) {
+        if (!found) {
+            m_dismissedDriftKey.reset();
+        }
         found.reset();
     }
     publish(found);

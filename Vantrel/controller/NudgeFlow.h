@@ -23,7 +23,8 @@ public:
     void dismissDriftNudge();
 
 private:
-    [[nodiscard]] std::optional<DriftNudgeInfo> nudge(const Layout& fresh) const;
+    // None when it has not drifted.
+    [[nodiscard]] std::optional<DriftNudgeInfo> nudge(const Scene& scene, const Layout& fresh) const;
     void publish(const std::optional<DriftNudgeInfo>& nudge);
 
     ControllerContext& m_context;

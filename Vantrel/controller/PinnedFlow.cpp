@@ -17,7 +17,7 @@ void PinnedFlow::observe(const Layout& current) {
     }
     const bool hasDrifted = m_driftGuard.observe(current, *pinned);
     if (hasDrifted) {
-        enforce(*pinned);
+        m_context.afterPass([this, pinned] { enforce(*pinned); });
     } else if (m_driftGuard.driftCount() == 0) {
         m_strikes = 0;
         m_isPaused = false;
@@ -25,7 +25,8 @@ void PinnedFlow::observe(const Layout& current) {
 }
 
 void PinnedFlow::enforce(const Layout& pinned) {
-    if (m_isPaused) {
+    // What the user asked for meanwhile comes first; a drift that is left is seen again.
+    if (m_isPaused || m_context.restoreInFlight) {
         return;
     }
     if (m_strikes == maxStrikes) {

@@ -19,7 +19,7 @@ public:
 
     PinnedFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}
 
-    // The desk was captured while its active layout is pinned.
+    // The desk was captured while its active layout is pinned. Called before the capture's pass ends.
     void observe(const Layout& current);
 
 private:

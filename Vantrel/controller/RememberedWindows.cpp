@@ -1,5 +1,6 @@
 #include "Vantrel/controller/RememberedWindows.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantrel {
@@ -16,10 +17,26 @@ std::map<std::string, std::vector<WindowRecord>> byApplication(const Layout& lay
 
 } // namespace
 
-void RememberedWindows::note(const Layout& layout) {
-    ByApplication& remembered = m_windows[{layout.configID, layout.layoutName}];
-    for (auto& [bundleID, windows] : byApplication(layout)) {
-        remembered.insert_or_assign(bundleID, std::move(windows));
+void RememberedWindows::note(const std::string& configID, const std::vector<Layout>& layouts) {
+    std::erase_if(m_windows, [&](const auto& remembered) {
+        const auto& [desk, name] = remembered.first;
+        return desk == configID && std::ranges::find(layouts, name, &Layout::layoutName) == layouts.end();
+    });
+    for (const Layout& layout : layouts) {
+        ByApplication& remembered = m_windows[{configID, layout.layoutName}];
+        for (auto& [bundleID, windows] : byApplication(layout)) {
+            remembered.insert_or_assign(bundleID, std::move(windows));
+        }
+    }
+}
+
+void RememberedWindows::rename(const std::string& configID, const std::string& name,
+                               const std::string& newName) {
+    const Key key{configID, newName};
+    m_windows.erase(key);
+    if (auto renamed = m_windows.extract(Key{configID, name})) {
+        renamed.key() = key;
+        m_windows.insert(std::move(renamed));
     }
 }
 

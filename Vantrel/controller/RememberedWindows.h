@@ -15,17 +15,21 @@ namespace vantrel {
 // Kept for this run of the program.
 class RememberedWindows {
 public:
-    // The layout as it is stored now.
-    void note(const Layout& layout);
+    // The desk's layouts as they are stored now. What was remembered of any other layout of it is forgotten.
+    void note(const std::string& configID, const std::vector<Layout>& layouts);
+
+    // The layout has another name from now on.
+    void rename(const std::string& configID, const std::string& name, const std::string& newName);
 
     // With the windows of the applications that it holds no more, behind its own.
     [[nodiscard]] Layout completed(Layout layout) const;
 
 private:
+    // Desk and layout.
+    using Key = std::pair<std::string, std::string>;
     using ByApplication = std::map<std::string, std::vector<WindowRecord>>;
 
-    // By desk and layout.
-    std::map<std::pair<std::string, std::string>, ByApplication> m_windows;
+    std::map<Key, ByApplication> m_windows;
 };
 
 } // namespace vantrel

@@ -16,12 +16,12 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
     if (task.permit->isRevoked()) {
         return {.report = {}, .landed = {}, .sizes = {}, .isAbandoned = true};
     }
-    const bool isKnown = !request.handles.empty();
-    auto [live, matched] = isKnown ? LiveWindows::known(request, task.scope, accessibility, background)
-                                   : LiveWindows::found(request.layout, task.scope, accessibility, clock);
+    const bool isUndo = request.purpose == RestorePurpose::undo;
+    auto [live, matched] = isUndo ? LiveWindows::known(request, task.scope, accessibility, background)
+                                  : LiveWindows::found(request.layout, task.scope, accessibility, clock);
     Result result;
     result.changedNothing = RestoreEngine::isInPlace(request.layout, live, matched, task.options);
-    if (!isKnown) {
+    if (!isUndo) {
         result.before = Before{live, clock.now()};
     }
     const auto current = underPermit(std::move(live), task.permit);

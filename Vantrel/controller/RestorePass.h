@@ -36,7 +36,7 @@ struct Result {
     std::vector<AppSizeBehaviorStore::Observation> sizes;
     // The permit was revoked before the end: the report does not tell how the desk stands.
     bool isAbandoned = false;
-    // None when the request came with its handles, as an undo does.
+    // None of an undo, which came with its handles.
     std::optional<Before> before = std::nullopt;
     // Everything was in place already.
     bool changedNothing = false;

@@ -38,8 +38,7 @@ struct RestoreRequest {
     // The scene whose layout this is: its open slots are filled too.
     std::optional<SceneOnDesk> scene = std::nullopt;
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
-    // The live windows that the layout's windows are, index by index, where they are known; else they are
-    // looked for.
+    // Of an undo: the live windows that the layout's windows are, index by index. Else they are looked for.
     std::vector<AXWindowHandle> handles = {};
     // If any, called on the main thread when its turn has come, before anything is read or moved; may still
     // change what is restored, but not the desk.

@@ -39,16 +39,15 @@ void RestoreRunner::abandonMoves() {
 }
 
 void RestoreRunner::start(RestoreRequest request) {
-    if (request.layout.configID != m_context.state().configID || !m_context.isDeskCurrent()) {
-        m_context.log("restore dropped: the displays have changed");
+    using Kind = RestoreOutcome::Kind;
+    const bool isOfThisDesk = request.layout.configID == m_context.state().configID;
+    const auto hindrance = isOfThisDesk ? m_context.hindranceToMoving() : Kind::displaysChanging;
+    if (hindrance) {
+        const RestoreOutcome outcome{.kind = *hindrance, .report = {}};
+        m_context.log(hindrance == Kind::displaysChanging ? "restore dropped: the displays have changed"
+                                                          : "restore dropped: " + outcome.text());
         m_context.refreshStatus();
-        request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
-        return;
-    }
-    if (!m_context.state().enabled || !m_context.entitledToRun()) {
-        m_context.log("restore dropped: restoring is switched off");
-        m_context.refreshStatus();
-        request.tell({.kind = RestoreOutcome::Kind::switchedOff, .report = {}});
+        request.tell(outcome);
         return;
     }
     if (request.prepare) {
@@ -105,6 +104,9 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
         }
     }
     runPending();
+    if (!m_context.restoreInFlight) {
+        m_context.onDeskArranged();
+    }
 }
 
 void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreReport& report) {

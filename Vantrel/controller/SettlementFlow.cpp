@@ -104,6 +104,8 @@ void SettlementFlow::poll(std::int64_t token) {
         schedulePoll();
     } else if (isOvertaken()) {
         cancel("the desk has changed");
+    } else if (m_context.hindranceToMoving()) {
+        cancel("nothing may be moved any more");
     } else {
         look();
     }
@@ -219,6 +221,7 @@ void SettlementFlow::finish() {
                                          summary.stragglers});
     keepWhatWasFilled();
     m_pending.reset();
+    m_context.afterPass(m_context.onDeskArranged);
 }
 
 void SettlementFlow::cancel(const char* why) {

@@ -50,9 +50,17 @@ void SleepWakeFlow::lookAfterSettling() {
 }
 
 void SleepWakeFlow::checkAfterWake() {
+    if (m_context.axWorkInFlight()) {
+        m_context.afterPass([this, epoch = m_context.resumeEpoch] {
+            if (epoch == m_context.resumeEpoch && !m_context.isAway()) {
+                checkAfterWake();
+            }
+        });
+        return;
+    }
     if (!m_context.state().activePinned || !m_context.state().enabled || !m_context.entitledToRun() ||
-        m_context.restoreInFlight || m_context.axWorkInFlight() ||
-        !m_context.ports.accessibility.isTrusted() || !m_context.isDeskCurrent()) {
+        m_context.restoreInFlight || !m_context.ports.accessibility.isTrusted() ||
+        !m_context.isDeskCurrent()) {
         return;
     }
     const auto displays = m_context.currentDisplays();
@@ -77,8 +85,13 @@ void SleepWakeFlow::restoreIfDrifted(const DeskCapture::Picture& picture,
         m_context.layoutOf(picture, displays).geometryMatches(*pinned, driftTolerance)) {
         return;
     }
-    m_context.log("didWake: pinned layout drifted, restoring");
-    m_runner.perform({.layout = *pinned, .displays = displays, .reason = "pinned enforcement"});
+    m_context.afterPass([this, pinned, displays] {
+        // What the user asked for meanwhile comes first.
+        if (!m_context.restoreInFlight) {
+            m_context.log("didWake: pinned layout drifted, restoring");
+            m_runner.perform({.layout = *pinned, .displays = displays, .reason = "pinned enforcement"});
+        }
+    });
 }
 
 } // namespace vantrel

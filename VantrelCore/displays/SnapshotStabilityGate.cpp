@@ -10,8 +10,7 @@ SnapshotStabilityGate::SnapshotStabilityGate(int requiredStableObservations)
 std::optional<Layout> SnapshotStabilityGate::observe(const Layout& snapshot,
                                                      const std::optional<Layout>& current) {
     if (current && snapshot.isEquivalent(*current)) {
-        m_pending.reset();
-        m_stableCount = 0;
+        reset();
         return std::nullopt;
     }
     if (!m_pending || !snapshot.isEquivalent(*m_pending)) {
@@ -23,9 +22,13 @@ std::optional<Layout> SnapshotStabilityGate::observe(const Layout& snapshot,
     if (m_stableCount < m_required - 1) {
         return std::nullopt;
     }
+    reset();
+    return snapshot;
+}
+
+void SnapshotStabilityGate::reset() {
     m_pending.reset();
     m_stableCount = 0;
-    return snapshot;
 }
 
 } // namespace vantrel

@@ -16,6 +16,9 @@ public:
     // Takes a fresh capture and the layout stored under the same desk and name; returns the layout to save.
     [[nodiscard]] std::optional<Layout> observe(const Layout& snapshot, const std::optional<Layout>& current);
 
+    // What comes next is the first of its row.
+    void reset();
+
 private:
     int m_required;
     std::optional<Layout> m_pending;

@@ -59,6 +59,37 @@ TEST_F(Docking, ACaptureIsAdoptedOnlyUpTo45SecondsLaterAndNotFromBeforeARestore)
     EXPECT_EQ(story.frames(), home);
 }
 
+TEST_F(Docking, WhatASceneOrTheUserMadeOfTheDeskIsKeptHoweverSoonItIsLeft) {
+    story.runFor(6);
+    const auto expectKept = [this](const char* what, const std::map<WindowID, Rect>& made) {
+        story.connect("laptop");
+        dock();
+        EXPECT_EQ(story.frames(), made) << what;
+    };
+    story.scatter();
+    const auto scattered = story.frames();
+    story.controller->scenes().saveCurrentAsScene("Work", {});
+    story.runFor(1);
+    ASSERT_TRUE(restore(1) && story.controller->applyScene(story.published().scenes.at(0)));
+    story.runFor(1);
+    expectKept("applied", scattered);
+
+    story.runFor(16);
+    story.scatter(200);
+    const auto saved = story.frames();
+    story.controller->saveLayoutNow();
+    story.runFor(1);
+    expectKept("saved", saved);
+
+    story.controller->setEnabled(false);
+    story.scatter(100);
+    const auto found = story.frames();
+    story.runFor(50);
+    story.controller->setEnabled(true);
+    story.runFor(1);
+    expectKept("found when switched on", found);
+}
+
 TEST_F(Docking, AFlickerMovesNothingThatWasRight) {
     story.desk.change(DeskSetup::named("laptop"), {.events = 1});
     story.runFor(0.02);
@@ -189,6 +220,7 @@ TEST_F(Rules, KeepAnApplicationOnItsDisplayAndLeaveAnotherAlone) {
     setRule("org.example.mail", "Mail", AppRule::ForceDisplay{monitor.uuid, monitor.name});
     setRule("org.example.terminal", "Terminal", AppRule::Ignore{});
     story.connect("laptop");
+    EXPECT_EQ(story.logged("pre-change snapshot adopted: "), 0U) << "it holds what is ignored now";
     const Rect terminal = story.frame(story.terminal);
     dock();
 

@@ -42,6 +42,34 @@ TEST_F(Launched, AnApplicationOpensWhereItWasLastSeenHoweverLateItsWindowComes) 
     EXPECT_EQ(story.desk.moves().size(), moves) << "the user's own move stays";
 }
 
+TEST_F(Launched, ItIsPlacedAlsoWhenARestoreRunsAndRememberedWhenTheDeskIsLeftAtOnce) {
+    story.learn();
+    story.workspace.install(mailID, {.name = "Mail", .windows = {{"Inbox", opened}}, .windowSeconds = 2});
+    story.desk.window(story.terminal).behaviour.answerSeconds = 0.2;
+    story.scatter();
+    ASSERT_TRUE(restore(0.1) && story.controller->restoreInFlight());
+    startMail(4);
+    EXPECT_EQ(inbox(), place);
+    story.connect("laptop");
+    EXPECT_EQ(story.logged("pre-change snapshot adopted: 4 windows for "), 1U);
+}
+
+TEST_F(Launched, WhatIsRememberedGoesWithTheNameOfItsLayout) {
+    LayoutFlow& layouts = story.controller->layouts();
+    story.learn();
+    EXPECT_EQ(layouts.rename("Default", "Usual").kind, LayoutChange::Kind::done);
+    startMail();
+    EXPECT_EQ(inbox(), place);
+    quitMail();
+    layouts.saveLayoutAs("Other", {});
+    story.runFor(1);
+    EXPECT_EQ(layouts.remove("Usual").kind, LayoutChange::Kind::done);
+    story.runFor(1);
+    EXPECT_EQ(layouts.rename("Other", "Usual").kind, LayoutChange::Kind::done);
+    startMail();
+    EXPECT_EQ(inbox(), opened) << "the deleted layout's place";
+}
+
 TEST_F(Launched, NothingMovesWhereAnythingStandsAgainstIt) {
     const auto staysWhereItOpened = [this](const char* why) {
         startMail();

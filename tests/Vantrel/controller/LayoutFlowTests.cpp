@@ -76,6 +76,16 @@ TEST_F(Layouts, UndoOfASwitchMakesTheFormerLayoutActiveAgain) {
     EXPECT_EQ(story.frames(), home);
 }
 
+TEST_F(Layouts, ASwitchOfAnEmptyDeskIsUndoneToo) {
+    saveAs("Work");
+    for (const auto& window : story.desk.windows()) {
+        window->isMinimized = true;
+    }
+    ASSERT_TRUE(switchTo("Default") && undo());
+    EXPECT_EQ(story.published().activeLayoutName, "Work");
+    EXPECT_FALSE(story.published().undoSlot);
+}
+
 TEST_F(Layouts, ASwitchIsRefusedWithAReasonAndChangesNothing) {
     saveAs("Work");
     EXPECT_FALSE(switchTo("work"));

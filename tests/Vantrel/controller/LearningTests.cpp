@@ -34,6 +34,22 @@ TEST_F(Learning, ADeskIsLearnedWhenItWasSeenFourTimesInARow) {
     EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
 }
 
+TEST_F(Learning, AnEmptyDeskBreaksTheRow) {
+    const auto minimizeAll = [this](bool isMinimized) {
+        for (const auto& window : story.desk.windows()) {
+            window->isMinimized = isMinimized;
+        }
+    };
+    story.runFor(31);
+    minimizeAll(true);
+    story.runFor(15);
+    minimizeAll(false);
+    story.runFor(45);
+    EXPECT_FALSE(story.storedLayout());
+    story.runFor(15);
+    EXPECT_TRUE(story.storedLayout());
+}
+
 TEST_F(Learning, ACaptureOfTheOldDeskIsNotTakenForTheNewOne) {
     story.runFor(1);
     story.desk.window(story.mail).behaviour.answerSeconds = 0.9;
@@ -102,8 +118,8 @@ TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {
     const std::size_t readings = story.desk.captures().size();
     story.learn();
     EXPECT_TRUE(story.published().phase.is<Phase::Off>());
-    story.controller->setEnabled(true);
     story.license.setEntitled(false);
+    story.controller->setEnabled(true);
     EXPECT_EQ(story.logged("license gate: not entitled, restore and learning paused"), 1U);
     story.learn();
     EXPECT_EQ(story.desk.captures().size(), readings);
@@ -137,6 +153,7 @@ TEST(LearningToBegin, APermissionIsWaitedForAlsoWhenItIsTakenAwayLater) {
     EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
 
     story.desk.setTrusted(false);
+    story.controller->refreshStatus();
     story.runFor(16);
     EXPECT_TRUE(story.published().phase.is<Phase::NeedsPermission>());
     story.connect("laptop-and-monitor");
@@ -196,6 +213,17 @@ TEST_F(Pinned, ALayoutThatIsDraggedAwayComesBackAfterTheSecondLook) {
     EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.published().lastRestore->reason, "pinned enforcement");
     EXPECT_EQ(story.logged("pinned drift: enforcing 4 windows for "), 1U);
+    EXPECT_EQ(story.logged("restore queued: "), 0U);
+}
+
+TEST_F(Pinned, EnforcingDoesNotTakeTheTurnOfWhatTheUserAskedFor) {
+    dragAway();
+    story.runFor(15);
+    story.desk.window(story.terminal).behaviour.answerSeconds = 0.5;
+    ASSERT_TRUE(story.time.runUntil([this] { return story.time.hasJobs(); }, 20));
+    ASSERT_TRUE(restore(10));
+    EXPECT_THAT(toldKinds(), testing::ElementsAre(RestoreOutcome::Kind::finished));
+    EXPECT_EQ(story.published().lastRestore->reason, "restore now (menu)");
 }
 
 TEST_F(Pinned, EnforcingPausesAfterThreeTimesInVainUntilTheLayoutChanges) {
@@ -232,7 +260,11 @@ TEST_F(Pinned, ALayoutThatDriftedIsPutBackAfterWakingUp) {
     story.system.setAsleep(true);
     dragAway();
     story.system.setAsleep(false);
-    story.runFor(4);
+    // Something else reads the desk when it is to be looked at.
+    story.desk.window(story.terminal).behaviour.answerSeconds = 0.5;
+    story.runFor(2.4);
+    story.controller->stashes().stashNow({});
+    story.runFor(5);
     EXPECT_EQ(story.logged("didWake: pinned layout drifted, restoring"), 1U);
     EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.published().lastRestore->reason, "pinned enforcement");

@@ -42,6 +42,13 @@ TEST_F(Nudges, WhatWasDismissedIsToldAgainOnlyAfterTheWindowsWereBack) {
     story.controller->dismissDriftNudge();
     displace(3);
     EXPECT_FALSE(isNudged());
+    story.defaults.set("quietNudgesEnabled", false);
+    story.connect("three-monitors");
+    story.runFor(16);
+    story.defaults.set("quietNudgesEnabled", true);
+    story.connect("laptop");
+    story.runFor(16);
+    EXPECT_FALSE(isNudged()) << "the same drift, after another desk";
     displace(0);
     displace(3);
     EXPECT_TRUE(isNudged());

@@ -73,6 +73,25 @@ TEST_F(Restoring, OneUnderWayAndOneQueuedForADeskThatIsGoneAreDroppedAndToldSo) 
     EXPECT_THAT(toldKinds(), ElementsAre(displaysChanging, displaysChanging));
 }
 
+TEST_F(Restoring, OneQueuedIsDroppedWithItsReasonWhenItsTurnComesTooLate) {
+    makeSlow(0.2);
+    story.scatter();
+    ASSERT_TRUE(restore(0.1) && restore(0));
+    story.license.setEntitled(false);
+    story.runFor(10);
+    EXPECT_THAT(toldKinds(), ElementsAre(finished, notEntitled));
+}
+
+TEST_F(Restoring, ItIsShownAgainWhenTheUserSwitchesOffAndOnMeanwhile) {
+    makeSlow(0.2);
+    story.scatter();
+    ASSERT_TRUE(restore(0.1));
+    story.controller->setEnabled(false);
+    EXPECT_TRUE(story.published().phase.is<Phase::Off>());
+    story.controller->setEnabled(true);
+    EXPECT_EQ(story.published().phase, Phase{Phase::Restoring{4}});
+}
+
 TEST_F(Restoring, WhateverMovesWindowsIsRefusedWithItsReasonWhileAnythingStandsAgainstIt) {
     AppController& controller = *story.controller;
     controller.scenes().saveCurrentAsScene("Work", {});

@@ -92,6 +92,7 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     // Whoever comes back to the desk finds it as it was.
     story.system.setLocked(true);
     story.system.setLocked(false);
+    EXPECT_EQ(story.controller->layouts().rename("Default", "Usual").kind, LayoutChange::Kind::done);
     story.runFor(6);
     EXPECT_EQ(story.frameOf("Songs"), slot);
     EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 1, {}}));
@@ -101,6 +102,8 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     EXPECT_THAT(story.messages(), Contains("scene solidified: 1 ghost slot(s) captured for Work"));
     EXPECT_EQ(story.controller->restoreLog().entries.at(0).items.back().outcome,
               RestoreLog::Outcome::restored);
+    story.connect("laptop-and-monitor");
+    EXPECT_EQ(story.logged("pre-change snapshot adopted: 5 windows for "), 1U);
 }
 
 TEST_F(ApplyingScenes, WhoDoesNotComeWithinTwentySecondsIsNamedAndNotStartedTwice) {
@@ -187,7 +190,8 @@ TEST_F(ApplyingScenes, ANewerSceneAnUndoAndOtherDisplaysEndTheWait) {
                             story.system.setAsleep(true);
                             story.system.setAsleep(false);
                         },
-                        [this] { story.connect("laptop-and-monitor"); }};
+                        [this] { story.connect("laptop-and-monitor"); },
+                        [this] { story.license.setEntitled(false); }};
     addGhost("org.example.music", slot);
     installMusic(4);
     for (const End& end : ends) {

@@ -58,6 +58,7 @@ TEST_F(Suggestions, OnAnotherDeskNothingIsSuggestedBeforeItWasSeenThere) {
     letDaysPass({0, 1, 1});
     ASSERT_TRUE(isSuggested());
     story.connect("three-monitors");
+    EXPECT_FALSE(isSuggested());
     story.learn();
     story.runFor(20);
     EXPECT_FALSE(isSuggested());
