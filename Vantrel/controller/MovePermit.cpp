@@ -23,6 +23,10 @@ public:
         return m_permit->isRevoked() ? nullptr : m_window->beginMoves();
     }
 
+    std::unique_ptr<UserMoveWatch> watchUserMoves() override {
+        return m_permit->isRevoked() ? nullptr : m_window->watchUserMoves();
+    }
+
     bool raise() override { return !m_permit->isRevoked() && m_window->raise(); }
 
 private:

@@ -20,7 +20,8 @@ std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>&
         const WindowRecord& saved = layout.windows[pair.saved];
         std::deque<std::size_t>& ofApp = itemsByApp[saved.bundleID];
         if (!ofApp.empty()) {
-            result.push_back({saved.bundleID, saved.frame, current[pair.current].handle, ofApp.front()});
+            result.push_back(
+                {saved.bundleID, saved.frame, current[pair.current].handle, ofApp.front(), nullptr});
             ofApp.pop_front();
         }
     }
@@ -32,6 +33,17 @@ std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report)
         return report.items[window.item].outcome.kind == RestoreReport::Kind::failed;
     });
     return moved;
+}
+
+std::vector<Moved> watched(std::vector<Moved> landed) {
+    for (Moved& window : landed) {
+        window.userMoves = window.handle.element()->watchUserMoves();
+    }
+    return landed;
+}
+
+bool isTakenByUser(const Moved& window) {
+    return window.userMoves && window.userMoves->hasSeenUser();
 }
 
 std::optional<Rect> visibleFrame(const Moved& window) {

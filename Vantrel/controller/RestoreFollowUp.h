@@ -7,6 +7,7 @@
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,8 @@ struct Moved {
     AXWindowHandle handle;
     // Which item of the report tells of it.
     std::size_t item = 0;
+    // Null as long as nobody watches.
+    std::shared_ptr<UserMoveWatch> userMoves = nullptr;
 };
 
 // The windows that `report` does not call skipped. `layout`, `current` and `matched` are what the restore was
@@ -30,6 +33,12 @@ struct Moved {
 
 // Those among them that `report` calls restored or retried.
 [[nodiscard]] std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report);
+
+// The same windows, with a watch on each that can be watched.
+[[nodiscard]] std::vector<Moved> watched(std::vector<Moved> landed);
+
+// The user has moved the window since: it stays where it is, whatever else moves it.
+[[nodiscard]] bool isTakenByUser(const Moved& window);
 
 // Asks the window; none for one that is gone, minimised or full screen.
 [[nodiscard]] std::optional<Rect> visibleFrame(const Moved& window);

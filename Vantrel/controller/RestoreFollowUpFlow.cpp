@@ -3,6 +3,10 @@
 #include "Vantrel/controller/ControllerText.h"
 #include "Vantrel/controller/PerApplication.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
 namespace vantrel {
 
 namespace {
@@ -12,26 +16,35 @@ using RestoreFollowUp::Moved;
 // Seconds after the end of the restore.
 constexpr double lookTimes[] = {1, 3, 7};
 
-// True when the window was displaced and stands at its place again.
-bool putBack(const Moved& window, RestoreEngine::Sizes sizes) {
+enum class Finding : std::uint8_t { nothing, putBack, leftToUser };
+
+Finding look(const Moved& window, RestoreEngine::Sizes sizes) {
     if (!RestoreFollowUp::isDisplaced(RestoreFollowUp::visibleFrame(window), window.target, sizes)) {
-        return false;
+        return Finding::nothing;
+    }
+    if (RestoreFollowUp::isTakenByUser(window)) {
+        return Finding::leftToUser;
     }
     RestoreEngine::place(window.target, window.handle, sizes);
-    return RestoreEngine::isReached(window.handle.frame(), window.target, sizes);
+    return RestoreEngine::isReached(window.handle.frame(), window.target, sizes) ? Finding::putBack
+                                                                                 : Finding::nothing;
 }
 
-// The report's items of the windows that were put back.
-std::vector<std::size_t> putBackDisplaced(const std::vector<Moved>& landed, RestoreEngine::Sizes sizes,
-                                          Background& background) {
-    // Not of bool, whose elements share bytes: each worker writes its own.
-    std::vector<char> isPutBack(landed.size());
-    PerApplication::forEach(landed, background, [&](std::size_t index) {
-        isPutBack[index] = putBack(landed[index], sizes) ? 1 : 0;
-    });
+// What was found of each window, in their order.
+std::vector<Finding> lookAt(const std::vector<Moved>& landed, RestoreEngine::Sizes sizes,
+                            Background& background) {
+    std::vector<Finding> findings(landed.size());
+    PerApplication::forEach(landed, background,
+                            [&](std::size_t index) { findings[index] = look(landed[index], sizes); });
+    return findings;
+}
+
+// The report's items of the windows of which that was found.
+std::vector<std::size_t> itemsOf(const std::vector<Moved>& landed, const std::vector<Finding>& findings,
+                                 Finding finding) {
     std::vector<std::size_t> items;
     for (std::size_t i = 0; i < landed.size(); ++i) {
-        if (isPutBack[i] != 0) {
+        if (findings[i] == finding) {
             items.push_back(landed[i].item);
         }
     }
@@ -42,14 +55,26 @@ std::vector<std::size_t> putBackDisplaced(const std::vector<Moved>& landed, Rest
 
 void RestoreFollowUpFlow::begin(std::vector<Moved> landed) {
     end();
-    m_landed = std::move(landed);
-    if (m_landed.empty()) {
+    if (landed.empty()) {
         return;
     }
-    for (const double seconds : lookTimes) {
-        m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, epoch = m_epoch] {
+    m_context.inBackground(
+        WorkPriority::userInitiated,
+        [landed = std::move(landed)] { return RestoreFollowUp::watched(landed); },
+        [this, epoch = m_epoch](std::vector<Moved> watched) {
             if (epoch == m_epoch) {
-                look();
+                m_landed = std::move(watched);
+            }
+        });
+    for (const double seconds : lookTimes) {
+        m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, seconds, epoch = m_epoch] {
+            if (epoch != m_epoch) {
+                return;
+            }
+            look();
+            if (seconds == std::rbegin(lookTimes)[0]) {
+                // Nobody watches for longer than anybody looks.
+                m_landed.clear();
             }
         }));
     }
@@ -71,12 +96,21 @@ void RestoreFollowUpFlow::look() {
     m_context.inBackground(
         WorkPriority::userInitiated,
         [landed = m_landed, sizes, &background = m_context.ports.background] {
-            return putBackDisplaced(landed, sizes, background);
+            return lookAt(landed, sizes, background);
         },
-        [this](const std::vector<std::size_t>& items) {
-            if (!items.empty()) {
-                m_context.log("restore follow-up: put back " + ControllerText::windows(items.size()));
-                m_onPutBack(items);
+        [this, epoch = m_epoch, landed = m_landed](const std::vector<Finding>& findings) {
+            const auto putBack = itemsOf(landed, findings, Finding::putBack);
+            if (!putBack.empty()) {
+                m_context.log("restore follow-up: put back " + ControllerText::windows(putBack.size()));
+                m_onPutBack(putBack);
+            }
+            const auto left = itemsOf(landed, findings, Finding::leftToUser);
+            if (!left.empty() && epoch == m_epoch) {
+                m_context.log("restore follow-up: left " + ControllerText::windows(left.size()) +
+                              " to the user");
+                std::erase_if(m_landed, [&](const Moved& window) {
+                    return std::ranges::find(left, window.item) != left.end();
+                });
             }
             m_context.endPass();
         });

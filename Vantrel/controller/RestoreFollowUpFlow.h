@@ -1,5 +1,5 @@
 // Looks again after an automatic restore, because window managers go on moving windows for seconds after a
-// display change, and puts back what was displaced.
+// display change, and puts back what was displaced, unless the user has moved it since.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -30,6 +30,7 @@ private:
 
     ControllerContext& m_context;
     std::function<void(const std::vector<std::size_t>&)> m_onPutBack;
+    // Those that are still to be kept at their places.
     std::vector<RestoreFollowUp::Moved> m_landed;
     std::vector<std::unique_ptr<ScheduledWork>> m_looks;
     std::int64_t m_epoch = 0;

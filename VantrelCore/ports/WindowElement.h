@@ -7,6 +7,7 @@
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
+#include "VantrelCore/ports/UserMoveWatch.h"
 
 #include <cstdint>
 #include <memory>
@@ -70,6 +71,10 @@ public:
     // Keep what it returns while windows of this window's application are moved one after the other: the
     // platform then makes its preparations for a move once. Null where it makes none.
     [[nodiscard]] virtual std::shared_ptr<void> beginMoves() { return nullptr; }
+
+    // Watches from now on what the user does to the window. Null where the platform cannot tell and when the
+    // window is gone.
+    [[nodiscard]] virtual std::unique_ptr<UserMoveWatch> watchUserMoves() { return nullptr; }
 
     // Brings the window to the front of the stack, without giving it the focus where the platform can.
     virtual bool raise() = 0;

@@ -13,6 +13,20 @@ constexpr double messagingTimeout = 1.0;
 
 } // namespace
 
+class SimulatedDesk::DragWatch final : public UserMoveWatch {
+public:
+    DragWatch(const SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id), m_begin(drags()) {}
+
+    [[nodiscard]] bool hasSeenUser() override { return drags() > m_begin; }
+
+private:
+    [[nodiscard]] std::ptrdiff_t drags() const { return std::ranges::count(m_desk.m_drags, m_id); }
+
+    const SimulatedDesk& m_desk;
+    WindowID m_id;
+    std::ptrdiff_t m_begin;
+};
+
 class SimulatedDesk::Element final : public WindowElement {
 public:
     Element(SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id) {}
@@ -44,6 +58,10 @@ public:
             results.push_back(m_desk.awaitAnswer(m_id) && m_desk.applyWrite(m_id, write));
         }
         return results;
+    }
+
+    [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override {
+        return std::make_unique<DragWatch>(m_desk, m_id);
     }
 
     bool raise() override {
@@ -290,6 +308,11 @@ bool SimulatedDesk::exists(WindowID id) const {
 
 SimulatedWindow& SimulatedDesk::window(WindowID id) {
     return *find(id);
+}
+
+void SimulatedDesk::drag(WindowID id, const Rect& frame) {
+    window(id).frame = frame;
+    m_drags.push_back(id);
 }
 
 void SimulatedDesk::bringToFront(WindowID id) {

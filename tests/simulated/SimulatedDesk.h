@@ -73,6 +73,8 @@ public:
     [[nodiscard]] bool exists(WindowID id) const;
     // To read and to change as the user or the application does, without a trace in moves(). Must exist.
     [[nodiscard]] SimulatedWindow& window(WindowID id);
+    // The user drags it there, which the platform can tell from any other move. Must exist.
+    void drag(WindowID id, const Rect& frame);
     void bringToFront(WindowID id);
     // Front to back.
     [[nodiscard]] const std::vector<std::unique_ptr<SimulatedWindow>>& windows() const { return m_windows; }
@@ -95,6 +97,7 @@ public:
 private:
     class Element;
     class Reading;
+    class DragWatch;
     class AccessibilityPort;
     class DisplayPort;
 
@@ -126,6 +129,7 @@ private:
     bool m_isTrusted = true;
     std::function<void()> m_reconfigurationHandler;
     std::vector<WindowID> m_moves;
+    std::vector<WindowID> m_drags;
     std::vector<double> m_captures;
     std::unique_ptr<AccessibilityPort> m_accessibility;
     std::unique_ptr<DisplayPort> m_displayPort;

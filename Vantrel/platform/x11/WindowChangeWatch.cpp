@@ -16,7 +16,10 @@ WindowChangeWatch::WindowChangeWatch(X11Connection& connection, std::optional<Ar
                                        notice(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
                                    })),
       m_selection(connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY)) {
-    selectClientEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    // The root's are selected already. The client's mark is a selection of the other connection.
+    if (m_arrival && m_arrival->clientSize && m_arrival->holder != connection.root()) {
+        m_clientSelection = connection.selectEvents(m_arrival->client, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    }
     const std::lock_guard lock(m_mutex);
     m_isLost = m_isLost || !connection.isConnected();
 }
@@ -24,14 +27,6 @@ WindowChangeWatch::WindowChangeWatch(X11Connection& connection, std::optional<Ar
 WindowChangeWatch::~WindowChangeWatch() {
     m_changes.reset();
     m_loss.reset();
-    selectClientEvents(XCB_EVENT_MASK_NO_EVENT);
-}
-
-void WindowChangeWatch::selectClientEvents(std::uint32_t mask) {
-    // The root's are selected already. The client's mark is a selection of the other connection.
-    if (m_arrival && m_arrival->clientSize && m_arrival->holder != m_connection.root()) {
-        xcb_change_window_attributes(m_connection.xcb(), m_arrival->client, XCB_CW_EVENT_MASK, &mask);
-    }
 }
 
 void WindowChangeWatch::notice(const xcb_configure_notify_event_t& change) {

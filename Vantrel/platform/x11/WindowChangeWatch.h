@@ -52,7 +52,6 @@ public:
 private:
     void notice(const xcb_configure_notify_event_t& change);
     void noticeArrival(const xcb_configure_notify_event_t& change, const Arrival& expected);
-    void selectClientEvents(std::uint32_t mask);
 
     X11Connection& m_connection;
     std::optional<Arrival> m_arrival;
@@ -67,6 +66,7 @@ private:
     Registration m_loss;
     Registration m_changes;
     Registration m_selection;
+    Registration m_clientSelection;
 };
 
 } // namespace vantrel

@@ -93,13 +93,16 @@ struct X11Connection::Shared {
 
     std::mutex handlersMutex;
     std::map<int, std::vector<std::shared_ptr<Handler>>> handlers;
-    std::mutex rootMutex;
-    // How many registrations want each bit of the root window's event mask.
-    std::array<int, 32> rootSelections{};
-    std::uint32_t rootMask = 0;
-    // Null once the connection is closed; guarded by rootMutex.
+    struct Selection {
+        // How many registrations want each bit of the window's event mask.
+        std::array<int, 32> counts{};
+        std::uint32_t mask = 0;
+    };
+
+    std::mutex selectionsMutex;
+    std::map<xcb_window_t, Selection> selections;
+    // Null once the connection is closed; guarded by selectionsMutex.
     xcb_connection_t* xcb = nullptr;
-    xcb_window_t root = XCB_WINDOW_NONE;
 
     void dispatch(int key, const xcb_generic_event_t& event) {
         std::vector<std::shared_ptr<Handler>> called;
@@ -136,17 +139,32 @@ struct X11Connection::Shared {
         });
     }
 
-    void changeRootSelection(std::uint32_t mask, int by) {
-        const std::lock_guard lock(rootMutex);
+    enum class Flush : std::uint8_t { now, later };
+
+    void changeSelection(xcb_window_t window, std::uint32_t mask, int by, Flush flush) {
+        const std::lock_guard lock(selectionsMutex);
+        Selection& selection = selections[window];
         std::uint32_t selected = 0;
-        for (std::size_t bit = 0; bit < rootSelections.size(); ++bit) {
-            rootSelections[bit] += (mask >> bit & 1U) != 0 ? by : 0;
-            selected |= rootSelections[bit] > 0 ? 1U << bit : 0U;
+        for (std::size_t bit = 0; bit < selection.counts.size(); ++bit) {
+            selection.counts[bit] += (mask >> bit & 1U) != 0 ? by : 0;
+            selected |= selection.counts[bit] > 0 ? 1U << bit : 0U;
         }
-        if (xcb != nullptr && selected != std::exchange(rootMask, selected)) {
-            xcb_change_window_attributes(xcb, root, XCB_CW_EVENT_MASK, &selected);
-            xcb_flush(xcb);
+        if (xcb != nullptr && selected != std::exchange(selection.mask, selected)) {
+            xcb_change_window_attributes(xcb, window, XCB_CW_EVENT_MASK, &selected);
+            if (flush == Flush::now) {
+                xcb_flush(xcb);
+            }
         }
+        if (selected == 0) {
+            selections.erase(window);
+        }
+    }
+
+    [[nodiscard]] static Registration select(const std::shared_ptr<Shared>& shared, xcb_window_t window,
+                                             std::uint32_t mask, Flush flush) {
+        shared->changeSelection(window, mask, 1, flush);
+        return Registration(
+            [shared, window, mask, flush] { shared->changeSelection(window, mask, -1, flush); });
     }
 };
 
@@ -191,7 +209,6 @@ X11Connection::X11Connection(xcb_connection_t* xcb, xcb_connection_t* questions,
     : m_xcb(xcb), m_questions(questions), m_screen(screen), m_atoms(atoms), m_extensions(extensions),
       m_shared(std::make_shared<Shared>()) {
     m_shared->xcb = xcb;
-    m_shared->root = screen.root;
     m_thread = threadWithoutSignals([this] { readEvents(); });
 }
 
@@ -200,7 +217,7 @@ X11Connection::~X11Connection() {
     // The thread may be blocked in xcb_wait_for_event, which only the end of the stream ends for certain.
     shutdown(xcb_get_file_descriptor(m_xcb), SHUT_RDWR);
     m_thread.join();
-    const std::lock_guard lock(m_shared->rootMutex);
+    const std::lock_guard lock(m_shared->selectionsMutex);
     m_shared->xcb = nullptr;
     xcb_disconnect(m_questions);
     xcb_disconnect(m_xcb);
@@ -225,8 +242,11 @@ Registration X11Connection::onLoss(std::function<void()> handler) {
 }
 
 Registration X11Connection::selectRootEvents(std::uint32_t mask) {
-    m_shared->changeRootSelection(mask, 1);
-    return Registration([shared = m_shared, mask] { shared->changeRootSelection(mask, -1); });
+    return Shared::select(m_shared, root(), mask, Shared::Flush::now);
+}
+
+Registration X11Connection::selectEvents(xcb_window_t window, std::uint32_t mask) {
+    return Shared::select(m_shared, window, mask, Shared::Flush::later);
 }
 
 void X11Connection::readEvents() {

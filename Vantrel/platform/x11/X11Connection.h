@@ -81,6 +81,9 @@ public:
     // that others ask for.
     [[nodiscard]] Registration selectRootEvents(std::uint32_t mask);
 
+    // The same for any window, but begins and ends only with the next flush.
+    [[nodiscard]] Registration selectEvents(xcb_window_t window, std::uint32_t mask);
+
 private:
     struct Shared;
 

@@ -4,6 +4,7 @@
 #include "Vantrel/platform/x11/PropertyValues.h"
 #include "Vantrel/platform/x11/WindowMove.h"
 #include "Vantrel/platform/x11/WindowQuery.h"
+#include "Vantrel/platform/x11/X11UserMoveWatch.h"
 
 #include <chrono>
 #include <optional>
@@ -65,6 +66,14 @@ std::vector<bool> X11WindowElement::write(std::span<const FrameWrite> writes) {
     }
     const bool isTaken = WindowMove(*m_desk, m_window, m_mark).to(FrameArithmetic::coalesce(writes));
     return std::vector<bool>(writes.size(), isTaken);
+}
+
+std::unique_ptr<UserMoveWatch> X11WindowElement::watchUserMoves() {
+    const auto facts = WindowQuery(*m_desk->connection, m_window, WindowScope::frame).collect();
+    if (!facts || !m_desk->marks.isSame(m_window, facts->isMarked, m_mark)) {
+        return nullptr;
+    }
+    return X11UserMoveWatch::begin(m_desk, m_window);
 }
 
 bool X11WindowElement::raise() {

@@ -25,6 +25,8 @@ public:
     // gone, nobody answered within 1.0 second or the window manager left the window as it was.
     [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override;
 
+    [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override;
+
     // Successive raises keep their order.
     bool raise() override;
 

@@ -134,6 +134,27 @@ TEST_F(Docking, TheFollowUpLeavesAloneWhatItsRestoreDidNotPlace) {
     EXPECT_THAT(story.messages(), Contains(HasSubstr("; failed: Terminal \"~\" (app rejected the move)")));
 }
 
+TEST_F(Docking, AWindowThatTheUserDragsMeanwhileIsNeverPutBackTheOthersAre) {
+    story.connect("laptop");
+    story.desk.drag(story.browserRight, {{10, 10}, {300, 200}});
+    story.desk.habits.meddlingDelays = {2.0, 4.5};
+    story.desk.change(DeskSetup::named("laptop-and-monitor"));
+    ASSERT_TRUE(awaitRestore(true));
+    ASSERT_TRUE(awaitRestore(false));
+    const Rect dragged{{1700, 100}, {640, 400}};
+    story.runFor(0.2);
+    story.desk.drag(story.terminal, dragged);
+    story.runFor(1.0);
+    EXPECT_EQ(story.frame(story.terminal), dragged);
+    EXPECT_EQ(story.logged("restore follow-up: left 1 window to the user"), 1U);
+    // The window manager moves both away, twice.
+    story.runFor(12);
+    EXPECT_EQ(story.frame(story.browserRight), home.at(story.browserRight));
+    EXPECT_NE(story.frame(story.terminal), home.at(story.terminal));
+    EXPECT_EQ(story.logged("restore follow-up: put back 1 window"), 2U);
+    EXPECT_EQ(story.logged("restore follow-up: left "), 1U);
+}
+
 TEST_F(Docking, AManualRestoreEndsTheFollowUp) {
     story.connect("laptop");
     story.desk.change(DeskSetup::named("laptop-and-monitor"));

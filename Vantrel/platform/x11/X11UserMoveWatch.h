@@ -1,0 +1,50 @@
+// Watches one window of the X server for moves by the user; see UserMoveEvidence.
+#pragma once
+
+#include "Vantrel/platform/x11/UserMoveEvidence.h"
+#include "Vantrel/platform/x11/X11Desk.h"
+#include "VantrelCore/ports/UserMoveWatch.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <xcb/xcb.h>
+
+namespace vantrel {
+
+class X11UserMoveWatch final : public UserMoveWatch {
+public:
+    // Null when the window is gone.
+    [[nodiscard]] static std::unique_ptr<X11UserMoveWatch> begin(std::shared_ptr<X11Desk> desk,
+                                                                 xcb_window_t client);
+
+    ~X11UserMoveWatch() override;
+
+    // Every move that the X server has made until now is counted.
+    [[nodiscard]] bool hasSeenUser() override;
+
+private:
+    X11UserMoveWatch(std::shared_ptr<X11Desk> desk, xcb_window_t client, xcb_window_t frame,
+                     const Rect& area);
+
+    void noticeFocus(const xcb_focus_in_event_t& event, bool isGrab);
+    void noticeMove(const xcb_configure_notify_event_t& event);
+    // Takes the pointer as it was found, if the answer is there. With the mutex held.
+    void takePointer();
+
+    std::shared_ptr<X11Desk> m_desk;
+    xcb_window_t m_client;
+    // The child of the root that holds the client, or the client itself.
+    xcb_window_t m_frame;
+    std::mutex m_mutex;
+    UserMoveEvidence m_evidence;
+    // A question for the pointer that is under way, at most one.
+    std::optional<xcb_query_pointer_cookie_t> m_pointer;
+    Registration m_focusIn;
+    Registration m_focusOut;
+    Registration m_moves;
+    Registration m_focusSelection;
+    Registration m_moveSelection;
+};
+
+} // namespace vantrel

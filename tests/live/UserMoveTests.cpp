@@ -1,0 +1,122 @@
+// Windows that a user moves with real pointer and keys, told from those that programs move.
+#include "tests/live/WindowDesk.h"
+
+#include <fmt/format.h>
+
+namespace vantrel::live {
+namespace {
+
+class UserMove : public WindowsUnder {
+protected:
+    void xdotool(const std::string& arguments) {
+        const auto ended = desk.run({"sh", "-c", "xdotool " + arguments});
+        ASSERT_EQ(ended.code, 0) << ended.output;
+    }
+
+    // By the title bar, until it has left its place.
+    void drag(xcb_window_t client) {
+        const Rect area = desk.frame(client);
+        const int x = static_cast<int>(area.center().x);
+        const int y = static_cast<int>(area.minY()) + 8;
+        xdotool(fmt::format("mousemove {} {} mousedown 1", x, y));
+        int step = 0;
+        EXPECT_TRUE(waitUntil([&] {
+            step += 40;
+            xdotool(fmt::format("mousemove {} {}", x + step % 200, y + step % 200));
+            return desk.frame(client) != area;
+        }));
+        xdotool("mouseup 1");
+    }
+
+    void moveByKeys(xcb_window_t client) {
+        xdotool(fmt::format("windowactivate --sync {}", client));
+        // openbox has no key for it: from the window's menu.
+        const bool hasKey = std::string(GetParam()) == "xfwm4";
+        xdotool(hasKey ? "key alt+F7 Right Right Down Return" : "key alt+space m Right Right Down Return");
+    }
+
+    void type(xcb_window_t client) {
+        const Rect area = desk.frame(client);
+        xdotool(fmt::format("mousemove {} {} click 1 type hello", area.center().x, area.center().y));
+    }
+
+    // Whether the window's frame has left where it was.
+    bool hasLeft(xcb_window_t client, const Rect& before) {
+        return eventually([&] { return desk.frame(client) != before; });
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Under, UserMove, windowManagers(), windowManagerName);
+
+TEST_P(UserMove, IsToldFromThatOfAProgram) {
+    const auto users = desk.probe.show({.title = "user's", .area = {{100, 100}, {400, 300}}});
+    const auto other = desk.probe.show({.title = "other", .area = {{700, 500}, {400, 300}}});
+    const auto usersElement = desk.captured("user's").element;
+    const auto otherElement = desk.captured("other").element;
+
+    // A click raises the window; who types moves nothing.
+    auto watch = usersElement->watchUserMoves();
+    ASSERT_TRUE(watch);
+    type(users);
+    desk.drag(users, {150, 120});
+    EXPECT_FALSE(watch->hasSeenUser());
+
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"pointer", [&] { drag(users); }},
+        {"keys", [&] { moveByKeys(users); }},
+    };
+    for (const auto& [name, move] : ways) {
+        SCOPED_TRACE(name);
+        const Rect before = desk.frame(users);
+        watch = usersElement->watchUserMoves();
+        const auto otherWatch = otherElement->watchUserMoves();
+        move();
+        ASSERT_TRUE(hasLeft(users, before));
+        desk.drag(other, {desk.frame(other).minX() + 30, 400});
+        EXPECT_TRUE(watch->hasSeenUser());
+        EXPECT_FALSE(otherWatch->hasSeenUser());
+    }
+    desk.probe.destroy(users);
+    EXPECT_TRUE(eventually([&] { return !seenWindow(desk.connection(), users); }));
+    EXPECT_FALSE(usersElement->watchUserMoves());
+}
+
+TEST_P(UserMove, JustAfterDockingIsLeftAloneWhileOthersArePutBack) {
+    const auto users = desk.open({"galculator"}).client;
+    const auto other = desk.open({"xterm", "-T", "notes"}).client;
+    desk.drag(users, {1400, 100});
+    desk.drag(other, {2000, 200});
+    const auto vantrel = desk.startVantrel();
+    desk.done({"save"});
+    const Rect home = desk.frame(users);
+    const Rect otherHome = desk.frame(other);
+    const auto logs = [&](const std::string& words, std::size_t before, double seconds = generousSeconds) {
+        return waitUntil([&] { return desk.logged(words) > before; }, seconds);
+    };
+
+    // On a busy machine the hand may come after the last look: then it is tried again.
+    constexpr int rounds = 5;
+    constexpr double secondsToLastLook = 12;
+    bool isPutBack = false;
+    for (int round = 0; round < rounds && !isPutBack; ++round) {
+        const auto settled = desk.logged("(1 display)");
+        desk.monitors().unplug(1);
+        ASSERT_TRUE(logs("(1 display)", settled));
+        const auto reports = desk.logged("restore report: ");
+        desk.monitors().plug(1, right);
+        ASSERT_TRUE(logs("restore report: ", reports));
+        ASSERT_TRUE(eventually([&] { return desk.frame(users) == home; }));
+        const auto putBack = desk.logged("restore follow-up: put back ");
+        drag(users);
+        ASSERT_TRUE(hasLeft(users, home));
+        desk.place(other, {{1900, 400}, otherHome.size});
+        isPutBack = logs("restore follow-up: put back ", putBack, secondsToLastLook);
+    }
+    EXPECT_TRUE(isPutBack);
+    EXPECT_TRUE(eventually([&] { return desk.frame(other) == otherHome; }));
+    EXPECT_NE(desk.frame(users), home);
+    EXPECT_GE(desk.logged("restore follow-up: left 1 window to the user"), 1U);
+}
+
+} // namespace
+} // namespace vantrel::live
