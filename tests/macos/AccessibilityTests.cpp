@@ -33,6 +33,10 @@ struct MacDesk : PlatformTest {
     void listTwo() {
         listWindows(*application, {makeWindow("a", {{0, 0}, {9, 9}}), makeWindow("b", {{0, 0}, {9, 9}})});
     }
+    void TearDown() override {
+        application.reset();
+        PlatformTest::TearDown();
+    }
 };
 
 TEST_F(MacDesk, TrustIsWhatTheSystemSaysAndAskingShowsItsDialog) {

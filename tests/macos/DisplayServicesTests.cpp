@@ -64,6 +64,7 @@ TEST_F(MacDisplays, EveryChangeIsToldToTheLastHandlerAndToNoneAfterTheEnd) {
         EXPECT_THAT(windowServer().callbacks, IsEmpty());
         other.setReconfigurationHandler([&] { ++second; });
     }
+    EXPECT_THAT(windowServer().callbacks, IsEmpty());
     EXPECT_EQ(first, 0);
     EXPECT_EQ(second, 2);
 }

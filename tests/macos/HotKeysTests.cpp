@@ -21,6 +21,10 @@ struct MacHotKeys : PlatformTest {
     std::unique_ptr<HotKey> add(std::uint32_t id, HotKeyCombo combo = commandShiftR) {
         return adapter.add(id, combo, [this] { ++presses; });
     }
+    void TearDown() override {
+        EXPECT_THAT(registeredHotKeys(), IsEmpty());
+        PlatformTest::TearDown();
+    }
 };
 
 TEST_F(MacHotKeys, AreRegisteredWithTheSignatureAndTheirNumber) {

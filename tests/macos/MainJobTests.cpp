@@ -17,58 +17,66 @@ using testing::StartsWith;
 
 // A docked Mac whose desk has been learned: a browser and a mail program, each with windows on both displays.
 struct MainJob : PlatformTest {
-    MacStory story{"laptop-and-monitor"};
-    std::shared_ptr<Element> browser =
-        story.run("org.example.browser", "Browser",
-                  {{"News", {{40, 60}, {700, 500}}}, {"Tickets", {{1800, -300}, {800, 600}}}});
+    std::unique_ptr<MacStory> story = std::make_unique<MacStory>("laptop-and-monitor");
+    std::shared_ptr<Element> browser;
 
     MainJob() {
-        story.run("org.example.mail", "Mail",
-                  {{"Inbox", {{200, 120}, {900, 650}}}, {"Draft", {{2600, 100}, {640, 400}}}});
+        browser = story->run("org.example.browser", "Browser",
+                             {{"News", {{40, 60}, {700, 500}}}, {"Tickets", {{1800, -300}, {800, 600}}}});
+        story->run("org.example.mail", "Mail",
+                   {{"Inbox", {{200, 120}, {900, 650}}}, {"Draft", {{2600, 100}, {640, 400}}}});
     }
     void learn() {
-        story.start();
-        story.learn();
+        story->start();
+        story->learn();
+    }
+    void TearDown() override {
+        story.reset();
+        browser.reset();
+        EXPECT_THAT(windowServer().callbacks, IsEmpty());
+        EXPECT_THAT(registeredHotKeys(), IsEmpty());
+        EXPECT_EQ(notificationObservers(), 0U);
+        PlatformTest::TearDown();
     }
 };
 
 TEST_F(MainJob, EveryWindowIsBackAfterUndockingAndDocking) {
     browser->attributes["AXEnhancedUserInterface"] = boolean(true);
     learn();
-    EXPECT_THAT(story.messages(),
+    EXPECT_THAT(story->messages(),
                 Contains("learned layout: 4 windows for Studio Display + Built-in Display"));
-    EXPECT_THAT(story.changes(), IsEmpty());
-    const auto docked = story.frames();
+    EXPECT_THAT(story->changes(), IsEmpty());
+    const auto docked = story->frames();
 
-    story.connect("laptop");
-    EXPECT_NE(story.frames(), docked);
-    EXPECT_THAT(story.messages(), Contains(StartsWith("pre-change snapshot adopted: 4 windows for ")));
-    story.changes();
-    story.connect("laptop-and-monitor");
+    story->connect("laptop");
+    EXPECT_NE(story->frames(), docked);
+    EXPECT_THAT(story->messages(), Contains(StartsWith("pre-change snapshot adopted: 4 windows for ")));
+    story->changes();
+    story->connect("laptop-and-monitor");
 
-    EXPECT_EQ(story.frames(), docked);
+    EXPECT_EQ(story->frames(), docked);
     // The enhanced interface is off once for all moves of its application.
-    const auto changes = story.changes();
+    const auto changes = story->changes();
     EXPECT_EQ(std::ranges::count(changes, "set AXEnhancedUserInterface false"), 1);
     EXPECT_EQ(std::ranges::count(changes, "set AXEnhancedUserInterface true"), 1);
-    EXPECT_THAT(story.messages(), Contains(StartsWith("restore report: 4 restored, 0 failed, 0 skipped, ")));
-    EXPECT_EQ(story.controller->published().lastRestore.value().reason, "Studio Display reconnected");
+    EXPECT_THAT(story->messages(), Contains(StartsWith("restore report: 4 restored, 0 failed, 0 skipped, ")));
+    EXPECT_EQ(story->controller->published().lastRestore.value().reason, "Studio Display reconnected");
     EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
 }
 
 TEST_F(MainJob, ProgramsThatHangRefuseOrEndAreReportedAndTheOthersAreBack) {
     learn();
-    const auto docked = story.frames();
-    story.connect("laptop");
-    story.window("Draft").writeErrors["AXPosition"] = kAXErrorIllegalArgument;
+    const auto docked = story->frames();
+    story->connect("laptop");
+    story->window("Draft").writeErrors["AXPosition"] = kAXErrorIllegalArgument;
     browser->isHanging = true;
-    story.window("News").isHanging = true;
-    story.window("Tickets").isHanging = true;
-    story.connect("laptop-and-monitor");
+    story->window("News").isHanging = true;
+    story->window("Tickets").isHanging = true;
+    story->connect("laptop-and-monitor");
 
-    EXPECT_EQ(story.frames().at("Inbox"), docked.at("Inbox"));
-    EXPECT_THAT(story.messages(), Contains(HasSubstr("failed: Mail \"Draft\" (app rejected the move)")));
-    EXPECT_THAT(story.messages(), Contains(StartsWith("restore report: 1 restored, 1 failed, 2 skipped, ")));
+    EXPECT_EQ(story->frames().at("Inbox"), docked.at("Inbox"));
+    EXPECT_THAT(story->messages(), Contains(HasSubstr("failed: Mail \"Draft\" (app rejected the move)")));
+    EXPECT_THAT(story->messages(), Contains(StartsWith("restore report: 1 restored, 1 failed, 2 skipped, ")));
 }
 
 TEST_F(MainJob, TheRestoreShortcutBringsBackWhatTheUserMovedAway) {
@@ -76,24 +84,24 @@ TEST_F(MainJob, TheRestoreShortcutBringsBackWhatTheUserMovedAway) {
     EXPECT_THAT(registeredHotKeys(), IsSupersetOf({RegisteredHotKey{15, 768, 0x56544b31, 1, 0},
                                                    RegisteredHotKey{1, 768, 0x56544b31, 2, 0},
                                                    RegisteredHotKey{1, 2560, 0x56544b31, 3, 0}}));
-    const auto docked = story.frames();
-    setFrame(story.window("Inbox"), {{5, 30}, {300, 300}});
+    const auto docked = story->frames();
+    setFrame(story->window("Inbox"), {{5, 30}, {300, 300}});
     EXPECT_EQ(sendHotKeyPressed(0x56544b31, 1), noErr);
-    story.time.runFor(5);
-    EXPECT_EQ(story.frames(), docked);
+    story->time.runFor(5);
+    EXPECT_EQ(story->frames(), docked);
 }
 
 TEST_F(MainJob, SettingsAreReadFromThePreferencesAndFollowed) {
     preferences().domains["own"] = {{"autoRestore", boolean(false)}, {"settleDelay", text("soon")}};
     learn();
-    const auto docked = story.frames();
-    story.connect("laptop");
-    story.connect("laptop-and-monitor");
-    EXPECT_NE(story.frames(), docked);
+    const auto docked = story->frames();
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    EXPECT_NE(story->frames(), docked);
     preferences().domains["own"]["settleDelay"] = realNumber(1.5);
     postNotification("NSUserDefaultsDidChangeNotification");
-    story.time.runFor(1);
-    EXPECT_THAT(story.messages(), Contains("settleDelay changed to 1.5: reinstalling watcher"));
+    story->time.runFor(1);
+    EXPECT_THAT(story->messages(), Contains("settleDelay changed to 1.5: reinstalling watcher"));
     EXPECT_EQ(windowServer().callbacks.size(), 1U);
 }
 

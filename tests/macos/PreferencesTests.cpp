@@ -23,6 +23,11 @@ struct MacDefaults : PlatformTest {
     void watch() {
         adapter->setChangeHandler([this] { ++changes; });
     }
+    void TearDown() override {
+        adapter.reset();
+        EXPECT_EQ(notificationObservers(), 0U);
+        PlatformTest::TearDown();
+    }
 };
 
 TEST_F(MacDefaults, AValueOfAnotherTypeIsAbsent) {

@@ -26,6 +26,12 @@ struct MacWindow : PlatformTest {
         element = std::make_shared<MacWindowElement>(app->windows().at(0), app);
         accessibility().calls.clear();
     }
+    void TearDown() override {
+        element.reset();
+        window.reset();
+        application.reset();
+        PlatformTest::TearDown();
+    }
     // What was asked since the last time.
     Calls calls() { return std::exchange(accessibility().calls, {}); }
     // Without the questions.

@@ -146,6 +146,7 @@ TEST_F(WorkspaceOfTheMac, MayBeDestroyedWhileItTells) {
     cocoa::post(cocoa::Center::workspace, didLaunch, application(9, "a"));
     cocoa::runMainQueue();
     EXPECT_EQ(workspace, nullptr);
+    EXPECT_EQ(cocoa::observers(), 0U);
 }
 
 } // namespace

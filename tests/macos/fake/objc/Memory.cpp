@@ -83,8 +83,20 @@ FakeObject* objc_autoreleaseReturnValue(FakeObject* object) {
     return objc_autorelease(object);
 }
 
+FakeObject* objc_retainAutorelease(FakeObject* object) {
+    return objc_autorelease(objc_retain(object));
+}
+
+FakeObject* objc_retainAutoreleaseReturnValue(FakeObject* object) {
+    return objc_retainAutorelease(object);
+}
+
 FakeObject* objc_retainAutoreleasedReturnValue(FakeObject* object) {
     return objc_retain(object);
+}
+
+FakeObject* objc_unsafeClaimAutoreleasedReturnValue(FakeObject* object) {
+    return object;
 }
 
 FakeObject* objc_retainBlock(FakeObject* block) {

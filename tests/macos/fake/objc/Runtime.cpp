@@ -62,6 +62,7 @@ extern Selector __stop_objc_selrefs[];
 
 extern char __CFConstantStringClassReference[];
 char _objc_empty_cache[16];
+char _objc_empty_vtable[16];
 
 void objc_msgSend();
 }
@@ -244,14 +245,16 @@ Implementation fakeLookUpSuper(SuperCall* call, Selector selector) {
     "movups 128(%rsp),%xmm4\n movups 144(%rsp),%xmm5\n movups 160(%rsp),%xmm6\n movups 176(%rsp),%xmm7\n"    \
     "leave\n"
 asm(".text\n"
-    ".globl objc_msgSend, objc_msgSend_stret, objc_msgSendSuper2\n"
+    ".globl objc_msgSend, objc_msgSend_stret, objc_msgSendSuper2, objc_msgSendSuper2_stret\n"
     "objc_msgSend:\n test %rdi,%rdi\n je 1f\n" KEEP "call fakeLookUp\n" GIVE_BACK "jmp *%r11\n"
     "1: xor %eax,%eax\n xor %edx,%edx\n xorps %xmm0,%xmm0\n xorps %xmm1,%xmm1\n ret\n"
     // The result's address comes first.
     "objc_msgSend_stret:\n test %rsi,%rsi\n je 1f\n" KEEP
     "mov %rsi,%rdi\n mov %rdx,%rsi\n call fakeLookUp\n" GIVE_BACK "jmp *%r11\n"
     "1: mov %rdi,%rax\n ret\n"
-    "objc_msgSendSuper2:\n" KEEP "call fakeLookUpSuper\n" GIVE_BACK "mov (%rdi),%rdi\n jmp *%r11\n");
+    "objc_msgSendSuper2:\n" KEEP "call fakeLookUpSuper\n" GIVE_BACK "mov (%rdi),%rdi\n jmp *%r11\n"
+    "objc_msgSendSuper2_stret:\n" KEEP "mov %rsi,%rdi\n mov %rdx,%rsi\n call fakeLookUpSuper\n" GIVE_BACK
+    "mov (%rsi),%rsi\n jmp *%r11\n");
 #undef KEEP
 #undef GIVE_BACK
 
@@ -264,6 +267,11 @@ FakeClass* objc_getClass(const char* name) {
 
 FakeClass* object_getClass(FakeObject* object) {
     return object != nullptr ? classOf(object) : nullptr;
+}
+
+Selector sel_registerName(const char* name) {
+    const std::scoped_lock lock(tables().mutex);
+    return intern(name);
 }
 
 bool fakeIsBlock(const FakeObject* object) {
@@ -321,6 +329,27 @@ FakeObject* objc_alloc(FakeClass* kind) {
 
 FakeObject* objc_alloc_init(FakeClass* kind) {
     return send<FakeObject*>(objc_alloc(kind), "init");
+}
+
+FakeObject* objc_opt_new(FakeClass* kind) {
+    return objc_alloc_init(kind);
+}
+
+FakeClass* objc_opt_class(FakeObject* object) {
+    return object != nullptr && isClass(object) ? reinterpret_cast<FakeClass*>(object)
+                                                : object_getClass(object);
+}
+
+FakeObject* objc_opt_self(FakeObject* object) {
+    return object;
+}
+
+bool objc_opt_isKindOfClass(FakeObject* object, FakeClass* kind) {
+    return object != nullptr && fakeIsKind(object, kind);
+}
+
+bool objc_opt_respondsToSelector(FakeObject* object, Selector selector) {
+    return object != nullptr && fakeResponds(object, selector);
 }
 
 void objc_enumerationMutation(FakeObject* /*collection*/) {
