@@ -65,7 +65,7 @@ std::shared_ptr<Element> MacStory::run(const std::string& bundleID, const std::s
 std::map<std::string, Rect> MacStory::frames() const {
     std::map<std::string, Rect> result;
     for (const auto& [title, element] : m_windows) {
-        result[title] = as<Rect>(frameOf(*element));
+        result[title] = as<Rect>(fake::frameOf(*element));
     }
     return result;
 }
@@ -129,7 +129,7 @@ void MacStory::showDisplays(const DeskSetup& setup) {
 
 void MacStory::rescueWindows() {
     for (const auto& [title, element] : m_windows) {
-        const Rect frame = as<Rect>(frameOf(*element));
+        const Rect frame = as<Rect>(fake::frameOf(*element));
         const bool isShown = std::ranges::any_of(m_displays, [&](const SimulatedDisplay& display) {
             return display.frame.contains(frame.center());
         });
@@ -144,7 +144,7 @@ Value MacStory::windowList() const {
     std::vector<Value> items{listItem({.layer = number(24), .pid = number(1), .bounds = rectangle({})})};
     for (const auto& [title, element] : m_windows) {
         items.push_back(listItem(
-            {.layer = number(0), .pid = number(element->pid), .bounds = rectangle(frameOf(*element))}));
+            {.layer = number(0), .pid = number(element->pid), .bounds = rectangle(fake::frameOf(*element))}));
     }
     return array(std::move(items));
 }

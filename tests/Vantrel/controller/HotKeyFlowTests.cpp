@@ -61,6 +61,7 @@ TEST_F(HotKeyStory, AShortcutIsChangedClearedAndKeptOverARestart) {
     EXPECT_TRUE(press(HotKeyDefaults::save));
     EXPECT_EQ(story.published().lastRestore->reason, "restore now (hotkey)");
     EXPECT_TRUE(press(HotKeyDefaults::restore));
+    EXPECT_EQ(story.logged("shortcut "), 0U);
 }
 
 TEST_F(HotKeyStory, AShortcutThatCannotBeWrittenInFullStaysAsItWas) {
