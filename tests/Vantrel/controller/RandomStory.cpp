@@ -34,8 +34,9 @@ RandomStory::RandomStory(std::uint64_t seed)
     m_story.time.onRun = [this](WorkPriority priority) {
         const AppController& controller = *m_story.controller;
         expect(!m_story.time.hasJobs(), "one restore or capture at a time");
-        expect(priority != WorkPriority::utility ||
-                   (!controller.snapshotsSuspended() && !controller.restoreInFlight()),
+        // A pinned layout is looked at before learning resumes.
+        const bool isSuspended = controller.snapshotsSuspended() && !controller.published().activePinned;
+        expect(priority != WorkPriority::utility || (!isSuspended && !controller.restoreInFlight()),
                "nothing is captured for learning while suspended or restoring");
         expect(priority != WorkPriority::utility ||
                    (!m_story.system.isAway() && m_story.license.entitlement().isEntitled()),
@@ -88,8 +89,13 @@ void RandomStory::populate() {
     }
 }
 
-void RandomStory::tell() {
+void RandomStory::begin() {
     m_story.start();
+    m_story.controller->addObserver([this] { checkPhase(); });
+}
+
+void RandomStory::tell() {
+    begin();
     m_story.runFor(seconds(0, 40));
     comeToRest();
     for (int chapter = 0; chapter < chapters && m_breaches.empty(); ++chapter) {
@@ -98,7 +104,7 @@ void RandomStory::tell() {
 }
 
 void RandomStory::tellWeek() {
-    m_story.start();
+    begin();
     comeToRest();
     for (int day = 0; day < 7 && m_breaches.empty(); ++day) {
         tellDay();
@@ -149,7 +155,9 @@ void RandomStory::tellChapter() {
         {"stash", &RandomStory::userStashesAndBringsBack},
         {"layouts", &RandomStory::userSwitchesLayouts},
         {"scenes", &RandomStory::userAppliesScenes},
-        {"scenes", &RandomStory::userAppliesScenes}};
+        {"scenes", &RandomStory::userAppliesScenes},
+        {"the user pins", &RandomStory::userPinsTheLayout},
+        {"nothing may be moved", &RandomStory::nothingMayBeMoved}};
     const auto& [name, chapter] = kinds[below(std::size(kinds))];
     m_told.push_back(fmt::format("{:.1f} s: {}", m_story.time.monotonicSeconds(), name));
     (this->*chapter)();
@@ -189,12 +197,30 @@ void RandomStory::userMovesWindows() {
 }
 
 void RandomStory::userRestores() {
-    for (std::size_t requests = 1 + below(4); requests > 0; --requests) {
-        m_story.controller->restoreNow(RestoreSource::menu);
+    using Kind = RestoreOutcome::Kind;
+    constexpr RestoreSource sources[] = {RestoreSource::menu, RestoreSource::hotKey, RestoreSource::shortcut};
+    std::vector<std::vector<Kind>> answers(1 + below(4));
+    bool isAccepted = false;
+    std::size_t source = 0;
+    for (auto& answer : answers) {
+        source = (source + below(3)) % std::size(sources);
+        isAccepted = m_story.controller->restoreNow(
+            sources[source], [&](const RestoreOutcome& outcome) { answer.push_back(outcome.kind); });
         m_story.runFor(seconds(0, 0.05));
     }
-    if (happens(30)) {
+    const bool isOvertaken = happens(30);
+    if (isOvertaken) {
         changeDisplays();
+    }
+    m_story.runFor(restSeconds);
+    for (const auto& answer : answers) {
+        expect(answer.size() == 1, "who wants to restore is answered once");
+    }
+    if (isAccepted && !isOvertaken) {
+        constexpr const char* names[] = {"menu", "hotkey", "shortcut"};
+        expect(answers.back() == std::vector{Kind::finished} &&
+                   m_story.published().lastRestore->reason == fmt::format("restore now ({})", names[source]),
+               "the newest of the queued restores is performed");
     }
 }
 
@@ -376,6 +402,7 @@ void RandomStory::userSwitchesLayouts() {
     } else if (happens(20)) {
         const std::string deleted = happens(50) ? former : std::string(other->layoutName);
         expect(layouts.remove(deleted).kind == LayoutChange::Kind::done, "a layout can be deleted");
+        m_storedLayouts.erase({m_story.published().configID, deleted});
         m_hasRestoredDesk = deleted == former;
     } else {
         // Of a copy: the published one changes with the switch.

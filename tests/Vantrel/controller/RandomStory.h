@@ -1,5 +1,6 @@
 // A story that a seed makes up: displays come and go, programs misbehave, the user moves windows, saves and
-// restores, programs are launched, the machine sleeps or is locked, the disk fails; and after every chapter
+// restores, programs are launched, the machine sleeps or is locked, the disk fails, the permission is taken
+// away; and after every chapter
 // the laws of the controller are held against what really happened.
 #pragma once
 
@@ -9,6 +10,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantrel::simulated {
@@ -37,6 +39,7 @@ private:
     [[nodiscard]] Burst someBurst();
 
     void populate();
+    void begin();
     void tellDay();
     void tellChapter();
     void changeDisplays();
@@ -55,6 +58,8 @@ private:
     void userStashesAndBringsBack();
     void userSwitchesLayouts();
     void userAppliesScenes();
+    void userPinsTheLayout();
+    void nothingMayBeMoved();
     // Undone, overtaken by another scene or by displays; false when it is left alone.
     bool somethingComesBetween();
 
@@ -64,8 +69,11 @@ private:
     void checkAtRest();
     void checkEverythingIsAtItsSavedPlace();
     void checkOnlyWhatStoodIsStored();
-    // Every window of the layout that is still there stands exactly as in the layout.
-    void checkStands(const Layout& layout, const std::string& law);
+    void checkPhase();
+    // What the program says it has stored is on disk, and nothing that once was is lost.
+    void checkStores();
+    // Every window of the layout that is still there stands as in the layout, to within so many points.
+    void checkStands(const Layout& layout, const std::string& law, double tolerance = 0);
     void expect(bool holds, const std::string& law);
 
     std::mt19937_64 m_random;
@@ -75,6 +83,9 @@ private:
     std::map<std::string, WindowID> m_tame;
     // Where each of them has stood, or was put by the user, on each desk.
     std::map<std::string, std::map<std::string, Frames>> m_stood;
+    // Desk and name of every layout that was stored and not deleted.
+    std::set<std::pair<std::string, std::string>> m_storedLayouts;
+    std::int64_t m_restoresCounted = 0;
     std::vector<std::string> m_told;
     std::vector<std::string> m_breaches;
     // When displays and window manager are done with the last change.

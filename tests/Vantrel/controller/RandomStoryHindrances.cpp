@@ -1,0 +1,59 @@
+// The chapters of random stories in which windows may not be moved, by the user or by the program.
+#include "tests/Vantrel/controller/RandomStory.h"
+
+#include <optional>
+
+namespace vantrel::simulated {
+
+void RandomStory::userPinsTheLayout() {
+    AppController& controller = *m_story.controller;
+    std::optional<SaveOutcome::Kind> saved;
+    controller.saveLayoutNow([&](const SaveOutcome& outcome) { saved = outcome.kind; });
+    m_story.runFor(5);
+    if (saved != SaveOutcome::Kind::saved) {
+        return;
+    }
+    expect(controller.setPinned(true), "a stored layout can be pinned");
+    const auto pinned = m_story.storedLayout();
+    userMovesWindows();
+    if (happens(30)) {
+        m_story.system.setAsleep(true);
+        m_story.runFor(seconds(0, 20));
+        m_story.system.setAsleep(false);
+    }
+    // Two looks and the restore.
+    m_story.runFor(50);
+    constexpr double driftTolerance = 2;
+    checkStands(*pinned, "a pinned layout comes back", driftTolerance);
+    expect(m_story.storedLayout() == pinned, "a pinned layout is not learned over");
+    expect(controller.setPinned(false), "a layout can be unpinned");
+}
+
+void RandomStory::nothingMayBeMoved() {
+    AppController& controller = *m_story.controller;
+    const bool isPermissionTaken = happens(50);
+    if (happens(30)) {
+        controller.restoreNow(RestoreSource::menu);
+        m_story.runFor(seconds(0, 0.1));
+    }
+    isPermissionTaken ? m_story.desk.setTrusted(false) : controller.setEnabled(false);
+    if (happens(50)) {
+        controller.refreshStatus();
+    }
+    happens(50) ? userMovesWindows() : changeDisplays();
+    m_story.runFor(seconds(16, 40));
+    const Phase& phase = m_story.published().phase;
+    expect(isPermissionTaken ? phase.is<Phase::NeedsPermission>() : phase.is<Phase::Off>(),
+           "the phase tells why nothing is moved");
+    const auto frames = m_story.frames();
+    expect(!controller.restoreNow(RestoreSource::menu), "nothing is restored when nothing may be moved");
+    m_story.runFor(2);
+    expect(m_story.frames() == frames, "nothing is moved when nothing may be moved");
+    isPermissionTaken ? m_story.desk.setTrusted(true) : controller.setEnabled(true);
+    m_story.runFor(2);
+    expect(!phase.is<Phase::NeedsPermission>() && !phase.is<Phase::Off>(),
+           "it is seen that windows may be moved again");
+    m_hasRestoredDesk = false;
+}
+
+} // namespace vantrel::simulated
