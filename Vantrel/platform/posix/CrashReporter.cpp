@@ -191,7 +191,7 @@ void reportException(const std::function<CrashReportText::UncaughtException()>& 
         isWritten =
             namePath(CrashReportNames::exceptionEnding) && !files.writeAtomically(pathBuffer.data(), report);
     } catch (...) {
-        // Nobody is left to be told.
+        isWritten = false;
     }
     if (isWritten) {
         std::signal(SIGABRT, SIG_DFL);
