@@ -35,11 +35,8 @@ std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report)
     return moved;
 }
 
-std::vector<Moved> watched(std::vector<Moved> landed) {
-    for (Moved& window : landed) {
-        window.userMoves = window.handle.element()->watchUserMoves();
-    }
-    return landed;
+void watch(Moved& window) {
+    window.userMoves = window.handle.element()->watchUserMoves();
 }
 
 bool isTakenByUser(const Moved& window) {

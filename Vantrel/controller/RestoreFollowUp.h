@@ -34,8 +34,8 @@ struct Moved {
 // Those among them that `report` calls restored or retried.
 [[nodiscard]] std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report);
 
-// The same windows, with a watch on each that can be watched.
-[[nodiscard]] std::vector<Moved> watched(std::vector<Moved> landed);
+// Watches from now on whether the user moves it, where the platform can tell.
+void watch(Moved& window);
 
 // The user has moved the window since: it stays where it is, whatever else moves it.
 [[nodiscard]] bool isTakenByUser(const Moved& window);

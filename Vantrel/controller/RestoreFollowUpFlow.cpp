@@ -55,17 +55,10 @@ std::vector<std::size_t> itemsOf(const std::vector<Moved>& landed, const std::ve
 
 void RestoreFollowUpFlow::begin(std::vector<Moved> landed) {
     end();
-    if (landed.empty()) {
+    m_landed = std::move(landed);
+    if (m_landed.empty()) {
         return;
     }
-    m_context.inBackground(
-        WorkPriority::userInitiated,
-        [landed = std::move(landed)] { return RestoreFollowUp::watched(landed); },
-        [this, epoch = m_epoch](std::vector<Moved> watched) {
-            if (epoch == m_epoch) {
-                m_landed = std::move(watched);
-            }
-        });
     for (const double seconds : lookTimes) {
         m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, seconds, epoch = m_epoch] {
             if (epoch != m_epoch) {

@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/AchievedSizes.h"
 #include "Vantrel/controller/LiveWindows.h"
+#include "Vantrel/controller/PerApplication.h"
 
 #include <utility>
 
@@ -41,6 +42,11 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
         result.sizes = AchievedSizes::read(moved, result.report, background);
     }
     result.landed = RestoreFollowUp::landed(std::move(moved), result.report);
+    if (request.trigger == RestoreTrigger::automatic) {
+        // Before anybody is told of the end: what the user does from then on counts.
+        PerApplication::forEach(result.landed, background,
+                                [&](std::size_t index) { RestoreFollowUp::watch(result.landed[index]); });
+    }
     result.isAbandoned = task.permit->isRevoked();
     return result;
 }

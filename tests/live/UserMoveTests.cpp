@@ -114,8 +114,8 @@ TEST_P(UserMove, JustAfterDockingIsLeftAloneWhileOthersArePutBack) {
     }
     EXPECT_TRUE(isPutBack);
     EXPECT_TRUE(eventually([&] { return desk.frame(other) == otherHome; }));
-    EXPECT_NE(desk.frame(users), home);
     EXPECT_TRUE(logs("restore follow-up: left 1 window to the user", 0));
+    EXPECT_NE(desk.frame(users), home);
 }
 
 } // namespace

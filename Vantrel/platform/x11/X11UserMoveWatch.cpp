@@ -78,7 +78,7 @@ X11UserMoveWatch::X11UserMoveWatch(std::shared_ptr<X11Desk> desk, xcb_window_t c
     });
     m_focusSelection = connection.selectEvents(client, XCB_EVENT_MASK_FOCUS_CHANGE);
     m_moveSelection = connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-    xcb_flush(connection.xcb());
+    connection.synchronize();
 }
 
 X11UserMoveWatch::~X11UserMoveWatch() {

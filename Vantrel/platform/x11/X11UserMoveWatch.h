@@ -14,7 +14,7 @@ namespace vantrel {
 
 class X11UserMoveWatch final : public UserMoveWatch {
 public:
-    // Null when the window is gone.
+    // Counts from its return on. Null when the window is gone.
     [[nodiscard]] static std::unique_ptr<X11UserMoveWatch> begin(std::shared_ptr<X11Desk> desk,
                                                                  xcb_window_t client);
 
