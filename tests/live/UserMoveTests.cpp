@@ -19,20 +19,31 @@ protected:
         const int x = static_cast<int>(area.center().x);
         const int y = static_cast<int>(area.minY()) + 8;
         xdotool(fmt::format("mousemove {} {} mousedown 1", x, y));
-        int step = 0;
+        // To and fro, but never back to the beginning: the window may follow late.
+        int away = 40;
         EXPECT_TRUE(waitUntil([&] {
-            step += 40;
-            xdotool(fmt::format("mousemove {} {}", x + step % 200, y + step % 200));
+            away = 120 - away;
+            xdotool(fmt::format("mousemove {} {}", x + away, y + away));
             return desk.frame(client) != area;
         }));
         xdotool("mouseup 1");
     }
 
     void moveByKeys(xcb_window_t client) {
-        xdotool(fmt::format("windowactivate --sync {}", client));
+        const Rect area = desk.frame(client);
+        const auto hasMoved = [&] { return desk.frame(client) != area; };
         // openbox has no key for it: from the window's menu.
         const bool hasKey = std::string(GetParam()) == "xfwm4";
-        xdotool(hasKey ? "key alt+F7 Right Right Down Return" : "key alt+space m Right Right Down Return");
+        const std::string begin = hasKey ? "key alt+F7" : "key alt+space key m";
+        xdotool(fmt::format("windowactivate --sync {}", client));
+        // Keys that come before the window manager has taken the keyboard are lost: then once more.
+        constexpr double secondsToMove = 2;
+        EXPECT_TRUE(waitUntil([&] {
+            xdotool(begin + " key Right key Right key Down");
+            const bool isDone = waitUntil(hasMoved, secondsToMove);
+            xdotool(isDone ? "key Return" : "key Escape");
+            return isDone;
+        }));
     }
 
     void type(xcb_window_t client) {
