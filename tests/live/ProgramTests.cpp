@@ -105,7 +105,9 @@ TEST(Program, SavesAndRestoresOverTheBusAlsoAfterARestart) {
     VantrelDesk desk("openbox");
     const auto window = desk.open({"galculator"}).client;
     auto& terminal = desk.start({"xterm", "-T", "notes"});
-    ASSERT_TRUE(waitUntil([&] { return seenWindows(desk.connection()).size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] {
+        return std::ranges::count(seenWindows(desk.connection()), true, &SeenWindow::isViewable) == 2;
+    }));
     auto first = desk.startVantrel();
     EXPECT_THAT(desk.refused({"restore"}), HasSubstr("Nothing is remembered for this desk yet."));
     EXPECT_THAT(desk.done({"save"}), HasSubstr("Saved 2 windows for"));

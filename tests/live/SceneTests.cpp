@@ -52,7 +52,7 @@ TEST_P(Scenes, AMissingProgramIsStartedAndTakesItsSlotWhileOthersHideUntilUndone
     desk.done({"apply", "work"});
     EXPECT_TRUE(standsAt("notes", notesCorner));
     EXPECT_TRUE(waitUntil([&] { return desk.logged("scene settlement: opened 1, placed 1 for Work") == 1; }));
-    EXPECT_TRUE(standsAt("galculator", calculatorCorner));
+    EXPECT_TRUE(eventually([&] { return standsAt("galculator", calculatorCorner); }));
     EXPECT_TRUE(eventually([&] { return titled("chat") == XCB_WINDOW_NONE; }));
     EXPECT_TRUE(
         waitUntil([&] { return desk.logged("scene switch hid 1 app(s) the scene had hidden") == 1; }));

@@ -146,8 +146,10 @@ TEST_P(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
     clickFirstEntry("tray-scene", [&] { return desk.frame(window) == home; });
     expectTitles(
         {"R_&D__lab & co", "Restore now", "Undo last restore", "Check for Updates…", "Quit Vantrel"});
-    click(icon().center(), "3");
-    EXPECT_TRUE(openMenu());
+    EXPECT_TRUE(waitUntil([&] {
+        click(icon().center(), "3");
+        return openMenu().has_value();
+    }));
     keepPicture("tray-undo");
 }
 

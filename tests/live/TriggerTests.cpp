@@ -16,6 +16,7 @@ struct Triggers {
     explicit Triggers(const char* windowManager, const std::vector<std::string>& environment = {})
         : desk(windowManager), vantrel(desk.startVantrel(environment)) {
         desk.done({"save-scene", "Work"});
+        home = desk.frame(window);
         desk.drag(window, away);
     }
 
@@ -26,7 +27,7 @@ struct Triggers {
     static constexpr Point away{300, 400};
     VantrelDesk desk;
     xcb_window_t window = desk.open({"galculator"}).client;
-    Rect home = desk.frame(window);
+    Rect home;
     ProgramRun vantrel;
 };
 

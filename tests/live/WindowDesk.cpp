@@ -33,6 +33,11 @@ std::optional<CapturedWindow> WindowDesk::capture(const std::string& title) {
     return std::nullopt;
 }
 
+bool WindowDesk::awaitQuiet() {
+    // One question gives up sooner than a busy machine may take to answer.
+    return connection().waitUntil([&] { return accessibility.awaitQuiet(); });
+}
+
 CapturedWindow WindowDesk::captured(const std::string& title) {
     std::optional<CapturedWindow> window;
     const bool isThere = connection().waitUntil([&] {
@@ -56,7 +61,7 @@ void WindowDesk::setStates(xcb_window_t window, const std::vector<std::string>& 
     for (const auto& state : states) {
         EXPECT_TRUE(connection().waitUntil([&] { return hasState(window, state) == isOn; })) << state;
     }
-    EXPECT_TRUE(connection().waitUntil([&] { return accessibility.awaitQuiet(); }));
+    EXPECT_TRUE(awaitQuiet());
 }
 
 bool WindowDesk::hasState(xcb_window_t window, const std::string& state) {

@@ -32,6 +32,9 @@ struct WindowDesk : VantrelDesk {
     // One whole capture; none when it has no window of that title.
     [[nodiscard]] std::optional<CapturedWindow> capture(const std::string& title);
 
+    // Returns once the window manager has handled all that was sent before; false when it never does.
+    [[nodiscard]] bool awaitQuiet();
+
     // What is captured once the window manager has seen all that was sent before. Throws when it has no such
     // window.
     [[nodiscard]] CapturedWindow captured(const std::string& title);
