@@ -35,12 +35,14 @@ LicenseMessage LicenseMessage::of(const Entitlement& entitlement) {
                            .id = {},
                            .plan = {},
                            .holder = {},
-                           .expiresAt = {}};
+                           .expiresAt = {},
+                           .leasedUntil = {}};
     if (const auto& license = entitlement.license) {
         message.id = license->id;
         message.plan = license->plan;
         message.holder = license->holder;
         message.expiresAt = license->expiresAt;
+        message.leasedUntil = license->leasedUntil;
     }
     return message;
 }
@@ -53,6 +55,7 @@ void to_json(nlohmann::json& json, const LicenseMessage& message) {
     put(json, "plan", message.plan);
     put(json, "holder", message.holder);
     put(json, "expiresAt", message.expiresAt);
+    put(json, "leasedUntil", message.leasedUntil);
 }
 
 void from_json(const nlohmann::json& json, LicenseMessage& message) {
@@ -65,6 +68,7 @@ void from_json(const nlohmann::json& json, LicenseMessage& message) {
     message.plan = optional<std::string>(json, "plan");
     message.holder = optional<std::string>(json, "holder");
     message.expiresAt = optional<Date>(json, "expiresAt");
+    message.leasedUntil = optional<Date>(json, "leasedUntil");
 }
 
 } // namespace vantrel

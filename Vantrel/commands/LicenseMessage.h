@@ -20,11 +20,12 @@ struct LicenseMessage {
     std::optional<Date> trialEndsAt;
     // With trial.
     std::optional<std::int64_t> trialDaysLeft;
-    // With licensed, and with an expired license.
+    // With licensed, and with a license that has expired or was not renewed.
     std::optional<std::string> id;
     std::optional<std::string> plan;
     std::optional<std::string> holder;
     std::optional<Date> expiresAt;
+    std::optional<Date> leasedUntil;
 
     bool operator==(const LicenseMessage&) const = default;
 

@@ -2,6 +2,8 @@
 
 #include "VantrelCore/licensing/EarliestUse.h"
 #include "VantrelCore/licensing/LicenseAnswers.h"
+#include "VantrelCore/licensing/LicenseLease.h"
+#include "VantrelCore/licensing/LicenseNonce.h"
 #include "VantrelCore/licensing/LicensedMachine.h"
 
 #include <algorithm>
@@ -13,6 +15,8 @@ namespace {
 
 // In seconds. After the machine has slept, the trial's end is noticed at the latest after this.
 constexpr double tickInterval = 3600;
+// Nothing waits for the first renewal, and the start has better things to do.
+constexpr double firstRenewal = 5;
 
 std::string machineHash(MachineIdentity& machine) {
     const auto identity = machine.machineID();
@@ -46,6 +50,7 @@ void LicenseManager::start() {
     auto decided = LicenseDecision::start(at);
     m_files.keepAside(decided);
     m_lastTick = m_clock.monotonicSeconds();
+    m_nextRenewal = m_lastTick + firstRenewal;
     keep(std::move(decided.record), std::move(decided.license));
     m_options.log("license: " + m_entitlement.reason);
     scheduleTick();
@@ -75,15 +80,66 @@ void LicenseManager::tick() {
     auto record = m_record;
     record.latestSeen = LicenseDecision::effectiveNow(record, m_license, std::max(passed, m_clock.now()));
     keep(std::move(record), m_license);
+    renewWhenDue();
     scheduleTick();
 }
 
 void LicenseManager::scheduleTick() {
     m_tick.reset();
-    if (const auto change = LicenseDecision::nextChange(m_entitlement)) {
-        const double left = secondsBetween(m_record.latestSeen, *change);
-        m_tick = m_queue.after(std::clamp(left, 1.0, tickInterval), [this] { tick(); });
+    if (!m_entitlement.changesAt && !m_license) {
+        return;
     }
+    double left = tickInterval;
+    if (m_entitlement.changesAt) {
+        left = std::min(left, secondsBetween(m_record.latestSeen, *m_entitlement.changesAt));
+    }
+    if (m_license && !m_renewal) {
+        left = std::min(left, m_nextRenewal - m_clock.monotonicSeconds());
+    }
+    m_tick = m_queue.after(std::max(left, 1.0), [this] { tick(); });
+}
+
+LicenseAcceptance::Asked LicenseManager::question() const {
+    return {.machine = m_machine, .key = *m_key, .nonce = LicenseNonce::make(), .held = {}, .now = {}};
+}
+
+void LicenseManager::renewWhenDue() {
+    const double monotonic = m_clock.monotonicSeconds();
+    if (isLockedOut()) {
+        m_nextRenewal = std::min(m_nextRenewal, monotonic + tickInterval);
+    }
+    if (!m_license || m_exchange || m_renewal || monotonic < m_nextRenewal) {
+        return;
+    }
+    if (!LicenseLease::isDue(*m_license, m_record.latestSeen)) {
+        m_nextRenewal = monotonic + tickInterval;
+        return;
+    }
+    auto asked = question();
+    asked.held = m_license;
+    m_renewal = m_http.send(LicenseAnswers::renewal(m_options.apiServer, *m_license, asked.nonce),
+                            [this, asked](const HttpResult& result) {
+                                const auto ended = std::move(m_renewal);
+                                takeRenewal(result, asked);
+                                scheduleTick();
+                            });
+}
+
+bool LicenseManager::isLockedOut() const {
+    return !m_entitlement.isEntitled() && !m_record.withdrawn;
+}
+
+void LicenseManager::takeRenewal(const HttpResult& result, const LicenseAcceptance::Asked& asked) {
+    auto present = asked;
+    present.now = m_clock.now();
+    auto renewal = LicenseAcceptance::renewal(m_record, result, present);
+    if (renewal.record != m_record) {
+        keep(std::move(renewal.record), std::move(renewal.license));
+    }
+    m_options.log("license: " + renewal.sentence);
+    m_failedRenewals = renewal.isRenewed ? 0 : m_failedRenewals + 1;
+    m_nextRenewal =
+        m_clock.monotonicSeconds() + LicenseLease::secondsToNextAttempt(m_failedRenewals, isLockedOut());
 }
 
 std::optional<std::string> LicenseManager::hindrance() const {
@@ -109,8 +165,9 @@ void LicenseManager::activate(const std::string& key, Done done) {
         done(std::unexpected("That is not a license key."));
         return;
     }
-    ask(LicenseAnswers::activation(m_options.apiServer, *typed, m_machine), done,
-        [this](const HttpResult& result) { return takeLicense(result); });
+    const auto asked = question();
+    ask(LicenseAnswers::activation(m_options.apiServer, *typed, m_machine, asked.nonce), done,
+        [this, asked](const HttpResult& result) { return takeLicense(result, asked); });
 }
 
 void LicenseManager::deactivate(Done done) {
@@ -128,6 +185,8 @@ void LicenseManager::deactivate(Done done) {
 
 void LicenseManager::ask(const HttpRequest& request, const Done& done,
                          std::function<std::expected<void, std::string>(const HttpResult&)> answered) {
+    // The user does not wait for a renewal.
+    m_renewal.reset();
     m_exchange = m_http.send(request, [this, done, answered = std::move(answered)](const HttpResult& result) {
         const auto ended = std::move(m_exchange);
         const auto outcome = answered(result);
@@ -139,25 +198,22 @@ void LicenseManager::ask(const HttpRequest& request, const Done& done,
     });
 }
 
-std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& result) {
+std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& result,
+                                                             const LicenseAcceptance::Asked& asked) {
     auto document = LicenseAnswers::activated(result);
     if (!document) {
         return std::unexpected(std::move(document.error()));
     }
-    const auto license = LicenseDocuments::verify(*document, *m_key);
-    auto problem = license ? LicenseDocuments::objection(*license, m_machine, m_record.deactivated)
-                           : std::optional(license.error());
-    auto record = m_record;
-    record.document = *std::move(document);
-    record.problem.reset();
-    if (!problem && !LicenseDecision::entitlement(record, *license, m_clock.now()).isEntitled()) {
-        problem = LicenseProblem::expired;
-    }
-    if (problem) {
+    auto present = asked;
+    present.now = m_clock.now();
+    auto accepted = LicenseAcceptance::accept(m_record, *document, present);
+    if (!accepted) {
         return std::unexpected("The server's answer was not accepted. " +
-                               LicenseProblems::sentence(*problem) + " Nothing was changed.");
+                               LicenseProblems::sentence(accepted.error()) + " Nothing was changed.");
     }
-    const bool isWritten = keep(std::move(record), *license);
+    const bool isWritten = keep(std::move(accepted->record), std::move(accepted->license));
+    m_failedRenewals = 0;
+    m_nextRenewal = m_clock.monotonicSeconds() + tickInterval;
     m_options.log("license: activated");
     return isWritten ? std::expected<void, std::string>{}
                      : std::unexpected("Licensed until the end of this run only: the license could not be "

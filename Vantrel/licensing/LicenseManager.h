@@ -1,8 +1,9 @@
-// The licence gate: keeps the record, lets the trial run, asks the vendor's server for a licence and gives it
-// back. docs/licensing.md tells what it holds to.
+// The licence gate: keeps the record, lets the trial run, asks the vendor's server for a licence, renews it
+// and gives it back. docs/licensing.md tells what it holds to.
 #pragma once
 
 #include "Vantrel/licensing/LicenseFiles.h"
+#include "VantrelCore/licensing/LicenseAcceptance.h"
 #include "VantrelCore/ports/Clock.h"
 #include "VantrelCore/ports/HttpClient.h"
 #include "VantrelCore/ports/LicenseGate.h"
@@ -46,11 +47,18 @@ private:
     [[nodiscard]] std::optional<std::string> hindrance() const;
     void ask(const HttpRequest& request, const Done& done,
              std::function<std::expected<void, std::string>(const HttpResult&)> answered);
-    [[nodiscard]] std::expected<void, std::string> takeLicense(const HttpResult& result);
+    [[nodiscard]] std::expected<void, std::string> takeLicense(const HttpResult& result,
+                                                               const LicenseAcceptance::Asked& asked);
     [[nodiscard]] std::expected<void, std::string> dropLicense(const HttpResult& result);
     // Takes over the record, writes it and tells of the change. False when it could not be written.
     bool keep(LicenseRecord record, std::optional<License> license);
     void decide();
+    // Asks the server for a renewal if it is time; nobody is told, and nothing gets worse when it fails.
+    void renewWhenDue();
+    // Nothing but a renewal is missing.
+    [[nodiscard]] bool isLockedOut() const;
+    void takeRenewal(const HttpResult& result, const LicenseAcceptance::Asked& asked);
+    [[nodiscard]] LicenseAcceptance::Asked question() const;
     // Lets the time that has passed count, whatever the clock says.
     void tick();
     void scheduleTick();
@@ -71,7 +79,12 @@ private:
     // On the monotonic clock.
     double m_lastTick = 0;
     std::unique_ptr<ScheduledWork> m_tick;
+    // What the user asked for.
     std::unique_ptr<HttpExchange> m_exchange;
+    std::unique_ptr<HttpExchange> m_renewal;
+    // On the monotonic clock.
+    double m_nextRenewal = 0;
+    int m_failedRenewals = 0;
 };
 
 } // namespace vantrel

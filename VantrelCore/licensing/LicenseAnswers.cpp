@@ -75,8 +75,13 @@ std::optional<std::string> key(std::string_view typed) {
                                                                     : std::optional<std::string>(text);
 }
 
-HttpRequest activation(const std::string& apiServer, const std::string& key, const std::string& machine) {
-    return post(apiServer + "/activate", {{"key", key}, {"machine", machine}});
+HttpRequest activation(const std::string& apiServer, const std::string& key, const std::string& machine,
+                       const std::string& nonce) {
+    return post(apiServer + "/activate", {{"key", key}, {"machine", machine}, {"nonce", nonce}});
+}
+
+HttpRequest renewal(const std::string& apiServer, const License& license, const std::string& nonce) {
+    return post(apiServer + "/renew", {{"id", license.id}, {"machine", license.machine}, {"nonce", nonce}});
 }
 
 HttpRequest deactivation(const std::string& apiServer, const License& license) {
@@ -94,8 +99,12 @@ std::expected<LicenseDocument, std::string> activated(const HttpResult& result) 
     return *std::move(document);
 }
 
+bool isWithdrawn(const HttpResult& result) {
+    return result && result->status == gone;
+}
+
 std::expected<void, std::string> deactivated(const HttpResult& result) {
-    return result && result->status == gone ? std::expected<void, std::string>{} : agreed(result);
+    return isWithdrawn(result) ? std::expected<void, std::string>{} : agreed(result);
 }
 
 } // namespace vantrel::LicenseAnswers

@@ -1,5 +1,6 @@
 #include "VantrelCore/licensing/LicenseDecision.h"
 
+#include "VantrelCore/licensing/LicenseLease.h"
 #include "VantrelCore/text/CountedNoun.h"
 
 #include <algorithm>
@@ -32,6 +33,49 @@ LicenseRecord knownRecord(const AtStart& at) {
         return isIntact(at.copy) ? LicenseRecords::merged(**at.main, **at.copy) : **at.main;
     }
     return isIntact(at.copy) ? **at.copy : newRecord(at);
+}
+
+std::string sentence(const License& license, bool isWithdrawn, const LicenseLease::Standing& standing) {
+    using LicenseLease::Term;
+    constexpr const char* noMore = "the vendor's server does not renew it any more. If that is a mistake, "
+                                   "activate your key again.";
+    if (standing.term == Term::ended && isWithdrawn) {
+        return fmt::format("The license has ended on {}: {}", dayText(*standing.until), noMore);
+    }
+    if (standing.term == Term::ended) {
+        return fmt::format(
+            "The license has ended on {} because it was not renewed. It comes back by itself when "
+            "this computer reaches the vendor's server. If this computer's clock is wrong, set it "
+            "right.",
+            dayText(*standing.until));
+    }
+    if (isWithdrawn) {
+        return fmt::format("The license for this computer ends on {}: {}", dayText(*standing.until), noMore);
+    }
+    auto text = fmt::format("Licensed for this computer{}.",
+                            license.expiresAt ? " until " + dayText(*license.expiresAt) : "");
+    if (standing.term == Term::inGrace) {
+        text += fmt::format(
+            " The license was to be renewed by {}: connect this computer to the internet before {}.",
+            dayText(*license.leasedUntil), dayText(*standing.until));
+    }
+    return text;
+}
+
+// The entitlement of a licence that has not expired.
+Entitlement leased(const License& license, bool isWithdrawn, Date now) {
+    const auto standing = LicenseLease::standing(license, isWithdrawn, now);
+    Entitlement result{.kind = Entitlement::Kind::licensed,
+                       .reason = sentence(license, isWithdrawn, standing),
+                       .license = license,
+                       .changesAt = license.expiresAt};
+    if (standing.term == LicenseLease::Term::ended) {
+        result.kind = Entitlement::Kind::refused;
+        result.changesAt.reset();
+    } else if (standing.until) {
+        result.changesAt = std::min(*standing.until, license.expiresAt.value_or(*standing.until));
+    }
+    return result;
 }
 
 } // namespace
@@ -78,10 +122,7 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
                 .license = license};
     }
     if (license) {
-        return {.kind = Kind::licensed,
-                .reason = fmt::format("Licensed for this computer{}.",
-                                      license->expiresAt ? " until " + dayText(*license->expiresAt) : ""),
-                .license = license};
+        return leased(*license, record.withdrawn == license->id, present);
     }
     if (record.problem) {
         return {.kind = Kind::refused,
@@ -102,19 +143,13 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
     return {.kind = Kind::trial,
             .reason = fmt::format("The trial ends in {}.", countedNoun(days, "day")),
             .trialEndsAt = end,
-            .trialDaysLeft = days};
+            .trialDaysLeft = days,
+            .changesAt = end};
 }
 
 Entitlement notNeeded() {
     return {.kind = Entitlement::Kind::notNeeded,
             .reason = "This build has no vendor's key and needs no license."};
-}
-
-std::optional<Date> nextChange(const Entitlement& entitlement) {
-    if (entitlement.kind == Entitlement::Kind::trial) {
-        return entitlement.trialEndsAt;
-    }
-    return entitlement.kind == Entitlement::Kind::licensed ? entitlement.license->expiresAt : std::nullopt;
 }
 
 } // namespace vantrel::LicenseDecision

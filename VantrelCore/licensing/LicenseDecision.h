@@ -53,7 +53,4 @@ struct Start {
 // The entitlement of a build without a vendor's key.
 [[nodiscard]] Entitlement notNeeded();
 
-// When the entitlement will be another one by itself, if ever.
-[[nodiscard]] std::optional<Date> nextChange(const Entitlement& entitlement);
-
 } // namespace vantrel::LicenseDecision

@@ -25,6 +25,11 @@ constexpr std::array rows{
     Row{LicenseProblem::otherMachine, "otherMachine", "The license is for another computer."},
     Row{LicenseProblem::deactivated, "deactivated", "The license was deactivated on this computer."},
     Row{LicenseProblem::expired, "expired", "The license has expired."},
+    Row{LicenseProblem::otherRequest, "otherRequest", "The license answers another request."},
+    Row{LicenseProblem::otherLicense, "otherLicense", "The license is not the one that was to be renewed."},
+    Row{LicenseProblem::older, "older", "The license is older than the one that is stored."},
+    Row{LicenseProblem::clockAhead, "clockAhead",
+        "By this computer's clock the license ended long ago; if the clock is wrong, set it right."},
 };
 
 } // namespace

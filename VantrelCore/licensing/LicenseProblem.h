@@ -22,6 +22,14 @@ enum class LicenseProblem : std::uint8_t {
     otherMachine,
     deactivated,
     expired,
+    // The answer belongs to another request.
+    otherRequest,
+    // The renewal is of another licence.
+    otherLicense,
+    // The renewal is older than what is here.
+    older,
+    // By this computer's clock its lease ended long ago.
+    clockAhead,
 };
 
 namespace LicenseProblems {

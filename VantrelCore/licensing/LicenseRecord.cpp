@@ -26,6 +26,7 @@ nlohmann::json toJson(const LicenseRecord& record) {
     JsonCoding::put(json, "trialStartedAt", record.trialStartedAt);
     JsonCoding::put(json, "latestSeen", record.latestSeen);
     JsonCoding::put(json, "license", record.document);
+    JsonCoding::put(json, "withdrawn", record.withdrawn);
     if (record.problem) {
         json["problem"] = LicenseProblems::name(*record.problem);
     }
@@ -38,6 +39,7 @@ LicenseRecord fromJson(const nlohmann::json& json) {
     record.latestSeen = JsonCoding::required<Date>(json, "latestSeen");
     record.deactivated = JsonCoding::required<std::vector<std::string>>(json, "deactivated");
     record.document = JsonCoding::optional<LicenseDocument>(json, "license");
+    record.withdrawn = JsonCoding::optional<std::string>(json, "withdrawn");
     if (const auto name = JsonCoding::optional<std::string>(json, "problem")) {
         // One that a newer program knows is a problem all the same.
         record.problem = LicenseProblems::named(*name).value_or(LicenseProblem::malformed);
@@ -78,6 +80,9 @@ LicenseRecord merged(const LicenseRecord& main, const LicenseRecord& copy) {
                          [&](const std::string& id) {
                              return std::ranges::find(main.deactivated, id) == main.deactivated.end();
                          });
+    if (copy.withdrawn) {
+        result.withdrawn = copy.withdrawn;
+    }
     return result;
 }
 

@@ -22,6 +22,8 @@ struct LicenseRecord {
     // The ids of licences that were given back here.
     std::vector<std::string> deactivated{};
     std::optional<LicenseDocument> document{};
+    // The id of the licence that the vendor's server said it does not renew any more.
+    std::optional<std::string> withdrawn{};
     // Why a licence that was here is not any more; until the next activation.
     std::optional<LicenseProblem> problem{};
 
@@ -38,7 +40,7 @@ namespace LicenseRecords {
                                                                   std::string_view machine);
 
 // What both know of, of each the word that favours nobody who tampers: the earlier start, the later time,
-// what either knows to be deactivated. Document and problem are those of `main`.
+// what either knows to be deactivated or withdrawn. Document and problem are those of `main`.
 [[nodiscard]] LicenseRecord merged(const LicenseRecord& main, const LicenseRecord& copy);
 
 // What the copy keeps of it.

@@ -16,7 +16,8 @@ struct Entitlement {
         licensed,
         trial,
         trialOver,
-        // What is stored about the licence does not hold: it was damaged, changed, copied or has expired.
+        // What is stored about the licence does not hold: it was damaged, changed or copied, has expired
+        // or was not renewed.
         refused,
     };
 
@@ -27,8 +28,10 @@ struct Entitlement {
     std::optional<Date> trialEndsAt{};
     // With trial: begun days count.
     std::optional<std::int64_t> trialDaysLeft{};
-    // With licensed, and with an expired one.
+    // With licensed, and with one that has expired or was not renewed.
     std::optional<License> license{};
+    // When it becomes another one by itself, if ever.
+    std::optional<Date> changesAt{};
 
     bool operator==(const Entitlement&) const = default;
 

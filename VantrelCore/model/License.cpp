@@ -13,6 +13,8 @@ void to_json(nlohmann::json& json, const License& license) {
             {"plan", license.plan}};
     put(json, "issuedAt", license.issuedAt);
     put(json, "expiresAt", license.expiresAt);
+    put(json, "leasedUntil", license.leasedUntil);
+    put(json, "nonce", license.nonce);
     put(json, "holder", license.holder);
 }
 
@@ -23,6 +25,8 @@ void from_json(const nlohmann::json& json, License& license) {
     license.plan = required<std::string>(json, "plan");
     license.issuedAt = required<Date>(json, "issuedAt");
     license.expiresAt = optional<Date>(json, "expiresAt");
+    license.leasedUntil = optional<Date>(json, "leasedUntil");
+    license.nonce = optional<std::string>(json, "nonce");
     license.holder = optional<std::string>(json, "holder");
 }
 

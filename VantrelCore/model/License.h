@@ -20,6 +20,10 @@ struct License {
     Date issuedAt;
     // None: it holds for ever.
     std::optional<Date> expiresAt;
+    // When it has to be renewed; none in a licence from before there were leases.
+    std::optional<Date> leasedUntil;
+    // Of the request that this licence answers.
+    std::optional<std::string> nonce;
     // Whose it is, when the vendor says so.
     std::optional<std::string> holder;
 

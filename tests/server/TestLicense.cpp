@@ -43,6 +43,15 @@ nlohmann::json payload(const std::string& machine, const std::string& id) {
             {"issuedAt", "2026-03-01T00:00:00Z"}};
 }
 
+nlohmann::json leasedPayload(const std::string& machine, Date issuedAt, const std::string& nonce,
+                             const std::string& id) {
+    auto result = payload(machine, id);
+    result["issuedAt"] = iso8601Text(issuedAt);
+    result["leasedUntil"] = iso8601Text(issuedAt + std::chrono::days{30});
+    result["nonce"] = nonce;
+    return result;
+}
+
 std::string base64(std::string_view bytes) {
     std::string text(sodium_base64_encoded_len(bytes.size(), sodium_base64_VARIANT_ORIGINAL), '\0');
     sodium_bin2base64(text.data(), text.size(), octets(bytes), bytes.size(), sodium_base64_VARIANT_ORIGINAL);
@@ -63,6 +72,10 @@ nlohmann::json document(std::string_view payloadBytes, char signer) {
 
 std::string signedLicense(const std::string& machine, const std::string& id) {
     return document(payload(machine, id).dump()).dump();
+}
+
+std::string signedLease(const nlohmann::json& request, Date issuedAt, const std::string& id) {
+    return document(leasedPayload(request.at("machine"), issuedAt, request.at("nonce"), id).dump()).dump();
 }
 
 } // namespace vantrel::testing::TestLicense

@@ -25,6 +25,9 @@ std::string text(const LicenseMessage& license, const VerbEnvironment& environme
     if (license.expiresAt) {
         line("until", environment.localDate(*license.expiresAt));
     }
+    if (license.leasedUntil) {
+        line("renewed", "until " + environment.localDate(*license.leasedUntil));
+    }
     if (license.trialEndsAt) {
         line("trial", (license.entitled ? "until " : "ended ") + environment.localDate(*license.trialEndsAt));
     }

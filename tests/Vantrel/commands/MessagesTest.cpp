@@ -51,6 +51,8 @@ StatusMessage exampleStatus() {
                                                             .plan = "personal",
                                                             .issuedAt = *status.savedAt,
                                                             .expiresAt = status.savedAt,
+                                                            .leasedUntil = status.savedAt,
+                                                            .nonce = {},
                                                             .holder = "Ada"}});
     status.latestAvailable = "1.10";
     status.crashReports = 2;

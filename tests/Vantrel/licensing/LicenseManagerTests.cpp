@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <set>
+
 using namespace vantrel;
 using namespace ::testing;
 using Kind = Entitlement::Kind;
@@ -44,14 +46,26 @@ protected:
         gate->start();
     }
 
-    // A vendor's server that gives every activation an id of its own.
+    // A vendor's server that gives every activation an id of its own and renews what was not given back.
     HttpResult answer(const HttpRequest& request) {
         const auto body = nlohmann::json::parse(request.body);
         if (request.url == "https://api.test/activate" && body.at("key") == "GOOD-KEY") {
-            return HttpResponse{200, TestLicense::signedLicense(body.at("machine"),
-                                                                "license-" + std::to_string(++activations))};
+            return HttpResponse{200, TestLicense::signedLease(body, serversTime(),
+                                                              "license-" + std::to_string(++activations))};
         }
-        return HttpResponse{request.url == "https://api.test/deactivate" ? 204 : 404, ""};
+        if (request.url == "https://api.test/renew") {
+            return givenBack.contains(body.at("id"))
+                       ? HttpResponse{410, ""}
+                       : HttpResponse{200, TestLicense::signedLease(body, serversTime(), body.at("id"))};
+        }
+        if (request.url == "https://api.test/deactivate") {
+            givenBack.insert(body.at("id"));
+            return HttpResponse{204, ""};
+        }
+        return HttpResponse{404, ""};
+    }
+    Date serversTime() {
+        return dateAfter(dateFromIso8601("2026-03-02T00:00:00Z").value(), time.monotonicSeconds());
     }
 
     // What came of it; "done" when it went well.
@@ -77,6 +91,7 @@ protected:
     simulated::SimulatedHttp http{time};
     Machine machine;
     int activations = 0;
+    std::set<std::string> givenBack;
     int changes = 0;
     std::vector<std::string> log;
     std::unique_ptr<LicenseManager> gate;
@@ -105,7 +120,7 @@ TEST_F(LicenseGateTest, TheTrialEndsAlsoWhenTheClockIsKeptBack) {
     EXPECT_EQ(kind(), Kind::trialOver);
 }
 
-TEST_F(LicenseGateTest, AKeyIsActivatedOnceAndHoldsOfflineForEver) {
+TEST_F(LicenseGateTest, AKeyIsActivatedOnceAndItsLeaseIsRenewedByItself) {
     time.runFor(20 * day);
     EXPECT_EQ(activate(" GOOD-KEY\n"), "done");
     EXPECT_EQ(kind(), Kind::licensed);
@@ -114,11 +129,81 @@ TEST_F(LicenseGateTest, AKeyIsActivatedOnceAndHoldsOfflineForEver) {
     EXPECT_THAT(request.body, Not(HasSubstr(*machine.identity))) << "the computer's identity stays here";
     EXPECT_THAT(log, Each(Not(HasSubstr("GOOD-KEY"))));
 
-    http.server = {};
+    changes = 0;
     time.runFor(400 * day);
     start();
     EXPECT_EQ(kind(), Kind::licensed);
-    EXPECT_EQ(http.requests.size(), 1U);
+    EXPECT_THAT(http.requests.size(), AllOf(Ge(45U), Le(60U))) << "about every eight days";
+    EXPECT_EQ(activations, 1);
+}
+
+TEST_F(LicenseGateTest, ACopiedBackPairEndsWithItsLease) {
+    ASSERT_EQ(activate(), "done");
+    const auto license = files.content(licenseFile).value();
+    const auto copy = files.content(copyFile).value();
+    ASSERT_EQ(deactivate(), "done");
+    const auto putBack = [&] {
+        files.put(licenseFile, license);
+        files.put(copyFile, copy);
+        start();
+    };
+    putBack();
+    time.runFor(10 * day);
+    EXPECT_THAT(gate->entitlement().reason,
+                HasSubstr("ends on 2026-04-01: the vendor's server does not renew"));
+    EXPECT_FALSE(files.remove(licenseFile));
+    files.put(licenseFile, license);
+    start();
+    time.runFor(20 * day);
+    EXPECT_EQ(kind(), Kind::refused) << "the lease has ended";
+    putBack();
+    time.runFor(60);
+    EXPECT_EQ(kind(), Kind::refused);
+
+    http.server = {};
+    putBack();
+    EXPECT_EQ(kind(), Kind::licensed) << "nobody can tell while the server is out of reach";
+    time.runFor(60 * day);
+    EXPECT_EQ(kind(), Kind::refused);
+}
+
+TEST_F(LicenseGateTest, AServerThatIsGoneTakesNothingForMonthsAndALicenseComesBackWithIt) {
+    ASSERT_EQ(activate(), "done");
+    const auto asked = http.requests.size();
+    http.server = [](const HttpRequest&) { return HttpResponse{404, "<html>For sale</html>"}; };
+    time.runFor(90 * day - 60);
+    EXPECT_THAT(gate->entitlement().reason, HasSubstr("before 2026-05-31"));
+    EXPECT_EQ(kind(), Kind::licensed);
+    EXPECT_LT(http.requests.size() - asked, 100U) << "about once a day";
+    time.runFor(120);
+    EXPECT_EQ(kind(), Kind::refused);
+    http.server = [this](const HttpRequest& request) { return answer(request); };
+    time.runFor(3600);
+    EXPECT_EQ(kind(), Kind::licensed);
+}
+
+TEST_F(LicenseGateTest, AClockThatWasFarAheadTakesNothingOnceItIsRight) {
+    ASSERT_EQ(activate(), "done");
+    time.setWallClock(dateFromIso8601("2040-01-01T00:00:00Z").value());
+    start();
+    time.runFor(60);
+    EXPECT_EQ(kind(), Kind::refused);
+    EXPECT_THAT(log.back(), HasSubstr("set it right"));
+    time.setWallClock(serversTime());
+    start();
+    time.runFor(60);
+    EXPECT_EQ(kind(), Kind::licensed);
+}
+
+TEST_F(LicenseGateTest, TheUserDoesNotWaitForARenewal) {
+    ASSERT_EQ(activate(), "done");
+    http.answerSeconds = 50;
+    time.runFor(8 * day + 60);
+    std::string outcome;
+    gate->deactivate(into(outcome));
+    time.runFor(60);
+    EXPECT_EQ(outcome, "done");
+    EXPECT_EQ(kind(), Kind::trial);
 }
 
 TEST_F(LicenseGateTest, WhateverGoesWrongWithTheServerNothingChanges) {

@@ -156,7 +156,7 @@ TEST(LicenseDecision, AnExpiredLicenseStaysButEntitlesToNothingWhateverTheClockS
     payload["expiresAt"] = "2026-04-01T00:00:00Z";
     auto stored = licensed(TestLicense::document(payload.dump()).dump());
     EXPECT_EQ(decided({.main = stored}).entitlement.kind, Kind::licensed);
-    EXPECT_EQ(LicenseDecision::nextChange(decided({.main = stored}).entitlement), day0 + days{30});
+    EXPECT_EQ(decided({.main = stored}).entitlement.changesAt, day0 + days{30});
     stored.latestSeen = day0 + days{31};
     const auto expired = decided({.main = stored});
     EXPECT_EQ(expired.entitlement.kind, Kind::refused);
