@@ -18,13 +18,14 @@ public:
     explicit VantrelDesk(const std::string& windowManager,
                          const std::vector<MonitorPlace>& monitors = {left, right})
         : PrivateDesk(monitors, windowManager) {}
-    // Shows vantrel's log when the test has failed: the home goes with the desk.
+    // Fails the test when a vantrel has crashed, also at its end, and shows vantrel's log when the test has
+    // failed: the home goes with the desk.
     ~VantrelDesk();
     VantrelDesk(const VantrelDesk&) = delete;
     VantrelDesk& operator=(const VantrelDesk&) = delete;
 
     // Returns when it answers on the bus. `changes` are those of its environment (ProgramRun).
-    [[nodiscard]] ProgramRun startVantrel(const std::vector<std::string>& changes = {},
+    [[nodiscard]] ProgramRun startVantrel(std::vector<std::string> changes = {},
                                           const char* program = VANTREL_PROGRAM) const;
 
     // vantrelctl with these arguments, run to its end.

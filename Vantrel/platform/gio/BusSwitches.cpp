@@ -33,11 +33,12 @@ std::optional<bool> boolean(GVariant* variant) {
 class BusSwitch : public FocusSwitch {
 public:
     BusSwitch(GDBusConnection* bus, const BusObject& object, OnSwitched onSwitched)
-        : m_bus(bus), m_object(object), m_onSwitched(std::move(onSwitched)) {}
+        : m_bus(static_cast<GDBusConnection*>(g_object_ref(bus))), m_object(object),
+          m_onSwitched(std::move(onSwitched)) {}
 
     ~BusSwitch() override {
         for (const guint subscription : m_subscriptions) {
-            g_dbus_connection_signal_unsubscribe(m_bus, subscription);
+            g_dbus_connection_signal_unsubscribe(m_bus.get(), subscription);
         }
     }
 
@@ -45,15 +46,16 @@ protected:
     void subscribe(const char* interface, const char* signal, const char* firstArgument,
                    GDBusSignalCallback callback) {
         m_subscriptions.push_back(g_dbus_connection_signal_subscribe(
-            m_bus, m_object.service, interface, signal, m_object.path, firstArgument,
+            m_bus.get(), m_object.service, interface, signal, m_object.path, firstArgument,
             G_DBUS_SIGNAL_FLAGS_NONE, callback, this, nullptr));
     }
 
     // Asks without starting the service: a desktop that does not run it does not use it.
     bool ask(const char* interface, const char* method, const char* first, const char* second) {
-        const GLibHandle<GVariant> answer(g_dbus_connection_call_sync(
-            m_bus, m_object.service, m_object.path, interface, method, g_variant_new("(ss)", first, second),
-            G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, answerTime, nullptr, nullptr));
+        const GLibHandle<GVariant> answer(
+            g_dbus_connection_call_sync(m_bus.get(), m_object.service, m_object.path, interface, method,
+                                        g_variant_new("(ss)", first, second), G_VARIANT_TYPE("(v)"),
+                                        G_DBUS_CALL_FLAGS_NO_AUTO_START, answerTime, nullptr, nullptr));
         if (!answer) {
             return false;
         }
@@ -64,7 +66,8 @@ protected:
     void tell(bool isOn) const { m_onSwitched(isOn); }
 
 private:
-    GDBusConnection* m_bus;
+    // Its own share: the subscriptions end before it does, whoever else lets go of the bus.
+    GObjectHandle<GDBusConnection> m_bus;
     BusObject m_object;
     OnSwitched m_onSwitched;
     std::vector<guint> m_subscriptions;

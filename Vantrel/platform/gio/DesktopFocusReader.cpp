@@ -24,13 +24,22 @@ public:
 
     template <typename Make>
     void add(Make make) {
-        const auto index = m_isOn.size();
+        const auto index = m_switches.size();
+        m_switches.emplace_back();
         m_isOn.push_back(false);
-        if (auto made = make([this, index](bool isOn) { switched(index, isOn); })) {
+        m_switches[index] = make([this, index](bool isOn) { switched(index, isOn); });
+        if (m_switches[index]) {
             // What is on already does not turn on.
-            m_isOn[index] = made->isOn();
-            m_switches.push_back(std::move(made));
+            m_isOn[index] = m_switches[index]->isOn();
         }
+    }
+
+    [[nodiscard]] std::size_t count() const { return m_switches.size(); }
+
+    // Only the first ones are kept.
+    void shrink(std::size_t count) {
+        m_switches.resize(count);
+        m_isOn.resize(count);
     }
 
 private:
@@ -44,7 +53,92 @@ private:
 
     std::function<void()> m_onTurnedOn;
     std::vector<bool> m_isOn;
+    // Null where this machine has no such switch.
     std::vector<std::unique_ptr<FocusSwitch>> m_switches;
+};
+
+// A connection to the session bus that is nobody else's, so that it is not the one that others have seen
+// close. Null without a bus.
+GObjectHandle<GDBusConnection> connectToBus() {
+    const std::unique_ptr<gchar, decltype(&g_free)> address(
+        g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr), &g_free);
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): a set of flags
+    constexpr auto asClient = static_cast<GDBusConnectionFlags>(
+        G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    return GObjectHandle<GDBusConnection>(
+        address ? g_dbus_connection_new_for_address_sync(address.get(), asClient, nullptr, nullptr, nullptr)
+                : nullptr);
+}
+
+// The switches behind the session bus, taken anew from each bus that comes. Belongs to the thread whose
+// default main context runs.
+class SwitchesOfTheBus {
+public:
+    SwitchesOfTheBus(Switches& switches, GMainContext* context)
+        : m_switches(switches), m_context(context), m_others(switches.count()) {
+        join();
+    }
+
+    ~SwitchesOfTheBus() {
+        leave();
+        if (m_nextAttempt) {
+            g_source_destroy(m_nextAttempt.get());
+        }
+    }
+
+    SwitchesOfTheBus(const SwitchesOfTheBus&) = delete;
+    SwitchesOfTheBus& operator=(const SwitchesOfTheBus&) = delete;
+
+private:
+    static constexpr guint pauseSeconds = 5;
+
+    void join() {
+        m_bus = connectToBus();
+        if (!m_bus) {
+            tryLater();
+            return;
+        }
+        m_closed = g_signal_connect(
+            m_bus.get(), "closed",
+            G_CALLBACK(+[](GDBusConnection* /*bus*/, gboolean /*byPeer*/, GError* /*error*/, gpointer self) {
+                static_cast<SwitchesOfTheBus*>(self)->tryLater();
+            }),
+            this);
+        for (auto* const make : {makeXfconfSwitch, makeInhibitionSwitch}) {
+            m_switches.add(
+                [&](FocusSwitch::OnSwitched onSwitched) { return make(m_bus.get(), std::move(onSwitched)); });
+        }
+    }
+
+    void leave() {
+        m_switches.shrink(m_others);
+        if (m_bus) {
+            g_signal_handler_disconnect(m_bus.get(), m_closed);
+            m_bus.reset();
+        }
+    }
+
+    void tryLater() {
+        m_nextAttempt.reset(g_timeout_source_new_seconds(pauseSeconds));
+        g_source_set_callback(
+            m_nextAttempt.get(),
+            [](gpointer self) -> gboolean {
+                auto* const own = static_cast<SwitchesOfTheBus*>(self);
+                own->leave();
+                own->join();
+                return G_SOURCE_REMOVE;
+            },
+            this, nullptr);
+        g_source_attach(m_nextAttempt.get(), m_context);
+    }
+
+    Switches& m_switches;
+    GMainContext* m_context;
+    // How many switches are not ours.
+    std::size_t m_others;
+    GObjectHandle<GDBusConnection> m_bus;
+    gulong m_closed = 0;
+    GLibHandle<GSource> m_nextAttempt;
 };
 
 } // namespace
@@ -91,16 +185,7 @@ void DesktopFocusReader::listen() {
                 return makeSettingSwitch(setting, std::move(onSwitched));
             });
         }
-        const GObjectHandle<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-        if (bus) {
-            // By default GLib ends the program when the bus goes away.
-            g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-            for (auto* const make : {makeXfconfSwitch, makeInhibitionSwitch}) {
-                switches.add([&](FocusSwitch::OnSwitched onSwitched) {
-                    return make(bus.get(), std::move(onSwitched));
-                });
-            }
-        }
+        const SwitchesOfTheBus switchesOfTheBus(switches, m_context.get());
         g_main_loop_run(m_loop.get());
     }
     g_main_context_pop_thread_default(m_context.get());

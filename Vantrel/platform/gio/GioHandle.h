@@ -17,6 +17,8 @@ struct GLibDeleter {
 
     void operator()(GMainLoop* loop) const { g_main_loop_unref(loop); }
 
+    void operator()(GSource* source) const { g_source_unref(source); }
+
     void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
 };
 
