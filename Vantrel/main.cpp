@@ -18,11 +18,13 @@
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
 #include "Vantrel/platform/posix/AutostartFile.h"
 #include "Vantrel/platform/posix/CrashReporter.h"
+#include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/MachineIDFile.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/qt/BusMembership.h"
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
 #include "Vantrel/platform/qt/QtHttpClient.h"
@@ -101,6 +103,20 @@ ExitCode complainOfSecondStart() {
     return complain("It runs already. Ask it with: vantrelctl status", ExitCode::runsAlready);
 }
 
+std::string folderIsUnusable(const std::filesystem::path& folder, const std::error_code& error) {
+    return fmt::format("The folder {} cannot be used: {}.", folder.string(), error.message());
+}
+
+// It is on another bus, else its name would have told.
+ExitCode complainOfSharedFolder(const std::filesystem::path& folder, const InstanceLock::Holder& holder) {
+    return complain(
+        fmt::format("Another vantrel{} keeps its layouts in {} and is not on this session bus. Two would "
+                    "overwrite each other's files, so this one ends. End the other one, or give this one a "
+                    "folder of its own with XDG_DATA_HOME.",
+                    holder.empty() ? "" : " (" + holder + ")", folder.string()),
+        ExitCode::runsAlready);
+}
+
 constexpr const char* serverIsGone = "The X server has gone away.";
 
 // The log of a running desk; null before and after.
@@ -126,8 +142,10 @@ void openPage(const std::string& url) {
 // Everything that runs, in the order of its construction: what is used outlives what uses it.
 class Program {
 public:
-    Program(std::shared_ptr<X11Connection> connection, QDBusConnection bus, SystemDescription system)
-        : m_system(std::move(system)), m_connection(std::move(connection)), m_bus(std::move(bus)) {}
+    Program(InstanceLock lock, std::shared_ptr<X11Connection> connection, QDBusConnection bus,
+            SystemDescription system)
+        : m_lock(std::move(lock)), m_system(std::move(system)), m_connection(std::move(connection)),
+          m_bus(std::move(bus)) {}
 
     // Runs until it is told to end.
     ExitCode run() {
@@ -162,14 +180,11 @@ private:
              .version = VANTREL_VERSION,
              .setLaunchAtLogin = [this](bool launches) { return m_autostart.setLaunchAtLogin(launches); }});
         if (!controller) {
-            return complain(fmt::format("The folder {} cannot be used: {}.", m_supportDirectory.string(),
-                                        controller.error().message()));
+            return complain(folderIsUnusable(m_supportDirectory, controller.error()));
         }
         m_controller = std::move(*controller);
-        m_service.emplace(*m_controller, m_supportDirectory, m_bus);
-        if (!m_service->start()) {
-            return complain("The session bus does not take the object " + std::string(ControlNames::path) +
-                            ".");
+        if (!serve()) {
+            return complain(objectIsRefused());
         }
         if (!m_bus.registerService(ControlNames::service)) {
             if (runsAlready(m_bus)) {
@@ -194,6 +209,11 @@ private:
         m_overlay.emplace();
         m_overlay->follow(*m_controller);
         m_log.write("start: vantrel " VANTREL_VERSION);
+        if (const auto& problem = m_lock.problem()) {
+            m_log.write("start: the data folder cannot be locked, so a second vantrel on another session bus "
+                        "would overwrite the files of this one: " +
+                        problem.message());
+        }
         runningLog() = &m_log;
         m_controller->watchForPermission();
         m_controller->startEngine();
@@ -206,10 +226,44 @@ private:
                 .purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
                 .checkForUpdates = [this] { m_updates.checkForUpdates(); },
                 .quit = [] { QCoreApplication::quit(); }});
-        m_notifierHost.emplace(m_bus, [this] { m_statusIcon->show(StatusIcon::Tray::statusNotifier); });
+        watchNotifierHost();
         m_xembedTray.emplace(m_connection, m_queue, [this] { m_statusIcon->show(StatusIcon::Tray::xembed); });
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
+        m_membership.emplace(m_bus, ControlNames::service,
+                             BusMembership::Handlers{
+                                 .lost = [this] { leaveBus(); },
+                                 .joined = [this](const QDBusConnection& bus) { joinBus(bus); },
+                                 .log = [this](const std::string& message) { log(message); },
+                             });
+    }
+
+    [[nodiscard]] bool serve() {
+        m_service.reset();
+        m_service.emplace(*m_controller, m_supportDirectory, m_bus);
+        return m_service->start();
+    }
+
+    [[nodiscard]] static std::string objectIsRefused() {
+        return fmt::format("The session bus does not take the object {}.", ControlNames::path);
+    }
+
+    void watchNotifierHost() {
+        m_notifierHost.emplace(m_bus, [this] { m_statusIcon->show(StatusIcon::Tray::statusNotifier); });
+    }
+
+    void leaveBus() {
+        m_notifierHost.reset();
+        m_statusIcon->leaveStatusNotifier();
+    }
+
+    void joinBus(const QDBusConnection& bus) {
+        m_bus = bus;
+        if (!serve()) {
+            log("session bus: " + objectIsRefused());
+        }
+        m_systemEvents.setSessionBus(m_bus);
+        watchNotifierHost();
     }
 
     void endWithoutServer() {
@@ -221,6 +275,8 @@ private:
     void log(const std::string& message) { m_log.write(message); }
 
     std::filesystem::path m_supportDirectory = UserFolders::supportDirectory();
+    // Held until everything that writes is gone.
+    InstanceLock m_lock;
     SystemDescription m_system;
     std::shared_ptr<X11Connection> m_connection;
     QDBusConnection m_bus;
@@ -289,6 +345,7 @@ private:
     std::optional<StatusIcon> m_statusIcon;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;
+    std::optional<BusMembership> m_membership;
 };
 
 } // namespace
@@ -326,6 +383,16 @@ int main(int argumentCount, char** arguments) {
                                          bus.lastError().message().toStdString()));
     }
     // Before anything of the running one is touched.
-    return static_cast<int>(runsAlready(bus) ? complainOfSecondStart()
-                                             : Program(*connection, bus, system).run());
+    if (runsAlready(bus)) {
+        return static_cast<int>(complainOfSecondStart());
+    }
+    const auto folder = UserFolders::supportDirectory();
+    if (const auto error = PosixFileSystem().createDirectories(folder)) {
+        return static_cast<int>(complain(folderIsUnusable(folder, error)));
+    }
+    auto lock = InstanceLock::take(folder);
+    if (!lock) {
+        return static_cast<int>(complainOfSharedFolder(folder, lock.error()));
+    }
+    return static_cast<int>(Program(std::move(*lock), *connection, bus, system).run());
 }

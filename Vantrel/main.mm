@@ -34,6 +34,7 @@
 #include "Vantrel/platform/macos/StandardUpdater.h"
 #include "Vantrel/platform/macos/SystemFacts.h"
 #include "Vantrel/platform/posix/CrashReporter.h"
+#include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
@@ -56,6 +57,10 @@ int complain(const std::string& sentence) {
     fmt::print(stderr, "Vantrel: {}\n", sentence);
     QMessageBox::critical(nullptr, "Vantrel", QString::fromStdString(sentence));
     return 1;
+}
+
+std::string folderIsUnusable(const std::filesystem::path& folder, const std::error_code& error) {
+    return fmt::format("The folder {} cannot be used: {}.", folder.string(), error.message());
 }
 
 SystemDescription systemDescription() {
@@ -100,8 +105,7 @@ public:
                                                  .version = VANTREL_VERSION,
                                                  .setLaunchAtLogin = LoginItem::setLaunchAtLogin});
         if (!controller) {
-            return fmt::format("The folder {} cannot be used: {}.", m_supportDirectory.string(),
-                               controller.error().message());
+            return folderIsUnusable(m_supportDirectory, controller.error());
         }
         m_controller = std::move(*controller);
         m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
@@ -225,6 +229,17 @@ int main(int argumentCount, char** arguments) {
     }
     const SystemDescription system = systemDescription();
     CrashReporter::install(*supportDirectory, system);
+    if (const auto error = PosixFileSystem().createDirectories(*supportDirectory)) {
+        return complain(folderIsUnusable(*supportDirectory, error));
+    }
+    // Held until everything that writes is gone.
+    const auto lock = InstanceLock::take(*supportDirectory);
+    if (!lock) {
+        return complain(
+            fmt::format("Vantrel is already running{}. Two would overwrite each other's files in {}, "
+                        "so this one ends.",
+                        lock.error().empty() ? "" : " (" + lock.error() + ")", supportDirectory->string()));
+    }
     Program program(*supportDirectory, system);
     if (const auto problem = program.construct()) {
         return complain(*problem);

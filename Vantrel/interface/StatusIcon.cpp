@@ -53,6 +53,8 @@ bool isOnlySaid(const StatusItemMenuEntry& entry) {
 StatusIcon::StatusIcon(AppController& controller, Actions actions)
     : m_controller(controller), m_actions(std::move(actions)),
       m_observer(controller.addObserver([this] { refresh(); })) {
+    // What changed while it was open. Later, when it counts as closed.
+    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
     refresh();
 }
 
@@ -69,8 +71,6 @@ void StatusIcon::show(Tray tray) {
     m_shownEntries.reset();
     refresh();
     m_icon->setContextMenu(&m_menu);
-    // What changed while it was open. Later, when it counts as closed.
-    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
     QObject::connect(&*m_icon, &QSystemTrayIcon::activated, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason != QSystemTrayIcon::Trigger) {
             return;
@@ -83,6 +83,13 @@ void StatusIcon::show(Tray tray) {
         }
     });
     m_icon->show();
+}
+
+void StatusIcon::leaveStatusNotifier() {
+    if (m_tray == Tray::statusNotifier) {
+        m_icon.reset();
+        m_shownPhase.reset();
+    }
 }
 
 void StatusIcon::refresh() {

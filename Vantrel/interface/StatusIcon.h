@@ -41,6 +41,9 @@ public:
     // From then on the icon comes back by itself when the tray goes and comes.
     void show(Tray tray);
 
+    // The bus that the icon was on is gone: until it is shown again there is none.
+    void leaveStatusNotifier();
+
     // Offers to set Mission Control's settings right, until it is called with null.
     void offerMissionControlFix(std::function<void()> fix);
 

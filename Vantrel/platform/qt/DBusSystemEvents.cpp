@@ -61,6 +61,18 @@ void DBusSystemEvents::setHandlers(Handlers handlers) {
     }
 }
 
+void DBusSystemEvents::setSessionBus(const QDBusConnection& bus) {
+    for (const auto& saver : m_screenSavers.watchedServices()) {
+        setLocked(saver.toStdString(), false);
+    }
+    m_screenSavers.setWatchedServices({});
+    m_screenSavers.setConnection(bus);
+    m_sessionBus = bus;
+    if (m_isWatching) {
+        watchScreenSavers();
+    }
+}
+
 void DBusSystemEvents::watchLogind() {
     if (!m_systemBus.isConnected()) {
         complain("there is no system bus");

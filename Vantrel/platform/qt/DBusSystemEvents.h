@@ -32,6 +32,9 @@ public:
 
     void setHandlers(Handlers handlers) override;
 
+    // The session bus is another one now; what screen savers said on the old one has no voice any more.
+    void setSessionBus(const QDBusConnection& bus);
+
 private Q_SLOTS:
     // Of logind's manager.
     void prepareForSleep(bool isGoing);

@@ -34,7 +34,7 @@ public:
 
     [[nodiscard]] Monitors& monitors() { return m_monitors; }
 
-    [[nodiscard]] const SessionBus& bus() const { return m_bus; }
+    [[nodiscard]] SessionBus& bus() { return m_bus; }
 
     // What programs on this desk are given.
     [[nodiscard]] std::vector<std::string> environment() const;

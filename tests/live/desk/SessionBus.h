@@ -5,6 +5,7 @@
 #include "tests/live/desk/ChildProcess.h"
 #include "tests/live/desk/TemporaryHome.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,15 +14,22 @@ namespace vantrel::live {
 class SessionBus {
 public:
     // `environment` is what activated services get. Returns when the bus accepts connections.
-    // `name` tells it from the home's other buses.
+    // `name` tells it from the home's other buses. The home outlives the bus.
     SessionBus(const TemporaryHome& home, std::vector<std::string> environment,
                const std::string& name = "bus");
 
     [[nodiscard]] const std::string& address() const { return m_address; }
 
+    // Whoever is connected loses the connection.
+    void end();
+    // After its end; at the same address.
+    void start();
+
 private:
     std::string m_address;
-    ChildProcess m_process;
+    const TemporaryHome& m_home;
+    ChildStart m_start;
+    std::optional<ChildProcess> m_process;
 };
 
 } // namespace vantrel::live

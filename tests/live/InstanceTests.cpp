@@ -1,0 +1,97 @@
+// One program per data folder, whatever bus it is on, and a program that outlives its bus.
+#include "tests/live/BusVoice.h"
+#include "tests/live/VantrelDesk.h"
+
+#include <QCoreApplication>
+
+#include <csignal>
+#include <gmock/gmock.h>
+
+namespace vantrel::live {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+
+TEST(Instance, ASecondOneOnAnotherBusEndsAndMayStartOnceTheFirstWasKilled) {
+    const VantrelDesk desk("openbox");
+    const SessionBus otherBus(desk.home(), desk.environment(), "other-bus");
+    const std::vector onOtherBus{"DBUS_SESSION_BUS_ADDRESS=" + otherBus.address()};
+    auto first = desk.startVantrel();
+    const auto process = "process " + std::to_string(first.process().pid()) + " on ";
+
+    const auto second = desk.run({VANTREL_PROGRAM}, onOtherBus);
+    EXPECT_EQ(second.code, 3);
+    EXPECT_THAT(second.output, AllOf(HasSubstr(process), HasSubstr(desk.vantrelFolder().string())));
+    EXPECT_TRUE(first.process().isRunning());
+    EXPECT_EQ(desk.logged("start: vantrel"), 1U);
+
+    // With a folder of its own nothing keeps it from running.
+    ProgramRun elsewhere(
+        desk, {VANTREL_PROGRAM},
+        {onOtherBus.front(), "XDG_DATA_HOME=" + (desk.home().path() / "elsewhere").string()});
+    EXPECT_TRUE(
+        waitUntil([&] { return elsewhere.output().find("is watching this desk") != std::string::npos; }));
+
+    ASSERT_EQ(first.endedBy(SIGKILL).code, 128 + SIGKILL);
+    const auto next = desk.startVantrel();
+    EXPECT_EQ(desk.logged("start: vantrel"), 2U);
+}
+
+TEST(Instance, ABusThatComesBackIsJoinedAgain) {
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
+    VantrelDesk desk("openbox");
+    desk.open({"galculator"});
+    auto vantrel = desk.startVantrel();
+    desk.done({"save-scene", "Work"});
+    desk.done({"triggers", "add", "focus", "Work"});
+    for (std::size_t time = 1; time <= 2; ++time) {
+        desk.bus().end();
+        desk.bus().start();
+        EXPECT_TRUE(waitUntil([&] { return desk.control({"status"}).code == 0; }));
+        EXPECT_EQ(desk.logged("session bus: lost"), time);
+        EXPECT_THAT(desk.done({"save"}), HasSubstr("Saved 1 window"));
+        const auto second = desk.run({VANTREL_PROGRAM});
+        EXPECT_EQ(second.code, 3);
+        EXPECT_THAT(second.output, HasSubstr("runs already"));
+        EXPECT_TRUE(vantrel.process().isRunning());
+    }
+
+    // What the desktop says on the new bus is heard: a screen saver, and "do not disturb".
+    {
+        BusVoice saver(desk.bus().address(), "saver");
+        saver.say("/", "org.xfce.ScreenSaver", "ActiveChanged", {true});
+        EXPECT_TRUE(waitUntil([&] { return desk.logged("session locked: snapshots suspended") == 1; }));
+        saver.say("/", "org.xfce.ScreenSaver", "ActiveChanged", {false});
+        EXPECT_TRUE(waitUntil([&] { return desk.logged("session unlocked: ") == 1; }));
+    }
+    BusVoice notifications(desk.bus().address(), "notifications", "org.freedesktop.Notifications");
+    EXPECT_TRUE(waitUntil([&] {
+        for (const bool isOn : {false, true}) {
+            notifications.sayChanged("/org/freedesktop/Notifications", "org.freedesktop.Notifications",
+                                     {{"Inhibited", isOn}});
+        }
+        return desk.logged("focus trigger fired: ") > 0;
+    }));
+    EXPECT_EQ(vantrel.endedBy(SIGTERM).code, 0) << vantrel.output();
+}
+
+// Somebody else was faster on the new bus.
+TEST(Instance, ANameThatIsTakenIsWonBackWhenItIsFree) {
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
+    VantrelDesk desk("openbox");
+    const auto vantrel = desk.startVantrel();
+    desk.bus().end();
+    ASSERT_TRUE(waitUntil([&] { return desk.logged("session bus: lost") == 1; }));
+    {
+        desk.bus().start();
+        const BusVoice thief(desk.bus().address(), "thief", "org.vantrel.Vantrel");
+        ASSERT_TRUE(waitUntil([&] { return desk.logged("session bus: another program has the name") == 1; }));
+    }
+    EXPECT_TRUE(waitUntil([&] { return desk.control({"status"}).code == 0; }));
+}
+
+} // namespace
+} // namespace vantrel::live
