@@ -13,9 +13,6 @@ std::optional<Kind> hindrance(ControllerContext& context) {
     if (!context.ports.accessibility.isTrusted()) {
         return Kind::needsPermission;
     }
-    if (!context.entitledToRun()) {
-        return Kind::notEntitled;
-    }
     if (context.restoreInFlight) {
         return Kind::restoreInFlight;
     }

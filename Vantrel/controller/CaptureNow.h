@@ -1,4 +1,5 @@
-// The desk as it stands now, captured at once because the user wants to keep it.
+// The desk as it stands now, captured at once because the user wants to keep it. Needs no license: only
+// learning and restoring do.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"

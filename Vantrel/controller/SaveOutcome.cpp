@@ -16,8 +16,6 @@ std::string SaveOutcome::text() const {
         return "There is no display.";
     case Kind::needsPermission:
         return "The permission to read and move windows is missing.";
-    case Kind::notEntitled:
-        return "The license does not allow it.";
     case Kind::nothingToSave:
         return "There is no window to remember on this desk.";
     case Kind::invalidName:

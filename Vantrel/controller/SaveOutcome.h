@@ -14,7 +14,6 @@ struct SaveOutcome {
         displaysChanging,
         noDisplays,
         needsPermission,
-        notEntitled,
         // The desk shows no window that could be remembered; what is stored stays.
         nothingToSave,
         // The name is empty or too long.

@@ -135,6 +135,23 @@ TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {
     EXPECT_FALSE(story.storedLayout().has_value());
 }
 
+TEST_F(Learning, WithoutALicenseTheUserStillSavesLayoutsScenesAndStashes) {
+    story.runFor(1);
+    story.license.setEntitled(false);
+    save();
+    story.runFor(1);
+    story.controller->layouts().saveLayoutAs("Work", {});
+    story.runFor(1);
+    story.controller->scenes().saveCurrentAsScene("Work", {});
+    story.runFor(1);
+    story.controller->stashes().stashNow({});
+    story.runFor(1);
+    EXPECT_EQ(outcomes, (std::vector<SaveOutcome>{{.kind = Kind::saved, .windows = 4}}));
+    EXPECT_EQ(story.published().currentLayouts.size(), 2U);
+    EXPECT_EQ(story.published().scenes.size(), 1U);
+    EXPECT_EQ(story.published().stashes.size(), 1U);
+}
+
 TEST(LearningToBegin, APermissionIsWaitedForAlsoWhenItIsTakenAwayLater) {
     Story story;
     story.openPrograms();
