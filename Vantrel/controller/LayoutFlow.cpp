@@ -59,14 +59,13 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
             }
         };
     }
-    restoreActive(std::move(undone), done);
-    return true;
+    return restoreActive(std::move(undone), done);
 }
 
-void LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done) {
+bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done) {
     const auto layout = m_context.layoutToRestore();
     if (!layout) {
-        return;
+        return RestoreOutcome::refuse(RestoreOutcome::Kind::noSuchLayout, done);
     }
     m_runner.perform({.layout = *layout,
                       .displays = m_context.state().displays,
@@ -75,6 +74,7 @@ void LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcom
                       .raising = RestoreEngine::Raising::raise,
                       .undone = std::move(undone),
                       .done = done});
+    return true;
 }
 
 bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& done) {

@@ -47,7 +47,8 @@ public:
 
 private:
     [[nodiscard]] SaveOutcome store(Layout layout, const std::string& name);
-    void restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done);
+    // False when no layout is active.
+    bool restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done);
     void layoutsChanged();
 
     ControllerContext& m_context;
