@@ -67,6 +67,9 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
         onFreshDesk(layout);
     }
     const auto stored = storedLike(layout);
+    if (onLearnedDesk && stored && layout.isEquivalent(*stored)) {
+        onLearnedDesk(*stored);
+    }
     if (stored && stored->isPinned()) {
         if (onPinnedDesk) {
             onPinnedDesk(layout);
@@ -75,9 +78,6 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     }
     const auto learned = m_stabilityGate.observe(layout, stored);
     if (!learned) {
-        if (onLearnedDesk && stored && layout.isEquivalent(*stored)) {
-            onLearnedDesk(*stored);
-        }
         return;
     }
     if (!m_context.store.save(*learned)) {

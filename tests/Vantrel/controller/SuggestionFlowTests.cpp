@@ -31,6 +31,12 @@ TEST_F(Suggestions, AnArrangementThatRecursOnThreeDaysIsSuggestedWithItsOwnSigna
     EXPECT_FALSE(isSuggested());
 }
 
+TEST_F(Suggestions, AnArrangementThatIsPinnedIsSuggestedToo) {
+    ASSERT_TRUE(story.controller->setPinned(true));
+    letDaysPass({0, 1, 1});
+    EXPECT_TRUE(isSuggested());
+}
+
 TEST_F(Suggestions, ItGoesWhenTheUserSavesTheSceneOrWantsNone) {
     letDaysPass({0, 1, 1});
     ASSERT_TRUE(isSuggested());
