@@ -166,7 +166,7 @@ public:
 
 private:
     // Until here nothing watches and nothing moves: a second vantrel ends before it touches the first one's
-    // desk.
+    // desk. The shortcuts are registered, but those of the first one are refused to a second.
     std::optional<ExitCode> construct() {
         m_license.start();
         m_updates.startup();

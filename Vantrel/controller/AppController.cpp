@@ -136,7 +136,6 @@ void AppController::startEngine() {
     refreshStatus();
     m_snapshotTimer = m_context.ports.mainQueue.every(snapshotInterval, [this] { tick(); });
     m_triggers.start();
-    m_hotKeys.start();
     applyLaunchAtLogin();
 }
 

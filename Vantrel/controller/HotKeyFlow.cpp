@@ -39,11 +39,7 @@ std::uint32_t fixedID(Kind surface) {
 } // namespace
 
 HotKeyFlow::HotKeyFlow(ControllerContext& context, SceneFlow& scenes, Actions actions)
-    : m_context(context), m_actions(std::move(actions)), m_sceneFlow(scenes),
-      m_scenes(context.ports.hotKeys) {}
-
-void HotKeyFlow::start() {
-    m_isStarted = true;
+    : m_context(context), m_actions(std::move(actions)), m_sceneFlow(scenes) {
     m_context.ports.hotKeys.setChangeHandler([this] {
         m_registered.clear();
         m_scenes.clear();
@@ -52,27 +48,46 @@ void HotKeyFlow::start() {
     syncEverything();
 }
 
+HotKeyFlow::~HotKeyFlow() {
+    m_context.ports.hotKeys.setChangeHandler({});
+    m_scenes.clear();
+}
+
 void HotKeyFlow::syncEverything() {
     // All that changed are dropped first: one may have taken another's combination.
     std::erase_if(m_registered, [&](const auto& entry) { return stored(entry.first) != entry.second.combo; });
     m_scenes.dropChanged(m_context.state().scenes);
-    for (const auto surface : fixedSurfaces) {
-        add(surface);
-    }
+    syncRestoreHotKey();
+    syncSaveHotKey();
+    syncStashHotKey();
+    syncUndoHotkey();
+    syncQuickSwitcherHotkey();
     syncSceneHotKeys();
 }
 
-void HotKeyFlow::settingsChanged() {
-    if (m_isStarted) {
-        syncEverything();
-    }
+void HotKeyFlow::syncRestoreHotKey() {
+    sync(Kind::fixedRestore, m_actions.restore);
+}
+
+void HotKeyFlow::syncSaveHotKey() {
+    sync(Kind::fixedSave, m_actions.save);
+}
+
+void HotKeyFlow::syncStashHotKey() {
+    sync(Kind::stash, m_actions.stash);
+}
+
+void HotKeyFlow::syncUndoHotkey() {
+    sync(Kind::undo, m_actions.undo);
+}
+
+void HotKeyFlow::syncQuickSwitcherHotkey() {
+    sync(Kind::quickSwitcher, {});
 }
 
 void HotKeyFlow::syncSceneHotKeys() {
-    if (m_isStarted) {
-        m_scenes.sync(m_context.state().scenes, m_actions.applyScene);
-        publish();
-    }
+    m_scenes.sync(m_context.ports.hotKeys, m_context.state().scenes, m_actions.applyScene);
+    publish();
 }
 
 std::optional<HotKeyCombo> HotKeyFlow::stored(Kind surface) const {
@@ -94,25 +109,16 @@ std::optional<HotKeyCombo> HotKeyFlow::stored(Kind surface) const {
     return std::nullopt;
 }
 
-void HotKeyFlow::add(Kind surface) {
-    const auto action = [&]() -> std::function<void()> {
-        switch (surface) {
-        case Kind::fixedRestore:
-            return m_actions.restore;
-        case Kind::fixedSave:
-            return m_actions.save;
-        case Kind::stash:
-            return m_actions.stash;
-        case Kind::undo:
-            return m_actions.undo;
-        case Kind::quickSwitcher:
-        case Kind::scene:
-            break;
-        }
-        return {};
-    }();
+void HotKeyFlow::sync(Kind surface, const std::function<void()>& action) {
     const auto combo = stored(surface);
-    if (!combo || !action || m_registered.contains(surface)) {
+    const auto registered = m_registered.find(surface);
+    if (registered != m_registered.end()) {
+        if (registered->second.combo == combo) {
+            return;
+        }
+        m_registered.erase(registered);
+    }
+    if (!combo || !action) {
         return;
     }
     if (auto hotKey = m_context.ports.hotKeys.add(fixedID(surface), *combo, action)) {
@@ -171,24 +177,28 @@ bool HotKeyFlow::write(const HotKeySurface& surface, std::optional<HotKeyCombo> 
         .has_value();
 }
 
+HotKeyStatus::State HotKeyFlow::stateOf(const HotKeySurface& surface) const {
+    using State = HotKeyStatus::State;
+    if (!surface.isAvailable()) {
+        return State::notAvailableYet;
+    }
+    const auto& refused = m_scenes.refused();
+    const bool isRefused = surface.kind == Kind::scene
+                               ? std::ranges::find(refused, surface.sceneID) != refused.end()
+                               : !m_registered.contains(surface.kind);
+    return isRefused ? State::refused : State::registered;
+}
+
 void HotKeyFlow::publish() {
     std::vector<HotKeyStatus> all;
     for (const auto& taken : takenHotKeys()) {
-        bool isRefused = false;
-        if (taken.surface.kind == Kind::scene) {
-            isRefused =
-                std::ranges::find(m_scenes.refused(), taken.surface.sceneID) != m_scenes.refused().end();
-        } else {
-            isRefused =
-                taken.surface.kind != Kind::quickSwitcher && !m_registered.contains(taken.surface.kind);
-        }
-        all.push_back({taken, isRefused});
+        all.push_back({taken, stateOf(taken.surface)});
     }
     if (all == m_context.state().hotKeys) {
         return;
     }
     for (const auto& each : all) {
-        if (each.isRefused &&
+        if (each.state == HotKeyStatus::State::refused &&
             std::ranges::find(m_context.state().hotKeys, each) == m_context.state().hotKeys.end()) {
             m_context.log(fmt::format("shortcut {} for \"{}\" was refused: another program holds it, or this "
                                       "keyboard has no such key",

@@ -27,15 +27,27 @@ public:
         std::function<void(const std::string& sceneID)> applyScene;
     };
 
+    // Registers everything as settings and scenes say, and does so again whenever the keyboard changes. The
+    // scenes are published already.
     HotKeyFlow(ControllerContext& context, SceneFlow& scenes, Actions actions);
+    ~HotKeyFlow();
+    HotKeyFlow(const HotKeyFlow&) = delete;
+    HotKeyFlow& operator=(const HotKeyFlow&) = delete;
 
-    // Registers everything as settings and scenes say, and does so again whenever the keyboard changes.
-    void start();
     // Registers anew what the settings say now and is not registered so.
-    void settingsChanged();
+    void settingsChanged() { syncEverything(); }
+
+    // Each registers the stored combination of its command in place of another one. What is registered as
+    // stored stays, and what the system refused is tried again.
+    void syncRestoreHotKey();
+    void syncSaveHotKey();
+    void syncStashHotKey();
+    void syncUndoHotkey();
+    // Registers nothing: the quick switcher does not exist yet.
+    void syncQuickSwitcherHotkey();
     void syncSceneHotKeys();
 
-    // Every combination in use, in the order in which conflicts are looked for.
+    // Every stored combination, in the order in which conflicts are looked for.
     [[nodiscard]] std::vector<TakenHotKey> takenHotKeys() const;
 
     // Stores and registers the combination of a command or scene; none clears it, or puts the default back
@@ -53,16 +65,16 @@ private:
     [[nodiscard]] std::optional<HotKeyCombo> stored(Kind surface) const;
     // False when it could not be written.
     [[nodiscard]] bool write(const HotKeySurface& surface, std::optional<HotKeyCombo> combo);
-    void add(Kind surface);
+    void sync(Kind surface, const std::function<void()>& action);
     void syncEverything();
+    [[nodiscard]] HotKeyStatus::State stateOf(const HotKeySurface& surface) const;
     void publish();
 
     ControllerContext& m_context;
     Actions m_actions;
     std::map<Kind, Registered> m_registered;
     SceneFlow& m_sceneFlow;
-    SceneHotKeyRegistry m_scenes;
-    bool m_isStarted = false;
+    SceneHotKeyRegistry& m_scenes = SceneHotKeyRegistry::shared();
 };
 
 } // namespace vantrel

@@ -33,9 +33,16 @@ struct PatternSuggestionInfo {
 };
 
 struct HotKeyStatus {
+    enum class State : std::uint8_t {
+        registered,
+        // The system does not give it: another program holds it, or this keyboard has no such key.
+        refused,
+        // Stored for a command that this version does not have; the keys are left to other programs.
+        notAvailableYet,
+    };
+
     TakenHotKey taken;
-    // The system does not give it: another program holds it, or this keyboard has no such key.
-    bool isRefused = false;
+    State state = State::registered;
 
     bool operator==(const HotKeyStatus&) const = default;
 };
@@ -102,7 +109,7 @@ struct PublishedState {
     WorkbenchTab workbenchTab = WorkbenchTab::scenes;
     // The recorder of the quick switcher's shortcut waits for keys as soon as the settings are shown.
     bool pendingQuickSwitcherArm = false;
-    // Every shortcut in use, fixed commands first.
+    // Every shortcut that is stored, fixed commands first.
     std::vector<HotKeyStatus> hotKeys;
     std::string version;
     // The newer version on offer; none when this one is current, as far as is known.

@@ -5,6 +5,16 @@
 
 namespace vantrel {
 
+SceneHotKeyRegistry& SceneHotKeyRegistry::shared() {
+    static SceneHotKeyRegistry registry;
+    return registry;
+}
+
+void SceneHotKeyRegistry::clear() {
+    m_registered.clear();
+    m_refused.clear();
+}
+
 void SceneHotKeyRegistry::dropChanged(const std::vector<Scene>& scenes) {
     std::erase_if(m_registered, [&](const auto& entry) {
         return std::ranges::none_of(scenes, [&](const Scene& scene) {
@@ -13,7 +23,7 @@ void SceneHotKeyRegistry::dropChanged(const std::vector<Scene>& scenes) {
     });
 }
 
-void SceneHotKeyRegistry::sync(const std::vector<Scene>& scenes,
+void SceneHotKeyRegistry::sync(HotKeys& hotKeys, const std::vector<Scene>& scenes,
                                const std::function<void(const std::string&)>& action) {
     dropChanged(scenes);
     m_refused.clear();
@@ -22,7 +32,7 @@ void SceneHotKeyRegistry::sync(const std::vector<Scene>& scenes,
         if (!combo || m_registered.contains(scene.id)) {
             continue;
         }
-        auto hotKey = m_hotKeys.add(m_nextID, *combo, [action, id = scene.id] { action(id); });
+        auto hotKey = hotKeys.add(m_nextID, *combo, [action, id = scene.id] { action(id); });
         if (hotKey) {
             ++m_nextID;
             m_registered.emplace(scene.id, Registered{*combo, std::move(hotKey)});

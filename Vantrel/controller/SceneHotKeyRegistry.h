@@ -13,14 +13,17 @@
 
 namespace vantrel {
 
+// Used on the main thread.
 class SceneHotKeyRegistry {
 public:
-    explicit SceneHotKeyRegistry(HotKeys& hotKeys) : m_hotKeys(hotKeys) {}
+    // The only one: no id is given out twice while the process runs.
+    [[nodiscard]] static SceneHotKeyRegistry& shared();
 
     // Brings the registered shortcuts in line with the scenes: those of scenes that are gone, have none any
     // more or another one are dropped, those that are missing are registered with the next id. `action` gets
     // the scene's id when its shortcut is pressed. What the system refused is tried again every time.
-    void sync(const std::vector<Scene>& scenes, const std::function<void(const std::string&)>& action);
+    void sync(HotKeys& hotKeys, const std::vector<Scene>& scenes,
+              const std::function<void(const std::string&)>& action);
 
     // The first half of that.
     void dropChanged(const std::vector<Scene>& scenes);
@@ -28,18 +31,20 @@ public:
     // The scenes whose shortcut the system refused at the last sync.
     [[nodiscard]] const std::vector<std::string>& refused() const { return m_refused; }
 
-    void clear() { m_registered.clear(); }
+    // Drops every shortcut; to be called before the HotKeys that gave them goes away.
+    void clear();
 
 private:
+    SceneHotKeyRegistry() = default;
+
     struct Registered {
         HotKeyCombo combo;
         std::unique_ptr<HotKey> hotKey;
     };
 
-    HotKeys& m_hotKeys;
+    // By the scene's id.
     std::map<std::string, Registered> m_registered;
     std::vector<std::string> m_refused;
-    // Never used twice.
     std::uint32_t m_nextID = 1000;
 };
 

@@ -16,6 +16,9 @@ struct HotKeySurface {
     // Which scene; empty for the fixed commands.
     std::string sceneID;
 
+    // False for a command that this version does not have: its combination is stored but not registered.
+    [[nodiscard]] bool isAvailable() const { return kind != Kind::quickSwitcher; }
+
     [[nodiscard]] static HotKeySurface scene(std::string id) { return {Kind::scene, std::move(id)}; }
 
     bool operator==(const HotKeySurface&) const = default;

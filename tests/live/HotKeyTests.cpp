@@ -72,6 +72,11 @@ TEST_P(RealKeys, ACombinationThatAnotherProgramHoldsIsShownAndTakenWhenItIsFree)
     EXPECT_THAT(desk.done({"hotkeys"}), testing::Not(testing::HasSubstr("refused")));
     EXPECT_THAT(desk.refused({"hotkeys", "set", "undo", "Super+Shift+S"}),
                 testing::HasSubstr("Already used by Save layout now"));
+    EXPECT_THAT(desk.refused({"hotkeys", "set", "quickSwitcher", "Super+F9"}),
+                testing::HasSubstr("Quick switcher is not available yet"));
+    desk.done({"settings", "set", "quickSwitcherKeyCode", "101"});
+    desk.done({"settings", "set", "quickSwitcherModifiers", "256"});
+    EXPECT_TRUE(waitUntil([&] { return desk.done({"hotkeys"}).contains("(not available yet)"); }));
 }
 
 } // namespace

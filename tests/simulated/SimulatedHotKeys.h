@@ -16,6 +16,8 @@ public:
                                               std::function<void()> action) override;
     void setChangeHandler(std::function<void()> handler) override { m_changeHandler = std::move(handler); }
 
+    // Whether anybody wants to be told of another keyboard.
+    [[nodiscard]] bool isWatched() const { return static_cast<bool>(m_changeHandler); }
     // True when somebody here had registered it.
     bool press(HotKeyCombo combo);
     void holdElsewhere(HotKeyCombo combo) { m_elsewhere.push_back(combo); }

@@ -1,6 +1,7 @@
 #include "Vantrel/commands/methods/HotKeyMethods.h"
 
 #include "Vantrel/commands/ControlNames.h"
+#include "VantrelCore/commands/HotKeyRecording.h"
 #include "VantrelCore/commands/HotKeyText.h"
 
 #include <algorithm>
@@ -29,7 +30,8 @@ nlohmann::json message(const HotKeyStatus& status) {
                         {"keys", HotKeyText::text(taken.combo)},
                         {"keyCode", taken.combo.keyCode},
                         {"modifiers", taken.combo.modifiers},
-                        {"refused", status.isRefused}};
+                        {"refused", status.state == HotKeyStatus::State::refused},
+                        {"available", status.state != HotKeyStatus::State::notAvailableYet}};
     if (taken.surface.kind == Kind::scene) {
         json["sceneID"] = taken.surface.sceneID;
     }
@@ -66,8 +68,12 @@ void change(AppController& controller, const std::string& name, std::optional<Ho
     };
     const auto found = surface(controller, name);
     if (!found) {
-        refuse("There is no command or scene \"" + name +
-               "\". Commands are restore, save, stash, undo and quickSwitcher.");
+        refuse("There is no command or scene \"" + name + "\". Commands are restore, save, stash and undo.");
+        return;
+    }
+    if (combo && !found->isAvailable()) {
+        refuse(std::string(HotKeyRecording::commandLabel(found->kind)) +
+               " is not available yet; nothing was changed.");
         return;
     }
     if (const auto changed = controller.setHotkey(*found, combo); !changed) {

@@ -15,15 +15,21 @@ struct Typed {
     std::string keys;
 };
 
+const char* remark(const nlohmann::json& hotKey) {
+    if (!hotKey.value("available", true)) {
+        return "  (not available yet)";
+    }
+    return hotKey.at("refused").get<bool>()
+               ? "  (refused: another program holds it, or this keyboard has no such key)"
+               : "";
+}
+
 ExitCode list(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output) {
     return show<nlohmann::json>(answer, output, [](const nlohmann::json& shown) {
         std::string text;
         for (const auto& each : shown.at("hotKeys")) {
-            text += fmt::format(
-                "{:<20} {}{}\n", each.at("keys").get<std::string>(), each.at("label").get<std::string>(),
-                each.at("refused").get<bool>()
-                    ? "  (refused: another program holds it, or this keyboard has no such key)"
-                    : "");
+            text += fmt::format("{:<20} {}{}\n", each.at("keys").get<std::string>(),
+                                each.at("label").get<std::string>(), remark(each));
         }
         return text;
     });
@@ -35,7 +41,7 @@ void addHotKeyVerbs(VerbTable& table, CLI::App& app) {
     auto& hotKeys = table.add(app, "hotkeys", "List the keyboard shortcuts; set or clear one",
                               [](VerbOutput output) { return list(ControlClient::call("HotKeys"), output); });
     const auto typed = std::make_shared<Typed>();
-    constexpr const char* what = "restore, save, stash, undo, quickSwitcher, or a scene's name";
+    constexpr const char* what = "restore, save, stash, undo, or a scene's name";
     auto& set = table.add(hotKeys, "set", "Give a command or scene a shortcut", [typed](VerbOutput output) {
         return list(ControlClient::call("SetHotKey", {typed->command, typed->keys}), output);
     });

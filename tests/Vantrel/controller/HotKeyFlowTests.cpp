@@ -101,8 +101,10 @@ TEST_F(HotKeyStory, ScenesKeepTheirRegistrationThroughARenameAndLoseItWhenDelete
     const auto registered = story.hotKeys.ids().size();
     ASSERT_TRUE(story.controller->scenes().rename(id, "Office"));
     EXPECT_EQ(story.hotKeys.ids().size(), registered);
+    const auto firstID = story.hotKeys.ids().back();
+    EXPECT_GE(firstID, 1000U);
     ASSERT_TRUE(story.controller->setHotkey(HotKeySurface::scene(id), f10));
-    EXPECT_EQ(story.hotKeys.ids().back(), 1001U);
+    EXPECT_EQ(story.hotKeys.ids().back(), firstID + 1);
     ASSERT_TRUE(story.controller->scenes().deleteScene(id));
     EXPECT_FALSE(press(f10));
 }
@@ -110,12 +112,32 @@ TEST_F(HotKeyStory, ScenesKeepTheirRegistrationThroughARenameAndLoseItWhenDelete
 TEST_F(HotKeyStory, WhatIsRefusedIsShownKeptAndTriedAgain) {
     story.hotKeys.holdElsewhere(f9);
     ASSERT_TRUE(story.controller->setHotkey(undoSurface, f9));
-    EXPECT_TRUE(story.published().hotKeys.back().isRefused);
+    EXPECT_EQ(story.published().hotKeys.back().state, HotKeyStatus::State::refused);
     EXPECT_EQ(story.logged("shortcut F9 for \"Undo last restore\" was refused"), 1U);
     story.hotKeys.releaseElsewhere();
     story.hotKeys.changeKeyboard();
-    EXPECT_FALSE(story.published().hotKeys.back().isRefused);
+    EXPECT_EQ(story.published().hotKeys.back().state, HotKeyStatus::State::registered);
     EXPECT_TRUE(press(f9) && press(HotKeyDefaults::restore));
+}
+
+TEST_F(HotKeyStory, TheQuickSwitchersCombinationIsKeptButNotRegisteredUntilThereIsASwitcher) {
+    const HotKeySurface surface{HotKeySurface::Kind::quickSwitcher, {}};
+    ASSERT_TRUE(story.controller->setHotkey(surface, f9));
+    EXPECT_FALSE(press(f9));
+    EXPECT_EQ(story.defaults.integer("quickSwitcherKeyCode"), f9.keyCode);
+    EXPECT_EQ(story.published().hotKeys.back().state, HotKeyStatus::State::notAvailableYet);
+    EXPECT_EQ(story.logged("shortcut "), 0U);
+}
+
+TEST_F(HotKeyStory, AreRegisteredAtConstructionAndTheKeyboardFindsNobodyAfterTheEnd) {
+    const auto id = addScene("Work");
+    ASSERT_TRUE(story.controller->setHotkey(HotKeySurface::scene(id), f9));
+    story.construct();
+    EXPECT_TRUE(press(HotKeyDefaults::restore) && press(f9));
+    EXPECT_FALSE(story.published().lastRestore) << "no desk is known yet";
+    story.controller.reset();
+    EXPECT_FALSE(story.hotKeys.isWatched());
+    EXPECT_FALSE(story.hotKeys.press(HotKeyDefaults::restore) || story.hotKeys.press(f9));
 }
 
 } // namespace

@@ -33,7 +33,7 @@ void Story::openPrograms() {
     mail = desk.open(desk.launch("org.example.mail", "Mail"), "Inbox", {{200, 120}, {900, 650}});
 }
 
-void Story::start() {
+void Story::construct() {
     controller.reset();
     auto created = AppController::create(
         {.accessibility = desk.accessibility(),
@@ -52,6 +52,10 @@ void Story::start() {
          .license = license},
         files, log, {.supportDirectory = folder, .ownBundleID = "org.example.vantrel", .version = "1.2.3"});
     controller = std::move(created.value());
+}
+
+void Story::start() {
+    construct();
     controller->watchForPermission();
     controller->startEngine();
 }

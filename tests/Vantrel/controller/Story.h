@@ -50,7 +50,8 @@ public:
     WindowID terminal = 0;
     WindowID mail = 0;
 
-    // A new controller on the same disk, as after a restart of the program.
+    // A new controller on the same disk, as after a restart of the program, without and with its engine.
+    void construct();
     void start();
     // Long enough for a desk that stands still to be learned.
     void learn();
