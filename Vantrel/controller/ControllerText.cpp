@@ -15,15 +15,14 @@ std::string displaySettled(const std::string& configID, const std::vector<Displa
                        displays.size(), displays.size() == 1 ? "display" : "displays");
 }
 
-std::string displayChangeReason(const std::vector<DisplayInfo>& before,
-                                const std::vector<DisplayInfo>& after) {
+std::string reconnected(const std::vector<DisplayInfo>& before, const std::vector<DisplayInfo>& after) {
     std::string names;
     for (const auto& display : after) {
         if (std::ranges::find(before, display.uuid, &DisplayInfo::uuid) == before.end()) {
             names += (names.empty() ? "" : " and ") + display.name;
         }
     }
-    return names.empty() ? "display change" : names + " reconnected";
+    return names.empty() ? "" : names + " reconnected";
 }
 
 std::string restoreReport(const RestoreReport& report) {

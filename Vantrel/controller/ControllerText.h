@@ -13,10 +13,10 @@ namespace vantrel::ControllerText {
 [[nodiscard]] std::string displaySettled(const std::string& configID,
                                          const std::vector<DisplayInfo>& displays);
 
-// Why windows are put back after a change of displays, as log, history and undo tell it: "LG UltraFine
-// reconnected", "Left and Right reconnected", or "display change" where none has come.
-[[nodiscard]] std::string displayChangeReason(const std::vector<DisplayInfo>& before,
-                                              const std::vector<DisplayInfo>& after);
+// Which displays have come with a change: "LG UltraFine reconnected", "Left and Right reconnected", or
+// empty where none has.
+[[nodiscard]] std::string reconnected(const std::vector<DisplayInfo>& before,
+                                      const std::vector<DisplayInfo>& after);
 
 // "restore report: 5 restored, 1 failed, 0 skipped, 2 retried, 6 expected, 40 ms", then every window that
 // failed, with the reason.

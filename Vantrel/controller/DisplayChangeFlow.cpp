@@ -70,16 +70,16 @@ void DisplayChangeFlow::changeBegan() {
 void DisplayChangeFlow::handleSettledChange(const std::string& configID,
                                             const std::vector<DisplayInfo>& displays) {
     m_context.displaysChanging = false;
-    const auto reason = ControllerText::displayChangeReason(m_context.state().displays, displays);
+    const auto reconnected = ControllerText::reconnected(m_context.state().displays, displays);
     m_context.showDesk(configID, displays);
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();
     onSettled();
-    restoreIfWanted(reason);
+    restoreIfWanted(reconnected);
     m_context.scheduleSnapshotResume(resumeDelay);
 }
 
-void DisplayChangeFlow::restoreIfWanted(const std::string& reason) {
+void DisplayChangeFlow::restoreIfWanted(const std::string& reconnected) {
     if (!m_context.settings.autoRestore() || !m_context.state().enabled || !m_context.entitledToRun() ||
         !m_context.ports.accessibility.isTrusted()) {
         return;
@@ -90,9 +90,10 @@ void DisplayChangeFlow::restoreIfWanted(const std::string& reason) {
     }
     m_runner.perform({.layout = *layout,
                       .displays = m_context.state().displays,
-                      .reason = reason,
+                      .reason = reconnected.empty() ? "display change" : reconnected,
                       .trigger = RestoreTrigger::automatic,
-                      .announcement = Announcement::announce});
+                      .announcement = Announcement::announce,
+                      .announcedCause = reconnected});
 }
 
 } // namespace vantrel

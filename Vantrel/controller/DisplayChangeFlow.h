@@ -32,7 +32,8 @@ private:
     void installWatcher();
     void changeBegan();
     void handleSettledChange(const std::string& configID, const std::vector<DisplayInfo>& displays);
-    void restoreIfWanted(const std::string& reason);
+    // `reconnected` names the displays that have come.
+    void restoreIfWanted(const std::string& reconnected);
 
     ControllerContext& m_context;
     LearningFlow& m_learning;

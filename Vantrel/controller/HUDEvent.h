@@ -11,11 +11,15 @@ namespace vantrel {
 namespace HUD {
 
 struct Restoring {
+    // Which displays came back, where that is the cause: "LG UltraFine reconnected"; else empty.
+    std::string cause;
     bool operator==(const Restoring&) const = default;
 };
 struct Done {
     std::int64_t windows = 0;
     double seconds = 0;
+    // As in Restoring: it may have been shown too briefly to be read.
+    std::string cause;
     bool operator==(const Done&) const = default;
 };
 // The user asked for the desk to be remembered, and it was.

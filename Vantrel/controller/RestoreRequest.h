@@ -34,6 +34,8 @@ struct RestoreRequest {
     RestoreTrigger trigger = RestoreTrigger::manual;
     RestorePurpose purpose = RestorePurpose::restore;
     Announcement announcement = Announcement::silent;
+    // What the announcement gives as the cause: "LG UltraFine reconnected".
+    std::string announcedCause{};
     std::optional<std::string> sceneName = std::nullopt;
     // The scene whose layout this is: its open slots are filled too.
     std::optional<SceneOnDesk> scene = std::nullopt;

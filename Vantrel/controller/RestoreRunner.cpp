@@ -59,7 +59,7 @@ void RestoreRunner::start(RestoreRequest request) {
     ++m_context.mutationEpoch;
     m_context.showPhase({Phase::Restoring{static_cast<std::int64_t>(request.layout.windows.size())}});
     if (request.announcement == Announcement::announce) {
-        m_context.announce(HUD::Restoring{});
+        m_context.announce(HUD::Restoring{request.announcedCause});
     }
 
     const bool doesSizes = m_context.settings.restoreSizes();
@@ -122,7 +122,7 @@ void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreRe
     m_context.refreshStatus();
     // A scene has more to tell.
     if (request.announcement == Announcement::announce && !request.scene) {
-        m_context.announce(HUD::Done{restored, report.elapsed});
+        m_context.announce(HUD::Done{restored, report.elapsed, request.announcedCause});
     }
 }
 

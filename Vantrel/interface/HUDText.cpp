@@ -17,15 +17,24 @@ std::string duration(double seconds) {
     return seconds < noticeableSeconds ? "" : fmt::format("in {:.1f} seconds", seconds);
 }
 
+// The parts that are not empty, as one caption.
+std::string joined(const std::string& first, const std::string& second) {
+    return first + (first.empty() || second.empty() ? "" : " · ") + second;
+}
+
 struct Text {
-    HUDText operator()(const HUD::Restoring& /*restoring*/) const { return {"Putting windows back…", ""}; }
+    HUDText operator()(const HUD::Restoring& restoring) const {
+        constexpr const char* putting = "Putting windows back…";
+        return restoring.cause.empty() ? HUDText{putting, ""} : HUDText{restoring.cause, putting};
+    }
 
     HUDText operator()(const HUD::Done& done) const {
         if (done.windows == 0) {
             // Those that were in place already count.
-            return {"No window was put back", ""};
+            return {"No window was put back", done.cause};
         }
-        return {countedNoun(done.windows, "window") + " back in place", duration(done.seconds)};
+        return {countedNoun(done.windows, "window") + " back in place",
+                joined(done.cause, duration(done.seconds))};
     }
 
     HUDText operator()(const HUD::Saved& saved) const {

@@ -25,7 +25,10 @@ TEST_F(Docking, EveryWindowIsBackAfterUndockingAndDocking) {
 
     EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.published().phase, Phase{Phase::Saved{4}});
-    EXPECT_EQ(story.published().lastRestore.value().reason, "Studio Display reconnected");
+    const std::string cause = "Studio Display reconnected";
+    EXPECT_EQ(story.published().lastRestore.value().reason, cause);
+    EXPECT_THAT(shown, Contains(HUDEvent(HUD::Restoring{cause})));
+    EXPECT_EQ(std::get<HUD::Done>(shown.back()).cause, cause);
     EXPECT_THAT(story.messages(), Contains(StartsWith("restore report: 4 restored, 0 failed, 0 skipped, ")));
     EXPECT_THAT(story.messages(), Contains("display settled: " + story.published().configID +
                                            " Studio Display + Built-in Display (2 displays)"));

@@ -29,7 +29,7 @@ TEST_F(Restoring, PutsTheDeskBackInItsStackingOrder) {
     EXPECT_EQ(story.stack().back(), reopened);
     EXPECT_EQ(story.stack().front(), order.front());
     ASSERT_EQ(shown.size(), 2U);
-    EXPECT_TRUE(std::holds_alternative<HUD::Restoring>(shown.front()));
+    EXPECT_EQ(shown.front(), HUDEvent(HUD::Restoring{}));
     EXPECT_EQ(std::get<HUD::Done>(shown.back()).windows, 4);
     EXPECT_THAT(story.messages(),
                 Contains(StartsWith("restoreNow: restoring 4 windows (saved 2026-03-02T00:")));
