@@ -21,14 +21,13 @@ std::string nameOf(const RunningApp& app) {
     return app.localizedName.value_or(*app.bundleID);
 }
 
-// A restore that ended within so many seconds has brought windows of the application to their places.
-bool wasJustPlaced(const PublishedState& state, const std::string& bundleID, Date now, double seconds) {
-    using Kind = RestoreReport::Kind;
+// A restore, an undo or a scene that ended within so many seconds has found windows of the application and
+// had its say about them. One that found none leaves them to this flow when they come.
+bool wasJustRestored(const PublishedState& state, const std::string& bundleID, Date now, double seconds) {
     const auto& last = state.lastRestore;
     return last && secondsBetween(last->date, now) <= seconds &&
            std::ranges::any_of(last->report.items, [&](const RestoreReport::Item& item) {
-               return item.bundleID == bundleID &&
-                      (item.outcome.kind == Kind::restored || item.outcome.kind == Kind::retried);
+               return item.bundleID == bundleID && item.outcome.kind != RestoreReport::Kind::skipped;
            });
 }
 
@@ -53,13 +52,7 @@ void LaunchPlacementFlow::handleAppLaunched(const RunningApp& app) {
         return;
     }
     const Key key{app.pid, *app.bundleID};
-    // The end of a restore that is running counts up once more.
-    const std::int64_t end = m_context.restoreInFlight ? 1 : 0;
-    m_launches[key] = {.app = app,
-                       .at = m_context.ports.clock.monotonicSeconds(),
-                       .epoch = m_context.mutationEpoch + end,
-                       .looks = 0,
-                       .next = {}};
+    m_launches[key] = {.app = app, .at = m_context.ports.clock.monotonicSeconds(), .looks = 0, .next = {}};
     lookAfter(key, firstLook);
 }
 
@@ -93,10 +86,8 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
     }
     const Launch& launch = found->second;
     const double age = m_context.ports.clock.monotonicSeconds() - launch.at;
-    // A restore, an undo or a scene since then has had its say about the new windows.
     const bool isOvertaken =
-        launch.epoch < m_context.mutationEpoch ||
-        wasJustPlaced(m_context.state(), *launch.app.bundleID, m_context.ports.clock.now(), age);
+        wasJustRestored(m_context.state(), *launch.app.bundleID, m_context.ports.clock.now(), age);
     const bool isHeld = isHeldUp();
     const bool isTooLate = isHeld && age >= longestHold;
     if (isOvertaken || isTooLate || !isWanted(launch.app) || (!isHeld && !hasPlace(launch.app))) {
@@ -168,7 +159,6 @@ void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Resu
 
 void LaunchPlacementFlow::lookAgainOrGiveUp(const Key& key) {
     Launch& launch = m_launches.at(key);
-    launch.epoch = m_context.mutationEpoch;
     const double delay = lookDelays[std::min(launch.looks++, std::size(lookDelays) - 1)];
     if (m_context.ports.clock.monotonicSeconds() - launch.at + delay > longestWait) {
         m_launches.erase(key);

@@ -42,8 +42,6 @@ private:
         RunningApp app;
         // On the monotonic clock.
         double at = 0;
-        // The mutation epoch until the next restore begins, which has its say about the new windows.
-        std::int64_t epoch = 0;
         std::size_t looks = 0;
         std::unique_ptr<ScheduledWork> next;
     };

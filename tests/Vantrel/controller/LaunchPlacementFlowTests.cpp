@@ -54,6 +54,22 @@ TEST_F(Launched, ItIsPlacedAlsoWhenARestoreRunsAndRememberedWhenTheDeskIsLeftAtO
     EXPECT_EQ(story.logged("pre-change snapshot adopted: 4 windows for "), 1U);
 }
 
+TEST_F(Launched, ARestoreThatFoundNoWindowOfItYetLeavesItToBePlaced) {
+    story.workspace.install(mailID, {.name = "Mail", .windows = {{"Inbox", opened}}, .windowSeconds = 6.2});
+    startMail(3);
+    story.scatter();
+    ASSERT_TRUE(restore(2));
+    EXPECT_EQ(story.published().lastRestore->report.skippedCount(), 1U);
+    story.runFor(5);
+    EXPECT_EQ(inbox(), place);
+    quitMail();
+    startMail(7);
+    ASSERT_TRUE(restore(0.5) && inbox() == place);
+    story.move(story.desk.windows().front()->id, opened);
+    story.runFor(5);
+    EXPECT_EQ(story.frameOf("Inbox"), opened) << "a restore that found its window has had its say";
+}
+
 TEST_F(Launched, WhatIsRememberedGoesWithTheNameOfItsLayout) {
     LayoutFlow& layouts = story.controller->layouts();
     story.learn();
