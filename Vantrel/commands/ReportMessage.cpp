@@ -20,11 +20,15 @@ constexpr std::array<std::pair<RestoreReport::Kind, std::string_view>, 4> outcom
 }};
 
 nlohmann::json itemJson(const RestoreReport::Item& item) {
-    return {{"appName", item.appName},
-            {"bundleID", item.bundleID},
-            {"title", item.title},
-            {"outcome", outcomeName(item.outcome.kind)},
-            {"reason", item.outcome.reason}};
+    nlohmann::json json{{"appName", item.appName},
+                        {"bundleID", item.bundleID},
+                        {"title", item.title},
+                        {"outcome", outcomeName(item.outcome.kind)},
+                        {"reason", item.outcome.reason}};
+    if (!item.outcome.note.empty()) {
+        json["note"] = item.outcome.note;
+    }
+    return json;
 }
 
 RestoreReport::Item readItem(const nlohmann::json& json) {
@@ -36,7 +40,8 @@ RestoreReport::Item readItem(const nlohmann::json& json) {
     return {required<std::string>(json, "appName"),
             required<std::string>(json, "bundleID"),
             required<std::string>(json, "title"),
-            {known->first, required<std::string>(json, "reason")}};
+            {known->first, required<std::string>(json, "reason"),
+             optional<std::string>(json, "note").value_or("")}};
 }
 
 } // namespace

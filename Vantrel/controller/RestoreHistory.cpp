@@ -25,9 +25,10 @@ std::vector<RestoreLog::Item> logItems(const RestoreReport& report) {
     std::vector<RestoreLog::Item> items;
     items.reserve(report.items.size());
     for (const RestoreReport::Item& item : report.items) {
-        const std::string& reason = item.outcome.reason;
-        items.push_back({item.appName, item.bundleID, item.title, outcome(item.outcome.kind),
-                         reason.empty() ? std::nullopt : std::optional(reason)});
+        const auto& [kind, reason, note] = item.outcome;
+        items.push_back({item.appName, item.bundleID, item.title, outcome(kind),
+                         reason.empty() ? std::nullopt : std::optional(reason),
+                         note.empty() ? std::nullopt : std::optional(note)});
     }
     return items;
 }
@@ -111,6 +112,7 @@ void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Ou
     for (const std::size_t item : items) {
         m_latest->items.at(item).outcome = outcome;
         m_latest->items.at(item).reason.reset();
+        m_latest->items.at(item).note.reset();
     }
     check(m_stores.restoreLog.replaceNewest(*m_latest), "entry");
     m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });

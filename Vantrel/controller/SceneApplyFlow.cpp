@@ -41,12 +41,12 @@ std::vector<SettlementFlow::Seated> seatedWindows(const RestorePass::Result& res
 }
 
 // Their windows are not closed but on their way.
-void explainSlotsOf(const std::vector<SceneSettlement::LaunchedApp>& launched, const ScenePass::Result& pass,
-                    RestoreReport& report) {
+void noteSlotsOf(const std::vector<SceneSettlement::LaunchedApp>& launched, const ScenePass::Result& pass,
+                 RestoreReport& report) {
     for (const SceneSlot& slot : pass.slots.open) {
         if (std::ranges::find(launched, slot.record.bundleID, &SceneSettlement::LaunchedApp::bundleID) !=
             launched.end()) {
-            report.items[pass.itemOfSlot.at(slot.index)].outcome.reason = "window has not opened yet";
+            report.items[pass.itemOfSlot.at(slot.index)].outcome.note = RestoreEngine::openingNote;
         }
     }
 }
@@ -115,7 +115,7 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());
     std::erase_if(m_launchedAt, [&](const auto& launched) { return running.contains(launched.first); });
     const auto launched = launchMissing(scene, pass);
-    explainSlotsOf(launched, pass, result.report);
+    noteSlotsOf(launched, pass, result.report);
 
     // A rule takes its application out of the scene.
     const auto ignored = RuleApplication::ignoredBundleIDs(m_context.store.rules());

@@ -44,6 +44,7 @@ void to_json(nlohmann::json& json, const RestoreLog::Item& item) {
             {"title", item.title},
             {"outcome", item.outcome}};
     JsonCoding::put(json, "reason", item.reason);
+    JsonCoding::put(json, "note", item.note);
 }
 
 void from_json(const nlohmann::json& json, RestoreLog::Item& item) {
@@ -51,7 +52,8 @@ void from_json(const nlohmann::json& json, RestoreLog::Item& item) {
             .bundleID = JsonCoding::required<std::string>(json, "bundleID"),
             .title = JsonCoding::required<std::string>(json, "title"),
             .outcome = JsonCoding::required<RestoreLog::Outcome>(json, "outcome"),
-            .reason = JsonCoding::optional<std::string>(json, "reason")};
+            .reason = JsonCoding::optional<std::string>(json, "reason"),
+            .note = JsonCoding::optional<std::string>(json, "note")};
 }
 
 void to_json(nlohmann::json& json, const RestoreLog::Entry& entry) {

@@ -26,6 +26,8 @@ struct RestoreLog {
         Outcome outcome = Outcome::restored;
         // Why it failed or was skipped.
         std::optional<std::string> reason;
+        // What more there is to say of it.
+        std::optional<std::string> note = std::nullopt;
 
         bool operator==(const Item&) const = default;
     };

@@ -20,7 +20,7 @@ std::int64_t countOf(const RestoreLog::Entry& entry, Outcome outcome) {
 }
 
 bool wasClosed(const RestoreLog::Item& item) {
-    return !item.reason || item.reason->empty() || *item.reason == closedReason;
+    return !item.reason || item.reason->empty() || (*item.reason == closedReason && !item.note);
 }
 
 void addCount(std::vector<std::string>& parts, std::int64_t count, std::string_view phrase) {
@@ -34,8 +34,8 @@ void addClosedCount(std::vector<std::string>& parts, std::int64_t count) {
 }
 
 std::string withReason(std::string_view label, const RestoreLog::Item& item) {
-    return item.reason && !item.reason->empty() ? fmt::format("{}: {}", label, *item.reason)
-                                                : std::string(label);
+    const auto& said = item.note ? item.note : item.reason;
+    return said && !said->empty() ? fmt::format("{}: {}", label, *said) : std::string(label);
 }
 
 std::string joined(const std::vector<std::string>& parts) {

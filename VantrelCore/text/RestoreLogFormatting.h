@@ -14,7 +14,7 @@ namespace vantrel::RestoreLogFormatting {
 [[nodiscard]] std::string summary(const RestoreLog::Entry& entry);
 
 // "Put back", "Put back after a retry", "Could not move: app rejected the move", "Already closed". A window
-// that was skipped for another reason says so: "Skipped: another reason".
+// that was skipped for another reason, or of which there is more to say, says so: "Skipped: another reason".
 [[nodiscard]] std::string label(const RestoreLog::Item& item);
 
 // True when a window could not be moved. Windows that needed a retry or were closed are no problem.

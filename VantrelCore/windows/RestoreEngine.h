@@ -29,6 +29,9 @@ inline constexpr const char* driftedReason = "window drifted after move";
 // Why a saved window without a live one was skipped.
 inline constexpr const char* goneReason = "window no longer exists";
 
+// What is noted beside that reason when the window is on its way.
+inline constexpr const char* openingNote = "its application is being started";
+
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
 
 enum class Sizes : std::uint8_t { restore, leave };

@@ -14,6 +14,8 @@ struct RestoreReport {
         Kind kind = Kind::restored;
         // Why it failed or was skipped; empty otherwise.
         std::string reason;
+        // What more there is to say of it; mostly empty.
+        std::string note = {};
 
         bool operator==(const Outcome&) const = default;
     };

@@ -127,8 +127,9 @@ std::string report(const RestoreReport& report, const DeskDrawing::Options& opti
     for (const auto& item : items) {
         auto line = fmt::format("  {:<8}  {}  ", outcomeName(item.outcome.kind),
                                 TextCells::padded(item.appName, appColumns, ellipsis(options)));
-        if (!item.outcome.reason.empty()) {
-            line += item.outcome.reason + (item.title.empty() ? "" : ": ");
+        const auto& [kind, reason, note] = item.outcome;
+        if (!reason.empty()) {
+            line += reason + (note.empty() ? "" : " (" + note + ")") + (item.title.empty() ? "" : ": ");
         }
         line = TextCells::fitted(line + item.title, options.columns, ellipsis(options));
         line.erase(line.find_last_not_of(' ') + 1);

@@ -65,7 +65,7 @@ RestoreReport exampleReport() {
     report.elapsed = 0.124;
     report.items = {{"Editor", "org.editor", "notes", {Kind::restored, ""}},
                     {"Terminal", "org.term", "", {Kind::retried, ""}},
-                    {"Mail", "org.mail", "Inbox", {Kind::skipped, "not running"}},
+                    {"Mail", "org.mail", "Inbox", {Kind::skipped, "not running", "being started"}},
                     {"Game", "org.game", "Level 1", {Kind::failed, "app rejected the move"}}};
     return report;
 }
@@ -137,7 +137,7 @@ TEST(CommandTexts, AReportNamesFirstWhatDidNotGoBackAndKeepsToItsColumns) {
     const std::string heading = "Restored 2 of 4 windows in 124 ms, 1 after a retry, 1 skipped, 1 failed.\n";
     EXPECT_EQ(CommandTexts::report(exampleReport(), {}),
               heading + "  failed    Game                  app rejected the move: Level 1\n"
-                        "  skipped   Mail                  not running: Inbox\n"
+                        "  skipped   Mail                  not running (being started): Inbox\n"
                         "  retried   Terminal\n"
                         "  restored  Editor                notes\n");
     EXPECT_EQ(CommandTexts::report(exampleReport(), {.columns = 40}),

@@ -1,5 +1,7 @@
 #include "tests/Vantrel/controller/LearnedDesk.h"
 
+#include "VantrelCore/text/RestoreLogFormatting.h"
+
 #include <functional>
 
 namespace vantrel::simulated {
@@ -88,7 +90,12 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     apply(work(), 1);
     EXPECT_THAT(story.workspace.launches(), ElementsAre("org.example.music"));
     EXPECT_EQ(events<HUD::SceneApplied>().at(0).opened, 1);
-    EXPECT_EQ(story.published().lastRestore->report.items.back().outcome.reason, "window has not opened yet");
+    const auto outcome = story.published().lastRestore->report.items.back().outcome;
+    EXPECT_EQ(outcome.reason, "window no longer exists");
+    EXPECT_EQ(outcome.note, "its application is being started");
+    const auto logged = story.controller->restoreLog().entries.at(0).items.back();
+    EXPECT_EQ(logged.reason, outcome.reason);
+    EXPECT_EQ(RestoreLogFormatting::label(logged), "Skipped: its application is being started");
     // Whoever comes back to the desk finds it as it was.
     story.system.setLocked(true);
     story.system.setLocked(false);
@@ -100,8 +107,9 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     EXPECT_EQ(record.isGhost, false);
     EXPECT_EQ(record.title, "Songs");
     EXPECT_THAT(story.messages(), Contains("scene solidified: 1 ghost slot(s) captured for Work"));
-    EXPECT_EQ(story.controller->restoreLog().entries.at(0).items.back().outcome,
-              RestoreLog::Outcome::restored);
+    const auto settled = story.controller->restoreLog().entries.at(0).items.back();
+    EXPECT_EQ(settled.outcome, RestoreLog::Outcome::restored);
+    EXPECT_FALSE(settled.reason || settled.note);
     story.connect("laptop-and-monitor");
     EXPECT_EQ(story.logged("pre-change snapshot adopted: 5 windows for "), 1U);
 }
