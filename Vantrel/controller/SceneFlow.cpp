@@ -173,7 +173,7 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
     std::set<std::int64_t> indices;
     std::map<std::int64_t, std::string> titles;
     std::map<std::int64_t, Rect> frames;
-    for (const auto& [slot, title, frame, handle] : filled) {
+    for (const auto& [slot, title, frame, handle, isPanel] : filled) {
         // The scene may have been changed since it was applied.
         if (!isGhostOf(*scene, slot)) {
             continue;

@@ -12,47 +12,25 @@ namespace {
 
 using Kind = RestoreReport::Kind;
 
-// The windows of an application that shows no ordinary one: a panel or a dialog.
-std::vector<CurrentWindow> panels(DeskReading& reading, const RunningApp& app, const std::string& bundleID) {
-    const auto entries = WindowSnapshotter::zOrderEntries(reading.onScreenWindows());
-    std::vector<CurrentWindow> result;
-    for (const WindowReading& window : reading.windows(app)) {
-        const auto frame = window.attributes.frame();
-        const bool isSeen =
-            !window.attributes.isMinimized.value_or(false) && !window.attributes.isFullscreen.value_or(false);
-        const auto order =
-            frame && isSeen ? WindowSnapshotter::captureDecision(app.pid, *frame, entries) : std::nullopt;
-        if (order) {
-            WindowRecord record;
-            record.bundleID = bundleID;
-            record.title = window.attributes.title.value_or("");
-            record.frame = *frame;
-            record.zOrder = *order;
-            result.push_back({std::move(record), AXWindowHandle(window.element)});
-        }
-    }
-    return result;
-}
-
-// What may take a slot: the windows that the restore has no place for, and of applications without any
-// ordinary window the others.
-std::vector<CurrentWindow> candidates(const std::vector<SceneSlot>& slots, const Desk& desk,
-                                      DeskReading& reading, const std::vector<RunningApp>& running) {
-    std::vector<CurrentWindow> result;
+// What may take a slot: the ordinary windows that the restore has no place for, and the panels and dialogs of
+// applications with slots.
+SlotFilling::Candidates candidates(const std::vector<SceneSlot>& slots, const Desk& desk,
+                                   DeskReading& reading, const std::vector<RunningApp>& running) {
+    SlotFilling::Candidates result;
     for (const std::size_t index : desk.matched.unmatchedCurrent) {
-        result.push_back(desk.live[index]);
+        result.ordinary.push_back(desk.live[index]);
     }
+    std::vector<WindowSnapshotter::AppWindows> apps;
     for (const RunningApp& app : running) {
-        const std::string& bundleID = *app.bundleID;
         const bool isWanted = std::ranges::any_of(
-            slots, [&](const SceneSlot& slot) { return slot.record.bundleID == bundleID; });
-        const bool hasWindow = std::ranges::any_of(
-            desk.live, [&](const CurrentWindow& window) { return window.record.bundleID == bundleID; });
-        if (isWanted && !hasWindow) {
-            std::ranges::move(underPermit(panels(reading, app, bundleID), desk.permit),
-                              std::back_inserter(result));
+            slots, [&](const SceneSlot& slot) { return slot.record.bundleID == *app.bundleID; });
+        if (isWanted) {
+            apps.push_back({app, reading.windows(app)});
         }
     }
+    const auto entries = WindowSnapshotter::zOrderEntries(reading.onScreenWindows());
+    result.panels =
+        underPermit(WindowSnapshotter::capturedPanels(apps, entries, desk.scope.displays), desk.permit);
     return result;
 }
 

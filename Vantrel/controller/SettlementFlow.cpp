@@ -2,6 +2,7 @@
 
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
 #include "VantrelCore/windows/MissingAppsPolicy.h"
+#include "VantrelCore/windows/WindowSnapshotter.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -9,11 +10,20 @@
 
 namespace vantrel {
 
+// What a look found.
+struct SettlementFlow::Seen {
+    SlotFilling::Result slots;
+    // The applications with a panel or dialog that stands in no slot.
+    std::set<std::string> withPanels;
+};
+
 namespace {
 
 // Values only, so that a worker can own it.
 struct Look {
     std::vector<SceneSlot> slots;
+    // Whose panels may take a slot.
+    std::set<std::string> panelsOf;
     std::vector<SettlementFlow::Seated> seated;
     DeskCapture::Scope scope;
     RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
@@ -37,12 +47,16 @@ void eraseSeated(std::vector<CurrentWindow>& windows, const Look& look) {
     }
 }
 
-SlotFilling::Result fillSlots(const Look& look, Accessibility& accessibility, Clock& clock,
-                              Background& background) {
-    auto windows = underPermit(DeskCapture::windows(accessibility, look.scope), look.permit);
-    eraseSeated(windows, look);
-    // Applications that have no window yet are on their way, not missing.
-    return SlotFilling::fill(look.slots, windows, {}, look.scope.displays, look.sizes, clock, background);
+SlotFilling::Candidates candidates(const Look& look, Accessibility& accessibility) {
+    using namespace WindowSnapshotter;
+    const auto read = readWindows(accessibility, look.scope.excludedBundleID, look.scope.ignoredBundleIDs);
+    const auto& displays = look.scope.displays;
+    SlotFilling::Candidates result{
+        .ordinary = underPermit(captured(read.apps, read.entries, displays), look.permit),
+        .panels = underPermit(capturedPanels(read.apps, read.entries, displays), look.permit)};
+    eraseSeated(result.ordinary, look);
+    eraseSeated(result.panels, look);
+    return result;
 }
 
 } // namespace
@@ -68,6 +82,7 @@ void SettlementFlow::begin(Opening opening) {
     m_pending->itemOfSlot = std::move(opening.itemOfSlot);
     // What was filled before stands in its slot now, kept in the scene, or the slot is open again.
     m_pending->filled.clear();
+    m_pending->panelPolls.clear();
     m_pending->seated = std::move(opening.seated);
     m_pending->placed = opening.placed;
     m_pending->due = m_context.ports.clock.monotonicSeconds() + deadlineSpan;
@@ -129,35 +144,84 @@ void SettlementFlow::look() {
     m_context.inBackground(
         WorkPriority::userInitiated,
         [look = Look{.slots = expectedSlots(),
+                     .panelsOf = bundleIDsWithEligiblePanels(),
                      .seated = m_pending->seated,
                      .scope = m_context.captureScope(m_context.state().displays),
                      .sizes = sizes,
                      .permit = m_context.movePermit},
          ports = m_context.ports] {
-            return fillSlots(look, ports.accessibility, ports.clock, ports.background);
+            auto found = candidates(look, ports.accessibility);
+            Seen seen;
+            for (const CurrentWindow& panel : found.panels) {
+                seen.withPanels.insert(panel.record.bundleID);
+            }
+            std::erase_if(found.panels, [&](const CurrentWindow& panel) {
+                return !look.panelsOf.contains(panel.record.bundleID);
+            });
+            // Applications that have no window yet are on their way, not missing.
+            seen.slots = SlotFilling::fill(look.slots, found, {}, look.scope.displays, look.sizes,
+                                           ports.clock, ports.background);
+            return seen;
         },
-        [this, token = m_pending->settlement.token](const SlotFilling::Result& result) {
+        [this, token = m_pending->settlement.token](const Seen& seen) {
             if (m_pending && m_pending->settlement.token == token) {
-                settle(result);
+                settle(seen);
             }
             m_context.endPass();
         });
 }
 
-void SettlementFlow::settle(const SlotFilling::Result& result) {
+std::vector<std::size_t> SettlementFlow::noteFilled(const SlotFilling::Result& result) {
+    std::vector<std::size_t> items;
+    for (const auto& filled : result.filled) {
+        const std::int64_t index = filled.slot.index;
+        // An ordinary window takes the slot over from a panel.
+        if (std::erase_if(m_pending->filled,
+                          [&](const auto& former) { return former.slot.index == index; }) == 0) {
+            items.push_back(m_pending->itemOfSlot.at(index));
+        }
+        m_pending->filled.push_back(filled);
+        m_pending->seated.push_back({filled.slot.record.bundleID, filled.handle});
+        if (!filled.isPanel) {
+            std::erase_if(m_pending->openSlots, [&](const SceneSlot& slot) { return slot.index == index; });
+        }
+    }
+    return items;
+}
+
+void SettlementFlow::notePanels(const Seen& seen) {
+    for (const std::string& bundleID : seen.withPanels) {
+        const bool hasFilled = std::ranges::any_of(
+            seen.slots.filled, [&](const auto& filled) { return filled.slot.record.bundleID == bundleID; });
+        int& polls = m_pending->panelPolls[bundleID];
+        polls = hasFilled ? 0 : polls + 1;
+    }
+}
+
+// A slot that a panel has taken stays open, but to ordinary windows alone.
+std::set<std::string> SettlementFlow::bundleIDsWithEligiblePanels() const {
+    std::set<std::string> bundleIDs;
+    for (const auto& [bundleID, polls] : m_pending->panelPolls) {
+        if (polls >= patienceWithPanels) {
+            bundleIDs.insert(bundleID);
+        }
+    }
+    for (const auto& filled : m_pending->filled) {
+        if (filled.isPanel) {
+            bundleIDs.erase(filled.slot.record.bundleID);
+        }
+    }
+    return bundleIDs;
+}
+
+void SettlementFlow::settle(const Seen& seen) {
+    const SlotFilling::Result& result = seen.slots;
     if (isOvertaken()) {
         cancel("the desk has changed");
         return;
     }
-    std::vector<std::size_t> items;
-    for (const auto& filled : result.filled) {
-        std::erase_if(m_pending->openSlots,
-                      [&](const SceneSlot& slot) { return slot.index == filled.slot.index; });
-        m_pending->filled.push_back(filled);
-        m_pending->seated.push_back({filled.slot.record.bundleID, filled.handle});
-        items.push_back(m_pending->itemOfSlot.at(filled.slot.index));
-    }
-    m_history.addSettled(items);
+    m_history.addSettled(noteFilled(result));
+    notePanels(seen);
     markPlaced(result);
     if (m_pending->settlement.isComplete() || isExpired()) {
         finish();

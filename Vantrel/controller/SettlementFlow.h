@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,9 @@ public:
     // So many polls without another window, and an application that has filled some of its slots is not
     // expected to fill the others.
     static constexpr int patience = 3;
+    // So many polls with a panel or dialog and without another ordinary window, and an application's panels
+    // may take its slots: its main window may still follow a dialog.
+    static constexpr int patienceWithPanels = 2;
 
     // A window that stands where the scene wants it.
     struct Seated {
@@ -57,6 +61,7 @@ public:
 private:
     struct Pending {
         SceneSettlement settlement;
+        // Those that a panel has taken are among them.
         std::vector<SceneSlot> openSlots;
         std::map<std::int64_t, std::size_t> itemOfSlot;
         // Since the scene was last applied.
@@ -64,8 +69,9 @@ private:
         // Those, and what the scene's restore has seated.
         std::vector<Seated> seated;
         SceneFlow::Placed placed = SceneFlow::Placed::onItsDesk;
-        // Polls since an application last filled a slot.
+        // Polls since an application last filled a slot, and with nothing but panels for one.
         std::map<std::string, int> quietPolls;
+        std::map<std::string, int> panelPolls;
         // On the monotonic clock: the date's clock may be set.
         double due = 0;
         // It is about the desk as the scene's restore left it.
@@ -75,8 +81,13 @@ private:
 
     void schedulePoll();
     void poll(std::int64_t token);
+    struct Seen;
     void look();
-    void settle(const SlotFilling::Result& result);
+    void settle(const Seen& seen);
+    // The history items of the slots that are filled for the first time.
+    [[nodiscard]] std::vector<std::size_t> noteFilled(const SlotFilling::Result& result);
+    void notePanels(const Seen& seen);
+    [[nodiscard]] std::set<std::string> bundleIDsWithEligiblePanels() const;
     void markPlaced(const SlotFilling::Result& result);
     [[nodiscard]] bool isOvertaken() const;
     [[nodiscard]] bool isExpired();

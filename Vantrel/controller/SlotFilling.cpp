@@ -12,21 +12,27 @@ namespace vantrel::SlotFilling {
 
 namespace {
 
-SceneGhostPlan::Plan planFor(const std::vector<SceneSlot>& slots,
-                             const std::vector<CurrentWindow>& candidates,
+// Ordinary windows before panels: the index is the window's id in the plan.
+const CurrentWindow& windowAt(const Candidates& candidates, std::size_t index) {
+    const std::size_t ordinary = candidates.ordinary.size();
+    return index < ordinary ? candidates.ordinary[index] : candidates.panels[index - ordinary];
+}
+
+SceneGhostPlan::Plan planFor(const std::vector<SceneSlot>& slots, const Candidates& candidates,
                              const std::set<std::string>& runningBundleIDs) {
     std::vector<SceneGhostPlan::Slot> places;
     places.reserve(slots.size());
     for (const SceneSlot& slot : slots) {
         places.push_back({slot.index, slot.record.bundleID, slot.record.frame});
     }
+    const std::size_t count = candidates.ordinary.size() + candidates.panels.size();
     std::vector<SceneGhostPlan::LiveWindow> live;
-    live.reserve(candidates.size());
-    for (std::size_t i = 0; i < candidates.size(); ++i) {
-        const WindowRecord& record = candidates[i].record;
+    live.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const WindowRecord& record = windowAt(candidates, i).record;
         live.push_back({.id = static_cast<std::int64_t>(i),
                         .bundleID = record.bundleID,
-                        .isStandard = candidates[i].handle.subrole() == standardWindowSubrole,
+                        .isStandard = i < candidates.ordinary.size(),
                         .area = record.frame.area(),
                         .zOrder = record.zOrder});
     }
@@ -59,7 +65,7 @@ std::optional<Rect> place(const SceneSlot& slot, const AXWindowHandle& handle,
 
 } // namespace
 
-Result fill(const std::vector<SceneSlot>& slots, const std::vector<CurrentWindow>& candidates,
+Result fill(const std::vector<SceneSlot>& slots, const Candidates& candidates,
             const std::set<std::string>& runningBundleIDs, const std::vector<DisplayInfo>& displays,
             RestoreEngine::Sizes sizes, Clock& clock, Background& background) {
     auto plan = planFor(slots, candidates, runningBundleIDs);
@@ -77,8 +83,8 @@ Result fill(const std::vector<SceneSlot>& slots, const std::vector<CurrentWindow
             result.open.push_back(slot);
             continue;
         }
-        windows.push_back(
-            {slot.record.bundleID, slot.record.frame, candidates[window->second].handle, claimed.size()});
+        windows.push_back({slot.record.bundleID, slot.record.frame,
+                           windowAt(candidates, window->second).handle, claimed.size()});
         claimed.push_back(&slot);
     }
     std::vector<std::optional<Rect>> frames(claimed.size());
@@ -87,8 +93,12 @@ Result fill(const std::vector<SceneSlot>& slots, const std::vector<CurrentWindow
     });
     for (std::size_t i = 0; i < claimed.size(); ++i) {
         if (frames[i]) {
-            const WindowRecord& live = candidates[windowOfSlot.at(claimed[i]->index)].record;
-            result.filled.push_back({*claimed[i], live.title, *frames[i], windows[i].handle});
+            const std::size_t window = windowOfSlot.at(claimed[i]->index);
+            result.filled.push_back({.slot = *claimed[i],
+                                     .title = windowAt(candidates, window).record.title,
+                                     .frame = *frames[i],
+                                     .handle = windows[i].handle,
+                                     .isPanel = window >= candidates.ordinary.size()});
         } else {
             result.refused.push_back(*claimed[i]);
         }

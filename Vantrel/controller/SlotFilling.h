@@ -12,12 +12,20 @@
 
 namespace vantrel::SlotFilling {
 
+// The live windows that may be taken.
+struct Candidates {
+    std::vector<CurrentWindow> ordinary;
+    // And dialogs: taken when no ordinary window of their application is left.
+    std::vector<CurrentWindow> panels;
+};
+
 struct Filled {
     SceneSlot slot;
     // Under this title and at this frame.
     std::string title;
     Rect frame;
     AXWindowHandle handle;
+    bool isPanel = false;
 };
 
 struct Result {
@@ -30,9 +38,8 @@ struct Result {
     std::vector<std::string> launchBundleIDs;
 };
 
-// `candidates` are the live windows that may be taken, standard or not. Blocks; windows of different
-// applications are placed at the same time.
-[[nodiscard]] Result fill(const std::vector<SceneSlot>& slots, const std::vector<CurrentWindow>& candidates,
+// Blocks; windows of different applications are placed at the same time.
+[[nodiscard]] Result fill(const std::vector<SceneSlot>& slots, const Candidates& candidates,
                           const std::set<std::string>& runningBundleIDs,
                           const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes, Clock& clock,
                           Background& background);

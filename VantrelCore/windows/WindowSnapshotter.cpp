@@ -19,6 +19,8 @@ constexpr double overlapShare = 0.3;
 constexpr double nearCenterDistance = 100.0;
 // A window this wide or high, in points, is a program's internal helper.
 constexpr double invisibleExtent = 1.0;
+// The subrole of a window whose kind nobody knows: a splash screen, a menu, a window without decoration.
+constexpr const char* unknownWindowSubrole = "AXUnknown";
 
 bool isNearby(const Rect& frame, const Rect& entry) {
     if (intersection(frame, entry).area() >= overlapShare * frame.area()) {
@@ -52,12 +54,49 @@ WindowRecord recordFor(const RunningApp& app, const WindowAttributes& attributes
             .isGhost = std::nullopt};
 }
 
+bool isPanel(const std::optional<std::string>& subrole) {
+    return subrole && *subrole != standardWindowSubrole && *subrole != unknownWindowSubrole;
+}
+
+// None of a window that cannot be seen, whatever kind it is of.
+std::optional<Rect> visibleFrame(const WindowAttributes& attributes) {
+    const auto frame = attributes.frame();
+    const bool isSeen = !attributes.isMinimized.value_or(false) && !attributes.isFullscreen.value_or(false);
+    return isSeen && frame && frame->width() > invisibleExtent && frame->height() > invisibleExtent
+               ? frame
+               : std::nullopt;
+}
+
 void sortAndRenumber(std::vector<CurrentWindow>& windows) {
     std::ranges::stable_sort(windows, {}, [](const CurrentWindow& window) { return window.record.zOrder; });
     std::int64_t order = 0;
     for (auto& window : windows) {
         window.record.zOrder = order++;
     }
+}
+
+template <typename FrameOf>
+std::vector<CurrentWindow> capturedBy(FrameOf frameOf, const std::vector<AppWindows>& apps,
+                                      const std::vector<ZEntry>& entries,
+                                      const std::vector<DisplayInfo>& displays) {
+    const EntriesByPid entriesOf = byPid(entries);
+    std::vector<CurrentWindow> result;
+    for (const auto& [app, windows] : apps) {
+        const auto ownEntries = entriesOf.find(app.pid);
+        if (ownEntries == entriesOf.end()) {
+            continue;
+        }
+        for (const auto& window : windows) {
+            const auto frame = frameOf(window.attributes);
+            const auto order = frame ? captureDecision(app.pid, *frame, ownEntries->second) : std::nullopt;
+            if (order) {
+                result.push_back({recordFor(app, window.attributes, *frame, displays, *order),
+                                  AXWindowHandle(window.element)});
+            }
+        }
+    }
+    sortAndRenumber(result);
+    return result;
 }
 
 } // namespace
@@ -107,14 +146,11 @@ std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displ
 }
 
 std::optional<Rect> ordinaryFrame(const WindowAttributes& attributes) {
-    const auto frame = attributes.frame();
-    const bool isOrdinary = attributes.subrole == standardWindowSubrole &&
-                            !attributes.isMinimized.value_or(false) &&
-                            !attributes.isFullscreen.value_or(false);
-    if (!isOrdinary || !frame || !(frame->width() > invisibleExtent && frame->height() > invisibleExtent)) {
-        return std::nullopt;
-    }
-    return frame;
+    return attributes.subrole == standardWindowSubrole ? visibleFrame(attributes) : std::nullopt;
+}
+
+std::optional<Rect> panelFrame(const WindowAttributes& attributes) {
+    return isPanel(attributes.subrole) ? visibleFrame(attributes) : std::nullopt;
 }
 
 std::vector<RunningApp> appsToRead(std::vector<RunningApp> running, const std::vector<ZEntry>& entries,
@@ -130,23 +166,24 @@ std::vector<RunningApp> appsToRead(std::vector<RunningApp> running, const std::v
 
 std::vector<CurrentWindow> captured(const std::vector<AppWindows>& apps, const std::vector<ZEntry>& entries,
                                     const std::vector<DisplayInfo>& displays) {
-    const EntriesByPid entriesOf = byPid(entries);
-    std::vector<CurrentWindow> result;
-    for (const auto& [app, windows] : apps) {
-        const auto ownEntries = entriesOf.find(app.pid);
-        if (ownEntries == entriesOf.end()) {
-            continue;
-        }
-        for (const auto& window : windows) {
-            const auto frame = ordinaryFrame(window.attributes);
-            const auto order = frame ? captureDecision(app.pid, *frame, ownEntries->second) : std::nullopt;
-            if (order) {
-                result.push_back({recordFor(app, window.attributes, *frame, displays, *order),
-                                  AXWindowHandle(window.element)});
-            }
-        }
+    return capturedBy(ordinaryFrame, apps, entries, displays);
+}
+
+std::vector<CurrentWindow> capturedPanels(const std::vector<AppWindows>& apps,
+                                          const std::vector<ZEntry>& entries,
+                                          const std::vector<DisplayInfo>& displays) {
+    return capturedBy(panelFrame, apps, entries, displays);
+}
+
+ReadWindows readWindows(Accessibility& accessibility, std::optional<std::string_view> excludingBundleID,
+                        const std::set<std::string>& ignoredBundleIDs) {
+    const auto reading = accessibility.beginReading();
+    ReadWindows result{.entries = zOrderEntries(reading->onScreenWindows()), .apps = {}};
+    for (auto& app :
+         appsToRead(reading->runningApps(), result.entries, excludingBundleID, ignoredBundleIDs)) {
+        std::vector<WindowReading> windows = reading->windows(app);
+        result.apps.push_back({std::move(app), std::move(windows)});
     }
-    sortAndRenumber(result);
     return result;
 }
 
@@ -154,14 +191,8 @@ std::vector<CurrentWindow> currentWindows(Accessibility& accessibility,
                                           const std::vector<DisplayInfo>& displays,
                                           std::optional<std::string_view> excludingBundleID,
                                           const std::set<std::string>& ignoredBundleIDs) {
-    const auto reading = accessibility.beginReading();
-    const std::vector<ZEntry> entries = zOrderEntries(reading->onScreenWindows());
-    std::vector<AppWindows> apps;
-    for (auto& app : appsToRead(reading->runningApps(), entries, excludingBundleID, ignoredBundleIDs)) {
-        std::vector<WindowReading> windows = reading->windows(app);
-        apps.push_back({std::move(app), std::move(windows)});
-    }
-    return captured(apps, entries, displays);
+    const auto read = readWindows(accessibility, excludingBundleID, ignoredBundleIDs);
+    return captured(read.apps, read.entries, displays);
 }
 
 Layout snapshot(Accessibility& accessibility, const std::vector<DisplayInfo>& displays, Date now) {

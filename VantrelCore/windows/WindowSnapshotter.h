@@ -44,6 +44,9 @@ inline constexpr std::int64_t unknownOrder = INT64_MAX;
 // full-screen windows and windows without a readable frame. An unreadable flag counts as not set.
 [[nodiscard]] std::optional<Rect> ordinaryFrame(const WindowAttributes& attributes);
 
+// The same for panels and dialogs. Windows of no known kind, as splash screens and menus are, are neither.
+[[nodiscard]] std::optional<Rect> panelFrame(const WindowAttributes& attributes);
+
 // The regular applications with something on screen, less the excluded and the ignored ones, in the given
 // order: those whose windows are worth asking for.
 [[nodiscard]] std::vector<RunningApp> appsToRead(std::vector<RunningApp> running,
@@ -61,6 +64,21 @@ struct AppWindows {
 [[nodiscard]] std::vector<CurrentWindow> captured(const std::vector<AppWindows>& apps,
                                                   const std::vector<ZEntry>& entries,
                                                   const std::vector<DisplayInfo>& displays);
+
+// The same of the panels and dialogs.
+[[nodiscard]] std::vector<CurrentWindow> capturedPanels(const std::vector<AppWindows>& apps,
+                                                        const std::vector<ZEntry>& entries,
+                                                        const std::vector<DisplayInfo>& displays);
+
+// The on-screen list with the windows of the applications that have a part in it.
+struct ReadWindows {
+    std::vector<ZEntry> entries;
+    std::vector<AppWindows> apps;
+};
+// Applications in `ignoredBundleIDs` are not asked for their windows.
+[[nodiscard]] ReadWindows readWindows(Accessibility& accessibility,
+                                      std::optional<std::string_view> excludingBundleID,
+                                      const std::set<std::string>& ignoredBundleIDs);
 
 // Front-most first, zOrder 0 to n-1. Applications in `ignoredBundleIDs` are not asked for their windows.
 [[nodiscard]] std::vector<CurrentWindow> currentWindows(Accessibility& accessibility,

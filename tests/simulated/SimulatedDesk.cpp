@@ -44,7 +44,7 @@ public:
                                     .size = window.frame.size};
         if (group == AttributeGroup::all) {
             attributes.title = window.title;
-            attributes.subrole = standardWindowSubrole;
+            attributes.subrole = window.behaviour.subrole;
             attributes.isMinimized = window.isMinimized;
             attributes.isFullscreen = false;
         }

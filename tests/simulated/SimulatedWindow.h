@@ -13,6 +13,8 @@ namespace vantrel::simulated {
 using WindowID = std::uint64_t;
 
 struct WindowBehaviour {
+    // What kind of window it is, in the words of macOS Accessibility.
+    const char* subrole = standardWindowSubrole;
     // Sizes the application enforces, in points.
     std::optional<Size> minimumSize = std::nullopt;
     std::optional<Size> sizeIncrement = std::nullopt;

@@ -157,6 +157,40 @@ TEST_F(ApplyingScenes, AppliedAgainWhileItWaitsItLeavesSeatedWindowsWhereTheyAre
     EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 3, 2, {"slow"}}));
 }
 
+TEST_F(ApplyingScenes, ADialogTakesTheSlotThatNoOrdinaryWindowIsLeftFor) {
+    const Rect otherSlot{{100, 500}, {500, 300}};
+    for (const Rect& frame : {slot, otherSlot}) {
+        addGhost("org.example.music", frame);
+    }
+    const auto music = story.desk.launch("org.example.music", "Music");
+    story.desk.open(music, "Open", {{0, 0}, {900, 600}}, {.subrole = "AXDialog"});
+    story.desk.open(music, "Splash", {{0, 0}, {900, 600}}, {.subrole = "AXUnknown"});
+    story.desk.open(music, "Songs", musicOpensAt);
+    apply(work());
+    EXPECT_EQ(story.frameOf("Songs"), slot);
+    EXPECT_EQ(story.frameOf("Open"), otherSlot);
+    EXPECT_FALSE(work().hasGhosts());
+}
+
+TEST_F(ApplyingScenes, AProgramWithNothingButADialogIsSeatedUntilItsMainWindowComes) {
+    const WindowBehaviour dialog{.subrole = "AXDialog"};
+    addGhost("org.example.music", slot);
+    addGhost("org.example.viewer", slot);
+    installMusic(1, dialog);
+    story.workspace.install("org.example.viewer",
+                            {.name = "Viewer", .windows = {{"Pictures", musicOpensAt, dialog}}});
+    story.controller->applyScene(work());
+    ASSERT_TRUE(story.time.runUntil([&] { return story.frameOf("Songs") == slot; }, 10));
+    story.desk.open(story.desk.pidsOf("org.example.music").front(), "Player", musicOpensAt);
+    story.runFor(8);
+    EXPECT_EQ(story.frameOf("Player"), slot);
+    EXPECT_EQ(story.frameOf("Pictures"), slot);
+    EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 2, 2, {}}));
+    const auto windows = work().layout.windows;
+    EXPECT_EQ(windows.at(windows.size() - 2).title, "Player");
+    EXPECT_EQ(windows.back().title, "Pictures");
+}
+
 TEST_F(ApplyingScenes, AWindowThatWillNotStandInItsSlotHasComeAllTheSame) {
     addGhost("org.example.music", slot);
     installMusic(1, {.refusesMoves = true});
