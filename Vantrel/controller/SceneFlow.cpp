@@ -117,7 +117,7 @@ SceneFlow::EditResult SceneFlow::edited(const std::string& id, Change&& change) 
 }
 
 SceneFlow::EditResult SceneFlow::updateSceneLayout(const std::string& id, const Layout& layout) {
-    return edited(id, [&] { return m_store.updateLayout(id, layout); });
+    return edited(id, [&] { return m_store.updateSceneLayout(id, layout); });
 }
 
 SceneFlow::EditResult SceneFlow::rename(const std::string& id, std::string_view name) {

@@ -56,11 +56,8 @@ std::optional<Rect> place(const SceneSlot& slot, const AXWindowHandle& handle,
     }
     const auto placement = RestoreEngine::placeDesigned(target, handle, usableBounds(slot.record, displays),
                                                         [&clock](double seconds) { clock.sleep(seconds); });
-    if (const auto* placed = std::get_if<RestoreEngine::Placed>(&placement)) {
-        return placed->rect;
-    }
-    const auto* clamped = std::get_if<RestoreEngine::PlacedClampedSize>(&placement);
-    return clamped != nullptr ? std::optional(clamped->rect) : std::nullopt;
+    return placement == RestoreEngine::DesignedPlacement::failed() ? std::nullopt
+                                                                   : std::optional(placement.rect);
 }
 
 } // namespace

@@ -57,6 +57,9 @@ public:
     [[nodiscard]] Result<Scene> rename(const std::string& id, std::string_view name);
     // Refused for a pinned scene.
     [[nodiscard]] Result<Scene> updateLayout(const std::string& id, const Layout& layout);
+    [[nodiscard]] Result<Scene> updateSceneLayout(const std::string& id, const Layout& layout) {
+        return updateLayout(id, layout);
+    }
     // Also a pinned one: protecting it is up to the interface. False when the write failed.
     bool deleteScene(const std::string& id);
     [[nodiscard]] Result<void> setPinned(bool pinned, const std::string& id);

@@ -40,15 +40,15 @@ DesignedPlacement placeDesigned(const Rect& placement, const AXWindowHandle& han
         settle(pause);
         frame = handle.frame();
         if (frame && approxEqual(*frame, placement, tolerance)) {
-            return Placed{placement};
+            return DesignedPlacement::placed(placement);
         }
     }
     if (!frame || !isClamped(*frame, placement)) {
-        return PlacementFailed{};
+        return DesignedPlacement::failed();
     }
     const Rect seat = seatOfClamped(frame->size, placement, usableBounds);
     handle.setFrame(seat);
-    return PlacedClampedSize{handle.frame().value_or(seat)};
+    return DesignedPlacement::placedClampedSize(handle.frame().value_or(seat));
 }
 
 } // namespace vantrel::RestoreEngine

@@ -9,10 +9,10 @@
 #include "VantrelCore/windows/RestoreReport.h"
 #include "VantrelCore/windows/WindowMatcher.h"
 
+#include <cstdint>
 #include <functional>
 #include <set>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace vantrel::RestoreEngine {
@@ -46,22 +46,23 @@ struct Options {
     std::set<std::string> restoreLast{};
 };
 
-struct Placed {
+// What became of a window that was to fill a designed slot.
+struct DesignedPlacement {
+    enum class Kind : std::uint8_t { placed, placedClampedSize, failed };
+
+    Kind kind = Kind::failed;
+    // Where the window stands now, at another size than the slot's when its application clamped that; empty
+    // when it failed.
     Rect rect;
-    bool operator==(const Placed&) const = default;
-};
 
-// The application clamped its size; the rectangle is where the window stands now.
-struct PlacedClampedSize {
-    Rect rect;
-    bool operator==(const PlacedClampedSize&) const = default;
-};
+    [[nodiscard]] static DesignedPlacement placed(const Rect& rect) { return {Kind::placed, rect}; }
+    [[nodiscard]] static DesignedPlacement placedClampedSize(const Rect& rect) {
+        return {Kind::placedClampedSize, rect};
+    }
+    [[nodiscard]] static DesignedPlacement failed() { return {}; }
 
-struct PlacementFailed {
-    bool operator==(const PlacementFailed&) const = default;
+    bool operator==(const DesignedPlacement&) const = default;
 };
-
-using DesignedPlacement = std::variant<Placed, PlacedClampedSize, PlacementFailed>;
 
 [[nodiscard]] std::vector<Attempt> attemptPlan(bool isStubborn);
 

@@ -34,14 +34,14 @@ protected:
 };
 
 TEST_F(DesignedPlacementTest, AnObedientWindowFillsItsSlotAfterOnePause) {
-    EXPECT_EQ(place(), DesignedPlacement(Placed{slot}));
+    EXPECT_EQ(place(), DesignedPlacement::placed(slot));
     EXPECT_THAT(pauses, ElementsAre(settleSeconds));
     EXPECT_THAT(journal.events(), ElementsAre("size position position", "position", "look"));
 }
 
 TEST_F(DesignedPlacementTest, AWindowStillOpeningIsPutBackOnceAfterALongerPause) {
     straysAfter = 1;
-    EXPECT_EQ(place(), DesignedPlacement(Placed{slot}));
+    EXPECT_EQ(place(), DesignedPlacement::placed(slot));
     EXPECT_THAT(pauses, ElementsAre(settleSeconds, testing::Gt(settleSeconds)));
 }
 
@@ -51,22 +51,22 @@ TEST_F(DesignedPlacementTest, AClampedWindowIsSeatedByItsOwnSizeInsideTheDisplay
         window->respond = [&](Rect before, const FrameWrite& write) {
             return Rect{ScriptedWindow::obey(before, write).origin, seat.size};
         };
-        EXPECT_EQ(place(), DesignedPlacement(PlacedClampedSize{seat}));
+        EXPECT_EQ(place(), DesignedPlacement::placedClampedSize(seat));
         EXPECT_EQ(window->attributes.frame(), seat);
     }
 }
 
 TEST_F(DesignedPlacementTest, AWindowThatStraysRejectsOrVanishesHasFailed) {
     straysAfter = 2;
-    EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{}));
+    EXPECT_EQ(place(), DesignedPlacement::failed());
     window->respond = [](Rect before, const FrameWrite& write) {
         return Rect{ScriptedWindow::obey(before, write).origin, {slot.width(), 500}};
     };
-    EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{})) << "only another height";
+    EXPECT_EQ(place(), DesignedPlacement::failed()) << "only another height";
     window->taken.assign(8, false);
-    EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{}));
+    EXPECT_EQ(place(), DesignedPlacement::failed());
     window->attributes.position.reset();
-    EXPECT_EQ(place(), DesignedPlacement(PlacementFailed{}));
+    EXPECT_EQ(place(), DesignedPlacement::failed());
 }
 
 TEST(SlotAnchor, CentresWhatIsSmallerAndKeepsTheTopLeftOfWhatIsLarger) {
