@@ -25,7 +25,8 @@
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 #include "Vantrel/platform/macos/MacUserDefaults.h"
 #include "Vantrel/platform/macos/MacWorkspace.h"
-#include "Vantrel/platform/macos/MissionControl.h"
+#include "Vantrel/platform/macos/MissionControlFixer.h"
+#include "Vantrel/platform/macos/MissionControlReader.h"
 #include "Vantrel/platform/macos/ObjCExceptions.h"
 #include "Vantrel/platform/macos/ProgramPresence.h"
 #include "Vantrel/platform/macos/RunningApplications.h"
@@ -95,7 +96,7 @@ public:
         m_updates.attach(m_updater.get());
         m_updates.startup();
         m_log.write(std::string("mission control config: ") +
-                    describe(MissionControl::read().classification()));
+                    describe(MissionControlReader::read().classification()));
         const ControllerPorts ports{m_accessibility, m_displays, m_workspace,  m_systemEvents, m_defaults,
                                     m_clock,         m_queue,    m_background, m_localZone,    m_calendar,
                                     m_focus,         m_pictures, m_hotKeys,    m_license};
@@ -142,13 +143,13 @@ public:
 private:
     void offerMissionControlFix() {
         using Classification = MissionControlConfig::Classification;
-        if (MissionControl::read().classification() != Classification::losing) {
+        if (MissionControlReader::read().classification() != Classification::losing) {
             m_statusIcon->offerMissionControlFix({});
             return;
         }
         m_statusIcon->offerMissionControlFix([this] {
-            m_log.write(MissionControl::apply() ? "mission control: set so that windows stay"
-                                                : "mission control: the settings could not be written");
+            m_log.write(MissionControlFixer::apply() ? "mission control: set so that windows stay"
+                                                     : "mission control: the settings could not be written");
             // Later: this is the action that goes.
             m_queue.post([this] { offerMissionControlFix(); });
         });

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/macos/MacUserDefaults.h"
-#include "Vantrel/platform/macos/MissionControl.h"
+#include "Vantrel/platform/macos/MissionControlFixer.h"
+#include "Vantrel/platform/macos/MissionControlReader.h"
 #include "tests/macos/PlatformTest.h"
 #include "tests/macos/fake/Preferences.h"
 #include "tests/macos/fake/Processes.h"
@@ -116,13 +117,13 @@ struct MissionControlSettings : PlatformTest {
     static MissionControlConfig with(const Value& spans, const Value& mru) {
         preferences().domains["com.apple.spaces"]["spans-displays"] = spans;
         preferences().domains["com.apple.dock"]["mru-spaces"] = mru;
-        return MissionControl::read();
+        return MissionControlReader::read();
     }
 };
 
 TEST_F(MissionControlSettings, AreReadFromTwoDomains) {
     using Config = MissionControlConfig;
-    EXPECT_EQ(MissionControl::read(), (Config{}));
+    EXPECT_EQ(MissionControlReader::read(), (Config{}));
     EXPECT_EQ(with(boolean(false), boolean(true)), (Config{true, true}));
     EXPECT_EQ(with(boolean(true), boolean(false)), (Config{false, false}));
     EXPECT_EQ(with(number(0), number(1)), (Config{true, true}));
@@ -132,23 +133,23 @@ TEST_F(MissionControlSettings, AreReadFromTwoDomains) {
 TEST_F(MissionControlSettings, AreSetBothBeforeTheDockIsRestarted) {
     with(boolean(true), boolean(true));
     preferences().calls.clear();
-    EXPECT_TRUE(MissionControl::apply());
+    EXPECT_TRUE(MissionControlFixer::apply());
     EXPECT_THAT(preferences().calls,
                 ElementsAre("set com.apple.spaces spans-displays", "synchronise com.apple.spaces",
                             "set com.apple.dock mru-spaces", "synchronise com.apple.dock"));
     EXPECT_THAT(processes().launches, ElementsAre("/usr/bin/killall Dock"));
     EXPECT_FALSE(hasUnreapedProcess());
-    EXPECT_EQ(MissionControl::read(), (MissionControlConfig{true, false}));
+    EXPECT_EQ(MissionControlReader::read(), (MissionControlConfig{true, false}));
 }
 
 TEST_F(MissionControlSettings, BothMustBeWrittenAndTheDockDoesNotCount) {
     processes().launchError = 2;
-    EXPECT_TRUE(MissionControl::apply());
+    EXPECT_TRUE(MissionControlFixer::apply());
     preferences().readOnly["com.apple.dock"] = true;
-    EXPECT_FALSE(MissionControl::apply());
+    EXPECT_FALSE(MissionControlFixer::apply());
     preferences().readOnly = {{"com.apple.spaces", true}};
     preferences().calls.clear();
-    EXPECT_FALSE(MissionControl::apply());
+    EXPECT_FALSE(MissionControlFixer::apply());
     EXPECT_THAT(preferences().calls, testing::Contains("set com.apple.dock mru-spaces"));
     EXPECT_EQ(processes().launches.size(), 3U);
 }

@@ -1,0 +1,23 @@
+// Where macOS keeps the two settings of Mission Control.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+namespace vantrel::MissionControlPreferences {
+
+struct Setting {
+    CFStringRef domain = nullptr;
+    CFStringRef key = nullptr;
+};
+
+// One Space spans all displays.
+inline Setting spansDisplays() {
+    return {CFSTR("com.apple.spaces"), CFSTR("spans-displays")};
+}
+
+// Spaces are rearranged by most recent use.
+inline Setting mostRecentlyUsed() {
+    return {CFSTR("com.apple.dock"), CFSTR("mru-spaces")};
+}
+
+} // namespace vantrel::MissionControlPreferences
