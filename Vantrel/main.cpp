@@ -40,6 +40,7 @@
 #include "Vantrel/platform/x11/X11HotKeys.h"
 #include "Vantrel/platform/x11/X11Workspace.h"
 #include "Vantrel/platform/x11/XEmbedTray.h"
+#include "VantrelCore/windows/AXPermission.h"
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -201,7 +202,7 @@ private:
         if (!m_connection->isConnected()) {
             m_queue.post([this] { endWithoutServer(); });
         }
-        if (!m_accessibility.isTrusted()) {
+        if (!AXPermission::isGranted(m_accessibility)) {
             say("No window manager that moves windows on request is running yet; waiting for one.");
         }
         CrashReporter::installExceptionHandler();

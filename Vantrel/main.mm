@@ -41,6 +41,7 @@
 #include "Vantrel/platform/posix/ThreadBackground.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
 #include "Vantrel/platform/qt/QtHttpClient.h"
+#include "VantrelCore/windows/AXPermission.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -121,8 +122,8 @@ public:
         ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
         CrashReporter::installExceptionHandler(CrashReporter::OtherExceptions::comeFromTheirRuntime);
         ObjCExceptions::reportUncaught(CrashReporter::reportUncaught);
-        if (!m_accessibility.isTrusted()) {
-            m_accessibility.prompt();
+        if (!AXPermission::isGranted(m_accessibility)) {
+            AXPermission::prompt(m_accessibility);
         }
         m_controller->watchForPermission();
         m_controller->startEngine();

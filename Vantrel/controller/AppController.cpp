@@ -1,5 +1,7 @@
 #include "Vantrel/controller/AppController.h"
 
+#include "VantrelCore/windows/AXPermission.h"
+
 #include <fmt/format.h>
 #include <utility>
 
@@ -112,11 +114,11 @@ AppController::~AppController() {
 }
 
 void AppController::watchForPermission() {
-    if (m_permissionTimer || m_context.ports.accessibility.isTrusted()) {
+    if (m_permissionTimer || AXPermission::isGranted(m_context.ports.accessibility)) {
         return;
     }
     m_permissionTimer = m_context.ports.mainQueue.every(permissionPollInterval, [this] {
-        if (m_context.ports.accessibility.isTrusted()) {
+        if (AXPermission::isGranted(m_context.ports.accessibility)) {
             m_permissionTimer.reset();
             refreshStatus();
         }
@@ -236,7 +238,7 @@ AppController::HotKeyResult AppController::setOptionalHotkey(HotKeySurface::Kind
 }
 
 bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) {
-    const bool hasPermission = m_context.ports.accessibility.isTrusted();
+    const bool hasPermission = AXPermission::isGranted(m_context.ports.accessibility);
     m_context.log(
         fmt::format("restoreNow tapped: enabled={} permission={}", published().enabled, hasPermission));
     refreshStatus();

@@ -1,5 +1,7 @@
 #include "Vantrel/controller/CaptureNow.h"
 
+#include "VantrelCore/windows/AXPermission.h"
+
 #include <optional>
 #include <utility>
 
@@ -10,7 +12,7 @@ namespace {
 using Kind = SaveOutcome::Kind;
 
 std::optional<Kind> hindrance(ControllerContext& context) {
-    if (!context.ports.accessibility.isTrusted()) {
+    if (!AXPermission::isGranted(context.ports.accessibility)) {
         return Kind::needsPermission;
     }
     if (context.restoreInFlight) {

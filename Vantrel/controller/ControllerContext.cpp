@@ -1,6 +1,7 @@
 #include "Vantrel/controller/ControllerContext.h"
 
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/AXPermission.h"
 #include "VantrelCore/windows/LayoutTranslation.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
@@ -77,7 +78,7 @@ std::optional<RestoreOutcome::Kind> ControllerContext::hindranceToMoving() {
     if (!state().enabled) {
         return Kind::switchedOff;
     }
-    if (!ports.accessibility.isTrusted()) {
+    if (!AXPermission::isGranted(ports.accessibility)) {
         return Kind::needsPermission;
     }
     if (!entitledToRun()) {
@@ -168,7 +169,7 @@ void ControllerContext::showStoredScenes() {
 }
 
 void ControllerContext::refreshStatus() {
-    const bool hasPermission = ports.accessibility.isTrusted();
+    const bool hasPermission = AXPermission::isGranted(ports.accessibility);
     publisher.publish([&](PublishedState& state) {
         state.hasPermission = hasPermission;
         const Phase resting = StatusPhase::resting(hasPermission, state.enabled, state.windowsLearned());

@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/ControllerText.h"
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/AXPermission.h"
 
 #include <fmt/format.h>
 #include <utility>
@@ -81,7 +82,7 @@ void DisplayChangeFlow::handleSettledChange(const std::string& configID,
 
 void DisplayChangeFlow::restoreIfWanted(const std::string& reconnected) {
     if (!m_context.settings.autoRestore() || !m_context.state().enabled || !m_context.entitledToRun() ||
-        !m_context.ports.accessibility.isTrusted()) {
+        !AXPermission::isGranted(m_context.ports.accessibility)) {
         return;
     }
     const auto layout = m_context.layoutToRestore();

@@ -1,6 +1,7 @@
 #include "Vantrel/controller/LaunchPlacementFlow.h"
 
 #include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/windows/AXPermission.h"
 #include "VantrelCore/windows/LaunchPlacement.h"
 
 #include <algorithm>
@@ -76,7 +77,7 @@ bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
 
 bool LaunchPlacementFlow::isHeldUp() {
     return m_context.restoreInFlight || !m_context.isDeskCurrent() ||
-           !m_context.ports.accessibility.isTrusted();
+           !AXPermission::isGranted(m_context.ports.accessibility);
 }
 
 void LaunchPlacementFlow::attemptPlacement(const Key& key) {

@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/AXPermission.h"
 
 #include <fmt/format.h>
 #include <utility>
@@ -11,7 +12,7 @@ namespace vantrel {
 bool LearningFlow::mayCapture() {
     return m_context.state().enabled && !m_context.snapshotsSuspended && !m_context.isAway() &&
            m_context.entitledToRun() && !m_context.axWorkInFlight() && !m_context.restoreInFlight &&
-           m_context.ports.accessibility.isTrusted();
+           AXPermission::isGranted(m_context.ports.accessibility);
 }
 
 void LearningFlow::snapshotIfChanged() {

@@ -1,5 +1,7 @@
 #include "Vantrel/controller/SleepWakeFlow.h"
 
+#include "VantrelCore/windows/AXPermission.h"
+
 namespace vantrel {
 
 namespace {
@@ -59,7 +61,7 @@ void SleepWakeFlow::checkAfterWake() {
         return;
     }
     if (!m_context.state().activePinned || !m_context.state().enabled || !m_context.entitledToRun() ||
-        m_context.restoreInFlight || !m_context.ports.accessibility.isTrusted() ||
+        m_context.restoreInFlight || !AXPermission::isGranted(m_context.ports.accessibility) ||
         !m_context.isDeskCurrent()) {
         return;
     }

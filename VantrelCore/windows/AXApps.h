@@ -1,4 +1,4 @@
-// Which running applications count, and whether this process may move their windows at all.
+// Which running applications count.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"

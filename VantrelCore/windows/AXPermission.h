@@ -1,0 +1,18 @@
+// Whether this process may read and move the windows of other applications.
+#pragma once
+
+#include "VantrelCore/ports/Accessibility.h"
+
+namespace vantrel::AXPermission {
+
+[[nodiscard]] inline bool isGranted(Accessibility& accessibility) {
+    return accessibility.isTrusted();
+}
+
+// Has the system show its own permission dialog where the permission is missing, and returns the state that
+// it reports.
+inline bool prompt(Accessibility& accessibility) {
+    return accessibility.prompt();
+}
+
+} // namespace vantrel::AXPermission
