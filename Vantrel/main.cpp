@@ -33,7 +33,9 @@
 #include "Vantrel/platform/qt/StatusNotifierHost.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
 #include "Vantrel/platform/qt/UserFolders.h"
+#include "Vantrel/platform/x11/DesktopLauncher.h"
 #include "Vantrel/platform/x11/Registration.h"
+#include "Vantrel/platform/x11/UnrestrictedStart.h"
 #include "Vantrel/platform/x11/X11Accessibility.h"
 #include "Vantrel/platform/x11/X11Connection.h"
 #include "Vantrel/platform/x11/X11DisplayServices.h"
@@ -137,7 +139,9 @@ void endWithTheServer() {
 }
 
 void openPage(const std::string& url) {
-    QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+    if (!UnrestrictedStart::isNeeded() || !UnrestrictedStart::run({"xdg-open", url})) {
+        QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+    }
 }
 
 // Everything that runs, in the order of its construction: what is used outlives what uses it.
@@ -358,10 +362,16 @@ int main(int argumentCount, char** arguments) {
     app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
         return fmt::format("vantrel: {}. See: vantrel --help\n", error.what());
     });
+    // For this program itself; no group, so help does not list it.
+    std::string startOnly;
+    app.add_option(UnrestrictedStart::applicationOption, startOnly)->group("");
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {
         return static_cast<int>(app.exit(error) == 0 ? ExitCode::done : ExitCode::usage);
+    }
+    if (!startOnly.empty()) {
+        return static_cast<int>(DesktopLauncher::startHere(startOnly) ? ExitCode::done : ExitCode::failed);
     }
 
     const SystemDescription system = systemDescription();

@@ -14,26 +14,40 @@ using ::testing::HasSubstr;
 using vantrel::testing::LoopbackServer;
 namespace TestLicense = vantrel::testing::TestLicense;
 
-LoopbackServer::Answer vendorsAnswer(const LoopbackServer::Request& request) {
+// Its leases are a day over, so that what was given back ends as soon as it is not renewed.
+LoopbackServer::Answer vendorsAnswer(const LoopbackServer::Request& request, bool& isGivenBack) {
     if (request.path == "/changelog") {
         return LoopbackServer::answer(200, R"({"releases":[{"version":"99.1"}]})");
     }
     const auto body = nlohmann::json::parse(request.body, nullptr, false);
     if (request.path == "/activate" && body.value("key", "") == "GOOD-KEY") {
-        return LoopbackServer::answer(200, TestLicense::signedLicense(body.at("machine")));
+        const auto now = std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+        return LoopbackServer::answer(200, TestLicense::signedLease(body, now - std::chrono::days{31}));
     }
+    if (request.path == "/renew") {
+        return LoopbackServer::answer(isGivenBack ? 410 : 503);
+    }
+    isGivenBack = isGivenBack || request.path == "/deactivate";
     return request.path == "/deactivate" ? LoopbackServer::answer(204)
                                          : LoopbackServer::answer(404, R"({"error":"No such key."})");
 }
 
 TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
     const VantrelDesk desk("openbox");
-    LoopbackServer server(vendorsAnswer);
+    LoopbackServer server([isGivenBack = false](const LoopbackServer::Request& request) mutable {
+        return vendorsAnswer(request, isGivenBack);
+    });
     const auto start = [&] {
         return desk.startVantrel({"VANTREL_TEST_SERVER=" + server.url()}, VANTREL_OF_TEST_VENDOR_PROGRAM);
     };
     const auto file = desk.vantrelFolder() / "license.json";
-    const auto copy = desk.home().path() / "copy.json";
+    const auto record = desk.home().path() / "config/vantrel/license-record.json";
+    const auto kept = desk.home().path() / "kept";
+    const auto putBack = [&](const std::filesystem::path& name) {
+        std::filesystem::copy_file(kept / name.filename(), name,
+                                   std::filesystem::copy_options::overwrite_existing);
+    };
+    std::filesystem::create_directory(kept);
     {
         const auto run = start();
         EXPECT_THAT(desk.done({"license"}), HasSubstr("The trial ends in 14 days."));
@@ -42,18 +56,27 @@ TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
                     AllOf(HasSubstr("Licensed for this computer."), HasSubstr("personal")));
         EXPECT_TRUE(waitUntil(
             [&] { return desk.done({"status"}).find("Update available · v99.1") != std::string::npos; }));
-        std::filesystem::copy_file(file, copy);
+        std::filesystem::copy(file, kept);
+        std::filesystem::copy(record, kept);
     }
     {
         const auto run = start();
         EXPECT_EQ(desk.asked({"license"}).at("state"), "licensed");
         desk.done({"license", "deactivate"});
     }
-    std::filesystem::copy_file(copy, file, std::filesystem::copy_options::overwrite_existing);
+    putBack(file);
+    {
+        const auto run = start();
+        const auto replayed = desk.asked({"license"});
+        EXPECT_EQ(replayed.at("state"), "refused");
+        EXPECT_THAT(replayed.at("reason").get<std::string>(), HasSubstr("deactivated"));
+    }
+    putBack(file);
+    putBack(record);
     const auto run = start();
-    const auto replayed = desk.asked({"license"});
-    EXPECT_EQ(replayed.at("state"), "refused");
-    EXPECT_THAT(replayed.at("reason").get<std::string>(), HasSubstr("deactivated"));
+    EXPECT_TRUE(waitUntil([&] { return desk.asked({"license"}).at("state") == "refused"; }))
+        << "the server does not renew what was given back";
+    EXPECT_THAT(desk.done({"license"}), HasSubstr("does not renew it any more"));
     EXPECT_THAT(desk.control({"restore"}).output, HasSubstr("The license does not allow it."));
     EXPECT_GE(desk.logged("license gate: not entitled, restore and learning paused"), 1U);
 }

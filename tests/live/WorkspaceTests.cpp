@@ -139,5 +139,49 @@ while [ ! -e {0}/go ]; do sleep 0.01; done
     }
 }
 
+// A systemd of our own, which runs what it is told to and tells whether it was asked.
+TEST(Launching, ARestrictedProgramHasTheUsersSystemdStartApplications) {
+    const VantrelDesk desk("");
+    const auto home = desk.home().path();
+    const auto script = [&](const char* name, const std::string& text) {
+        desk.home().write(name, "#!/bin/sh\n" + text);
+        std::filesystem::permissions(home / name, std::filesystem::perms::owner_all);
+    };
+    const std::string record = (home / "record").string();
+    script("recorder", "echo started >> " + record + "\n");
+    desk.home().write("data/applications/org.example.Recorder.desktop",
+                      "[Desktop Entry]\nType=Application\nName=Recorder\nExec=" +
+                          (home / "recorder").string());
+    const std::vector<std::string> changes{
+        fmt::format("PATH={}/bin:/usr/local/bin:/usr/bin:/bin", home.string())};
+    const std::string asksSystemd = "until [ \"$1\" = -- ]; do shift; done; shift; echo systemd >> " + record;
+    const struct {
+        bool isRestricted;
+        std::string systemdRun;
+        const char* record;
+    } rows[] = {
+        {false, asksSystemd + "; exec \"$@\"\n", "started\n"},
+        {true, asksSystemd + "; exec \"$@\"\n", "systemd\nstarted\n"},
+        {true, asksSystemd + "; exit 1\n", "systemd\nstarted\n"},
+    };
+    desk.home().write("runtime/systemd/private", "");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.record + row.systemdRun);
+        script("bin/systemd-run", row.systemdRun);
+        std::vector<std::string> command{LAUNCH_PROBE_PROGRAM, "org.example.Recorder"};
+        if (row.isRestricted) {
+            command.insert(command.begin(), {"setpriv", "--no-new-privs"});
+        }
+        EXPECT_EQ(desk.run(command, changes).code, 0);
+        const auto seen = [&] {
+            std::ifstream stream(record);
+            return std::string(std::istreambuf_iterator<char>(stream), {});
+        };
+        EXPECT_TRUE(waitUntil([&] { return seen().ends_with("started\n"); }));
+        EXPECT_EQ(seen(), row.record);
+        std::filesystem::remove(record);
+    }
+}
+
 } // namespace
 } // namespace vantrel::live

@@ -1,5 +1,7 @@
 #include "Vantrel/platform/x11/DesktopLauncher.h"
 
+#include "Vantrel/platform/x11/UnrestrictedStart.h"
+
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 #include <memory>
@@ -55,6 +57,14 @@ std::optional<std::string> name(const std::string& id) {
 }
 
 bool start(const std::string& id) {
+    if (!UnrestrictedStart::isNeeded()) {
+        return startHere(id);
+    }
+    return find(id) &&
+           (UnrestrictedStart::runSelf({UnrestrictedStart::applicationOption, id}) || startHere(id));
+}
+
+bool startHere(const std::string& id) {
     AppInfo info = find(id);
     if (!info) {
         return false;

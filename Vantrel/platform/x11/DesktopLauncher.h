@@ -11,7 +11,11 @@ namespace vantrel::DesktopLauncher {
 [[nodiscard]] std::optional<std::string> name(const std::string& id);
 
 // Starts it on its own: in a session of its own, in the user's home unless the file names a folder, without
-// this program's descriptors, and not as a child of this process.
+// this program's descriptors, and not as a child of this process. When this process is restricted, in a unit
+// of its own (UnrestrictedStart).
 [[nodiscard]] bool start(const std::string& id);
+
+// The same, but from this process however it is restricted.
+[[nodiscard]] bool startHere(const std::string& id);
 
 } // namespace vantrel::DesktopLauncher

@@ -1,12 +1,18 @@
 // Starts an installed application and ends at once: 0 started, 1 not started, 2 it is a child to be waited
-// for.
+// for. With --start-application it is what a restricted one has systemd run.
 #include "Vantrel/platform/x11/DesktopLauncher.h"
 
+#include "Vantrel/platform/x11/UnrestrictedStart.h"
+
 #include <cerrno>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 
 int main(int argumentCount, char** arguments) {
+    if (argumentCount == 3 && arguments[1] == std::string(vantrel::UnrestrictedStart::applicationOption)) {
+        return vantrel::DesktopLauncher::startHere(arguments[2]) ? 0 : 1;
+    }
     // A descriptor that a careless start would hand on.
     if (argumentCount != 2 || dup2(STDERR_FILENO, 9) < 0) {
         return 3;
