@@ -96,7 +96,8 @@ void TriggerFlow::checkCalendarTriggers() {
     const CalendarQuery query{.from = now,
                               .to = dateAfter(now, calendarWindow + querySlack),
                               .zone = m_context.ports.localZone.current(),
-                              .folders = m_context.settings.calendarFolders()};
+                              .folders = m_context.settings.calendarFolders(),
+                              .stop = m_context.ports.background.stopToken()};
     m_context.inBackground(
         WorkPriority::utility, [query, &calendar = m_context.ports.calendar] { return calendar.read(query); },
         [this](const CalendarReading& reading) {

@@ -1,6 +1,8 @@
 // Port: work off the main thread.
 #pragma once
 
+#include "VantrelCore/ports/StopToken.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -27,6 +29,10 @@ public:
     // Calls `work(0)` to `work(count - 1)`, each on a worker of its own, so that one that blocks delays no
     // other; returns when all have finished. May be called from any thread.
     virtual void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) = 0;
+
+    // Asks to stop when the program ends, which waits for the work that has begun: work that may take more
+    // than a second looks at it now and then. May be called from any thread.
+    [[nodiscard]] virtual StopToken stopToken() const = 0;
 };
 
 } // namespace vantrel

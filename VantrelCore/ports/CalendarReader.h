@@ -3,6 +3,7 @@
 
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/TimeZone.h"
+#include "VantrelCore/ports/StopToken.h"
 
 #include <functional>
 #include <optional>
@@ -37,6 +38,8 @@ struct CalendarQuery {
     TimeZone zone = TimeZone::utc();
     // Where to look on a system whose calendars are files; empty: the usual places.
     std::vector<std::string> folders{};
+    // Once this asks to stop, the answer may be anything.
+    StopToken stop{};
 };
 
 struct CalendarReading {

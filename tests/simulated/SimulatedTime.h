@@ -45,6 +45,7 @@ public:
     // Background.
     void run(WorkPriority priority, std::function<void()> work) override;
     void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
+    [[nodiscard]] StopToken stopToken() const override { return {}; }
 
     // The control side, for tests.
 

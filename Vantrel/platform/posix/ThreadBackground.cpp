@@ -52,6 +52,7 @@ ThreadBackground::ThreadBackground()
     : m_performers(mostPerformers), m_userInitiated(threadsPerPriority), m_utility(threadsPerPriority) {}
 
 ThreadBackground::~ThreadBackground() {
+    m_stop.requestStop();
     // All end before any is gone: work that still runs may ask for more, of either kind.
     m_utility.end();
     m_userInitiated.end();

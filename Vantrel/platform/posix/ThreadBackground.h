@@ -6,7 +6,8 @@
 
 namespace vantrel {
 
-// Destroying it waits for the work that has begun; queued work that has not does not run any more.
+// Destroying it asks the work that has begun to stop, and waits for it; queued work that has not does not run
+// any more.
 class ThreadBackground final : public Background {
 public:
     ThreadBackground();
@@ -21,7 +22,10 @@ public:
     // time, indexes wait for one another.
     void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
 
+    [[nodiscard]] StopToken stopToken() const override { return m_stop.token(); }
+
 private:
+    StopSource m_stop;
     posix::WorkerPool m_performers;
     posix::WorkerPool m_userInitiated;
     posix::WorkerPool m_utility;

@@ -139,6 +139,8 @@ public:
             work(i);
         }
     }
+
+    [[nodiscard]] StopToken stopToken() const override { return {}; }
 };
 
 class OnThreads : public Background {
@@ -152,6 +154,8 @@ public:
             threads.emplace_back([&work, i] { work(i); });
         }
     }
+
+    [[nodiscard]] StopToken stopToken() const override { return {}; }
 };
 
 } // namespace vantrel
