@@ -24,6 +24,7 @@
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/posix/ZoneDatabase.h"
 #include "Vantrel/platform/qt/BusMembership.h"
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
@@ -311,11 +312,14 @@ private:
     X11Workspace m_workspace{m_desk, m_queue};
     DBusSystemEvents m_systemEvents{QDBusConnection::systemBus(), m_bus,
                                     [this](const std::string& message) { log(message); }};
-    SystemZone m_localZone;
+    SystemZone m_localZone{[this](const std::string& message) { log(message); }};
     DesktopFocusReader m_focus{m_queue};
+    // Of the calendars, which are read in the background.
+    ZoneDatabase m_zones;
     // Reads, and so complains, in the background.
     IcalCalendarReader m_calendar{
         UserFolders::home(), UserFolders::data(),
+        [this](const std::string& name) { return m_zones.named(name); },
         [this](const std::string& message) { m_queue.post([this, message] { log(message); }); }};
     std::unique_ptr<DesktopPictures> m_pictures =
         desktopPictures(environment("XDG_CURRENT_DESKTOP"), m_connection);

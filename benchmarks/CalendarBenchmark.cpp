@@ -1,6 +1,7 @@
 // What reading a folder of calendar files costs, one event a file as sync programs keep them: for the first
 // time, and when no file has changed.
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
+#include "Vantrel/platform/posix/ZoneDatabase.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
@@ -30,6 +31,12 @@ void fill(const std::filesystem::path& folder, std::int64_t files) {
     }
 }
 
+// The system's.
+std::optional<TimeZone> zoneNamed(const std::string& name) {
+    static ZoneDatabase zones;
+    return zones.named(name);
+}
+
 CalendarQuery query(const std::filesystem::path& folder) {
     const Date from{std::chrono::sys_days{std::chrono::year{2026} / 11 / 21}};
     return {.from = from, .to = dateAfter(from, 61), .folders = {folder.string()}};
@@ -39,7 +46,7 @@ void readCalendarFolder(benchmark::State& state) {
     const TemporaryFolder folder;
     fill(folder.path(), state.range(0));
     for ([[maybe_unused]] auto _ : state) {
-        IcalCalendarReader reader(folder.path(), folder.path(), [](const std::string&) {});
+        IcalCalendarReader reader(folder.path(), folder.path(), zoneNamed, [](const std::string&) {});
         auto reading = reader.read(query(folder.path()));
         benchmark::DoNotOptimize(reading);
     }
@@ -49,7 +56,7 @@ void readCalendarFolder(benchmark::State& state) {
 void readUnchangedCalendarFolder(benchmark::State& state) {
     const TemporaryFolder folder;
     fill(folder.path(), state.range(0));
-    IcalCalendarReader reader(folder.path(), folder.path(), [](const std::string&) {});
+    IcalCalendarReader reader(folder.path(), folder.path(), zoneNamed, [](const std::string&) {});
     auto first = reader.read(query(folder.path()));
     benchmark::DoNotOptimize(first);
     for ([[maybe_unused]] auto _ : state) {

@@ -1,52 +1,49 @@
 #include "VantrelCore/model/TimeZone.h"
 
-#include <unicode/timezone.h>
+#include <algorithm>
 #include <utility>
 
 namespace vantrel {
 
-struct TimeZone::Rules {
-    std::unique_ptr<const icu::TimeZone> zone;
-};
-
-TimeZone::TimeZone(std::shared_ptr<const Rules> rules) : m_rules(std::move(rules)) {}
+TimeZone::TimeZone(ZoneRules rules) : m_rules(std::make_shared<const ZoneRules>(std::move(rules))) {}
 
 TimeZone TimeZone::utc() {
-    return TimeZone{std::make_shared<const Rules>(
-        Rules{std::unique_ptr<const icu::TimeZone>{icu::TimeZone::getGMT()->clone()}})};
+    static const TimeZone zone{ZoneRules{}};
+    return zone;
 }
 
-std::optional<TimeZone> TimeZone::named(const std::string& name) {
-    std::unique_ptr<const icu::TimeZone> zone{
-        icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name))};
-    // ICU answers an unknown name with a zone of its own by that name.
-    if (!zone || *zone == icu::TimeZone::getUnknown()) {
-        return std::nullopt;
+std::optional<TimeZone> TimeZone::posix(std::string_view text) {
+    const auto zone = PosixZone::parse(text);
+    return zone ? std::optional(TimeZone{ZoneRules{.transitions = {}, .afterwards = zone}}) : std::nullopt;
+}
+
+std::chrono::seconds TimeZone::offset(std::chrono::sys_seconds time) const {
+    const auto& transitions = m_rules->transitions;
+    const auto next = std::ranges::upper_bound(transitions, time, {}, &ZoneTransition::at);
+    if (next == transitions.end() && m_rules->afterwards) {
+        return m_rules->afterwards->offsetAt(time);
     }
-    return TimeZone{std::make_shared<const Rules>(Rules{std::move(zone)})};
+    return next == transitions.begin() ? m_rules->firstOffset : std::prev(next)->offset;
 }
 
 Date TimeZone::date(std::chrono::local_seconds onTheClock) const {
-    const auto seconds = onTheClock.time_since_epoch();
-    std::int32_t standardOffset = 0;
-    std::int32_t daylightOffset = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    m_rules->zone->getOffset(static_cast<UDate>(std::chrono::milliseconds{seconds}.count()), true,
-                             standardOffset, daylightOffset, status);
-    return Date{seconds} - std::chrono::milliseconds{standardOffset + daylightOffset};
+    const std::chrono::sys_seconds asInUtc{onTheClock.time_since_epoch()};
+    const auto before = offset(asInUtc - std::chrono::days{1});
+    const auto after = offset(asInUtc + std::chrono::days{1});
+    for (const auto each : {std::max(before, after), std::min(before, after)}) {
+        if (offset(asInUtc - each) == each) {
+            return asInUtc - each;
+        }
+    }
+    return asInUtc - before;
 }
 
 bool TimeZone::operator==(const TimeZone& other) const {
-    return *m_rules->zone == *other.m_rules->zone;
+    return m_rules == other.m_rules || *m_rules == *other.m_rules;
 }
 
 LocalTime TimeZone::localTime(Date date) const {
-    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date).time_since_epoch().count();
-    std::int32_t standardOffset = 0;
-    std::int32_t daylightOffset = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    m_rules->zone->getOffset(static_cast<UDate>(milliseconds), false, standardOffset, daylightOffset, status);
-    const auto onTheClock = date + std::chrono::milliseconds{standardOffset + daylightOffset};
+    const auto onTheClock = date + offset(std::chrono::floor<std::chrono::seconds>(date));
     const auto day = std::chrono::floor<std::chrono::days>(onTheClock);
     const std::chrono::hh_mm_ss time{onTheClock - day};
     return {std::chrono::year_month_day{day}, static_cast<int>(time.hours().count()),

@@ -71,7 +71,7 @@ TEST_F(CalendarOfTheMac, CancelledEventsAndThoseWithoutADateAreLeftOut) {
 }
 
 TEST_F(CalendarOfTheMac, WholeDaysEndAtTheMidnightAfterThem) {
-    const auto zone = *TimeZone::named("Europe/Berlin");
+    const auto zone = *TimeZone::posix("CET-1CEST,M3.5.0,M10.5.0/3");
     mac().events = {{.identifier = "day",
                      .start = seconds("2026-02-28T23:00:00Z"),
                      .end = seconds("2026-03-01T22:59:59Z"),

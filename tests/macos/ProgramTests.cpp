@@ -20,14 +20,19 @@ using testing::ElementsAre;
 
 using ProgramOnTheMac = CocoaTest;
 
-TEST_F(ProgramOnTheMac, FollowsATravellersTimeZone) {
+TEST_F(ProgramOnTheMac, FollowsATravellersTimeZoneByTheRulesOfTheMac) {
     MacLocalZone zone;
-    mac().timeZone = "Europe/Berlin";
-    EXPECT_EQ(zone.current(), *TimeZone::named("Europe/Berlin"));
-    mac().timeZone = "Asia/Tokyo";
-    EXPECT_EQ(zone.current(), *TimeZone::named("Asia/Tokyo"));
-    mac().timeZone = "Atlantis";
-    EXPECT_EQ(zone.current(), TimeZone::utc());
+    const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    for (const char* rules : {"CET-1CEST,M3.5.0,M10.5.0/3", "JST-9", "EST5EDT,M3.2.0,M11.1.0"}) {
+        mac().timeZone = rules;
+        const TimeZone found = zone.current();
+        const TimeZone expected = TimeZone::posix(rules).value();
+        for (int hours = -24 * 365; hours < 24 * 730; ++hours) {
+            const auto time = today + std::chrono::hours(hours);
+            ASSERT_EQ(found.offset(time), expected.offset(time)) << rules << ' ' << hours;
+        }
+        EXPECT_TRUE(found == zone.current());
+    }
 }
 
 TEST_F(ProgramOnTheMac, ReportsExceptionsOfObjectiveCThatNobodyCatches) {

@@ -1,7 +1,11 @@
 #include "Vantrel/platform/ical/CalendarText.h"
 
+#include "Vantrel/platform/ical/CalendarLines.h"
 #include "Vantrel/platform/ical/CalendarTime.h"
+#include "Vantrel/platform/ical/CalendarZones.h"
+#include "Vantrel/platform/ical/EventOccurrences.h"
 #include "Vantrel/platform/ical/IcalHandle.h"
+#include "Vantrel/platform/ical/Recurrence.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -18,14 +22,6 @@ namespace {
 // Where calendar servers put the link of a call beside the texts that everyone knows.
 constexpr std::string_view conferenceNames[] = {"X-GOOGLE-CONFERENCE", "X-MICROSOFT-SKYPETEAMSMEETINGURL"};
 
-template <typename Visit>
-void forEachComponent(icalcomponent* parent, icalcomponent_kind kind, Visit visit) {
-    for (auto* component = icalcomponent_get_first_component(parent, kind); component != nullptr;
-         component = icalcomponent_get_next_component(parent, kind)) {
-        visit(component);
-    }
-}
-
 std::optional<std::string> text(icalcomponent* event, icalproperty_kind kind) {
     auto* const property = icalcomponent_get_first_property(event, kind);
     const auto* const value = property != nullptr ? icalproperty_get_value(property) : nullptr;
@@ -34,6 +30,9 @@ std::optional<std::string> text(icalcomponent* event, icalproperty_kind kind) {
                          : nullptr;
     return written != nullptr ? std::optional(Unicode::validUtf8(written)) : std::nullopt;
 }
+
+// Of what an occurrence keeps in memory, what counts as one step of the budget.
+constexpr std::int64_t bytesAStep = 16;
 
 // Links to calls, one a line.
 std::string conferenceLinks(icalcomponent* event) {
@@ -94,25 +93,26 @@ bool overlaps(const Occurrence& occurrence, const CalendarInterval& interval) {
 
 class Calendar {
 public:
-    Calendar(icalcomponent* calendar, const CalendarInterval& interval, const TimeZone& zone)
-        : m_calendar(calendar), m_interval(interval), m_zone(zone) {
-        forEachComponent(calendar, ICAL_VEVENT_COMPONENT, [this](icalcomponent* event) {
+    Calendar(icalcomponent* calendar, const CalendarContext& context)
+        : m_calendar(calendar), m_interval(context.interval), m_budget(context.budget),
+          m_zones(calendar, context) {
+        Recurrence::forEachComponent(calendar, ICAL_VEVENT_COMPONENT, [this](icalcomponent* event) {
             auto* const property = icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY);
             if (property == nullptr) {
                 return;
             }
             Exceptions& exceptions = m_exceptions[text(event, ICAL_UID_PROPERTY).value_or("")];
-            const auto time = CalendarTime::of(property, m_calendar);
-            exceptions.times.insert(time, m_zone);
-            if (changesTheFuture(property)) {
-                exceptions.changes[CalendarTime::date(time, m_zone)] = event;
+            const auto time = CalendarTime::of(property, m_zones);
+            exceptions.times.insert(time);
+            if (time.isValid() && changesTheFuture(property)) {
+                exceptions.changes[time.date()] = event;
             }
         });
     }
 
-    void addEvents(std::vector<CalendarEvent>& events) const {
+    void addEvents(std::vector<CalendarEvent>& events) {
         static const Exceptions none;
-        forEachComponent(m_calendar, ICAL_VEVENT_COMPONENT, [&](icalcomponent* event) {
+        Recurrence::forEachComponent(m_calendar, ICAL_VEVENT_COMPONENT, [&](icalcomponent* event) {
             const bool isException =
                 icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY) != nullptr;
             const auto found = m_exceptions.find(text(event, ICAL_UID_PROPERTY).value_or(""));
@@ -121,13 +121,12 @@ public:
     }
 
 private:
-    void addSeries(icalcomponent* event, const Exceptions& exceptions,
-                   std::vector<CalendarEvent>& events) const {
-        if (isCancelled(event)) {
+    void addSeries(icalcomponent* event, const Exceptions& exceptions, std::vector<CalendarEvent>& events) {
+        if (isCancelled(event) || !m_budget.spend()) {
             return;
         }
         auto occurrences =
-            EventOccurrences::inInterval(event, m_calendar, exceptions.times, m_interval, m_zone);
+            EventOccurrences::inInterval(event, m_zones, exceptions.times, m_interval, m_budget);
         if (!exceptions.changes.empty()) {
             const Date end = exceptions.changes.begin()->first;
             std::erase_if(occurrences, [&](const Occurrence& each) { return each.start >= end; });
@@ -145,8 +144,8 @@ private:
     // The occurrences of the series after the change and before `end`, moved as the change moves the first.
     [[nodiscard]] std::vector<Occurrence> changed(icalcomponent* event, const Exceptions& exceptions,
                                                   const std::pair<const Date, icalcomponent*>& change,
-                                                  Date end) const {
-        const auto first = EventOccurrences::first(change.second, m_calendar, m_zone);
+                                                  Date end) {
+        const auto first = EventOccurrences::first(change.second, m_zones, m_budget);
         if (!first) {
             return {};
         }
@@ -154,8 +153,8 @@ private:
         const auto length = first->end - first->start;
         std::vector<Occurrence> result;
         for (const Occurrence& former : EventOccurrences::inInterval(
-                 event, m_calendar, exceptions.times,
-                 {m_interval.from - shift - length, m_interval.to - shift}, m_zone)) {
+                 event, m_zones, exceptions.times, {m_interval.from - shift - length, m_interval.to - shift},
+                 m_budget)) {
             const Occurrence moved{former.start + shift, former.start + shift + length};
             if (former.start > change.first && former.start < end && overlaps(moved, m_interval)) {
                 result.push_back(moved);
@@ -164,14 +163,21 @@ private:
         return result;
     }
 
-    static void add(icalcomponent* event, const std::vector<Occurrence>& occurrences,
-                    std::vector<CalendarEvent>& events) {
+    void add(icalcomponent* event, const std::vector<Occurrence>& occurrences,
+             std::vector<CalendarEvent>& events) {
         if (occurrences.empty()) {
             return;
         }
         auto each = record(event);
-        each.isAllDay = icalcomponent_get_dtstart(event).is_date != 0;
+        each.isAllDay =
+            CalendarTime::of(icalcomponent_get_first_property(event, ICAL_DTSTART_PROPERTY), m_zones)
+                .isWholeDay();
+        const auto size = static_cast<std::int64_t>(each.title.size() + each.notes.value_or("").size() +
+                                                    each.location.value_or("").size());
         for (const Occurrence& occurrence : occurrences) {
+            if (!m_budget.spend(1 + size / bytesAStep)) {
+                return;
+            }
             each.start = occurrence.start;
             each.end = occurrence.end;
             events.push_back(each);
@@ -179,43 +185,28 @@ private:
     }
 
     icalcomponent* m_calendar;
-    const CalendarInterval& m_interval;
-    const TimeZone& m_zone;
+    CalendarInterval m_interval;
+    CalendarBudget& m_budget;
+    CalendarZones m_zones;
     std::map<std::string, Exceptions> m_exceptions;
 };
 
-// libical closes what a cut-off file leaves open without a word.
-bool isWhole(const std::string& text) {
-    constexpr std::string_view end = "END:VCALENDAR";
-    const auto last = text.find_last_not_of(" \t\r\n");
-    if (last == std::string::npos || last + 1 < end.size()) {
-        return false;
-    }
-    return std::ranges::equal(std::string_view(text).substr(last + 1 - end.size(), end.size()), end, {},
-                              [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-}
-
 } // namespace
 
-std::expected<std::vector<CalendarEvent>, std::string>
-events(const std::string& text, const CalendarInterval& interval, const TimeZone& zone) {
+std::expected<std::vector<CalendarEvent>, std::string> events(const std::string& text,
+                                                              const CalendarContext& context) {
     static std::once_flag prepared;
     std::call_once(prepared, [] { icalerror_set_errors_are_fatal(0); });
-    if (text.find('\0') != std::string::npos || !isWhole(text)) {
-        return std::unexpected("it is no calendar, or only a part of one");
-    }
-    const IcalComponent root(icalparser_parse_string(text.c_str()));
-    if (!root) {
-        return std::unexpected("it is no calendar");
-    }
+    const IcalParser parser(icalparser_new());
     std::vector<CalendarEvent> events;
-    if (icalcomponent_isa(root.get()) == ICAL_VCALENDAR_COMPONENT) {
-        Calendar(root.get(), interval, zone).addEvents(events);
-    } else {
-        // Several calendars one after the other.
-        forEachComponent(root.get(), ICAL_VCALENDAR_COMPONENT, [&](icalcomponent* calendar) {
-            Calendar(calendar, interval, zone).addEvents(events);
-        });
+    const auto lines = CalendarLines::visit(text, context.budget, [&](std::string& line) {
+        const IcalComponent calendar(icalparser_add_line(parser.get(), line.data()));
+        if (calendar && icalcomponent_isa(calendar.get()) == ICAL_VCALENDAR_COMPONENT) {
+            Calendar(calendar.get(), context).addEvents(events);
+        }
+    });
+    if (!lines) {
+        return std::unexpected(lines.error());
     }
     std::ranges::stable_sort(events, {}, &CalendarEvent::start);
     return events;

@@ -1,82 +1,77 @@
 #include "Vantrel/platform/ical/CalendarTime.h"
 
-#include <string>
-#include <unicode/timezone.h>
+#include "Vantrel/platform/ical/CalendarZones.h"
 
-namespace vantrel::CalendarTime {
+#include <string>
+#include <utility>
+
+namespace vantrel {
 
 namespace {
 
-// Exchange and Outlook name zones as Windows does ("W. Europe Standard Time"), at times without telling
-// their rules.
-icaltimezone* zoneByWindowsName(const char* name) {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::UnicodeString found;
-    icu::TimeZone::getIDForWindowsID(icu::UnicodeString::fromUTF8(name), nullptr, found, status);
-    std::string id;
-    found.toUTF8String(id);
-    return U_SUCCESS(status) && !id.empty() ? icaltimezone_get_builtin_timezone(id.c_str()) : nullptr;
-}
-
-// The system's rules come first: they are newer than those that a file was written with, and following a
-// file's own costs more than all else about an event.
-icaltimezone* zoneNamed(const char* name, icalcomponent* calendar) {
-    if (auto* const system = icaltimezone_get_builtin_timezone(name)) {
-        return system;
-    }
-    if (auto* const prefixed = icaltimezone_get_builtin_timezone_from_tzid(name)) {
-        return prefixed;
-    }
-    auto* const own = icalcomponent_get_timezone(calendar, name);
-    return own != nullptr ? own : zoneByWindowsName(name);
-}
-
-} // namespace
-
-icaltimetype inZoneOf(icaltimetype time, icalproperty* property, icalcomponent* calendar) {
-    if (time.is_date != 0 || icaltime_is_utc(time) != 0) {
-        return time;
-    }
-    auto* const parameter = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
-    const char* const name = parameter != nullptr ? icalparameter_get_tzid(parameter) : nullptr;
-    if (name != nullptr) {
-        icaltime_set_timezone(&time, zoneNamed(name, calendar));
-    }
-    return time;
-}
-
-icaltimetype of(icalproperty* property, icalcomponent* calendar) {
+icaltimetype written(icalproperty* property) {
     const icalvalue* const value = property != nullptr ? icalproperty_get_value(property) : nullptr;
     const auto kind = value != nullptr ? icalvalue_isa(value) : ICAL_NO_VALUE;
     if (kind != ICAL_DATE_VALUE && kind != ICAL_DATETIME_VALUE) {
         return icaltime_null_time();
     }
-    return inZoneOf(kind == ICAL_DATE_VALUE ? icalvalue_get_date(value) : icalvalue_get_datetime(value),
-                    property, calendar);
+    return kind == ICAL_DATE_VALUE ? icalvalue_get_date(value) : icalvalue_get_datetime(value);
 }
 
-std::chrono::year_month_day day(const icaltimetype& time) {
-    return std::chrono::year{time.year} / time.month / time.day;
+} // namespace
+
+CalendarTime::CalendarTime(icaltimetype onTheClock, TimeZone zone)
+    : m_onTheClock(onTheClock), m_zone(icaltime_is_utc(onTheClock) != 0 ? TimeZone::utc() : std::move(zone)) {
+    m_onTheClock.zone = nullptr;
 }
 
-Date date(const icaltimetype& time, const TimeZone& zone) {
-    if (time.is_date == 0 && time.zone != nullptr) {
-        // libical takes the zone by a pointer to what it then only reads.
-        auto* const own = const_cast<icaltimezone*>(time.zone);
-        return Date{std::chrono::seconds{icaltime_as_timet_with_zone(time, own)}};
+CalendarTime CalendarTime::of(icalproperty* property, CalendarZones& zones) {
+    return of(written(property), property, zones);
+}
+
+CalendarTime CalendarTime::of(icaltimetype time, icalproperty* property, CalendarZones& zones) {
+    auto* const parameter = property != nullptr && time.is_date == 0
+                                ? icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER)
+                                : nullptr;
+    const char* const name = parameter != nullptr ? icalparameter_get_tzid(parameter) : nullptr;
+    return {time, name != nullptr ? zones.named(name) : zones.usersZone()};
+}
+
+CalendarTime CalendarTime::inZone(icalproperty* property, const TimeZone& zone) {
+    return {written(property), zone};
+}
+
+bool CalendarTime::isValid() const {
+    return icaltime_is_null_time(m_onTheClock) == 0 && icaltime_is_valid_time(m_onTheClock) != 0 &&
+           m_onTheClock.year >= 1600 && m_onTheClock.year <= 9999 && day().ok();
+}
+
+std::chrono::year_month_day CalendarTime::day() const {
+    return std::chrono::year{m_onTheClock.year} / m_onTheClock.month / m_onTheClock.day;
+}
+
+std::chrono::local_seconds CalendarTime::local() const {
+    const std::chrono::local_days midnight{day()};
+    return isWholeDay()
+               ? midnight
+               : midnight + std::chrono::hours{m_onTheClock.hour} +
+                     std::chrono::minutes{m_onTheClock.minute} + std::chrono::seconds{m_onTheClock.second};
+}
+
+CalendarTime CalendarTime::at(std::chrono::local_seconds time) const {
+    const auto midnight = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day day{midnight};
+    const std::chrono::hh_mm_ss sinceMidnight{time - midnight};
+    CalendarTime result = *this;
+    result.m_onTheClock.year = static_cast<int>(day.year());
+    result.m_onTheClock.month = static_cast<int>(static_cast<unsigned>(day.month()));
+    result.m_onTheClock.day = static_cast<int>(static_cast<unsigned>(day.day()));
+    if (!isWholeDay()) {
+        result.m_onTheClock.hour = static_cast<int>(sinceMidnight.hours().count());
+        result.m_onTheClock.minute = static_cast<int>(sinceMidnight.minutes().count());
+        result.m_onTheClock.second = static_cast<int>(sinceMidnight.seconds().count());
     }
-    const std::chrono::local_days midnight{day(time)};
-    return zone.date(time.is_date != 0
-                         ? midnight
-                         : midnight + std::chrono::hours{time.hour} + std::chrono::minutes{time.minute} +
-                               std::chrono::seconds{time.second});
+    return result;
 }
 
-icaltimetype like(const icaltimetype& kind, Date date) {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(date).time_since_epoch().count();
-    auto time = icaltime_from_timet_with_zone(seconds, kind.is_date, icaltimezone_get_utc_timezone());
-    time.zone = kind.zone;
-    return time;
-}
-
-} // namespace vantrel::CalendarTime
+} // namespace vantrel

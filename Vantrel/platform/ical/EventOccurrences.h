@@ -1,8 +1,9 @@
 // When one event of a calendar file takes place.
 #pragma once
 
-#include "VantrelCore/model/Date.h"
-#include "VantrelCore/model/TimeZone.h"
+#include "Vantrel/platform/ical/CalendarContext.h"
+#include "Vantrel/platform/ical/CalendarTime.h"
+#include "Vantrel/platform/ical/CalendarZones.h"
 
 #include <chrono>
 #include <libical/ical.h>
@@ -11,14 +12,6 @@
 #include <vector>
 
 namespace vantrel {
-
-struct CalendarInterval {
-    // Both included.
-    Date from;
-    Date to;
-
-    bool operator==(const CalendarInterval&) const = default;
-};
 
 struct Occurrence {
     Date start;
@@ -32,22 +25,25 @@ struct ExceptedTimes {
     std::set<Date> moments;
     std::set<std::chrono::year_month_day> days;
 
-    void insert(const icaltimetype& time, const TimeZone& zone);
-    [[nodiscard]] bool contains(const icaltimetype& time, const TimeZone& zone) const;
+    // One that is not valid counts for nothing.
+    void insert(const CalendarTime& time);
+    [[nodiscard]] bool contains(const CalendarTime& time) const;
 };
 
 namespace EventOccurrences {
 
+// A longer event is taken to be as long: its end is damaged, or stands for "ever after".
+inline constexpr std::chrono::days longest{100 * 365};
+
 // Every time that overlaps the interval, by start, by the event's rules and additional dates less what is
-// excepted by the event itself and by `overridden`. Rules that recur by the minute or the second are not
-// followed: only a damaged or hostile file has them, and they would take hours.
-[[nodiscard]] std::vector<Occurrence> inInterval(icalcomponent* event, icalcomponent* calendar,
+// excepted by the event itself and by `overridden`; as many as the budget allows.
+[[nodiscard]] std::vector<Occurrence> inInterval(icalcomponent* event, CalendarZones& zones,
                                                  const ExceptedTimes& overridden,
-                                                 const CalendarInterval& interval, const TimeZone& zone);
+                                                 const CalendarInterval& interval, CalendarBudget& budget);
 
 // The one that the event itself names, wherever it lies; none when it names no time.
-[[nodiscard]] std::optional<Occurrence> first(icalcomponent* event, icalcomponent* calendar,
-                                              const TimeZone& zone);
+[[nodiscard]] std::optional<Occurrence> first(icalcomponent* event, CalendarZones& zones,
+                                              CalendarBudget& budget);
 
 } // namespace EventOccurrences
 

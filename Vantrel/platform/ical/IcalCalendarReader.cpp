@@ -29,31 +29,66 @@ std::expected<std::string, std::string> content(const CalendarFile& file) {
 
 } // namespace
 
-IcalCalendarReader::IcalCalendarReader(std::filesystem::path home, std::filesystem::path data, Log log)
-    : m_home(std::move(home)), m_data(std::move(data)), m_log(std::move(log)) {}
+IcalCalendarReader::IcalCalendarReader(std::filesystem::path home, std::filesystem::path data,
+                                       ZoneByName zoneNamed, Log log)
+    : m_home(std::move(home)), m_data(std::move(data)), m_zoneNamed(std::move(zoneNamed)),
+      m_log(std::move(log)) {}
 
 void IcalCalendarReader::requestAccessIfNeeded(std::function<void()> done) {
     done();
 }
 
-bool IcalCalendarReader::Kept::answers(const CalendarFile& now, const CalendarQuery& query) const {
-    return file == now && zone == query.zone && interval.from <= query.from && query.to <= interval.to;
+std::optional<TimeZone> IcalCalendarReader::zoneNow(const std::string& name) {
+    const auto known = m_zonesNow.find(name);
+    if (known != m_zonesNow.end()) {
+        return known->second;
+    }
+    auto zone = m_zoneNamed(name);
+    if (zone) {
+        m_zonesNow.emplace(name, *zone);
+    }
+    return zone;
 }
 
-IcalCalendarReader::Kept IcalCalendarReader::readFile(const CalendarFile& file, const CalendarQuery& query) {
+bool IcalCalendarReader::answers(const Kept& kept, const CalendarFile& now, const CalendarQuery& query) {
+    return kept.file == now && kept.zone == query.zone && kept.interval.from <= query.from &&
+           query.to <= kept.interval.to && std::ranges::all_of(kept.zones, [this](const auto& zone) {
+               return zoneNow(zone.first) == zone.second;
+           });
+}
+
+std::optional<IcalCalendarReader::Kept>
+IcalCalendarReader::readFile(const CalendarFile& file, const CalendarQuery& query, CalendarBudget& budget) {
     ++m_filesRead;
-    const CalendarInterval interval{query.from, std::max(query.to, dateAfter(query.from, keptSeconds))};
+    Kept kept{.file = file,
+              .interval = {query.from, std::max(query.to, dateAfter(query.from, keptSeconds))},
+              .zone = query.zone,
+              .zones = {},
+              .events = {}};
+    const ZoneByName zoneNamed = [&](const std::string& name) {
+        auto zone = zoneNow(name);
+        if (zone) {
+            kept.zones.emplace(name, *zone);
+        }
+        return zone;
+    };
+    CalendarBudget ofFile(fileLimits, budget);
     const auto text = content(file);
-    Events events =
-        text ? CalendarText::events(*text, interval, query.zone) : Events(std::unexpected(text.error()));
-    if (events) {
-        return {file, interval, query.zone, std::move(*events)};
+    Events events = text ? CalendarText::events(*text, {kept.interval, query.zone, zoneNamed, ofFile})
+                         : Events(std::unexpected(text.error()));
+    if (budget.isSpent()) {
+        return std::nullopt;
     }
     const auto known = m_kept.find(file.path);
-    if (known == m_kept.end() || known->second.file != file) {
+    const bool isNew = known == m_kept.end() || known->second.file != file;
+    if (!events && isNew) {
         m_log(fmt::format("calendar: {} is left out: {}", file.path.string(), events.error()));
+    } else if (ofFile.isSpent() && isNew) {
+        m_log(fmt::format("calendar: {} is read in part: it has too many events, or rules that take too long",
+                          file.path.string()));
     }
-    return {file, interval, query.zone, {}};
+    kept.events = std::move(events).value_or(std::vector<CalendarEvent>());
+    return kept;
 }
 
 CalendarReading IcalCalendarReader::read(const CalendarQuery& query) {
@@ -65,19 +100,31 @@ CalendarReading IcalCalendarReader::read(const CalendarQuery& query) {
     const auto found =
         CalendarFiles::in(places.empty() ? CalendarFiles::usualPlaces(m_home, m_data) : places);
     m_filesRead = 0;
+    m_zonesNow.clear();
+    CalendarBudget budget(readingLimits, query.stop);
     CalendarReading reading{.hasAccess = found.hasAccess, .events = {}};
     std::map<std::filesystem::path, Kept> kept;
     for (const CalendarFile& file : found.files) {
         auto known = m_kept.find(file.path);
-        auto& events = kept.emplace(file.path, known != m_kept.end() && known->second.answers(file, query)
-                                                   ? std::move(known->second)
-                                                   : readFile(file, query))
-                           .first->second.events;
-        std::ranges::copy_if(events, std::back_inserter(reading.events), [&](const CalendarEvent& event) {
-            return event.start <= query.to && event.end >= query.from;
-        });
+        std::optional<Kept> now;
+        if (known != m_kept.end() && answers(known->second, file, query)) {
+            now = std::move(known->second);
+        } else if (budget.spend()) {
+            now = readFile(file, query, budget);
+        }
+        if (now) {
+            const auto& events = kept.emplace(file.path, std::move(*now)).first->second.events;
+            std::ranges::copy_if(events, std::back_inserter(reading.events), [&](const CalendarEvent& event) {
+                return event.start <= query.to && event.end >= query.from;
+            });
+        }
     }
     m_kept = std::move(kept);
+    const bool isCutShort = budget.isSpent() && !query.stop.isStopRequested();
+    if (isCutShort && !m_wasCutShort) {
+        m_log("calendar: reading all files takes too long; the rest is read the next time");
+    }
+    m_wasCutShort = isCutShort;
     std::ranges::stable_sort(reading.events, {}, &CalendarEvent::start);
     return reading;
 }

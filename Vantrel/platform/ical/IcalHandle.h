@@ -10,9 +10,13 @@ struct IcalDeleter {
     void operator()(icalcomponent* component) const { icalcomponent_free(component); }
 
     void operator()(icalrecur_iterator* iterator) const { icalrecur_iterator_free(iterator); }
+
+    // Frees what it has parsed and not given away, too.
+    void operator()(icalparser* parser) const { icalparser_free(parser); }
 };
 
 using IcalComponent = std::unique_ptr<icalcomponent, IcalDeleter>;
+using IcalParser = std::unique_ptr<icalparser, IcalDeleter>;
 using IcalIterator = std::unique_ptr<icalrecur_iterator, IcalDeleter>;
 
 } // namespace vantrel

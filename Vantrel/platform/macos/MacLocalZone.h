@@ -3,19 +3,12 @@
 
 #include "VantrelCore/ports/LocalZone.h"
 
-#include <string>
-
 namespace vantrel {
 
-// A zone that nobody knows counts as UTC.
+// With the rules that the system has for it now, a year back and two ahead.
 class MacLocalZone final : public LocalZone {
 public:
     [[nodiscard]] TimeZone current() override;
-
-private:
-    // As last looked.
-    std::string m_name;
-    TimeZone m_zone = TimeZone::utc();
 };
 
 } // namespace vantrel

@@ -1,19 +1,56 @@
 #include "Vantrel/platform/macos/MacLocalZone.h"
 
-#include "Vantrel/platform/macos/FoundationText.h"
+#import <Foundation/Foundation.h>
+
+#include <algorithm>
+#include <chrono>
 
 namespace vantrel {
+
+namespace {
+
+using std::chrono::seconds;
+using std::chrono::sys_seconds;
+
+// No zone keeps an offset for less: Morocco sets its clocks back for the month of Ramadan.
+constexpr std::chrono::days step{7};
+
+seconds offset(NSTimeZone* zone, sys_seconds time) {
+    const auto sinceEpoch = static_cast<NSTimeInterval>(time.time_since_epoch().count());
+    return seconds{[zone secondsFromGMTForDate:[NSDate dateWithTimeIntervalSince1970:sinceEpoch]]};
+}
+
+// The first second after `before` at which the zone has the offset that it has at `after`.
+sys_seconds change(NSTimeZone* zone, sys_seconds before, sys_seconds after) {
+    const seconds changed = offset(zone, after);
+    while (after - before > seconds{1}) {
+        const sys_seconds middle = before + (after - before) / 2;
+        (offset(zone, middle) == changed ? after : before) = middle;
+    }
+    return after;
+}
+
+} // namespace
 
 TimeZone MacLocalZone::current() {
     @autoreleasepool {
         // Else Foundation goes on giving the zone that the program began in.
         [NSTimeZone resetSystemTimeZone];
-        const std::string name = FoundationText::utf8(NSTimeZone.systemTimeZone.name).value_or("");
-        if (name != m_name) {
-            m_name = name;
-            m_zone = TimeZone::named(name).value_or(TimeZone::utc());
+        NSTimeZone* const zone = NSTimeZone.systemTimeZone;
+        // Whole days, so that the same rules compare as equal for a day.
+        const sys_seconds today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+        sys_seconds last = today - std::chrono::days{400};
+        ZoneRules rules{.firstOffset = offset(zone, last), .transitions = {}, .afterwards = std::nullopt};
+        seconds now = rules.firstOffset;
+        while (last < today + std::chrono::days{800}) {
+            const sys_seconds next = last + step;
+            if (const seconds then = offset(zone, next); then != now) {
+                rules.transitions.push_back({change(zone, last, next), then});
+                now = then;
+            }
+            last = next;
         }
-        return m_zone;
+        return TimeZone(std::move(rules));
     }
 }
 

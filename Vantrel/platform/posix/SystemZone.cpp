@@ -1,42 +1,48 @@
 #include "Vantrel/platform/posix/SystemZone.h"
 
-#include <chrono>
 #include <cstdlib>
-#include <filesystem>
-#include <memory>
-#include <unicode/timezone.h>
 
 namespace vantrel {
 
 namespace {
 
-// Finding out what zone a copy in /etc/localtime is takes ICU a walk through all zones.
-std::string mark() {
+// None when the variable is not set. A colon before the value means nothing any more.
+std::optional<std::string> zoneVariable() {
     const char* const variable = std::getenv("TZ");
-    const std::filesystem::path file = "/etc/localtime";
-    std::error_code ignored;
-    const auto target = std::filesystem::read_symlink(file, ignored).string();
-    // libc++ counts these in a number that std::to_string does not take.
-    const auto modified = std::chrono::duration_cast<std::chrono::microseconds>(
-        std::filesystem::last_write_time(file, ignored).time_since_epoch());
-    return std::string(variable != nullptr ? variable : "") + '\n' + target + '\n' +
-           std::to_string(modified.count());
+    if (variable == nullptr) {
+        return std::nullopt;
+    }
+    return *variable == ':' ? variable + 1 : variable;
 }
 
 } // namespace
 
-TimeZone SystemZone::current() {
-    if (auto now = mark(); now != m_mark) {
-        m_mark = std::move(now);
-        const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
-        icu::UnicodeString id;
-        std::string name;
-        if (zone) {
-            zone->getID(id).toUTF8String(name);
-        }
-        m_zone = TimeZone::named(name).value_or(TimeZone::utc());
+std::optional<TimeZone> SystemZone::look() {
+    const auto value = zoneVariable();
+    if (!value) {
+        return m_database.at(m_localtime);
     }
-    return m_zone;
+    if (value->empty()) {
+        return TimeZone::utc();
+    }
+    const auto zone = value->starts_with('/') ? m_database.at(*value) : m_database.named(*value);
+    return zone ? zone : TimeZone::posix(*value);
+}
+
+TimeZone SystemZone::current() {
+    const auto found = look();
+    if (!found && !m_isUnreadable) {
+        const auto value = zoneVariable();
+        m_log("time zone: " + (value ? "TZ=" + *value : m_localtime.string()) +
+              " cannot be read, so times are taken as UTC; is the package tzdata installed?");
+    }
+    m_isUnreadable = !found;
+    const TimeZone zone = found.value_or(TimeZone::utc());
+    if (m_zone && *m_zone != zone) {
+        m_log("time zone: the zone of this machine or its rules have changed");
+    }
+    m_zone = zone;
+    return zone;
 }
 
 } // namespace vantrel

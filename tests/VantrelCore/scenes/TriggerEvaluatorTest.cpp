@@ -14,7 +14,7 @@ Date at(const char* text) {
 }
 
 const TimeZone& berlin() {
-    static const TimeZone zone = TimeZone::named("Europe/Berlin").value();
+    static const TimeZone zone = TimeZone::posix("CET-1CEST,M3.5.0,M10.5.0/3").value();
     return zone;
 }
 
@@ -22,10 +22,9 @@ const TimeZone& berlin() {
 
 TEST(TimeZone, ShowsTheDayAndTimeOfTheZone) {
     using namespace std::chrono;
-    const auto kolkata = TimeZone::named("Asia/Kolkata").value();
+    const auto kolkata = TimeZone::posix("IST-5:30").value();
     EXPECT_EQ(kolkata.localTime(at("2025-12-31T18:31:59Z")), (LocalTime{2026y / January / 1, 0, 1}));
     EXPECT_EQ(TimeZone::utc().localTime(Date{microseconds{-1}}), (LocalTime{1969y / December / 31, 23, 59}));
-    EXPECT_FALSE(TimeZone::named("Nowhere/Atlantis").has_value());
 }
 
 TEST(TriggerEvaluator, AScheduleFiresOnceInItsMinuteOfEveryDayThroughDaylightSaving) {

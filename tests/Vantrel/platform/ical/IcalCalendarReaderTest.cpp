@@ -6,7 +6,9 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <ranges>
+#include <sys/stat.h>
 
 namespace vantrel {
 namespace {
@@ -20,7 +22,13 @@ struct CalendarFolder : testing::Test {
     TemporaryFolder folder;
     std::vector<std::string> log;
     std::filesystem::path data = folder.path() / "data";
+    // The system's zones, by name.
+    std::map<std::string, TimeZone> zones;
     IcalCalendarReader reader{folder.path(), data,
+                              [this](const std::string& name) {
+                                  const auto found = zones.find(name);
+                                  return found != zones.end() ? std::optional(found->second) : std::nullopt;
+                              },
                               [this](const std::string& message) { log.push_back(message); }};
 
     static CalendarQuery query(const std::string& at, std::vector<std::string> folders = {}) {
@@ -80,6 +88,41 @@ TEST_F(CalendarFolder, AFileIsReadAgainWhenItChangesAndForEveryDay) {
     EXPECT_EQ(reader.filesRead(), 1U);
     std::filesystem::remove(file);
     EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
+}
+
+TEST_F(CalendarFolder, AFileIsReadAgainWhenTheSystemsRulesForItsZoneChange) {
+    write(folder.path() / ".calendars/a.ics", event("Tomorrow", "DTSTART;TZID=Asia/Almaty:20261121T200030"));
+    zones.insert_or_assign("Asia/Almaty", TimeZone::posix("<+06>-6").value());
+    EXPECT_THAT(titles(afternoon), IsEmpty());
+    zones.insert_or_assign("Asia/Almaty", TimeZone::posix("<+05>-5").value());
+    EXPECT_THAT(titles(afternoon), ElementsAre("Tomorrow"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Tomorrow"));
+    EXPECT_EQ(reader.filesRead(), 0U);
+}
+
+TEST_F(CalendarFolder, AReadingThatIsAskedToStopReadsNothingAndTheNextReadsAll) {
+    write(folder.path() / ".calendars/a.ics", event("Once", "DTSTART:20261121T150030Z"));
+    StopSource source;
+    source.requestStop();
+    auto stopped = afternoon;
+    stopped.stop = source.token();
+    EXPECT_THAT(titles(stopped), IsEmpty());
+    EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
+    EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(CalendarFolder, AFileWithEndlessRulesIsReadInPartAndToldOnce) {
+    std::string rules = "DTSTART:19700101T000000Z\r\n";
+    for (int i = 0; i < 100; ++i) {
+        rules += "RRULE:FREQ=HOURLY;COUNT=2000000000;BYMONTH=2;BYMONTHDAY=30\r\n";
+    }
+    write(folder.path() / ".calendars/a.ics", event("Endless", rules + "LOCATION:A"));
+    write(folder.path() / ".calendars/b.ics", event("Once", "DTSTART:20261121T150030Z"));
+    ASSERT_EQ(mkfifo((folder.path() / ".calendars/pipe.ics").c_str(), 0600), 0);
+    EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
+    EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
+    EXPECT_EQ(reader.filesRead(), 0U);
+    EXPECT_THAT(log, ElementsAre(HasSubstr("a.ics is read in part")));
 }
 
 TEST_F(CalendarFolder, ADamagedFileIsLeftOutAndToldOnce) {

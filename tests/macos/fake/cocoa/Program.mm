@@ -4,7 +4,10 @@
 #import <AppKit/AppKit.h>
 #import <ServiceManagement/ServiceManagement.h>
 
+#include "VantrelCore/model/TimeZone.h"
+
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <sys/sysctl.h>
 
@@ -47,8 +50,11 @@ static std::string knownZone;
     made->_name = knownZone;
     return made;
 }
-- (NSString*)name {
-    return make(_name);
+- (NSInteger)secondsFromGMTForDate:(NSDate*)date {
+    const auto zone = vantrel::TimeZone::posix(_name).value();
+    return zone
+        .offset(std::chrono::sys_seconds(std::chrono::seconds(std::llround(date.timeIntervalSince1970))))
+        .count();
 }
 @end
 

@@ -76,7 +76,8 @@ struct System {
     long calendarAccessWhenAsked = 3;
     std::vector<Event> events;
 
-    std::string timeZone = "UTC";
+    // As POSIX describes it.
+    std::string timeZone = "UTC0";
     std::string supportFolder = "/Users/ada/Library/Application Support";
     // Absent: the folder cannot be had.
     bool hasSupportFolder = true;

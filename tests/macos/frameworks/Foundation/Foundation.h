@@ -134,7 +134,7 @@ VANTREL_EXTERN void NSSetUncaughtExceptionHandler(NSUncaughtExceptionHandler* _N
 @interface NSTimeZone : NSObject
 @property(class, readonly, copy) NSTimeZone* systemTimeZone;
 + (void)resetSystemTimeZone;
-@property(readonly, copy) NSString* name;
+- (NSInteger)secondsFromGMTForDate:(NSDate*)date;
 @end
 
 @interface NSBundle : NSObject
