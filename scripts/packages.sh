@@ -33,6 +33,7 @@ packages_build=(
 packages_run=(
     dbus
     fonts-dejavu-core
+    tzdata
 )
 
 # shellcheck disable=SC2034
