@@ -11,6 +11,7 @@
 #include "Vantrel/commands/verbs/TriggerVerbs.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
+#include "VantrelCore/text/SafeText.h"
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
@@ -93,7 +94,7 @@ int main(int argumentCount, char** arguments) {
             fmt::format("There is no command \"{}\". See: vantrelctl --help", name), ExitCode::usage));
     }
     app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
-        return fmt::format("vantrelctl: {}. See: vantrelctl --help\n", error.what());
+        return fmt::format("vantrelctl: {}. See: vantrelctl --help\n", SafeText::line(error.what()));
     });
     try {
         app.parse(argumentCount, arguments);

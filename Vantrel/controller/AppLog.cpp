@@ -1,6 +1,7 @@
 #include "Vantrel/controller/AppLog.h"
 
-#include <algorithm>
+#include "VantrelCore/text/SafeText.h"
+
 #include <fmt/format.h>
 #include <string>
 
@@ -18,10 +19,7 @@ AppLog::AppLog(const std::filesystem::path& directory, FileSystem& files, Clock&
 }
 
 void AppLog::write(std::string_view message) {
-    std::string line = fmt::format("[{}] {}", iso8601Text(m_clock.now()), message);
-    const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; };
-    std::ranges::replace_if(line, isControl, ' ');
-    line += '\n';
+    const std::string line = fmt::format("[{}] {}\n", iso8601Text(m_clock.now()), SafeText::line(message));
     if (m_files.size(m_file).value_or(0) > maxBytes) {
         ignoreFailure(m_files.rename(m_file, m_file.string() + ".1"));
     }

@@ -20,7 +20,8 @@ public:
     // Creates the directory when missing.
     AppLog(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
 
-    // Appends "[time] message". Control characters become blanks, so that a window title cannot make lines.
+    // Appends "[time] message" as one safe line (SafeText): a window title can neither make lines nor steer
+    // the terminal of whoever reads the log.
     void write(std::string_view message);
 
     [[nodiscard]] const std::filesystem::path& file() const { return m_file; }

@@ -6,7 +6,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
 
@@ -47,30 +46,26 @@ ExitCode list(const VerbEnvironment& environment, VerbOutput output) {
 }
 
 // The scene is looked for among those that the program knows.
-ExitCode showScene(const VerbEnvironment& environment, const std::string& called, VerbOutput output) {
+ControlClient::Result<nlohmann::json> sceneCalled(const std::string& called) {
     const auto answer = ControlClient::call("Scenes");
     if (!answer) {
-        return complain(answer.error());
+        return answer;
     }
-    try {
-        const auto message = JsonCoding::value<ScenesMessage>(*answer);
-        const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
-        const auto found = std::ranges::find_if(message.scenes, [&](const SceneMessage& each) {
-            return Unicode::lowercased(each.scene.name) == wanted ||
-                   Unicode::lowercased(each.scene.id) == wanted;
-        });
-        if (found == message.scenes.end()) {
-            return complain(fmt::format("There is no scene \"{}\".", called), ExitCode::failed);
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    for (const auto& each : answer->value("scenes", nlohmann::json::array())) {
+        if (Unicode::lowercased(each.value("name", "")) == wanted ||
+            Unicode::lowercased(each.value("id", "")) == wanted) {
+            return each;
         }
-        if (output == VerbOutput::json) {
-            printJson(*found);
-        } else {
-            print(SceneTexts::scene(*found, environment.drawing(), environment.localDate));
-        }
-    } catch (const std::exception& error) {
-        return complainOfAnswer(error);
     }
-    return ExitCode::done;
+    return std::unexpected(
+        ControlFailure{ControlFailure::Kind::failed, fmt::format("There is no scene \"{}\".", called)});
+}
+
+ExitCode showScene(const VerbEnvironment& environment, const std::string& called, VerbOutput output) {
+    return show<SceneMessage>(sceneCalled(called), output, [&](const SceneMessage& scene) {
+        return SceneTexts::scene(scene, environment.drawing(), environment.localDate);
+    });
 }
 
 ExitCode save(const std::string& name, VerbOutput output) {
@@ -140,7 +135,7 @@ void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
     auto& wallpaper = add("wallpaper", "Choose the picture that a scene shows behind the windows",
                           [words](VerbOutput output) { return setWallpaper(*words, output); });
     wallpaper.add_option("picture", words->picture, "The picture's file; none takes it away");
-    wallpaper.add_option("--display", words->display, "The name of one of its displays; else all of them");
+    wallpaper.add_option("--display", words->display, "One of its displays, by its label; else all of them");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/text/SafeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,7 +28,11 @@ CLI::App& VerbTable::addPlain(CLI::App& parent, const std::string& name, const s
 ExitCode VerbTable::run() const {
     for (const auto& verb : m_verbs) {
         if (verb.command->parsed() && verb.command->get_subcommands().empty()) {
-            return verb.run(m_asJson ? VerbOutput::json : VerbOutput::text);
+            try {
+                return verb.run(m_asJson ? VerbOutput::json : VerbOutput::text);
+            } catch (const std::exception& error) {
+                return VerbPrinting::complainOfAnswer(error);
+            }
         }
     }
     return ExitCode::usage;
@@ -35,13 +40,33 @@ ExitCode VerbTable::run() const {
 
 namespace VerbPrinting {
 
-void print(std::string_view text) {
+namespace {
+
+void write(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+} // namespace
+
+void print(std::string_view text) {
+    write(SafeText::lines(text));
+}
+
+nlohmann::json safe(nlohmann::json answer) {
+    if (answer.is_string()) {
+        return SafeText::line(answer.get_ref<const std::string&>());
+    }
+    if (answer.is_structured()) {
+        for (auto& each : answer) {
+            each = safe(std::move(each));
+        }
+    }
+    return answer;
 }
 
 ExitCode complain(const std::string& sentence, ExitCode code) {
     std::fflush(stdout);
-    fmt::print(stderr, "vantrelctl: {}\n", sentence);
+    fmt::print(stderr, "vantrelctl: {}\n", SafeText::line(sentence));
     return code;
 }
 
@@ -51,7 +76,7 @@ ExitCode complain(const ControlFailure& failure) {
 }
 
 void printJson(const nlohmann::json& json) {
-    print(json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + '\n');
+    write(SafeText::json(json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace)) + '\n');
 }
 
 ExitCode complainOfAnswer(const std::exception& error) {

@@ -63,18 +63,23 @@ private:
     bool m_asJson = false;
 };
 
-// What the verbs print.
+// What the verbs print. Everything passes through here, and here texts from outside are made safe for a
+// terminal (SafeText).
 namespace VerbPrinting {
 
 inline constexpr const char* exitCodes =
     "Exit codes: 0 done, 1 failed (or a window did not go back), 2 wrong usage, 3 vantrel is not running.";
 
+// Lines for a person.
 void print(std::string_view text);
 // On standard error, behind the program's name.
 ExitCode complain(const std::string& sentence, ExitCode code);
 ExitCode complain(const ControlFailure& failure);
 void printJson(const nlohmann::json& json);
 ExitCode complainOfAnswer(const std::exception& error);
+
+// The answer with every text in it made one safe line: no name can begin a line or a column of its own.
+[[nodiscard]] nlohmann::json safe(nlohmann::json answer);
 
 // Prints the answer as it came, or as `text` makes of it; `text` takes what the answer holds.
 template <typename Message, typename Text>
@@ -87,7 +92,7 @@ ExitCode show(const ControlClient::Result<nlohmann::json>& answer, VerbOutput ou
         return ExitCode::done;
     }
     try {
-        print(text(JsonCoding::value<Message>(*answer)));
+        print(text(JsonCoding::value<Message>(safe(*answer))));
     } catch (const std::exception& error) {
         return complainOfAnswer(error);
     }

@@ -16,11 +16,12 @@ struct Logging : testing::Test {
 };
 
 TEST_F(Logging, EachMessageIsOneLineWithItsTime) {
-    log.write("display settled: two\nlines\x7f of \xC3\xA4");
+    log.write("display settled: two\nlines\x7f of \xC3\xA4\u0085\x1b\u202e.");
     time.runFor(61.9);
     log.write("second");
-    EXPECT_EQ(content("/support/app.log"), "[2026-03-02T00:00:00Z] display settled: two lines  of \xC3\xA4\n"
-                                           "[2026-03-02T00:01:01Z] second\n");
+    EXPECT_EQ(content("/support/app.log"),
+              "[2026-03-02T00:00:00Z] display settled: two lines  of \xC3\xA4  .\n"
+              "[2026-03-02T00:01:01Z] second\n");
 }
 
 TEST_F(Logging, ALogLargerThanAMillionBytesMakesRoomBeforeTheNextLine) {
