@@ -53,13 +53,26 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
         }
         m_context.log(fmt::format("switch layout: {} to {}", former, name));
         layoutsChanged();
-        undone = [this, desk, former] {
-            if (m_context.store.setActiveLayout(former, desk)) {
-                layoutsChanged();
-            }
-        };
+        m_left = std::make_shared<Left>(Left{desk, former, m_context.store.layout(desk, former)});
+        undone = [this, left = m_left] { returnTo(*left); };
     }
     return restoreActive(std::move(undone), done);
+}
+
+// A layout that was deleted since comes back with it: the windows stand as it has them, and would be learned
+// over another one.
+void LayoutFlow::returnTo(const Left& left) {
+    if (left.layout && !m_context.store.layout(left.desk, left.name)) {
+        Layout layout = *left.layout;
+        layout.layoutName = left.name;
+        if (!m_context.store.save(layout)) {
+            m_context.log("undo: the layout that was switched away from could not be written");
+            return;
+        }
+    }
+    if (m_context.store.setActiveLayout(left.name, left.desk)) {
+        layoutsChanged();
+    }
 }
 
 bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done) {
@@ -147,6 +160,9 @@ LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newN
     }
     if (!m_context.store.renameLayout(desk, name, *wanted)) {
         return {Kind::writeFailed};
+    }
+    if (m_left && m_left->desk == desk && m_left->name == name) {
+        m_left->name = *wanted;
     }
     onRenamed(desk, name, *wanted);
     layoutsChanged();

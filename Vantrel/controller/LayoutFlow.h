@@ -9,6 +9,8 @@
 #include "Vantrel/controller/SaveOutcome.h"
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace vantrel {
@@ -46,14 +48,25 @@ public:
     [[nodiscard]] LayoutChange remove(const std::string& name);
 
 private:
+    // The layout that the last switch went away from: what undo makes the active one again.
+    struct Left {
+        std::string desk;
+        // Follows the layout when it is renamed.
+        std::string name;
+        // As it was then; none when only its name was known.
+        std::optional<Layout> layout;
+    };
+
     [[nodiscard]] SaveOutcome store(Layout layout, const std::string& name);
     // False when no layout is active.
     bool restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done);
+    void returnTo(const Left& left);
     void layoutsChanged();
 
     ControllerContext& m_context;
     LearningFlow& m_learning;
     RestoreRunner& m_runner;
+    std::shared_ptr<Left> m_left;
 };
 
 } // namespace vantrel

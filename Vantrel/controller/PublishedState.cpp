@@ -20,7 +20,11 @@ const UndoSlot* PublishedState::applicableUndo() const {
 
 const std::string& PublishedState::deskName() const {
     const Layout* const active = activeLayout();
-    return active != nullptr ? active->name : configName;
+    if (active != nullptr) {
+        return active->name;
+    }
+    // The active name may stand for a layout that is yet to be learned.
+    return currentLayouts.empty() ? configName : currentLayouts.front().name;
 }
 
 const Scene* PublishedState::lastAppliedScene() const {

@@ -31,7 +31,7 @@ void rename(AppController& controller, const std::string& name, const ControlRep
     const auto change = controller.layouts().renameDesk(name);
     const auto& state = controller.published();
     reply(change.kind == LayoutChange::Kind::done
-              ? ControlAnswer({{"configID", state.configID}, {"name", state.activeLayout()->name}})
+              ? ControlAnswer({{"configID", state.configID}, {"name", state.deskName()}})
               : std::unexpected(ControlRefusal{ControlNames::refused, change.text()}));
 }
 
@@ -102,6 +102,10 @@ std::vector<ControlMethod> deskMethods(AppController& controller,
          [&controller](const Arguments& arguments, const ControlReply& reply) {
              rename(controller, arguments[0], reply);
          }},
+        {"Ping",
+         {},
+         "empty",
+         [](const Arguments& /*none*/, const ControlReply& reply) { reply(nlohmann::json::object()); }},
         {"LogPath",
          {},
          "path",

@@ -76,6 +76,24 @@ TEST_F(Layouts, UndoOfASwitchMakesTheFormerLayoutActiveAgain) {
     EXPECT_EQ(story.frames(), home);
 }
 
+TEST_F(Layouts, UndoReturnsToALayoutThatWasDeletedOrRenamedSinceTheSwitch) {
+    story.scatter();
+    saveAs("Work");
+    const auto scattered = story.frames();
+    ASSERT_TRUE(switchTo("Default"));
+    ASSERT_EQ(layouts().rename("Work", "Travel").kind, Change::done);
+    ASSERT_EQ(layouts().remove("Travel").kind, Change::done);
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(story.published().activeLayoutName, "Travel");
+    EXPECT_EQ(names(), (Names{"Default", "Travel"}));
+    EXPECT_EQ(layouts().renameDesk("Studio").kind, Change::done);
+    story.learn();
+    ASSERT_TRUE(switchTo("Default"));
+    EXPECT_EQ(story.frames(), home);
+    ASSERT_TRUE(switchTo("Travel"));
+    EXPECT_EQ(story.frames(), scattered);
+}
+
 TEST_F(Layouts, ASwitchOfAnEmptyDeskIsUndoneToo) {
     saveAs("Work");
     for (const auto& window : story.desk.windows()) {
