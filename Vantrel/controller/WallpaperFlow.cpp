@@ -1,5 +1,6 @@
 #include "Vantrel/controller/WallpaperFlow.h"
 
+#include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/scenes/WallpaperBaseline.h"
 
 #include <algorithm>
@@ -66,6 +67,7 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
     const bool isOneForAll =
         displays.size() > 1 && std::ranges::adjacent_find(shown, std::ranges::not_equal_to()) == shown.end();
     const WallpaperMemory before = result.memory;
+    const auto labels = DisplayLabels::of(displays);
     std::vector<const DisplayInfo*> changed;
     // Those without a wallpaper come first: there, too, what is put back is put back on all.
     for (const bool isSetting : {false, true}) {
@@ -83,7 +85,8 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
             }
             const std::string& picture = isSetting ? *path : restore->url;
             if (!pictures.setPicture(display, picture)) {
-                result.problems.push_back(fmt::format("{} cannot be shown on {}", picture, display.name));
+                result.problems.push_back(
+                    fmt::format("{} cannot be shown on {}", picture, labels.at(display.uuid)));
                 continue;
             }
             result.memory = decision.memory;

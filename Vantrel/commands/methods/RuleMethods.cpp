@@ -1,9 +1,8 @@
 #include "Vantrel/commands/methods/RuleMethods.h"
 
 #include "Vantrel/commands/ControlNames.h"
-#include "VantrelCore/text/Unicode.h"
+#include "VantrelCore/displays/DisplayLabels.h"
 
-#include <algorithm>
 #include <fmt/format.h>
 
 namespace vantrel {
@@ -25,17 +24,29 @@ ControlAnswer unknownApp(AppController& controller, const std::string& called) {
                                known.empty() ? "" : " Known are: " + known + "."));
 }
 
-// The display that a user calls so: by its identity or its name, among those connected and remembered.
-std::optional<DisplayInfo> display(AppController& controller, const std::string& called) {
-    auto displays = controller.published().displays;
+// The display that a user calls so, among those connected and remembered.
+std::expected<DisplayInfo, std::string> display(AppController& controller, const std::string& called) {
+    std::vector<std::vector<DisplayInfo>> desks{controller.published().displays};
     for (const Layout& layout : controller.allLayouts()) {
-        displays.insert(displays.end(), layout.displays.begin(), layout.displays.end());
+        desks.push_back(layout.displays);
     }
-    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
-    const auto found = std::ranges::find_if(displays, [&](const DisplayInfo& each) {
-        return Unicode::lowercased(each.uuid) == wanted || Unicode::lowercased(each.name) == wanted;
-    });
-    return found == displays.end() ? std::nullopt : std::optional(*found);
+    for (const Scene& scene : controller.published().scenes) {
+        desks.push_back(scene.layout.displays);
+    }
+    return DisplayLabels::resolve(called, desks);
+}
+
+// A display that is connected goes by the label it has now.
+std::vector<AppRule> rules(AppController& controller) {
+    const auto labels = DisplayLabels::of(controller.published().displays);
+    auto rules = controller.rules().rules();
+    for (AppRule& rule : rules) {
+        if (auto* const forced = std::get_if<AppRule::ForceDisplay>(&rule.action)) {
+            const auto label = labels.find(forced->uuid);
+            forced->displayName = label == labels.end() ? forced->displayName : label->second;
+        }
+    }
+    return rules;
 }
 
 // `action` is "ignore", "display" or "none"; `displayName` counts for the second alone. An empty identity is
@@ -49,7 +60,7 @@ ControlAnswer setRule(AppController& controller, const Arguments& arguments) {
     if (arguments[1] == "display") {
         const auto found = display(controller, arguments[2]);
         if (!found) {
-            return refusal(fmt::format("No display \"{}\" is known. See: vantrelctl desks", arguments[2]));
+            return refusal(found.error());
         }
         rule.action = AppRule::ForceDisplay{.uuid = found->uuid, .displayName = found->name};
     } else if (arguments[1] == "none") {
@@ -90,7 +101,7 @@ std::vector<ControlMethod> ruleMethods(AppController& controller) {
              {},
              "rules",
              [&controller](const Arguments& /*none*/, const ControlReply& reply) {
-                 reply(nlohmann::json{{"rules", controller.rules().rules()}});
+                 reply(nlohmann::json{{"rules", rules(controller)}});
              }},
             {"SetRule",
              {"application", "action", "display", "restoreLast"},

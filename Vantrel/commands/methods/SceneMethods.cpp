@@ -3,6 +3,7 @@
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ScenesMessage.h"
+#include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/text/SceneExplanations.h"
 #include "VantrelCore/text/Unicode.h"
@@ -66,10 +67,13 @@ std::expected<Scene, ControlRefusal> sceneCalled(AppController& controller, cons
 
 ControlAnswer edited(AppController& controller, const SceneFlow::EditResult& result) {
     return result ? ControlAnswer(message(controller, *result))
-                  : refused(std::string(SceneProblems::actionText(result.error())));
+                  : refused(std::string(SceneProblems::panelText(result.error())));
 }
 
 ControlAnswer saved(AppController& controller, const SceneSaveOutcome& outcome) {
+    if (outcome.kind == SceneSaveOutcome::Kind::refused) {
+        return refused(std::string(SceneProblems::panelText(outcome.problem)));
+    }
     if (!outcome.isSaved()) {
         return refused(outcome.text());
     }
@@ -88,23 +92,27 @@ ControlAnswer deleted(AppController& controller, const Scene& scene) {
                             : edited(controller, controller.scenes().deleteScene(scene.id));
 }
 
-// The pictures of one display, by identity or name, or of all of them; an empty path takes them away.
+// The pictures of one display, as DisplayLabels::resolve() takes it, or of all of them; an empty path takes
+// them away.
 ControlAnswer withWallpaper(AppController& controller, const Scene& scene, const std::string& display,
                             const std::string& path) {
     SceneWallpaper wallpaper = scene.wallpaper.value_or(SceneWallpaper{});
-    bool isAny = false;
-    for (const DisplayInfo& each : scene.layout.displays) {
-        if (display.empty() || each.uuid == display || each.name == display) {
-            isAny = true;
-            if (path.empty()) {
-                wallpaper.perDisplay.erase(each.uuid);
-            } else {
-                wallpaper.perDisplay[each.uuid] = path;
-            }
+    std::vector<DisplayInfo> meant = scene.layout.displays;
+    if (!display.empty()) {
+        const auto found = DisplayLabels::resolve(display, {scene.layout.displays});
+        if (!found) {
+            return refused(found.error());
+        }
+        meant = {*found};
+    }
+    for (const DisplayInfo& each : meant) {
+        if (path.empty()) {
+            wallpaper.perDisplay.erase(each.uuid);
+        } else {
+            wallpaper.perDisplay[each.uuid] = path;
         }
     }
-    return isAny ? edited(controller, controller.scenes().setWallpaper(wallpaper, scene.id))
-                 : refused(fmt::format("The scene \"{}\" has no display \"{}\".", scene.name, display));
+    return edited(controller, controller.scenes().setWallpaper(wallpaper, scene.id));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Vantrel/commands/shell/Completion.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <functional>
@@ -41,6 +42,11 @@ std::vector<std::string> words(const CommandShape& command) {
     return result;
 }
 
+// Its value is the label of a display, as the verb "displays" lists them.
+bool isDisplay(const OptionShape& option) {
+    return std::ranges::find(option.names, "--display") != option.names.end();
+}
+
 } // namespace
 
 std::string bash(const CommandShape& program) {
@@ -54,6 +60,14 @@ std::string bash(const CommandShape& program) {
     return fmt::format(R"(# bash completion for {0}
 _{0}() {{
     local current="${{COMP_WORDS[COMP_CWORD]}}" path='' words='' next word
+    COMPREPLY=()
+    if [[ ${{COMP_WORDS[COMP_CWORD-1]}} == --display ]]; then
+        while IFS= read -r next; do
+            printf -v next %q "$next"
+            [[ $next == "$current"* ]] && COMPREPLY+=("$next")
+        done < <({0} displays 2>/dev/null)
+        return
+    fi
     _{0}_words ''
     for word in "${{COMP_WORDS[@]:1:COMP_CWORD-1}}"; do
         [[ $word == -* ]] && continue
@@ -61,7 +75,6 @@ _{0}() {{
         path="${{path:+$path }}$word"
         _{0}_words "$path"
     done
-    COMPREPLY=()
     while IFS= read -r next; do COMPREPLY+=("$next"); done < <(compgen -W "$words" -- "$current")
 }}
 _{0}_words() {{
@@ -105,6 +118,11 @@ _{0}_entries() {{
 _{0}() {{
     local -a entries
     local word commandPath=''
+    if [[ $words[CURRENT-1] == --display ]]; then
+        local -a labels=("${{(@f)$({0} displays 2>/dev/null)}}")
+        compadd -a labels
+        return
+    fi
     _{0}_entries ''
     for word in ${{words[2,CURRENT-1]}}; do
         [[ $word == -* ]] && continue
@@ -120,6 +138,7 @@ if [[ $funcstack[1] == _{0} ]]; then _{0} "$@"; else compdef _{0} {0}; fi
 }
 
 std::string fish(const CommandShape& program) {
+    const std::string labels = fmt::format(" -x -a '({} displays 2>/dev/null)'", program.name);
     std::string script = fmt::format("# fish completion for {0}\ncomplete -c {0} -f\n", program.name);
     visitAll(program, {}, [&](const CommandShape& command, const std::vector<std::string>& path) {
         std::vector<std::string> conditions;
@@ -147,7 +166,10 @@ std::string fish(const CommandShape& program) {
                 names += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
             }
             script += fmt::format("complete -c {} -n {}{}{} -d {}\n", program.name, condition, names,
-                                  option.value.empty() ? "" : " -x", quoted(option.description));
+                                  option.value.empty() ? ""
+                                  : isDisplay(option)  ? labels
+                                                       : " -x",
+                                  quoted(option.description));
         }
     });
     return script;

@@ -2,6 +2,7 @@
 
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/stores/StashStore.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
@@ -84,7 +85,7 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
         line("layouts", fmt::format("{}", fmt::join(status.layoutNames, ", ")));
     }
     std::string_view label = "displays";
-    for (const auto& display : DeskDrawing::distinctlyNamed(status.displays)) {
+    for (const auto& display : DisplayLabels::labelled(status.displays)) {
         line(label, fmt::format("{} {}x{} at {},{}", display.name, wholePoints(display.frame.width()),
                                 wholePoints(display.frame.height()), wholePoints(display.frame.minX()),
                                 wholePoints(display.frame.minY())));

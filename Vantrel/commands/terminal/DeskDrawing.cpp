@@ -2,7 +2,7 @@
 
 #include "Vantrel/commands/terminal/CellCanvas.h"
 #include "Vantrel/commands/terminal/TextCells.h"
-#include "VantrelCore/displays/DisplayNaming.h"
+#include "VantrelCore/displays/DisplayLabels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -117,23 +117,13 @@ std::vector<std::size_t> frontToBack(const std::vector<WindowRecord>& windows) {
 
 } // namespace
 
-std::vector<DisplayInfo> distinctlyNamed(std::vector<DisplayInfo> displays) {
-    const auto labels = DisplayNaming::labels(displays);
-    for (auto& display : displays) {
-        if (const auto label = labels.find(display.uuid); label != labels.end()) {
-            display.name = label->second;
-        }
-    }
-    return displays;
-}
-
 std::string_view ellipsis(const Options& options) {
     return style(options).ellipsis;
 }
 
 std::string drawing(const std::vector<DisplayInfo>& sameNamed, const std::vector<WindowRecord>& windows,
                     const Options& options) {
-    const auto displays = distinctlyNamed(sameNamed);
+    const auto displays = DisplayLabels::labelled(sameNamed);
     if (displays.empty() || options.columns < narrowestDisplay || options.rows < lowestDisplay) {
         return {};
     }
@@ -171,7 +161,7 @@ std::string drawing(const std::vector<DisplayInfo>& sameNamed, const std::vector
 
 std::string windowList(const std::vector<DisplayInfo>& sameNamed, const std::vector<WindowRecord>& windows,
                        const Options& options) {
-    const auto displays = distinctlyNamed(sameNamed);
+    const auto displays = DisplayLabels::labelled(sameNamed);
     constexpr int appColumns = 16;
     constexpr int displayColumns = 26;
     std::string result;

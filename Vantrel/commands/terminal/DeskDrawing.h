@@ -21,9 +21,6 @@ struct Options {
     Characters characters = Characters::unicode;
 };
 
-// With displays of the same name told apart: "Studio Display (left)".
-[[nodiscard]] std::vector<DisplayInfo> distinctlyNamed(std::vector<DisplayInfo> displays);
-
 // What stands where something was left out.
 [[nodiscard]] std::string_view ellipsis(const Options& options);
 

@@ -1,6 +1,7 @@
 #include "Vantrel/commands/terminal/SceneTexts.h"
 
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/text/CountedNoun.h"
 
 #include <algorithm>
@@ -68,8 +69,12 @@ std::string scene(const SceneMessage& message, const DeskDrawing::Options& optio
     text += DeskDrawing::drawing(scene.layout.displays, scene.layout.windows, options);
     text += DeskDrawing::windowList(scene.layout.displays, scene.layout.windows, options);
     if (scene.wallpaper) {
+        const auto labels = DisplayLabels::of(scene.layout.displays);
         for (const auto& [display, path] : scene.wallpaper->perDisplay) {
-            text += line("wallpaper: " + path, options);
+            const auto label = labels.find(display);
+            text += line(
+                fmt::format("wallpaper{}: {}", label == labels.end() ? "" : " on " + label->second, path),
+                options);
         }
     }
     return text;

@@ -3,6 +3,7 @@
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/terminal/HistoryText.h"
 #include "Vantrel/commands/terminal/LogReader.h"
+#include "VantrelCore/displays/DisplayLabels.h"
 
 #include <CLI/CLI.hpp>
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <memory>
 #include <thread>
+#include <utility>
 
 namespace vantrel {
 
@@ -27,6 +29,35 @@ ExitCode desks(const VerbEnvironment& environment, VerbOutput output) {
     return show<DesksMessage>(ControlClient::call("Desks"), output, [&](const DesksMessage& message) {
         const auto text = CommandTexts::desks(message, environment.drawing(), environment.localDate);
         return text.empty() ? "No desk is remembered yet. Save this one with: vantrelctl save\n" : text;
+    });
+}
+
+// Those of the status, each with its label.
+ControlClient::Result<nlohmann::json> labelledDisplays() {
+    const auto answer = ControlClient::call("Status");
+    if (!answer) {
+        return answer;
+    }
+    const auto displays = JsonCoding::value<StatusMessage>(*answer).displays;
+    if (displays.empty()) {
+        return std::unexpected(ControlFailure{ControlFailure::Kind::failed, "No display is awake."});
+    }
+    const auto labels = DisplayLabels::of(displays);
+    auto list = nlohmann::json::array();
+    for (const DisplayInfo& display : displays) {
+        list.push_back(display);
+        list.back()["label"] = labels.at(display.uuid);
+    }
+    return nlohmann::json{{"displays", std::move(list)}};
+}
+
+ExitCode displays(VerbOutput output) {
+    return show<nlohmann::json>(labelledDisplays(), output, [](const nlohmann::json& shown) {
+        std::string text;
+        for (const auto& display : shown.at("displays")) {
+            text += JsonCoding::required<std::string>(display, "label") + '\n';
+        }
+        return text;
     });
 }
 
@@ -98,6 +129,7 @@ void addDeskVerbs(VerbTable& table, CLI::App& app) {
     const auto drawn = [&environment](VerbOutput output) { return desks(environment, output); };
     auto& desksVerb = table.add(app, "desks", "Draw every remembered desk with its windows", drawn);
     table.add(desksVerb, "list", "Draw every remembered desk with its windows", drawn);
+    table.add(app, "displays", "List the displays by the labels that other commands take", displays);
     const auto name = std::make_shared<std::string>();
     table
         .add(desksVerb, "rename", "Give this desk a name of your own",

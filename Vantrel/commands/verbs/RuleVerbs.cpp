@@ -68,7 +68,9 @@ void addRuleVerbs(VerbTable& table, CLI::App& app) {
     setVerb.add_option("APP", words->app, "Its name or its identifier, as desks and rules show them")
         ->required();
     auto* const ignore = setVerb.add_flag("--ignore", words->isIgnored, "Neither learn nor move its windows");
-    setVerb.add_option("--display", words->display, "Keep its windows on the display of this name")
+    setVerb
+        .add_option("--display", words->display,
+                    "Keep its windows on this display, by its label (vantrelctl displays)")
         ->excludes(ignore);
     setVerb.add_flag("--last", words->isLast, "Place its windows after all others");
 
