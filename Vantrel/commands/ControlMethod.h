@@ -1,9 +1,11 @@
 // One method that the running program offers on the session bus. docs/dbus.md has the interface.
 #pragma once
 
+#include <cstddef>
 #include <expected>
 #include <functional>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,14 @@ struct ControlMethod {
     // Gets as many arguments as it names.
     std::function<void(const std::vector<std::string>& arguments, const ControlReply& reply)> call;
 };
+
+// In bytes. No name, path, key or list that a person means is longer.
+inline constexpr std::size_t maxArgumentLength = 16'384;
+
+// Why these arguments cannot be the method's, as a sentence; none when they can. No arguments: they were not
+// all texts.
+[[nodiscard]] std::optional<std::string> refusalOf(const std::optional<std::vector<std::string>>& arguments,
+                                                   const ControlMethod& method);
 
 struct ControlInterface {
     const char* name;

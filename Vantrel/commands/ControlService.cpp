@@ -125,12 +125,8 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
         return false;
     }
     const auto arguments = texts(message.arguments());
-    if (!arguments || arguments->size() != method->arguments.size()) {
-        m_bus.send(message.createErrorReply(
-            QDBusError::InvalidArgs,
-            QString::fromStdString(fmt::format("{} takes {} text argument{}.", method->name,
-                                               method->arguments.size(),
-                                               method->arguments.size() == 1 ? "" : "s"))));
+    if (const auto refusal = refusalOf(arguments, *method)) {
+        m_bus.send(message.createErrorReply(QDBusError::InvalidArgs, QString::fromStdString(*refusal)));
         return true;
     }
     method->call(*arguments, replyTo(message));

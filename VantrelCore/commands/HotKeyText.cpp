@@ -81,6 +81,10 @@ std::string text(HotKeyCombo combo) {
 }
 
 std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
+    if (text.size() > maxLength) {
+        return std::unexpected(
+            fmt::format("A shortcut is a text of at most {} characters, like Super+Shift+R.", maxLength));
+    }
     HotKeyCombo combo;
     std::string_view rest = text;
     for (auto plus = rest.find('+'); plus != std::string_view::npos; plus = rest.find('+')) {

@@ -20,7 +20,8 @@ bool isDue(const std::optional<Date>& lastCheck, Date now) {
 }
 
 std::optional<std::string> latestAvailable(const std::string& latest, std::string_view current) {
-    return SemVer::isNewer(latest, current) ? std::optional(latest) : std::nullopt;
+    return latest.size() <= maxVersionLength && SemVer::isNewer(latest, current) ? std::optional(latest)
+                                                                                 : std::nullopt;
 }
 
 std::string caption(std::string_view version) {

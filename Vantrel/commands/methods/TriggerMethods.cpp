@@ -86,11 +86,15 @@ std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string&
                                                               const PublishedState& state) {
     const auto list = nlohmann::json::parse(names, nullptr, false);
     if (!list.is_array()) {
-        return std::unexpected("The scenes are no JSON array of texts.");
+        return std::unexpected("The scenes must be a JSON array of strings.");
     }
     std::vector<std::string> ids;
     for (const auto& each : list) {
-        const std::string called = each.is_string() ? each.get<std::string>() : each.dump();
+        // Not printed: it may be nested deeper than printing it has room for.
+        if (!each.is_string()) {
+            return std::unexpected("The scenes must be a JSON array of strings.");
+        }
+        const auto called = each.get<std::string>();
         const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
         const auto found = std::ranges::find_if(state.scenes, [&](const Scene& scene) {
             return scene.id == called || Unicode::lowercased(scene.name) == wanted;

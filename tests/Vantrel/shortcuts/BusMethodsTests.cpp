@@ -1,0 +1,115 @@
+// What can be asked over the session bus, on a controller with a simulated desk: hostile and ambiguous
+// arguments.
+#include "Vantrel/commands/methods/DeskMethods.h"
+#include "Vantrel/commands/methods/LayoutMethods.h"
+#include "Vantrel/commands/methods/RuleMethods.h"
+#include "Vantrel/commands/methods/SceneMethods.h"
+#include "Vantrel/commands/methods/TriggerMethods.h"
+#include "tests/Vantrel/controller/Story.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+
+namespace vantrel::simulated {
+namespace {
+
+using testing::HasSubstr;
+
+struct BusMethods : testing::Test {
+    Story story{"laptop-and-twins"};
+
+    BusMethods() {
+        story.openPrograms();
+        story.start();
+        story.learn();
+    }
+
+    std::vector<ControlMethod> methods() {
+        auto& controller = *story.controller;
+        std::vector<ControlMethod> all;
+        for (auto group : {deskMethods(controller, "/support/Vantrel"), layoutMethods(controller),
+                           ruleMethods(controller), sceneMethods(controller), triggerMethods(controller)}) {
+            std::ranges::move(group, std::back_inserter(all));
+        }
+        return all;
+    }
+
+    ControlAnswer call(const std::string& name, const std::vector<std::string>& arguments = {}) {
+        const auto all = methods();
+        const auto method = std::ranges::find(all, name, &ControlMethod::name);
+        ControlAnswer answer = std::unexpected(ControlRefusal{"", "no answer"});
+        method->call(arguments, [&](const ControlAnswer& given) { answer = given; });
+        story.runFor(5);
+        return answer;
+    }
+
+    // Why it is refused.
+    std::string refusal(const std::string& name, const std::vector<std::string>& arguments) {
+        const auto answer = call(name, arguments);
+        return answer ? answer->dump() : answer.error().sentence;
+    }
+
+    std::string ruleDisplay() { return call("Rules")->at("rules")[0].at("action").at("displayName"); }
+};
+
+TEST_F(BusMethods, ADeskIsRenamedAlsoWhileItsActiveLayoutIsMissing) {
+    const auto file = std::filesystem::path("/support/Vantrel/layouts.json");
+    auto layouts = nlohmann::json::parse(story.files.content(file).value());
+    layouts["activeLayouts"][story.published().configID] = "gone";
+    story.files.put(file, layouts.dump());
+    story.start();
+    ASSERT_EQ(story.published().activeLayout(), nullptr);
+    EXPECT_EQ(call("RenameDesk", {" Studio "})->at("name"), "Studio");
+    EXPECT_EQ(call("Desks")->at("desks")[0].at("name"), "Studio");
+    EXPECT_EQ(call("Status")->at("configName"), "Studio");
+    EXPECT_FALSE(call("Pin"));
+    EXPECT_FALSE(call("Restore"));
+}
+
+TEST_F(BusMethods, OneOfTwinDisplaysIsNamedByItsLabelAndNothingElse) {
+    EXPECT_EQ(
+        refusal("SetRule", {"Mail", "display", "Office 24", "false"}),
+        "\"Office 24\" fits more than one display: Office 24 (left), Office 24 (right). Name one of them.");
+    EXPECT_THAT(refusal("SetRule", {"Mail", "display", "Office", "false"}), HasSubstr("more than one"));
+    EXPECT_EQ(
+        refusal("SetRule", {"Mail", "display", "TV", "false"}),
+        "No display \"TV\" is known. Known are: Built-in Display, Office 24 (left), Office 24 (right).");
+    const auto rule = call("SetRule", {"Mail", "display", "office 24 (RIGHT)", "false"});
+    EXPECT_EQ(rule->at("action").at("uuid"), "A1D1E0C4-0000-4B7E-9C55-1B4E7D0A0002");
+    EXPECT_EQ(ruleDisplay(), "Office 24 (right)");
+
+    ASSERT_TRUE(call("SaveScene", {"Work"}));
+    EXPECT_THAT(refusal("SetSceneWallpaper", {"Work", "Office 24", "/a.png"}), HasSubstr("more than one"));
+    const auto scene = call("SetSceneWallpaper", {"Work", "Office 24 (left)", "/a.png"});
+    EXPECT_EQ(scene->at("wallpaper").at("perDisplay"),
+              (nlohmann::json{{"A1D1E0C4-0000-4B7E-9C55-1B4E7D0A0001", "/a.png"}}));
+
+    // A display that is not there keeps the label it had.
+    story.connect("laptop");
+    EXPECT_EQ(ruleDisplay(), "Office 24 (right)");
+}
+
+TEST_F(BusMethods, ArgumentsBeyondReasonAreRefusedBeforeAnythingReadsThem) {
+    const auto all = methods();
+    const auto& method = *std::ranges::find(all, "RenameDesk", &ControlMethod::name);
+    EXPECT_EQ(refusalOf({{std::string(maxArgumentLength, 'x')}}, method), std::nullopt);
+    EXPECT_EQ(refusalOf({{std::string(maxArgumentLength + 1, 'x')}}, method),
+              "RenameDesk takes texts of at most 16384 bytes.");
+    EXPECT_EQ(refusalOf(std::nullopt, method), "RenameDesk takes 1 text argument.");
+    ASSERT_TRUE(call("SaveScene", {"Work"}));
+    const std::string nested = std::string(8000, '[') + std::string(8000, ']');
+    EXPECT_EQ(refusal("AddTrigger", {"calendar", "", nested}), "The scenes must be a JSON array of strings.");
+}
+
+TEST_F(BusMethods, ScenesAreRefusedInTheWordsOfTheSettings) {
+    ASSERT_TRUE(call("SaveScene", {"Work"}) && call("PinScene", {"Work"}));
+    EXPECT_EQ(refusal("SaveScene", {"Work"}), "That scene is pinned. Unpin it to update it.");
+    for (int number = 2; number <= 12; ++number) {
+        ASSERT_TRUE(call("CreateEmptyScene", {std::to_string(number)}));
+    }
+    EXPECT_EQ(refusal("CreateEmptyScene", {"13"}), "12 scenes max. Delete one to add another.");
+}
+
+} // namespace
+} // namespace vantrel::simulated
