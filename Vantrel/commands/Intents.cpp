@@ -1,5 +1,7 @@
 #include "Vantrel/commands/Intents.h"
 
+#include "VantrelCore/text/CountedNoun.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 
@@ -9,6 +11,24 @@ namespace {
 
 void tellNothingHappened(const Intents::Done& done, std::string message) {
     done(std::unexpected(VantrelIntentError{VantrelIntentError::Kind::nothingHappened, std::move(message)}));
+}
+
+std::string windows(std::int64_t count) {
+    return count == 0 ? "No window" : countedNoun(count, "window");
+}
+
+// Tells what a restore did once it has ended. `refusal` is said when it did not begin.
+RestoreOutcome::Done told(const Intents::Done& done, std::function<std::string(std::int64_t)> success,
+                          std::string refusal) {
+    return [done, success = std::move(success), refusal = std::move(refusal)](const RestoreOutcome& outcome) {
+        if (outcome.kind == RestoreOutcome::Kind::finished) {
+            done(success(static_cast<std::int64_t>(outcome.report.restoredCount())));
+        } else if (refusal.empty() || outcome.kind == RestoreOutcome::Kind::superseded) {
+            tellNothingHappened(done, outcome.text());
+        } else {
+            tellNothingHappened(done, refusal);
+        }
+    };
 }
 
 } // namespace
@@ -24,13 +44,12 @@ AppController* Intents::controller(const Done& done) const {
 
 void Intents::restoreNow(const Done& done) {
     if (AppController* const running = controller(done)) {
-        if (running->restoreNow(RestoreSource::shortcut)) {
-            done("Windows are going back to their places.");
-        } else {
-            tellNothingHappened(done,
-                                "Nothing moved. This desk has no saved layout yet, or Vantrel is paused, "
-                                "missing Accessibility permission, or past its trial.");
-        }
+        running->restoreNow(
+            RestoreSource::shortcut,
+            told(
+                done, [](std::int64_t count) { return windows(count) + " put back."; },
+                "Nothing moved. This desk has no saved layout yet, or Vantrel is paused, missing "
+                "Accessibility permission, or past its trial."));
     }
 }
 
@@ -40,13 +59,16 @@ void Intents::applyScene(const std::string& sceneID, const Done& done) {
         const auto scene = std::ranges::find(scenes, sceneID, &Scene::id);
         if (scene == scenes.end()) {
             tellNothingHappened(done, "That scene no longer exists.");
-        } else if (running->applyScene(*scene, "Shortcuts")) {
-            done(fmt::format("Applying \"{}\".", scene->name));
-        } else {
-            tellNothingHappened(done,
-                                "Nothing moved. Vantrel may be paused, missing Accessibility permission, "
-                                "or past its trial.");
+            return;
         }
+        // Applying it changes the published scenes.
+        const Scene wanted = *scene;
+        running->applyScene(
+            wanted, "Shortcuts",
+            told(
+                done, [name = wanted.name](std::int64_t) { return fmt::format("Applied \"{}\".", name); },
+                "Nothing moved. Vantrel may be paused, missing Accessibility permission, or past its "
+                "trial."));
     }
 }
 
@@ -64,19 +86,24 @@ void Intents::saveScene(const std::string& name, const Done& done) {
 
 void Intents::stash(const Done& done) {
     if (AppController* const running = controller(done)) {
-        const bool isBroughtBack = running->published().activeStash() != nullptr;
-        running->stashes().stashOrBringBack();
-        done(isBroughtBack ? "Bringing the desk back." : "Putting the desk aside.");
+        running->stashes().stashOrBringBack(
+            {.stashed =
+                 [done](const StashFlow::Result& stash) {
+                     if (stash) {
+                         done(windows(stash->windowCount) + " put aside.");
+                     } else {
+                         tellNothingHappened(done, SaveOutcome{.kind = stash.error()}.text());
+                     }
+                 },
+             .broughtBack =
+                 told(done, [](std::int64_t count) { return windows(count) + " brought back."; }, "")});
     }
 }
 
 void Intents::undoLastRestore(const Done& done) {
     if (AppController* const running = controller(done)) {
-        if (running->undoLastRestore()) {
-            done("Undoing the last restore.");
-        } else {
-            tellNothingHappened(done, "There is nothing to undo.");
-        }
+        running->undoLastRestore(
+            told(done, [](std::int64_t) { return "Undid the last restore."; }, "There is nothing to undo."));
     }
 }
 

@@ -63,7 +63,7 @@ public:
     // `shared` gives the running controller, null when there is none. Everything is used on the main thread.
     explicit Intents(std::function<AppController*()> shared) : m_shared(std::move(shared)) {}
 
-    // Each tells `done` once, when it is known whether anything happens; a restore goes on after that.
+    // Each tells `done` once, when it has ended: what happened, or why nothing did.
     void restoreNow(const Done& done);
     void applyScene(const std::string& sceneID, const Done& done);
     void saveScene(const std::string& name, const Done& done);

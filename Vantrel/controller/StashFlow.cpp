@@ -119,11 +119,11 @@ void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
     publish();
 }
 
-void StashFlow::stashOrBringBack() {
+void StashFlow::stashOrBringBack(const Told& told) {
     if (const Stash* stash = m_context.state().activeStash()) {
-        bringBack(stash->id, {});
+        bringBack(stash->id, told.broughtBack);
     } else {
-        stashNow({});
+        stashNow(told.stashed);
     }
 }
 

@@ -27,8 +27,14 @@ public:
     // is done, the stash is used up, until undo takes it back. False when nothing is going to move.
     bool bringBack(const std::string& stashID, const RestoreOutcome::Done& done);
 
+    // Whom to tell what became of it; one of them is called, once.
+    struct Told {
+        std::function<void(const Result&)> stashed;
+        RestoreOutcome::Done broughtBack;
+    };
+
     // The desk's newest stash is brought back; without one, the desk is stashed.
-    void stashOrBringBack();
+    void stashOrBringBack(const Told& told = {});
 
     // What has expired is not published any longer.
     void dropExpired();

@@ -153,17 +153,30 @@ const std::function<void()>& StatusIcon::actionOf(StatusItem::Notice::Kind kind)
     return m_actions.checkForUpdates;
 }
 
+RestoreOutcome::Done StatusIcon::tellRefusal() {
+    using Kind = RestoreOutcome::Kind;
+    return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
+        // Whoever asked for something else meanwhile need not be told.
+        const bool isSilent = outcome.kind == Kind::finished || outcome.kind == Kind::superseded;
+        if (!isSilent && !alive.expired() && m_icon) {
+            m_icon->showMessage("Vantrel", qt(outcome.text()), m_icon->icon());
+        }
+    };
+}
+
 void StatusIcon::perform(const StatusItemMenuEntry& entry) {
     if (const auto* const scene = std::get_if<StatusItem::SceneEntry>(&entry)) {
         const auto& scenes = m_controller.published().scenes;
         const auto found = std::ranges::find(scenes, scene->id, &Scene::id);
         if (found != scenes.end()) {
-            m_controller.applyScene(*found);
+            // Applying it changes the published scenes.
+            const Scene wanted = *found;
+            m_controller.applyScene(wanted, std::nullopt, tellRefusal());
         }
     } else if (std::holds_alternative<StatusItem::RestoreNow>(entry)) {
-        m_controller.restoreNow(RestoreSource::menu);
+        m_controller.restoreNow(RestoreSource::menu, tellRefusal());
     } else if (std::holds_alternative<StatusItem::UndoLastRestore>(entry)) {
-        m_controller.undoLastRestore();
+        m_controller.undoLastRestore(tellRefusal());
     } else if (std::holds_alternative<StatusItem::Layouts>(entry)) {
         m_actions.openLayouts();
     } else if (std::holds_alternative<StatusItem::Settings>(entry)) {

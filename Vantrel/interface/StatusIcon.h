@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -54,6 +55,8 @@ private:
     [[nodiscard]] const std::function<void()>& actionOf(StatusItem::Notice::Kind kind) const;
     [[nodiscard]] bool isOffered(const StatusItemMenuEntry& entry) const;
     void perform(const StatusItemMenuEntry& entry);
+    // Shows beside the icon why an entry did nothing.
+    [[nodiscard]] RestoreOutcome::Done tellRefusal();
 
     AppController& m_controller;
     Actions m_actions;
@@ -66,6 +69,8 @@ private:
     std::optional<Phase> m_shownPhase;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
     Publisher::ObserverID m_observer;
+    // Expires with this object, for restores that end later.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 } // namespace vantrel

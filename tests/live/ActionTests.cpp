@@ -69,17 +69,17 @@ TEST_P(Actions, RestoreUndoAndStashSayWhatTheyDoOrWhyNot) {
     desk.done({"save"});
     const Point home = desk.frame(window).origin;
     constexpr Point away{300, 100};
-    expectDone({"StashOrBringBack"}, "Putting the desk aside.");
+    expectDone({"StashOrBringBack"}, "1 window put aside.");
     ASSERT_TRUE(tells({"stash", "list"}, "*"));
 
     // Only a window that is moved leaves something to undo.
     desk.drag(window, away);
-    expectDone({"RestoreNow"}, "Windows are going back to their places.");
+    expectDone({"RestoreNow"}, "1 window put back.");
     ASSERT_TRUE(comesTo(home));
     ASSERT_TRUE(tells({"history"}, "restore now"));
-    expectDone({"UndoLastRestore"}, "Undoing the last restore.");
+    expectDone({"UndoLastRestore"}, "Undid the last restore.");
     ASSERT_TRUE(comesTo(away));
-    expectDone({"StashOrBringBack"}, "Bringing the desk back.");
+    expectDone({"StashOrBringBack"}, "1 window brought back.");
     EXPECT_TRUE(comesTo(home));
     ASSERT_TRUE(tells({"stash", "list"}, "Nothing is stashed."));
     EXPECT_THAT(desk.done({"stash", "toggle"}), testing::StartsWith("Put 1 window of "));
@@ -93,7 +93,7 @@ TEST_P(Actions, ScenesAreSavedAndAppliedOrSaidWhyNot) {
     expectNothing({"SaveScene", " "}, "A scene needs a name.");
     expectNothing({"ApplyScene", "gone"}, "That scene no longer exists.");
     expectDone({"SaveScene", "Work"}, "Saved the desk as \"Work\".");
-    expectDone({"ApplyScene", sceneID()}, "Applying \"Work\".");
+    expectDone({"ApplyScene", sceneID()}, "Applied \"Work\".");
     desk.done({"settings", "set", "enabled", "false"});
     expectNothing({"ApplyScene", sceneID()}, nothingApplied);
     desk.done({"settings", "set", "enabled", "true"});

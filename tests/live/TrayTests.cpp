@@ -153,6 +153,17 @@ TEST_P(Tray, UnderAPanelTheMenuRestoresAndAppliesScenes) {
     keepPicture("tray-undo");
 }
 
+TEST_P(Tray, AnEntryThatIsRefusedSaysWhy) {
+    Panel panel(desk, Panel::Look::light);
+    panel.start();
+    const auto vantrel = startVantrel();
+    ASSERT_TRUE(waitUntil([&] { return !item().empty(); }));
+    const ProgramRun monitor(desk, {"dbus-monitor", "interface='org.freedesktop.Notifications'"});
+    desk.done({"settings", "set", "enabled", "false"});
+    clickFirstEntry("tray-refused",
+                    [&] { return monitor.output().find("Restoring is switched off.") != std::string::npos; });
+}
+
 TEST_P(Tray, APanelThatStartsLaterOrAgainIsFound) {
     Panel panel(desk, Panel::Look::dark);
     const auto vantrel = startVantrel();

@@ -16,8 +16,8 @@ void refuse(const ControlReply& reply, const std::string& sentence) {
     reply(std::unexpected(ControlRefusal{ControlNames::refused, sentence}));
 }
 
-void stashNow(AppController& controller, const ControlReply& reply) {
-    controller.stashes().stashNow([reply](const StashFlow::Result& stash) {
+std::function<void(const StashFlow::Result&)> stashReply(const ControlReply& reply) {
+    return [reply](const StashFlow::Result& stash) {
         if (!stash) {
             refuse(reply, SaveOutcome{.kind = stash.error()}.text());
             return;
@@ -26,7 +26,7 @@ void stashNow(AppController& controller, const ControlReply& reply) {
                              {"windows", stash->windowCount},
                              {"configID", stash->configID},
                              {"configName", stash->deskName}});
-    });
+    };
 }
 
 // By the beginning of its id when that is clear; by nothing, the present desk's newest stash is meant.
@@ -68,17 +68,14 @@ std::vector<ControlMethod> stashMethods(AppController& controller) {
          {},
          "stash",
          [&controller](const Arguments& /*none*/, const ControlReply& reply) {
-             stashNow(controller, reply);
+             controller.stashes().stashNow(stashReply(reply));
          }},
         {"ToggleStash",
          {},
          "stashOrReport",
          [&controller](const Arguments& /*none*/, const ControlReply& reply) {
-             if (controller.published().activeStash() != nullptr) {
-                 bringBack(controller, "", reply);
-             } else {
-                 stashNow(controller, reply);
-             }
+             controller.stashes().stashOrBringBack(
+                 {.stashed = stashReply(reply), .broughtBack = ControlAnswers::restoreReply(reply)});
          }},
         {"BringBack",
          {"stash"},

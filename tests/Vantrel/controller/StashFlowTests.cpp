@@ -88,8 +88,16 @@ TEST_F(Stashes, WhatCannotBeKeptIsRefusedAndNothingIsLost) {
 
 TEST_F(Stashes, OneCommandStashesAndBringsBackInTurn) {
     for (const std::size_t kept : {1U, 0U, 1U}) {
-        story.controller->stashes().stashOrBringBack();
+        std::vector<std::size_t> answers;
+        story.controller->stashes().stashOrBringBack(
+            {.stashed = [&](const StashFlow::Result& stash) { answers.push_back(stash ? 1 : 2); },
+             .broughtBack =
+                 [&](const RestoreOutcome& outcome) {
+                     answers.push_back(outcome.kind == RestoreOutcome::Kind::finished ? 0 : 2);
+                 }});
+        EXPECT_TRUE(answers.empty()) << "before anything has happened";
         story.runFor(5);
+        EXPECT_EQ(answers, std::vector{kept});
         EXPECT_EQ(story.published().stashes.size(), kept);
         EXPECT_TRUE(kept > 0 || story.frames() == home);
         story.scatter();

@@ -72,10 +72,26 @@ TEST_F(ShortcutsActions, SaveASceneOfferItAndApplyIt) {
     const Rect before = story.frame(story.mail);
     story.move(story.mail, {{5, 300}, {500, 400}});
     vantrelApplyScene(scenes()[0].id.c_str(), &answers, keep);
-    EXPECT_EQ(next(), Answer(VantrelIntentDone, "Applying \"Writing\"."));
+    EXPECT_EQ(next(), Answer(VantrelIntentDone, "Applied \"Writing\"."));
     EXPECT_EQ(story.frame(story.mail), before);
+}
+
+TEST_F(ShortcutsActions, SayWhatHappenedOnceItHas) {
+    story.learn();
     vantrelStash(&answers, keep);
-    EXPECT_EQ(next(), Answer(VantrelIntentDone, "Putting the desk aside."));
+    EXPECT_THAT(answers, IsEmpty());
+    EXPECT_EQ(next(), Answer(VantrelIntentDone, "4 windows put aside."));
+    vantrelStash(&answers, keep);
+    EXPECT_EQ(next(), Answer(VantrelIntentDone, "4 windows brought back."));
+    story.move(story.mail, {{5, 300}, {500, 400}});
+    vantrelRestoreNow(&answers, keep);
+    EXPECT_EQ(next(), Answer(VantrelIntentDone, "4 windows put back."));
+    vantrelUndoLastRestore(&answers, keep);
+    EXPECT_EQ(next(), Answer(VantrelIntentDone, "Undid the last restore."));
+    story.files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    vantrelStash(&answers, keep);
+    EXPECT_EQ(next(), Answer(VantrelIntentNothingHappened,
+                             "The layout could not be written to disk. Nothing was changed."));
 }
 
 TEST_F(ShortcutsActions, AreAnsweredOnceEvenWhenTheProgramEndsMeanwhile) {
