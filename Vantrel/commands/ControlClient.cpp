@@ -4,15 +4,24 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
+#include <QEventLoop>
+#include <QTimer>
 
 #include <chrono>
+#include <optional>
 
 namespace vantrel {
 
 namespace {
 
-// A restore of many stubborn windows takes a while; beyond this the program is not going to answer.
-constexpr std::chrono::milliseconds patience = std::chrono::minutes(5);
+// Most calls are answered at once; a restore of many stubborn windows takes a while. Whoever has not answered
+// by then is asked for a sign of life.
+constexpr std::chrono::seconds quiet{3};
+constexpr std::chrono::seconds signOfLife{5};
+// Beyond this the program is not going to answer, alive or not.
+constexpr std::chrono::minutes patience{5};
 
 ControlFailure failure(const QDBusMessage& reply) {
     const auto name = reply.errorName();
@@ -26,27 +35,67 @@ ControlFailure failure(const QDBusMessage& reply) {
     return {ControlFailure::Kind::failed, reply.errorMessage().toStdString()};
 }
 
+// Waits until the call has its reply or the time is over.
+bool isAnswered(const QDBusPendingCall& call, std::chrono::milliseconds time) {
+    if (call.isFinished()) {
+        return true;
+    }
+    QEventLoop loop;
+    const QDBusPendingCallWatcher watcher(call);
+    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+    return call.isFinished();
+}
+
+QDBusMessage message(const char* method) {
+    auto call = QDBusMessage::createMethodCall(ControlNames::service, ControlNames::path,
+                                               ControlNames::interface, method);
+    call.setAutoStartService(false);
+    return call;
+}
+
+// Any reply is a sign, also that of a program which does not know the method.
+bool isAlive(const QDBusConnection& bus) {
+    return isAnswered(bus.asyncCall(message("Ping")), signOfLife);
+}
+
+// The reply of a call that lasts as long as it has to while the program is alive; none when it is not.
+std::optional<QDBusMessage> replyTo(const QDBusConnection& bus, const QDBusMessage& request) {
+    const auto call = bus.asyncCall(request, static_cast<int>(std::chrono::milliseconds(patience).count()));
+    while (!isAnswered(call, quiet)) {
+        if (!isAlive(bus) && !call.isFinished()) {
+            return std::nullopt;
+        }
+    }
+    return call.reply();
+}
+
 } // namespace
 
 ControlClient::Result<nlohmann::json> ControlClient::call(const char* method,
                                                           const std::vector<std::string>& arguments) {
-    auto bus = QDBusConnection::sessionBus();
+    const auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return std::unexpected(ControlFailure{
             ControlFailure::Kind::notRunning,
             "There is no session bus here (DBUS_SESSION_BUS_ADDRESS), so vantrel cannot be reached."});
     }
-    auto request = QDBusMessage::createMethodCall(ControlNames::service, ControlNames::path,
-                                                  ControlNames::interface, method);
-    request.setAutoStartService(false);
+    auto request = message(method);
     for (const auto& argument : arguments) {
         request << QString::fromStdString(argument);
     }
-    const auto reply = bus.call(request, QDBus::Block, static_cast<int>(patience.count()));
-    if (reply.type() != QDBusMessage::ReplyMessage) {
-        return std::unexpected(failure(reply));
+    const auto reply = replyTo(bus, request);
+    if (!reply) {
+        return std::unexpected(ControlFailure{
+            ControlFailure::Kind::failed,
+            "vantrel runs but does not answer: it is stopped or very busy. Try again, or end it and start it "
+            "anew."});
     }
-    const auto text = reply.arguments().value(0).toString().toStdString();
+    if (reply->type() != QDBusMessage::ReplyMessage) {
+        return std::unexpected(failure(*reply));
+    }
+    const auto text = reply->arguments().value(0).toString().toStdString();
     auto answer = nlohmann::json::parse(text, nullptr, false);
     if (!answer.is_object()) {
         return std::unexpected(

@@ -27,8 +27,9 @@ namespace ControlClient {
 template <typename T>
 using Result = std::expected<T, ControlFailure>;
 
-// Calls a method of docs/dbus.md with as many arguments as it takes, and blocks until the program has
-// answered. The answer as it came.
+// Calls a method of docs/dbus.md with as many arguments as it takes. Waits for the answer as long as the
+// program shows that it is alive; fails with a sentence when it does not for some seconds. The answer as it
+// came. Needs a QCoreApplication.
 [[nodiscard]] Result<nlohmann::json> call(const char* method, const std::vector<std::string>& arguments = {});
 
 } // namespace ControlClient
