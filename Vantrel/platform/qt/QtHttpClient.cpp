@@ -55,6 +55,8 @@ QNetworkRequest qtRequest(const HttpRequest& request, const QUrl& url, const std
     result.setRawHeader("User-Agent", QByteArray::fromStdString(userAgent));
     // Asked for by name, it comes as it is: a small body cannot unfold into a huge one.
     result.setRawHeader("Accept-Encoding", "identity");
+    // Without one of ours, Qt tells every server the language of the user.
+    result.setRawHeader("Accept-Language", "*");
     for (const auto& [name, value] : request.headers) {
         result.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
     }

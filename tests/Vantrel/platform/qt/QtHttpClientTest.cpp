@@ -82,6 +82,7 @@ TEST(QtHttpClient, SendsWhatItIsGivenAndTellsStatusAndBody) {
     ASSERT_EQ(asked.size(), 2U);
     EXPECT_EQ(asked[0].path, "/changelog?a=%20b");
     EXPECT_EQ(asked[0].headers["user-agent"], "vantrel/test");
+    EXPECT_EQ(asked[0].headers["accept-language"], "*") << "a language of the user's was told";
     EXPECT_EQ(asked[1].headers["content-type"], "application/json");
     EXPECT_FALSE(asked[1].headers.contains("cookie")) << "a cookie was kept";
 }
