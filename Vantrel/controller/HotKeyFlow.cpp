@@ -200,9 +200,10 @@ void HotKeyFlow::publish() {
     for (const auto& each : all) {
         if (each.state == HotKeyStatus::State::refused &&
             std::ranges::find(m_context.state().hotKeys, each) == m_context.state().hotKeys.end()) {
-            m_context.log(fmt::format("shortcut {} for \"{}\" was refused: another program holds it, or this "
-                                      "keyboard has no such key",
-                                      HotKeyText::text(each.taken.combo), each.taken.label));
+            m_context.log(
+                fmt::format("shortcuts: {} for \"{}\" was refused; another program holds it, or this "
+                            "keyboard has no such key",
+                            HotKeyText::text(each.taken.combo), each.taken.label));
         }
     }
     m_context.publisher.publish([&](PublishedState& state) { state.hotKeys = std::move(all); });

@@ -18,7 +18,7 @@ void SuggestionFlow::recordPatternObservationIfNeeded(const Layout& layout) {
         if (std::ranges::find(log, observation) == log.end()) {
             log = PatternSuggestion::recording(observation, std::move(log), now);
             if (!m_context.settings.savePatternObservations(log)) {
-                m_context.log("pattern observation could not be written");
+                m_context.log("suggestions: how the desk stood today could not be written");
             }
         }
         m_recurs = PatternSuggestion::qualifies(observation.configID, observation.signature, log);

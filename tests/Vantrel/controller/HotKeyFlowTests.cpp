@@ -113,7 +113,7 @@ TEST_F(HotKeyStory, WhatIsRefusedIsShownKeptAndTriedAgain) {
     story.hotKeys.holdElsewhere(f9);
     ASSERT_TRUE(story.controller->setHotkey(undoSurface, f9));
     EXPECT_EQ(story.published().hotKeys.back().state, HotKeyStatus::State::refused);
-    EXPECT_EQ(story.logged("shortcut F9 for \"Undo last restore\" was refused"), 1U);
+    EXPECT_EQ(story.logged("shortcuts: F9 for \"Undo last restore\" was refused"), 1U);
     story.hotKeys.releaseElsewhere();
     story.hotKeys.changeKeyboard();
     EXPECT_EQ(story.published().hotKeys.back().state, HotKeyStatus::State::registered);
