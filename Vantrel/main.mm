@@ -149,8 +149,12 @@ private:
             return;
         }
         m_statusIcon->offerMissionControlFix([this] {
-            m_log.write(MissionControlFixer::apply() ? "mission control: set so that windows stay"
-                                                     : "mission control: the settings could not be written");
+            const bool isApplied = MissionControlFixer::apply();
+            m_log.write(isApplied ? "mission control: set so that windows stay"
+                                  : "mission control: the settings could not be written");
+            if (isApplied && !Settings(m_defaults).setMissionControlFixApplied(true)) {
+                m_log.write("mission control: that it was set could not be written");
+            }
             // Later: this is the action that goes.
             m_queue.post([this] { offerMissionControlFix(); });
         });

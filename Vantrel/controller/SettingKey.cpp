@@ -68,17 +68,17 @@ const std::array table{
     SettingKey{"settingsSelectedSection", text, std::nullopt,
                "the section that the settings open with; absent: the first", note},
     SettingKey{"missionControlFixApplied", boolean, false, "the Mission Control fix was applied", note},
-    SettingKey{"patternObservations", text, std::nullopt,
+    SettingKey{"patternObservations", data, std::nullopt,
                "how the desks were seen arranged on the last days, as JSON", note},
     SettingKey{"patternSuggestionSnoozedUntil", number, std::nullopt,
                "when suggestions begin again, in seconds since 1970; absent: now", note},
-    SettingKey{"wallpaperMemory", text, std::nullopt, "the wallpapers from before a scene, as JSON", note},
-    SettingKey{"wallpaperRecents", text, std::nullopt, "the wallpapers chosen last, as JSON", note},
+    SettingKey{"wallpaperMemory", data, std::nullopt, "the wallpapers from before a scene, as JSON", note},
+    SettingKey{"wallpaperRecents", data, std::nullopt, "the wallpapers chosen last, as JSON", note},
     SettingKey{"hasOnboarded", boolean, false, "the introduction was shown", note},
     SettingKey{"dockFrequency", text, std::nullopt, "how often the user said to dock", note},
     SettingKey{"quickSwitcherHintDismissed", boolean, false, "the quick switcher's tip was dismissed", note},
-    SettingKey{"updateChecker.lastCheck", text, std::nullopt,
-               "when updates were last looked for, as an ISO 8601 date; absent: never", note},
+    SettingKey{"updateChecker.lastCheck", date, std::nullopt,
+               "when updates were last looked for; absent: never", note},
 };
 
 // The whole text as a number.
@@ -112,9 +112,22 @@ std::optional<DefaultsValue> valueOf(SettingKey::Type type, const std::string& w
         return realNumber(written);
     case text:
         return DefaultsValue(written);
+    case date:
+        return dateFromIso8601(written);
+    case data:
+        return DefaultsValue(DefaultsData{written});
     }
     return std::nullopt;
 }
+
+struct TypeOf {
+    SettingKey::Type operator()(bool /*value*/) const { return boolean; }
+    SettingKey::Type operator()(std::int64_t /*value*/) const { return integer; }
+    SettingKey::Type operator()(double /*value*/) const { return number; }
+    SettingKey::Type operator()(const std::string& /*value*/) const { return text; }
+    SettingKey::Type operator()(Date /*value*/) const { return date; }
+    SettingKey::Type operator()(const DefaultsData& /*value*/) const { return data; }
+};
 
 } // namespace
 
@@ -128,7 +141,7 @@ bool SettingKey::admits(const DefaultsValue& value) const {
     if (const auto* decimal = std::get_if<double>(&value)) {
         return type == number && isInRange(*decimal);
     }
-    return std::holds_alternative<bool>(value) ? type == boolean : type == SettingKey::Type::text;
+    return std::visit(TypeOf{}, value) == type;
 }
 
 std::expected<DefaultsValue, std::string> SettingKey::read(const std::string& written) const {
@@ -160,6 +173,12 @@ std::optional<DefaultsValue> SettingKey::stored(UserDefaults& defaults) const {
     case SettingKey::Type::text:
         take(defaults.text(name));
         break;
+    case date:
+        take(defaults.date(name));
+        break;
+    case data:
+        take(defaults.data(name));
+        break;
     }
     return value;
 }
@@ -168,6 +187,8 @@ std::string SettingKey::typeText() const {
     const char* const kind = type == boolean   ? "true or false"
                              : type == integer ? "a whole number"
                              : type == number  ? "a number"
+                             : type == date    ? "a date like 2026-03-02T09:30:00Z"
+                             : type == data    ? "JSON"
                                                : "a text";
     return range ? fmt::format("{} from {} to {}", kind, range->first, range->second) : kind;
 }

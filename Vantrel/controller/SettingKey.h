@@ -13,7 +13,7 @@
 namespace vantrel {
 
 struct SettingKey {
-    enum class Type : std::uint8_t { boolean, integer, number, text };
+    enum class Type : std::uint8_t { boolean, integer, number, text, date, data };
 
     enum class Purpose : std::uint8_t {
         // What the user chooses.
@@ -40,7 +40,8 @@ struct SettingKey {
     // The stored value where there is one that the key admits.
     [[nodiscard]] std::optional<DefaultsValue> stored(UserDefaults& defaults) const;
 
-    // "true or false", "a whole number", "a number from 0 to 60", "a text".
+    // "true or false", "a whole number", "a number from 0 to 60", "a text",
+    // "a date like 2026-03-02T09:30:00Z".
     [[nodiscard]] std::string typeText() const;
 };
 

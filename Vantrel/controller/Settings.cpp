@@ -64,7 +64,9 @@ bool Settings::setHotkey(const std::string& surface, const std::optional<HotKeyC
 template <typename T>
 T Settings::decoded(std::string_view key) const {
     try {
-        return JsonCoding::value<T>(nlohmann::json::parse(text(key).value_or("")));
+        const auto found = value(key);
+        return found ? JsonCoding::value<T>(nlohmann::json::parse(std::get<DefaultsData>(*found).bytes))
+                     : T{};
     } catch (const std::exception&) {
         return {};
     }
@@ -73,8 +75,8 @@ T Settings::decoded(std::string_view key) const {
 template <typename T>
 bool Settings::setEncoded(std::string_view key, const T& record) {
     // Titles and names come from other programs and may hold anything.
-    return m_defaults.set(
-        key, nlohmann::json(record).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    return m_defaults.set(key, DefaultsData{nlohmann::json(record).dump(
+                                   -1, ' ', false, nlohmann::json::error_handler_t::replace)});
 }
 
 std::vector<DailyLayoutObservation> Settings::loadPatternObservations() const {
@@ -130,11 +132,12 @@ std::vector<std::string> Settings::calendarFolders() const {
 }
 
 std::optional<Date> Settings::updateCheckerLastCheck() const {
-    return dateFromIso8601(text("updateChecker.lastCheck").value_or(""));
+    const auto found = value("updateChecker.lastCheck");
+    return found ? std::optional(std::get<Date>(*found)) : std::nullopt;
 }
 
 bool Settings::setUpdateCheckerLastCheck(Date date) {
-    return m_defaults.set("updateChecker.lastCheck", iso8601Text(date));
+    return m_defaults.set("updateChecker.lastCheck", date);
 }
 
 } // namespace vantrel

@@ -39,6 +39,9 @@ public:
     [[nodiscard]] bool showWindowPreviews() const { return boolean("showWindowPreviews"); }
     [[nodiscard]] bool launchAtLogin() const { return boolean("launchAtLogin"); }
     [[nodiscard]] bool missionControlFixApplied() const { return boolean("missionControlFixApplied"); }
+    bool setMissionControlFixApplied(bool isApplied) {
+        return m_defaults.set("missionControlFixApplied", isApplied);
+    }
     // None: the first section.
     [[nodiscard]] std::optional<std::string> settingsSelectedSection() const {
         return text("settingsSelectedSection");

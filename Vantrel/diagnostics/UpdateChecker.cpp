@@ -15,11 +15,6 @@ constexpr const char* lastCheckKey = "updateChecker.lastCheck";
 constexpr double checkInterval = 21'600;
 constexpr int found = 200;
 
-std::optional<Date> lastCheck(UserDefaults& defaults) {
-    const auto text = defaults.text(lastCheckKey);
-    return text ? dateFromIso8601(*text) : std::nullopt;
-}
-
 } // namespace
 
 UpdateChecker::UpdateChecker(Options options, UserDefaults& defaults, Clock& clock, MainQueue& queue,
@@ -58,8 +53,8 @@ void UpdateChecker::setAutomaticallyChecksForUpdates(bool checks) {
 
 void UpdateChecker::checkIfDue() {
     const Date now = m_clock.now();
-    if (UpdateOffer::isDue(lastCheck(m_defaults), now)) {
-        m_defaults.set(lastCheckKey, iso8601Text(now));
+    if (UpdateOffer::isDue(m_defaults.date(lastCheckKey), now)) {
+        m_defaults.set(lastCheckKey, now);
         fetchAndApply();
     }
 }

@@ -2,6 +2,8 @@
 // Vantrel/controller/Settings.h.
 #pragma once
 
+#include "VantrelCore/model/Date.h"
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -11,7 +13,16 @@
 
 namespace vantrel {
 
-using DefaultsValue = std::variant<bool, std::int64_t, double, std::string>;
+// Bytes that only the program reads, such as the JSON of a record.
+struct DefaultsData {
+    std::string bytes;
+
+    bool operator==(const DefaultsData&) const = default;
+};
+
+// Where the platform's settings know no dates or data, they are kept as texts: ISO 8601 with whole seconds,
+// and the bytes as they are.
+using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Date, DefaultsData>;
 
 // Used on the main thread.
 class UserDefaults {
@@ -27,6 +38,8 @@ public:
     [[nodiscard]] virtual std::optional<std::int64_t> integer(std::string_view key) = 0;
     [[nodiscard]] virtual std::optional<double> number(std::string_view key) = 0;
     [[nodiscard]] virtual std::optional<std::string> text(std::string_view key) = 0;
+    [[nodiscard]] virtual std::optional<Date> date(std::string_view key) = 0;
+    [[nodiscard]] virtual std::optional<DefaultsData> data(std::string_view key) = 0;
 
     // False when the value could not be made durable.
     virtual bool set(std::string_view key, const DefaultsValue& value) = 0;

@@ -71,6 +71,24 @@ TEST_F(MacDefaults, WhatIsWrittenIsReadAndMadeDurable) {
     EXPECT_EQ(adapter->text("text"), "Écran");
 }
 
+TEST_F(MacDefaults, DatesAndDataAreStoredAsSuchAndTextsAreNeither) {
+    const Date date = dateFromIso8601("2026-03-02T09:30:00Z").value();
+    EXPECT_TRUE(adapter->set("date", date));
+    EXPECT_TRUE(adapter->set("data", DefaultsData{std::string("[1]\0\xff", 5)}));
+    auto& stored = preferences().domains["own"];
+    EXPECT_EQ(kindOf(stored["date"].get()), Kind::date);
+    EXPECT_EQ(kindOf(stored["data"].get()), Kind::data);
+    EXPECT_EQ(adapter->date("date"), date);
+    EXPECT_EQ(adapter->data("data"), DefaultsData{std::string("[1]\0\xff", 5)});
+    EXPECT_EQ(adapter->text("date"), std::nullopt);
+    EXPECT_EQ(adapter->date("data"), std::nullopt);
+    stored["text"] = text("2026-03-02T09:30:00Z");
+    EXPECT_EQ(adapter->date("text"), std::nullopt);
+    EXPECT_EQ(adapter->data("text"), std::nullopt);
+    stored["far"] = fake::date(1e300);
+    EXPECT_EQ(adapter->date("far"), std::nullopt);
+}
+
 TEST_F(MacDefaults, WhatCannotBeStoredIsToldAndLeavesTheRest) {
     EXPECT_FALSE(adapter->set("text", std::string("\xff")));
     EXPECT_FALSE(adapter->set("\xff", true));

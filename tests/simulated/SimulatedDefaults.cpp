@@ -30,6 +30,14 @@ std::optional<std::string> SimulatedDefaults::text(std::string_view key) {
     return find<std::string>(key);
 }
 
+std::optional<Date> SimulatedDefaults::date(std::string_view key) {
+    return find<Date>(key);
+}
+
+std::optional<DefaultsData> SimulatedDefaults::data(std::string_view key) {
+    return find<DefaultsData>(key);
+}
+
 bool SimulatedDefaults::set(std::string_view key, const DefaultsValue& value) {
     if (m_unwritable && key.find(*m_unwritable) != std::string_view::npos) {
         return false;

@@ -18,6 +18,8 @@ public:
     [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) override;
     [[nodiscard]] std::optional<double> number(std::string_view key) override;
     [[nodiscard]] std::optional<std::string> text(std::string_view key) override;
+    [[nodiscard]] std::optional<Date> date(std::string_view key) override;
+    [[nodiscard]] std::optional<DefaultsData> data(std::string_view key) override;
     bool set(std::string_view key, const DefaultsValue& value) override;
     bool remove(std::string_view key) override;
     void setChangeHandler(std::function<void()> handler) override;

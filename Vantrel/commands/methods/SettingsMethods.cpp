@@ -11,9 +11,19 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
+struct Shown {
+    template <typename Plain>
+    nlohmann::json operator()(const Plain& plain) const {
+        return plain;
+    }
+
+    nlohmann::json operator()(Date date) const { return iso8601Text(date); }
+
+    nlohmann::json operator()(const DefaultsData& data) const { return data.bytes; }
+};
+
 nlohmann::json json(const std::optional<DefaultsValue>& value) {
-    return value ? std::visit([](const auto& plain) { return nlohmann::json(plain); }, *value)
-                 : nlohmann::json(nullptr);
+    return value ? std::visit(Shown{}, *value) : nlohmann::json(nullptr);
 }
 
 nlohmann::json describe(const SettingKey& key, UserDefaults& defaults) {

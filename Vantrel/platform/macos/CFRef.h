@@ -78,6 +78,14 @@ template <>
 inline CFTypeID cfTypeID<CFBooleanRef>() {
     return CFBooleanGetTypeID();
 }
+template <>
+inline CFTypeID cfTypeID<CFDateRef>() {
+    return CFDateGetTypeID();
+}
+template <>
+inline CFTypeID cfTypeID<CFDataRef>() {
+    return CFDataGetTypeID();
+}
 
 // The object as what it really is; null for null and for an object of any other type. Owns nothing.
 template <typename T>

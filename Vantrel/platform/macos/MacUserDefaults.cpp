@@ -2,6 +2,7 @@
 
 #include "Vantrel/platform/macos/CFText.h"
 
+#include <cmath>
 #include <utility>
 
 namespace vantrel {
@@ -36,6 +37,15 @@ struct PropertyList {
         return Value::adopt(CFNumberCreate(kCFAllocatorDefault, kCFNumberDoubleType, &value));
     }
     Value operator()(const std::string& value) const { return CFText::make(value); }
+    Value operator()(Date value) const {
+        return Value::adopt(CFDateCreate(kCFAllocatorDefault,
+                                         secondsBetween(Date{}, value) - kCFAbsoluteTimeIntervalSince1970));
+    }
+    Value operator()(const DefaultsData& value) const {
+        return Value::adopt(CFDataCreate(kCFAllocatorDefault,
+                                         reinterpret_cast<const UInt8*>(value.bytes.data()),
+                                         static_cast<CFIndex>(value.bytes.size())));
+    }
 };
 
 } // namespace
@@ -99,6 +109,28 @@ std::optional<double> MacUserDefaults::number(std::string_view key) {
 
 std::optional<std::string> MacUserDefaults::text(std::string_view key) {
     return CFText::utf8Of(stored(key).get());
+}
+
+std::optional<Date> MacUserDefaults::date(std::string_view key) {
+    // Beyond these seconds a Date cannot go.
+    constexpr double lastSecond = 1e12;
+    const auto value = stored(key);
+    const CFDateRef date = cfCast<CFDateRef>(value.get());
+    if (!date) {
+        return std::nullopt;
+    }
+    const double seconds = CFDateGetAbsoluteTime(date) + kCFAbsoluteTimeIntervalSince1970;
+    return std::abs(seconds) < lastSecond ? std::optional(dateAfter(Date{}, seconds)) : std::nullopt;
+}
+
+std::optional<DefaultsData> MacUserDefaults::data(std::string_view key) {
+    const auto value = stored(key);
+    const CFDataRef data = cfCast<CFDataRef>(value.get());
+    if (!data) {
+        return std::nullopt;
+    }
+    const auto* const bytes = reinterpret_cast<const char*>(CFDataGetBytePtr(data));
+    return DefaultsData{std::string(bytes, static_cast<std::size_t>(CFDataGetLength(data)))};
 }
 
 bool MacUserDefaults::set(std::string_view key, const DefaultsValue& value) {

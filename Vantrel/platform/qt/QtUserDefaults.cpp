@@ -90,10 +90,28 @@ std::optional<std::string> QtUserDefaults::text(std::string_view key) {
     return value != nullptr ? std::optional(*value) : std::nullopt;
 }
 
+std::optional<Date> QtUserDefaults::date(std::string_view key) {
+    const auto written = text(key);
+    return written ? dateFromIso8601(*written) : std::nullopt;
+}
+
+std::optional<DefaultsData> QtUserDefaults::data(std::string_view key) {
+    auto written = text(key);
+    return written ? std::optional(DefaultsData{std::move(*written)}) : std::nullopt;
+}
+
 bool QtUserDefaults::set(std::string_view key, const DefaultsValue& value) {
     if (!reload()) {
         return false;
     }
+    if (const auto* const date = std::get_if<Date>(&value)) {
+        return setPlain(key, iso8601Text(*date));
+    }
+    const auto* const data = std::get_if<DefaultsData>(&value);
+    return setPlain(key, data != nullptr ? DefaultsValue(data->bytes) : value);
+}
+
+bool QtUserDefaults::setPlain(std::string_view key, const DefaultsValue& value) {
     const auto found = m_content.values.find(key);
     if (found != m_content.values.end() && found->second == value) {
         return true;

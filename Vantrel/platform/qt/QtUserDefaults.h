@@ -25,6 +25,8 @@ public:
     [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) override;
     [[nodiscard]] std::optional<double> number(std::string_view key) override;
     [[nodiscard]] std::optional<std::string> text(std::string_view key) override;
+    [[nodiscard]] std::optional<Date> date(std::string_view key) override;
+    [[nodiscard]] std::optional<DefaultsData> data(std::string_view key) override;
     bool set(std::string_view key, const DefaultsValue& value) override;
     bool remove(std::string_view key) override;
 
@@ -35,6 +37,8 @@ private:
     // Take over what the file holds now and say whether it could be read; reload tells the handler.
     bool reload();
     bool read();
+    // A value that the file can hold, in the file as it was just read.
+    bool setPlain(std::string_view key, const DefaultsValue& value);
     bool write(const std::string& text);
     void watch();
     void complain(std::string complaint);

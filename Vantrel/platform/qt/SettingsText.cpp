@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -56,6 +57,21 @@ struct ReadLine {
     Line setting;
 };
 
+// Where the value at the beginning of `text` ends: behind its closing quote, else where a comment begins.
+std::size_t valueEnd(std::string_view text) {
+    if (!text.starts_with('"')) {
+        return std::min(text.find('#'), text.size());
+    }
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i] == '\\') {
+            ++i;
+        } else if (text[i] == '"') {
+            return i + 1;
+        }
+    }
+    return text.size();
+}
+
 ReadLine readLine(std::string_view line) {
     const auto text = trimmed(line);
     if (text.empty() || text.front() == '#') {
@@ -71,20 +87,15 @@ ReadLine readLine(std::string_view line) {
     if (read.setting.key.empty()) {
         return read;
     }
-    // A # may also stand inside a quoted text: the first one that leaves a value before it begins a comment.
-    for (auto end = rest.size();;) {
-        if (auto value = scalar(rest.substr(0, end))) {
-            read.kind = LineKind::setting;
-            read.setting.value = std::move(*value);
-            read.setting.comment = rest.substr(end);
-            return read;
-        }
-        const auto next = rest.find('#', end == rest.size() ? 0 : end + 1);
-        if (next == std::string_view::npos) {
-            return read;
-        }
-        end = next;
+    const auto end = valueEnd(rest);
+    const auto comment = trimmed(rest.substr(end));
+    auto value = scalar(trimmed(rest.substr(0, end)));
+    if (value && (comment.empty() || comment.front() == '#')) {
+        read.kind = LineKind::setting;
+        read.setting.value = std::move(*value);
+        read.setting.comment = comment;
     }
+    return read;
 }
 
 std::vector<std::string_view> lines(std::string_view text) {
@@ -97,12 +108,19 @@ std::vector<std::string_view> lines(std::string_view text) {
     return found;
 }
 
+struct Written {
+    template <typename Plain>
+    std::string operator()(const Plain& plain) const {
+        return nlohmann::json(plain).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    }
+
+    std::string operator()(Date date) const { return operator()(iso8601Text(date)); }
+
+    std::string operator()(const DefaultsData& data) const { return operator()(data.bytes); }
+};
+
 std::string written(const DefaultsValue& value) {
-    return std::visit(
-        [](const auto& plain) {
-            return nlohmann::json(plain).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-        },
-        value);
+    return std::visit(Written{}, value);
 }
 
 std::string settingLine(std::string_view key, const DefaultsValue& value, std::string_view comment) {

@@ -1,6 +1,6 @@
 // The text of a settings file: one "key = value" a line, a value being true, false, a number or a text in
-// double quotes; lines that begin with # are comments, and a comment may follow a value. Changing one key
-// leaves every other line as it is, also those that nobody understands.
+// double quotes (dates and data are texts, too); lines that begin with # are comments, and a comment may
+// follow a value. Changing one key leaves every other line as it is, also those that nobody understands.
 #pragma once
 
 #include "VantrelCore/ports/UserDefaults.h"

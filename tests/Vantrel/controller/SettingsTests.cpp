@@ -44,8 +44,8 @@ TEST_F(StoredSettings, AValueOfTheWrongTypeOrOutOfReasonCountsAsAbsent) {
 }
 
 TEST_F(StoredSettings, NotesThatCannotBeDecodedAreEmptyUntilTheNextSave) {
-    defaults.set("patternObservations", std::string("[{]"));
-    defaults.set("wallpaperMemory", std::string("7"));
+    defaults.set("patternObservations", DefaultsData{"[{]"});
+    defaults.set("wallpaperMemory", DefaultsData{"7"});
     defaults.set("patternSuggestionSnoozedUntil", std::numeric_limits<double>::infinity());
     EXPECT_TRUE(settings.loadPatternObservations().empty());
     EXPECT_EQ(settings.wallpaperMemory(), WallpaperMemory{});
@@ -54,6 +54,9 @@ TEST_F(StoredSettings, NotesThatCannotBeDecodedAreEmptyUntilTheNextSave) {
     const std::vector<DailyLayoutObservation> observations{{"desk", "2026-03-02", {"a|1,2,3x4"}}};
     EXPECT_TRUE(settings.savePatternObservations(observations));
     EXPECT_EQ(settings.loadPatternObservations(), observations);
+    EXPECT_TRUE(settings.setUpdateCheckerLastCheck(time.now()));
+    EXPECT_EQ(settings.updateCheckerLastCheck(), time.now());
+    EXPECT_EQ(defaults.date("updateChecker.lastCheck"), time.now()) << "kept as a date where there are such";
     EXPECT_TRUE(settings.setPatternSuggestionSnoozedUntil(time.now()));
     EXPECT_EQ(settings.patternSuggestionSnoozedUntil(), time.now());
 }

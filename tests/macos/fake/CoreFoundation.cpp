@@ -146,6 +146,18 @@ CFRef<CFBooleanRef> boolean(bool value) {
     return CFRef<CFBooleanRef>::retain(value ? kCFBooleanTrue : kCFBooleanFalse);
 }
 
+CFRef<CFDateRef> date(double seconds) {
+    auto* const object = make<DateObject>(Kind::date);
+    object->seconds = seconds;
+    return adopted<CFDateRef>(object);
+}
+
+CFRef<CFDataRef> data(const std::string& bytes) {
+    auto* const object = make<DataObject>(Kind::data);
+    object->bytes = bytes;
+    return adopted<CFDataRef>(object);
+}
+
 CFRef<CFUUIDRef> uuid(const std::string& text) {
     auto* const object = make<UUIDObject>(Kind::uuid);
     object->text = text;
@@ -380,6 +392,36 @@ CFTypeID CFBooleanGetTypeID() {
 
 Boolean CFBooleanGetValue(CFBooleanRef boolean) {
     return as<BooleanObject>(boolean, Kind::boolean, __func__)->value;
+}
+
+const CFTimeInterval kCFAbsoluteTimeIntervalSince1970 = 978307200;
+
+CFTypeID CFDateGetTypeID() {
+    return static_cast<CFTypeID>(Kind::date);
+}
+
+CFDateRef CFDateCreate(CFAllocatorRef /*allocator*/, CFAbsoluteTime time) {
+    return date(time).release();
+}
+
+CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef date) {
+    return as<DateObject>(date, Kind::date, __func__)->seconds;
+}
+
+CFTypeID CFDataGetTypeID() {
+    return static_cast<CFTypeID>(Kind::data);
+}
+
+CFDataRef CFDataCreate(CFAllocatorRef /*allocator*/, const UInt8* bytes, CFIndex count) {
+    return data(std::string(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count))).release();
+}
+
+CFIndex CFDataGetLength(CFDataRef data) {
+    return static_cast<CFIndex>(as<DataObject>(data, Kind::data, __func__)->bytes.size());
+}
+
+const UInt8* CFDataGetBytePtr(CFDataRef data) {
+    return reinterpret_cast<const UInt8*>(as<DataObject>(data, Kind::data, __func__)->bytes.data());
 }
 
 CFStringRef CFUUIDCreateString(CFAllocatorRef /*allocator*/, CFUUIDRef uuid) {

@@ -37,6 +37,15 @@ struct BooleanObject : Object {
     bool value;
 };
 
+struct DateObject : Object {
+    // Since the beginning of 2001.
+    double seconds;
+};
+
+struct DataObject : Object {
+    std::string bytes;
+};
+
 struct UUIDObject : Object {
     std::string text;
 };
@@ -49,6 +58,9 @@ struct UUIDObject : Object {
 [[nodiscard]] CFRef<CFNumberRef> number(std::int64_t value);
 [[nodiscard]] CFRef<CFNumberRef> realNumber(double value);
 [[nodiscard]] CFRef<CFBooleanRef> boolean(bool value);
+// In seconds since the beginning of 2001.
+[[nodiscard]] CFRef<CFDateRef> date(double seconds);
+[[nodiscard]] CFRef<CFDataRef> data(const std::string& bytes);
 [[nodiscard]] CFRef<CFUUIDRef> uuid(const std::string& text);
 [[nodiscard]] Value null();
 

@@ -25,6 +25,8 @@ enum class Kind : std::uint32_t {
     boolean,
     null,
     uuid,
+    date,
+    data,
     element,
     axValue,
     // An object of an Objective-C class that is no Core Foundation type.

@@ -58,6 +58,18 @@ TEST_F(QtUserDefaultsTest, WithoutAFileEverythingIsAbsentUntilSomethingIsSet) {
     EXPECT_THAT(m_log, IsEmpty());
 }
 
+TEST_F(QtUserDefaultsTest, DatesAndDataAreTextsInTheFile) {
+    const Date date = dateFromIso8601("2026-03-02T09:30:00Z").value();
+    auto defaults = open();
+    EXPECT_TRUE(defaults.set("date", date));
+    EXPECT_TRUE(defaults.set("data", DefaultsData{"[\"a\"]"}));
+    EXPECT_EQ(read(file()),
+              SettingsText::heading() + "date = \"2026-03-02T09:30:00Z\"\ndata = \"[\\\"a\\\"]\"\n");
+    EXPECT_EQ(defaults.date("date"), date);
+    EXPECT_EQ(defaults.data("data"), DefaultsData{"[\"a\"]"});
+    EXPECT_EQ(defaults.date("data"), std::nullopt);
+}
+
 TEST_F(QtUserDefaultsTest, AValueOfAnotherTypeIsAbsent) {
     write(file(), "flag = true\nnumber = 1.5\nwhole = 2\ntext = \"true\"\n");
     auto defaults = open();

@@ -40,6 +40,12 @@ TEST(SettingsText, NamesTheLinesItCannotRead) {
     EXPECT_EQ(content.misunderstandings.at(0).text, "autoRestore = yes");
 }
 
+// Read anew from every # on, such a line would take minutes.
+TEST(SettingsText, ALongLineWithoutAnEndIsReadOnce) {
+    const std::string line = "a = \"" + std::string(1'000'000, '#');
+    EXPECT_EQ(SettingsText::parse(line).misunderstandings.size(), 1U);
+}
+
 TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLineUnderstoodOrNot) {
     const std::pair<std::string, std::string> rows[] = {
         {"# mine\n\nshowHUD=true   # at home only\n  a=1.5\n",

@@ -47,6 +47,8 @@ typedef struct CF_BRIDGED_TYPE(NSMutableDictionary) __CFDictionary* CFMutableDic
 typedef const struct CF_BRIDGED_TYPE(NSNumber) __CFNumber* CFNumberRef;
 typedef const struct CF_BRIDGED_TYPE(NSNumber) __CFBoolean* CFBooleanRef;
 typedef const struct CF_BRIDGED_TYPE(NSNull) __CFNull* CFNullRef;
+typedef const struct CF_BRIDGED_TYPE(NSDate) __CFDate* CFDateRef;
+typedef const struct CF_BRIDGED_TYPE(NSData) __CFData* CFDataRef;
 typedef const struct __CFUUID* CFUUIDRef;
 typedef CFTypeRef CFPropertyListRef;
 
@@ -119,6 +121,21 @@ VANTREL_EXTERN CFTypeID CFBooleanGetTypeID(void);
 VANTREL_EXTERN Boolean CFBooleanGetValue(CFBooleanRef boolean);
 
 VANTREL_EXTERN const CFNullRef kCFNull;
+
+// Dates and data. An absolute time is in seconds since the beginning of 2001.
+typedef double CFTimeInterval;
+typedef CFTimeInterval CFAbsoluteTime;
+VANTREL_EXTERN const CFTimeInterval kCFAbsoluteTimeIntervalSince1970;
+VANTREL_EXTERN CFTypeID CFDateGetTypeID(void);
+VANTREL_EXTERN CF_RETURNS_RETAINED CFDateRef _Nullable CFDateCreate(CFAllocatorRef _Nullable allocator,
+                                                                    CFAbsoluteTime time);
+VANTREL_EXTERN CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef date);
+VANTREL_EXTERN CFTypeID CFDataGetTypeID(void);
+VANTREL_EXTERN CF_RETURNS_RETAINED CFDataRef _Nullable CFDataCreate(CFAllocatorRef _Nullable allocator,
+                                                                    const UInt8* _Nullable bytes,
+                                                                    CFIndex count);
+VANTREL_EXTERN CFIndex CFDataGetLength(CFDataRef data);
+VANTREL_EXTERN const UInt8* _Nullable CFDataGetBytePtr(CFDataRef data);
 
 // UUIDs.
 VANTREL_EXTERN CF_RETURNS_RETAINED
