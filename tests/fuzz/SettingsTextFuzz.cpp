@@ -1,0 +1,35 @@
+// Whatever a settings file holds: changing one key changes its lines alone, and what is written is read
+// again.
+#include "Vantrel/platform/qt/SettingsText.h"
+#include "tests/fuzz/Law.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace vantrel;
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    const auto before = SettingsText::parse(text);
+
+    // The file's first key, and one that it may not have.
+    std::vector<std::string> keys{"settleDelay"};
+    if (!before.values.empty()) {
+        keys.push_back(before.values.begin()->first);
+    }
+    for (const std::string& key : keys) {
+        // The rest of the file as a value: it holds quotes, comments and line ends.
+        const auto head = text.substr(0, 64);
+        const DefaultsValue value = size % 2 == 0 ? DefaultsValue(std::string(head)) : DefaultsValue(0.5);
+        const auto changed = SettingsText::parse(SettingsText::withValue(text, key, value));
+        auto expected = before.values;
+        expected.erase(key);
+        auto others = changed.values;
+        const bool isWritten = others.erase(key) == 1;
+        fuzz::require(isWritten, "what is written is read again");
+        fuzz::require(others == expected, "the other keys keep their values");
+        if (const auto* const number = std::get_if<double>(&value)) {
+            fuzz::require(changed.values.at(key) == DefaultsValue(*number),
+                          "a number is read as it was written");
+        }
+        const auto removed = SettingsText::parse(SettingsText::withoutKey(text, key));
+        fuzz::require(removed.values == expected, "a key that is taken away is gone, and nothing else");
+    }
+    return 0;
+}
