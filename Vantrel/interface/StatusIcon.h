@@ -1,17 +1,10 @@
 // The status item: an icon in the desktop's tray that shows the phase, with the context menu.
 #pragma once
 
-#include "Vantrel/controller/AppController.h"
-#include "VantrelCore/commands/StatusItemMenu.h"
+#include "Vantrel/interface/StatusItemContextMenu.h"
 
-#include <QMenu>
-#include <QSystemTrayIcon>
-
-#include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <vector>
 
 namespace vantrel {
 
@@ -19,19 +12,8 @@ namespace vantrel {
 // StatusNotifierItem where there is a host for it, else an XEmbed icon.
 class StatusIcon {
 public:
-    // The menu bar is a Mac's; there Qt opens the menu itself on every kind of click.
-    enum class Tray : std::uint8_t { statusNotifier, xembed, menuBar };
-
-    struct Actions {
-        // Absent as long as there are no such windows: their entries are then left out, and a left click
-        // opens the menu.
-        std::function<void()> openPanel{};
-        std::function<void()> openLayouts{};
-        std::function<void()> openSettings{};
-        std::function<void()> purchase{};
-        std::function<void()> checkForUpdates{};
-        std::function<void()> quit{};
-    };
+    using Tray = StatusItemContextMenu::Tray;
+    using Actions = StatusItemContextMenu::Actions;
 
     StatusIcon(AppController& controller, Actions actions);
     ~StatusIcon();
@@ -46,31 +28,17 @@ public:
     void leaveStatusNotifier();
 
     // Offers to set Mission Control's settings right, until it is called with null.
-    void offerMissionControlFix(std::function<void()> fix);
+    void offerMissionControlFix(std::function<void()> fix) { m_menu.offerMissionControlFix(std::move(fix)); }
 
 private:
     void refresh();
-    void fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& entries, Tray tray);
-    [[nodiscard]] std::vector<StatusItemMenuEntry> wantedEntries() const;
-    [[nodiscard]] const std::function<void()>& actionOf(StatusItem::Notice::Kind kind) const;
-    [[nodiscard]] bool isOffered(const StatusItemMenuEntry& entry) const;
-    void perform(const StatusItemMenuEntry& entry);
-    // Shows beside the icon why an entry did nothing.
-    [[nodiscard]] RestoreOutcome::Done tellRefusal();
 
     AppController& m_controller;
-    Actions m_actions;
-    std::function<void()> m_fixMissionControl;
-    QMenu m_menu;
-    // What a left click opens while there is no panel.
-    QMenu m_popup;
+    StatusItemContextMenu m_menu;
     Tray m_tray = Tray::xembed;
     std::optional<QSystemTrayIcon> m_icon;
     std::optional<Phase> m_shownPhase;
-    std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
     Publisher::ObserverID m_observer;
-    // Expires with this object, for restores that end later.
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 } // namespace vantrel

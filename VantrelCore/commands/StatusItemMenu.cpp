@@ -4,68 +4,68 @@
 
 namespace vantrel::StatusItemMenuBuilder {
 
-namespace {
-
-// The three dots say that an entry opens a window.
-struct Title {
-    std::string operator()(const StatusItem::SceneEntry& scene) const { return scene.name; }
-
-    std::string operator()(const StatusItem::UndoLastRestore& /*undo*/) const { return "Undo last restore"; }
-
-    std::string operator()(StatusItem::RestoreNow /*restore*/) const { return "Restore now"; }
-
-    std::string operator()(StatusItem::Separator /*separator*/) const { return ""; }
-
-    std::string operator()(StatusItem::Layouts /*layouts*/) const { return "Layouts…"; }
-
-    std::string operator()(StatusItem::Settings /*settings*/) const { return "Settings…"; }
-
-    std::string operator()(StatusItem::Quit /*quit*/) const { return "Quit Vantrel"; }
-
-    std::string operator()(const StatusItem::Notice& notice) const { return notice.title; }
-};
-
-} // namespace
+using Kind = StatusItemMenuEntry::Kind;
 
 std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>& scenes,
                                        const std::optional<std::string>& undoReason) {
-    std::vector<StatusItemMenuEntry> entries(scenes.begin(), scenes.end());
-    entries.emplace_back(StatusItem::RestoreNow{});
-    if (undoReason) {
-        entries.emplace_back(StatusItem::UndoLastRestore{*undoReason});
+    std::vector<StatusItemMenuEntry> entries;
+    for (const StatusItem::SceneEntry& scene : scenes) {
+        entries.push_back(StatusItemMenuEntry::scene(scene.id, scene.name));
     }
-    entries.emplace_back(StatusItem::Separator{});
-    entries.emplace_back(StatusItem::Layouts{});
-    entries.emplace_back(StatusItem::Settings{});
-    entries.emplace_back(StatusItem::Quit{});
+    entries.push_back({Kind::restoreNow});
+    if (undoReason) {
+        entries.push_back(StatusItemMenuEntry::undoLastRestore(*undoReason));
+    }
+    for (const Kind kind : {Kind::separator, Kind::layouts, Kind::settings, Kind::quit}) {
+        entries.push_back({kind});
+    }
     return entries;
 }
 
 std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries, const News& news) {
-    using StatusItem::Notice;
+    using Notice = StatusItem::Notice::Kind;
     std::vector<StatusItemMenuEntry> above;
     if (news.isTrialOver) {
-        above.emplace_back(Notice{Notice::Kind::trialEnded, "Trial ended"});
-        above.emplace_back(Notice{Notice::Kind::purchase, "Get Vantrel · $19"});
+        above.push_back(StatusItemMenuEntry::notice(Notice::trialEnded, "Trial ended"));
+        above.push_back(StatusItemMenuEntry::notice(Notice::purchase, "Get Vantrel · $19"));
     }
     if (news.latestAvailable) {
-        above.emplace_back(
-            Notice{Notice::Kind::updateAvailable, UpdateOffer::caption(*news.latestAvailable)});
+        above.push_back(StatusItemMenuEntry::notice(Notice::updateAvailable,
+                                                    UpdateOffer::caption(*news.latestAvailable)));
     }
     if (news.isMissionControlLosing) {
-        above.emplace_back(Notice{Notice::Kind::fixMissionControl, "Keep Spaces in Place"});
+        above.push_back(StatusItemMenuEntry::notice(Notice::fixMissionControl, "Keep Spaces in Place"));
     }
     if (!above.empty()) {
-        above.emplace_back(StatusItem::Separator{});
+        above.push_back({Kind::separator});
     }
     const auto last = entries.empty() ? entries.end() : entries.end() - 1;
-    entries.insert(last, Notice{Notice::Kind::checkForUpdates, "Check for Updates…"});
+    entries.insert(last, StatusItemMenuEntry::notice(Notice::checkForUpdates, "Check for Updates…"));
     entries.insert(entries.begin(), above.begin(), above.end());
     return entries;
 }
 
+// Three dots say that an entry opens a window.
 std::string title(const StatusItemMenuEntry& entry) {
-    return std::visit(Title{}, entry);
+    switch (entry.kind) {
+    case Kind::scene:
+        return entry.sceneEntry.name;
+    case Kind::undoLastRestore:
+        return "Undo last restore";
+    case Kind::restoreNow:
+        return "Restore now";
+    case Kind::layouts:
+        return "Layouts…";
+    case Kind::settings:
+        return "Settings…";
+    case Kind::quit:
+        return "Quit Vantrel";
+    case Kind::notice:
+        return entry.noticeEntry.title;
+    case Kind::separator:
+        break;
+    }
+    return "";
 }
 
 } // namespace vantrel::StatusItemMenuBuilder

@@ -4,45 +4,17 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <variant>
+#include <utility>
 #include <vector>
 
 namespace vantrel {
 
 namespace StatusItem {
 
-// Applies the scene.
 struct SceneEntry {
     std::string id;
     std::string name;
     bool operator==(const SceneEntry&) const = default;
-};
-
-struct UndoLastRestore {
-    // What caused the restore that would be undone.
-    std::string reason;
-    bool operator==(const UndoLastRestore&) const = default;
-};
-
-struct RestoreNow {
-    bool operator==(const RestoreNow&) const = default;
-};
-
-struct Separator {
-    bool operator==(const Separator&) const = default;
-};
-
-struct Layouts {
-    bool operator==(const Layouts&) const = default;
-};
-
-struct Settings {
-    bool operator==(const Settings&) const = default;
-};
-
-struct Quit {
-    bool operator==(const Quit&) const = default;
 };
 
 // Shown besides the entries that are always there.
@@ -65,9 +37,38 @@ struct Notice {
 
 } // namespace StatusItem
 
-using StatusItemMenuEntry = std::variant<StatusItem::SceneEntry, StatusItem::UndoLastRestore,
-                                         StatusItem::RestoreNow, StatusItem::Separator, StatusItem::Layouts,
-                                         StatusItem::Settings, StatusItem::Quit, StatusItem::Notice>;
+struct StatusItemMenuEntry {
+    enum class Kind : std::uint8_t {
+        scene,
+        undoLastRestore,
+        restoreNow,
+        separator,
+        layouts,
+        settings,
+        quit,
+        notice,
+    };
+
+    Kind kind = Kind::separator;
+    // Which scene it applies; empty for all others.
+    StatusItem::SceneEntry sceneEntry{};
+    // What caused the restore that undoLastRestore would undo.
+    std::string reason{};
+    // Of a notice.
+    StatusItem::Notice noticeEntry{};
+
+    [[nodiscard]] static StatusItemMenuEntry scene(std::string id, std::string name) {
+        return {.kind = Kind::scene, .sceneEntry = {std::move(id), std::move(name)}};
+    }
+    [[nodiscard]] static StatusItemMenuEntry undoLastRestore(std::string reason) {
+        return {.kind = Kind::undoLastRestore, .reason = std::move(reason)};
+    }
+    [[nodiscard]] static StatusItemMenuEntry notice(StatusItem::Notice::Kind kind, std::string title) {
+        return {.kind = Kind::notice, .noticeEntry = {kind, std::move(title)}};
+    }
+
+    bool operator==(const StatusItemMenuEntry&) const = default;
+};
 
 namespace StatusItemMenuBuilder {
 

@@ -12,7 +12,7 @@ std::vector<std::string> titles(const std::vector<StatusItemMenuEntry>& entries)
     texts.reserve(entries.size());
     for (const auto& entry : entries) {
         texts.push_back(
-            std::holds_alternative<StatusItem::Separator>(entry) ? "-" : StatusItemMenuBuilder::title(entry));
+            entry.kind == StatusItemMenuEntry::Kind::separator ? "-" : StatusItemMenuBuilder::title(entry));
     }
     return texts;
 }
@@ -21,8 +21,8 @@ TEST(StatusItemMenu, ScenesComeFirstInTheirOrderAndUndoBehindRestore) {
     const auto entries = StatusItemMenuBuilder::build({{"2", "Writing"}, {"1", "Calls"}}, "Display change");
     EXPECT_THAT(titles(entries), ElementsAre("Writing", "Calls", "Restore now", "Undo last restore", "-",
                                              "Layouts…", "Settings…", "Quit Vantrel"));
-    EXPECT_EQ(entries[0], StatusItemMenuEntry(StatusItem::SceneEntry{"2", "Writing"}));
-    EXPECT_EQ(entries[3], StatusItemMenuEntry(StatusItem::UndoLastRestore{"Display change"}));
+    EXPECT_EQ(entries[0], StatusItemMenuEntry::scene("2", "Writing"));
+    EXPECT_EQ(entries[3], StatusItemMenuEntry::undoLastRestore("Display change"));
 }
 
 TEST(StatusItemMenu, SaysWhatIsNewAboveTheEntries) {

@@ -1,0 +1,189 @@
+#include "Vantrel/interface/StatusItemContextMenu.h"
+
+#include <QCursor>
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+QString qt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+// An ampersand would underline the letter behind it. Qt 6.4 hands a menu to a StatusNotifierItem's host with
+// the first ampersand that has something behind it as an underscore, which does there what the ampersand does
+// here.
+QString menuTitle(const std::string& text, StatusItemContextMenu::Tray tray) {
+    QString title = qt(text);
+    if (tray != StatusItemContextMenu::Tray::statusNotifier) {
+        return title.replace('&', "&&");
+    }
+    title.replace('_', "__");
+    const auto first = title.indexOf('&');
+    return first < 0 || first == title.size() - 1 ? title : title.insert(first, '&');
+}
+
+std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMissionControlLosing) {
+    std::vector<StatusItem::SceneEntry> scenes;
+    for (const auto& scene : state.scenes) {
+        if (scene.configID == state.configID) {
+            scenes.push_back({scene.id, scene.name});
+        }
+    }
+    const auto* const undo = state.applicableUndo();
+    return StatusItemMenuBuilder::withNotices(
+        StatusItemMenuBuilder::build(scenes, undo != nullptr ? std::optional(undo->reason) : std::nullopt),
+        {.isTrialOver = state.entitlement.kind == Entitlement::Kind::trialOver,
+         .latestAvailable = state.latestAvailable,
+         .isMissionControlLosing = isMissionControlLosing});
+}
+
+bool isOnlySaid(const StatusItemMenuEntry& entry) {
+    return entry.kind == StatusItemMenuEntry::Kind::notice &&
+           entry.noticeEntry.kind == StatusItem::Notice::Kind::trialEnded;
+}
+
+} // namespace
+
+StatusItemContextMenu::StatusItemContextMenu(AppController& controller, Actions actions)
+    : m_controller(controller), m_actions(std::move(actions)),
+      m_observer(controller.addObserver([this] { refresh(); })) {
+    // What changed while it was open. Later, when it counts as closed.
+    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
+    refresh();
+}
+
+StatusItemContextMenu::~StatusItemContextMenu() {
+    m_controller.removeObserver(m_observer);
+}
+
+void StatusItemContextMenu::install(QSystemTrayIcon& icon, Tray tray) {
+    m_icon = &icon;
+    m_tray = tray;
+    m_shownEntries.reset();
+    refresh();
+    icon.setContextMenu(&m_menu);
+}
+
+void StatusItemContextMenu::clicked() {
+    if (m_actions.openPanel) {
+        m_actions.openPanel();
+    } else if (m_tray != Tray::menuBar) {
+        fill(m_popup, wantedEntries(), Tray::xembed);
+        m_popup.popup(QCursor::pos());
+    }
+}
+
+void StatusItemContextMenu::refresh() {
+    // A menu that is open keeps its entries under the user's pointer.
+    const auto wanted = wantedEntries();
+    if (m_shownEntries != wanted && !m_menu.isVisible()) {
+        fill(m_menu, wanted, m_tray);
+        m_shownEntries = wanted;
+    }
+}
+
+void StatusItemContextMenu::offerMissionControlFix(std::function<void()> fix) {
+    m_fixMissionControl = std::move(fix);
+    refresh();
+}
+
+std::vector<StatusItemMenuEntry> StatusItemContextMenu::wantedEntries() const {
+    return entries(m_controller.published(), static_cast<bool>(m_fixMissionControl));
+}
+
+bool StatusItemContextMenu::isOffered(const StatusItemMenuEntry& entry) const {
+    switch (entry.kind) {
+    case StatusItemMenuEntry::Kind::layouts:
+        return static_cast<bool>(m_actions.openLayouts);
+    case StatusItemMenuEntry::Kind::settings:
+        return static_cast<bool>(m_actions.openSettings);
+    default:
+        return true;
+    }
+}
+
+void StatusItemContextMenu::fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& wanted, Tray tray) {
+    menu.clear();
+    for (const auto& entry : wanted) {
+        if (entry.kind == StatusItemMenuEntry::Kind::separator) {
+            menu.addSeparator();
+        } else if (isOffered(entry)) {
+            QAction* const action = menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry), tray));
+            action->setEnabled(!isOnlySaid(entry));
+            QObject::connect(action, &QAction::triggered, [this, entry] { perform(entry); });
+        }
+    }
+}
+
+const std::function<void()>& StatusItemContextMenu::actionOf(StatusItem::Notice::Kind kind) const {
+    switch (kind) {
+    case StatusItem::Notice::Kind::purchase:
+        return m_actions.purchase;
+    case StatusItem::Notice::Kind::fixMissionControl:
+        return m_fixMissionControl;
+    case StatusItem::Notice::Kind::trialEnded:
+    case StatusItem::Notice::Kind::updateAvailable:
+    case StatusItem::Notice::Kind::checkForUpdates:
+        break;
+    }
+    return m_actions.checkForUpdates;
+}
+
+RestoreOutcome::Done StatusItemContextMenu::tellRefusal() {
+    using Kind = RestoreOutcome::Kind;
+    return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
+        // Whoever asked for something else meanwhile need not be told.
+        const bool isSilent = outcome.kind == Kind::finished || outcome.kind == Kind::superseded;
+        if (!isSilent && !alive.expired() && m_icon) {
+            m_icon->showMessage("Vantrel", qt(outcome.text()), m_icon->icon());
+        }
+    };
+}
+
+void StatusItemContextMenu::applyScene(const std::string& id) {
+    const auto& scenes = m_controller.published().scenes;
+    const auto found = std::ranges::find(scenes, id, &Scene::id);
+    if (found != scenes.end()) {
+        // Applying it changes the published scenes.
+        const Scene wanted = *found;
+        m_controller.applyScene(wanted, std::nullopt, tellRefusal());
+    }
+}
+
+void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
+    switch (entry.kind) {
+    case StatusItemMenuEntry::Kind::scene:
+        applyScene(entry.sceneEntry.id);
+        break;
+    case StatusItemMenuEntry::Kind::restoreNow:
+        m_controller.restoreNow(RestoreSource::menu, tellRefusal());
+        break;
+    case StatusItemMenuEntry::Kind::undoLastRestore:
+        m_controller.undoLastRestore(tellRefusal());
+        break;
+    case StatusItemMenuEntry::Kind::layouts:
+        m_actions.openLayouts();
+        break;
+    case StatusItemMenuEntry::Kind::settings:
+        m_actions.openSettings();
+        break;
+    case StatusItemMenuEntry::Kind::notice:
+        if (const auto& action = actionOf(entry.noticeEntry.kind)) {
+            action();
+        }
+        break;
+    case StatusItemMenuEntry::Kind::quit:
+        if (m_actions.quit) {
+            m_actions.quit();
+        }
+        break;
+    case StatusItemMenuEntry::Kind::separator:
+        break;
+    }
+}
+
+} // namespace vantrel
