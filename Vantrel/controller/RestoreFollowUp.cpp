@@ -39,10 +39,6 @@ void watch(Moved& window) {
     window.userMoves = window.handle.element()->watchUserMoves();
 }
 
-bool isTakenByUser(const Moved& window) {
-    return window.userMoves && window.userMoves->hasSeenUser();
-}
-
 std::optional<Rect> visibleFrame(const Moved& window) {
     return WindowSnapshotter::ordinaryFrame(window.handle.element()->read(AttributeGroup::all));
 }

@@ -22,7 +22,8 @@ struct Moved {
     AXWindowHandle handle;
     // Which item of the report tells of it.
     std::size_t item = 0;
-    // Null as long as nobody watches.
+    // Tells whether the user has moved it since; it then stays where it is, whatever else moves it. Null as
+    // long as nobody watches, and where the platform cannot tell.
     std::shared_ptr<UserMoveWatch> userMoves = nullptr;
 };
 
@@ -36,9 +37,6 @@ struct Moved {
 
 // Watches from now on whether the user moves it, where the platform can tell.
 void watch(Moved& window);
-
-// The user has moved the window since: it stays where it is, whatever else moves it.
-[[nodiscard]] bool isTakenByUser(const Moved& window);
 
 // Asks the window; none for one that is gone, minimised or full screen.
 [[nodiscard]] std::optional<Rect> visibleFrame(const Moved& window);

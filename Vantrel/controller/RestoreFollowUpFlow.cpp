@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <fmt/format.h>
 #include <iterator>
 
 namespace vantrel {
@@ -16,13 +17,17 @@ using RestoreFollowUp::Moved;
 // Seconds after the end of the restore.
 constexpr double lookTimes[] = {1, 3, 7};
 
-enum class Finding : std::uint8_t { nothing, putBack, leftToUser };
+enum class Finding : std::uint8_t { nothing, putBack, leftToUser, leftUnwatched };
 
 Finding look(const Moved& window, RestoreEngine::Sizes sizes) {
     if (!RestoreFollowUp::isDisplaced(RestoreFollowUp::visibleFrame(window), window.target, sizes)) {
         return Finding::nothing;
     }
-    if (RestoreFollowUp::isTakenByUser(window)) {
+    if (!window.userMoves) {
+        // Perhaps the user has just put it there.
+        return Finding::leftUnwatched;
+    }
+    if (window.userMoves->hasSeenUser()) {
         return Finding::leftToUser;
     }
     RestoreEngine::place(window.target, window.handle, sizes);
@@ -97,16 +102,22 @@ void RestoreFollowUpFlow::look() {
                 m_context.log("restore follow-up: put back " + ControllerText::windows(putBack.size()));
                 m_onPutBack(putBack);
             }
-            const auto left = itemsOf(landed, findings, Finding::leftToUser);
-            if (!left.empty() && epoch == m_epoch) {
-                m_context.log("restore follow-up: left " + ControllerText::windows(left.size()) +
-                              " to the user");
-                std::erase_if(m_landed, [&](const Moved& window) {
-                    return std::ranges::find(left, window.item) != left.end();
-                });
+            if (epoch == m_epoch) {
+                leaveAlone(itemsOf(landed, findings, Finding::leftToUser), "to the user");
+                leaveAlone(itemsOf(landed, findings, Finding::leftUnwatched),
+                           "alone, as the user's own moves cannot be told apart here");
             }
             m_context.endPass();
         });
+}
+
+void RestoreFollowUpFlow::leaveAlone(const std::vector<std::size_t>& items, std::string_view how) {
+    if (items.empty()) {
+        return;
+    }
+    m_context.log(fmt::format("restore follow-up: left {} {}", ControllerText::windows(items.size()), how));
+    std::erase_if(m_landed,
+                  [&](const Moved& window) { return std::ranges::find(items, window.item) != items.end(); });
 }
 
 } // namespace vantrel

@@ -1,5 +1,6 @@
 // Looks again after an automatic restore, because window managers go on moving windows for seconds after a
-// display change, and puts back what was displaced, unless the user has moved it since.
+// display change, and puts back what was displaced, unless the user has moved it since or nothing can tell
+// whether the user has.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -7,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,8 @@ public:
 
 private:
     void look();
+    // These windows are not looked at any more.
+    void leaveAlone(const std::vector<std::size_t>& items, std::string_view how);
 
     ControllerContext& m_context;
     std::function<void(const std::vector<std::size_t>&)> m_onPutBack;

@@ -61,7 +61,7 @@ public:
     }
 
     [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override {
-        return std::make_unique<DragWatch>(m_desk, m_id);
+        return m_desk.tellsDragsApart ? std::make_unique<DragWatch>(m_desk, m_id) : nullptr;
     }
 
     bool raise() override {

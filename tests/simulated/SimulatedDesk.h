@@ -73,8 +73,10 @@ public:
     [[nodiscard]] bool exists(WindowID id) const;
     // To read and to change as the user or the application does, without a trace in moves(). Must exist.
     [[nodiscard]] SimulatedWindow& window(WindowID id);
-    // The user drags it there, which the platform can tell from any other move. Must exist.
+    // The user drags it there. Must exist.
     void drag(WindowID id, const Rect& frame);
+    // The platform can tell that from any other move.
+    bool tellsDragsApart = true;
     void bringToFront(WindowID id);
     // Front to back.
     [[nodiscard]] const std::vector<std::unique_ptr<SimulatedWindow>>& windows() const { return m_windows; }

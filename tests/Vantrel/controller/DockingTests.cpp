@@ -158,6 +158,21 @@ TEST_F(Docking, AWindowThatTheUserDragsMeanwhileIsNeverPutBackTheOthersAre) {
     EXPECT_EQ(story.logged("restore follow-up: left "), 1U);
 }
 
+TEST_F(Docking, WhereNothingTellsTheUsersMovesApartNoWindowIsPutBack) {
+    story.desk.tellsDragsApart = false;
+    story.connect("laptop");
+    story.desk.habits.meddlingDelays = {1.2};
+    story.desk.change(DeskSetup::named("laptop-and-monitor"));
+    ASSERT_TRUE(awaitRestore(true) && awaitRestore(false));
+    const Rect dragged{{300, 100}, {640, 400}};
+    story.desk.drag(story.mail, dragged);
+    story.runFor(12);
+    EXPECT_EQ(story.frame(story.mail), dragged);
+    EXPECT_NE(story.frame(story.terminal), home.at(story.terminal));
+    EXPECT_EQ(story.logged("restore follow-up: put back "), 0U);
+    EXPECT_EQ(story.logged("restore follow-up: left 3 windows alone, as "), 1U);
+}
+
 TEST_F(Docking, AManualRestoreEndsTheFollowUp) {
     story.connect("laptop");
     story.desk.change(DeskSetup::named("laptop-and-monitor"));
