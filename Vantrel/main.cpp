@@ -27,6 +27,7 @@
 #include "Vantrel/platform/posix/ZoneDatabase.h"
 #include "Vantrel/platform/qt/BusMembership.h"
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
+#include "Vantrel/platform/qt/GuardedApplication.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
 #include "Vantrel/platform/qt/QtHttpClient.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
@@ -203,6 +204,7 @@ private:
     }
 
     void startEngine() {
+        m_eventErrors = m_connection->onThrown([this](const std::string& message) { logSoon(message); });
         m_loss = m_connection->onLoss([this] { m_queue.post([this] { endWithoutServer(); }); });
         if (!m_connection->isConnected()) {
             m_queue.post([this] { endWithoutServer(); });
@@ -246,7 +248,8 @@ private:
 
     [[nodiscard]] bool serve() {
         m_service.reset();
-        m_service.emplace(*m_controller, m_supportDirectory, m_bus);
+        m_service.emplace(*m_controller, m_supportDirectory, m_bus,
+                          [this](const std::string& message) { log(message); });
         return m_service->start();
     }
 
@@ -280,6 +283,11 @@ private:
 
     void log(const std::string& message) { m_log.write(message); }
 
+    // From any thread.
+    void logSoon(const std::string& message) {
+        m_queue.post([this, message] { log(message); });
+    }
+
     std::filesystem::path m_supportDirectory = UserFolders::supportDirectory();
     // Held until everything that writes is gone.
     InstanceLock m_lock;
@@ -289,7 +297,7 @@ private:
     ExitCode m_result = ExitCode::done;
     PosixFileSystem m_files;
     SystemClock m_clock;
-    QtMainQueue m_queue;
+    QtMainQueue m_queue{[this](const std::string& message) { log(message); }};
     AppLog m_log{m_supportDirectory, m_files, m_clock};
     QtUserDefaults m_defaults{UserFolders::settingsFile(), m_files,
                               [this](const std::string& message) { log(message); }};
@@ -320,12 +328,12 @@ private:
     IcalCalendarReader m_calendar{
         UserFolders::home(), UserFolders::data(),
         [this](const std::string& name) { return m_zones.named(name); },
-        [this](const std::string& message) { m_queue.post([this, message] { log(message); }); }};
+        [this](const std::string& message) { logSoon(message); }};
     std::unique_ptr<DesktopPictures> m_pictures =
         desktopPictures(environment("XDG_CURRENT_DESKTOP"), m_connection);
     X11HotKeys m_hotKeys{m_connection, m_queue};
     // Ends before the adapters that its work uses.
-    ThreadBackground m_background;
+    ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
     AutostartFile m_autostart{m_files, UserFolders::autostartFile(),
                               QCoreApplication::applicationFilePath().toStdString()};
     CrashUploader m_crashUploader{m_files,
@@ -350,6 +358,7 @@ private:
     std::optional<ControlService> m_service;
     TerminationSignals m_termination{[] { QCoreApplication::quit(); }};
     Registration m_loss;
+    Registration m_eventErrors;
     std::optional<HUDOverlay> m_overlay;
     std::optional<StatusIcon> m_statusIcon;
     std::optional<StatusNotifierHost> m_notifierHost;
@@ -387,7 +396,11 @@ int main(int argumentCount, char** arguments) {
     }
     // Not without a server: Qt would end the process by abort().
     qputenv("QT_QPA_PLATFORM", "xcb");
-    QApplication application(argumentCount, arguments);
+    GuardedApplication<QApplication> application(argumentCount, arguments, [](const std::string& line) {
+        if (AppLog* const log = runningLog()) {
+            log->write(line);
+        }
+    });
     application.setQuitOnLastWindowClosed(false);
     application.setApplicationDisplayName("Vantrel");
     application.setDesktopFileName(ownBundleID);

@@ -169,7 +169,7 @@ private:
     PosixFileSystem m_files;
     SystemClock m_clock;
     AppLog m_log;
-    MacMainQueue m_queue;
+    MacMainQueue m_queue{[this](const std::string& message) { m_log.write(message); }};
     MacUserDefaults m_defaults{m_queue};
     QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
     Vendor m_vendor = vendor();
@@ -196,7 +196,7 @@ private:
                                   [this](const std::string& message) { m_log.write(message); }};
     CarbonHotKeys m_hotKeys;
     // Ends before the adapters that its work uses.
-    ThreadBackground m_background;
+    ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
     CrashUploader m_crashUploader{m_files,
                                   m_defaults,
                                   m_http,

@@ -13,5 +13,6 @@ inline constexpr const char* actionsInterface = "org.vantrel.Vantrel.Actions";
 inline constexpr const char* refused = "org.vantrel.Error.Refused";
 inline constexpr const char* nothingHappened = "org.vantrel.Error.NothingHappened";
 inline constexpr const char* superseded = "org.vantrel.Error.Superseded";
+inline constexpr const char* failed = "org.vantrel.Error.Failed";
 
 } // namespace vantrel::ControlNames

@@ -1,6 +1,7 @@
 #include "Vantrel/commands/ControlService.h"
 
 #include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/ControlCall.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
@@ -90,10 +91,10 @@ std::optional<std::vector<std::string>> texts(const QList<QVariant>& arguments) 
 } // namespace
 
 ControlService::ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
-                               const QDBusConnection& bus)
+                               const QDBusConnection& bus, ErrorBoundary::Log log)
     : m_controller(controller), m_interfaces(everyInterface(controller, supportDirectory)), m_bus(bus),
-      m_observer(controller.addObserver([this] { tellChanges(); })), m_phase(controller.published().phase),
-      m_lastRestore(controller.published().lastRestore) {}
+      m_log(std::move(log)), m_observer(controller.addObserver([this] { tellChanges(); })),
+      m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore) {}
 
 ControlService::~ControlService() {
     m_controller.removeObserver(m_observer);
@@ -129,7 +130,7 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
         m_bus.send(message.createErrorReply(QDBusError::InvalidArgs, QString::fromStdString(*refusal)));
         return true;
     }
-    method->call(*arguments, replyTo(message));
+    ControlCall::run(*method, *arguments, replyTo(message), m_log);
     return true;
 }
 

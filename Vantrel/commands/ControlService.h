@@ -4,6 +4,7 @@
 
 #include "Vantrel/commands/ControlMethod.h"
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/diagnostics/ErrorBoundary.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -19,8 +20,9 @@ namespace vantrel {
 // a restore then end with the connection.
 class ControlService final : public QDBusVirtualObject {
 public:
+    // `log` is told of methods that throw.
     ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
-                   const QDBusConnection& bus);
+                   const QDBusConnection& bus, ErrorBoundary::Log log);
     ~ControlService() override;
     ControlService(const ControlService&) = delete;
     ControlService& operator=(const ControlService&) = delete;
@@ -42,6 +44,7 @@ private:
     AppController& m_controller;
     std::vector<ControlInterface> m_interfaces;
     QDBusConnection m_bus;
+    ErrorBoundary::Log m_log;
     Publisher::ObserverID m_observer;
     // What was last told.
     Phase m_phase;

@@ -39,23 +39,21 @@ void perform(ControllerContext& context, std::function<void(const Result&)> done
         return;
     }
     const auto displays = context.currentDisplays();
-    context.beginPass();
-    context.inBackground(
+    context.runPass(
         WorkPriority::userInitiated,
         [scope = context.captureScope(displays), ports = context.ports] {
             return DeskCapture::picture(ports.accessibility, ports.clock, scope);
         },
         [&context, displays, done = std::move(done),
-         before = context.resumeEpoch](const DeskCapture::Picture& picture) {
-            Result result = std::unexpected(Kind::displaysChanging);
-            if (before == context.resumeEpoch && context.isDeskCurrent()) {
-                Layout layout = context.layoutOf(picture, displays);
+         before = context.resumeEpoch](const std::optional<DeskCapture::Picture>& picture) {
+            Result result = std::unexpected(picture ? Kind::displaysChanging : Kind::captureFailed);
+            if (picture && before == context.resumeEpoch && context.isDeskCurrent()) {
+                Layout layout = context.layoutOf(*picture, displays);
                 result = layout.windows.empty() ? Result(std::unexpected(Kind::nothingToSave))
                                                 : Result(std::move(layout));
             }
             done(result);
             context.refreshStatus();
-            context.endPass();
         });
 }
 

@@ -26,13 +26,21 @@ ControllerContext::ControllerContext(const ControllerPorts& controllerPorts, App
     : ports(controllerPorts), settings(controllerPorts.defaults), store(layouts), sceneStore(scenes),
       publisher(controllerPorts.mainQueue), m_log(appLog) {}
 
+void ControllerContext::workEnded(std::uint64_t id, const std::string& problem) {
+    if (!problem.empty()) {
+        log(problem);
+    }
+    const auto waiting = m_waitingForWork.extract(id);
+    waiting.mapped()();
+}
+
 void ControllerContext::endPass() {
     m_axWorkInFlight = false;
     if (onPassEnded) {
-        onPassEnded();
+        guarded(onPassEnded);
     }
     for (const auto& work : std::exchange(m_afterPass, {})) {
-        work();
+        guarded(work);
     }
 }
 

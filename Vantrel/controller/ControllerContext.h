@@ -10,10 +10,12 @@
 #include "Vantrel/controller/Publisher.h"
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
+#include "VantrelCore/diagnostics/ErrorBoundary.h"
 #include "VantrelCore/stores/LayoutStore.h"
 #include "VantrelCore/stores/SceneStore.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -61,10 +63,6 @@ public:
     std::shared_ptr<MovePermit> movePermit = std::make_shared<MovePermit>();
 
     [[nodiscard]] bool axWorkInFlight() const { return m_axWorkInFlight; }
-    // A capture or another accessibility pass begins or ends; at most one at a time, and none during a
-    // restore.
-    void beginPass() { m_axWorkInFlight = true; }
-    void endPass();
     // Called when a pass has ended.
     std::function<void()> onPassEnded;
     // Called once when the pass under way has ended, after a restore that waited has had its turn.
@@ -119,25 +117,57 @@ public:
 
     // Runs `work` off the main thread and hands its result to `done` on the main thread, unless the
     // controller is gone by then. `work` may use nothing of the controller but the ports.
+    //
+    // `done` takes an std::optional of the result, empty when `work` threw; the log has the error then.
+    // `done` stays on the main thread, so what it holds is destroyed there, too.
     template <typename Work, typename Done>
     void inBackground(WorkPriority priority, Work work, Done done) {
-        ports.background.run(priority, [&queue = ports.mainQueue, alive = std::weak_ptr(m_alive),
-                                        work = std::move(work), done = std::move(done)] {
-            auto result = std::make_shared<decltype(work())>(work());
-            queue.post([alive, done, result] {
+        auto result = std::make_shared<std::optional<decltype(work())>>();
+        const auto id = m_nextWork++;
+        m_waitingForWork[id] = [result, done = std::move(done)] { done(std::move(*result)); };
+        ports.background.run(priority, [this, alive = std::weak_ptr(m_alive), &queue = ports.mainQueue, id,
+                                        work = std::move(work), result]() mutable {
+            std::string problem;
+            ErrorBoundary::run(
+                "background", [&](const std::string& line) { problem = line; }, [&] { *result = work(); });
+            result.reset();
+            queue.post([this, alive, id, problem = std::move(problem)] {
                 if (alive.lock()) {
-                    done(std::move(*result));
+                    workEnded(id, problem);
                 }
             });
         });
     }
 
+    // The same for a capture or another accessibility pass: there is one at a time, and none during a
+    // restore. The pass ends after `done`, even if that throws.
+    template <typename Work, typename Done>
+    void runPass(WorkPriority priority, Work work, Done done) {
+        inBackground(priority, std::move(work), [this, done = std::move(done)](auto result) {
+            guarded([&] { done(std::move(result)); });
+            endPass();
+        });
+        m_axWorkInFlight = true;
+    }
+
+    // Runs `work`; what it throws goes to the log and no further. False when it threw.
+    template <typename Work>
+    bool guarded(Work&& work) {
+        return ErrorBoundary::run(
+            "controller", [this](const std::string& line) { log(line); }, std::forward<Work>(work));
+    }
+
 private:
+    void workEnded(std::uint64_t id, const std::string& problem);
+    void endPass();
     void publishStored(PublishedState& state);
     void publishLastAppliedScene(PublishedState& state);
 
     AppLog& m_log;
     bool m_axWorkInFlight = false;
+    // What is to follow the background work under way, by its number.
+    std::map<std::uint64_t, std::function<void()>> m_waitingForWork;
+    std::uint64_t m_nextWork = 0;
     std::vector<std::function<void()>> m_afterPass;
     std::optional<bool> m_loggedEntitled;
     // What there is to show of the restore that runs or has just finished.

@@ -98,15 +98,14 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
     } else if (m_context.axWorkInFlight()) {
         m_context.afterPass([this, key] { attemptPlacement(key); });
     } else {
-        m_context.beginPass();
-        m_context.inBackground(
+        m_context.runPass(
             WorkPriority::userInitiated,
             [task = task(launch.app), ports = m_context.ports] {
                 return LaunchPlacementPass::run(task, ports.accessibility, ports.clock, ports.background);
             },
-            [this, key](const LaunchPlacementPass::Result& result) {
-                finish(key, result);
-                m_context.endPass();
+            [this, key](const std::optional<LaunchPlacementPass::Result>& result) {
+                // A look that failed has seen no window; the next one may.
+                finish(key, result.value_or(LaunchPlacementPass::Result()));
             });
     }
 }

@@ -31,19 +31,17 @@ void LearningFlow::snapshotIfChanged() {
     if (displays.empty()) {
         return;
     }
-    m_context.beginPass();
-    m_context.inBackground(
+    m_context.runPass(
         WorkPriority::utility,
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
             return DeskCapture::picture(ports.accessibility, ports.clock, scope);
         },
-        [this, displays, before = epochs()](const Picture& picture) {
-            if (before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&
+        [this, displays, before = epochs()](const std::optional<Picture>& picture) {
+            if (picture && before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&
                 m_context.entitledToRun() && m_context.isDeskCurrent()) {
-                finishSnapshotTick(picture, displays);
+                finishSnapshotTick(*picture, displays);
             }
             m_context.refreshStatus();
-            m_context.endPass();
         });
 }
 

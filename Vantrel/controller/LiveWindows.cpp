@@ -23,11 +23,12 @@ Paired capture(const std::vector<WindowRecord>& saved, const DeskCapture::Scope&
 }
 
 // Of each window whether it can be seen.
-std::vector<char> askWhichAreSeen(const RestoreRequest& request, Background& background) {
+std::vector<char> askWhichAreSeen(const Layout& layout, const std::vector<AXWindowHandle>& handles,
+                                  Background& background) {
     std::vector<RestoreFollowUp::Moved> windows;
-    for (std::size_t i = 0; i < request.handles.size(); ++i) {
-        const WindowRecord& saved = request.layout.windows[i];
-        windows.push_back({saved.bundleID, saved.frame, request.handles[i], i});
+    for (std::size_t i = 0; i < handles.size(); ++i) {
+        const WindowRecord& saved = layout.windows[i];
+        windows.push_back({saved.bundleID, saved.frame, handles[i], i});
     }
     // Not of bool, whose elements share bytes: each worker writes its own.
     std::vector<char> areSeen(windows.size());
@@ -52,10 +53,10 @@ Paired found(const Layout& layout, const DeskCapture::Scope& scope, Accessibilit
     return second.matched.pairs.size() > first.matched.pairs.size() ? second : first;
 }
 
-Paired known(const RestoreRequest& request, const DeskCapture::Scope& scope, Accessibility& accessibility,
-             Background& background) {
-    const std::vector<WindowRecord>& saved = request.layout.windows;
-    const auto areSeen = askWhichAreSeen(request, background);
+Paired known(const Layout& layout, const std::vector<AXWindowHandle>& handles,
+             const DeskCapture::Scope& scope, Accessibility& accessibility, Background& background) {
+    const std::vector<WindowRecord>& saved = layout.windows;
+    const auto areSeen = askWhichAreSeen(layout, handles, background);
     std::set<std::string> seenApps;
     for (std::size_t i = 0; i < saved.size(); ++i) {
         if (areSeen[i] != 0) {
@@ -68,7 +69,7 @@ Paired known(const RestoreRequest& request, const DeskCapture::Scope& scope, Acc
     for (std::size_t i = 0; i < saved.size(); ++i) {
         if (areSeen[i] != 0) {
             result.matched.pairs.push_back({i, result.current.size()});
-            result.current.push_back({saved[i], request.handles[i]});
+            result.current.push_back({saved[i], handles[i]});
         } else if (seenApps.contains(saved[i].bundleID)) {
             result.matched.unmatchedSaved.push_back(i);
         } else {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Vantrel/controller/DeskCapture.h"
-#include "Vantrel/controller/RestoreRequest.h"
+#include "VantrelCore/model/Layout.h"
 #include "VantrelCore/ports/Background.h"
 #include "VantrelCore/windows/WindowMatcher.h"
 
@@ -21,9 +21,11 @@ struct Paired {
 [[nodiscard]] Paired found(const Layout& layout, const DeskCapture::Scope& scope,
                            Accessibility& accessibility, Clock& clock);
 
-// Asks the request's handles, so that no window is taken for another of the same title. The windows of an
-// application none of whose handles can be seen any more are looked for: it may have been started anew.
-[[nodiscard]] Paired known(const RestoreRequest& request, const DeskCapture::Scope& scope,
-                           Accessibility& accessibility, Background& background);
+// Asks the handles, one for each of the layout's windows, so that no window is taken for another of the same
+// title. The windows of an application none of whose handles can be seen any more are looked for: it may have
+// been started anew.
+[[nodiscard]] Paired known(const Layout& layout, const std::vector<AXWindowHandle>& handles,
+                           const DeskCapture::Scope& scope, Accessibility& accessibility,
+                           Background& background);
 
 } // namespace vantrel::LiveWindows

@@ -90,24 +90,25 @@ void RestoreFollowUpFlow::look() {
     }
     const auto sizes =
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
-    m_context.beginPass();
-    m_context.inBackground(
+    m_context.runPass(
         WorkPriority::userInitiated,
         [landed = m_landed, sizes, &background = m_context.ports.background] {
             return lookAt(landed, sizes, background);
         },
-        [this, epoch = m_epoch, landed = m_landed](const std::vector<Finding>& findings) {
-            const auto putBack = itemsOf(landed, findings, Finding::putBack);
+        [this, epoch = m_epoch, landed = m_landed](const std::optional<std::vector<Finding>>& findings) {
+            if (!findings) {
+                return;
+            }
+            const auto putBack = itemsOf(landed, *findings, Finding::putBack);
             if (!putBack.empty()) {
                 m_context.log("restore follow-up: put back " + ControllerText::windows(putBack.size()));
                 m_onPutBack(putBack);
             }
             if (epoch == m_epoch) {
-                leaveAlone(itemsOf(landed, findings, Finding::leftToUser), "to the user");
-                leaveAlone(itemsOf(landed, findings, Finding::leftUnwatched),
+                leaveAlone(itemsOf(landed, *findings, Finding::leftToUser), "to the user");
+                leaveAlone(itemsOf(landed, *findings, Finding::leftUnwatched),
                            "alone, as the user's own moves cannot be told apart here");
             }
-            m_context.endPass();
         });
 }
 

@@ -41,6 +41,8 @@ std::string RestoreOutcome::text() const {
         return "There is nothing to undo on this desk. The last restore was on another one.";
     case Kind::superseded:
         return "A newer restore took its place.";
+    case Kind::failed:
+        return "It was stopped by an error; the log has it. Some windows may have been moved.";
     }
     return "";
 }

@@ -33,6 +33,8 @@ struct RestoreOutcome {
         undoElsewhere,
         // A newer request took its place in the queue.
         superseded,
+        // An error inside the program; the log has it.
+        failed,
     };
 
     Kind kind = Kind::finished;

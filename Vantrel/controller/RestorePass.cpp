@@ -9,26 +9,25 @@
 namespace vantrel::RestorePass {
 
 Result run(const Task& task, Accessibility& accessibility, Clock& clock, Background& background) {
-    const RestoreRequest& request = task.request;
-    if (request.trigger == RestoreTrigger::automatic || request.awaitsQuiet) {
+    if (task.trigger == RestoreTrigger::automatic || task.awaitsQuiet) {
         // The window manager answers a display change by moving windows itself, after the displays settled.
         accessibility.awaitQuiet();
     }
     if (task.permit->isRevoked()) {
         return {.report = {}, .landed = {}, .sizes = {}, .isAbandoned = true};
     }
-    const bool isUndo = request.purpose == RestorePurpose::undo;
-    auto [live, matched] = isUndo ? LiveWindows::known(request, task.scope, accessibility, background)
-                                  : LiveWindows::found(request.layout, task.scope, accessibility, clock);
+    auto [live, matched] =
+        task.known ? LiveWindows::known(task.layout, *task.known, task.scope, accessibility, background)
+                   : LiveWindows::found(task.layout, task.scope, accessibility, clock);
     Result result;
-    result.changedNothing = RestoreEngine::isInPlace(request.layout, live, matched, task.options);
-    if (!isUndo) {
+    result.changedNothing = RestoreEngine::isInPlace(task.layout, live, matched, task.options);
+    if (!task.known) {
         result.before = Before{live, clock.now()};
     }
     const auto current = underPermit(std::move(live), task.permit);
-    result.report = RestoreEngine::restore(request.layout, current, matched, task.options, clock, background);
-    if (request.scene) {
-        result.scene = ScenePass::run(*request.scene,
+    result.report = RestoreEngine::restore(task.layout, current, matched, task.options, clock, background);
+    if (task.scene) {
+        result.scene = ScenePass::run(*task.scene,
                                       {.live = current,
                                        .matched = matched,
                                        .scope = task.scope,
@@ -37,12 +36,12 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
                                       result.report, accessibility, clock, background);
         result.changedNothing = result.changedNothing && result.scene->slots.filled.empty();
     }
-    auto moved = RestoreFollowUp::moved(request.layout, current, matched, result.report);
+    auto moved = RestoreFollowUp::moved(task.layout, current, matched, result.report);
     if (task.options.sizes == RestoreEngine::Sizes::restore) {
         result.sizes = AchievedSizes::read(moved, result.report, background);
     }
     result.landed = RestoreFollowUp::landed(std::move(moved), result.report);
-    if (request.trigger == RestoreTrigger::automatic) {
+    if (task.trigger == RestoreTrigger::automatic) {
         // Before anybody is told of the end: what the user does from then on counts.
         PerApplication::forEach(result.landed, background,
                                 [&](std::size_t index) { RestoreFollowUp::watch(result.landed[index]); });

@@ -14,9 +14,14 @@
 
 namespace vantrel::RestorePass {
 
-// Values only, so that a worker can own it.
+// Values only, so that a worker can own it: the request's callbacks stay on the main thread.
 struct Task {
-    RestoreRequest request;
+    Layout layout;
+    RestoreTrigger trigger = RestoreTrigger::manual;
+    bool awaitsQuiet = false;
+    std::optional<SceneOnDesk> scene;
+    // Of an undo: the live windows that the layout's windows are, index by index.
+    std::optional<std::vector<AXWindowHandle>> known;
     RestoreEngine::Options options;
     DeskCapture::Scope scope;
     std::shared_ptr<const MovePermit> permit;

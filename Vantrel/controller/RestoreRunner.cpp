@@ -55,40 +55,71 @@ void RestoreRunner::start(RestoreRequest request) {
     }
     abandonMoves();
     m_context.movePermit = std::make_shared<MovePermit>();
-    m_context.restoreInFlight = true;
-    ++m_context.mutationEpoch;
-    m_context.showPhase({Phase::Restoring{static_cast<std::int64_t>(request.layout.windows.size())}});
-    if (request.announcement == Announcement::announce) {
-        m_context.announce(HUD::Restoring{request.announcedCause});
-    }
-
     const bool doesSizes = m_context.settings.restoreSizes();
     RestorePass::Task task{
-        .request = std::move(request),
+        .layout = request.layout,
+        .trigger = request.trigger,
+        .awaitsQuiet = request.awaitsQuiet,
+        .scene = request.scene,
+        .known = {},
         .options = {.sizes = doesSizes ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave,
                     .stubbornBundleIDs = m_history.stubbornBundleIDs(),
                     .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
         .scope = {},
         .permit = m_context.movePermit};
-    task.options.raising = task.request.raising;
-    task.scope = m_context.captureScope(task.request.displays);
+    if (request.purpose == RestorePurpose::undo) {
+        task.known = request.handles;
+    }
+    task.options.raising = request.raising;
+    task.scope = m_context.captureScope(request.displays);
+    const auto count = static_cast<std::int64_t>(request.layout.windows.size());
+    const bool isAnnounced = request.announcement == Announcement::announce;
+    const auto cause = request.announcedCause;
     m_context.inBackground(
         WorkPriority::userInitiated,
-        [task, ports = m_context.ports] {
+        [task = std::move(task), ports = m_context.ports] {
             return RestorePass::run(task, ports.accessibility, ports.clock, ports.background);
         },
-        [this, request = task.request](RestorePass::Result result) { finish(request, std::move(result)); });
+        [this, request = std::move(request)](std::optional<RestorePass::Result> result) {
+            finish(request, std::move(result));
+        });
+    // From here on its end is certain to come.
+    m_context.restoreInFlight = true;
+    ++m_context.mutationEpoch;
+    m_context.showPhase({Phase::Restoring{count}});
+    if (isAnnounced) {
+        m_context.announce(HUD::Restoring{cause});
+    }
 }
 
-void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result result) {
+void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestorePass::Result> result) {
+    using Kind = RestoreOutcome::Kind;
     m_context.restoreInFlight = false;
     ++m_context.mutationEpoch;
-    if (result.isAbandoned) {
-        m_context.log("restore abandoned: the displays changed meanwhile");
-        m_context.showPhase({});
-        m_context.refreshStatus();
-        request.tell({.kind = RestoreOutcome::Kind::displaysChanging, .report = {}});
-    } else {
+    m_context.guarded([&] {
+        if (!result) {
+            giveUp(request, Kind::failed);
+        } else if (result->isAbandoned) {
+            m_context.log("restore abandoned: the displays changed meanwhile");
+            giveUp(request, Kind::displaysChanging);
+        } else {
+            conclude(request, *result);
+        }
+    });
+    runPending();
+    if (!m_context.restoreInFlight) {
+        m_context.onDeskArranged();
+    }
+}
+
+void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind why) {
+    m_context.showPhase({});
+    m_context.refreshStatus();
+    request.tell({.kind = why, .report = {}});
+}
+
+void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result& result) {
+    const bool isPublished = m_context.guarded([&] {
         if (onFinished) {
             onFinished(request, result);
         }
@@ -96,16 +127,16 @@ void RestoreRunner::finish(const RestoreRequest& request, RestorePass::Result re
             request.finished(result);
         }
         publishReport(request, result.report);
-        // Whoever waits need not wait for the files.
-        request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
-        m_history.record(request, result.report, result.sizes);
-        if (request.trigger == RestoreTrigger::automatic) {
-            m_followUp.begin(std::move(result.landed));
-        }
+    });
+    if (!isPublished) {
+        giveUp(request, RestoreOutcome::Kind::failed);
+        return;
     }
-    runPending();
-    if (!m_context.restoreInFlight) {
-        m_context.onDeskArranged();
+    // Whoever waits need not wait for the files.
+    request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
+    m_history.record(request, result.report, result.sizes);
+    if (request.trigger == RestoreTrigger::automatic) {
+        m_followUp.begin(std::move(result.landed));
     }
 }
 

@@ -28,7 +28,9 @@ public:
 private:
     void queue(RestoreRequest request);
     void start(RestoreRequest request);
-    void finish(const RestoreRequest& request, RestorePass::Result result);
+    void finish(const RestoreRequest& request, std::optional<RestorePass::Result> result);
+    void giveUp(const RestoreRequest& request, RestoreOutcome::Kind why);
+    void conclude(const RestoreRequest& request, RestorePass::Result& result);
     void publishReport(const RestoreRequest& request, const RestoreReport& report);
     void runPending();
 

@@ -18,6 +18,8 @@ std::string SaveOutcome::text() const {
         return "The permission to read and move windows is missing.";
     case Kind::nothingToSave:
         return "There is no window to remember on this desk.";
+    case Kind::captureFailed:
+        return "The windows could not be read because of an error; the log has it. Nothing was changed.";
     case Kind::invalidName:
         return "A layout needs a name of at most 60 characters.";
     case Kind::pinned:

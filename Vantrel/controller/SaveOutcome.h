@@ -16,6 +16,8 @@ struct SaveOutcome {
         needsPermission,
         // The desk shows no window that could be remembered; what is stored stays.
         nothingToSave,
+        // An error inside the program; the log has it.
+        captureFailed,
         // The name is empty or too long.
         invalidName,
         // A layout of that name is stored, and pinned.

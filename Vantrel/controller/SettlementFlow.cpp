@@ -138,10 +138,9 @@ std::vector<SceneSlot> SettlementFlow::expectedSlots() const {
 }
 
 void SettlementFlow::look() {
-    m_context.beginPass();
     const auto sizes =
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
-    m_context.inBackground(
+    m_context.runPass(
         WorkPriority::userInitiated,
         [look = Look{.slots = expectedSlots(),
                      .panelsOf = bundleIDsWithEligiblePanels(),
@@ -163,11 +162,11 @@ void SettlementFlow::look() {
                                            ports.clock, ports.background);
             return seen;
         },
-        [this, token = m_pending->settlement.token](const Seen& seen) {
+        [this, token = m_pending->settlement.token](const std::optional<Seen>& seen) {
             if (m_pending && m_pending->settlement.token == token) {
-                settle(seen);
+                // A look that failed has seen nothing; the next one may.
+                settle(seen.value_or(Seen()));
             }
-            m_context.endPass();
         });
 }
 

@@ -66,17 +66,15 @@ void SleepWakeFlow::checkAfterWake() {
         return;
     }
     const auto displays = m_context.currentDisplays();
-    m_context.beginPass();
-    m_context.inBackground(
+    m_context.runPass(
         WorkPriority::utility,
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
             return DeskCapture::picture(ports.accessibility, ports.clock, scope);
         },
-        [this, displays, epoch = m_context.resumeEpoch](const DeskCapture::Picture& picture) {
-            if (epoch == m_context.resumeEpoch && m_context.isDeskCurrent()) {
-                restoreIfDrifted(picture, displays);
+        [this, displays, epoch = m_context.resumeEpoch](const std::optional<DeskCapture::Picture>& picture) {
+            if (picture && epoch == m_context.resumeEpoch && m_context.isDeskCurrent()) {
+                restoreIfDrifted(*picture, displays);
             }
-            m_context.endPass();
         });
 }
 

@@ -100,9 +100,11 @@ void TriggerFlow::checkCalendarTriggers() {
                               .stop = m_context.ports.background.stopToken()};
     m_context.inBackground(
         WorkPriority::utility, [query, &calendar = m_context.ports.calendar] { return calendar.read(query); },
-        [this](const CalendarReading& reading) {
+        [this](const std::optional<CalendarReading>& reading) {
             m_isReadingCalendar = false;
-            finishCalendarCheck(reading);
+            if (reading) {
+                finishCalendarCheck(*reading);
+            }
             if (std::exchange(m_readsCalendarAgain, false)) {
                 checkCalendarTriggers();
             }

@@ -51,7 +51,7 @@ void WallpaperFlow::apply(const Scene& scene) {
         WorkPriority::userInitiated,
         [wallpaper = scene.wallpaper, displays = m_context.state().displays, memory,
          &pictures = m_context.ports.pictures] { return show(wallpaper, displays, memory, pictures); },
-        [this](const Result& result) { finish(result); });
+        [this](const std::optional<Result>& result) { finish(result); });
 }
 
 WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& wallpaper,
@@ -103,8 +103,7 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
     return result;
 }
 
-void WallpaperFlow::finish(const Result& result) {
-    m_isBusy = false;
+void WallpaperFlow::note(const Result& result) {
     for (const std::string& problem : result.problems) {
         m_context.log("scene wallpaper: " + problem);
     }
@@ -113,6 +112,13 @@ void WallpaperFlow::finish(const Result& result) {
         !m_context.settings.setWallpaperMemory(result.memory)) {
         m_context.log("scene wallpaper: what was shown before could not be written");
         m_unwritten = result.memory;
+    }
+}
+
+void WallpaperFlow::finish(const std::optional<Result>& result) {
+    m_isBusy = false;
+    if (result) {
+        note(*result);
     }
     if (const auto next = std::exchange(m_next, std::nullopt)) {
         apply(*next);

@@ -27,7 +27,8 @@ private:
     [[nodiscard]] static Result show(const std::optional<SceneWallpaper>& wallpaper,
                                      const std::vector<DisplayInfo>& displays, WallpaperMemory memory,
                                      DesktopPictures& pictures);
-    void finish(const Result& result);
+    void note(const Result& result);
+    void finish(const std::optional<Result>& result);
 
     ControllerContext& m_context;
     bool m_isBusy = false;

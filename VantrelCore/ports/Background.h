@@ -27,7 +27,8 @@ public:
     virtual void run(WorkPriority priority, std::function<void()> work) = 0;
 
     // Calls `work(0)` to `work(count - 1)`, each on a worker of its own, so that one that blocks delays no
-    // other; returns when all have finished. May be called from any thread.
+    // other; returns when all have finished, and throws the first error of any. May be called from any
+    // thread.
     virtual void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) = 0;
 
     // Asks to stop when the program ends, which waits for the work that has begun: work that may take more

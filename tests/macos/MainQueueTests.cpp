@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <gmock/gmock.h>
+#include <stdexcept>
 #include <thread>
 
 namespace vantrel::fake {
@@ -52,6 +53,17 @@ TEST_F(MainQueueOfTheMac, ADestroyedTimerNeverFiresEvenFromItsOwnWork) {
     cocoa::advance(5);
     EXPECT_THAT(m_ran, ElementsAre(100));
     EXPECT_EQ(cocoa::scheduledTimers(), 0U);
+}
+
+TEST_F(MainQueueOfTheMac, WorkThatThrowsIsToldOfAndTheQueueGoesOn) {
+    std::vector<std::string> lines;
+    MacMainQueue queue([&](const std::string& line) { lines.push_back(line); });
+    const auto fail = [] { throw std::runtime_error("no room"); };
+    queue.post(fail);
+    const auto again = queue.every(1, fail);
+    cocoa::advance(2.5);
+    EXPECT_THAT(lines, testing::SizeIs(3));
+    EXPECT_THAT(lines, testing::Each("main queue: stopped by an error: no room"));
 }
 
 TEST_F(MainQueueOfTheMac, AnotherThreadHasItsWorkDoneOnTheMainThread) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <exception>
 #include <utility>
 
 namespace vantrel::simulated {
@@ -28,8 +29,9 @@ public:
 
     SimulatedTime& time;
     std::function<void()> work;
-    // Jobs of concurrentPerform that this one waits for.
+    // Jobs of concurrentPerform that this one waits for, and the first error of theirs.
     std::size_t openChildren = 0;
+    std::exception_ptr childError;
     std::binary_semaphore baton{0};
     std::thread thread;
 
@@ -161,7 +163,11 @@ void SimulatedTime::concurrentPerform(std::size_t count, const std::function<voi
     for (std::size_t i = 0; i < count; ++i) {
         insert(0, Owner::job, [this, parent, &work, i] {
             start([this, parent, &work, i] {
-                work(i);
+                try {
+                    work(i);
+                } catch (...) {
+                    parent->childError = parent->childError ? parent->childError : std::current_exception();
+                }
                 if (--parent->openChildren == 0) {
                     insert(0, Owner::job, [this, parent] { resume(*parent); });
                 }
@@ -169,6 +175,9 @@ void SimulatedTime::concurrentPerform(std::size_t count, const std::function<voi
         });
     }
     handBack(*parent);
+    if (const auto error = std::exchange(parent->childError, nullptr)) {
+        std::rethrow_exception(error);
+    }
 }
 
 void SimulatedTime::runFor(double seconds) {

@@ -43,18 +43,22 @@ std::unique_ptr<ScheduledWork> schedule(double seconds, bool repeats, std::funct
 
 } // namespace
 
+std::function<void()> MacMainQueue::guarded(std::function<void()> work) const {
+    return [log = m_log, work = std::move(work)] { ErrorBoundary::run("main queue", log, work); };
+}
+
 void MacMainQueue::post(std::function<void()> work) {
     @autoreleasepool {
-        [NSOperationQueue.mainQueue addOperationWithBlock:[work = std::move(work)] { work(); }];
+        [NSOperationQueue.mainQueue addOperationWithBlock:[work = guarded(std::move(work))] { work(); }];
     }
 }
 
 std::unique_ptr<ScheduledWork> MacMainQueue::after(double seconds, std::function<void()> work) {
-    return schedule(seconds, false, std::move(work));
+    return schedule(seconds, false, guarded(std::move(work)));
 }
 
 std::unique_ptr<ScheduledWork> MacMainQueue::every(double seconds, std::function<void()> work) {
-    return schedule(seconds, true, std::move(work));
+    return schedule(seconds, true, guarded(std::move(work)));
 }
 
 } // namespace vantrel

@@ -4,6 +4,7 @@
 #include "VantrelCore/ports/MainQueue.h"
 
 #include <chrono>
+#include <exception>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -14,6 +15,7 @@ namespace vantrel {
 
 // Has `work` run on the main thread and waits for what it gives, for `deadline` at most; after that it does
 // not begin any more. None when the main thread does not come to it in time, as at the end of the program.
+// Throws what `work` throws.
 template <typename Work>
 [[nodiscard]] auto callOnMainThread(MainQueue& queue, std::chrono::milliseconds deadline, Work work)
     -> std::optional<decltype(work())> {
@@ -27,8 +29,13 @@ template <typename Work>
     auto result = call->promise.get_future();
     queue.post([call, work = std::move(work)] {
         const std::scoped_lock lock(call->mutex);
-        if (!call->isGivenUp) {
+        if (call->isGivenUp) {
+            return;
+        }
+        try {
             call->promise.set_value(work());
+        } catch (...) {
+            call->promise.set_exception(std::current_exception());
         }
     });
     if (result.wait_for(deadline) != std::future_status::ready) {

@@ -1,8 +1,11 @@
 #include "Vantrel/platform/posix/ThreadBackground.h"
 
+#include "Vantrel/platform/posix/ThreadPriority.h"
+
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <exception>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -24,17 +27,27 @@ public:
     // late finds none left.
     void drawAll() {
         for (std::size_t index = m_next++; index < m_count; index = m_next++) {
-            m_work(index);
+            std::exception_ptr error;
+            try {
+                m_work(index);
+            } catch (...) {
+                error = std::current_exception();
+            }
             const std::scoped_lock lock(m_mutex);
+            m_firstError = m_firstError ? m_firstError : error;
             if (++m_finished == m_count) {
                 m_allFinished.notify_all();
             }
         }
     }
 
+    // Throws what the work threw first.
     void waitUntilFinished() {
         std::unique_lock lock(m_mutex);
         m_allFinished.wait(lock, [this] { return m_finished == m_count; });
+        if (m_firstError) {
+            std::rethrow_exception(m_firstError);
+        }
     }
 
 private:
@@ -44,12 +57,21 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_allFinished;
     std::size_t m_finished = 0;
+    std::exception_ptr m_firstError;
 };
+
+posix::WorkerPool::Options pool(std::size_t threads, WorkPriority priority, const ErrorBoundary::Log& log) {
+    return {.maximumThreads = threads, .log = log, .prepareThread = [priority] {
+                posix::takePriority(priority);
+            }};
+}
 
 } // namespace
 
-ThreadBackground::ThreadBackground()
-    : m_performers(mostPerformers), m_userInitiated(threadsPerPriority), m_utility(threadsPerPriority) {}
+ThreadBackground::ThreadBackground(const ErrorBoundary::Log& log)
+    : m_performers(pool(mostPerformers, WorkPriority::userInitiated, log)),
+      m_userInitiated(pool(threadsPerPriority, WorkPriority::userInitiated, log)),
+      m_utility(pool(threadsPerPriority, WorkPriority::utility, log)) {}
 
 ThreadBackground::~ThreadBackground() {
     m_stop.requestStop();

@@ -10,7 +10,8 @@ namespace vantrel {
 // any more.
 class ThreadBackground final : public Background {
 public:
-    ThreadBackground();
+    // `log` is told, on the worker, of work that threw.
+    explicit ThreadBackground(const ErrorBoundary::Log& log = {});
     ~ThreadBackground() override;
     ThreadBackground(const ThreadBackground&) = delete;
     ThreadBackground& operator=(const ThreadBackground&) = delete;
@@ -19,7 +20,7 @@ public:
     void run(WorkPriority priority, std::function<void()> work) override;
 
     // The calling thread is one of the workers, so that nested calls always get on. Beyond 64 workers at a
-    // time, indexes wait for one another.
+    // time, indexes wait for one another. Throws the first error of `work`, once all indexes are done.
     void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
 
     [[nodiscard]] StopToken stopToken() const override { return m_stop.token(); }

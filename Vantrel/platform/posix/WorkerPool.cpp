@@ -8,7 +8,7 @@
 
 namespace vantrel::posix {
 
-WorkerPool::WorkerPool(std::size_t maximumThreads) : m_maximumThreads(maximumThreads) {}
+WorkerPool::WorkerPool(Options options) : m_options(std::move(options)) {}
 
 WorkerPool::~WorkerPool() {
     end();
@@ -35,13 +35,13 @@ void WorkerPool::submit(std::function<void()> work) {
             return;
         }
         m_queue.push_back(std::move(work));
-        if (m_idle < m_queue.size() && m_threads.size() < m_maximumThreads) {
+        if (m_idle < m_queue.size() && m_threads.size() < m_options.maximumThreads) {
             try {
                 m_threads.push_back(reportedThread([this] { serve(); }));
             } catch (const std::system_error&) {
                 // The system gives no more: those that there are take the work in turn, and while there
                 // is none the next call tries again.
-                m_maximumThreads = std::max<std::size_t>(m_threads.size(), 1);
+                m_options.maximumThreads = std::max<std::size_t>(m_threads.size(), 1);
             }
         }
     }
@@ -49,6 +49,9 @@ void WorkerPool::submit(std::function<void()> work) {
 }
 
 void WorkerPool::serve() {
+    if (m_options.prepareThread) {
+        m_options.prepareThread();
+    }
     std::unique_lock lock(m_mutex);
     while (true) {
         ++m_idle;
@@ -60,7 +63,7 @@ void WorkerPool::serve() {
         auto work = std::move(m_queue.front());
         m_queue.pop_front();
         lock.unlock();
-        work();
+        ErrorBoundary::run("background", m_options.log, work);
         // Before the lock: what the work holds may submit more when it goes.
         work = nullptr;
         lock.lock();

@@ -1,6 +1,8 @@
 // Threads that take work off one queue: made when work finds no idle one, then kept for the next.
 #pragma once
 
+#include "VantrelCore/diagnostics/ErrorBoundary.h"
+
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
@@ -13,7 +15,15 @@ namespace vantrel::posix {
 
 class WorkerPool {
 public:
-    explicit WorkerPool(std::size_t maximumThreads);
+    struct Options {
+        std::size_t maximumThreads = 1;
+        // Told, on the worker, of work that threw; the worker goes on with the next.
+        ErrorBoundary::Log log;
+        // If any, called first on every thread.
+        std::function<void()> prepareThread;
+    };
+
+    explicit WorkerPool(Options options);
     ~WorkerPool();
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
@@ -28,7 +38,7 @@ public:
 private:
     void serve();
 
-    std::size_t m_maximumThreads;
+    Options m_options;
     std::mutex m_mutex;
     std::condition_variable m_workOrEnd;
     std::deque<std::function<void()>> m_queue;

@@ -45,16 +45,20 @@ private:
 
 } // namespace
 
+std::function<void()> QtMainQueue::guarded(std::function<void()> work) const {
+    return [log = m_log, work = std::move(work)] { ErrorBoundary::run("main queue", log, work); };
+}
+
 void QtMainQueue::post(std::function<void()> work) {
-    QMetaObject::invokeMethod(&m_mainThread, std::move(work), Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&m_mainThread, guarded(std::move(work)), Qt::QueuedConnection);
 }
 
 std::unique_ptr<ScheduledWork> QtMainQueue::after(double seconds, std::function<void()> work) {
-    return std::make_unique<TimedWork>(seconds, Repeat::once, std::move(work));
+    return std::make_unique<TimedWork>(seconds, Repeat::once, guarded(std::move(work)));
 }
 
 std::unique_ptr<ScheduledWork> QtMainQueue::every(double seconds, std::function<void()> work) {
-    return std::make_unique<TimedWork>(seconds, Repeat::forever, std::move(work));
+    return std::make_unique<TimedWork>(seconds, Repeat::forever, guarded(std::move(work)));
 }
 
 } // namespace vantrel

@@ -124,14 +124,18 @@ void ReconfigurationWatch::compareUntilStopped() {
             m_hasEvents = false;
             hasCrtcChanged = std::exchange(m_hasCrtcChanged, false);
         }
-        const auto displays = readDisplays();
-        const bool hasChanged = displays && *displays != m_displays;
-        if (displays) {
-            m_displays = *displays;
-        }
-        if (hasChanged || hasCrtcChanged) {
-            m_handler();
-        }
+        m_connection->runGuarded([&] { compare(hasCrtcChanged); });
+    }
+}
+
+void ReconfigurationWatch::compare(bool hasCrtcChanged) {
+    const auto displays = readDisplays();
+    const bool hasChanged = displays && *displays != m_displays;
+    if (displays) {
+        m_displays = *displays;
+    }
+    if (hasChanged || hasCrtcChanged) {
+        m_handler();
     }
 }
 

@@ -48,6 +48,7 @@ private:
     void noteEvent();
     void noteCrtc(const xcb_randr_crtc_change_t& change);
     void compareUntilStopped();
+    void compare(bool hasCrtcChanged);
 
     std::shared_ptr<X11Connection> m_connection;
     std::function<void()> m_handler;

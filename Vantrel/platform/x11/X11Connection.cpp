@@ -104,6 +104,19 @@ struct X11Connection::Shared {
     // Null once the connection is closed; guarded by selectionsMutex.
     xcb_connection_t* xcb = nullptr;
 
+    std::mutex thrownMutex;
+    ErrorBoundary::Log onThrown;
+
+    void runGuarded(const std::function<void()>& work) {
+        const auto tell = [this](const std::string& line) {
+            const std::lock_guard lock(thrownMutex);
+            if (onThrown) {
+                onThrown(line);
+            }
+        };
+        ErrorBoundary::run("x11 event", tell, work);
+    }
+
     void dispatch(int key, const xcb_generic_event_t& event) {
         std::vector<std::shared_ptr<Handler>> called;
         {
@@ -117,7 +130,7 @@ struct X11Connection::Shared {
         for (const auto& handler : called) {
             const std::lock_guard lock(handler->mutex);
             if (handler->isActive) {
-                handler->call(event);
+                runGuarded([&] { handler->call(event); });
             }
         }
     }
@@ -239,6 +252,19 @@ Registration X11Connection::onEvent(std::uint8_t type, EventHandler handler) {
 Registration X11Connection::onLoss(std::function<void()> handler) {
     return Shared::add(m_shared, lossKey,
                        [handler = std::move(handler)](const xcb_generic_event_t&) { handler(); });
+}
+
+Registration X11Connection::onThrown(ErrorBoundary::Log log) {
+    const auto set = [shared = m_shared](ErrorBoundary::Log wanted) {
+        const std::lock_guard lock(shared->thrownMutex);
+        shared->onThrown = std::move(wanted);
+    };
+    set(std::move(log));
+    return Registration([set] { set({}); });
+}
+
+void X11Connection::runGuarded(const std::function<void()>& work) const {
+    m_shared->runGuarded(work);
 }
 
 Registration X11Connection::selectRootEvents(std::uint32_t mask) {

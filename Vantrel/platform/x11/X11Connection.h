@@ -7,6 +7,7 @@
 
 #include "Vantrel/platform/x11/Registration.h"
 #include "Vantrel/platform/x11/X11Atoms.h"
+#include "VantrelCore/diagnostics/ErrorBoundary.h"
 
 #include <atomic>
 #include <cstdint>
@@ -76,6 +77,13 @@ public:
     // Calls `handler` on the event thread when the connection is lost. When it is lost already, nothing is
     // called: ask isConnected() after registering.
     [[nodiscard]] Registration onLoss(std::function<void()> handler);
+
+    // Calls `log` on the event thread when a handler throws, in place of an earlier one; the other handlers
+    // of the event are called all the same.
+    [[nodiscard]] Registration onThrown(ErrorBoundary::Log log);
+
+    // Runs work that an event has set off on another thread; what it throws goes where a handler's goes.
+    void runGuarded(const std::function<void()>& work) const;
 
     // Has the server send the root window's events of `mask` as long as the registration lives, beside those
     // that others ask for.

@@ -9,6 +9,9 @@
 #include <latch>
 #include <mutex>
 #include <set>
+#include <stdexcept>
+#include <string>
+#include <sys/resource.h>
 #include <thread>
 #include <vector>
 
@@ -76,6 +79,53 @@ TEST(ThreadBackground, ReusesItsThreads) {
     }
     // Were each round to make its own, there would be 150; a machine under load may reach the limit.
     EXPECT_LE(seen.size(), 65U);
+}
+
+TEST(ThreadBackground, WorkThatThrowsIsToldOfAndDelaysNobody) {
+    std::mutex mutex;
+    std::vector<std::string> lines;
+    ThreadBackground background([&](const std::string& line) {
+        const std::scoped_lock lock(mutex);
+        lines.push_back(line);
+    });
+    std::promise<void> next;
+    // One more than there are threads for it, all of which have thrown by then.
+    for (int i = 0; i < 2; ++i) {
+        background.run(WorkPriority::utility, [] { throw std::runtime_error("no room"); });
+    }
+    background.run(WorkPriority::utility, [&] { next.set_value(); });
+    EXPECT_EQ(next.get_future().wait_for(deadline), std::future_status::ready);
+    const auto told = [&] {
+        const std::scoped_lock lock(mutex);
+        return lines;
+    };
+    const auto end = std::chrono::steady_clock::now() + deadline;
+    while (told().size() < 2 && std::chrono::steady_clock::now() < end) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(told(), std::vector<std::string>(2, "background: stopped by an error: no room"));
+
+    std::atomic<int> calls = 0;
+    EXPECT_THROW(background.concurrentPerform(5,
+                                              [&](std::size_t index) {
+                                                  ++calls;
+                                                  if (index == 3) {
+                                                      throw std::runtime_error("no room");
+                                                  }
+                                              }),
+                 std::runtime_error);
+    EXPECT_EQ(calls, 5);
+}
+
+TEST(ThreadBackground, UtilityWorkGivesWayToWorkThatTheUserWaitsFor) {
+    ThreadBackground background;
+    const auto nice = [&](WorkPriority priority) {
+        std::promise<int> answer;
+        background.run(priority, [&] { answer.set_value(getpriority(PRIO_PROCESS, 0)); });
+        return answer.get_future().get();
+    };
+    // Linux has nothing beyond 19, where the tests themselves may run.
+    EXPECT_EQ(nice(WorkPriority::utility), std::min(nice(WorkPriority::userInitiated) + 10, 19));
 }
 
 TEST(ThreadBackground, EndingAsksWhatHasBegunToStopAndWaitsForIt) {

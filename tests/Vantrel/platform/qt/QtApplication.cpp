@@ -1,5 +1,7 @@
 #include "tests/Vantrel/platform/qt/QtApplication.h"
 
+#include "Vantrel/platform/qt/GuardedApplication.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
@@ -7,14 +9,23 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 namespace vantrel::testing {
 
 namespace {
 
+std::vector<std::string>& thrown() {
+    static std::vector<std::string> lines;
+    return lines;
+}
+
 class Application final : public ::testing::Environment {
 public:
-    void SetUp() override { m_application = std::make_unique<QCoreApplication>(m_count, m_arguments); }
+    void SetUp() override {
+        m_application = std::make_unique<GuardedApplication<QCoreApplication>>(
+            m_count, m_arguments, [](const std::string& line) { thrown().push_back(line); });
+    }
     void TearDown() override { m_application.reset(); }
 
 private:
@@ -43,6 +54,10 @@ bool waitFor(const std::function<bool()>& arrived) {
 
 void handlePending() {
     QCoreApplication::processEvents();
+}
+
+std::vector<std::string> takeThrown() {
+    return std::exchange(thrown(), {});
 }
 
 } // namespace vantrel::testing

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace vantrel::testing {
 
@@ -10,5 +12,8 @@ namespace vantrel::testing {
 
 // Handles what is pending, without waiting for more.
 void handlePending();
+
+// What has been told of event handlers that threw; taking it empties it.
+[[nodiscard]] std::vector<std::string> takeThrown();
 
 } // namespace vantrel::testing

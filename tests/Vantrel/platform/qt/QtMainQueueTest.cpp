@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -55,6 +57,28 @@ TEST(QtMainQueue, WorkRunsOnceButNotWhenCancelledOrDestroyedEvenWhenItWasDue) {
     repeated.reset();
     letPass(queue);
     EXPECT_EQ(ran, 1);
+}
+
+TEST(QtMainQueue, WorkThatThrowsIsToldOfAndTheQueueGoesOn) {
+    std::vector<std::string> lines;
+    QtMainQueue queue([&](const std::string& line) { lines.push_back(line); });
+    const auto fail = [] { throw std::runtime_error("no room"); };
+    queue.post(fail);
+    const auto once = queue.after(0, fail);
+    auto repeated = queue.every(0.001, fail);
+    ASSERT_TRUE(waitFor([&] { return lines.size() >= 4; }));
+    repeated.reset();
+    EXPECT_EQ(lines.front(), "main queue: stopped by an error: no room");
+}
+
+TEST(GuardedApplication, AnEventHandlerThatThrowsIsToldOfAndTheLoopGoesOn) {
+    QObject receiver;
+    bool hasRun = false;
+    QMetaObject::invokeMethod(&receiver, [] { throw std::runtime_error("no room"); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&receiver, [&] { hasRun = true; }, Qt::QueuedConnection);
+    ASSERT_TRUE(waitFor([&] { return hasRun; }));
+    EXPECT_EQ(vantrel::testing::takeThrown(),
+              std::vector<std::string>{"main loop: stopped by an error: no room"});
 }
 
 TEST(QtMainQueue, RepeatedWorkMayEndItself) {

@@ -1,0 +1,47 @@
+#include "Vantrel/commands/ControlCall.h"
+
+#include "Vantrel/commands/ControlNames.h"
+
+#include <memory>
+#include <utility>
+
+namespace vantrel::ControlCall {
+
+namespace {
+
+class PendingReply {
+public:
+    PendingReply(ControlReply reply, ErrorBoundary::Log log)
+        : m_reply(std::move(reply)), m_log(std::move(log)) {}
+
+    // Whoever was to answer has let go.
+    ~PendingReply() {
+        answer(std::unexpected(
+            ControlRefusal{ControlNames::failed, "It was stopped by an error; the log has it."}));
+    }
+
+    PendingReply(const PendingReply&) = delete;
+    PendingReply& operator=(const PendingReply&) = delete;
+
+    void answer(const ControlAnswer& answer) {
+        if (const auto reply = std::exchange(m_reply, nullptr)) {
+            ErrorBoundary::run("bus", m_log, [&] { reply(answer); });
+        }
+    }
+
+private:
+    ControlReply m_reply;
+    ErrorBoundary::Log m_log;
+};
+
+} // namespace
+
+void run(const ControlMethod& method, const std::vector<std::string>& arguments, ControlReply reply,
+         const ErrorBoundary::Log& log) {
+    const auto pending = std::make_shared<PendingReply>(std::move(reply), log);
+    ErrorBoundary::run("bus: " + method.name, log, [&] {
+        method.call(arguments, [pending](const ControlAnswer& answer) { pending->answer(answer); });
+    });
+}
+
+} // namespace vantrel::ControlCall

@@ -1,0 +1,32 @@
+#include "Vantrel/platform/posix/ThreadPriority.h"
+
+#if __has_include(<pthread/qos.h>)
+#include <pthread/qos.h>
+#else
+#include <sys/resource.h>
+#endif
+
+namespace vantrel::posix {
+
+#if __has_include(<pthread/qos.h>)
+
+void takePriority(WorkPriority priority) {
+    pthread_set_qos_class_self_np(
+        priority == WorkPriority::utility ? QOS_CLASS_UTILITY : QOS_CLASS_USER_INITIATED, 0);
+}
+
+#else
+
+// Steps of niceness, which on Linux ends at 19. It still gets about a tenth of a busy processor.
+constexpr int utilitySteps = 10;
+
+void takePriority(WorkPriority priority) {
+    if (priority == WorkPriority::utility) {
+        // On Linux 0 is the calling thread, not the process.
+        setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + utilitySteps);
+    }
+}
+
+#endif
+
+} // namespace vantrel::posix

@@ -1,0 +1,33 @@
+#include "VantrelCore/diagnostics/ErrorBoundary.h"
+
+#include <exception>
+#include <fmt/format.h>
+
+namespace vantrel::ErrorBoundary {
+
+namespace {
+
+std::string caughtText() {
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        return error.what();
+    } catch (...) {
+        return "of an unknown kind";
+    }
+}
+
+} // namespace
+
+void logCaught(std::string_view area, const Log& log) noexcept {
+    try {
+        if (log) {
+            log(fmt::format("{}: stopped by an error: {}", area, caughtText()));
+        }
+    } catch (...) {
+        // Short of memory even for the line; the work has ended all the same.
+        return;
+    }
+}
+
+} // namespace vantrel::ErrorBoundary
