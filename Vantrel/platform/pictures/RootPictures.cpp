@@ -1,10 +1,11 @@
 #include "Vantrel/platform/pictures/RootPictures.h"
 
+#include "Vantrel/platform/pictures/FittedImage.h"
 #include "Vantrel/platform/pictures/PictureFile.h"
+#include "Vantrel/platform/pictures/RootPainting.h"
 #include "Vantrel/platform/x11/XcbReply.h"
 
 #include <QImage>
-#include <QImageReader>
 
 #include <algorithm>
 #include <array>
@@ -12,9 +13,7 @@
 #include <cmath>
 #include <cstring>
 #include <fmt/format.h>
-#include <map>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 namespace vantrel {
@@ -30,18 +29,6 @@ constexpr std::uint32_t longestProperty = 1U << 16;
 
 // Pixels as the server wants them: 32 bits each, blue lowest.
 constexpr std::uint8_t pixelDepth = 24;
-
-// What the root window shows.
-struct Painting {
-    // None where nobody has painted.
-    xcb_pixmap_t pixmap = XCB_NONE;
-    // What another program had painted before; the same where we have not.
-    xcb_pixmap_t base = XCB_NONE;
-    // By display, what we have painted over it.
-    std::map<std::string, std::string> pictures;
-
-    [[nodiscard]] bool isOurs() const { return pixmap != base; }
-};
 
 struct Disconnect {
     void operator()(xcb_connection_t* xcb) const { xcb_disconnect(xcb); }
@@ -68,21 +55,13 @@ public:
     RootWindow(const RootWindow&) = delete;
     RootWindow& operator=(const RootWindow&) = delete;
 
-    [[nodiscard]] Painting painting() const {
-        Painting current{.pixmap = shownPixmap(), .base = XCB_NONE, .pictures = {}};
-        const auto json = nlohmann::json::parse(property(ownProperty, atom("UTF8_STRING")), nullptr, false);
-        if (!json.is_object() || json.value("pixmap", std::uint32_t{0}) != current.pixmap) {
-            current.base = current.pixmap;
-            return current;
-        }
-        current.base = json.value("base", std::uint32_t{0});
-        const auto pictures = json.value("pictures", nlohmann::json::object());
-        for (const auto& [display, picture] : pictures.items()) {
-            if (picture.is_string()) {
-                current.pictures[display] = picture.get<std::string>();
-            }
-        }
-        return current;
+    // What is shown; where that is not this program's, its base is the same.
+    [[nodiscard]] RootPainting painting() const {
+        const xcb_pixmap_t shown = shownPixmap();
+        auto noted = RootPainting::parse(property(ownProperty, atom("UTF8_STRING")));
+        return shown != XCB_NONE && noted.pixmap == shown
+                   ? noted
+                   : RootPainting{.pixmap = shown, .base = shown, .pictures = {}};
     }
 
     // A new pixmap with what `old` shows.
@@ -131,15 +110,13 @@ public:
     }
 
     // Shows the pixmap; it outlives this connection.
-    void show(const Painting& painting) const {
+    void show(const RootPainting& painting) const {
         const xcb_pixmap_t pixmap = painting.pixmap;
         for (const char* name : pixmapProperties) {
             xcb_change_property(m_xcb, XCB_PROP_MODE_REPLACE, m_screen.root, atom(name), XCB_ATOM_PIXMAP, 32,
                                 1, &pixmap);
         }
-        const std::string text =
-            nlohmann::json{{"pixmap", pixmap}, {"base", painting.base}, {"pictures", painting.pictures}}.dump(
-                -1, ' ', false, nlohmann::json::error_handler_t::replace);
+        const std::string text = painting.note();
         xcb_change_property(m_xcb, XCB_PROP_MODE_REPLACE, m_screen.root, atom(ownProperty),
                             atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(text.size()), text.data());
         xcb_change_window_attributes(m_xcb, m_screen.root, XCB_CW_BACK_PIXMAP, &pixmap);
@@ -198,21 +175,6 @@ private:
     const xcb_screen_t& m_screen;
 };
 
-// Fills the size, cut at the edges that are too long.
-QImage filling(const QSize& size, const std::string& file) {
-    QImageReader reader(QString::fromStdString(file));
-    reader.setAutoTransform(true);
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        return {};
-    }
-    const QImage scaled = image.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
-    return scaled
-        .copy((scaled.width() - size.width()) / 2, (scaled.height() - size.height()) / 2, size.width(),
-              size.height())
-        .convertToFormat(QImage::Format_RGB32);
-}
-
 xcb_rectangle_t rectangle(const Rect& frame) {
     return {static_cast<std::int16_t>(frame.minX()), static_cast<std::int16_t>(frame.minY()),
             static_cast<std::uint16_t>(std::lround(frame.width())),
@@ -235,7 +197,7 @@ std::optional<std::string> RootPictures::picture(const DisplayInfo& display) {
     if (!root) {
         return std::nullopt;
     }
-    const Painting painting = root->painting();
+    const RootPainting painting = root->painting();
     if (const auto own = painting.pictures.find(display.uuid); own != painting.pictures.end()) {
         return own->second;
     }
@@ -247,8 +209,8 @@ bool RootPictures::setPicture(const DisplayInfo& display, const std::string& pic
     if (!root) {
         return false;
     }
-    const Painting before = root->painting();
-    Painting after = before;
+    const RootPainting before = root->painting();
+    RootPainting after = before;
     const auto area = rectangle(display.frame);
     if (const auto named = pixmapNamed(picture)) {
         if (*named != XCB_NONE && !root->isWhole(*named)) {
@@ -261,7 +223,8 @@ bool RootPictures::setPicture(const DisplayInfo& display, const std::string& pic
             root->copyArea(*named, after.pixmap, area);
         }
     } else {
-        const QImage image = filling({area.width, area.height}, PictureFile::path(picture));
+        const QImage image =
+            fittedImage(PictureFile::read(picture).value_or(QByteArray()), {area.width, area.height});
         if (image.isNull()) {
             return false;
         }
@@ -274,7 +237,8 @@ bool RootPictures::setPicture(const DisplayInfo& display, const std::string& pic
     } else {
         root->show(after);
     }
-    if (before.isOurs() && before.pixmap != after.pixmap) {
+    const bool wasOurs = before.pixmap != before.base;
+    if (wasOurs && before.pixmap != after.pixmap) {
         root->free(before.pixmap);
     }
     return true;

@@ -2,6 +2,7 @@
 
 #include "Vantrel/platform/gio/GioHandle.h"
 #include "Vantrel/platform/pictures/PictureFile.h"
+#include "Vantrel/platform/pictures/XfceImages.h"
 #include "Vantrel/platform/x11/MonitorQuery.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace vantrel {
 namespace {
 
 constexpr const char* channel = "xfce4-desktop";
-constexpr std::string_view imageKey = "/last-image";
 // In milliseconds.
 constexpr int answerTime = 2000;
 
@@ -28,26 +28,9 @@ GLibHandle<GVariant> ask(const char* method, GVariant* arguments) {
             : nullptr);
 }
 
-// The picture of every workspace, by the name of its setting.
 std::map<std::string, std::string> images(const std::string& settings) {
-    std::map<std::string, std::string> result;
     const auto answer = ask("GetAllProperties", g_variant_new("(ss)", channel, settings.c_str()));
-    if (!answer) {
-        return result;
-    }
-    GVariantIter* entries = nullptr;
-    g_variant_get(answer.get(), "(a{sv})", &entries);
-    const char* key = nullptr;
-    GVariant* value = nullptr;
-    while (g_variant_iter_next(entries, "{&sv}", &key, &value) != FALSE) {
-        const GLibHandle<GVariant> owned(value);
-        if (std::string_view(key).ends_with(imageKey) &&
-            g_variant_is_of_type(value, G_VARIANT_TYPE_STRING) != FALSE) {
-            result[key] = g_variant_get_string(value, nullptr);
-        }
-    }
-    g_variant_iter_free(entries);
-    return result;
+    return answer ? xfceImages(answer.get()) : std::map<std::string, std::string>{};
 }
 
 } // namespace
@@ -78,7 +61,7 @@ bool XfcePictures::setPicture(const DisplayInfo& display, const std::string& pic
     }
     auto all = images(*settings);
     if (all.empty()) {
-        all[*settings + "/workspace0" + std::string(imageKey)] = "";
+        all[*settings + "/workspace0" + xfceImageKey] = "";
     }
     const std::string path = PictureFile::path(picture);
     return std::ranges::all_of(all, [&](const auto& image) {
