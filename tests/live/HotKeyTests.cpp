@@ -26,6 +26,20 @@ protected:
         run(command);
     }
 
+    // A press may come while the program takes its keys anew because the keyboard has changed; it is then
+    // nobody's, as the user who presses again knows.
+    void expectSave(const std::string& key) {
+        constexpr double secondsToSave = 10;
+        const auto before = desk.logged("save layout: ");
+        EXPECT_TRUE(waitUntil([&] {
+            press({"Super_L", "Shift_L"}, key);
+            ++presses;
+            return waitUntil([&] { return desk.logged("save layout: ") > before; }, secondsToSave);
+        }));
+    }
+
+    // Of the keys that save.
+    std::size_t presses = 0;
     xcb_window_t window = desk.open({"galculator"}).client;
     ProgramRun vantrel = desk.startVantrel();
 };
@@ -33,19 +47,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Under, RealKeys, windowManagers(), windowManagerName);
 
 TEST_P(RealKeys, RunTheirActionOnceWhateverLocksAndLayoutSay) {
-    std::size_t presses = 0;
-    // A press may come while the program takes its keys anew because the keyboard has changed; it is then
-    // nobody's, as the user who presses again knows.
-    const auto expectSave = [&] {
-        constexpr double secondsToSave = 10;
-        const auto before = desk.logged("save layout: ");
-        EXPECT_TRUE(waitUntil([&] {
-            press({"Super_L", "Shift_L"}, placeOfS);
-            ++presses;
-            return waitUntil([&] { return desk.logged("save layout: ") > before; }, secondsToSave);
-        }));
-    };
-    expectSave();
+    expectSave(placeOfS);
     for (const auto& change : std::vector<std::vector<std::string>>{
              {"xdotool", "key", "Caps_Lock"},
              {"xdotool", "key", "Num_Lock"},
@@ -54,7 +56,7 @@ TEST_P(RealKeys, RunTheirActionOnceWhateverLocksAndLayoutSay) {
          }) {
         SCOPED_TRACE(testing::PrintToString(change));
         run(change);
-        expectSave();
+        expectSave(placeOfS);
     }
     // Neither other modifiers nor other keys do it; and what came before ran once.
     press({"Super_L", "Shift_L", "Control_L"}, placeOfS);
@@ -62,6 +64,18 @@ TEST_P(RealKeys, RunTheirActionOnceWhateverLocksAndLayoutSay) {
     press({"Super_L", "Shift_L"}, placeOfR);
     EXPECT_TRUE(waitUntil([&] { return desk.logged("restore report:") == 1; }));
     EXPECT_LE(desk.logged("save layout: "), presses);
+}
+
+TEST_P(RealKeys, GoAlongWhenTheirPlacesGetOtherKeyCodes) {
+    desk.done({"hotkeys", "set", "save", "Super+Shift+Up"});
+    // The two sets of key codes that X has, and the upward arrow's in each.
+    using Codes = std::pair<const char*, const char*>;
+    for (const auto& [codes, arrow] :
+         {Codes{"xfree86", "98"}, Codes{"evdev", "111"}, Codes{"xfree86", "98"}}) {
+        SCOPED_TRACE(codes);
+        run({"setxkbmap", "-keycodes", std::string(codes) + "+aliases(qwerty)"});
+        expectSave(arrow);
+    }
 }
 
 TEST_P(RealKeys, ACombinationThatAnotherProgramHoldsIsShownAndTakenWhenItIsFree) {

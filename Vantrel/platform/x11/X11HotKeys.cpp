@@ -42,30 +42,28 @@ private:
 
 X11HotKeys::X11HotKeys(std::shared_ptr<X11Connection> connection, MainQueue& queue)
     : m_connection(std::move(connection)), m_queue(queue) {
-    useXkb();
+    const auto xkbEvents = useXkb();
     m_presses = m_connection->onEvent(XCB_KEY_PRESS, [this](const xcb_generic_event_t& event) {
         keyPressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
     });
     m_releases = m_connection->onEvent(XCB_KEY_RELEASE, [this](const xcb_generic_event_t& event) {
-        m_down.reset(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+        m_held.release(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
     });
-    m_mappings = m_connection->onEvent(XCB_MAPPING_NOTIFY, [this](const xcb_generic_event_t& /*event*/) {
-        m_queue.post([this, alive = std::weak_ptr(m_alive)] {
-            if (alive.lock()) {
-                keyboardChanged();
-            }
-        });
-    });
+    if (xkbEvents) {
+        m_changes = m_connection->onEvent(
+            *xkbEvents, [this](const xcb_generic_event_t& /*event*/) { keyboardMayHaveChanged(); });
+        selectKeyboardChanges();
+    }
     m_map = KeyboardMap::read(*m_connection);
 }
 
 X11HotKeys::~X11HotKeys() = default;
 
-void X11HotKeys::useXkb() {
+std::optional<std::uint8_t> X11HotKeys::useXkb() {
     xcb_connection_t* const xcb = m_connection->xcb();
     const auto* const extension = xcb_get_extension_data(xcb, &xcb_xkb_id);
     if (extension == nullptr || extension->present == 0) {
-        return;
+        return std::nullopt;
     }
     [[maybe_unused]] const auto used = ownReply(xcb_xkb_use_extension_reply(
         xcb, xcb_xkb_use_extension(xcb, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION), nullptr));
@@ -75,6 +73,29 @@ void X11HotKeys::useXkb() {
         XCB_XKB_PER_CLIENT_FLAG_GRABS_USE_XKB_STATE | XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     [[maybe_unused]] const auto taken = ownReply(xcb_xkb_per_client_flags_reply(
         xcb, xcb_xkb_per_client_flags(xcb, XCB_XKB_ID_USE_CORE_KBD, flags, flags, 0, 0, 0), nullptr));
+    return extension->first_event;
+}
+
+void X11HotKeys::selectKeyboardChanges() {
+    constexpr std::uint16_t events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY |
+                                     XCB_XKB_EVENT_TYPE_NAMES_NOTIFY;
+    constexpr std::uint16_t everyPart = 0xff;
+    xcb_xkb_select_events(m_connection->xcb(), XCB_XKB_ID_USE_CORE_KBD, events, 0, events, everyPart,
+                          everyPart, nullptr);
+    xcb_flush(m_connection->xcb());
+}
+
+void X11HotKeys::keyboardMayHaveChanged() {
+    if (m_isLookPosted.exchange(true)) {
+        return;
+    }
+    m_queue.post([this, alive = std::weak_ptr(m_alive)] {
+        if (alive.lock()) {
+            // Before the look: what changes from here on is worth another.
+            m_isLookPosted = false;
+            keyboardChanged();
+        }
+    });
 }
 
 std::unique_ptr<HotKey> X11HotKeys::add(std::uint32_t /*id*/, HotKeyCombo combo,
@@ -115,10 +136,9 @@ void X11HotKeys::ungrab(const KeyboardMap::Key& key) const {
 }
 
 void X11HotKeys::keyPressed(const xcb_key_press_event_t& event) {
-    if (m_down.test(event.detail)) {
+    if (!m_held.press(event.detail, event.time)) {
         return;
     }
-    m_down.set(event.detail);
     m_queue.post([this, alive = std::weak_ptr(m_alive), code = event.detail, state = event.state] {
         if (!alive.lock() || !m_map) {
             return;
