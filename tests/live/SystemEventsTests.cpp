@@ -3,12 +3,15 @@
 #include "tests/live/VantrelDesk.h"
 
 #include <QCoreApplication>
+#include <QDBusConnectionInterface>
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 
 #include <array>
+#include <csignal>
+#include <optional>
 #include <poll.h>
 #include <unistd.h>
 #include <utility>
@@ -23,9 +26,10 @@ constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 
 class FakeLogind final : public QDBusVirtualObject {
 public:
-    explicit FakeLogind(const std::string& address)
-        : voice(address, "fake logind", "org.freedesktop.login1") {
+    // The object before the name: whoever sees the name asks at once.
+    explicit FakeLogind(const std::string& address) : voice(address, "fake logind") {
         voice.bus().registerVirtualObject(managerPath, this, QDBusConnection::SubPath);
+        voice.bus().registerService("org.freedesktop.login1");
     }
     ~FakeLogind() override { releaseInhibitor(); }
 
@@ -78,7 +82,8 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
     const QCoreApplication application(argumentCount, nullptr);
     VantrelDesk desk("openbox");
     const SessionBus systemBus(desk.home(), desk.environment(), "system-bus");
-    FakeLogind logind(systemBus.address());
+    std::optional<FakeLogind> service(std::in_place, systemBus.address());
+    FakeLogind& logind = *service;
     const auto eventually = [](const std::function<bool()>& condition) {
         return waitUntil([&] {
             QCoreApplication::processEvents();
@@ -95,7 +100,7 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
     const auto isLocked = [&] { return desk.logged("session locked: snapshots suspended") == count; };
     const auto isUnlocked = [&] { return desk.logged("session unlocked: ") == count; };
 
-    const ProgramRun run(desk, {VANTREL_PROGRAM}, {"DBUS_SYSTEM_BUS_ADDRESS=" + systemBus.address()});
+    ProgramRun run(desk, {VANTREL_PROGRAM}, {"DBUS_SYSTEM_BUS_ADDRESS=" + systemBus.address()});
     ASSERT_TRUE(eventually([&] { return logind.isInhibited() && desk.logged("start: ") == 1; }))
         << run.output();
     EXPECT_EQ(logind.inhibitedBy(), "sleep delay");
@@ -129,6 +134,28 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
         EXPECT_TRUE(eventually(isLocked));
     }
     EXPECT_TRUE(eventually(isUnlocked));
+    // One that is gone before anybody can watch it.
+    ++count;
+    kill(run.process().pid(), SIGSTOP);
+    {
+        BusVoice saver(desk.bus().address(), "hasty saver");
+        saver.say("/", "org.gnome.ScreenSaver", "ActiveChanged", {true});
+        // Answered by the bus once it has taken up what was said.
+        EXPECT_TRUE(saver.bus().interface()->isServiceRegistered("org.vantrel.Vantrel"));
+    }
+    kill(run.process().pid(), SIGCONT);
+    EXPECT_TRUE(eventually(isUnlocked));
+    EXPECT_TRUE(isLocked());
+
+    service.reset();
+    service.emplace(systemBus.address());
+    EXPECT_TRUE(eventually([&] { return service->isInhibited(); }))
+        << "with the logind that was started anew";
+    ++count;
+    EXPECT_TRUE(eventually([&] {
+        service->voice.say(sessionPath, sessionInterface, "Lock");
+        return isLocked();
+    }));
     EXPECT_EQ(desk.logged("system events: "), 0U);
 }
 

@@ -51,6 +51,16 @@ DBusSystemEvents::DBusSystemEvents(QDBusConnection systemBus, QDBusConnection se
                          m_screenSavers.removeWatchedService(service);
                          setLocked(service.toStdString(), false);
                      });
+    m_logind.setConnection(m_systemBus);
+    m_logind.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    QObject::connect(&m_logind, &QDBusServiceWatcher::serviceOwnerChanged, this,
+                     [this](const QString& /*service*/, const QString& /*before*/, const QString& now) {
+                         // The inhibitor went with the one before.
+                         m_inhibitor = {};
+                         if (!now.isEmpty()) {
+                             askLogind();
+                         }
+                     });
 }
 
 void DBusSystemEvents::setHandlers(Handlers handlers) {
@@ -80,6 +90,11 @@ void DBusSystemEvents::watchLogind() {
     }
     m_systemBus.connect(logind, managerPath, managerInterface, "PrepareForSleep", this,
                         SLOT(prepareForSleep(bool)));
+    m_logind.addWatchedService(logind);
+    askLogind();
+}
+
+void DBusSystemEvents::askLogind() {
     inhibitSleep();
     const QString own = qEnvironmentVariable("XDG_SESSION_ID", "auto");
     BusQuestion::ask<QDBusObjectPath>(m_systemBus, callOf(managerPath, managerInterface, "GetSession", {own}),
@@ -157,12 +172,24 @@ void DBusSystemEvents::sessionChanged(const QString& interface, const QVariantMa
 }
 
 void DBusSystemEvents::screenSaverChanged(bool isActive, const QDBusMessage& message) {
-    if (isActive) {
-        m_screenSavers.addWatchedService(message.service());
-    } else {
-        m_screenSavers.removeWatchedService(message.service());
+    const QString service = message.service();
+    setLocked(service.toStdString(), isActive);
+    if (!isActive) {
+        m_screenSavers.removeWatchedService(service);
+        return;
     }
-    setLocked(message.service().toStdString(), isActive);
+    m_screenSavers.addWatchedService(service);
+    // It may have gone before the watch stood; the bus answers after it has taken up the watch.
+    auto question = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                   "org.freedesktop.DBus", "NameHasOwner");
+    question.setArguments({service});
+    BusQuestion::ask<bool>(m_sessionBus, question, this,
+                           [this, service](const QDBusPendingReply<bool>& reply) {
+                               if (reply.isValid() && !reply.value()) {
+                                   m_screenSavers.removeWatchedService(service);
+                                   setLocked(service.toStdString(), false);
+                               }
+                           });
 }
 
 void DBusSystemEvents::complain(const QString& reason) {

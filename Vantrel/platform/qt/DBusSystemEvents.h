@@ -47,6 +47,8 @@ private Q_SLOTS:
 
 private:
     void watchLogind();
+    // Asks a logind that has come up, at the start or later, for what goes with it.
+    void askLogind();
     void watchScreenSavers();
     // Has logind wait with the next sleep until we let go.
     void inhibitSleep();
@@ -65,6 +67,7 @@ private:
     QTimer m_requestLapse;
     // Tells when a screen saver that has locked the session goes away.
     QDBusServiceWatcher m_screenSavers;
+    QDBusServiceWatcher m_logind;
 };
 
 } // namespace vantrel
