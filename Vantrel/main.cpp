@@ -325,10 +325,9 @@ private:
     // Of the calendars, which are read in the background.
     ZoneDatabase m_zones;
     // Reads, and so complains, in the background.
-    IcalCalendarReader m_calendar{
-        UserFolders::home(), UserFolders::data(),
-        [this](const std::string& name) { return m_zones.named(name); },
-        [this](const std::string& message) { logSoon(message); }};
+    IcalCalendarReader m_calendar{UserFolders::home(), UserFolders::data(),
+                                  [this](const std::string& name) { return m_zones.named(name); },
+                                  [this](const std::string& message) { logSoon(message); }};
     std::unique_ptr<DesktopPictures> m_pictures =
         desktopPictures(environment("XDG_CURRENT_DESKTOP"), m_connection);
     X11HotKeys m_hotKeys{m_connection, m_queue};
