@@ -44,6 +44,7 @@
 #include "Vantrel/platform/x11/X11HotKeys.h"
 #include "Vantrel/platform/x11/X11Workspace.h"
 #include "Vantrel/platform/x11/XEmbedTray.h"
+#include "VantrelCore/ports/PatientFileSystem.h"
 #include "VantrelCore/windows/AXPermission.h"
 
 #include <CLI/CLI.hpp>
@@ -181,7 +182,7 @@ private:
                                     m_clock,         m_queue,     m_background, m_localZone,    m_calendar,
                                     m_focus,         *m_pictures, m_hotKeys,    m_license};
         auto controller = AppController::create(
-            ports, m_files, m_log,
+            ports, {m_files, &m_incidents}, m_log,
             {.supportDirectory = m_supportDirectory,
              .ownBundleID = ownBundleID,
              .version = VANTREL_VERSION,
@@ -295,11 +296,13 @@ private:
     std::shared_ptr<X11Connection> m_connection;
     QDBusConnection m_bus;
     ExitCode m_result = ExitCode::done;
-    PosixFileSystem m_files;
+    PosixFileSystem m_disk;
     SystemClock m_clock;
+    PatientFileSystem m_files{m_disk, m_clock};
     QtMainQueue m_queue{[this](const std::string& message) { log(message); }};
     AppLog m_log{m_supportDirectory, m_files, m_clock};
-    QtUserDefaults m_defaults{UserFolders::settingsFile(), m_files,
+    FileIncidents m_incidents{[this](const std::string& message) { log(message); }};
+    QtUserDefaults m_defaults{UserFolders::settingsFile(), m_files, m_incidents,
                               [this](const std::string& message) { log(message); }};
     QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
     MachineIDFile m_machine{m_files};
@@ -309,7 +312,7 @@ private:
                               .apiServer = m_vendor.apiServer,
                               .publicKey = m_vendor.licensePublicKey,
                               .log = [this](const std::string& message) { log(message); }},
-                             m_files,
+                             {m_files, &m_incidents},
                              m_clock,
                              m_queue,
                              m_http,

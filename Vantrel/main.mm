@@ -41,6 +41,7 @@
 #include "Vantrel/platform/posix/ThreadBackground.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
 #include "Vantrel/platform/qt/QtHttpClient.h"
+#include "VantrelCore/ports/PatientFileSystem.h"
 #include "VantrelCore/windows/AXPermission.h"
 
 #include <QApplication>
@@ -101,7 +102,7 @@ public:
         const ControllerPorts ports{m_accessibility, m_displays, m_workspace,  m_systemEvents, m_defaults,
                                     m_clock,         m_queue,    m_background, m_localZone,    m_calendar,
                                     m_focus,         m_pictures, m_hotKeys,    m_license};
-        auto controller = AppController::create(ports, m_files, m_log,
+        auto controller = AppController::create(ports, {m_files, &m_incidents}, m_log,
                                                 {.supportDirectory = m_supportDirectory,
                                                  .ownBundleID = ownBundleID,
                                                  .version = VANTREL_VERSION,
@@ -166,9 +167,11 @@ private:
 
     std::filesystem::path m_supportDirectory;
     SystemDescription m_system;
-    PosixFileSystem m_files;
+    PosixFileSystem m_disk;
     SystemClock m_clock;
+    PatientFileSystem m_files{m_disk, m_clock};
     AppLog m_log;
+    FileIncidents m_incidents{[this](const std::string& message) { m_log.write(message); }};
     MacMainQueue m_queue{[this](const std::string& message) { m_log.write(message); }};
     MacUserDefaults m_defaults{m_queue};
     QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
@@ -180,7 +183,7 @@ private:
          .apiServer = m_vendor.apiServer,
          .publicKey = m_vendor.licensePublicKey,
          .log = [this](const std::string& message) { m_log.write(message); }},
-        m_files,
+        {m_files, &m_incidents},
         m_clock,
         m_queue,
         m_http,

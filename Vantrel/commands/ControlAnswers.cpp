@@ -34,6 +34,18 @@ struct PhaseParts {
     }
 };
 
+FileIncidentMessage fileIncident(const FileIncident& incident) {
+    const auto ifAny = [](const std::string& text) {
+        return text.empty() ? std::nullopt : std::optional(text);
+    };
+    return {.kind = FileIncidentText::name(incident.kind),
+            .file = incident.file.string(),
+            .isTrouble = incident.isTrouble(),
+            .reason = ifAny(incident.reason),
+            .copy = ifAny(incident.copy.string()),
+            .text = FileIncidentText::sentence(incident)};
+}
+
 } // namespace
 
 PhaseMessage phase(const Phase& phase) {
@@ -61,6 +73,10 @@ StatusMessage status(const PublishedState& state, const std::filesystem::path& s
     message.displays = state.displays;
     message.supportDirectory = supportDirectory.string();
     message.license = LicenseMessage::of(state.entitlement);
+    message.learningFailed = state.learningFailed;
+    for (const auto& incident : state.fileIncidents) {
+        message.fileIncidents.push_back(fileIncident(incident));
+    }
     message.latestAvailable = state.latestAvailable;
     return message;
 }

@@ -5,6 +5,7 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
+#include "Vantrel/commands/methods/FileMethods.h"
 #include "Vantrel/commands/methods/HotKeyMethods.h"
 #include "Vantrel/commands/methods/IntentMethods.h"
 #include "Vantrel/commands/methods/LayoutMethods.h"
@@ -50,6 +51,7 @@ std::vector<ControlMethod> controlMethods(AppController& controller,
     add(settingsMethods(controller.defaults()));
     add(hotKeyMethods(controller));
     add(licenseMethods(controller));
+    add(fileMethods(controller));
     return all;
 }
 

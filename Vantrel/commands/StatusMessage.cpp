@@ -19,6 +19,24 @@ void from_json(const nlohmann::json& json, PhaseMessage& phase) {
     phase.text = required<std::string>(json, "text");
 }
 
+void to_json(nlohmann::json& json, const FileIncidentMessage& incident) {
+    json = {{"kind", incident.kind},
+            {"file", incident.file},
+            {"isTrouble", incident.isTrouble},
+            {"text", incident.text}};
+    put(json, "reason", incident.reason);
+    put(json, "copy", incident.copy);
+}
+
+void from_json(const nlohmann::json& json, FileIncidentMessage& incident) {
+    incident.kind = required<std::string>(json, "kind");
+    incident.file = required<std::string>(json, "file");
+    incident.isTrouble = required<bool>(json, "isTrouble");
+    incident.reason = optional<std::string>(json, "reason");
+    incident.copy = optional<std::string>(json, "copy");
+    incident.text = required<std::string>(json, "text");
+}
+
 void to_json(nlohmann::json& json, const StatusMessage& status) {
     json = {{"version", status.version},
             {"phase", status.phase},
@@ -30,7 +48,9 @@ void to_json(nlohmann::json& json, const StatusMessage& status) {
             {"layoutNames", status.layoutNames},
             {"displays", status.displays},
             {"supportDirectory", status.supportDirectory},
-            {"license", status.license}};
+            {"license", status.license},
+            {"learningFailed", status.learningFailed},
+            {"fileIncidents", status.fileIncidents}};
     put(json, "savedWindows", status.savedWindows);
     put(json, "savedAt", status.savedAt);
     put(json, "latestAvailable", status.latestAvailable);
@@ -49,6 +69,9 @@ void from_json(const nlohmann::json& json, StatusMessage& status) {
     status.displays = required<std::vector<DisplayInfo>>(json, "displays");
     status.supportDirectory = required<std::string>(json, "supportDirectory");
     status.license = required<LicenseMessage>(json, "license");
+    status.learningFailed = optional<bool>(json, "learningFailed").value_or(false);
+    status.fileIncidents = optional<std::vector<FileIncidentMessage>>(json, "fileIncidents")
+                               .value_or(std::vector<FileIncidentMessage>());
     status.latestAvailable = optional<std::string>(json, "latestAvailable");
     status.crashReports = optional<std::int64_t>(json, "crashReports");
     status.savedWindows = optional<std::int64_t>(json, "savedWindows");

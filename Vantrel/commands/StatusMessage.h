@@ -26,6 +26,22 @@ struct PhaseMessage {
     bool operator==(const PhaseMessage&) const = default;
 };
 
+struct FileIncidentMessage {
+    // As FileIncidentText::name has it.
+    std::string kind;
+    std::string file;
+    // False when nothing is amiss any more.
+    bool isTrouble = true;
+    // Absent where nothing failed.
+    std::optional<std::string> reason;
+    // Where the content is; absent where it is in the file itself.
+    std::optional<std::string> copy;
+    // The same for people.
+    std::string text;
+
+    bool operator==(const FileIncidentMessage&) const = default;
+};
+
 struct StatusMessage {
     std::string version;
     PhaseMessage phase;
@@ -44,6 +60,10 @@ struct StatusMessage {
     std::vector<DisplayInfo> displays;
     std::string supportDirectory;
     LicenseMessage license;
+    // The last attempt to remember the desk failed.
+    bool learningFailed = false;
+    // What is the matter with the program's files.
+    std::vector<FileIncidentMessage> fileIncidents;
     // The newer version on offer.
     std::optional<std::string> latestAvailable;
     // Written and not sent; absent without any.
@@ -54,6 +74,8 @@ struct StatusMessage {
 
 void to_json(nlohmann::json& json, const PhaseMessage& phase);
 void from_json(const nlohmann::json& json, PhaseMessage& phase);
+void to_json(nlohmann::json& json, const FileIncidentMessage& incident);
+void from_json(const nlohmann::json& json, FileIncidentMessage& incident);
 void to_json(nlohmann::json& json, const StatusMessage& status);
 void from_json(const nlohmann::json& json, StatusMessage& status);
 

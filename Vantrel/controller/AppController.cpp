@@ -30,25 +30,27 @@ const char* sourceName(RestoreSource source) {
 } // namespace
 
 std::expected<std::unique_ptr<AppController>, std::error_code>
-AppController::create(const ControllerPorts& ports, FileSystem& files, AppLog& log, Options options) {
+AppController::create(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, Options options) {
     auto stores = ControllerStores::open(options.supportDirectory, files, ports.clock);
     if (!stores) {
         return std::unexpected(stores.error());
     }
     return std::unique_ptr<AppController>(
-        new AppController(ports, log, std::move(*stores), std::move(options)));
+        new AppController(ports, files, log, std::move(*stores), std::move(options)));
 }
 
-AppController::AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores,
-                             Options options)
+AppController::AppController(const ControllerPorts& ports, const StoreFiles& files, AppLog& log,
+                             ControllerStores stores, Options options)
     : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts, m_stores.scenes),
-      m_history(m_context, m_stores), m_learning(m_context), m_runner(m_context, m_history),
-      m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
+      m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
+      m_learning(m_context), m_runner(m_context, m_history), m_pinned(m_context, m_runner),
+      m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
       m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
       m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
       m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
       m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context),
       m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
+    m_files.onPutBack = [this] { showStored(); };
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
     m_displayChange.onSettled = [this] { m_suggestions.refresh(); };
@@ -151,7 +153,17 @@ void AppController::applyLaunchAtLogin() {
     }
 }
 
+void AppController::showStored() {
+    m_context.showStoredLayouts();
+    m_context.showStoredScenes();
+    m_stashes.showStored();
+    m_triggers.showStored();
+    m_history.showStored();
+    refreshStatus();
+}
+
 void AppController::tick() {
+    m_files.retry();
     m_stashes.dropExpired();
     m_learning.snapshotIfChanged();
     // Perhaps taken away while running.

@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
+#include "Vantrel/controller/FilesFlow.h"
 #include "Vantrel/controller/HotKeyFlow.h"
 #include "Vantrel/controller/LaunchPlacementFlow.h"
 #include "Vantrel/controller/LayoutFlow.h"
@@ -54,7 +55,7 @@ public:
     // Loads the stores. Fails when the folder cannot be created. Everything passed by reference outlives the
     // controller and its background work.
     [[nodiscard]] static std::expected<std::unique_ptr<AppController>, std::error_code>
-    create(const ControllerPorts& ports, FileSystem& files, AppLog& log, Options options);
+    create(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, Options options);
 
     ~AppController();
     AppController(const AppController&) = delete;
@@ -105,6 +106,8 @@ public:
     [[nodiscard]] SuggestionFlow& suggestions() { return m_suggestions; }
     // The rules per application.
     [[nodiscard]] RuleFlow& rules() { return m_rules; }
+    // What is the matter with the stores' files; published.
+    [[nodiscard]] FilesFlow& files() { return m_files; }
 
     // Puts the desk in order as the scene has it, also one of another desk. False when nothing is going to
     // happen. `reason` says who wanted it where it was not the user: "trigger calendar event". `done`, if
@@ -178,7 +181,8 @@ public:
     [[nodiscard]] bool restoreInFlight() const { return m_context.restoreInFlight; }
 
 private:
-    AppController(const ControllerPorts& ports, AppLog& log, ControllerStores stores, Options options);
+    AppController(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, ControllerStores stores,
+                  Options options);
 
     [[nodiscard]] HotKeyFlow::Actions hotKeyActions();
     HotKeyResult setOptionalHotkey(HotKeySurface::Kind kind, std::optional<std::int64_t> keyCode,
@@ -187,11 +191,14 @@ private:
     void userDefaultsChanged();
     void licenseChanged();
     void applyLaunchAtLogin();
+    // Publishes what the stores hold, after one of them has its records back.
+    void showStored();
     // Publishes what the settings say about the published state.
     void showSettings();
 
     ControllerStores m_stores;
     ControllerContext m_context;
+    FilesFlow m_files;
     RestoreHistory m_history;
     LearningFlow m_learning;
     RestoreRunner m_runner;

@@ -157,8 +157,13 @@ void ControllerContext::showDesk(const std::string& configID, const std::vector<
 void ControllerContext::showStoredLayouts() {
     publisher.publish([&](PublishedState& state) {
         ++state.layoutsVersion;
+        state.learningFailed = false;
         publishStored(state);
     });
+}
+
+void ControllerContext::showLearningFailed(bool hasFailed) {
+    publisher.publish([&](PublishedState& state) { state.learningFailed = hasFailed; });
 }
 
 void ControllerContext::publishLastAppliedScene(PublishedState& state) {

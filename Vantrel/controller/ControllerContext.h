@@ -103,8 +103,9 @@ public:
 
     // Publishes the desk and what is stored for it.
     void showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays);
-    // Publishes the layouts of the current desk after the store has changed.
+    // Publishes the layouts of the current desk after the store has changed, and so has been written.
     void showStoredLayouts();
+    void showLearningFailed(bool hasFailed);
     // Publishes the scenes after the store has changed.
     void showStoredScenes();
     // Called when showStoredScenes() has published them.

@@ -1,11 +1,12 @@
 #include "Vantrel/controller/ControllerStores.h"
 
+#include <tuple>
 #include <utility>
 
 namespace vantrel {
 
 std::expected<ControllerStores, std::error_code>
-ControllerStores::open(const std::filesystem::path& directory, FileSystem& files, Clock& clock) {
+ControllerStores::open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock) {
     std::error_code failure;
     // The first failure is the one that is told.
     const auto opened = [&](auto store) {
@@ -35,6 +36,18 @@ ControllerStores::open(const std::filesystem::path& directory, FileSystem& files
                             .reliability = std::move(*reliability),
                             .sizeBehavior = std::move(*sizeBehavior),
                             .stashes = std::move(*stashes)};
+}
+
+void ControllerStores::readAll() {
+    std::ignore = layouts.rules();
+    std::ignore = scenes.lastAppliedSceneID("");
+    std::ignore = triggers.trigger("");
+    std::ignore = restoreLog.load();
+    std::ignore = receipts.load();
+    std::ignore = usage.load();
+    std::ignore = reliability.record("");
+    std::ignore = sizeBehavior.behavior("");
+    std::ignore = stashes.stash("");
 }
 
 } // namespace vantrel

@@ -30,7 +30,10 @@ struct ControllerStores {
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<ControllerStores, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
+    open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock);
+
+    // Reads every file that is not in the cache.
+    void readAll();
 };
 
 } // namespace vantrel

@@ -47,10 +47,10 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
     }
     std::function<void()> undone;
     if (name != former) {
-        m_learning.adoptPreChangeSnapshotIfNeeded();
         if (!m_context.store.setActiveLayout(name, desk)) {
             return RestoreOutcome::refuse(Kind::writeFailed, done);
         }
+        m_learning.adoptPreChangeSnapshotIfNeeded();
         m_context.log(fmt::format("switch layout: {} to {}", former, name));
         layoutsChanged();
         m_left = std::make_shared<Left>(Left{desk, former, m_context.store.layout(desk, former)});
@@ -134,7 +134,7 @@ SaveOutcome LayoutFlow::store(Layout layout, const std::string& name) {
         layout.pinned = stored->pinned;
     }
     layout.layoutName = name;
-    if (!m_context.store.save(layout) || !m_context.store.setActiveLayout(name, layout.configID)) {
+    if (!m_context.store.saveAsActive(layout)) {
         return {.kind = SaveOutcome::Kind::writeFailed};
     }
     layoutsChanged();

@@ -77,14 +77,17 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     }
     const auto learned = m_stabilityGate.observe(layout, stored);
     if (!learned) {
+        if (stored && layout.isEquivalent(*stored)) {
+            // Nothing is left to be saved.
+            m_context.showLearningFailed(false);
+        }
         return;
     }
-    if (!m_context.store.save(*learned)) {
+    if (!save(*learned)) {
         m_context.log("learning failed: the layout could not be written");
         return;
     }
     m_context.log(fmt::format("learned layout: {} windows for {}", learned->windows.size(), learned->name));
-    m_context.showStoredLayouts();
 }
 
 void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
@@ -101,13 +104,22 @@ void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
     if (stored && stored->isPinned()) {
         return;
     }
-    if (!m_context.store.save(layout)) {
+    if (!save(layout)) {
         m_context.log("pre-change snapshot lost: the layout could not be written");
         return;
     }
     m_context.log(fmt::format("pre-change snapshot adopted: {} windows for {}", layout.windows.size(),
                               layout.configID));
-    m_context.showStoredLayouts();
+}
+
+bool LearningFlow::save(const Layout& layout) {
+    const bool isSaved = m_context.store.save(layout);
+    if (isSaved) {
+        m_context.showStoredLayouts();
+    } else {
+        m_context.showLearningFailed(true);
+    }
+    return isSaved;
 }
 
 void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
@@ -125,10 +137,9 @@ SaveOutcome LearningFlow::finishSave(Layout layout) {
     if (const auto stored = storedLike(layout)) {
         layout.pinned = stored->pinned;
     }
-    if (!m_context.store.save(layout)) {
+    if (!save(layout)) {
         return {.kind = SaveOutcome::Kind::writeFailed};
     }
-    m_context.showStoredLayouts();
     m_context.announce(HUD::Saved{static_cast<std::int64_t>(layout.windows.size())});
     return {.kind = SaveOutcome::Kind::saved, .windows = layout.windows.size()};
 }

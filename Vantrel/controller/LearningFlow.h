@@ -56,6 +56,8 @@ private:
     void keepForAdoption(const Layout& layout);
     void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
     [[nodiscard]] SaveOutcome finishSave(Layout layout);
+    // Saves the layout, and publishes when that fails.
+    [[nodiscard]] bool save(const Layout& layout);
     [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
 
     ControllerContext& m_context;

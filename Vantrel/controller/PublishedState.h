@@ -14,6 +14,7 @@
 #include "VantrelCore/model/Stash.h"
 #include "VantrelCore/model/UndoSlot.h"
 #include "VantrelCore/model/UsageStats.h"
+#include "VantrelCore/stores/FileIncident.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
 #include <cstdint>
@@ -61,6 +62,10 @@ struct PublishedState {
     Phase phase;
     // Learning and restoring are switched on by the user.
     bool enabled = true;
+    // The last attempt to remember the desk failed; it is made again while the desk stands differently.
+    bool learningFailed = false;
+    // What is the matter with the program's files, in the order in which it happened.
+    std::vector<FileIncident> fileIncidents;
     // Whether this process may read and move windows, as last looked.
     bool hasPermission = false;
     // The current desk; empty while there are no displays.

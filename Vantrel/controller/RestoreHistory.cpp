@@ -37,9 +37,14 @@ std::vector<RestoreLog::Item> logItems(const RestoreReport& report) {
 
 RestoreHistory::RestoreHistory(ControllerContext& context, ControllerStores& stores)
     : m_context(context), m_stores(stores) {
+    showStored();
+}
+
+void RestoreHistory::showStored() {
     m_context.publisher.publish([&](PublishedState& state) {
         state.receipts = m_stores.receipts.load();
         state.usage = m_stores.usage.load();
+        ++state.restoreLogVersion;
     });
 }
 
@@ -75,7 +80,7 @@ void RestoreHistory::record(const RestoreRequest& request, const RestoreReport& 
 }
 
 void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t windows, Date date) {
-    check(m_stores.receipts.update([&](RestoreReceipts& receipts) { receipts.record(windows, date); }),
+    check(m_stores.receipts.update([&](RestoreReceipts& receipts) { return receipts.record(windows, date); }),
           "receipt");
     const std::string& desk = request.layout.configID;
     check(m_stores.usage.update([&](UsageStats& usage) {

@@ -29,6 +29,9 @@ public:
     // The windows of these items of the report last recorded have come since then and are in place.
     void addSettled(const std::vector<std::size_t>& items);
 
+    // Publishes receipts and usage as they are stored.
+    void showStored();
+
     // Applications that have failed often.
     [[nodiscard]] std::set<std::string> stubbornBundleIDs() {
         return m_stores.reliability.stubbornBundleIDs();

@@ -23,7 +23,7 @@ std::vector<Stash> StashFlow::stashes() {
     return all;
 }
 
-void StashFlow::publish() {
+void StashFlow::showStored() {
     m_context.publisher.publish([&](PublishedState& state) {
         state.stashes = stashes();
         ++state.stashesVersion;
@@ -34,7 +34,7 @@ void StashFlow::dropExpired() {
     const auto& published = m_context.state().stashes;
     // Newest first, so the last one expires first.
     if (!published.empty() && StashStore::hasExpired(published.back(), m_context.ports.clock.now())) {
-        publish();
+        showStored();
     }
 }
 
@@ -60,7 +60,7 @@ void StashFlow::stashNow(std::function<void(const Result&)> done) {
             // The store keeps what it could not write to itself.
             if (m_store.stash(stash.id)) {
                 result = stash;
-                publish();
+                showStored();
             }
         }
         m_context.log(result ? fmt::format("stash: {} put aside",
@@ -95,7 +95,7 @@ bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done
                           [this, stash] {
                               if (!m_store.stash(stash.id)) {
                                   m_store.add(stash);
-                                  publish();
+                                  showStored();
                               }
                           },
                       .done =
@@ -116,7 +116,7 @@ void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
     if (!m_store.remove(stash.id)) {
         m_context.log("stash: brought back, and kept because the file could not be written");
     }
-    publish();
+    showStored();
 }
 
 void StashFlow::stashOrBringBack(const Told& told) {

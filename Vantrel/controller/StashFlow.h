@@ -36,12 +36,14 @@ public:
     // The desk's newest stash is brought back; without one, the desk is stashed.
     void stashOrBringBack(const Told& told = {});
 
+    // Publishes the stashes after the store has changed.
+    void showStored();
+
     // What has expired is not published any longer.
     void dropExpired();
 
 private:
     void returned(const Stash& stash, const RestoreOutcome& outcome);
-    void publish();
     [[nodiscard]] std::vector<Stash> stashes();
 
     ControllerContext& m_context;

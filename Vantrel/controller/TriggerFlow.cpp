@@ -157,7 +157,7 @@ void TriggerFlow::fireWhere(const Condition& isDue, const std::string& area, con
             m_context.log(area + ": its firing could not be written");
         }
     }
-    showTriggers();
+    showStored();
     for (const FiredTrigger& fired :
          FiredTriggers::fates(due, m_context.state().scenes, m_context.state().configID)) {
         m_context.log(logLine(area, cause, fired));
@@ -200,21 +200,17 @@ TriggerFlow::addTrigger(const SceneTrigger::Kind& kind, const std::vector<std::s
     }
     std::vector<SceneTrigger> added;
     for (const std::string& sceneID : sceneIDs) {
-        const auto trigger = m_triggers.add({.id = freshUUID(),
-                                             .kind = kind,
-                                             .sceneID = sceneID,
-                                             .enabled = true,
-                                             .createdAt = m_context.ports.clock.now(),
-                                             .lastFiredAt = std::nullopt});
-        if (!trigger) {
-            for (const SceneTrigger& each : added) {
-                m_triggers.deleteTrigger(each.id);
-            }
-            return std::unexpected(triggerProblem(trigger.error()));
-        }
-        added.push_back(*trigger);
+        added.push_back({.id = freshUUID(),
+                         .kind = kind,
+                         .sceneID = sceneID,
+                         .enabled = true,
+                         .createdAt = m_context.ports.clock.now(),
+                         .lastFiredAt = std::nullopt});
     }
-    showTriggers();
+    if (const auto result = m_triggers.addAll(added); !result) {
+        return std::unexpected(triggerProblem(result.error()));
+    }
+    showStored();
     if (std::holds_alternative<SceneTrigger::CalendarVideoEvent>(kind)) {
         m_context.ports.calendar.requestAccessIfNeeded([this, alive = std::weak_ptr(m_alive)] {
             if (alive.lock()) {
@@ -238,7 +234,7 @@ TriggerFlow::Result<void> TriggerFlow::deleteTrigger(const std::string& id) {
         return std::unexpected(TriggerProblem::writeFailed);
     }
     m_fired.erase(id);
-    showTriggers();
+    showStored();
     return {};
 }
 
@@ -246,11 +242,11 @@ TriggerFlow::Result<void> TriggerFlow::changed(const TriggerStore::Result<void>&
     if (!change) {
         return std::unexpected(triggerProblem(change.error()));
     }
-    showTriggers();
+    showStored();
     return {};
 }
 
-void TriggerFlow::showTriggers() {
+void TriggerFlow::showStored() {
     m_context.publisher.publish([&](PublishedState& state) {
         ++state.triggersVersion;
         state.triggers = m_triggers.allTriggers();

@@ -47,6 +47,9 @@ public:
     Result<void> setTriggerEnabled(const std::string& id, bool isEnabled);
     Result<void> deleteTrigger(const std::string& id);
 
+    // Publishes the triggers after the store has changed.
+    void showStored();
+
 private:
     using Condition = std::function<bool(const SceneTrigger& trigger)>;
 
@@ -63,7 +66,6 @@ private:
     [[nodiscard]] std::optional<TriggerProblem> problemWith(const SceneTrigger::Kind& kind,
                                                             const std::vector<std::string>& sceneIDs);
     Result<void> changed(const TriggerStore::Result<void>& change);
-    void showTriggers();
 
     ControllerContext& m_context;
     TriggerStore& m_triggers;

@@ -26,6 +26,20 @@ QString menuTitle(const std::string& text, StatusItemContextMenu::Tray tray) {
     return first < 0 || first == title.size() - 1 ? title : title.insert(first, '&');
 }
 
+// Short, as menu entries are; `vantrelctl status` has the whole sentences.
+std::vector<std::string> troubles(const PublishedState& state) {
+    std::vector<std::string> found;
+    if (state.learningFailed) {
+        found.emplace_back("This desk could not be remembered");
+    }
+    for (const auto& incident : state.fileIncidents) {
+        if (incident.isTrouble()) {
+            found.push_back(FileIncidentText::headline(incident));
+        }
+    }
+    return found;
+}
+
 std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMissionControlLosing) {
     std::vector<StatusItem::SceneEntry> scenes;
     for (const auto& scene : state.scenes) {
@@ -38,12 +52,14 @@ std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMis
         StatusItemMenuBuilder::build(scenes, undo != nullptr ? std::optional(undo->reason) : std::nullopt),
         {.isTrialOver = state.entitlement.kind == Entitlement::Kind::trialOver,
          .latestAvailable = state.latestAvailable,
-         .isMissionControlLosing = isMissionControlLosing});
+         .isMissionControlLosing = isMissionControlLosing,
+         .troubles = troubles(state)});
 }
 
 bool isOnlySaid(const StatusItemMenuEntry& entry) {
+    using Notice = StatusItem::Notice::Kind;
     return entry.kind == StatusItemMenuEntry::Kind::notice &&
-           entry.noticeEntry.kind == StatusItem::Notice::Kind::trialEnded;
+           (entry.noticeEntry.kind == Notice::trialEnded || entry.noticeEntry.kind == Notice::filesInTrouble);
 }
 
 } // namespace
@@ -126,6 +142,7 @@ const std::function<void()>& StatusItemContextMenu::actionOf(StatusItem::Notice:
     case StatusItem::Notice::Kind::fixMissionControl:
         return m_fixMissionControl;
     case StatusItem::Notice::Kind::trialEnded:
+    case StatusItem::Notice::Kind::filesInTrouble:
     case StatusItem::Notice::Kind::updateAvailable:
     case StatusItem::Notice::Kind::checkForUpdates:
         break;

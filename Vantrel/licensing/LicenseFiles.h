@@ -3,7 +3,7 @@
 #pragma once
 
 #include "VantrelCore/licensing/LicenseDecision.h"
-#include "VantrelCore/ports/FileSystem.h"
+#include "VantrelCore/stores/StoreFiles.h"
 
 #include <filesystem>
 #include <string>
@@ -15,10 +15,13 @@ class LicenseFiles {
 public:
     // `machine` is LicensedMachine's.
     LicenseFiles(std::filesystem::path main, std::filesystem::path copy, std::string machine,
-                 FileSystem& files);
+                 const StoreFiles& files);
 
     [[nodiscard]] LicenseDecision::FileReading readMain() { return read(m_main); }
     [[nodiscard]] LicenseDecision::FileReading readCopy() { return read(m_copy); }
+
+    // Whether both files could be read now, or are not there.
+    [[nodiscard]] bool areReadable();
 
     // Moves aside what is to be kept; what cannot be moved or read is not written over from then on.
     void keepAside(const LicenseDecision::Start& start);
@@ -36,12 +39,15 @@ private:
 
     [[nodiscard]] LicenseDecision::FileReading read(File& file);
     void moveAside(File& file);
+    void tell(const File& file, FileIncident::Kind kind, std::string reason,
+              std::filesystem::path copy = {}) const;
+    void clear(const File& file, FileIncident::Topic topic) const;
     [[nodiscard]] bool write(File& file, const LicenseRecord& record);
 
     File m_main;
     File m_copy;
     std::string m_machine;
-    FileSystem& m_files;
+    StoreFiles m_files;
 };
 
 } // namespace vantrel

@@ -17,6 +17,7 @@ namespace {
 constexpr double tickInterval = 3600;
 // Nothing waits for the first renewal, and the start has better things to do.
 constexpr double firstRenewal = 5;
+constexpr double readingInterval = 15;
 
 std::string machineHash(MachineIdentity& machine) {
     const auto identity = machine.machineID();
@@ -25,10 +26,11 @@ std::string machineHash(MachineIdentity& machine) {
 
 } // namespace
 
-LicenseManager::LicenseManager(Options options, FileSystem& files, Clock& clock, MainQueue& queue,
+LicenseManager::LicenseManager(Options options, const StoreFiles& files, Clock& clock, MainQueue& queue,
                                HttpClient& http, MachineIdentity& machine)
-    : m_options(std::move(options)), m_clock(clock), m_queue(queue), m_http(http), m_fileSystem(files),
-      m_machine(machineHash(machine)), m_key(LicenseDocuments::publicKey(m_options.publicKey)),
+    : m_options(std::move(options)), m_clock(clock), m_queue(queue), m_http(http),
+      m_fileSystem(files.files()), m_machine(machineHash(machine)),
+      m_key(LicenseDocuments::publicKey(m_options.publicKey)),
       m_files(m_options.supportDirectory / "license.json", m_options.recordCopy, m_machine, files) {}
 
 void LicenseManager::start() {
@@ -54,6 +56,22 @@ void LicenseManager::start() {
     keep(std::move(decided.record), std::move(decided.license));
     m_options.log("license: " + m_entitlement.reason);
     scheduleTick();
+    scheduleReading();
+}
+
+void LicenseManager::scheduleReading() {
+    m_reading.reset();
+    // What was activated since then counts.
+    if (m_record.problem != LicenseProblem::unreadable) {
+        return;
+    }
+    m_reading = m_queue.after(readingInterval, [this] {
+        if (!m_exchange && m_record.problem == LicenseProblem::unreadable && m_files.areReadable()) {
+            start();
+        } else {
+            scheduleReading();
+        }
+    });
 }
 
 bool LicenseManager::keep(LicenseRecord record, std::optional<License> license) {

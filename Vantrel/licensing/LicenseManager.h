@@ -31,7 +31,7 @@ public:
     };
 
     // The ports outlive it.
-    LicenseManager(Options options, FileSystem& files, Clock& clock, MainQueue& queue, HttpClient& http,
+    LicenseManager(Options options, const StoreFiles& files, Clock& clock, MainQueue& queue, HttpClient& http,
                    MachineIdentity& machine);
 
     // Reads what is stored; from then on the entitlement is true to it.
@@ -62,6 +62,8 @@ private:
     // Lets the time that has passed count, whatever the clock says.
     void tick();
     void scheduleTick();
+    // While a file cannot be read, it is tried again from time to time.
+    void scheduleReading();
 
     Options m_options;
     Clock& m_clock;
@@ -79,6 +81,7 @@ private:
     // On the monotonic clock.
     double m_lastTick = 0;
     std::unique_ptr<ScheduledWork> m_tick;
+    std::unique_ptr<ScheduledWork> m_reading;
     // What the user asked for.
     std::unique_ptr<HttpExchange> m_exchange;
     std::unique_ptr<HttpExchange> m_renewal;

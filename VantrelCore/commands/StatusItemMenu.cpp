@@ -29,6 +29,9 @@ std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> en
         above.push_back(StatusItemMenuEntry::notice(Notice::trialEnded, "Trial ended"));
         above.push_back(StatusItemMenuEntry::notice(Notice::purchase, "Get Vantrel · $19"));
     }
+    for (const std::string& trouble : news.troubles) {
+        above.push_back(StatusItemMenuEntry::notice(Notice::filesInTrouble, trouble));
+    }
     if (news.latestAvailable) {
         above.push_back(StatusItemMenuEntry::notice(Notice::updateAvailable,
                                                     UpdateOffer::caption(*news.latestAvailable)));

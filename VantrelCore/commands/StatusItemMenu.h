@@ -20,8 +20,9 @@ struct SceneEntry {
 // Shown besides the entries that are always there.
 struct Notice {
     enum class Kind : std::uint8_t {
-        // Only says so.
+        // Only say so.
         trialEnded,
+        filesInTrouble,
         // Opens the purchase page.
         purchase,
         updateAvailable,
@@ -81,6 +82,8 @@ struct News {
     std::optional<std::string> latestAvailable;
     // `MissionControlConfig::Classification::losing`.
     bool isMissionControlLosing = false;
+    // Learning fails, or something is the matter with a file.
+    std::vector<std::string> troubles{};
 };
 
 // The entries with what is new above them, and the command that looks for updates before the last one.

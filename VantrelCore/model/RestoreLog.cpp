@@ -17,12 +17,14 @@ constexpr std::array<NamedOutcome, 4> namedOutcomes{{{RestoreLog::Outcome::resto
 
 } // namespace
 
-void RestoreLog::prune(Date now) {
+std::size_t RestoreLog::prune(Date now) {
     const Date cutoff = dateAfter(now, -retentionSeconds);
-    std::erase_if(entries, [&](const Entry& entry) { return entry.date < cutoff; });
+    const std::size_t dropped =
+        std::erase_if(entries, [&](const Entry& entry) { return entry.date < cutoff; });
     if (entries.size() > maxEntries) {
         entries.resize(maxEntries);
     }
+    return dropped;
 }
 
 void to_json(nlohmann::json& json, RestoreLog::Outcome outcome) {

@@ -4,6 +4,7 @@
 
 #include "VantrelCore/model/Date.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
@@ -52,7 +53,8 @@ struct RestoreLog {
     bool operator==(const RestoreLog&) const = default;
 
     // Drops entries older than seven days (one of exactly seven days stays), then all but the first twenty.
-    void prune(Date now);
+    // Returns how many were too old.
+    std::size_t prune(Date now);
 };
 
 // An outcome is its name as text; any other text fails to decode.

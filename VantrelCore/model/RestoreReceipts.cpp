@@ -5,10 +5,12 @@
 
 namespace vantrel {
 
-void RestoreReceipts::record(std::int64_t count, Date at) {
+AgeLoss RestoreReceipts::record(std::int64_t count, Date at) {
+    const std::size_t held = entries.size();
     entries.push_back({at, count});
     const Date cutoff = dateAfter(at, -retentionSeconds);
-    std::erase_if(entries, [&](const RestoreReceiptEntry& entry) { return entry.date < cutoff; });
+    return {held,
+            std::erase_if(entries, [&](const RestoreReceiptEntry& entry) { return entry.date < cutoff; })};
 }
 
 std::int64_t RestoreReceipts::windowsLast7Days(Date now) const {

@@ -1,6 +1,7 @@
 // How many windows were put back, restore by restore, for the figure of the last seven days.
 #pragma once
 
+#include "VantrelCore/model/AgeLoss.h"
 #include "VantrelCore/model/Date.h"
 
 #include <cstdint>
@@ -25,8 +26,8 @@ struct RestoreReceipts {
 
     bool operator==(const RestoreReceipts&) const = default;
 
-    // Also drops every entry more than thirty days older than `at`.
-    void record(std::int64_t count, Date at);
+    // Also drops every entry more than thirty days older than `at`, and returns how many of those there were.
+    AgeLoss record(std::int64_t count, Date at);
 
     // Windows put back no more than seven days before `now`; stops at the ends of the 64-bit range.
     [[nodiscard]] std::int64_t windowsLast7Days(Date now) const;

@@ -18,7 +18,7 @@ public:
     // Seconds from an arbitrary start; never goes back.
     [[nodiscard]] virtual double monotonicSeconds() = 0;
 
-    // Blocks the calling thread. Never called on the main thread.
+    // Blocks the calling thread. Never called on the main thread, except by PatientFileSystem.
     virtual void sleep(double seconds) = 0;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "VantrelCore/model/Date.h"
+#include "VantrelCore/ports/FileFault.h"
 
 #include <cstdint>
 #include <expected>
@@ -31,13 +32,17 @@ public:
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
-    // The whole content; no_such_file_or_directory when there is no file.
+    // No file of ours comes near this size; reading a larger one would take all memory.
+    static constexpr std::uint64_t maxBytes = 32 * 1024 * 1024;
+
+    // The whole content; no_such_file_or_directory when there is no file, file_too_large above maxBytes.
     [[nodiscard]] virtual std::expected<std::string, std::error_code>
     read(const std::filesystem::path& file) = 0;
 
     // Replaces the file's content as a whole or not at all, also when the process or the machine stops
     // half-way: temporary file beside it, flushed to disk, renamed over it, folder flushed. Success means
-    // that the content is durable.
+    // that the content is durable. Every error means that the old content stays, except
+    // FileFault::notFlushed; ask isReplaced().
     [[nodiscard]] virtual std::error_code writeAtomically(const std::filesystem::path& file,
                                                           std::string_view content) = 0;
 

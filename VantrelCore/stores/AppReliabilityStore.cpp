@@ -55,7 +55,7 @@ void dropLongestUnseen(Apps& apps) {
 AppReliabilityStore::AppReliabilityStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<AppReliabilityStore, std::error_code>
-AppReliabilityStore::open(const std::filesystem::path& directory, FileSystem& files) {
+AppReliabilityStore::open(const std::filesystem::path& directory, const StoreFiles& files) {
     return JsonStore<StoreFile>::openAs<AppReliabilityStore>(directory, "app-reliability.json", files);
 }
 

@@ -28,7 +28,7 @@ AppSizeBehavior& behaviorOf(AppSizeBehaviorStore::StoreFile& file, const std::st
 AppSizeBehaviorStore::AppSizeBehaviorStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<AppSizeBehaviorStore, std::error_code>
-AppSizeBehaviorStore::open(const std::filesystem::path& directory, FileSystem& files) {
+AppSizeBehaviorStore::open(const std::filesystem::path& directory, const StoreFiles& files) {
     return JsonStore<StoreFile>::openAs<AppSizeBehaviorStore>(directory, "app-size-behavior.json", files);
 }
 

@@ -36,7 +36,7 @@ public:
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<AppSizeBehaviorStore, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files);
+    open(const std::filesystem::path& directory, const StoreFiles& files);
 
     explicit AppSizeBehaviorStore(JsonStore<StoreFile> file);
 

@@ -1,10 +1,13 @@
 #include "VantrelCore/stores/JsonFile.h"
 
 #include "VantrelCore/model/JsonCoding.h"
+#include "VantrelCore/stores/SetAside.h"
 
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
 #include <string_view>
 #include <utility>
 
@@ -14,12 +17,6 @@ namespace {
 
 // Records nest a handful of levels; copying and writing a document recurse into it.
 constexpr int deepestNesting = 256;
-
-std::filesystem::path withSuffix(const std::filesystem::path& path, std::string_view suffix) {
-    std::filesystem::path result = path;
-    result += suffix;
-    return result;
-}
 
 nlohmann::json parse(const std::string& text) {
     const auto refuseDeepNesting = [](int depth, nlohmann::json::parse_event_t, nlohmann::json&) {
@@ -43,44 +40,78 @@ bool allNumbersAreFinite(const nlohmann::json& json) {
 
 } // namespace
 
-JsonFile::JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion, FileSystem& files)
-    : m_path(std::move(path)), m_schemaVersion(schemaVersion), m_files(&files),
-      m_unknownKeys(std::make_unique<nlohmann::json>(nlohmann::json::object())) {}
-
-JsonFile::JsonFile(JsonFile&& other) noexcept = default;
-JsonFile& JsonFile::operator=(JsonFile&& other) noexcept = default;
-JsonFile::~JsonFile() = default;
+JsonFile::JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion,
+                   const StoreFiles& files)
+    : m_path(std::move(path)), m_schemaVersion(schemaVersion), m_files(files) {}
 
 bool JsonFile::read(const Decode& decode, const Encode& encode) {
-    *m_unknownKeys = nlohmann::json::object();
-    m_holdsUndecodable = false;
+    m_unknownKeys = {};
+    m_isStuck = false;
     m_isNewer = false;
-    const auto content = m_files->read(m_path);
-    if (!content) {
-        if (content.error() != std::errc::no_such_file_or_directory) {
-            moveAside();
-        }
-        return false;
+    m_replacementsSeen = replacements();
+    const auto content = m_files.files().read(m_path);
+    if (!content && content.error() == std::errc::no_such_file_or_directory) {
+        return m_mayComeBack && readSetAside(decode, encode);
     }
-    try {
-        nlohmann::json document = parse(*content);
+    m_trouble = content ? Kind::undecodable : Kind::unreadable;
+    m_reason = content ? take(*content, decode, encode) : content.error().message();
+    if (!m_reason.empty()) {
+        m_mayComeBack = m_trouble == Kind::unreadable;
+        moveAside();
+    }
+    return m_reason.empty();
+}
+
+std::string JsonFile::take(const std::string& content, const Decode& decode, const Encode& encode) {
+    return objection(content, [&](const nlohmann::json& document) {
         const bool isNewer =
             m_schemaVersion && JsonCoding::required<std::int64_t>(document, "version") > *m_schemaVersion;
         decode(document);
         nlohmann::json known;
         encode(known);
-        for (auto& [key, value] : document.items()) {
-            if (!known.contains(key) && !value.is_null()) {
-                (*m_unknownKeys)[key] = std::move(value);
-            }
-        }
+        m_unknownKeys = UnknownKeys::between(document, known);
         m_isNewer = isNewer;
-        return true;
-    } catch (const std::exception&) {
-        *m_unknownKeys = nlohmann::json::object();
-        moveAside();
+    });
+}
+
+std::size_t JsonFile::replacements() const {
+    return m_files.incidents() != nullptr ? m_files.incidents()->replacements(m_path) : 0;
+}
+
+bool JsonFile::wasReplaced() const {
+    return replacements() != m_replacementsSeen;
+}
+
+std::string JsonFile::objection(const std::string& content, const Decode& decode) {
+    try {
+        decode(parse(content));
+        return {};
+    } catch (const nlohmann::json::parse_error& error) {
+        return fmt::format("no valid JSON at byte {}", error.byte);
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+bool JsonFile::readSetAside(const Decode& decode, const Encode& encode) {
+    const auto copy = SetAside::newestCopy(m_path);
+    const auto content = m_files.files().read(copy);
+    if (!content) {
+        m_mayComeBack = content.error() != std::errc::no_such_file_or_directory;
+        if (m_mayComeBack) {
+            tell(Kind::unreadable, content.error().message(), copy);
+        }
         return false;
     }
+    m_mayComeBack = false;
+    if (const std::string reason = take(*content, decode, encode); !reason.empty()) {
+        tell(Kind::undecodable, reason, copy);
+        return false;
+    }
+    // If this fails the content is in use all the same, and the next write puts it in place.
+    const std::error_code error = m_files.files().rename(copy, m_path);
+    tell(Kind::putBack, error ? error.message() : "");
+    return true;
 }
 
 bool JsonFile::write(const Encode& encode) {
@@ -90,48 +121,87 @@ bool JsonFile::write(const Encode& encode) {
         if (m_schemaVersion) {
             document["version"] = *m_schemaVersion;
         }
-        for (const auto& [key, value] : m_unknownKeys->items()) {
-            if (!document.contains(key)) {
-                document[key] = value;
-            }
-        }
-        if (!allNumbersAreFinite(document) || !originalIsSafe()) {
-            return false;
+        UnknownKeys stillUnknown = m_unknownKeys.addTo(document);
+        if (!allNumbersAreFinite(document)) {
+            return refuse("a number in it is infinite");
         }
         const auto text = document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
-        if (m_files->writeAtomically(m_path, text)) {
-            return false;
+        if (text.size() > FileSystem::maxBytes) {
+            return refuse("it would be too large to be read again");
         }
-    } catch (const std::exception&) {
-        return false;
+        if (const std::string reason = makeOriginalSafe(); !reason.empty()) {
+            return refuse(reason);
+        }
+        const std::error_code error = m_files.files().writeAtomically(m_path, text);
+        if (!isReplaced(error)) {
+            return refuse(error.message());
+        }
+        m_unknownKeys = std::move(stillUnknown);
+        m_isNewer = false;
+        m_keepsExpired = false;
+        if (error) {
+            tell(Kind::notFlushed, error.message());
+        } else if (m_files.incidents() != nullptr) {
+            m_files.incidents()->clear(m_path, FileIncident::Topic::writing);
+        }
+    } catch (const std::exception& error) {
+        return refuse(error.what());
     }
-    m_isNewer = false;
     return true;
 }
 
-void JsonFile::moveAside() {
-    // Renaming replaces an older one, and leaves it alone when it fails.
-    const auto failed = [this](std::string_view suffix) {
-        const std::error_code error = m_files->rename(m_path, withSuffix(m_path, suffix));
-        return error && error != std::errc::no_such_file_or_directory;
-    };
-    // The second name serves when something immovable, a folder say, stands at the first.
-    m_holdsUndecodable = failed(".corrupt") && failed(".corrupt.1");
+bool JsonFile::refuse(const std::string& reason) {
+    tell(Kind::notWritten, reason);
+    return false;
 }
 
-bool JsonFile::originalIsSafe() {
-    if (m_holdsUndecodable) {
+void JsonFile::moveAside() {
+    const std::error_code error = SetAside::move(m_files.files(), m_path);
+    const bool isGone = error == std::errc::no_such_file_or_directory;
+    m_isStuck = error && !isGone;
+    if (m_isStuck) {
+        tell(Kind::stuck, m_reason + "; " + error.message());
+    } else if (!isGone) {
+        tell(m_trouble, m_reason, SetAside::newestCopy(m_path));
+    }
+}
+
+std::string JsonFile::makeOriginalSafe() {
+    if (m_isStuck) {
         moveAside();
-        return !m_holdsUndecodable;
+        if (m_isStuck) {
+            return "what is there cannot be moved aside";
+        }
     }
-    if (!m_isNewer) {
-        return true;
+    std::string reason;
+    if (m_isNewer) {
+        reason = keepCopy(".newer", Kind::newerKept);
     }
-    const auto content = m_files->read(m_path);
+    if (m_keepsExpired && reason.empty()) {
+        reason = keepCopy(".expired", Kind::expiredKept);
+    }
+    return reason;
+}
+
+std::string JsonFile::keepCopy(std::string_view suffix, Kind kind) {
+    const auto content = m_files.files().read(m_path);
     if (!content) {
-        return content.error() == std::errc::no_such_file_or_directory;
+        return content.error() == std::errc::no_such_file_or_directory ? "" : content.error().message();
     }
-    return !m_files->writeAtomically(withSuffix(m_path, ".newer"), *content);
+    const auto copy = SetAside::withSuffix(m_path, suffix);
+    const std::error_code error = m_files.files().writeAtomically(copy, *content);
+    if (!isReplaced(error)) {
+        return error.message();
+    }
+    tell(kind, {}, copy);
+    return {};
+}
+
+void JsonFile::tell(Kind kind, std::string reason, std::filesystem::path copy) {
+    if (m_files.incidents() != nullptr) {
+        m_files.incidents()->tell(
+            {.file = m_path, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
+    }
 }
 
 } // namespace vantrel

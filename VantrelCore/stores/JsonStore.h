@@ -1,9 +1,9 @@
 // The common pattern of every store: one JSON file, read when first needed and then served from a cache,
 // written as a whole, atomically and durably. A file that cannot be read or decoded is moved aside to the
-// same name with ".corrupt" appended and the store starts empty.
+// same name with ".corrupt" appended (SetAside) and the store starts empty.
 #pragma once
 
-#include "VantrelCore/ports/FileSystem.h"
+#include "VantrelCore/model/AgeLoss.h"
 #include "VantrelCore/stores/JsonFile.h"
 
 #include <cstdint>
@@ -13,6 +13,7 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 namespace vantrel {
@@ -23,14 +24,14 @@ namespace vantrel {
 template <typename Record>
 class JsonStore {
 public:
-    // What to do to a record that was read, before anyone sees it.
-    using AfterReading = std::function<void(Record&)>;
+    // Drops what is too old from a record that was read, before anyone sees it.
+    using AfterReading = std::function<AgeLoss(Record&)>;
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<JsonStore, std::error_code>
-    open(const std::filesystem::path& directory, std::string_view fileName, FileSystem& files,
+    open(const std::filesystem::path& directory, std::string_view fileName, const StoreFiles& files,
          AfterReading afterReading = {}) {
-        if (const std::error_code error = files.createDirectories(directory)) {
+        if (const std::error_code error = files.files().createDirectories(directory)) {
             return std::unexpected(error);
         }
         return JsonStore(JsonFile(directory / fileName, schemaVersion(), files), std::move(afterReading));
@@ -39,7 +40,7 @@ public:
     // The same for a class that owns a JsonStore and is constructed from it.
     template <typename Store>
     [[nodiscard]] static std::expected<Store, std::error_code>
-    openAs(const std::filesystem::path& directory, std::string_view fileName, FileSystem& files,
+    openAs(const std::filesystem::path& directory, std::string_view fileName, const StoreFiles& files,
            AfterReading afterReading = {}) {
         auto store = open(directory, fileName, files, std::move(afterReading));
         if (!store) {
@@ -52,12 +53,15 @@ public:
 
     // The content, from the cache or else from disk. Valid until the next call of any member.
     [[nodiscard]] const Record& load() {
+        if (m_file.wasReplaced()) {
+            m_cache.reset();
+        }
         if (!m_cache) {
             Record record;
             if (m_file.read([&](const nlohmann::json& document) { from_json(document, record); },
                             [&](nlohmann::json& document) { to_json(document, record); })) {
                 if (m_afterReading) {
-                    m_afterReading(record);
+                    note(m_afterReading(record));
                 }
                 m_cache = std::move(record);
             }
@@ -79,15 +83,26 @@ public:
         return true;
     }
 
-    // Loads, lets `change` work on a copy, and writes that.
+    // Loads, lets `change` work on a copy, and writes that. A change that drops what is too old returns how
+    // much that was: when it was most, a copy of the file is kept before it is written.
     template <typename Change>
     [[nodiscard]] bool update(Change&& change) {
         Record record = load();
-        std::forward<Change>(change)(record);
+        if constexpr (std::is_same_v<std::invoke_result_t<Change, Record&>, AgeLoss>) {
+            note(std::forward<Change>(change)(record));
+        } else {
+            std::forward<Change>(change)(record);
+        }
         return write(std::move(record));
     }
 
 private:
+    void note(const AgeLoss& loss) {
+        if (loss.isMost()) {
+            m_file.keepExpired();
+        }
+    }
+
     static constexpr bool isVersioned = requires(Record record) { record.version; };
 
     [[nodiscard]] static std::optional<std::int64_t> schemaVersion() {

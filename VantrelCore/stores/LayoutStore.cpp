@@ -38,6 +38,11 @@ void setActiveName(StoreFile& file, const std::string& configID, const std::stri
     file.activeLayouts->insert_or_assign(configID, layoutName);
 }
 
+void replaceLayout(StoreFile& file, const Layout& layout) {
+    std::erase_if(file.layouts, isLayout(layout.configID, layout.layoutName));
+    file.layouts.push_back(layout);
+}
+
 // Never empty: "Default" when nothing is left.
 std::string firstRemainingName(const StoreFile& file, const std::string& configID) {
     std::optional<std::string> first;
@@ -60,7 +65,7 @@ std::string firstRemainingName(const StoreFile& file, const std::string& configI
 LayoutStore::LayoutStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<LayoutStore, std::error_code> LayoutStore::open(const std::filesystem::path& directory,
-                                                              FileSystem& files) {
+                                                              const StoreFiles& files) {
     auto file = JsonStore<StoreFile>::open(directory, "layouts.json", files);
     if (!file) {
         return std::unexpected(file.error());
@@ -89,9 +94,13 @@ std::optional<Layout> LayoutStore::layout(const std::string& configID, const std
 }
 
 bool LayoutStore::save(const Layout& layout) {
+    return m_file.update([&](StoreFile& file) { replaceLayout(file, layout); });
+}
+
+bool LayoutStore::saveAsActive(const Layout& layout) {
     return m_file.update([&](StoreFile& file) {
-        std::erase_if(file.layouts, isLayout(layout.configID, layout.layoutName));
-        file.layouts.push_back(layout);
+        replaceLayout(file, layout);
+        setActiveName(file, layout.configID, layout.layoutName);
     });
 }
 

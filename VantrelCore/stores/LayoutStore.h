@@ -33,7 +33,7 @@ public:
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<LayoutStore, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files);
+    open(const std::filesystem::path& directory, const StoreFiles& files);
 
     [[nodiscard]] std::vector<Layout> allLayouts();
     // "Default" first, then by layoutName in byte order.
@@ -44,6 +44,8 @@ public:
 
     // Replaces the layout of the same desk and name.
     bool save(const Layout& layout);
+    // The same, and makes it the active layout of its desk.
+    bool saveAsActive(const Layout& layout);
     // Chooses a new active layout when the active one goes.
     void deleteLayout(const std::string& configID, const std::string& layoutName);
     // Renames the desk, in the first layout of that desk, whatever its layoutName.

@@ -9,7 +9,7 @@ namespace vantrel {
 RestoreLogStore::RestoreLogStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<RestoreLogStore, std::error_code> RestoreLogStore::open(const std::filesystem::path& directory,
-                                                                      FileSystem& files) {
+                                                                      const StoreFiles& files) {
     return JsonStore<StoreFile>::openAs<RestoreLogStore>(directory, "restore-log.json", files);
 }
 
@@ -19,8 +19,9 @@ RestoreLog RestoreLogStore::load() {
 
 bool RestoreLogStore::record(const RestoreLog::Entry& entry) {
     return m_file.update([&](StoreFile& file) {
+        const std::size_t held = file.log.entries.size();
         file.log.entries.insert(file.log.entries.begin(), entry);
-        file.log.prune(entry.date);
+        return AgeLoss{held, file.log.prune(entry.date)};
     });
 }
 

@@ -19,7 +19,7 @@ public:
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<RestoreLogStore, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files);
+    open(const std::filesystem::path& directory, const StoreFiles& files);
 
     explicit RestoreLogStore(JsonStore<StoreFile> file);
 

@@ -9,7 +9,7 @@ namespace vantrel {
 using RestoreReceiptsStore = JsonStore<RestoreReceipts>;
 
 [[nodiscard]] inline std::expected<RestoreReceiptsStore, std::error_code>
-openRestoreReceipts(const std::filesystem::path& directory, FileSystem& files) {
+openRestoreReceipts(const std::filesystem::path& directory, const StoreFiles& files) {
     return RestoreReceiptsStore::open(directory, "receipts.json", files);
 }
 

@@ -23,7 +23,7 @@ SceneStore::Result<void> withoutValue(const SceneStore::Result<T>& result) {
 SceneStore::SceneStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<SceneStore, std::error_code> SceneStore::open(const std::filesystem::path& directory,
-                                                            FileSystem& files) {
+                                                            const StoreFiles& files) {
     return JsonStore<StoreFile>::openAs<SceneStore>(directory, "scenes.json", files);
 }
 

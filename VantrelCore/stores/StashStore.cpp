@@ -32,10 +32,12 @@ std::optional<Stash> firstWhere(const std::vector<Stash>& stashes, Predicate&& i
 StashStore::StashStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<StashStore, std::error_code> StashStore::open(const std::filesystem::path& directory,
-                                                            FileSystem& files, Clock& clock) {
+                                                            const StoreFiles& files, Clock& clock) {
     const auto dropExpired = [&clock](StoreFile& file) {
-        std::erase_if(file.stashes,
-                      [now = clock.now()](const Stash& stash) { return hasExpired(stash, now); });
+        const std::size_t held = file.stashes.size();
+        return AgeLoss{held, std::erase_if(file.stashes, [now = clock.now()](const Stash& stash) {
+                           return hasExpired(stash, now);
+                       })};
     };
     return JsonStore<StoreFile>::openAs<StashStore>(directory, "stashes.json", files, dropExpired);
 }

@@ -26,9 +26,9 @@ public:
     };
 
     // Creates the directory when missing. Nothing is read yet; what has expired by the time of reading is
-    // left out, and gone from the file with the next write.
+    // left out, and gone from the file with the next write. When that is most of it, a copy is kept.
     [[nodiscard]] static std::expected<StashStore, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
+    open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock);
 
     [[nodiscard]] static bool hasExpired(const Stash& stash, Date now);
 

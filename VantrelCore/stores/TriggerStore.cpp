@@ -11,7 +11,7 @@ namespace vantrel {
 TriggerStore::TriggerStore(JsonStore<StoreFile> file) : m_file(std::move(file)) {}
 
 std::expected<TriggerStore, std::error_code> TriggerStore::open(const std::filesystem::path& directory,
-                                                                FileSystem& files) {
+                                                                const StoreFiles& files) {
     return JsonStore<StoreFile>::openAs<TriggerStore>(directory, "triggers.json", files);
 }
 
@@ -28,13 +28,20 @@ std::optional<SceneTrigger> TriggerStore::trigger(const std::string& id) {
 }
 
 TriggerStore::Result<SceneTrigger> TriggerStore::add(const SceneTrigger& trigger) {
-    if (m_file.load().triggers.size() >= maxTriggers) {
+    const auto added = addAll({trigger});
+    return added ? Result<SceneTrigger>(trigger) : std::unexpected(added.error());
+}
+
+TriggerStore::Result<void> TriggerStore::addAll(const std::vector<SceneTrigger>& triggers) {
+    if (m_file.load().triggers.size() + triggers.size() > maxTriggers) {
         return std::unexpected(TriggerStoreError::capReached);
     }
-    if (!m_file.update([&](StoreFile& file) { file.triggers.push_back(trigger); })) {
+    if (!m_file.update([&](StoreFile& file) {
+            file.triggers.insert(file.triggers.end(), triggers.begin(), triggers.end());
+        })) {
         return std::unexpected(TriggerStoreError::writeFailed);
     }
-    return trigger;
+    return {};
 }
 
 TriggerStore::Result<void> TriggerStore::setEnabled(const std::string& id, bool enabled) {

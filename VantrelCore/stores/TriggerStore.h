@@ -29,7 +29,7 @@ public:
 
     // Creates the directory when missing. Nothing is read yet.
     [[nodiscard]] static std::expected<TriggerStore, std::error_code>
-    open(const std::filesystem::path& directory, FileSystem& files);
+    open(const std::filesystem::path& directory, const StoreFiles& files);
 
     explicit TriggerStore(JsonStore<StoreFile> file);
 
@@ -40,6 +40,8 @@ public:
     // An error leaves file and store as they were.
 
     [[nodiscard]] Result<SceneTrigger> add(const SceneTrigger& trigger);
+    // All of them or none.
+    [[nodiscard]] Result<void> addAll(const std::vector<SceneTrigger>& triggers);
     [[nodiscard]] Result<void> setEnabled(const std::string& id, bool enabled);
     [[nodiscard]] Result<void> recordFired(const std::string& id, Date at);
     // An unknown id changes nothing.

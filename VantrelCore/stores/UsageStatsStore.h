@@ -9,7 +9,7 @@ namespace vantrel {
 using UsageStatsStore = JsonStore<UsageStats>;
 
 [[nodiscard]] inline std::expected<UsageStatsStore, std::error_code>
-openUsageStats(const std::filesystem::path& directory, FileSystem& files) {
+openUsageStats(const std::filesystem::path& directory, const StoreFiles& files) {
     return UsageStatsStore::open(directory, "usage.json", files);
 }
 

@@ -51,7 +51,8 @@ std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& f
         return writeUntilCrash(file, content);
     }
     m_files[file] = content;
-    return {};
+    return m_failing.contains(Operation::flushFolder) ? make_error_code(FileFault::notFlushed)
+                                                      : std::error_code();
 }
 
 std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std::string_view content) {

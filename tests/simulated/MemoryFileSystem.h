@@ -21,7 +21,9 @@ public:
         rename,
         remove,
         createDirectories,
-        list
+        list,
+        // Of the folder, after the rename of an atomic write; not counted.
+        flushFolder
     };
 
     // The steps of an atomic write, in order.

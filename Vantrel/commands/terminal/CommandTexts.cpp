@@ -72,6 +72,9 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
                 '\n';
     };
     line("state", status.phase.text);
+    if (status.learningFailed) {
+        line("learning", "could not be saved; it is tried again while the windows stand differently");
+    }
     if (status.configID.empty()) {
         line("desk", "no display is awake");
     } else {
@@ -93,6 +96,12 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
     }
     line("license", status.license.reason);
     line("files", status.supportDirectory);
+    for (const auto& incident : status.fileIncidents) {
+        text += (incident.isTrouble ? "! " : "") + incident.text + '\n';
+    }
+    if (!status.fileIncidents.empty()) {
+        text += "More about this: vantrelctl doctor\n";
+    }
     if (status.crashReports) {
         line("crashes", counted(*status.crashReports, "report") + " not sent");
     }

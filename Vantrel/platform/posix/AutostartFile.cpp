@@ -27,7 +27,7 @@ std::string AutostartFile::setLaunchAtLogin(bool launches) {
         if (!error) {
             error = m_files.writeAtomically(m_file, AutostartEntry::text(m_program));
         }
-        return told("written", error);
+        return told("written", isReplaced(error) ? std::error_code() : error);
     }
     case AutostartEntry::Change::remove:
         return told("removed", m_files.remove(m_file));

@@ -188,8 +188,8 @@ void reportException(const std::function<CrashReportText::UncaughtException()>& 
     try {
         const auto report = CrashReportText::exceptionReport(headerBuffer.view(), read());
         PosixFileSystem files;
-        isWritten =
-            namePath(CrashReportNames::exceptionEnding) && !files.writeAtomically(pathBuffer.data(), report);
+        isWritten = namePath(CrashReportNames::exceptionEnding) &&
+                    isReplaced(files.writeAtomically(pathBuffer.data(), report));
     } catch (...) {
         isWritten = false;
     }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -45,7 +46,13 @@ FileDescriptor FileDescriptor::open(const std::string& path, int flags, unsigned
         uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, permissions); }));
 }
 
-std::expected<std::string, std::error_code> FileDescriptor::readToEnd() const {
+std::expected<std::string, std::error_code> FileDescriptor::readToEnd(std::uint64_t maxBytes) const {
+    const auto tooLarge = std::unexpected(std::make_error_code(std::errc::file_too_large));
+    struct stat status{};
+    if (::fstat(m_descriptor, &status) == 0 && status.st_size > 0 &&
+        static_cast<std::uint64_t>(status.st_size) > maxBytes) {
+        return tooLarge;
+    }
     std::string content;
     std::array<char, 65536> buffer{};
     while (true) {
@@ -55,6 +62,9 @@ std::expected<std::string, std::error_code> FileDescriptor::readToEnd() const {
         }
         if (count == 0) {
             return content;
+        }
+        if (content.size() + static_cast<std::size_t>(count) > maxBytes) {
+            return tooLarge;
         }
         content.append(buffer.data(), static_cast<std::size_t>(count));
     }

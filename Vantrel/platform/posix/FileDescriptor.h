@@ -1,6 +1,7 @@
 // An open file descriptor that closes itself, and whole writes and flushes through it.
 #pragma once
 
+#include <cstdint>
 #include <expected>
 #include <string>
 #include <string_view>
@@ -28,7 +29,8 @@ public:
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
     [[nodiscard]] int get() const { return m_descriptor; }
 
-    [[nodiscard]] std::expected<std::string, std::error_code> readToEnd() const;
+    // file_too_large when there are more than `maxBytes`.
+    [[nodiscard]] std::expected<std::string, std::error_code> readToEnd(std::uint64_t maxBytes) const;
     [[nodiscard]] std::error_code writeAll(std::string_view content) const;
     // Returns when the disk holds what was written.
     [[nodiscard]] std::error_code flush() const;

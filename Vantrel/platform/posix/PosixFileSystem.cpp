@@ -49,7 +49,7 @@ std::expected<std::string, std::error_code> PosixFileSystem::read(const std::fil
     if (!descriptor.isOpen()) {
         return std::unexpected(lastError());
     }
-    return descriptor.readToEnd();
+    return descriptor.readToEnd(maxBytes);
 }
 
 std::error_code PosixFileSystem::writeAtomically(const std::filesystem::path& file,
@@ -81,7 +81,7 @@ std::error_code PosixFileSystem::writeAtomically(const std::filesystem::path& fi
     if (const auto error = temporary->renameTo(target)) {
         return error;
     }
-    return flushFolder(folder);
+    return flushFolder(folder) ? make_error_code(FileFault::notFlushed) : std::error_code();
 }
 
 std::error_code PosixFileSystem::append(const std::filesystem::path& file, std::string_view content) {

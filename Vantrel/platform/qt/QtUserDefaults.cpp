@@ -1,5 +1,7 @@
 #include "Vantrel/platform/qt/QtUserDefaults.h"
 
+#include "VantrelCore/stores/SetAside.h"
+
 #include <fmt/format.h>
 
 #include <chrono>
@@ -24,8 +26,9 @@ std::filesystem::path linkTarget(const std::filesystem::path& file) {
 
 } // namespace
 
-QtUserDefaults::QtUserDefaults(std::filesystem::path file, FileSystem& files, Log log)
-    : m_file(std::move(file)), m_files(files), m_log(std::move(log)) {
+QtUserDefaults::QtUserDefaults(std::filesystem::path file, FileSystem& files, FileIncidents& incidents,
+                               Log log)
+    : m_file(std::move(file)), m_files(files), m_incidents(incidents), m_log(std::move(log)) {
     // The folder is watched for files that an editor puts in place of the old one, so it must be there.
     if (const auto error = m_files.createDirectories(m_file.parent_path())) {
         m_log(fmt::format("settings: the folder {} cannot be made ({}); the defaults apply",
@@ -148,12 +151,15 @@ bool QtUserDefaults::read() {
     if (!text && !missing) {
         m_text.clear();
         m_content = {};
-        complain(fmt::format("settings: {} cannot be read ({}); the defaults apply and nothing is written",
-                             m_file.string(), text.error().message()));
+        m_isUnreadable = true;
+        tell(FileIncident::Kind::stuck, text.error().message());
         return false;
     }
     m_text = missing ? std::string() : std::move(*text);
     m_content = SettingsText::parse(m_text);
+    if (std::exchange(m_isUnreadable, false) || m_content.misunderstandings.empty()) {
+        m_incidents.clear(m_file, FileIncident::Topic::content);
+    }
     std::string complaint;
     if (!m_content.misunderstandings.empty()) {
         const auto& first = m_content.misunderstandings.front();
@@ -167,24 +173,33 @@ bool QtUserDefaults::read() {
 
 bool QtUserDefaults::write(const std::string& text) {
     if (!m_complaint.empty() && m_keptFor != m_complaint) {
-        auto aside = m_file;
-        aside += ".broken";
-        if (const auto error = m_files.writeAtomically(aside, m_text)) {
-            m_log(fmt::format("settings: no copy could be kept at {} ({}); nothing is written",
-                              aside.string(), error.message()));
+        if (const auto error = SetAside::keep(m_files, m_file, m_text)) {
+            tell(FileIncident::Kind::notWritten, "no copy could be kept: " + error.message());
             return false;
         }
+        tell(FileIncident::Kind::undecodable, "some of its lines cannot be understood",
+             SetAside::newestCopy(m_file));
         m_keptFor = m_complaint;
     }
-    if (const auto error = m_files.writeAtomically(m_file, text)) {
-        m_log(fmt::format("settings: {} cannot be written ({})", m_file.string(), error.message()));
-        return false;
+    const auto error = m_files.writeAtomically(m_file, text);
+    if (error) {
+        tell(isReplaced(error) ? FileIncident::Kind::notFlushed : FileIncident::Kind::notWritten,
+             error.message());
+        if (!isReplaced(error)) {
+            return false;
+        }
+    } else {
+        m_incidents.clear(m_file, FileIncident::Topic::writing);
     }
     m_text = text;
     m_content = SettingsText::parse(m_text);
     watch();
     m_notify.start();
     return true;
+}
+
+void QtUserDefaults::tell(FileIncident::Kind kind, std::string reason, std::filesystem::path copy) {
+    m_incidents.tell({.file = m_file, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
 }
 
 void QtUserDefaults::watch() {

@@ -4,6 +4,7 @@
 #include "Vantrel/platform/qt/SettingsText.h"
 #include "VantrelCore/ports/FileSystem.h"
 #include "VantrelCore/ports/UserDefaults.h"
+#include "VantrelCore/stores/FileIncidents.h"
 
 #include <QFileSystemWatcher>
 #include <QTimer>
@@ -13,13 +14,14 @@
 namespace vantrel {
 
 // Lines that cannot be understood count as absent and are logged; they stay in the file, and before the
-// first write to such a file a copy is kept beside it with ".broken" appended. A file that cannot be read at
-// all is never written.
+// first write to such a file a copy is kept beside it (SetAside). A file that cannot be read at all stays
+// where it is and is not written until it can be.
 class QtUserDefaults final : public UserDefaults {
 public:
     using Log = std::function<void(const std::string&)>;
 
-    QtUserDefaults(std::filesystem::path file, FileSystem& files, Log log);
+    // `log` is told what cannot be understood, `incidents` what cannot be read or written. Both outlive it.
+    QtUserDefaults(std::filesystem::path file, FileSystem& files, FileIncidents& incidents, Log log);
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) override;
     [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) override;
@@ -42,14 +44,17 @@ private:
     bool write(const std::string& text);
     void watch();
     void complain(std::string complaint);
+    void tell(FileIncident::Kind kind, std::string reason, std::filesystem::path copy = {});
 
     std::filesystem::path m_file;
     FileSystem& m_files;
+    FileIncidents& m_incidents;
     Log m_log;
     std::string m_text;
     SettingsText::Content m_content;
     // What was last logged about the file, so that each fault is told once.
     std::string m_complaint;
+    bool m_isUnreadable = false;
     // The complaint for which a copy has been kept aside.
     std::string m_keptFor;
     std::function<void()> m_handler;

@@ -4,6 +4,9 @@ namespace vantrel::simulated {
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
 using Kind = SaveOutcome::Kind;
 
 // The controller has just begun to learn.
@@ -106,10 +109,36 @@ TEST_F(Learning, AFailedWriteLosesNothing) {
     story.runFor(1);
     EXPECT_EQ(story.storedLayout(), before);
     EXPECT_EQ(outcomes, std::vector{SaveOutcome{.kind = Kind::writeFailed}});
+    EXPECT_TRUE(story.published().learningFailed);
+    EXPECT_THAT(story.published().fileIncidents,
+                Contains(Field(&FileIncident::kind, FileIncident::Kind::notWritten)));
+    EXPECT_EQ(story.logged("files: layouts.json could not be written"), 1U) << "not at every attempt";
 
     story.files.stopFailing();
     story.learn();
     EXPECT_EQ(story.storedLayout()->windows.front().frame, moved);
+    EXPECT_FALSE(story.published().learningFailed);
+    EXPECT_THAT(story.published().fileIncidents, IsEmpty());
+}
+
+TEST_F(Learning, FilesThatCannotBeReadAreToldAndComeBack) {
+    story.learn();
+    const auto before = story.published().currentLayouts;
+    ASSERT_EQ(before.size(), 1U);
+    for (const char* const name : {"layouts.json", "layouts.json.corrupt"}) {
+        story.files.failReading(std::filesystem::path("/support/Vantrel") / name, std::errc::io_error);
+    }
+    story.start();
+    story.runFor(1);
+    EXPECT_THAT(story.published().currentLayouts, IsEmpty());
+    EXPECT_THAT(story.published().fileIncidents,
+                ElementsAre(Field(&FileIncident::kind, FileIncident::Kind::unreadable)));
+    EXPECT_EQ(story.logged("files: layouts.json could not be read"), 1U);
+    story.files.stopFailing();
+    story.runFor(16);
+    EXPECT_EQ(story.published().currentLayouts, before);
+    EXPECT_THAT(story.published().fileIncidents,
+                ElementsAre(Field(&FileIncident::kind, FileIncident::Kind::putBack)));
 }
 
 TEST_F(Learning, NothingIsLearnedWhileSwitchedOffOrUnlicensed) {

@@ -50,7 +50,8 @@ void Story::construct() {
          .pictures = pictures,
          .hotKeys = hotKeys,
          .license = license},
-        files, log, {.supportDirectory = folder, .ownBundleID = "org.example.vantrel", .version = "1.2.3"});
+        {files, &incidents}, log,
+        {.supportDirectory = folder, .ownBundleID = "org.example.vantrel", .version = "1.2.3"});
     controller = std::move(created.value());
 }
 

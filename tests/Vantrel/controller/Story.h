@@ -41,6 +41,7 @@ public:
     SimulatedPictures pictures;
     SimulatedLicense license;
     AppLog log;
+    FileIncidents incidents{[this](const std::string& message) { log.write(message); }};
     std::unique_ptr<AppController> controller;
 
     // A browser with two windows, a terminal and a mail program, spread over the displays.

@@ -292,6 +292,8 @@ TEST_F(LicenseGateTest, AFullDiskIsSaidAndChangesNothingThatIsStored) {
     EXPECT_EQ(kind(), Kind::refused);
     files.stopFailing();
     EXPECT_EQ(files.content(licenseFile), before) << "what cannot be read is not written over";
+    time.runFor(60);
+    EXPECT_EQ(kind(), Kind::licensed) << "as soon as it can be read again";
 }
 
 TEST_F(LicenseGateTest, ABuildWithoutAVendorNeedsNoLicense) {

@@ -5,8 +5,11 @@
 #include "VantrelCore/model/JsonCoding.h"
 #include "tests/simulated/MemoryFileSystem.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <limits>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,6 +18,8 @@ namespace vantrel {
 namespace {
 
 using simulated::MemoryFileSystem;
+using Kind = FileIncident::Kind;
+using Kinds = std::vector<Kind>;
 using Operation = MemoryFileSystem::Operation;
 using UnflushedRename = MemoryFileSystem::UnflushedRename;
 using WriteStep = MemoryFileSystem::WriteStep;
@@ -46,12 +51,22 @@ protected:
     const std::filesystem::path m_corrupt = m_folder / "notes.json.corrupt";
     const std::filesystem::path m_newer = m_folder / "notes.json.newer";
     MemoryFileSystem m_files;
+    FileIncidents m_incidents;
     JsonStore<Notes> m_store = open();
 
-    JsonStore<Notes> open() { return JsonStore<Notes>::open(m_folder, "notes.json", m_files).value(); }
+    JsonStore<Notes> open() {
+        return JsonStore<Notes>::open(m_folder, "notes.json", {m_files, &m_incidents}).value();
+    }
 
     bool add(const std::string& line) {
         return m_store.update([&](Notes& notes) { notes.lines.push_back(line); });
+    }
+
+    // What is the matter with the file, in the order in which it happened.
+    std::vector<Kind> incidents() const {
+        std::vector<Kind> kinds;
+        std::ranges::transform(m_incidents.all(), std::back_inserter(kinds), &FileIncident::kind);
+        return kinds;
     }
 
     nlohmann::json onDisk() { return nlohmann::json::parse(m_files.content(m_file).value_or("")); }
@@ -109,7 +124,7 @@ TEST_F(JsonStoreTest, FailedWriteLeavesFileAndCacheAsTheyWere) {
     EXPECT_EQ(open().load().lines, (Lines{"one", "four"}));
 }
 
-TEST_F(JsonStoreTest, UndecodableFileIsMovedAsideAndReplacesAnOlderOne) {
+TEST_F(JsonStoreTest, UndecodableFileIsMovedAsideAndTold) {
     const std::string tooDeep =
         R"({"version": 3, "lines": [], "x": )" + std::string(100000, '[') + std::string(100000, ']') + "}";
     const std::string undecodable[] = {"",
@@ -124,10 +139,10 @@ TEST_F(JsonStoreTest, UndecodableFileIsMovedAsideAndReplacesAnOlderOne) {
                                        tooDeep};
     for (const auto& text : undecodable) {
         m_files.put(m_file, text);
-        m_files.put(m_corrupt, "older");
         m_store = open();
         EXPECT_EQ(m_store.load(), Notes{}) << text.substr(0, 80);
         EXPECT_EQ(m_files.content(m_corrupt), text);
+        EXPECT_EQ(incidents(), Kinds{Kind::undecodable});
         EXPECT_EQ(m_files.content(m_file), std::nullopt);
         EXPECT_TRUE(add("fresh"));
         EXPECT_EQ(open().load().lines, Lines{"fresh"});
@@ -135,10 +150,81 @@ TEST_F(JsonStoreTest, UndecodableFileIsMovedAsideAndReplacesAnOlderOne) {
     }
 }
 
-TEST_F(JsonStoreTest, UnreadableFileIsMovedAsideToo) {
+TEST_F(JsonStoreTest, TheNewestFiveCopiesAreKept) {
+    for (int i = 1; i <= 7; ++i) {
+        m_files.put(m_file, "damaged " + std::to_string(i));
+        EXPECT_EQ(open().load(), Notes{});
+    }
+    EXPECT_EQ(m_files.content(m_corrupt), "damaged 7");
+    for (const auto& [number, content] :
+         {std::pair(".1", "damaged 6"), {".2", "damaged 5"}, {".3", "damaged 4"}, {".4", "damaged 3"}}) {
+        EXPECT_EQ(m_files.content(m_corrupt.string() + number), content);
+    }
+    EXPECT_EQ(m_files.files().size(), 5U);
+    // Where a copy is missing, none is given up.
+    ASSERT_FALSE(m_files.remove(m_corrupt.string() + ".2"));
+    m_files.put(m_file, "damaged 8");
+    EXPECT_EQ(open().load(), Notes{});
+    EXPECT_EQ(m_files.content(m_corrupt.string() + ".4"), "damaged 3");
+    EXPECT_EQ(m_files.content(m_corrupt.string() + ".2"), "damaged 6");
+}
+
+TEST_F(JsonStoreTest, NoFaultWhileMovingAsideLosesACopy) {
+    const auto contents = [&] {
+        std::set<std::string> all;
+        for (const auto& file : m_files.files()) {
+            all.insert(m_files.content(file).value());
+        }
+        return all;
+    };
+    // Reading, listing and four renames.
+    for (std::size_t step = 0; step < 6; ++step) {
+        m_files.put(m_file, "newest");
+        m_files.put(m_corrupt, "second");
+        m_files.put(m_corrupt.string() + ".1", "third");
+        m_files.put(m_corrupt.string() + ".2", "fourth");
+        for (const char* const number : {".3", ".4"}) {
+            EXPECT_FALSE(m_files.remove(m_corrupt.string() + number));
+        }
+        const auto before = contents();
+        m_store = open();
+        m_files.failOnceAfter(step, std::errc::io_error);
+        EXPECT_EQ(m_store.load(), Notes{});
+        EXPECT_EQ(contents(), before) << step;
+        EXPECT_TRUE(add("one")) << "the next use moves it aside";
+        EXPECT_EQ(contents().size(), 5U) << step;
+    }
+}
+
+TEST_F(JsonStoreTest, UnreadableFileComesBackAtTheNextUseOrStart) {
+    for (const bool atNextStart : {false, true}) {
+        m_files.put(m_file, oneLine);
+        m_files.failReading(m_file, std::errc::permission_denied);
+        m_store = open();
+        EXPECT_EQ(m_store.load(), Notes{});
+        EXPECT_EQ(m_files.content(m_corrupt), oneLine);
+        EXPECT_EQ(incidents(), Kinds{Kind::unreadable});
+        m_files.failReading(m_corrupt, std::errc::permission_denied);
+        EXPECT_EQ(m_store.load(), Notes{});
+        m_files.stopFailing();
+        if (atNextStart) {
+            m_store = open();
+        }
+        EXPECT_EQ(m_store.load().lines, Lines{"one"});
+        EXPECT_EQ(m_files.files(), std::vector{m_file});
+        EXPECT_EQ(incidents(), Kinds{Kind::putBack});
+        EXPECT_TRUE(add("two"));
+        EXPECT_EQ(open().load().lines, (Lines{"one", "two"}));
+    }
+}
+
+TEST_F(JsonStoreTest, UnreadableFileDoesNotComeBackOverWhatWasWrittenSince) {
     m_files.put(m_file, oneLine);
     m_files.failReading(m_file, std::errc::io_error);
-    EXPECT_EQ(open().load(), Notes{});
+    m_files.failReading(m_corrupt, std::errc::io_error);
+    EXPECT_TRUE(add("written since"));
+    m_files.stopFailing();
+    EXPECT_EQ(open().load().lines, Lines{"written since"});
     EXPECT_EQ(m_files.content(m_corrupt), oneLine);
 }
 
@@ -148,8 +234,10 @@ TEST_F(JsonStoreTest, NothingIsWrittenOverAnUndecodableFileThatCannotBeMovedAsid
     EXPECT_EQ(m_store.load(), Notes{});
     EXPECT_FALSE(add("one"));
     EXPECT_EQ(m_files.content(m_file), "precious");
+    EXPECT_EQ(incidents(), (Kinds{Kind::stuck, Kind::notWritten}));
     m_files.stopFailing();
     EXPECT_TRUE(add("two"));
+    EXPECT_EQ(incidents(), Kinds{Kind::undecodable});
     EXPECT_EQ(m_files.content(m_corrupt), "precious");
 }
 
@@ -170,6 +258,26 @@ TEST_F(JsonStoreTest, FileThatCouldNotBeReadAndDisappearedNoLongerBlocksWriting)
     EXPECT_TRUE(add("one"));
 }
 
+TEST_F(JsonStoreTest, FileTooLargeToReadIsMovedAsideAndNoneSuchIsWritten) {
+    m_files.put(m_file, "enormous");
+    m_files.failReading(m_file, std::errc::file_too_large);
+    EXPECT_FALSE(add(std::string(FileSystem::maxBytes, 'x')));
+    EXPECT_EQ(incidents(), (Kinds{Kind::unreadable, Kind::notWritten}));
+    EXPECT_EQ(m_files.files(), std::vector{m_corrupt});
+    EXPECT_TRUE(add("one"));
+}
+
+TEST_F(JsonStoreTest, WriteThatTheDiskDoesNotConfirmCountsAndIsTold) {
+    m_files.failAll(Operation::flushFolder, std::errc::io_error);
+    EXPECT_TRUE(add("one"));
+    EXPECT_EQ(m_store.load().lines, Lines{"one"});
+    EXPECT_EQ(open().load().lines, Lines{"one"});
+    EXPECT_EQ(incidents(), Kinds{Kind::notFlushed});
+    m_files.stopFailing();
+    EXPECT_TRUE(add("two"));
+    EXPECT_EQ(incidents(), Kinds{});
+}
+
 TEST_F(JsonStoreTest, UnknownTopLevelKeysAreWrittenBackAndNullOnesForgotten) {
     m_files.put(m_file,
                 R"({"version": 3, "lines": [], "size": null, "later": {"a": [1, 2.5]}, "gone": null})");
@@ -187,6 +295,7 @@ TEST_F(JsonStoreTest, NewerFileIsReadAndKeptAsideOnceBeforeItIsWrittenOver) {
     EXPECT_EQ(m_files.content(m_newer), std::nullopt);
     ASSERT_TRUE(add("two"));
     EXPECT_EQ(m_files.content(m_newer), newer);
+    EXPECT_EQ(incidents(), Kinds{Kind::newerKept});
     EXPECT_EQ(onDisk()["version"], 3);
     ASSERT_TRUE(add("three"));
     EXPECT_EQ(m_files.content(m_newer), newer);

@@ -73,4 +73,20 @@ TEST_F(StashStoreTest, StashesAreKeptForAWeekToTheSecond) {
     EXPECT_THAT(fieldsOf(open().allStashes(), &Stash::id), ElementsAre("new", "week"));
 }
 
+TEST_F(StashStoreTest, ACopyIsKeptWhenTheClockMakesMostStashesTooOld) {
+    for (const char* const id : {"1", "2", "3"}) {
+        m_store.add(stash(id, start));
+    }
+    const auto before = m_files.content("/v/stashes.json");
+    m_clock.setWallClock(start + days{30});
+    FileIncidents incidents;
+    auto later = StashStore::open("/v", {m_files, &incidents}, m_clock).value();
+    later.add(stash("new", start + days{30}));
+    EXPECT_EQ(m_files.content("/v/stashes.json.expired"), before);
+    ASSERT_EQ(incidents.all().size(), 1U);
+    EXPECT_EQ(incidents.all().front().kind, FileIncident::Kind::expiredKept);
+    later.add(stash("newer", start + days{30}));
+    EXPECT_EQ(m_files.content("/v/stashes.json.expired"), before) << "only once";
+}
+
 } // namespace vantrel

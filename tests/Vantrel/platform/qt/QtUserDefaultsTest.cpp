@@ -22,7 +22,7 @@ protected:
     [[nodiscard]] std::filesystem::path file() const { return m_folder.path() / "vantrel" / "settings.conf"; }
 
     [[nodiscard]] QtUserDefaults open() {
-        return QtUserDefaults(file(), m_files,
+        return QtUserDefaults(file(), m_files, m_incidents,
                               [this](const std::string& message) { m_log.push_back(message); });
     }
 
@@ -39,6 +39,7 @@ protected:
     TemporaryFolder m_folder;
     PosixFileSystem m_files;
     std::vector<std::string> m_log;
+    FileIncidents m_incidents{[this](const std::string& message) { m_log.push_back(message); }};
 };
 
 } // namespace
@@ -140,9 +141,7 @@ TEST_F(QtUserDefaultsTest, AFileItDoesNotUnderstandIsLoggedOnceAndKeptAside) {
         m_log, ElementsAre(AllOf(HasSubstr("line 1"), HasSubstr("1 more"), HasSubstr("settleDelay = fast"))));
 
     EXPECT_TRUE(defaults.set("settleDelay", 1.0));
-    auto aside = file();
-    aside += ".broken";
-    EXPECT_EQ(read(aside), broken);
+    EXPECT_EQ(read(file().string() + ".corrupt"), broken);
     EXPECT_EQ(read(file()), "settleDelay = 1.0\nrestoreSizes = false\n{\"json\": 1}\n");
 }
 
@@ -153,7 +152,10 @@ TEST_F(QtUserDefaultsTest, AFileThatCannotBeReadIsNeverWritten) {
     EXPECT_FALSE(defaults.set("a", true));
     EXPECT_EQ(defaults.boolean("a"), std::nullopt);
     EXPECT_TRUE(std::filesystem::is_directory(file()));
-    EXPECT_THAT(m_log, ElementsAre(HasSubstr("cannot be read")));
+    EXPECT_THAT(m_log, ElementsAre(HasSubstr("nothing is saved there")));
+    std::filesystem::remove(file());
+    EXPECT_TRUE(defaults.set("a", true));
+    EXPECT_THAT(m_incidents.all(), IsEmpty()) << "once it can be read again";
 }
 
 TEST_F(QtUserDefaultsTest, ALinkedFileStaysLinkedAndIsWatched) {

@@ -1,0 +1,23 @@
+// What an operation on a file can end with besides the system's own errors.
+#pragma once
+
+#include <system_error>
+
+namespace vantrel {
+
+enum class FileFault {
+    // The file has its new content, but the disk has not confirmed it: it may be lost if the machine stops.
+    notFlushed = 1
+};
+
+[[nodiscard]] std::error_code make_error_code(FileFault fault);
+
+// Whether a write that ended with `error` left the file with its new content.
+[[nodiscard]] inline bool isReplaced(const std::error_code& error) {
+    return !error || error == make_error_code(FileFault::notFlushed);
+}
+
+} // namespace vantrel
+
+template <>
+struct std::is_error_code_enum<vantrel::FileFault> : std::true_type {};

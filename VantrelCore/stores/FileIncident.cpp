@@ -1,0 +1,104 @@
+#include "VantrelCore/stores/FileIncident.h"
+
+#include <fmt/format.h>
+
+namespace vantrel {
+
+using Kind = FileIncident::Kind;
+
+FileIncident::Topic FileIncident::topic() const {
+    switch (kind) {
+    case Kind::notWritten:
+    case Kind::notFlushed:
+        return Topic::writing;
+    case Kind::newerKept:
+    case Kind::expiredKept:
+        return Topic::copy;
+    case Kind::unreadable:
+    case Kind::undecodable:
+    case Kind::stuck:
+    case Kind::putBack:
+        break;
+    }
+    return Topic::content;
+}
+
+bool FileIncident::isTrouble() const {
+    return kind != Kind::putBack && topic() != Topic::copy;
+}
+
+namespace FileIncidentText {
+
+std::string name(Kind kind) {
+    switch (kind) {
+    case Kind::unreadable:
+        return "unreadable";
+    case Kind::undecodable:
+        return "undecodable";
+    case Kind::stuck:
+        return "stuck";
+    case Kind::putBack:
+        return "putBack";
+    case Kind::notWritten:
+        return "notWritten";
+    case Kind::notFlushed:
+        return "notFlushed";
+    case Kind::newerKept:
+        return "newerKept";
+    case Kind::expiredKept:
+        return "expiredKept";
+    }
+    return "";
+}
+
+std::string headline(const FileIncident& incident) {
+    const std::string file = incident.file.filename().string();
+    switch (incident.topic()) {
+    case FileIncident::Topic::writing:
+        return file + " could not be saved";
+    case FileIncident::Topic::copy:
+        return "A copy of " + file + " was kept";
+    case FileIncident::Topic::content:
+        break;
+    }
+    return incident.isTrouble() ? file + " could not be read" : file + " can be read again";
+}
+
+std::string sentence(const FileIncident& incident) {
+    const std::string file = incident.file.filename().string();
+    const std::string copy = incident.copy.filename().string();
+    const std::string& reason = incident.reason;
+    switch (incident.kind) {
+    case Kind::unreadable:
+        return fmt::format("{} could not be read ({}). It is kept as {} and is put back as soon as it can be "
+                           "read, unless something new is saved before.",
+                           file, reason, copy);
+    case Kind::undecodable:
+        return fmt::format("{} is damaged ({}). It is kept as {}.", file, reason, copy);
+    case Kind::stuck:
+        return fmt::format("{} cannot be used ({}). It stays as it is, and nothing is saved there until it "
+                           "can be.",
+                           file, reason);
+    case Kind::putBack:
+        return fmt::format("{} can be read again and is back in use.", file);
+    case Kind::notWritten:
+        return fmt::format("{} could not be written ({}). The last change is not kept.", file, reason);
+    case Kind::notFlushed:
+        return fmt::format(
+            "{} was written, but the disk has not confirmed it. The last change may be lost if "
+            "the computer stops now.",
+            file);
+    case Kind::newerKept:
+        return fmt::format("{} was written by a newer Vantrel. It is kept as {}.", file, copy);
+    case Kind::expiredKept:
+        return fmt::format(
+            "More than half of {} was dropped because of its age. As it was, it is kept as {}, "
+            "in case the clock was wrong.",
+            file, copy);
+    }
+    return "";
+}
+
+} // namespace FileIncidentText
+
+} // namespace vantrel

@@ -1,0 +1,23 @@
+// What stores need besides the folder: the file system, and where to tell what happens to their files.
+#pragma once
+
+#include "VantrelCore/ports/FileSystem.h"
+#include "VantrelCore/stores/FileIncidents.h"
+
+namespace vantrel {
+
+class StoreFiles {
+public:
+    // Both outlive the stores. A file system alone will do; then nobody is told.
+    StoreFiles(FileSystem& files, FileIncidents* incidents = nullptr)
+        : m_files(&files), m_incidents(incidents) {}
+
+    [[nodiscard]] FileSystem& files() const { return *m_files; }
+    [[nodiscard]] FileIncidents* incidents() const { return m_incidents; }
+
+private:
+    FileSystem* m_files;
+    FileIncidents* m_incidents;
+};
+
+} // namespace vantrel

@@ -1,0 +1,29 @@
+#include "VantrelCore/stores/StoreRepair.h"
+
+#include "VantrelCore/stores/SetAside.h"
+#include "VantrelCore/stores/StoreInspection.h"
+
+#include <fmt/format.h>
+
+namespace vantrel::StoreRepair {
+
+std::expected<std::filesystem::path, std::string>
+putBack(FileSystem& files, const std::filesystem::path& directory, const std::string& copyName) {
+    const std::filesystem::path copy = directory / std::filesystem::path(copyName).filename();
+    const auto original = SetAside::original(copy);
+    if (copy.filename() != copyName || !StoreInspection::isStore(original)) {
+        return std::unexpected(
+            fmt::format("\"{}\" is not the name of a copy. See: vantrelctl doctor", copyName));
+    }
+    if (const auto problem = StoreInspection::problemWith(files, copy, original); !problem.empty()) {
+        return std::unexpected(
+            fmt::format("{} cannot be used ({}). Nothing was changed.", copyName, problem));
+    }
+    if (const auto error = SetAside::putBack(files, copy, original)) {
+        return std::unexpected(
+            fmt::format("{} could not be put back ({}). Nothing was changed.", copyName, error.message()));
+    }
+    return original;
+}
+
+} // namespace vantrel::StoreRepair
