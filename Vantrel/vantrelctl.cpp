@@ -1,5 +1,6 @@
 // vantrelctl: asks a running vantrel what it knows and has it do things.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
+#include "Vantrel/commands/verbs/DoctorVerb.h"
 #include "Vantrel/commands/verbs/HotKeyVerbs.h"
 #include "Vantrel/commands/verbs/LayoutVerbs.h"
 #include "Vantrel/commands/verbs/LicenseVerbs.h"
@@ -9,6 +10,8 @@
 #include "Vantrel/commands/verbs/ShellVerbs.h"
 #include "Vantrel/commands/verbs/StashVerbs.h"
 #include "Vantrel/commands/verbs/TriggerVerbs.h"
+#include "Vantrel/platform/posix/InstanceLock.h"
+#include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
 #include "VantrelCore/text/SafeText.h"
@@ -52,6 +55,14 @@ DeskDrawing::Options drawingOptions() {
     return options;
 }
 
+std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
+    auto lock = InstanceLock::take(UserFolders::supportDirectory());
+    if (!lock) {
+        return std::unexpected(std::move(lock.error()));
+    }
+    return std::make_shared<InstanceLock>(std::move(*lock));
+}
+
 // Without tearing anything down: while the program's statics go, the bus thread of Qt 6.4 works off messages
 // whose types are gone, and prints complaints about them.
 [[noreturn]] void leave(ExitCode code) {
@@ -68,9 +79,14 @@ int main(int argumentCount, char** arguments) {
     app.require_subcommand(1);
     app.get_formatter()->column_width(26);
 
+    PosixFileSystem files;
     VerbTable verbs({.drawing = drawingOptions,
                      .localDate = localDate,
-                     .logFile = UserFolders::supportDirectory() / "app.log"});
+                     .logFile = UserFolders::supportDirectory() / "app.log",
+                     .files = files,
+                     .supportDirectory = UserFolders::supportDirectory(),
+                     .settingsFile = UserFolders::settingsFile(),
+                     .lockSupportDirectory = lockSupportDirectory});
     addDeskVerbs(verbs, app);
     addLayoutVerbs(verbs, app);
     addStashVerbs(verbs, app);
@@ -81,6 +97,7 @@ int main(int argumentCount, char** arguments) {
     addSettingsVerbs(verbs, app);
     addHotKeyVerbs(verbs, app);
     addLicenseVerbs(verbs, app);
+    addDoctorVerb(verbs, app);
     addShellVerbs(verbs, app, VANTREL_VERSION);
 
     if (argumentCount < 2) {

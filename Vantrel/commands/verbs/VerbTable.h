@@ -5,11 +5,14 @@
 #include "Vantrel/commands/terminal/DeskDrawing.h"
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/JsonCoding.h"
+#include "VantrelCore/ports/FileSystem.h"
 
 #include <cstdint>
+#include <expected>
 #include <filesystem>
 #include <fmt/format.h>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +35,12 @@ struct VerbEnvironment {
     std::function<std::string(Date)> localDate;
     // The log of the running program.
     std::filesystem::path logFile;
+    FileSystem& files;
+    // Where the program keeps its stores, and its settings.
+    std::filesystem::path supportDirectory;
+    std::filesystem::path settingsFile;
+    // Keeps every vantrel from using the support folder as long as the result lives; else says who uses it.
+    std::function<std::expected<std::shared_ptr<void>, std::string>()> lockSupportDirectory;
 };
 
 class VerbTable {

@@ -1,0 +1,171 @@
+#include "Vantrel/commands/Diagnosis.h"
+
+#include "VantrelCore/model/JsonCoding.h"
+#include "VantrelCore/stores/SetAside.h"
+#include "VantrelCore/stores/StoreInspection.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <set>
+#include <tuple>
+
+namespace vantrel {
+
+bool Diagnosis::isSound() const {
+    return std::ranges::all_of(lines, &Line::isSound);
+}
+
+namespace {
+
+using Lines = std::vector<Diagnosis::Line>;
+
+constexpr const char* filesArea = "files";
+constexpr const char* foldersArea = "folders";
+constexpr const char* busArea = "bus";
+constexpr const char* windowManagerArea = "window manager";
+
+void examineFolder(const Doctor::Patient& patient, const std::filesystem::path& folder, Lines& lines) {
+    const auto entries = patient.files.list(folder);
+    if (!entries && entries.error() == std::errc::no_such_file_or_directory) {
+        lines.push_back(
+            {foldersArea, true, fmt::format("{} will be made when it is needed", folder.string())});
+        return;
+    }
+    if (!entries) {
+        lines.push_back({foldersArea, false,
+                         fmt::format("{} cannot be read ({})", folder.string(), entries.error().message())});
+        return;
+    }
+    const auto probe = folder / ".doctor";
+    const std::error_code error = patient.files.writeAtomically(probe, "Can this folder be written?\n");
+    std::ignore = patient.files.remove(probe);
+    lines.push_back({foldersArea, !error,
+                     error ? fmt::format("{} cannot be written ({})", folder.string(), error.message())
+                           : fmt::format("{} can be read and written", folder.string())});
+}
+
+Diagnosis::Line describeCopy(const Doctor::Patient& patient, const StoreInspection::Finding& copy,
+                             bool isInUse) {
+    const std::string name = copy.file.filename().string();
+    const std::string what = fmt::format("{} is a copy of {} from {}", name,
+                                         copy.original.filename().string(), patient.localDate(copy.modified));
+    if (!copy.problem.empty()) {
+        return {filesArea, isInUse, fmt::format("{}; it cannot be used ({})", what, copy.problem)};
+    }
+    return {filesArea, isInUse, fmt::format("{}; it can be put back", what),
+            fmt::format("vantrelctl doctor --put-back {}", name)};
+}
+
+void examineStores(const Doctor::Patient& patient, Lines& lines) {
+    const auto findings = StoreInspection::inspect(patient.files, patient.supportDirectory);
+    if (!findings) {
+        return;
+    }
+    std::set<std::filesystem::path> present;
+    std::size_t sound = 0;
+    for (const auto& finding : *findings) {
+        if (!finding.isCopy()) {
+            present.insert(finding.file);
+            sound += finding.problem.empty() ? 1 : 0;
+        }
+        if (!finding.isCopy() && !finding.problem.empty()) {
+            lines.push_back(
+                {filesArea, false,
+                 fmt::format("{} cannot be used ({})", finding.file.filename().string(), finding.problem)});
+        }
+    }
+    lines.push_back({filesArea, true, fmt::format("{} of {} stores are sound", sound, present.size())});
+    for (const auto& finding : *findings) {
+        if (finding.isCopy()) {
+            // A copy is bad news only where nothing has taken the file's place.
+            lines.push_back(describeCopy(patient, finding, present.contains(finding.original)));
+        }
+    }
+}
+
+void examineFile(const Doctor::Patient& patient, const std::filesystem::path& file, Lines& lines) {
+    const auto content = patient.files.read(file);
+    if (content || content.error() == std::errc::no_such_file_or_directory) {
+        return;
+    }
+    lines.push_back(
+        {filesArea, false, fmt::format("{} cannot be read ({})", file.string(), content.error().message())});
+}
+
+// Copies of files that are no stores are only named.
+void nameOtherCopies(const Doctor::Patient& patient, const std::filesystem::path& file, Lines& lines) {
+    for (const auto& entry : patient.files.list(file.parent_path()).value_or(std::vector<FileEntry>())) {
+        if (SetAside::original(entry.file) == file) {
+            lines.push_back({filesArea, true,
+                             fmt::format("{} is a copy from {}", entry.file.string(),
+                                         patient.localDate(entry.modified))});
+        }
+    }
+}
+
+// What the running program met with.
+void addIncidents(const StatusMessage& status, Lines& lines) {
+    for (const auto& incident : status.fileIncidents) {
+        lines.push_back({filesArea, !incident.isTrouble, incident.text});
+    }
+    if (status.learningFailed) {
+        lines.push_back({filesArea, false, "The present desk could not be remembered when last tried."});
+    }
+}
+
+void examineProgram(const Doctor::Patient& patient, Lines& lines) {
+    if (!patient.status) {
+        lines.push_back({busArea, false, patient.status.error()});
+        lines.push_back({windowManagerArea, true, "not looked at, because vantrel does not run"});
+        return;
+    }
+    lines.push_back({busArea, true, fmt::format("vantrel {} answers", patient.status->version)});
+    const bool hasPermission = patient.status->phase.name != "needsPermission";
+    lines.push_back({windowManagerArea, hasPermission,
+                     hasPermission ? "windows can be moved"
+                                   : "no window manager is running that moves windows on request"});
+}
+
+} // namespace
+
+namespace Doctor {
+
+Diagnosis examine(const Patient& patient) {
+    Diagnosis diagnosis;
+    examineFolder(patient, patient.supportDirectory, diagnosis.lines);
+    examineFolder(patient, patient.settingsFile.parent_path(), diagnosis.lines);
+    examineStores(patient, diagnosis.lines);
+    for (const auto& file : {patient.settingsFile, patient.supportDirectory / "license.json"}) {
+        examineFile(patient, file, diagnosis.lines);
+        nameOtherCopies(patient, file, diagnosis.lines);
+    }
+    if (patient.status) {
+        addIncidents(*patient.status, diagnosis.lines);
+    }
+    examineProgram(patient, diagnosis.lines);
+    return diagnosis;
+}
+
+std::string text(const Diagnosis& diagnosis) {
+    std::string text;
+    for (const auto& line : diagnosis.lines) {
+        text += fmt::format("{} {:<14} {}\n", line.isSound ? "ok" : "! ", line.area, line.text);
+        if (line.command) {
+            text += fmt::format("   {:<14} {}\n", "", *line.command);
+        }
+    }
+    return text;
+}
+
+} // namespace Doctor
+
+void to_json(nlohmann::json& json, const Diagnosis& diagnosis) {
+    json = {{"isSound", diagnosis.isSound()}, {"lines", nlohmann::json::array()}};
+    for (const auto& line : diagnosis.lines) {
+        nlohmann::json entry{{"area", line.area}, {"isSound", line.isSound}, {"text", line.text}};
+        JsonCoding::put(entry, "command", line.command);
+        json["lines"].push_back(std::move(entry));
+    }
+}
+
+} // namespace vantrel

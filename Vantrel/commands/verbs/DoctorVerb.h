@@ -1,0 +1,11 @@
+// "vantrelctl doctor": says what is amiss with files, folders, bus and window manager, and brings copies of
+// files back.
+#pragma once
+
+#include "Vantrel/commands/verbs/VerbTable.h"
+
+namespace vantrel {
+
+void addDoctorVerb(VerbTable& table, CLI::App& app);
+
+} // namespace vantrel
