@@ -2,6 +2,7 @@
 
 #include "Vantrel/platform/posix/FileDescriptor.h"
 #include "VantrelCore/model/ZoneFile.h"
+#include "VantrelCore/ports/FileSystem.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -66,7 +67,7 @@ std::optional<TimeZone> ZoneDatabase::at(const std::filesystem::path& file) {
         return known->second.zone;
     }
     m_known.erase(file);
-    const auto content = descriptor.readToEnd();
+    const auto content = descriptor.readToEnd(FileSystem::maxBytes);
     auto rules = content ? ZoneFile::decode(*content) : std::nullopt;
     if (!rules) {
         return std::nullopt;

@@ -1,0 +1,311 @@
+// Every system call of every way to load and save a store, failing in every way: what was saved is still
+// there, and what failed is told. VANTREL_FAULTS=full plays the whole table.
+#include "Vantrel/platform/posix/PosixFileSystem.h"
+#include "Vantrel/platform/qt/QtUserDefaults.h"
+#include "VantrelCore/stores/AppReliabilityStore.h"
+#include "VantrelCore/stores/AppSizeBehaviorStore.h"
+#include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/RestoreLogStore.h"
+#include "VantrelCore/stores/RestoreReceiptsStore.h"
+#include "VantrelCore/stores/SceneStore.h"
+#include "VantrelCore/stores/StashStore.h"
+#include "VantrelCore/stores/TriggerStore.h"
+#include "VantrelCore/stores/UsageStatsStore.h"
+#include "tests/Vantrel/platform/posix/TemporaryFolder.h"
+#include "tests/faults/FaultySystem.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+namespace vantrel {
+namespace {
+
+using faults::Fault;
+using nlohmann::json;
+
+constexpr auto forEver = std::numeric_limits<std::size_t>::max();
+
+bool isFull() {
+    const char* const value = std::getenv("VANTREL_FAULTS");
+    return value != nullptr && std::string_view(value) == "full";
+}
+
+std::string textOf(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void put(const std::filesystem::path& file, const std::string& text) {
+    std::ofstream(file) << text;
+}
+
+// A store of any kind, with its records as JSON.
+class Store {
+public:
+    virtual ~Store() = default;
+    virtual json load() = 0;
+    virtual bool save(const json& record) = 0;
+};
+
+template <typename Record>
+class StoreOf final : public Store {
+public:
+    StoreOf(const std::filesystem::path& folder, const std::string& name, const StoreFiles& files)
+        : m_store(JsonStore<Record>::open(folder, name, files).value()) {}
+
+    json load() override {
+        json result;
+        to_json(result, m_store.load());
+        return result;
+    }
+
+    bool save(const json& record) override {
+        Record decoded;
+        from_json(record, decoded);
+        return m_store.write(std::move(decoded));
+    }
+
+private:
+    JsonStore<Record> m_store;
+};
+
+// The settings: one that is changed and one that stays as it is. Read when they are first used.
+class SettingsFile final : public Store {
+public:
+    SettingsFile(std::filesystem::path file, const StoreFiles& files)
+        : m_file(std::move(file)), m_files(files) {}
+
+    json load() override {
+        json result = json::object();
+        for (const char* const each : {key, "untouched"}) {
+            if (const auto value = defaults().number(each)) {
+                result[each] = *value;
+            }
+        }
+        return result;
+    }
+
+    bool save(const json& record) override { return defaults().set(key, record.at(key).get<double>()); }
+
+private:
+    static constexpr const char* key = "settleDelay";
+
+    QtUserDefaults& defaults() {
+        static int argumentCount = 0;
+        static const QCoreApplication application(argumentCount, nullptr);
+        if (!m_defaults) {
+            m_defaults.emplace(m_file, m_files.files(), *m_files.incidents(), [](const std::string&) {});
+        }
+        return *m_defaults;
+    }
+
+    std::filesystem::path m_file;
+    StoreFiles m_files;
+    std::optional<QtUserDefaults> m_defaults;
+};
+
+struct Kind {
+    std::string file;
+    std::function<std::unique_ptr<Store>(const std::filesystem::path&, const std::string&, const StoreFiles&)>
+        open;
+};
+
+template <typename Record>
+Kind kindOf(const std::string& file) {
+    return {file, [](const auto& folder, const auto& name, const auto& files) -> std::unique_ptr<Store> {
+                return std::make_unique<StoreOf<Record>>(folder, name, files);
+            }};
+}
+
+constexpr const char* settings = "settings.conf";
+
+const std::vector<Kind>& kinds() {
+    static const std::vector<Kind> all{
+        kindOf<LayoutStore::StoreFile>("layouts.json"),
+        kindOf<SceneStore::StoreFile>("scenes.json"),
+        kindOf<StashStore::StoreFile>("stashes.json"),
+        kindOf<TriggerStore::StoreFile>("triggers.json"),
+        kindOf<RestoreLogStore::StoreFile>("restore-log.json"),
+        kindOf<RestoreReceipts>("receipts.json"),
+        kindOf<UsageStats>("usage.json"),
+        kindOf<AppReliabilityStore::StoreFile>("app-reliability.json"),
+        kindOf<AppSizeBehaviorStore::StoreFile>("app-size-behavior.json"),
+        {settings,
+         [](const auto& folder, const auto& name, const auto& files) -> std::unique_ptr<Store> {
+             return std::make_unique<SettingsFile>(folder / name, files);
+         }},
+    };
+    return all;
+}
+
+// Another record of the same kind: its first number is one more.
+bool increment(json& value) {
+    if (value.is_number_integer()) {
+        value = value.get<std::int64_t>() + 1;
+        return true;
+    }
+    if (value.is_number()) {
+        value = value.get<double>() + 1;
+        return true;
+    }
+    if (value.is_object()) {
+        return std::ranges::any_of(value.items(), [](const auto& item) {
+            return item.key() != "version" && increment(item.value());
+        });
+    }
+    return value.is_array() && std::ranges::any_of(value, increment);
+}
+
+// One run of the program: a store and what it tells.
+struct Session {
+    Session(const std::filesystem::path& folder, const Kind& kind)
+        : store(kind.open(folder, kind.file, {files, &incidents})) {}
+
+    std::vector<std::string> told;
+    PosixFileSystem files;
+    FileIncidents incidents{[this](const std::string& message) { told.push_back(message); }};
+    std::unique_ptr<Store> store;
+};
+
+class StoreFaults : public testing::TestWithParam<Kind> {
+protected:
+    enum class Operation { load, save, update };
+
+    void SetUp() override {
+        const auto& name = GetParam().file;
+        Session session(m_folder.path(), GetParam());
+        if (name == settings) {
+            put(m_file, "settleDelay = 1.5\nuntouched = 3\n");
+        } else {
+            const auto seed = std::filesystem::path(VANTREL_STORE_FILES) / name;
+            ASSERT_TRUE(session.store->save(json::parse(textOf(seed))));
+        }
+        m_text = textOf(m_file);
+        m_saved = session.store->load();
+        m_next = m_saved;
+        ASSERT_TRUE(increment(m_next));
+    }
+
+    // What another run of the program reads.
+    json fresh() { return Session(m_folder.path(), GetParam()).store->load(); }
+
+    // What was saved is in a copy that somebody has told of.
+    bool isInTold(const Session& session) {
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
+            const auto name = entry.path().filename().string();
+            const auto names = [&](const std::string& line) { return line.find(name) != std::string::npos; };
+            if (textOf(entry.path()) == m_text && std::ranges::any_of(session.told, names)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // Returns how many calls there were.
+    std::size_t play(Operation operation, const Fault& fault) {
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
+            std::filesystem::remove(entry.path());
+        }
+        put(m_file, m_text);
+        Session session(m_folder.path(), GetParam());
+        if (operation == Operation::save) {
+            std::ignore = session.store->load();
+        }
+        json seen = m_saved;
+        bool isSaved = false;
+        faults::arm(m_folder.path().string(), fault);
+        if (operation != Operation::save) {
+            seen = session.store->load();
+        }
+        if (operation != Operation::load) {
+            isSaved = session.store->save(m_next);
+        }
+        const auto calls = faults::disarm();
+
+        const bool hasTold = !session.told.empty();
+        const auto fail = [&](const char* what) {
+            ADD_FAILURE() << what << ": call " << fault.firstCall << ", " << fault.count << " times, "
+                          << (fault.error == 0 ? "half of it" : std::strerror(fault.error))
+                          << fmt::format("\ncalls: {}\ntold: {}\nfiles:", fmt::join(calls, " "),
+                                         fmt::join(session.told, " | "))
+                          << testing::PrintToString(m_folder.names());
+        };
+        if ((seen != m_saved || (operation != Operation::load && !isSaved)) && !hasTold) {
+            fail("not told");
+        }
+        // Settings are read again before each change.
+        const bool readsAgain = GetParam().file == settings;
+        if (seen != m_saved && isSaved && !readsAgain && !isInTold(session)) {
+            fail("lost what could not be read");
+        }
+        if (fresh() != (isSaved ? m_next : m_saved)) {
+            fail(isSaved ? "lost what was saved" : "lost what was there");
+        }
+        if (!isSaved && !readsAgain && session.store->load() != m_saved) {
+            fail("not read again in the same run");
+        }
+        if (!session.store->save(m_next) || fresh() != m_next) {
+            fail("not saved once nothing fails any more");
+        }
+        return calls.size();
+    }
+
+    TemporaryFolder m_folder;
+    std::filesystem::path m_file = m_folder.path() / GetParam().file;
+    // What stands in the file at first, as text and as records; and what is saved then.
+    std::string m_text;
+    json m_saved;
+    json m_next;
+};
+
+void PrintTo(const Kind& kind, std::ostream* stream) {
+    *stream << kind.file;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, StoreFaults, testing::ValuesIn(kinds()), [](const auto& kind) {
+    std::string name = std::filesystem::path(kind.param.file).stem();
+    std::ranges::replace(name, '-', '_');
+    return name;
+});
+
+TEST_P(StoreFaults, LoseNothingAndAreTold) {
+    std::vector<int> errors{0, EIO, EMFILE, ENOSPC, EINTR};
+    std::vector<std::size_t> counts{1, forEver};
+    if (isFull()) {
+        errors.insert(errors.end(), {EACCES, EAGAIN, EBUSY, EDQUOT, ENFILE, ENOMEM, EPERM, EROFS, ESTALE});
+        counts.insert(counts.end(), {2, 3});
+    }
+    std::size_t cases = 0;
+    for (const auto operation : {Operation::load, Operation::save, Operation::update}) {
+        const std::size_t calls = play(operation, {});
+        ASSERT_GT(calls, 3U);
+        for (std::size_t call = 0; call < calls; ++call) {
+            for (const int error : errors) {
+                for (const auto count : counts) {
+                    // Calls that a signal interrupts are repeated without end, as they are to be.
+                    if (!(error == EINTR && count == forEver)) {
+                        std::ignore = play(operation, {call, count, error});
+                        ++cases;
+                    }
+                }
+            }
+        }
+    }
+    RecordProperty("cases", std::to_string(cases));
+    fmt::print("{} cases\n", cases);
+}
+
+} // namespace
+} // namespace vantrel
