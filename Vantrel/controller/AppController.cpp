@@ -97,7 +97,7 @@ AppController::AppController(const ControllerPorts& ports, const StoreFiles& fil
 HotKeyFlow::Actions AppController::hotKeyActions() {
     return {.restore = [this] { restoreNow(RestoreSource::hotKey); },
             .save = [this] { saveLayoutNow(); },
-            .stash = [this] { m_stashes.stashOrBringBack(); },
+            .stash = [this] { m_stashes.stashOrBringBack({}); },
             .undo = [this] { undoLastRestore(); },
             .applyScene =
                 [this](const std::string& id) {

@@ -40,36 +40,39 @@ void StashFlow::dropExpired() {
 
 void StashFlow::stashNow(std::function<void(const Result&)> done) {
     CaptureNow::perform(m_context, [this, done = std::move(done)](const CaptureNow::Result& captured) {
-        Result result = std::unexpected(SaveOutcome::Kind::writeFailed);
-        if (!captured) {
-            result = std::unexpected(captured.error());
-        } else {
-            const auto count = static_cast<std::int64_t>(captured->windows.size());
-            const Scene* scene = m_context.state().lastAppliedScene();
-            const Stash stash = m_store.add(
-                {.id = freshUUID(),
-                 .createdAt = m_context.ports.clock.now(),
-                 .configID = captured->configID,
-                 .layout = *captured,
-                 .windowCount = count,
-                 .deskName = m_context.state().configName,
-                 .appliedSceneName = scene ? std::optional(scene->name) : std::nullopt,
-                 .appliedSceneWindowCount =
-                     scene ? std::optional(static_cast<std::int64_t>(scene->layout.windows.size()))
-                           : std::nullopt});
-            // The store keeps what it could not write to itself.
-            if (m_store.stash(stash.id)) {
-                result = stash;
-                showStored();
-            }
-        }
-        m_context.log(result ? fmt::format("stash: {} put aside",
-                                           ControllerText::windows(result->layout.windows.size()))
-                             : "stash: " + SaveOutcome{.kind = result.error()}.text());
-        if (done) {
-            done(result);
-        }
+        tell(captured ? keep(*captured) : std::unexpected(captured.error()), done);
     });
+}
+
+StashFlow::Result StashFlow::keep(const Layout& captured) {
+    const auto countOf = [](const Layout& layout) {
+        return static_cast<std::int64_t>(layout.windows.size());
+    };
+    const Scene* scene = m_context.state().lastAppliedScene();
+    const Stash stash = m_store.add(
+        {.id = freshUUID(),
+         .createdAt = m_context.ports.clock.now(),
+         .configID = captured.configID,
+         .layout = captured,
+         .windowCount = countOf(captured),
+         .deskName = m_context.state().configName,
+         .appliedSceneName = scene ? std::optional(scene->name) : std::nullopt,
+         .appliedSceneWindowCount = scene ? std::optional(countOf(scene->layout)) : std::nullopt});
+    // The store keeps what it could not write to itself.
+    if (!m_store.stash(stash.id)) {
+        return std::unexpected(SaveOutcome::Kind::writeFailed);
+    }
+    showStored();
+    return stash;
+}
+
+void StashFlow::tell(const Result& result, const std::function<void(const Result&)>& done) {
+    m_context.log(
+        result ? fmt::format("stash: {} put aside", ControllerText::windows(result->layout.windows.size()))
+               : "stash: " + SaveOutcome{.kind = result.error()}.text());
+    if (done) {
+        done(result);
+    }
 }
 
 bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done& done) {
@@ -109,8 +112,14 @@ bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done
 }
 
 void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
-    // Nothing of it came back: it is kept for when its applications run again.
-    if (outcome.kind != RestoreOutcome::Kind::finished || outcome.report.restoredCount() == 0) {
+    if (outcome.kind != RestoreOutcome::Kind::finished) {
+        return;
+    }
+    if (outcome.report.restoredCount() == 0) {
+        // Nothing of it came back: it is kept for when its applications run again.
+        if (outcome.report.failedCount() > 0) {
+            m_refused.insert(stash.id);
+        }
         return;
     }
     if (!m_store.remove(stash.id)) {
@@ -120,11 +129,42 @@ void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
 }
 
 void StashFlow::stashOrBringBack(const Told& told) {
-    if (const Stash* stash = m_context.state().activeStash()) {
-        bringBack(stash->id, told.broughtBack);
-    } else {
+    const Stash* stash = m_context.state().activeStash();
+    if (stash == nullptr) {
         stashNow(told.stashed);
+        return;
     }
+    CaptureNow::perform(m_context, [this, id = stash->id, told](const CaptureNow::Result& captured) {
+        // By then the capture is over, and what is brought back need not wait.
+        m_context.axWorkInFlight()
+            ? m_context.afterPass([this, id, captured, told] { stashOrBringBack(id, captured, told); })
+            : stashOrBringBack(id, captured, told);
+    });
+}
+
+void StashFlow::stashOrBringBack(const std::string& stashID, const CaptureNow::Result& captured,
+                                 const Told& told) {
+    const auto stash = m_store.stash(stashID);
+    if (captured && stash && !canReturn(*stash, *captured)) {
+        tell(keep(*captured), told.stashed);
+    } else if (!captured && captured.error() == SaveOutcome::Kind::nothingToSave) {
+        tell(std::unexpected(captured.error()), told.stashed);
+    } else {
+        // Also when the desk could not be captured: bringing back waits for its turn, or tells what stands
+        // against it.
+        bringBack(stashID, told.broughtBack);
+    }
+}
+
+bool StashFlow::canReturn(const Stash& stash, const Layout& captured) {
+    std::set<std::string> running;
+    for (const WindowRecord& window : captured.windows) {
+        running.insert(window.bundleID);
+    }
+    // Windows are paired within their application, whatever their titles.
+    return !m_refused.contains(stash.id) &&
+           std::ranges::any_of(m_context.fittedToDesk(stash.layout).windows,
+                               [&](const WindowRecord& window) { return running.contains(window.bundleID); });
 }
 
 } // namespace vantrel

@@ -1,6 +1,7 @@
 // Puts the desk aside to be brought back within a week, and brings it back.
 #pragma once
 
+#include "Vantrel/controller/CaptureNow.h"
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/SaveOutcome.h"
@@ -8,6 +9,7 @@
 
 #include <expected>
 #include <functional>
+#include <set>
 #include <string>
 
 namespace vantrel {
@@ -33,7 +35,8 @@ public:
         RestoreOutcome::Done broughtBack;
     };
 
-    // The desk's newest stash is brought back; without one, the desk is stashed.
+    // Brings the desk's newest stash back. Without one, or when nothing of it can come back, the desk is
+    // stashed.
     void stashOrBringBack(const Told& told = {});
 
     // Publishes the stashes after the store has changed.
@@ -43,12 +46,19 @@ public:
     void dropExpired();
 
 private:
+    [[nodiscard]] Result keep(const Layout& captured);
+    void tell(const Result& result, const std::function<void(const Result&)>& done);
+    void stashOrBringBack(const std::string& stashID, const CaptureNow::Result& captured, const Told& told);
+    // Whether the captured desk has a window for it that would take its place.
+    [[nodiscard]] bool canReturn(const Stash& stash, const Layout& captured);
     void returned(const Stash& stash, const RestoreOutcome& outcome);
     [[nodiscard]] std::vector<Stash> stashes();
 
     ControllerContext& m_context;
     RestoreRunner& m_runner;
     StashStore& m_store;
+    // The stashes whose windows were there and would not move.
+    std::set<std::string> m_refused;
 };
 
 } // namespace vantrel

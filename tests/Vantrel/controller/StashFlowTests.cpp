@@ -18,6 +18,17 @@ struct Stashes : LearnedDesk {
         story.runFor(5);
         return isAccepted;
     }
+
+    // True when it did not bring a stash back.
+    bool toggle() {
+        std::vector<bool> answers;
+        story.controller->stashes().stashOrBringBack(
+            {.stashed = [&](const StashFlow::Result&) { answers.push_back(true); },
+             .broughtBack = [&](const RestoreOutcome&) { answers.push_back(false); }});
+        story.runFor(5);
+        EXPECT_EQ(answers.size(), 1U);
+        return answers.at(0);
+    }
 };
 
 TEST_F(Stashes, ADeskPutAsideComesBackAndIsUsedUpUntilThatIsUndone) {
@@ -88,20 +99,35 @@ TEST_F(Stashes, WhatCannotBeKeptIsRefusedAndNothingIsLost) {
 
 TEST_F(Stashes, OneCommandStashesAndBringsBackInTurn) {
     for (const std::size_t kept : {1U, 0U, 1U}) {
-        std::vector<std::size_t> answers;
-        story.controller->stashes().stashOrBringBack(
-            {.stashed = [&](const StashFlow::Result& stash) { answers.push_back(stash ? 1 : 2); },
-             .broughtBack =
-                 [&](const RestoreOutcome& outcome) {
-                     answers.push_back(outcome.kind == RestoreOutcome::Kind::finished ? 0 : 2);
-                 }});
-        EXPECT_TRUE(answers.empty()) << "before anything has happened";
-        story.runFor(5);
-        EXPECT_EQ(answers, std::vector{kept});
+        EXPECT_EQ(toggle(), kept > 0);
         EXPECT_EQ(story.published().stashes.size(), kept);
         EXPECT_TRUE(kept > 0 || story.frames() == home);
         story.scatter();
     }
+}
+
+TEST_F(Stashes, OneCommandStashesAnewWhenNothingOfTheStashCanReturn) {
+    const Stash gone = stash().value();
+    for (const auto& [window, frame] : home) {
+        story.desk.close(window);
+    }
+    const WindowID note =
+        story.desk.open(story.desk.launch("org.example.notes", "Notes"), "Note", {{60, 60}, {300, 200}});
+    EXPECT_TRUE(toggle());
+    EXPECT_EQ(story.published().stashes.size(), 2U);
+    EXPECT_EQ(story.logged("restore report: "), 0U);
+
+    // Its window is there and does not come back.
+    story.desk.window(note).behaviour.refusesMoves = true;
+    story.move(note, {{500, 400}, {300, 200}});
+    EXPECT_FALSE(toggle());
+    EXPECT_TRUE(toggle());
+    EXPECT_EQ(story.published().stashes.size(), 3U);
+    EXPECT_EQ(story.published().activeStash()->layout.windows.at(0).frame, story.frame(note));
+    EXPECT_EQ(story.published().stashes.back().id, gone.id);
+    story.desk.close(note);
+    EXPECT_TRUE(toggle());
+    EXPECT_EQ(story.published().stashes.size(), 3U) << "there is nothing to put aside";
 }
 
 } // namespace
