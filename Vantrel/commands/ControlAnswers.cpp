@@ -63,6 +63,9 @@ StatusMessage status(const PublishedState& state, const std::filesystem::path& s
     message.configName = state.deskName();
     message.activeLayoutName = state.activeLayoutName;
     message.activePinned = state.activePinned;
+    if (state.pinPause) {
+        message.pinPause = state.pinPause->text();
+    }
     if (const auto* const layout = state.activeLayout()) {
         message.savedWindows = static_cast<std::int64_t>(layout->windows.size());
         message.savedAt = layout->savedAt;

@@ -53,6 +53,7 @@ void to_json(nlohmann::json& json, const StatusMessage& status) {
             {"fileIncidents", status.fileIncidents}};
     put(json, "savedWindows", status.savedWindows);
     put(json, "savedAt", status.savedAt);
+    put(json, "pinPause", status.pinPause);
     put(json, "latestAvailable", status.latestAvailable);
     put(json, "crashReports", status.crashReports);
 }
@@ -76,6 +77,7 @@ void from_json(const nlohmann::json& json, StatusMessage& status) {
     status.crashReports = optional<std::int64_t>(json, "crashReports");
     status.savedWindows = optional<std::int64_t>(json, "savedWindows");
     status.savedAt = optional<Date>(json, "savedAt");
+    status.pinPause = optional<std::string>(json, "pinPause");
 }
 
 } // namespace vantrel

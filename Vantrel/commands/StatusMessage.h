@@ -52,6 +52,8 @@ struct StatusMessage {
     std::string configName;
     std::string activeLayoutName;
     bool activePinned = false;
+    // Why the pinned layout is left as the desk stands, and until when; absent while it is kept in place.
+    std::optional<std::string> pinPause;
     // Of the active layout; absent without one.
     std::optional<std::int64_t> savedWindows;
     std::optional<Date> savedAt;

@@ -30,4 +30,15 @@ std::vector<AppSizeBehaviorStore::Observation> read(const std::vector<RestoreFol
     return observations;
 }
 
+std::vector<AppSizeBehaviorStore::Observation> of(const std::vector<SlotFilling::Filled>& filled) {
+    std::vector<AppSizeBehaviorStore::Observation> observations;
+    for (const auto& window : filled) {
+        const WindowRecord& wanted = window.slot.record;
+        if (!window.isPanel) {
+            observations.push_back({wanted.bundleID, wanted.frame.size, window.frame.size});
+        }
+    }
+    return observations;
+}
+
 } // namespace vantrel::AchievedSizes

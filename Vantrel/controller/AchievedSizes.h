@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Vantrel/controller/RestoreFollowUp.h"
+#include "Vantrel/controller/SlotFilling.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 
 namespace vantrel::AchievedSizes {
@@ -11,5 +12,9 @@ namespace vantrel::AchievedSizes {
 // while the windows are read.
 [[nodiscard]] std::vector<AppSizeBehaviorStore::Observation>
 read(const std::vector<RestoreFollowUp::Moved>& moved, const RestoreReport& report, Background& background);
+
+// Of the ordinary windows that have taken slots.
+[[nodiscard]] std::vector<AppSizeBehaviorStore::Observation>
+of(const std::vector<SlotFilling::Filled>& filled);
 
 } // namespace vantrel::AchievedSizes

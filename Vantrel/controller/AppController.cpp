@@ -53,7 +53,18 @@ AppController::AppController(const ControllerPorts& ports, const StoreFiles& fil
     m_files.onPutBack = [this] { showStored(); };
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
-    m_displayChange.onSettled = [this] { m_suggestions.refresh(); };
+    m_context.onLayoutsChanged = [this] { m_pinned.layoutsChanged(); };
+    m_runner.onFinished = [this](const RestoreRequest& request, const RestorePass::Result& result) {
+        m_undo.remember(request, result);
+        if (!result.isAbandoned) {
+            m_pinned.restored(request);
+        }
+    };
+    m_displayChange.onSettled = [this] {
+        m_pinned.layoutsChanged();
+        m_pinned.endPauseForUser();
+        m_suggestions.refresh();
+    };
     m_layouts.onRenamed = [this](const std::string& configID, const std::string& name,
                                  const std::string& newName) {
         m_launchPlacement.layoutRenamed(configID, name, newName);
@@ -288,6 +299,9 @@ bool AppController::setPinned(bool isPinned) {
         return false;
     }
     m_context.showStoredLayouts();
+    if (isPinned) {
+        m_pinned.endPauseForUser();
+    }
     return true;
 }
 

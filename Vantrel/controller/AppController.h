@@ -163,7 +163,8 @@ public:
     void armQuickSwitcherRecorder();
 
     // Pins or unpins the active layout of this desk: a pinned one is not learned over, and put back when the
-    // windows drift from it. False when nothing is stored or it could not be written.
+    // windows drift from it. Pinning it once more ends a pause. False when nothing is stored or it could not
+    // be written.
     bool setPinned(bool isPinned);
 
     // Looks at permission and desk again and publishes what they are.

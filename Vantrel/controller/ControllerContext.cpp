@@ -160,6 +160,7 @@ void ControllerContext::showStoredLayouts() {
         state.learningFailed = false;
         publishStored(state);
     });
+    onLayoutsChanged();
 }
 
 void ControllerContext::showLearningFailed(bool hasFailed) {

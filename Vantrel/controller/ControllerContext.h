@@ -105,6 +105,8 @@ public:
     void showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays);
     // Publishes the layouts of the current desk after the store has changed, and so has been written.
     void showStoredLayouts();
+    // Called when showStoredLayouts() has published them.
+    std::function<void()> onLayoutsChanged = [] {};
     void showLearningFailed(bool hasFailed);
     // Publishes the scenes after the store has changed.
     void showStoredScenes();

@@ -16,7 +16,11 @@ public:
     }
 
     std::vector<bool> write(std::span<const FrameWrite> writes) override {
-        return m_permit->isRevoked() ? std::vector<bool>(writes.size(), false) : m_window->write(writes);
+        if (m_permit->isRevoked()) {
+            return std::vector<bool>(writes.size(), false);
+        }
+        m_permit->noteUse();
+        return m_window->write(writes);
     }
 
     std::shared_ptr<void> beginMoves() override {

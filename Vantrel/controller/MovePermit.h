@@ -10,14 +10,19 @@
 
 namespace vantrel {
 
-// Revoked on the main thread, asked on workers.
+// Revoked on the main thread, asked and used on workers.
 class MovePermit {
 public:
     void revoke() { m_isRevoked = true; }
     [[nodiscard]] bool isRevoked() const { return m_isRevoked; }
 
+    // A window was asked to move under this permit.
+    void noteUse() const { m_isUsed = true; }
+    [[nodiscard]] bool isUsed() const { return m_isUsed; }
+
 private:
     std::atomic<bool> m_isRevoked = false;
+    mutable std::atomic<bool> m_isUsed = false;
 };
 
 // The same windows; once the permit is revoked, their reads give nothing and their writes are refused.

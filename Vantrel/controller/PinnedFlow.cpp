@@ -4,33 +4,74 @@
 
 namespace vantrel {
 
+namespace {
+
+// As DriftGuard has it, in points.
+constexpr double driftTolerance = 2;
+
+std::string reasonFor(const RestoreRequest& request) {
+    switch (request.purpose) {
+    case RestorePurpose::sceneSwitch:
+        return fmt::format("the scene \"{}\" was applied", request.sceneName.value_or(""));
+    case RestorePurpose::stashReturn:
+        return "a stash was brought back";
+    case RestorePurpose::undo:
+        return "a restore was undone";
+    case RestorePurpose::restore:
+        break;
+    }
+    return "another layout was applied";
+}
+
+// Under whatever name.
+bool isSameArrangement(const std::optional<Layout>& a, const std::optional<Layout>& b) {
+    return a.has_value() == b.has_value() &&
+           (!a || (a->configID == b->configID && a->savedAt == b->savedAt && a->windows == b->windows));
+}
+
+} // namespace
+
+void PinnedFlow::follow(const std::optional<Layout>& pinned) {
+    if (!isSameArrangement(m_pinned, pinned)) {
+        m_driftGuard.reset();
+        m_strikes = 0;
+        publish(std::nullopt);
+    }
+    m_pinned = pinned;
+}
+
+void PinnedFlow::publish(const std::optional<PinPause>& pause) {
+    if (m_context.state().pinPause == pause) {
+        return;
+    }
+    m_context.publisher.publish([&](PublishedState& state) { state.pinPause = pause; });
+}
+
 void PinnedFlow::observe(const Layout& current) {
     const auto pinned = m_context.layoutToRestore();
     if (!pinned) {
         return;
     }
-    if (m_pinned != pinned) {
-        m_pinned = pinned;
-        m_driftGuard.reset();
-        m_strikes = 0;
-        m_isPaused = false;
+    follow(pinned);
+    if (m_context.state().isPinPausedForUser()) {
+        return;
     }
     const bool hasDrifted = m_driftGuard.observe(current, *pinned);
     if (hasDrifted) {
         m_context.afterPass([this, pinned] { enforce(*pinned); });
     } else if (m_driftGuard.driftCount() == 0) {
         m_strikes = 0;
-        m_isPaused = false;
+        publish(std::nullopt);
     }
 }
 
 void PinnedFlow::enforce(const Layout& pinned) {
     // What the user asked for meanwhile comes first; a drift that is left is seen again.
-    if (m_isPaused || m_context.restoreInFlight) {
+    if (m_context.state().pinPause || m_context.restoreInFlight) {
         return;
     }
     if (m_strikes == maxStrikes) {
-        m_isPaused = true;
+        publish(PinPause{PinPause::Cause::inVain, "its windows did not stay in place"});
         m_context.log("pinned drift persists after 3 enforcements, pausing until the layout changes");
         return;
     }
@@ -39,6 +80,40 @@ void PinnedFlow::enforce(const Layout& pinned) {
                               pinned.name, m_strikes));
     m_runner.perform(
         {.layout = pinned, .displays = m_context.state().displays, .reason = "pinned enforcement"});
+}
+
+bool PinnedFlow::asksForAnother(const RestoreRequest& request) const {
+    Layout asked = request.layout;
+    asked.layoutName = m_pinned->layoutName;
+    // A scene may start applications besides.
+    const bool opensWindows = request.scene && !request.scene->ghosts.empty();
+    return opensWindows || !asked.geometryMatches(*m_pinned, driftTolerance);
+}
+
+void PinnedFlow::restored(const RestoreRequest& request) {
+    layoutsChanged();
+    if (!m_pinned) {
+        return;
+    }
+    if (!asksForAnother(request)) {
+        endPauseForUser();
+        return;
+    }
+    const PinPause pause{PinPause::Cause::userAskedForAnother, reasonFor(request)};
+    m_driftGuard.reset();
+    publish(pause);
+    m_context.log("pinned layout: " + pause.text());
+}
+
+void PinnedFlow::endPauseForUser() {
+    if (m_context.state().isPinPausedForUser()) {
+        publish(std::nullopt);
+        m_context.log("pinned layout: kept in place again");
+    }
+}
+
+void PinnedFlow::layoutsChanged() {
+    follow(m_context.state().activePinned ? m_context.layoutToRestore() : std::nullopt);
 }
 
 } // namespace vantrel

@@ -18,6 +18,10 @@ const UndoSlot* PublishedState::applicableUndo() const {
     return undoSlot && undoSlot->configID == configID ? &*undoSlot : nullptr;
 }
 
+bool PublishedState::isPinPausedForUser() const {
+    return pinPause && pinPause->cause == PinPause::Cause::userAskedForAnother;
+}
+
 const std::string& PublishedState::deskName() const {
     const Layout* const active = activeLayout();
     if (active != nullptr) {

@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/DriftNudgeInfo.h"
 #include "Vantrel/controller/Phase.h"
+#include "Vantrel/controller/PinPause.h"
 #include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/model/Entitlement.h"
@@ -80,6 +81,8 @@ struct PublishedState {
     std::vector<Layout> currentLayouts;
     std::string activeLayoutName = Layout::defaultName;
     bool activePinned = false;
+    // Only of a pinned layout: it is left as the desk stands.
+    std::optional<PinPause> pinPause;
     // The scenes of all desks, in the order of creation.
     std::vector<Scene> scenes;
     // Counts the changes of the scene store.
@@ -126,6 +129,8 @@ struct PublishedState {
     // The windows remembered in the active layout of the current desk, none without such a layout.
     [[nodiscard]] std::optional<std::int64_t> windowsLearned() const;
     [[nodiscard]] const Layout* activeLayout() const;
+    // Since the user asked for another arrangement than the pinned one.
+    [[nodiscard]] bool isPinPausedForUser() const;
     // The current desk as the user named it, else configName.
     [[nodiscard]] const std::string& deskName() const;
     // The newest stash of the current desk.

@@ -41,11 +41,8 @@ RestoreHistory::RestoreHistory(ControllerContext& context, ControllerStores& sto
 }
 
 void RestoreHistory::showStored() {
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.receipts = m_stores.receipts.load();
-        state.usage = m_stores.usage.load();
-        ++state.restoreLogVersion;
-    });
+    publishTotals();
+    m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });
 }
 
 void RestoreHistory::check(bool isWritten, const char* what) {
@@ -54,18 +51,25 @@ void RestoreHistory::check(bool isWritten, const char* what) {
     }
 }
 
-void RestoreHistory::record(const RestoreRequest& request, const RestoreReport& report,
-                            const std::vector<AppSizeBehaviorStore::Observation>& sizes) {
+void RestoreHistory::record(const RestoreRequest& request, const RestorePass::Result& result) {
     const Date now = m_context.ports.clock.now();
-    const auto windows = static_cast<std::int64_t>(report.restoredCount());
+    const auto windows = static_cast<std::int64_t>(result.report.restoredCount());
     m_latest = RestoreLog::Entry{.date = now,
                                  .reason = request.reason,
                                  .sceneName = request.sceneName,
                                  .configID = request.layout.configID,
-                                 .elapsed = report.elapsed,
-                                 .items = logItems(report)};
-    check(m_stores.reliability.record(m_latest->items, now), "reliability of applications");
-    check(m_stores.sizeBehavior.record(sizes), "size behaviour of applications");
+                                 .elapsed = result.report.elapsed,
+                                 .items = logItems(result.report)};
+    auto lessons = m_latest->items;
+    if (result.isAbandoned) {
+        m_latest->reason += " (abandoned: the displays changed)";
+        // It was this program that did not go on, not the applications that refused.
+        std::erase_if(lessons, [](const RestoreLog::Item& item) {
+            return item.outcome == RestoreLog::Outcome::failed;
+        });
+    }
+    check(m_stores.reliability.record(lessons, now), "reliability of applications");
+    check(m_stores.sizeBehavior.record(result.sizes), "size behaviour of applications");
     recordTotals(request, windows, now);
     if (!m_stores.restoreLog.record(*m_latest)) {
         check(false, "entry");
@@ -73,9 +77,15 @@ void RestoreHistory::record(const RestoreRequest& request, const RestoreReport& 
     }
     m_context.publisher.publish([&](PublishedState& state) {
         ++state.restoreLogVersion;
+        state.lastAction = LastAction{.windowCount = windows, .date = now, .reason = request.reason};
+    });
+    publishTotals();
+}
+
+void RestoreHistory::publishTotals() {
+    m_context.publisher.publish([&](PublishedState& state) {
         state.receipts = m_stores.receipts.load();
         state.usage = m_stores.usage.load();
-        state.lastAction = LastAction{.windowCount = windows, .date = now, .reason = request.reason};
     });
 }
 
@@ -106,8 +116,26 @@ void RestoreHistory::addFollowUp(const std::vector<std::size_t>& items) {
     amend(items, RestoreLog::Outcome::retried);
 }
 
-void RestoreHistory::addSettled(const std::vector<std::size_t>& items) {
+void RestoreHistory::addSettled(const std::vector<std::size_t>& items,
+                                const std::vector<AppSizeBehaviorStore::Observation>& sizes) {
+    if (!m_latest || items.empty()) {
+        return;
+    }
     amend(items, RestoreLog::Outcome::restored);
+    const Date now = m_context.ports.clock.now();
+    const auto windows = std::ssize(items);
+    std::vector<RestoreLog::Item> seated;
+    for (const std::size_t item : items) {
+        seated.push_back(m_latest->items.at(item));
+    }
+    check(m_stores.reliability.record(seated, now), "reliability of applications");
+    check(m_stores.sizeBehavior.record(sizes), "size behaviour of applications");
+    check(m_stores.receipts.update([&](RestoreReceipts& receipts) { receipts.record(windows, now); }),
+          "receipt");
+    check(m_stores.usage.update(
+              [&](UsageStats& usage) { usage.recordSettled(windows, m_latest->configID, now); }),
+          "usage");
+    publishTotals();
 }
 
 void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome) {

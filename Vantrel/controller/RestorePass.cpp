@@ -4,6 +4,8 @@
 #include "Vantrel/controller/LiveWindows.h"
 #include "Vantrel/controller/PerApplication.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vantrel::RestorePass {
@@ -39,6 +41,10 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
     auto moved = RestoreFollowUp::moved(task.layout, current, matched, result.report);
     if (task.options.sizes == RestoreEngine::Sizes::restore) {
         result.sizes = AchievedSizes::read(moved, result.report, background);
+        if (result.scene) {
+            std::ranges::copy(AchievedSizes::of(result.scene->slots.filled),
+                              std::back_inserter(result.sizes));
+        }
     }
     result.landed = RestoreFollowUp::landed(std::move(moved), result.report);
     if (task.trigger == RestoreTrigger::automatic) {
@@ -47,6 +53,7 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
                                 [&](std::size_t index) { RestoreFollowUp::watch(result.landed[index]); });
     }
     result.isAbandoned = task.permit->isRevoked();
+    result.hasMovedWindows = task.permit->isUsed() && !result.changedNothing;
     return result;
 }
 

@@ -45,6 +45,8 @@ struct Result {
     std::optional<Before> before = std::nullopt;
     // Everything was in place already.
     bool changedNothing = false;
+    // Windows that were not in place were asked to move, perhaps not all of them.
+    bool hasMovedWindows = false;
     // Of a scene.
     std::optional<ScenePass::Result> scene = std::nullopt;
 };

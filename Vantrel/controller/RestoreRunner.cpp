@@ -93,55 +93,64 @@ void RestoreRunner::start(RestoreRequest request) {
 }
 
 void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestorePass::Result> result) {
-    using Kind = RestoreOutcome::Kind;
-    m_context.restoreInFlight = false;
     ++m_context.mutationEpoch;
     m_context.guarded([&] {
         if (!result) {
-            giveUp(request, Kind::failed);
+            giveUp(request, RestoreOutcome::Kind::failed);
         } else if (result->isAbandoned) {
-            m_context.log("restore abandoned: the displays changed meanwhile");
-            giveUp(request, Kind::displaysChanging);
+            endAbandoned(request, *result);
         } else {
             conclude(request, *result);
         }
     });
+    m_context.restoreInFlight = false;
     runPending();
     if (!m_context.restoreInFlight) {
         m_context.onDeskArranged();
     }
 }
 
-void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind why) {
-    m_context.showPhase({});
-    m_context.refreshStatus();
-    request.tell({.kind = why, .report = {}});
-}
-
 void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result& result) {
-    const bool isPublished = m_context.guarded([&] {
-        if (onFinished) {
-            onFinished(request, result);
-        }
+    const bool isTakenUp = m_context.guarded([&] {
+        onFinished(request, result);
         if (request.finished) {
             request.finished(result);
         }
-        publishReport(request, result.report);
     });
-    if (!isPublished) {
+    if (!isTakenUp) {
         giveUp(request, RestoreOutcome::Kind::failed);
         return;
     }
+    m_context.log(ControllerText::restoreReport(result.report));
     // Whoever waits need not wait for the files.
     request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
-    m_history.record(request, result.report, result.sizes);
+    m_context.guarded([&] { m_history.record(request, result); });
+    publishReport(request, result.report);
+    m_context.restoreInFlight = false;
     if (request.trigger == RestoreTrigger::automatic) {
         m_followUp.begin(std::move(result.landed));
     }
 }
 
+void RestoreRunner::endAbandoned(const RestoreRequest& request, const RestorePass::Result& result) {
+    m_context.log("restore abandoned: the displays changed meanwhile");
+    if (result.hasMovedWindows) {
+        m_context.guarded([&] {
+            onFinished(request, result);
+            m_history.record(request, result);
+        });
+    }
+    giveUp(request, RestoreOutcome::Kind::displaysChanging);
+}
+
+void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind why) {
+    m_context.restoreInFlight = false;
+    m_context.showPhase({});
+    m_context.refreshStatus();
+    request.tell({.kind = why, .report = {}});
+}
+
 void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreReport& report) {
-    m_context.log(ControllerText::restoreReport(report));
     const auto restored = static_cast<std::int64_t>(report.restoredCount());
     m_context.publisher.publish([&](PublishedState& state) {
         state.lastRestore = PublishedState::LastRestore{.date = m_context.ports.clock.now(),

@@ -19,8 +19,9 @@ public:
     // already. A request whose desk is gone when its turn comes is dropped.
     void perform(RestoreRequest request);
 
-    // Called when a restore has come to its end, before its `done`: what it was and what it found.
-    std::function<void(const RestoreRequest&, const RestorePass::Result&)> onFinished;
+    // Called when a restore has come to its end, before its `done`, and when one was abandoned that had moved
+    // windows: what it was and what it found.
+    std::function<void(const RestoreRequest&, const RestorePass::Result&)> onFinished = [](const auto&...) {};
 
     // The desk is going away: what still moves windows for it stops.
     void abandonMoves();
@@ -29,8 +30,9 @@ private:
     void queue(RestoreRequest request);
     void start(RestoreRequest request);
     void finish(const RestoreRequest& request, std::optional<RestorePass::Result> result);
-    void giveUp(const RestoreRequest& request, RestoreOutcome::Kind why);
     void conclude(const RestoreRequest& request, RestorePass::Result& result);
+    void endAbandoned(const RestoreRequest& request, const RestorePass::Result& result);
+    void giveUp(const RestoreRequest& request, RestoreOutcome::Kind why);
     void publishReport(const RestoreRequest& request, const RestoreReport& report);
     void runPending();
 

@@ -124,13 +124,9 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const auto missing =
         MissingAppsPolicy::missingBundleIDs(bundleIDs, running, m_context.ownBundleID.value_or(""));
     const auto notOpen = static_cast<std::int64_t>(missing.size()) - std::ssize(launched);
-    m_context.announce(HUD::SceneApplied{.name = scene.name,
-                                         .moved = static_cast<std::int64_t>(result.report.restoredCount()),
-                                         .opened = std::ssize(launched),
-                                         .notOpen = std::max<std::int64_t>(notOpen, 0),
-                                         .seconds = result.report.elapsed});
     std::vector<SceneSlot> open = pass.slots.open;
     std::ranges::copy(pass.slots.refused, std::back_inserter(open));
+    // First, since another scene that still waits ends with an event of its own.
     m_settlement.begin({.sceneID = scene.id,
                         .sceneName = scene.name,
                         .launched = launched,
@@ -138,6 +134,11 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
                         .itemOfSlot = pass.itemOfSlot,
                         .seated = seatedWindows(result),
                         .placed = placed});
+    m_context.announce(HUD::SceneApplied{.name = scene.name,
+                                         .moved = static_cast<std::int64_t>(result.report.restoredCount()),
+                                         .opened = std::ssize(launched),
+                                         .notOpen = std::max<std::int64_t>(notOpen, 0),
+                                         .seconds = result.report.elapsed});
     if (onApplied) {
         onApplied(scene);
     }

@@ -1,5 +1,6 @@
 #include "Vantrel/controller/SettlementFlow.h"
 
+#include "Vantrel/controller/AchievedSizes.h"
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
 #include "VantrelCore/windows/MissingAppsPolicy.h"
 #include "VantrelCore/windows/WindowSnapshotter.h"
@@ -219,7 +220,9 @@ void SettlementFlow::settle(const Seen& seen) {
         cancel("the desk has changed");
         return;
     }
-    m_history.addSettled(noteFilled(result));
+    m_history.addSettled(noteFilled(result), m_context.settings.restoreSizes()
+                                                 ? AchievedSizes::of(result.filled)
+                                                 : std::vector<AppSizeBehaviorStore::Observation>());
     notePanels(seen);
     markPlaced(result);
     if (m_pending->settlement.isComplete() || isExpired()) {
@@ -280,16 +283,19 @@ void SettlementFlow::finish() {
         fmt::format("scene settlement: {} for {}",
                     SceneSettlementCaption::detail(summary.opened, summary.placed, summary.stragglers),
                     m_pending->settlement.sceneName));
-    m_context.announce(HUD::SceneSettled{m_pending->settlement.sceneName, summary.opened, summary.placed,
-                                         summary.stragglers});
-    keepWhatWasFilled();
-    m_pending.reset();
+    end(summary);
     m_context.afterPass(m_context.onDeskArranged);
 }
 
 void SettlementFlow::cancel(const char* why) {
     m_context.log(
         fmt::format("scene settlement: cancelled for {}: {}", m_pending->settlement.sceneName, why));
+    end(m_pending->settlement.summary());
+}
+
+void SettlementFlow::end(const SettlementSummary& summary) {
+    m_context.announce(HUD::SceneSettled{m_pending->settlement.sceneName, summary.opened, summary.placed,
+                                         summary.stragglers});
     keepWhatWasFilled();
     m_pending.reset();
 }

@@ -93,6 +93,7 @@ private:
     [[nodiscard]] bool isExpired();
     void finish();
     void cancel(const char* why);
+    void end(const SettlementSummary& summary);
     void keepWhatWasFilled();
     [[nodiscard]] std::vector<SceneSlot> expectedSlots() const;
 

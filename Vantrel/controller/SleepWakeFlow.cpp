@@ -60,9 +60,9 @@ void SleepWakeFlow::checkAfterWake() {
         });
         return;
     }
-    if (!m_context.state().activePinned || !m_context.state().enabled || !m_context.entitledToRun() ||
-        m_context.restoreInFlight || !AXPermission::isGranted(m_context.ports.accessibility) ||
-        !m_context.isDeskCurrent()) {
+    if (!m_context.state().activePinned || m_context.state().isPinPausedForUser() ||
+        !m_context.state().enabled || !m_context.entitledToRun() || m_context.restoreInFlight ||
+        !AXPermission::isGranted(m_context.ports.accessibility) || !m_context.isDeskCurrent()) {
         return;
     }
     const auto displays = m_context.currentDisplays();
@@ -87,7 +87,7 @@ void SleepWakeFlow::restoreIfDrifted(const DeskCapture::Picture& picture,
     }
     m_context.afterPass([this, pinned, displays] {
         // What the user asked for meanwhile comes first.
-        if (!m_context.restoreInFlight) {
+        if (!m_context.restoreInFlight && !m_context.state().isPinPausedForUser()) {
             m_context.log("didWake: pinned layout drifted, restoring");
             m_runner.perform({.layout = *pinned, .displays = displays, .reason = "pinned enforcement"});
         }

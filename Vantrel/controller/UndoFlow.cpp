@@ -8,24 +8,18 @@
 
 namespace vantrel {
 
-UndoFlow::UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {
-    m_runner.onFinished = [this](const RestoreRequest& request, const RestorePass::Result& result) {
-        remember(request, result);
-    };
-}
-
 void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
     if (!result.before) {
-        const auto undone = m_slot ? m_slot->undone : nullptr;
-        m_latest.reset();
-        setSlot(std::nullopt);
-        if (undone) {
-            undone();
+        // Half an undo can be asked for again when its desk is back.
+        if (!result.isAbandoned) {
+            forgetUndone();
         }
         return;
     }
     const RestorePass::Before& before = *result.before;
     const DeskCapture::Picture picture{DeskCapture::records(before.windows), before.takenAt};
+    // A scene that was abandoned has only moved windows: it was not yet the desk's.
+    const bool isWindowsOnly = result.isAbandoned && request.scene;
     m_latest = Picture{.slot = {.layout = m_context.layoutOf(picture, request.displays),
                                 .configID = request.layout.configID,
                                 .reason = request.reason,
@@ -33,12 +27,23 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
                                 .hiddenBundleIDs = {}},
                        .handles = {},
                        .raising = request.raising,
-                       .undone = request.undone};
+                       .undone = isWindowsOnly ? nullptr : request.undone};
+    // Not the desk that has taken its place meanwhile.
+    m_latest->slot.layout.configID = request.layout.configID;
     for (const CurrentWindow& window : before.windows) {
         m_latest->handles.push_back(window.handle);
     }
     if (!result.changedNothing || request.undone) {
         setSlot(m_latest);
+    }
+}
+
+void UndoFlow::forgetUndone() {
+    const auto undone = m_slot ? m_slot->undone : nullptr;
+    m_latest.reset();
+    setSlot(std::nullopt);
+    if (undone) {
+        undone();
     }
 }
 

@@ -15,7 +15,10 @@ namespace vantrel {
 
 class UndoFlow {
 public:
-    UndoFlow(ControllerContext& context, RestoreRunner& runner);
+    UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}
+
+    // A restore has finished, or was abandoned when it had moved windows.
+    void remember(const RestoreRequest& request, const RestorePass::Result& result);
 
     // Brings every window back to where it was, and with it what noteHidden() was told. False when nothing is
     // going to move.
@@ -36,7 +39,7 @@ private:
         std::function<void()> undone;
     };
 
-    void remember(const RestoreRequest& request, const RestorePass::Result& result);
+    void forgetUndone();
     void fill(RestoreRequest& request);
     void prepare(RestoreRequest& request);
     void finish(const RestoreOutcome& outcome);

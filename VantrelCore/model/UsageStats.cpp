@@ -33,6 +33,10 @@ void UsageStats::recordUndo(std::int64_t windows, const std::string& deskID, Dat
     recordEvent(windows, deskID, at);
 }
 
+void UsageStats::recordSettled(std::int64_t windows, const std::string& deskID, Date at) {
+    recordEvent(windows, deskID, at);
+}
+
 void UsageStats::recordEvent(std::int64_t windows, const std::string& deskID, Date at) {
     if (windows > 0) {
         windowsVantrel = saturatingSum(windowsVantrel, windows);

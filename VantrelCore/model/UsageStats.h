@@ -31,6 +31,8 @@ struct UsageStats {
     void recordSceneSwitch(std::int64_t windows, const std::string& deskID, Date at);
     void recordStashUse(std::int64_t windows, const std::string& deskID, Date at);
     void recordUndo(std::int64_t windows, const std::string& deskID, Date at);
+    // Windows of a scene switch that was recorded before they came.
+    void recordSettled(std::int64_t windows, const std::string& deskID, Date at);
 
 private:
     void recordEvent(std::int64_t windows, const std::string& deskID, Date at);

@@ -389,6 +389,9 @@ bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
         return true;
     }
     m_moves.push_back(id);
+    if (onMove) {
+        onMove();
+    }
     if (window.behaviour.driftsBack > 0) {
         --window.behaviour.driftsBack;
         if (window.behaviour.driftDelay <= 0) {

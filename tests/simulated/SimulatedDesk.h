@@ -91,6 +91,8 @@ public:
 
     // The windows whose frames were changed by writes through the port, write by write.
     [[nodiscard]] const std::vector<WindowID>& moves() const { return m_moves; }
+    // Called when a write has changed a frame, on the thread that wrote.
+    std::function<void()> onMove;
     // When captures were taken, in monotonic seconds.
     [[nodiscard]] const std::vector<double>& captures() const { return m_captures; }
     // Called when a capture begins, on whatever thread captures.

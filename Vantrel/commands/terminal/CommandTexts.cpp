@@ -84,6 +84,9 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
         line("layout", layoutLine(status.activeLayoutName, *status.savedWindows, dateText(*status.savedAt),
                                   status.activePinned ? Pin::pinned : Pin::none, separator(options)));
     }
+    if (status.pinPause) {
+        line("pin", *status.pinPause);
+    }
     if (status.layoutNames.size() > 1) {
         line("layouts", fmt::format("{}", fmt::join(status.layoutNames, ", ")));
     }

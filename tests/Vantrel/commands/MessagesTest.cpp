@@ -34,6 +34,7 @@ StatusMessage exampleStatus() {
     status.configName = "Äußerer Bildschirm";
     status.activeLayoutName = "Reading";
     status.activePinned = true;
+    status.pinPause = "paused until the displays change: a stash was brought back";
     status.savedWindows = 1;
     status.savedAt = dateFromIso8601("2025-03-01T08:15:00Z");
     status.layoutNames = {"Default", "Reading"};
@@ -153,6 +154,7 @@ TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
               "state     1 window put back in 0.3 s\n"
               "desk      Äußerer Bildschirm\n"
               "layout    Reading · 1 window · saved 2025-03-01T08:15:00Z · pinned\n"
+              "pin       paused until the displays change: a stash was brought back\n"
               "layouts   Default, Reading\n"
               "displays  Laptop 1920x1200 at 0,0\n"
               "          Monitor 2560x1440 at 1920,-240\n"

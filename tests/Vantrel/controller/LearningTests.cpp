@@ -1,5 +1,7 @@
 #include "tests/Vantrel/controller/LearnedDesk.h"
 
+#include <functional>
+
 namespace vantrel::simulated {
 namespace {
 
@@ -279,6 +281,8 @@ TEST_F(Pinned, EnforcingPausesAfterThreeTimesInVainUntilTheLayoutChanges) {
     EXPECT_EQ(story.logged("pinned drift: enforcing "), 3U);
     EXPECT_EQ(story.logged("pinned drift persists after 3 enforcements, pausing until the layout changes"),
               1U);
+    EXPECT_EQ(story.published().pinPause->text(),
+              "paused until the layout changes: its windows did not stay in place");
 
     story.controller->saveLayoutNow();
     story.runFor(1);
@@ -286,6 +290,70 @@ TEST_F(Pinned, EnforcingPausesAfterThreeTimesInVainUntilTheLayoutChanges) {
     story.move(story.terminal, {{10, 300}, {300, 300}});
     story.runFor(40);
     EXPECT_EQ(story.frame(story.terminal), home.at(story.terminal));
+}
+
+TEST_F(Pinned, WhatTheUserAsksForStaysUntilTheDisplaysChange) {
+    AppController& controller = *story.controller;
+    dragAway();
+    const Rect elsewhere = story.frame(story.mail);
+    controller.scenes().saveCurrentAsScene("Work", {});
+    story.runFor(1);
+    controller.stashes().stashNow({});
+    story.runFor(1);
+    ASSERT_TRUE(restore(1));
+    struct Case {
+        const char* reason;
+        std::function<bool()> ask;
+    };
+    const Case cases[] = {
+        {"a restore was undone", [&] { return undo(); }},
+        {"the scene \"Work\" was applied",
+         [&] { return controller.applyScene(story.published().scenes.at(0)); }},
+        {"a stash was brought back",
+         [&] { return controller.stashes().bringBack(story.published().stashes.at(0).id, {}); }},
+        {"another layout was applied",
+         [&] { return controller.layouts().applyLayout(story.published().scenes.at(0).layout, {}); }}};
+    for (const Case& c : cases) {
+        ASSERT_TRUE(c.ask());
+        story.runFor(40);
+        story.system.setAsleep(true);
+        story.system.setAsleep(false);
+        story.runFor(40);
+        EXPECT_EQ(story.frame(story.mail), elsewhere) << c.reason;
+        ASSERT_TRUE(story.published().pinPause) << c.reason;
+        const std::string text = "paused until the displays change: " + std::string(c.reason);
+        EXPECT_EQ(story.published().pinPause->text(), text);
+        EXPECT_EQ(story.logged("pinned layout: " + text), 1U);
+        story.connect("laptop-and-monitor");
+        EXPECT_FALSE(story.published().pinPause);
+        story.connect("laptop");
+        EXPECT_EQ(story.frames(), home);
+    }
+    dragAway();
+    story.runFor(40);
+    EXPECT_EQ(story.frames(), home);
+}
+
+TEST_F(Pinned, TheUserCanHaveThePinnedLayoutKeptAgain) {
+    AppController& controller = *story.controller;
+    Layout other = *story.storedLayout();
+    other.windows.at(0).frame = {{700, 300}, {300, 300}};
+    const std::function<void()> wishes[] = {[&] { restore(1); }, [&] { controller.setPinned(true); },
+                                            [&] {
+                                                controller.setPinned(false);
+                                                controller.setPinned(true);
+                                            }};
+    for (const auto& wish : wishes) {
+        ASSERT_TRUE(controller.layouts().applyLayout(other, {}));
+        story.runFor(5);
+        EXPECT_TRUE(story.published().pinPause);
+        EXPECT_EQ(controller.layouts().renameDesk("Studio").kind, LayoutChange::Kind::done);
+        EXPECT_TRUE(story.published().pinPause);
+        wish();
+        EXPECT_FALSE(story.published().pinPause);
+        story.runFor(40);
+        EXPECT_EQ(story.frames(), home);
+    }
 }
 
 TEST_F(Pinned, OnceUnpinnedTheDeskIsLearnedAsItStands) {

@@ -44,6 +44,19 @@ RandomStory::RandomStory(std::uint64_t seed)
     };
 }
 
+void RandomStory::begin() {
+    m_story.start();
+    m_story.controller->addObserver([this] { checkPhase(); });
+    m_story.desk.onMove = [this] {
+        // Others change their size when they are asked to stay as they are.
+        const bool isTame = std::ranges::any_of(
+            m_tame, [&](const auto& tame) { return tame.second == m_story.desk.moves().back(); });
+        if (isTame && m_story.controller && m_story.controller->restoreInFlight()) {
+            m_logBeforeMove = m_story.controller->restoreLog();
+        }
+    };
+}
+
 double RandomStory::seconds(double from, double to) {
     return from + (to - from) * static_cast<double>(below(1000)) / 1000;
 }
@@ -87,11 +100,6 @@ void RandomStory::populate() {
         m_story.desk.habits.rescueDelay = seconds(0.001, 0.2);
         m_story.desk.habits.meddlingDelays = {seconds(0.3, 2), seconds(2, longestMeddling)};
     }
-}
-
-void RandomStory::begin() {
-    m_story.start();
-    m_story.controller->addObserver([this] { checkPhase(); });
 }
 
 void RandomStory::tell() {
@@ -307,6 +315,8 @@ void RandomStory::diskFailsForAWhile() {
     }
     comeToRest();
     m_story.files.stopFailing();
+    // Nothing could be written down.
+    m_logBeforeMove.reset();
 }
 
 void RandomStory::triggersFire() {

@@ -7,6 +7,7 @@
 #include "tests/Vantrel/controller/Story.h"
 
 #include <map>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
@@ -70,6 +71,9 @@ private:
     void checkEverythingIsAtItsSavedPlace();
     void checkOnlyWhatStoodIsStored();
     void checkPhase();
+    // A restore that moved windows is in the history and can be undone.
+    void checkTracesOfRestores();
+    void userAsksForAnotherArrangement(const Layout& pinned);
     // What the program says it has stored is on disk, and nothing that once was is lost.
     void checkStores();
     // Every window of the layout that is still there stands as in the layout, to within so many points.
@@ -92,6 +96,8 @@ private:
     double m_restlessUntil = 0;
     int m_windowsOpened = 0;
     bool m_hasRestoredDesk = false;
+    // The history when a restore last moved a window, unless its traces were looked for since.
+    std::optional<RestoreLog> m_logBeforeMove;
     std::size_t m_triggersAdded = 0;
 };
 

@@ -15,6 +15,11 @@ void RandomStory::userPinsTheLayout() {
     }
     expect(controller.setPinned(true), "a stored layout can be pinned");
     const auto pinned = m_story.storedLayout();
+    if (happens(40)) {
+        userAsksForAnotherArrangement(*pinned);
+        expect(controller.setPinned(false), "a layout can be unpinned");
+        return;
+    }
     userMovesWindows();
     if (happens(30)) {
         m_story.system.setAsleep(true);
@@ -27,6 +32,32 @@ void RandomStory::userPinsTheLayout() {
     checkStands(*pinned, "a pinned layout comes back", driftTolerance);
     expect(m_story.storedLayout() == pinned, "a pinned layout is not learned over");
     expect(controller.setPinned(false), "a layout can be unpinned");
+}
+
+void RandomStory::userAsksForAnotherArrangement(const Layout& pinned) {
+    AppController& controller = *m_story.controller;
+    m_hasRestoredDesk = false;
+    Layout other = pinned;
+    for (WindowRecord& window : other.windows) {
+        window.frame = somewhere();
+    }
+    std::optional<RestoreOutcome::Kind> told;
+    controller.layouts().applyLayout(other, [&](const RestoreOutcome& outcome) { told = outcome.kind; });
+    m_story.runFor(10);
+    expect(told == RestoreOutcome::Kind::finished, "a layout can be applied to a desk with a pinned one");
+    if (happens(30)) {
+        happens(50) ? m_story.system.setAsleep(true) : m_story.system.setLocked(true);
+        m_story.runFor(seconds(0, 20));
+        m_story.system.setAsleep(false);
+        m_story.system.setLocked(false);
+    }
+    const bool isUndone = happens(30) && controller.undoLastRestore();
+    m_story.runFor(90);
+    if (!isUndone) {
+        checkStands(other, "what the user asked for stays on a desk with a pinned layout");
+        expect(m_story.published().isPinPausedForUser(), "a pin that is paused says so");
+    }
+    expect(m_story.storedLayout() == pinned, "a pinned layout is not learned over");
 }
 
 void RandomStory::nothingMayBeMoved() {
@@ -53,6 +84,8 @@ void RandomStory::nothingMayBeMoved() {
     m_story.runFor(2);
     expect(!phase.is<Phase::NeedsPermission>() && !phase.is<Phase::Off>(),
            "it is seen that windows may be moved again");
+    // The restore at the beginning may have found everything in place before the user moved it.
+    m_logBeforeMove.reset();
     m_hasRestoredDesk = false;
 }
 

@@ -32,6 +32,7 @@ void RandomStory::checkAtRest() {
     }
     checkOnlyWhatStoodIsStored();
     checkStores();
+    checkTracesOfRestores();
     const PublishedState& state = m_story.published();
     const auto stored = m_story.storedLayout();
     const Phase resting = stored ? Phase{Phase::Saved{std::ssize(stored->windows)}} : Phase{Phase::Empty{}};
@@ -77,6 +78,22 @@ void RandomStory::checkStores() {
     expect(std::ranges::none_of(m_story.files.files(),
                                 [](const auto& file) { return file.extension() == ".corrupt"; }),
            "every store can be read");
+}
+
+void RandomStory::checkTracesOfRestores() {
+    const auto before = std::exchange(m_logBeforeMove, std::nullopt);
+    if (!before) {
+        return;
+    }
+    // Newest first; restores that moved nothing may have come since.
+    const auto entries = m_story.controller->restoreLog().entries;
+    const auto known = std::ranges::find_if(entries, [&](const RestoreLog::Entry& entry) {
+        return !before->entries.empty() && entry.date == before->entries.front().date;
+    });
+    expect(known != entries.begin(), "a restore that moved a window is in the history");
+    expect(known == entries.begin() || std::prev(known)->reason.starts_with("undo") ||
+               m_story.published().undoSlot,
+           "a restore that moved a window can be undone");
 }
 
 void RandomStory::checkEverythingIsAtItsSavedPlace() {

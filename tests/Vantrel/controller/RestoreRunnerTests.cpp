@@ -73,6 +73,42 @@ TEST_F(Restoring, OneUnderWayAndOneQueuedForADeskThatIsGoneAreDroppedAndToldSo) 
     EXPECT_THAT(toldKinds(), ElementsAre(displaysChanging, displaysChanging));
 }
 
+TEST_F(Restoring, OneAbandonedHalfwayIsInTheHistoryAndCanBeUndoneWhenItsDeskIsBack) {
+    story.defaults.set("autoRestore", false);
+    makeSlow(0.4);
+    story.scatter();
+    const auto before = story.frames();
+    ASSERT_TRUE(restore(0.7));
+    ASSERT_EQ(story.frame(story.terminal), home.at(story.terminal));
+    story.connect("laptop-and-monitor", {.events = 1});
+
+    EXPECT_THAT(toldKinds(), ElementsAre(displaysChanging));
+    const auto entries = story.controller->restoreLog().entries;
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].reason, "restore now (menu) (abandoned: the displays changed)");
+    EXPECT_EQ(story.published().usage.windowsVantrel, 3);
+    auto reliability = AppReliabilityStore::open("/support/Vantrel", story.files).value();
+    EXPECT_FALSE(reliability.record("org.example.mail")) << "it did not refuse";
+
+    story.connect("laptop");
+    EXPECT_TRUE(undo());
+    EXPECT_EQ(story.frames(), before);
+}
+
+TEST_F(Restoring, ItIsInTheHistoryBeforeAnybodyIsShownItsEnd) {
+    bool isRecorded = false;
+    bool isRunning = false;
+    story.controller->setHUDHandler([&](const HUDEvent& event) {
+        if (std::holds_alternative<HUD::Done>(event)) {
+            isRecorded = story.controller->restoreLog().entries.size() == 1;
+            isRunning = story.controller->restoreInFlight();
+        }
+    });
+    ASSERT_TRUE(restore());
+    EXPECT_TRUE(isRecorded);
+    EXPECT_TRUE(isRunning);
+}
+
 TEST_F(Restoring, OneQueuedIsDroppedWithItsReasonWhenItsTurnComesTooLate) {
     makeSlow(0.2);
     story.scatter();

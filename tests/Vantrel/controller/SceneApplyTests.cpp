@@ -54,6 +54,12 @@ struct ApplyingScenes : LearnedDesk {
         return told.at(0);
     }
 
+    [[nodiscard]] std::optional<Size> achievedSize(const std::string& bundleID) {
+        auto store = AppSizeBehaviorStore::open("/support/Vantrel", story.files).value();
+        const auto behavior = store.behavior(bundleID);
+        return behavior ? behavior->lastAchieved : std::nullopt;
+    }
+
     template <typename Event>
     [[nodiscard]] std::vector<Event> events() const {
         std::vector<Event> result;
@@ -110,8 +116,24 @@ TEST_F(ApplyingScenes, AMissingApplicationIsStartedAndSeatedAndItsGhostBecomesIt
     const auto settled = story.controller->restoreLog().entries.at(0).items.back();
     EXPECT_EQ(settled.outcome, RestoreLog::Outcome::restored);
     EXPECT_FALSE(settled.reason || settled.note);
+    // It counts like those that were there from the beginning.
+    EXPECT_EQ(story.published().usage.windowsVantrel, 5);
+    EXPECT_EQ(story.published().usage.sceneSwitches, 1);
+    EXPECT_EQ(story.published().receipts.windowsLast7Days(story.time.now()), 5);
+    auto reliability = AppReliabilityStore::open("/support/Vantrel", story.files).value();
+    EXPECT_EQ(reliability.record("org.example.music").value().restoredCount, 1);
+    EXPECT_EQ(achievedSize("org.example.music"), slot.size);
     story.connect("laptop-and-monitor");
     EXPECT_EQ(story.logged("pre-change snapshot adopted: 5 windows for "), 1U);
+}
+
+TEST_F(ApplyingScenes, WhatAWindowMakesOfItsSlotIsLearned) {
+    addGhost("org.example.music", slot);
+    story.desk.open(story.desk.launch("org.example.music", "Music"), "Songs", musicOpensAt,
+                    {.minimumSize = Size{700, 500}});
+    apply(work());
+    EXPECT_EQ(achievedSize("org.example.music"), (Size{700, 500}));
+    EXPECT_EQ(story.published().usage.windowsVantrel, 5);
 }
 
 TEST_F(ApplyingScenes, WhoDoesNotComeWithinTwentySecondsIsNamedAndNotStartedTwice) {
@@ -247,7 +269,8 @@ TEST_F(ApplyingScenes, ANewerSceneAnUndoAndOtherDisplaysEndTheWait) {
         end();
         story.runFor(25);
         EXPECT_EQ(story.logged("scene settlement: cancelled for Work"), cancelled + 1);
-        EXPECT_THAT(events<HUD::SceneSettled>(), IsEmpty());
+        EXPECT_THAT(events<HUD::SceneSettled>(), ElementsAre(HUD::SceneSettled{"Work", 1, 0, {"music"}}));
+        shown.clear();
         EXPECT_TRUE(work().hasGhosts());
         EXPECT_EQ(story.frameOf("Songs"), musicOpensAt);
         const auto music = story.desk.pidsOf("org.example.music");
