@@ -51,7 +51,7 @@ TEST_F(DoctorTest, OffersACopyWhoseFileIsMissing) {
 TEST_F(DoctorTest, SaysWhatIsAmiss) {
     const auto expectLine = [this](const std::string& part) {
         EXPECT_FALSE(examine().isSound());
-        EXPECT_THAT(Doctor::text(examine()), HasSubstr("\n! " + part));
+        EXPECT_THAT(Doctor::text(examine()), HasSubstr("\n!  " + part));
     };
     files.put("/data/scenes.json", "[");
     expectLine("files          scenes.json cannot be used (no valid JSON at byte 2)");

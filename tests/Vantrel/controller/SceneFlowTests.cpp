@@ -95,7 +95,7 @@ TEST_F(SceneWallpapers, TheUsersOwnComesBackAfterAnyNumberOfScenesAndARestart) {
     story.runFor(1);
     apply(Pictures{});
     EXPECT_EQ(shown(), mine);
-    EXPECT_EQ(story.defaults.text("wallpaperMemory"), R"({"baseline":{},"lastSet":{}})");
+    EXPECT_EQ(story.defaults.data("wallpaperMemory"), DefaultsData{R"({"baseline":{},"lastSet":{}})"});
 
     // Also where the settings cannot be written, as long as the program runs.
     story.defaults.failWrites();
