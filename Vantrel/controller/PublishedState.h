@@ -63,12 +63,12 @@ struct PublishedState {
     Phase phase;
     // Learning and restoring are switched on by the user.
     bool enabled = true;
-    // The last attempt to remember the desk failed; it is made again while the desk stands differently.
-    bool learningFailed = false;
-    // What is the matter with the program's files, in the order in which it happened.
-    std::vector<FileIncident> fileIncidents;
     // Whether this process may read and move windows, as last looked.
     bool hasPermission = false;
+    // The last attempt to remember the desk failed; the next capture that differs tries again.
+    bool learningFailed = false;
+    // What is wrong with the program's files, oldest first.
+    std::vector<FileIncident> fileIncidents;
     // The current desk; empty while there are no displays.
     std::string configID;
     std::string configName;

@@ -33,7 +33,7 @@ public:
     virtual ~FileSystem() = default;
 
     // No file of ours comes near this size; reading a larger one would take all memory.
-    static constexpr std::uint64_t maxBytes = 32 * 1024 * 1024;
+    static constexpr std::uint64_t maxBytes = std::uint64_t{32} * 1024 * 1024;
 
     // The whole content; no_such_file_or_directory when there is no file, file_too_large above maxBytes.
     [[nodiscard]] virtual std::expected<std::string, std::error_code>

@@ -10,7 +10,7 @@ namespace vantrel::StoreRepair {
 std::expected<std::filesystem::path, std::string>
 putBack(FileSystem& files, const std::filesystem::path& directory, const std::string& copyName) {
     const std::filesystem::path copy = directory / std::filesystem::path(copyName).filename();
-    const auto original = SetAside::original(copy);
+    auto original = SetAside::original(copy);
     if (copy.filename() != copyName || !StoreInspection::isStore(original)) {
         return std::unexpected(
             fmt::format("\"{}\" is not the name of a copy. See: vantrelctl doctor", copyName));
