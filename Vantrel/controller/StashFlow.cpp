@@ -49,7 +49,7 @@ StashFlow::Result StashFlow::keep(const Layout& captured) {
         return static_cast<std::int64_t>(layout.windows.size());
     };
     const Scene* scene = m_context.state().lastAppliedScene();
-    const Stash stash = m_store.add(
+    Stash stash = m_store.add(
         {.id = freshUUID(),
          .createdAt = m_context.ports.clock.now(),
          .configID = captured.configID,
