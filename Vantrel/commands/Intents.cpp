@@ -61,12 +61,11 @@ void Intents::applyScene(const std::string& sceneID, const Done& done) {
             tellNothingHappened(done, "That scene no longer exists.");
             return;
         }
-        // Applying it changes the published scenes.
-        const Scene wanted = *scene;
+        // A copy, because applying it changes the published scenes.
         running->applyScene(
-            wanted, "Shortcuts",
+            Scene(*scene), "Shortcuts",
             told(
-                done, [name = wanted.name](std::int64_t) { return fmt::format("Applied \"{}\".", name); },
+                done, [name = scene->name](std::int64_t) { return fmt::format("Applied \"{}\".", name); },
                 "Nothing moved. Vantrel may be paused, missing Accessibility permission, or past its "
                 "trial."));
     }

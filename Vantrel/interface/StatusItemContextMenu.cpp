@@ -165,9 +165,8 @@ void StatusItemContextMenu::applyScene(const std::string& id) {
     const auto& scenes = m_controller.published().scenes;
     const auto found = std::ranges::find(scenes, id, &Scene::id);
     if (found != scenes.end()) {
-        // Applying it changes the published scenes.
-        const Scene wanted = *found;
-        m_controller.applyScene(wanted, std::nullopt, tellRefusal());
+        // A copy, because applying it changes the published scenes.
+        m_controller.applyScene(Scene(*found), std::nullopt, tellRefusal());
     }
 }
 

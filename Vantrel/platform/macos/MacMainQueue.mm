@@ -48,8 +48,9 @@ std::function<void()> MacMainQueue::guarded(std::function<void()> work) const {
 }
 
 void MacMainQueue::post(std::function<void()> work) {
+    work = guarded(std::move(work));
     @autoreleasepool {
-        [NSOperationQueue.mainQueue addOperationWithBlock:[work = guarded(std::move(work))] { work(); }];
+        [NSOperationQueue.mainQueue addOperationWithBlock:[work = std::move(work)] { work(); }];
     }
 }
 
