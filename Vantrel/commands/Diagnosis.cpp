@@ -74,7 +74,8 @@ void examineStores(const Doctor::Patient& patient, Lines& lines) {
                  fmt::format("{} cannot be used ({})", finding.file.filename().string(), finding.problem)});
         }
     }
-    lines.push_back({filesArea, true, fmt::format("{} of {} stores are sound", sound, present.size())});
+    lines.push_back({filesArea, sound == present.size(),
+                     fmt::format("{} of {} stores are sound", sound, present.size())});
     for (const auto& finding : *findings) {
         if (finding.isCopy()) {
             // A copy is bad news only where nothing has taken the file's place.
@@ -116,7 +117,6 @@ void addIncidents(const StatusMessage& status, Lines& lines) {
 void examineProgram(const Doctor::Patient& patient, Lines& lines) {
     if (!patient.status) {
         lines.push_back({busArea, false, patient.status.error()});
-        lines.push_back({windowManagerArea, true, "not looked at, because vantrel does not run"});
         return;
     }
     lines.push_back({busArea, true, fmt::format("vantrel {} answers", patient.status->version)});
