@@ -13,7 +13,7 @@ constexpr const char* notWhole = "it is no calendar, or only a part of one";
 // Names of properties and their parameters; in bytes.
 constexpr std::size_t longestHead = 1000;
 // A list of dates fills several values.
-constexpr std::size_t longestLine = 1024 * 1024;
+constexpr std::size_t longestLine = std::size_t{1024} * 1024;
 
 constexpr std::string_view texts[] = {
     "CONFERENCE", "DESCRIPTION",         "LOCATION",

@@ -13,8 +13,8 @@ namespace vantrel::CalendarLines {
 // A calendar, an event or a zone with its rules, an alarm: real files nest no deeper than 3.
 inline constexpr std::size_t deepest = 16;
 // Longer texts are cut, other values left out; in bytes.
-inline constexpr std::size_t longestText = 64 * 1024;
-inline constexpr std::size_t longestValue = 4 * 1024;
+inline constexpr std::size_t longestText = std::size_t{64} * 1024;
+inline constexpr std::size_t longestValue = std::size_t{4} * 1024;
 
 // Calls `take` with each line that matters, unfolded: the calendars with their events and zones, and of these
 // the properties that we use. No component lies deeper than that, none is left open, and a line holds one
