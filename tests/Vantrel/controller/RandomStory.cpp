@@ -46,13 +46,17 @@ RandomStory::RandomStory(std::uint64_t seed)
 
 void RandomStory::begin() {
     m_story.start();
-    m_story.controller->addObserver([this] { checkPhase(); });
+    m_story.controller->addObserver([this] {
+        checkPhase();
+        watchRestore();
+    });
     m_story.desk.onMove = [this] {
         // Others change their size when they are asked to stay as they are.
         const bool isTame = std::ranges::any_of(
             m_tame, [&](const auto& tame) { return tame.second == m_story.desk.moves().back(); });
         if (isTame && m_story.controller && m_story.controller->restoreInFlight()) {
             m_logBeforeMove = m_story.controller->restoreLog();
+            m_movedByRestore.insert(m_story.desk.moves().back());
         }
     };
 }

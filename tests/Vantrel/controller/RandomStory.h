@@ -73,6 +73,9 @@ private:
     void checkPhase();
     // A restore that moved windows is in the history and can be undone.
     void checkTracesOfRestores();
+    // Forgets the moves of a restore that only undid what the window manager did meanwhile: every window that
+    // it moved stands where it stood before, so there is nothing to undo.
+    void watchRestore();
     void userAsksForAnotherArrangement(const Layout& pinned);
     // What the program says it has stored is on disk, and nothing that once was is lost.
     void checkStores();
@@ -98,6 +101,13 @@ private:
     bool m_hasRestoredDesk = false;
     // The history when a restore last moved a window, unless its traces were looked for since.
     std::optional<RestoreLog> m_logBeforeMove;
+    struct DeskBefore {
+        std::map<WindowID, Rect> frames;
+        std::optional<RestoreLog> logBeforeMove;
+    };
+    // How the restore that is running found the desk, and what it has moved since.
+    std::optional<DeskBefore> m_beforeRestore;
+    std::set<WindowID> m_movedByRestore;
     std::size_t m_triggersAdded = 0;
 };
 

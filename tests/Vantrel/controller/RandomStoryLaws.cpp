@@ -52,6 +52,26 @@ void RandomStory::checkPhase() {
     expect(isTrue, "the phase shown is true: " + StatusPhase::text(state.phase));
 }
 
+void RandomStory::watchRestore() {
+    const bool isRestoring = m_story.published().phase.is<Phase::Restoring>();
+    if (isRestoring && !m_beforeRestore) {
+        m_beforeRestore = DeskBefore{m_story.frames(), m_logBeforeMove};
+        m_movedByRestore.clear();
+    } else if (!isRestoring && m_beforeRestore) {
+        const auto frames = m_story.frames();
+        const auto isWhereItWas = [&](WindowID window) {
+            const auto before = m_beforeRestore->frames.find(window);
+            const auto now = frames.find(window);
+            return before != m_beforeRestore->frames.end() && now != frames.end() &&
+                   before->second == now->second;
+        };
+        if (std::ranges::all_of(m_movedByRestore, isWhereItWas)) {
+            m_logBeforeMove = m_beforeRestore->logBeforeMove;
+        }
+        m_beforeRestore.reset();
+    }
+}
+
 void RandomStory::checkStores() {
     const PublishedState& state = m_story.published();
     auto stores =
