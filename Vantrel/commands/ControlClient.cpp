@@ -35,7 +35,7 @@ ControlFailure failure(const QDBusMessage& reply) {
     return {ControlFailure::Kind::failed, reply.errorMessage().toStdString()};
 }
 
-// Waits until the call has its reply or the time is over.
+// Waits for the reply or the deadline, whichever comes first.
 bool isAnswered(const QDBusPendingCall& call, std::chrono::milliseconds time) {
     if (call.isFinished()) {
         return true;

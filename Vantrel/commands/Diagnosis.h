@@ -40,7 +40,7 @@ struct Patient {
     FileSystem& files;
     std::filesystem::path supportDirectory;
     std::filesystem::path settingsFile;
-    // What the running program says of itself, or why it says nothing.
+    // The running program's status, or why there is none.
     std::expected<StatusMessage, std::string> status;
     // A date as the user writes it.
     std::function<std::string(Date)> localDate;

@@ -83,7 +83,7 @@ void RestoreRunner::start(RestoreRequest request) {
         [this, request = std::move(request)](std::optional<RestorePass::Result> result) {
             finish(request, std::move(result));
         });
-    // From here on its end is certain to come.
+    // From here on finish() is certain to be called.
     m_context.restoreInFlight = true;
     ++m_context.mutationEpoch;
     m_context.showPhase({Phase::Restoring{count}});

@@ -11,7 +11,7 @@
 
 namespace vantrel::SetAside {
 
-// With the newest one; the oldest goes when another is set aside.
+// Counting the newest; setting another aside drops the oldest.
 inline constexpr std::size_t maxCopies = 5;
 
 [[nodiscard]] std::filesystem::path withSuffix(const std::filesystem::path& file, std::string_view suffix);

@@ -37,7 +37,7 @@ void check(const EdidBytes& bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     EdidBytes bytes(data, data + size);
     check(bytes);
-    // The same with a header and a check sum that are right, which no change at random would hit.
+    // The same with a valid header and checksum, which random changes would never hit.
     constexpr std::size_t block = 128;
     if (size >= block) {
         const EdidBytes header{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};

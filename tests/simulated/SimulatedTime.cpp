@@ -29,7 +29,7 @@ public:
 
     SimulatedTime& time;
     std::function<void()> work;
-    // Jobs of concurrentPerform that this one waits for, and the first error of theirs.
+    // The concurrentPerform jobs that this one waits for, and the first error they threw.
     std::size_t openChildren = 0;
     std::exception_ptr childError;
     std::binary_semaphore baton{0};

@@ -24,7 +24,7 @@ ControlAnswer unknownApp(AppController& controller, const std::string& called) {
                                known.empty() ? "" : " Known are: " + known + "."));
 }
 
-// The display that a user calls so, among those connected and remembered.
+// Finds the display the user means among those connected and remembered.
 std::expected<DisplayInfo, std::string> display(AppController& controller, const std::string& called) {
     std::vector<std::vector<DisplayInfo>> desks{controller.published().displays};
     for (const Layout& layout : controller.allLayouts()) {

@@ -42,7 +42,7 @@ std::vector<std::string> words(const CommandShape& command) {
     return result;
 }
 
-// Its value is the label of a display, as the verb "displays" lists them.
+// Whether the option takes a display's label, as the verb "displays" lists it.
 bool isDisplay(const OptionShape& option) {
     return std::ranges::find(option.names, "--display") != option.names.end();
 }

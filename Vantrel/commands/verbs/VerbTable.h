@@ -87,7 +87,7 @@ ExitCode complain(const ControlFailure& failure);
 void printJson(const nlohmann::json& json);
 ExitCode complainOfAnswer(const std::exception& error);
 
-// The answer with every text in it made one safe line: no name can begin a line or a column of its own.
+// The answer with every text made safe and kept on one line, so that no name can start a line or a column.
 [[nodiscard]] nlohmann::json safe(nlohmann::json answer);
 
 // Prints the answer as it came, or as `text` makes of it; `text` takes what the answer holds.
