@@ -1,4 +1,4 @@
-// Runs an action once its calls have paused for a whole interval.
+// Runs an action once calls have paused for a whole interval.
 #pragma once
 
 #include "VantrelCore/ports/MainQueue.h"
@@ -13,7 +13,7 @@ public:
     // `interval` in seconds.
     Debouncer(double interval, MainQueue& queue);
 
-    // Schedules `action` in place of the one still pending.
+    // Schedules `action`, replacing any pending one.
     void call(std::function<void()> action);
     void cancel();
 

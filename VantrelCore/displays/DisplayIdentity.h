@@ -1,4 +1,4 @@
-// Finds monitors whose identity data carries no serial number: two of them cannot be told apart.
+// Finds monitors whose identity data lacks a serial number: two such monitors look the same.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
@@ -11,10 +11,10 @@
 
 namespace vantrel::DisplayIdentity {
 
-// True when the text is a canonical UUID whose second and third groups are all zero. Malformed: false.
+// True when the string is a canonical UUID whose second and third groups are all zero.
 [[nodiscard]] bool serialFieldMissing(std::string_view uuid);
 
-// A sentence about an external display without a serial number, else none.
+// A sentence if `display` is external and lacks a serial number, else none.
 [[nodiscard]] std::optional<std::string> diagnosis(const DisplayInfo& display, const std::string& label);
 
 // Display uuid to message.

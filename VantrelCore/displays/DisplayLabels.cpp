@@ -38,7 +38,7 @@ struct Candidate {
 using Candidates = std::vector<Candidate>;
 using Fits = std::function<bool(const Candidate&)>;
 
-// A display that stands on several desks is known by its label on the first of them.
+// A display on several desks keeps its label from the first one.
 Candidates candidates(const std::vector<std::vector<DisplayInfo>>& desks) {
     Candidates all;
     for (const auto& displays : desks) {
@@ -50,7 +50,7 @@ Candidates candidates(const std::vector<std::vector<DisplayInfo>>& desks) {
     return all;
 }
 
-// Of each display the first that fits.
+// The first fitting candidate of each display.
 Candidates fitting(const Candidates& all, const Fits& fits) {
     Candidates found;
     for (const Candidate& each : all) {
@@ -79,7 +79,7 @@ std::expected<DisplayInfo, std::string> only(std::string_view called, const Cand
         return std::unexpected(fmt::format("\"{}\" fits more than one display: {}. Name one of them.", called,
                                            fmt::join(texts(found), ", ")));
     }
-    // As it is called where the user sits.
+    // Prefer its label on the current desk.
     const auto first = std::ranges::find_if(
         all, [&](const Candidate& each) { return each.display.uuid == found.front().display.uuid; });
     DisplayInfo display = first->display;

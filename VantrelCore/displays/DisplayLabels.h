@@ -1,5 +1,4 @@
-// What displays are called: one label each in everything that is shown, and which display a user means who
-// types one.
+// Display labels: one per display wherever displays are shown, and resolution of a label that a user types.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
@@ -12,17 +11,17 @@
 
 namespace vantrel::DisplayLabels {
 
-// Display uuid to label: the display's name, with its place behind it where others have the same name. No two
-// are the same, whatever the case of their letters.
+// Display uuid to label: the display's name, followed by its place if others share the name. Labels are
+// unique, ignoring case.
 [[nodiscard]] std::map<std::string, std::string> of(const std::vector<DisplayInfo>& displays);
 
-// The displays with their labels for names.
+// The displays with their names replaced by their labels.
 [[nodiscard]] std::vector<DisplayInfo> labelled(std::vector<DisplayInfo> displays);
 
-// The display that `called` means, with its label for a name: an identity, a label or a name, in whatever
-// case, else the beginning of one label. `desks` are lists of displays, each labelled for itself; the first
-// one, where the user sits, goes before the others. Refuses what fits none or several with a sentence that
-// lists the known ones.
+// Finds the display that `called` refers to, and returns it with its label as its name. Matches an identity,
+// a label or a name, ignoring case, else the beginning of a label. `desks` are lists of displays, each
+// labelled separately; the first is the current desk and takes precedence. When nothing or more than one
+// display fits, the error is a sentence that lists the choices.
 [[nodiscard]] std::expected<DisplayInfo, std::string>
 resolve(std::string_view called, const std::vector<std::vector<DisplayInfo>>& desks);
 

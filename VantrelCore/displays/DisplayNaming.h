@@ -1,4 +1,4 @@
-// Tells displays of the same name apart.
+// Distinguishes displays that share a name.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
@@ -9,7 +9,7 @@
 
 namespace vantrel::DisplayNaming {
 
-// Display uuid to label, only for displays that share their name: "Studio Display (left)", "… (right)".
+// Display uuid to label, only for displays that share a name: "Studio Display (left)", "… (right)".
 [[nodiscard]] std::map<std::string, std::string> labels(const std::vector<DisplayInfo>& displays);
 
 } // namespace vantrel::DisplayNaming

@@ -6,8 +6,8 @@ namespace vantrel {
 
 namespace {
 
-// Null once the watcher is gone. Only on the main thread, where watchers die, and without keeping `weak`
-// alive, so that a callback that destroys the watcher is noticed.
+// Null once the watcher is destroyed. Call only on the main thread, where watchers are destroyed. It does not
+// keep `weak` alive, so that a callback that destroys the watcher is noticed.
 DisplayWatcher* living(const std::weak_ptr<DisplayWatcher*>& weak) {
     const auto self = weak.lock();
     return self ? *self : nullptr;
@@ -29,8 +29,8 @@ void DisplayWatcher::start() {
         return;
     }
     m_registered = true;
-    // The handler runs on the platform's thread and may touch nothing of the watcher; whether the watcher
-    // still lives is asked on the main thread.
+    // The handler runs on the platform's thread and must not touch the watcher; the main thread checks
+    // whether the watcher still exists.
     m_services.setReconfigurationHandler([&queue = m_queue, weak = std::weak_ptr(m_self)] {
         queue.post([weak] {
             if (auto* const watcher = living(weak)) {
@@ -68,7 +68,7 @@ void DisplayWatcher::handleReconfigurationEvent() {
 
 void DisplayWatcher::settle() {
     m_inBurst = false;
-    // A copy, and nothing after it: the callback may replace or destroy this watcher.
+    // A copy, and nothing may follow the call: the callback may replace or destroy this watcher.
     if (const auto settledChange = onSettledChange) {
         const auto displays = DisplayTopology::currentDisplays(m_services);
         settledChange(DisplayTopology::configID(displays), displays);

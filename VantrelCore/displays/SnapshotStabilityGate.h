@@ -1,5 +1,5 @@
-// Lets a captured layout pass for learning only after the same geometry was seen several times in a row, so
-// that windows caught in motion are not learned.
+// Releases a captured layout for learning only after several identical captures in a row, so that windows in
+// motion are not learned.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -10,13 +10,13 @@ namespace vantrel {
 
 class SnapshotStabilityGate {
 public:
-    // At least 2 observations in a row; fewer count as 2.
+    // How many consecutive observations must agree; values below 2 count as 2.
     explicit SnapshotStabilityGate(int requiredStableObservations);
 
     // Takes a fresh capture and the layout stored under the same desk and name; returns the layout to save.
     [[nodiscard]] std::optional<Layout> observe(const Layout& snapshot, const std::optional<Layout>& current);
 
-    // What comes next is the first of its row.
+    // The next observation starts a new run.
     void reset();
 
 private:

@@ -30,7 +30,7 @@ struct WindowListEntry {
     bool operator==(const WindowListEntry&) const = default;
 };
 
-// The layer of ordinary windows; menus, docks and overlays stand on others.
+// The layer of ordinary windows; menus, docks and overlays are on other layers.
 inline constexpr std::int64_t normalWindowLayer = 0;
 
 // A window element with the attributes read along with it.
@@ -39,9 +39,9 @@ struct WindowReading {
     WindowAttributes attributes;
 };
 
-// One pass over the desk. Where the platform can give everything at once (X11: two round trips), it is read
-// when the pass begins and all answers are of that moment; else each answer is read when asked for, so that
-// applications nobody asks about cost nothing.
+// One pass over the desk. Where the platform can read everything at once (X11: two round trips), all values
+// date from the start of the pass. Elsewhere each value is read when requested, so that applications nobody
+// asks about cost nothing.
 class DeskReading {
 public:
     DeskReading() = default;
@@ -53,11 +53,11 @@ public:
     // Empty when the platform gives no list.
     [[nodiscard]] virtual std::vector<WindowListEntry> onScreenWindows() = 0;
 
-    // Every running application with windows or a place in the Dock, in the platform's own order.
+    // Every running application with windows or a Dock icon, in the platform's order.
     [[nodiscard]] virtual std::vector<RunningApp> runningApps() = 0;
 
     // The windows of one application of runningApps(), in the platform's order; empty when it does not
-    // answer within 1.0 second.
+    // respond within 1.0 second.
     [[nodiscard]] virtual std::vector<WindowReading> windows(const RunningApp& app) = 0;
 };
 
@@ -72,14 +72,14 @@ public:
     // Whether this process may read and move other applications' windows.
     [[nodiscard]] virtual bool isTrusted() = 0;
 
-    // Shows the system's own permission dialog when not trusted, and returns the state it reports.
+    // Shows the system's permission dialog when not trusted, and returns the state the system reports.
     virtual bool prompt() = 0;
 
     // Never null.
     [[nodiscard]] virtual std::unique_ptr<DeskReading> beginReading() = 0;
 
-    // Returns when the window system has worked off what was asked of it before this call (X11: the window
-    // manager's own answer to a display change), after 1.0 second at most. False when it gave up.
+    // Blocks until the window system has processed everything requested before this call (X11: including the
+    // window manager's own reaction to a display change), for 1.0 second at most. False on timeout.
     virtual bool awaitQuiet() = 0;
 };
 

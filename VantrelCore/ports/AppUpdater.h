@@ -1,4 +1,4 @@
-// Port: what downloads and installs updates, where the application comes with such a thing.
+// Port: downloads and installs updates, in builds that include an updater.
 #pragma once
 
 namespace vantrel {
@@ -11,10 +11,10 @@ public:
     AppUpdater& operator=(const AppUpdater&) = delete;
     virtual ~AppUpdater() = default;
 
-    // Looks for an update and shows what it finds.
+    // Checks for an update and shows the result.
     virtual void checkForUpdates() = 0;
 
-    // Its own setting.
+    // The updater's own setting.
     [[nodiscard]] virtual bool automaticallyChecksForUpdates() const = 0;
     virtual void setAutomaticallyChecksForUpdates(bool checks) = 0;
 };

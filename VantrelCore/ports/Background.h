@@ -10,9 +10,9 @@
 namespace vantrel {
 
 enum class WorkPriority : std::uint8_t {
-    // Nobody waits for it (captures).
+    // Nobody is waiting for the result (captures).
     utility,
-    // The user waits for it (restores).
+    // The user is waiting for the result (restores).
     userInitiated,
 };
 
@@ -26,13 +26,13 @@ public:
     // Runs `work` on another thread. The work posts its result to the MainQueue itself.
     virtual void run(WorkPriority priority, std::function<void()> work) = 0;
 
-    // Calls `work(0)` to `work(count - 1)`, each on a worker of its own, so that one that blocks delays no
-    // other; returns when all have finished, and throws the first error of any. May be called from any
+    // Calls `work(0)` to `work(count - 1)`, each on its own worker, so that a blocked call delays no other.
+    // Returns when all have finished, and throws the first error that any call threw. May be called from any
     // thread.
     virtual void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) = 0;
 
-    // Asks to stop when the program ends, which waits for the work that has begun: work that may take more
-    // than a second looks at it now and then. May be called from any thread.
+    // Requests a stop when the program ends. Shutdown waits for work that has begun, so work that may take
+    // more than a second checks this token regularly. May be called from any thread.
     [[nodiscard]] virtual StopToken stopToken() const = 0;
 };
 

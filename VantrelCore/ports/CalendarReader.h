@@ -12,7 +12,7 @@
 
 namespace vantrel {
 
-// One event, or one occurrence of an event that recurs.
+// One event, or one occurrence of a recurring event.
 struct CalendarEvent {
     // The same for every occurrence of an event.
     std::string identifier;
@@ -21,7 +21,7 @@ struct CalendarEvent {
     std::optional<std::string> notes;
     // Absolute.
     std::optional<std::string> url;
-    // An event of whole days starts and ends at midnight on the user's clock.
+    // All-day events start and end at midnight in the user's time zone.
     Date start;
     // Not before `start`.
     Date end;
@@ -34,18 +34,18 @@ struct CalendarQuery {
     // Events that overlap this interval, both ends included.
     Date from;
     Date to;
-    // Where events without a zone of their own take place.
+    // The zone of events that state none.
     TimeZone zone = TimeZone::utc();
-    // Where to look on a system whose calendars are files; empty: the usual places.
+    // Folders to search on systems where calendars are files; empty: the usual places.
     std::vector<std::string> folders{};
-    // Once this asks to stop, the answer may be anything.
+    // Once a stop is requested, the result is unspecified.
     StopToken stop{};
 };
 
 struct CalendarReading {
     // False when no calendar may be read, or there is none.
     bool hasAccess = false;
-    // Cancelled ones are left out; by start.
+    // Sorted by start, without cancelled events.
     std::vector<CalendarEvent> events;
 
     bool operator==(const CalendarReading&) const = default;
@@ -58,11 +58,11 @@ public:
     CalendarReader& operator=(const CalendarReader&) = delete;
     virtual ~CalendarReader() = default;
 
-    // Asks the user where the system wants that and it was not decided yet, and calls `done` when it is.
-    // Called on the main thread, as is `done`.
+    // Asks the user for access if the system requires it and the user has not decided yet, then calls `done`.
+    // Called on the main thread; `done` runs there too.
     virtual void requestAccessIfNeeded(std::function<void()> done) = 0;
 
-    // May take long. Not called on the main thread, nor twice at a time.
+    // May take long. Call it off the main thread, one call at a time.
     [[nodiscard]] virtual CalendarReading read(const CalendarQuery& query) = 0;
 };
 

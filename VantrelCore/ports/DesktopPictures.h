@@ -16,11 +16,11 @@ public:
     DesktopPictures& operator=(const DesktopPictures&) = delete;
     virtual ~DesktopPictures() = default;
 
-    // The URL of the picture that the display shows; none when that is unknown or no picture.
+    // The URL of the display's picture; none when it is unknown or the display shows no picture.
     [[nodiscard]] virtual std::optional<std::string> picture(const DisplayInfo& display) = 0;
 
-    // Shows the picture, a path or a URL as picture() gives it. A desktop that knows one picture only shows
-    // it on every display. False when it could not be shown.
+    // Shows the picture, given as a path or as a URL from picture(). A desktop that supports only one picture
+    // shows it on every display. False on failure.
     virtual bool setPicture(const DisplayInfo& display, const std::string& picture) = 0;
 };
 

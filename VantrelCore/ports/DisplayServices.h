@@ -1,4 +1,5 @@
-// Port: the connected displays as the platform reports them. VantrelCore/displays makes DisplayInfo of this.
+// Port: the connected displays as the platform reports them. VantrelCore/displays turns this into
+// DisplayInfo.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -18,14 +19,14 @@ struct ActiveDisplay {
     bool isBuiltin = false;
     // Global coordinates, origin at the top left of the primary display.
     Rect bounds;
-    // Upper-case canonical UUID text, absent when the platform knows none.
+    // Canonical upper-case UUID string; absent when the platform has none.
     std::optional<std::string> uuid;
 
     bool operator==(const ActiveDisplay&) const = default;
 };
 
-// A display as an area to put windows on. Unlike everywhere else, the rectangles have their origin at the
-// bottom left of the primary display and y growing upwards, as AppKit screens do.
+// A display as an area for windows. Unlike everywhere else, the rectangles have their origin at the bottom
+// left of the primary display and y pointing up, like AppKit screens.
 struct Screen {
     std::optional<DisplayID> displayID;
     std::string localizedName;
@@ -36,7 +37,7 @@ struct Screen {
     bool operator==(const Screen&) const = default;
 };
 
-// A monitor's identity data: product name and a UUID made from its EDID. Either may be missing.
+// A monitor's identity data: product name and a UUID derived from its EDID. Either may be missing.
 struct EdidHint {
     std::optional<std::string> productName;
     std::optional<std::string> edidUUID;
@@ -52,13 +53,13 @@ public:
     DisplayServices& operator=(const DisplayServices&) = delete;
     virtual ~DisplayServices() = default;
 
-    // In the platform's order; empty when every display is asleep or the platform does not answer.
+    // In the platform's order; empty when all displays are asleep or the platform does not respond.
     [[nodiscard]] virtual std::vector<ActiveDisplay> activeDisplays() = 0;
     [[nodiscard]] virtual std::vector<Screen> screens() = 0;
     [[nodiscard]] virtual std::vector<EdidHint> edidHints() = 0;
 
-    // Calls `handler` for every reconfiguration event, begin or end, on any thread; an empty function ends
-    // the calls. A query that changes nothing may not cause one.
+    // Calls `handler` for every reconfiguration event, begin or end, on any thread; an empty function stops
+    // the calls. A query that changes nothing must not trigger one.
     virtual void setReconfigurationHandler(std::function<void()> handler) = 0;
 };
 

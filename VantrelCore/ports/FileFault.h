@@ -1,4 +1,4 @@
-// What an operation on a file can end with besides the system's own errors.
+// File errors beyond those of the system.
 #pragma once
 
 #include <system_error>
@@ -6,7 +6,7 @@
 namespace vantrel {
 
 enum class FileFault {
-    // The file has its new content, but the disk has not confirmed it: it may be lost if the machine stops.
+    // The file has its new content, but the flush to disk failed: a crash of the machine may lose it.
     notFlushed = 1
 };
 

@@ -1,5 +1,5 @@
-// Port: the few file operations that stores and logs need, so that a full disk or a crash between two steps
-// can be played in tests.
+// Port: the few file operations that stores and logs need, so that tests can simulate a full disk or a crash
+// between two steps.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -16,7 +16,7 @@
 
 namespace vantrel {
 
-// A file of a listed folder.
+// A file in a listed folder.
 struct FileEntry {
     std::filesystem::path file{};
     Date modified{};
@@ -32,35 +32,35 @@ public:
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
-    // No file of ours comes near this size; reading a larger one would take all memory.
+    // Far above the size of any file of ours; reading a huge file could exhaust memory.
     static constexpr std::uint64_t maxBytes = std::uint64_t{32} * 1024 * 1024;
 
-    // The whole content; no_such_file_or_directory when there is no file, file_too_large above maxBytes.
+    // The whole content, or no_such_file_or_directory, or file_too_large above maxBytes.
     [[nodiscard]] virtual std::expected<std::string, std::error_code>
     read(const std::filesystem::path& file) = 0;
 
-    // Replaces the file's content as a whole or not at all, also when the process or the machine stops
-    // half-way: temporary file beside it, flushed to disk, renamed over it, folder flushed. Success means
-    // that the content is durable. Every error means that the old content stays, except
-    // FileFault::notFlushed; ask isReplaced().
+    // Replaces the file's content atomically, even if the process or the machine stops half-way: writes a
+    // temporary file beside it, flushes it to disk, renames it over the file and flushes the folder. Success
+    // means that the content is durable. On any error but FileFault::notFlushed the old content stays; see
+    // isReplaced().
     [[nodiscard]] virtual std::error_code writeAtomically(const std::filesystem::path& file,
                                                           std::string_view content) = 0;
 
-    // Appends to the file, creating it when missing.
+    // Appends to the file; creates it if missing.
     [[nodiscard]] virtual std::error_code append(const std::filesystem::path& file,
                                                  std::string_view content) = 0;
 
-    // Replaces `to` when it exists.
+    // Replaces `to` if it exists.
     [[nodiscard]] virtual std::error_code rename(const std::filesystem::path& from,
                                                  const std::filesystem::path& to) = 0;
 
-    // No error when there is no such file.
+    // A missing file is not an error.
     [[nodiscard]] virtual std::error_code remove(const std::filesystem::path& file) = 0;
 
-    // With its parents; no error when it exists already.
+    // Creates parents too; an existing directory is not an error.
     [[nodiscard]] virtual std::error_code createDirectories(const std::filesystem::path& directory) = 0;
 
-    // The ordinary files directly inside the directory, hidden ones too, in any order; no folders, no links.
+    // Regular files directly in the directory, including hidden ones, in any order; no folders or links.
     [[nodiscard]] virtual std::expected<std::vector<FileEntry>, std::error_code>
     list(const std::filesystem::path& directory) = 0;
 

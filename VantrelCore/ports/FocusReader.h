@@ -1,5 +1,4 @@
-// Port: the mode that keeps notifications away, as the user switches it on and off ("Do Not Disturb",
-// "Work").
+// Port: the user's Focus mode, which silences notifications ("Do Not Disturb", "Work").
 #pragma once
 
 #include <functional>
@@ -10,7 +9,7 @@ namespace vantrel {
 // Used on the main thread.
 class FocusReader {
 public:
-    // The one that a desktop has which does not name it.
+    // The name used on desktops with a single, unnamed mode.
     static constexpr const char* unnamed = "Do Not Disturb";
 
     FocusReader() = default;
@@ -18,8 +17,8 @@ public:
     FocusReader& operator=(const FocusReader&) = delete;
     virtual ~FocusReader() = default;
 
-    // Calls `handler` with the name of a Focus that the user turns on; one that is on already when the
-    // program starts does not turn on. An empty function ends the calls.
+    // Calls `handler` with a Focus's name when the user turns it on. A Focus that is already on when the
+    // program starts is not reported. An empty function stops the calls.
     virtual void setHandler(std::function<void(const std::string& name)> handler) = 0;
 };
 

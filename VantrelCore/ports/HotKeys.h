@@ -1,7 +1,7 @@
-// Port: key combinations that reach this program whichever program has the keyboard.
+// Port: global hotkeys, delivered to this program whichever program has the keyboard focus.
 //
-// A combination names a place on the keyboard, not the letter printed there, and its modifiers exactly; the
-// state of Caps Lock and the like does not matter.
+// A combination names a physical key, not the letter printed on it, and the exact modifiers. Caps Lock and
+// other locks are ignored.
 #pragma once
 
 #include "VantrelCore/model/HotKeyCombo.h"
@@ -12,8 +12,7 @@
 
 namespace vantrel {
 
-// A registered combination. Destroying it on the main thread guarantees that its action does not run
-// afterwards.
+// A registered combination. Destroying it on the main thread guarantees that its action never runs again.
 class HotKey {
 public:
     HotKey() = default;
@@ -30,14 +29,14 @@ public:
     HotKeys& operator=(const HotKeys&) = delete;
     virtual ~HotKeys() = default;
 
-    // `action` runs on the main thread once for every press, however long the keys are held. `id` is never
-    // reused while the process runs. Null when the system refuses: another program holds the combination, or
-    // this keyboard has no such key.
+    // `action` runs on the main thread once per press, however long the keys are held. `id` is never reused
+    // within a process. Null when the system refuses: another program holds the combination, or the keyboard
+    // has no such key.
     [[nodiscard]] virtual std::unique_ptr<HotKey> add(std::uint32_t id, HotKeyCombo combo,
                                                       std::function<void()> action) = 0;
 
-    // Calls `handler` on the main thread when the keyboard has changed: what is registered does not work any
-    // longer and is to be registered anew.
+    // Calls `handler` on the main thread when the keyboard has changed. Registered hotkeys have stopped
+    // working by then and must be registered again.
     virtual void setChangeHandler(std::function<void()> handler) = 0;
 };
 

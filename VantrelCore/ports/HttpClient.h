@@ -1,4 +1,4 @@
-// Port: requests over HTTP to the vendor's servers.
+// Port: HTTP requests to the vendor's servers.
 #pragma once
 
 #include <cstddef>
@@ -22,20 +22,20 @@ enum class HttpMethod : std::uint8_t { get, post };
 
 struct HttpRequest {
     HttpMethod method = HttpMethod::get;
-    // https; plain http goes to this machine itself only.
+    // https, or plain http to this machine.
     std::string url;
     std::vector<HttpHeader> headers{};
     // Sent with `post` only.
     std::string body{};
-    // From the start to the last byte of the answer.
+    // From start to the last byte of the response.
     double timeoutSeconds = 60;
-    // A longer body is refused, not cut.
+    // A longer response body is refused, not truncated.
     std::size_t largestBody = std::size_t{1} << 20;
 
     bool operator==(const HttpRequest&) const = default;
 };
 
-// What the server answered, whatever its status.
+// The server's response, whatever its status.
 struct HttpResponse {
     int status = 0;
     std::string body;
@@ -43,25 +43,25 @@ struct HttpResponse {
     bool operator==(const HttpResponse&) const = default;
 };
 
-// Why there is no answer.
+// Why there is no response.
 struct HttpFailure {
     enum class Kind : std::uint8_t {
-        // The request itself may not be sent: no URL, or not one that is protected.
+        // The request was not sent: the URL is invalid or insecure.
         refused,
-        // No such host, no network, nobody listens.
+        // Unknown host, no network, or connection refused.
         unreachable,
-        // The server could not prove that it is the one.
+        // The server's identity could not be verified.
         untrusted,
         timedOut,
-        // It led to another host, away from TLS or in circles.
+        // Redirected to another host, away from TLS, or in a loop.
         redirected,
         tooLarge,
-        // It is not HTTP, or broke off.
+        // Not HTTP, or the connection broke off.
         broken,
     };
 
     Kind kind = Kind::broken;
-    // For people: what went wrong, without the URL.
+    // For the user: what went wrong, without the URL.
     std::string sentence;
 
     bool operator==(const HttpFailure&) const = default;
@@ -69,7 +69,7 @@ struct HttpFailure {
 
 using HttpResult = std::expected<HttpResponse, HttpFailure>;
 
-// A request under way. Destroying it on the main thread ends it; its result is then never told.
+// A request in flight. Destroying it on the main thread cancels it; `done` is then never called.
 class HttpExchange {
 public:
     HttpExchange() = default;
@@ -78,8 +78,8 @@ public:
     virtual ~HttpExchange() = default;
 };
 
-// Used on the main thread. The server proves who it is (TLS), nothing is kept from one request to the next
-// (no cache, no cookies), and a redirection is followed only for `get` and only on the same server.
+// Used on the main thread. Verifies the server (TLS), keeps nothing between requests (no cache, no cookies),
+// and follows redirects only for `get` and only on the same server.
 class HttpClient {
 public:
     using Done = std::function<void(const HttpResult&)>;
@@ -89,7 +89,7 @@ public:
     HttpClient& operator=(const HttpClient&) = delete;
     virtual ~HttpClient() = default;
 
-    // Sends the request and calls `done` once on the main thread, never before this returns. `done` may
+    // Sends the request and calls `done` once on the main thread, always after this returns. `done` may
     // destroy the exchange.
     [[nodiscard]] virtual std::unique_ptr<HttpExchange> send(const HttpRequest& request, Done done) = 0;
 };

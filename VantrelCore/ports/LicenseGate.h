@@ -12,7 +12,7 @@ namespace vantrel {
 // Used on the main thread.
 class LicenseGate {
 public:
-    // Told once on the main thread: done, or in a sentence why not, and then nothing has changed.
+    // Called once on the main thread. On failure it gets a sentence with the reason, and nothing has changed.
     using Done = std::function<void(const std::expected<void, std::string>&)>;
 
     LicenseGate() = default;
@@ -22,12 +22,13 @@ public:
 
     [[nodiscard]] virtual const Entitlement& entitlement() const = 0;
 
-    // Calls `handler` on the main thread after the entitlement has changed. An empty function ends the calls.
+    // Calls `handler` on the main thread after the entitlement has changed. An empty function stops the
+    // calls.
     virtual void setChangeHandler(std::function<void()> handler) = 0;
 
-    // Gets the vendor's licence for this computer by the key that the user bought.
+    // Obtains this computer's licence from the vendor with the key that the user bought.
     virtual void activate(const std::string& key, Done done) = 0;
-    // Gives this computer's licence back.
+    // Returns this computer's licence to the vendor.
     virtual void deactivate(Done done) = 0;
 };
 

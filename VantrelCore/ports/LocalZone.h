@@ -1,4 +1,4 @@
-// Port: the time zone of the user's clock.
+// Port: the user's time zone.
 #pragma once
 
 #include "VantrelCore/model/TimeZone.h"
@@ -12,7 +12,7 @@ public:
     LocalZone& operator=(const LocalZone&) = delete;
     virtual ~LocalZone() = default;
 
-    // As it is now: a traveller's changes while the program runs. Used on the main thread.
+    // Can change while the program runs, as when the user travels. Used on the main thread.
     [[nodiscard]] virtual TimeZone current() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Port: which computer this is.
+// Port: identifies this computer.
 #pragma once
 
 #include <optional>
@@ -13,8 +13,8 @@ public:
     MachineIdentity& operator=(const MachineIdentity&) = delete;
     virtual ~MachineIdentity() = default;
 
-    // The same as long as the operating system is not installed anew; not to be given away as it is. None
-    // when the system has no such thing.
+    // Stays the same until the operating system is reinstalled. Never disclose it as it is. None when the
+    // system has no such identifier.
     [[nodiscard]] virtual std::optional<std::string> machineID() = 0;
 };
 

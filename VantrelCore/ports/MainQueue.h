@@ -6,7 +6,7 @@
 
 namespace vantrel {
 
-// Scheduled work. Destroying or cancelling it on the main thread guarantees that it does not run afterwards.
+// Scheduled work. Destroying or cancelling it on the main thread guarantees that it never runs afterwards.
 class ScheduledWork {
 public:
     ScheduledWork() = default;
@@ -24,10 +24,10 @@ public:
     MainQueue& operator=(const MainQueue&) = delete;
     virtual ~MainQueue() = default;
 
-    // Runs `work` on the main thread soon, in the order of the calls. May be called from any thread.
+    // Runs `work` on the main thread soon, in call order. May be called from any thread.
     virtual void post(std::function<void()> work) = 0;
 
-    // Run once after `seconds`, or every `seconds` until cancelled. Called on the main thread.
+    // Runs `work` once after `seconds`, or every `seconds` until cancelled. Called on the main thread.
     [[nodiscard]] virtual std::unique_ptr<ScheduledWork> after(double seconds,
                                                                std::function<void()> work) = 0;
     [[nodiscard]] virtual std::unique_ptr<ScheduledWork> every(double seconds,

@@ -1,4 +1,4 @@
-// Another FileSystem whose reads are repeated when they fail for a reason that may pass.
+// Wraps a FileSystem and retries reads that fail for a transient reason.
 #pragma once
 
 #include "VantrelCore/ports/Clock.h"
@@ -9,15 +9,15 @@
 
 namespace vantrel {
 
-// A disk that hiccups or a moment without free descriptors must not make a healthy file look broken.
+// A brief disk error or a shortage of file descriptors must not make a healthy file look broken.
 class PatientFileSystem final : public FileSystem {
 public:
-    // In seconds. All reads together wait no longer than this, until `respite` has gone by without waiting,
-    // so that a dead disk does not hold up the start once for every file.
+    // In seconds. All reads together wait no longer than `patience`, until no read has waited for `respite`,
+    // so that a dead disk does not delay the start once per file.
     static constexpr double patience = 1;
     static constexpr double respite = 10;
 
-    // Both outlive it.
+    // Both must outlive this object.
     PatientFileSystem(FileSystem& files, Clock& clock) : m_files(files), m_clock(clock) {}
 
     [[nodiscard]] static bool mayPass(const std::error_code& error);
@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    // Waits up to `seconds`; false when patience is at its end.
+    // Waits up to `seconds`; false when patience is used up.
     [[nodiscard]] bool wait(double seconds);
 
     template <typename Reading>

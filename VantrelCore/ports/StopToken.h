@@ -1,4 +1,4 @@
-// Tells long background work that nobody needs its result any longer: the program is ending.
+// Lets long background work notice that the program is ending and its result is no longer needed.
 #pragma once
 
 #include <atomic>
@@ -7,10 +7,10 @@
 
 namespace vantrel {
 
-// What the work looks at now and then. Copies belong to the same source; safe on any thread.
+// Checked by the work from time to time. Copies share one source; safe on any thread.
 class StopToken {
 public:
-    // Never asks to stop.
+    // Never requests a stop.
     StopToken() = default;
 
     [[nodiscard]] bool isStopRequested() const {
@@ -26,7 +26,7 @@ private:
     std::shared_ptr<const std::atomic<bool>> m_isRequested;
 };
 
-// What whoever ends the work keeps. The standard's std::stop_source is not in every C++ library of ours.
+// Held by whoever ends the work. Replaces std::stop_source, which some of our C++ libraries lack.
 class StopSource {
 public:
     [[nodiscard]] StopToken token() const { return StopToken(m_isRequested); }

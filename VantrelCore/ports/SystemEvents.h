@@ -1,4 +1,4 @@
-// Port: what befalls the whole machine or the user's session.
+// Port: sleep, wake and session lock.
 #pragma once
 
 #include <functional>
@@ -9,9 +9,9 @@ class SystemEvents {
 public:
     // Called on the main thread; each may be empty.
     struct Handlers {
-        // The machine goes to sleep as soon as this returns.
+        // The machine sleeps as soon as this returns.
         std::function<void()> willSleep;
-        // It is awake again, or did not go to sleep after all.
+        // The machine is awake again, or did not sleep after all.
         std::function<void()> didWake;
         std::function<void()> sessionLocked;
         std::function<void()> sessionUnlocked;
@@ -22,8 +22,8 @@ public:
     SystemEvents& operator=(const SystemEvents&) = delete;
     virtual ~SystemEvents() = default;
 
-    // Replaces the handlers of before; empty ones end the watching. A session that is locked already is told
-    // soon after.
+    // Replaces the previous handlers; empty ones stop the watching. A session that is already locked is
+    // reported soon after.
     virtual void setHandlers(Handlers handlers) = 0;
 };
 

@@ -13,15 +13,15 @@
 
 namespace vantrel {
 
-// Bytes that only the program reads, such as the JSON of a record.
+// Bytes that only this program interprets, such as a record's JSON.
 struct DefaultsData {
     std::string bytes;
 
     bool operator==(const DefaultsData&) const = default;
 };
 
-// Where the platform's settings know no dates or data, they are kept as texts: ISO 8601 with whole seconds,
-// and the bytes as they are.
+// Platforms without date or data settings store them as strings: dates in ISO 8601 with whole seconds, data
+// bytes unchanged.
 using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Date, DefaultsData>;
 
 // Used on the main thread.
@@ -32,8 +32,7 @@ public:
     UserDefaults& operator=(const UserDefaults&) = delete;
     virtual ~UserDefaults() = default;
 
-    // Absent when the key was never written or its value is of another type; a whole number also reads as
-    // Double.
+    // Absent when the key was never written or its value has another type; number() also reads integers.
     [[nodiscard]] virtual std::optional<bool> boolean(std::string_view key) = 0;
     [[nodiscard]] virtual std::optional<std::int64_t> integer(std::string_view key) = 0;
     [[nodiscard]] virtual std::optional<double> number(std::string_view key) = 0;

@@ -3,7 +3,7 @@
 
 namespace vantrel {
 
-// Ends with this object. Used by one thread at a time, not always the same.
+// Destroying it ends the watch. Used by one thread at a time, not always the same one.
 class UserMoveWatch {
 public:
     UserMoveWatch() = default;
@@ -11,8 +11,8 @@ public:
     UserMoveWatch& operator=(const UserMoveWatch&) = delete;
     virtual ~UserMoveWatch() = default;
 
-    // True from the first such move on. What programs and the window manager do by themselves does not count.
-    // May ask the platform, for 1.0 second at most.
+    // True once the user has moved or resized the window. Changes by programs or the window manager do not
+    // count. May query the platform, for 1.0 second at most.
     [[nodiscard]] virtual bool hasSeenUser() = 0;
 };
 

@@ -1,9 +1,9 @@
-// Port: one window of a running application, as something that can be asked and moved.
+// Port: one window of a running application, which can be read and moved.
 //
 // Coordinates are global, in points, origin at the top left of the primary display; the frame is what the
-// user sees (on X11 with the window manager's decoration and without a client's own shadow).
-// Every failure of the platform is an absent value or a false result, never an exception. Reads and writes
-// give up after 1.0 second. An element is used by one thread at a time.
+// user sees (on X11 with the window manager's decoration and without a client's own shadow). Every failure of
+// the platform is an absent value or a false result, never an exception. Reads and writes give up after 1.0
+// second. An element is used by one thread at a time.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -22,7 +22,7 @@ namespace vantrel {
 // The subrole of an ordinary document window, in the words of macOS Accessibility.
 inline constexpr const char* standardWindowSubrole = "AXStandardWindow";
 
-// What can be read of a window; an absent value could not be read or had the wrong type.
+// A window's readable attributes; absent ones could not be read or had the wrong type.
 struct WindowAttributes {
     std::optional<std::string> title;
     std::optional<std::string> subrole;
@@ -34,7 +34,7 @@ struct WindowAttributes {
 
     bool operator==(const WindowAttributes&) const = default;
 
-    // Present when position and size both are.
+    // Present when both position and size are.
     [[nodiscard]] std::optional<Rect> frame() const {
         if (!position || !size) {
             return std::nullopt;
@@ -62,21 +62,20 @@ public:
     // Reads afresh, in one exchange where the platform can.
     [[nodiscard]] virtual WindowAttributes read(AttributeGroup group) = 0;
 
-    // Performs the writes in order and says of each whether the platform took it. A platform whose own
-    // interface sets position and size together may do the batch as one write to the final frame; it then
-    // gives every write that write's result. Returns as many results as writes, when the platform has
-    // worked off the request or given up on it.
+    // Performs the writes in order and returns one result per write: whether the platform accepted it. A
+    // platform that sets position and size together may do the batch as one write to the final frame; every
+    // write then gets that result. Returns once the platform has processed the request or timed out.
     [[nodiscard]] virtual std::vector<bool> write(std::span<const FrameWrite> writes) = 0;
 
-    // Keep what it returns while windows of this window's application are moved one after the other: the
-    // platform then makes its preparations for a move once. Null where it makes none.
+    // Hold the returned object while moving several windows of this window's application: the platform then
+    // prepares for moves only once. Null where no preparation is needed.
     [[nodiscard]] virtual std::shared_ptr<void> beginMoves() { return nullptr; }
 
-    // Watches from now on what the user does to the window. Null where the platform cannot tell and when the
-    // window is gone.
+    // Watches from now on for moves of this window by the user. Null when the platform cannot detect them or
+    // the window is gone.
     [[nodiscard]] virtual std::unique_ptr<UserMoveWatch> watchUserMoves() { return nullptr; }
 
-    // Brings the window to the front of the stack, without giving it the focus where the platform can.
+    // Brings the window to the front of the stack; does not focus it where the platform allows.
     virtual bool raise() = 0;
 };
 

@@ -1,7 +1,7 @@
-// Port: running applications as wholes: started, hidden, shown again, and noticed when they start.
+// Port: launches, hides and unhides applications, and reports launches.
 //
-// An application is named by its bundle identifier, as WindowRecord and RunningApp name it (on X11 the
-// desktop file's id without ".desktop").
+// Applications are identified by bundle identifier, as in WindowRecord and RunningApp (on X11 the desktop
+// file's id without ".desktop").
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"
@@ -20,23 +20,23 @@ public:
     Workspace& operator=(const Workspace&) = delete;
     virtual ~Workspace() = default;
 
-    // The name that the user knows an installed application by; none when it is not installed.
+    // The display name of an installed application; none when it is not installed.
     [[nodiscard]] virtual std::optional<std::string> applicationName(const std::string& bundleID) = 0;
 
-    // Starts an application without waiting for its windows. False when it is not installed or could not be
-    // started.
+    // Starts an application without waiting for its windows. False when it is not installed or fails to
+    // start.
     virtual bool launch(const std::string& bundleID) = 0;
 
-    // Takes every window of the application off the screen until it is unhidden or the user activates it
-    // (X11: the window manager iconifies them). False when nothing was asked of any window.
+    // Hides all windows of the application until it is unhidden or the user activates it (X11: the window
+    // manager iconifies them). False when there was no window to hide.
     virtual bool hide(const std::string& bundleID) = 0;
 
-    // Shows the windows again that the last hide() took away, without giving them the focus where the
-    // platform can. False when there are none any more.
+    // Shows the windows that the last hide() hid; does not focus them where the platform allows. False when
+    // none of them is left.
     virtual bool unhide(const std::string& bundleID) = 0;
 
-    // Calls `handler` on the main thread when an application starts, not for those that run already and not
-    // for this program. On X11 an application has started when its first window appears.
+    // Calls `handler` on the main thread when an application starts, but not for applications already running
+    // or for this program. On X11 an application has started when its first window appears.
     virtual void setLaunchHandler(std::function<void(const RunningApp&)> handler) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Which running applications count.
+// Selects the applications whose windows are captured and restored.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"
@@ -9,8 +9,8 @@
 
 namespace vantrel::AXApps {
 
-// The applications with regular activation policy and a bundle identifier, in the given order, without the
-// one whose identifier is `excluding`.
+// The applications with regular activation policy and a bundle identifier, except `excluding`, in the given
+// order.
 [[nodiscard]] std::vector<RunningApp> regularApps(std::vector<RunningApp> running,
                                                   std::optional<std::string_view> excluding);
 

@@ -9,8 +9,7 @@ namespace vantrel::AXPermission {
     return accessibility.isTrusted();
 }
 
-// Has the system show its own permission dialog where the permission is missing, and returns the state that
-// it reports.
+// Makes the system show its permission dialog if permission is missing, and returns the state it reports.
 inline bool prompt(Accessibility& accessibility) {
     return accessibility.prompt();
 }

@@ -16,8 +16,8 @@ bool isFinite(Size size) {
     return std::isfinite(size.width) && std::isfinite(size.height);
 }
 
-// Asks the element, which may belong to a program that is just breaking down: whatever goes wrong is an
-// unavailable value to the caller.
+// Queries the element, whose program may be crashing at this moment: any exception becomes an unavailable
+// value.
 template <typename Result, typename Question>
 Result answerOr(Result unavailable, const std::shared_ptr<WindowElement>& element, Question question) {
     if (!element) {

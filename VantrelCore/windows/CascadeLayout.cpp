@@ -8,7 +8,7 @@ namespace vantrel::CascadeLayout {
 
 namespace {
 
-// More than any real display has; keeps a tiny step from making work.
+// More than any real display needs; bounds the work for tiny steps.
 constexpr double maxPositions = 1000;
 
 double offset(std::size_t rank, double freeLength) {
@@ -44,7 +44,7 @@ std::vector<Rect> fallbackFrames(const std::vector<WindowRecord>& records, const
     if (screen.isEmpty()) {
         return frames;
     }
-    // Back to front; of windows at the same depth the earlier record counts as nearer to the front.
+    // Back to front; at equal depth the earlier record counts as nearer to the front.
     std::vector<std::size_t> order(records.size());
     std::iota(order.rbegin(), order.rend(), std::size_t{0});
     std::ranges::stable_sort(order, std::ranges::greater{},

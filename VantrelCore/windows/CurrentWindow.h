@@ -1,4 +1,4 @@
-// A live window: a record with live values, and the handle that moves it.
+// A live window: a record of its current values, and a handle to move it.
 #pragma once
 
 #include "VantrelCore/model/WindowRecord.h"

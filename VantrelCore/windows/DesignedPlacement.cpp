@@ -8,9 +8,9 @@ namespace vantrel::RestoreEngine {
 
 namespace {
 
-// A slot is filled by a window that has just opened, often while its application still arranges it. The
-// first pause is the one that any restored window gets; the second outlasts an opening animation. Only the
-// last look may call a size clamped: an earlier one may have met a window on its way.
+// The window in a slot has often just opened and is still being arranged by its application. The first pause
+// is that of any restored window; the second outlasts an opening animation. Only the last check may conclude
+// that the size is clamped: earlier ones may see the window in motion.
 constexpr double pauses[] = {settleSeconds, 0.25};
 
 void moveInto(const Rect& slot, const AXWindowHandle& handle) {
@@ -23,8 +23,8 @@ bool isClamped(const Rect& frame, const Rect& slot) {
     return isInPlace && std::abs(frame.width() - slot.width()) > tolerance;
 }
 
-// A window that does not fill its slot, or overflows it, still belongs to the slot's place on the desk; but
-// none of it may hang over the edge of the usable area, and its title bar last of all.
+// A window smaller or larger than its slot is still anchored to it, but clamped to the usable area so that
+// nothing hangs over the edge, least of all the title bar.
 Rect seatOfClamped(Size windowSize, const Rect& slot, const Rect& usableBounds) {
     const Rect anchored = SlotAnchor::anchor(windowSize, slot);
     return {DisplayGeometry::clamp(anchored, usableBounds).origin, windowSize};

@@ -1,5 +1,5 @@
-// Decides when a pinned layout has drifted for long enough to be put back: after several drifting
-// observations in a row, so that a window that is just being dragged is left alone.
+// Decides when to restore a pinned layout: after several consecutive observations of drift, so that a window
+// being dragged is left alone.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -11,7 +11,7 @@ namespace vantrel {
 
 class DriftGuard {
 public:
-    // At least 1 observation; fewer count as 1.
+    // Values below 1 count as 1.
     explicit DriftGuard(std::int64_t requiredObservations)
         : m_required(std::max<std::int64_t>(requiredObservations, 1)) {}
 

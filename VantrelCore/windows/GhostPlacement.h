@@ -1,4 +1,4 @@
-// Where a ghost slot stands: a place that a scene keeps free for an application that is not running.
+// Places ghost slots: frames that a scene reserves for applications that are not running.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
@@ -10,19 +10,18 @@
 
 namespace vantrel::GhostPlacement {
 
-// The display with the largest usable area, the first of equal ones; none without displays.
+// The display with the largest usable area, the first of equals; none without displays.
 [[nodiscard]] std::optional<DisplayInfo> largestDisplay(const std::vector<DisplayInfo>& displays);
 
-// The frame of a new slot: in the middle of the display's usable frame, or as many cascade steps right of and
-// below it as it takes to stand where the fewest of the `existing` frames stand.
+// The frame of a new slot: centred in the display's usable frame, or shifted right and down by as many
+// cascade steps as needed to reach the spot where the fewest `existing` frames start.
 [[nodiscard]] Rect defaultFrame(const DisplayInfo& display, const std::vector<Rect>& existing,
                                 double cascadeStep = CascadeLayout::defaultStep);
 
-// The slot as it stands on the displays now connected. Where its display stands as it did when the scene was
-// saved, so does the slot. On a display that has moved or changed its size, and on the largest display in
-// place of one that is away, it keeps its relative place and size, inside the usable frame. A slot whose
-// display the saved layout does not know keeps its frame as far as that fits. Without displays it stays as it
-// is.
+// The slot on the connected displays. If its display has the same frame as when the scene was saved, the slot
+// is unchanged. If the display has moved or been resized, or is missing and the largest one stands in for it,
+// the slot keeps its relative place and size, inside the usable frame. If the saved layout does not know the
+// slot's display, the slot keeps its frame, clamped. Without displays it is unchanged.
 [[nodiscard]] WindowRecord onConnectedDisplays(const WindowRecord& slot,
                                                const std::vector<DisplayInfo>& savedDisplays,
                                                const std::vector<DisplayInfo>& displays);

@@ -13,7 +13,7 @@ double sizeDistance(Size a, Size b) {
     return std::abs(a.width - b.width) + std::abs(a.height - b.height);
 }
 
-// The application's remembered window of the closest size, the first of equally close ones.
+// The application's remembered window closest in size, the first of equals.
 std::optional<Rect> bestRememberedFrame(const std::string& bundleID, Size newSize,
                                         const std::optional<Layout>& layout,
                                         const std::optional<std::string>& onDisplayUUID) {
@@ -32,16 +32,16 @@ std::optional<Rect> bestRememberedFrame(const std::string& bundleID, Size newSiz
     return best;
 }
 
-// At its own size in the middle of the display's whole frame; not clamped.
+// Keeps its size, centred in the display's whole frame; not clamped.
 Rect centred(Size size, const Rect& display) {
     const Point center = display.center();
     return {{center.x - size.width * 0.5, center.y - size.height * 0.5}, size};
 }
 
-// In points; as far as a restored window may be off its place.
+// In points; the same as for a restored window.
 constexpr double tolerance = 2.0;
 
-// A place that is taken is no place for another window.
+// Removes a place that is taken, so that no other window gets it.
 void takePlace(std::optional<Layout>& layout, const std::string& bundleID, const Rect& frame) {
     if (!layout) {
         return;

@@ -13,7 +13,7 @@ namespace {
 
 using Displays = std::vector<DisplayInfo>;
 
-// For every saved display, by index, the display at hand that stands in for it.
+// For each saved display, by index, the present display that stands in for it.
 std::vector<const DisplayInfo*> standIns(const Displays& saved, const Displays& present) {
     std::vector<const DisplayInfo*> result(saved.size());
     std::vector<bool> isTaken(present.size());

@@ -1,4 +1,4 @@
-// Brings a layout of other displays onto the displays at hand.
+// Translates a layout from other displays to the present ones.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -8,10 +8,10 @@
 
 namespace vantrel::LayoutTranslation {
 
-// The layout as one of the desk `configID` with `displays`. A display that is still there as it was keeps its
-// windows where they are. The windows of every other one keep their relative place and size in the usable
-// area of the display that stands in for it: the same display where it is now, else the built-in one for a
-// built-in one, else the first that no saved display has yet, else the first of all.
+// The layout translated to the desk `configID` with `displays`. Windows on an unchanged display stay where
+// they are. Other windows keep their relative place and size in the usable area of the stand-in for their
+// display: the same display at its present place, else built-in for built-in, else the first display not yet
+// taken, else the first of all.
 [[nodiscard]] Layout onto(Layout layout, const std::string& configID,
                           const std::vector<DisplayInfo>& displays);
 

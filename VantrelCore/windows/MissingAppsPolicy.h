@@ -13,8 +13,8 @@ namespace vantrel::MissingAppsPolicy {
                                                         const std::set<std::string>& runningBundleIDs,
                                                         const std::string& ownBundleID);
 
-// The identifiers for which `hasPlaceableWindow` says no, in scene order, each once, never `ownBundleID`. It
-// is asked at most once per identifier: an answer may cost a question to the application.
+// The identifiers for which `hasPlaceableWindow` returns false, in scene order, each once, never
+// `ownBundleID`. Calls it at most once per identifier, as a call may have to query the application.
 [[nodiscard]] std::vector<std::string>
 bundlesLackingWindows(const std::vector<std::string>& sceneBundleIDs, const std::string& ownBundleID,
                       const std::function<bool(const std::string&)>& hasPlaceableWindow);

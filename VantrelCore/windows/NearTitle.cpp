@@ -31,10 +31,10 @@ std::size_t NearTitleIndex::firstFree(const NearTitle& title, const std::vector<
     if (title.length() < NearTitle::shortest) {
         return TitleBuckets::none;
     }
-    // Live titles at least as long as this one (ten characters are as good as any number) ...
+    // Live titles at least as long as this one (any length of ten or more counts as ten) ...
     std::size_t best =
         m_beginning[title.length() - NearTitle::shortest].firstFree(title.beginning(title.length()), isTaken);
-    // ... and shorter ones that this one begins with. `none` is the largest position.
+    // ... and shorter ones that are a prefix of this one. `none` is the largest position.
     for (std::size_t count = NearTitle::shortest; count < title.length(); ++count) {
         best =
             std::min(best, m_whole[count - NearTitle::shortest].firstFree(title.beginning(count), isTaken));

@@ -1,9 +1,8 @@
-// A window title as the near match sees it: lower-cased, and only as long as it can matter.
+// A window title prepared for near matching: lower-cased, and only as much of it as matters.
 //
-// Two titles are near when, lower-cased, one begins with the other and the shorter has at least eight
-// characters, or when they have at least ten first characters in common. Hence with ten or more characters
-// on both sides only the first ten count, and a shorter title must have eight or nine and be the beginning
-// of the other; the buckets below follow from that.
+// Two titles are near when, lower-cased, one is a prefix of the other and has at least eight characters, or
+// when their first ten characters agree. So if both have ten or more characters, only the first ten count; a
+// shorter title must have eight or nine and be a prefix of the other. The buckets below follow from that.
 #pragma once
 
 #include "VantrelCore/windows/TitleBuckets.h"
@@ -22,7 +21,7 @@ public:
 
     explicit NearTitle(std::string_view title);
 
-    // Characters, at most `decisive`.
+    // In characters, at most `decisive`.
     [[nodiscard]] std::size_t length() const { return m_length; }
 
     // The first `count` characters, for `count` from `shortest` to length().
@@ -33,23 +32,23 @@ public:
 private:
     std::string m_text;
     std::size_t m_length = 0;
-    // Byte offsets of the ends of characters 8, 9 and 10, as far as there are that many.
+    // Byte offsets of the ends of characters 8, 9 and 10, where they exist.
     std::array<std::size_t, 3> m_ends{};
 };
 
-// The live titles of one application, for finding the front-most free one that is near a saved title.
+// The live titles of one application, to find the front-most free one near a saved title.
 class NearTitleIndex {
 public:
     explicit NearTitleIndex(std::size_t positionCount);
 
-    // From the last position to the first; `title` must outlive the index and stay where it is.
+    // Call from the last position to the first. `title` must outlive the index at the same address.
     void add(const NearTitle& title, std::size_t position);
 
     // The smallest position near `title` that is not taken, or TitleBuckets::none.
     std::size_t firstFree(const NearTitle& title, const std::vector<bool>& isTaken);
 
 private:
-    // By a beginning of 8, 9 or 10 characters: all titles that have it ...
+    // By a prefix of 8, 9 or 10 characters: all titles that start with it ...
     std::array<TitleBuckets, 3> m_beginning;
     // ... and by a whole title of 8 or 9.
     std::array<TitleBuckets, 2> m_whole;

@@ -1,5 +1,5 @@
-// Puts the windows of a saved layout back: pairs them with live windows, moves each, checks that it really
-// went there, retries, raises, and says of every saved window what became of it. Keeps no state.
+// Puts the windows of a saved layout back: pairs them with live windows, moves each, verifies its position,
+// retries, raises, and reports the outcome for every saved window. Stateless.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -23,13 +23,13 @@ inline constexpr double tolerance = 2.0;
 // How long the `settle` attempt waits, in seconds.
 inline constexpr double settleSeconds = 0.08;
 
-// Why a window failed that took the move but is not where it belongs.
+// The reason when a window accepted the move but did not stay in place.
 inline constexpr const char* driftedReason = "window drifted after move";
 
-// Why a saved window without a live one was skipped.
+// The reason when a saved window has no live one and is skipped.
 inline constexpr const char* goneReason = "window no longer exists";
 
-// What is noted beside that reason when the window is on its way.
+// The note added to that reason when the window is expected to open.
 inline constexpr const char* openingNote = "its application is being started";
 
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
@@ -46,13 +46,13 @@ struct Options {
     std::set<std::string> restoreLast{};
 };
 
-// What became of a window that was to fill a designed slot.
+// The result of placing a window in a designed slot.
 struct DesignedPlacement {
     enum class Kind : std::uint8_t { placed, placedClampedSize, failed };
 
     Kind kind = Kind::failed;
-    // Where the window stands now, at another size than the slot's when its application clamped that; empty
-    // when it failed.
+    // Where the window is now. Its size differs from the slot's when the application clamped it; empty on
+    // failure.
     Rect rect;
 
     [[nodiscard]] static DesignedPlacement placed(const Rect& rect) { return {Kind::placed, rect}; }
@@ -66,15 +66,15 @@ struct DesignedPlacement {
 
 [[nodiscard]] std::vector<Attempt> attemptPlan(bool isStubborn);
 
-// Which live window the restore takes for which saved one.
+// Pairs saved windows with live ones.
 [[nodiscard]] MatchResult match(const std::vector<WindowRecord>& saved,
                                 const std::vector<CurrentWindow>& current);
 
-// Whether a window that stands at `frame` has arrived at `target`; an unreadable frame has not.
+// Whether a window at `frame` has reached `target`; false when the frame is unreadable.
 [[nodiscard]] bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes);
 
-// Whether the restore would find nothing to do: every paired window has arrived and, where windows are
-// raised, lies in the stack as saved, in front of all others.
+// Whether a restore would have nothing to do: every paired window is in place and, if windows are raised,
+// stacked as saved, in front of all others.
 [[nodiscard]] bool isInPlace(const Layout& layout, const std::vector<CurrentWindow>& current,
                              const MatchResult& matched, const Options& options);
 
@@ -84,11 +84,11 @@ struct DesignedPlacement {
                                     const MatchResult& matched, const Options& options, Clock& clock,
                                     Background& background);
 
-// The same for the pairs of match().
+// Uses the pairs from match().
 [[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
                                     const Options& options, Clock& clock, Background& background);
 
-// One move, position first; true when the platform took it.
+// Moves once, position first; true when the platform accepted it.
 bool place(const Rect& target, const AXWindowHandle& handle, Sizes sizes);
 
 // Puts a window into a designed slot. `settle` waits the given number of seconds.

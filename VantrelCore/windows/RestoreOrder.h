@@ -1,4 +1,4 @@
-// In which waves the applications of a restore are handled.
+// Splits the applications of a restore into waves.
 #pragma once
 
 #include <set>
@@ -7,8 +7,8 @@
 
 namespace vantrel::RestoreOrder {
 
-// First the applications that are not in `restoreLast`, then those that are, each in the given order. No
-// identifiers give no waves, and an empty wave is left out.
+// First the applications that are not in `restoreLast`, then those that are, each in the given order. Empty
+// waves are left out.
 [[nodiscard]] std::vector<std::vector<std::string>> waves(const std::vector<std::string>& bundleIDs,
                                                           const std::set<std::string>& restoreLast);
 

@@ -1,4 +1,4 @@
-// What a restore did to every saved window.
+// The result of a restore for every saved window.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ struct RestoreReport {
         Kind kind = Kind::restored;
         // Why it failed or was skipped; empty otherwise.
         std::string reason;
-        // What more there is to say of it; mostly empty.
+        // Additional information; usually empty.
         std::string note = {};
 
         bool operator==(const Outcome&) const = default;
@@ -29,7 +29,7 @@ struct RestoreReport {
         bool operator==(const Item&) const = default;
     };
 
-    // One per saved window; items of different applications in the order in which they were finished.
+    // One per saved window; items of different applications are in the order they finished.
     std::vector<Item> items;
     // Seconds on the monotonic clock.
     double elapsed = 0;

@@ -45,7 +45,7 @@ std::set<std::string> restoreLastBundleIDs(const std::vector<AppRule>& rules) {
 std::optional<std::string> forcedDisplayUUID(const std::string& bundleID, const std::vector<AppRule>& rules) {
     for (const AppRule& rule : rules) {
         const auto* forced = std::get_if<AppRule::ForceDisplay>(&rule.action);
-        // Without a display the rule moves nothing: it only carries `restoreLast`.
+        // A rule without a display moves nothing; it only carries `restoreLast`.
         if (forced != nullptr && rule.bundleID == bundleID && !forced->uuid.empty()) {
             return forced->uuid;
         }

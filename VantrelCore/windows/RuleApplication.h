@@ -1,4 +1,4 @@
-// What the user's rules per application mean for a capture and for a layout that is about to be restored.
+// Applies the user's per-application rules to captures and to layouts about to be restored.
 #pragma once
 
 #include "VantrelCore/model/AppRule.h"
@@ -17,8 +17,7 @@ namespace vantrel::RuleApplication {
 // Applications whose windows are placed after all others.
 [[nodiscard]] std::set<std::string> restoreLastBundleIDs(const std::vector<AppRule>& rules);
 
-// The display that a rule keeps the application's windows on: the first such rule decides. None where no rule
-// does.
+// The display that a rule assigns to the application; the first such rule wins. None without one.
 [[nodiscard]] std::optional<std::string> forcedDisplayUUID(const std::string& bundleID,
                                                            const std::vector<AppRule>& rules);
 
@@ -26,9 +25,9 @@ namespace vantrel::RuleApplication {
 // empty.
 [[nodiscard]] Rect translate(const Rect& rect, const Rect& from, const Rect& to);
 
-// The layout without the windows of ignored applications, and with the windows of applications that a rule
-// keeps on a display moved there. A rule whose display is not among `displays` changes nothing. A window
-// whose own display is unknown to the layout keeps its size and is brought inside the rule's display.
+// The layout without the windows of ignored applications, and with windows moved to the display that a rule
+// assigns. A rule whose display is not among `displays` changes nothing. A window whose own display is
+// unknown to the layout keeps its size and is clamped to the rule's display.
 [[nodiscard]] Layout apply(const std::vector<AppRule>& rules, Layout layout,
                            const std::vector<DisplayInfo>& displays);
 

@@ -1,5 +1,5 @@
-// Live windows of one application by title (or a beginning of it), each bucket in front-to-back order, with
-// the front-most free one found without walking over the taken ones again and again.
+// Live windows of one application by title or title prefix, each bucket in front-to-back order. Finds the
+// front-most free window without rescanning taken ones.
 #pragma once
 
 #include <cstddef>
@@ -25,8 +25,8 @@ public:
         }
     }
 
-    // The smallest position of the key's bucket that is not taken, or `none`. What is taken stays taken:
-    // taken heads are dropped, so that all calls together cost no more than the positions added.
+    // The smallest free position in the key's bucket, or `none`. Taken positions must stay taken: taken heads
+    // are dropped, so the total cost of all calls is linear in the positions added.
     std::size_t firstFree(std::string_view key, const std::vector<bool>& isTaken) {
         const auto bucket = m_first.find(key);
         if (bucket == m_first.end()) {

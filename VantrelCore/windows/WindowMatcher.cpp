@@ -41,7 +41,7 @@ void sortFrontToBack(Indices& indices, const Identities& windows) {
     std::ranges::stable_sort(indices, {}, [&](std::size_t index) { return windows[index].zOrder; });
 }
 
-// The windows of one application, front to back, and which are paired. Positions count in these lists.
+// The windows of one application, front to back, and which are paired. Positions index these lists.
 class Matching {
 public:
     Matching(const Identities& saved, const Identities& current, AppWindows app)

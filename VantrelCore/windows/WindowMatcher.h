@@ -1,5 +1,5 @@
-// Decides which live window is which saved window, by application, title and place in the stack alone.
-// A pure function: the same inputs give the same result, whatever the order of hashes.
+// Pairs saved windows with live ones by application, title and stacking position alone. A pure function: the
+// same inputs give the same result, independent of hash order.
 #pragma once
 
 #include "VantrelCore/model/WindowRecord.h"
@@ -12,7 +12,7 @@
 
 namespace vantrel {
 
-// What the matcher looks at. The texts are borrowed from the record and must outlive the call.
+// The matcher's input. The strings are borrowed from the record and must outlive the call.
 struct WindowIdentity {
     std::string_view bundleID;
     std::string_view title;
@@ -46,7 +46,7 @@ struct MatchResult {
 
 namespace WindowMatcher {
 
-// Every index of either list occurs exactly once in the result.
+// Every index of either list appears exactly once in the result.
 [[nodiscard]] MatchResult match(const std::vector<WindowIdentity>& saved,
                                 const std::vector<WindowIdentity>& current);
 

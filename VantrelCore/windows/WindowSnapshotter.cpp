@@ -12,14 +12,14 @@ namespace vantrel::WindowSnapshotter {
 
 namespace {
 
-// Frames of the two views of the desk are the same window's when they differ by no more than this, in points.
+// In points: frames from the two sources that differ by no more than this are the same window.
 constexpr double exactTolerance = 2.0;
-// Less alike, they still vouch for a window being on screen.
+// A looser match still proves that a window is on screen.
 constexpr double overlapShare = 0.3;
 constexpr double nearCenterDistance = 100.0;
 // A window this wide or high, in points, is a program's internal helper.
 constexpr double invisibleExtent = 1.0;
-// The subrole of a window whose kind nobody knows: a splash screen, a menu, a window without decoration.
+// The subrole of a window of unknown kind: a splash screen, a menu, an undecorated window.
 constexpr const char* unknownWindowSubrole = "AXUnknown";
 
 bool isNearby(const Rect& frame, const Rect& entry) {
@@ -41,7 +41,7 @@ EntriesByPid byPid(const std::vector<ZEntry>& entries) {
     return result;
 }
 
-// Texts of other programs can hold any bytes; a record is stored as JSON and holds UTF-8.
+// Strings from other programs can hold any bytes; a record is stored as JSON and needs UTF-8.
 WindowRecord recordFor(const RunningApp& app, const WindowAttributes& attributes, const Rect& frame,
                        const std::vector<DisplayInfo>& displays, std::int64_t order) {
     const std::string bundleID = Unicode::validUtf8(app.bundleID.value_or(""));
@@ -58,7 +58,7 @@ bool isPanel(const std::optional<std::string>& subrole) {
     return subrole && *subrole != standardWindowSubrole && *subrole != unknownWindowSubrole;
 }
 
-// None of a window that cannot be seen, whatever kind it is of.
+// None for a window that cannot be seen, whatever its kind.
 std::optional<Rect> visibleFrame(const WindowAttributes& attributes) {
     const auto frame = attributes.frame();
     const bool isSeen = !attributes.isMinimized.value_or(false) && !attributes.isFullscreen.value_or(false);
@@ -138,7 +138,7 @@ std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displ
     if (holder != displays.end()) {
         return holder->uuid;
     }
-    // Of equals, max_element gives the first.
+    // max_element returns the first of equals.
     return std::ranges::max_element(
                displays, {},
                [&](const DisplayInfo& display) { return intersection(frame, display.frame).area(); })

@@ -1,6 +1,6 @@
 // Captures the live desk: every ordinary, visible, on-screen window of every regular application, with its
-// frame, its display and its place in the stack. Pairs the window elements, which can be moved but know no
-// stacking order, with the on-screen list, which knows the order but moves nothing.
+// frame, its display and its place in the stack. Combines window elements, which can be moved but have no
+// stacking order, with the on-screen list, which has the order but cannot move windows.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -31,24 +31,24 @@ inline constexpr std::int64_t unknownOrder = INT64_MAX;
 
 [[nodiscard]] std::vector<ZEntry> zOrderEntries(const std::vector<WindowListEntry>& onScreen);
 
-// The stacking position to record for a window of `pid` at `frame`, or none when it is not on screen here
-// and so not captured.
+// The stacking position to record for a window of `pid` at `frame`, or none when it is not on screen and so
+// not captured.
 [[nodiscard]] std::optional<std::int64_t> captureDecision(std::int32_t pid, const Rect& frame,
                                                           const std::vector<ZEntry>& entries);
 
-// The display that holds the frame's centre, else the one it overlaps most, else the first; "" without
-// displays.
+// The display that contains the frame's centre, else the one with the largest overlap, else the first; ""
+// without displays.
 [[nodiscard]] std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays);
 
-// The frame of an ordinary document window that can be seen; none for dialogs, panels, minimised or
-// full-screen windows and windows without a readable frame. An unreadable flag counts as not set.
+// The frame of a visible ordinary document window; none for dialogs, panels, minimised or full-screen windows
+// and windows without a readable frame. An unreadable flag counts as not set.
 [[nodiscard]] std::optional<Rect> ordinaryFrame(const WindowAttributes& attributes);
 
-// The same for panels and dialogs. Windows of no known kind, as splash screens and menus are, are neither.
+// The same for panels and dialogs. Windows of unknown kind, such as splash screens and menus, are neither.
 [[nodiscard]] std::optional<Rect> panelFrame(const WindowAttributes& attributes);
 
 // The regular applications with something on screen, less the excluded and the ignored ones, in the given
-// order: those whose windows are worth asking for.
+// order: those whose windows are worth reading.
 [[nodiscard]] std::vector<RunningApp> appsToRead(std::vector<RunningApp> running,
                                                  const std::vector<ZEntry>& entries,
                                                  std::optional<std::string_view> excludingBundleID,
@@ -60,27 +60,27 @@ struct AppWindows {
 };
 
 // The captured windows among those read, front-most first, zOrder 0 to n-1; windows of unknown depth come
-// last, in the order in which they were read.
+// last, in the order they were read.
 [[nodiscard]] std::vector<CurrentWindow> captured(const std::vector<AppWindows>& apps,
                                                   const std::vector<ZEntry>& entries,
                                                   const std::vector<DisplayInfo>& displays);
 
-// The same of the panels and dialogs.
+// The same for panels and dialogs.
 [[nodiscard]] std::vector<CurrentWindow> capturedPanels(const std::vector<AppWindows>& apps,
                                                         const std::vector<ZEntry>& entries,
                                                         const std::vector<DisplayInfo>& displays);
 
-// The on-screen list with the windows of the applications that have a part in it.
+// The on-screen list, and the windows of the applications that appear in it.
 struct ReadWindows {
     std::vector<ZEntry> entries;
     std::vector<AppWindows> apps;
 };
-// Applications in `ignoredBundleIDs` are not asked for their windows.
+// The windows of applications in `ignoredBundleIDs` are not read.
 [[nodiscard]] ReadWindows readWindows(Accessibility& accessibility,
                                       std::optional<std::string_view> excludingBundleID,
                                       const std::set<std::string>& ignoredBundleIDs);
 
-// Front-most first, zOrder 0 to n-1. Applications in `ignoredBundleIDs` are not asked for their windows.
+// Front-most first, zOrder 0 to n-1. The windows of applications in `ignoredBundleIDs` are not read.
 [[nodiscard]] std::vector<CurrentWindow> currentWindows(Accessibility& accessibility,
                                                         const std::vector<DisplayInfo>& displays,
                                                         std::optional<std::string_view> excludingBundleID,
