@@ -6,7 +6,7 @@ namespace vantrel::AchievedSizes {
 
 namespace {
 
-// A window that refuses to move, or does not answer, says nothing of sizes.
+// A window that refused to move, or did not respond, tells us nothing about sizes.
 bool tookTheMove(const RestoreReport::Outcome& outcome) {
     return outcome.kind != RestoreReport::Kind::failed || outcome.reason == RestoreEngine::driftedReason;
 }

@@ -1,5 +1,5 @@
-// The sizes that windows really have after a restore asked for sizes: what their applications make of such a
-// wish.
+// The sizes that windows really have after a restore requested sizes, which shows how each application treats
+// such requests.
 #pragma once
 
 #include "Vantrel/controller/RestoreFollowUp.h"
@@ -8,12 +8,12 @@
 
 namespace vantrel::AchievedSizes {
 
-// One for every window that took the move and can still be seen. `moved` is what `report` tells of. Blocks
-// while the windows are read.
+// One observation for every window that accepted the move and is still visible. `moved` holds the windows
+// that `report` covers. Blocks while the windows are read.
 [[nodiscard]] std::vector<AppSizeBehaviorStore::Observation>
 read(const std::vector<RestoreFollowUp::Moved>& moved, const RestoreReport& report, Background& background);
 
-// Of the ordinary windows that have taken slots.
+// One observation for every ordinary window that filled a slot.
 [[nodiscard]] std::vector<AppSizeBehaviorStore::Observation>
 of(const std::vector<SlotFilling::Filled>& filled);
 

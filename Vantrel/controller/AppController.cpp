@@ -78,7 +78,7 @@ AppController::AppController(const ControllerPorts& ports, const StoreFiles& fil
     };
     m_learning.onPinnedDesk = [this](const Layout& current) { m_pinned.observe(current); };
     m_learning.onFreshDesk = [this](const Layout& fresh) {
-        // Until then windows are missing that are on their way.
+        // While a settlement is pending, some windows are still on their way.
         if (!m_settlement.isPending()) {
             m_nudge.checkSceneDrift(fresh);
         }
@@ -177,7 +177,7 @@ void AppController::tick() {
     m_files.retry();
     m_stashes.dropExpired();
     m_learning.snapshotIfChanged();
-    // Perhaps taken away while running.
+    // The permission may have been revoked while running.
     refreshStatus();
     watchForPermission();
 }
@@ -215,7 +215,7 @@ void AppController::showSettings() {
 
 void AppController::setEnabled(bool isEnabled) {
     if (!m_context.settings.setEnabled(isEnabled)) {
-        m_context.log("settings: enabled could not be written, it holds until the end of this run");
+        m_context.log("settings: enabled could not be written; the change lasts until the program quits");
     }
     m_storedEnabled = m_context.settings.enabled();
     m_context.publisher.publish([&](PublishedState& state) { state.enabled = isEnabled; });

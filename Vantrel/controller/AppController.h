@@ -1,5 +1,5 @@
-// The one object that ties displays, stores and restores together: learns the desk, answers display changes,
-// sleep and the user's commands, and publishes the state that menus, windows and commands show.
+// The one object that ties displays, stores and restores together: learns the desk, responds to display
+// changes, sleep and the user's commands, and publishes the state that menus, windows and commands show.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -38,22 +38,22 @@ namespace vantrel {
 // How the user asked for a restore.
 enum class RestoreSource : std::uint8_t { menu, hotKey, shortcut, command };
 
-// Lives on the main thread, as does everything it calls back.
+// Lives on the main thread; all callbacks run there too.
 class AppController {
 public:
     struct Options {
-        // Every store keeps its file there.
+        // The directory for all store files.
         std::filesystem::path supportDirectory;
-        // This program's own identifier: its windows are left alone.
+        // This program's own identifier; its windows are left alone.
         std::optional<std::string> ownBundleID;
         std::string version;
-        // Has this program start with the user's session, or not, and gives what the log is to say of it.
-        // Called when the engine starts, and with every change of the setting.
+        // Turns launch at login on or off and returns a line for the log, empty for none. Called when the
+        // engine starts and whenever the setting changes.
         std::function<std::string(bool)> setLaunchAtLogin{};
     };
 
-    // Loads the stores. Fails when the folder cannot be created. Everything passed by reference outlives the
-    // controller and its background work.
+    // Opens the stores. Fails when the directory cannot be created. Everything passed by reference must
+    // outlive the controller and its background work.
     [[nodiscard]] static std::expected<std::unique_ptr<AppController>, std::error_code>
     create(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, Options options);
 
@@ -61,75 +61,76 @@ public:
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
 
-    // Polls for the permission while it is missing, and refreshes the status once it is granted.
+    // Polls for the permission while it is missing and refreshes the status once it is granted.
     void watchForPermission();
-    // Starts to watch the displays and to learn.
+    // Starts watching the displays and learning.
     void startEngine();
 
-    // Learning and restoring; kept over a restart.
+    // Switches learning and restoring on or off; persists across restarts.
     void setEnabled(bool isEnabled);
     [[nodiscard]] bool isEnabled() const { return published().enabled; }
 
     void setHideOthersOnSceneSwitch(bool hides);
 
-    // The stored settings. Whoever writes to them is noticed like any change from outside.
+    // The stored settings. Writes through this are noticed like any outside change.
     [[nodiscard]] UserDefaults& defaults() { return m_context.ports.defaults; }
 
-    // Puts the desk's stored layout back. False when nothing is going to move. `done`, if any, is told once
-    // what came of it, also when it is refused.
+    // Restores the desk's stored layout. Returns false when nothing is going to move. `done`, if set, is
+    // called once with the outcome, even when the request is refused.
     bool restoreNow(RestoreSource source, RestoreOutcome::Done done = {});
 
-    // Puts the desk back as it was just before the last restore or switch. False when nothing is going to
-    // move. `done`, if any, is told once what came of it, also when it is refused.
+    // Returns the desk to its state just before the last restore or switch. Returns false when nothing is
+    // going to move. `done`, if set, is called once with the outcome, even when the request is refused.
     bool undoLastRestore(const RestoreOutcome::Done& done = {}) { return m_undo.undoLastRestore(done); }
 
-    // Remembers the desk as it stands now. `done`, if any, is told once what came of it.
+    // Saves the desk as it is now. `done`, if set, is called once with the outcome.
     void saveLayoutNow(std::function<void(const SaveOutcome&)> done = {});
 
-    // The stored layouts of every desk, and the name of a desk's active one.
+    // The stored layouts of every desk, and the name of a desk's active layout.
     [[nodiscard]] std::vector<Layout> allLayouts() { return m_context.store.allLayouts(); }
     [[nodiscard]] std::string activeLayoutName(const std::string& configID) {
         return m_context.store.activeLayoutName(configID);
     }
 
-    // The user's scenes; what is stored is published.
+    // The user's scenes. Stored scenes are published.
     [[nodiscard]] SceneFlow& scenes() { return m_scenes; }
-    // What the last restore or switch can be undone with.
+    // Undoes the last restore or switch.
     [[nodiscard]] UndoFlow& undo() { return m_undo; }
     // The named layouts of this desk.
     [[nodiscard]] LayoutFlow& layouts() { return m_layouts; }
-    // Desks put aside; what is stored is published.
+    // Desks that were set aside. Stored stashes are published.
     [[nodiscard]] StashFlow& stashes() { return m_stashes; }
-    // What applies scenes by itself; published.
+    // Triggers that apply scenes automatically; published.
     [[nodiscard]] TriggerFlow& triggers() { return m_triggers; }
     // The suggestion to save an arrangement as a scene; published.
     [[nodiscard]] SuggestionFlow& suggestions() { return m_suggestions; }
     // The rules per application.
     [[nodiscard]] RuleFlow& rules() { return m_rules; }
-    // What is the matter with the stores' files; published.
+    // Problems with the stores' files; published.
     [[nodiscard]] FilesFlow& files() { return m_files; }
 
-    // Puts the desk in order as the scene has it, also one of another desk. False when nothing is going to
-    // happen. `reason` says who wanted it where it was not the user: "trigger calendar event". `done`, if
-    // any, is told once what came of it, also when it is refused.
+    // Arranges the desk as the scene describes it, even if the scene was made on another desk. Returns false
+    // when nothing is going to happen. `reason` says what applied it, if not the user: "trigger calendar
+    // event". `done`, if set, is called once with the outcome, even when the request is refused.
     bool applyScene(const Scene& scene, const std::optional<std::string>& reason = std::nullopt,
                     RestoreOutcome::Done done = {}) {
         return m_sceneApply.applyScene(scene, reason, std::move(done));
     }
-    // What the user is told when the windows have moved away from that scene: not again, or put it back.
+    // The nudge shown when windows have moved away from the last applied scene: dismiss it, or reapply the
+    // scene.
     void dismissDriftNudge() { m_nudge.dismissDriftNudge(); }
     bool reapplyDriftScene(RestoreOutcome::Done done = {});
 
     [[nodiscard]] LicenseGate& license() { return m_context.ports.license; }
-    // The newer version on offer, to be published.
+    // Publishes the newer version on offer.
     void setLatestAvailable(std::optional<std::string> version);
 
-    // What the restores of the last days did.
+    // The restores of the last days.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
 
-    // The keyboard shortcuts. The setters tell in a sentence why a combination is not taken; without a
-    // combination the shortcut is cleared, restore, save and stash go back to their default.
+    // The keyboard shortcuts. On failure the setters return a sentence that says why. Passing no combination
+    // clears the shortcut; restore, save and stash return to their default instead.
     using HotKeyResult = std::expected<void, std::string>;
     HotKeyResult setHotkey(const HotKeySurface& surface, std::optional<HotKeyCombo> combo);
     HotKeyResult setRestoreHotkey(std::int64_t keyCode, std::int64_t modifiers) {
@@ -141,7 +142,7 @@ public:
     HotKeyResult setStashHotkey(std::int64_t keyCode, std::int64_t modifiers) {
         return setHotkey({HotKeySurface::Kind::stash, {}}, HotKeyCombo{keyCode, modifiers});
     }
-    // Without one of the two the shortcut is cleared.
+    // If either argument is missing, the shortcut is cleared.
     HotKeyResult setUndoHotkey(std::optional<std::int64_t> keyCode, std::optional<std::int64_t> modifiers) {
         return setOptionalHotkey(HotKeySurface::Kind::undo, keyCode, modifiers);
     }
@@ -162,22 +163,22 @@ public:
     // another tab is shown.
     void armQuickSwitcherRecorder();
 
-    // Pins or unpins the active layout of this desk: a pinned one is not learned over, and put back when the
-    // windows drift from it. Pinning it once more ends a pause. False when nothing is stored or it could not
-    // be written.
+    // Pins or unpins the active layout of this desk. A pinned layout is not overwritten by learning, and is
+    // restored when the windows drift from it. Pinning it again ends a pause. Returns false when nothing is
+    // stored or the change could not be written.
     bool setPinned(bool isPinned);
 
-    // Looks at permission and desk again and publishes what they are.
+    // Re-reads permission and desk and publishes them.
     void refreshStatus() { m_context.refreshStatus(); }
 
     [[nodiscard]] const PublishedState& published() const { return m_context.state(); }
-    // The observer is called from the main queue after published values have changed, once for several
-    // changes of one turn.
+    // The observer is called from the main queue after published values have changed, once for all changes of
+    // one turn.
     Publisher::ObserverID addObserver(std::function<void()> observer);
     void removeObserver(Publisher::ObserverID id) { m_context.publisher.remove(id); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
 
-    // Nothing is being learned: the desk is in motion or about to be.
+    // True while nothing is learned because the desk is in motion or about to be.
     [[nodiscard]] bool snapshotsSuspended() const { return m_context.snapshotsSuspended; }
     [[nodiscard]] bool restoreInFlight() const { return m_context.restoreInFlight; }
 
@@ -192,9 +193,9 @@ private:
     void userDefaultsChanged();
     void licenseChanged();
     void applyLaunchAtLogin();
-    // Publishes what the stores hold, after one of them has its records back.
+    // Publishes the contents of the stores after one of them has recovered its records.
     void showStored();
-    // Publishes what the settings say about the published state.
+    // Publishes the state that depends on settings.
     void showSettings();
 
     ControllerStores m_stores;
@@ -219,9 +220,9 @@ private:
     NudgeFlow m_nudge;
     WallpaperFlow m_wallpaper;
     std::function<std::string(bool)> m_setLaunchAtLogin;
-    // As it was last told.
+    // The value last passed to m_setLaunchAtLogin.
     std::optional<bool> m_launchAtLogin;
-    // As the settings last said; a choice that could not be written holds for this run.
+    // The value last read from the settings; a choice that could not be written lasts for this run.
     std::optional<bool> m_storedEnabled;
     HotKeyFlow m_hotKeys;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;

@@ -1,5 +1,5 @@
-// The application log: "app.log" in the application-support folder, one line per message, with one older
-// generation beside it.
+// The application log: "app.log" in the application-support folder, one line per message. One older
+// generation is kept.
 #pragma once
 
 #include "VantrelCore/ports/Clock.h"
@@ -11,7 +11,7 @@
 
 namespace vantrel {
 
-// Used on the main thread. A log that cannot be written is no reason to stop: failures are ignored.
+// Used on the main thread. An unwritable log must not stop the program, so failures are ignored.
 class AppLog {
 public:
     // A file larger than this, in bytes, becomes "app.log.1" before the next line is written.
@@ -20,8 +20,8 @@ public:
     // Creates the directory when missing.
     AppLog(const std::filesystem::path& directory, FileSystem& files, Clock& clock);
 
-    // Appends "[time] message" as one safe line (SafeText): a window title can neither make lines nor steer
-    // the terminal of whoever reads the log.
+    // Appends "[time] message" as one safe line (SafeText): a window title can neither add lines nor inject
+    // terminal escapes.
     void write(std::string_view message);
 
     [[nodiscard]] const std::filesystem::path& file() const { return m_file; }

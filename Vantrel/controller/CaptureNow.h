@@ -1,5 +1,5 @@
-// The desk as it stands now, captured at once because the user wants to keep it. Needs no license: only
-// learning and restoring do.
+// Captures the desk immediately because the user wants to save it. Needs no license; only learning and
+// restoring do.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -13,8 +13,8 @@ namespace vantrel::CaptureNow {
 // A layout with at least one window, or why there is none.
 using Result = std::expected<Layout, SaveOutcome::Kind>;
 
-// Captures in the background, as soon as nothing else reads the desk. `done` is called once on the main
-// thread, also when it is refused.
+// Captures in the background as soon as nothing else is reading the desk. `done` is called once on the main
+// thread, even when the capture is refused.
 void perform(ControllerContext& context, std::function<void(const Result&)> done);
 
 } // namespace vantrel::CaptureNow

@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-// How long the status line shows what a restore did, in seconds.
+// How long the status line shows the result of a restore, in seconds.
 constexpr double restoredPhaseSeconds = 6;
 
 std::string layoutTitle(const PublishedState& state) {
@@ -54,8 +54,8 @@ void ControllerContext::scheduleSnapshotResume(double seconds) {
     const double now = ports.clock.monotonicSeconds();
     m_resumeDue = std::max(m_resumeDue, now + seconds);
     m_resume = ports.mainQueue.after(m_resumeDue - now, [this, epoch = resumeEpoch] {
-        // While displays are changing, their settling schedules the next resume; while nobody is there, the
-        // return does.
+        // While the displays are changing, their settling schedules the next resume. While the user is away,
+        // the user's return does.
         if (epoch == resumeEpoch && !displaysChanging && !isAway()) {
             snapshotsSuspended = false;
         }
@@ -144,7 +144,7 @@ void ControllerContext::publishStored(PublishedState& state) {
 
 void ControllerContext::showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays) {
     publisher.publish([&](PublishedState& state) {
-        // No displays are no desk: there is nothing to learn or to restore under that name.
+        // Without displays there is no desk: nothing to learn or restore under that name.
         state.configID = displays.empty() ? "" : configID;
         state.configName = DisplayTopology::configName(displays);
         state.displays = displays;

@@ -1,5 +1,5 @@
-// What the controller's flows share: ports, settings, log, layouts, published state, and the gates that keep
-// captures and restores apart.
+// State shared by the controller's flows: ports, settings, log, layouts, published state, and the gates that
+// keep captures and restores apart.
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"
@@ -37,38 +37,38 @@ public:
     SceneStore& sceneStore;
     Publisher publisher;
 
-    // This program's own windows are never captured.
+    // This program's own bundle ID; its windows are never captured.
     std::optional<std::string> ownBundleID;
     std::function<void(const HUDEvent&)> onHUDEvent;
 
-    // No capture may be learned from: the desk is in motion or about to be.
+    // Nothing may be learned from captures: the desk is in motion or about to be.
     bool snapshotsSuspended = false;
-    // Nobody is at the desk: nothing is learned, whatever else resumes learning.
+    // The user is away: nothing is learned, even if something else resumes learning.
     bool isAsleep = false;
     bool isLocked = false;
     [[nodiscard]] bool isAway() const { return isAsleep || isLocked; }
     // Between the first event of a display change and its settling.
     bool displaysChanging = false;
-    // Counts what makes scheduled resumes and captures under way stale.
+    // Incremented by everything that makes scheduled resumes and running captures stale.
     std::int64_t resumeEpoch = 0;
-    // Counts the display changes and wakes: what was placed before one may stand elsewhere by now.
+    // Incremented by display changes and wakes, after which windows placed earlier may have moved.
     std::int64_t deskEpoch = 0;
-    // Counts the restores: what was captured before one does not show the desk any more.
+    // Incremented by restores, after which earlier captures no longer show the desk.
     std::int64_t mutationEpoch = 0;
-    // Counts the user's changes of layouts and rules: what was captured before one may carry another name, or
-    // hold what is to be ignored now.
+    // Incremented when the user changes layouts or rules, after which earlier captures may carry an outdated
+    // name or include ignored windows.
     std::int64_t learningEpoch = 0;
     bool restoreInFlight = false;
-    // The permit of the last restore and of what follows up on it.
+    // The permit of the last restore and its follow-up.
     std::shared_ptr<MovePermit> movePermit = std::make_shared<MovePermit>();
 
     [[nodiscard]] bool axWorkInFlight() const { return m_axWorkInFlight; }
     // Called when a pass has ended.
     std::function<void()> onPassEnded;
-    // Called once when the pass under way has ended, after a restore that waited has had its turn.
+    // Runs `work` once when the current pass has ended, after any waiting restore has had its turn.
     void afterPass(std::function<void()> work) { m_afterPass.push_back(std::move(work)); }
-    // Called when a flow has moved windows and none of it is left to do: what was captured before does not
-    // show the desk any more.
+    // Called when a flow has moved windows and has none left to move: earlier captures no longer show the
+    // desk.
     std::function<void()> onDeskArranged = [] {};
 
     void log(std::string_view message) { m_log.write(message); }
@@ -76,53 +76,53 @@ public:
 
     [[nodiscard]] const PublishedState& state() const { return publisher.state(); }
 
-    // Clears snapshotsSuspended after `seconds`, unless something newer has begun by then. What was promised
-    // longer stays suspended: waking up does not cut short the wait after a display change.
+    // Clears snapshotsSuspended after `seconds`, unless a newer event intervenes. An earlier, longer
+    // suspension still holds: waking up does not cut short the wait after a display change.
     void scheduleSnapshotResume(double seconds);
 
-    // Asks the licence gate, and logs when its answer is a new one.
+    // Queries the license gate, and logs when the result changes.
     [[nodiscard]] bool entitledToRun();
 
     // The displays as they are now.
     [[nodiscard]] std::vector<DisplayInfo> currentDisplays();
-    // True while the displays are the ones that last settled, which the published state names.
+    // True while the current displays are the ones that last settled and are published.
     [[nodiscard]] bool isDeskCurrent();
 
-    // What stands against moving windows because the user asked for it; none when nothing does.
+    // The reason why windows may not be moved at the user's request, if there is one.
     [[nodiscard]] std::optional<RestoreOutcome::Kind> hindranceToMoving();
 
-    // The active layout of the current desk with the user's rules applied; none when there is none.
+    // The active layout of the current desk with the user's rules applied, if there is one.
     [[nodiscard]] std::optional<Layout> layoutToRestore();
-    // Any layout as one to be restored on the current desk: brought onto its displays, with the user's rules
-    // applied.
+    // Adapts any layout for restoring on the current desk: translates it to the desk's displays and applies
+    // the user's rules.
     [[nodiscard]] Layout fittedToDesk(const Layout& layout);
-    // The layout that a capture of the current desk makes. A name that the user gave the desk stays.
+    // Makes a layout from a capture of the current desk. Keeps the name that the user gave the desk.
     [[nodiscard]] Layout layoutOf(const DeskCapture::Picture& picture,
                                   const std::vector<DisplayInfo>& displays);
     [[nodiscard]] DeskCapture::Scope captureScope(std::vector<DisplayInfo> displays);
 
-    // Publishes the desk and what is stored for it.
+    // Publishes the desk and its stored layouts.
     void showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays);
-    // Publishes the layouts of the current desk after the store has changed, and so has been written.
+    // Publishes the layouts of the current desk after the store has changed and has been written.
     void showStoredLayouts();
-    // Called when showStoredLayouts() has published them.
+    // Called after showStoredLayouts() has published the layouts.
     std::function<void()> onLayoutsChanged = [] {};
     void showLearningFailed(bool hasFailed);
     // Publishes the scenes after the store has changed.
     void showStoredScenes();
-    // Called when showStoredScenes() has published them.
+    // Called after showStoredScenes() has published the scenes.
     std::function<void()> onScenesChanged;
     // Publishes the resting phase, unless a restore is running or has just finished.
     void refreshStatus();
     void showPhase(const Phase& phase);
-    // The desk that the last restore was for is gone: its result is not shown any longer.
+    // Stops showing the last restore's result because its desk is no longer current.
     void endRestoredPhase();
 
-    // Runs `work` off the main thread and hands its result to `done` on the main thread, unless the
-    // controller is gone by then. `work` may use nothing of the controller but the ports.
+    // Runs `work` off the main thread and passes its result to `done` on the main thread, unless the
+    // controller has been destroyed by then. `work` may use only the controller's ports.
     //
-    // `done` takes an std::optional of the result, empty when `work` threw; the log has the error then.
-    // `done` stays on the main thread, so what it holds is destroyed there, too.
+    // `done` takes a std::optional of the result, empty when `work` threw; the error is then in the log.
+    // `done` stays on the main thread, so its captures are destroyed there.
     template <typename Work, typename Done>
     void inBackground(WorkPriority priority, Work work, Done done) {
         auto result = std::make_shared<std::optional<decltype(work())>>();
@@ -142,8 +142,8 @@ public:
         });
     }
 
-    // The same for a capture or another accessibility pass: there is one at a time, and none during a
-    // restore. The pass ends after `done`, even if that throws.
+    // Like inBackground(), for a capture or another accessibility pass. Only one pass runs at a time, and
+    // none during a restore. The pass ends after `done`, even if that throws.
     template <typename Work, typename Done>
     void runPass(WorkPriority priority, Work work, Done done) {
         inBackground(priority, std::move(work), [this, done = std::move(done)](auto result) {
@@ -153,7 +153,7 @@ public:
         m_axWorkInFlight = true;
     }
 
-    // Runs `work`; what it throws goes to the log and no further. False when it threw.
+    // Runs `work`. Exceptions are logged and not propagated. Returns false when `work` threw.
     template <typename Work>
     bool guarded(Work&& work) {
         return ErrorBoundary::run(
@@ -168,18 +168,18 @@ private:
 
     AppLog& m_log;
     bool m_axWorkInFlight = false;
-    // What is to follow the background work under way, by its number.
+    // Continuations of the running background work, by work ID.
     std::map<std::uint64_t, std::function<void()>> m_waitingForWork;
     std::uint64_t m_nextWork = 0;
     std::vector<std::function<void()>> m_afterPass;
     std::optional<bool> m_loggedEntitled;
-    // What there is to show of the restore that runs or has just finished.
+    // The phase to show for the restore that is running or has just finished.
     Phase m_restorePhase;
     std::unique_ptr<ScheduledWork> m_phaseReset;
     std::unique_ptr<ScheduledWork> m_resume;
-    // On the monotonic clock.
+    // On the monotonic clock, in seconds.
     double m_resumeDue = 0;
-    // Expires with the controller; only asked for on the main thread.
+    // Expires with the controller; locked only on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

@@ -1,4 +1,4 @@
-// The ports that the controller runs on. They outlive it and its background work.
+// The controller's ports. They outlive it and its background work.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"

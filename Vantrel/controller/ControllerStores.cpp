@@ -8,7 +8,7 @@ namespace vantrel {
 std::expected<ControllerStores, std::error_code>
 ControllerStores::open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock) {
     std::error_code failure;
-    // The first failure is the one that is told.
+    // The first failure is returned.
     const auto opened = [&](auto store) {
         if (!store && !failure) {
             failure = store.error();

@@ -1,4 +1,4 @@
-// Every file that the controller keeps.
+// All stores that the controller keeps.
 #pragma once
 
 #include "VantrelCore/stores/AppReliabilityStore.h"
@@ -28,7 +28,7 @@ struct ControllerStores {
     AppSizeBehaviorStore sizeBehavior;
     StashStore stashes;
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if it is missing. Reads nothing yet.
     [[nodiscard]] static std::expected<ControllerStores, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock);
 

@@ -13,13 +13,13 @@ namespace vantrel::ControllerText {
 [[nodiscard]] std::string displaySettled(const std::string& configID,
                                          const std::vector<DisplayInfo>& displays);
 
-// Which displays have come with a change: "LG UltraFine reconnected", "Left and Right reconnected", or
-// empty where none has.
+// Names the displays that a change added: "LG UltraFine reconnected", "Left and Right reconnected". Empty if
+// none were added.
 [[nodiscard]] std::string reconnected(const std::vector<DisplayInfo>& before,
                                       const std::vector<DisplayInfo>& after);
 
-// "restore report: 5 restored, 1 failed, 0 skipped, 2 retried, 6 expected, 40 ms", then every window that
-// failed, with the reason.
+// "restore report: 5 restored, 1 failed, 0 skipped, 2 retried, 6 expected, 40 ms", followed by each failed
+// window with its reason.
 [[nodiscard]] std::string restoreReport(const RestoreReport& report);
 
 // "1 window", "2 windows".

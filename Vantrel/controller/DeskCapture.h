@@ -1,4 +1,4 @@
-// One capture of the live desk in the background, and the layout made of it.
+// Captures the live desk in the background and turns it into window records.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -13,7 +13,7 @@
 
 namespace vantrel::DeskCapture {
 
-// What to capture. Values only, so that a worker can own it.
+// The scope of a capture. Values only, so that a worker can own it.
 struct Scope {
     std::vector<DisplayInfo> displays;
     // This program itself.

@@ -54,7 +54,7 @@ void DisplayChangeFlow::applySettleDelay() {
     m_context.log(fmt::format("settleDelay changed to {:#}: reinstalling watcher", delay));
     installWatcher();
     if (m_context.displaysChanging) {
-        // The old watcher would have told when this change has settled.
+        // The replaced watcher would have reported the end of this change.
         m_watcher->handleReconfigurationEvent();
     }
 }

@@ -1,5 +1,5 @@
-// The road of a display change: suspend learning, keep the desk that is being left, wait until the displays
-// have settled, put the windows of the new desk back, and learn again.
+// Handles a display change: suspends learning, saves the desk being left, waits for the displays to settle,
+// restores the new desk's windows and resumes learning.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -19,20 +19,20 @@ public:
 
     DisplayChangeFlow(ControllerContext& context, LearningFlow& learning, RestoreRunner& runner);
 
-    // Takes the displays as they are now for the current desk and watches them from here on.
+    // Takes the present displays as the current desk and starts watching them.
     void start();
 
-    // Called when another desk has settled and is published.
+    // Called when a new desk has settled and has been published.
     std::function<void()> onSettled = [] {};
 
-    // Installs a new watcher when the settle delay is another one than the watcher's.
+    // Installs a new watcher if the settle delay has changed.
     void applySettleDelay();
 
 private:
     void installWatcher();
     void changeBegan();
     void handleSettledChange(const std::string& configID, const std::vector<DisplayInfo>& displays);
-    // `reconnected` names the displays that have come.
+    // `reconnected` names the displays that were added.
     void restoreIfWanted(const std::string& reconnected);
 
     ControllerContext& m_context;
@@ -40,7 +40,7 @@ private:
     RestoreRunner& m_runner;
     std::unique_ptr<DisplayWatcher> m_watcher;
     double m_installedSettleDelay = 0;
-    // Counts the watchers, so that one that was replaced is not heard any more.
+    // Counts the watchers, so that events from a replaced watcher are ignored.
     std::int64_t m_watcherEpoch = 0;
 };
 

@@ -1,4 +1,4 @@
-// What the user is quietly told when the windows have moved away from the scene last applied.
+// The quiet notice that windows have moved away from the last applied scene.
 #pragma once
 
 #include <cstdint>

@@ -25,7 +25,7 @@ FilesFlow::FilesFlow(ControllerContext& context, ControllerStores& stores, const
         return;
     }
     publish();
-    // Later: a store may be told of in the middle of a flow.
+    // Deferred, because an incident can be reported in the middle of a flow.
     m_incidents->onChange = [this] {
         m_context.ports.mainQueue.post([this, alive = std::weak_ptr(m_alive)] {
             if (alive.lock()) {

@@ -1,4 +1,4 @@
-// Publishes what is the matter with the program's files, and tries again what could not be read.
+// Publishes problems with the program's files, and retries files that could not be read.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -14,20 +14,21 @@ namespace vantrel {
 
 class FilesFlow {
 public:
-    // The stores keep their files in `directory`. All outlive it; without incidents there is nothing to tell.
+    // The stores keep their files in `directory`. All arguments outlive this flow. Without incidents nothing
+    // is published.
     FilesFlow(ControllerContext& context, ControllerStores& stores, const StoreFiles& files,
               std::filesystem::path directory);
     ~FilesFlow();
     FilesFlow(const FilesFlow&) = delete;
     FilesFlow& operator=(const FilesFlow&) = delete;
 
-    // Reads the stores whose files could not be read so far.
+    // Retries the stores whose files could not be read.
     void retry();
 
-    // The same as StoreRepair's; the stores read the file anew.
+    // Like StoreRepair's putBack(); the stores then read the file again.
     [[nodiscard]] std::expected<std::filesystem::path, std::string> putBack(const std::string& copyName);
 
-    // Called when a store has its records back.
+    // Called when a store has recovered its records.
     std::function<void()> onPutBack = [] {};
 
 private:

@@ -1,4 +1,4 @@
-// What the heads-up display is told while it happens.
+// Events shown on the heads-up display as they happen.
 #pragma once
 
 #include <cstdint>
@@ -11,30 +11,30 @@ namespace vantrel {
 namespace HUD {
 
 struct Restoring {
-    // Which displays came back, where that is the cause: "LG UltraFine reconnected"; else empty.
+    // Names the displays that came back if they are the cause: "LG UltraFine reconnected"; else empty.
     std::string cause;
     bool operator==(const Restoring&) const = default;
 };
 struct Done {
     std::int64_t windows = 0;
     double seconds = 0;
-    // As in Restoring: it may have been shown too briefly to be read.
+    // As in Restoring, which may have been shown too briefly to read.
     std::string cause;
     bool operator==(const Done&) const = default;
 };
-// The user asked for the desk to be remembered, and it was.
+// The desk was saved at the user's request.
 struct Saved {
     std::int64_t windows = 0;
     bool operator==(const Saved&) const = default;
 };
-// A window of an application that was just started was moved to its place.
+// A window of a newly started application was moved to its place.
 struct AppPlaced {
     std::string app;
     std::string desk;
     bool operator==(const AppPlaced&) const = default;
 };
 
-// A scene took the desk; see SceneApplyCaption.
+// A scene was applied; see SceneApplyCaption.
 struct SceneApplied {
     std::string name;
     std::int64_t moved = 0;
@@ -43,7 +43,7 @@ struct SceneApplied {
     double seconds = 0;
     bool operator==(const SceneApplied&) const = default;
 };
-// The applications that a scene opened have been waited for; see SceneSettlementCaption.
+// The wait for the applications that a scene opened is over; see SceneSettlementCaption.
 struct SceneSettled {
     std::string name;
     std::int64_t opened = 0;

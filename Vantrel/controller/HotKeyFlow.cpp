@@ -14,7 +14,7 @@ namespace {
 
 using Kind = HotKeySurface::Kind;
 
-// In the order in which conflicts are looked for.
+// In the order in which conflicts are checked.
 constexpr std::array fixedSurfaces{Kind::fixedRestore, Kind::fixedSave, Kind::stash, Kind::quickSwitcher,
                                    Kind::undo};
 
@@ -54,7 +54,7 @@ HotKeyFlow::~HotKeyFlow() {
 }
 
 void HotKeyFlow::syncEverything() {
-    // All that changed are dropped first: one may have taken another's combination.
+    // Drop all changed hotkeys first: one may have taken another's combination.
     std::erase_if(m_registered, [&](const auto& entry) { return stored(entry.first) != entry.second.combo; });
     m_scenes.dropChanged(m_context.state().scenes);
     syncRestoreHotKey();

@@ -1,5 +1,5 @@
-// The keyboard shortcuts: read from the settings and the scenes, registered with the system, and changed by
-// the user.
+// The keyboard shortcuts: reads them from the settings and the scenes, registers them with the system, and
+// changes them for the user.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -27,18 +27,18 @@ public:
         std::function<void(const std::string& sceneID)> applyScene;
     };
 
-    // Registers everything as settings and scenes say, and does so again whenever the keyboard changes. The
-    // scenes are published already.
+    // Registers all shortcuts from settings and scenes, and again whenever the keyboard changes. The scenes
+    // must already be published.
     HotKeyFlow(ControllerContext& context, SceneFlow& scenes, Actions actions);
     ~HotKeyFlow();
     HotKeyFlow(const HotKeyFlow&) = delete;
     HotKeyFlow& operator=(const HotKeyFlow&) = delete;
 
-    // Registers anew what the settings say now and is not registered so.
+    // Registers the shortcuts that have changed in the settings.
     void settingsChanged() { syncEverything(); }
 
-    // Each registers the stored combination of its command in place of another one. What is registered as
-    // stored stays, and what the system refused is tried again.
+    // Each registers the stored combination of its command, replacing any previous one. An unchanged
+    // registration stays, and one that the system refused is tried again.
     void syncRestoreHotKey();
     void syncSaveHotKey();
     void syncStashHotKey();
@@ -47,11 +47,11 @@ public:
     void syncQuickSwitcherHotkey();
     void syncSceneHotKeys();
 
-    // Every stored combination, in the order in which conflicts are looked for.
+    // Every stored combination, in the order in which conflicts are checked.
     [[nodiscard]] std::vector<TakenHotKey> takenHotKeys() const;
 
-    // Stores and registers the combination of a command or scene; none clears it, or puts the default back
-    // where there is one. The error is a sentence for the user, and nothing is changed then.
+    // Stores and registers the combination of a command or scene. Passing none clears it, or returns it to
+    // its default if it has one. On failure nothing changes, and the error is a sentence for the user.
     std::expected<void, std::string> setHotkey(const HotKeySurface& surface,
                                                std::optional<HotKeyCombo> combo);
 
@@ -63,7 +63,7 @@ private:
     };
 
     [[nodiscard]] std::optional<HotKeyCombo> stored(Kind surface) const;
-    // False when it could not be written.
+    // Returns false when it could not be written.
     [[nodiscard]] bool write(const HotKeySurface& surface, std::optional<HotKeyCombo> combo);
     void sync(Kind surface, const std::function<void()>& action);
     void syncEverything();

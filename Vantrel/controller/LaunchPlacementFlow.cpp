@@ -12,18 +12,18 @@ namespace vantrel {
 
 namespace {
 
-// Seconds between two looks for a window that has not appeared; the last one repeats.
+// Seconds between checks for a window that has not appeared; the last delay repeats.
 constexpr double lookDelays[] = {0.3, 0.5, 1, 2};
 
-// Seconds until a look that was held up is tried again.
+// Seconds until a blocked check is tried again.
 constexpr double holdDelay = 0.5;
 
 std::string nameOf(const RunningApp& app) {
     return app.localizedName.value_or(*app.bundleID);
 }
 
-// A restore, an undo or a scene that ended within so many seconds has found windows of the application and
-// had its say about them. One that found none leaves them to this flow when they come.
+// True when a restore, undo or scene ended within `seconds` and found windows of the application: it has
+// already decided about them. If it found none, this flow places them when they appear.
 bool wasJustRestored(const PublishedState& state, const std::string& bundleID, Date now, double seconds) {
     const auto& last = state.lastRestore;
     return last && secondsBetween(last->date, now) <= seconds &&
@@ -35,7 +35,7 @@ bool wasJustRestored(const PublishedState& state, const std::string& bundleID, D
 } // namespace
 
 LaunchPlacementFlow::LaunchPlacementFlow(ControllerContext& context) : m_context(context) {
-    // The context, and with it the publisher, goes after this flow; nobody is told in between.
+    // The context, and with it the publisher, is destroyed after this flow; no observer is called in between.
     m_context.publisher.add([this] { noteLayouts(); });
 }
 
@@ -104,14 +104,14 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
                 return LaunchPlacementPass::run(task, ports.accessibility, ports.clock, ports.background);
             },
             [this, key](const std::optional<LaunchPlacementPass::Result>& result) {
-                // A look that failed has seen no window; the next one may.
+                // A failed check saw no window; the next one may see one.
                 finish(key, result.value_or(LaunchPlacementPass::Result()));
             });
     }
 }
 
 bool LaunchPlacementFlow::hasPlace(const RunningApp& app) {
-    // Whatever the new window's size is: it only chooses among several places.
+    // Any size will do: it only chooses among several places.
     const auto known = task(app);
     return LaunchPlacement::target(*app.bundleID, {}, known.rules, known.layout, known.displays).has_value();
 }
@@ -136,7 +136,7 @@ void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Resu
         return;
     }
     if (result.isAbandoned) {
-        // The next look, once the desk stands, decides anew.
+        // The next check, once the desk has settled, decides again.
         lookAfter(key, holdDelay);
         return;
     }

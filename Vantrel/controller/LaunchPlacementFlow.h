@@ -1,5 +1,5 @@
-// Moves the windows of an application that was just started to where they were last remembered on this desk,
-// or to the display that a rule names.
+// Moves the windows of a newly started application to their last remembered places on this desk, or to the
+// display that a rule names.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -16,24 +16,24 @@ namespace vantrel {
 
 class LaunchPlacementFlow {
 public:
-    // Seconds from the launch to the first look: what a program does to its windows while it starts is over.
+    // Seconds from the launch to the first check; by then a program has finished arranging its own windows.
     static constexpr double firstLook = 0.2;
-    // After so many seconds no window is waited for any longer.
+    // Seconds after which the flow stops waiting for a window.
     static constexpr double longestWait = 20;
-    // A display change that takes longer, in seconds, leaves the window to the user.
+    // Seconds; if a display change takes longer, the window is left to the user.
     static constexpr double longestHold = 5;
 
     explicit LaunchPlacementFlow(ControllerContext& context);
 
-    // Places the application's windows as soon as there are any and nothing else moves windows.
+    // Places the application's windows as soon as there are any and nothing else is moving windows.
     void handleAppLaunched(const RunningApp& app);
 
-    // What is remembered of this layout goes on under its new name.
+    // Moves the remembered windows of this layout to its new name.
     void layoutRenamed(const std::string& configID, const std::string& name, const std::string& newName) {
         m_remembered.rename(configID, name, newName);
     }
 
-    // Whether a scene that is being settled waits for windows of this application; none is not asked.
+    // Whether a scene that is settling waits for windows of this application. Unset means false.
     std::function<bool(const std::string& bundleID)> isAwaitedBySettlement;
 
 private:
@@ -52,7 +52,7 @@ private:
     // False when nothing is to be placed, now or later.
     [[nodiscard]] bool isWanted(const RunningApp& app);
     [[nodiscard]] bool isHeldUp();
-    // False when nothing says where the application's windows belong.
+    // False when neither layout nor rules say where the application's windows belong.
     [[nodiscard]] bool hasPlace(const RunningApp& app);
     [[nodiscard]] LaunchPlacementPass::Task task(const RunningApp& app);
     void finish(const Key& key, const LaunchPlacementPass::Result& result);
@@ -60,7 +60,7 @@ private:
 
     ControllerContext& m_context;
     RememberedWindows m_remembered;
-    // What the published layouts were noted for: the desk, and the version of the layouts.
+    // The desk and the layouts version that were last noted.
     std::pair<std::string, std::int64_t> m_noted;
     std::map<Key, Launch> m_launches;
 };

@@ -10,9 +10,9 @@ namespace vantrel::LaunchPlacementPass {
 namespace {
 
 struct Windows {
-    // Those of the started process.
+    // Windows of the started process.
     std::vector<CurrentWindow> fresh;
-    // Where those of the application's other processes stand.
+    // Frames of windows of the application's other processes.
     std::vector<Rect> standing;
 };
 
@@ -55,7 +55,7 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
                                                   task.layout, task.displays);
     Result result{.windows = frames.size()};
     const auto fresh = underPermit(std::move(windows.fresh), task.permit);
-    // Each window as a layout of its own: titles of new windows are no names yet.
+    // Each window gets a layout of its own, because titles of new windows do not identify them yet.
     for (std::size_t i = 0; i < fresh.size(); ++i) {
         if (!targets[i] || RestoreEngine::isReached(frames[i], *targets[i], task.sizes)) {
             continue;

@@ -1,4 +1,4 @@
-// The background part of launch placement: find the windows of the started application, and move them.
+// The background part of launch placement: finds the windows of the started application and moves them.
 #pragma once
 
 #include "Vantrel/controller/MovePermit.h"
@@ -18,7 +18,7 @@ namespace vantrel::LaunchPlacementPass {
 
 // Values only, so that a worker can own it.
 struct Task {
-    // With its bundle identifier.
+    // Has a bundle identifier.
     RunningApp app;
     std::vector<AppRule> rules;
     std::optional<Layout> layout;
@@ -28,11 +28,11 @@ struct Task {
 };
 
 struct Result {
-    // The application's standard windows that can be seen.
+    // The number of visible standard windows of the application.
     std::size_t windows = 0;
     std::size_t moved = 0;
     std::size_t failed = 0;
-    // The permit was revoked before the end.
+    // The permit was revoked before the pass ended.
     bool isAbandoned = false;
 };
 

@@ -1,4 +1,4 @@
-// What became of the user's wish to rename or to delete a layout, or to rename a desk.
+// The result of a user's request to rename or delete a layout, or to rename a desk.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ namespace vantrel {
 struct LayoutChange {
     enum class Kind : std::uint8_t {
         done,
-        // A restore is running, which may be of that very layout.
+        // A restore is running, possibly of that very layout.
         restoreInFlight,
         noSuchLayout,
         // The desk has no layout that could carry its name.

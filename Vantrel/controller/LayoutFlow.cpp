@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-// As it is stored; none when it is no name.
+// The name as it is stored, or none when it is invalid.
 std::optional<std::string> validName(const std::string& name) {
     const std::string valid = Unicode::validUtf8(name);
     const std::string_view trimmed = Unicode::trimmed(valid);
@@ -23,7 +23,7 @@ std::optional<std::string> validName(const std::string& name) {
 
 } // namespace
 
-// What was captured so far belongs to another name or layout.
+// Earlier captures belong to another name or layout.
 void LayoutFlow::layoutsChanged() {
     ++m_context.learningEpoch;
     m_context.showStoredLayouts();
@@ -59,8 +59,8 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
     return restoreActive(std::move(undone), done);
 }
 
-// A layout that was deleted since comes back with it: the windows stand as it has them, and would be learned
-// over another one.
+// Recreates the layout if it was deleted since. Otherwise the windows, arranged as it had them, would be
+// learned into another layout.
 void LayoutFlow::returnTo(const Left& left) {
     if (left.layout && !m_context.store.layout(left.desk, left.name)) {
         Layout layout = *left.layout;
@@ -201,7 +201,7 @@ LayoutChange LayoutFlow::remove(const std::string& name) {
         return {Kind::writeFailed};
     }
     layoutsChanged();
-    // Else the windows, standing as the deleted layout had them, would be learned over the next one.
+    // Otherwise the windows, still arranged as in the deleted layout, would be learned into the next one.
     if (isActive && !m_context.hindranceToMoving()) {
         restoreActive({}, {});
     }

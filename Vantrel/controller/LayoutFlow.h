@@ -23,37 +23,36 @@ public:
     LayoutFlow(ControllerContext& context, LearningFlow& learning, RestoreRunner& runner)
         : m_context(context), m_learning(learning), m_runner(runner) {}
 
-    // Makes a stored layout of this desk the active one and puts its windows back; what the desk looked like
-    // goes into the layout that is left, as when a desk is left. False when nothing is going to move. Undoing
-    // it makes the former layout the active one again.
+    // Makes a stored layout of this desk the active one and restores its windows. The layout being left keeps
+    // the latest capture, as when a desk is left. Returns false when nothing is going to move. Undo makes the
+    // former layout active again.
     bool switchLayout(const std::string& name, const RestoreOutcome::Done& done);
 
-    // Puts the windows where this layout has them, brought onto the displays at hand when it is another
-    // desk's. The active layout stays the active one. False when nothing is going to move.
+    // Moves the windows to their places in this layout, translated to the current displays if it is another
+    // desk's. The active layout does not change. Returns false when nothing is going to move.
     bool applyLayout(const Layout& layout, const RestoreOutcome::Done& done);
 
-    // Remembers the desk as it stands under this name and makes that layout the active one. `done` is called
-    // once.
+    // Saves the desk under this name and makes that layout the active one. `done` is called once.
     void saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done);
 
     [[nodiscard]] LayoutChange rename(const std::string& name, const std::string& newName);
-    // Called when a layout of that desk has got another name.
+    // Called when a layout of that desk has been renamed.
     std::function<void(const std::string& configID, const std::string& name, const std::string& newName)>
         onRenamed = [](const auto&...) {};
 
-    // Gives the current desk a name of the user's, which it keeps.
+    // Gives the current desk a name chosen by the user, which then stays.
     [[nodiscard]] LayoutChange renameDesk(const std::string& newName);
 
-    // When it was the active layout, another one becomes active and is put back.
+    // If it was the active layout, another one becomes active and is restored.
     [[nodiscard]] LayoutChange remove(const std::string& name);
 
 private:
-    // The layout that the last switch went away from: what undo makes the active one again.
+    // The layout that the last switch left; undo makes it active again.
     struct Left {
         std::string desk;
         // Follows the layout when it is renamed.
         std::string name;
-        // As it was then; none when only its name was known.
+        // The layout at that time; none when only its name was known.
         std::optional<Layout> layout;
     };
 

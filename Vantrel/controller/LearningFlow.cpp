@@ -22,7 +22,7 @@ void LearningFlow::snapshotIfChanged() {
     const auto displays = m_context.currentDisplays();
     const std::string configID = displays.empty() ? "" : DisplayTopology::configID(displays);
     if (configID != m_context.state().configID) {
-        // Windows and displays do not belong together yet; no event may have told of the change.
+        // Windows and displays do not match yet; the change may not have been announced by an event.
         if (onUnannouncedChange) {
             onUnannouncedChange();
         }
@@ -58,7 +58,7 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     const Layout layout = m_context.layoutOf(picture, displays);
     keepForAdoption(layout);
     if (layout.windows.empty()) {
-        // A window manager that restarts, or everything minimised: no reason to forget the desk.
+        // The window manager may be restarting, or everything is minimized: no reason to forget the desk.
         m_stabilityGate.reset();
         return;
     }
@@ -78,7 +78,7 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     const auto learned = m_stabilityGate.observe(layout, stored);
     if (!learned) {
         if (stored && layout.isEquivalent(*stored)) {
-            // Nothing is left to be saved.
+            // Nothing remains to be saved.
             m_context.showLearningFailed(false);
         }
         return;

@@ -1,5 +1,5 @@
-// Learns the desk: captures it at every tick, remembers what has stood still, and keeps the last capture of a
-// desk that is being left.
+// Learns the desk: captures it at every tick, saves arrangements that are stable, and keeps the last capture
+// of a desk that is being left.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -16,27 +16,27 @@ class LearningFlow {
 public:
     // A capture must be seen this many times in a row before it is learned.
     static constexpr int requiredObservations = 4;
-    // A capture older than this, in seconds, does not show the desk before a change any more.
+    // In seconds; an older capture no longer shows the desk before a change.
     static constexpr double maxPreChangeAge = 45;
 
     explicit LearningFlow(ControllerContext& context) : m_context(context) {}
 
-    // Captures in the background unless anything stands against it. Calls `onUnannouncedChange` when the
-    // displays are not the ones that last settled.
+    // Captures in the background unless something forbids it. Calls `onUnannouncedChange` when the displays
+    // are not the ones that last settled.
     void snapshotIfChanged();
     std::function<void()> onUnannouncedChange;
     // Called with every captured desk that shows windows, before anything is learned from it.
     std::function<void(const Layout& fresh)> onFreshDesk;
-    // Called with the captured desk, in place of learning, when its layout is pinned.
+    // Called with the captured desk, instead of learning, when its layout is pinned.
     std::function<void(const Layout& current)> onPinnedDesk;
-    // Called with the stored layout when the captured desk stands like it.
+    // Called with the stored layout when the captured desk matches it.
     std::function<void(const Layout& learned)> onLearnedDesk;
 
-    // A display change begins: the last capture becomes the layout of the desk that is being left.
+    // Called when a display change begins: the last capture becomes the layout of the desk being left.
     void adoptPreChangeSnapshotIfNeeded();
 
-    // Remembers the desk as it stands, pinned or not, as soon as nothing else reads it. `done` is called
-    // once, on the main thread.
+    // Saves the desk, pinned or not, as soon as nothing else is reading it. `done` is called once, on the
+    // main thread.
     void saveLayoutNow(std::function<void(const SaveOutcome&)> done);
 
 private:
@@ -52,19 +52,19 @@ private:
         return {m_context.resumeEpoch, m_context.mutationEpoch, m_context.learningEpoch};
     }
     [[nodiscard]] bool mayCapture();
-    // What is adopted when the desk is left now.
+    // Stores the capture that is adopted if the desk is left now.
     void keepForAdoption(const Layout& layout);
     void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
     [[nodiscard]] SaveOutcome finishSave(Layout layout);
-    // Saves the layout, and publishes when that fails.
+    // Saves the layout, and publishes a failure to do so.
     [[nodiscard]] bool save(const Layout& layout);
     [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
 
     ControllerContext& m_context;
     SnapshotStabilityGate m_stabilityGate{requiredObservations};
-    // Of a tick or of the user's saving.
+    // From a tick or a save by the user.
     std::optional<PreChangeSnapshot::Candidate> m_lastTickSnapshot;
-    // When it was taken; a restore or a change of layouts or rules since then makes it worthless.
+    // The epochs when it was captured; a later restore or change of layouts or rules makes it useless.
     Epochs m_lastTickEpochs;
 };
 

@@ -11,8 +11,8 @@ namespace vantrel::LiveWindows {
 
 namespace {
 
-// A capture that took this long, in seconds, waited for an application that does not answer; another one
-// would wait as long again.
+// In seconds. A slower capture waited for an application that does not respond; another one would wait as
+// long again.
 constexpr double promptCapture = 0.5;
 
 Paired capture(const std::vector<WindowRecord>& saved, const DeskCapture::Scope& scope,
@@ -22,26 +22,26 @@ Paired capture(const std::vector<WindowRecord>& saved, const DeskCapture::Scope&
     return result;
 }
 
-// Of each window whether it can be seen.
-std::vector<char> askWhichAreSeen(const Layout& layout, const std::vector<AXWindowHandle>& handles,
+// For each window, whether it is visible.
+std::vector<char> whichAreVisible(const Layout& layout, const std::vector<AXWindowHandle>& handles,
                                   Background& background) {
     std::vector<RestoreFollowUp::Moved> windows;
     for (std::size_t i = 0; i < handles.size(); ++i) {
         const WindowRecord& saved = layout.windows[i];
         windows.push_back({saved.bundleID, saved.frame, handles[i], i});
     }
-    // Not of bool, whose elements share bytes: each worker writes its own.
-    std::vector<char> areSeen(windows.size());
+    // Not vector<bool>, whose elements share bytes: each worker writes its own element.
+    std::vector<char> areVisible(windows.size());
     PerApplication::forEach(windows, background, [&](std::size_t i) {
-        areSeen[i] = RestoreFollowUp::visibleFrame(windows[i]) ? 1 : 0;
+        areVisible[i] = RestoreFollowUp::visibleFrame(windows[i]) ? 1 : 0;
     });
-    return areSeen;
+    return areVisible;
 }
 
 } // namespace
 
-// A window that moves while the desk is being read can look as if it was not on screen. So when windows are
-// missing, one more look is taken, and the better one counts.
+// A window that moves while the desk is being read can appear to be off screen. So if windows are missing, a
+// second capture is taken and the better one is used.
 Paired found(const Layout& layout, const DeskCapture::Scope& scope, Accessibility& accessibility,
              Clock& clock) {
     const double start = clock.monotonicSeconds();
@@ -56,21 +56,21 @@ Paired found(const Layout& layout, const DeskCapture::Scope& scope, Accessibilit
 Paired known(const Layout& layout, const std::vector<AXWindowHandle>& handles,
              const DeskCapture::Scope& scope, Accessibility& accessibility, Background& background) {
     const std::vector<WindowRecord>& saved = layout.windows;
-    const auto areSeen = askWhichAreSeen(layout, handles, background);
-    std::set<std::string> seenApps;
+    const auto areVisible = whichAreVisible(layout, handles, background);
+    std::set<std::string> visibleApps;
     for (std::size_t i = 0; i < saved.size(); ++i) {
-        if (areSeen[i] != 0) {
-            seenApps.insert(saved[i].bundleID);
+        if (areVisible[i] != 0) {
+            visibleApps.insert(saved[i].bundleID);
         }
     }
     Paired result;
     std::vector<std::size_t> lost;
     std::vector<WindowRecord> lostRecords;
     for (std::size_t i = 0; i < saved.size(); ++i) {
-        if (areSeen[i] != 0) {
+        if (areVisible[i] != 0) {
             result.matched.pairs.push_back({i, result.current.size()});
             result.current.push_back({saved[i], handles[i]});
-        } else if (seenApps.contains(saved[i].bundleID)) {
+        } else if (visibleApps.contains(saved[i].bundleID)) {
             result.matched.unmatchedSaved.push_back(i);
         } else {
             lost.push_back(i);
@@ -80,7 +80,7 @@ Paired known(const Layout& layout, const std::vector<AXWindowHandle>& handles,
     if (lost.empty()) {
         return result;
     }
-    // Only applications without any known window are in the list, so nothing is paired twice.
+    // Only applications without any known window are in the list, so no window is paired twice.
     Paired again = capture(lostRecords, scope, accessibility);
     for (const auto& pair : again.matched.pairs) {
         result.matched.pairs.push_back({lost[pair.saved], result.current.size()});

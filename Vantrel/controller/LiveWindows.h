@@ -1,5 +1,4 @@
-// Which live windows a restore is about: those found on the desk and paired with the layout's, or those that
-// are known to be the layout's.
+// Finds the live windows for a restore, either by matching the desk against the layout or from known handles.
 #pragma once
 
 #include "Vantrel/controller/DeskCapture.h"
@@ -13,17 +12,17 @@ namespace vantrel::LiveWindows {
 
 struct Paired {
     std::vector<CurrentWindow> current;
-    // Between the layout's windows and `current`.
+    // Pairs the layout's windows with `current`.
     MatchResult matched;
 };
 
-// Captures the desk.
+// Captures the desk and matches its windows.
 [[nodiscard]] Paired found(const Layout& layout, const DeskCapture::Scope& scope,
                            Accessibility& accessibility, Clock& clock);
 
-// Asks the handles, one for each of the layout's windows, so that no window is taken for another of the same
-// title. The windows of an application none of whose handles can be seen any more are looked for: it may have
-// been started anew.
+// Reads the handles, one for each of the layout's windows, so that windows with equal titles are not
+// confused. If none of an application's handles is visible any more, its windows are searched for: it may
+// have been restarted.
 [[nodiscard]] Paired known(const Layout& layout, const std::vector<AXWindowHandle>& handles,
                            const DeskCapture::Scope& scope, Accessibility& accessibility,
                            Background& background);

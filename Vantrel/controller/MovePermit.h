@@ -1,5 +1,5 @@
-// The right to move windows, given to one restore and taken back when the desk it was meant for is gone:
-// what a late worker still asks of a window then fails at once instead of moving it off the new desk.
+// Permission to move windows, given to one restore and revoked when its desk is no longer current. A late
+// worker's requests then fail at once instead of moving windows on the new desk.
 #pragma once
 
 #include "VantrelCore/windows/CurrentWindow.h"
@@ -10,13 +10,13 @@
 
 namespace vantrel {
 
-// Revoked on the main thread, asked and used on workers.
+// Revoked on the main thread; checked and used on workers.
 class MovePermit {
 public:
     void revoke() { m_isRevoked = true; }
     [[nodiscard]] bool isRevoked() const { return m_isRevoked; }
 
-    // A window was asked to move under this permit.
+    // Records that a window was asked to move under this permit.
     void noteUse() const { m_isUsed = true; }
     [[nodiscard]] bool isUsed() const { return m_isUsed; }
 
@@ -25,7 +25,7 @@ private:
     mutable std::atomic<bool> m_isUsed = false;
 };
 
-// The same windows; once the permit is revoked, their reads give nothing and their writes are refused.
+// Wraps the windows: once the permit is revoked, reads return nothing and writes are refused.
 [[nodiscard]] std::vector<CurrentWindow> underPermit(std::vector<CurrentWindow> windows,
                                                      const std::shared_ptr<const MovePermit>& permit);
 

@@ -1,4 +1,4 @@
-// Quietly tells the user when the windows have moved away from the scene last applied on this desk.
+// Quietly notifies the user when windows have moved away from the scene last applied on this desk.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -15,20 +15,20 @@ public:
 
     explicit NudgeFlow(ControllerContext& context) : m_context(context) {}
 
-    // The desk as it was just captured.
+    // `fresh` is the desk as just captured.
     void checkSceneDrift(const Layout& fresh);
-    // What was told does not hold any more: a scene was applied, or the desk is another one.
+    // Removes the notice: a scene was applied, or the desk changed.
     void clear();
-    // The user has seen it: this drift is not told again.
+    // The user dismissed the notice; the same drift is not reported again.
     void dismissDriftNudge();
 
 private:
-    // None when it has not drifted.
+    // None when the desk has not drifted.
     [[nodiscard]] std::optional<DriftNudgeInfo> nudge(const Scene& scene, const Layout& fresh) const;
     void publish(const std::optional<DriftNudgeInfo>& nudge);
 
     ControllerContext& m_context;
-    // Desk and scene of a drift that was dismissed, until the windows are back or a scene is applied.
+    // Desk and scene of a dismissed drift, until the windows are back or a scene is applied.
     std::optional<std::string> m_dismissedDriftKey;
 };
 

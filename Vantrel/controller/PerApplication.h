@@ -1,4 +1,4 @@
-// Works through windows with one worker per application, so that one that hangs delays no other.
+// Processes windows with one worker per application, so that a hanging application delays no other.
 #pragma once
 
 #include "Vantrel/controller/RestoreFollowUp.h"
@@ -8,7 +8,8 @@
 
 namespace vantrel::PerApplication {
 
-// Calls `work` with the index of every window; windows of one application in turn. Blocks until all are done.
+// Calls `work` with the index of every window; the windows of one application run in order. Blocks until all
+// are done.
 void forEach(const std::vector<RestoreFollowUp::Moved>& windows, Background& background,
              const std::function<void(std::size_t index)>& work);
 

@@ -1,4 +1,4 @@
-// What the status line shows: how the current desk is doing.
+// The status of the current desk, as shown in the status line.
 #pragma once
 
 #include <cstdint>
@@ -50,8 +50,8 @@ struct Phase {
 
 namespace StatusPhase {
 
-// What the status line comes back to between restores. `storedWindows` is the number of windows of the
-// desk's active layout, none without such a layout.
+// The phase between restores. `storedWindows` is the number of windows in the desk's active layout, none if
+// there is no such layout.
 [[nodiscard]] Phase resting(bool hasPermission, bool isEnabled, std::optional<std::int64_t> storedWindows);
 
 // One line for people: "12 windows remembered".

@@ -6,7 +6,7 @@ namespace vantrel {
 
 std::string PinPause::text() const {
     return fmt::format("paused until the {}: {}",
-                       cause == Cause::inVain ? "layout changes" : "displays change", reason);
+                       cause == Cause::gaveUp ? "layout changes" : "displays change", reason);
 }
 
 } // namespace vantrel

@@ -1,4 +1,4 @@
-// Why a pinned layout is left as the desk stands, and until when.
+// Why and until when a pinned layout is not enforced.
 #pragma once
 
 #include <cstdint>
@@ -8,14 +8,14 @@ namespace vantrel {
 
 struct PinPause {
     enum class Cause : std::uint8_t {
-        // The user asked for another arrangement. Until the displays change.
+        // The user asked for another arrangement. Lasts until the displays change.
         userAskedForAnother,
-        // The windows did not stay where they were put. Until the layout changes.
-        inVain,
+        // The windows did not stay in place. Lasts until the layout changes.
+        gaveUp,
     };
 
     Cause cause = Cause::userAskedForAnother;
-    // What happened: "the scene \"Work\" was applied".
+    // The event that caused it: "the scene \"Work\" was applied".
     std::string reason;
 
     bool operator==(const PinPause&) const = default;

@@ -6,7 +6,7 @@ namespace vantrel {
 
 namespace {
 
-// As DriftGuard has it, in points.
+// The same tolerance as DriftGuard, in points.
 constexpr double driftTolerance = 2;
 
 std::string reasonFor(const RestoreRequest& request) {
@@ -23,7 +23,7 @@ std::string reasonFor(const RestoreRequest& request) {
     return "another layout was applied";
 }
 
-// Under whatever name.
+// Ignores the layout's name.
 bool isSameArrangement(const std::optional<Layout>& a, const std::optional<Layout>& b) {
     return a.has_value() == b.has_value() &&
            (!a || (a->configID == b->configID && a->savedAt == b->savedAt && a->windows == b->windows));
@@ -66,12 +66,12 @@ void PinnedFlow::observe(const Layout& current) {
 }
 
 void PinnedFlow::enforce(const Layout& pinned) {
-    // What the user asked for meanwhile comes first; a drift that is left is seen again.
+    // What the user has requested meanwhile takes precedence; a remaining drift is noticed again.
     if (m_context.state().pinPause || m_context.restoreInFlight) {
         return;
     }
     if (m_strikes == maxStrikes) {
-        publish(PinPause{PinPause::Cause::inVain, "its windows did not stay in place"});
+        publish(PinPause{PinPause::Cause::gaveUp, "its windows did not stay in place"});
         m_context.log("pinned drift persists after 3 enforcements, pausing until the layout changes");
         return;
     }
@@ -85,7 +85,7 @@ void PinnedFlow::enforce(const Layout& pinned) {
 bool PinnedFlow::asksForAnother(const RestoreRequest& request) const {
     Layout asked = request.layout;
     asked.layoutName = m_pinned->layoutName;
-    // A scene may start applications besides.
+    // A scene may also start applications.
     const bool opensWindows = request.scene && !request.scene->ghosts.empty();
     return opensWindows || !asked.geometryMatches(*m_pinned, driftTolerance);
 }

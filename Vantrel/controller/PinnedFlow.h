@@ -1,5 +1,5 @@
-// Keeps a pinned layout in place: puts it back when the desk has drifted from it. Gives up when that does not
-// help, and pauses until the displays change when the user asks for another arrangement.
+// Keeps a pinned layout in place by restoring it when the desk drifts. Gives up after repeated failures, and
+// pauses until the displays change when the user asks for another arrangement.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -12,9 +12,9 @@ namespace vantrel {
 
 class PinnedFlow {
 public:
-    // A drift must be seen this many times in a row: a window that is just being dragged is left alone.
+    // A drift must be seen this many times in a row, so that a window being dragged is left alone.
     static constexpr std::int64_t requiredObservations = 2;
-    // After so many restores in vain something else is stronger.
+    // Gives up after this many failed attempts.
     static constexpr int maxStrikes = 3;
 
     PinnedFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}
@@ -22,16 +22,16 @@ public:
     // The desk was captured while its active layout is pinned. Called before the capture's pass ends.
     void observe(const Layout& current);
 
-    // A restore has finished. One of another arrangement pauses, one of the pinned layout ends that.
+    // A restore has finished. Another arrangement starts a pause; the pinned layout ends it.
     void restored(const RestoreRequest& request);
-    // The user wants the layout to be kept again, or the displays have settled.
+    // The user wants the layout enforced again, or the displays have settled.
     void endPauseForUser();
     // The stored layouts, or which of them is active or pinned, may have changed.
     void layoutsChanged();
 
 private:
     void enforce(const Layout& pinned);
-    // Starts to count anew when it is not the layout that the counts are about.
+    // Resets the counts when `pinned` is not the layout they apply to.
     void follow(const std::optional<Layout>& pinned);
     void publish(const std::optional<PinPause>& pause);
     [[nodiscard]] bool asksForAnother(const RestoreRequest& request) const;
@@ -39,9 +39,9 @@ private:
     ControllerContext& m_context;
     RestoreRunner& m_runner;
     DriftGuard m_driftGuard{requiredObservations};
-    // Restores since the desk last stood as pinned.
+    // Restores since the desk last matched the pinned layout.
     int m_strikes = 0;
-    // What the counts are about.
+    // The layout that the counts apply to.
     std::optional<Layout> m_pinned;
 };
 

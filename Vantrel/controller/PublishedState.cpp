@@ -27,7 +27,7 @@ const std::string& PublishedState::deskName() const {
     if (active != nullptr) {
         return active->name;
     }
-    // The active name may stand for a layout that is yet to be learned.
+    // The active name may belong to a layout that has not been learned yet.
     return currentLayouts.empty() ? configName : currentLayouts.front().name;
 }
 

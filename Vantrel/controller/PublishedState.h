@@ -1,4 +1,4 @@
-// Everything that the controller shows to menus, windows and commands.
+// The state that the controller publishes to menus, windows and commands.
 #pragma once
 
 #include "Vantrel/controller/DriftNudgeInfo.h"
@@ -25,10 +25,10 @@
 
 namespace vantrel {
 
-// An arrangement of the present desk that recurs and is no scene yet.
+// A recurring arrangement of the current desk that is not a scene yet.
 struct PatternSuggestionInfo {
     std::string configID;
-    // As PatternSuggestion::signature gives it.
+    // As returned by PatternSuggestion::signature.
     std::vector<std::string> signature;
 
     bool operator==(const PatternSuggestionInfo&) const = default;
@@ -37,9 +37,10 @@ struct PatternSuggestionInfo {
 struct HotKeyStatus {
     enum class State : std::uint8_t {
         registered,
-        // The system does not give it: another program holds it, or this keyboard has no such key.
+        // The system refused it: another program holds it, or this keyboard has no such key.
         refused,
-        // Stored for a command that this version does not have; the keys are left to other programs.
+        // Stored for a command that this version does not have; not registered, so other programs can use the
+        // keys.
         notAvailableYet,
     };
 
@@ -53,7 +54,7 @@ struct PublishedState {
     struct LastRestore {
         Date date;
         std::string configID;
-        // What asked for it, in words: "display change".
+        // The cause, in words: "display change".
         std::string reason;
         RestoreReport report;
 
@@ -61,81 +62,81 @@ struct PublishedState {
     };
 
     Phase phase;
-    // Learning and restoring are switched on by the user.
+    // The user has learning and restoring switched on.
     bool enabled = true;
-    // Whether this process may read and move windows, as last looked.
+    // Whether this process may read and move windows, as of the last check.
     bool hasPermission = false;
-    // The last attempt to remember the desk failed; the next capture that differs tries again.
+    // The last attempt to save the desk failed; the next capture that differs tries again.
     bool learningFailed = false;
-    // What is wrong with the program's files, oldest first.
+    // Problems with the program's files, oldest first.
     std::vector<FileIncident> fileIncidents;
-    // The current desk; empty while there are no displays.
+    // The current desk's ID; empty while there are no displays.
     std::string configID;
     std::string configName;
-    // The desk as the user named it, and the layout's name where it is not "Default".
+    // The desk's name as the user gave it, and the layout's name unless it is "Default".
     std::string layoutTitle;
     std::vector<DisplayInfo> displays;
-    // Counts the changes of the layout store.
+    // Incremented when the layout store changes.
     std::int64_t layoutsVersion = 0;
     // The stored layouts of the current desk.
     std::vector<Layout> currentLayouts;
     std::string activeLayoutName = Layout::defaultName;
     bool activePinned = false;
-    // Only of a pinned layout: it is left as the desk stands.
+    // Only for a pinned layout: why it is not enforced at the moment.
     std::optional<PinPause> pinPause;
     // The scenes of all desks, in the order of creation.
     std::vector<Scene> scenes;
-    // Counts the changes of the scene store.
+    // Incremented when the scene store changes.
     std::int64_t scenesVersion = 0;
-    // Of the current desk; the scene may have been deleted since.
+    // For the current desk; the scene may have been deleted since.
     std::optional<std::string> lastAppliedSceneID;
     // The windows of the current desk have moved away from that scene.
     std::optional<DriftNudgeInfo> driftNudge;
     // Oldest first; their scenes may have been deleted since.
     std::vector<SceneTrigger> triggers;
-    // Counts the changes of the trigger store.
+    // Incremented when the trigger store changes.
     std::int64_t triggersVersion = 0;
-    // A calendar trigger waits, and no calendar may be read.
+    // A calendar trigger exists, but calendars may not be read.
     bool calendarAccessNeeded = false;
     std::optional<PatternSuggestionInfo> patternSuggestion;
     std::optional<LastRestore> lastRestore;
-    // Counts the changes of the restore history.
+    // Incremented when the restore history changes.
     std::int64_t restoreLogVersion = 0;
     RestoreReceipts receipts;
     UsageStats usage;
     // None before the first restore of this run.
     std::optional<LastAction> lastAction;
-    // The desks put aside, newest first.
+    // The stashed desks, newest first.
     std::vector<Stash> stashes;
-    // Counts their changes.
+    // Incremented when the stashes change.
     std::int64_t stashesVersion = 0;
     // What undo would bring back, on the slot's desk; none when there is nothing to undo.
     std::optional<UndoSlot> undoSlot;
-    // Applying a scene hides the applications that it does not hold.
+    // Applying a scene hides the applications that are not in it.
     bool hideOthersOnSceneSwitch = false;
     // The tab that the workbench shows, or opens with.
     WorkbenchTab workbenchTab = WorkbenchTab::scenes;
-    // The recorder of the quick switcher's shortcut waits for keys as soon as the settings are shown.
+    // The quick switcher's shortcut recorder waits for keys as soon as the settings are shown.
     bool pendingQuickSwitcherArm = false;
-    // Every shortcut that is stored, fixed commands first.
+    // Every stored shortcut, fixed commands first.
     std::vector<HotKeyStatus> hotKeys;
     std::string version;
-    // The newer version on offer; none when this one is current, as far as is known.
+    // The newer version on offer; none when this one is the latest, as far as is known.
     std::optional<std::string> latestAvailable;
     Entitlement entitlement;
 
     bool operator==(const PublishedState&) const = default;
 
-    // The windows remembered in the active layout of the current desk, none without such a layout.
+    // The number of windows in the current desk's active layout, none without such a layout.
     [[nodiscard]] std::optional<std::int64_t> windowsLearned() const;
     [[nodiscard]] const Layout* activeLayout() const;
-    // Since the user asked for another arrangement than the pinned one.
+    // True once the user has asked for another arrangement than the pinned one.
     [[nodiscard]] bool isPinPausedForUser() const;
-    // The current desk as the user named it, else configName.
+    // The name the user gave the current desk, else configName.
     [[nodiscard]] const std::string& deskName() const;
     // The newest stash of the current desk.
     [[nodiscard]] const Stash* activeStash() const;
-    // The undo slot when it is about the current desk.
+    // The undo slot if it belongs to the current desk.
     [[nodiscard]] const UndoSlot* applicableUndo() const;
     // The scene last applied on the current desk; null when there is none or it was deleted.
     [[nodiscard]] const Scene* lastAppliedScene() const;

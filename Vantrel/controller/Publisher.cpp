@@ -32,7 +32,7 @@ void Publisher::notify() {
     for (const auto& [id, observer] : m_observers) {
         ids.push_back(id);
     }
-    // An observer may add and remove observers, itself too.
+    // An observer may add and remove observers, including itself.
     for (const ObserverID id : ids) {
         const auto found = m_observers.find(id);
         if (found != m_observers.end()) {

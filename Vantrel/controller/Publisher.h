@@ -1,4 +1,4 @@
-// Keeps the published state and tells its observers when it has changed.
+// Holds the published state and notifies observers when it changes.
 #pragma once
 
 #include "Vantrel/controller/PublishedState.h"
@@ -12,7 +12,7 @@
 namespace vantrel {
 
 // Lives on the main thread. Observers are called from the main queue soon after a change, once for all
-// changes of one turn, so they may call the controller back without finding it half-way.
+// changes of one turn, so they can call the controller without finding it in an intermediate state.
 class Publisher {
 public:
     using ObserverID = std::uint64_t;
@@ -21,7 +21,7 @@ public:
 
     [[nodiscard]] const PublishedState& state() const { return m_state; }
 
-    // Changes the state in place: who holds a reference into it loses nothing but what is changed.
+    // Changes the state in place; references to unchanged parts stay valid.
     template <typename Change>
     void publish(Change&& change) {
         const PublishedState before = m_state;
@@ -43,7 +43,7 @@ private:
     std::map<ObserverID, std::function<void()>> m_observers;
     ObserverID m_lastID = 0;
     bool m_isNotifying = false;
-    // Expires with the publisher, so that a notification under way finds nobody.
+    // Expires with the publisher, so that a pending notification does nothing.
     std::shared_ptr<Publisher*> m_self = std::make_shared<Publisher*>(this);
 };
 

@@ -1,6 +1,6 @@
-// The windows of programs that are not running now, as the desk's layout last held them. A layout is learned
-// from what is on screen, so a program that was ended, or not started yet after a login, soon falls out of
-// it.
+// The windows of programs that are not running now, as the desk's layout last held them. Layouts are learned
+// from what is on screen, so a program that has quit, or has not started yet after a login, soon drops out of
+// them.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -12,16 +12,16 @@
 
 namespace vantrel {
 
-// Kept for this run of the program.
+// Kept in memory only, for this run of the program.
 class RememberedWindows {
 public:
-    // The desk's layouts as they are stored now. What was remembered of any other layout of it is forgotten.
+    // `layouts` are the desk's stored layouts. Forgets the windows of any other layout of this desk.
     void note(const std::string& configID, const std::vector<Layout>& layouts);
 
-    // The layout has another name from now on.
+    // Moves the remembered windows to the layout's new name.
     void rename(const std::string& configID, const std::string& name, const std::string& newName);
 
-    // With the windows of the applications that it holds no more, behind its own.
+    // Appends the remembered windows of applications that `layout` no longer contains.
     [[nodiscard]] Layout completed(Layout layout) const;
 
 private:

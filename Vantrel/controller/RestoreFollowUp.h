@@ -1,5 +1,5 @@
-// Which windows a restore brought to their places, and which of those have been displaced since: what to look
-// at again while the window manager may still be working off a display change.
+// Determines which windows a restore put in place, and which have been displaced since. The follow-up checks
+// them again while the window manager may still be processing a display change.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -14,35 +14,35 @@
 
 namespace vantrel::RestoreFollowUp {
 
-// A window that a restore was to bring to `target`. The handle, not the title, says which window it is:
-// titles change and windows of one title are many.
+// A window that a restore was to move to `target`. It is identified by its handle, not its title: titles
+// change, and several windows can have the same one.
 struct Moved {
     std::string bundleID;
     Rect target;
     AXWindowHandle handle;
-    // Which item of the report tells of it.
+    // The report's item for this window.
     std::size_t item = 0;
-    // Tells whether the user has moved it since; it then stays where it is, whatever else moves it. Null as
-    // long as nobody watches, and where the platform cannot tell.
+    // Reports whether the user has moved the window since; if so, it stays where it is, whatever else moves
+    // it. Null while nothing watches, and where the platform cannot tell.
     std::shared_ptr<UserMoveWatch> userMoves = nullptr;
 };
 
-// The windows that `report` does not call skipped. `layout`, `current` and `matched` are what the restore was
-// given; the report lists the paired windows of one application in the order of the pairs.
+// The windows that `report` does not list as skipped. `layout`, `current` and `matched` are the restore's
+// inputs; the report lists the paired windows of one application in the order of the pairs.
 [[nodiscard]] std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>& current,
                                        const MatchResult& matched, const RestoreReport& report);
 
-// Those among them that `report` calls restored or retried.
+// The moved windows that `report` lists as restored or retried.
 [[nodiscard]] std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report);
 
-// Watches from now on whether the user moves it, where the platform can tell.
+// Starts watching for moves by the user, where the platform can tell.
 void watch(Moved& window);
 
-// Asks the window; none for one that is gone, minimised or full screen.
+// Reads the window's frame; none if it is closed, minimized or full screen.
 [[nodiscard]] std::optional<Rect> visibleFrame(const Moved& window);
 
-// True when a window that can be seen stands elsewhere than the restore left it. None for a window that is
-// gone, minimised or full screen: it is not in anybody's way.
+// True when a visible window is not where the restore left it. False when `frame` is none: a closed,
+// minimized or full-screen window is in nobody's way.
 [[nodiscard]] bool isDisplaced(const std::optional<Rect>& frame, const Rect& target,
                                RestoreEngine::Sizes sizes);
 

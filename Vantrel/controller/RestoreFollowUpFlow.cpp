@@ -14,7 +14,7 @@ namespace {
 
 using RestoreFollowUp::Moved;
 
-// Seconds after the end of the restore.
+// In seconds after the end of the restore.
 constexpr double lookTimes[] = {1, 3, 7};
 
 enum class Finding : std::uint8_t { nothing, putBack, leftToUser, leftUnwatched };
@@ -24,7 +24,7 @@ Finding look(const Moved& window, RestoreEngine::Sizes sizes) {
         return Finding::nothing;
     }
     if (!window.userMoves) {
-        // Perhaps the user has just put it there.
+        // The user may have just moved it there.
         return Finding::leftUnwatched;
     }
     if (window.userMoves->hasSeenUser()) {
@@ -35,7 +35,7 @@ Finding look(const Moved& window, RestoreEngine::Sizes sizes) {
                                                                                  : Finding::nothing;
 }
 
-// What was found of each window, in their order.
+// The finding for each window, in order.
 std::vector<Finding> lookAt(const std::vector<Moved>& landed, RestoreEngine::Sizes sizes,
                             Background& background) {
     std::vector<Finding> findings(landed.size());
@@ -44,7 +44,7 @@ std::vector<Finding> lookAt(const std::vector<Moved>& landed, RestoreEngine::Siz
     return findings;
 }
 
-// The report's items of the windows of which that was found.
+// The report items of windows with this finding.
 std::vector<std::size_t> itemsOf(const std::vector<Moved>& landed, const std::vector<Finding>& findings,
                                  Finding finding) {
     std::vector<std::size_t> items;
@@ -71,7 +71,7 @@ void RestoreFollowUpFlow::begin(std::vector<Moved> landed) {
             }
             look();
             if (seconds == std::rbegin(lookTimes)[0]) {
-                // Nobody watches for longer than anybody looks.
+                // Stop watching after the last check.
                 m_landed.clear();
             }
         }));
@@ -107,7 +107,7 @@ void RestoreFollowUpFlow::look() {
             if (epoch == m_epoch) {
                 leaveAlone(itemsOf(landed, *findings, Finding::leftToUser), "to the user");
                 leaveAlone(itemsOf(landed, *findings, Finding::leftUnwatched),
-                           "alone, as the user's own moves cannot be told apart here");
+                           "alone, because user moves cannot be detected here");
             }
         });
 }

@@ -63,7 +63,7 @@ void RestoreHistory::record(const RestoreRequest& request, const RestorePass::Re
     auto lessons = m_latest->items;
     if (result.isAbandoned) {
         m_latest->reason += " (abandoned: the displays changed)";
-        // It was this program that did not go on, not the applications that refused.
+        // This program stopped; the applications did not refuse.
         std::erase_if(lessons, [](const RestoreLog::Item& item) {
             return item.outcome == RestoreLog::Outcome::failed;
         });

@@ -1,5 +1,5 @@
-// What every restore leaves behind: the history entry, receipt and usage for the user, and what it taught of
-// the applications, for the next restore.
+// Records every restore: the history entry, receipt and usage totals for the user, and what was learned about
+// the applications for the next restore.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -16,23 +16,23 @@ namespace vantrel {
 
 class RestoreHistory {
 public:
-    // Publishes what is stored. The stores outlive it.
+    // Publishes the stored totals. The stores outlive this object.
     RestoreHistory(ControllerContext& context, ControllerStores& stores);
 
-    // A restore has come to its end, or was abandoned when it had moved windows. A write that fails is logged
-    // and stops nothing.
+    // Records a restore that has ended, or was abandoned after it had moved windows. Write failures are
+    // logged and otherwise ignored.
     void record(const RestoreRequest& request, const RestorePass::Result& result);
 
-    // These items of the report last recorded, by index, were displaced afterwards and put back once more;
-    // its entry then says that they needed a retry.
+    // These items of the last recorded report, by index, were displaced afterwards and put back; the entry
+    // then lists them as retried.
     void addFollowUp(const std::vector<std::size_t>& items);
 
-    // The windows of these items of the report last recorded have come since then and are in place. They
-    // count like those that the restore itself has put there.
+    // The windows of these items of the last recorded report have appeared since and are in place. They count
+    // as if the restore itself had placed them.
     void addSettled(const std::vector<std::size_t>& items,
                     const std::vector<AppSizeBehaviorStore::Observation>& sizes);
 
-    // Publishes receipts and usage as they are stored.
+    // Publishes the stored receipts and usage totals.
     void showStored();
 
     // Applications that have failed often.
@@ -50,7 +50,7 @@ private:
 
     ControllerContext& m_context;
     ControllerStores& m_stores;
-    // The newest entry of the log, as long as a follow-up may add to it.
+    // The newest log entry, while a follow-up may still add to it.
     std::optional<RestoreLog::Entry> m_latest;
 };
 

@@ -20,21 +20,21 @@ std::string RestoreOutcome::text() const {
     case Kind::needsPermission:
         return "The permission to read and move windows is missing.";
     case Kind::notEntitled:
-        return "The license does not allow it.";
+        return "The license does not allow moving windows.";
     case Kind::displaysChanging:
         return "The displays are changing. Try again when they have settled.";
     case Kind::nothingStored:
         return "Nothing is remembered for this desk yet.";
     case Kind::noSuchLayout:
-        return "There is no layout of that name.";
+        return "There is no layout with that name.";
     case Kind::noSuchStash:
         return "That stash no longer exists.";
     case Kind::emptyLayout:
-        return "It holds no window.";
+        return "It contains no windows.";
     case Kind::restoreInFlight:
         return "A restore is running. Try again when it has finished.";
     case Kind::writeFailed:
-        return "It could not be written to disk. Nothing was changed.";
+        return "The change could not be written to disk. Nothing was changed.";
     case Kind::nothingToUndo:
         return "There is nothing to undo.";
     case Kind::undoElsewhere:
@@ -42,7 +42,7 @@ std::string RestoreOutcome::text() const {
     case Kind::superseded:
         return "A newer restore took its place.";
     case Kind::failed:
-        return "It was stopped by an error; the log has it. Some windows may have been moved.";
+        return "An error stopped the restore. Some windows may have been moved. See the log for details.";
     }
     return "";
 }

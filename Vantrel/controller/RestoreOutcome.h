@@ -1,4 +1,4 @@
-// What became of a restore that the user asked for.
+// The outcome of a restore that the user asked for.
 #pragma once
 
 #include "VantrelCore/windows/RestoreReport.h"
@@ -10,30 +10,30 @@
 namespace vantrel {
 
 struct RestoreOutcome {
-    // Told once, on the main thread.
+    // Called once, on the main thread.
     using Done = std::function<void(const RestoreOutcome&)>;
 
     enum class Kind : std::uint8_t {
-        // It ran to its end; the report says of every window what became of it.
+        // Ran to its end; the report has the outcome for every window.
         finished,
         switchedOff,
         needsPermission,
         notEntitled,
         displaysChanging,
         nothingStored,
-        // What was asked for does not exist any more, or holds no window.
+        // The requested layout or stash no longer exists, or contains no windows.
         noSuchLayout,
         noSuchStash,
         emptyLayout,
-        // A restore runs, and this one may not wait for it.
+        // Another restore is running, and this one cannot be queued behind it.
         restoreInFlight,
         writeFailed,
         nothingToUndo,
         // The last restore was on another desk and can be undone there.
         undoElsewhere,
-        // A newer request took its place in the queue.
+        // A newer request replaced it in the queue.
         superseded,
-        // An error inside the program; the log has it.
+        // An internal error; see the log.
         failed,
     };
 
@@ -43,7 +43,7 @@ struct RestoreOutcome {
 
     bool operator==(const RestoreOutcome&) const = default;
 
-    // Tells `done`, if any, that nothing is going to move; returns false.
+    // Calls `done`, if set, with the reason why nothing is going to move. Returns false.
     static bool refuse(Kind kind, const Done& done);
 
     // A sentence for people.

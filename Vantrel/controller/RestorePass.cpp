@@ -12,7 +12,7 @@ namespace vantrel::RestorePass {
 
 Result run(const Task& task, Accessibility& accessibility, Clock& clock, Background& background) {
     if (task.trigger == RestoreTrigger::automatic || task.awaitsQuiet) {
-        // The window manager answers a display change by moving windows itself, after the displays settled.
+        // After the displays settle, the window manager moves windows itself in response to the change.
         accessibility.awaitQuiet();
     }
     if (task.permit->isRevoked()) {
@@ -48,7 +48,7 @@ Result run(const Task& task, Accessibility& accessibility, Clock& clock, Backgro
     }
     result.landed = RestoreFollowUp::landed(std::move(moved), result.report);
     if (task.trigger == RestoreTrigger::automatic) {
-        // Before anybody is told of the end: what the user does from then on counts.
+        // Before the end is announced: user moves count from then on.
         PerApplication::forEach(result.landed, background,
                                 [&](std::size_t index) { RestoreFollowUp::watch(result.landed[index]); });
     }

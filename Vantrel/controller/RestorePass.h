@@ -1,4 +1,4 @@
-// The background part of a restore: wait for the window system, capture, pair and move.
+// The background part of a restore: waits for the window system, captures, matches and moves windows.
 #pragma once
 
 #include "Vantrel/controller/DeskCapture.h"
@@ -14,13 +14,13 @@
 
 namespace vantrel::RestorePass {
 
-// Values only, so that a worker can own it: the request's callbacks stay on the main thread.
+// Values only, so that a worker can own it. The request's callbacks stay on the main thread.
 struct Task {
     Layout layout;
     RestoreTrigger trigger = RestoreTrigger::manual;
     bool awaitsQuiet = false;
     std::optional<SceneOnDesk> scene;
-    // Of an undo: the live windows that the layout's windows are, index by index.
+    // For an undo: the live windows that correspond to the layout's windows, index by index.
     std::optional<std::vector<AXWindowHandle>> known;
     RestoreEngine::Options options;
     DeskCapture::Scope scope;
@@ -35,19 +35,19 @@ struct Before {
 
 struct Result {
     RestoreReport report;
-    // The windows that the restore brought to their places.
+    // The windows that the restore put in place.
     std::vector<RestoreFollowUp::Moved> landed;
-    // None unless the restore asked for sizes.
+    // Empty unless the restore set sizes.
     std::vector<AppSizeBehaviorStore::Observation> sizes;
-    // The permit was revoked before the end: the report does not tell how the desk stands.
+    // The permit was revoked before the end, so the report does not describe the desk.
     bool isAbandoned = false;
-    // None of an undo, which came with its handles.
+    // None for an undo, which brings its own handles.
     std::optional<Before> before = std::nullopt;
-    // Everything was in place already.
+    // Everything was already in place.
     bool changedNothing = false;
-    // Windows that were not in place were asked to move, perhaps not all of them.
+    // At least some of the windows that were not in place were asked to move.
     bool hasMovedWindows = false;
-    // Of a scene.
+    // For a scene.
     std::optional<ScenePass::Result> scene = std::nullopt;
 };
 

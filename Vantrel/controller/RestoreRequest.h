@@ -1,4 +1,4 @@
-// One restore that somebody asked for: waiting for its turn, or running.
+// A request for one restore, waiting or running.
 #pragma once
 
 #include "Vantrel/controller/RestoreOutcome.h"
@@ -19,10 +19,10 @@ struct Result;
 
 enum class Announcement : std::uint8_t { silent, announce };
 
-// Who started it: a display change, after which the window manager may still be moving windows, or a person.
+// What started it: a display change, after which the window manager may still be moving windows, or a person.
 enum class RestoreTrigger : std::uint8_t { automatic, manual };
 
-// What the usage totals count it as.
+// The category in the usage totals.
 enum class RestorePurpose : std::uint8_t { restore, sceneSwitch, stashReturn, undo };
 
 struct RestoreRequest {
@@ -34,24 +34,25 @@ struct RestoreRequest {
     RestoreTrigger trigger = RestoreTrigger::manual;
     RestorePurpose purpose = RestorePurpose::restore;
     Announcement announcement = Announcement::silent;
-    // What the announcement gives as the cause: "LG UltraFine reconnected".
+    // The cause to announce: "LG UltraFine reconnected".
     std::string announcedCause{};
     std::optional<std::string> sceneName = std::nullopt;
-    // The scene whose layout this is: its open slots are filled too.
+    // The scene that the layout belongs to; its open slots are filled too.
     std::optional<SceneOnDesk> scene = std::nullopt;
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
-    // Of an undo: the live windows that the layout's windows are, index by index. Else they are looked for.
+    // For an undo: the live windows that correspond to the layout's windows, index by index. Otherwise the
+    // windows are matched.
     std::vector<AXWindowHandle> handles = {};
-    // If any, called on the main thread when its turn has come, before anything is read or moved; may still
-    // change what is restored, but not the desk.
+    // If set, called on the main thread when its turn comes, before anything is read or moved. May change
+    // what is restored, but not the desk.
     std::function<void(RestoreRequest&)> prepare = {};
-    // The window system is to work off first what it has been asked for.
+    // Wait until the window system has processed earlier requests.
     bool awaitsQuiet = false;
-    // If any, called when an undo has taken this restore back.
+    // If set, called when an undo has reverted this restore.
     std::function<void()> undone = {};
-    // If any, told when it has run to its end, before `done` and history; may add to what the report tells.
+    // If set, called at the end of the restore, before `done` and the history; may add to the report.
     std::function<void(RestorePass::Result&)> finished = {};
-    // If any, told what came of it.
+    // If set, called with the outcome.
     RestoreOutcome::Done done = {};
 
     void tell(const RestoreOutcome& outcome) const {

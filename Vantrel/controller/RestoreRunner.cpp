@@ -19,7 +19,7 @@ void RestoreRunner::perform(RestoreRequest request) {
         queue(std::move(request));
     } else if (m_context.axWorkInFlight()) {
         m_context.log("restore queued: a capture is in flight");
-        // If it is a follow-up, this restore ends it.
+        // The capture may be a follow-up, which this restore ends.
         abandonMoves();
         queue(std::move(request));
     } else {
@@ -83,7 +83,7 @@ void RestoreRunner::start(RestoreRequest request) {
         [this, request = std::move(request)](std::optional<RestorePass::Result> result) {
             finish(request, std::move(result));
         });
-    // From here on finish() is certain to be called.
+    // From here on finish() is guaranteed to be called.
     m_context.restoreInFlight = true;
     ++m_context.mutationEpoch;
     m_context.showPhase({Phase::Restoring{count}});
@@ -122,7 +122,7 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
         return;
     }
     m_context.log(ControllerText::restoreReport(result.report));
-    // Whoever waits need not wait for the files.
+    // Callers waiting for the outcome need not wait for the files.
     request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
     m_context.guarded([&] { m_history.record(request, result); });
     publishReport(request, result.report);
@@ -160,7 +160,7 @@ void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreRe
     });
     m_context.showPhase({Phase::Restored{restored, report.elapsed}});
     m_context.refreshStatus();
-    // A scene has more to tell.
+    // Scenes make their own announcement.
     if (request.announcement == Announcement::announce && !request.scene) {
         m_context.announce(HUD::Done{restored, report.elapsed, request.announcedCause});
     }

@@ -1,4 +1,4 @@
-// The one way to move windows: runs one restore at a time and keeps the newest request that came meanwhile.
+// Runs all restores, one at a time, and queues the newest request that arrives meanwhile.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -15,15 +15,15 @@ class RestoreRunner {
 public:
     RestoreRunner(ControllerContext& context, RestoreHistory& history);
 
-    // Starts at once, or after the restore or pass that is running, in place of any request that waits
-    // already. A request whose desk is gone when its turn comes is dropped.
+    // Starts at once, or after the running restore or pass, replacing any request that is already queued. A
+    // request whose desk is no longer current when its turn comes is dropped.
     void perform(RestoreRequest request);
 
-    // Called when a restore has come to its end, before its `done`, and when one was abandoned that had moved
-    // windows: what it was and what it found.
+    // Called with the request and its result when a restore has ended, before its `done`, and when one was
+    // abandoned after it had moved windows.
     std::function<void(const RestoreRequest&, const RestorePass::Result&)> onFinished = [](const auto&...) {};
 
-    // The desk is going away: what still moves windows for it stops.
+    // Stops all moves for the current desk, which is about to change.
     void abandonMoves();
 
 private:

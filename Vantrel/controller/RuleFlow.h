@@ -1,4 +1,4 @@
-// The user's rules per application: what is stored, and which applications rules can be made for.
+// The user's rules per application: the stored rules, and the applications that can have rules.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -16,7 +16,7 @@ enum class RuleProblem : std::uint8_t { writeFailed, notFound };
 
 [[nodiscard]] std::string text(RuleProblem problem);
 
-// Rules are read afresh by every capture and every restore, so a change holds from the next one on.
+// Every capture and restore reads the rules afresh, so a change takes effect from the next one on.
 class RuleFlow {
 public:
     struct KnownApp {
@@ -33,10 +33,10 @@ public:
     std::expected<void, RuleProblem> setRule(const AppRule& rule);
     std::expected<void, RuleProblem> removeRule(const std::string& bundleID);
 
-    // Applications of which something is stored, by name.
+    // Applications that appear in stored data, sorted by name.
     [[nodiscard]] std::vector<KnownApp> knownApps();
-    // The application that a user calls so, by identifier or by name, in whatever case; also one that is
-    // installed but was never seen, by its identifier. None when nobody knows it.
+    // Finds an application by identifier or name, ignoring case. Also finds an installed application that was
+    // never seen, by its identifier only. None when it is unknown.
     [[nodiscard]] std::optional<KnownApp> app(std::string_view called);
 
 private:

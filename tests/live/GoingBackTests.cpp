@@ -58,7 +58,7 @@ TEST_P(GoingBack, LayoutsAreSwitchedAndAPinnedOneThatIsDraggedAwayIsPutBack) {
     desk.done({"save"});
     const auto work = drag({1600, 300}, {40, 400});
     EXPECT_THAT(desk.done({"layouts", "save", "Work"}), HasSubstr("as \"Work\""));
-    EXPECT_THAT(desk.refused({"layouts", "switch", "Play"}), HasSubstr("There is no layout of that name."));
+    EXPECT_THAT(desk.refused({"layouts", "switch", "Play"}), HasSubstr("There is no layout with that name."));
     desk.done({"layouts", "switch", "Default"});
     EXPECT_EQ(frames(), home);
     desk.done({"layouts", "apply", "Work"});

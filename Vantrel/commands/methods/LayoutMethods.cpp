@@ -38,7 +38,7 @@ void apply(AppController& controller, const std::string& desk, const std::string
         found = find(&Layout::name);
     }
     if (found == all.end()) {
-        reply(refused("There is no layout of that name."));
+        reply(refused("There is no layout with that name."));
     } else {
         controller.layouts().applyLayout(*found, ControlAnswers::restoreReply(reply));
     }
