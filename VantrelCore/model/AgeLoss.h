@@ -1,4 +1,4 @@
-// How many of its records a store lost because they were too old.
+// How many records a store dropped because of their age.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@ struct AgeLoss {
     std::size_t held = 0;
     std::size_t dropped = 0;
 
-    // More than half: perhaps not the records are too old, but the clock is wrong.
+    // More than half were dropped: the clock may be wrong rather than the records old.
     [[nodiscard]] bool isMost() const { return dropped * 2 > held; }
 };
 

@@ -1,4 +1,4 @@
-// How restores of one application's windows ended, counted, and the verdict whether it is stubborn.
+// Counts the outcomes of restoring one application's windows, and judges whether it is stubborn.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -28,15 +28,15 @@ struct AppReliability {
 
     // Skipped windows are not attempts.
     [[nodiscard]] std::int64_t attempts() const;
-    // At their place at once or after a retry.
+    // In place at once or after a retry.
     [[nodiscard]] std::int64_t landed() const;
-    // The part of the attempts that failed; none without attempts.
+    // The fraction of attempts that failed; none without attempts.
     [[nodiscard]] std::optional<double> failureRate() const;
     // Enough attempts for a verdict, and more than `stubbornFailureRate` of them failed.
     [[nodiscard]] bool isStubborn() const;
 
-    // Counts one window of this application. `lastSeen` never goes back; `appName` follows the newest item
-    // that has a name, because an application may be renamed or show another language.
+    // Counts one window of this application. `lastSeen` never goes back. `appName` comes from the newest item
+    // that has one, as applications can be renamed or change language.
     [[nodiscard]] AppReliability ingesting(const RestoreLog::Item& item, Date at) const;
 };
 

@@ -17,7 +17,7 @@ struct AppRule {
     // Its windows belong on the display with this `DisplayInfo::uuid`.
     struct ForceDisplay {
         std::string uuid;
-        // Shown to the user, also while the display is away.
+        // Shown to the user even while the display is disconnected.
         std::string displayName;
 
         bool operator==(const ForceDisplay&) const = default;
@@ -28,7 +28,7 @@ struct AppRule {
     std::string bundleID;
     std::string appName;
     Action action;
-    // True: its windows are placed after all others; absent means false.
+    // Whether its windows are placed after all others; absent means false.
     std::optional<bool> restoreLast;
 
     bool operator==(const AppRule&) const = default;

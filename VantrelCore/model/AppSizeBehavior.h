@@ -1,5 +1,5 @@
-// What an application does when its windows are asked to take a size, learned sample by sample: it takes any
-// size, it always stays at one, or it refuses to go below some minimum.
+// How an application responds to resize requests, learned from samples: it accepts any size, always keeps one
+// size, or refuses to go below a minimum.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -27,13 +27,13 @@ struct AppSizeBehavior {
         bool operator==(const Flexible&) const = default;
     };
 
-    // Ends at this size whatever is asked.
+    // Keeps this size whatever is requested.
     struct FixedSize {
         Size size;
         bool operator==(const FixedSize&) const = default;
     };
 
-    // Takes sizes above this one only.
+    // Accepts no size below this one.
     struct MinClamped {
         Size size;
         bool operator==(const MinClamped&) const = default;
@@ -46,7 +46,7 @@ struct AppSizeBehavior {
     // Samples that achieved the requested size, and samples that did not.
     std::int64_t honoredCount = 0;
     std::int64_t constrainedCount = 0;
-    // Some achieved size was not the first one.
+    // Whether any achieved size differed from the first.
     bool achievedVaries = false;
     std::optional<Size> firstAchieved;
     // The smallest width and the smallest height achieved in constrained samples.
@@ -58,7 +58,7 @@ struct AppSizeBehavior {
 
     [[nodiscard]] AppSizeBehavior ingesting(const Sample& sample) const;
 
-    // Flexible as long as the samples prove nothing else.
+    // Flexible until the samples prove otherwise.
     [[nodiscard]] Classification classification() const;
 };
 

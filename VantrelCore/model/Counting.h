@@ -1,5 +1,4 @@
-// Counters that are stored in files: whatever a file holds, counting on neither wraps around nor stops the
-// program.
+// Counters read from files: whatever value a file holds, incrementing it must not overflow.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +6,7 @@
 
 namespace vantrel {
 
-// The sum, or the end of the 64-bit range that it would cross.
+// The sum, clamped to the 64-bit range.
 [[nodiscard]] constexpr std::int64_t saturatingSum(std::int64_t a, std::int64_t b) {
     using Limits = std::numeric_limits<std::int64_t>;
     if (b > 0 && a > Limits::max() - b) {

@@ -1,4 +1,4 @@
-// That a desk was seen arranged in a certain way on a certain day.
+// Records how a desk was arranged on a given day.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -11,7 +11,7 @@ struct DailyLayoutObservation {
     std::string configID;
     // "yyyy-MM-dd" in the user's calendar.
     std::string day;
-    // As PatternSuggestion::signature gives it.
+    // From PatternSuggestion::signature.
     std::vector<std::string> signature;
 
     bool operator==(const DailyLayoutObservation&) const = default;

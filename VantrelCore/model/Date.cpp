@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-// Reads exactly `digits` decimal digits off the front of `text`.
+// Consumes exactly `digits` decimal digits from the front of `text`.
 std::optional<int> takeNumber(std::string_view& text, std::size_t digits) {
     if (text.size() < digits) {
         return std::nullopt;
@@ -32,7 +32,7 @@ bool takeCharacter(std::string_view& text, char expected) {
     return true;
 }
 
-// "Z", "+hh:mm", "+hhmm" and the like, to the end of the text.
+// "Z", "+hh:mm", "+hhmm" and similar forms, up to the end of the text.
 std::optional<std::chrono::minutes> takeOffset(std::string_view& text) {
     if (text == "Z") {
         return std::chrono::minutes{0};
@@ -103,7 +103,7 @@ std::optional<Date> dateFromIso8601(std::string_view text) {
     }
     const Date date{std::chrono::sys_days{calendar} + std::chrono::hours{*hours} +
                     std::chrono::minutes{*minutes} + std::chrono::seconds{*seconds} - *offset};
-    // An offset may lead out of the years that the text can hold; such a date could be read but not written.
+    // An offset may shift the date outside years 0 to 9999; such a date could be read but not written.
     constexpr Date firstYear{std::chrono::sys_days{std::chrono::year{0} / 1 / 1}};
     constexpr Date endOfYears{std::chrono::sys_days{std::chrono::year{10000} / 1 / 1}};
     return date >= firstYear && date < endOfYears ? std::optional{date} : std::nullopt;

@@ -1,5 +1,5 @@
-// A moment on the wall clock (UTC), and its ISO 8601 text with whole seconds, for example
-// 2025-03-01T08:15:00Z. The text drops the fraction of a second.
+// A moment on the wall clock (UTC), and its ISO 8601 form in whole seconds, for example 2025-03-01T08:15:00Z.
+// Fractions of a second are dropped.
 #pragma once
 
 #include <chrono>
@@ -19,7 +19,7 @@ using Date = std::chrono::sys_time<std::chrono::microseconds>;
 [[nodiscard]] std::string iso8601Text(Date date);
 
 // Reads YYYY-MM-DDThh:mm:ss with an optional fraction (dropped), and "Z" or a numeric offset. None when the
-// text is anything else or names no real day or time.
+// text is malformed or not a real date and time.
 [[nodiscard]] std::optional<Date> dateFromIso8601(std::string_view text);
 
 } // namespace vantrel

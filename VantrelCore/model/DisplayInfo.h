@@ -1,4 +1,4 @@
-// One display of a desk, as remembered in layouts and as read from the running system.
+// One display of a desk, as stored in layouts and as read from the system.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -10,13 +10,13 @@
 namespace vantrel {
 
 struct DisplayInfo {
-    // The platform's display UUID as text, or "display-" and the display number where there is none.
+    // The platform's display UUID, or "display-" and the display number if it has none.
     std::string uuid;
     std::string name;
     // Bounds in global coordinates.
     Rect frame;
     bool isBuiltin = false;
-    // From the monitor's own identity data (EDID), where a display of the same product name reported one.
+    // From the monitor's own identity data (EDID), if a display with the same product name reported one.
     std::optional<std::string> edidUUID;
     // Bounds less menu bar, panels and docks, in the coordinates of `frame`.
     std::optional<Rect> visibleFrame;

@@ -16,21 +16,20 @@ struct Entitlement {
         licensed,
         trial,
         trialOver,
-        // What is stored about the licence does not hold: it was damaged, changed or copied, has expired
-        // or was not renewed.
+        // The stored licence is not valid: it was damaged, changed or copied, has expired or was not renewed.
         refused,
     };
 
     Kind kind = Kind::notNeeded;
-    // A sentence or two for people.
+    // A sentence or two for the user.
     std::string reason;
     // With trial and trialOver.
     std::optional<Date> trialEndsAt{};
-    // With trial: begun days count.
+    // With trial; a started day counts as a whole one.
     std::optional<std::int64_t> trialDaysLeft{};
-    // With licensed, and with one that has expired or was not renewed.
+    // With licensed, and with refused if the licence expired or was not renewed.
     std::optional<License> license{};
-    // When it becomes another one by itself, if ever.
+    // When the entitlement will change without an action, if ever.
     std::optional<Date> changesAt{};
 
     bool operator==(const Entitlement&) const = default;

@@ -1,4 +1,4 @@
-// A new random identifier for a record: canonical UUID text in upper case.
+// A new random identifier for a record: a canonical UUID string in upper case.
 #pragma once
 
 #include <string>

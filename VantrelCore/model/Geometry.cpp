@@ -8,7 +8,7 @@
 namespace vantrel {
 
 Rect intersection(const Rect& a, const Rect& b) {
-    // False also where a value is not a number, which min and max below would lose.
+    // Also false for NaN, which min and max below would hide.
     const bool isOverlapping =
         a.minX() < b.maxX() && b.minX() < a.maxX() && a.minY() < b.maxY() && b.minY() < a.maxY();
     const double left = std::max(a.minX(), b.minX());

@@ -1,5 +1,5 @@
-// Points, sizes and rectangles in global screen coordinates: points (the unit), double precision, origin at
-// the top left of the primary display, y growing downwards.
+// Points, sizes and rectangles in global screen coordinates: in points, double precision, origin at the top
+// left of the primary display, y pointing down.
 #pragma once
 
 #include <cstdint>
@@ -36,23 +36,23 @@ struct Rect {
     [[nodiscard]] constexpr Point center() const {
         return {origin.x + size.width / 2, origin.y + size.height / 2};
     }
-    // Empty also when a dimension is not a number.
+    // Also true when a dimension is NaN.
     [[nodiscard]] constexpr bool isEmpty() const { return !(size.width > 0 && size.height > 0); }
     [[nodiscard]] constexpr double area() const { return isEmpty() ? 0 : size.width * size.height; }
-    // The left and top edges belong to the rectangle, the right and bottom edges do not.
+    // Includes the left and top edges, excludes the right and bottom ones.
     [[nodiscard]] constexpr bool contains(Point p) const {
         return p.x >= minX() && p.x < maxX() && p.y >= minY() && p.y < maxY();
     }
 };
 
-// The common part of two rectangles; an empty Rect{} where they share no area.
+// The common part of two rectangles; an empty Rect{} if they do not overlap.
 [[nodiscard]] Rect intersection(const Rect& a, const Rect& b);
 
 // True when minimum x, minimum y, width and height each differ by at most `tolerance`.
 [[nodiscard]] bool approxEqual(const Rect& a, const Rect& b, double tolerance);
 
-// A coordinate truncated toward zero. Values beyond the 64-bit range stop at its ends, not-a-number is 0, so
-// that a broken report of the window system cannot bring the process down.
+// A coordinate truncated toward zero and clamped to the 64-bit range; NaN gives 0. A broken value from the
+// window system must not crash the process.
 [[nodiscard]] std::int64_t wholePoints(double value);
 
 // A size is [width, height]; a rectangle [[x, y], [width, height]]. Decoding throws nlohmann's exceptions.

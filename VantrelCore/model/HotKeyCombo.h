@@ -1,5 +1,5 @@
-// A key with modifiers, as the user's shortcuts are stored: a virtual key code of the Macintosh keyboard and
-// a Carbon modifier mask, on every platform.
+// A key with modifiers, as shortcuts are stored: a Macintosh virtual key code and a Carbon modifier mask, on
+// every platform.
 #pragma once
 
 #include <cstddef>
@@ -24,7 +24,7 @@ struct HotKeyCombo {
     bool operator==(const HotKeyCombo&) const = default;
 };
 
-// What the shortcuts are as long as the user has recorded none. Undo and quick switcher have no default.
+// The shortcuts until the user records others. Undo and quick switcher have no default.
 namespace HotKeyDefaults {
 
 inline constexpr HotKeyCombo restore{15, HotKeyModifiers::command | HotKeyModifiers::shift};

@@ -58,7 +58,7 @@ std::int64_t integer(const nlohmann::json& json) {
         return json.get<std::int64_t>();
     }
     const double value = number(json);
-    // 2^63 is the first double past the range; -2^63 is in it.
+    // 2^63 is the first double above the range; -2^63 is inside it.
     if (!(value >= -0x1p63 && value < 0x1p63) || std::trunc(value) != value) {
         throw Error("expected a whole number");
     }
@@ -67,7 +67,7 @@ std::int64_t integer(const nlohmann::json& json) {
 
 std::string text(const nlohmann::json& json) {
     if (!json.is_string()) {
-        fail("a text", json);
+        fail("a string", json);
     }
     return json.get<std::string>();
 }

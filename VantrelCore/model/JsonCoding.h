@@ -1,6 +1,6 @@
-// Strict reading of JSON fields, shared by every record's codec: no silent conversion between kinds, a
-// whole number may be written as integer or decimal (3 or 3.0), null reads as absent, unknown keys are
-// ignored. Every failure throws JsonCoding::Error, which the store that reads the file catches.
+// Strict reading of JSON fields, shared by all record codecs: types are never converted silently, whole
+// numbers may be written as 3 or 3.0, null reads as absent, and unknown keys are ignored. Every failure
+// throws JsonCoding::Error; the store that reads the file catches it.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -25,7 +25,7 @@ void requireArrayOf(const nlohmann::json& json, std::size_t count);
 
 [[nodiscard]] bool boolean(const nlohmann::json& json);
 [[nodiscard]] double number(const nlohmann::json& json);
-// Fails on a decimal with a fraction or out of the 64-bit range.
+// Fails on a fraction or a value outside the 64-bit range.
 [[nodiscard]] std::int64_t integer(const nlohmann::json& json);
 [[nodiscard]] std::string text(const nlohmann::json& json);
 [[nodiscard]] Date date(const nlohmann::json& json);
@@ -36,7 +36,7 @@ struct IsVector : std::false_type {};
 template <typename T>
 struct IsVector<std::vector<T>> : std::true_type {};
 
-// Reads one value as T, strictly for the plain kinds, through the record's own from_json otherwise.
+// Reads one value as T: strictly for basic types, otherwise with the type's from_json.
 template <typename T>
 [[nodiscard]] T value(const nlohmann::json& json) {
     if constexpr (std::is_same_v<T, bool>) {
@@ -82,7 +82,7 @@ template <typename T>
     return std::move(*found);
 }
 
-// Writes `key` only when there is a value.
+// Writes `key` only if there is a value.
 template <typename T>
 void put(nlohmann::json& object, const char* key, const std::optional<T>& value) {
     if (value) {

@@ -1,4 +1,4 @@
-// The most recent restore, summed up for one line of the menu. Lives in memory only.
+// The most recent restore, summarised for one menu line. Kept in memory only.
 #pragma once
 
 #include "VantrelCore/model/Date.h"

@@ -13,19 +13,19 @@
 namespace vantrel {
 
 struct Layout {
-    // The name of a desk's layout as long as the user has named none.
+    // The name of a desk's layout until the user names one.
     static constexpr const char* defaultName = "Default";
 
-    // Names the desk (the display configuration); 32 lowercase hexadecimal characters.
+    // Identifies the desk (the display configuration); 32 lowercase hexadecimal characters.
     std::string configID;
-    // The desk's human name at save time.
+    // The desk's readable name at save time.
     std::string name;
     // Names the arrangement within the desk.
     std::string layoutName;
     std::vector<DisplayInfo> displays;
     std::vector<WindowRecord> windows;
     Date savedAt;
-    // True when the user pinned the layout, so that learning leaves it alone; absent means false.
+    // Whether the user pinned the layout, so that learning leaves it alone; absent means false.
     std::optional<bool> pinned;
 
     bool operator==(const Layout&) const = default;
@@ -34,15 +34,14 @@ struct Layout {
 
     [[nodiscard]] Layout withoutGhosts() const;
 
-    // One text per window, "bundleID|X,Y,WxH" with the frame truncated to whole points, sorted by bytes.
+    // One string per window, "bundleID|X,Y,WxH" with the frame truncated to whole points, sorted by bytes.
     [[nodiscard]] std::vector<std::string> geometrySignature() const;
 
-    // Same desk, same layout name, same geometry signature: nothing worth learning changed.
+    // Same desk, layout name and geometry signature: nothing worth learning has changed.
     [[nodiscard]] bool isEquivalent(const Layout& other) const;
 
-    // Same desk and layout name, the same applications with as many windows each, and every window has a
-    // counterpart of its application whose four frame values differ by at most `tolerance` points, paired as
-    // FrameMatching does.
+    // Same desk, layout name and number of windows per application, and every window has a counterpart within
+    // `tolerance` points, as FrameMatching pairs them.
     [[nodiscard]] bool geometryMatches(const Layout& other, double tolerance) const;
 };
 

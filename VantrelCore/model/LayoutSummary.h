@@ -17,8 +17,8 @@ struct AppEntry {
     bool operator==(const AppEntry&) const = default;
 };
 
-// One entry per application, named as its first window names it; most windows first, equal counts by name
-// in byte order, then in order of first appearance.
+// One entry per application, named after its first window. Most windows first; equal counts by name in byte
+// order, then by first appearance.
 [[nodiscard]] std::vector<AppEntry> apps(const std::vector<WindowRecord>& windows);
 [[nodiscard]] std::vector<AppEntry> apps(const Layout& layout);
 

@@ -1,4 +1,4 @@
-// What a licence says: for which computer the vendor gave it, and how long it holds.
+// A licence: the computer it was issued for, and how long it is valid.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -10,21 +10,21 @@
 namespace vantrel {
 
 struct License {
-    // Another one with every activation.
+    // New with every activation.
     std::string id;
     std::string product;
-    // As LicensedMachine::hash gives it.
+    // From LicensedMachine::hash.
     std::string machine;
     // What was bought: "personal".
     std::string plan;
     Date issuedAt;
-    // None: it holds for ever.
+    // None: it never expires.
     std::optional<Date> expiresAt;
-    // When it has to be renewed; none in a licence from before there were leases.
+    // When it must be renewed; none in licences issued before leases existed.
     std::optional<Date> leasedUntil;
-    // Of the request that this licence answers.
+    // The nonce of the request that this licence was issued for.
     std::optional<std::string> nonce;
-    // Whose it is, when the vendor says so.
+    // The licence holder, if the vendor names one.
     std::optional<std::string> holder;
 
     bool operator==(const License&) const = default;

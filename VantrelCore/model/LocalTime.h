@@ -1,4 +1,4 @@
-// A moment as the user's calendar and clock show it, to the minute.
+// A moment in the user's local time, to the minute.
 #pragma once
 
 #include <chrono>

@@ -9,7 +9,7 @@ namespace {
 
 using std::chrono::seconds;
 
-// Reads a value from front to back; every function fails when it stands before something else.
+// Parses a value from front to back; every function fails on unexpected input.
 class Reader {
 public:
     explicit Reader(std::string_view text) : m_rest(text) {}
@@ -170,7 +170,7 @@ std::chrono::seconds PosixZone::offsetAt(std::chrono::sys_seconds time) const {
     if (!daylight) {
         return offset;
     }
-    // The latest change decides. Of a year's changes one may lie in the year before or after.
+    // The latest change applies. A change may fall in the year before or after its own.
     const year now = year_month_day{floor<days>(time)}.year();
     auto latest = sys_seconds::min();
     seconds result = offset;
@@ -180,7 +180,7 @@ std::chrono::seconds PosixZone::offsetAt(std::chrono::sys_seconds time) const {
             latest = ends;
             result = offset;
         }
-        // Where it ends as the next begins, it never ends.
+        // If it ends exactly when the next one begins, it never ends.
         const auto begins = moment(each, daylight->begins, offset);
         if (begins <= time && begins >= latest) {
             latest = begins;

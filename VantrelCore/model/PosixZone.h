@@ -9,7 +9,7 @@
 namespace vantrel {
 
 struct PosixZone {
-    // A day of every year, and the time on that day's clock at which the clocks change.
+    // A yearly day, and the local time on that day when the clocks change.
     struct Change {
         enum class Kind : std::uint8_t {
             // 1 to 365; 29 February is not counted.
@@ -26,7 +26,7 @@ struct PosixZone {
         unsigned week = 0;
         // A day of the year, or a weekday (0: Sunday).
         int day = 0;
-        // May lie on another day.
+        // Relative to midnight of the day; may be negative or more than 24 hours.
         std::chrono::seconds time{0};
 
         bool operator==(const Change&) const = default;
@@ -44,8 +44,8 @@ struct PosixZone {
     std::chrono::seconds offset{0};
     std::optional<Daylight> daylight;
 
-    // A value that names daylight-saving time but no days gets those of the United States, as in the C
-    // library. None when the text is anything else.
+    // A value that names daylight-saving time without dates gets those of the United States, as in the C
+    // library. None when the text is malformed.
     [[nodiscard]] static std::optional<PosixZone> parse(std::string_view text);
 
     [[nodiscard]] std::chrono::seconds offsetAt(std::chrono::sys_seconds time) const;

@@ -1,4 +1,4 @@
-// Whether a recent capture may stand as the picture of the desk just before a change.
+// Decides whether a recent capture can represent the desk just before a change.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"

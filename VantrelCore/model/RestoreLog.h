@@ -1,5 +1,4 @@
-// The restore history: what every restore, scene switch and stash return put back, retried, skipped or could
-// not move.
+// The restore history: the outcome for each window of every restore, scene switch and stash return.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -19,7 +18,7 @@ struct RestoreLog {
 
     enum class Outcome { restored, retried, failed, skipped };
 
-    // What became of one saved window.
+    // The outcome for one saved window.
     struct Item {
         std::string appName;
         std::string bundleID;
@@ -27,7 +26,7 @@ struct RestoreLog {
         Outcome outcome = Outcome::restored;
         // Why it failed or was skipped.
         std::optional<std::string> reason;
-        // What more there is to say of it.
+        // Additional information.
         std::optional<std::string> note = std::nullopt;
 
         bool operator==(const Item&) const = default;
@@ -52,12 +51,12 @@ struct RestoreLog {
 
     bool operator==(const RestoreLog&) const = default;
 
-    // Drops entries older than seven days (one of exactly seven days stays), then all but the first twenty.
+    // Drops entries older than seven days (exactly seven days is kept), then all but the newest twenty.
     // Returns how many were too old.
     std::size_t prune(Date now);
 };
 
-// An outcome is its name as text; any other text fails to decode.
+// An outcome is stored as its name; any other string fails to decode.
 void to_json(nlohmann::json& json, RestoreLog::Outcome outcome);
 void from_json(const nlohmann::json& json, RestoreLog::Outcome& outcome);
 void to_json(nlohmann::json& json, const RestoreLog::Item& item);

@@ -1,4 +1,4 @@
-// How many windows were put back, restore by restore, for the figure of the last seven days.
+// How many windows each restore put back, for the total over the last seven days.
 #pragma once
 
 #include "VantrelCore/model/AgeLoss.h"
@@ -21,15 +21,15 @@ struct RestoreReceipts {
     static constexpr double retentionSeconds = 30 * 86'400;
     static constexpr double summedSeconds = 7 * 86'400;
 
-    // In the order of recording.
+    // In recording order.
     std::vector<RestoreReceiptEntry> entries;
 
     bool operator==(const RestoreReceipts&) const = default;
 
-    // Also drops every entry more than thirty days older than `at`, and returns how many of those there were.
+    // Also drops entries more than thirty days older than `at`, and returns how many.
     AgeLoss record(std::int64_t count, Date at);
 
-    // Windows put back no more than seven days before `now`; stops at the ends of the 64-bit range.
+    // Windows put back no more than seven days before `now`; clamped to the 64-bit range.
     [[nodiscard]] std::int64_t windowsLast7Days(Date now) const;
 };
 

@@ -1,5 +1,5 @@
-// A named arrangement that the user saved on purpose. It belongs to the desk on which it was saved, but can
-// be applied on any.
+// A named arrangement that the user saved explicitly. It belongs to the desk it was saved on, but can be
+// applied on any.
 #pragma once
 
 #include "VantrelCore/model/HotKeyCombo.h"
@@ -14,10 +14,10 @@
 namespace vantrel {
 
 struct Scene {
-    // What `make` puts into opensMissingApps.
+    // The value of opensMissingApps in scenes from `make`.
     static constexpr bool newSceneOpensMissingAppsDefault = true;
 
-    // Canonical UUID text in upper case.
+    // Canonical UUID string in upper case.
     std::string id;
     // Trimmed, 1 to 30 characters.
     std::string name;
@@ -29,20 +29,20 @@ struct Scene {
     std::optional<std::int64_t> hotkeyModifiers;
     // A pinned scene keeps its layout; absent means false.
     std::optional<bool> pinned;
-    // Applying the scene launches its applications that are not running; absent means false.
+    // Whether applying the scene launches its applications that are not running; absent means false.
     std::optional<bool> opensMissingApps;
     std::optional<SceneWallpaper> wallpaper;
 
     bool operator==(const Scene&) const = default;
 
-    // A scene with a fresh id, no hotkey, not pinned, without wallpaper.
+    // A scene with a fresh id, not pinned, without hotkey or wallpaper.
     [[nodiscard]] static Scene make(std::string name, std::string configID, Layout layout, Date createdAt);
 
     [[nodiscard]] bool isPinned() const { return pinned.value_or(false); }
-    // None unless key code and modifiers are both there.
+    // None unless both key code and modifiers are present.
     [[nodiscard]] std::optional<HotKeyCombo> hotkey() const;
     [[nodiscard]] bool hasGhosts() const;
-    // A scene that keeps places free for applications always launches them.
+    // A scene with ghost slots always launches missing applications.
     [[nodiscard]] bool effectiveOpensMissingApps() const;
     [[nodiscard]] bool hasWallpaper() const;
 };

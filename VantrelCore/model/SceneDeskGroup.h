@@ -1,4 +1,4 @@
-// The scenes of one desk, under its name, as the scene rail shows other desks.
+// The scenes of one desk and its name, as the scene rail shows other desks.
 #pragma once
 
 #include "VantrelCore/model/Scene.h"

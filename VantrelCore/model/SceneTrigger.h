@@ -1,4 +1,4 @@
-// What applies a scene by itself: a time of day, a Focus that turns on, a video call about to start.
+// Applies a scene automatically: a time of day, a Focus that turns on, a video call about to start.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -11,7 +11,7 @@
 
 namespace vantrel {
 
-// Every day at this time of the user's clock.
+// Every day at this local time.
 struct ScheduleTrigger {
     // 0 to 23.
     std::int64_t hour = 0;
@@ -52,8 +52,8 @@ struct SceneTrigger {
     bool operator==(const SceneTrigger&) const = default;
 };
 
-// "kind" is an object with one key that names the case: {"schedule": {"hour": 7, "minute": 30}},
-// {"focusMode": {"name": …}} or {"calendarVideoEvent": {}}. Any other number of keys, and any other case,
+// "kind" is an object with a single key that names the kind: {"schedule": {"hour": 7, "minute": 30}},
+// {"focusMode": {"name": …}} or {"calendarVideoEvent": {}}. Any other number of keys, or any other kind,
 // fails to decode.
 void to_json(nlohmann::json& json, const SceneTrigger& trigger);
 void from_json(const nlohmann::json& json, SceneTrigger& trigger);

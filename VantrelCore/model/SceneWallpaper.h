@@ -1,4 +1,4 @@
-// The wallpapers that belong to a scene, one per display.
+// A scene's wallpapers, one per display.
 #pragma once
 
 #include <map>

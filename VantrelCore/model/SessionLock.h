@@ -1,4 +1,4 @@
-// Whether the user's session is locked, by what several programs say of it.
+// Whether the user's session is locked, combining reports from several sources.
 #pragma once
 
 #include <set>
@@ -10,7 +10,7 @@ class SessionLock {
 public:
     enum class Change { none, locked, unlocked };
 
-    // One of them says so. The session is locked while any does.
+    // Records one source's report. The session is locked while any source says so.
     Change set(const std::string& source, bool isLocked);
 
     [[nodiscard]] bool isLocked() const { return !m_sources.empty(); }

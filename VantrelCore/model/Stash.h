@@ -1,4 +1,4 @@
-// A desk put aside, to be brought back within a week.
+// A desk put aside, which can be brought back for a week.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -11,13 +11,13 @@
 namespace vantrel {
 
 struct Stash {
-    // Unique; a fresh UUID text (freshUUID()).
+    // Unique; from freshUUID().
     std::string id;
     Date createdAt;
     std::string configID;
     Layout layout;
     std::int64_t windowCount = 0;
-    // The desk's human name at stash time.
+    // The desk's readable name at stash time.
     std::string deskName;
     // The scene that was applied when the stash was taken.
     std::optional<std::string> appliedSceneName;

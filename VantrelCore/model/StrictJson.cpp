@@ -9,7 +9,7 @@ namespace vantrel::StrictJson {
 
 namespace {
 
-// Also bounds how deep copying the document recurses.
+// Also bounds the recursion when the document is copied.
 constexpr int deepestNesting = 16;
 
 } // namespace
@@ -19,7 +19,7 @@ std::optional<nlohmann::json> parse(std::string_view text, std::size_t largest) 
         return std::nullopt;
     }
     bool isStrict = true;
-    // The keys of every object that is open.
+    // The keys seen in each open object.
     std::vector<std::set<std::string>> open;
     const auto watch = [&](int depth, nlohmann::json::parse_event_t event, nlohmann::json& parsed) {
         using Event = nlohmann::json::parse_event_t;
@@ -31,7 +31,7 @@ std::optional<nlohmann::json> parse(std::string_view text, std::size_t largest) 
             isStrict = isStrict && open.back().insert(parsed.get<std::string>()).second;
         }
         isStrict = isStrict && depth <= deepestNesting;
-        // What is not kept is not nested either.
+        // Returning false discards the value, so rejected input is not nested further.
         return isStrict;
     };
     auto document = nlohmann::json::parse(text, watch, /*allow_exceptions=*/false);

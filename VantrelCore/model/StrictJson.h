@@ -1,5 +1,4 @@
-// Reads JSON that somebody else wrote and that must have one meaning only: no key twice, nothing behind the
-// document, no deep nesting.
+// Parses untrusted JSON that must be unambiguous: no duplicate keys, no trailing content, no deep nesting.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +8,7 @@
 
 namespace vantrel::StrictJson {
 
-// None when the text is longer than `largest` bytes, or anything else than one JSON document as above.
+// None when the text is longer than `largest` bytes or breaks these rules.
 [[nodiscard]] std::optional<nlohmann::json> parse(std::string_view text, std::size_t largest);
 
 } // namespace vantrel::StrictJson

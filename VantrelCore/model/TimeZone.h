@@ -1,5 +1,5 @@
-// A time zone with its daylight-saving rules, as a value: what turns a Date into the time on the user's
-// clock. Which zone the user is in, and what the zones of other names are, the platform says.
+// A time zone with its daylight-saving rules, as a value; converts a Date to local time and back. The
+// platform supplies the user's zone and zones by name.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -20,16 +20,16 @@ public:
 
     [[nodiscard]] static TimeZone utc();
 
-    // By its POSIX description ("CET-1CEST,M3.5.0,M10.5.0/3"). None when the text is anything else.
+    // From a POSIX description ("CET-1CEST,M3.5.0,M10.5.0/3"). None when malformed.
     [[nodiscard]] static std::optional<TimeZone> posix(std::string_view text);
 
-    // How far its clocks are ahead of UTC.
+    // How far the zone is ahead of UTC.
     [[nodiscard]] std::chrono::seconds offset(std::chrono::sys_seconds time) const;
 
     [[nodiscard]] LocalTime localTime(Date date) const;
 
-    // When a clock in this zone shows the time. Of a time that it shows twice, the first; a time that it
-    // skips is taken as if it had not been set forward.
+    // The moment at which a clock in this zone shows the given time. If it is shown twice, the first; if it
+    // is skipped, computed with the offset before the change.
     [[nodiscard]] Date date(std::chrono::local_seconds onTheClock) const;
 
     bool operator==(const TimeZone& other) const;

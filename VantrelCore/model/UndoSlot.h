@@ -1,5 +1,5 @@
-// The desk as it was just before the last automatic restore or scene switch, kept so that the user can undo
-// it. Lives in memory only.
+// The desk just before the last automatic restore or scene switch, so that the user can undo it. Kept in
+// memory only.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"

@@ -12,26 +12,26 @@
 namespace vantrel {
 
 struct UsageStats {
-    // Scene switches included: to the user a switch restores the desk, too.
+    // Includes scene switches: to the user, a switch also restores the desk.
     std::int64_t restores = 0;
     // Windows put back.
     std::int64_t windowsVantrel = 0;
     std::int64_t sceneSwitches = 0;
     std::int64_t stashUses = 0;
     std::int64_t undoUses = 0;
-    // Every desk on which something was recorded.
+    // Every desk with a recorded event.
     std::set<std::string> deskIDs;
     std::optional<Date> firstRecordedAt;
 
     bool operator==(const UsageStats&) const = default;
 
-    // Each also adds `windows` when positive, notes the desk unless `deskID` is empty, and sets
-    // firstRecordedAt the first time.
+    // Each also adds `windows` if positive, adds `deskID` unless empty, and sets firstRecordedAt the first
+    // time.
     void recordRestore(std::int64_t windows, const std::string& deskID, Date at);
     void recordSceneSwitch(std::int64_t windows, const std::string& deskID, Date at);
     void recordStashUse(std::int64_t windows, const std::string& deskID, Date at);
     void recordUndo(std::int64_t windows, const std::string& deskID, Date at);
-    // Windows of a scene switch that was recorded before they came.
+    // Windows that appeared after their scene switch had been recorded.
     void recordSettled(std::int64_t windows, const std::string& deskID, Date at);
 
 private:

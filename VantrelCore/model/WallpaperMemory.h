@@ -1,5 +1,4 @@
-// Per display, the user's own wallpaper and the one that a scene set last, so that the user's can be put
-// back.
+// Per display, the user's own wallpaper and the last one set by a scene, so that the user's can be restored.
 #pragma once
 
 #include <map>
@@ -9,9 +8,9 @@
 namespace vantrel {
 
 struct WallpaperMemory {
-    // Display UUID to the URL shown before a scene first changed it.
+    // Display UUID to the URL shown before any scene changed it.
     std::map<std::string, std::string> baseline;
-    // Display UUID to the URL that a scene set last; written by whoever set it, after it succeeded.
+    // Display UUID to the URL last set by a scene; recorded by the caller once setting it has succeeded.
     std::map<std::string, std::string> lastSet;
 
     bool operator==(const WallpaperMemory&) const = default;

@@ -1,4 +1,4 @@
-// One remembered window: what it was, where it stood, how deep in the stack.
+// One remembered window: its identity, frame and stacking position.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -16,13 +16,13 @@ struct WindowRecord {
     std::string appName;
     // May be empty.
     std::string title;
-    // Global coordinates; what the user sees, window-manager frame included.
+    // Global coordinates; as the user sees it, including the window manager's frame.
     Rect frame;
     // `DisplayInfo::uuid` of the display that the window belongs to.
     std::string displayUUID;
     // Stacking position, 0 = front-most.
     std::int64_t zOrder = 0;
-    // True for a place that a scene keeps free for an application that is not running; absent means false.
+    // True for a slot that a scene reserves for an application that is not running; absent means false.
     std::optional<bool> isGhost;
 
     bool operator==(const WindowRecord&) const = default;

@@ -29,7 +29,7 @@ struct Header {
     std::size_t typeCount = 0;
     std::size_t characterCount = 0;
 
-    // Of the data that follows, in bytes.
+    // Size of the data that follows, in bytes.
     [[nodiscard]] std::size_t size(std::size_t timeSize) const {
         return timeCount * (timeSize + 1) + typeCount * 6 + characterCount + leapCount * (timeSize + 4) +
                isStandardCount + isUtCount;
@@ -76,7 +76,7 @@ std::optional<ZoneRules> decode(std::string_view content) {
     auto head = header(content);
     std::size_t timeSize = 4;
     if (head && head->version >= '2') {
-        // The same again, with times of 64 bits.
+        // The data is repeated with 64-bit times.
         const std::size_t first = headerSize + head->size(timeSize);
         content = first <= content.size() ? content.substr(first) : "";
         head = header(content);

@@ -1,4 +1,4 @@
-// The files of the tz database (TZif, RFC 9636), of any version, "fat" or "slim".
+// Decodes files of the tz database (TZif, RFC 9636), any version, "fat" or "slim".
 #pragma once
 
 #include "VantrelCore/model/ZoneRules.h"
@@ -8,8 +8,8 @@
 
 namespace vantrel::ZoneFile {
 
-// None when the content is no zone file, or a damaged one. Leap seconds are passed over: clocks that count
-// them are off by half a minute.
+// None when the content is not a valid zone file. Leap seconds are ignored: on clocks that count them, times
+// are off by half a minute.
 [[nodiscard]] std::optional<ZoneRules> decode(std::string_view content);
 
 } // namespace vantrel::ZoneFile

@@ -1,4 +1,4 @@
-// How far the clocks of a place are from UTC, and since when: what a zone of the tz database says.
+// The UTC offsets of one tz database zone over time.
 #pragma once
 
 #include "VantrelCore/model/PosixZone.h"
@@ -20,9 +20,9 @@ struct ZoneTransition {
 struct ZoneRules {
     // Before the first transition.
     std::chrono::seconds firstOffset{0};
-    // By time.
+    // Sorted by time.
     std::vector<ZoneTransition> transitions;
-    // From the last transition on; without it the last offset stays.
+    // Applies after the last transition; if absent, the last offset stays.
     std::optional<PosixZone> afterwards;
 
     bool operator==(const ZoneRules&) const = default;
