@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-// Desktop-file ids and window classes are ASCII by convention; other letters stay as they are.
+// Desktop-file ids and window classes are ASCII by convention; leaves other characters alone.
 std::string lowerCase(std::string_view text) {
     std::string lower(text);
     std::ranges::transform(lower, lower.begin(), [](char c) {
@@ -60,7 +60,8 @@ const DesktopEntry* DesktopEntryTable::best(const Index& index, const std::strin
     if (found == index.end()) {
         return nullptr;
     }
-    // Same case before other case, shown before hidden, then by id, whatever the order of the folders.
+    // Exact case first, then visible before hidden, then by id. The result does not depend on the folder
+    // order.
     const auto rank = [&](std::size_t i) {
         const auto& entry = m_entries[i];
         return std::tuple(entry.*field != key, entry.isHidden, std::string_view(entry.id));

@@ -1,4 +1,4 @@
-// Which application a window belongs to, by what it says of itself and the installed desktop files.
+// Determines which application a window belongs to from its properties and the installed desktop files.
 #pragma once
 
 #include <compare>
@@ -10,7 +10,7 @@
 
 namespace vantrel {
 
-// What a window says of its application; empty where it says nothing.
+// What a window's properties say about its application. Empty means unset.
 struct ApplicationEvidence {
     std::string gtkApplicationId = {};
     // A desktop-file id, file name or path.
@@ -22,9 +22,9 @@ struct ApplicationEvidence {
 };
 
 struct ApplicationIdentity {
-    // The desktop-file id without ".desktop", or what stands in for it.
+    // The desktop-file id without ".desktop", or the lower-cased class if there is none.
     std::string bundleID;
-    // For people.
+    // The name to show to the user.
     std::string name;
 
     bool operator==(const ApplicationIdentity&) const = default;
@@ -35,20 +35,20 @@ struct DesktopEntry {
     std::string id = {};
     std::string name = {};
     std::string startupWMClass = {};
-    // Not shown in menus (NoDisplay): yields to one that is.
+    // Not shown in menus (NoDisplay). Visible entries are preferred.
     bool isHidden = false;
 };
 
-// The installed desktop files, prepared for looking windows up in them.
+// The installed desktop files, indexed for looking up windows.
 class DesktopEntryTable {
 public:
     DesktopEntryTable() = default;
     explicit DesktopEntryTable(std::vector<DesktopEntry> entries);
 
-    // Upper and lower case count only where two entries differ in nothing else.
+    // Look-ups ignore case unless two entries differ only in case.
     [[nodiscard]] const DesktopEntry* withId(const std::string& id) const;
     [[nodiscard]] const DesktopEntry* withStartupClass(const std::string& wmClass) const;
-    // "org.example.Editor" for "editor", when only one entry ends like this.
+    // Finds "org.example.Editor" for "editor". Null if several entries match.
     [[nodiscard]] const DesktopEntry* withLastComponent(const std::string& component) const;
 
 private:
@@ -65,8 +65,9 @@ private:
 
 namespace ApplicationIdentities {
 
-// GTK's application id, else KDE's desktop file, else the desktop file whose StartupWMClass or name is the
-// window's class or instance, else the lower-cased class. None when the window says nothing at all.
+// Prefers GTK's application id, then KDE's desktop file, then the desktop file whose StartupWMClass or name
+// matches the window's class or instance, then the lower-cased class. Returns none if the window sets none of
+// these.
 [[nodiscard]] std::optional<ApplicationIdentity> identify(const ApplicationEvidence& evidence,
                                                           const DesktopEntryTable& entries);
 

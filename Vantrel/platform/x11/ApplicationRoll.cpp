@@ -34,7 +34,7 @@ std::vector<RunningApp> ApplicationRoll::look(const std::vector<ListedWindow>& l
     for (const auto& [id, app] : m_windows) {
         known.insert(keyOf(app));
         if (const auto window = windows.find(id); window != windows.end()) {
-            // A window that has changed its class does not make a new application.
+            // A window that changes its class does not make a new application.
             known.insert(keyOf(window->second));
         }
     }
@@ -45,7 +45,7 @@ std::vector<RunningApp> ApplicationRoll::look(const std::vector<ListedWindow>& l
             started.push_back(window.app);
         }
     }
-    // What is not regular yet, a splash screen, does not count as there.
+    // A window that is not regular yet, such as a splash screen, does not count.
     std::erase_if(windows,
                   [](const auto& entry) { return entry.second.policy != ActivationPolicy::regular; });
     m_windows = std::move(windows);

@@ -1,4 +1,4 @@
-// Which applications have windows, kept from one look at the desk to the next, so that a new one is noticed.
+// Remembers which applications have windows, to detect new ones.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"
@@ -10,7 +10,7 @@
 
 namespace vantrel {
 
-// A window of the window manager's list.
+// A window in the window manager's list.
 struct ListedWindow {
     std::uint32_t id = 0;
     RunningApp app;
@@ -18,10 +18,10 @@ struct ListedWindow {
 
 class ApplicationRoll {
 public:
-    // Returns the regular applications that have windows now and had none before, in the order of the list;
-    // the first look returns none. An application stays on the roll as long as one of its windows exists,
-    // listed or not: a window manager that restarts, or a program that hides itself in the tray, starts
-    // nothing. `exists` is asked about windows that the list has no more.
+    // Returns the regular applications that have windows now and had none before, in list order; the first
+    // call returns none. An application stays on the roll while any of its windows exists, listed or not, so
+    // a restarted window manager or a program leaving the tray does not count as a launch. `exists` is called
+    // for windows that are no longer listed.
     [[nodiscard]] std::vector<RunningApp> look(const std::vector<ListedWindow>& listed,
                                                const std::function<bool(std::uint32_t)>& exists);
 

@@ -7,8 +7,8 @@ namespace vantrel::ClientMessage {
 
 namespace {
 
-// "The request comes from a pager", that is from the user: window managers obey it where they would
-// second-guess an application.
+// Marks the request as coming from a pager, so on behalf of the user. Window managers may second-guess an
+// application's own requests but obey these.
 constexpr std::uint32_t sourcePager = 2;
 
 constexpr std::uint32_t gravityNorthWest = 1;
@@ -21,7 +21,7 @@ constexpr std::uint32_t hasHeight = 1U << 11;
 constexpr std::uint32_t stateRemove = 0;
 constexpr std::uint32_t stateAdd = 1;
 
-// The wire size of every event.
+// The wire size of an event.
 constexpr std::size_t eventSize = 32;
 
 template <typename Event>
@@ -80,7 +80,7 @@ void restackOnTop(const X11Connection& connection, xcb_window_t window) {
 }
 
 void restackAbove(const X11Connection& connection, xcb_window_t window, xcb_window_t sibling) {
-    // A real request could not name the sibling: the server sees clients in different frames as unrelated.
+    // A real request cannot name the sibling: clients in different frames are not siblings to the server.
     xcb_configure_request_event_t request{};
     request.response_type = XCB_CONFIGURE_REQUEST;
     request.stack_mode = XCB_STACK_MODE_ABOVE;

@@ -1,4 +1,4 @@
-// Requests to the window manager, as messages to the root window.
+// Requests to the window manager, sent as messages to the root window.
 #pragma once
 
 #include "Vantrel/platform/x11/FrameArithmetic.h"
@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <xcb/xcb.h>
 
-// All are sent without being flushed.
+// None of these flushes.
 namespace vantrel::ClientMessage {
 
 void send(const X11Connection& connection, xcb_window_t window, xcb_atom_t type,
@@ -18,19 +18,19 @@ void moveResize(const X11Connection& connection, xcb_window_t window, const Move
 
 enum class Maximized : std::uint8_t { no, yes };
 
-// Changes the given directions, both in one message.
+// Changes the given directions in a single message.
 void setMaximized(const X11Connection& connection, xcb_window_t window, Maximized maximized,
                   bool horizontally, bool vertically);
 
-// The states of a managed window, with the protocol's numbers.
+// The states of a managed window. The values are ICCCM's.
 enum class WmState : std::uint8_t { normal = 1, iconic = 3 };
 
 void changeState(const X11Connection& connection, xcb_window_t window, WmState state);
 
-// To the top of its layer, the focus left where it is.
+// Raises the window to the top of its layer without changing the focus.
 void restackOnTop(const X11Connection& connection, xcb_window_t window);
 
-// The same by the older way that every window manager knows; both are clients.
+// Does the same with an older request that every window manager supports. Both windows are clients.
 void restackAbove(const X11Connection& connection, xcb_window_t window, xcb_window_t sibling);
 
 } // namespace vantrel::ClientMessage

@@ -10,10 +10,10 @@ namespace vantrel {
 
 namespace {
 
-// For how long the files are taken to be unchanged.
+// How long the files are assumed to be unchanged.
 constexpr std::chrono::seconds validity(60);
 
-// A program that shows a new class with every window must not fill the memory.
+// Bounds the cache in case a program uses a new class for every window.
 constexpr std::size_t maxKnown = 4096;
 
 std::string text(const char* value) {

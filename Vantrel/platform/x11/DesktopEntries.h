@@ -1,4 +1,4 @@
-// The installed desktop files, read when a window of a class not seen before asks for them.
+// The installed desktop files, read when a window with an unknown class appears.
 #pragma once
 
 #include "Vantrel/platform/x11/ApplicationIdentity.h"
@@ -10,14 +10,14 @@
 
 namespace vantrel {
 
-// May be used from any thread.
+// Thread-safe.
 class DesktopEntries {
 public:
-    // The application of a window; remembered, so that asking again costs one look-up in memory. The files
-    // are read again, every minute at most, when a class not seen before appears.
+    // Returns the application of a window. Results are cached. An unknown class makes it reread the files, at
+    // most once a minute.
     [[nodiscard]] std::optional<ApplicationIdentity> identify(const ApplicationEvidence& evidence);
 
-    // The file of that id, upper and lower case taken for the same.
+    // Returns the entry with that id, ignoring case.
     [[nodiscard]] std::optional<DesktopEntry> entry(const std::string& id);
 
 private:

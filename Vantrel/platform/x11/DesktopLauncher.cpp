@@ -21,8 +21,8 @@ AppInfo find(const std::string& id) {
     return AppInfo(g_desktop_app_info_new((id + ".desktop").c_str()));
 }
 
-// GIO starts a DBusActivatable application over the bus and does not learn whether that worked. Its own
-// command, which nearly every such file has as well, does the same and fails where we can see it.
+// GIO starts a DBusActivatable application over the bus and cannot tell whether that worked. Nearly every
+// such file also has a command that does the same and reports failure.
 AppInfo startedByCommand(AppInfo info) {
     const char* const file = g_desktop_app_info_get_filename(info.get());
     const bool isActivated =
@@ -40,8 +40,8 @@ AppInfo startedByCommand(AppInfo info) {
     return byCommand ? std::move(byCommand) : std::move(info);
 }
 
-// Runs in the new process before the program: system calls only. Ctrl+C in this program's terminal must not
-// end what it has started.
+// Runs in the child before exec, so it may only make system calls. Keeps Ctrl+C in our terminal from ending
+// the started program.
 void detach(gpointer folder) {
     setsid();
     if (folder != nullptr) {
@@ -71,13 +71,13 @@ bool startHere(const std::string& id) {
     }
     info = startedByCommand(std::move(info));
     const std::unique_ptr<GAppLaunchContext, Unref> context(g_app_launch_context_new());
-    // Whoever started this program may have left its own start-up tokens here.
+    // Our environment may still hold the start-up tokens of whoever started us.
     for (const char* variable : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"}) {
         g_app_launch_context_unsetenv(context.get(), variable);
     }
     const bool namesFolder = g_desktop_app_info_has_key(info.get(), G_KEY_FILE_DESKTOP_KEY_PATH) != 0;
     std::string home = namesFolder ? "" : g_get_home_dir();
-    // Without G_SPAWN_DO_NOT_REAP_CHILD the program becomes a child of the init process.
+    // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program a child of the init process.
     // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which GLib does not mark as such
     constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                     G_SPAWN_STDERR_TO_DEV_NULL);

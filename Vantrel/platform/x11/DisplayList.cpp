@@ -11,7 +11,7 @@ namespace vantrel::DisplayList {
 
 namespace {
 
-// The words that the other platform uses where it knows no name.
+// The same fallback names as on macOS.
 constexpr const char* builtinName = "Built-in Display";
 constexpr const char* externalName = "External Display";
 
@@ -20,7 +20,7 @@ bool isInside(const Rect& inner, const Rect& outer) {
            inner.maxY() <= outer.maxY();
 }
 
-// The output that a monitor is known by.
+// The output that identifies a monitor.
 const OutputReading* leadingOutput(const MonitorReading& monitor) {
     const auto rank = [](const OutputReading& output) {
         return std::tuple(!isBuiltinConnector(output.connector), std::string_view(output.connector));
@@ -34,13 +34,13 @@ bool isBuiltin(const MonitorReading& monitor) {
     return output != nullptr && isBuiltinConnector(output->connector);
 }
 
-// The name that the display's number is made of.
+// The name that the display's number is derived from.
 std::string stableName(const MonitorReading& monitor) {
     const OutputReading* output = leadingOutput(monitor);
     return monitor.userName.value_or(output != nullptr ? output->connector : "");
 }
 
-// Of two monitors that show the same, the better one to know the display by comes first.
+// Of two mirrored monitors, the one that should identify the display comes first.
 bool leadsMirror(const MonitorReading& a, const MonitorReading& b) {
     const auto rank = [](const MonitorReading& monitor) {
         return std::tuple(-monitor.area.area(), !monitor.isPrimary, !isBuiltin(monitor), stableName(monitor));
@@ -48,7 +48,7 @@ bool leadsMirror(const MonitorReading& a, const MonitorReading& b) {
     return rank(a) < rank(b);
 }
 
-// A user's monitor over part of another is a division the user wants, not a mirror.
+// A user-defined monitor over part of another divides it; it is not a mirror.
 std::vector<MonitorReading> withoutMirrors(std::vector<MonitorReading> monitors) {
     std::ranges::sort(monitors, leadsMirror);
     std::vector<MonitorReading> result;
@@ -86,10 +86,10 @@ X11Display describe(const MonitorReading& monitor, const std::vector<MonitorRead
         const OutputReading* leading = leadingOutput(other);
         return leading != nullptr && leading->edid == output->edid;
     });
-    // Parts of one monitor that the user divided have its EDID in common, too.
+    // The parts of a monitor that the user divided also share its EDID.
     display.uuid = EdidBlock::displayUUID(output->edid, sameEdid > 1 ? stableName(monitor) : "");
     display.edidUUID = EdidBlock::edidUUID(output->edid, *edid);
-    // A laptop panel without a name of its own is better known as what it is than by its maker's number.
+    // For an unnamed laptop panel, the generic name is clearer than a product number.
     if (!monitor.userName && (!builtin || !edid->name.empty())) {
         display.name = EdidBlock::displayName(*edid);
     }
@@ -119,7 +119,7 @@ bool isBuiltinConnector(const std::string& connector) {
 
 DisplayID stableID(const std::string& name) {
     std::array<std::uint8_t, crypto_generichash_BYTES_MIN> digest{};
-    // libsodium takes text as bytes.
+    // libsodium takes unsigned bytes.
     crypto_generichash(digest.data(), digest.size(), reinterpret_cast<const unsigned char*>(name.data()),
                        name.size(), nullptr, 0);
     DisplayID id = 0;

@@ -1,4 +1,4 @@
-// The displays of an X screen: which monitors count, in which order, and how they are known again.
+// The displays of an X screen: which monitors count, their order and their identity.
 #pragma once
 
 #include "Vantrel/platform/x11/Edid.h"
@@ -11,7 +11,7 @@
 
 namespace vantrel {
 
-// An output with something plugged in, as RandR names it: "DP-1".
+// A connected output, with RandR's name for it ("DP-1").
 struct OutputReading {
     std::string connector;
     EdidBytes edid;
@@ -21,12 +21,12 @@ struct OutputReading {
 
 // A monitor in RandR's sense: an area of the screen and the outputs that show it.
 struct MonitorReading {
-    // Present when the user defined it (xrandr --setmonitor) instead of the server.
+    // Set if the user defined the monitor (xrandr --setmonitor).
     std::optional<std::string> userName;
     bool isPrimary = false;
     // Root window coordinates.
     Rect area;
-    // None for a user's monitor over a part of another.
+    // Empty for a user-defined monitor over part of another.
     std::vector<OutputReading> outputs;
 
     bool operator==(const MonitorReading&) const = default;
@@ -45,19 +45,17 @@ struct X11Display {
 
 namespace DisplayList {
 
-// The primary display first, then from left to right and top to bottom.
-//
-// Outputs that show the same area, or a part of it, count as one display: the primary one's identity, else
-// that of the laptop panel, else of the first connector. Identity comes from the EDID alone, so a monitor
-// keeps it at another connector; only monitors with the same EDID are told apart by theirs. Without an EDID
-// there is no uuid, and the id, which depends on the connector alone, stays the same through unplugging and
-// restarts.
+// Returns the primary display first, then left to right and top to bottom. Outputs that show the same area,
+// or part of it, count as one display. Its identity is that of the primary output, else the laptop panel,
+// else the first connector. The uuid depends only on the EDID, so a monitor keeps it on another connector;
+// the connector is included only if several monitors share an EDID. Without an EDID there is no uuid. The id
+// depends only on the connector and survives unplugging and restarts.
 [[nodiscard]] std::vector<X11Display> displays(const std::vector<MonitorReading>& monitors);
 
 // Laptop panels: eDP, LVDS and DSI connectors.
 [[nodiscard]] bool isBuiltinConnector(const std::string& connector);
 
-// A number made of the name; never 0.
+// A number derived from the name; never 0.
 [[nodiscard]] DisplayID stableID(const std::string& name);
 
 } // namespace DisplayList

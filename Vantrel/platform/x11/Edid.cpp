@@ -48,7 +48,7 @@ bool isIntact(std::span<const std::uint8_t> bytes) {
     return std::accumulate(block.begin(), block.end(), 0U) % 256 == 0;
 }
 
-// Five bits a letter, 1 for A; anything else becomes a question mark.
+// Each letter takes five bits, with 1 for A. Other values become question marks.
 std::string manufacturerLetters(std::span<const std::uint8_t> bytes) {
     const unsigned packed = static_cast<unsigned>(bytes[manufacturerAt]) << 8U | bytes[manufacturerAt + 1];
     std::string letters;
@@ -59,7 +59,7 @@ std::string manufacturerLetters(std::span<const std::uint8_t> bytes) {
     return letters;
 }
 
-// A text ends with a line feed and is padded with blanks; what is not printable ASCII is left out.
+// The string ends with a line feed and is padded with spaces. Drops anything but printable ASCII.
 std::string descriptorText(std::span<const std::uint8_t> bytes, std::uint8_t tag) {
     for (const std::size_t at : descriptorsAt) {
         const auto descriptor = bytes.subspan(at, descriptorTextAt + descriptorTextSize);
@@ -109,10 +109,10 @@ std::string displayUUID(std::span<const std::uint8_t> bytes, std::string_view co
     input += '\n';
     input.append(bytes.begin(), bytes.end());
     Uuid uuid{};
-    // libsodium takes text as bytes.
+    // libsodium takes unsigned bytes.
     crypto_generichash(uuid.data(), uuid.size(), reinterpret_cast<const unsigned char*>(input.data()),
                        input.size(), nullptr, 0);
-    // Version 8 (made by a rule of one's own) and the variant of RFC 4122.
+    // Version 8 (custom) and the RFC 4122 variant.
     uuid[6] = static_cast<std::uint8_t>((uuid[6] & 0x0FU) | 0x80U);
     uuid[8] = static_cast<std::uint8_t>((uuid[8] & 0x3FU) | 0x80U);
     return uuidText(uuid);

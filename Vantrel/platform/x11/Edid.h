@@ -1,4 +1,4 @@
-// What a monitor's identity block (EDID) says about it.
+// Parses a monitor's identification block (EDID).
 #pragma once
 
 #include <cstdint>
@@ -16,9 +16,9 @@ struct Edid {
     // Three capital letters.
     std::string manufacturer;
     std::uint16_t product = 0;
-    // Absent when the monitor fills the field with zeros or with the ones that some makers put there.
+    // Absent if the field is zero or 0x01010101, a placeholder that some manufacturers use.
     std::optional<std::uint32_t> serialNumber;
-    // The texts of the monitor's descriptors; empty when it has none.
+    // From the monitor's descriptors; empty if missing.
     std::string name;
     std::string serialText;
 
@@ -27,18 +27,18 @@ struct Edid {
 
 namespace EdidBlock {
 
-// None when the base block is missing, cut off or damaged.
+// Returns none if the base block is missing, truncated or damaged.
 [[nodiscard]] std::optional<Edid> parse(std::span<const std::uint8_t> bytes);
 
-// What to call the monitor: its own name, else manufacturer and product number ("ABC 12F0").
+// The monitor's name, else manufacturer and product number ("ABC 12F0").
 [[nodiscard]] std::string displayName(const Edid& edid);
 
-// Upper-case UUID text made of the whole block. Two monitors with the same block get different ones by
-// giving the connector of each; an empty connector leaves it out.
+// An upper-case UUID derived from the whole block. To tell apart two monitors with the same block, pass their
+// connectors; otherwise pass an empty string.
 [[nodiscard]] std::string displayUUID(std::span<const std::uint8_t> bytes, std::string_view connector);
 
-// Upper-case UUID text whose first group is manufacturer and product and whose second and third groups are
-// the serial number, all zero without one; the rest is date, version and size. `bytes` must have parsed.
+// An upper-case UUID. The first group is manufacturer and product, the second and third are the serial number
+// or zero, and the rest is date, version and size. `bytes` must be a valid block.
 [[nodiscard]] std::string edidUUID(std::span<const std::uint8_t> bytes, const Edid& edid);
 
 } // namespace EdidBlock

@@ -64,7 +64,7 @@ bool isNear(const FrameTarget& target, const Rect& frame, double tolerance) {
 
 bool fillsMonitor(const FrameTarget& target, std::span<const Rect> monitors) {
     constexpr double leastShare = 0.75;
-    // Borders of a maximised window may hang over the edge.
+    // A maximised window's borders may extend past the edge.
     constexpr double overhang = 16;
     return std::ranges::any_of(monitors, [&](const Rect& monitor) {
         const auto& [position, size] = target;
@@ -72,7 +72,7 @@ bool fillsMonitor(const FrameTarget& target, std::span<const Rect> monitors) {
             return from >= start - overhang && from <= start + whole * (1 - leastShare) &&
                    length >= whole * leastShare && from + length <= start + whole + overhang;
         };
-        // Where half is open, that half is taken to be as large as it can be.
+        // An unset size counts as the largest that fits.
         const Point from = position.value_or(monitor.origin);
         const Size length = size.value_or(Size{monitor.maxX() - from.x, monitor.maxY() - from.y});
         return fits(from.x, length.width, monitor.minX(), monitor.width()) &&

@@ -1,4 +1,4 @@
-// From what the X server knows of a window's place to the frame that the user sees, and back.
+// Converts between X server geometry and the frame that the user sees.
 #pragma once
 
 #include "VantrelCore/ports/WindowElement.h"
@@ -19,19 +19,19 @@ struct Extents {
     bool operator==(const Extents&) const = default;
 };
 
-// Where a window is, in parts.
+// The parts that make up a window's frame.
 struct FrameParts {
-    // The client's own window in root coordinates.
+    // The client window, in root coordinates.
     Rect client = {};
-    // What the window manager draws around it.
+    // The window manager's border and title bar.
     Extents decoration = {};
-    // The invisible margin that a client draws around itself for its shadow.
+    // The invisible margin that a client with its own decorations reserves for its shadow.
     Extents shadow = {};
 
     bool operator==(const FrameParts&) const = default;
 };
 
-// Where a window shall be; an absent half stays as it is.
+// Where a window should be. An absent value leaves that part unchanged.
 struct FrameTarget {
     std::optional<Point> position = std::nullopt;
     std::optional<Size> size = std::nullopt;
@@ -39,8 +39,8 @@ struct FrameTarget {
     bool operator==(const FrameTarget&) const = default;
 };
 
-// A move-resize request with gravity NorthWest: the outer position, decoration and shadow included, and the
-// client's size. An absent value is not asked for.
+// A move-resize request with gravity NorthWest: the outer position, including decoration and shadow, and the
+// client's size. Absent values are left out of the request.
 struct MoveResize {
     std::optional<std::int32_t> x = std::nullopt;
     std::optional<std::int32_t> y = std::nullopt;
@@ -52,29 +52,30 @@ struct MoveResize {
 
 namespace FrameArithmetic {
 
-// What the user sees: decoration included, shadow not.
+// The frame that the user sees: includes the decoration but not the shadow.
 [[nodiscard]] Rect visibleFrame(const FrameParts& parts);
 
-// The final frame that writes performed in order ask for.
+// The frame that results from applying the writes in order.
 [[nodiscard]] FrameTarget coalesce(std::span<const FrameWrite> writes);
 
-// Whether `frame` is where `target` asks, at the precision of whole pixels.
+// Whether `frame` matches `target` to the pixel.
 [[nodiscard]] bool isAt(const FrameTarget& target, const Rect& frame);
 
-// The same, each value off by at most `tolerance`.
+// Whether each value matches within `tolerance`.
 [[nodiscard]] bool isNear(const FrameTarget& target, const Rect& frame, double tolerance);
 
-// Whether a maximised window can be meant: a place that fills most of a monitor, from its left or top edge
-// on where the target says no size. Panels leave a maximised window between three quarters and all of it.
+// Whether the target could be a maximised window, that is, fills most of a monitor. An unset position counts
+// as the monitor's corner, an unset size as the largest that fits. Panels leave a maximised window at least
+// three quarters of the monitor.
 [[nodiscard]] bool fillsMonitor(const FrameTarget& target, std::span<const Rect> monitors);
 
-// The request that brings a window that is at `parts` to `target`. The size is left out when it is already
-// the asked one, because a resize costs the window manager and the program far more than a move; with a size
-// comes always the position, because window managers choose different corners to hold.
-// Beyond the protocol's 16-bit coordinates the values stop at its ends; not-a-number stays as it is.
+// The request that takes a window from `parts` to `target`. Omits the size if it already matches, because a
+// resize costs the window manager and the program far more than a move. Always includes the position, because
+// window managers keep different corners fixed on resize. Clamps values to the protocol's 16-bit range and
+// leaves out values that are not a number.
 [[nodiscard]] MoveResize request(const FrameTarget& target, const FrameParts& parts);
 
-// What the window with its decoration, and with its shadow, fills once a request has been obeyed.
+// The area, with decoration and shadow, that the window fills once the request has been carried out.
 [[nodiscard]] Rect outerArea(const MoveResize& request, const FrameParts& parts);
 
 } // namespace FrameArithmetic

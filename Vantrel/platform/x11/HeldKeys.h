@@ -1,5 +1,4 @@
-// Which keys are held down, as far as their events reach this program: tells the first press of a key from
-// its automatic repetitions.
+// Tracks held keys, to tell a key press from auto-repeat.
 #pragma once
 
 #include <array>
@@ -9,18 +8,17 @@
 
 namespace vantrel {
 
-// A release can be lost: while one hot key is held, the presses of all other keys come here, too, and their
-// releases go elsewhere once the hot key is let go.
+// Releases can be lost: while a hot key is held, we get the presses of all other keys too. If the hot key is
+// released first, their releases go elsewhere. A press therefore counts as a repeat only within a time limit.
 class HeldKeys {
 public:
-    // In milliseconds of the server's clock; far above the usual delays before the first repetition (X's own
-    // default is 660).
+    // In milliseconds of server time. Far above the usual delay before the first repeat (X's default is 660).
     static constexpr std::uint32_t longestRepeatGap = 2500;
 
-    // True when this press begins; false when it repeats.
+    // True for a new press, false for a repeat.
     bool press(xcb_keycode_t key, xcb_timestamp_t time) {
         auto& last = m_lastPress[key];
-        // The server's clock starts again from zero every 50 days; the difference does not mind.
+        // Server time wraps every 50 days; unsigned subtraction handles that.
         const bool isRepeated = last && time - *last <= longestRepeatGap;
         last = time;
         return !isRepeated;

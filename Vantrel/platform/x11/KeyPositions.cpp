@@ -10,7 +10,7 @@ namespace {
 
 using Position = std::pair<std::int64_t, std::string_view>;
 
-// Sorted by key code, for the search.
+// Sorted by key code for binary search.
 constexpr auto positions = std::to_array<Position>({
     // clang-format off
         {0, "AC01"},

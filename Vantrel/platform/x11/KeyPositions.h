@@ -1,6 +1,6 @@
-// Where the keys of the Macintosh's virtual key codes stand on a keyboard, in the key names of the X Keyboard
-// Extension ("AD04" is the fourth key of the row above the home row). Names, unlike X key codes, are the same
-// with every driver; a layout gives the same place another letter.
+// Maps macOS virtual key codes to key positions, named as in the X Keyboard Extension ("AD04" is the fourth
+// key of the row above the home row). Unlike X key codes, these names do not depend on the driver. They
+// denote positions: the letter there depends on the layout.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace vantrel::KeyPositions {
 
-// None for a key that shortcuts cannot use.
+// Returns none for keys that shortcuts cannot use.
 [[nodiscard]] std::optional<std::string_view> name(std::int64_t virtualKeyCode);
 
 } // namespace vantrel::KeyPositions

@@ -1,5 +1,4 @@
-// Which X key code stands at which place of the keyboard, and what the eight modifier bits mean on this
-// server.
+// Maps key positions to X key codes and gives the meaning of this server's modifier bits.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Connection.h"
@@ -15,9 +14,9 @@
 namespace vantrel {
 
 struct KeyboardMap {
-    // By the key's name in the X Keyboard Extension, alternative names included.
+    // Keyed by X Keyboard Extension name, including aliases.
     std::map<std::string, xcb_keycode_t, std::less<>> keyCodes;
-    // Modifier masks; zero where no key sets one.
+    // Modifier masks; zero if no key sets the modifier.
     std::uint16_t alt = 0;
     std::uint16_t super = 0;
     std::uint16_t numLock = 0;
@@ -25,7 +24,7 @@ struct KeyboardMap {
 
     bool operator==(const KeyboardMap&) const = default;
 
-    // None when the server does not answer or has no X Keyboard Extension.
+    // Returns none if the connection is lost or the server lacks the X Keyboard Extension.
     [[nodiscard]] static std::optional<KeyboardMap> read(const X11Connection& connection);
 
     struct Key {
@@ -35,10 +34,10 @@ struct KeyboardMap {
         bool operator==(const Key&) const = default;
     };
 
-    // Command is Super and option is Alt. None when this keyboard lacks the key or one of the modifiers.
+    // Command maps to Super and option to Alt. Returns none if the keyboard lacks the key or a modifier.
     [[nodiscard]] std::optional<Key> key(HotKeyCombo combo) const;
 
-    // Every state of the locks that a key may be pressed in, as masks.
+    // The modifier masks of all combinations of the lock keys.
     [[nodiscard]] std::vector<std::uint16_t> lockStates() const;
 };
 

@@ -10,7 +10,7 @@ namespace vantrel::MonitorQuery {
 
 namespace {
 
-// In 32-bit words: eight blocks, more than any monitor has.
+// In 32-bit words. Eight blocks, more than any monitor has.
 constexpr std::uint32_t longestEdid = 256;
 
 struct OutputCookies {
@@ -46,7 +46,7 @@ MonitorCookies ask(const X11Connection& connection, const xcb_randr_monitor_info
 OutputReading answer(xcb_connection_t* xcb, const OutputCookies& cookies) {
     OutputReading output;
     if (const auto info = ownReply(xcb_randr_get_output_info_reply(xcb, cookies.info, nullptr))) {
-        // The name is bytes without an end.
+        // The name is not null-terminated.
         const auto* name = reinterpret_cast<const char*>(xcb_randr_get_output_info_name(info.get()));
         output.connector = std::string_view(name, info->name_len);
     }

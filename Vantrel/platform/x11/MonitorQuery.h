@@ -1,5 +1,5 @@
-// Reads the monitors of the X screen as the server has them now, without making it look for new ones: a
-// query of ours never causes events for others.
+// Reads the monitors that the X server currently knows. Does not make it probe for new ones, so other
+// programs get no events from our queries.
 #pragma once
 
 #include "Vantrel/platform/x11/DisplayList.h"
@@ -10,8 +10,8 @@
 
 namespace vantrel::MonitorQuery {
 
-// Two round trips. Empty while every monitor is off; the whole screen as one monitor where the server is
-// older than RandR 1.5; none when the connection is lost.
+// Takes two round trips. Returns an empty list if every monitor is off, the whole screen as one monitor if
+// the server lacks RandR 1.5, and none if the connection is lost.
 [[nodiscard]] std::optional<std::vector<MonitorReading>> read(const X11Connection& connection);
 
 } // namespace vantrel::MonitorQuery

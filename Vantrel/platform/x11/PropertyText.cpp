@@ -13,7 +13,7 @@ std::string untilNul(std::string_view bytes) {
     return std::string(bytes.substr(0, bytes.find('\0')));
 }
 
-// How many bytes at the end are the beginning of a longer character.
+// The number of trailing bytes that belong to a truncated character.
 std::size_t unfinishedBytes(std::string_view bytes) {
     constexpr unsigned char continuationBits = 0xc0;
     constexpr unsigned char continuation = 0x80;

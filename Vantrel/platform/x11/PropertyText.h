@@ -1,4 +1,4 @@
-// Texts in window properties, which may hold anything, as valid UTF-8.
+// Decodes strings in window properties, which may hold any bytes, to valid UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,14 @@ namespace vantrel::PropertyText {
 
 enum class Encoding : std::uint8_t {
     utf8,
-    // STRING by name; many programs put UTF-8 there, so that is tried first.
+    // The type STRING. Many programs store UTF-8 in it, so UTF-8 is tried first.
     latin1,
 };
 
-// The text up to the first NUL. Invalid bytes become U+FFFD; a character cut off at the end is dropped.
+// Decodes up to the first NUL. Replaces invalid bytes with U+FFFD and drops a truncated last character.
 [[nodiscard]] std::string decode(std::string_view bytes, Encoding encoding);
 
-// The two texts of a WM_CLASS property: instance and class.
+// The instance and class in a WM_CLASS property.
 [[nodiscard]] std::pair<std::string, std::string> decodeClass(std::string_view bytes);
 
 } // namespace vantrel::PropertyText

@@ -1,4 +1,4 @@
-// Decoding property replies, whose type, format and length are whatever a program chose to write.
+// Decodes property replies. Programs may write any type, format and length.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Atoms.h"
@@ -15,16 +15,16 @@ namespace vantrel::PropertyValues {
 
 using Reply = XcbReply<xcb_get_property_reply_t>;
 
-// The 32-bit values of a property of the given type; empty for a missing one and for any other type. Valid
-// as long as the reply.
+// The 32-bit values of a property. Empty if the property is missing or has another type. The span is valid as
+// long as the reply.
 [[nodiscard]] std::span<const std::uint32_t> numbers(const Reply& reply, xcb_atom_t type);
 
 [[nodiscard]] std::optional<std::uint32_t> number(const Reply& reply, xcb_atom_t type);
 
-// The bytes of a text property; empty for a missing one and for a format other than 8.
+// The bytes of a text property. Empty if the property is missing or its format is not 8.
 [[nodiscard]] std::string_view bytes(const Reply& reply);
 
-// Absent for a missing property.
+// Returns none if the property is missing.
 [[nodiscard]] std::optional<std::string> text(const Reply& reply, const X11Atoms& atoms);
 
 } // namespace vantrel::PropertyValues

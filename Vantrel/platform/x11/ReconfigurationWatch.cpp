@@ -30,7 +30,7 @@ ReconfigurationWatch::ReconfigurationWatch(std::shared_ptr<X11Connection> connec
         m_screenEvents = m_connection->onEvent(*first + XCB_RANDR_SCREEN_CHANGE_NOTIFY,
                                                [this](const auto&) { noteEvent(); });
         m_otherEvents = m_connection->onEvent(*first + XCB_RANDR_NOTIFY, [this](const auto& event) {
-            // The events of an extension share the generic event's memory.
+            // Extension events share the generic event's layout.
             const auto& notify = reinterpret_cast<const xcb_randr_notify_event_t&>(event);
             if (notify.subCode == XCB_RANDR_NOTIFY_CRTC_CHANGE) {
                 noteCrtc(notify.u.cc);
@@ -38,7 +38,7 @@ ReconfigurationWatch::ReconfigurationWatch(std::shared_ptr<X11Connection> connec
             noteEvent();
         });
     }
-    // Events first, so that nothing between them and the readings is missed.
+    // Select events before reading, so that no change is missed in between.
     select(*m_connection, watchedEvents);
     {
         auto crtcs = readCrtcs();

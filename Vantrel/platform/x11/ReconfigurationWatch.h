@@ -1,5 +1,5 @@
-// Reports real changes of the displays, and nothing but those: one change comes as many RandR events, and a
-// mere query by another program can cause some, too.
+// Reports display changes. One change causes many RandR events, and a mere query by another program can cause
+// some too; this filters out events without a change.
 #pragma once
 
 #include "Vantrel/platform/x11/DisplayList.h"
@@ -17,13 +17,13 @@
 
 namespace vantrel {
 
-// After every batch of events its own thread reads the displays and compares them with what they were. A
-// monitor that went and came back between two readings is noticed by the events themselves, which carry
-// each CRTC's state.
+// After each batch of events, a worker thread reads the displays and compares them with the previous reading.
+// A monitor that disappears and returns between two readings is detected from the CRTC state that the events
+// carry.
 class ReconfigurationWatch {
 public:
-    // Calls `handler` on the watch's thread. No call is under way once this object is gone; it may not be
-    // destroyed by the handler.
+    // Calls `handler` on the worker thread. The destructor waits for a running call, so the handler must not
+    // destroy this object.
     ReconfigurationWatch(std::shared_ptr<X11Connection> connection, std::function<void()> handler);
     ~ReconfigurationWatch();
     ReconfigurationWatch(const ReconfigurationWatch&) = delete;
@@ -39,11 +39,11 @@ private:
         bool operator==(const CrtcState&) const = default;
     };
 
-    // What a CRTC that is off reports besides the mode means nothing.
+    // Ignores rotation and position if the CRTC is off; they are meaningless then.
     [[nodiscard]] static CrtcState crtcState(xcb_randr_mode_t mode, std::uint16_t rotation, std::int16_t x,
                                              std::int16_t y);
     [[nodiscard]] std::map<xcb_randr_crtc_t, CrtcState> readCrtcs() const;
-    // None when the connection is lost.
+    // Returns none if the connection is lost.
     [[nodiscard]] std::optional<std::vector<X11Display>> readDisplays() const;
     void noteEvent();
     void noteCrtc(const xcb_randr_crtc_change_t& change);
@@ -52,7 +52,7 @@ private:
 
     std::shared_ptr<X11Connection> m_connection;
     std::function<void()> m_handler;
-    // Of the worker thread, after construction.
+    // Used only by the worker thread after construction.
     std::vector<X11Display> m_displays;
 
     std::mutex m_mutex;

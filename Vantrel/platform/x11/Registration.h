@@ -1,4 +1,4 @@
-// Something that was switched on and is switched off again when this object goes.
+// Undoes something when destroyed or reset.
 #pragma once
 
 #include <functional>

@@ -8,7 +8,7 @@ namespace vantrel {
 namespace {
 
 bool explains(double asked, double actual, std::int32_t min, std::int32_t max, std::int32_t increment) {
-    // A program's numbers may contradict each other: the minimum wins, as with window managers.
+    // Hints may contradict each other. The minimum wins, as in window managers.
     const double lowest = std::max(1, min);
     const double highest = max > 0 ? std::max<double>(lowest, max) : std::max(lowest, asked);
     const double allowed = std::clamp(asked, lowest, highest);

@@ -1,15 +1,15 @@
-// Which sizes a program's window can have, as it tells the window manager.
+// The size constraints that a program gives to the window manager.
 #pragma once
 
 #include <cstdint>
 
 namespace vantrel {
 
-// All in pixels of the client's window, as in WM_NORMAL_HINTS with its defaults filled in.
+// In pixels of the client window, from WM_NORMAL_HINTS with its defaults.
 struct SizeHints {
     std::int32_t minWidth = 1;
     std::int32_t minHeight = 1;
-    // Zero: no limit.
+    // Zero means no limit.
     std::int32_t maxWidth = 0;
     std::int32_t maxHeight = 0;
     std::int32_t baseWidth = 0;
@@ -20,8 +20,8 @@ struct SizeHints {
 
     bool operator==(const SizeHints&) const = default;
 
-    // Whether a window that was asked for `asked` and has `actual` cannot come any closer. Window managers
-    // round to increments in different directions, so either neighbour counts.
+    // Whether the hints keep a window with size `actual` from getting closer to the requested size `asked`.
+    // Window managers round to increments up or down, so both are accepted.
     [[nodiscard]] bool explainWidth(double asked, double actual) const;
     [[nodiscard]] bool explainHeight(double asked, double actual) const;
 };

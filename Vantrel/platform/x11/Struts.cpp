@@ -53,7 +53,7 @@ Rect visibleFrame(const Rect& monitor, const Size& screen, const std::vector<Str
         if (!isBeside(monitor, strut)) {
             continue;
         }
-        // A strip that ends beyond the monitor belongs to another one behind it.
+        // A strut that covers this whole monitor belongs to the one behind it.
         switch (strut.edge) {
         case Strut::Edge::left:
             left = strut.thickness < monitor.maxX() ? std::max(left, strut.thickness) : left;

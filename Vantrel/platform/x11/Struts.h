@@ -1,4 +1,4 @@
-// The part of a monitor that panels and docks leave to windows.
+// The part of a monitor that panels and docks leave for windows.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -10,14 +10,14 @@
 
 namespace vantrel {
 
-// The strip that one window reserves along an edge of the X screen (_NET_WM_STRUT_PARTIAL). The thickness
-// counts from the edge of the whole screen, also where a monitor ends before it.
+// The strip that a window reserves along an edge of the X screen (_NET_WM_STRUT_PARTIAL). The thickness is
+// measured from the edge of the whole screen, even if the monitor ends short of it.
 struct Strut {
     enum class Edge : std::uint8_t { left, right, top, bottom };
 
     Edge edge = Edge::top;
     double thickness = 0;
-    // Where along the edge it begins and ends; the end does not belong to it.
+    // The range along the edge; `end` is exclusive.
     double start = 0;
     double end = 0;
 
@@ -26,17 +26,17 @@ struct Strut {
 
 namespace Struts {
 
-// The strips in the values of one window's property: 12 numbers of _NET_WM_STRUT_PARTIAL, or the 4 of
-// _NET_WM_STRUT, which hold for the whole edge. Anything else has none.
+// Decodes the 12 values of _NET_WM_STRUT_PARTIAL or the 4 of _NET_WM_STRUT, which cover the whole edge.
+// Returns nothing for any other length.
 [[nodiscard]] std::vector<Strut> decode(std::span<const std::uint32_t> values);
 
-// `monitor` less the strips that end inside it, in root window coordinates, as `monitor` is. Never empty: a
-// strip that would leave nothing is none.
+// `monitor` less the struts that end inside it, in root window coordinates. Never empty: ignores the struts
+// if they would leave nothing.
 [[nodiscard]] Rect visibleFrame(const Rect& monitor, const Size& screen, const std::vector<Strut>& struts);
 
-// For a desk where no window reserves anything: the part of `monitor` inside the window manager's work area.
-// Window managers differ on what that is with several monitors, so one that covers less than half of this
-// monitor is taken to speak of others.
+// The part of `monitor` inside the window manager's work area, for when no window sets a strut. With several
+// monitors, window managers disagree on what the work area is. One that covers less than half of this monitor
+// is ignored.
 [[nodiscard]] Rect visibleFrame(const Rect& monitor, const std::optional<Rect>& workArea);
 
 } // namespace Struts

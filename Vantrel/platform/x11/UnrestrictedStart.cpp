@@ -10,11 +10,12 @@ namespace vantrel::UnrestrictedStart {
 
 namespace {
 
-// A unit lives as long as any process in it: what starts a desktop's application ends before it.
+// ExitType=cgroup keeps the unit alive while any process in it runs: launchers often exit before the
+// application does.
 constexpr const char* script = "systemd-run --user --quiet --collect --slice=app.slice "
                                "--property=ExitType=cgroup -- \"$@\" || exec \"$@\"";
 
-// Runs in the new process: what ends this program's process group must not end what it has started.
+// Runs in the child. Keeps signals to our process group from ending the started program.
 void detach(gpointer /*nothing*/) {
     setsid();
 }
@@ -36,7 +37,7 @@ bool run(std::vector<std::string> command) {
         arguments.push_back(word.data());
     }
     arguments.push_back(nullptr);
-    // Without G_SPAWN_DO_NOT_REAP_CHILD it becomes a child of the init process.
+    // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes it a child of the init process.
     // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which GLib does not mark as such
     constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                     G_SPAWN_STDERR_TO_DEV_NULL);
@@ -46,7 +47,7 @@ bool run(std::vector<std::string> command) {
 bool runSelf(std::vector<std::string> arguments) {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    // An upgrade may have replaced it.
+    // An upgrade may have replaced the program.
     if (error || !std::filesystem::exists(program, error)) {
         return false;
     }

@@ -1,6 +1,5 @@
-// Starts programs for the user from a process that is restricted itself, as packaging's systemd unit
-// restricts it. What a restricted process starts inherits that, and a browser or sudo then fails; so the
-// user's systemd starts it.
+// Starts unrestricted programs from a restricted process. Our packaged systemd unit restricts this process,
+// and children inherit that, which breaks browsers and sudo. So we have the user's systemd start them.
 #pragma once
 
 #include <string>
@@ -8,18 +7,18 @@
 
 namespace vantrel::UnrestrictedStart {
 
-// The argument with which this program, run anew, starts an application (DesktopLauncher::startHere).
+// The option that makes a new instance of this program start an application (DesktopLauncher::startHere).
 inline constexpr const char* applicationOption = "--start-application";
 
-// Whether this process may gain no privileges, which every restriction by a user's systemd implies, and that
-// systemd is there to ask.
+// True if this process has no_new_privs set, which any restriction by the user's systemd implies, and that
+// systemd is available.
 [[nodiscard]] bool isNeeded();
 
-// Has the user's systemd run the command, in a unit of its own; if it refuses, the command runs here. Returns
-// at once, false when nothing was started.
+// Has the user's systemd run the command in its own unit. If that fails, runs the command from here. Does not
+// wait. Returns false if nothing was started.
 [[nodiscard]] bool run(std::vector<std::string> command);
 
-// The same for this program with these arguments.
+// Runs this program with the given arguments in the same way.
 [[nodiscard]] bool runSelf(std::vector<std::string> arguments);
 
 } // namespace vantrel::UnrestrictedStart

@@ -1,5 +1,4 @@
-// What the X server's events tell of who moves a window: the user, or programs and the window manager by
-// themselves.
+// Infers from X events whether the user moves a window, or a program or the window manager does.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -10,22 +9,22 @@
 
 namespace vantrel {
 
-// A window manager grabs the keyboard as long as the user moves or resizes a window (openbox 3.6 and xfwm4
-// 4.18 do, whether it is done by pointer or by keys) and as long as one of its key combinations is held, such
-// as one that tiles windows. The focused window is told. Typing grabs nothing. For window managers that grab
-// the pointer alone a pressed button over the moving window tells the same.
+// Window managers grab the keyboard while the user moves or resizes a window (openbox 3.6 and xfwm4 4.18 do,
+// for moves by pointer and by keyboard) and while one of their shortcuts is held, such as one that tiles
+// windows. The focused window gets an event about the grab. Typing causes no grab. For window managers that
+// grab only the pointer, a pressed button over the moving window is the sign.
 class UserMoveEvidence {
 public:
     using Time = std::chrono::steady_clock::time_point;
 
-    // Moves that the window manager makes only when it has let go of the keyboard, as with outlines, come at
-    // once after.
+    // Some window managers move the window only after ending the grab, for example when they drag an outline.
+    // Moves this soon after a grab count as the user's.
     static constexpr std::chrono::milliseconds aftermath{250};
 
-    // The window with its frame as it stands now.
+    // `area` is the current area of the window with its frame.
     explicit UserMoveEvidence(const Rect& area) : m_area(area) {}
 
-    // What befell the focus of the window.
+    // What a focus event says.
     enum class Focus : std::uint8_t {
         // The keyboard was grabbed while the window had the focus, or it got the focus during a grab.
         grabbed,
@@ -35,8 +34,8 @@ public:
     void noteFocus(Focus focus, Time now);
 
     enum class Mover : std::uint8_t { nobody, user, unknown };
-    // The window was raised, moved or resized and now stands there. Unknown: whether a button is pressed
-    // over it decides.
+    // Call after the window was raised, moved or resized, with its new area. On `unknown`, the caller checks
+    // whether a button is pressed over the window.
     Mover noteArea(const Rect& area, Time now);
     void notePressedOver() { m_isUsers = true; }
 

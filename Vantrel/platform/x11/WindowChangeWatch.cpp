@@ -16,7 +16,8 @@ WindowChangeWatch::WindowChangeWatch(X11Connection& connection, std::optional<Ar
                                        notice(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
                                    })),
       m_selection(connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY)) {
-    // The root's are selected already. The client's mark is a selection of the other connection.
+    // The root's events are already selected. This does not affect the client's mark, which is a selection by
+    // the other connection.
     if (m_arrival && m_arrival->clientSize && m_arrival->holder != connection.root()) {
         m_clientSelection = connection.selectEvents(m_arrival->client, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
@@ -38,16 +39,16 @@ void WindowChangeWatch::notice(const xcb_configure_notify_event_t& change) {
         m_hasChanged = true;
     }
     if (m_hasChanged) {
-        // The one that wakes needs the mutex at once.
+        // The waiting thread needs the mutex at once.
         lock.unlock();
         m_wake.notify_one();
     }
 }
 
 void WindowChangeWatch::noticeArrival(const xcb_configure_notify_event_t& change, const Arrival& expected) {
-    constexpr std::uint8_t sentByAClient = 0x80;
-    if ((change.response_type & sentByAClient) != 0) {
-        // What the window manager tells the program; it may not have done it yet.
+    constexpr std::uint8_t sendEventBit = 0x80;
+    if ((change.response_type & sendEventBit) != 0) {
+        // A synthetic event from the window manager to the program. It may not have moved the window yet.
         return;
     }
     const double border = 2.0 * change.border_width;

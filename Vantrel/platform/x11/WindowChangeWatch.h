@@ -1,5 +1,5 @@
-// Wakes a thread when windows of the desk were moved or resized. Only for those who have to wait: as long as
-// one exists, the server reports every move of every window.
+// Wakes a thread when windows are moved or resized. Create one only while waiting: as long as it exists, the
+// server reports every move of every window.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Connection.h"
@@ -16,36 +16,36 @@ namespace vantrel {
 
 class WindowChangeWatch {
 public:
-    // What an obedient window manager does with a window. It may move the frame first and resize the client
-    // in it only later, or the other way round.
+    // What to wait for when the window manager carries out a request. It may move the frame before it resizes
+    // the client, or the other way round.
     struct Arrival {
-        // A top-level window, the frame, comes to fill exactly this.
+        // The final area of the frame, a top-level window.
         Rect outerArea;
         xcb_window_t client = XCB_WINDOW_NONE;
-        // The window that holds the client: the root, the frame, or something inside the frame.
+        // The parent of the client: the root, the frame or a window inside the frame.
         xcb_window_t holder = XCB_WINDOW_NONE;
-        // The client gets this size; absent when it is not to change.
+        // The client's final size; absent if it is not to change.
         std::optional<Size> clientSize;
     };
 
     enum class Sighting : std::uint8_t {
         none,
-        // A window came to the place; whether it is the frame of the awaited one is not known.
+        // Some window arrived at the place, but it may not be the expected frame.
         likely,
         certain,
     };
 
-    // Wakes on any move of a top-level window, or only when all of `arrival` has happened.
+    // Wakes on any move of a top-level window or, with `arrival`, once all of it has happened.
     explicit WindowChangeWatch(X11Connection& connection, std::optional<Arrival> arrival = std::nullopt);
     WindowChangeWatch(const WindowChangeWatch&) = delete;
     WindowChangeWatch& operator=(const WindowChangeWatch&) = delete;
     ~WindowChangeWatch();
 
-    // True when that happened since the last call, or since the beginning; false at the deadline and when
+    // Returns true if that happened since the last call or since construction, false at the deadline or if
     // the connection is lost.
     [[nodiscard]] bool await(std::chrono::steady_clock::time_point deadline);
 
-    // Waits for the arrival, but gives up earlier: once no window at all has moved for `quiet`.
+    // Waits for the arrival, but gives up once no window has moved for `quiet`.
     [[nodiscard]] Sighting awaitWhileBusy(std::chrono::milliseconds quiet,
                                           std::chrono::steady_clock::time_point deadline);
 
@@ -61,7 +61,7 @@ private:
     bool m_hasSize = false;
     bool m_hasChanged = false;
     bool m_isLost = false;
-    // When any window moved last; the beginning at first.
+    // When any window last moved; initially the time of construction.
     std::chrono::steady_clock::time_point m_lastMove = std::chrono::steady_clock::now();
     Registration m_loss;
     Registration m_changes;

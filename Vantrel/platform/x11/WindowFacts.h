@@ -1,4 +1,4 @@
-// What one exchange with the X server tells of one window.
+// What one query to the X server returns about a window.
 #pragma once
 
 #include "Vantrel/platform/x11/ApplicationIdentity.h"
@@ -11,15 +11,15 @@
 
 namespace vantrel {
 
-// How much of a window is asked; each includes those before it.
+// How much to read. Each scope includes those before it.
 enum class WindowScope : std::uint8_t {
-    // Place and mark.
+    // Position, size and mark.
     frame,
-    // State too: what moving it needs.
+    // Also states: what a move needs.
     placement,
-    // Title and kind too: what a window element tells.
+    // Also title and type: what a window element reports.
     element,
-    // Owner, application and desktop too: what a capture needs.
+    // Also owner, application and desktop: what a capture needs.
     capture,
 };
 
@@ -28,14 +28,14 @@ struct WindowFacts {
     // See WindowMarks.
     bool isMarked = false;
     bool isViewable = false;
-    // The window that holds it, a frame or the root. Of scope placement only.
+    // Its parent, a frame or the root. Set only by scope placement.
     std::uint32_t parent = 0;
-    // From scope placement on the states, from scope element on everything.
+    // The states are set from scope placement on, the rest from scope element on.
     WindowTraits traits;
     std::optional<std::string> title;
-    // Absent: not said. allDesktops: on every one.
+    // Absent if unset; allDesktops if on every desktop.
     std::optional<std::uint32_t> desktop;
-    // As the program says.
+    // As set by the program.
     std::optional<std::int32_t> pid;
     ApplicationEvidence evidence;
 };

@@ -26,7 +26,7 @@ WindowManager WindowManager::from(const PropertyValues::Reply& rootCheck,
 }
 
 WindowManager WindowManager::query(const X11Connection& connection) {
-    xcb_connection_t* const xcb = connection.questions();
+    xcb_connection_t* const xcb = connection.queryConnection();
     const auto checkCookie = askCheck(connection, connection.root());
     const auto supportedCookie = askSupported(connection);
     const auto check = ownReply(xcb_get_property_reply(xcb, checkCookie, nullptr));
@@ -40,13 +40,13 @@ WindowManager WindowManager::query(const X11Connection& connection) {
 }
 
 xcb_get_property_cookie_t WindowManager::askCheck(const X11Connection& connection, xcb_window_t window) {
-    return xcb_get_property(connection.questions(), 0, window, connection.atoms().netSupportingWmCheck,
+    return xcb_get_property(connection.queryConnection(), 0, window, connection.atoms().netSupportingWmCheck,
                             XCB_ATOM_WINDOW, 0, 1);
 }
 
 xcb_get_property_cookie_t WindowManager::askSupported(const X11Connection& connection) {
-    return xcb_get_property(connection.questions(), 0, connection.root(), connection.atoms().netSupported,
-                            XCB_ATOM_ATOM, 0, supportedWords);
+    return xcb_get_property(connection.queryConnection(), 0, connection.root(),
+                            connection.atoms().netSupported, XCB_ATOM_ATOM, 0, supportedWords);
 }
 
 } // namespace vantrel

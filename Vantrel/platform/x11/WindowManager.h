@@ -1,4 +1,4 @@
-// Whether a window manager is there, and what it understands.
+// Whether a window manager is running, and what it supports.
 #pragma once
 
 #include "Vantrel/platform/x11/PropertyValues.h"
@@ -7,7 +7,7 @@
 namespace vantrel {
 
 struct WindowManager {
-    // An EWMH window manager runs; without one nothing else holds.
+    // An EWMH window manager is running. If not, all else is false.
     bool isPresent = false;
     bool moves = false;
     bool restacks = false;
@@ -15,13 +15,14 @@ struct WindowManager {
 
     bool operator==(const WindowManager&) const = default;
 
-    // From the root's _NET_SUPPORTING_WM_CHECK, the same property of the window it names, and _NET_SUPPORTED.
-    // The root's property outlives its window manager: only a child that names itself proves one.
+    // Takes the root's _NET_SUPPORTING_WM_CHECK, the same property of the window it names, and
+    // _NET_SUPPORTED. The root's property outlives the window manager, so only a child window that names
+    // itself proves one.
     [[nodiscard]] static WindowManager from(const PropertyValues::Reply& rootCheck,
                                             const PropertyValues::Reply& childCheck,
                                             const PropertyValues::Reply& supported, const X11Atoms& atoms);
 
-    // Two round trips.
+    // Takes two round trips.
     [[nodiscard]] static WindowManager query(const X11Connection& connection);
 
     [[nodiscard]] static xcb_get_property_cookie_t askCheck(const X11Connection& connection,

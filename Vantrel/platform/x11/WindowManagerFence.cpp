@@ -9,8 +9,8 @@ namespace vantrel {
 
 namespace {
 
-// After this long another question is asked. openbox 3.6 looks only at its socket for new events: those that
-// it read along with a reply, while one of its timers ran, wait until another one arrives and wakes it.
+// After this long, another request is sent. openbox 3.6 only watches its socket for new events. Events that
+// it read along with a reply while one of its timers ran wait until another event arrives.
 constexpr std::chrono::milliseconds patience(50);
 
 constexpr std::chrono::seconds longestSilence(1);
@@ -61,32 +61,32 @@ bool WindowManagerFence::awaitWhileBusy(Deadline deadline) {
     return awaitUntil([&] { return std::min(last, std::max(deadline, m_lastSign + longestSilence)); });
 }
 
-// `deadline` is asked with the mutex held.
+// Calls `deadline` with the mutex held.
 bool WindowManagerFence::awaitUntil(const std::function<Deadline()>& deadline) {
-    Question question;
+    Request request;
     std::unique_lock lock(m_mutex);
     if (m_isLost) {
         return false;
     }
     const xcb_window_t window = takeWindow();
-    m_asked[window] = &question;
-    const auto isOver = [&] { return question.isAnswered || m_isLost; };
-    // Later questions only wake the window manager: they are about a window whose answers nobody counts.
+    m_asked[window] = &request;
+    const auto isOver = [&] { return request.isAnswered || m_isLost; };
+    // Later requests only wake the window manager. They use a window whose replies are ignored.
     for (auto about = window; !isOver() && Clock::now() < deadline(); about = m_alarm) {
         lock.unlock();
         ClientMessage::send(*m_connection, about, m_connection->atoms().netRequestFrameExtents, {});
         xcb_flush(m_connection->xcb());
         lock.lock();
-        question.answered.wait_until(lock, std::min(deadline(), Clock::now() + patience), isOver);
+        request.answered.wait_until(lock, std::min(deadline(), Clock::now() + patience), isOver);
     }
     m_asked.erase(window);
-    if (question.isAnswered) {
+    if (request.isAnswered) {
         m_idleWindows.push_back(window);
     } else {
-        // A late answer must not be taken for that of a later question.
+        // A late reply must not be taken for the reply to a later request.
         xcb_destroy_window(m_connection->xcb(), window);
     }
-    return question.isAnswered;
+    return request.isAnswered;
 }
 
 xcb_window_t WindowManagerFence::takeWindow() {
@@ -119,8 +119,8 @@ void WindowManagerFence::answer(xcb_window_t window) {
 void WindowManagerFence::giveUp() {
     const std::lock_guard lock(m_mutex);
     m_isLost = true;
-    for (const auto& [window, question] : m_asked) {
-        question->answered.notify_one();
+    for (const auto& [window, request] : m_asked) {
+        request->answered.notify_one();
     }
 }
 

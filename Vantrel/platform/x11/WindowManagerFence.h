@@ -1,6 +1,6 @@
-// Finds out when the window manager has worked off everything that was sent to it before: it answers the
-// question for a window's frame extents in its turn. Every question is about a window of its own, so an
-// answer that was lost with its window manager confuses no later one.
+// Waits until the window manager has processed everything sent to it so far, by requesting a window's frame
+// extents: the reply comes in order. Each pending request uses its own window, so a reply that never came,
+// because the window manager exited, cannot confuse a later request.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Connection.h"
@@ -15,7 +15,7 @@
 
 namespace vantrel {
 
-// May be used from any thread; those who wait do not wait for each other.
+// Thread-safe. Waiting threads do not block each other.
 class WindowManagerFence {
 public:
     using Deadline = std::chrono::steady_clock::time_point;
@@ -25,16 +25,16 @@ public:
     WindowManagerFence& operator=(const WindowManagerFence&) = delete;
     ~WindowManagerFence();
 
-    // Asks behind all that this connection has sent so far, sends it on its way and waits for the answer.
-    // False when none came before the deadline or the connection is lost.
+    // Sends a request after everything that this connection has sent so far, flushes and waits for the reply.
+    // Returns false if none arrives before the deadline or the connection is lost.
     [[nodiscard]] bool await(Deadline deadline);
 
-    // The same for one of many requests that a window manager may be busy with: the deadline is put off as
-    // long as it answers others or moves windows, up to 10 seconds from now.
+    // Does the same while the window manager may be busy with many requests: extends the deadline as long as
+    // it replies to others or moves windows, to at most 10 seconds from now.
     [[nodiscard]] bool awaitWhileBusy(Deadline deadline);
 
 private:
-    struct Question {
+    struct Request {
         std::condition_variable answered;
         bool isAnswered = false;
     };
@@ -49,9 +49,9 @@ private:
     xcb_window_t m_alarm;
     std::mutex m_mutex;
     bool m_isLost = false;
-    std::map<xcb_window_t, Question*> m_asked;
+    std::map<xcb_window_t, Request*> m_asked;
     std::vector<xcb_window_t> m_idleWindows;
-    // When the window manager last did anything that we saw.
+    // When we last saw the window manager do anything.
     Deadline m_lastSign{};
     Registration m_answers;
     Registration m_moves;

@@ -12,7 +12,7 @@ WindowMarks::Mark WindowMarks::now() const {
 WindowMarks::Assigned WindowMarks::assign(xcb_window_t window, bool isMarked, Mark asked) {
     const std::lock_guard lock(m_mutex);
     const auto known = m_marks.find(window);
-    // A mark given after `asked` is another capture's, made while our question was under way.
+    // A mark assigned after `asked` comes from another capture, made while our query was in flight.
     if (known != m_marks.end() && (isMarked || known->second > asked)) {
         return {.mark = known->second, .mustSelect = false};
     }

@@ -1,8 +1,7 @@
-// Tells a window from a later one with the same id. The X server hands ids out again, also within the same
-// process, so neither the id nor its owner proves that a window is the one that was captured.
-//
-// The proof is a mark that dies with the window: at its first capture we select an event on it that
-// practically never occurs. A window whose event selection of ours is gone is another window.
+// Tells a window from a later one with the same id. The X server reuses ids, even within one process, so
+// neither the id nor the owner proves that a window is the captured one. The proof is a mark that dies with
+// the window: at the first capture we select an event on it that practically never occurs. If our selection
+// is gone, it is another window.
 #pragma once
 
 #include <cstdint>
@@ -13,15 +12,15 @@
 
 namespace vantrel {
 
-// May be used from any thread.
+// Thread-safe.
 class WindowMarks {
 public:
     static constexpr std::uint32_t eventMask = XCB_EVENT_MASK_COLOR_MAP_CHANGE;
 
-    // One life of one window id; never used twice.
+    // Identifies one lifetime of a window id. Never reused.
     using Mark = std::uint64_t;
 
-    // To be taken before the windows are asked whether they bear the mark.
+    // Call before querying whether windows bear the mark.
     [[nodiscard]] Mark now() const;
 
     struct Assigned {
@@ -30,14 +29,14 @@ public:
         bool mustSelect = false;
     };
 
-    // The mark of a window that was asked after `asked` and answered `isMarked`. Two captures at the same
-    // time give the same window the same mark.
+    // Returns the mark of a window that was queried after `asked` and reported `isMarked`. Concurrent
+    // captures give a window the same mark.
     [[nodiscard]] Assigned assign(xcb_window_t window, bool isMarked, Mark asked);
 
-    // Whether a window that just answered `isMarked` is still the one that was given `mark`.
+    // Whether a window that just reported `isMarked` is still the one that was assigned `mark`.
     [[nodiscard]] bool isSame(xcb_window_t window, bool isMarked, Mark mark) const;
 
-    // Forgets all windows but these and those given a mark after `asked`.
+    // Forgets all windows except these and those marked after `asked`.
     void keepOnly(const std::vector<xcb_window_t>& windows, Mark asked);
 
 private:

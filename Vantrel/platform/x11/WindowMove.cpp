@@ -17,11 +17,11 @@ namespace {
 
 constexpr std::chrono::seconds limit(1);
 
-// A window that goes where it was asked to is seen to arrive. For others a fence is needed, which costs
-// openbox half as much as a move: it is set up once no window has moved for this long.
+// An ordinary move is seen to arrive. Other cases need a fence, which costs openbox half as much as a move,
+// so we send one only once no window has moved for this long.
 constexpr std::chrono::milliseconds usualDelay(50);
 
-// By how much the usable area of a monitor may differ from a remembered one and still be the same.
+// By how much a monitor's usable area may differ from a remembered one and still count as the same.
 constexpr double maximizedTolerance = 2;
 
 std::vector<Rect> monitors(const X11Connection& connection) {
@@ -36,7 +36,7 @@ Rect frameOf(const WindowFacts& facts) {
     return FrameArithmetic::visibleFrame(facts.parts);
 }
 
-// A client takes its shadow away only after it has learned that it is maximised.
+// A client removes its shadow only after it learns that it is maximised.
 bool isMaximizedAt(const FrameTarget& target, const WindowFacts& facts) {
     FrameParts bare = facts.parts;
     bare.shadow = {};
@@ -44,7 +44,7 @@ bool isMaximizedAt(const FrameTarget& target, const WindowFacts& facts) {
            FrameArithmetic::isNear(target, FrameArithmetic::visibleFrame(bare), maximizedTolerance);
 }
 
-// Whether a window at its position has a size that its program cannot bring closer to the asked one.
+// Whether the window is in position and its size hints prevent a size closer to the requested one.
 bool isAsCloseAsItGets(const FrameTarget& target, const WindowFacts& facts, const SizeHints& hints) {
     const auto request = FrameArithmetic::request(target, facts.parts);
     const Size actual = facts.parts.client.size;
@@ -53,7 +53,7 @@ bool isAsCloseAsItGets(const FrameTarget& target, const WindowFacts& facts, cons
            hints.explainHeight(request.height.value_or(0), actual.height);
 }
 
-// Whether the window manager may still be waiting for the program to follow an earlier resize.
+// Whether the window manager may still be waiting for the program to complete a resize.
 bool announcesResizes(const X11Connection& connection, xcb_window_t window) {
     constexpr std::uint32_t protocolWords = 64;
     const X11Atoms& atoms = connection.atoms();
@@ -94,19 +94,19 @@ std::optional<WindowFacts> WindowMove::look() const {
     return facts;
 }
 
-std::optional<WindowFacts> WindowMove::lookWhenWorkedOff(const IsDone& isDone) {
+std::optional<WindowFacts> WindowMove::lookAfterFence(const IsDone& isDone) {
     const WindowManager windowManager = m_desk.windowManager;
     if (!windowManager.answersFences) {
         return waitUntil(isDone);
     }
-    // Without an answer the look tells what there is to tell.
+    // Without a reply, a look is the best we can do.
     std::ignore = m_desk.fence.awaitWhileBusy(m_deadline);
     return look();
 }
 
 std::optional<WindowFacts> WindowMove::waitUntil(const IsDone& isDone) {
     WindowChangeWatch watch(*m_desk.connection);
-    // A look at once could precede the selection of events: they go over different connections.
+    // Queries and event selections use different connections, so wait for the selection to take effect.
     m_connection.synchronize();
     auto facts = look();
     while (facts && !isDone(*facts) && watch.await(m_deadline)) {
@@ -143,7 +143,7 @@ bool WindowMove::moveOrdinary(const FrameTarget& target, const WindowFacts& befo
         }
         facts = sighting == WindowChangeWatch::Sighting::likely ? look() : std::nullopt;
         if (sighting == WindowChangeWatch::Sighting::none || (facts && !hasArrived(*facts))) {
-            facts = lookWhenWorkedOff(hasArrived);
+            facts = lookAfterFence(hasArrived);
         }
         if (!facts || hasArrived(*facts)) {
             return facts.has_value();
@@ -166,7 +166,7 @@ bool WindowMove::moveMaximized(const FrameTarget& target, WindowFacts before) {
     const IsDone isThere = [&](const WindowFacts& facts) { return isMaximizedAt(target, facts); };
     if (FrameArithmetic::fillsMonitor(target, monitors(m_connection))) {
         askToMoveMaximized(target, before);
-        const auto after = lookWhenWorkedOff(isThere);
+        const auto after = lookAfterFence(isThere);
         if (!after || isThere(*after)) {
             return after.has_value();
         }
@@ -174,16 +174,16 @@ bool WindowMove::moveMaximized(const FrameTarget& target, WindowFacts before) {
     }
     ClientMessage::setMaximized(m_connection, m_window, ClientMessage::Maximized::no,
                                 before.traits.isMaximizedHorizontally, before.traits.isMaximizedVertically);
-    // The borders of an ordinary window are known only when it is one.
+    // The extents of an unmaximised window are known only once it is unmaximised.
     const auto ordinary =
-        lookWhenWorkedOff([](const WindowFacts& facts) { return !facts.traits.isMaximized(); });
+        lookAfterFence([](const WindowFacts& facts) { return !facts.traits.isMaximized(); });
     if (!ordinary) {
         return false;
     }
     return FrameArithmetic::isAt(target, frameOf(*ordinary)) || moveOrdinary(target, *ordinary);
 }
 
-// In one go, so that the size to come back to stays that of the ordinary window.
+// Sends all three requests together, so that the window keeps its unmaximised size.
 void WindowMove::askToMoveMaximized(const FrameTarget& target, const WindowFacts& before) {
     const bool horizontally = before.traits.isMaximizedHorizontally;
     const bool vertically = before.traits.isMaximizedVertically;

@@ -1,5 +1,5 @@
-// One window brought to one place, in a closed loop: ask, wait until it is seen there or the window manager
-// has worked it off, look, ask once more where it missed, and say honestly what came of it.
+// Moves one window and verifies the result: sends the request, waits until the window arrives or the window
+// manager has processed the request, reads the window back, and retries once if it missed.
 #pragma once
 
 #include "Vantrel/platform/x11/FrameArithmetic.h"
@@ -15,26 +15,26 @@
 
 namespace vantrel {
 
-// Uses the connection together with any number of other moves; waits only for its own answers.
+// Any number of moves may share the connection; each waits only for its own replies.
 class WindowMove {
 public:
-    // Starts the 1.0 second that the whole move may take.
+    // Starts the time limit of 1.0 second for the whole move.
     WindowMove(X11Desk& desk, xcb_window_t window, WindowMarks::Mark mark);
 
-    // False when the window is gone, full screen or still where it was although it could have moved.
-    //
-    // A maximised window stays maximised when the target is the whole usable area of a monitor, which the
-    // window manager alone knows: so it is maximised there and looked at. Else it becomes an ordinary window.
+    // Returns false if the window is gone, is full screen or has not moved although it could have. A
+    // maximised window stays maximised if the target is a monitor's whole usable area. Only the window
+    // manager knows that area, so we maximise the window there and read it back. Otherwise the window is
+    // unmaximised.
     [[nodiscard]] bool to(const FrameTarget& target);
 
 private:
     using IsDone = std::function<bool(const WindowFacts&)>;
 
-    // None when the window is gone.
+    // Returns none if the window is gone.
     [[nodiscard]] std::optional<WindowFacts> look() const;
-    // Looks when the window manager has worked off what was sent, or, where it does not tell, when `isDone`
-    // or the time is up.
-    [[nodiscard]] std::optional<WindowFacts> lookWhenWorkedOff(const IsDone& isDone);
+    // Reads the window once the window manager has processed our requests. Without fences, once `isDone` or
+    // the time is up.
+    [[nodiscard]] std::optional<WindowFacts> lookAfterFence(const IsDone& isDone);
     [[nodiscard]] std::optional<WindowFacts> waitUntil(const IsDone& isDone);
 
     [[nodiscard]] WindowChangeWatch::Arrival arrival(const MoveResize& request,

@@ -13,12 +13,12 @@ namespace vantrel {
 
 namespace {
 
-// Longest answers taken, in 32-bit words.
+// Maximum reply lengths, in 32-bit words.
 constexpr std::uint32_t extentsWords = 4;
 constexpr std::uint32_t listWords = 64;
 constexpr std::uint32_t textWords = 1024;
 
-// No border is wider; what claims more is nonsense or an attack.
+// No border is wider; larger values are invalid or hostile.
 constexpr std::uint32_t widestBorder = 1024;
 
 Extents extents(std::span<const std::uint32_t> values) {
@@ -39,7 +39,7 @@ FrameParts frameParts(const xcb_get_geometry_reply_t& geometry,
                      .decoration = extents(decoration),
                      .shadow = extents(shadow)};
     if (decoration.empty()) {
-        // No decoration: a plain X border, if anything.
+        // No decoration, only the X border if there is one.
         const std::int32_t border = geometry.border_width;
         parts.decoration = {.left = border, .right = border, .top = border, .bottom = border};
     }
@@ -91,7 +91,7 @@ std::optional<WindowType> windowType(std::span<const std::uint32_t> types, const
 
 WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, WindowScope scope)
     : m_connection(&connection), m_window(window), m_scope(scope) {
-    xcb_connection_t* const xcb = connection.questions();
+    xcb_connection_t* const xcb = connection.queryConnection();
     const X11Atoms& atoms = connection.atoms();
     const auto ask = [&](Property property, xcb_atom_t atom, std::uint32_t words) {
         m_properties[property] = xcb_get_property(xcb, 0, window, atom, XCB_GET_PROPERTY_TYPE_ANY, 0, words);
@@ -104,7 +104,7 @@ WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, W
     if (scope == WindowScope::placement) {
         m_tree = xcb_query_tree(xcb, window);
     }
-    // The properties come last, in the order of their enumeration; see collect.
+    // Request the properties last and in enum order; collect relies on it.
     if (scope >= WindowScope::placement) {
         ask(state, atoms.netWmState, listWords);
     }
@@ -133,7 +133,7 @@ WindowQuery::~WindowQuery() {
     if (m_isCollected) {
         return;
     }
-    xcb_connection_t* const xcb = m_connection->questions();
+    xcb_connection_t* const xcb = m_connection->queryConnection();
     xcb_discard_reply(xcb, m_attributes.sequence);
     xcb_discard_reply(xcb, m_geometry.sequence);
     xcb_discard_reply(xcb, m_origin.sequence);
@@ -148,10 +148,10 @@ WindowQuery::~WindowQuery() {
 }
 
 std::optional<WindowFacts> WindowQuery::collect() {
-    xcb_connection_t* const xcb = m_connection->questions();
+    xcb_connection_t* const xcb = m_connection->queryConnection();
     const X11Atoms& atoms = m_connection->atoms();
     m_isCollected = true;
-    // In the reverse of the order in which they were sent.
+    // In reverse order of sending; see takeReply.
     std::array<PropertyValues::Reply, propertyCount> replies;
     for (std::size_t i = propertyCount; i-- > 0;) {
         if (m_properties[i].sequence != 0) {

@@ -1,5 +1,5 @@
-// The requests that read one window, sent together and collected later, so that the answers of many windows
-// can be under way at once.
+// The requests that read one window, sent together and collected later, so that queries for many windows can
+// be in flight at once.
 #pragma once
 
 #include "Vantrel/platform/x11/WindowFacts.h"
@@ -14,16 +14,16 @@ namespace vantrel {
 
 class WindowQuery {
 public:
-    // Sends; the caller flushes by collecting.
+    // Sends the requests. They are flushed by collecting at the latest.
     WindowQuery(const X11Connection& connection, xcb_window_t window, WindowScope scope);
     WindowQuery(const WindowQuery&) = delete;
     WindowQuery& operator=(const WindowQuery&) = delete;
     WindowQuery(WindowQuery&& other) noexcept;
     WindowQuery& operator=(WindowQuery&&) = delete;
-    // What was not collected is thrown away when it arrives.
+    // Discards replies that were not collected.
     ~WindowQuery();
 
-    // Waits for the answers. None when the window is gone. Once only.
+    // Waits for the replies. Returns none if the window is gone. Call at most once.
     [[nodiscard]] std::optional<WindowFacts> collect();
 
     [[nodiscard]] xcb_window_t window() const { return m_window; }

@@ -1,4 +1,4 @@
-// What kind of window a client is, and in which state, from what it and the window manager say of it.
+// A window's type and state, from its own and the window manager's properties.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace vantrel {
 
-// Beside the standard subrole of the port, those that X11 windows have.
+// The subroles of X11 windows besides the port's standard subrole.
 inline constexpr const char* dialogWindowSubrole = "AXDialog";
 inline constexpr const char* floatingWindowSubrole = "AXFloatingWindow";
 inline constexpr const char* unknownWindowSubrole = "AXUnknown";
@@ -25,7 +25,7 @@ enum class WindowType : std::uint8_t {
 };
 
 struct WindowTraits {
-    // The first type of the window's list that is known; absent when there is none.
+    // The first known type in the window's list, if any.
     std::optional<WindowType> type = std::nullopt;
     bool isTransient = false;
     bool isOverrideRedirect = false;
@@ -39,16 +39,15 @@ struct WindowTraits {
 
     bool operator==(const WindowTraits&) const = default;
 
-    // In the words of macOS Accessibility.
+    // As in macOS Accessibility.
     [[nodiscard]] const char* subrole() const;
 
-    // metacity and marco call rolled-up windows hidden too; those are on screen.
+    // metacity and marco also mark shaded windows as hidden, but those are on screen.
     [[nodiscard]] bool isMinimized() const { return isHidden && !isShaded; }
 
     [[nodiscard]] bool isMaximized() const { return isMaximizedHorizontally || isMaximizedVertically; }
 
-    // The layer of the window's entry in the on-screen list; absent for the desktop background, which has no
-    // entry.
+    // The layer in the on-screen window list. None for the desktop background, which is not in the list.
     [[nodiscard]] std::optional<std::int64_t> layer() const;
 };
 

@@ -1,4 +1,4 @@
-// Reads what panels and the window manager keep free of windows.
+// Reads which areas panels and the window manager reserve.
 #pragma once
 
 #include "Vantrel/platform/x11/Struts.h"
@@ -12,18 +12,18 @@ namespace vantrel {
 struct WorkAreaReading {
     // The whole X screen.
     Size screen;
-    // Of the windows on the current desktop or on all.
+    // From the windows on the current desktop or on all desktops.
     std::vector<Strut> struts;
-    // The window manager's, for the current desktop.
+    // The window manager's work area for the current desktop.
     std::optional<Rect> workArea;
 
-    // Root window coordinates, as `monitor`.
+    // In root window coordinates, as is `monitor`.
     [[nodiscard]] Rect visibleFrame(const Rect& monitor) const;
 };
 
 namespace WorkAreaQuery {
 
-// Two round trips. Nothing is reserved when there is no window manager or the connection is lost.
+// Takes two round trips. Reports nothing reserved if there is no window manager or the connection is lost.
 [[nodiscard]] WorkAreaReading read(const X11Connection& connection);
 
 } // namespace WorkAreaQuery

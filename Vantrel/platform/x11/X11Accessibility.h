@@ -12,11 +12,11 @@ namespace vantrel {
 class X11Accessibility final : public Accessibility {
 public:
     explicit X11Accessibility(std::shared_ptr<X11Connection> connection);
-    // On a desk that it shares with other adapters. Never null.
+    // Shares `desk` with other adapters; it must not be null.
     explicit X11Accessibility(std::shared_ptr<X11Desk> desk) : m_desk(std::move(desk)) {}
 
-    // While connected, and a window manager runs that moves windows on request. X11 asks no user for
-    // permission.
+    // True while connected and a window manager runs that moves windows on request. X11 needs no permission
+    // from the user.
     [[nodiscard]] bool isTrusted() override;
 
     bool prompt() override { return isTrusted(); }

@@ -1,4 +1,4 @@
-// The atoms that the X11 adapters speak, interned together.
+// The atoms that the X11 adapters use, interned together.
 #pragma once
 
 #include <optional>
@@ -15,7 +15,7 @@ struct X11Atoms {
     xcb_atom_t gtkFrameExtents = XCB_ATOM_NONE;
     xcb_atom_t kdeDesktopFile = XCB_ATOM_NONE;
     xcb_atom_t manager = XCB_ATOM_NONE;
-    // Of screen 0: every server of today has one screen, whatever the number of monitors.
+    // For screen 0: today's servers have a single screen, however many monitors.
     xcb_atom_t netSystemTray = XCB_ATOM_NONE;
 
     xcb_atom_t netSupported = XCB_ATOM_NONE;
@@ -62,7 +62,7 @@ struct X11Atoms {
     xcb_atom_t netWmWindowTypeCombo = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowTypeDnd = XCB_ATOM_NONE;
 
-    // One round trip for all; none when the connection was lost.
+    // Takes one round trip. Returns none if the connection is lost.
     [[nodiscard]] static std::optional<X11Atoms> intern(xcb_connection_t* connection);
 };
 

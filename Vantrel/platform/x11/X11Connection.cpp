@@ -21,7 +21,7 @@ namespace vantrel {
 
 namespace {
 
-// Beyond every event number of the protocol.
+// Above every event number of the protocol.
 constexpr int lossKey = 0x100;
 
 constexpr std::uint8_t eventTypeMask = 0x7f;
@@ -67,7 +67,7 @@ X11Connection::Extensions queryExtensions(xcb_connection_t* xcb) {
     return extensions;
 }
 
-// A thread whose signals, but for its own crashes, are all left to the other threads of the process.
+// Starts a thread that leaves all signals except its own crashes to the process's other threads.
 template <typename Work>
 std::thread threadWithoutSignals(Work work) {
     sigset_t all;
@@ -85,7 +85,7 @@ struct X11Connection::Shared {
     struct Handler {
         explicit Handler(EventHandler function) : call(std::move(function)) {}
 
-        // Held while the handler runs; recursive, because a handler may end its own registration.
+        // Held while the handler runs. Recursive, because a handler may end its own registration.
         std::recursive_mutex mutex;
         EventHandler call;
         bool isActive = true;
@@ -94,7 +94,7 @@ struct X11Connection::Shared {
     std::mutex handlersMutex;
     std::map<int, std::vector<std::shared_ptr<Handler>>> handlers;
     struct Selection {
-        // How many registrations want each bit of the window's event mask.
+        // The number of registrations for each bit of the window's event mask.
         std::array<int, 32> counts{};
         std::uint32_t mask = 0;
     };
@@ -108,13 +108,13 @@ struct X11Connection::Shared {
     ErrorBoundary::Log onThrown;
 
     void runGuarded(const std::function<void()>& work) {
-        const auto tell = [this](const std::string& line) {
+        const auto log = [this](const std::string& line) {
             const std::lock_guard lock(thrownMutex);
             if (onThrown) {
                 onThrown(line);
             }
         };
-        ErrorBoundary::run("x11 event", tell, work);
+        ErrorBoundary::run("x11 event", log, work);
     }
 
     void dispatch(int key, const xcb_generic_event_t& event) {
@@ -183,26 +183,26 @@ struct X11Connection::Shared {
 
 std::expected<std::shared_ptr<X11Connection>, std::string>
 X11Connection::open(const std::string& displayName) {
-    // xcb writes to its socket without MSG_NOSIGNAL: a server that dies would take this process along.
+    // xcb writes to its socket without MSG_NOSIGNAL, so a dying server would otherwise kill this process.
     if (std::signal(SIGPIPE, SIG_IGN) == SIG_ERR) {
         return std::unexpected("The signal SIGPIPE cannot be ignored.");
     }
     const char* const name = displayName.empty() ? nullptr : displayName.c_str();
     int screenNumber = 0;
     xcb_connection_t* xcb = xcb_connect(name, &screenNumber);
-    xcb_connection_t* questions = xcb_connect(name, nullptr);
+    xcb_connection_t* queryConnection = xcb_connect(name, nullptr);
     const auto fail = [&] {
         const int error = xcb_connection_has_error(xcb);
-        xcb_disconnect(questions);
+        xcb_disconnect(queryConnection);
         xcb_disconnect(xcb);
         return std::unexpected(connectionError(error, displayName));
     };
-    if (xcb_connection_has_error(xcb) != 0 || xcb_connection_has_error(questions) != 0) {
+    if (xcb_connection_has_error(xcb) != 0 || xcb_connection_has_error(queryConnection) != 0) {
         return fail();
     }
     xcb_prefetch_extension_data(xcb, &xcb_randr_id);
     xcb_prefetch_extension_data(xcb, &xcb_res_id);
-    xcb_prefetch_extension_data(questions, &xcb_res_id);
+    xcb_prefetch_extension_data(queryConnection, &xcb_res_id);
     const auto atoms = X11Atoms::intern(xcb);
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(xcb));
     for (; screenNumber > 0 && screens.rem > 1; --screenNumber) {
@@ -213,26 +213,26 @@ X11Connection::open(const std::string& displayName) {
     }
     const Extensions extensions = queryExtensions(xcb);
     std::shared_ptr<X11Connection> connection(
-        new X11Connection(xcb, questions, *screens.data, *atoms, extensions));
+        new X11Connection(xcb, queryConnection, *screens.data, *atoms, extensions));
     return connection;
 }
 
-X11Connection::X11Connection(xcb_connection_t* xcb, xcb_connection_t* questions, const xcb_screen_t& screen,
-                             const X11Atoms& atoms, const Extensions& extensions)
-    : m_xcb(xcb), m_questions(questions), m_screen(screen), m_atoms(atoms), m_extensions(extensions),
-      m_shared(std::make_shared<Shared>()) {
+X11Connection::X11Connection(xcb_connection_t* xcb, xcb_connection_t* queryConnection,
+                             const xcb_screen_t& screen, const X11Atoms& atoms, const Extensions& extensions)
+    : m_xcb(xcb), m_queryConnection(queryConnection), m_screen(screen), m_atoms(atoms),
+      m_extensions(extensions), m_shared(std::make_shared<Shared>()) {
     m_shared->xcb = xcb;
     m_thread = threadWithoutSignals([this] { readEvents(); });
 }
 
 X11Connection::~X11Connection() {
     m_isClosing = true;
-    // The thread may be blocked in xcb_wait_for_event, which only the end of the stream ends for certain.
+    // The thread may be blocked in xcb_wait_for_event; only closing the stream is sure to end that.
     shutdown(xcb_get_file_descriptor(m_xcb), SHUT_RDWR);
     m_thread.join();
     const std::lock_guard lock(m_shared->selectionsMutex);
     m_shared->xcb = nullptr;
-    xcb_disconnect(m_questions);
+    xcb_disconnect(m_queryConnection);
     xcb_disconnect(m_xcb);
 }
 
@@ -240,8 +240,8 @@ void X11Connection::synchronize() const {
     std::ignore = ownReply(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr));
 }
 
-void X11Connection::forgetUnasked() const {
-    while (ownReply(xcb_poll_for_queued_event(m_questions))) {
+void X11Connection::drainEvents() const {
+    while (ownReply(xcb_poll_for_queued_event(m_queryConnection))) {
     }
 }
 

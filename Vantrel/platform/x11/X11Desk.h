@@ -1,4 +1,4 @@
-// What the accessibility adapter, its readings and its window elements share.
+// State shared by the accessibility adapter, its readings and its window elements.
 #pragma once
 
 #include "Vantrel/platform/x11/DesktopEntries.h"
@@ -21,7 +21,7 @@ struct X11Desk {
     WindowManagerFence fence;
     WindowMarks marks;
     DesktopEntries desktopEntries;
-    // As the latest capture found it.
+    // As found by the latest capture.
     std::atomic<WindowManager> windowManager = WindowManager{};
 };
 

@@ -19,14 +19,14 @@ namespace vantrel {
 
 namespace {
 
-// More windows than any desk has; a hostile list does not make us ask for ever.
+// More windows than any desk has. Bounds the work if the list is hostile.
 constexpr std::uint32_t listWords = 16384;
 
 using Pids = std::map<std::uint32_t, std::int32_t>;
 
-// The part of a window id that names the client which created it.
+// The part of a window id that identifies the client that created it.
 std::uint32_t clientOf(const X11Connection& connection, xcb_window_t window) {
-    return window & ~xcb_get_setup(connection.questions())->resource_id_mask;
+    return window & ~xcb_get_setup(connection.queryConnection())->resource_id_mask;
 }
 
 std::vector<xcb_window_t> windowList(const PropertyValues::Reply& reply) {
@@ -40,7 +40,7 @@ std::vector<xcb_window_t> windowList(const PropertyValues::Reply& reply) {
     return windows;
 }
 
-// What the root window says.
+// The root window's properties.
 struct Root {
     std::vector<xcb_window_t> stacking;
     std::vector<xcb_window_t> appearance;
@@ -49,7 +49,7 @@ struct Root {
     PropertyValues::Reply supported;
 
     explicit Root(const X11Connection& connection) {
-        xcb_connection_t* const xcb = connection.questions();
+        xcb_connection_t* const xcb = connection.queryConnection();
         const X11Atoms& atoms = connection.atoms();
         const auto ask = [&](xcb_atom_t property, xcb_atom_t type, std::uint32_t words) {
             return xcb_get_property(xcb, 0, connection.root(), property, type, 0, words);
@@ -82,13 +82,14 @@ xcb_res_query_client_ids_cookie_t askPids(const X11Connection& connection,
             specs.push_back({.client = window, .mask = XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID});
         }
     }
-    return xcb_res_query_client_ids(connection.questions(), static_cast<std::uint32_t>(specs.size()),
+    return xcb_res_query_client_ids(connection.queryConnection(), static_cast<std::uint32_t>(specs.size()),
                                     specs.data());
 }
 
 Pids collectPids(const X11Connection& connection, xcb_res_query_client_ids_cookie_t cookie) {
     Pids pids;
-    const auto reply = ownReply(xcb_res_query_client_ids_reply(connection.questions(), cookie, nullptr));
+    const auto reply =
+        ownReply(xcb_res_query_client_ids_reply(connection.queryConnection(), cookie, nullptr));
     if (!reply) {
         return pids;
     }
@@ -104,7 +105,7 @@ Pids collectPids(const X11Connection& connection, xcb_res_query_client_ids_cooki
     return pids;
 }
 
-// The process that owns a window. Where nobody knows it, a negative number that is the client's own.
+// The process that owns a window. If unknown, a negative number unique to the client.
 std::int32_t ownerOf(const X11Connection& connection, xcb_window_t window, const WindowFacts& facts,
                      const Pids& pids) {
     if (facts.pid) {
@@ -114,7 +115,7 @@ std::int32_t ownerOf(const X11Connection& connection, xcb_window_t window, const
     if (const auto known = pids.find(client); known != pids.end()) {
         return known->second;
     }
-    const int shift = std::popcount(xcb_get_setup(connection.questions())->resource_id_mask);
+    const int shift = std::popcount(xcb_get_setup(connection.queryConnection())->resource_id_mask);
     return -1 - static_cast<std::int32_t>(client >> shift & 0x7ffffffe);
 }
 
@@ -123,15 +124,16 @@ bool isOnDesktop(const WindowFacts& facts, const std::optional<std::uint32_t>& c
 }
 
 bool isOnScreen(const WindowFacts& facts, const std::optional<std::uint32_t>& currentDesktop) {
-    // A rolled-up client may be unmapped inside its frame.
+    // A shaded client may be unmapped inside its frame.
     return (facts.isViewable || facts.traits.isShaded) && !facts.traits.isMinimized() &&
            isOnDesktop(facts, currentDesktop);
 }
 
-// Bottom to top, as they lie on the root.
+// In stacking order, bottom to top.
 std::vector<xcb_window_t> topLevelWindows(const X11Connection& connection) {
-    const auto tree = ownReply(xcb_query_tree_reply(
-        connection.questions(), xcb_query_tree(connection.questions(), connection.root()), nullptr));
+    const auto tree = ownReply(
+        xcb_query_tree_reply(connection.queryConnection(),
+                             xcb_query_tree(connection.queryConnection(), connection.root()), nullptr));
     if (!tree) {
         return {};
     }
@@ -154,15 +156,15 @@ bool isSameApp(const RunningApp& a, const RunningApp& b) {
 
 X11DeskReading::X11DeskReading(std::shared_ptr<X11Desk> desk) : m_desk(std::move(desk)) {
     const X11Connection& connection = *m_desk->connection;
-    connection.forgetUnasked();
+    connection.drainEvents();
     const Root root(connection);
     const auto checked = PropertyValues::number(root.check, XCB_ATOM_WINDOW).value_or(connection.root());
     const auto checkCookie = WindowManager::askCheck(connection, checked);
     readWindows(root.stacking, root.currentDesktop);
-    const auto check = ownReply(xcb_get_property_reply(connection.questions(), checkCookie, nullptr));
+    const auto check = ownReply(xcb_get_property_reply(connection.queryConnection(), checkCookie, nullptr));
     const auto windowManager = WindowManager::from(root.check, check, root.supported, connection.atoms());
     if (!windowManager.isPresent) {
-        // The lists are missing or left over.
+        // The window lists are missing or stale.
         readWindows(topLevelWindows(connection), std::nullopt);
         std::erase_if(m_stacking, [](const Window& window) {
             return !window.facts.isViewable || window.facts.traits.isOverrideRedirect;
@@ -185,8 +187,9 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
     for (const auto id : ids) {
         queries.emplace_back(connection, id, WindowScope::capture);
     }
-    // xcb sends in portions, and would keep the last one back until it is waited for: a round trip more.
-    xcb_flush(connection.questions());
+    // Flush now: xcb buffers requests and would send the last ones only when we wait for them, which costs
+    // another round trip.
+    xcb_flush(connection.queryConnection());
     const Pids pids = pidsCookie ? collectPids(connection, *pidsCookie) : Pids{};
     m_stacking.clear();
     m_stacking.reserve(ids.size());
@@ -201,7 +204,7 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
         const auto [mark, mustSelect] = m_desk->marks.assign(window.id, window.facts.isMarked, asked);
         window.mark = mark;
         if (mustSelect) {
-            xcb_change_window_attributes(connection.questions(), window.id, XCB_CW_EVENT_MASK,
+            xcb_change_window_attributes(connection.queryConnection(), window.id, XCB_CW_EVENT_MASK,
                                          &WindowMarks::eventMask);
         }
         const auto identity = m_desk->desktopEntries.identify(window.facts.evidence);
@@ -212,7 +215,7 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
         window.isOnScreen = isOnScreen(window.facts, currentDesktop);
         m_stacking.push_back(std::move(window));
     }
-    xcb_flush(connection.questions());
+    xcb_flush(connection.queryConnection());
     m_desk->marks.keepOnly(ids, asked);
 }
 
@@ -264,7 +267,7 @@ std::vector<RunningApp> X11DeskReading::runningApps() {
         if (known == apps.end()) {
             apps.push_back(app);
         } else {
-            // One ordinary window makes an ordinary application.
+            // One regular window makes the application regular.
             known->policy = std::min(known->policy, app.policy);
         }
     }

@@ -1,4 +1,4 @@
-// One pass over the desk of an X server: two round trips, whatever the number of windows.
+// Reads the desk of an X server. Takes two round trips, whatever the number of windows.
 #pragma once
 
 #include "Vantrel/platform/x11/WindowFacts.h"
@@ -16,7 +16,7 @@ namespace vantrel {
 
 class X11DeskReading final : public DeskReading {
 public:
-    // A window as the platform names it.
+    // A window as X11 identifies it.
     struct Client {
         xcb_window_t window = XCB_WINDOW_NONE;
         WindowMarks::Mark mark = 0;
@@ -24,10 +24,9 @@ public:
         bool isMinimized = false;
     };
 
-    // Reads everything.
     explicit X11DeskReading(std::shared_ptr<X11Desk> desk);
 
-    // Every window, on screen or not, in the order in which they appeared.
+    // All windows, on screen or not, in the order in which they appeared.
     [[nodiscard]] std::vector<Client> clients() const;
 
     [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override;
@@ -39,7 +38,7 @@ private:
         xcb_window_t id = XCB_WINDOW_NONE;
         WindowMarks::Mark mark = 0;
         WindowFacts facts;
-        // Belongs to the process, or to what stands in for an unknown one.
+        // Its pid is negative if the process is unknown.
         RunningApp app;
         bool isOnScreen = false;
     };

@@ -9,7 +9,7 @@ namespace vantrel {
 
 namespace {
 
-// The origin moves to the bottom left of the primary display, and y grows upwards.
+// Moves the origin to the bottom left of the primary display and makes y grow upwards.
 Rect fromBottomLeft(const Rect& rect, const Rect& primary) {
     return {{rect.minX() - primary.minX(), primary.maxY() - rect.maxY()}, rect.size};
 }

@@ -1,4 +1,4 @@
-// The displays of an X server, as RandR and the window manager's hints tell of them.
+// The displays of an X server, from RandR and the window manager's hints.
 #pragma once
 
 #include "Vantrel/platform/x11/ReconfigurationWatch.h"
@@ -10,7 +10,7 @@
 
 namespace vantrel {
 
-// Global coordinates are those of the root window, whose origin is the top left of all monitors together.
+// Global coordinates are root window coordinates, with the origin at the top left of all monitors.
 class X11DisplayServices final : public DisplayServices {
 public:
     explicit X11DisplayServices(std::shared_ptr<X11Connection> connection);
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] std::vector<Screen> screens() override;
     [[nodiscard]] std::vector<EdidHint> edidHints() override;
 
-    // The handler is called on a thread of its own, only when the displays changed.
+    // Calls the handler on a worker thread, only if the displays have changed.
     void setReconfigurationHandler(std::function<void()> handler) override;
 
 private:

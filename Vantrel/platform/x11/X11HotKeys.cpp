@@ -29,7 +29,7 @@ public:
         }
     }
 
-    // None after its release.
+    // None after release().
     [[nodiscard]] const std::optional<KeyboardMap::Key>& key() const { return m_key; }
 
     [[nodiscard]] const std::function<void()>& action() const { return m_action; }
@@ -67,8 +67,8 @@ std::optional<std::uint8_t> X11HotKeys::useXkb() {
     }
     [[maybe_unused]] const auto used = ownReply(xcb_xkb_use_extension_reply(
         xcb, xcb_xkb_use_extension(xcb, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION), nullptr));
-    // Without the first, a grab does not match while the second layout is on: the server then counts the
-    // layout as a modifier. Without the second, a held key comes as many releases and presses.
+    // Without the first flag, a grab does not match while the second layout is active, because the server
+    // counts the layout as a modifier. Without the second, a held key sends many releases and presses.
     const std::uint32_t flags =
         XCB_XKB_PER_CLIENT_FLAG_GRABS_USE_XKB_STATE | XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     [[maybe_unused]] const auto taken = ownReply(xcb_xkb_per_client_flags_reply(
@@ -91,7 +91,7 @@ void X11HotKeys::keyboardMayHaveChanged() {
     }
     m_queue.post([this, alive = std::weak_ptr(m_alive)] {
         if (alive.lock()) {
-            // Before the look: what changes from here on is worth another.
+            // Reset before reading, so that later changes cause another read.
             m_isLookPosted = false;
             keyboardChanged();
         }

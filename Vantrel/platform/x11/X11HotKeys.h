@@ -1,4 +1,4 @@
-// Key combinations grabbed from the X server, in every state of the locks and under every layout.
+// Hot keys as X server key grabs. They work with any lock state and layout.
 #pragma once
 
 #include "Vantrel/platform/x11/HeldKeys.h"
@@ -16,7 +16,8 @@
 
 namespace vantrel {
 
-// Outlived by neither the queue nor, on the main thread, any hot key that it gave.
+// The queue must outlive this object, and this object must outlive its hot keys. Destroy both on the main
+// thread.
 class X11HotKeys final : public HotKeys {
 public:
     X11HotKeys(std::shared_ptr<X11Connection> connection, MainQueue& queue);
@@ -29,14 +30,14 @@ public:
 private:
     class Grab;
 
-    // The number of the extension's events; none when the server lacks it.
+    // Returns the extension's first event number, or none if the server lacks the extension.
     [[nodiscard]] std::optional<std::uint8_t> useXkb();
-    // Once the extension is in use, the server tells of changes by these events only.
+    // Once the extension is in use, the server reports changes only by these events.
     void selectKeyboardChanges();
     void keyboardMayHaveChanged();
     void keyPressed(const xcb_key_press_event_t& event);
     void keyboardChanged();
-    // All lock states of a key, or nothing.
+    // Grabs the key in all lock states, or in none.
     [[nodiscard]] bool grab(const KeyboardMap::Key& key) const;
     void ungrab(const KeyboardMap::Key& key) const;
 
@@ -45,11 +46,11 @@ private:
     std::optional<KeyboardMap> m_map;
     std::vector<Grab*> m_grabs;
     std::function<void()> m_changeHandler;
-    // Used on the event thread alone.
+    // Used only on the event thread.
     HeldKeys m_held;
-    // A look at the keyboard is on its way to the main thread: one change makes many events.
+    // A read of the keyboard is queued on the main thread. One change causes many events.
     std::atomic<bool> m_isLookPosted = false;
-    // Expires with this object; only asked for on the main thread.
+    // Expires with this object. Checked only on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     // Last, so that no event finds a half-destroyed object.
     Registration m_presses;

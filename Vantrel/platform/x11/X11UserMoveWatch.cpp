@@ -13,14 +13,14 @@ namespace {
 
 constexpr std::chrono::seconds limit(1);
 
-// No window lies deeper in its frame.
+// No client is nested deeper in its frame.
 constexpr int deepest = 8;
 
-// The child of the root that holds the window; none when it is gone.
+// The child of the root that contains the window; none if it is gone.
 std::optional<xcb_window_t> topLevel(const X11Connection& connection, xcb_window_t window) {
     for (int depth = 0; depth < deepest; ++depth) {
         const auto tree = ownReply(xcb_query_tree_reply(
-            connection.questions(), xcb_query_tree(connection.questions(), window), nullptr));
+            connection.queryConnection(), xcb_query_tree(connection.queryConnection(), window), nullptr));
         if (!tree) {
             return std::nullopt;
         }
@@ -32,7 +32,7 @@ std::optional<xcb_window_t> topLevel(const X11Connection& connection, xcb_window
     return std::nullopt;
 }
 
-// Of a xcb_get_geometry_reply_t or a xcb_configure_notify_event_t of a child of the root.
+// Takes an xcb_get_geometry_reply_t or xcb_configure_notify_event_t of a child of the root.
 template <typename Geometry>
 Rect areaOf(const Geometry& geometry) {
     return {{static_cast<double>(geometry.x), static_cast<double>(geometry.y)},
@@ -53,7 +53,7 @@ std::unique_ptr<X11UserMoveWatch> X11UserMoveWatch::begin(std::shared_ptr<X11Des
         return nullptr;
     }
     const auto geometry = ownReply(xcb_get_geometry_reply(
-        connection.questions(), xcb_get_geometry(connection.questions(), *frame), nullptr));
+        connection.queryConnection(), xcb_get_geometry(connection.queryConnection(), *frame), nullptr));
     if (!geometry) {
         return nullptr;
     }
@@ -86,12 +86,12 @@ X11UserMoveWatch::~X11UserMoveWatch() {
     m_focusOut.reset();
     m_moves.reset();
     if (m_pointer) {
-        xcb_discard_reply(m_desk->connection->questions(), m_pointer->sequence);
+        xcb_discard_reply(m_desk->connection->queryConnection(), m_pointer->sequence);
     }
 }
 
 void X11UserMoveWatch::noticeFocus(const xcb_focus_in_event_t& event, bool isGrab) {
-    // A grab by a window inside the client is the program's own.
+    // A grab by a window inside the client is the program's own doing.
     if (event.event == m_client && event.detail != XCB_NOTIFY_DETAIL_INFERIOR) {
         const std::lock_guard lock(m_mutex);
         m_evidence.noteFocus(isGrab ? UserMoveEvidence::Focus::grabbed : UserMoveEvidence::Focus::other,
@@ -110,8 +110,8 @@ void X11UserMoveWatch::noticeMove(const xcb_configure_notify_event_t& event) {
     }
     takePointer();
     if (!m_pointer) {
-        m_pointer = xcb_query_pointer(connection.questions(), connection.root());
-        xcb_flush(connection.questions());
+        m_pointer = xcb_query_pointer(connection.queryConnection(), connection.root());
+        xcb_flush(connection.queryConnection());
     }
 }
 
@@ -121,7 +121,8 @@ void X11UserMoveWatch::takePointer() {
     }
     void* answer = nullptr;
     xcb_generic_error_t* error = nullptr;
-    if (xcb_poll_for_reply(m_desk->connection->questions(), m_pointer->sequence, &answer, &error) == 0) {
+    if (xcb_poll_for_reply(m_desk->connection->queryConnection(), m_pointer->sequence, &answer, &error) ==
+        0) {
         return;
     }
     m_pointer.reset();
@@ -137,14 +138,14 @@ bool X11UserMoveWatch::hasSeenUser() {
     const X11Connection& connection = *m_desk->connection;
     const WindowManager windowManager = m_desk->windowManager;
     if (windowManager.answersFences) {
-        // Its answer is an event behind all others.
+        // The fence's reply is an event that comes after all others.
         std::ignore = m_desk->fence.await(now() + limit);
     } else {
         connection.synchronize();
     }
-    // Behind a question of the pointer that may be under way.
-    std::ignore = ownReply(xcb_get_input_focus_reply(connection.questions(),
-                                                     xcb_get_input_focus(connection.questions()), nullptr));
+    // Wait for a pointer query that may be in flight.
+    std::ignore = ownReply(xcb_get_input_focus_reply(
+        connection.queryConnection(), xcb_get_input_focus(connection.queryConnection()), nullptr));
     const std::lock_guard lock(m_mutex);
     takePointer();
     return m_evidence.isUsers();

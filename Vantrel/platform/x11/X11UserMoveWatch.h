@@ -14,13 +14,13 @@ namespace vantrel {
 
 class X11UserMoveWatch final : public UserMoveWatch {
 public:
-    // Counts from its return on. Null when the window is gone.
+    // Watches from the moment it returns. Returns null if the window is gone.
     [[nodiscard]] static std::unique_ptr<X11UserMoveWatch> begin(std::shared_ptr<X11Desk> desk,
                                                                  xcb_window_t client);
 
     ~X11UserMoveWatch() override;
 
-    // Every move that the X server has made until now is counted.
+    // Takes every move up to this call into account.
     [[nodiscard]] bool hasSeenUser() override;
 
 private:
@@ -29,16 +29,16 @@ private:
 
     void noticeFocus(const xcb_focus_in_event_t& event, bool isGrab);
     void noticeMove(const xcb_configure_notify_event_t& event);
-    // Takes the pointer as it was found, if the answer is there. With the mutex held.
+    // Handles the reply to the pointer query if it has arrived. Call with the mutex held.
     void takePointer();
 
     std::shared_ptr<X11Desk> m_desk;
     xcb_window_t m_client;
-    // The child of the root that holds the client, or the client itself.
+    // The child of the root that contains the client, or the client itself.
     xcb_window_t m_frame;
     std::mutex m_mutex;
     UserMoveEvidence m_evidence;
-    // A question for the pointer that is under way, at most one.
+    // The pointer query in flight, if any.
     std::optional<xcb_query_pointer_cookie_t> m_pointer;
     Registration m_focusIn;
     Registration m_focusOut;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::chrono::seconds raiseLimit(1);
 
-// The client that lies in front of all others.
+// The client in front of all others.
 xcb_window_t topmost(const X11Connection& connection) {
     constexpr std::uint32_t listWords = 16384;
     xcb_connection_t* const xcb = connection.xcb();
@@ -87,13 +87,13 @@ bool X11WindowElement::raise() {
         ClientMessage::restackOnTop(connection, m_window);
         return xcb_flush(connection.xcb()) > 0;
     }
-    // xfwm4 gives the focus to a window that is raised without saying above which other one.
+    // xfwm4 focuses a window that is raised without naming a sibling.
     const auto top = topmost(connection);
     if (top == m_window) {
         return true;
     }
     ClientMessage::restackAbove(connection, m_window, top);
-    // The next raise must find this one done.
+    // This raise must be done before the next one starts.
     return m_desk->fence.await(std::chrono::steady_clock::now() + raiseLimit);
 }
 

@@ -1,4 +1,4 @@
-// One client window of the X server as something that can be asked and moved.
+// A client window of the X server that can be read and moved.
 #pragma once
 
 #include "Vantrel/platform/x11/WindowFacts.h"
@@ -12,17 +12,17 @@
 
 namespace vantrel {
 
-// A window that is gone reads as nothing and takes no write, also when another one has got its id by now.
+// A window that is gone has no attributes and refuses writes, even if another window has taken its id.
 class X11WindowElement final : public WindowElement {
 public:
     X11WindowElement(std::shared_ptr<X11Desk> desk, xcb_window_t window, WindowMarks::Mark mark);
 
-    // One round trip.
+    // Takes one round trip.
     [[nodiscard]] WindowAttributes read(AttributeGroup group) override;
 
-    // One move to the final frame, seen through until the window stands there or the window manager is done
-    // with it. True also when the program cannot come closer or was put elsewhere; false when the window is
-    // gone, nobody answered within 1.0 second or the window manager left the window as it was.
+    // Makes one move to the final frame and waits until the window is there or the window manager is done.
+    // Returns true even if the program cannot get closer or the window ended up elsewhere. Returns false if
+    // the window is gone, did not move within 1.0 second or was left as it was by the window manager.
     [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override;
 
     [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override;

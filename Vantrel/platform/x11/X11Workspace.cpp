@@ -37,7 +37,7 @@ bool X11Workspace::launch(const std::string& bundleID) {
     if (DesktopLauncher::start(bundleID)) {
         return true;
     }
-    // What a window calls its application may differ from the file's name in case.
+    // A window's application id may differ from the file name in case.
     const auto entry = m_desk->desktopEntries.entry(bundleID);
     return entry && entry->id != bundleID && DesktopLauncher::start(entry->id);
 }
@@ -69,10 +69,10 @@ bool X11Workspace::unhide(const std::string& bundleID) {
     const X11Connection& connection = *m_desk->connection;
     bool isAnyAsked = false;
     for (const auto& client : X11DeskReading(m_desk).clients()) {
-        // One that its program has withdrawn is not listed any more and must not be mapped by us.
+        // Windows that their program has withdrawn are no longer listed. We must not map those.
         if (contains(hidden.mapped(), client)) {
-            // openbox 3.6 shows the window without the focus when it gets the message, and then ignores the
-            // mapping. xfwm4 4.18 knows the mapping alone, as ICCCM has it, and gives the window the focus.
+            // openbox 3.6 handles the message, shows the window without focusing it and then ignores the map
+            // request. xfwm4 4.18 handles only the map request, as in ICCCM, and focuses the window.
             ClientMessage::changeState(connection, client.window, ClientMessage::WmState::normal);
             xcb_map_window(connection.xcb(), client.window);
             isAnyAsked = true;
@@ -100,7 +100,7 @@ void X11Workspace::setLaunchHandler(std::function<void(const RunningApp&)> handl
             }
         });
     m_selection = m_desk->connection->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
-    // What the look does not see any more must be reported.
+    // Select events first: changes that this look misses must be reported.
     connection.synchronize();
     look();
 }

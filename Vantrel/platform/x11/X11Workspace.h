@@ -1,4 +1,4 @@
-// Applications as wholes on an X server with an EWMH window manager.
+// Starts, hides and watches applications on an X server with an EWMH window manager.
 #pragma once
 
 #include "Vantrel/platform/x11/ApplicationRoll.h"
@@ -33,13 +33,13 @@ private:
 
     std::shared_ptr<X11Desk> m_desk;
     MainQueue& m_queue;
-    // What the last hide() took away, by bundle identifier.
+    // The windows that hide() hid, by bundle identifier.
     std::map<std::string, Clients> m_hidden;
     std::function<void(const RunningApp&)> m_handler;
     ApplicationRoll m_roll;
-    // A look is on its way; set on the event thread.
+    // A look is queued. Set on the event thread.
     std::atomic<bool> m_willLook = false;
-    // Expires with this object; only asked for on the main thread.
+    // Expires with this object. Checked only on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     // Last, so that no event finds a half-destroyed object.
     Registration m_selection;

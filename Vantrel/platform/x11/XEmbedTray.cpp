@@ -16,7 +16,7 @@ constexpr double waitForTheNewerTray = 1;
 XEmbedTray::XEmbedTray(std::shared_ptr<X11Connection> connection, MainQueue& queue,
                        std::function<void()> appeared)
     : m_connection(std::move(connection)), m_queue(queue), m_appeared(std::move(appeared)) {
-    // A new owner says so in a message to the root window.
+    // A new owner announces itself in a message to the root window.
     m_messages = m_connection->onEvent(XCB_CLIENT_MESSAGE, [this](const xcb_generic_event_t& event) {
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
         const X11Atoms& atoms = m_connection->atoms();

@@ -1,4 +1,4 @@
-// Ownership of what xcb allocates with malloc: replies, events and errors.
+// Owns what xcb allocates with malloc: replies, events and errors.
 #pragma once
 
 #include <cstdlib>
@@ -12,7 +12,7 @@ struct FreeDeleter {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-// Null where the request failed: the window vanished, the connection is lost.
+// Null if the request failed, for example because the window vanished or the connection is lost.
 template <typename T>
 using XcbReply = std::unique_ptr<T, FreeDeleter>;
 
@@ -21,10 +21,8 @@ template <typename T>
     return XcbReply<T>(reply);
 }
 
-// The answer to a request; waits for it only when it has not been read yet.
-//
-// xcb 1.15 wakes another waiting thread whenever one has waited, also where the answer lay ready: of requests
-// that were sent together, take the last one's answer first.
+// Returns the reply to a request. Waits only if it has not been read yet. xcb 1.15 wakes another thread after
+// every wait, even if the reply was ready. So, for requests sent together, take the last reply first.
 template <typename T>
 [[nodiscard]] XcbReply<T> takeReply(xcb_connection_t* xcb, unsigned int sequence) {
     void* reply = nullptr;

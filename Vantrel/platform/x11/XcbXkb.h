@@ -1,4 +1,4 @@
-// xcb/xkb.h, which names a field "explicit" (libxcb 1.15) and so does not compile as C++ by itself.
+// Includes xcb/xkb.h, which does not compile as C++ because it has a field named "explicit" (libxcb 1.15).
 #pragma once
 
 #define explicit explicitModifiers
