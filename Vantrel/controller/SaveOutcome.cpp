@@ -13,15 +13,15 @@ std::string SaveOutcome::text() const {
     case Kind::displaysChanging:
         return "The displays are changing. Try again when they have settled.";
     case Kind::noDisplays:
-        return "There is no display.";
+        return "No display is connected.";
     case Kind::needsPermission:
         return "The permission to read and move windows is missing.";
     case Kind::nothingToSave:
-        return "There is no window to remember on this desk.";
+        return "This desk has no windows to remember.";
     case Kind::captureFailed:
-        return "The windows could not be read because of an error; the log has it. Nothing was changed.";
+        return "An error prevented reading the windows. Nothing was changed. See the log for details.";
     case Kind::invalidName:
-        return "A layout needs a name of at most 60 characters.";
+        return "The name must have between 1 and 60 characters.";
     case Kind::pinned:
         return "That layout is pinned. Unpin it first.";
     case Kind::writeFailed:

@@ -1,4 +1,4 @@
-// What became of the user's wish to remember the desk as it stands now.
+// The outcome of a user's request to save the desk.
 #pragma once
 
 #include <cstddef>
@@ -14,19 +14,19 @@ struct SaveOutcome {
         displaysChanging,
         noDisplays,
         needsPermission,
-        // The desk shows no window that could be remembered; what is stored stays.
+        // The desk shows no window that could be remembered; the stored layout is kept.
         nothingToSave,
-        // An error inside the program; the log has it.
+        // An internal error; see the log.
         captureFailed,
         // The name is empty or too long.
         invalidName,
-        // A layout of that name is stored, and pinned.
+        // A layout with that name is already stored, and is pinned.
         pinned,
         writeFailed,
     };
 
     Kind kind = Kind::saved;
-    // The windows remembered, for `saved`.
+    // The number of windows remembered, for `saved`.
     std::size_t windows = 0;
 
     bool operator==(const SaveOutcome&) const = default;

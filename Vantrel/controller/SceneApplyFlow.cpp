@@ -22,13 +22,13 @@ std::vector<std::string> bundleIDsOf(const Scene& scene) {
     return bundleIDs;
 }
 
-// As the scene knows the application.
+// The application's name as recorded in the scene.
 std::string appName(const Scene& scene, const std::string& bundleID) {
     const auto window = std::ranges::find(scene.layout.windows, bundleID, &WindowRecord::bundleID);
     return window == scene.layout.windows.end() || window->appName.empty() ? bundleID : window->appName;
 }
 
-// Where the scene wants them.
+// The windows that are where the scene wants them.
 std::vector<SettlementFlow::Seated> seatedWindows(const RestorePass::Result& result) {
     std::vector<SettlementFlow::Seated> seated;
     for (const auto& landed : result.landed) {
@@ -40,7 +40,7 @@ std::vector<SettlementFlow::Seated> seatedWindows(const RestorePass::Result& res
     return seated;
 }
 
-// Their windows are not closed but on their way.
+// Windows of launched applications are on their way, not closed.
 void noteSlotsOf(const std::vector<SceneSettlement::LaunchedApp>& launched, const ScenePass::Result& pass,
                  RestoreReport& report) {
     for (const SceneSlot& slot : pass.slots.open) {
@@ -81,7 +81,7 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
     return true;
 }
 
-// What an earlier scene has hidden and this one uses.
+// Shows applications that an earlier scene has hidden and this one uses.
 void SceneApplyFlow::unhide(RestoreRequest& request) {
     std::set<std::string> asked;
     for (const std::string& bundleID : request.scene->bundleIDs) {
@@ -91,7 +91,8 @@ void SceneApplyFlow::unhide(RestoreRequest& request) {
     }
 }
 
-// Undoing it makes the scene applied before the last one again. One applied twice is not undone by halves.
+// Undo makes the previously applied scene the last applied one again. Reapplying a scene keeps the earlier
+// undo target.
 void SceneApplyFlow::rememberFormer(RestoreRequest& request, const std::string& id) {
     const auto former = m_context.state().lastAppliedSceneID;
     if (former != id) {
@@ -117,7 +118,7 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const auto launched = launchMissing(scene, pass);
     noteSlotsOf(launched, pass, result.report);
 
-    // A rule takes its application out of the scene.
+    // A rule can exclude its application from the scene.
     const auto ignored = RuleApplication::ignoredBundleIDs(m_context.store.rules());
     auto bundleIDs = bundleIDsOf(scene);
     std::erase_if(bundleIDs, [&](const std::string& bundleID) { return ignored.contains(bundleID); });
@@ -126,7 +127,7 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const auto notOpen = static_cast<std::int64_t>(missing.size()) - std::ssize(launched);
     std::vector<SceneSlot> open = pass.slots.open;
     std::ranges::copy(pass.slots.refused, std::back_inserter(open));
-    // First, since another scene that still waits ends with an event of its own.
+    // Begin first: another scene that is still waiting announces its own end.
     m_settlement.begin({.sceneID = scene.id,
                         .sceneName = scene.name,
                         .launched = launched,
@@ -161,7 +162,7 @@ bool SceneApplyFlow::launch(const std::string& bundleID) {
     return false;
 }
 
-// One that is on its way already, for this scene or another, is waited for and not started twice.
+// An application that is already starting, for this scene or another, is waited for and not started twice.
 std::vector<SceneSettlement::LaunchedApp> SceneApplyFlow::launchMissing(const Scene& scene,
                                                                         const ScenePass::Result& pass) {
     std::vector<SceneSettlement::LaunchedApp> launched;

@@ -1,5 +1,5 @@
-// Applies scenes: puts their windows in place through the one restore runner, starts what is missing, hides
-// the rest when the user wants that, and tells what was done.
+// Applies scenes: restores their windows through RestoreRunner, starts missing applications, hides other
+// applications if the user wants that, and announces the result.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -21,15 +21,16 @@ public:
                    SettlementFlow& settlement)
         : m_context(context), m_runner(runner), m_scenes(scenes), m_settlement(settlement) {}
 
-    // False when nothing is going to happen. `reason` says in words who wanted it, for log and history, where
-    // it was not the user. `done`, if any, is told once what came of it, also when it is refused.
+    // Returns false when nothing is going to happen. `reason` says in words, for log and history, what
+    // applied it, if not the user. `done`, if set, is called once with the outcome, even when the request is
+    // refused.
     bool applyScene(const Scene& scene, const std::optional<std::string>& reason, RestoreOutcome::Done done);
 
-    // Told which applications a scene has hidden, when its restore is remembered for undo.
+    // Called with the applications that a scene has hidden, once its restore is recorded for undo.
     std::function<void(const std::vector<std::string>& bundleIDs)> onHidden;
-    // A scene was applied.
+    // Called when a scene was applied.
     std::function<void(const Scene& scene)> onApplied;
-    // That was taken back; the one before is published as the last applied.
+    // Called when a scene was undone and the previous one is published as the last applied.
     std::function<void()> onUndone;
 
 private:
@@ -46,7 +47,7 @@ private:
     RestoreRunner& m_runner;
     SceneFlow& m_scenes;
     SettlementFlow& m_settlement;
-    // When an application was started that may have no window yet, on the monotonic clock.
+    // Start times of applications that may have no window yet, on the monotonic clock, in seconds.
     std::map<std::string, double> m_launchedAt;
 };
 

@@ -110,7 +110,7 @@ SceneFlow::EditResult SceneFlow::edited(const std::string& id, Change&& change) 
     if (!result) {
         return std::unexpected(SceneProblems::from(result.error(), ""));
     }
-    // Before it is published: `id` may belong to what was published before.
+    // Read before publishing: `id` may refer to published state that is about to change.
     const auto scene = m_store.scene(id);
     m_context.showStoredScenes();
     return scene ? EditResult(*scene) : std::unexpected(SceneProblem::notFound);
@@ -174,13 +174,13 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
     std::map<std::int64_t, std::string> titles;
     std::map<std::int64_t, Rect> frames;
     for (const auto& [slot, title, frame, handle, isPanel] : filled) {
-        // The scene may have been changed since it was applied.
+        // The scene may have changed since it was applied.
         if (!isGhostOf(*scene, slot)) {
             continue;
         }
         indices.insert(slot.index);
         titles[slot.index] = title;
-        // On other displays the window stands where the scene does not want it on its own.
+        // On another desk the frame was adapted; the scene keeps the one for its own desk.
         if (placed == Placed::onItsDesk) {
             frames[slot.index] = frame;
         }
@@ -199,7 +199,7 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
 void SceneFlow::setLastApplied(const std::optional<std::string>& id) {
     const std::string& desk = m_context.state().configID;
     if (!(id ? m_store.setLastAppliedScene(*id, desk) : m_store.forgetLastAppliedScene(desk))) {
-        m_context.log("scene applied: the desk's last scene could not be written");
+        m_context.log("scene applied: the last applied scene could not be saved");
     }
     m_context.showStoredScenes();
 }

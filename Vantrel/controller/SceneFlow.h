@@ -1,4 +1,4 @@
-// The user's scenes: saving, renaming, changing and deleting them, and publishing what is stored.
+// Saves, renames, changes and deletes the user's scenes, and publishes the stored ones.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -17,24 +17,23 @@ namespace vantrel {
 
 class SceneFlow {
 public:
-    // The scene as it is now, or why it was left as it was.
+    // The changed scene, or why it was not changed.
     using EditResult = std::expected<Scene, SceneProblem>;
 
-    // Where its windows were placed: on the desk that the scene is of, or on another one, as it wants them
-    // there.
+    // Whether the windows were placed on the scene's own desk or adapted to another one.
     enum class Placed : std::uint8_t { onItsDesk, elsewhere };
 
     explicit SceneFlow(ControllerContext& context);
 
-    // Saves the desk as it stands under a new name, or anew under the name of a scene of this desk that is
-    // not pinned. `done` is called once, on the main thread.
+    // Saves the desk as a new scene, or updates an unpinned scene of this desk with the same name. `done` is
+    // called once, on the main thread.
     void saveCurrentAsScene(const std::string& name, std::function<void(const SceneSaveOutcome&)> done);
-    // A scene of this desk without windows, to be filled in the editor.
+    // Creates a scene of this desk without windows, to be filled in the editor.
     SceneSaveOutcome createEmptyScene(std::string_view name);
 
     EditResult updateSceneLayout(const std::string& id, const Layout& layout);
     EditResult rename(const std::string& id, std::string_view name);
-    // Also a pinned one: whoever asks the user protects it.
+    // Deletes pinned scenes too: the caller must ask the user for confirmation.
     EditResult deleteScene(const std::string& id);
     EditResult setPinned(bool isPinned, const std::string& id);
     EditResult setOpensMissingApps(bool opens, const std::string& id);
@@ -42,14 +41,13 @@ public:
     EditResult setHotkey(const std::string& id, std::optional<std::int64_t> keyCode,
                          std::optional<std::int64_t> modifiers);
 
-    // Windows have taken these slots of the scene: those that were kept free for them are its windows now.
-    // A pinned scene stays as it is.
+    // Turns ghosts of the scene into real windows once they have been filled. A pinned scene does not change.
     void solidify(const std::string& id, const std::vector<SlotFilling::Filled>& filled, Placed placed);
-    // The scene last applied on this desk; none when that was undone and there was none before.
+    // Sets the scene last applied on this desk; none when that was undone and there was none before.
     void setLastApplied(const std::optional<std::string>& id);
 
     [[nodiscard]] std::vector<Scene> scenesForCurrentDesk() const;
-    // The name of a desk that a layout is stored for; none of any other.
+    // The name of a desk that has a stored layout, or of the current desk; otherwise none.
     [[nodiscard]] std::optional<std::string> deskName(const std::string& configID);
 
 private:

@@ -1,4 +1,4 @@
-// The registered shortcuts of the scenes.
+// The registered shortcuts of scenes.
 #pragma once
 
 #include "VantrelCore/model/Scene.h"
@@ -16,22 +16,22 @@ namespace vantrel {
 // Used on the main thread.
 class SceneHotKeyRegistry {
 public:
-    // The only one: no id is given out twice while the process runs.
+    // The only instance: no ID is reused while the process runs.
     [[nodiscard]] static SceneHotKeyRegistry& shared();
 
-    // Brings the registered shortcuts in line with the scenes: those of scenes that are gone, have none any
-    // more or another one are dropped, those that are missing are registered with the next id. `action` gets
-    // the scene's id when its shortcut is pressed. What the system refused is tried again every time.
+    // Updates the registered shortcuts to match the scenes. Drops shortcuts of deleted scenes and changed or
+    // removed shortcuts, and registers missing ones with the next ID. `action` receives the scene's ID when
+    // its shortcut is pressed. Shortcuts that the system refused are tried again every time.
     void sync(HotKeys& hotKeys, const std::vector<Scene>& scenes,
               const std::function<void(const std::string&)>& action);
 
-    // The first half of that.
+    // Only drops the shortcuts that sync() would drop.
     void dropChanged(const std::vector<Scene>& scenes);
 
     // The scenes whose shortcut the system refused at the last sync.
     [[nodiscard]] const std::vector<std::string>& refused() const { return m_refused; }
 
-    // Drops every shortcut; to be called before the HotKeys that gave them goes away.
+    // Drops every shortcut. Call before destroying the HotKeys that registered them.
     void clear();
 
 private:
@@ -42,7 +42,7 @@ private:
         std::unique_ptr<HotKey> hotKey;
     };
 
-    // By the scene's id.
+    // By scene ID.
     std::map<std::string, Registered> m_registered;
     std::vector<std::string> m_refused;
     std::uint32_t m_nextID = 1000;

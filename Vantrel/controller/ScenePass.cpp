@@ -12,8 +12,8 @@ namespace {
 
 using Kind = RestoreReport::Kind;
 
-// What may take a slot: the ordinary windows that the restore has no place for, and the panels and dialogs of
-// applications with slots.
+// The windows that may fill a slot: ordinary windows for which the restore has no place, and panels and
+// dialogs of applications with slots.
 SlotFilling::Candidates candidates(const std::vector<SceneSlot>& slots, const Desk& desk,
                                    DeskReading& reading, const std::vector<RunningApp>& running) {
     SlotFilling::Candidates result;
@@ -34,7 +34,7 @@ SlotFilling::Candidates candidates(const std::vector<SceneSlot>& slots, const De
     return result;
 }
 
-// The report ends with the layout's windows that nobody was found for, in their order.
+// The report ends with the layout's unmatched windows, in order.
 std::map<std::int64_t, std::size_t> addItems(const SceneOnDesk& scene, const Desk& desk,
                                              RestoreReport& report) {
     std::map<std::int64_t, std::size_t> itemOfSlot;

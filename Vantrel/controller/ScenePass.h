@@ -1,5 +1,5 @@
-// The part of a scene's restore that a plain restore has not: live windows take the scene's open slots, and
-// the applications are named that would have to be started for the others. Runs in the background.
+// The part of a restore that only scenes need: fills the scene's open slots with live windows and lists the
+// applications to start for the rest. Runs in the background.
 #pragma once
 
 #include "Vantrel/controller/MovePermit.h"
@@ -14,10 +14,10 @@
 
 namespace vantrel::ScenePass {
 
-// How the restore left the desk.
+// The desk after the restore.
 struct Desk {
     const std::vector<CurrentWindow>& live;
-    // Between the scene's layout and `live`.
+    // Pairs the scene's layout with `live`.
     const MatchResult& matched;
     const DeskCapture::Scope& scope;
     RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
@@ -26,14 +26,13 @@ struct Desk {
 
 struct Result {
     SlotFilling::Result slots;
-    // Which item of the report tells of a slot, by the slot's index.
+    // Maps a slot's index to its item in the report.
     std::map<std::int64_t, std::size_t> itemOfSlot;
-    // The regular applications that run and that no rule ignores, each once, in the platform's order.
+    // The running regular applications that no rule ignores, each once, in the platform's order.
     std::vector<std::string> runningBundleIDs;
 };
 
-// `report` is the restore's, with an item for each of the layout's windows; afterwards it tells of the slots
-// as well.
+// `report` comes from the restore, with an item for each of the layout's windows; run() adds the slots.
 [[nodiscard]] Result run(const SceneOnDesk& scene, const Desk& desk, RestoreReport& report,
                          Accessibility& accessibility, Clock& clock, Background& background);
 

@@ -15,8 +15,9 @@ std::string SceneSaveOutcome::text() const {
                    ? "Vantrel needs Accessibility permission to read the desk."
                    : SaveOutcome{.kind = hindrance}.text();
     }
-    return fmt::format("{} {} as the scene \"{}\".", ControllerText::windows(scene->layout.windows.size()),
-                       kind == Kind::added ? "saved" : "saved anew", scene->name);
+    const std::string windows = ControllerText::windows(scene->layout.windows.size());
+    return kind == Kind::added ? fmt::format("{} saved as the scene \"{}\".", windows, scene->name)
+                               : fmt::format("The scene \"{}\" was updated with {}.", scene->name, windows);
 }
 
 } // namespace vantrel

@@ -1,4 +1,4 @@
-// What became of the user's wish to keep the desk as a scene.
+// The outcome of a user's request to save the desk as a scene.
 #pragma once
 
 #include "Vantrel/controller/SaveOutcome.h"
@@ -13,16 +13,16 @@ namespace vantrel {
 struct SceneSaveOutcome {
     enum class Kind : std::uint8_t {
         added,
-        // A scene of this desk had the name already and has the desk's layout now.
+        // A scene of this desk with the same name now has the desk's layout.
         updated,
-        // `problem` tells why.
+        // `problem` says why.
         refused,
-        // There was no desk to save; `hindrance` tells why.
+        // There was no desk to save; `hindrance` says why.
         noDesk,
     };
 
     Kind kind = Kind::added;
-    // None unless added or updated.
+    // Set only when added or updated.
     std::optional<Scene> scene = std::nullopt;
     SceneProblem problem = SceneProblem::writeFailed;
     SaveOutcome::Kind hindrance = SaveOutcome::Kind::noDisplays;

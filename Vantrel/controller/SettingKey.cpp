@@ -31,23 +31,24 @@ SettingKey modifiers(std::string_view name, std::optional<std::int64_t> fallback
 }
 
 const std::array table{
-    SettingKey{"enabled", boolean, true, "learn and restore at all"},
+    SettingKey{"enabled", boolean, true, "learn and restore layouts"},
     SettingKey{"autoRestore", boolean, true, "put windows back when the displays have settled"},
     SettingKey{"settleDelay", number, 0.5,
-               "seconds without a display event after which the displays count as settled", preference,
+               "seconds without a display event before the displays count as settled", preference,
                std::pair{0.0, 60.0}},
     SettingKey{"restoreSizes", boolean, true, "put sizes back as well as positions"},
     SettingKey{"placeNewAppsEnabled", boolean, true,
-               "put the windows of starting programs where they belong"},
+               "move the windows of newly started programs to their places"},
     SettingKey{"hideOthersOnSceneSwitch", boolean, false,
-               "applying a scene hides the applications that it does not hold"},
-    SettingKey{"quietNudgesEnabled", boolean, true, "tell when the windows have moved away from the scene"},
+               "applying a scene hides the applications that are not in it"},
+    SettingKey{"quietNudgesEnabled", boolean, true, "notify when windows have moved away from the scene"},
     SettingKey{"patternSuggestionsStopped", boolean, false,
-               "never suggest to save an arrangement that recurs as a scene"},
-    SettingKey{"calendarFolders", text, std::nullopt,
-               "folders of .ics files for calendar triggers, separated by colons; absent: where calendar "
-               "programs keep them"},
-    SettingKey{"showHUD", boolean, true, "show what a restore or a scene did over the desk"},
+               "never suggest saving a recurring arrangement as a scene"},
+    SettingKey{
+        "calendarFolders", text, std::nullopt,
+        "folders of .ics files for calendar triggers, separated by colons; absent: the usual folders of "
+        "calendar programs"},
+    SettingKey{"showHUD", boolean, true, "show the result of a restore or scene as an overlay"},
     SettingKey{"sendCrashReports", boolean, std::nullopt,
                "send reports of vantrel's own crashes to its vendor; absent: if this build has a vendor"},
     SettingKey{"showWindowPreviews", boolean, false, "draw previews of windows"},
@@ -55,33 +56,34 @@ const std::array table{
     SettingKey{"showDockIcon", boolean, std::nullopt, "show an icon in the dock; absent: none"},
     code("restoreKeyCode", HotKeyDefaults::restore.keyCode, "the key that restores, as a key code"),
     modifiers("restoreModifiers", HotKeyDefaults::restore.modifiers,
-              "what is held with it: the sum of 256 command, 512 shift, 2048 option, 4096 control"),
+              "its modifiers: the sum of 256 command, 512 shift, 2048 option, 4096 control"),
     code("saveKeyCode", HotKeyDefaults::save.keyCode, "the key that saves the layout"),
-    modifiers("saveModifiers", HotKeyDefaults::save.modifiers, "what is held with it"),
+    modifiers("saveModifiers", HotKeyDefaults::save.modifiers, "its modifiers"),
     code("stashKeyCode", HotKeyDefaults::stash.keyCode, "the key that stashes the desk or brings it back"),
-    modifiers("stashModifiers", HotKeyDefaults::stash.modifiers, "what is held with it"),
+    modifiers("stashModifiers", HotKeyDefaults::stash.modifiers, "its modifiers"),
     code("undoKeyCode", std::nullopt, "the key that undoes the last restore; absent: none"),
-    modifiers("undoModifiers", std::nullopt, "what is held with it"),
+    modifiers("undoModifiers", std::nullopt, "its modifiers"),
     code("quickSwitcherKeyCode", std::nullopt,
          "the key of the quick switcher, which is not available yet; absent: none"),
-    modifiers("quickSwitcherModifiers", std::nullopt, "what is held with it"),
+    modifiers("quickSwitcherModifiers", std::nullopt, "its modifiers"),
     SettingKey{"settingsSelectedSection", text, std::nullopt,
                "the section that the settings open with; absent: the first", note},
     SettingKey{"missionControlFixApplied", boolean, false, "the Mission Control fix was applied", note},
-    SettingKey{"patternObservations", data, std::nullopt,
-               "how the desks were seen arranged on the last days, as JSON", note},
+    SettingKey{"patternObservations", data, std::nullopt, "recent daily arrangements of the desks, as JSON",
+               note},
     SettingKey{"patternSuggestionSnoozedUntil", number, std::nullopt,
-               "when suggestions begin again, in seconds since 1970; absent: now", note},
+               "when suggestions resume, in seconds since 1970; absent: now", note},
     SettingKey{"wallpaperMemory", data, std::nullopt, "the wallpapers from before a scene, as JSON", note},
-    SettingKey{"wallpaperRecents", data, std::nullopt, "the wallpapers chosen last, as JSON", note},
+    SettingKey{"wallpaperRecents", data, std::nullopt, "recently chosen wallpapers, as JSON", note},
     SettingKey{"hasOnboarded", boolean, false, "the introduction was shown", note},
-    SettingKey{"dockFrequency", text, std::nullopt, "how often the user said to dock", note},
+    SettingKey{"dockFrequency", text, std::nullopt,
+               "how often the user docks, as answered in the introduction", note},
     SettingKey{"quickSwitcherHintDismissed", boolean, false, "the quick switcher's tip was dismissed", note},
     SettingKey{"updateChecker.lastCheck", date, std::nullopt,
-               "when updates were last looked for; absent: never", note},
+               "when the program last checked for updates; absent: never", note},
 };
 
-// The whole text as a number.
+// Parses the entire string as an integer.
 std::optional<std::int64_t> wholeNumber(const std::string& text) {
     std::int64_t value = 0;
     const char* const end = text.data() + text.size();
@@ -148,7 +150,7 @@ std::expected<DefaultsValue, std::string> SettingKey::read(const std::string& wr
     auto value = valueOf(type, written);
     if (!value || !admits(*value)) {
         return std::unexpected(
-            fmt::format("\"{}\" is no value for {}, which takes {}.", written, name, typeText()));
+            fmt::format("\"{}\" is not a valid value for {}, which takes {}.", written, name, typeText()));
     }
     return *std::move(value);
 }
@@ -189,7 +191,7 @@ std::string SettingKey::typeText() const {
                              : type == number  ? "a number"
                              : type == date    ? "a date like 2026-03-02T09:30:00Z"
                              : type == data    ? "JSON"
-                                               : "a text";
+                                               : "a string";
     return range ? fmt::format("{} from {} to {}", kind, range->first, range->second) : kind;
 }
 

@@ -1,4 +1,4 @@
-// Every settings key: its type, what holds while it is absent, and what it is for.
+// The table of settings keys: type, default and description of each.
 #pragma once
 
 #include "VantrelCore/ports/UserDefaults.h"
@@ -16,38 +16,38 @@ struct SettingKey {
     enum class Type : std::uint8_t { boolean, integer, number, text, date, data };
 
     enum class Purpose : std::uint8_t {
-        // What the user chooses.
+        // A choice of the user.
         preference,
-        // What the program notes for itself.
+        // The program's own record.
         note,
     };
 
     std::string_view name;
     Type type = Type::boolean;
-    // None: being absent means something of its own, which `description` tells.
+    // None if absence has a meaning of its own; `description` says which.
     std::optional<DefaultsValue> fallback;
     std::string_view description;
     Purpose purpose = Purpose::preference;
-    // Of a number, both ends included; whatever is outside counts as absent.
+    // For numbers: the valid range, inclusive. A value outside it counts as absent.
     std::optional<std::pair<double, double>> range = std::nullopt;
 
-    // Whether the value has this key's type and lies in its range; a whole number also is a number.
+    // Whether the value has this key's type and is in range. Whole numbers are also valid for number keys.
     [[nodiscard]] bool admits(const DefaultsValue& value) const;
 
-    // The value that a person wrote as `text`, or a sentence that says what is wrong with it.
+    // Parses a value that a person wrote. The error is a sentence that says what is wrong with it.
     [[nodiscard]] std::expected<DefaultsValue, std::string> read(const std::string& text) const;
 
-    // The stored value where there is one that the key admits.
+    // The stored value, if there is a valid one.
     [[nodiscard]] std::optional<DefaultsValue> stored(UserDefaults& defaults) const;
 
-    // "true or false", "a whole number", "a number from 0 to 60", "a text",
+    // "true or false", "a whole number", "a number from 0 to 60", "a string",
     // "a date like 2026-03-02T09:30:00Z".
     [[nodiscard]] std::string typeText() const;
 };
 
 namespace SettingKeys {
 
-// In the order in which a person wants to read them.
+// In reading order for people.
 [[nodiscard]] std::span<const SettingKey> all();
 
 // Null when there is no such key.

@@ -54,7 +54,7 @@ bool Settings::setHotkey(const std::string& surface, const std::optional<HotKeyC
         return false;
     }
     if (!write(modifiersKey, combo ? std::optional(combo->modifiers) : std::nullopt)) {
-        // The new key with the old modifiers would be a shortcut that nobody asked for.
+        // Otherwise the new key with the old modifiers would form an unintended shortcut.
         write(codeKey, codeBefore);
         return false;
     }
@@ -74,7 +74,7 @@ T Settings::decoded(std::string_view key) const {
 
 template <typename T>
 bool Settings::setEncoded(std::string_view key, const T& record) {
-    // Titles and names come from other programs and may hold anything.
+    // Titles and names come from other programs and may contain invalid UTF-8.
     return m_defaults.set(key, DefaultsData{nlohmann::json(record).dump(
                                    -1, ' ', false, nlohmann::json::error_handler_t::replace)});
 }
@@ -88,7 +88,7 @@ bool Settings::savePatternObservations(const std::vector<DailyLayoutObservation>
 }
 
 std::optional<Date> Settings::patternSuggestionSnoozedUntil() const {
-    // Beyond these seconds a Date cannot go; nobody snoozes for centuries.
+    // In seconds. A Date cannot represent values beyond this, and nobody snoozes for centuries.
     constexpr double lastSecond = 1e12;
     const auto seconds = number("patternSuggestionSnoozedUntil");
     if (!seconds || !(std::abs(*seconds) < lastSecond)) {

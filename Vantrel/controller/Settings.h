@@ -1,4 +1,4 @@
-// The user's settings as the program reads and writes them, typed. SettingKey.h has the table of the keys.
+// Typed access to the user's settings. The table of keys is in SettingKey.h.
 #pragma once
 
 #include "Vantrel/controller/SettingKey.h"
@@ -13,8 +13,8 @@
 
 namespace vantrel {
 
-// Each read asks the defaults afresh. A key that was never written, or holds a value of another type or out
-// of its range, yields its default. Writing answers false when the value could not be made durable.
+// Reads query the defaults every time. A missing key, or a value that has the wrong type or is out of range,
+// yields the default. Writes return false when the value could not be made durable.
 class Settings {
 public:
     static constexpr const char* autoRestoreKey = "autoRestore";
@@ -23,13 +23,13 @@ public:
 
     explicit Settings(UserDefaults& defaults) : m_defaults(defaults) {}
 
-    // Learn and restore at all.
+    // Learn and restore layouts.
     [[nodiscard]] bool enabled() const { return boolean("enabled"); }
     bool setEnabled(bool isEnabled) { return m_defaults.set("enabled", isEnabled); }
 
     // Put windows back when the displays have settled.
     [[nodiscard]] bool autoRestore() const { return boolean(autoRestoreKey); }
-    // Seconds without a display event after which the displays count as settled.
+    // Seconds without a display event before the displays count as settled.
     [[nodiscard]] double settleDelay() const { return number(settleDelayKey).value(); }
     // Put sizes back as well as positions.
     [[nodiscard]] bool restoreSizes() const { return boolean(restoreSizesKey); }
@@ -42,17 +42,17 @@ public:
     bool setMissionControlFixApplied(bool isApplied) {
         return m_defaults.set("missionControlFixApplied", isApplied);
     }
-    // None: the first section.
+    // Unset means the first section.
     [[nodiscard]] std::optional<std::string> settingsSelectedSection() const {
         return text("settingsSelectedSection");
     }
-    // None: no icon.
+    // Unset means no icon.
     [[nodiscard]] std::optional<bool> showDockIcon() const { return optionalBoolean("showDockIcon"); }
 
-    // None: as the build has it.
+    // Unset means the build's default.
     [[nodiscard]] std::optional<bool> sendCrashReports() const { return optionalBoolean("sendCrashReports"); }
 
-    // Applying a scene hides the applications that it does not hold.
+    // Applying a scene hides the applications that are not in it.
     [[nodiscard]] bool hideOthersOnSceneSwitch() const { return boolean("hideOthersOnSceneSwitch"); }
     bool setHideOthersOnSceneSwitch(bool hides) { return m_defaults.set("hideOthersOnSceneSwitch", hides); }
 
@@ -64,16 +64,16 @@ public:
     bool setRestoreHotkey(const HotKeyCombo& combo) { return setHotkey("restore", combo); }
     bool setSaveHotkey(const HotKeyCombo& combo) { return setHotkey("save", combo); }
     bool setStashHotkey(const HotKeyCombo& combo) { return setHotkey("stash", combo); }
-    // None takes both keys away.
+    // None removes both keys.
     bool setUndoHotkey(const std::optional<HotKeyCombo>& combo) { return setHotkey("undo", combo); }
     bool setQuickSwitcherHotkey(const std::optional<HotKeyCombo>& combo) {
         return setHotkey("quickSwitcher", combo);
     }
 
-    // What cannot be decoded reads as empty, and the next save overwrites it.
+    // Undecodable data reads as empty, and the next save overwrites it.
     [[nodiscard]] std::vector<DailyLayoutObservation> loadPatternObservations() const;
     bool savePatternObservations(const std::vector<DailyLayoutObservation>& observations);
-    // None: not snoozed.
+    // None if not snoozed.
     [[nodiscard]] std::optional<Date> patternSuggestionSnoozedUntil() const;
     bool setPatternSuggestionSnoozedUntil(const std::optional<Date>& date);
     [[nodiscard]] bool patternSuggestionsStopped() const { return boolean("patternSuggestionsStopped"); }
@@ -81,14 +81,14 @@ public:
         return m_defaults.set("patternSuggestionsStopped", stopped);
     }
 
-    // What cannot be decoded reads as empty, and the next save overwrites it.
+    // Undecodable data reads as empty, and the next save overwrites it.
     [[nodiscard]] WallpaperMemory wallpaperMemory() const;
     bool setWallpaperMemory(const WallpaperMemory& memory);
-    // Image files, the last one first.
+    // Image files, newest first.
     [[nodiscard]] std::vector<std::string> wallpaperRecents() const;
     bool setWallpaperRecents(const std::vector<std::string>& files);
 
-    // Folders of .ics files; empty: where calendar programs keep them.
+    // Folders of .ics files. Empty means the usual folders of calendar programs.
     [[nodiscard]] std::vector<std::string> calendarFolders() const;
 
     [[nodiscard]] bool hasOnboarded() const { return boolean("hasOnboarded"); }
@@ -96,7 +96,7 @@ public:
     [[nodiscard]] std::optional<std::string> dockFrequency() const { return text("dockFrequency"); }
     [[nodiscard]] bool quickSwitcherHintDismissed() const { return boolean("quickSwitcherHintDismissed"); }
 
-    // None: never.
+    // None if never checked.
     [[nodiscard]] std::optional<Date> updateCheckerLastCheck() const;
     bool setUpdateCheckerLastCheck(Date date);
 
@@ -106,7 +106,7 @@ private:
     [[nodiscard]] std::optional<bool> optionalBoolean(std::string_view key) const;
     [[nodiscard]] std::optional<double> number(std::string_view key) const;
     [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
-    // `surface` with "KeyCode" and "Modifiers" behind it names the two keys.
+    // The two keys are `surface` followed by "KeyCode" and "Modifiers".
     [[nodiscard]] std::optional<HotKeyCombo> hotkey(const std::string& surface) const;
     bool setHotkey(const std::string& surface, const std::optional<HotKeyCombo>& combo);
     template <typename T>

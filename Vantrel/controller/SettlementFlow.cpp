@@ -11,10 +11,10 @@
 
 namespace vantrel {
 
-// What a look found.
+// The result of one check.
 struct SettlementFlow::Seen {
     SlotFilling::Result slots;
-    // The applications with a panel or dialog that stands in no slot.
+    // Applications with a panel or dialog that fills no slot.
     std::set<std::string> withPanels;
 };
 
@@ -23,7 +23,7 @@ namespace {
 // Values only, so that a worker can own it.
 struct Look {
     std::vector<SceneSlot> slots;
-    // Whose panels may take a slot.
+    // The applications whose panels may fill a slot.
     std::set<std::string> panelsOf;
     std::vector<SettlementFlow::Seated> seated;
     DeskCapture::Scope scope;
@@ -31,7 +31,7 @@ struct Look {
     std::shared_ptr<const MovePermit> permit;
 };
 
-// Leaves out the windows that stand in their places already. Asks only those of applications with slots.
+// Leaves out windows that are already in their places. Reads only the handles of applications with slots.
 void eraseSeated(std::vector<CurrentWindow>& windows, const Look& look) {
     for (const auto& [bundleID, handle] : look.seated) {
         if (std::ranges::none_of(look.slots,
@@ -81,7 +81,7 @@ void SettlementFlow::begin(Opening opening) {
     }
     m_pending->openSlots = std::move(opening.slots);
     m_pending->itemOfSlot = std::move(opening.itemOfSlot);
-    // What was filled before stands in its slot now, kept in the scene, or the slot is open again.
+    // Slots filled earlier are now either kept in the scene or open again.
     m_pending->filled.clear();
     m_pending->panelPolls.clear();
     m_pending->seated = std::move(opening.seated);
@@ -116,12 +116,12 @@ void SettlementFlow::poll(std::int64_t token) {
         return;
     }
     if (m_context.restoreInFlight || m_context.axWorkInFlight()) {
-        // Perhaps of the same scene, which then goes on here.
+        // The restore may be of the same scene, which then continues here.
         schedulePoll();
     } else if (isOvertaken()) {
         cancel("the desk has changed");
     } else if (m_context.hindranceToMoving()) {
-        cancel("nothing may be moved any more");
+        cancel("windows may no longer be moved");
     } else {
         look();
     }
@@ -158,14 +158,14 @@ void SettlementFlow::look() {
             std::erase_if(found.panels, [&](const CurrentWindow& panel) {
                 return !look.panelsOf.contains(panel.record.bundleID);
             });
-            // Applications that have no window yet are on their way, not missing.
+            // Applications without a window yet are still starting, not missing.
             seen.slots = SlotFilling::fill(look.slots, found, {}, look.scope.displays, look.sizes,
                                            ports.clock, ports.background);
             return seen;
         },
         [this, token = m_pending->settlement.token](const std::optional<Seen>& seen) {
             if (m_pending && m_pending->settlement.token == token) {
-                // A look that failed has seen nothing; the next one may.
+                // A failed check saw nothing; the next one may.
                 settle(seen.value_or(Seen()));
             }
         });
@@ -175,7 +175,7 @@ std::vector<std::size_t> SettlementFlow::noteFilled(const SlotFilling::Result& r
     std::vector<std::size_t> items;
     for (const auto& filled : result.filled) {
         const std::int64_t index = filled.slot.index;
-        // An ordinary window takes the slot over from a panel.
+        // An ordinary window replaces a panel in the slot.
         if (std::erase_if(m_pending->filled,
                           [&](const auto& former) { return former.slot.index == index; }) == 0) {
             items.push_back(m_pending->itemOfSlot.at(index));
@@ -198,7 +198,7 @@ void SettlementFlow::notePanels(const Seen& seen) {
     }
 }
 
-// A slot that a panel has taken stays open, but to ordinary windows alone.
+// A slot filled by a panel stays open, but only for ordinary windows.
 std::set<std::string> SettlementFlow::bundleIDsWithEligiblePanels() const {
     std::set<std::string> bundleIDs;
     for (const auto& [bundleID, polls] : m_pending->panelPolls) {
@@ -245,7 +245,7 @@ void SettlementFlow::markPlaced(const SlotFilling::Result& result) {
     const auto pending = m_pending->settlement.pendingBundleIDs();
     const auto lacking = MissingAppsPolicy::bundlesLackingWindows(
         pending, m_context.ownBundleID.value_or(""), [&](const std::string& bundleID) {
-            // A window that would not stand in its slot has come all the same.
+            // A window that refused its slot has appeared nevertheless.
             return isFull(bundleID) || isRefused(bundleID) ||
                    std::ranges::find(m_pending->seated, bundleID, &Seated::bundleID) !=
                        m_pending->seated.end();
@@ -265,13 +265,13 @@ void SettlementFlow::markPlaced(const SlotFilling::Result& result) {
                 fmt::format("scene settlement: {} placed for {}", name, m_pending->settlement.sceneName));
         }
     }
-    // A window that will not stand there is not moved on and on while others are awaited.
+    // Stop moving a window that refuses its slot while others are still awaited.
     std::erase_if(m_pending->openSlots, [&](const SceneSlot& slot) {
         return isRefused(slot.record.bundleID) && !isAwaiting(slot.record.bundleID);
     });
 }
 
-// What stands in its slot by now stays the scene's.
+// Windows now in their slots become part of the scene.
 void SettlementFlow::keepWhatWasFilled() {
     m_poll.reset();
     m_scenes.solidify(m_pending->settlement.sceneID, m_pending->filled, m_pending->placed);

@@ -1,4 +1,4 @@
-// Waits for the windows of the applications that a scene has started, and brings them into their slots.
+// Waits for the windows of applications that a scene has started, and moves them into their slots.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -22,14 +22,14 @@ public:
     // In seconds.
     static constexpr double pollInterval = 0.8;
     static constexpr double deadlineSpan = 20;
-    // So many polls without another window, and an application that has filled some of its slots is not
+    // After this many polls without a new window, an application that has filled some of its slots is not
     // expected to fill the others.
     static constexpr int patience = 3;
-    // So many polls with a panel or dialog and without another ordinary window, and an application's panels
-    // may take its slots: its main window may still follow a dialog.
+    // After this many polls with a panel or dialog but no new ordinary window, panels may fill an
+    // application's slots: its main window may still follow a dialog.
     static constexpr int patienceWithPanels = 2;
 
-    // A window that stands where the scene wants it.
+    // A window that is where the scene wants it.
     struct Seated {
         std::string bundleID;
         AXWindowHandle handle;
@@ -39,10 +39,10 @@ public:
         std::string sceneID;
         std::string sceneName;
         std::vector<SceneSettlement::LaunchedApp> launched;
-        // Of all applications; those that nothing was launched for stay open.
+        // Slots of all applications; those of applications that were not launched stay open.
         std::vector<SceneSlot> slots;
         std::map<std::int64_t, std::size_t> itemOfSlot;
-        // By the scene's own restore.
+        // Windows placed by the scene's own restore.
         std::vector<Seated> seated;
         SceneFlow::Placed placed = SceneFlow::Placed::onItsDesk;
     };
@@ -50,31 +50,31 @@ public:
     SettlementFlow(ControllerContext& context, SceneFlow& scenes, RestoreHistory& history)
         : m_context(context), m_scenes(scenes), m_history(history) {}
 
-    // A scene was applied. One that waits for the same scene goes on waiting, with a new deadline; one that
-    // waits for another scene ends.
+    // A scene was applied. A settlement of the same scene continues with a new deadline; one of another scene
+    // ends.
     void begin(Opening opening);
 
     [[nodiscard]] bool isPending() const { return m_pending.has_value(); }
-    // The application's next window belongs into a slot.
+    // True when the application's next window belongs in a slot.
     [[nodiscard]] bool isAwaiting(const std::string& bundleID) const;
 
 private:
     struct Pending {
         SceneSettlement settlement;
-        // Those that a panel has taken are among them.
+        // Includes slots filled by panels.
         std::vector<SceneSlot> openSlots;
         std::map<std::int64_t, std::size_t> itemOfSlot;
-        // Since the scene was last applied.
+        // Slots filled since the scene was last applied.
         std::vector<SlotFilling::Filled> filled;
-        // Those, and what the scene's restore has seated.
+        // The windows in `filled`, and those placed by the scene's restore.
         std::vector<Seated> seated;
         SceneFlow::Placed placed = SceneFlow::Placed::onItsDesk;
-        // Polls since an application last filled a slot, and with nothing but panels for one.
+        // Polls since the application last filled a slot, and polls in which only its panels could fill one.
         std::map<std::string, int> quietPolls;
         std::map<std::string, int> panelPolls;
-        // On the monotonic clock: the date's clock may be set.
+        // On the monotonic clock, because the wall clock can be set.
         double due = 0;
-        // It is about the desk as the scene's restore left it.
+        // Epochs of the desk as the scene's restore left it.
         std::int64_t expectedDeskEpoch = 0;
         std::int64_t expectedMutationEpoch = 0;
     };
@@ -84,7 +84,7 @@ private:
     struct Seen;
     void look();
     void settle(const Seen& seen);
-    // The history items of the slots that are filled for the first time.
+    // The history items of slots that are filled for the first time.
     [[nodiscard]] std::vector<std::size_t> noteFilled(const SlotFilling::Result& result);
     void notePanels(const Seen& seen);
     [[nodiscard]] std::set<std::string> bundleIDsWithEligiblePanels() const;

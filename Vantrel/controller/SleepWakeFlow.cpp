@@ -6,7 +6,7 @@ namespace vantrel {
 
 namespace {
 
-// A pinned layout counts as drifted when a window is off by more than this many points.
+// In points; a window that is off by more makes a pinned layout count as drifted.
 constexpr double driftTolerance = 2;
 
 } // namespace
@@ -42,8 +42,8 @@ void SleepWakeFlow::lookAfterSettling() {
     ++m_context.resumeEpoch;
     m_check = m_context.ports.mainQueue.after(m_context.settings.settleDelay() + wakeDelay,
                                               [this, epoch = m_context.resumeEpoch] {
-                                                  // A newer display change looks after the desk itself, and
-                                                  // whoever is still away will return.
+                                                  // A newer display change handles the desk itself. If the
+                                                  // user is still away, the check runs on their return.
                                                   if (epoch == m_context.resumeEpoch && !m_context.isAway()) {
                                                       checkAfterWake();
                                                       m_context.scheduleSnapshotResume(0);
@@ -86,7 +86,7 @@ void SleepWakeFlow::restoreIfDrifted(const DeskCapture::Picture& picture,
         return;
     }
     m_context.afterPass([this, pinned, displays] {
-        // What the user asked for meanwhile comes first.
+        // What the user has requested meanwhile takes precedence.
         if (!m_context.restoreInFlight && !m_context.state().isPinPausedForUser()) {
             m_context.log("didWake: pinned layout drifted, restoring");
             m_runner.perform({.layout = *pinned, .displays = displays, .reason = "pinned enforcement"});

@@ -1,5 +1,5 @@
-// What sleep and a locked session mean for the desk: nothing is learned while nobody is there, and a pinned
-// layout is checked afterwards.
+// Handles sleep and locked sessions: nothing is learned while the user is away, and a pinned layout is
+// checked afterwards.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -11,9 +11,9 @@ namespace vantrel {
 
 class SleepWakeFlow {
 public:
-    // Seconds after waking up or unlocking, beside the settle delay, before the desk is looked at.
+    // Seconds from waking up or unlocking, in addition to the settle delay, until the desk is checked.
     static constexpr double wakeDelay = 2;
-    // Seconds awake, which those asleep do not count to, after which a sleep that was announced is over.
+    // Seconds awake, not counting time asleep, after which an announced sleep is considered over.
     static constexpr double longestFallingAsleep = 120;
 
     SleepWakeFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}

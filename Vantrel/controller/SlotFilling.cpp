@@ -12,7 +12,7 @@ namespace vantrel::SlotFilling {
 
 namespace {
 
-// Ordinary windows before panels: the index is the window's id in the plan.
+// Ordinary windows come before panels: the index is the window's ID in the plan.
 const CurrentWindow& windowAt(const Candidates& candidates, std::size_t index) {
     const std::size_t ordinary = candidates.ordinary.size();
     return index < ordinary ? candidates.ordinary[index] : candidates.panels[index - ordinary];
@@ -44,7 +44,7 @@ Rect usableBounds(const WindowRecord& slot, const std::vector<DisplayInfo>& disp
     return display == displays.end() ? slot.frame : display->usableFrame();
 }
 
-// Where the window stands now; none when it would not go.
+// The window's new frame; none when it would not move there.
 std::optional<Rect> place(const SceneSlot& slot, const AXWindowHandle& handle,
                           const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes,
                           Clock& clock) {

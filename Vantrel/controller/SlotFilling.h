@@ -1,4 +1,4 @@
-// Brings live windows into the open slots of a scene.
+// Moves live windows into the open slots of a scene.
 #pragma once
 
 #include "Vantrel/controller/DeskCapture.h"
@@ -12,16 +12,16 @@
 
 namespace vantrel::SlotFilling {
 
-// The live windows that may be taken.
+// The live windows that may fill slots.
 struct Candidates {
     std::vector<CurrentWindow> ordinary;
-    // And dialogs: taken when no ordinary window of their application is left.
+    // Panels and dialogs: used when no ordinary window of their application is left.
     std::vector<CurrentWindow> panels;
 };
 
 struct Filled {
     SceneSlot slot;
-    // Under this title and at this frame.
+    // The window's title and frame in the slot.
     std::string title;
     Rect frame;
     AXWindowHandle handle;
@@ -30,15 +30,15 @@ struct Filled {
 
 struct Result {
     std::vector<Filled> filled;
-    // Their windows would not stand there.
+    // Slots whose windows refused to go there.
     std::vector<SceneSlot> refused;
-    // Nobody came for them.
+    // Slots without a window.
     std::vector<SceneSlot> open;
     // Applications whose start would fill open slots, in scene order.
     std::vector<std::string> launchBundleIDs;
 };
 
-// Blocks; windows of different applications are placed at the same time.
+// Blocks. Windows of different applications are placed concurrently.
 [[nodiscard]] Result fill(const std::vector<SceneSlot>& slots, const Candidates& candidates,
                           const std::set<std::string>& runningBundleIDs,
                           const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes, Clock& clock,

@@ -58,7 +58,7 @@ StashFlow::Result StashFlow::keep(const Layout& captured) {
          .deskName = m_context.state().configName,
          .appliedSceneName = scene ? std::optional(scene->name) : std::nullopt,
          .appliedSceneWindowCount = scene ? std::optional(countOf(scene->layout)) : std::nullopt});
-    // The store keeps what it could not write to itself.
+    // add() does not report a failed write; the stash is missing then.
     if (!m_store.stash(stash.id)) {
         return std::unexpected(SaveOutcome::Kind::writeFailed);
     }
@@ -76,7 +76,7 @@ void StashFlow::tell(const Result& result, const std::function<void(const Result
 }
 
 bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done& done) {
-    // First: the identifier may be part of the published state, which changes from here on.
+    // Read first: `stashID` may refer to published state, which changes below.
     const auto stored = m_store.stash(stashID);
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
@@ -116,14 +116,14 @@ void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
         return;
     }
     if (outcome.report.restoredCount() == 0) {
-        // Nothing of it came back: it is kept for when its applications run again.
+        // Nothing came back; keep the stash until its applications run again.
         if (outcome.report.failedCount() > 0) {
             m_refused.insert(stash.id);
         }
         return;
     }
     if (!m_store.remove(stash.id)) {
-        m_context.log("stash: brought back, and kept because the file could not be written");
+        m_context.log("stash: brought back, but kept because the file could not be written");
     }
     showStored();
 }
@@ -135,7 +135,7 @@ void StashFlow::stashOrBringBack(const Told& told) {
         return;
     }
     CaptureNow::perform(m_context, [this, id = stash->id, told](const CaptureNow::Result& captured) {
-        // By then the capture is over, and what is brought back need not wait.
+        // By then the capture has ended, so bringing back need not wait.
         m_context.axWorkInFlight()
             ? m_context.afterPass([this, id, captured, told] { stashOrBringBack(id, captured, told); })
             : stashOrBringBack(id, captured, told);
@@ -150,8 +150,7 @@ void StashFlow::stashOrBringBack(const std::string& stashID, const CaptureNow::R
     } else if (!captured && captured.error() == SaveOutcome::Kind::nothingToSave) {
         tell(std::unexpected(captured.error()), told.stashed);
     } else {
-        // Also when the desk could not be captured: bringing back waits for its turn, or tells what stands
-        // against it.
+        // Also when the capture failed: bringing back either waits for its turn or reports what prevents it.
         bringBack(stashID, told.broughtBack);
     }
 }
@@ -161,7 +160,7 @@ bool StashFlow::canReturn(const Stash& stash, const Layout& captured) {
     for (const WindowRecord& window : captured.windows) {
         running.insert(window.bundleID);
     }
-    // Windows are paired within their application, whatever their titles.
+    // Windows are matched within their application, whatever their titles.
     return !m_refused.contains(stash.id) &&
            std::ranges::any_of(m_context.fittedToDesk(stash.layout).windows,
                                [&](const WindowRecord& window) { return running.contains(window.bundleID); });

@@ -1,4 +1,4 @@
-// Puts the desk aside to be brought back within a week, and brings it back.
+// Stashes the desk so that it can be brought back within a week, and brings it back.
 #pragma once
 
 #include "Vantrel/controller/CaptureNow.h"
@@ -19,37 +19,37 @@ public:
     // The stash, or why there is none.
     using Result = std::expected<Stash, SaveOutcome::Kind>;
 
-    // Publishes what is stored. The store outlives it.
+    // Publishes the stored stashes. The store outlives this flow.
     StashFlow(ControllerContext& context, RestoreRunner& runner, StashStore& store);
 
-    // Remembers the desk as it stands; the windows stay where they are. `done` is called once.
+    // Stashes the desk; the windows stay where they are. `done` is called once.
     void stashNow(std::function<void(const Result&)> done);
 
-    // Puts the windows where the stash has them, on the displays at hand when it is another desk's. Once that
-    // is done, the stash is used up, until undo takes it back. False when nothing is going to move.
+    // Moves the windows to their places in the stash, translated to the current displays if it is another
+    // desk's. The stash is then removed; undo restores it. Returns false when nothing is going to move.
     bool bringBack(const std::string& stashID, const RestoreOutcome::Done& done);
 
-    // Whom to tell what became of it; one of them is called, once.
+    // The callbacks for the outcome; exactly one of them is called, once.
     struct Told {
         std::function<void(const Result&)> stashed;
         RestoreOutcome::Done broughtBack;
     };
 
-    // Brings the desk's newest stash back. Without one, or when nothing of it can come back, the desk is
-    // stashed.
+    // Brings the desk's newest stash back. Without one, or when none of its windows can come back, stashes
+    // the desk.
     void stashOrBringBack(const Told& told = {});
 
     // Publishes the stashes after the store has changed.
     void showStored();
 
-    // What has expired is not published any longer.
+    // Stops publishing expired stashes.
     void dropExpired();
 
 private:
     [[nodiscard]] Result keep(const Layout& captured);
     void tell(const Result& result, const std::function<void(const Result&)>& done);
     void stashOrBringBack(const std::string& stashID, const CaptureNow::Result& captured, const Told& told);
-    // Whether the captured desk has a window for it that would take its place.
+    // Whether the captured desk has a window that could take its place in the stash.
     [[nodiscard]] bool canReturn(const Stash& stash, const Layout& captured);
     void returned(const Stash& stash, const RestoreOutcome& outcome);
     [[nodiscard]] std::vector<Stash> stashes();
@@ -57,7 +57,7 @@ private:
     ControllerContext& m_context;
     RestoreRunner& m_runner;
     StashStore& m_store;
-    // The stashes whose windows were there and would not move.
+    // Stashes whose windows were there but refused to move.
     std::set<std::string> m_refused;
 };
 

@@ -18,7 +18,7 @@ void SuggestionFlow::recordPatternObservationIfNeeded(const Layout& layout) {
         if (std::ranges::find(log, observation) == log.end()) {
             log = PatternSuggestion::recording(observation, std::move(log), now);
             if (!m_context.settings.savePatternObservations(log)) {
-                m_context.log("suggestions: how the desk stood today could not be written");
+                m_context.log("suggestions: today's arrangement could not be saved");
             }
         }
         m_recurs = PatternSuggestion::qualifies(observation.configID, observation.signature, log);
@@ -32,7 +32,7 @@ bool SuggestionFlow::isWanted(const PatternSuggestionInfo& pattern) {
         (snoozedUntil && m_context.ports.clock.now() < *snoozedUntil)) {
         return false;
     }
-    // What is a scene already needs no suggestion.
+    // An arrangement that is already a scene needs no suggestion.
     return std::ranges::none_of(m_context.state().scenes, [&](const Scene& scene) {
         return scene.configID == pattern.configID &&
                PatternSuggestion::signature(scene.layout) == pattern.signature;

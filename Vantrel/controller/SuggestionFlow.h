@@ -1,4 +1,4 @@
-// Notes once a day how the desk stands, and suggests to save an arrangement that recurs as a scene.
+// Records the desk's arrangement once a day, and suggests saving a recurring one as a scene.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -11,29 +11,29 @@ namespace vantrel {
 
 class SuggestionFlow {
 public:
-    // How long a suggestion that is put off stays away.
+    // How long a snoozed suggestion stays hidden.
     static constexpr double snoozeSeconds = 7 * 24 * 3600;
 
     explicit SuggestionFlow(ControllerContext& context) : m_context(context) {}
 
-    // The present desk stands as this layout was learned.
+    // `layout` is stored, and the current desk matches it.
     void recordPatternObservationIfNeeded(const Layout& layout);
 
-    // No suggestions for a week. False when that could not be written.
+    // Stops suggestions for a week. Returns false when that could not be written.
     bool snooze();
-    // No suggestions ever.
+    // Stops suggestions for good.
     bool stop();
-    // Suggestions again, neither put off nor stopped.
+    // Resumes suggestions that were snoozed or stopped.
     bool resume();
 
-    // Looks at settings and scenes again.
+    // Checks settings and scenes again.
     void refresh();
 
 private:
     [[nodiscard]] bool isWanted(const PatternSuggestionInfo& pattern);
 
     ControllerContext& m_context;
-    // What was last noted, and whether it recurs.
+    // The last recorded observation, and whether it recurs.
     std::optional<DailyLayoutObservation> m_last;
     bool m_recurs = false;
 };

@@ -15,7 +15,7 @@ namespace vantrel {
 
 namespace {
 
-// EventKit and the files of other systems end intervals before their last moment.
+// EventKit and the files of other systems exclude the end of an interval.
 constexpr double querySlack = 1;
 
 bool isCalendarTrigger(const SceneTrigger& trigger) {
@@ -149,12 +149,12 @@ void TriggerFlow::fireWhere(const Condition& isDue, const std::string& area, con
     if (due.empty() || !mayFire()) {
         return;
     }
-    // Before any scene is applied: whatever comes of that, the trigger has fired.
+    // Before any scene is applied: the trigger has fired, whatever happens next.
     const Date now = m_context.ports.clock.now();
     for (const SceneTrigger& trigger : due) {
         m_fired[trigger.id] = now;
         if (!m_triggers.recordFired(trigger.id, now)) {
-            m_context.log(area + ": its firing could not be written");
+            m_context.log(area + ": the time it fired could not be saved");
         }
     }
     showStored();

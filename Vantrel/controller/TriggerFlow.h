@@ -1,4 +1,4 @@
-// Applies scenes by itself: at times of day, before video calls, and when a Focus turns on.
+// Applies scenes automatically: at times of day, before video calls, and when a Focus turns on.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -15,15 +15,15 @@
 
 namespace vantrel {
 
-// No trigger fires, and none counts as fired, while the user has switched the program off, it is not entitled
-// to run, the machine goes to sleep, the displays are changing or windows cannot be moved. What was missed is
-// not caught up. A locked session hinders nothing: the scene is there when the user comes back.
+// Triggers neither fire nor count as fired while the user has switched the program off, it is not entitled to
+// run, the machine is going to sleep, the displays are changing or windows cannot be moved. Missed triggers
+// do not fire later. A locked session prevents nothing: the scene is in place when the user returns.
 class TriggerFlow {
 public:
     // In seconds.
     static constexpr double scheduleInterval = 30;
     static constexpr double calendarInterval = 180;
-    // How long before its start an event fires, and how long the same trigger then rests.
+    // How long before an event starts its trigger fires, and how long the trigger then rests.
     static constexpr double calendarWindow = 60;
     static constexpr double calendarCooldown = 300;
 
@@ -35,13 +35,13 @@ public:
     TriggerFlow(const TriggerFlow&) = delete;
     TriggerFlow& operator=(const TriggerFlow&) = delete;
 
-    // Called with the scene of a trigger that fires and the reason to note.
+    // Called with the scene of a trigger that fires and the reason to record.
     std::function<void(const Scene& scene, const std::string& reason)> onFire;
 
-    // Begins to check, now and repeatedly.
+    // Starts checking, now and repeatedly.
     void start();
 
-    // One trigger for every scene, all or none.
+    // Adds one trigger per scene, all or none.
     Result<std::vector<SceneTrigger>> addTrigger(const SceneTrigger::Kind& kind,
                                                  const std::vector<std::string>& sceneIDs);
     Result<void> setTriggerEnabled(const std::string& id, bool isEnabled);
@@ -69,14 +69,14 @@ private:
 
     ControllerContext& m_context;
     TriggerStore& m_triggers;
-    // Firings of this run, also those that could not be written.
+    // Firings of this run, including those that could not be written.
     std::map<std::string, Date> m_fired;
     bool m_isReadingCalendar = false;
     // A trigger was added while the calendar was being read.
     bool m_readsCalendarAgain = false;
     std::unique_ptr<ScheduledWork> m_scheduleTimer;
     std::unique_ptr<ScheduledWork> m_calendarTimer;
-    // Expires with the flow, so that an answer of the user that comes later finds nobody.
+    // Expires with the flow, so that a late reply to the permission request does nothing.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

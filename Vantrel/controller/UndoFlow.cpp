@@ -10,7 +10,7 @@ namespace vantrel {
 
 void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
     if (!result.before) {
-        // Half an undo can be asked for again when its desk is back.
+        // An interrupted undo can be repeated when its desk is back.
         if (!result.isAbandoned) {
             forgetUndone();
         }
@@ -18,7 +18,7 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
     }
     const RestorePass::Before& before = *result.before;
     const DeskCapture::Picture picture{DeskCapture::records(before.windows), before.takenAt};
-    // A scene that was abandoned has only moved windows: it was not yet the desk's.
+    // An abandoned scene has only moved windows; it never became the desk's scene.
     const bool isWindowsOnly = result.isAbandoned && request.scene;
     m_latest = Picture{.slot = {.layout = m_context.layoutOf(picture, request.displays),
                                 .configID = request.layout.configID,
@@ -28,7 +28,7 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
                        .handles = {},
                        .raising = request.raising,
                        .undone = isWindowsOnly ? nullptr : request.undone};
-    // Not the desk that has taken its place meanwhile.
+    // Use the restore's desk, not the one that has replaced it meanwhile.
     m_latest->slot.layout.configID = request.layout.configID;
     for (const CurrentWindow& window : before.windows) {
         m_latest->handles.push_back(window.handle);
@@ -116,7 +116,7 @@ void UndoFlow::finish(const RestoreOutcome& outcome) {
     }
 }
 
-// Once when asked and once when its turn comes: what a restore did that ran meanwhile is undone too.
+// Called on request and again when its turn comes, so that a restore that ran meanwhile is undone too.
 void UndoFlow::fill(RestoreRequest& request) {
     request.layout = m_slot->slot.layout;
     request.handles = m_slot->handles;

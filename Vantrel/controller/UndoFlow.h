@@ -1,4 +1,4 @@
-// Remembers the desk as it was just before the last restore, and puts it back so when the user wants that.
+// Records the desk just before the last restore, and returns to it on request.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -17,14 +17,14 @@ class UndoFlow {
 public:
     UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}
 
-    // A restore has finished, or was abandoned when it had moved windows.
+    // Called when a restore has finished, or was abandoned after it had moved windows.
     void remember(const RestoreRequest& request, const RestorePass::Result& result);
 
-    // Brings every window back to where it was, and with it what noteHidden() was told. False when nothing is
-    // going to move.
+    // Moves every window back and shows the applications passed to noteHidden(). Returns false when nothing
+    // is going to move.
     bool undoLastRestore(const RestoreOutcome::Done& done);
 
-    // The restore that finished last also hid these applications; undo will show them again. To be called in
+    // Records applications that the last finished restore also hid, so that undo shows them again. Call in
     // its `done` or later.
     void noteHidden(const std::vector<std::string>& bundleIDs);
 
@@ -33,9 +33,9 @@ private:
         UndoSlot slot;
         // The windows of the slot's layout.
         std::vector<AXWindowHandle> handles;
-        // As the restore did, so that undo leaves alone what the restore left alone.
+        // As in the restore, so that undo does not raise windows if the restore did not.
         RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
-        // What the restore wants done besides.
+        // Additional work to do after the undo, set by the restore.
         std::function<void()> undone;
     };
 
@@ -47,12 +47,12 @@ private:
 
     ControllerContext& m_context;
     RestoreRunner& m_runner;
-    // Before the restore that finished last.
+    // The desk before the last finished restore.
     std::optional<Picture> m_latest;
-    // Before the last restore that changed anything.
+    // The desk before the last restore that changed anything.
     std::optional<Picture> m_slot;
     bool m_isUndoing = false;
-    // Applications that the undo under way has shown again.
+    // The number of applications that the running undo has shown again.
     std::size_t m_unhidden = 0;
 };
 

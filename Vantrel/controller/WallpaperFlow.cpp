@@ -22,7 +22,7 @@ std::optional<std::string> pathFor(const DisplayInfo& display,
                                                                          : std::optional(found->second);
 }
 
-// Where a desktop has one picture for all displays, what a scene has set on one of them is shown by the
+// On a desktop with one picture for all displays, a picture that a scene set on one of them shows on the
 // others too, and is not the user's own there either.
 std::optional<std::string> usersOwn(const DisplayInfo& display, const std::optional<std::string>& shown,
                                     const WallpaperMemory& memory) {
@@ -58,7 +58,7 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
                                           const std::vector<DisplayInfo>& displays, WallpaperMemory memory,
                                           DesktopPictures& pictures) {
     Result result{.memory = std::move(memory), .problems = {}};
-    // All are read before any is set: on some desktops setting one sets the others.
+    // Read all before setting any: on some desktops setting one sets the others.
     std::vector<std::optional<std::string>> shown;
     shown.reserve(displays.size());
     for (const DisplayInfo& display : displays) {
@@ -69,7 +69,8 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
     const WallpaperMemory before = result.memory;
     const auto labels = DisplayLabels::of(displays);
     std::vector<const DisplayInfo*> changed;
-    // Those without a wallpaper come first: there, too, what is put back is put back on all.
+    // First the displays that get the user's picture back: on one-picture desktops that, too, changes all
+    // displays.
     for (const bool isSetting : {false, true}) {
         for (std::size_t i = 0; i < displays.size(); ++i) {
             const DisplayInfo& display = displays[i];
@@ -96,7 +97,7 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
         }
     }
     for (const DisplayInfo* display : changed) {
-        // As the desktop tells it, so that it is known again.
+        // As the desktop reports it, so that it is recognized later.
         result.memory.lastSet[display->uuid] =
             pictures.picture(*display).value_or(*pathFor(*display, wallpaper));
     }
@@ -110,7 +111,7 @@ void WallpaperFlow::note(const Result& result) {
     m_unwritten.reset();
     if (result.memory != m_context.settings.wallpaperMemory() &&
         !m_context.settings.setWallpaperMemory(result.memory)) {
-        m_context.log("scene wallpaper: what was shown before could not be written");
+        m_context.log("scene wallpaper: the previous wallpapers could not be saved");
         m_unwritten = result.memory;
     }
 }

@@ -1,4 +1,4 @@
-// Shows a scene's wallpapers, and puts the user's own back when a scene has none.
+// Shows a scene's wallpapers, and restores the user's own when a scene has none.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -14,8 +14,8 @@ class WallpaperFlow {
 public:
     explicit WallpaperFlow(ControllerContext& context) : m_context(context) {}
 
-    // The scene was applied on the current desk. Works in the background, one scene at a time; of those that
-    // come meanwhile the newest.
+    // Shows the wallpapers of a scene applied on the current desk. Works in the background, one scene at a
+    // time; of those that arrive meanwhile, only the newest is kept.
     void apply(const Scene& scene);
 
 private:
@@ -33,7 +33,7 @@ private:
     ControllerContext& m_context;
     bool m_isBusy = false;
     std::optional<Scene> m_next;
-    // What the settings do not tell because it could not be written.
+    // The memory that could not be written to the settings.
     std::optional<WallpaperMemory> m_unwritten;
 };
 

@@ -1,4 +1,4 @@
-// The tabs of the workbench, the window in which the user looks after scenes, desks and rules.
+// The tabs of the workbench, the window in which the user manages scenes, desks and rules.
 #pragma once
 
 #include <cstdint>

@@ -68,9 +68,9 @@ TEST_F(StoredSettings, WhatAPersonWritesIsReadByItsKeyOrRefusedWithASentence) {
         EXPECT_FALSE(delay.read(wrong)) << wrong;
     }
     EXPECT_EQ(delay.read("soon").error(),
-              "\"soon\" is no value for settleDelay, which takes a number from 0 to 60.");
+              "\"soon\" is not a valid value for settleDelay, which takes a number from 0 to 60.");
     EXPECT_EQ(SettingKeys::named("autoRestore")->read("yes").error(),
-              "\"yes\" is no value for autoRestore, which takes true or false.");
+              "\"yes\" is not a valid value for autoRestore, which takes true or false.");
     EXPECT_EQ(SettingKeys::named("restoreKeyCode")->read("15"), DefaultsValue(std::int64_t{15}));
     EXPECT_EQ(SettingKeys::named("settledelay"), nullptr);
 }

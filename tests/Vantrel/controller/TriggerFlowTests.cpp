@@ -113,7 +113,7 @@ TEST_F(Triggers, AFiringThatCannotBeWrittenStillFiresOnce) {
     fillDisk();
     runUntil(1, 1);
     EXPECT_EQ(fired("schedule"), 1U);
-    EXPECT_EQ(story.logged("schedule trigger: its firing could not be written"), 1U);
+    EXPECT_EQ(story.logged("schedule trigger: the time it fired could not be saved"), 1U);
 }
 
 TEST_F(Triggers, AVideoCallFiresOnceItsStartIsWithinAMinuteAndThenRestsForFive) {
