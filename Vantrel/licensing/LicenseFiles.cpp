@@ -19,7 +19,7 @@ LicenseDecision::FileReading LicenseFiles::read(File& file) {
         return std::nullopt;
     }
     if (!content) {
-        tell(file, FileIncident::Kind::stuck, content.error().message());
+        report(file, FileIncident::Kind::stuck, content.error().message());
         return std::unexpected(LicenseProblem::unreadable);
     }
     clear(file, FileIncident::Topic::content);
@@ -49,10 +49,10 @@ void LicenseFiles::moveAside(File& file) {
     const std::error_code error = SetAside::move(m_files.files(), file.path);
     file.mayWrite = !error;
     if (error) {
-        tell(file, FileIncident::Kind::stuck, error.message());
+        report(file, FileIncident::Kind::stuck, error.message());
     } else {
-        tell(file, FileIncident::Kind::undecodable, "it holds no license for this computer",
-             SetAside::newestCopy(file.path));
+        report(file, FileIncident::Kind::undecodable, "it holds no license for this computer",
+               SetAside::newestCopy(file.path));
     }
     file.text.clear();
 }
@@ -76,7 +76,7 @@ bool LicenseFiles::write(File& file, const LicenseRecord& record) {
         error = m_files.files().writeAtomically(file.path, text);
     }
     if (!isReplaced(error)) {
-        tell(file, FileIncident::Kind::notWritten, error.message());
+        report(file, FileIncident::Kind::notWritten, error.message());
         return false;
     }
     clear(file, FileIncident::Topic::writing);
@@ -84,10 +84,10 @@ bool LicenseFiles::write(File& file, const LicenseRecord& record) {
     return true;
 }
 
-void LicenseFiles::tell(const File& file, FileIncident::Kind kind, std::string reason,
-                        std::filesystem::path copy) const {
+void LicenseFiles::report(const File& file, FileIncident::Kind kind, std::string reason,
+                          std::filesystem::path copy) const {
     if (m_files.incidents() != nullptr) {
-        m_files.incidents()->tell(
+        m_files.incidents()->report(
             {.file = file.path, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
     }
 }

@@ -39,8 +39,8 @@ private:
 
     [[nodiscard]] LicenseDecision::FileReading read(File& file);
     void moveAside(File& file);
-    void tell(const File& file, FileIncident::Kind kind, std::string reason,
-              std::filesystem::path copy = {}) const;
+    void report(const File& file, FileIncident::Kind kind, std::string reason,
+                std::filesystem::path copy = {}) const;
     void clear(const File& file, FileIncident::Topic topic) const;
     [[nodiscard]] bool write(File& file, const LicenseRecord& record);
 

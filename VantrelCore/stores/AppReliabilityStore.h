@@ -1,4 +1,4 @@
-// "app-reliability.json": how restores of every application's windows ended.
+// "app-reliability.json": the restore outcomes of every application.
 #pragma once
 
 #include "VantrelCore/model/AppReliability.h"
@@ -18,8 +18,8 @@ class AppReliabilityStore {
 public:
     static constexpr std::int64_t schemaVersion = 1;
 
-    // More applications than anyone uses; keeps applications that call themselves differently at every start
-    // from filling the file. The longest unseen go first.
+    // More applications than anyone uses. Applications that identify themselves differently at every start
+    // must not fill the file; those unseen longest are dropped first.
     static constexpr std::size_t maxApps = 500;
 
     struct StoreFile {
@@ -30,22 +30,21 @@ public:
         bool operator==(const StoreFile&) const = default;
     };
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<AppReliabilityStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files);
 
     explicit AppReliabilityStore(JsonStore<StoreFile> file);
 
-    // Worst first: by failure rate (none counts as 0), then failures, then name, localized and without regard
-    // to case.
+    // Worst first: by failure rate (none counts as 0), then failures, then name, localized and ignoring case.
     [[nodiscard]] std::vector<AppReliability> all();
     [[nodiscard]] std::optional<AppReliability> record(const std::string& bundleID);
     [[nodiscard]] std::set<std::string> stubbornBundleIDs();
 
-    // Counts the items and writes once; false when the write failed and nothing was counted. Nothing is
-    // written without items.
+    // Counts the items and writes once, or not at all without items. False when the write failed; nothing is
+    // counted then.
     bool record(const std::vector<RestoreLog::Item>& items, Date at);
-    // Forgets all applications.
+    // Removes all applications.
     bool clear();
 
 private:

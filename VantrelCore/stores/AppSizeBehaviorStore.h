@@ -1,4 +1,4 @@
-// "app-size-behavior.json": what every application does when its windows are asked to take a size.
+// "app-size-behavior.json": how every application responds to resize requests.
 #pragma once
 
 #include "VantrelCore/model/AppSizeBehavior.h"
@@ -19,13 +19,13 @@ public:
 
     struct StoreFile {
         std::int64_t version = schemaVersion;
-        // One per application, in the order in which they were first seen.
+        // One per application, in the order they were first seen.
         std::vector<AppSizeBehavior> behaviors;
 
         bool operator==(const StoreFile&) const = default;
     };
 
-    // A window of the application was asked to take one size and took another, or the same.
+    // The size requested of one of the application's windows, and the size it took.
     struct Observation {
         std::string bundleID;
         Size requested;
@@ -34,21 +34,21 @@ public:
         bool operator==(const Observation&) const = default;
     };
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<AppSizeBehaviorStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files);
 
     explicit AppSizeBehaviorStore(JsonStore<StoreFile> file);
 
-    // What is known of an application before anything was learned of it.
+    // What is assumed of an application before anything is learned.
     [[nodiscard]] static AppSizeBehavior::Classification seed(const std::string& bundleID);
 
     [[nodiscard]] std::optional<AppSizeBehavior> behavior(const std::string& bundleID);
-    // What was learned, or the seed where nothing was.
+    // What was learned, else the seed.
     [[nodiscard]] AppSizeBehavior::Classification classification(const std::string& bundleID);
 
-    // Learn and write once; false when the write failed and nothing was learned. Observations with a size
-    // that is not a finite number are reports of a broken window and teach nothing; without any others
+    // Learns from the observations and writes once. False when the write failed; nothing is learned then.
+    // Observations with a non-finite size come from broken windows and are ignored; without any others
     // nothing is written.
     bool record(const Observation& observation);
     bool record(const std::vector<Observation>& observations);

@@ -70,31 +70,32 @@ std::string sentence(const FileIncident& incident) {
     const std::string& reason = incident.reason;
     switch (incident.kind) {
     case Kind::unreadable:
-        return fmt::format("{} could not be read ({}). It is kept as {} and is put back as soon as it can be "
-                           "read, unless something new is saved before.",
-                           file, reason, copy);
+        return fmt::format(
+            "{} could not be read ({}). It was moved to {} and will be put back once it can be "
+            "read, unless something new is saved first.",
+            file, reason, copy);
     case Kind::undecodable:
-        return fmt::format("{} is damaged ({}). It is kept as {}.", file, reason, copy);
+        return fmt::format("{} is damaged ({}). Its content was kept as {}.", file, reason, copy);
     case Kind::stuck:
-        return fmt::format("{} cannot be used ({}). It stays as it is, and nothing is saved there until it "
-                           "can be.",
+        return fmt::format("{} cannot be used ({}). It is left as it is, and nothing is saved to it until it "
+                           "can be read or moved aside.",
                            file, reason);
     case Kind::putBack:
         return fmt::format("{} can be read again and is back in use.", file);
     case Kind::notWritten:
-        return fmt::format("{} could not be written ({}). The last change is not kept.", file, reason);
+        return fmt::format("{} could not be written ({}). The last change was not saved.", file, reason);
     case Kind::notFlushed:
         return fmt::format(
             "{} was written, but the disk has not confirmed it. The last change may be lost if "
             "the computer stops now.",
             file);
     case Kind::newerKept:
-        return fmt::format("{} was written by a newer Vantrel. It is kept as {}.", file, copy);
+        return fmt::format("{} was written by a newer version of Vantrel. A copy was kept as {}.", file,
+                           copy);
     case Kind::expiredKept:
-        return fmt::format(
-            "More than half of {} was dropped because of its age. As it was, it is kept as {}, "
-            "in case the clock was wrong.",
-            file, copy);
+        return fmt::format("More than half of {} was dropped because of its age. A copy was kept as {} "
+                           "in case the clock was wrong.",
+                           file, copy);
     }
     return "";
 }

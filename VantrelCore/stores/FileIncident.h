@@ -1,4 +1,4 @@
-// What happened to one of the program's files that its user should know of.
+// Something that happened to one of the program's files and that the user should know.
 #pragma once
 
 #include <cstdint>
@@ -9,50 +9,50 @@ namespace vantrel {
 
 struct FileIncident {
     enum class Kind : std::uint8_t {
-        // Moved aside; tried again, and put back when it can be read before anything was written.
+        // Moved aside; tried again later, and put back if it can be read before anything is written.
         unreadable,
-        // Moved aside, or the copy of an earlier run that nothing has replaced yet.
+        // Moved aside now or, if nothing has replaced it since, in an earlier run.
         undecodable,
-        // Could not be used and stays in its place, and so is not written.
+        // Unusable and could not be moved aside, so the file is not written.
         stuck,
-        // Was moved aside because it could not be read, and is back in use.
+        // Had been moved aside as unreadable, and is back in use.
         putBack,
-        // The last write failed: what changed is not kept.
+        // The last write failed; the change is lost.
         notWritten,
         // FileFault::notFlushed.
         notFlushed,
-        // A newer program wrote it; a copy was kept before this one wrote over it.
+        // Written by a newer version; a copy was kept before it was overwritten.
         newerKept,
-        // The clock made most of its records too old; a copy was kept before they went.
+        // Most records had expired by the clock; a copy was kept before they were dropped.
         expiredKept
     };
 
-    // A later incident replaces an earlier one of the same file and topic.
+    // A later incident replaces an earlier one with the same file and topic.
     enum class Topic : std::uint8_t { content, writing, copy };
 
     std::filesystem::path file;
     Kind kind{};
-    // Of the failure, in words: "Input/output error". Empty where nothing failed.
+    // The failure in words: "Input/output error". Empty if nothing failed.
     std::string reason{};
-    // Where the content is now; empty where it is in the file itself.
+    // Where the content is now; empty if it is in the file itself.
     std::filesystem::path copy{};
 
     bool operator==(const FileIncident&) const = default;
 
     [[nodiscard]] Topic topic() const;
-    // False when nothing is amiss any more.
+    // False if nothing is wrong any more.
     [[nodiscard]] bool isTrouble() const;
 };
 
 namespace FileIncidentText {
 
-// "unreadable", as in the code.
+// The enumerator's name: "unreadable".
 [[nodiscard]] std::string name(FileIncident::Kind kind);
 
-// In a few words, for a menu.
+// A few words, for a menu.
 [[nodiscard]] std::string headline(const FileIncident& incident);
 
-// For people: what happened, and where the content is. Files are named without their folder.
+// For the user: what happened, and where the content is. File names omit the folder.
 [[nodiscard]] std::string sentence(const FileIncident& incident);
 
 } // namespace FileIncidentText

@@ -4,7 +4,7 @@
 
 namespace vantrel {
 
-void FileIncidents::tell(FileIncident incident) {
+void FileIncidents::report(FileIncident incident) {
     if (std::ranges::find(m_incidents, incident) != m_incidents.end()) {
         return;
     }

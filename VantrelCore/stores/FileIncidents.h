@@ -1,4 +1,4 @@
-// What is the matter with the program's files at present.
+// The current incidents with the program's files.
 #pragma once
 
 #include "VantrelCore/stores/FileIncident.h"
@@ -15,24 +15,24 @@ namespace vantrel {
 // Lives on the main thread.
 class FileIncidents {
 public:
-    // Takes a line for the log for every incident that is new.
+    // Receives a log line for every new incident.
     using Log = std::function<void(const std::string& message)>;
 
     explicit FileIncidents(Log log = {}) : m_log(std::move(log)) {}
 
-    // Called when anything has changed.
+    // Called after every change.
     std::function<void()> onChange;
 
-    void tell(FileIncident incident);
-    // That is over.
+    void report(FileIncident incident);
+    // Removes the incident with this file and topic.
     void clear(const std::filesystem::path& file, FileIncident::Topic topic);
 
-    // The user has put another file in the place of this one: whoever has read it reads it again.
+    // The user has replaced this file: whoever has read it must read it again.
     void noteReplaced(const std::filesystem::path& file);
-    // How often that has happened.
+    // How often the file was replaced.
     [[nodiscard]] std::size_t replacements(const std::filesystem::path& file) const;
 
-    // In the order in which they happened.
+    // In the order they happened.
     [[nodiscard]] const std::vector<FileIncident>& all() const { return m_incidents; }
 
 private:

@@ -15,7 +15,7 @@ namespace vantrel {
 
 namespace {
 
-// Records nest a handful of levels; copying and writing a document recurse into it.
+// Records nest only a few levels; copying and writing a document recurse.
 constexpr int deepestNesting = 256;
 
 nlohmann::json parse(const std::string& text) {
@@ -28,7 +28,7 @@ nlohmann::json parse(const std::string& text) {
     return nlohmann::json::parse(text, refuseDeepNesting);
 }
 
-// JSON has no infinite numbers and no not-a-number; as null they would make the file undecodable.
+// JSON has no infinity or NaN; written as null they would make the file undecodable.
 bool allNumbersAreFinite(const nlohmann::json& json) {
     if (json.is_number_float()) {
         return std::isfinite(json.get<double>());
@@ -63,7 +63,7 @@ bool JsonFile::read(const Decode& decode, const Encode& encode) {
 }
 
 std::string JsonFile::take(const std::string& content, const Decode& decode, const Encode& encode) {
-    return objection(content, [&](const nlohmann::json& document) {
+    return problemWith(content, [&](const nlohmann::json& document) {
         const bool isNewer =
             m_schemaVersion && JsonCoding::required<std::int64_t>(document, "version") > *m_schemaVersion;
         decode(document);
@@ -82,12 +82,12 @@ bool JsonFile::wasReplaced() const {
     return replacements() != m_replacementsSeen;
 }
 
-std::string JsonFile::objection(const std::string& content, const Decode& decode) {
+std::string JsonFile::problemWith(const std::string& content, const Decode& decode) {
     try {
         decode(parse(content));
         return {};
     } catch (const nlohmann::json::parse_error& error) {
-        return fmt::format("no valid JSON at byte {}", error.byte);
+        return fmt::format("invalid JSON at byte {}", error.byte);
     } catch (const std::exception& error) {
         return error.what();
     }
@@ -99,18 +99,18 @@ bool JsonFile::readSetAside(const Decode& decode, const Encode& encode) {
     if (!content) {
         m_mayComeBack = content.error() != std::errc::no_such_file_or_directory;
         if (m_mayComeBack) {
-            tell(Kind::unreadable, content.error().message(), copy);
+            report(Kind::unreadable, content.error().message(), copy);
         }
         return false;
     }
     m_mayComeBack = false;
     if (const std::string reason = take(*content, decode, encode); !reason.empty()) {
-        tell(Kind::undecodable, reason, copy);
+        report(Kind::undecodable, reason, copy);
         return false;
     }
-    // If this fails the content is in use all the same, and the next write puts it in place.
+    // If this fails, the content is used all the same, and the next write puts it in place.
     const std::error_code error = m_files.files().rename(copy, m_path);
-    tell(Kind::putBack, error ? error.message() : "");
+    report(Kind::putBack, error ? error.message() : "");
     return true;
 }
 
@@ -123,11 +123,11 @@ bool JsonFile::write(const Encode& encode) {
         }
         UnknownKeys stillUnknown = m_unknownKeys.addTo(document);
         if (!allNumbersAreFinite(document)) {
-            return refuse("a number in it is infinite");
+            return refuse("it contains a number that is not finite");
         }
         const auto text = document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
         if (text.size() > FileSystem::maxBytes) {
-            return refuse("it would be too large to be read again");
+            return refuse("it would be too large to read again");
         }
         if (const std::string reason = makeOriginalSafe(); !reason.empty()) {
             return refuse(reason);
@@ -140,7 +140,7 @@ bool JsonFile::write(const Encode& encode) {
         m_isNewer = false;
         m_keepsExpired = false;
         if (error) {
-            tell(Kind::notFlushed, error.message());
+            report(Kind::notFlushed, error.message());
         } else if (m_files.incidents() != nullptr) {
             m_files.incidents()->clear(m_path, FileIncident::Topic::writing);
         }
@@ -151,7 +151,7 @@ bool JsonFile::write(const Encode& encode) {
 }
 
 bool JsonFile::refuse(const std::string& reason) {
-    tell(Kind::notWritten, reason);
+    report(Kind::notWritten, reason);
     return false;
 }
 
@@ -160,9 +160,9 @@ void JsonFile::moveAside() {
     const bool isGone = error == std::errc::no_such_file_or_directory;
     m_isStuck = error && !isGone;
     if (m_isStuck) {
-        tell(Kind::stuck, m_reason + "; " + error.message());
+        report(Kind::stuck, m_reason + "; " + error.message());
     } else if (!isGone) {
-        tell(m_trouble, m_reason, SetAside::newestCopy(m_path));
+        report(m_trouble, m_reason, SetAside::newestCopy(m_path));
     }
 }
 
@@ -170,7 +170,7 @@ std::string JsonFile::makeOriginalSafe() {
     if (m_isStuck) {
         moveAside();
         if (m_isStuck) {
-            return "what is there cannot be moved aside";
+            return "the existing file cannot be moved aside";
         }
     }
     std::string reason;
@@ -193,13 +193,13 @@ std::string JsonFile::keepCopy(std::string_view suffix, Kind kind) {
     if (!isReplaced(error)) {
         return error.message();
     }
-    tell(kind, {}, copy);
+    report(kind, {}, copy);
     return {};
 }
 
-void JsonFile::tell(Kind kind, std::string reason, std::filesystem::path copy) {
+void JsonFile::report(Kind kind, std::string reason, std::filesystem::path copy) {
     if (m_files.incidents() != nullptr) {
-        m_files.incidents()->tell(
+        m_files.incidents()->report(
             {.file = m_path, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
     }
 }

@@ -1,5 +1,5 @@
-// One JSON file as stores keep it, whatever its records: reading with quarantine, writing with what must not
-// be lost. JsonStore adds the record type and the cache.
+// A store's JSON file, independent of the record type: sets unusable files aside when reading and preserves
+// unknown data when writing. JsonStore adds the record type and the cache.
 #pragma once
 
 #include "VantrelCore/stores/StoreFiles.h"
@@ -19,7 +19,7 @@ namespace vantrel {
 // Not locked: all calls come from the main thread.
 class JsonFile {
 public:
-    // Throws when the document is not what the record needs.
+    // Throws if the document does not fit the record.
     using Decode = std::function<void(const nlohmann::json& document)>;
     // Fills the document with every key that the record knows.
     using Encode = std::function<void(nlohmann::json& document)>;
@@ -29,32 +29,30 @@ public:
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
 
-    // True when the file was read and `decode` took it; `encode` then says which keys the record knows.
-    // False when there is no file, or it cannot be read or decoded and was moved to ".corrupt" beside it.
-    // A copy that was moved there because it could not be read is put back as soon as it can be, unless
-    // something has been written since.
+    // True when the file was read and `decode` accepted it; `encode` then tells which keys the record knows.
+    // False when there is no file, or when it could not be read or decoded and was moved to ".corrupt" beside
+    // it. A file moved aside because it was unreadable is put back once it can be read, unless something has
+    // been written since.
     [[nodiscard]] bool read(const Decode& decode, const Encode& encode);
 
-    // The file is another one since the last read, see FileIncidents::noteReplaced.
+    // Whether the file was replaced since the last read; see FileIncidents::noteReplaced.
     [[nodiscard]] bool wasReplaced() const;
 
     // Why a file with this content cannot be used; empty when it can.
-    [[nodiscard]] static std::string objection(const std::string& content, const Decode& decode);
+    [[nodiscard]] static std::string problemWith(const std::string& content, const Decode& decode);
 
-    // Writes the encoded document, with the schema version and the keys that an earlier read did not know.
-    // False when anything failed; then the file is as it was. It fails also when the write would destroy what
-    // could not be read and cannot be moved aside either, or something of which a copy is to be kept and
-    // cannot be.
+    // Writes the encoded document, with the schema version and the unknown keys from an earlier read. False
+    // on any failure; the file is then unchanged. Also fails rather than destroy an unusable file that cannot
+    // be moved aside, or a file whose copy could not be kept.
     [[nodiscard]] bool write(const Encode& encode);
 
-    // Before the next write the file as it is then is copied to ".expired" beside it, replacing an older
-    // copy.
+    // The next write first copies the file to ".expired" beside it, replacing an older copy.
     void keepExpired() { m_keepsExpired = true; }
 
 private:
     using Kind = FileIncident::Kind;
 
-    // Why the content cannot be used; empty when it is taken over.
+    // Decodes the content. Returns why it cannot be used, or "" on success.
     [[nodiscard]] std::string take(const std::string& content, const Decode& decode, const Encode& encode);
     [[nodiscard]] std::size_t replacements() const;
     [[nodiscard]] bool readSetAside(const Decode& decode, const Encode& encode);
@@ -62,21 +60,21 @@ private:
     void moveAside();
     [[nodiscard]] std::string makeOriginalSafe();
     [[nodiscard]] std::string keepCopy(std::string_view suffix, Kind kind);
-    void tell(Kind kind, std::string reason = {}, std::filesystem::path copy = {});
+    void report(Kind kind, std::string reason = {}, std::filesystem::path copy = {});
 
     std::filesystem::path m_path;
     std::optional<std::int64_t> m_schemaVersion;
     StoreFiles m_files;
-    // What a newer program keeps in the file besides what we know.
+    // Keys in the file that this version does not know.
     UnknownKeys m_unknownKeys;
-    // Why the file was last moved aside, or is to be.
+    // Why the file was last moved aside, or is about to be.
     Kind m_trouble = Kind::undecodable;
     std::string m_reason;
-    // The file at m_path holds something unusable that could not be moved aside.
+    // The file at m_path is unusable and could not be moved aside.
     bool m_isStuck = false;
-    // What was set aside has not been found unusable since, so it may come back.
+    // The file set aside may still turn out usable and be put back.
     bool m_mayComeBack = true;
-    // The file at m_path was written by a newer program.
+    // The file at m_path was written by a newer version.
     bool m_isNewer = false;
     std::size_t m_replacementsSeen = 0;
     bool m_keepsExpired = false;

@@ -1,6 +1,6 @@
-// The common pattern of every store: one JSON file, read when first needed and then served from a cache,
-// written as a whole, atomically and durably. A file that cannot be read or decoded is moved aside to the
-// same name with ".corrupt" appended (SetAside) and the store starts empty.
+// The pattern common to all stores: one JSON file, read on first use and then cached, written as a whole,
+// atomically and durably. A file that cannot be read or decoded is moved aside under its name with ".corrupt"
+// appended (SetAside), and the store starts empty.
 #pragma once
 
 #include "VantrelCore/model/AgeLoss.h"
@@ -18,16 +18,16 @@
 
 namespace vantrel {
 
-// `Record` is the file's content: a struct with to_json and from_json and the content of an empty store as
-// its default value. One with `std::int64_t version`, by default the current schema version, is stamped with
-// it, and its from_json requires "version". Not locked: all calls come from the main thread.
+// `Record` is the file's content: a struct with to_json and from_json whose default value is an empty store.
+// If it has `std::int64_t version`, defaulting to the current schema version, every write stamps that version
+// and its from_json requires "version". Not locked: all calls come from the main thread.
 template <typename Record>
 class JsonStore {
 public:
-    // Drops what is too old from a record that was read, before anyone sees it.
+    // Drops expired data from a record right after reading.
     using AfterReading = std::function<AgeLoss(Record&)>;
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<JsonStore, std::error_code>
     open(const std::filesystem::path& directory, std::string_view fileName, const StoreFiles& files,
          AfterReading afterReading = {}) {
@@ -51,7 +51,7 @@ public:
 
     [[nodiscard]] const std::filesystem::path& fileURL() const { return m_file.path(); }
 
-    // The content, from the cache or else from disk. Valid until the next call of any member.
+    // The content, from the cache or else from disk. The reference is valid until the next member call.
     [[nodiscard]] const Record& load() {
         if (m_file.wasReplaced()) {
             m_cache.reset();
@@ -70,8 +70,8 @@ public:
         return m_cache ? *m_cache : empty;
     }
 
-    // Replaces the whole file, stamped with the current schema version. False leaves file and cache as they
-    // were.
+    // Replaces the whole file, stamped with the current schema version. False on failure; file and cache are
+    // then unchanged.
     [[nodiscard]] bool write(Record record) {
         if constexpr (isVersioned) {
             record.version = Record{}.version;
@@ -83,8 +83,8 @@ public:
         return true;
     }
 
-    // Loads, lets `change` work on a copy, and writes that. A change that drops what is too old returns how
-    // much that was: when it was most, a copy of the file is kept before it is written.
+    // Loads the record, applies `change` to a copy, and writes the copy. A change that drops expired data
+    // returns how much: if it was most of the data, a copy of the file is kept before writing.
     template <typename Change>
     [[nodiscard]] bool update(Change&& change) {
         Record record = load();

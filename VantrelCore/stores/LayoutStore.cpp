@@ -43,7 +43,7 @@ void replaceLayout(StoreFile& file, const Layout& layout) {
     file.layouts.push_back(layout);
 }
 
-// Never empty: "Default" when nothing is left.
+// Never empty: "Default" if nothing is left.
 std::string firstRemainingName(const StoreFile& file, const std::string& configID) {
     std::optional<std::string> first;
     for (const auto& layout : file.layouts) {
@@ -105,7 +105,7 @@ bool LayoutStore::saveAsActive(const Layout& layout) {
 }
 
 void LayoutStore::deleteLayout(const std::string& configID, const std::string& layoutName) {
-    // The caller has nothing to tell the user; after a failed write the layout is simply still there.
+    // After a failed write the layout is simply still there; there is nothing to report.
     std::ignore = m_file.update([&](StoreFile& file) {
         std::erase_if(file.layouts, isLayout(configID, layoutName));
         if (activeName(file, configID) == layoutName) {

@@ -1,5 +1,4 @@
-// "layouts.json": per desk any number of named layouts, the name of the active one, and the rules per
-// application.
+// "layouts.json": the named layouts of each desk, the active one's name, and the per-application rules.
 #pragma once
 
 #include "VantrelCore/model/AppRule.h"
@@ -21,7 +20,7 @@ public:
 
     struct StoreFile {
         std::int64_t version = schemaVersion;
-        // In the order of saving.
+        // In saving order.
         std::vector<Layout> layouts;
         // configID to layoutName.
         std::optional<std::map<std::string, std::string>> activeLayouts;
@@ -31,7 +30,7 @@ public:
         bool operator==(const StoreFile&) const = default;
     };
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<LayoutStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files);
 
@@ -40,29 +39,28 @@ public:
     [[nodiscard]] std::vector<Layout> layouts(const std::string& configID);
     [[nodiscard]] std::optional<Layout> layout(const std::string& configID, const std::string& layoutName);
 
-    // The bools say whether the whole file was written; false leaves everything as it was.
+    // The bool results report whether the whole file was written; false means that nothing changed.
 
-    // Replaces the layout of the same desk and name.
+    // Replaces the layout with the same desk and name.
     bool save(const Layout& layout);
     // The same, and makes it the active layout of its desk.
     bool saveAsActive(const Layout& layout);
-    // Chooses a new active layout when the active one goes.
+    // Chooses a new active layout if the active one is deleted.
     void deleteLayout(const std::string& configID, const std::string& layoutName);
-    // Renames the desk, in the first layout of that desk, whatever its layoutName.
+    // Renames the desk in its first layout only, whatever that layout's layoutName.
     void rename(const std::string& configID, const std::string& layoutName, const std::string& name);
-    // Names the desk in all its layouts. False without writing when it has none.
+    // Renames the desk in all its layouts. False, without writing, if it has none.
     bool renameDesk(const std::string& configID, const std::string& name);
-    // Gives a layout another name within its desk; it stays active when it was. False without writing when
-    // there is no such layout or one of the new name.
+    // Renames a layout within its desk; it stays active if it was. False, without writing, if there is no
+    // such layout or the new name is taken.
     bool renameLayout(const std::string& configID, const std::string& layoutName, const std::string& newName);
     [[nodiscard]] std::string activeLayoutName(const std::string& configID);
     bool setActiveLayout(const std::string& layoutName, const std::string& configID);
-    // False without writing when there is no such layout.
+    // False, without writing, if there is no such layout.
     bool setPinned(bool pinned, const std::string& configID, const std::string& layoutName);
 
     [[nodiscard]] std::vector<AppRule> rules();
-    // Replaces the rule of the same application; the list stays sorted by appName, localized and without
-    // regard to case.
+    // Replaces the application's rule; the list stays sorted by appName, localized and ignoring case.
     bool setRule(const AppRule& rule);
     bool removeRule(const std::string& bundleID);
 

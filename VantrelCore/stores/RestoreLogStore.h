@@ -1,4 +1,4 @@
-// "restore-log.json": the restore history of the last days.
+// "restore-log.json": the restore history of recent days.
 #pragma once
 
 #include "VantrelCore/model/RestoreLog.h"
@@ -17,7 +17,7 @@ public:
         bool operator==(const StoreFile&) const = default;
     };
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<RestoreLogStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files);
 
@@ -25,11 +25,11 @@ public:
 
     [[nodiscard]] RestoreLog load();
 
-    // The bools say whether the file was written; false leaves everything as it was.
+    // The bool results report whether the file was written; false means that nothing changed.
 
-    // Puts the entry in front and prunes what is too old on its date or too much.
+    // Puts the entry in front and prunes, as of its date, entries that are too old or too many.
     bool record(const RestoreLog::Entry& entry);
-    // Takes the place of the newest entry; false without one.
+    // Replaces the newest entry; false without one.
     bool replaceNewest(const RestoreLog::Entry& entry);
     bool clear();
 

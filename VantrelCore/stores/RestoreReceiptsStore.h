@@ -1,4 +1,4 @@
-// "receipts.json": the restore receipts, bare, without a version.
+// "receipts.json": the restore receipts, without a version key.
 #pragma once
 
 #include "VantrelCore/model/RestoreReceipts.h"

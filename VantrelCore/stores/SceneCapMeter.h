@@ -1,4 +1,4 @@
-// How near the user is to the greatest number of scenes; shown only when it is near.
+// Shows how many of the allowed scenes are used, once the limit is near.
 #pragma once
 
 #include <cstddef>

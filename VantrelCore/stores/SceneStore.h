@@ -1,4 +1,4 @@
-// "scenes.json": the scenes of all desks, and per desk the one applied last.
+// "scenes.json": the scenes of all desks, and the last one applied on each desk.
 #pragma once
 
 #include "VantrelCore/model/Scene.h"
@@ -17,16 +17,16 @@ namespace vantrel {
 class SceneStore {
 public:
     static constexpr std::int64_t schemaVersion = 1;
-    // Of all desks together.
+    // For all desks together.
     static constexpr std::size_t maxScenes = 12;
     // In user-perceived characters.
     static constexpr std::size_t maxNameLength = 30;
 
     struct StoreFile {
         std::int64_t version = schemaVersion;
-        // In the order of creation.
+        // In creation order.
         std::vector<Scene> scenes;
-        // configID to scene id; the key may be missing in the file.
+        // configID to scene id; may be missing in the file.
         std::map<std::string, std::string> lastAppliedByConfig;
 
         bool operator==(const StoreFile&) const = default;
@@ -35,7 +35,7 @@ public:
     template <typename T>
     using Result = std::expected<T, SceneStoreError>;
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<SceneStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files);
 
@@ -43,38 +43,38 @@ public:
 
     [[nodiscard]] std::vector<Scene> allScenes();
     [[nodiscard]] std::optional<Scene> scene(const std::string& id);
-    // The first scene of that name on any desk, without regard to case and to white space around `name`.
+    // The first scene with that name on any desk, ignoring case and white space around `name`.
     [[nodiscard]] std::optional<Scene> sceneNamed(std::string_view name);
 
-    // 1 to 30 characters without the white space around them.
+    // 1 to 30 characters, not counting surrounding white space.
     [[nodiscard]] static bool isValidName(std::string_view name);
 
-    // An error leaves file and store as they were.
+    // On error, file and store are unchanged.
 
-    // Stores the scene under its trimmed name, which may be another scene's already.
+    // Stores the scene under its trimmed name, which another scene may already have.
     [[nodiscard]] Result<Scene> add(Scene scene);
-    // invalidName also when another scene has the name, without regard to case.
+    // invalidName also if another scene has the name, ignoring case.
     [[nodiscard]] Result<Scene> rename(const std::string& id, std::string_view name);
     // Refused for a pinned scene.
     [[nodiscard]] Result<Scene> updateLayout(const std::string& id, const Layout& layout);
     [[nodiscard]] Result<Scene> updateSceneLayout(const std::string& id, const Layout& layout) {
         return updateLayout(id, layout);
     }
-    // Also a pinned one: protecting it is up to the interface. False when the write failed.
+    // Deletes pinned scenes too; protecting them is up to the interface. False when the write failed.
     bool deleteScene(const std::string& id);
     [[nodiscard]] Result<void> setPinned(bool pinned, const std::string& id);
     [[nodiscard]] Result<void> setOpensMissingApps(bool opens, const std::string& id);
-    // Without key code or modifiers the scene has no hotkey.
+    // If either is missing, the scene has no hotkey.
     [[nodiscard]] Result<void> updateHotkey(const std::string& id, std::optional<std::int64_t> keyCode,
                                             std::optional<std::int64_t> modifiers);
-    // A wallpaper for no display is stored as none.
+    // A wallpaper without displays is stored as none.
     [[nodiscard]] Result<void> setWallpaper(const std::optional<SceneWallpaper>& wallpaper,
                                             const std::string& id);
 
     [[nodiscard]] std::optional<std::string> lastAppliedSceneID(const std::string& configID);
     // False when the write failed.
     bool setLastAppliedScene(const std::string& id, const std::string& configID);
-    // No scene was applied on the desk, as far as anyone knows.
+    // Clears the desk's last applied scene. False when the write failed.
     bool forgetLastAppliedScene(const std::string& configID);
 
 private:

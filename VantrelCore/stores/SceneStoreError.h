@@ -1,4 +1,4 @@
-// Why the scene store did not do what it was asked.
+// Why a scene store operation failed.
 #pragma once
 
 namespace vantrel {

@@ -19,7 +19,7 @@ std::error_code renameIfThere(FileSystem& files, const std::filesystem::path& fr
     return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
 }
 
-// Frees ".corrupt.1", by giving every copy up to the first free number the next one.
+// Frees ".corrupt.1" by moving each copy up by one, up to the first free number.
 std::error_code makeRoomForOlder(FileSystem& files, const std::filesystem::path& file,
                                  const std::set<std::filesystem::path>& existing) {
     std::size_t number = 1;
@@ -34,8 +34,8 @@ std::error_code makeRoomForOlder(FileSystem& files, const std::filesystem::path&
     return {};
 }
 
-// Frees the newest copy's name, and gives the new copy to `put` under that name. When a folder that somebody
-// made there stands in the way, the copy gets the next name.
+// Frees the newest copy's name and calls `put` to place the new copy there. If a foreign folder blocks that
+// name, the copy gets the next one.
 template <typename Put>
 std::error_code placeNewest(FileSystem& files, const std::filesystem::path& file, Put put) {
     const auto entries = files.list(file.parent_path());
@@ -90,7 +90,7 @@ std::error_code keep(FileSystem& files, const std::filesystem::path& file, std::
 
 std::error_code putBack(FileSystem& files, const std::filesystem::path& copy,
                         const std::filesystem::path& file) {
-    // The copy may have the name that the file is to get.
+    // The copy may have the name that the old file gets.
     const auto meanwhile = withSuffix(file, ".replacing");
     if (const auto error = renameIfThere(files, file, meanwhile)) {
         return error;
@@ -99,7 +99,7 @@ std::error_code putBack(FileSystem& files, const std::filesystem::path& copy,
         std::ignore = renameIfThere(files, meanwhile, file);
         return error;
     }
-    // Done; if this fails the former file keeps the other name.
+    // The copy is in place; if this fails, the old file keeps its temporary name.
     std::ignore = renameIfThere(files, meanwhile, withSuffix(file, ".replaced"));
     return {};
 }

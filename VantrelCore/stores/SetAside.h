@@ -1,5 +1,5 @@
-// Where files go that cannot be used: beside themselves, under the same name with ".corrupt" appended. The
-// newest copy has that name; older ones are numbered, ".corrupt.1" being the next newest.
+// Sets unusable files aside, in the same folder with ".corrupt" appended. The newest copy has that name;
+// older ones are numbered, ".corrupt.1" being the next newest.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -11,7 +11,7 @@
 
 namespace vantrel::SetAside {
 
-// Counting the newest; setting another aside drops the oldest.
+// Including the newest; setting another file aside drops the oldest.
 inline constexpr std::size_t maxCopies = 5;
 
 [[nodiscard]] std::filesystem::path withSuffix(const std::filesystem::path& file, std::string_view suffix);
@@ -19,21 +19,20 @@ inline constexpr std::size_t maxCopies = 5;
 // The newest copy's name.
 [[nodiscard]] std::filesystem::path newestCopy(const std::filesystem::path& file);
 
-// Moves the file aside. After an error everything is still there, the file under its own name; with
-// no_such_file_or_directory there was none.
+// Moves the file aside. On error nothing is lost and the file keeps its name; no_such_file_or_directory means
+// that there was no file.
 [[nodiscard]] std::error_code move(FileSystem& files, const std::filesystem::path& file);
 
-// Keeps `content` as the newest copy of a file that stays.
+// Writes `content` as the newest copy; the file itself stays.
 [[nodiscard]] std::error_code keep(FileSystem& files, const std::filesystem::path& file,
                                    std::string_view content);
 
-// Puts a copy in the file's place. What was there is kept with ".replaced" appended, replacing an older one.
-// After an error
-// everything is as it was, but for that name, under which the file may be left if the disk fails twice.
+// Puts a copy in the file's place. The old file is kept with ".replaced" appended, replacing an older one. On
+// error nothing changes, except that a second disk failure may leave the old file as ".replacing".
 [[nodiscard]] std::error_code putBack(FileSystem& files, const std::filesystem::path& copy,
                                       const std::filesystem::path& file);
 
-// The file that a copy was made of; empty for the name of no copy.
+// The file that a copy belongs to; empty if the name is not that of a copy.
 [[nodiscard]] std::filesystem::path original(const std::filesystem::path& copy);
 
 } // namespace vantrel::SetAside

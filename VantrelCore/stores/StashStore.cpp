@@ -65,7 +65,7 @@ std::optional<Stash> StashStore::newestFor(const std::string& configID) {
 }
 
 Stash StashStore::add(const Stash& stash) {
-    // The desk has been put aside whether or not the disk is full.
+    // The desk has been put aside even if the write fails.
     std::ignore = m_file.update([&](StoreFile& file) {
         file.stashes.push_back(stash);
         enforceCap(file.stashes);

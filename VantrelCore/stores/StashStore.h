@@ -1,4 +1,4 @@
-// "stashes.json": the desks put aside, at most ten and for a week.
+// "stashes.json": the stashed desks, at most ten, kept for a week.
 #pragma once
 
 #include "VantrelCore/model/Stash.h"
@@ -25,8 +25,9 @@ public:
         bool operator==(const StoreFile&) const = default;
     };
 
-    // Creates the directory when missing. Nothing is read yet; what has expired by the time of reading is
-    // left out, and gone from the file with the next write. When that is most of it, a copy is kept.
+    // Creates the directory if missing; reads nothing yet. Stashes that have expired when the file is read
+    // are left out, and disappear from the file with the next write. If most have expired, a copy of the file
+    // is kept.
     [[nodiscard]] static std::expected<StashStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock);
 
@@ -40,7 +41,7 @@ public:
     [[nodiscard]] std::optional<Stash> newest();
     [[nodiscard]] std::optional<Stash> newestFor(const std::string& configID);
 
-    // Drops the oldest stashes beyond the tenth. Returns the stash, also when the write failed.
+    // Drops the oldest stashes beyond the tenth. Returns the stash even if the write failed.
     Stash add(const Stash& stash);
     // False when the write failed.
     bool remove(const std::string& id);

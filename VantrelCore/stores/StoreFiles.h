@@ -1,4 +1,4 @@
-// What stores need besides the folder: the file system, and where to tell what happens to their files.
+// What stores need besides a folder: the file system, and where to report incidents with their files.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -8,7 +8,7 @@ namespace vantrel {
 
 class StoreFiles {
 public:
-    // Both outlive the stores. A file system alone will do; then nobody is told.
+    // Both must outlive the stores. Without `incidents` nothing is reported.
     StoreFiles(FileSystem& files, FileIncidents* incidents = nullptr)
         : m_files(&files), m_incidents(incidents) {}
 

@@ -51,7 +51,7 @@ std::string problemWith(FileSystem& files, const std::filesystem::path& place,
     if (!content) {
         return content.error().message();
     }
-    return JsonFile::objection(*content, decoders().at(file.filename().string()));
+    return JsonFile::problemWith(*content, decoders().at(file.filename().string()));
 }
 
 std::expected<std::vector<Finding>, std::error_code> inspect(FileSystem& files,

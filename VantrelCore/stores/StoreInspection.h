@@ -1,4 +1,4 @@
-// Looks at the stores' files and at the copies beside them without changing anything.
+// Inspects the stores' files and the copies beside them without changing anything.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -12,9 +12,9 @@ namespace vantrel::StoreInspection {
 
 struct Finding {
     std::filesystem::path file{};
-    // The store's file of which this is a copy; empty for the store's file itself.
+    // The store file that this is a copy of; empty for a store file itself.
     std::filesystem::path original{};
-    // Why it cannot be used; empty when it can.
+    // Why it cannot be used; empty if it can.
     std::string problem{};
     Date modified{};
 
@@ -23,14 +23,14 @@ struct Finding {
     [[nodiscard]] bool isCopy() const { return !original.empty(); }
 };
 
-// Whether `file`, by its name, belongs to a store.
+// Whether `file` is a store's file, by name.
 [[nodiscard]] bool isStore(const std::filesystem::path& file);
 
-// Why the file at `place` cannot serve as the store's `file`; empty when it can.
+// Why the file at `place` cannot serve as the store's `file`; empty if it can.
 [[nodiscard]] std::string problemWith(FileSystem& files, const std::filesystem::path& place,
                                       const std::filesystem::path& file);
 
-// Every store's file in the folder and every copy of one, by name. An error when the folder cannot be listed.
+// All store files in the folder and their copies, sorted by name. An error if the folder cannot be listed.
 [[nodiscard]] std::expected<std::vector<Finding>, std::error_code>
 inspect(FileSystem& files, const std::filesystem::path& directory);
 

@@ -1,4 +1,4 @@
-// Brings a copy of a store's file back at the user's request.
+// Restores a copy of a store's file at the user's request.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -9,8 +9,8 @@
 
 namespace vantrel::StoreRepair {
 
-// `copyName` is that of a file in the folder ("layouts.json.corrupt"). What stood in the copy's place is kept
-// with ".replaced" appended. Returns the store's file, or a sentence why nothing was changed.
+// `copyName` names a file in the folder ("layouts.json.corrupt"). The store's current file is kept with
+// ".replaced" appended. Returns the store's file, or a sentence with the reason why nothing was changed.
 [[nodiscard]] std::expected<std::filesystem::path, std::string>
 putBack(FileSystem& files, const std::filesystem::path& directory, const std::string& copyName);
 

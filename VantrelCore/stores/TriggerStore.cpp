@@ -54,7 +54,7 @@ TriggerStore::Result<void> TriggerStore::recordFired(const std::string& id, Date
 
 void TriggerStore::deleteTrigger(const std::string& id) {
     if (trigger(id)) {
-        // The caller has nothing to tell the user; after a failed write the trigger is simply still there.
+        // After a failed write the trigger is simply still there; there is nothing to report.
         std::ignore = m_file.update([&](StoreFile& file) {
             std::erase_if(file.triggers, [&](const SceneTrigger& trigger) { return trigger.id == id; });
         });

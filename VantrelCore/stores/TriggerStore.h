@@ -1,4 +1,4 @@
-// "triggers.json": what applies scenes by itself, at most twenty.
+// "triggers.json": the triggers that apply scenes automatically, at most twenty.
 #pragma once
 
 #include "VantrelCore/model/SceneTrigger.h"
@@ -27,7 +27,7 @@ public:
     template <typename T>
     using Result = std::expected<T, TriggerStoreError>;
 
-    // Creates the directory when missing. Nothing is read yet.
+    // Creates the directory if missing; reads nothing yet.
     [[nodiscard]] static std::expected<TriggerStore, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files);
 
@@ -37,7 +37,7 @@ public:
     [[nodiscard]] std::vector<SceneTrigger> allTriggers();
     [[nodiscard]] std::optional<SceneTrigger> trigger(const std::string& id);
 
-    // An error leaves file and store as they were.
+    // On error, file and store are unchanged.
 
     [[nodiscard]] Result<SceneTrigger> add(const SceneTrigger& trigger);
     // All of them or none.

@@ -1,4 +1,4 @@
-// Why the trigger store did not do what it was asked.
+// Why a trigger store operation failed.
 #pragma once
 
 namespace vantrel {

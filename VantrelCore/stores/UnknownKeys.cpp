@@ -10,11 +10,11 @@ namespace {
 
 using nlohmann::json;
 
-// What names a record: a scene, stash or trigger; a layout; a display; an application or one of its windows;
-// an entry of the history. The texts of those keys that it has identify it.
+// The keys that identify a record: a scene, stash or trigger; a layout; a display; an application or one of
+// its windows; a history entry. A record is identified by those it has.
 constexpr std::array identifying{"id", "configID", "layoutName", "uuid", "bundleID", "title", "date"};
 
-// Equal records are counted.
+// Records with equal keys are numbered.
 struct Identity {
     std::string texts;
     std::size_t nth = 0;

@@ -10,7 +10,7 @@
 
 namespace vantrel {
 
-// In arrays, records are told by what identifies them (see the source), since they change their places.
+// Records in arrays are found by their identifying keys (see the source), since they may change position.
 class UnknownKeys {
 public:
     UnknownKeys();
@@ -20,11 +20,11 @@ public:
     UnknownKeys& operator=(const UnknownKeys&) = delete;
     ~UnknownKeys();
 
-    // What `document` holds besides `known`, which is the same document decoded and encoded again. Keys with
-    // null count as absent.
+    // The keys of `document` that are missing in `known`, the same document decoded and encoded again. Keys
+    // with null count as absent.
     [[nodiscard]] static UnknownKeys between(const nlohmann::json& document, const nlohmann::json& known);
 
-    // Adds the keys to the records that are still in `document`. Returns those that found their record.
+    // Adds the keys to the records still in `document`. Returns the keys whose record was found.
     UnknownKeys addTo(nlohmann::json& document) const;
 
     [[nodiscard]] bool isEmpty() const;

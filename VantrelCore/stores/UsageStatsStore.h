@@ -1,4 +1,4 @@
-// "usage.json": the usage totals, bare, without a version.
+// "usage.json": the usage totals, without a version key.
 #pragma once
 
 #include "VantrelCore/model/UsageStats.h"

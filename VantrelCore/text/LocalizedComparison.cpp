@@ -11,14 +11,14 @@ namespace vantrel::LocalizedComparison {
 
 namespace {
 
-// The language without one ("C", "POSIX") sorts by bytes; the root's rules read better and know case.
+// The "C" and "POSIX" locales sort by bytes; the root locale's rules read better and handle case.
 icu::Locale localeNamed(const std::string& name) {
     icu::Locale locale = name.empty() ? icu::Locale::getDefault() : icu::Locale(name.c_str());
     return std::string_view(locale.getVariant()) == "POSIX" ? icu::Locale::getRoot() : locale;
 }
 
-// One per thread and language: making a collator costs far more than comparing with it. Null when ICU's data
-// is missing.
+// One per thread and language: creating a collator costs far more than using it. Null if ICU's data is
+// missing.
 const icu::Collator* collator(const std::string& locale) {
     thread_local std::map<std::string, std::unique_ptr<icu::Collator>> collators;
     const auto [found, isNew] = collators.try_emplace(locale);

@@ -1,4 +1,4 @@
-// The order in which a person reads names in a list: the rules of a language, upper and lower case alike.
+// Orders names for display: by the rules of a language, ignoring case.
 #pragma once
 
 #include <compare>
@@ -7,8 +7,9 @@
 
 namespace vantrel::LocalizedComparison {
 
-// Compares by the rules of `locale` (an ICU name such as "de" or "sv_SE"), empty for the user's own. Texts
-// that differ in case only are equivalent; texts that differ in accents are not. Safe on any thread.
+// Compares by the rules of `locale` (an ICU name such as "de" or "sv_SE"), empty for the user's locale.
+// Strings that differ only in case are equivalent; strings that differ in accents are not. Safe on any
+// thread.
 [[nodiscard]] std::weak_ordering caseInsensitive(std::string_view a, std::string_view b,
                                                  const std::string& locale = {});
 

@@ -7,7 +7,7 @@
 
 namespace vantrel::RelativeTimeCaption {
 
-// A date in the future, too, is "just now".
+// A future date is also "just now".
 [[nodiscard]] std::string caption(Date from, Date now);
 
 } // namespace vantrel::RelativeTimeCaption

@@ -12,7 +12,7 @@ namespace {
 
 using Outcome = RestoreLog::Outcome;
 
-// The reason that the restore engine gives for a window that is not there any more.
+// The restore engine's reason for a window that no longer exists.
 constexpr std::string_view closedReason = "window no longer exists";
 
 std::int64_t countOf(const RestoreLog::Entry& entry, Outcome outcome) {
@@ -106,7 +106,7 @@ std::string reliabilityDetail(const AppReliability& app) {
 }
 
 std::string elapsedCaption(double seconds) {
-    // A century is as good as for ever; a broken clock must not overflow.
+    // Capped at a century: a broken clock must not cause an overflow.
     const double duration = std::isnan(seconds) ? 0 : std::clamp(seconds, 0.0, 3.2e9);
     const std::int64_t tenths = std::llround(duration * 10);
     if (tenths < 100) {

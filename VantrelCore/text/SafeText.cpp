@@ -59,7 +59,7 @@ std::string json(std::string_view document) {
     std::string result;
     result.reserve(document.size());
     visitCharacters(Unicode::validUtf8(document), [&](UChar32 character, std::string_view bytes) {
-        // Outside strings a document holds no other control characters than these.
+        // Outside strings, JSON allows no other control characters than these.
         if (character == '\n' || character == '\t' || character == '\r' ||
             (u_isprint(character) != 0 && !endsLine(character))) {
             result += bytes;

@@ -1,5 +1,5 @@
-// Text from outside (window titles, calendar entries, names that users gave) made safe to print: nothing in
-// it can steer a terminal, begin a line of its own or turn the order of what is read.
+// Text from outside (window titles, calendar entries, user-given names) made safe to print: it cannot control
+// a terminal, start a new line or reverse the reading order.
 #pragma once
 
 #include <string>
@@ -7,14 +7,14 @@
 
 namespace vantrel::SafeText {
 
-// One line. Control characters and line separators become blanks, bidirectional controls are left out, and
-// bytes that are not UTF-8 become U+FFFD.
+// One line. Control characters and line separators become spaces, bidirectional controls are removed, and
+// invalid UTF-8 becomes U+FFFD.
 [[nodiscard]] std::string line(std::string_view text);
 
-// The same, except that line feeds stay.
+// The same, but keeps line feeds.
 [[nodiscard]] std::string lines(std::string_view text);
 
-// A JSON document with every character that is not printable escaped as \uXXXX; it means the same.
+// A JSON document with every non-printable character escaped as \uXXXX; its meaning is unchanged.
 [[nodiscard]] std::string json(std::string_view document);
 
 } // namespace vantrel::SafeText

@@ -1,4 +1,4 @@
-// Why the interface treats a scene or a stash as it does.
+// Explanations of how the interface treats scenes and stashes.
 #pragma once
 
 #include <string_view>
@@ -6,7 +6,7 @@
 namespace vantrel::SceneExplanations {
 
 inline constexpr std::string_view pinnedIsProtected = "Pinned scenes are protected from deletion.";
-// Beside the switch of a scene that keeps places free for applications.
+// Shown beside the switch of a scene with ghost slots.
 inline constexpr std::string_view alwaysOpensMissingApps =
     "This scene has apps set to open on apply, so missing apps always launch.";
 inline constexpr std::string_view stashRetention = "Kept for 7 days";

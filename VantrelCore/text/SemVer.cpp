@@ -11,7 +11,7 @@ namespace {
 std::optional<std::int64_t> component(std::string_view part) {
     std::int64_t value = 0;
     const auto [end, error] = std::from_chars(part.data(), part.data() + part.size(), value);
-    // from_chars reads a minus sign too.
+    // from_chars accepts a minus sign.
     if (error != std::errc{} || end != part.data() + part.size() || part.front() == '-') {
         return std::nullopt;
     }

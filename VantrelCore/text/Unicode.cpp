@@ -21,7 +21,7 @@ icu::StringPiece piece(std::string_view text) {
     return {text.data(), static_cast<std::int32_t>(text.size())};
 }
 
-// One per thread: making an iterator costs more than walking a title with it, and it cannot be shared.
+// One per thread: an iterator cannot be shared, and creating one costs more than walking a title with it.
 icu::BreakIterator* characterIterator() {
     thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
         UErrorCode status = U_ZERO_ERROR;

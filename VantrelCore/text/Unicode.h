@@ -1,5 +1,5 @@
-// Text as users see it: characters are grapheme clusters, case follows Unicode's rules without a language.
-// All texts are UTF-8; invalid bytes do no harm. Safe on any thread.
+// Text as users see it: characters are grapheme clusters, case follows Unicode's language-independent rules.
+// All strings are UTF-8; invalid bytes are tolerated. Safe on any thread.
 #pragma once
 
 #include <cstddef>
@@ -14,19 +14,19 @@ namespace vantrel::Unicode {
 
 [[nodiscard]] std::string lowercased(std::string_view text);
 
-// Where the first `limit` user-perceived characters end, as byte offsets.
+// The end offsets in bytes of the first `limit` user-perceived characters.
 [[nodiscard]] std::vector<std::size_t>
 characterEnds(std::string_view text, std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 
-// The first `count` user-perceived characters, or the whole text when it has fewer.
+// The first `count` user-perceived characters, or the whole text if it has fewer.
 [[nodiscard]] std::string_view prefix(std::string_view text, std::size_t count);
 
-// Without white space and line ends at either end.
+// Without leading and trailing white space and line breaks.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 
-// With every invalid byte sequence replaced by U+FFFD.
+// Replaces every invalid byte sequence by U+FFFD.
 [[nodiscard]] std::string validUtf8(std::string_view text);
 
 } // namespace vantrel::Unicode

@@ -1,4 +1,4 @@
-// The sentence that sums up what the program has done for its user.
+// The sentence that sums up what the program has done for the user.
 #pragma once
 
 #include "VantrelCore/model/UsageStats.h"
@@ -10,7 +10,7 @@
 namespace vantrel::UsageReceiptCopy {
 
 // "In your 7 days, Vantrel restored your desk 12 times, switched scenes once and put 1,240 windows back so
-// you did not have to." What has not happened goes unmentioned; empty when nothing has.
+// you did not have to." Omits counts of zero; empty if all are.
 [[nodiscard]] std::string sentence(const UsageStats& stats);
 
 // With a comma between groups of three digits: "1,240".

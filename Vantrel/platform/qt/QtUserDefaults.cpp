@@ -152,7 +152,7 @@ bool QtUserDefaults::read() {
         m_text.clear();
         m_content = {};
         m_isUnreadable = true;
-        tell(FileIncident::Kind::stuck, text.error().message());
+        report(FileIncident::Kind::stuck, text.error().message());
         return false;
     }
     m_text = missing ? std::string() : std::move(*text);
@@ -174,17 +174,17 @@ bool QtUserDefaults::read() {
 bool QtUserDefaults::write(const std::string& text) {
     if (!m_complaint.empty() && m_keptFor != m_complaint) {
         if (const auto error = SetAside::keep(m_files, m_file, m_text)) {
-            tell(FileIncident::Kind::notWritten, "no copy could be kept: " + error.message());
+            report(FileIncident::Kind::notWritten, "no copy could be kept: " + error.message());
             return false;
         }
-        tell(FileIncident::Kind::undecodable, "some of its lines cannot be understood",
-             SetAside::newestCopy(m_file));
+        report(FileIncident::Kind::undecodable, "some of its lines cannot be understood",
+               SetAside::newestCopy(m_file));
         m_keptFor = m_complaint;
     }
     const auto error = m_files.writeAtomically(m_file, text);
     if (error) {
-        tell(isReplaced(error) ? FileIncident::Kind::notFlushed : FileIncident::Kind::notWritten,
-             error.message());
+        report(isReplaced(error) ? FileIncident::Kind::notFlushed : FileIncident::Kind::notWritten,
+               error.message());
         if (!isReplaced(error)) {
             return false;
         }
@@ -198,8 +198,8 @@ bool QtUserDefaults::write(const std::string& text) {
     return true;
 }
 
-void QtUserDefaults::tell(FileIncident::Kind kind, std::string reason, std::filesystem::path copy) {
-    m_incidents.tell({.file = m_file, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
+void QtUserDefaults::report(FileIncident::Kind kind, std::string reason, std::filesystem::path copy) {
+    m_incidents.report({.file = m_file, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
 }
 
 void QtUserDefaults::watch() {

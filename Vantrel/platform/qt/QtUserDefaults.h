@@ -44,7 +44,7 @@ private:
     bool write(const std::string& text);
     void watch();
     void complain(std::string complaint);
-    void tell(FileIncident::Kind kind, std::string reason, std::filesystem::path copy = {});
+    void report(FileIncident::Kind kind, std::string reason, std::filesystem::path copy = {});
 
     std::filesystem::path m_file;
     FileSystem& m_files;

@@ -54,7 +54,7 @@ TEST_F(DoctorTest, SaysWhatIsAmiss) {
         EXPECT_THAT(Doctor::text(examine()), HasSubstr("\n!  " + part));
     };
     files.put("/data/scenes.json", "[");
-    expectLine("files          scenes.json cannot be used (no valid JSON at byte 2)");
+    expectLine("files          scenes.json cannot be used (invalid JSON at byte 2)");
     files.failReading("/config/settings.conf", std::errc::permission_denied);
     expectLine("files          /config/settings.conf cannot be read (Permission denied)");
     status->fileIncidents.emplace_back().text = "layouts.json could not be written.";

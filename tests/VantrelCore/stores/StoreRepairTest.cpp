@@ -61,7 +61,7 @@ TEST_F(StoreRepairTest, InspectionTellsSoundFilesFromDamagedOnesAndFromCopies) {
     EXPECT_FALSE(findings[0].isCopy());
     EXPECT_EQ(findings[0].problem, "");
     EXPECT_TRUE(findings[1].isCopy());
-    EXPECT_EQ(findings[1].problem, "no valid JSON at byte 1");
+    EXPECT_EQ(findings[1].problem, "invalid JSON at byte 1");
     EXPECT_EQ(findings[2].original, folder / "layouts.json");
     EXPECT_EQ(findings[2].problem, "");
 }
