@@ -1,5 +1,5 @@
 // An application with a number of plain windows, for the desk benchmark: vantrel_desk_client NAME COUNT.
-#include "tests/live/desk/DeskConnection.h"
+#include "tools/desk/DeskConnection.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -10,7 +10,7 @@
 
 namespace {
 
-using vantrel::live::Reply;
+using vantrel::tools::Reply;
 
 class Client {
 public:

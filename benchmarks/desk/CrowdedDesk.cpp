@@ -10,8 +10,8 @@ namespace vantrel::bench {
 
 namespace {
 
-constexpr live::MonitorPlace leftMonitor{0, 0, 2560, 1440};
-constexpr live::MonitorPlace rightMonitor{2560, 0, 1920, 1080};
+constexpr tools::MonitorPlace leftMonitor{0, 0, 2560, 1440};
+constexpr tools::MonitorPlace rightMonitor{2560, 0, 1920, 1080};
 
 // Cascades over both monitors; the second arrangement begins elsewhere and has other sizes.
 Rect frameOf(std::size_t index, std::size_t arrangement) {
@@ -31,7 +31,7 @@ CrowdedDesk::CrowdedDesk(const Crowd& crowd) : m_desk({leftMonitor, rightMonitor
         m_desk.start({VANTREL_DESK_CLIENT, fmt::format("Application{}", i + 1),
                       std::to_string(crowd.windowsPerApplication)});
     }
-    std::vector<live::SeenWindow> windows;
+    std::vector<tools::SeenWindow> windows;
     constexpr int tries = 60;
     constexpr double tryOften = 0.5;
     for (int tried = 0; windows.size() < crowd.windows(); ++tried) {
@@ -43,14 +43,14 @@ CrowdedDesk::CrowdedDesk(const Crowd& crowd) : m_desk({leftMonitor, rightMonitor
         m_desk.connection().tellWindowManager(m_desk.connection().root(), "_NET_REQUEST_FRAME_EXTENTS", {});
         std::ignore = m_desk.connection().waitUntil(
             [&] {
-                windows = live::seenWindows(m_desk.connection());
-                std::erase_if(windows, [](const live::SeenWindow& window) { return !window.isViewable; });
+                windows = tools::seenWindows(m_desk.connection());
+                std::erase_if(windows, [](const tools::SeenWindow& window) { return !window.isViewable; });
                 return windows.size() == crowd.windows();
             },
             tryOften);
     }
     // In the order of their ids, so that neighbours in an arrangement belong to one application.
-    std::ranges::sort(windows, {}, &live::SeenWindow::client);
+    std::ranges::sort(windows, {}, &tools::SeenWindow::client);
     for (std::size_t arrangement = 0; arrangement < m_arrangements.size(); ++arrangement) {
         for (std::size_t i = 0; i < windows.size(); ++i) {
             const auto& [client, frameWindow, frame, clientArea, title, className, pid, isViewable] =
@@ -69,7 +69,7 @@ CrowdedDesk::CrowdedDesk(const Crowd& crowd) : m_desk({leftMonitor, rightMonitor
 
 std::size_t CrowdedDesk::arrived(const Arrangement& arrangement) {
     std::map<xcb_window_t, Rect> frames;
-    for (const auto& window : live::seenWindows(m_desk.connection())) {
+    for (const auto& window : tools::seenWindows(m_desk.connection())) {
         frames.emplace(window.client, window.frame);
     }
     return static_cast<std::size_t>(std::ranges::count_if(arrangement, [&](const Placement& placement) {

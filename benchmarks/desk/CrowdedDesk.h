@@ -3,7 +3,7 @@
 #pragma once
 
 #include "benchmarks/desk/Arrangement.h"
-#include "tests/live/desk/PrivateDesk.h"
+#include "tools/desk/PrivateDesk.h"
 
 #include <array>
 #include <cstddef>
@@ -23,7 +23,7 @@ public:
     // Returns when every window is on screen. Throws std::runtime_error with a sentence.
     explicit CrowdedDesk(const Crowd& crowd);
 
-    [[nodiscard]] live::PrivateDesk& desk() { return m_desk; }
+    [[nodiscard]] tools::PrivateDesk& desk() { return m_desk; }
 
     [[nodiscard]] const std::string& display() const { return m_desk.display(); }
 
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] std::size_t arrived(const Arrangement& arrangement);
 
 private:
-    live::PrivateDesk m_desk;
+    tools::PrivateDesk m_desk;
     std::array<Arrangement, 2> m_arrangements;
 };
 

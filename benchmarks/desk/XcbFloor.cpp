@@ -9,7 +9,7 @@ namespace vantrel::bench {
 
 namespace {
 
-using live::Reply;
+using tools::Reply;
 
 constexpr std::uint32_t propertyWords = 1024;
 constexpr std::uint32_t listWords = 16384;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "benchmarks/desk/Arrangement.h"
-#include "tests/live/desk/DeskConnection.h"
+#include "tools/desk/DeskConnection.h"
 
 #include <array>
 #include <cstddef>

@@ -1,9 +1,9 @@
 // How the demonstration judges where a window stands.
-#include "tests/live/demo/DemoTable.h"
+#include "tools/demo/DemoTable.h"
 
 #include <gmock/gmock.h>
 
-namespace vantrel::live {
+namespace vantrel::tools {
 namespace {
 
 WindowStory storyOf(const std::optional<Rect>& after, Size increment = {1, 1}) {
@@ -34,4 +34,4 @@ TEST(DemoTable, CallsAWindowBackWithinTwoPointsAndLessThanOneStepOfItsProgramsSi
 }
 
 } // namespace
-} // namespace vantrel::live
+} // namespace vantrel::tools

@@ -2,8 +2,8 @@
 #include "Vantrel/platform/x11/X11DisplayServices.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "tests/live/WindowDesk.h"
-#include "tests/live/desk/DockWindow.h"
-#include "tests/live/desk/EdidBlock.h"
+#include "tools/desk/DockWindow.h"
+#include "tools/desk/EdidBlock.h"
 
 #include <gmock/gmock.h>
 #include <mutex>

@@ -1,6 +1,6 @@
 // The heads-up display as a user meets it, with and without a compositor.
 #include "tests/live/VantrelDesk.h"
-#include "tests/live/desk/Picture.h"
+#include "tools/desk/Picture.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // A monitor that is unplugged and plugged back again and again, at any moment, with real programs on it.
 #include "tests/live/VantrelDesk.h"
-#include "tests/live/demo/DemoWindows.h"
+#include "tools/demo/DemoWindows.h"
 
 #include <algorithm>
 #include <fstream>

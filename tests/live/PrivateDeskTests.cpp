@@ -1,6 +1,6 @@
 // The private desk itself: what the other live tests and the demonstration rely on.
-#include "tests/live/desk/PrivateDesk.h"
-#include "tests/live/desk/ReadyPipe.h"
+#include "tools/desk/PrivateDesk.h"
+#include "tools/desk/ReadyPipe.h"
 
 #include <csignal>
 #include <filesystem>
@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace vantrel::live {
+namespace vantrel::tools {
 namespace {
 
 // A process that has ended but was not collected yet has no program any more.
@@ -45,4 +45,4 @@ TEST(PrivateDesk, LeavesNothingBehindWhenItsOwnerIsKilled) {
 }
 
 } // namespace
-} // namespace vantrel::live
+} // namespace vantrel::tools

@@ -1,8 +1,8 @@
 // The status item in real trays: its icon appears, its menu opens by a real click, and what is clicked is
 // done.
 #include "tests/live/VantrelDesk.h"
-#include "tests/live/desk/Panel.h"
-#include "tests/live/desk/Picture.h"
+#include "tools/desk/Panel.h"
+#include "tools/desk/Picture.h"
 
 #include <algorithm>
 #include <fmt/format.h>

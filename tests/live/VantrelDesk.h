@@ -1,7 +1,7 @@
 // A private desk on which vantrel is used: started, told what to do, and asked.
 #pragma once
 
-#include "tests/live/desk/PrivateDesk.h"
+#include "tools/desk/PrivateDesk.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -9,6 +9,8 @@
 #include <vector>
 
 namespace vantrel::live {
+
+using namespace tools;
 
 inline constexpr MonitorPlace left{0, 0, 1280, 1024};
 inline constexpr MonitorPlace right{1280, 0, 1600, 900};

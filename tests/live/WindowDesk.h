@@ -3,7 +3,7 @@
 
 #include "Vantrel/platform/x11/X11Accessibility.h"
 #include "tests/live/VantrelDesk.h"
-#include "tests/live/desk/ProbeClient.h"
+#include "tools/desk/ProbeClient.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 // Moving the windows of a real desk.
 #include "tests/live/WindowDesk.h"
-#include "tests/live/desk/DockWindow.h"
+#include "tools/desk/DockWindow.h"
 
 #include <algorithm>
 #include <array>

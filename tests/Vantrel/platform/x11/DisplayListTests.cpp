@@ -1,6 +1,6 @@
 #include "Vantrel/platform/x11/DisplayList.h"
 
-#include "tests/live/desk/EdidBlock.h"
+#include "tools/desk/EdidBlock.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -8,10 +8,10 @@
 namespace vantrel {
 namespace {
 
-using live::edidBlock;
 using testing::ElementsAre;
 using testing::Field;
 using testing::SizeIs;
+using tools::edidBlock;
 
 const Rect panelArea{{0, 0}, {1920, 1080}};
 const Rect deskArea{{1920, 0}, {2560, 1440}};

@@ -1,7 +1,7 @@
 #include "Vantrel/platform/x11/Edid.h"
 
 #include "VantrelCore/displays/DisplayIdentity.h"
-#include "tests/live/desk/EdidBlock.h"
+#include "tools/desk/EdidBlock.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -12,8 +12,8 @@
 namespace vantrel {
 namespace {
 
-using live::edidBlock;
-using live::EdidPlan;
+using tools::edidBlock;
+using tools::EdidPlan;
 
 Edid parsed(const EdidPlan& plan) {
     return EdidBlock::parse(edidBlock(plan)).value_or(Edid{});

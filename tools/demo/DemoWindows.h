@@ -1,0 +1,24 @@
+// The monitors and programs of the demonstration, with something in them, and where it puts their windows.
+#pragma once
+
+#include "tools/demo/DemoTable.h"
+#include "tools/desk/PrivateDesk.h"
+
+#include <vector>
+
+namespace vantrel::tools {
+
+inline constexpr MonitorPlace leftMonitor{0, 0, 1280, 1024};
+inline constexpr MonitorPlace rightMonitor{1280, 0, 1600, 900};
+
+// A window with what came of it; nothing is measured yet.
+struct DemoActor {
+    xcb_window_t client = 0;
+    WindowStory story;
+};
+
+// Names the desk's two monitors "Desk 24" and "Side 27", writes the files that the programs show into its
+// home, starts the programs and has the window manager arrange their windows.
+[[nodiscard]] std::vector<DemoActor> openDemo(PrivateDesk& desk);
+
+} // namespace vantrel::tools

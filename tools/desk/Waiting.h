@@ -1,0 +1,13 @@
+// Waiting for something to become true, with a deadline far beyond what it takes on a busy machine.
+#pragma once
+
+#include <functional>
+
+namespace vantrel::tools {
+
+inline constexpr double generousSeconds = 30.0;
+
+// Checks `condition` every few milliseconds; true as soon as it holds, false at the deadline.
+[[nodiscard]] bool waitUntil(const std::function<bool()>& condition, double seconds = generousSeconds);
+
+} // namespace vantrel::tools

@@ -1,0 +1,76 @@
+#include "tools/desk/WindowManager.h"
+
+#include <fmt/format.h>
+#include <map>
+#include <stdexcept>
+#include <utility>
+
+namespace vantrel::tools {
+
+namespace {
+
+std::vector<std::string> commandFor(const std::string& name) {
+    static const std::map<std::string, std::vector<std::string>> commands{
+        {"openbox", {"openbox", "--sm-disable"}},
+        {"xfwm4", {"xfwm4", "--compositor=off"}},
+        {"xfwm4 with its compositor", {"xfwm4", "--compositor=on", "--vblank=off"}},
+    };
+    const auto known = commands.find(name);
+    return known == commands.end() ? std::vector{name} : known->second;
+}
+
+// The property outlives its window manager, hence the second look: the child names itself.
+bool isAnnounced(DeskConnection& connection) {
+    const auto child = connection.values(connection.root(), "_NET_SUPPORTING_WM_CHECK");
+    return !child.empty() && connection.values(child[0], "_NET_SUPPORTING_WM_CHECK") == child &&
+           !connection.values(connection.root(), "_NET_SUPPORTED").empty();
+}
+
+// A window that is never shown, to ask the window manager about.
+class ProbeWindow {
+public:
+    explicit ProbeWindow(DeskConnection& connection)
+        : m_connection(connection), m_window(xcb_generate_id(connection.xcb())) {
+        xcb_create_window(connection.xcb(), XCB_COPY_FROM_PARENT, m_window, connection.root(), 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    }
+
+    ~ProbeWindow() {
+        xcb_destroy_window(m_connection.xcb(), m_window);
+        m_connection.finish();
+    }
+
+    ProbeWindow(const ProbeWindow&) = delete;
+    ProbeWindow& operator=(const ProbeWindow&) = delete;
+
+    // Asks again every time: what is asked too early is lost.
+    [[nodiscard]] bool isAnswered() {
+        m_connection.tellWindowManager(m_window, "_NET_REQUEST_FRAME_EXTENTS", {});
+        return !m_connection.values(m_window, "_NET_FRAME_EXTENTS").empty();
+    }
+
+private:
+    DeskConnection& m_connection;
+    xcb_window_t m_window;
+};
+
+} // namespace
+
+WindowManager::WindowManager(const std::string& name, const TemporaryHome& home,
+                             std::vector<std::string> environment, DeskConnection& connection)
+    : m_process({.command = commandFor(name),
+                 .environment = std::move(environment),
+                 .workingDirectory = home.path(),
+                 .output = home.logFile(name),
+                 .passedDescriptor = std::nullopt}) {
+    // openbox 3.6 announces itself before it looks after windows: one that is shown in between stays
+    // unmanaged.
+    ProbeWindow probe(connection);
+    const bool decided = connection.waitUntil(
+        [&] { return (isAnnounced(connection) && probe.isAnswered()) || !m_process.isRunning(); });
+    if (!decided || !m_process.isRunning()) {
+        throw std::runtime_error(fmt::format("{} does not manage the screen: {}", name, home.logEnd(name)));
+    }
+}
+
+} // namespace vantrel::tools

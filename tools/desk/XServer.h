@@ -1,0 +1,27 @@
+// A private X server with the dummy driver on a free display number; its outputs can be plugged at will.
+#pragma once
+
+#include "tools/desk/ChildProcess.h"
+#include "tools/desk/TemporaryHome.h"
+
+#include <string>
+
+namespace vantrel::tools {
+
+class XServer {
+public:
+    // Returns when the server accepts clients.
+    explicit XServer(const TemporaryHome& home);
+
+    // ":7"
+    [[nodiscard]] const std::string& display() const { return m_display; }
+
+    [[nodiscard]] ChildProcess& process() { return m_process; }
+
+private:
+    // Before the process, which fills it in while it starts.
+    std::string m_display;
+    ChildProcess m_process;
+};
+
+} // namespace vantrel::tools
