@@ -62,14 +62,14 @@ namespace {
 
 using namespace vantrel;
 
-enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, runsAlready = 3 };
+enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, alreadyRunning = 3 };
 
 constexpr const char* ownBundleID = "org.vantrel.Vantrel";
 
 constexpr const char* footer =
-    "It runs until it is ended (Ctrl+C, SIGTERM, or the end of the X session). Talk to it with vantrelctl.\n"
+    "Runs until stopped (Ctrl+C, SIGTERM, or the end of the X session). Control it with vantrelctl.\n"
     "Settings: $XDG_CONFIG_HOME/vantrel/settings.conf   Layouts and log: $XDG_DATA_HOME/Vantrel\n"
-    "Exit codes: 0 ended on request, 1 failed, 2 wrong usage, 3 another vantrel runs already.";
+    "Exit codes: 0 stopped on request, 1 failed, 2 usage error, 3 another vantrel is already running.";
 
 void say(const std::string& sentence) {
     fmt::print(stderr, "vantrel: {}\n", sentence);
@@ -93,37 +93,38 @@ SystemDescription systemDescription() {
             .hardware = hardwareModel()};
 }
 
-// Which variable stands for what is the display server's affair, not this program's: said once, at the start.
+// Printed once, at startup. The meaning of the environment variables is up to the display server.
 void explainWayland() {
     if (!environment("WAYLAND_DISPLAY").empty()) {
-        say("This is a Wayland session: only the windows of X11 programs can be seen and moved here, Wayland "
-            "programs keep theirs to themselves.");
+        say("This is a Wayland session: only the windows of X11 programs can be seen and moved, not "
+            "those of Wayland programs.");
     }
 }
 
-bool runsAlready(const QDBusConnection& bus) {
+bool isServiceRegistered(const QDBusConnection& bus) {
     return bus.interface()->isServiceRegistered(ControlNames::service);
 }
 
 ExitCode complainOfSecondStart() {
-    return complain("It runs already. Ask it with: vantrelctl status", ExitCode::runsAlready);
+    return complain("Vantrel is already running. Check it with: vantrelctl status", ExitCode::alreadyRunning);
 }
 
 std::string folderIsUnusable(const std::filesystem::path& folder, const std::error_code& error) {
     return fmt::format("The folder {} cannot be used: {}.", folder.string(), error.message());
 }
 
-// It is on another bus, else its name would have told.
+// The holder must be on another bus: its name was not found on this one.
 ExitCode complainOfSharedFolder(const std::filesystem::path& folder, const InstanceLock::Holder& holder) {
     return complain(
-        fmt::format("Another vantrel{} keeps its layouts in {} and is not on this session bus. Two would "
-                    "overwrite each other's files, so this one ends. End the other one, or give this one a "
-                    "folder of its own with XDG_DATA_HOME.",
-                    holder.empty() ? "" : " (" + holder + ")", folder.string()),
-        ExitCode::runsAlready);
+        fmt::format(
+            "Another vantrel{} is already running on a different session bus and keeps its layouts in "
+            "{}. Two would overwrite each other's files, so this one quits. Stop the other one, or "
+            "give this one its own folder with XDG_DATA_HOME.",
+            holder.empty() ? "" : " (" + holder + ")", folder.string()),
+        ExitCode::alreadyRunning);
 }
 
-constexpr const char* serverIsGone = "The X server has gone away.";
+constexpr const char* serverIsGone = "The connection to the X server was lost.";
 
 // The log of a running desk; null before and after.
 AppLog*& runningLog() {
@@ -131,12 +132,12 @@ AppLog*& runningLog() {
     return log;
 }
 
-// Qt's connection to the X server calls exit() when that goes, maybe before ours has noticed, with every
-// object still at work.
+// Qt's connection to the X server calls exit() when it is lost, possibly before ours has noticed, while every
+// object is still in use.
 void endWithTheServer() {
     if (AppLog* const log = runningLog()) {
         complain(serverIsGone);
-        log->write("end: the X server has gone away");
+        log->write("end: the connection to the X server was lost");
         std::_Exit(static_cast<int>(ExitCode::failed));
     }
 }
@@ -147,7 +148,7 @@ void openPage(const std::string& url) {
     }
 }
 
-// Everything that runs, in the order of its construction: what is used outlives what uses it.
+// All objects of the program, in order of construction: each outlives those that use it.
 class Program {
 public:
     Program(InstanceLock lock, std::shared_ptr<X11Connection> connection, QDBusConnection bus,
@@ -155,7 +156,7 @@ public:
         : m_lock(std::move(lock)), m_system(std::move(system)), m_connection(std::move(connection)),
           m_bus(std::move(bus)) {}
 
-    // Runs until it is told to end.
+    // Runs until it is told to quit.
     ExitCode run() {
         if (const auto refusal = construct()) {
             return *refusal;
@@ -167,14 +168,14 @@ public:
         QApplication::exec();
         runningLog() = nullptr;
         if (m_result == ExitCode::done) {
-            m_log.write("end: asked to");
+            m_log.write("end: stopped on request");
         }
         return m_result;
     }
 
 private:
-    // Until here nothing watches and nothing moves: a second vantrel ends before it touches the first one's
-    // desk. The shortcuts are registered, but those of the first one are refused to a second.
+    // Up to here nothing watches or moves windows, so a second vantrel quits before it touches the first
+    // one's desk. Its shortcuts are registered, but those the first one holds are refused.
     std::optional<ExitCode> construct() {
         m_license.start();
         m_updates.startup();
@@ -195,11 +196,11 @@ private:
             return complain(objectIsRefused());
         }
         if (!m_bus.registerService(ControlNames::service)) {
-            if (runsAlready(m_bus)) {
+            if (isServiceRegistered(m_bus)) {
                 return complainOfSecondStart();
             }
-            return complain("The session bus does not give the name " + std::string(ControlNames::service) +
-                            ": " + m_bus.lastError().message().toStdString());
+            return complain("The session bus refused the name " + std::string(ControlNames::service) + ": " +
+                            m_bus.lastError().message().toStdString());
         }
         return std::nullopt;
     }
@@ -211,7 +212,7 @@ private:
             m_queue.post([this] { endWithoutServer(); });
         }
         if (!AXPermission::isGranted(m_accessibility)) {
-            say("No window manager that moves windows on request is running yet; waiting for one.");
+            say("No window manager that can move windows is running yet; waiting for one.");
         }
         CrashReporter::installExceptionHandler();
         m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
@@ -219,7 +220,7 @@ private:
         m_overlay->follow(*m_controller);
         m_log.write("start: vantrel " VANTREL_VERSION);
         if (const auto& problem = m_lock.problem()) {
-            m_log.write("start: the data folder cannot be locked, so a second vantrel on another session bus "
+            m_log.write("start: the data folder cannot be locked; a second vantrel on another session bus "
                         "would overwrite the files of this one: " +
                         problem.message());
         }
@@ -255,7 +256,7 @@ private:
     }
 
     [[nodiscard]] static std::string objectIsRefused() {
-        return fmt::format("The session bus does not take the object {}.", ControlNames::path);
+        return fmt::format("The session bus refused the object {}.", ControlNames::path);
     }
 
     void watchNotifierHost() {
@@ -278,19 +279,19 @@ private:
 
     void endWithoutServer() {
         m_result = complain(serverIsGone);
-        m_log.write("end: the X server has gone away");
+        m_log.write("end: the connection to the X server was lost");
         QCoreApplication::quit();
     }
 
     void log(const std::string& message) { m_log.write(message); }
 
-    // From any thread.
+    // Callable from any thread.
     void logSoon(const std::string& message) {
         m_queue.post([this, message] { log(message); });
     }
 
     std::filesystem::path m_supportDirectory = UserFolders::supportDirectory();
-    // Held until everything that writes is gone.
+    // Held until everything that writes files has been destroyed.
     InstanceLock m_lock;
     SystemDescription m_system;
     std::shared_ptr<X11Connection> m_connection;
@@ -325,16 +326,16 @@ private:
                                     [this](const std::string& message) { log(message); }};
     SystemZone m_localZone{[this](const std::string& message) { log(message); }};
     DesktopFocusReader m_focus{m_queue};
-    // Of the calendars, which are read in the background.
+    // Used by the calendar reader, in the background.
     ZoneDatabase m_zones;
-    // Reads, and so complains, in the background.
+    // Reads and logs in the background.
     IcalCalendarReader m_calendar{UserFolders::home(), UserFolders::data(),
                                   [this](const std::string& name) { return m_zones.named(name); },
                                   [this](const std::string& message) { logSoon(message); }};
     std::unique_ptr<DesktopPictures> m_pictures =
         desktopPictures(environment("XDG_CURRENT_DESKTOP"), m_connection);
     X11HotKeys m_hotKeys{m_connection, m_queue};
-    // Ends before the adapters that its work uses.
+    // Destroyed before the adapters that its work uses.
     ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
     AutostartFile m_autostart{m_files, UserFolders::autostartFile(),
                               QCoreApplication::applicationFilePath().toStdString()};
@@ -371,13 +372,13 @@ private:
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    CLI::App app("Remembers where windows stand on every set of displays, and puts them back.", "vantrel");
+    CLI::App app("Remembers window positions for every set of displays and restores them.", "vantrel");
     app.footer(footer);
     app.set_version_flag("--version", "vantrel " VANTREL_VERSION);
     app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
         return fmt::format("vantrel: {}. See: vantrel --help\n", error.what());
     });
-    // For this program itself; no group, so help does not list it.
+    // Used by this program itself; without a group, so that help does not list it.
     std::string startOnly;
     app.add_option(UnrestrictedStart::applicationOption, startOnly)->group("");
     try {
@@ -396,7 +397,7 @@ int main(int argumentCount, char** arguments) {
     if (!connection) {
         return static_cast<int>(complain(connection.error()));
     }
-    // Not without a server: Qt would end the process by abort().
+    // Requires a server: without one Qt would abort the process.
     qputenv("QT_QPA_PLATFORM", "xcb");
     GuardedApplication<QApplication> application(argumentCount, arguments, [](const std::string& line) {
         if (AppLog* const log = runningLog()) {
@@ -412,8 +413,8 @@ int main(int argumentCount, char** arguments) {
         return static_cast<int>(complain("There is no session bus (DBUS_SESSION_BUS_ADDRESS): " +
                                          bus.lastError().message().toStdString()));
     }
-    // Before anything of the running one is touched.
-    if (runsAlready(bus)) {
+    // Checked before touching anything that belongs to the running instance.
+    if (isServiceRegistered(bus)) {
         return static_cast<int>(complainOfSecondStart());
     }
     const auto folder = UserFolders::supportDirectory();

@@ -85,13 +85,13 @@ const char* describe(MissionControlConfig::Classification classification) {
     return "unknown";
 }
 
-// Everything that runs, in the order of its construction: what is used outlives what uses it.
+// All objects of the program, in order of construction: each outlives those that use it.
 class Program {
 public:
     Program(const std::filesystem::path& supportDirectory, const SystemDescription& system)
         : m_supportDirectory(supportDirectory), m_system(system), m_log(supportDirectory, m_files, m_clock) {}
 
-    // Before launching finishes. Fails with a sentence.
+    // Called before launching finishes. Returns a sentence on failure.
     [[nodiscard]] std::optional<std::string> construct() {
         m_license.start();
         m_updater = StandardUpdater::start();
@@ -118,7 +118,7 @@ public:
         return std::nullopt;
     }
 
-    // When launching has finished.
+    // Called when launching has finished.
     void finishedLaunching() {
         ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
         CrashReporter::installExceptionHandler(CrashReporter::OtherExceptions::comeFromTheirRuntime);
@@ -151,12 +151,12 @@ private:
         }
         m_statusIcon->offerMissionControlFix([this] {
             const bool isApplied = MissionControlFixer::apply();
-            m_log.write(isApplied ? "mission control: set so that windows stay"
+            m_log.write(isApplied ? "mission control: settings fixed so that windows stay in place"
                                   : "mission control: the settings could not be written");
             if (isApplied && !Settings(m_defaults).setMissionControlFixApplied(true)) {
-                m_log.write("mission control: that it was set could not be written");
+                m_log.write("mission control: the fix could not be recorded in the settings");
             }
-            // Later: this is the action that goes.
+            // Deferred: this call removes the action that is running.
             m_queue.post([this] { offerMissionControlFix(); });
         });
     }
@@ -198,7 +198,7 @@ private:
     MacDesktopPictures m_pictures{m_displays, m_queue,
                                   [this](const std::string& message) { m_log.write(message); }};
     CarbonHotKeys m_hotKeys;
-    // Ends before the adapters that its work uses.
+    // Destroyed before the adapters that its work uses.
     ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
     CrashUploader m_crashUploader{m_files,
                                   m_defaults,
@@ -234,19 +234,19 @@ int main(int argumentCount, char** arguments) {
     application.setApplicationDisplayName("Vantrel");
     const auto supportDirectory = MacFolders::supportDirectory();
     if (!supportDirectory) {
-        return complain("macOS gives no Application Support folder to keep the layouts in.");
+        return complain("macOS provides no Application Support folder for the layouts.");
     }
     const SystemDescription system = systemDescription();
     CrashReporter::install(*supportDirectory, system);
     if (const auto error = PosixFileSystem().createDirectories(*supportDirectory)) {
         return complain(folderIsUnusable(*supportDirectory, error));
     }
-    // Held until everything that writes is gone.
+    // Held until everything that writes files has been destroyed.
     const auto lock = InstanceLock::take(*supportDirectory);
     if (!lock) {
         return complain(
             fmt::format("Vantrel is already running{}. Two would overwrite each other's files in {}, "
-                        "so this one ends.",
+                        "so this one quits.",
                         lock.error().empty() ? "" : " (" + lock.error() + ")", supportDirectory->string()));
     }
     Program program(*supportDirectory, system);

@@ -1,4 +1,4 @@
-// vantrelctl: asks a running vantrel what it knows and has it do things.
+// vantrelctl: queries a running vantrel and gives it commands.
 #include "Vantrel/commands/verbs/DeskVerbs.h"
 #include "Vantrel/commands/verbs/DoctorVerb.h"
 #include "Vantrel/commands/verbs/HotKeyVerbs.h"
@@ -29,12 +29,12 @@ namespace {
 using namespace vantrel;
 
 constexpr const char* examples = "Examples:\n"
-                                 "  vantrelctl save            remember the windows where they stand now\n"
-                                 "  vantrelctl restore         put them back, and say what became of each\n"
-                                 "  vantrelctl undo            put them as they were before that\n"
-                                 "  vantrelctl save-scene Work keep the desk as a scene, to be had again\n"
-                                 "  vantrelctl apply Work      put the desk in order as the scene has it\n"
-                                 "  vantrelctl desks           draw every desk that is remembered\n"
+                                 "  vantrelctl save            remember where the windows are now\n"
+                                 "  vantrelctl restore         put them back and list the result for each\n"
+                                 "  vantrelctl undo            return them to where they were before\n"
+                                 "  vantrelctl save-scene Work save the desk as a scene\n"
+                                 "  vantrelctl apply Work      arrange the desk as saved in the scene\n"
+                                 "  vantrelctl desks           draw every remembered desk\n"
                                  "  vantrelctl log --follow    watch what vantrel does";
 
 std::string localDate(Date date) {
@@ -63,8 +63,8 @@ std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
     return std::make_shared<InstanceLock>(std::move(*lock));
 }
 
-// Without tearing anything down: while the program's statics go, the bus thread of Qt 6.4 works off messages
-// whose types are gone, and prints complaints about them.
+// Exits without running destructors: while statics are destroyed, Qt 6.4's bus thread processes messages of
+// types that no longer exist, and prints warnings about them.
 [[noreturn]] void leave(ExitCode code) {
     std::fflush(nullptr);
     std::_Exit(static_cast<int>(code));
@@ -73,7 +73,7 @@ std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    CLI::App app("Asks the running vantrel about this desk, has it save and restore.", "vantrelctl");
+    CLI::App app("Queries and controls the running vantrel.", "vantrelctl");
     app.footer(std::string(VerbPrinting::exitCodes) + "\n" + examples);
     app.set_version_flag("--version", "vantrelctl " VANTREL_VERSION);
     app.require_subcommand(1);

@@ -1,4 +1,4 @@
-// A crash on purpose, to try crash reporting and sending from end to end.
+// Crashes on purpose, to test crash reporting and uploading end to end.
 #pragma once
 
 #include "VantrelCore/ports/MainQueue.h"
@@ -10,8 +10,8 @@ namespace vantrel::CrashTest {
 inline constexpr const char* environmentVariable = "VANTREL_CRASH_TEST";
 inline constexpr double delaySeconds = 2.0;
 
-// `value` is the environment variable's, null when it is not set. Null unless it asks for the crash, which
-// then comes `delaySeconds` from now.
+// `value` is the environment variable's value, null when unset. Returns null unless it requests the crash,
+// which then happens `delaySeconds` from now.
 [[nodiscard]] std::unique_ptr<ScheduledWork> schedule(MainQueue& queue, const char* value);
 
 } // namespace vantrel::CrashTest

@@ -15,7 +15,7 @@ HttpRequest request(std::string_view apiServer, const SystemDescription& system,
     const bool isException = fileName.find("-exception") != std::string_view::npos;
     const nlohmann::json body{
         {"version", system.version},
-        // The server's own word for the operating system, whichever it is.
+        // The server's key for the operating system, on every platform.
         {"macos", system.operatingSystem},
         {"hardware", system.hardware},
         {"kind", isException ? "exception" : "signal"},

@@ -1,4 +1,4 @@
-// One crash report's way to the vendor's server: the request, and what the answer means.
+// Uploads one crash report to the vendor's server: the request, and how to interpret the response.
 #pragma once
 
 #include "VantrelCore/diagnostics/SystemDescription.h"
@@ -9,15 +9,14 @@
 
 namespace vantrel::CrashUpload {
 
-// `apiServer` without a slash at the end; `report` is the file's content, of which bytes that are no UTF-8
-// are replaced.
+// `apiServer` has no trailing slash. `report` is the file's content; invalid UTF-8 is replaced.
 [[nodiscard]] HttpRequest request(std::string_view apiServer, const SystemDescription& system,
                                   std::string_view fileName, std::string_view report);
 
 enum class Outcome : std::uint8_t {
-    // The server has the report: the file may go.
+    // The server has the report; the file can be deleted.
     uploaded,
-    // The file stays for the next start.
+    // The file is kept for the next start.
     failed,
 };
 

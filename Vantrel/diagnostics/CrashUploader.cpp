@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-// A report that cannot be deleted now is met again at the next start.
+// A report that cannot be deleted now is processed again at the next start.
 void ignoreFailure(const std::error_code& /*error*/) {}
 
 } // namespace

@@ -1,5 +1,5 @@
-// Sends the crash reports of former runs to the vendor's server, one after another, and deletes what the
-// server has taken.
+// Uploads the crash reports of earlier runs to the vendor's server, one at a time, and deletes those that the
+// server has accepted.
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"
@@ -16,14 +16,14 @@
 
 namespace vantrel {
 
-// Used on the main thread. Destroying it ends the upload under way; its report stays.
+// Used on the main thread. Destroying it cancels the current upload; its report is kept.
 class CrashUploader {
 public:
     static constexpr double delaySeconds = 5.0;
 
     struct Options {
         std::filesystem::path crashesDirectory;
-        // Without a slash at the end.
+        // Without a trailing slash.
         std::string apiServer;
         SystemDescription system;
     };
@@ -32,15 +32,15 @@ public:
                   Options options);
 
     void uploadPendingReportsAfterDelay();
-    // Lets go of the uploads that a former call has not begun.
+    // Replaces the queue of an earlier call.
     void uploadPendingReports();
 
 private:
-    // As the setting says once the delay is over; without it, a server that belongs to nobody gets nothing.
-    // There are at most five reports all the same.
+    // Reads the setting once the delay is over. If unset, reports are sent only to a real server. At most
+    // five reports are kept in any case.
     [[nodiscard]] bool isSendingAllowed() const;
     void uploadNext();
-    // False when it cannot be read.
+    // Returns false when the report cannot be read.
     [[nodiscard]] bool upload(const std::filesystem::path& report);
 
     FileSystem& m_files;

@@ -1,4 +1,5 @@
-// Which of the crash reports found at a start are sent, and which go because there are too many.
+// Decides which of the crash reports found at startup are sent, and which are deleted because there are too
+// many.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -8,19 +9,19 @@
 
 namespace vantrel::PendingCrashReports {
 
-// The crashes folder never holds more after a start.
+// After startup the crashes folder holds at most this many.
 inline constexpr std::size_t most = 5;
 
 struct Plan {
-    // The newest `most`, in the order in which they are sent: oldest first.
+    // The newest `most` reports, in sending order: oldest first.
     std::vector<std::filesystem::path> pending;
-    // Older ones, to be deleted.
+    // Older reports, to be deleted.
     std::vector<std::filesystem::path> surplus;
 
     bool operator==(const Plan&) const = default;
 };
 
-// Files without the extension of reports are left alone.
+// Ignores files without the extension of reports.
 [[nodiscard]] Plan plan(std::vector<FileEntry> folder);
 
 } // namespace vantrel::PendingCrashReports

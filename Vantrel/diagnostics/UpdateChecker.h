@@ -1,4 +1,4 @@
-// Looks for a newer release every few hours, and does what "Check for Updates…" says.
+// Checks for a newer release every few hours, and handles "Check for Updates…".
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"
@@ -20,10 +20,10 @@ class UpdateChecker {
 public:
     struct Options {
         std::string currentVersion;
-        // Without a slash at the end.
+        // Without a trailing slash.
         std::string apiServer;
         std::string website;
-        // Brings the application to the front, where it has something to show.
+        // Brings the application to the front, for platforms on which the updater shows windows.
         std::function<void()> activateApplication{};
         std::function<void(const std::string& url)> openPage{};
     };
@@ -32,18 +32,18 @@ public:
     UpdateChecker(Options options, UserDefaults& defaults, Clock& clock, MainQueue& queue, HttpClient& http,
                   AppLog& log);
 
-    // Null for none; outlives this otherwise.
+    // Null for none; otherwise the updater outlives this object.
     void attach(AppUpdater* updater) { m_updater = updater; }
 
-    // Looks now if it is time, and from then on. A server that belongs to nobody is not asked.
+    // Checks now if a check is due, and regularly from then on. Never queries a server on a reserved domain.
     void startup();
 
-    // Asks the attached updater, or else opens the download page.
+    // Delegates to the attached updater, or else opens the download page.
     void checkForUpdates();
 
     // The newer version on offer.
     [[nodiscard]] const std::optional<std::string>& latestAvailable() const { return m_latestAvailable; }
-    // Called when that is another one.
+    // Called when latestAvailable() changes.
     void setChangeHandler(std::function<void()> handler) { m_handler = std::move(handler); }
 
     // The attached updater's own setting; false without one.

@@ -1,4 +1,4 @@
-// What is known of the vendor's server by its address alone.
+// Facts about the vendor's server that follow from its address alone.
 #pragma once
 
 #include <string>
@@ -6,10 +6,10 @@
 
 namespace vantrel::VendorServer {
 
-// Whether it can exist at all: names below "example" are reserved and belong to nobody.
+// Whether the server can exist: names below "example" are reserved.
 [[nodiscard]] bool isReal(std::string_view apiServer);
 
-// Where a license is bought.
+// The page where a license can be bought.
 [[nodiscard]] std::string purchasePage(std::string_view apiServer);
 
 } // namespace vantrel::VendorServer

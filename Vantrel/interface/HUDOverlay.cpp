@@ -21,7 +21,7 @@ constexpr int lineGap = 4;
 constexpr int narrowest = 180;
 constexpr int widest = 520;
 constexpr int distanceFromEdge = 96;
-// What the laid out text may be wider than the sum of its letters.
+// Text can be laid out slightly wider than the sum of its letters.
 constexpr int roundingSlack = 12;
 constexpr double radius = 14;
 
@@ -33,7 +33,7 @@ const QColor detailColor(200, 206, 218);
 QFont headlineFont() {
     constexpr double larger = 1.25;
     QFont font = QGuiApplication::font();
-    // A font has one of the two.
+    // A font has either a point size or a pixel size.
     if (font.pointSizeF() > 0) {
         font.setPointSizeF(font.pointSizeF() * larger);
     } else {
@@ -43,7 +43,7 @@ QFont headlineFont() {
     return font;
 }
 
-// Also the pixels that the rounded corners cover in part.
+// Includes pixels that the rounded corners cover only in part.
 QBitmap everythingDrawn(QSize size) {
     QBitmap mask(size);
     mask.clear();
@@ -81,7 +81,7 @@ void HUDOverlay::follow(AppController& controller) {
 
 void HUDOverlay::show(const HUDText& text) {
     m_text = text;
-    // Nobody sees it, but screen readers tell it.
+    // The window has no visible title, but screen readers read it.
     setWindowTitle(qt(text.detail.empty() ? text.headline : text.headline + " · " + text.detail));
     place();
     QWidget::show();
@@ -112,7 +112,7 @@ void HUDOverlay::place() {
         height + 2 * padding - lineGap * 2);
     const int y = std::max(area.top(), area.bottom() - distanceFromEdge - size.height());
     setGeometry(QRect(QPoint(area.center().x() - size.width() / 2, y), size));
-    // Without a compositor what is transparent would be black: nothing of the window is to be there.
+    // Without a compositor, transparent pixels would be black, so the mask removes them.
     setMask(everythingDrawn(size));
 }
 

@@ -1,5 +1,5 @@
-// The heads-up display: a small sign on the display where the pointer is, which goes by itself, takes neither
-// focus nor clicks, and is managed by no window manager.
+// The heads-up display: a small overlay on the display with the pointer. It dismisses itself, takes neither
+// focus nor clicks, and bypasses the window manager.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
@@ -14,18 +14,18 @@ class HUDOverlay final : public QWidget {
 public:
     HUDOverlay();
 
-    // Shows what the controller tells, while the setting is on. Once this is gone the controller may tell
-    // nothing more.
+    // Shows the controller's events while the setting is on. The controller must not send events once this
+    // object is destroyed.
     void follow(AppController& controller);
 
-    // In place of what it shows.
+    // Replaces the text that is shown.
     void show(const HUDText& text);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    // Where the sign stands on a display: in the middle, well above the lower edge.
+    // Positions the overlay on its display: centered, well above the lower edge.
     void place();
 
     HUDText m_text;

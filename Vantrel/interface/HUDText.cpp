@@ -10,14 +10,14 @@ namespace vantrel {
 
 namespace {
 
-// A wait that nobody noticed is not worth a number.
+// A shorter wait is not noticeable, so its duration is not shown.
 constexpr double noticeableSeconds = 1;
 
 std::string duration(double seconds) {
     return seconds < noticeableSeconds ? "" : fmt::format("in {:.1f} seconds", seconds);
 }
 
-// The parts that are not empty, as one caption.
+// Joins the non-empty parts into one caption.
 std::string joined(const std::string& first, const std::string& second) {
     return first + (first.empty() || second.empty() ? "" : " · ") + second;
 }
@@ -30,8 +30,8 @@ struct Text {
 
     HUDText operator()(const HUD::Done& done) const {
         if (done.windows == 0) {
-            // Those that were in place already count.
-            return {"No window was put back", done.cause};
+            // Windows that were already in place count too.
+            return {"No windows were put back", done.cause};
         }
         return {countedNoun(done.windows, "window") + " back in place",
                 joined(done.cause, duration(done.seconds))};

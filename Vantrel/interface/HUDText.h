@@ -1,4 +1,4 @@
-// What the heads-up display says of an event: a headline and, below it, a detail.
+// The text that the heads-up display shows for an event: a headline and a detail below it.
 #pragma once
 
 #include "Vantrel/controller/HUDEvent.h"
@@ -9,7 +9,7 @@ namespace vantrel {
 
 struct HUDText {
     std::string headline;
-    // Empty when the headline says it all.
+    // Empty when the headline is enough.
     std::string detail;
 
     bool operator==(const HUDText&) const = default;

@@ -12,14 +12,14 @@ namespace vantrel::PhaseIcon {
 
 namespace {
 
-// Drawn on a square of this many units.
+// The icon is drawn on a square of this many units.
 constexpr double side = 24;
 constexpr std::array sizes{16, 22, 24, 32, 48};
 
 struct Colors {
     QColor body;
     QColor rim;
-    // Opaque: on a panel of the other tone it is what is seen first.
+    // Opaque, and the most visible part on a panel of the other tone.
     QColor pane;
 };
 
@@ -30,7 +30,7 @@ Colors colors(Tone tone) {
                               : Colors{light, QColor(0, 0, 0, 150), dark};
 }
 
-// The colour of the sign at the lower right; invalid when there is none.
+// The color of the badge at the lower right; invalid when there is none.
 struct Sign {
     QColor operator()(const Phase::Empty& /*empty*/) const { return {}; }
 
@@ -54,7 +54,7 @@ void paint(QPainter& painter, const Phase& phase, Tone tone) {
     QPainterPath title;
     title.addRoundedRect(QRectF(8, 9, 14, 4.5), 2, 2);
 
-    // Nothing is remembered here, or nothing is done: outlines only.
+    // Outlines only: nothing is remembered for this desk, or the program is switched off.
     const bool isHollow = phase.is<Phase::Empty>() || phase.is<Phase::Off>();
     const QPen outer(rim, 3.6);
     painter.setBrush(Qt::NoBrush);

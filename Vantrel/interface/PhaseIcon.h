@@ -1,4 +1,4 @@
-// The icon of the status item: two windows, and a sign for what vantrel is doing.
+// The status item's icon: two windows, and a badge that shows what vantrel is doing.
 #pragma once
 
 #include "Vantrel/controller/Phase.h"
@@ -9,11 +9,11 @@
 
 namespace vantrel::PhaseIcon {
 
-// For a light panel the icon is dark, for a dark one light; a rim of the other tone keeps it legible where
-// the panel is not what the desktop's colours promise.
+// The icon is dark on a light panel and light on a dark one. A rim of the other tone keeps it legible when
+// the panel does not match the desktop's colors.
 enum class Tone : std::uint8_t { dark, light };
 
-// What the application's colours say.
+// The tone that suits the application's palette.
 [[nodiscard]] Tone toneOfDesktop();
 
 [[nodiscard]] QIcon icon(const Phase& phase, Tone tone);

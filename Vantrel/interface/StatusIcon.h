@@ -1,4 +1,4 @@
-// The status item: an icon in the desktop's tray that shows the phase, with the context menu.
+// The status item: a tray icon that shows the phase and has the context menu.
 #pragma once
 
 #include "Vantrel/interface/StatusItemContextMenu.h"
@@ -8,8 +8,8 @@
 
 namespace vantrel {
 
-// Lives on the main thread; the controller outlives it. Qt takes the desktop's own kind of tray: a
-// StatusNotifierItem where there is a host for it, else an XEmbed icon.
+// Lives on the main thread; the controller outlives it. Qt chooses the kind of tray: a StatusNotifierItem if
+// it has a host, else an XEmbed icon.
 class StatusIcon {
 public:
     using Tray = StatusItemContextMenu::Tray;
@@ -20,14 +20,14 @@ public:
     StatusIcon(const StatusIcon&) = delete;
     StatusIcon& operator=(const StatusIcon&) = delete;
 
-    // To be called when there is a tray, and not before: Qt 6.4 decides once and for all which kind it is.
-    // From then on the icon comes back by itself when the tray goes and comes.
+    // Call only once there is a tray: Qt 6.4 chooses its kind once and for all. From then on the icon
+    // reappears automatically when the tray goes away and comes back.
     void show(Tray tray);
 
-    // The bus that the icon was on is gone: until it is shown again there is none.
+    // The bus that the icon was on has been lost: removes the icon until it is shown again.
     void leaveStatusNotifier();
 
-    // Offers to set Mission Control's settings right, until it is called with null.
+    // Offers to fix Mission Control's settings; null withdraws the offer.
     void offerMissionControlFix(std::function<void()> fix) { m_menu.offerMissionControlFix(std::move(fix)); }
 
 private:

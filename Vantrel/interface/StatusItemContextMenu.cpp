@@ -13,9 +13,9 @@ QString qt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// An ampersand would underline the letter behind it. Qt 6.4 hands a menu to a StatusNotifierItem's host with
-// the first ampersand that has something behind it as an underscore, which does there what the ampersand does
-// here.
+// An ampersand would underline the next letter. When Qt 6.4 passes a menu to a StatusNotifierItem host, it
+// turns the first ampersand that is followed by something into an underscore, which the host treats as the
+// accelerator mark.
 QString menuTitle(const std::string& text, StatusItemContextMenu::Tray tray) {
     QString title = qt(text);
     if (tray != StatusItemContextMenu::Tray::statusNotifier) {
@@ -26,7 +26,7 @@ QString menuTitle(const std::string& text, StatusItemContextMenu::Tray tray) {
     return first < 0 || first == title.size() - 1 ? title : title.insert(first, '&');
 }
 
-// Short, as menu entries are; `vantrelctl status` has the whole sentences.
+// Short, as menu entries should be; `vantrelctl status` has the full sentences.
 std::vector<std::string> troubles(const PublishedState& state) {
     std::vector<std::string> found;
     if (state.learningFailed) {
@@ -67,7 +67,7 @@ bool isOnlySaid(const StatusItemMenuEntry& entry) {
 StatusItemContextMenu::StatusItemContextMenu(AppController& controller, Actions actions)
     : m_controller(controller), m_actions(std::move(actions)),
       m_observer(controller.addObserver([this] { refresh(); })) {
-    // What changed while it was open. Later, when it counts as closed.
+    // Applies changes made while the menu was open. Queued, because only then does the menu count as closed.
     QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
     refresh();
 }
@@ -94,7 +94,7 @@ void StatusItemContextMenu::clicked() {
 }
 
 void StatusItemContextMenu::refresh() {
-    // A menu that is open keeps its entries under the user's pointer.
+    // An open menu keeps its entries, so that they do not change under the user's pointer.
     const auto wanted = wantedEntries();
     if (m_shownEntries != wanted && !m_menu.isVisible()) {
         fill(m_menu, wanted, m_tray);
@@ -153,7 +153,7 @@ const std::function<void()>& StatusItemContextMenu::actionOf(StatusItem::Notice:
 RestoreOutcome::Done StatusItemContextMenu::tellRefusal() {
     using Kind = RestoreOutcome::Kind;
     return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
-        // Whoever asked for something else meanwhile need not be told.
+        // A user who requested something else meanwhile does not need the message.
         const bool isSilent = outcome.kind == Kind::finished || outcome.kind == Kind::superseded;
         if (!isSilent && !alive.expired() && m_icon) {
             m_icon->showMessage("Vantrel", qt(outcome.text()), m_icon->icon());
@@ -165,7 +165,7 @@ void StatusItemContextMenu::applyScene(const std::string& id) {
     const auto& scenes = m_controller.published().scenes;
     const auto found = std::ranges::find(scenes, id, &Scene::id);
     if (found != scenes.end()) {
-        // A copy, because applying it changes the published scenes.
+        // A copy, because applying the scene changes the published scenes.
         m_controller.applyScene(Scene(*found), std::nullopt, tellRefusal());
     }
 }

@@ -1,4 +1,4 @@
-// The context menu of the status item: shows the entries of StatusItemMenuBuilder and does what they say.
+// The context menu of the status item: shows the entries of StatusItemMenuBuilder and runs their actions.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
@@ -18,12 +18,12 @@ namespace vantrel {
 // Lives on the main thread; the controller outlives it.
 class StatusItemContextMenu {
 public:
-    // The menu bar is a Mac's; there Qt opens the menu itself on every kind of click.
+    // The menu bar is macOS's; there Qt opens the menu itself on every kind of click.
     enum class Tray : std::uint8_t { statusNotifier, xembed, menuBar };
 
     struct Actions {
-        // Absent as long as there are no such windows: their entries are then left out, and a left click
-        // opens the menu.
+        // Null while these windows do not exist: their entries are then left out, and a left click opens the
+        // menu.
         std::function<void()> openPanel{};
         std::function<void()> openLayouts{};
         std::function<void()> openSettings{};
@@ -37,14 +37,14 @@ public:
     StatusItemContextMenu(const StatusItemContextMenu&) = delete;
     StatusItemContextMenu& operator=(const StatusItemContextMenu&) = delete;
 
-    // Hangs the menu on the icon of a tray of this kind, until uninstall().
+    // Attaches the menu to the icon of a tray of this kind, until uninstall().
     void install(QSystemTrayIcon& icon, Tray tray);
     void uninstall() { m_icon = nullptr; }
 
-    // What a left click on the icon does: opens the panel, or the menu while there is none.
+    // Handles a left click on the icon: opens the panel, or the menu while there is no panel.
     void clicked();
 
-    // Offers to set Mission Control's settings right, until it is called with null.
+    // Offers to fix Mission Control's settings; null withdraws the offer.
     void offerMissionControlFix(std::function<void()> fix);
 
 private:
@@ -55,16 +55,16 @@ private:
     [[nodiscard]] bool isOffered(const StatusItemMenuEntry& entry) const;
     void perform(const StatusItemMenuEntry& entry);
     void applyScene(const std::string& id);
-    // Shows beside the icon why an entry did nothing.
+    // Shows a message next to the icon that says why an entry did nothing.
     [[nodiscard]] RestoreOutcome::Done tellRefusal();
 
     AppController& m_controller;
     Actions m_actions;
     std::function<void()> m_fixMissionControl;
     QMenu m_menu;
-    // What a left click opens while there is no panel.
+    // Opened by a left click while there is no panel.
     QMenu m_popup;
-    // Null while it hangs on none.
+    // Null while not attached.
     QSystemTrayIcon* m_icon = nullptr;
     Tray m_tray = Tray::xembed;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;

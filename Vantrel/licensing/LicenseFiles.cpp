@@ -51,14 +51,14 @@ void LicenseFiles::moveAside(File& file) {
     if (error) {
         report(file, FileIncident::Kind::stuck, error.message());
     } else {
-        report(file, FileIncident::Kind::undecodable, "it holds no license for this computer",
+        report(file, FileIncident::Kind::undecodable, "it contains no license for this computer",
                SetAside::newestCopy(file.path));
     }
     file.text.clear();
 }
 
 bool LicenseFiles::write(const LicenseRecord& record) {
-    // The copy first: what it has to remember (a licence given back) matters most when the other is old.
+    // The copy first: what it has to remember (a returned license) matters most when the main file is old.
     const bool isCopyWritten = write(m_copy, LicenseRecords::forCopy(record));
     return write(m_main, record) && isCopyWritten;
 }

@@ -1,5 +1,5 @@
-// The two files that keep the licence record: "license.json" in the support folder, and a copy of what must
-// not be forgotten with it, kept elsewhere.
+// The two files that hold the license record: "license.json" in the support folder, and elsewhere a copy of
+// the parts that must survive the loss of the first.
 #pragma once
 
 #include "VantrelCore/licensing/LicenseDecision.h"
@@ -13,26 +13,26 @@ namespace vantrel {
 
 class LicenseFiles {
 public:
-    // `machine` is LicensedMachine's.
+    // `machine` is the hash from LicensedMachine.
     LicenseFiles(std::filesystem::path main, std::filesystem::path copy, std::string machine,
                  const StoreFiles& files);
 
     [[nodiscard]] LicenseDecision::FileReading readMain() { return read(m_main); }
     [[nodiscard]] LicenseDecision::FileReading readCopy() { return read(m_copy); }
 
-    // Whether both files could be read now, or are not there.
+    // Whether both files are either readable or missing.
     [[nodiscard]] bool areReadable();
 
-    // Moves aside what is to be kept; what cannot be moved or read is not written over from then on.
+    // Moves aside the files that are to be kept. A file that cannot be moved or read is never overwritten.
     void keepAside(const LicenseDecision::Start& start);
 
-    // False when any of it could not be written. What is there already is not written again.
+    // Returns false when either file could not be written. Unchanged content is not written again.
     [[nodiscard]] bool write(const LicenseRecord& record);
 
 private:
     struct File {
         std::filesystem::path path;
-        // What was last read or written.
+        // The content last read or written.
         std::string text{};
         bool mayWrite = true;
     };

@@ -13,9 +13,9 @@ namespace vantrel {
 
 namespace {
 
-// In seconds. After the machine has slept, the trial's end is noticed at the latest after this.
+// In seconds. After the machine has slept, this is the longest delay before the trial's end is noticed.
 constexpr double tickInterval = 3600;
-// Nothing waits for the first renewal, and the start has better things to do.
+// Nothing waits for the first renewal, so it does not slow down startup.
 constexpr double firstRenewal = 5;
 constexpr double readingInterval = 15;
 
@@ -39,7 +39,7 @@ void LicenseManager::start() {
         return;
     }
     if (!m_key) {
-        m_entitlement.reason = "This build's vendor key cannot be used.";
+        m_entitlement.reason = "This build's vendor key is invalid.";
         return;
     }
     const LicenseDecision::AtStart at{
@@ -61,7 +61,7 @@ void LicenseManager::start() {
 
 void LicenseManager::scheduleReading() {
     m_reading.reset();
-    // What was activated since then counts.
+    // A license activated since then takes precedence.
     if (m_record.problem != LicenseProblem::unreadable) {
         return;
     }
@@ -165,10 +165,10 @@ std::optional<std::string> LicenseManager::hindrance() const {
         return m_entitlement.reason;
     }
     if (m_machine.empty()) {
-        return "This computer has no identity that a license could be bound to.";
+        return "This computer has no machine ID to which a license can be bound.";
     }
     if (m_exchange) {
-        return "The server is being asked already.";
+        return "A request to the server is already in progress.";
     }
     return std::nullopt;
 }
@@ -203,7 +203,7 @@ void LicenseManager::deactivate(Done done) {
 
 void LicenseManager::ask(const HttpRequest& request, const Done& done,
                          std::function<std::expected<void, std::string>(const HttpResult&)> answered) {
-    // The user does not wait for a renewal.
+    // The user need not wait for a renewal.
     m_renewal.reset();
     m_exchange = m_http.send(request, [this, done, answered = std::move(answered)](const HttpResult& result) {
         const auto ended = std::move(m_exchange);
@@ -226,16 +226,17 @@ std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& r
     present.now = m_clock.now();
     auto accepted = LicenseAcceptance::accept(m_record, *document, present);
     if (!accepted) {
-        return std::unexpected("The server's answer was not accepted. " +
+        return std::unexpected("The server's response was not accepted. " +
                                LicenseProblems::sentence(accepted.error()) + " Nothing was changed.");
     }
     const bool isWritten = keep(std::move(accepted->record), std::move(accepted->license));
     m_failedRenewals = 0;
     m_nextRenewal = m_clock.monotonicSeconds() + tickInterval;
     m_options.log("license: activated");
-    return isWritten ? std::expected<void, std::string>{}
-                     : std::unexpected("Licensed until the end of this run only: the license could not be "
-                                       "written to disk. Activate it again when that is possible.");
+    return isWritten
+               ? std::expected<void, std::string>{}
+               : std::unexpected("The license is valid only until Vantrel quits, because it could not be "
+                                 "written to disk. Fix the disk problem and activate it again.");
 }
 
 std::expected<void, std::string> LicenseManager::dropLicense(const HttpResult& result) {
@@ -247,8 +248,9 @@ std::expected<void, std::string> LicenseManager::dropLicense(const HttpResult& r
     record.document.reset();
     const bool isWritten = keep(std::move(record), std::nullopt);
     m_options.log("license: deactivated");
-    return isWritten ? std::expected<void, std::string>{}
-                     : std::unexpected("The license was given back, but that could not be written to disk.");
+    return isWritten
+               ? std::expected<void, std::string>{}
+               : std::unexpected("The license was returned, but the change could not be written to disk.");
 }
 
 } // namespace vantrel

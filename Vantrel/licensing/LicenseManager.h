@@ -1,5 +1,5 @@
-// The licence gate: keeps the record, lets the trial run, asks the vendor's server for a licence, renews it
-// and gives it back. docs/licensing.md tells what it holds to.
+// The license gate: keeps the record, runs the trial, and activates, renews and returns licenses through the
+// vendor's server. The rules are in docs/licensing.md.
 #pragma once
 
 #include "Vantrel/licensing/LicenseFiles.h"
@@ -17,15 +17,15 @@
 
 namespace vantrel {
 
-// Lives on the main thread. Without start() nobody is entitled.
+// Lives on the main thread. Until start() is called, nobody is entitled.
 class LicenseManager final : public LicenseGate {
 public:
     struct Options {
         std::filesystem::path supportDirectory;
-        // Where the copy of the record is kept, in another folder than that.
+        // The path of the record's copy, in a different folder.
         std::filesystem::path recordCopy;
         std::string apiServer;
-        // In hexadecimal digits; empty when no licence is needed.
+        // In hexadecimal; empty when no license is needed.
         std::string publicKey;
         std::function<void(const std::string& message)> log;
     };
@@ -34,7 +34,7 @@ public:
     LicenseManager(Options options, const StoreFiles& files, Clock& clock, MainQueue& queue, HttpClient& http,
                    MachineIdentity& machine);
 
-    // Reads what is stored; from then on the entitlement is true to it.
+    // Reads the stored record and updates the entitlement from then on.
     void start();
 
     [[nodiscard]] const Entitlement& entitlement() const override { return m_entitlement; }
@@ -43,26 +43,27 @@ public:
     void deactivate(Done done) override;
 
 private:
-    // Why the server is not asked now; none when it is.
+    // The reason why the server cannot be contacted now, if there is one.
     [[nodiscard]] std::optional<std::string> hindrance() const;
     void ask(const HttpRequest& request, const Done& done,
              std::function<std::expected<void, std::string>(const HttpResult&)> answered);
     [[nodiscard]] std::expected<void, std::string> takeLicense(const HttpResult& result,
                                                                const LicenseAcceptance::Asked& asked);
     [[nodiscard]] std::expected<void, std::string> dropLicense(const HttpResult& result);
-    // Takes over the record, writes it and tells of the change. False when it could not be written.
+    // Stores and writes the record, and announces a changed entitlement. Returns false when it could not be
+    // written.
     bool keep(LicenseRecord record, std::optional<License> license);
     void decide();
-    // Asks the server for a renewal if it is time; nobody is told, and nothing gets worse when it fails.
+    // Requests a renewal if one is due. Failures are only logged and make nothing worse.
     void renewWhenDue();
-    // Nothing but a renewal is missing.
+    // True when only a renewal is missing.
     [[nodiscard]] bool isLockedOut() const;
     void takeRenewal(const HttpResult& result, const LicenseAcceptance::Asked& asked);
     [[nodiscard]] LicenseAcceptance::Asked question() const;
-    // Lets the time that has passed count, whatever the clock says.
+    // Counts the time that has passed, whatever the clock says.
     void tick();
     void scheduleTick();
-    // While a file cannot be read, it is tried again from time to time.
+    // Retries from time to time while a file cannot be read.
     void scheduleReading();
 
     Options m_options;
@@ -70,22 +71,23 @@ private:
     MainQueue& m_queue;
     HttpClient& m_http;
     FileSystem& m_fileSystem;
-    // LicensedMachine's; empty on a computer without an identity.
+    // The hash from LicensedMachine; empty on a computer without a machine ID.
     std::string m_machine;
     std::optional<LicenseDocuments::PublicKey> m_key;
     LicenseFiles m_files;
     LicenseRecord m_record;
     std::optional<License> m_license;
-    Entitlement m_entitlement{.kind = Entitlement::Kind::refused, .reason = "The license was not read yet."};
+    Entitlement m_entitlement{.kind = Entitlement::Kind::refused,
+                              .reason = "The license has not been read yet."};
     std::function<void()> m_handler;
-    // On the monotonic clock.
+    // On the monotonic clock, in seconds.
     double m_lastTick = 0;
     std::unique_ptr<ScheduledWork> m_tick;
     std::unique_ptr<ScheduledWork> m_reading;
-    // What the user asked for.
+    // The user's request.
     std::unique_ptr<HttpExchange> m_exchange;
     std::unique_ptr<HttpExchange> m_renewal;
-    // On the monotonic clock.
+    // On the monotonic clock, in seconds.
     double m_nextRenewal = 0;
     int m_failedRenewals = 0;
 };

@@ -54,7 +54,7 @@ TEST(Instance, ABusThatComesBackIsJoinedAgain) {
         EXPECT_THAT(desk.done({"save"}), HasSubstr("Saved 1 window"));
         const auto second = desk.run({VANTREL_PROGRAM});
         EXPECT_EQ(second.code, 3);
-        EXPECT_THAT(second.output, HasSubstr("runs already"));
+        EXPECT_THAT(second.output, HasSubstr("already running"));
         EXPECT_TRUE(vantrel.process().isRunning());
     }
 

@@ -228,7 +228,7 @@ TEST_F(LicenseGateTest, WhateverGoesWrongWithTheServerNothingChanges) {
     machine.identity.reset();
     files.put(licenseFile, "");
     start();
-    EXPECT_THAT(activate(), HasSubstr("no identity"));
+    EXPECT_THAT(activate(), HasSubstr("no machine ID"));
 }
 
 TEST_F(LicenseGateTest, OneQuestionAtATime) {
