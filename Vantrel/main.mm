@@ -121,7 +121,7 @@ public:
     // Called when launching has finished.
     void finishedLaunching() {
         ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
-        CrashReporter::installExceptionHandler(CrashReporter::OtherExceptions::comeFromTheirRuntime);
+        CrashReporter::installExceptionHandler(CrashReporter::OtherExceptions::reportedByRuntime);
         ObjCExceptions::reportUncaught(CrashReporter::reportUncaught);
         if (!AXPermission::isGranted(m_accessibility)) {
             AXPermission::prompt(m_accessibility);

@@ -9,7 +9,7 @@ namespace vantrel {
 namespace {
 
 // In milliseconds.
-constexpr int answerTime = 2000;
+constexpr int replyTimeout = 2000;
 
 struct BusObject {
     const char* service;
@@ -17,7 +17,7 @@ struct BusObject {
     const char* interface;
 };
 
-// The boolean in a variant that may be wrapped once more.
+// The boolean in a variant, which may be wrapped in further variants.
 std::optional<bool> boolean(GVariant* variant) {
     if (g_variant_is_of_type(variant, G_VARIANT_TYPE_VARIANT) != FALSE) {
         const GLibHandle<GVariant> inner(g_variant_get_variant(variant));
@@ -29,7 +29,7 @@ std::optional<bool> boolean(GVariant* variant) {
     return std::nullopt;
 }
 
-// A switch behind two texts, asked for by a method and told of by signals.
+// A switch identified by two strings, read with a method call and watched with signals.
 class BusSwitch : public FocusSwitch {
 public:
     BusSwitch(GDBusConnection* bus, const BusObject& object, OnSwitched onSwitched)
@@ -50,23 +50,23 @@ protected:
             G_DBUS_SIGNAL_FLAGS_NONE, callback, this, nullptr));
     }
 
-    // Asks without starting the service: a desktop that does not run it does not use it.
-    bool ask(const char* interface, const char* method, const char* first, const char* second) {
-        const GLibHandle<GVariant> answer(
+    // Does not start the service: if it is not running, the desktop does not use it.
+    bool query(const char* interface, const char* method, const char* first, const char* second) {
+        const GLibHandle<GVariant> reply(
             g_dbus_connection_call_sync(m_bus.get(), m_object.service, m_object.path, interface, method,
                                         g_variant_new("(ss)", first, second), G_VARIANT_TYPE("(v)"),
-                                        G_DBUS_CALL_FLAGS_NO_AUTO_START, answerTime, nullptr, nullptr));
-        if (!answer) {
+                                        G_DBUS_CALL_FLAGS_NO_AUTO_START, replyTimeout, nullptr, nullptr));
+        if (!reply) {
             return false;
         }
-        const GLibHandle<GVariant> value(g_variant_get_child_value(answer.get(), 0));
+        const GLibHandle<GVariant> value(g_variant_get_child_value(reply.get(), 0));
         return boolean(value.get()).value_or(false);
     }
 
-    void tell(bool isOn) const { m_onSwitched(isOn); }
+    void report(bool isOn) const { m_onSwitched(isOn); }
 
 private:
-    // Its own share: the subscriptions end before it does, whoever else lets go of the bus.
+    // Our own reference, so that the bus outlives the subscriptions.
     GObjectHandle<GDBusConnection> m_bus;
     BusObject m_object;
     OnSwitched m_onSwitched;
@@ -85,7 +85,7 @@ public:
         subscribe(xfconf.interface, "PropertyRemoved", channel, changed);
     }
 
-    bool isOn() override { return ask(xfconf.interface, "GetProperty", channel, property); }
+    bool isOn() override { return query(xfconf.interface, "GetProperty", channel, property); }
 
 private:
     static void changed(GDBusConnection* /*bus*/, const char* /*sender*/, const char* /*path*/,
@@ -104,7 +104,7 @@ private:
             const GLibHandle<GVariant> value(g_variant_get_child_value(arguments, 2));
             isOn = boolean(value.get());
         }
-        static_cast<XfconfSwitch*>(self)->tell(isOn.value_or(false));
+        static_cast<XfconfSwitch*>(self)->report(isOn.value_or(false));
     }
 };
 
@@ -119,7 +119,7 @@ public:
         subscribe(properties, "PropertiesChanged", notifications.interface, changed);
     }
 
-    bool isOn() override { return ask(properties, "Get", notifications.interface, "Inhibited"); }
+    bool isOn() override { return query(properties, "Get", notifications.interface, "Inhibited"); }
 
 private:
     static void changed(GDBusConnection* /*bus*/, const char* /*sender*/, const char* /*path*/,
@@ -132,7 +132,7 @@ private:
         const GLibHandle<GVariant> value(
             g_variant_lookup_value(values.get(), "Inhibited", G_VARIANT_TYPE_BOOLEAN));
         if (value) {
-            static_cast<InhibitionSwitch*>(self)->tell(g_variant_get_boolean(value.get()) != FALSE);
+            static_cast<InhibitionSwitch*>(self)->report(g_variant_get_boolean(value.get()) != FALSE);
         }
     }
 };

@@ -17,7 +17,7 @@ constexpr std::array<FocusSetting, 3> settings{{
     {"org.mate.NotificationDaemon", "do-not-disturb", true},
 }};
 
-// Several switches, of which any keeps notifications away.
+// A set of switches. Focus is on if any of them is on.
 class Switches {
 public:
     explicit Switches(std::function<void()> onTurnedOn) : m_onTurnedOn(std::move(onTurnedOn)) {}
@@ -29,14 +29,14 @@ public:
         m_isOn.push_back(false);
         m_switches[index] = make([this, index](bool isOn) { switched(index, isOn); });
         if (m_switches[index]) {
-            // What is on already does not turn on.
+            // A switch that is already on does not count as turned on.
             m_isOn[index] = m_switches[index]->isOn();
         }
     }
 
     [[nodiscard]] std::size_t count() const { return m_switches.size(); }
 
-    // Only the first ones are kept.
+    // Keeps only the first `count` switches.
     void shrink(std::size_t count) {
         m_switches.resize(count);
         m_isOn.resize(count);
@@ -53,12 +53,12 @@ private:
 
     std::function<void()> m_onTurnedOn;
     std::vector<bool> m_isOn;
-    // Null where this machine has no such switch.
+    // Null if this machine has no such switch.
     std::vector<std::unique_ptr<FocusSwitch>> m_switches;
 };
 
-// A connection to the session bus that is nobody else's, so that it is not the one that others have seen
-// close. Null without a bus.
+// Returns a private connection to the session bus. A shared one might already be closed. Returns null if
+// there is no bus.
 GObjectHandle<GDBusConnection> connectToBus() {
     const std::unique_ptr<gchar, decltype(&g_free)> address(
         g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr), &g_free);
@@ -70,24 +70,23 @@ GObjectHandle<GDBusConnection> connectToBus() {
                 : nullptr);
 }
 
-// The switches behind the session bus, taken anew from each bus that comes. Belongs to the thread whose
-// default main context runs.
-class SwitchesOfTheBus {
+// The switches on the session bus, recreated on each reconnect. Use only on the thread that runs `context`.
+class BusSwitches {
 public:
-    SwitchesOfTheBus(Switches& switches, GMainContext* context)
+    BusSwitches(Switches& switches, GMainContext* context)
         : m_switches(switches), m_context(context), m_others(switches.count()) {
         join();
     }
 
-    ~SwitchesOfTheBus() {
+    ~BusSwitches() {
         leave();
         if (m_nextAttempt) {
             g_source_destroy(m_nextAttempt.get());
         }
     }
 
-    SwitchesOfTheBus(const SwitchesOfTheBus&) = delete;
-    SwitchesOfTheBus& operator=(const SwitchesOfTheBus&) = delete;
+    BusSwitches(const BusSwitches&) = delete;
+    BusSwitches& operator=(const BusSwitches&) = delete;
 
 private:
     static constexpr guint pauseSeconds = 5;
@@ -98,12 +97,11 @@ private:
             tryLater();
             return;
         }
-        m_closed = g_signal_connect(
-            m_bus.get(), "closed",
-            G_CALLBACK(+[](GDBusConnection* /*bus*/, gboolean /*byPeer*/, GError* /*error*/, gpointer self) {
-                static_cast<SwitchesOfTheBus*>(self)->tryLater();
-            }),
-            this);
+        m_closed =
+            g_signal_connect(m_bus.get(), "closed",
+                             G_CALLBACK(+[](GDBusConnection* /*bus*/, gboolean /*byPeer*/, GError* /*error*/,
+                                            gpointer self) { static_cast<BusSwitches*>(self)->tryLater(); }),
+                             this);
         for (auto* const make : {makeXfconfSwitch, makeInhibitionSwitch}) {
             m_switches.add(
                 [&](FocusSwitch::OnSwitched onSwitched) { return make(m_bus.get(), std::move(onSwitched)); });
@@ -123,7 +121,7 @@ private:
         g_source_set_callback(
             m_nextAttempt.get(),
             [](gpointer self) -> gboolean {
-                auto* const own = static_cast<SwitchesOfTheBus*>(self);
+                auto* const own = static_cast<BusSwitches*>(self);
                 own->leave();
                 own->join();
                 return G_SOURCE_REMOVE;
@@ -134,7 +132,7 @@ private:
 
     Switches& m_switches;
     GMainContext* m_context;
-    // How many switches are not ours.
+    // The number of switches that others added before us.
     std::size_t m_others;
     GObjectHandle<GDBusConnection> m_bus;
     gulong m_closed = 0;
@@ -149,7 +147,7 @@ DesktopFocusReader::DesktopFocusReader(MainQueue& queue)
       m_thread([this] { listen(); }) {}
 
 DesktopFocusReader::~DesktopFocusReader() {
-    // In the loop's own turn, so that it also ends when it has not begun yet.
+    // Quit from within the loop, so that this works even if the loop has not started yet.
     GSource* const end = g_idle_source_new();
     g_source_set_callback(
         end,
@@ -167,7 +165,7 @@ void DesktopFocusReader::setHandler(std::function<void(const std::string& name)>
     *m_handler = std::move(handler);
 }
 
-void DesktopFocusReader::tellTurnedOn() {
+void DesktopFocusReader::reportTurnedOn() {
     m_queue.post([handler = std::weak_ptr(m_handler)] {
         const auto alive = handler.lock();
         if (alive && *alive) {
@@ -179,13 +177,13 @@ void DesktopFocusReader::tellTurnedOn() {
 void DesktopFocusReader::listen() {
     g_main_context_push_thread_default(m_context.get());
     {
-        Switches switches([this] { tellTurnedOn(); });
+        Switches switches([this] { reportTurnedOn(); });
         for (const FocusSetting& setting : settings) {
             switches.add([&](FocusSwitch::OnSwitched onSwitched) {
                 return makeSettingSwitch(setting, std::move(onSwitched));
             });
         }
-        const SwitchesOfTheBus switchesOfTheBus(switches, m_context.get());
+        const BusSwitches busSwitches(switches, m_context.get());
         g_main_loop_run(m_loop.get());
     }
     g_main_context_pop_thread_default(m_context.get());

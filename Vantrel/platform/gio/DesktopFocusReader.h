@@ -1,4 +1,4 @@
-// The Focus of a Linux desktop, which is its "do not disturb" wherever the desktop keeps that.
+// Reads the Focus of a Linux desktop, that is, its "do not disturb" switch.
 #pragma once
 
 #include "Vantrel/platform/gio/GioHandle.h"
@@ -10,7 +10,7 @@
 
 namespace vantrel {
 
-// Listens on a thread of its own, which sleeps while nothing is switched.
+// Listens on its own thread, which sleeps until a switch changes.
 class DesktopFocusReader final : public FocusReader {
 public:
     explicit DesktopFocusReader(MainQueue& queue);
@@ -20,10 +20,10 @@ public:
 
 private:
     void listen();
-    void tellTurnedOn();
+    void reportTurnedOn();
 
     MainQueue& m_queue;
-    // Only touched on the main thread; what was posted finds nobody after the end.
+    // Used only on the main thread. Work posted before destruction does nothing after it.
     std::shared_ptr<std::function<void(const std::string&)>> m_handler;
     GLibHandle<GMainContext> m_context;
     GLibHandle<GMainLoop> m_loop;

@@ -1,4 +1,4 @@
-// One place where a desktop keeps its "do not disturb".
+// A desktop's "do not disturb" switch.
 #pragma once
 
 #include "Vantrel/platform/gio/GioHandle.h"
@@ -10,10 +10,10 @@
 
 namespace vantrel {
 
-// Made, used and destroyed on one thread whose default main context runs.
+// Create, use and destroy on one thread that runs its default main context.
 class FocusSwitch {
 public:
-    // Called on that thread when the desktop says that it was switched, perhaps to what it was.
+    // Called on that thread when the desktop reports a change, even if the value is the same.
     using OnSwitched = std::function<void(bool isOn)>;
 
     FocusSwitch() = default;
@@ -21,19 +21,19 @@ public:
     FocusSwitch& operator=(const FocusSwitch&) = delete;
     virtual ~FocusSwitch() = default;
 
-    // As it is now; off where the desktop does not say.
+    // The current state. Off if the desktop does not say.
     [[nodiscard]] virtual bool isOn() = 0;
 };
 
-// A key of the settings of GNOME, Cinnamon and MATE.
+// A settings key of GNOME, Cinnamon or MATE.
 struct FocusSetting {
     const char* schema;
     const char* key;
-    // The key's value while notifications are kept away.
+    // The key's value while notifications are suppressed.
     bool valueWhenOn;
 };
 
-// Null where this machine has no such setting.
+// Returns null if this machine has no such setting.
 [[nodiscard]] std::unique_ptr<FocusSwitch> makeSettingSwitch(const FocusSetting& setting,
                                                              FocusSwitch::OnSwitched onSwitched);
 
@@ -41,7 +41,7 @@ struct FocusSetting {
 [[nodiscard]] std::unique_ptr<FocusSwitch> makeXfconfSwitch(GDBusConnection* bus,
                                                             FocusSwitch::OnSwitched onSwitched);
 
-// KDE: the notification service says that it is inhibited, by the user or by a program that shows slides.
+// KDE: the notification service's Inhibited property, set by the user or by a presentation program.
 [[nodiscard]] std::unique_ptr<FocusSwitch> makeInhibitionSwitch(GDBusConnection* bus,
                                                                 FocusSwitch::OnSwitched onSwitched);
 

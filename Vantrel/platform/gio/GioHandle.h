@@ -1,4 +1,4 @@
-// Owners of what GLib counts and allocates.
+// Owning handles for GLib objects.
 #pragma once
 
 #include <gio/gio.h>

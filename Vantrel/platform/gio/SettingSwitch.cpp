@@ -40,7 +40,7 @@ std::unique_ptr<FocusSwitch> makeSettingSwitch(const FocusSetting& setting,
     auto* const source = g_settings_schema_source_get_default();
     const GLibHandle<GSettingsSchema> schema(
         source != nullptr ? g_settings_schema_source_lookup(source, setting.schema, TRUE) : nullptr);
-    // GLib ends the program over a key that is missing.
+    // GLib aborts the program if the key is missing.
     if (!schema || g_settings_schema_has_key(schema.get(), setting.key) == FALSE) {
         return nullptr;
     }

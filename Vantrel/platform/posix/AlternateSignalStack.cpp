@@ -8,7 +8,7 @@ namespace vantrel::posix {
 
 namespace {
 
-// Walking the stack takes some kilobytes, saving a large processor's registers up to eleven more.
+// Walking the stack takes a few kilobytes; saving the registers of a large processor takes up to eleven more.
 constexpr std::size_t usableSize = 65536;
 
 } // namespace
@@ -24,7 +24,7 @@ AlternateSignalStack::AlternateSignalStack() {
     if (memory == MAP_FAILED) {
         return;
     }
-    // A handler that needs more ends the process here rather than write into what lies below.
+    // A guard page: overflowing it ends the process instead of corrupting memory.
     ::mprotect(memory, page, PROT_NONE);
     stack_t stack{};
     stack.ss_sp = static_cast<std::byte*>(memory) + page;
@@ -43,7 +43,7 @@ AlternateSignalStack::~AlternateSignalStack() {
     }
     stack_t none{};
     none.ss_flags = SS_DISABLE;
-    // Refused while a handler stands on it; then the memory has to stay.
+    // Fails while a handler runs on the stack; then the memory must stay.
     if (::sigaltstack(&none, nullptr) == 0) {
         ::munmap(m_memory, m_size);
     }

@@ -1,13 +1,13 @@
-// A stack for signal handlers beside that of the thread, so that a crash by stack overflow can be reported,
-// too: the thread's own stack has no room left for the handler.
+// A separate stack for signal handlers, so that stack overflows can be reported: the thread's own stack has
+// no room left for the handler.
 #pragma once
 
 #include <cstddef>
 
 namespace vantrel::posix {
 
-// Made and destroyed on the thread that it serves; `reportedThread` gives every thread of ours one. Does
-// nothing on a thread that has such a stack already, or when there is no memory.
+// Create and destroy it on the thread that it serves; `reportedThread` does this for our threads. Does
+// nothing if the thread already has such a stack or there is no memory.
 class AlternateSignalStack {
 public:
     AlternateSignalStack();
@@ -16,7 +16,7 @@ public:
     AlternateSignalStack& operator=(const AlternateSignalStack&) = delete;
 
 private:
-    // The whole mapping, of which the first page is a wall; null when there is none.
+    // The whole mapping, including the guard page; null if there is none.
     void* m_memory = nullptr;
     std::size_t m_size = 0;
 };

@@ -6,8 +6,8 @@ namespace vantrel::AutostartEntry {
 
 namespace {
 
-// A quoted argument as the value of a key: first what quoting demands, then what a value demands of every
-// backslash; a percent sign begins a field code.
+// Escapes for a quoted argument, then escapes every backslash for the key's value. A percent sign would begin
+// a field code, so it is doubled.
 std::string quoted(std::string_view program) {
     std::string result;
     for (const char each : program) {
@@ -45,7 +45,7 @@ std::string withCommand(std::string_view command) {
         command);
 }
 
-// As written by us, maybe when the program was elsewhere.
+// True if we wrote it, perhaps with another program path.
 bool isOurs(std::string_view content) {
     constexpr std::string_view mark = "\nExec=";
     const auto at = content.find(mark);

@@ -1,6 +1,5 @@
-// The desktop's autostart entry of this program: what it says, and what becomes of the one that is there.
-//
-// An entry that somebody has changed is theirs: it is neither replaced nor removed.
+// This program's autostart entry: its content, and what to do with an existing one. An entry that the user
+// has changed is neither replaced nor removed.
 #pragma once
 
 #include <cstdint>
@@ -10,18 +9,18 @@
 
 namespace vantrel::AutostartEntry {
 
-// The entry's content; `program` is the absolute path of the program.
+// The entry's content. `program` is the program's absolute path.
 [[nodiscard]] std::string text(std::string_view program);
 
 enum class Change : std::uint8_t {
     nothing,
     write,
     remove,
-    // It says something else than is wanted, and is somebody's own.
+    // The user has changed it.
     leaveAlone,
 };
 
-// `existing` is the content of the file that is there, if any; `program` as for text().
+// `existing` is the content of the current file, if any. `program` is as for text().
 [[nodiscard]] Change change(bool isWanted, const std::optional<std::string>& existing,
                             std::string_view program);
 

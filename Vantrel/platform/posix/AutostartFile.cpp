@@ -11,13 +11,13 @@ AutostartFile::AutostartFile(FileSystem& files, std::filesystem::path file, std:
     : m_files(files), m_file(std::move(file)), m_program(std::move(program)) {}
 
 std::string AutostartFile::setLaunchAtLogin(bool launches) {
-    const auto told = [&](const char* done, std::error_code error) {
+    const auto message = [&](const char* done, std::error_code error) {
         return fmt::format("autostart: {} {}", m_file.string(),
                            error ? "could not be changed: " + error.message() : done);
     };
     const auto existing = m_files.read(m_file);
     if (!existing && existing.error() != std::errc::no_such_file_or_directory) {
-        return told("", existing.error());
+        return message("", existing.error());
     }
     switch (AutostartEntry::change(launches, existing ? std::optional(*existing) : std::nullopt, m_program)) {
     case AutostartEntry::Change::nothing:
@@ -27,12 +27,12 @@ std::string AutostartFile::setLaunchAtLogin(bool launches) {
         if (!error) {
             error = m_files.writeAtomically(m_file, AutostartEntry::text(m_program));
         }
-        return told("written", isReplaced(error) ? std::error_code() : error);
+        return message("written", isReplaced(error) ? std::error_code() : error);
     }
     case AutostartEntry::Change::remove:
-        return told("removed", m_files.remove(m_file));
+        return message("removed", m_files.remove(m_file));
     case AutostartEntry::Change::leaveAlone:
-        return told("is the user's own and left alone", {});
+        return message("was changed by the user and is left alone", {});
     }
     return "";
 }

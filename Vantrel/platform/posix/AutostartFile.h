@@ -1,4 +1,4 @@
-// Has the desktop start this program with the user's session, by an entry in the autostart folder.
+// Makes the desktop start this program at login, with an entry in the autostart folder.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -10,10 +10,10 @@ namespace vantrel {
 
 class AutostartFile {
 public:
-    // The file system outlives it. `program` is an absolute path.
+    // `files` must outlive it. `program` is an absolute path.
     AutostartFile(FileSystem& files, std::filesystem::path file, std::string program);
 
-    // What came of it, for the log; empty when there was nothing to do.
+    // Returns a message for the log; empty if there was nothing to do.
     std::string setLaunchAtLogin(bool launches);
 
 private:

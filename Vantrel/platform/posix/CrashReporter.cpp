@@ -31,10 +31,11 @@ namespace vantrel::CrashReporter {
 namespace {
 
 constexpr unsigned ownerOnly = 0600;
-constexpr unsigned secondsForAReport = 10;
+constexpr unsigned reportSeconds = 10;
 constexpr std::size_t mostFrames = 128;
 
-// Everything a handler touches, made at install. Never destroyed: the program may crash at its very end.
+// Everything that a handler uses, prepared by install. Never destroyed, because the program may crash while
+// exiting.
 FixedText<PATH_MAX> pathBuffer;
 FixedText<2048> headerBuffer;
 std::array<void*, mostFrames> backtraceBuffer{};
@@ -70,7 +71,7 @@ std::string_view signalName(int signal) {
     }
 }
 
-// As the system ends a process by this signal.
+// Ends the process as the signal's default action would.
 [[noreturn]] void endBy(int signal) {
     std::signal(signal, SIG_DFL);
     sigset_t unblocked;
@@ -85,8 +86,8 @@ void endUnfinished(int /*signal*/) {
     endBy(reportedSignal);
 }
 
-// Returns to the first crash alone, which then has `secondsForAReport` for its report.
-void becomeTheReporter(int signal) {
+// Returns only for the first crash, which then has `reportSeconds` for its report.
+void claimReport(int signal) {
     if (isReporting.exchange(true)) {
         if (::pthread_equal(reportingThread, ::pthread_self()) != 0) {
             endBy(reportedSignal);
@@ -97,16 +98,16 @@ void becomeTheReporter(int signal) {
     }
     reportingThread = ::pthread_self();
     reportedSignal = signal;
-    // The stack may be beyond walking, or a lock of the loader held for ever.
+    // Walking the stack may hang, for example on a lock that the loader holds.
     std::signal(SIGALRM, endUnfinished);
     sigset_t alarm;
     sigemptyset(&alarm);
     sigaddset(&alarm, SIGALRM);
     pthread_sigmask(SIG_UNBLOCK, &alarm, nullptr);
-    ::alarm(secondsForAReport);
+    ::alarm(reportSeconds);
 }
 
-// The time of the crash and `ending` behind the folder in the buffer.
+// Appends the time of the crash and `ending` to the folder in the buffer.
 bool namePath(std::string_view ending) {
     const auto time = std::to_chars(digitScratch.begin(), digitScratch.end(), std::time(nullptr));
     pathBuffer.truncate(folderLength);
@@ -118,13 +119,13 @@ std::span<void* const> captureFrames() {
     return std::span(backtraceBuffer).first(count > 0 ? static_cast<std::size_t>(count) : 0);
 }
 
-// What cannot be written is left out; there is nobody to tell.
+// Ignores errors; there is nowhere to report them.
 void put(const posix::FileDescriptor& file, std::string_view text) {
     [[maybe_unused]] const auto error = file.writeAll(text);
 }
 
-// Safe in a signal handler: open, write, read and close, time, and glibc's two functions for backtraces.
-// `backtrace` loads a library and allocates when it is called first, so `install` calls it before.
+// Safe in a signal handler: uses only open, write, read, close, time and glibc's two backtrace functions. The
+// first call of `backtrace` loads a library and allocates, so `install` calls it early.
 void writeSignalReport(int signal) {
     if (!namePath(CrashReportNames::signalEnding)) {
         return;
@@ -146,7 +147,7 @@ void writeSignalReport(int signal) {
 }
 
 void handleSignal(int signal) {
-    becomeTheReporter(signal);
+    claimReport(signal);
     writeSignalReport(signal);
     endBy(signal);
 }
@@ -181,9 +182,9 @@ CrashReportText::UncaughtException currentException() {
     return {.name = exceptionName(), .reason = exceptionReason(), .callStack = std::move(callStack)};
 }
 
-// Where there is no report of the exception, the SIGABRT that follows is reported.
+// If this fails, the SIGABRT that follows is reported instead.
 void reportException(const std::function<CrashReportText::UncaughtException()>& read) {
-    becomeTheReporter(SIGABRT);
+    claimReport(SIGABRT);
     bool isWritten = false;
     try {
         const auto report = CrashReportText::exceptionReport(headerBuffer.view(), read());
@@ -210,7 +211,7 @@ bool isStandardException() {
     }
 }
 
-// The former handler tells the exception on standard error and calls abort().
+// The former handler prints the exception to standard error and calls abort().
 [[noreturn]] void handleTerminate() {
     if (std::current_exception() &&
         (otherExceptions == OtherExceptions::reportHere || isStandardException())) {
@@ -220,7 +221,7 @@ bool isStandardException() {
     std::abort();
 }
 
-// Loads what is loaded late and finds what is bound late, so that a handler need not.
+// Triggers lazy loading and binding, so that a handler does not have to.
 void rehearse() {
     for (void* const frame : captureFrames()) {
         [[maybe_unused]] const auto line = frameSymbols.line(frame);
@@ -245,13 +246,13 @@ void install(const std::filesystem::path& supportDirectory, const SystemDescript
     folderLength = pathBuffer.size();
     frameSymbols.prepare();
     rehearse();
-    // For as long as the main thread lives.
+    // Kept for the life of the main thread.
     static const auto* const stack = new posix::AlternateSignalStack();
     static_cast<void>(stack);
     for (const int signal : posix::crashSignals) {
         struct sigaction action{};
         action.sa_handler = handleSignal;
-        // Not deferred: a fault while one is reported has to come to the handler, to end the process.
+        // A fault during a report must reach the handler, which then ends the process.
         action.sa_flags = SA_ONSTACK | SA_NODEFER;
         sigemptyset(&action.sa_mask);
         ::sigaction(signal, &action, nullptr);

@@ -1,5 +1,5 @@
-// Writes a small text file when the program crashes: the signal or the uncaught exception, the header, the
-// stack of the thread that crashed. The process then ends as it would have ended without.
+// Writes a small text file when the program crashes: the signal or the uncaught exception, the header and the
+// stack of the crashed thread. The process then ends as it would have without this.
 #pragma once
 
 #include "VantrelCore/diagnostics/CrashReportText.h"
@@ -10,27 +10,25 @@
 
 namespace vantrel::CrashReporter {
 
-// Creates the crashes folder and has the crash signals of every thread reported from now on. Once, early, on
-// the main thread. When the folder cannot be used, crashes stay unreported, silently.
-//
-// A stack overflow is reported on threads that hold an AlternateSignalStack; the caller's gets one here.
-// While a report is written, a second fault ends the process at once, by the first one's signal, and so
-// does the clock when it takes longer than ten seconds; other threads that crash meanwhile wait for the end.
+// Creates the crashes folder and installs the signal handlers for all threads. Call once, early, on the main
+// thread. If the folder cannot be used, crashes are silently not reported. Stack overflows are reported on
+// threads with an AlternateSignalStack; the calling thread gets one here. A second fault on the reporting
+// thread, or a report that takes longer than ten seconds, ends the process at once with the first signal.
+// Other threads that crash meanwhile wait for the end.
 void install(const std::filesystem::path& supportDirectory, const SystemDescription& system);
 
-// What becomes of uncaught exceptions that are not the standard library's.
+// How to handle uncaught exceptions not derived from std::exception.
 enum class OtherExceptions : std::uint8_t {
     reportHere,
-    // The runtime of another language hands them to `reportUncaught`, out of the terminate handler that was
-    // there before. Objective-C's does.
-    comeFromTheirRuntime,
+    // Another language's runtime passes them to `reportUncaught` from the previous terminate handler, as
+    // Objective-C's does.
+    reportedByRuntime,
 };
 
-// Has uncaught exceptions reported with name and reason, which the signal alone (SIGABRT) would not have.
-// After `install`.
+// Reports uncaught exceptions with name and reason, which SIGABRT alone would not give. Call after `install`.
 void installExceptionHandler(OtherExceptions other = OtherExceptions::reportHere);
 
-// Reports an exception that ends the process; the SIGABRT that follows is not reported once more.
+// Reports an exception that ends the process. The SIGABRT that follows is not reported again.
 void reportUncaught(const CrashReportText::UncaughtException& exception);
 
 // Inside the application-support folder.

@@ -1,4 +1,4 @@
-// The signals that a broken program is ended by. A thread that blocks them ends without a crash report.
+// The signals of a crash. A thread that blocks them crashes without a report.
 #pragma once
 
 #include <array>

@@ -11,7 +11,7 @@ namespace vantrel::posix {
 
 namespace {
 
-// Repeats a system call that a signal interrupted.
+// Retries a system call interrupted by a signal.
 template <typename Call>
 auto uninterrupted(Call&& call) {
     auto result = call();
@@ -84,7 +84,7 @@ std::error_code FileDescriptor::writeAll(std::string_view content) const {
 
 std::error_code FileDescriptor::flush() const {
 #ifdef F_FULLFSYNC
-    // fsync leaves the data in the drive's own cache on macOS; not every file system there can do this.
+    // On macOS, fsync leaves the data in the drive's cache. Not every file system there supports F_FULLFSYNC.
     if (::fcntl(m_descriptor, F_FULLFSYNC) == 0) {
         return {};
     }

@@ -1,4 +1,4 @@
-// An open file descriptor that closes itself, and whole writes and flushes through it.
+// An owned file descriptor, with complete reads, writes and flushes.
 #pragma once
 
 #include <cstdint>
@@ -9,13 +9,13 @@
 
 namespace vantrel::posix {
 
-// What errno says.
+// errno as an error code.
 [[nodiscard]] std::error_code lastError();
 
 class FileDescriptor {
 public:
     FileDescriptor() = default;
-    // Takes the descriptor over; negative for none.
+    // Takes ownership of the descriptor; negative means none.
     explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
     FileDescriptor(FileDescriptor&& other) noexcept;
     FileDescriptor& operator=(FileDescriptor&& other) noexcept;
@@ -23,16 +23,16 @@ public:
     FileDescriptor& operator=(const FileDescriptor&) = delete;
     ~FileDescriptor();
 
-    // Closed in child programs. `permissions` count when the flags create the file.
+    // Opens with O_CLOEXEC. `permissions` apply if the flags create the file.
     [[nodiscard]] static FileDescriptor open(const std::string& path, int flags, unsigned permissions = 0);
 
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
     [[nodiscard]] int get() const { return m_descriptor; }
 
-    // file_too_large when there are more than `maxBytes`.
+    // Fails with file_too_large if there are more than `maxBytes`.
     [[nodiscard]] std::expected<std::string, std::error_code> readToEnd(std::uint64_t maxBytes) const;
     [[nodiscard]] std::error_code writeAll(std::string_view content) const;
-    // Returns when the disk holds what was written.
+    // Returns once the data is on disk.
     [[nodiscard]] std::error_code flush() const;
 
 private:

@@ -27,15 +27,15 @@ std::string_view FrameSymbols::line(void* frame) {
     if (count <= 0) {
         return {};
     }
-    // What did not fit must not begin the next line.
+    // Discard what did not fit, so that it does not begin the next line.
     std::array<char, 256> rest{};
     while (::read(m_pipe[0], rest.data(), rest.size()) > 0) {
     }
-    std::string_view words(m_line.data(), static_cast<std::size_t>(count));
-    if (words.ends_with('\n')) {
-        words.remove_suffix(1);
+    std::string_view text(m_line.data(), static_cast<std::size_t>(count));
+    if (text.ends_with('\n')) {
+        text.remove_suffix(1);
     }
-    return CrashReportText::withoutFolders(words);
+    return CrashReportText::withoutFolders(text);
 }
 
 } // namespace vantrel::posix

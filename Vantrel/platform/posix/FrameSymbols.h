@@ -1,8 +1,7 @@
-// The words for a return address: module, function, offset. For use in a signal handler.
-//
-// Of the ways to name a frame, backtrace_symbols_fd alone is documented to allocate nothing and to be safe in
-// a signal handler (dladdr is not, backtrace_symbols allocates). It writes to a descriptor and gives whole
-// paths, so it writes into a pipe of ours, from which the line is taken without the folders.
+// Describes a return address: module, function, offset. Safe to use in a signal handler. Only
+// backtrace_symbols_fd is documented not to allocate and to be safe in a signal handler (dladdr is not, and
+// backtrace_symbols allocates). It writes full paths to a descriptor, so we have it write to a pipe and read
+// the line back without the folders.
 #pragma once
 
 #include <array>
@@ -12,17 +11,17 @@ namespace vantrel::posix {
 
 class FrameSymbols {
 public:
-    // Opens the pipe, once, outside of any handler. Without it frames have no words.
+    // Opens the pipe. Call once, outside any handler. Without it, lines are empty.
     void prepare();
 
-    // Without a newline; valid until the next call, empty when there are no words. Not for two threads at a
-    // time.
+    // Has no newline, is valid until the next call, and is empty if the frame cannot be described. Not
+    // thread-safe.
     [[nodiscard]] std::string_view line(void* frame);
 
 private:
     // Neither end ever blocks.
     std::array<int, 2> m_pipe{-1, -1};
-    // Longer than any path: a line that is cut still shows where the folders end.
+    // Longer than any path, so a truncated line still shows where the folders end.
     std::array<char, 8192> m_line{};
 };
 

@@ -26,15 +26,15 @@ std::error_code lock(const FileDescriptor& file, std::chrono::milliseconds patie
             return {};
         }
         const auto error = lastError();
-        const bool mayPass = error == std::errc::operation_would_block || error == std::errc::interrupted;
-        if (!mayPass || waited >= patience) {
+        const bool isTemporary = error == std::errc::operation_would_block || error == std::errc::interrupted;
+        if (!isTemporary || waited >= patience) {
             return error;
         }
         std::this_thread::sleep_for(pause);
     }
 }
 
-// What is not plain text is nobody's who wrote as we do.
+// Anything but plain text was not written by us.
 InstanceLock::Holder holderIn(const FileDescriptor& file) {
     std::array<char, longestHolder> buffer{};
     const auto count = ::pread(file.get(), buffer.data(), buffer.size(), 0);
@@ -44,7 +44,7 @@ InstanceLock::Holder holderIn(const FileDescriptor& file) {
     return isPlain ? InstanceLock::Holder(text) : InstanceLock::Holder();
 }
 
-// For people alone: the lock counts, whatever the file says.
+// Informational only; the lock itself does not depend on the content.
 void writeHolder(const FileDescriptor& file) {
     std::array<char, 64> host{};
     ::gethostname(host.data(), host.size() - 1);
@@ -63,7 +63,7 @@ std::expected<InstanceLock, InstanceLock::Holder> InstanceLock::take(const std::
     auto file = FileDescriptor::open(path, O_RDWR | O_CREAT | O_NONBLOCK, ownerOnly);
     const auto problem = file.isOpen() ? std::error_code() : lastError();
     if (problem) {
-        // An older one can be locked also where nothing can be written.
+        // An existing file can be locked even if it cannot be written.
         file = FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
         if (!file.isOpen()) {
             return InstanceLock({}, problem);

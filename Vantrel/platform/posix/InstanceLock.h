@@ -1,4 +1,4 @@
-// One running program per data folder: two would overwrite each other's files.
+// Allows one running program per data folder: two would overwrite each other's files.
 #pragma once
 
 #include "Vantrel/platform/posix/FileDescriptor.h"
@@ -11,22 +11,23 @@
 
 namespace vantrel {
 
-// A lock of the kernel's on a file in the folder, which therefore ends with the process, however that ends.
-// The file stays: one that was removed and made again could be locked twice.
+// A kernel lock on a file in the folder, so it ends with the process in any case. The file is never removed:
+// a recreated file could be locked twice.
 class InstanceLock {
 public:
     static constexpr const char* fileName = "vantrel.lock";
 
-    // Who holds it, as the holder wrote it ("process 4711 on desk"); empty when it could not be read.
+    // The holder's own description ("process 4711 on desk"); empty if it cannot be read.
     using Holder = std::string;
 
-    // Waits for `patience`, because the other program may just be ending. Fails only when another one holds
-    // the lock: a program that cannot lock is more use than none, and has a problem().
+    // Waits up to `patience`, because the other program may be about to exit. Fails only if another program
+    // holds the lock. If locking is impossible, succeeds with a problem(), because running without a lock is
+    // better than not running.
     [[nodiscard]] static std::expected<InstanceLock, Holder>
     take(const std::filesystem::path& folder, std::chrono::milliseconds patience = std::chrono::seconds(2));
 
-    // Why nothing is locked: the folder cannot be written, so neither can its files, or the file system knows
-    // no locks. None when the lock is held.
+    // Why nothing is locked: the folder, and so its files, cannot be written, or the file system does not
+    // support locks. No error if the lock is held.
     [[nodiscard]] const std::error_code& problem() const { return m_problem; }
 
 private:

@@ -17,7 +17,7 @@ MachineIDFile::MachineIDFile(FileSystem& files, std::vector<std::filesystem::pat
 std::optional<std::string> MachineIDFile::machineID() {
     for (const auto& place : m_places) {
         const auto content = m_files.read(place);
-        // While a system is being installed it says "uninitialized".
+        // During system installation it contains "uninitialized".
         if (content && content->size() >= digits) {
             auto id = content->substr(0, digits);
             if (id.find_first_not_of("0123456789abcdef") == std::string::npos) {

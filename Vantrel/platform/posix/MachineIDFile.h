@@ -1,4 +1,4 @@
-// The computer's identity as Linux systems keep it: made when the system was installed.
+// The machine ID of a Linux system, created at installation.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -11,7 +11,7 @@ namespace vantrel {
 
 class MachineIDFile final : public MachineIdentity {
 public:
-    // `places` are asked in their order.
+    // Tries `places` in order.
     explicit MachineIDFile(FileSystem& files, std::vector<std::filesystem::path> places = {
                                                   "/etc/machine-id", "/var/lib/dbus/machine-id"});
 

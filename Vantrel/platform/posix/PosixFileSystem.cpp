@@ -24,7 +24,7 @@ std::filesystem::path folderOf(const std::filesystem::path& file) {
     return file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
 }
 
-// Where the content really stands: the end of a chain of symbolic links, else the file itself.
+// The end of a chain of symbolic links, else the file itself.
 std::filesystem::path linkTarget(const std::filesystem::path& file) {
     std::error_code error;
     if (!std::filesystem::is_symlink(file, error)) {
@@ -44,7 +44,7 @@ std::error_code flushFolder(const FileDescriptor& folder) {
 } // namespace
 
 std::expected<std::string, std::error_code> PosixFileSystem::read(const std::filesystem::path& file) {
-    // Without waiting for the other end of a pipe that someone put there.
+    // O_NONBLOCK: if the path is a pipe, do not wait for its other end.
     const auto descriptor = FileDescriptor::open(file.string(), O_RDONLY | O_NONBLOCK);
     if (!descriptor.isOpen()) {
         return std::unexpected(lastError());
@@ -58,7 +58,7 @@ std::error_code PosixFileSystem::writeAtomically(const std::filesystem::path& fi
     if (isFirstWriteTo(target)) {
         TemporaryFile::removeLeftovers(folderOf(target) / target.filename());
     }
-    // Opened first: once the rename is done, no error may come but the disk's own.
+    // Open the folder first, so that only disk errors can occur after the rename.
     const auto folder = FileDescriptor::open(folderOf(target).string(), O_RDONLY | O_DIRECTORY);
     if (!folder.isOpen()) {
         return lastError();
@@ -119,7 +119,7 @@ PosixFileSystem::list(const std::filesystem::path& directory) {
     std::error_code error;
     for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
          entry.increment(error)) {
-        // One that vanishes meanwhile is none.
+        // Skip files that vanish meanwhile.
         std::error_code gone;
         const auto status = entry->symlink_status(gone);
         const auto modified = entry->last_write_time(gone);

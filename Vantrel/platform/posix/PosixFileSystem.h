@@ -1,4 +1,4 @@
-// The file operations of stores and logs on a POSIX system.
+// The file operations that stores and logs use, for POSIX systems.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -8,14 +8,14 @@
 
 namespace vantrel {
 
-// New files and folders are for their owner alone: they tell what the user has open.
+// Only the owner can access new files and folders, because they reveal what the user has open.
 class PosixFileSystem final : public FileSystem {
 public:
     [[nodiscard]] std::expected<std::string, std::error_code>
     read(const std::filesystem::path& file) override;
 
-    // Keeps the permissions of the file that it replaces; a symbolic link stays and its target is replaced.
-    // The first write to a file also removes what killed processes left behind of theirs.
+    // Keeps the permissions of the replaced file. Replaces the target of a symbolic link, not the link. The
+    // first write to a file also removes temporary files that killed processes left behind.
     [[nodiscard]] std::error_code writeAtomically(const std::filesystem::path& file,
                                                   std::string_view content) override;
 

@@ -1,4 +1,4 @@
-// Threads whose every crash can be reported, a stack overflow too: the way to start one.
+// Starts threads whose crashes can be reported, including stack overflows.
 #pragma once
 
 #include <functional>
@@ -6,8 +6,8 @@
 
 namespace vantrel::posix {
 
-// `work` has an AlternateSignalStack under it and the crash signals unblocked, whatever the starting thread
-// blocks. Throws std::system_error when the system gives no more threads.
+// Runs `work` with an AlternateSignalStack and with the crash signals unblocked, whatever the starting thread
+// blocks. Throws std::system_error if no thread can be created.
 [[nodiscard]] std::thread reportedThread(std::function<void()> work);
 
 } // namespace vantrel::posix

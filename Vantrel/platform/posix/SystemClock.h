@@ -1,4 +1,4 @@
-// The time of the machine.
+// The system's clocks.
 #pragma once
 
 #include "VantrelCore/ports/Clock.h"

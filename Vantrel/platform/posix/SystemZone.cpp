@@ -6,7 +6,7 @@ namespace vantrel {
 
 namespace {
 
-// None when the variable is not set. A colon before the value means nothing any more.
+// Returns none if TZ is not set. Drops a leading colon, which no longer has a meaning.
 std::optional<std::string> zoneVariable() {
     const char* const variable = std::getenv("TZ");
     if (variable == nullptr) {
@@ -34,12 +34,12 @@ TimeZone SystemZone::current() {
     if (!found && !m_isUnreadable) {
         const auto value = zoneVariable();
         m_log("time zone: " + (value ? "TZ=" + *value : m_localtime.string()) +
-              " cannot be read, so times are taken as UTC; is the package tzdata installed?");
+              " cannot be read, so UTC is used; is the package tzdata installed?");
     }
     m_isUnreadable = !found;
     const TimeZone zone = found.value_or(TimeZone::utc());
     if (m_zone && *m_zone != zone) {
-        m_log("time zone: the zone of this machine or its rules have changed");
+        m_log("time zone: this machine's zone or its rules have changed");
     }
     m_zone = zone;
     return zone;

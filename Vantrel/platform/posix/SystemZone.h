@@ -1,4 +1,4 @@
-// The time zone that this machine is set to.
+// This machine's time zone.
 #pragma once
 
 #include "Vantrel/platform/posix/ZoneDatabase.h"
@@ -10,8 +10,8 @@
 
 namespace vantrel {
 
-// TZ where it is set, read as the C library reads it: the name of a zone, a file, or a POSIX value. Else
-// /etc/localtime. A zone that cannot be read counts as UTC; the log says so, and when the zone changes.
+// Uses TZ if it is set, interpreted as the C library does: a zone name, a file or a POSIX value. Otherwise
+// uses /etc/localtime. Falls back to UTC if the zone cannot be read. Logs that, and changes of the zone.
 class SystemZone final : public LocalZone {
 public:
     using Log = std::function<void(const std::string& message)>;
@@ -28,7 +28,7 @@ private:
     Log m_log;
     std::filesystem::path m_localtime;
     ZoneDatabase m_database;
-    // As last looked: none before the first time.
+    // The last result; none before the first call.
     std::optional<TimeZone> m_zone;
     bool m_isUnreadable = false;
 };

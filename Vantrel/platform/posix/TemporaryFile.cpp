@@ -25,7 +25,7 @@ bool isStillLinked(const FileDescriptor& file) {
     return ::fstat(file.get(), &status) == 0 && status.st_nlink > 0;
 }
 
-// True when the lock is ours or this file system knows no locks.
+// True if we got the lock or the file system does not support locks.
 bool lockOwn(const FileDescriptor& file) {
     return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
@@ -33,7 +33,7 @@ bool lockOwn(const FileDescriptor& file) {
 } // namespace
 
 std::expected<TemporaryFile, std::error_code> TemporaryFile::create(const std::filesystem::path& target) {
-    // Someone who removes leftovers may take the file for one before it is locked: then another is made.
+    // Another process may remove the file as a leftover before we lock it. Then create another one.
     for (int attempt = 0; attempt < 100; ++attempt) {
         std::string path = (target.parent_path() / namePrefix(target)).string().append(uniquePart);
         FileDescriptor descriptor(::mkostemp(path.data(), O_CLOEXEC));

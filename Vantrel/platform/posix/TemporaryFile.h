@@ -1,5 +1,5 @@
-// The file beside a target that holds its next content until the rename. Its owner keeps it locked, so that
-// leftovers of killed processes can be told from files in use, in whatever process namespace.
+// A file beside a target that holds its new content until the rename. Its owner keeps it locked, to tell
+// leftovers of killed processes from files in use, even across process namespaces.
 #pragma once
 
 #include "Vantrel/platform/posix/FileDescriptor.h"
@@ -12,11 +12,11 @@ namespace vantrel::posix {
 
 class TemporaryFile {
 public:
-    // With a unique name, readable by its owner alone.
+    // Has a unique name and is readable only by its owner.
     [[nodiscard]] static std::expected<TemporaryFile, std::error_code>
     create(const std::filesystem::path& target);
 
-    // Removes the temporary files of this target that nobody holds any more.
+    // Removes the target's temporary files that no process has locked.
     static void removeLeftovers(const std::filesystem::path& target);
 
     TemporaryFile(TemporaryFile&& other) noexcept;

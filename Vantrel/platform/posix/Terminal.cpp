@@ -18,9 +18,9 @@ constexpr int fewestColumns = 20;
 constexpr int mostColumns = 1000;
 
 int columnsOfOutput() {
-    if (const char* told = std::getenv("COLUMNS"); told != nullptr) {
+    if (const char* value = std::getenv("COLUMNS"); value != nullptr) {
         int columns = 0;
-        const std::string_view text(told);
+        const std::string_view text(value);
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), columns);
         if (error == std::errc() && end == text.data() + text.size() && columns > 0) {
             return columns;

@@ -1,4 +1,4 @@
-// What the program's standard output goes to: how wide it is and which characters it shows.
+// The width and character set of standard output.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +8,9 @@ namespace vantrel {
 enum class TerminalCharacters : std::uint8_t { utf8, ascii };
 
 struct Terminal {
-    // What COLUMNS says, else the terminal's own width, else 80.
+    // COLUMNS if set, else the terminal's width, else 80.
     int columns = 80;
-    // By the locale of the environment.
+    // From the environment's locale.
     TerminalCharacters characters = TerminalCharacters::utf8;
 };
 

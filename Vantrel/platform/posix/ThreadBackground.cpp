@@ -17,15 +17,15 @@ namespace {
 constexpr std::size_t mostPerformers = 64;
 constexpr std::size_t threadsPerPriority = 2;
 
-// One call of concurrentPerform: workers draw the next index until there is none.
+// One call of concurrentPerform. Workers take the next index until none is left.
 class IndexedWork {
 public:
     IndexedWork(std::size_t count, const std::function<void(std::size_t)>& work)
         : m_count(count), m_work(work) {}
 
-    // Touches `m_work`, which the caller owns, only while an index is being worked on; a worker that comes
-    // late finds none left.
-    void drawAll() {
+    // Uses `m_work`, which the caller owns, only while an index is being worked on. A late worker finds no
+    // index left.
+    void takeAll() {
         for (std::size_t index = m_next++; index < m_count; index = m_next++) {
             std::exception_ptr error;
             try {
@@ -41,7 +41,7 @@ public:
         }
     }
 
-    // Throws what the work threw first.
+    // Rethrows the first exception of the work.
     void waitUntilFinished() {
         std::unique_lock lock(m_mutex);
         m_allFinished.wait(lock, [this] { return m_finished == m_count; });
@@ -75,7 +75,7 @@ ThreadBackground::ThreadBackground(const ErrorBoundary::Log& log)
 
 ThreadBackground::~ThreadBackground() {
     m_stop.requestStop();
-    // All end before any is gone: work that still runs may ask for more, of either kind.
+    // End all pools before destroying any: running work may still submit more to any of them.
     m_utility.end();
     m_userInitiated.end();
     m_performers.end();
@@ -93,9 +93,9 @@ void ThreadBackground::concurrentPerform(std::size_t count, const std::function<
     const auto indexed = std::make_shared<IndexedWork>(count, work);
     const std::size_t others = std::min(count - 1, mostPerformers);
     for (std::size_t i = 0; i < others; ++i) {
-        m_performers.submit([indexed] { indexed->drawAll(); });
+        m_performers.submit([indexed] { indexed->takeAll(); });
     }
-    indexed->drawAll();
+    indexed->takeAll();
     indexed->waitUntilFinished();
 }
 

@@ -1,4 +1,4 @@
-// Background work on threads of our own.
+// Runs background work on its own threads.
 #pragma once
 
 #include "Vantrel/platform/posix/WorkerPool.h"
@@ -6,21 +6,20 @@
 
 namespace vantrel {
 
-// Destroying it asks the work that has begun to stop, and waits for it; queued work that has not does not run
-// any more.
+// The destructor asks running work to stop and waits for it. Queued work is dropped.
 class ThreadBackground final : public Background {
 public:
-    // `log` is told, on the worker, of work that threw.
+    // Calls `log` on the worker thread when work throws.
     explicit ThreadBackground(const ErrorBoundary::Log& log = {});
     ~ThreadBackground() override;
     ThreadBackground(const ThreadBackground&) = delete;
     ThreadBackground& operator=(const ThreadBackground&) = delete;
 
-    // Utility work never takes a thread from work that the user waits for.
+    // Utility work never takes a thread from work that the user is waiting for.
     void run(WorkPriority priority, std::function<void()> work) override;
 
-    // The calling thread is one of the workers, so that nested calls always get on. Beyond 64 workers at a
-    // time, indexes wait for one another. Throws the first error of `work`, once all indexes are done.
+    // The calling thread also works, so nested calls always make progress. Uses at most 64 more workers;
+    // further indexes wait. Once all indexes are done, rethrows the first exception of `work`.
     void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
 
     [[nodiscard]] StopToken stopToken() const override { return m_stop.token(); }

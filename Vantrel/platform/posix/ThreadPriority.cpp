@@ -17,12 +17,13 @@ void takePriority(WorkPriority priority) {
 
 #else
 
-// Steps of niceness, which on Linux ends at 19. It still gets about a tenth of a busy processor.
+// Added to the nice value, whose maximum is 19 on Linux. The thread still gets about a tenth of a busy
+// processor.
 constexpr int utilitySteps = 10;
 
 void takePriority(WorkPriority priority) {
     if (priority == WorkPriority::utility) {
-        // On Linux 0 is the calling thread, not the process.
+        // On Linux, 0 means the calling thread, not the process.
         setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + utilitySteps);
     }
 }

@@ -1,11 +1,12 @@
-// How urgently the system runs a thread.
+// Sets thread priorities.
 #pragma once
 
 #include "VantrelCore/ports/Background.h"
 
 namespace vantrel::posix {
 
-// For the calling thread, once: utility work gives way to everything that somebody waits for.
+// Sets the calling thread's priority. Call once per thread. Utility work yields to anything that the user
+// waits for.
 void takePriority(WorkPriority priority);
 
 } // namespace vantrel::posix

@@ -39,8 +39,8 @@ void WorkerPool::submit(std::function<void()> work) {
             try {
                 m_threads.push_back(reportedThread([this] { serve(); }));
             } catch (const std::system_error&) {
-                // The system gives no more: those that there are take the work in turn, and while there
-                // is none the next call tries again.
+                // No more threads available. The existing threads do the work; if there are none, the next
+                // call tries again.
                 m_options.maximumThreads = std::max<std::size_t>(m_threads.size(), 1);
             }
         }
@@ -64,7 +64,7 @@ void WorkerPool::serve() {
         m_queue.pop_front();
         lock.unlock();
         ErrorBoundary::run("background", m_options.log, work);
-        // Before the lock: what the work holds may submit more when it goes.
+        // Destroy the work before locking: its captured objects may submit more work when destroyed.
         work = nullptr;
         lock.lock();
     }

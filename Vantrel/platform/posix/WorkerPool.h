@@ -1,4 +1,4 @@
-// Threads that take work off one queue: made when work finds no idle one, then kept for the next.
+// Threads that share one work queue. A thread is started when work finds none idle, and then kept.
 #pragma once
 
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
@@ -17,9 +17,9 @@ class WorkerPool {
 public:
     struct Options {
         std::size_t maximumThreads = 1;
-        // Told, on the worker, of work that threw; the worker goes on with the next.
+        // Called on the worker thread when work throws. The worker continues with the next work.
         ErrorBoundary::Log log;
-        // If any, called first on every thread.
+        // Optional. Called first on every thread.
         std::function<void()> prepareThread;
     };
 
@@ -28,11 +28,10 @@ public:
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
-    // Work begins in the order of the calls. Safe on any thread.
+    // Starts work in the order of the calls. Thread-safe.
     void submit(std::function<void()> work);
 
-    // Waits for the work that has begun; what is queued or submitted later does not run any more. The
-    // destructor does the same.
+    // Waits for running work. Drops work that is queued or submitted later. The destructor does the same.
     void end();
 
 private:

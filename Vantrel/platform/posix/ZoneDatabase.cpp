@@ -14,7 +14,7 @@ namespace vantrel {
 
 namespace {
 
-// The largest file of the database has less than 4 KiB.
+// The largest file in the database is under 4 KiB.
 constexpr long long largestFile = 1LL << 20;
 
 bool isNameCharacter(char c) {
@@ -22,7 +22,7 @@ bool isNameCharacter(char c) {
            c == '+' || c == '-' || c == '/';
 }
 
-// Stays inside the folder, and each file has one name only.
+// Keeps names inside the folder and unique per file.
 bool isName(const std::string& name) {
     return !name.empty() && name.size() < 100 && std::ranges::all_of(name, isNameCharacter) &&
            name.front() != '/' && name.back() != '/' && !name.contains("//");
@@ -55,7 +55,7 @@ std::optional<ZoneDatabase::FileMark> ZoneDatabase::mark(int descriptor) {
 }
 
 std::optional<TimeZone> ZoneDatabase::at(const std::filesystem::path& file) {
-    // Without waiting for the other end of a pipe that someone put there.
+    // O_NONBLOCK: if the path is a pipe, do not wait for its other end.
     const auto descriptor = posix::FileDescriptor::open(file.string(), O_RDONLY | O_NONBLOCK);
     const auto now = descriptor.isOpen() ? mark(descriptor.get()) : std::nullopt;
     if (!now) {

@@ -1,4 +1,4 @@
-// The system's time zones: the files of the tz database, which the system keeps up to date.
+// Reads time zones from the system's tz database, which system updates may change.
 #pragma once
 
 #include "VantrelCore/model/TimeZone.h"
@@ -10,23 +10,23 @@
 
 namespace vantrel {
 
-// Not shared between threads.
+// Not thread-safe.
 class ZoneDatabase {
 public:
-    // The folder that TZDIR names, else where systems keep them.
+    // TZDIR if set, else the usual system folder.
     [[nodiscard]] static std::filesystem::path systemFolder();
 
     explicit ZoneDatabase(std::filesystem::path folder = systemFolder()) : m_folder(std::move(folder)) {}
 
-    // The zone of that name ("Europe/Berlin") as its file is now: asked again after the system has renewed
-    // the file, it answers with the new rules. None when there is no such zone; a name may be anything.
+    // Returns the named zone ("Europe/Berlin") as its file is now; picks up new rules after the system has
+    // updated the file. Returns none if there is no such zone. Any name is safe.
     [[nodiscard]] std::optional<TimeZone> named(const std::string& name);
 
-    // The same for a file by its path, wherever it lies.
+    // Does the same for the file at a path, inside or outside the folder.
     [[nodiscard]] std::optional<TimeZone> at(const std::filesystem::path& file);
 
 private:
-    // What another content of a file changes.
+    // Changes whenever the file's content does.
     struct FileMark {
         unsigned long long device = 0;
         unsigned long long inode = 0;

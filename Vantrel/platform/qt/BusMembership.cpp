@@ -22,13 +22,13 @@ BusMembership::BusMembership(const QDBusConnection& bus, QString name, Handlers 
 }
 
 void BusMembership::watch(QDBusConnection bus) {
-    // libdbus tells of the end by a signal that nobody sent.
+    // libdbus reports the end of the connection with a local signal.
     bus.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", this,
                 SLOT(disconnected()));
 }
 
 void BusMembership::disconnected() {
-    m_handlers.log("session bus: lost; the windows are watched on, commands come through when it is back");
+    m_handlers.log("session bus: lost; windows are still watched, but commands do not work until it is back");
     m_handlers.lost();
     m_nextAttempt.start(firstPauseMilliseconds);
 }
@@ -43,7 +43,7 @@ void BusMembership::tryToJoin() {
     }
     watch(bus);
     m_handlers.joined(bus);
-    m_handlers.log("session bus: joined again");
+    m_handlers.log("session bus: connected again");
     takeName(bus);
 }
 
@@ -51,15 +51,15 @@ void BusMembership::takeName(const QDBusConnection& bus) {
     auto* const daemon = bus.interface();
     QObject::connect(daemon, &QDBusConnectionInterface::serviceRegistered, this, [this](const QString& name) {
         if (name == m_name) {
-            m_handlers.log("session bus: the name " + m_name.toStdString() + " is vantrel's again");
+            m_handlers.log("session bus: vantrel owns the name " + m_name.toStdString() + " again");
         }
     });
-    // Queued: whoever has taken it meanwhile leaves it to us in the end.
+    // Queue for the name: if another program has taken it, we get it when that program releases it.
     const auto taken = daemon->registerService(m_name, QDBusConnectionInterface::QueueService,
                                                QDBusConnectionInterface::DontAllowReplacement);
     if (!taken.isValid() || taken.value() != QDBusConnectionInterface::ServiceRegistered) {
         m_handlers.log("session bus: another program has the name " + m_name.toStdString() +
-                       "; vantrelctl reaches vantrel when that one ends");
+                       "; vantrelctl works again once that program exits");
     }
 }
 

@@ -1,5 +1,5 @@
-// The program's place on the session bus: notices that the bus is gone, joins the one that comes back, and
-// takes its name there again.
+// Keeps the program on the session bus: detects when the bus is lost, reconnects when it is back and requests
+// the program's name again.
 #pragma once
 
 #include <QDBusConnection>
@@ -12,25 +12,25 @@
 
 namespace vantrel {
 
-// Lives on the main thread.
+// Use only on the main thread.
 class BusMembership final : public QObject {
     Q_OBJECT
 
 public:
     struct Handlers {
-        // The bus is gone.
+        // The bus was lost.
         std::function<void()> lost;
-        // Another connection stands; called before the name is taken, so that whoever sees the name finds
-        // what belongs to it.
+        // Connected again. Called before the name is requested, so that objects can be registered before
+        // other programs see the name.
         std::function<void(const QDBusConnection& bus)> joined;
         std::function<void(const std::string& message)> log;
     };
 
-    // `bus` is connected and has the name.
+    // `bus` must be connected and own the name.
     BusMembership(const QDBusConnection& bus, QString name, Handlers handlers);
 
 private Q_SLOTS:
-    // Of the connection itself.
+    // Signal of the connection itself.
     void disconnected();
 
 private:
@@ -41,7 +41,7 @@ private:
     QString m_name;
     Handlers m_handlers;
     QTimer m_nextAttempt;
-    // Qt keeps a connection under a name of its own.
+    // Qt needs a unique name for each connection.
     int m_connections = 0;
 };
 

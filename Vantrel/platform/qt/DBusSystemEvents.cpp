@@ -1,6 +1,6 @@
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
 
-#include "Vantrel/platform/qt/BusQuestion.h"
+#include "Vantrel/platform/qt/BusCall.h"
 
 #include <QDBusObjectPath>
 #include <QDBusVariant>
@@ -18,12 +18,12 @@ constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 constexpr const char* lockedHint = "LockedHint";
 
-// KDE's, and those of the desktops that have one of their own.
+// KDE's interface and those of the desktops that have their own.
 constexpr const char* screenSaverInterfaces[] = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
                                                  "org.cinnamon.ScreenSaver", "org.mate.ScreenSaver",
                                                  "org.xfce.ScreenSaver"};
 
-// The sources of SessionLock besides screen savers, which have their names on the bus.
+// SessionLock sources. Screen savers use their bus names instead.
 constexpr const char* requestSource = "request";
 constexpr const char* hintSource = "hint";
 
@@ -31,7 +31,7 @@ QDBusMessage callOf(const char* path, const char* interface, const char* method,
                     const QVariantList& arguments) {
     QDBusMessage message = QDBusMessage::createMethodCall(logind, path, interface, method);
     message.setArguments(arguments);
-    // Where there is no logind none is started.
+    // Do not start logind if it is not running.
     message.setAutoStartService(false);
     return message;
 }
@@ -55,10 +55,10 @@ DBusSystemEvents::DBusSystemEvents(QDBusConnection systemBus, QDBusConnection se
     m_logind.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     QObject::connect(&m_logind, &QDBusServiceWatcher::serviceOwnerChanged, this,
                      [this](const QString& /*service*/, const QString& /*before*/, const QString& now) {
-                         // The inhibitor went with the one before.
+                         // The inhibitor lock ended with the previous owner.
                          m_inhibitor = {};
                          if (!now.isEmpty()) {
-                             askLogind();
+                             queryLogind();
                          }
                      });
 }
@@ -91,24 +91,24 @@ void DBusSystemEvents::watchLogind() {
     m_systemBus.connect(logind, managerPath, managerInterface, "PrepareForSleep", this,
                         SLOT(prepareForSleep(bool)));
     m_logind.addWatchedService(logind);
-    askLogind();
+    queryLogind();
 }
 
-void DBusSystemEvents::askLogind() {
+void DBusSystemEvents::queryLogind() {
     inhibitSleep();
     const QString own = qEnvironmentVariable("XDG_SESSION_ID", "auto");
-    BusQuestion::ask<QDBusObjectPath>(m_systemBus, callOf(managerPath, managerInterface, "GetSession", {own}),
-                                      this, [this](const QDBusPendingReply<QDBusObjectPath>& reply) {
-                                          if (reply.isError()) {
-                                              complain(reply.error().message());
-                                          } else {
-                                              watchSession(reply.value().path());
-                                          }
-                                      });
+    BusCall::send<QDBusObjectPath>(m_systemBus, callOf(managerPath, managerInterface, "GetSession", {own}),
+                                   this, [this](const QDBusPendingReply<QDBusObjectPath>& reply) {
+                                       if (reply.isError()) {
+                                           complain(reply.error().message());
+                                       } else {
+                                           watchSession(reply.value().path());
+                                       }
+                                   });
 }
 
 void DBusSystemEvents::inhibitSleep() {
-    BusQuestion::ask<QDBusUnixFileDescriptor>(
+    BusCall::send<QDBusUnixFileDescriptor>(
         m_systemBus,
         callOf(managerPath, managerInterface, "Inhibit",
                {"sleep", "vantrel", "Stops learning before the machine sleeps", "delay"}),
@@ -126,7 +126,7 @@ void DBusSystemEvents::watchSession(const QString& path) {
     m_systemBus.connect(logind, path, sessionInterface, "Unlock", this, SLOT(unlockRequested()));
     m_systemBus.connect(logind, path, propertiesInterface, "PropertiesChanged", this,
                         SLOT(sessionChanged(QString, QVariantMap, QStringList)));
-    BusQuestion::ask<QDBusVariant>(
+    BusCall::send<QDBusVariant>(
         m_systemBus,
         callOf(path.toUtf8().constData(), propertiesInterface, "Get", {sessionInterface, lockedHint}), this,
         [this](const QDBusPendingReply<QDBusVariant>& reply) {
@@ -179,17 +179,17 @@ void DBusSystemEvents::screenSaverChanged(bool isActive, const QDBusMessage& mes
         return;
     }
     m_screenSavers.addWatchedService(service);
-    // It may have gone before the watch stood; the bus answers after it has taken up the watch.
-    auto question = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                   "org.freedesktop.DBus", "NameHasOwner");
-    question.setArguments({service});
-    BusQuestion::ask<bool>(m_sessionBus, question, this,
-                           [this, service](const QDBusPendingReply<bool>& reply) {
-                               if (reply.isValid() && !reply.value()) {
-                                   m_screenSavers.removeWatchedService(service);
-                                   setLocked(service.toStdString(), false);
-                               }
-                           });
+    // It may have exited before the watch was set up. The bus replies to this call after it has processed the
+    // watch.
+    auto call = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                               "org.freedesktop.DBus", "NameHasOwner");
+    call.setArguments({service});
+    BusCall::send<bool>(m_sessionBus, call, this, [this, service](const QDBusPendingReply<bool>& reply) {
+        if (reply.isValid() && !reply.value()) {
+            m_screenSavers.removeWatchedService(service);
+            setLocked(service.toStdString(), false);
+        }
+    });
 }
 
 void DBusSystemEvents::complain(const QString& reason) {
@@ -201,7 +201,7 @@ void DBusSystemEvents::complain(const QString& reason) {
 void DBusSystemEvents::setLocked(const std::string& source, bool isLocked) {
     const auto change = m_lock.set(source, isLocked);
     if (isLocked && source != requestSource) {
-        // The locker has taken the request over.
+        // The locker has carried out the request.
         m_requestLapse.stop();
         m_lock.set(requestSource, false);
     }

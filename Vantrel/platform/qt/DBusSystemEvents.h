@@ -1,4 +1,4 @@
-// Sleep and locks as logind tells of them on the system bus, and screen savers on the session bus.
+// Reports sleep and session locks, from logind on the system bus and screen savers on the session bus.
 #pragma once
 
 #include "VantrelCore/model/SessionLock.h"
@@ -18,13 +18,13 @@
 
 namespace vantrel {
 
-// Without a bus, or without logind, what they would tell goes unnoticed; `log` is told so once.
+// Without a bus or logind, their events are missed. Logs that once.
 class DBusSystemEvents final : public QObject, public SystemEvents {
     Q_OBJECT
 
 public:
-    // A program that asks logind to lock the session, and no locker that says it did, count as locked for so
-    // many milliseconds only: where no locker runs, nobody would ever unlock.
+    // If a program asks logind to lock the session but no locker confirms, the session counts as locked only
+    // for this long. Without a locker, nothing would ever unlock it.
     static constexpr int requestMilliseconds = 15'000;
 
     DBusSystemEvents(QDBusConnection systemBus, QDBusConnection sessionBus,
@@ -32,25 +32,25 @@ public:
 
     void setHandlers(Handlers handlers) override;
 
-    // The session bus is another one now; what screen savers said on the old one has no voice any more.
+    // Switches to a new session bus. Discards the lock states of screen savers on the old one.
     void setSessionBus(const QDBusConnection& bus);
 
 private Q_SLOTS:
-    // Of logind's manager.
+    // Signal of logind's manager.
     void prepareForSleep(bool isGoing);
-    // Of logind's session.
+    // Signals of logind's session.
     void lockRequested();
     void unlockRequested();
     void sessionChanged(const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
-    // Of any screen saver.
+    // Signal of any screen saver.
     void screenSaverChanged(bool isActive, const QDBusMessage& message);
 
 private:
     void watchLogind();
-    // Asks a logind that has come up, at the start or later, for what goes with it.
-    void askLogind();
+    // Inhibits sleep and finds our session. Called whenever logind appears, at start or later.
+    void queryLogind();
     void watchScreenSavers();
-    // Has logind wait with the next sleep until we let go.
+    // Makes logind delay the next sleep until we release the inhibitor.
     void inhibitSleep();
     void watchSession(const QString& path);
     void complain(const QString& reason);
@@ -65,7 +65,7 @@ private:
     SessionLock m_lock;
     QDBusUnixFileDescriptor m_inhibitor;
     QTimer m_requestLapse;
-    // Tells when a screen saver that has locked the session goes away.
+    // Watches for the exit of a screen saver that has locked the session.
     QDBusServiceWatcher m_screenSavers;
     QDBusServiceWatcher m_logind;
 };

@@ -1,4 +1,4 @@
-// A Qt application whose event handlers may throw: slots of the bus, menus, answers of servers.
+// A Qt application whose event handlers may throw: bus slots, menus, server replies.
 #pragma once
 
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
@@ -10,8 +10,8 @@
 
 namespace vantrel {
 
-// `Application` is QCoreApplication or one made of it. Work of the main queue has a boundary of its own,
-// closer by; this one is for what Qt itself calls.
+// `Application` is QCoreApplication or derived from it. Main queue work has its own error boundary; this one
+// covers what Qt calls directly.
 template <typename Application>
 class GuardedApplication final : public Application {
 public:

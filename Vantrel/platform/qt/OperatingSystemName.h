@@ -1,4 +1,4 @@
-// The operating system's name and version, in one line for people.
+// The operating system's name and version as one readable line.
 #pragma once
 
 #include <string>

@@ -28,7 +28,7 @@ bool isThisMachine(const QString& host) {
     return host == QLatin1String("localhost") || QHostAddress(host).isLoopback();
 }
 
-// The desktop's proxy, as the environment tells; this machine is reached without.
+// Uses the proxy from the environment, except for this machine.
 class ProxyChoice final : public QNetworkProxyFactory {
 public:
     QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
@@ -37,15 +37,15 @@ public:
     }
 };
 
-// Why nothing is sent there; none when it may be.
+// Why the URL is refused; none if it is allowed.
 std::optional<HttpFailure> objection(const QUrl& url) {
     if (!url.isValid() || url.host().isEmpty()) {
-        return HttpFailure{Kind::refused, "The address of the server is not understood."};
+        return HttpFailure{Kind::refused, "The server address is not valid."};
     }
     const bool isProtected = url.scheme() == QLatin1String("https") ||
                              (url.scheme() == QLatin1String("http") && isThisMachine(url.host()));
     if (!isProtected || !url.userInfo().isEmpty()) {
-        return HttpFailure{Kind::refused, "The server is only asked over https."};
+        return HttpFailure{Kind::refused, "Servers are only contacted over https."};
     }
     return std::nullopt;
 }
@@ -53,9 +53,9 @@ std::optional<HttpFailure> objection(const QUrl& url) {
 QNetworkRequest qtRequest(const HttpRequest& request, const QUrl& url, const std::string& userAgent) {
     QNetworkRequest result(url);
     result.setRawHeader("User-Agent", QByteArray::fromStdString(userAgent));
-    // Asked for by name, it comes as it is: a small body cannot unfold into a huge one.
+    // No compression: a small body cannot expand into a huge one.
     result.setRawHeader("Accept-Encoding", "identity");
-    // Without one of ours, Qt tells every server the language of the user.
+    // Otherwise Qt sends every server the user's language.
     result.setRawHeader("Accept-Language", "*");
     for (const auto& [name, value] : request.headers) {
         result.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
@@ -82,10 +82,10 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
     case QNetworkReply::HostNotFoundError:
         return {Kind::unreachable, "The server was not found. Is this computer online?"};
     case QNetworkReply::SslHandshakeFailedError:
-        return {Kind::untrusted, "The server could not prove who it is."};
+        return {Kind::untrusted, "The server could not prove its identity."};
     case QNetworkReply::TooManyRedirectsError:
     case QNetworkReply::InsecureRedirectError:
-        return {Kind::redirected, "The server led somewhere else."};
+        return {Kind::redirected, "The server redirected to another address."};
     case QNetworkReply::TimeoutError:
         return {Kind::timedOut, "The server did not answer in time."};
     case QNetworkReply::ConnectionRefusedError:
@@ -100,11 +100,11 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
     case QNetworkReply::UnknownProxyError:
         return {Kind::unreachable, "The server cannot be reached."};
     default:
-        return {Kind::broken, "The server gave no answer that can be understood."};
+        return {Kind::broken, "The server's response could not be understood."};
     }
 }
 
-// True for the errors that Qt makes of a status from 400 on; the answer is there all the same.
+// True for the errors that Qt reports for a status of 400 or above. The response is available all the same.
 bool isStatus(QNetworkReply::NetworkError error) {
     return error == QNetworkReply::ProtocolInvalidOperationError ||
            (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError) ||
@@ -125,9 +125,9 @@ public:
         m_reply.reset(request.method == HttpMethod::get
                           ? m_manager.get(sent)
                           : m_manager.post(sent, QByteArray::fromStdString(request.body)));
-        // Beyond it Qt leaves the rest to the connection, so that a body without end fills no memory.
+        // Qt stops reading at this size, so an endless body cannot exhaust memory.
         m_reply->setReadBufferSize(m_largestBody + 1);
-        connect(m_reply.get(), &QNetworkReply::readyRead, this, [this] { endWhenTooLarge(); });
+        connect(m_reply.get(), &QNetworkReply::readyRead, this, [this] { endIfTooLarge(); });
         connect(m_reply.get(), &QNetworkReply::finished, this, [this] { finish(); });
         m_deadline.setSingleShot(true);
         connect(&m_deadline, &QTimer::timeout, this,
@@ -145,9 +145,9 @@ public:
     Exchange& operator=(const Exchange&) = delete;
 
 private:
-    void endWhenTooLarge() {
+    void endIfTooLarge() {
         if (m_reply->bytesAvailable() > m_largestBody) {
-            end(std::unexpected(HttpFailure{Kind::tooLarge, "The server's answer is too long."}));
+            end(std::unexpected(HttpFailure{Kind::tooLarge, "The server's response is too long."}));
         }
     }
 
@@ -155,7 +155,7 @@ private:
         const auto status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
         const auto error = m_reply->error();
         if (m_reply->bytesAvailable() > m_largestBody) {
-            endWhenTooLarge();
+            endIfTooLarge();
         } else if (error == QNetworkReply::NoError || isStatus(error)) {
             end(HttpResponse{status.toInt(), m_reply->readAll().toStdString()});
         } else {
@@ -163,7 +163,8 @@ private:
         }
     }
 
-    // Told from the event loop, not from within Qt's own calls: whoever is told may destroy this.
+    // Reports the result from the event loop, not from within Qt's calls, because the receiver may destroy
+    // this object.
     void end(HttpResult result) {
         if (std::exchange(m_hasEnded, true)) {
             return;
@@ -181,7 +182,7 @@ private:
     qint64 m_largestBody;
     bool m_hasEnded = false;
     QNetworkAccessManager m_manager;
-    // Goes before its manager, and ends the connection.
+    // Destroyed before its manager; closes the connection.
     std::unique_ptr<QNetworkReply> m_reply;
     QTimer m_deadline;
 };

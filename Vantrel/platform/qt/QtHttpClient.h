@@ -1,4 +1,4 @@
-// Requests over HTTP by Qt Network.
+// Sends HTTP requests with Qt Network.
 #pragma once
 
 #include "VantrelCore/ports/HttpClient.h"
@@ -7,11 +7,11 @@
 
 namespace vantrel {
 
-// Each request has its own connection; between requests nothing stays open and no thread waits. A body in
-// chunks that breaks off is at times taken for whole by Qt 6.4: what a body holds has to say where it ends.
+// Each request has its own connection; between requests, no connection stays open and no thread waits. Qt 6.4
+// sometimes takes a truncated chunked body for a complete one, so the content itself must show where it ends.
 class QtHttpClient final : public HttpClient {
 public:
-    // `userAgent` tells the server who asks: "vantrel/1.2".
+    // `userAgent` identifies this program, for example "vantrel/1.2".
     explicit QtHttpClient(std::string userAgent);
 
     [[nodiscard]] std::unique_ptr<HttpExchange> send(const HttpRequest& request, Done done) override;

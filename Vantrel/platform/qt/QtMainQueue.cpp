@@ -13,10 +13,10 @@ namespace {
 
 enum class Repeat : std::uint8_t { once, forever };
 
-// From this on a timer may be late by a twentieth, which lets the system wake up once for several.
+// From this interval on, timers may be 5% late, so that the system can combine wake-ups.
 constexpr double coarseFromSeconds = 5;
 
-// Qt counts milliseconds in an int; about 24 days.
+// About 23 days: Qt counts milliseconds in an int.
 constexpr double longestSeconds = 2'000'000;
 
 class TimedWork final : public ScheduledWork {
@@ -30,7 +30,7 @@ public:
         }
         m_timer.setSingleShot(repeat == Repeat::once);
         m_timer.setTimerType(bounded >= coarseFromSeconds ? Qt::CoarseTimer : Qt::PreciseTimer);
-        // The work may destroy this object while it runs, so the call holds on to the function.
+        // The work may destroy this object while it runs, so the call keeps the function alive.
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer,
                          [work = m_work] { (*std::shared_ptr(work))(); });
         m_timer.start(interval);

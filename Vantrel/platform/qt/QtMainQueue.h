@@ -1,4 +1,4 @@
-// The main queue on Qt's event loop of the thread that constructs it.
+// The main queue, on the Qt event loop of the thread that constructs it.
 #pragma once
 
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
@@ -10,10 +10,10 @@
 
 namespace vantrel {
 
-// Work that has not run when the queue is destroyed is dropped.
+// Drops work that has not run when the queue is destroyed.
 class QtMainQueue final : public MainQueue {
 public:
-    // `log` is told of work that threw. Qt itself must not see an exception.
+    // Calls `log` when work throws, because exceptions must not reach Qt.
     explicit QtMainQueue(ErrorBoundary::Log log = {}) : m_log(std::move(log)) {}
 
     void post(std::function<void()> work) override;
@@ -24,7 +24,7 @@ private:
     [[nodiscard]] std::function<void()> guarded(std::function<void()> work) const;
 
     ErrorBoundary::Log m_log;
-    // Lives on the main thread; what is posted is addressed to it.
+    // Lives on the main thread and receives the posted work.
     QObject m_mainThread;
 };
 

@@ -11,13 +11,13 @@ namespace vantrel {
 
 namespace {
 
-constexpr std::chrono::milliseconds editorRest{100};
+constexpr std::chrono::milliseconds editorPause{100};
 
 QString qtPath(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
 }
 
-// Where a chain of symbolic links leads.
+// Resolves symbolic links.
 std::filesystem::path linkTarget(const std::filesystem::path& file) {
     std::error_code error;
     auto target = std::filesystem::weakly_canonical(file, error);
@@ -29,14 +29,14 @@ std::filesystem::path linkTarget(const std::filesystem::path& file) {
 QtUserDefaults::QtUserDefaults(std::filesystem::path file, FileSystem& files, FileIncidents& incidents,
                                Log log)
     : m_file(std::move(file)), m_files(files), m_incidents(incidents), m_log(std::move(log)) {
-    // The folder is watched for files that an editor puts in place of the old one, so it must be there.
+    // The folder is watched because editors replace the file, so it must exist.
     if (const auto error = m_files.createDirectories(m_file.parent_path())) {
-        m_log(fmt::format("settings: the folder {} cannot be made ({}); the defaults apply",
+        m_log(fmt::format("settings: cannot create the folder {} ({}); using the defaults",
                           m_file.parent_path().string(), error.message()));
     }
-    m_rested.setSingleShot(true);
-    m_rested.setInterval(editorRest);
-    QObject::connect(&m_rested, &QTimer::timeout, &m_rested, [this] {
+    m_reloadDelay.setSingleShot(true);
+    m_reloadDelay.setInterval(editorPause);
+    QObject::connect(&m_reloadDelay, &QTimer::timeout, &m_reloadDelay, [this] {
         reload();
         watch();
     });
@@ -47,9 +47,9 @@ QtUserDefaults::QtUserDefaults(std::filesystem::path file, FileSystem& files, Fi
             handler();
         }
     });
-    const auto changed = [this] { m_rested.start(); };
-    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_rested, changed);
-    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_rested, changed);
+    const auto changed = [this] { m_reloadDelay.start(); };
+    QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_reloadDelay, changed);
+    QObject::connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_reloadDelay, changed);
     watch();
     reload();
 }
@@ -157,15 +157,15 @@ bool QtUserDefaults::read() {
     }
     m_text = missing ? std::string() : std::move(*text);
     m_content = SettingsText::parse(m_text);
-    if (std::exchange(m_isUnreadable, false) || m_content.misunderstandings.empty()) {
+    if (std::exchange(m_isUnreadable, false) || m_content.invalidLines.empty()) {
         m_incidents.clear(m_file, FileIncident::Topic::content);
     }
     std::string complaint;
-    if (!m_content.misunderstandings.empty()) {
-        const auto& first = m_content.misunderstandings.front();
-        const auto more = m_content.misunderstandings.size() - 1;
-        complaint = fmt::format("settings: {} line {} is not understood and left out{}: {}", m_file.string(),
-                                first.line, more == 0 ? "" : fmt::format(" (and {} more)", more), first.text);
+    if (!m_content.invalidLines.empty()) {
+        const auto& first = m_content.invalidLines.front();
+        const auto more = m_content.invalidLines.size() - 1;
+        complaint = fmt::format("settings: ignoring invalid line {} of {}{}: {}", first.line, m_file.string(),
+                                more == 0 ? "" : fmt::format(" (and {} more)", more), first.text);
     }
     complain(std::move(complaint));
     return true;
@@ -174,10 +174,10 @@ bool QtUserDefaults::read() {
 bool QtUserDefaults::write(const std::string& text) {
     if (!m_complaint.empty() && m_keptFor != m_complaint) {
         if (const auto error = SetAside::keep(m_files, m_file, m_text)) {
-            report(FileIncident::Kind::notWritten, "no copy could be kept: " + error.message());
+            report(FileIncident::Kind::notWritten, "could not keep a copy: " + error.message());
             return false;
         }
-        report(FileIncident::Kind::undecodable, "some of its lines cannot be understood",
+        report(FileIncident::Kind::undecodable, "some of its lines are invalid",
                SetAside::newestCopy(m_file));
         m_keptFor = m_complaint;
     }

@@ -1,4 +1,4 @@
-// The user's settings in one file that a person can edit while the program runs; SettingsText tells its form.
+// The user's settings, in a file that can be edited while the program runs. See SettingsText for the format.
 #pragma once
 
 #include "Vantrel/platform/qt/SettingsText.h"
@@ -13,14 +13,15 @@
 
 namespace vantrel {
 
-// Lines that cannot be understood count as absent and are logged; they stay in the file, and before the
-// first write to such a file a copy is kept beside it (SetAside). A file that cannot be read at all stays
-// where it is and is not written until it can be.
+// Invalid lines are ignored and logged but stay in the file. Before the first write to such a file, a copy is
+// kept beside it (SetAside). A file that cannot be read stays in place and is not written until it can be
+// read.
 class QtUserDefaults final : public UserDefaults {
 public:
     using Log = std::function<void(const std::string&)>;
 
-    // `log` is told what cannot be understood, `incidents` what cannot be read or written. Both outlive it.
+    // Reports invalid lines to `log` and failed reads and writes to `incidents`. `files` and `incidents` must
+    // outlive it.
     QtUserDefaults(std::filesystem::path file, FileSystem& files, FileIncidents& incidents, Log log);
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) override;
@@ -32,14 +33,14 @@ public:
     bool set(std::string_view key, const DefaultsValue& value) override;
     bool remove(std::string_view key) override;
 
-    // The handler is called from the event loop, once for changes that come together.
+    // Calls the handler from the event loop, once for changes made together.
     void setChangeHandler(std::function<void()> handler) override;
 
 private:
-    // Take over what the file holds now and say whether it could be read; reload tells the handler.
+    // Reads the file and returns whether that succeeded. reload() also notifies the handler of changes.
     bool reload();
     bool read();
-    // A value that the file can hold, in the file as it was just read.
+    // Sets a value that the file format supports. Call after reload().
     bool setPlain(std::string_view key, const DefaultsValue& value);
     bool write(const std::string& text);
     void watch();
@@ -52,15 +53,15 @@ private:
     Log m_log;
     std::string m_text;
     SettingsText::Content m_content;
-    // What was last logged about the file, so that each fault is told once.
+    // What was last logged about the file, so that each problem is logged once.
     std::string m_complaint;
     bool m_isUnreadable = false;
-    // The complaint for which a copy has been kept aside.
+    // The complaint for which a copy has been kept.
     std::string m_keptFor;
     std::function<void()> m_handler;
     QFileSystemWatcher m_watcher;
-    // An editor empties, writes and renames within moments; the file is read when it has rested.
-    QTimer m_rested;
+    // Editors truncate, write and rename in quick succession, so wait for a pause before reading.
+    QTimer m_reloadDelay;
     QTimer m_notify;
 };
 

@@ -20,7 +20,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-// Texts and scalars are written as in JSON, whose quoting everyone knows.
+// Values are written as in JSON, whose quoting is well known.
 std::optional<DefaultsValue> scalar(std::string_view text) {
     const auto json = nlohmann::json::parse(text, nullptr, false);
     if (json.is_boolean()) {
@@ -45,7 +45,7 @@ std::optional<DefaultsValue> scalar(std::string_view text) {
 struct Line {
     std::string_view key;
     DefaultsValue value;
-    // From its # on; empty without.
+    // Starts with #; empty if there is none.
     std::string_view comment;
 };
 
@@ -53,11 +53,11 @@ enum class LineKind : std::uint8_t { silent, setting, unknown };
 
 struct ReadLine {
     LineKind kind = LineKind::silent;
-    // For a line that is unknown for its value, only the key is filled in.
+    // For an unknown line, at most the key is set.
     Line setting;
 };
 
-// Where the value at the beginning of `text` ends: behind its closing quote, else where a comment begins.
+// The end of the value at the start of `text`: after its closing quote, or where a comment begins.
 std::size_t valueEnd(std::string_view text) {
     if (!text.starts_with('"')) {
         return std::min(text.find('#'), text.size());
@@ -142,7 +142,7 @@ Content parse(std::string_view text) {
         if (read.kind == LineKind::setting) {
             content.values.insert_or_assign(std::string(read.setting.key), std::move(read.setting.value));
         } else if (read.kind == LineKind::unknown) {
-            content.misunderstandings.push_back({number, std::string(trimmed(line))});
+            content.invalidLines.push_back({number, std::string(trimmed(line))});
         }
     }
     return content;
@@ -178,9 +178,9 @@ std::string withoutKey(std::string_view text, std::string_view key) {
 }
 
 std::string heading() {
-    return "# Vantrel's settings, one \"key = value\" a line: true, false, a number, or a text in "
+    return "# Vantrel's settings, one \"key = value\" per line: true, false, a number or a string in "
            "\"quotes\".\n"
-           "# A running Vantrel notices what you change here. docs/settings.md tells the keys.\n";
+           "# A running Vantrel picks up changes to this file. docs/settings.md lists the keys.\n";
 }
 
 } // namespace vantrel::SettingsText

@@ -1,6 +1,6 @@
 #include "Vantrel/platform/qt/StatusNotifierHost.h"
 
-#include "Vantrel/platform/qt/BusQuestion.h"
+#include "Vantrel/platform/qt/BusCall.h"
 
 #include <QDBusVariant>
 
@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-// The name of the interface, too.
+// Also the name of the interface.
 constexpr const char* watcherService = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
@@ -19,22 +19,22 @@ constexpr const char* watcherPath = "/StatusNotifierWatcher";
 StatusNotifierHost::StatusNotifierHost(QDBusConnection bus, std::function<void()> appeared)
     : m_bus(std::move(bus)), m_appeared(std::move(appeared)),
       m_watcher(watcherService, m_bus, QDBusServiceWatcher::WatchForRegistration) {
-    QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { ask(); });
+    QObject::connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { query(); });
     m_bus.connect(watcherService, watcherPath, watcherService, "StatusNotifierHostRegistered", this,
                   SLOT(hostRegistered()));
-    ask();
+    query();
 }
 
 void StatusNotifierHost::hostRegistered() {
     m_appeared();
 }
 
-void StatusNotifierHost::ask() {
-    auto question =
+void StatusNotifierHost::query() {
+    auto call =
         QDBusMessage::createMethodCall(watcherService, watcherPath, "org.freedesktop.DBus.Properties", "Get");
-    question.setArguments({watcherService, "IsStatusNotifierHostRegistered"});
-    question.setAutoStartService(false);
-    BusQuestion::ask<QDBusVariant>(m_bus, question, this, [this](const QDBusPendingReply<QDBusVariant>& has) {
+    call.setArguments({watcherService, "IsStatusNotifierHostRegistered"});
+    call.setAutoStartService(false);
+    BusCall::send<QDBusVariant>(m_bus, call, this, [this](const QDBusPendingReply<QDBusVariant>& has) {
         if (has.isValid() && has.value().variant().toBool()) {
             m_appeared();
         }

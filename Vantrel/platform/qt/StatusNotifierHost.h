@@ -1,4 +1,5 @@
-// Tells when the desktop shows StatusNotifierItems: when a watcher of them with a host is on the session bus.
+// Reports when the desktop can show StatusNotifierItems, that is, when a watcher with a host is on the
+// session bus.
 #pragma once
 
 #include <QDBusConnection>
@@ -13,16 +14,16 @@ class StatusNotifierHost final : public QObject {
     Q_OBJECT
 
 public:
-    // Calls `appeared` on the main thread, never from here, for the one that is there and for each that
-    // comes.
+    // Calls `appeared` on the main thread, never from the constructor, for the current host and for each new
+    // one.
     StatusNotifierHost(QDBusConnection bus, std::function<void()> appeared);
 
 private Q_SLOTS:
-    // Of the watcher.
+    // Signal of the watcher.
     void hostRegistered();
 
 private:
-    void ask();
+    void query();
 
     QDBusConnection m_bus;
     std::function<void()> m_appeared;

@@ -12,14 +12,14 @@ namespace {
 
 constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler may use little more than write(2), so it tells the event loop through a pipe.
+// A signal handler may do little more than write(2), so it notifies the event loop through a pipe.
 std::array<int, 2> signalPipe{-1, -1};
 std::array<struct sigaction, handledSignals.size()> formerActions{};
 
-void tellEventLoop(int /*signal*/) {
+void notifyEventLoop(int /*signal*/) {
     const int before = errno;
     const char byte = 0;
-    // A full pipe has told enough.
+    // If the pipe is full, the loop is already notified.
     [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
     errno = before;
 }
@@ -33,14 +33,14 @@ TerminationSignals::TerminationSignals(std::function<void()> handler) {
     m_notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
                      [handler = std::move(handler)] {
-                         std::array<char, 16> told{};
-                         while (read(signalPipe[0], told.data(), told.size()) > 0) {
+                         std::array<char, 16> received{};
+                         while (read(signalPipe[0], received.data(), received.size()) > 0) {
                          }
                          handler();
                      });
     for (std::size_t i = 0; i < handledSignals.size(); ++i) {
         struct sigaction action{};
-        action.sa_handler = tellEventLoop;
+        action.sa_handler = notifyEventLoop;
         action.sa_flags = SA_RESTART;
         sigaction(handledSignals[i], nullptr, &formerActions[i]);
         if (formerActions[i].sa_handler != SIG_IGN) {

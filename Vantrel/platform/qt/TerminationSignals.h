@@ -1,4 +1,4 @@
-// SIGTERM, SIGINT and SIGHUP as ordinary events of the main loop.
+// Delivers SIGTERM, SIGINT and SIGHUP as main loop events.
 #pragma once
 
 #include <QSocketNotifier>
@@ -8,8 +8,8 @@
 
 namespace vantrel {
 
-// One at a time. A signal that the starter of the process had ignored (nohup) stays ignored; the former
-// dispositions come back when it is destroyed.
+// Only one may exist at a time. Signals that were already ignored at start (nohup) stay ignored. The
+// destructor restores the previous handlers.
 class TerminationSignals {
 public:
     // Calls `handler` from the event loop.

@@ -1,4 +1,4 @@
-// Where the program keeps its files for this user.
+// The folders and files that the program uses for this user.
 #pragma once
 
 #include <filesystem>

@@ -9,7 +9,7 @@ namespace vantrel {
 namespace {
 
 // In seconds.
-constexpr double waitForTheNewerTray = 1;
+constexpr double newerTrayDelay = 1;
 
 } // namespace
 
@@ -37,7 +37,7 @@ void XEmbedTray::look() {
     const auto asked = xcb_get_selection_owner(xcb, m_connection->atoms().netSystemTray);
     const auto owner = ownReply(xcb_get_selection_owner_reply(xcb, asked, nullptr));
     if (owner && owner->owner != XCB_WINDOW_NONE) {
-        m_wait = m_queue.after(waitForTheNewerTray, [this] { m_appeared(); });
+        m_wait = m_queue.after(newerTrayDelay, [this] { m_appeared(); });
     }
 }
 

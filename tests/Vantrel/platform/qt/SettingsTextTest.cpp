@@ -23,7 +23,7 @@ TEST(SettingsText, ReadsWhatAPersonWrites) {
                                       {"settleDelay", 1.5},
                                       {"dockFrequency", std::string("daily # not a comment")},
                                       {"saveKeyCode", std::int64_t{12}}}));
-    EXPECT_TRUE(content.misunderstandings.empty());
+    EXPECT_TRUE(content.invalidLines.empty());
     // Lines of other systems, and none at the end.
     EXPECT_EQ(SettingsText::parse("a = 1\r\nb = true").values, (Values{{"a", std::int64_t{1}}, {"b", true}}));
 }
@@ -33,17 +33,17 @@ TEST(SettingsText, NamesTheLinesItCannotRead) {
                                              "a = [1]\nb = \"open\nc = \xff\n");
     EXPECT_EQ(content.values, (Values{{"restoreSizes", true}}));
     std::vector<std::size_t> lines;
-    for (const auto& found : content.misunderstandings) {
+    for (const auto& found : content.invalidLines) {
         lines.push_back(found.line);
     }
     EXPECT_EQ(lines, (std::vector<std::size_t>{1, 3, 4, 5, 6, 7}));
-    EXPECT_EQ(content.misunderstandings.at(0).text, "autoRestore = yes");
+    EXPECT_EQ(content.invalidLines.at(0).text, "autoRestore = yes");
 }
 
 // Read anew from every # on, such a line would take minutes.
 TEST(SettingsText, ALongLineWithoutAnEndIsReadOnce) {
     const std::string line = "a = \"" + std::string(1'000'000, '#');
-    EXPECT_EQ(SettingsText::parse(line).misunderstandings.size(), 1U);
+    EXPECT_EQ(SettingsText::parse(line).invalidLines.size(), 1U);
 }
 
 TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLineUnderstoodOrNot) {

@@ -1,4 +1,4 @@
-// A method of another program on the bus, asked without waiting for the answer.
+// An asynchronous method call to another program on the bus.
 #pragma once
 
 #include <QDBusConnection>
@@ -9,11 +9,11 @@
 
 #include <utility>
 
-namespace vantrel::BusQuestion {
+namespace vantrel::BusCall {
 
-// Calls `done` with the finished QDBusPendingReply<Value> as long as `owner` lives.
+// Calls `done` with the finished QDBusPendingReply<Value>, unless `owner` is destroyed before.
 template <typename Value, typename Done>
-void ask(const QDBusConnection& bus, const QDBusMessage& message, QObject* owner, Done done) {
+void send(const QDBusConnection& bus, const QDBusMessage& message, QObject* owner, Done done) {
     auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), owner);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, owner, [watcher, done = std::move(done)] {
         done(QDBusPendingReply<Value>(*watcher));
@@ -21,4 +21,4 @@ void ask(const QDBusConnection& bus, const QDBusMessage& message, QObject* owner
     });
 }
 
-} // namespace vantrel::BusQuestion
+} // namespace vantrel::BusCall
