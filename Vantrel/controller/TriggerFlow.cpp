@@ -32,16 +32,16 @@ bool waitForCalendar(const std::vector<SceneTrigger>& triggers) {
 }
 
 std::string logLine(const std::string& area, const std::string& cause, const FiredTrigger& fired) {
-    using Fate = FiredTrigger::Fate;
+    using Outcome = FiredTrigger::Outcome;
     const std::string what = cause.empty() ? SceneTriggerFormatting::title(fired.trigger.kind) : cause;
-    switch (fired.fate) {
-    case Fate::applied:
+    switch (fired.outcome) {
+    case Outcome::applied:
         return fmt::format("{} fired: {}: \"{}\"", area, what, fired.scene->name);
-    case Fate::passedOver:
+    case Outcome::passedOver:
         return fmt::format("{} passed over: {}: \"{}\" was saved on another desk, and a scene of this desk "
                            "is applied",
                            area, what, fired.scene->name);
-    case Fate::sceneGone:
+    case Outcome::sceneGone:
         return fmt::format("{} passed over: {}: its scene no longer exists", area, what);
     }
     return "";
@@ -159,9 +159,9 @@ void TriggerFlow::fireWhere(const Condition& isDue, const std::string& area, con
     }
     showStored();
     for (const FiredTrigger& fired :
-         FiredTriggers::fates(due, m_context.state().scenes, m_context.state().configID)) {
+         FiredTriggers::outcomes(due, m_context.state().scenes, m_context.state().configID)) {
         m_context.log(logLine(area, cause, fired));
-        if (fired.fate == FiredTrigger::Fate::applied && onFire) {
+        if (fired.outcome == FiredTrigger::Outcome::applied && onFire) {
             onFire(*fired.scene, reason);
         }
     }

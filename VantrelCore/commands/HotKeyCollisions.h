@@ -21,7 +21,7 @@ struct TakenHotKey {
 
 namespace HotKeyCollisions {
 
-// The first entry of `taken` with the same key and modifiers that belongs to another surface than the one
+// The first entry of `taken` with the same key and modifiers that belongs to a surface other than the one
 // being recorded.
 [[nodiscard]] std::optional<TakenHotKey> conflict(HotKeyCombo combo, const HotKeySurface& excluding,
                                                   const std::vector<TakenHotKey>& taken);

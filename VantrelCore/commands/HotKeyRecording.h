@@ -1,4 +1,4 @@
-// Recording a shortcut: what the row shows while it waits, and what becomes of the keys that are pressed.
+// Recording a shortcut: what the row shows while it waits, and the outcome of the pressed keys.
 #pragma once
 
 #include "VantrelCore/commands/HotKeyCollisions.h"
@@ -16,24 +16,24 @@ enum class Place : std::uint8_t { settings, menuPanelScene };
 
 inline constexpr std::string_view resetTitle = "Reset to default";
 
-// What the row shows while it waits for keys; it says what Escape does there.
+// What the row shows while it waits for keys, including what Escape does.
 [[nodiscard]] std::string_view prompt(const HotKeySurface& surface, Place place);
 
 // What the row shows when the recorded combination is refused.
 [[nodiscard]] std::string conflictMessage(const TakenHotKey& other);
 
-// What a recorder is to do.
+// What the recorder must do.
 struct Store {
-    // None: the shortcut is cleared, or gets its default back where it has one.
+    // None: clear the shortcut, or reset it to its default if it has one.
     std::optional<HotKeyCombo> combo;
 
     bool operator==(const Store&) const = default;
 };
-// Everything stays as it was.
+// Changes nothing.
 struct Cancel {
     bool operator==(const Cancel&) const = default;
 };
-// Nothing is stored, the row shows the message.
+// Stores nothing; the row shows the message.
 struct Refuse {
     std::string message;
 
@@ -41,11 +41,12 @@ struct Refuse {
 };
 using Outcome = std::variant<Store, Cancel, Refuse>;
 
-// Of the keys pressed while the shortcut of `surface` is recorded. `taken` is every combination in use.
+// The outcome of `pressed` while the shortcut of `surface` is recorded. `taken` lists all combinations in
+// use.
 [[nodiscard]] Outcome outcome(HotKeyCombo pressed, const HotKeySurface& surface, Place place,
                               const std::vector<TakenHotKey>& taken);
 
-// The name of a fixed command in `TakenHotKey::label`; empty for a scene, which goes by its own name.
+// The name of a fixed command in `TakenHotKey::label`; empty for a scene, which uses its own name.
 [[nodiscard]] std::string_view commandLabel(HotKeySurface::Kind kind);
 
 } // namespace vantrel::HotKeyRecording

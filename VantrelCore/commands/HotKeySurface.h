@@ -1,4 +1,4 @@
-// What a shortcut does: apply one scene, or one of the program's fixed commands.
+// What a shortcut does: applies a scene, or runs one of the program's fixed commands.
 #pragma once
 
 #include <cstddef>
@@ -13,10 +13,10 @@ struct HotKeySurface {
     enum class Kind : std::uint8_t { scene, fixedRestore, fixedSave, stash, quickSwitcher, undo };
 
     Kind kind = Kind::fixedRestore;
-    // Which scene; empty for the fixed commands.
+    // The scene's id; empty for fixed commands.
     std::string sceneID;
 
-    // False for a command that this version does not have: its combination is stored but not registered.
+    // False for a command that this version lacks: its combination is stored but not registered.
     [[nodiscard]] bool isAvailable() const { return kind != Kind::quickSwitcher; }
 
     [[nodiscard]] static HotKeySurface scene(std::string id) { return {Kind::scene, std::move(id)}; }

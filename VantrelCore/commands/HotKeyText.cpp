@@ -17,7 +17,7 @@ struct ModifierName {
     std::int64_t mask = 0;
 };
 
-// The first name of each modifier is the one that is shown.
+// The first name of each modifier is the one shown.
 constexpr std::array modifierNames{
     ModifierName{"Control", HotKeyModifiers::control}, ModifierName{"Ctrl", HotKeyModifiers::control},
     ModifierName{"Alt", HotKeyModifiers::option},      ModifierName{"Option", HotKeyModifiers::option},
@@ -34,7 +34,7 @@ struct ArrowName {
 constexpr std::array arrowNames{ArrowName{"←", "Left"}, ArrowName{"→", "Right"}, ArrowName{"↓", "Down"},
                                 ArrowName{"↑", "Up"}};
 
-// Beyond every virtual key code.
+// Above every virtual key code.
 constexpr std::int64_t keyCodeEnd = 128;
 
 std::string lower(std::string_view text) {
@@ -53,7 +53,7 @@ std::string keyName(std::int64_t keyCode) {
 std::optional<std::int64_t> keyCode(std::string_view name) {
     for (std::int64_t code = 0; code < keyCodeEnd; ++code) {
         const auto known = keyName(code);
-        // Keys without a name are called by their number.
+        // Keys without a name are listed by number.
         if (lower(known) == lower(name)) {
             return code;
         }
@@ -83,7 +83,7 @@ std::string text(HotKeyCombo combo) {
 std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
     if (text.size() > maxLength) {
         return std::unexpected(
-            fmt::format("A shortcut is a text of at most {} characters, like Super+Shift+R.", maxLength));
+            fmt::format("A shortcut has at most {} characters, like Super+Shift+R.", maxLength));
     }
     HotKeyCombo combo;
     std::string_view rest = text;
@@ -93,7 +93,7 @@ std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
                                              [](const ModifierName& each) { return lower(each.name); });
         if (known == modifierNames.end()) {
             return std::unexpected(
-                fmt::format("\"{}\" is no modifier. There are Control, Alt, Shift and Super.", word));
+                fmt::format("\"{}\" is not a modifier. Use Control, Alt, Shift or Super.", word));
         }
         combo.modifiers |= known->mask;
         rest.remove_prefix(plus + 1);
@@ -108,7 +108,7 @@ std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
     combo.keyCode = *code;
     if ((combo.modifiers & ~HotKeyModifiers::shift) == 0 && !isFunctionKey(*code)) {
         return std::unexpected(
-            "A shortcut needs Control, Alt or Super, else the key would be lost to every program.");
+            "A shortcut needs Control, Alt or Super; otherwise no other program could use the key.");
     }
     return combo;
 }

@@ -1,4 +1,4 @@
-// Shortcuts as they are typed on a command line and shown where glyphs are not at home: "Super+Shift+R".
+// Shortcuts as plain text, for command lines and wherever glyphs are unusual: "Super+Shift+R".
 #pragma once
 
 #include "VantrelCore/model/HotKeyCombo.h"
@@ -16,9 +16,9 @@ namespace vantrel::HotKeyText {
 // Every shortcut is shorter than this, in bytes.
 inline constexpr std::size_t maxLength = 100;
 
-// Modifiers in any order and case, by their names on any keyboard (Super, Command, Meta; Alt, Option;
-// Control, Ctrl; Shift), joined to the key by "+". The error is a sentence for the user: an unknown key, one
-// that would take an ordinary key away from every program, or a text that is too long.
+// Accepts modifiers in any order and case, by any common name (Super, Command, Meta; Alt, Option; Control,
+// Ctrl; Shift), joined to the key by "+". The error is a sentence for the user: an unknown key or modifier, a
+// shortcut that would block an ordinary key in every program, or too long a text.
 [[nodiscard]] std::expected<HotKeyCombo, std::string> parse(std::string_view text);
 
 } // namespace vantrel::HotKeyText

@@ -14,7 +14,7 @@ struct Modifier {
     std::string_view glyph;
 };
 
-// In the order in which menus show them.
+// In menu order.
 constexpr std::array modifierTable{
     Modifier{HotKeyModifiers::control, EventFlags::control, "⌃"},
     Modifier{HotKeyModifiers::option, EventFlags::option, "⌥"},

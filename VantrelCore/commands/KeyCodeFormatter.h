@@ -1,4 +1,4 @@
-// Shortcuts as the user reads them: modifier glyphs followed by the key's glyph, "⇧⌘R".
+// Formats shortcuts for display: modifier glyphs followed by the key's glyph, "⇧⌘R".
 #pragma once
 
 #include "VantrelCore/model/HotKeyCombo.h"
@@ -8,7 +8,7 @@
 
 namespace vantrel::KeyCodeFormatter {
 
-// The modifier flags of a key event, with the bit values of AppKit's events. Other bits may be set.
+// Modifier flags of a key event, with AppKit's bit values. Other bits may be set.
 namespace EventFlags {
 
 inline constexpr std::uint64_t shift = 1U << 17U;
@@ -18,7 +18,7 @@ inline constexpr std::uint64_t command = 1U << 20U;
 
 } // namespace EventFlags
 
-// Always in the order control, option, shift, command; other bits show nothing.
+// Always in the order control, option, shift, command; other bits are ignored.
 [[nodiscard]] std::string modifierGlyphs(std::int64_t modifiers);
 
 // "Key " and the number for a key without a glyph here.

@@ -48,7 +48,7 @@ std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> en
     return entries;
 }
 
-// Three dots say that an entry opens a window.
+// An ellipsis marks entries that open a window.
 std::string title(const StatusItemMenuEntry& entry) {
     switch (entry.kind) {
     case Kind::scene:

@@ -1,4 +1,4 @@
-// The context menu of the status item: which entries, in which order, with which titles.
+// The status item's context menu: its entries, their order and titles.
 #pragma once
 
 #include <cstdint>
@@ -17,16 +17,16 @@ struct SceneEntry {
     bool operator==(const SceneEntry&) const = default;
 };
 
-// Shown besides the entries that are always there.
+// Shown in addition to the permanent entries.
 struct Notice {
     enum class Kind : std::uint8_t {
-        // Only say so.
+        // For information only.
         trialEnded,
         filesInTrouble,
         // Opens the purchase page.
         purchase,
         updateAvailable,
-        // Sets both settings of Mission Control so that windows stay where they are put.
+        // Changes both Mission Control settings so that windows stay in place.
         fixMissionControl,
         checkForUpdates,
     };
@@ -51,11 +51,11 @@ struct StatusItemMenuEntry {
     };
 
     Kind kind = Kind::separator;
-    // Which scene it applies; empty for all others.
+    // The scene to apply; empty for other kinds.
     StatusItem::SceneEntry sceneEntry{};
-    // What caused the restore that undoLastRestore would undo.
+    // The reason of the restore that undoLastRestore undoes.
     std::string reason{};
-    // Of a notice.
+    // Only for a notice.
     StatusItem::Notice noticeEntry{};
 
     [[nodiscard]] static StatusItemMenuEntry scene(std::string id, std::string name) {
@@ -73,7 +73,7 @@ struct StatusItemMenuEntry {
 
 namespace StatusItemMenuBuilder {
 
-// `scenes` are those of the current desk, in the order to show; no `undoReason` means nothing to undo.
+// `scenes` are the current desk's, in display order; without `undoReason` there is nothing to undo.
 [[nodiscard]] std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>& scenes,
                                                      const std::optional<std::string>& undoReason);
 
@@ -82,15 +82,15 @@ struct News {
     std::optional<std::string> latestAvailable;
     // `MissionControlConfig::Classification::losing`.
     bool isMissionControlLosing = false;
-    // Learning fails, or something is the matter with a file.
+    // Failures of learning and problems with files.
     std::vector<std::string> troubles{};
 };
 
-// The entries with what is new above them, and the command that looks for updates before the last one.
+// Adds notices above the entries, and the command that checks for updates before the last one.
 [[nodiscard]] std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries,
                                                            const News& news);
 
-// A scene goes by its own name; a separator has no title.
+// For a scene its own name; empty for a separator.
 [[nodiscard]] std::string title(const StatusItemMenuEntry& entry);
 
 } // namespace StatusItemMenuBuilder

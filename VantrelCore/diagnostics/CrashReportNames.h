@@ -1,5 +1,4 @@
-// How crash reports are named: one file a crash, in a folder of their own, for example
-// "1766340000-signal.crash".
+// Names of crash reports: one file per crash, in their own folder, for example "1766340000-signal.crash".
 #pragma once
 
 #include <filesystem>
@@ -15,7 +14,7 @@ inline constexpr std::string_view extension = ".crash";
     return file.extension().string() == extension;
 }
 
-// After the time of the crash, in whole seconds since 1970.
+// Preceded by the time of the crash, in whole seconds since 1970.
 inline constexpr std::string_view signalEnding = "-signal.crash";
 inline constexpr std::string_view exceptionEnding = "-exception.crash";
 

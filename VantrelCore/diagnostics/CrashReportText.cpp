@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t longestReason = 300;
 constexpr std::string_view leftOut = "…";
 
-// What the system says of itself stays on its line.
+// Keeps the system's description of itself on one line.
 std::string oneLine(std::string text) {
     std::ranges::replace_if(text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, ' ');
     return text;
@@ -20,7 +20,7 @@ bool isPlain(std::string_view word) {
     return std::ranges::all_of(word, [](char c) { return c > ' ' && c <= '~' && c != '/' && c != '@'; });
 }
 
-// From the first quote to the last, because what is quoted may hold quotes itself.
+// Removes from the first quote to the last, as quoted text may contain quotes.
 std::string withoutQuoted(std::string_view text) {
     constexpr std::string_view quotes = "\"'`";
     const auto first = text.find_first_of(quotes);
@@ -28,7 +28,7 @@ std::string withoutQuoted(std::string_view text) {
         return std::string(text);
     }
     const auto last = text.find_last_of(quotes);
-    // A single one may open what was cut off.
+    // A single quote may open text that was cut off.
     const auto rest = last == first ? std::string_view() : text.substr(last + 1);
     return std::string(text.substr(0, first)).append(leftOut).append(rest);
 }
@@ -46,7 +46,7 @@ std::string exceptionReport(std::string_view header, const UncaughtException& ex
 }
 
 std::string shareableReason(std::string_view reason) {
-    // Quotes first: a title may hold the end of the line, too.
+    // Quotes first: a quoted title may contain a line break.
     const std::string unquoted = withoutQuoted(reason);
     const auto text = std::string_view(unquoted).substr(0, std::min(unquoted.find('\n'), longestReason));
     std::string shareable;

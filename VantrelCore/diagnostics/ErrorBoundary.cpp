@@ -13,7 +13,7 @@ std::string caughtText() {
     } catch (const std::exception& error) {
         return error.what();
     } catch (...) {
-        return "of an unknown kind";
+        return "unknown exception";
     }
 }
 
@@ -25,7 +25,7 @@ void logCaught(std::string_view area, const Log& log) noexcept {
             log(fmt::format("{}: stopped by an error: {}", area, caughtText()));
         }
     } catch (...) {
-        // Short of memory even for the line; the work has ended all the same.
+        // Not even enough memory for the log line; the work has ended all the same.
         return;
     }
 }

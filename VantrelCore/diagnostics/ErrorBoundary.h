@@ -1,5 +1,5 @@
-// Where a thrown error ends: around background work, timers, bus methods and X events. It becomes a line of
-// the log and a false result, instead of the end of the program.
+// Catches exceptions around background work, timers, bus methods and X events. An exception becomes a log
+// line and a false result instead of ending the program.
 #pragma once
 
 #include <functional>
@@ -9,13 +9,13 @@
 
 namespace vantrel::ErrorBoundary {
 
-// Takes a line for the log, on the thread whose work threw.
+// Receives a log line, on the thread whose work threw.
 using Log = std::function<void(const std::string& line)>;
 
-// Tells `log` of the exception that is being handled.
+// Logs the exception currently being handled.
 void logCaught(std::string_view area, const Log& log) noexcept;
 
-// Runs `work`. False when it threw; `log` has then been told "`area`: stopped by an error: " and what.
+// Runs `work`. False if it threw; the log then has the line "`area`: stopped by an error: " with the error.
 template <typename Work>
 bool run(std::string_view area, const Log& log, Work&& work) noexcept {
     try {

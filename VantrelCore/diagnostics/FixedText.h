@@ -1,4 +1,4 @@
-// Text in room set aside beforehand: what a signal handler may write to, because nothing is allocated.
+// Text in a fixed buffer. It never allocates, so signal handlers may write to it.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace vantrel {
 template <std::size_t capacity>
 class FixedText {
 public:
-    // All of it, or nothing and false when there is not room enough.
+    // Appends all of `text`, or nothing and returns false if it does not fit.
     bool append(std::string_view text) {
         if (text.size() > capacity - m_size) {
             return false;
@@ -22,7 +22,7 @@ public:
         return true;
     }
 
-    // Takes away what lies beyond `size`.
+    // Removes everything beyond `size`.
     void truncate(std::size_t size) {
         m_size = std::min(m_size, size);
         m_text[m_size] = '\0';
@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] std::string_view view() const { return {m_text.data(), m_size}; }
 
-    // Ends with a zero.
+    // Null-terminated.
     [[nodiscard]] const char* data() const { return m_text.data(); }
 
 private:

@@ -1,4 +1,4 @@
-// What a crash report tells of where it happened: the program and the machine, nothing of the user.
+// Where a crash happened: describes the program and the machine, nothing about the user.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 namespace vantrel {
 
 struct SystemDescription {
-    // Of the program, for example "1.4.0".
+    // The program's version, for example "1.4.0".
     std::string version;
-    // Which build of that version; finds the debug information for the report's addresses.
+    // Identifies the build, to find the debug information for the report's addresses.
     std::string build;
     // With its version, for example "Debian GNU/Linux 12 (bookworm), linux 6.1.0-18-amd64".
     std::string operatingSystem;

@@ -76,8 +76,8 @@ std::vector<std::string> texts(const Candidates& shown) {
 std::expected<DisplayInfo, std::string> only(std::string_view called, const Candidates& found,
                                              const Candidates& all) {
     if (found.size() > 1) {
-        return std::unexpected(fmt::format("\"{}\" fits more than one display: {}. Name one of them.", called,
-                                           fmt::join(texts(found), ", ")));
+        return std::unexpected(fmt::format("\"{}\" matches more than one display: {}. Name one of them.",
+                                           called, fmt::join(texts(found), ", ")));
     }
     // Prefer its label on the current desk.
     const auto first = std::ranges::find_if(
@@ -129,7 +129,7 @@ std::expected<DisplayInfo, std::string> resolve(std::string_view called,
     const auto known = texts(fitting(all, [](const Candidate&) { return true; }));
     return std::unexpected(
         fmt::format("No display \"{}\" is known.{}", called,
-                    known.empty() ? "" : fmt::format(" Known are: {}.", fmt::join(known, ", "))));
+                    known.empty() ? "" : fmt::format(" Known displays: {}.", fmt::join(known, ", "))));
 }
 
 } // namespace vantrel::DisplayLabels

@@ -1,4 +1,4 @@
-// The digest that licence records and machine names are made with: BLAKE2b of 256 bits.
+// The digest used for licence records and machine names: BLAKE2b with 256 bits.
 #pragma once
 
 #include <string>

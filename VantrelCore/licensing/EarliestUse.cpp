@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-// An older date is a wrong clock's.
+// Older dates come from a wrong clock.
 constexpr Date oldestBelievable{std::chrono::sys_days{std::chrono::year{2024} / 1 / 1}};
 
 } // namespace

@@ -1,4 +1,4 @@
-// Since when the program has been used here, as far as its stores remember.
+// When the program was first used here, according to its stores.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -9,7 +9,7 @@
 
 namespace vantrel {
 
-// None when nothing is remembered.
+// None if the stores have no dates.
 [[nodiscard]] std::optional<Date> earliestUse(const std::filesystem::path& supportDirectory,
                                               FileSystem& files);
 

@@ -9,9 +9,9 @@ namespace vantrel::LicenseAcceptance {
 
 namespace {
 
-std::optional<LicenseProblem> objection(const LicenseRecord& record, const License& license,
-                                        const Asked& asked) {
-    if (const auto problem = LicenseDocuments::objection(license, asked.machine, record.deactivated)) {
+std::optional<LicenseProblem> problemWith(const LicenseRecord& record, const License& license,
+                                          const Asked& asked) {
+    if (const auto problem = LicenseDocuments::problemWith(license, asked.machine, record.deactivated)) {
         return problem;
     }
     if (license.nonce && license.nonce != asked.nonce) {
@@ -23,7 +23,7 @@ std::optional<LicenseProblem> objection(const LicenseRecord& record, const Licen
     if (license.id != asked.held->id) {
         return LicenseProblem::otherLicense;
     }
-    // The server's clock may have been ahead and be right again; only an answer of this moment shows that.
+    // The server's clock may have been ahead earlier and be right now; only a fresh reply proves that.
     return !license.nonce && license.issuedAt < asked.held->issuedAt ? std::optional(LicenseProblem::older)
                                                                      : std::nullopt;
 }
@@ -36,7 +36,7 @@ std::expected<Accepted, LicenseProblem> accept(const LicenseRecord& record, cons
     if (!license) {
         return std::unexpected(license.error());
     }
-    if (const auto problem = objection(record, *license, asked)) {
+    if (const auto problem = problemWith(record, *license, asked)) {
         return std::unexpected(*problem);
     }
     Accepted accepted{.record = record, .license = *license};
@@ -44,7 +44,7 @@ std::expected<Accepted, LicenseProblem> accept(const LicenseRecord& record, cons
     accepted.record.problem.reset();
     accepted.record.withdrawn.reset();
     if (license->nonce) {
-        // A clock that was once ahead counts no more.
+        // Forget a clock that was once ahead.
         accepted.record.latestSeen = license->issuedAt;
     }
     if (!LicenseDecision::entitlement(accepted.record, *license, asked.now).isEntitled()) {
@@ -59,7 +59,7 @@ Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Ask
     Renewal outcome{.record = record, .license = *asked.held};
     if (LicenseAnswers::isWithdrawn(result)) {
         outcome.record.withdrawn = asked.held->id;
-        outcome.sentence = "the vendor's server does not renew this license any more";
+        outcome.sentence = "the vendor's server no longer renews this license";
         return outcome;
     }
     const auto document = LicenseAnswers::activated(result);
@@ -69,7 +69,7 @@ Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Ask
     }
     auto accepted = accept(record, *document, asked);
     if (!accepted) {
-        outcome.sentence = fmt::format("not renewed: the server's answer was not accepted. {}",
+        outcome.sentence = fmt::format("not renewed: the server's reply was not accepted. {}",
                                        LicenseProblems::sentence(accepted.error()));
         return outcome;
     }

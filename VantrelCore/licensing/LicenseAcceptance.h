@@ -1,4 +1,4 @@
-// Decides whether a licence that the server sent is taken over, and what the record says then.
+// Decides whether to accept a licence from the server, and updates the record.
 #pragma once
 
 #include "VantrelCore/licensing/LicenseAnswers.h"
@@ -11,13 +11,13 @@
 namespace vantrel::LicenseAcceptance {
 
 struct Asked {
-    // LicensedMachine's.
+    // From LicensedMachine.
     std::string machine;
     LicenseDocuments::PublicKey key{};
-    // What the request asked the server to sign. An answer that carries it was made just now, so its date is
-    // the time; other answers may be old ones, played again.
+    // The nonce that the request asked the server to sign. A reply that carries it is fresh, so its date is
+    // the current time; any other reply may be a replayed old one.
     std::string nonce;
-    // The licence that is to be renewed; none for an activation.
+    // The licence to renew; none for an activation.
     std::optional<License> held{};
     Date now;
 };
@@ -31,7 +31,7 @@ struct Accepted {
 accept(const LicenseRecord& record, const LicenseDocument& document, const Asked& asked);
 
 struct Renewal {
-    // As they are to be from now on; unchanged unless the server renewed or withdrew the licence.
+    // The new state; unchanged unless the server renewed or withdrew the licence.
     LicenseRecord record;
     License license;
     bool isRenewed = false;
@@ -39,7 +39,7 @@ struct Renewal {
     std::string sentence{};
 };
 
-// `asked.held` is set.
+// `asked.held` must be set.
 [[nodiscard]] Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Asked& asked);
 
 } // namespace vantrel::LicenseAcceptance

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t longestKey = 128;
 constexpr std::size_t longestSentence = 200;
 constexpr const char* unchanged = "Nothing was changed.";
-// The licence is gone on the server's side already.
+// HTTP status: the server no longer has the licence.
 constexpr int gone = 410;
 
 HttpRequest post(const std::string& url, const nlohmann::json& body) {
@@ -25,7 +25,7 @@ HttpRequest post(const std::string& url, const nlohmann::json& body) {
             .largestBody = LicenseDocument::largest};
 }
 
-// A terminal shows it, so it must not be able to do anything there.
+// The text may be printed on a terminal and must not control it.
 bool isHarmless(const std::string& text) {
     const bool hasControls = std::ranges::any_of(text, [](unsigned char c) { return c < 0x20 || c == 0x7f; });
     bool hasMoreControls = false;
@@ -37,7 +37,7 @@ bool isHarmless(const std::string& text) {
     return !text.empty() && text.size() <= longestSentence && !hasControls && !hasMoreControls;
 }
 
-// The sentence that the server gives for people: {"error": "…"}.
+// The server's sentence for the user: {"error": "…"}.
 std::optional<std::string> serversSentence(const std::string& body) {
     const auto json = StrictJson::parse(body, LicenseDocument::largest);
     if (!json || !json->is_object() || !json->contains("error") || !json->at("error").is_string()) {
@@ -55,7 +55,7 @@ std::string refusal(const HttpResponse& response) {
     return fmt::format("The server has a problem ({}). {} Try again later.", response.status, unchanged);
 }
 
-// Nothing when the server agreed.
+// Success if the server agreed, else a sentence for the user.
 std::expected<void, std::string> agreed(const HttpResult& result) {
     if (!result) {
         return std::unexpected(fmt::format("{} {}", result.error().sentence, unchanged));
@@ -94,7 +94,7 @@ std::expected<LicenseDocument, std::string> activated(const HttpResult& result) 
     }
     auto document = LicenseDocuments::parse(result->body);
     if (!document) {
-        return std::unexpected(fmt::format("The server's answer is no license. {}", unchanged));
+        return std::unexpected(fmt::format("The server's reply is not a license. {}", unchanged));
     }
     return *std::move(document);
 }

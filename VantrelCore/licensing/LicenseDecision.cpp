@@ -22,7 +22,7 @@ std::optional<LicenseProblem> problemOf(const FileReading& file) {
     return file && !file->has_value() ? std::optional(file->error()) : std::nullopt;
 }
 
-// A trial whose record was lost counts from the oldest use that is remembered.
+// A trial whose record is missing counts from the earliest known use.
 LicenseRecord newRecord(const AtStart& at) {
     const auto earliest = at.earliestUse ? at.earliestUse() : std::nullopt;
     return {.trialStartedAt = std::min(at.now, earliest.value_or(at.now)), .latestSeen = at.now};
@@ -37,14 +37,14 @@ LicenseRecord knownRecord(const AtStart& at) {
 
 std::string sentence(const License& license, bool isWithdrawn, const LicenseLease::Standing& standing) {
     using LicenseLease::Term;
-    constexpr const char* noMore = "the vendor's server does not renew it any more. If that is a mistake, "
+    constexpr const char* noMore = "the vendor's server no longer renews it. If that is a mistake, "
                                    "activate your key again.";
     if (standing.term == Term::ended && isWithdrawn) {
-        return fmt::format("The license has ended on {}: {}", dayText(*standing.until), noMore);
+        return fmt::format("The license ended on {}: {}", dayText(*standing.until), noMore);
     }
     if (standing.term == Term::ended) {
         return fmt::format(
-            "The license has ended on {} because it was not renewed. It comes back by itself when "
+            "The license ended on {} because it was not renewed. It becomes valid again as soon as "
             "this computer reaches the vendor's server. If this computer's clock is wrong, set it "
             "right.",
             dayText(*standing.until));
@@ -56,7 +56,7 @@ std::string sentence(const License& license, bool isWithdrawn, const LicenseLeas
                             license.expiresAt ? " until " + dayText(*license.expiresAt) : "");
     if (standing.term == Term::inGrace) {
         text += fmt::format(
-            " The license was to be renewed by {}: connect this computer to the internet before {}.",
+            " The license was due for renewal by {}: connect this computer to the internet before {}.",
             dayText(*license.leasedUntil), dayText(*standing.until));
     }
     return text;
@@ -88,12 +88,12 @@ Start start(const AtStart& at) {
     result.keepsMainAside = problemOf(at.main) && result.mayWriteMain;
     result.keepsCopyAside = problemOf(at.copy) && result.mayWriteCopy;
     if (!isIntact(at.main)) {
-        // A copy that is broken is mended from the file; without the file it is all there was.
+        // A broken copy is repaired from the file; without the file, the copy's problem counts.
         record.problem = problemOf(at.main) ? problemOf(at.main) : problemOf(at.copy);
     }
     if (record.document) {
         const auto license = LicenseDocuments::verify(*record.document, at.key);
-        const auto problem = license ? LicenseDocuments::objection(*license, at.machine, record.deactivated)
+        const auto problem = license ? LicenseDocuments::problemWith(*license, at.machine, record.deactivated)
                                      : std::optional(license.error());
         if (problem) {
             record.problem = problem;
@@ -118,7 +118,7 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
     const Date present = effectiveNow(record, license, now);
     if (license && license->expiresAt && present >= *license->expiresAt) {
         return {.kind = Kind::refused,
-                .reason = fmt::format("The license has expired on {}.", dayText(*license->expiresAt)),
+                .reason = fmt::format("The license expired on {}.", dayText(*license->expiresAt)),
                 .license = license};
     }
     if (license) {
@@ -136,7 +136,7 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
         return {
             .kind = Kind::trialOver,
             .reason =
-                "The trial has ended. What was saved is kept; a license brings restoring and learning back.",
+                "The trial has ended. Your saved data is kept; a license brings back restoring and learning.",
             .trialEndsAt = end};
     }
     const auto days = std::chrono::ceil<std::chrono::days>(end - present).count();
@@ -149,7 +149,7 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
 
 Entitlement notNeeded() {
     return {.kind = Entitlement::Kind::notNeeded,
-            .reason = "This build has no vendor's key and needs no license."};
+            .reason = "This build contains no vendor key and needs no license."};
 }
 
 } // namespace vantrel::LicenseDecision

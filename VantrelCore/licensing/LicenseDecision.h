@@ -1,4 +1,4 @@
-// Decides whether the program may run: from the files at the start, and from the time ever after.
+// Decides whether the program may run: from the files at the start, and from the time thereafter.
 #pragma once
 
 #include "VantrelCore/licensing/LicenseRecord.h"
@@ -18,13 +18,13 @@ inline constexpr std::chrono::days trialLength{14};
 using FileReading = std::optional<std::expected<LicenseRecord, LicenseProblem>>;
 
 struct AtStart {
-    // "license.json", and the copy that is kept elsewhere.
+    // "license.json", and its copy kept elsewhere.
     FileReading main;
     FileReading copy;
-    // The date of the oldest thing that the program remembers about the user's desks; asked when there is no
-    // record. A trial that was begun and whose record is missing counts from then.
+    // The earliest date in the program's stores; called only if there is no record. A trial whose record is
+    // missing counts from then.
     std::function<std::optional<Date>()> earliestUse;
-    // LicensedMachine's; empty on a computer without an identity.
+    // From LicensedMachine; empty on a computer without an identity.
     std::string machine;
     LicenseDocuments::PublicKey key{};
     Date now;
@@ -32,25 +32,25 @@ struct AtStart {
 
 struct Start {
     LicenseRecord record;
-    // The licence that holds, or held until it expired.
+    // The valid licence, or one that was valid until it expired.
     std::optional<License> license{};
-    // The file is to be kept aside before it is written again.
+    // Set the file aside before writing it again.
     bool keepsMainAside = false;
     bool keepsCopyAside = false;
-    // What cannot be read is not written over.
+    // False: the file could not be read and must not be overwritten.
     bool mayWriteMain = true;
     bool mayWriteCopy = true;
 };
 
 [[nodiscard]] Start start(const AtStart& at);
 
-// The time that counts: clocks that go back change nothing.
+// The time used for decisions; a clock set back has no effect.
 [[nodiscard]] Date effectiveNow(const LicenseRecord& record, const std::optional<License>& license, Date now);
 
 [[nodiscard]] Entitlement entitlement(const LicenseRecord& record, const std::optional<License>& license,
                                       Date now);
 
-// The entitlement of a build without a vendor's key.
+// The entitlement of a build without a vendor key.
 [[nodiscard]] Entitlement notNeeded();
 
 } // namespace vantrel::LicenseDecision

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* productName = "vantrel";
 
-// Strict: no other characters, padded, no bits left over. None for anything else.
+// Strict: no other characters, padded, no leftover bits; none otherwise.
 std::optional<std::string> fromBase64(const std::string& text) {
     std::string bytes(text.size(), '\0');
     std::size_t size = 0;
@@ -90,8 +90,8 @@ std::expected<License, LicenseProblem> verify(const LicenseDocument& document, c
     }
 }
 
-std::optional<LicenseProblem> objection(const License& license, std::string_view machine,
-                                        std::span<const std::string> deactivated) {
+std::optional<LicenseProblem> problemWith(const License& license, std::string_view machine,
+                                          std::span<const std::string> deactivated) {
     if (license.product != productName) {
         return LicenseProblem::otherProduct;
     }

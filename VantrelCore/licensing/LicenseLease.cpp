@@ -29,7 +29,7 @@ double secondsToNextAttempt(int failures, bool isLockedOut) {
         return day;
     }
     constexpr int mostDoublings = 7;
-    // Someone who is locked out is not kept waiting for a day once the server is back.
+    // A user who is locked out should not wait a day once the server is back.
     return std::min(isLockedOut ? 3600.0 : day, shortest * (1 << std::min(failures - 1, mostDoublings)));
 }
 

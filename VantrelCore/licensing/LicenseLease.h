@@ -1,5 +1,5 @@
-// How long a licence holds between two renewals. The vendor signs it for a month at a time and the program
-// renews it early, so a server that is down for weeks takes nothing from anybody.
+// How long a licence is valid between renewals. The vendor signs it for a month at a time and the program
+// renews it early, so a server outage of weeks affects nobody.
 #pragma once
 
 #include "VantrelCore/model/License.h"
@@ -10,26 +10,26 @@
 
 namespace vantrel::LicenseLease {
 
-// After the lease's end, as long as the server has not said that the licence was withdrawn.
+// Extra time after the lease ends, unless the server has withdrawn the licence.
 inline constexpr std::chrono::days grace{60};
-// What a licence from before leases still has from its issue when the server withdraws it.
+// How long a licence without a lease is valid, counted from its issue, once the server withdraws it.
 inline constexpr std::chrono::days usualLength{30};
 
 enum class Term : std::uint8_t { endless, leased, inGrace, ended };
 
 struct Standing {
     Term term = Term::endless;
-    // When the term ends, or with `ended`, when it did; none with `endless`.
+    // When the term ends or, if `ended`, ended; none if `endless`.
     std::optional<Date> until{};
 };
 
 [[nodiscard]] Standing standing(const License& license, bool isWithdrawn, Date now);
 
-// Whether the server is to be asked for a renewal: from a quarter of the lease on, so that three weeks are
-// left in which it may be out of reach.
+// Whether to request a renewal: after a quarter of the lease, which leaves three weeks in which the server
+// may be unreachable.
 [[nodiscard]] bool isDue(const License& license, Date now);
 
-// How long to wait after so many attempts in a row that brought no renewal; none of them: after a renewal.
+// The wait after `failures` consecutive failed attempts; 0 means after a renewal.
 [[nodiscard]] double secondsToNextAttempt(int failures, bool isLockedOut);
 
 } // namespace vantrel::LicenseLease

@@ -1,4 +1,4 @@
-// A number that is used once: a server that signs it with its answer has made the answer for this request.
+// A number used once: a reply that contains it, signed, was made for this request.
 #pragma once
 
 #include <string>

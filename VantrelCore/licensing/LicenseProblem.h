@@ -1,4 +1,4 @@
-// What can be wrong with a licence that is stored or was received.
+// What can be wrong with a stored or received licence.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,12 @@
 namespace vantrel {
 
 enum class LicenseProblem : std::uint8_t {
-    // The file holds no record, or not a whole one.
+    // The file has no complete record.
     damaged,
-    // The record is not the one that was written on this computer.
+    // The record is not as it was written on this computer.
     changed,
     unreadable,
-    // The document has another form than it should.
+    // The document is not in the expected format.
     malformed,
     unknownAlgorithm,
     badSignature,
@@ -22,11 +22,11 @@ enum class LicenseProblem : std::uint8_t {
     otherMachine,
     deactivated,
     expired,
-    // The answer belongs to another request.
+    // The reply belongs to another request.
     otherRequest,
-    // The renewal is of another licence.
+    // The renewal is for another licence.
     otherLicense,
-    // The renewal is older than what is here.
+    // The renewal is older than the stored licence.
     older,
     // By this computer's clock its lease ended long ago.
     clockAhead,
@@ -34,10 +34,10 @@ enum class LicenseProblem : std::uint8_t {
 
 namespace LicenseProblems {
 
-// For people, a sentence.
+// A sentence for the user.
 [[nodiscard]] std::string sentence(LicenseProblem problem);
 
-// As it is written to a file: "badSignature".
+// The name used in files: "badSignature".
 [[nodiscard]] std::string_view name(LicenseProblem problem);
 [[nodiscard]] std::optional<LicenseProblem> named(std::string_view name);
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int64_t schemaVersion = 1;
 
-// A document, and room for many deactivations.
+// Enough for a document and many deactivations.
 constexpr std::size_t largestFile = 1'000'000;
 
 std::string sealOf(const nlohmann::json& record, std::string_view machine) {
@@ -41,7 +41,7 @@ LicenseRecord fromJson(const nlohmann::json& json) {
     record.document = JsonCoding::optional<LicenseDocument>(json, "license");
     record.withdrawn = JsonCoding::optional<std::string>(json, "withdrawn");
     if (const auto name = JsonCoding::optional<std::string>(json, "problem")) {
-        // One that a newer program knows is a problem all the same.
+        // A problem known only to a newer version is still a problem.
         record.problem = LicenseProblems::named(*name).value_or(LicenseProblem::malformed);
     }
     return record;

@@ -1,6 +1,6 @@
-// What is kept about trial and licence from one start to the next, and its file: a record with a seal, which
-// tells a record that somebody changed or brought along from another computer. The seal is no secret; what
-// has to withstand a forger is the vendor's signature inside.
+// The persistent state of trial and licence, and its file: a record with a seal that reveals records changed
+// or copied from another computer. The seal is not secret; the vendor's signature inside is what resists
+// forgery.
 #pragma once
 
 #include "VantrelCore/licensing/LicenseDocument.h"
@@ -17,14 +17,14 @@ namespace vantrel {
 
 struct LicenseRecord {
     Date trialStartedAt;
-    // The latest time that was ever seen: time does not go back for the trial.
+    // The latest time ever seen; for the trial, time never goes back.
     Date latestSeen;
-    // The ids of licences that were given back here.
+    // The ids of licences returned from this computer.
     std::vector<std::string> deactivated{};
     std::optional<LicenseDocument> document{};
-    // The id of the licence that the vendor's server said it does not renew any more.
+    // The id of the licence that the vendor's server no longer renews.
     std::optional<std::string> withdrawn{};
-    // Why a licence that was here is not any more; until the next activation.
+    // Why the previous licence was rejected; kept until the next activation.
     std::optional<LicenseProblem> problem{};
 
     bool operator==(const LicenseRecord&) const = default;
@@ -32,18 +32,18 @@ struct LicenseRecord {
 
 namespace LicenseRecords {
 
-// The file's text; `machine` is LicensedMachine's. Dates lose their fractions of a second.
+// The file's content; `machine` is from LicensedMachine. Dates lose fractions of a second.
 [[nodiscard]] std::string encode(const LicenseRecord& record, std::string_view machine);
 
-// `damaged` or `changed` when it is not what encode() made.
+// `damaged` or `changed` if encode() did not produce it.
 [[nodiscard]] std::expected<LicenseRecord, LicenseProblem> decode(std::string_view text,
                                                                   std::string_view machine);
 
-// What both know of, of each the word that favours nobody who tampers: the earlier start, the later time,
-// what either knows to be deactivated or withdrawn. Document and problem are those of `main`.
+// Combines both so that tampering gains nothing: the earlier start, the later time, everything that either
+// lists as deactivated or withdrawn. Document and problem come from `main`.
 [[nodiscard]] LicenseRecord merged(const LicenseRecord& main, const LicenseRecord& copy);
 
-// What the copy keeps of it.
+// The part kept in the copy.
 [[nodiscard]] LicenseRecord forCopy(const LicenseRecord& record);
 
 } // namespace LicenseRecords

@@ -1,5 +1,5 @@
-// The name under which the vendor knows a computer: a digest, from which the computer's own identity cannot
-// be had.
+// The name by which the vendor identifies a computer: a digest that does not reveal the computer's own
+// identity.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace vantrel::LicensedMachine {
 
-// 64 hexadecimal digits. `machineID` is what MachineIdentity gives.
+// 64 hexadecimal digits. `machineID` is from MachineIdentity.
 [[nodiscard]] std::string hash(std::string_view machineID);
 
 } // namespace vantrel::LicensedMachine

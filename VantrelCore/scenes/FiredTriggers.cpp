@@ -4,9 +4,9 @@
 
 namespace vantrel::FiredTriggers {
 
-std::vector<FiredTrigger> fates(const std::vector<SceneTrigger>& triggers, const std::vector<Scene>& scenes,
-                                const std::string& configID) {
-    using enum FiredTrigger::Fate;
+std::vector<FiredTrigger> outcomes(const std::vector<SceneTrigger>& triggers,
+                                   const std::vector<Scene>& scenes, const std::string& configID) {
+    using enum FiredTrigger::Outcome;
     std::vector<FiredTrigger> fired;
     for (const SceneTrigger& trigger : triggers) {
         const auto scene = std::ranges::find(scenes, trigger.sceneID, &Scene::id);
@@ -22,7 +22,7 @@ std::vector<FiredTrigger> fates(const std::vector<SceneTrigger>& triggers, const
     if (std::ranges::any_of(fired, isOfThisDesk)) {
         for (FiredTrigger& each : fired) {
             if (each.scene && !isOfThisDesk(each)) {
-                each.fate = passedOver;
+                each.outcome = passedOver;
             }
         }
     }

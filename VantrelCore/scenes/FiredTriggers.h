@@ -1,4 +1,4 @@
-// What becomes of triggers that fire at the same moment: which of their scenes are applied on this desk.
+// Decides which scenes are applied when several triggers fire at the same moment.
 #pragma once
 
 #include "VantrelCore/model/Scene.h"
@@ -11,17 +11,17 @@
 namespace vantrel {
 
 struct FiredTrigger {
-    enum class Fate : std::uint8_t {
+    enum class Outcome : std::uint8_t {
         // Its scene is applied.
         applied,
-        // A scene of this desk has precedence over its one, which was saved on another desk.
+        // Its scene belongs to another desk, and a scene of this desk takes precedence.
         passedOver,
         sceneGone,
     };
 
     SceneTrigger trigger;
-    Fate fate = Fate::applied;
-    // None when it is gone.
+    Outcome outcome = Outcome::applied;
+    // None if it no longer exists.
     std::optional<Scene> scene{};
 
     bool operator==(const FiredTrigger&) const = default;
@@ -29,11 +29,11 @@ struct FiredTrigger {
 
 namespace FiredTriggers {
 
-// In the order of `triggers`. Where one of the scenes was saved on this desk, only such are applied: a user
-// who sets one time for several scenes has a scene for each desk. A scene that stands alone is applied on any
-// desk.
-[[nodiscard]] std::vector<FiredTrigger> fates(const std::vector<SceneTrigger>& triggers,
-                                              const std::vector<Scene>& scenes, const std::string& configID);
+// In the order of `triggers`. If any of the scenes was saved on this desk, only such scenes are applied: a
+// user who sets one time for several scenes has a scene per desk. Otherwise all are applied.
+[[nodiscard]] std::vector<FiredTrigger> outcomes(const std::vector<SceneTrigger>& triggers,
+                                                 const std::vector<Scene>& scenes,
+                                                 const std::string& configID);
 
 } // namespace FiredTriggers
 

@@ -10,8 +10,8 @@ namespace vantrel::MeetingLinks {
 
 namespace {
 
-// Parts of the hosts in the links that the services send out. Companies have subdomains of their own on Zoom
-// and Webex, so these two stand without one.
+// Parts of the host names in meeting links. Zoom and Webex are listed without a subdomain, as companies have
+// their own.
 constexpr std::array<std::string_view, 5> hostFragments{
     "zoom.us", "meet.google.com", "teams.microsoft.com", "webex.com", "facetime.apple.com",
 };

@@ -1,4 +1,4 @@
-// Whether a calendar event is a video call, by the links in its texts.
+// Detects video calls among calendar events by their links.
 #pragma once
 
 #include <optional>
@@ -6,7 +6,7 @@
 
 namespace vantrel::MeetingLinks {
 
-// The texts of an event that may hold a link; absent when the event has none.
+// The event's fields that may contain a link.
 struct EventTexts {
     std::optional<std::string> location;
     std::optional<std::string> notes;
@@ -14,8 +14,8 @@ struct EventTexts {
     std::optional<std::string> url;
 };
 
-// True when one of the texts names the host of a meeting on Zoom, Google Meet, Microsoft Teams, Webex or
-// FaceTime, in whatever case.
+// True if a field contains a host name of Zoom, Google Meet, Microsoft Teams, Webex or FaceTime, ignoring
+// case.
 [[nodiscard]] bool hasVideoLink(const EventTexts& event);
 
 } // namespace vantrel::MeetingLinks

@@ -1,4 +1,4 @@
-// Whether a scene belongs to another desk than the current one.
+// Whether a scene belongs to a desk other than the current one.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,4 @@
-// How far the live desk has moved away from a scene.
+// Measures how far the live desk has drifted from a scene.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -7,7 +7,7 @@
 
 namespace vantrel::SceneDrift {
 
-// One or two displaced windows are everyday work, not drift.
+// One or two displaced windows are normal use, not drift.
 inline constexpr std::size_t driftedWindowCount = 3;
 
 // The scene's windows (ghosts included) without a counterpart on the live desk; see FrameMatching.

@@ -28,8 +28,8 @@ void sortByPreference(std::vector<const LiveWindow*>& windows) {
         std::ranges::stable_sort(windows, isPreferred);
         return;
     }
-    // With an area that is not a number the preference is no ordering, and a standard sort of it would be
-    // undefined. Insertion works with any relation: such a window stays behind those before it.
+    // With a NaN area the preference is not a strict weak ordering, and std::sort would be undefined.
+    // Insertion sort works with any relation: such a window stays behind those before it.
     for (std::size_t next = 1; next < windows.size(); ++next) {
         for (std::size_t at = next; at > 0 && isPreferred(windows[at], windows[at - 1]); --at) {
             std::swap(windows[at], windows[at - 1]);
@@ -46,7 +46,7 @@ struct Application {
 
 Plan plan(const std::vector<Slot>& slots, const std::vector<LiveWindow>& live,
           const std::set<std::string>& runningBundleIDs) {
-    // With slots, in order of first appearance.
+    // Only applications with slots, in order of first appearance.
     std::vector<Application> applications;
     std::unordered_map<std::string_view, std::size_t> indexOf;
     for (const auto& slot : slots) {

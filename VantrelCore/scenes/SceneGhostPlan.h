@@ -1,5 +1,4 @@
-// Which live window fills which place that a scene keeps free, and which applications to launch for the
-// places that stay empty.
+// Assigns live windows to a scene's ghost slots, and decides which applications to launch for the empty ones.
 #pragma once
 
 #include "VantrelCore/model/WindowRecord.h"
@@ -12,24 +11,24 @@
 
 namespace vantrel::SceneGhostPlan {
 
-// A saved window that waits for a live one.
+// A saved window waiting for a live one.
 struct Slot {
     // Position of the saved window in the scene's layout.
     std::int64_t index = 0;
     std::string bundleID;
-    // Where its window is to stand.
+    // The frame for its window.
     Rect rect;
 
     bool operator==(const Slot&) const = default;
 };
 
 struct LiveWindow {
-    // The caller's; unique within one call.
+    // Chosen by the caller; unique within one call.
     std::int64_t id = 0;
     std::string bundleID;
     // A document or main window, not a panel, sheet or dialog.
     bool isStandard = false;
-    // Of its current frame, in square points.
+    // Area of its current frame, in square points.
     double area = 0;
     // Smaller is nearer the front.
     std::int64_t zOrder = 0;
@@ -45,23 +44,22 @@ struct Claim {
 };
 
 struct Plan {
-    // By slotIndex.
+    // Sorted by slotIndex.
     std::vector<Claim> claims;
-    // Each once, in the order in which their first empty slots were met.
+    // Each once, in order of first appearance.
     std::vector<std::string> launchBundleIDs;
 
     bool operator==(const Plan&) const = default;
 };
 
-// Slots of one application are filled in their order, by its windows in order of preference: standard before
-// others, larger, nearer the front, smaller id. An application that runs but lacks windows is not launched
-// again.
+// Fills an application's slots in order with its windows, preferring standard windows, then larger ones, then
+// those nearer the front, then smaller ids. Running applications that lack windows are not launched again.
 [[nodiscard]] Plan plan(const std::vector<Slot>& slots, const std::vector<LiveWindow>& live,
                         const std::set<std::string>& runningBundleIDs);
 
-// The scene's records with every ghost in `placedSlotIndices` turned into an ordinary window, under the title
-// and at the frame of the window that fills it. An empty title, and a frame no wider or no higher than one
-// point, leave what was saved. Order and number of the records stay.
+// The scene's records with every ghost in `placedSlotIndices` turned into an ordinary window with the title
+// and frame of the window that fills it. If the title is empty, or the frame at most one point wide or high,
+// the saved one is kept. Number and order of records are unchanged.
 [[nodiscard]] std::vector<WindowRecord> solidify(const std::vector<WindowRecord>& records,
                                                  const std::set<std::int64_t>& placedSlotIndices,
                                                  const std::map<std::int64_t, std::string>& titles,

@@ -1,4 +1,4 @@
-// A symbol for a scene, chosen by its name.
+// Chooses a symbol for a scene by its name.
 #pragma once
 
 #include <string_view>
@@ -7,10 +7,10 @@ namespace vantrel::SceneIconography {
 
 inline constexpr std::string_view defaultSymbol = "rectangle.3.group";
 
-// The name of a system symbol image. A keyword matches anywhere in the name, without regard to case
-// ("Homework" is home, "Gmail" is mail); of several the first in this order decides: code, deep, design,
-// research, meet, present, write, mail, music, stream, video, game, office, home. So a "Home office" is an
-// office and a "Video meeting" a meeting.
+// The name of a system symbol image. A keyword matches anywhere in the name, ignoring case ("Homework" is
+// home, "Gmail" is mail). If several match, the first in this order wins: code, deep, design, research, meet,
+// present, write, mail, music, stream, video, game, office, home. So "Home office" is an office and "Video
+// meeting" a meeting.
 [[nodiscard]] std::string_view symbol(std::string_view sceneName);
 
 } // namespace vantrel::SceneIconography

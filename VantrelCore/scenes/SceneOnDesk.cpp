@@ -27,7 +27,7 @@ SceneOnDesk SceneOnDesk::make(const Scene& scene, const std::string& configID,
             indices.push_back(static_cast<std::int64_t>(i));
         }
     }
-    // Leaves out the same windows.
+    // Drops the same windows as above.
     all = RuleApplication::apply(rules, std::move(all), displays);
     result.layout = all.withoutGhosts();
     for (std::size_t i = 0; i < all.windows.size(); ++i) {

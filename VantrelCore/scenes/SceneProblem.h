@@ -1,4 +1,4 @@
-// What went wrong with a scene, in the words of the surface that tells the user.
+// What went wrong with a scene, worded for each place where it is shown.
 #pragma once
 
 #include "VantrelCore/stores/SceneStoreError.h"
@@ -20,17 +20,17 @@ enum class SceneProblem {
 
 namespace SceneProblems {
 
-// `name` is the one that was asked for: it tells why it is invalid. A name that is invalid though neither
-// empty nor too long is another scene's.
+// `name` is the requested name; it shows why it was invalid. If it is neither empty nor too long, another
+// scene has it.
 [[nodiscard]] SceneProblem from(SceneStoreError error, std::string_view name);
 
 // In the menu panel and the settings.
 [[nodiscard]] std::string_view panelText(SceneProblem problem);
 
-// Said by an action (Shortcuts).
+// For an action (Shortcuts).
 [[nodiscard]] std::string_view actionText(SceneProblem problem);
 
-// Beside the name while it is typed in the scenes tab.
+// Beside the name field while the user types in the scenes tab.
 [[nodiscard]] std::string_view nameFieldText(SceneProblem problem);
 
 } // namespace SceneProblems

@@ -1,5 +1,5 @@
-// The wait for the windows of applications that applying a scene has launched: who is still awaited, who has
-// been placed, and until when.
+// Waits for windows of the applications that a scene launched: which are awaited, which are placed, and the
+// deadline.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -20,37 +20,37 @@ struct SceneSettlement {
         bool operator==(const LaunchedApp&) const = default;
     };
 
-    // Fixed at creation, as are sceneName, token and opened.
+    // Fixed at creation, like sceneName, token and opened.
     std::string sceneID;
     std::string sceneName;
-    // The controller's serial number; a poll that carries another one is stale.
+    // The controller's serial number; a poll with a different token is stale.
     std::int64_t token = 0;
     Date deadline;
     // Bundle identifier to application name.
     std::map<std::string, std::string> awaiting;
-    // Bundle identifiers in the order of placing.
+    // Bundle identifiers in placing order.
     std::vector<std::string> placed;
-    // Launches that the settlement was created with, repeats included.
+    // The number of launches at creation, including repeats.
     std::int64_t opened = 0;
 
     bool operator==(const SceneSettlement&) const = default;
 
-    // Awaits every launched application; of two names for one application the later holds.
+    // Awaits every launched application; if an application appears twice, its later name wins.
     [[nodiscard]] static SceneSettlement make(std::string sceneID, std::string sceneName, std::int64_t token,
                                               const std::vector<LaunchedApp>& launched, Date deadline);
 
     [[nodiscard]] bool isComplete() const { return awaiting.empty(); }
-    // From the deadline on.
+    // True from the deadline on.
     [[nodiscard]] bool isExpired(Date now) const { return now >= deadline; }
     [[nodiscard]] std::vector<std::string> pendingBundleIDs() const;
     // In byte order.
     [[nodiscard]] std::vector<std::string> stragglerNames() const;
     [[nodiscard]] SettlementSummary summary() const;
 
-    // True when the application was awaited and now counts as placed; false changes nothing.
+    // Marks the application as placed. False, without a change, if it was not awaited.
     bool markPlaced(const std::string& bundleID);
 
-    // The same scene was applied again meanwhile: a new deadline, and the launched applications are awaited
+    // Called when the same scene is applied again: sets a new deadline and awaits the launched applications
     // unless already placed.
     void refresh(const std::vector<LaunchedApp>& launched, Date newDeadline);
 };

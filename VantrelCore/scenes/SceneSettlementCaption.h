@@ -1,4 +1,4 @@
-// The line that tells how launching a scene's applications went.
+// The line that summarises how launching a scene's applications went.
 #pragma once
 
 #include <cstdint>

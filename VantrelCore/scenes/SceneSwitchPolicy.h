@@ -1,4 +1,4 @@
-// Which applications to hide when a scene takes the desk.
+// Decides which applications to hide when a scene is applied.
 #pragma once
 
 #include <set>
@@ -7,7 +7,7 @@
 
 namespace vantrel::SceneSwitchPolicy {
 
-// `runningRegular` in its order, without this program and without what the scene uses.
+// `runningRegular` in its order, without this program and the scene's applications.
 [[nodiscard]] std::vector<std::string> bundleIDsToHide(const std::vector<std::string>& runningRegular,
                                                        const std::set<std::string>& sceneBundleIDs,
                                                        const std::string& ownBundleID);

@@ -1,4 +1,4 @@
-// The words for scene triggers.
+// Formats scene triggers for the user.
 #pragma once
 
 #include "VantrelCore/model/SceneTrigger.h"
@@ -17,16 +17,16 @@ inline constexpr std::string_view calendarVideoEventTitle = "A calendar event wi
 inline constexpr std::string_view calendarVideoEventExplanation =
     "Fires when a calendar event with a video link is about to start.";
 inline constexpr std::string_view noScenes = "Save a scene first from the menu panel.";
-// Beside a calendar trigger that cannot fire without access.
+// Shown beside a calendar trigger that cannot fire without access.
 inline constexpr std::string_view calendarAccessNeeded = "Calendar access needed";
 
 // On the 12-hour clock: "12:05 AM", "1:30 PM".
 [[nodiscard]] std::string timeString(std::int64_t hour, std::int64_t minute);
 
-// The time that a person writes: "7:30", "19:30", "7:30 pm".
+// Parses a time as a person writes it: "7:30", "19:30", "7:30 pm".
 [[nodiscard]] std::optional<ScheduleTrigger> scheduleOf(std::string_view text);
 
-// What makes the trigger fire: its time, "Work focus turns on", the calendar event.
+// What makes the trigger fire: its time, "Work focus turns on", or the calendar event.
 [[nodiscard]] std::string title(const SceneTrigger::Kind& kind);
 
 } // namespace vantrel::SceneTriggerFormatting

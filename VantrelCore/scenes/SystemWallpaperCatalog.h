@@ -1,4 +1,4 @@
-// The system's stock pictures, as the wallpaper picker lists them.
+// The system's stock pictures for the wallpaper picker.
 #pragma once
 
 #include <string>
@@ -9,12 +9,12 @@ namespace vantrel::SystemWallpaperCatalog {
 
 inline constexpr std::string_view directory = "/System/Library/Desktop Pictures";
 
-// True for the usual picture formats, told by the extension in whatever case (heic, heif, jpg, jpeg, png,
-// tif, tiff, webp); hidden files are none.
+// True for the common picture formats, by extension ignoring case (heic, heif, jpg, jpeg, png, tif, tiff,
+// webp). False for hidden files.
 [[nodiscard]] bool isWallpaperImage(std::string_view fileName);
 
-// The pictures among the file names of a directory, as full paths, ordered by display name without regard to
-// case, then by byte order.
+// The pictures among the file names of a directory, as full paths, ordered by display name ignoring case,
+// then by byte order.
 [[nodiscard]] std::vector<std::string> imagePaths(const std::vector<std::string>& fileNames,
                                                   std::string_view inDirectory = directory);
 

@@ -1,5 +1,4 @@
-// Whether a scene trigger fires now. Neither asks whether the trigger is enabled: disabled ones are not put
-// to the question.
+// Decides whether a scene trigger fires now. The caller skips disabled triggers.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -10,14 +9,14 @@
 
 namespace vantrel::TriggerEvaluator {
 
-// True in the minute hour:minute of the user's clock, once: a firing in a minute that the clock showed the
-// same way on the same day counts, so that the hour which the end of daylight saving repeats fires once. A
-// minute that nobody checked, or that the start of daylight saving skips, is not caught up.
+// True once, in the minute hour:minute of local time. An earlier firing with the same local date and time
+// counts, so the hour repeated at the end of daylight saving fires once. A minute that was not checked, or
+// that the start of daylight saving skips, is not made up for.
 [[nodiscard]] bool shouldFireSchedule(std::int64_t hour, std::int64_t minute, Date now,
                                       std::optional<Date> lastFiredAt, const TimeZone& zone);
 
-// True when the event starts within the next `window` seconds (now and the end included) and the last firing
-// is at least `cooldown` seconds ago.
+// True if the event starts within the next `window` seconds (inclusive) and the last firing is at least
+// `cooldown` seconds ago.
 [[nodiscard]] bool shouldFireCalendarEvent(Date eventStart, Date now, std::optional<Date> lastFiredAt,
                                            double window, double cooldown);
 

@@ -32,7 +32,7 @@ std::string text(TriggerProblem problem) {
     case TriggerProblem::sceneNotFound:
         return "That scene no longer exists.";
     case TriggerProblem::invalidTime:
-        return "A time is an hour from 0 to 23 and a minute from 0 to 59.";
+        return "A time needs an hour from 0 to 23 and a minute from 0 to 59.";
     case TriggerProblem::noFocusName:
         return "A Focus needs a name.";
     }

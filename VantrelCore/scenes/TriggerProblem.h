@@ -1,4 +1,4 @@
-// Why a trigger was not added or changed, and the sentence that tells it.
+// Why a trigger was not added or changed, and the sentence that says so.
 #pragma once
 
 #include "VantrelCore/stores/TriggerStoreError.h"

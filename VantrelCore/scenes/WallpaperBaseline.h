@@ -1,5 +1,5 @@
-// What to do about one display's wallpaper when a scene is applied, so that scenes may change it any number
-// of times and the user's own picture comes back in the end, unless the user has chosen another meanwhile.
+// Decides what happens to one display's wallpaper when a scene is applied. Scenes may change it any number of
+// times; the user's own picture comes back in the end, unless the user has chosen another meanwhile.
 #pragma once
 
 #include "VantrelCore/model/WallpaperMemory.h"
@@ -38,14 +38,14 @@ namespace WallpaperBaseline {
 
 struct Decision {
     WallpaperAction::Any action;
-    // To be kept instead of the given one. After a successful `Set` the caller adds the URL to lastSet.
+    // Replaces the given memory. After a successful `Set` the caller adds the URL to lastSet.
     WallpaperMemory memory;
 
     bool operator==(const Decision&) const = default;
 };
 
-// `scenePath`: the scene's wallpaper for the display, none without one; `currentURL`: what the display shows,
-// none when unknown. Texts are compared exactly.
+// `scenePath` is the scene's wallpaper for the display, if any; `currentURL` is what the display shows, if
+// known. Strings are compared exactly.
 [[nodiscard]] Decision decide(const std::optional<std::string>& scenePath,
                               const std::optional<std::string>& currentURL, const std::string& displayUUID,
                               const WallpaperMemory& memory);

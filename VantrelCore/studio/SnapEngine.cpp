@@ -74,7 +74,7 @@ Span resized(Span span, Dragged minimum, Dragged maximum, const std::vector<doub
     const auto newMin = snapped(span.min, minimum);
     const auto newMax = snapped(span.max(), maximum);
     Span result = span;
-    // Only what snapped is computed anew, so that everything else stays exactly as it was.
+    // Recompute only the edges that snapped, so that everything else stays bit-identical.
     if (newMin || newMax) {
         result.min = newMin.value_or(span.min);
         result.length = newMax.value_or(span.max()) - result.min;
@@ -134,8 +134,8 @@ std::vector<double> horizontalCandidates(const Rect& bounds, const std::vector<R
 std::optional<double> nearest(double value, const std::vector<double>& candidates, double threshold) {
     std::optional<double> best;
     double bestDistance = 0;
-    // One walk that prefers the smaller line on a tie finds what sorting first would find, and a line that is
-    // not a number never compares as near.
+    // One pass that prefers the smaller line on a tie gives the same result as sorting first. NaN lines never
+    // compare as near.
     for (const double line : candidates) {
         const double distance = std::abs(line - value);
         if (distance <= threshold &&

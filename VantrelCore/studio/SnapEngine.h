@@ -1,5 +1,5 @@
-// Makes a box that is dragged or resized in the scene editor snap to the edges and centres of its display
-// area and of the other boxes. Canvas coordinates: y grows downwards, so the top edge is the minimum y.
+// Snaps a box that is dragged or resized in the scene editor to the edges and centres of its display area and
+// of other boxes. Canvas coordinates: y points down, so the top edge is the minimum y.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -26,7 +26,7 @@ struct SnapResult {
     bool operator==(const SnapResult&) const = default;
 };
 
-// The edges that a resize drags, as a set of bits.
+// The edges that a resize drags, as a bit set.
 struct ResizeEdges {
     std::int64_t rawValue = 0;
 
@@ -51,14 +51,14 @@ inline constexpr ResizeEdges ResizeEdges::right{2};
 inline constexpr ResizeEdges ResizeEdges::top{4};
 inline constexpr ResizeEdges ResizeEdges::bottom{8};
 
-// Snaps the moved box `rect`, each axis by itself: by its minimum edge if that is near a line, else by its
-// centre, else by its maximum edge. The size stays. `clamp` keeps the result inside; a guide stays in the
-// result even where clamping pulls the box off it again.
+// Snaps the moved box `rect`, each axis separately: by its minimum edge if that is near a line, else by its
+// centre, else by its maximum edge. Keeps the size. `clamp` keeps the result inside; a guide is kept even if
+// clamping moves the box off it.
 [[nodiscard]] SnapResult snapMove(const Rect& rect, const Rect& bounds, const std::vector<Rect>& siblings,
                                   double threshold, const std::optional<Rect>& clamp = std::nullopt);
 
-// Snaps each dragged edge of `rect`, the other edges stay. A box that ends up narrower or lower than
-// `minBoxSize` is given that size: its minimum edge moves when that one is dragged, else its maximum edge.
+// Snaps each dragged edge of `rect`; the other edges stay. A box that ends up smaller than `minBoxSize` is
+// enlarged to it, by moving its minimum edge if that is dragged, else its maximum edge.
 [[nodiscard]] SnapResult snapResize(const Rect& rect, ResizeEdges edges, const Rect& bounds,
                                     const std::vector<Rect>& siblings, double threshold);
 
@@ -66,12 +66,12 @@ inline constexpr ResizeEdges ResizeEdges::bottom{8};
 [[nodiscard]] std::vector<double> verticalCandidates(const Rect& bounds, const std::vector<Rect>& siblings);
 [[nodiscard]] std::vector<double> horizontalCandidates(const Rect& bounds, const std::vector<Rect>& siblings);
 
-// The candidate closest to `value`, none further than `threshold`; of two at the same distance the smaller.
+// The candidate closest to `value` within `threshold`; on a tie the smaller.
 [[nodiscard]] std::optional<double> nearest(double value, const std::vector<double>& candidates,
                                             double threshold);
 
-// Shifted into `bounds`, each axis by itself; a box larger than the bounds stands at their minimum edge. The
-// size stays.
+// Shifts the box into `bounds`, each axis separately, keeping its size. A box larger than the bounds is
+// aligned to their minimum edge.
 [[nodiscard]] Rect clampInside(const Rect& rect, const Rect& bounds);
 
 } // namespace vantrel::SnapEngine

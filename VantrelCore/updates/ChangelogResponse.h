@@ -19,7 +19,7 @@ struct ChangelogResponse {
 
     bool operator==(const ChangelogResponse&) const = default;
 
-    // None when the text is no changelog. Other keys are ignored.
+    // None if the text is not a changelog. Other keys are ignored.
     [[nodiscard]] static std::optional<ChangelogResponse> decode(std::string_view text);
 };
 

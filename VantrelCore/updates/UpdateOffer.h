@@ -1,4 +1,4 @@
-// Decides when updates are looked for, what is offered, and how the offer reads.
+// Decides when to check for updates and what to offer, and words the offer.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -10,13 +10,13 @@
 
 namespace vantrel::UpdateOffer {
 
-// Whether it is time to look again. A last check in the future is a clock's that was wrong.
+// Whether it is time to check again. A last check in the future means that the clock was wrong.
 [[nodiscard]] bool isDue(const std::optional<Date>& lastCheck, Date now);
 
-// A version that is longer, in bytes, is none that anybody would publish.
+// In bytes. Longer than any version anyone would publish.
 inline constexpr std::size_t maxVersionLength = 64;
 
-// The version to offer; none when the running one is as new, or either is no version or too long a one.
+// The version to offer; none if it is not newer than the running one, or if either is invalid or too long.
 [[nodiscard]] std::optional<std::string> latestAvailable(const std::string& latest, std::string_view current);
 
 // "Update available · v1.2".

@@ -76,7 +76,7 @@ TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
     const auto run = start();
     EXPECT_TRUE(waitUntil([&] { return desk.asked({"license"}).at("state") == "refused"; }))
         << "the server does not renew what was given back";
-    EXPECT_THAT(desk.done({"license"}), HasSubstr("does not renew it any more"));
+    EXPECT_THAT(desk.done({"license"}), HasSubstr("no longer renews it"));
     EXPECT_THAT(desk.control({"restore"}).output, HasSubstr("The license does not allow moving windows."));
     EXPECT_GE(desk.logged("license gate: not entitled, restore and learning paused"), 1U);
 }

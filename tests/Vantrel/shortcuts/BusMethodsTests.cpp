@@ -68,13 +68,13 @@ TEST_F(BusMethods, ADeskIsRenamedAlsoWhileItsActiveLayoutIsMissing) {
 }
 
 TEST_F(BusMethods, OneOfTwinDisplaysIsNamedByItsLabelAndNothingElse) {
-    EXPECT_EQ(
-        refusal("SetRule", {"Mail", "display", "Office 24", "false"}),
-        "\"Office 24\" fits more than one display: Office 24 (left), Office 24 (right). Name one of them.");
+    EXPECT_EQ(refusal("SetRule", {"Mail", "display", "Office 24", "false"}),
+              "\"Office 24\" matches more than one display: Office 24 (left), Office 24 (right). Name one of "
+              "them.");
     EXPECT_THAT(refusal("SetRule", {"Mail", "display", "Office", "false"}), HasSubstr("more than one"));
     EXPECT_EQ(
         refusal("SetRule", {"Mail", "display", "TV", "false"}),
-        "No display \"TV\" is known. Known are: Built-in Display, Office 24 (left), Office 24 (right).");
+        "No display \"TV\" is known. Known displays: Built-in Display, Office 24 (left), Office 24 (right).");
     const auto rule = call("SetRule", {"Mail", "display", "office 24 (RIGHT)", "false"});
     EXPECT_EQ(rule->at("action").at("uuid"), "A1D1E0C4-0000-4B7E-9C55-1B4E7D0A0002");
     EXPECT_EQ(ruleDisplay(), "Office 24 (right)");

@@ -25,14 +25,14 @@ TEST(HotKeyText, TakesAnyOrderCaseAndNameOfTheModifiers) {
 
 TEST(HotKeyText, SaysWhatIsWrong) {
     EXPECT_EQ(HotKeyText::parse("Hyper+R").error(),
-              "\"Hyper\" is no modifier. There are Control, Alt, Shift and Super.");
+              "\"Hyper\" is not a modifier. Use Control, Alt, Shift or Super.");
     const auto tooLong = HotKeyText::parse(std::string(1'000'000, 'R'));
-    EXPECT_EQ(tooLong.error(), "A shortcut is a text of at most 100 characters, like Super+Shift+R.");
+    EXPECT_EQ(tooLong.error(), "A shortcut has at most 100 characters, like Super+Shift+R.");
     for (const auto* const text : {"", "Super+", "Super+RR", "+", "Super"}) {
         EXPECT_FALSE(HotKeyText::parse(text)) << text;
     }
     EXPECT_EQ(HotKeyText::parse("Shift+R").error(),
-              "A shortcut needs Control, Alt or Super, else the key would be lost to every program.");
+              "A shortcut needs Control, Alt or Super; otherwise no other program could use the key.");
 }
 
 } // namespace

@@ -41,11 +41,11 @@ TEST(DisplayLabels, WhatIsTypedMeansOneDisplayOrIsRefusedWithThoseThatAreKnown) 
         {"pan", "L Panel"},
         {"Z", "z Office 24 (left)"},
         // At home it is the only one of that name, but nobody sits there.
-        {"Office 24",
-         "\"Office 24\" fits more than one display: Office 24 (left), Office 24 (right). Name one of them."},
+        {"Office 24", "\"Office 24\" matches more than one display: Office 24 (left), Office 24 (right). "
+                      "Name one of them."},
         {"Offi",
-         "\"Offi\" fits more than one display: Office 24 (left), Office 24 (right). Name one of them."},
-        {"", "No display \"\" is known. Known are: Panel, Office 24 (left) (a), Office 24 (right), TV, "
+         "\"Offi\" matches more than one display: Office 24 (left), Office 24 (right). Name one of them."},
+        {"", "No display \"\" is known. Known displays: Panel, Office 24 (left) (a), Office 24 (right), TV, "
              "Office 24 (left) (z)."},
     };
     for (const auto& [called, expected] : cases) {

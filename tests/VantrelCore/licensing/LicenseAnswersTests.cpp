@@ -20,7 +20,8 @@ std::string sentenceFor(int status, const std::string& body) {
 TEST(LicenseAnswers, OnlyADocumentIsALicense) {
     EXPECT_EQ(sentenceFor(200, vantrel::testing::TestLicense::signedLicense("m")), "licensed");
     for (const char* const body : {"", "{}", "[]", "null", "OK", "<html>", R"({"algorithm":"ed25519"})"}) {
-        EXPECT_EQ(sentenceFor(200, body), "The server's answer is no license. Nothing was changed.") << body;
+        EXPECT_EQ(sentenceFor(200, body), "The server's reply is not a license. Nothing was changed.")
+            << body;
     }
     EXPECT_THAT(sentenceFor(302, vantrel::testing::TestLicense::signedLicense("m")), HasSubstr("(302)"));
     EXPECT_THAT(sentenceFor(500, R"({"error":"SELECT failed"})"),

@@ -160,7 +160,7 @@ TEST(LicenseDecision, AnExpiredLicenseStaysButEntitlesToNothingWhateverTheClockS
     stored.latestSeen = day0 + days{31};
     const auto expired = decided({.main = stored});
     EXPECT_EQ(expired.entitlement.kind, Kind::refused);
-    EXPECT_EQ(expired.entitlement.reason, "The license has expired on 2026-04-01.");
+    EXPECT_EQ(expired.entitlement.reason, "The license expired on 2026-04-01.");
     EXPECT_FALSE(expired.start.keepsMainAside);
     EXPECT_TRUE(expired.start.record.document);
 }

@@ -38,7 +38,7 @@ std::optional<LicenseProblem> problemOf(const std::string& text,
         return document.error();
     }
     const auto license = LicenseDocuments::verify(*document, key);
-    return license ? LicenseDocuments::objection(*license, machine, deactivated)
+    return license ? LicenseDocuments::problemWith(*license, machine, deactivated)
                    : std::optional(license.error());
 }
 
