@@ -1,4 +1,4 @@
-// How much work reading other people's calendars may be: steps, time, and the program's end.
+// Bounds the work of reading untrusted calendars: steps, time and a stop request.
 #pragma once
 
 #include "VantrelCore/ports/StopToken.h"
@@ -9,7 +9,7 @@
 
 namespace vantrel {
 
-// A step is about a microsecond's work: a line, an occurrence, a candidate for one. Used on one thread.
+// A step is about a microsecond of work: a line, an occurrence or a candidate for one. Not thread-safe.
 class CalendarBudget {
 public:
     struct Limits {
@@ -21,17 +21,17 @@ public:
         : m_steps(limits.steps), m_end(std::chrono::steady_clock::now() + limits.time),
           m_stop(std::move(stop)) {}
 
-    // A share that spends of `whole` as well, and ends with it. `whole` outlives it.
+    // A sub-budget that also spends from `whole` and ends with it. `whole` must outlive it.
     CalendarBudget(const Limits& limits, CalendarBudget& whole) : CalendarBudget(limits, whole.m_stop) {
         m_whole = &whole;
     }
 
-    // False when that is more than is left: give up then. Once false it stays so.
+    // Returns false if the budget is spent; give up then. Once false, it stays false.
     [[nodiscard]] bool spend(std::int64_t steps = 1) {
         m_steps -= steps;
-        m_untilLook -= steps;
-        if (m_untilLook < 0) {
-            m_untilLook = stepsBetweenLooks;
+        m_untilCheck -= steps;
+        if (m_untilCheck < 0) {
+            m_untilCheck = stepsBetweenChecks;
             if (m_stop.isStopRequested() || std::chrono::steady_clock::now() > m_end) {
                 m_steps = -1;
             }
@@ -43,10 +43,10 @@ public:
     [[nodiscard]] bool isSpent() const { return m_steps < 0 || (m_whole != nullptr && m_whole->isSpent()); }
 
 private:
-    static constexpr std::int64_t stepsBetweenLooks = 1000;
+    static constexpr std::int64_t stepsBetweenChecks = 1000;
 
     std::int64_t m_steps;
-    std::int64_t m_untilLook = 0;
+    std::int64_t m_untilCheck = 0;
     std::chrono::steady_clock::time_point m_end;
     StopToken m_stop;
     CalendarBudget* m_whole = nullptr;

@@ -1,4 +1,4 @@
-// What reading a calendar file needs besides its text.
+// The inputs for reading a calendar file besides its text.
 #pragma once
 
 #include "Vantrel/platform/ical/CalendarBudget.h"
@@ -11,12 +11,12 @@
 
 namespace vantrel {
 
-// A zone of the system by its name in the tz database; none when there is none. The name may be anything.
+// Looks up a system zone by its tz database name; none if there is no such zone. Must accept any string.
 using ZoneByName = std::function<std::optional<TimeZone>(const std::string& name)>;
 
 struct CalendarContext {
     CalendarInterval interval;
-    // Where times without a zone are.
+    // Applies to times without a zone.
     TimeZone userZone;
     const ZoneByName& zoneNamed;
     CalendarBudget& budget;

@@ -16,13 +16,13 @@ void addFile(const fs::path& path, std::vector<CalendarFile>& files) {
     std::error_code error;
     const auto modified = fs::last_write_time(path, error);
     const auto size = error ? 0 : fs::file_size(path, error);
-    // Gone since it was listed, or no file.
+    // Skip it if it has vanished or is not a file.
     if (!error) {
         files.push_back({path, modified, size});
     }
 }
 
-// False when the folder cannot be read.
+// Returns false if the folder cannot be read.
 bool addFolder(const fs::path& folder, std::vector<CalendarFile>& files) {
     std::error_code error;
     fs::recursive_directory_iterator each(folder,

@@ -1,4 +1,4 @@
-// Where calendar programs keep their .ics files, and which of them there are.
+// Finds the .ics files that calendar programs keep.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@ namespace vantrel {
 
 struct CalendarFile {
     std::filesystem::path path;
-    // What another content changes.
+    // Changes when the content does.
     std::filesystem::file_time_type modified;
     std::uintmax_t size = 0;
 
@@ -19,27 +19,27 @@ struct CalendarFile {
 
 namespace CalendarFiles {
 
-// Deeper folders and more files than these are not looked at: somebody has named a folder of something else.
+// Limits in case the user names a folder that is not for calendars.
 inline constexpr int deepest = 4;
 inline constexpr std::size_t most = 20'000;
 
-// Evolution and GNOME Calendar, khal, vdirsyncer, KOrganizer, Orage. `data` is the folder that
-// $XDG_DATA_HOME names.
+// The folders of Evolution and GNOME Calendar, khal, vdirsyncer, KOrganizer and Orage. `data` is
+// $XDG_DATA_HOME.
 [[nodiscard]] std::vector<std::filesystem::path> usualPlaces(const std::filesystem::path& home,
                                                              const std::filesystem::path& data);
 
-// The place that a user wrote, "~" being the home folder.
+// The path that the user wrote, with "~" expanded to the home folder.
 [[nodiscard]] std::filesystem::path place(const std::string& written, const std::filesystem::path& home);
 
 struct Found {
-    // At least one of the places is there and may be read.
+    // At least one of the places exists and is readable.
     bool hasAccess = false;
-    // By path.
+    // Sorted by path.
     std::vector<CalendarFile> files;
 };
 
-// The files in folders and what is below them; a place may also be a file itself. Hidden files and folders
-// are left out.
+// Returns the files in the given folders and their subfolders. A place may also be a file. Skips hidden files
+// and folders.
 [[nodiscard]] Found in(const std::vector<std::filesystem::path>& places);
 
 } // namespace CalendarFiles

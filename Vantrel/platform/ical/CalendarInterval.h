@@ -1,4 +1,4 @@
-// The stretch of time in which events are looked for.
+// The time interval in which to look for events.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -6,7 +6,7 @@
 namespace vantrel {
 
 struct CalendarInterval {
-    // Both included.
+    // Both ends are inclusive.
     Date from;
     Date to;
 

@@ -8,11 +8,11 @@ namespace vantrel::CalendarLines {
 
 namespace {
 
-constexpr const char* notWhole = "it is no calendar, or only a part of one";
+constexpr const char* notACalendar = "it is not a calendar, or it is incomplete";
 
-// Names of properties and their parameters; in bytes.
+// For a property's name and parameters, in bytes.
 constexpr std::size_t longestHead = 1000;
-// A list of dates fills several values.
+// In bytes. Larger than longestValue, because a list of dates holds several values.
 constexpr std::size_t longestLine = std::size_t{1024} * 1024;
 
 constexpr std::string_view texts[] = {
@@ -41,12 +41,12 @@ std::string_view trimmed(std::string_view text) {
                                            : text.substr(first, text.find_last_not_of(" \t\r") + 1 - first);
 }
 
-// Takes the lines of a text apart, each with those that continue it.
+// Splits a text into lines and joins continuation lines.
 class Unfolded {
 public:
     explicit Unfolded(std::string_view text) : m_rest(text) {}
 
-    // False at the end.
+    // Returns false at the end.
     bool next(std::string& line) {
         line.clear();
         if (m_rest.empty()) {
@@ -74,7 +74,7 @@ private:
     std::string_view m_rest;
 };
 
-// Where the value begins; npos when there is none. Parameters may hold a colon in quotation marks.
+// The start of the value, or npos if there is none. Parameters may contain a colon in quotes.
 std::size_t valueOf(std::string_view line) {
     bool isQuoted = false;
     for (std::size_t i = 0; i < std::min(line.size(), longestHead); ++i) {
@@ -91,7 +91,7 @@ class Sieve {
 public:
     explicit Sieve(const std::function<void(std::string& line)>& take) : m_take(take) {}
 
-    // False when the line cannot belong to a calendar.
+    // Returns false if the line cannot belong to a calendar.
     bool add(const std::string& line) {
         const std::string name = upperCased(std::string_view(line).substr(0, line.find_first_of(":;")));
         const auto value = valueOf(line);
@@ -155,7 +155,7 @@ private:
         } else if (contains(values, name) && line.size() - value <= longestValue) {
             pass(line);
         } else if (contains(lists, name)) {
-            // libical takes time by the square of their number to take them apart.
+            // Split lists here: libical takes quadratic time to do so.
             for (std::size_t first = value; first <= line.size();) {
                 const auto last = std::min(line.find(',', first), line.size());
                 if (last - first <= longestValue) {
@@ -170,7 +170,7 @@ private:
 
     const std::function<void(std::string& line)>& m_take;
     std::vector<std::string> m_open;
-    // How many of these were passed on, from the outermost.
+    // How many of these were passed on, counted from the outermost.
     std::size_t m_kept = 0;
     bool m_hasCalendar = false;
 };
@@ -184,7 +184,7 @@ std::expected<void, std::string> visit(std::string_view text, CalendarBudget& bu
         text.remove_prefix(byteOrderMark.size());
     }
     if (text.contains('\0')) {
-        return std::unexpected(notWhole);
+        return std::unexpected(notACalendar);
     }
     Sieve sieve(take);
     Unfolded lines(text);
@@ -193,13 +193,13 @@ std::expected<void, std::string> visit(std::string_view text, CalendarBudget& bu
             return {};
         }
         if (!sieve.add(line)) {
-            return std::unexpected(notWhole);
+            return std::unexpected(notACalendar);
         }
         if (sieve.isTooDeep()) {
             return std::unexpected("its components are nested too deeply");
         }
     }
-    return sieve.isWhole() ? std::expected<void, std::string>() : std::unexpected(notWhole);
+    return sieve.isWhole() ? std::expected<void, std::string>() : std::unexpected(notACalendar);
 }
 
 } // namespace vantrel::CalendarLines

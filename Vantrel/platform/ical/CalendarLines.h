@@ -1,4 +1,4 @@
-// The lines of an iCalendar file that say when and what events are, taken out before anything parses them.
+// Extracts the lines of an iCalendar file that describe events, before the file is parsed.
 #pragma once
 
 #include "Vantrel/platform/ical/CalendarBudget.h"
@@ -10,16 +10,15 @@
 
 namespace vantrel::CalendarLines {
 
-// A calendar, an event or a zone with its rules, an alarm: real files nest no deeper than 3.
+// Real files nest at most three levels: a calendar, an event or zone, an alarm or zone rules.
 inline constexpr std::size_t deepest = 16;
-// Longer texts are cut, other values left out; in bytes.
+// In bytes. Longer texts are truncated; other values that are too long are dropped.
 inline constexpr std::size_t longestText = std::size_t{64} * 1024;
 inline constexpr std::size_t longestValue = std::size_t{4} * 1024;
 
-// Calls `take` with each line that matters, unfolded: the calendars with their events and zones, and of these
-// the properties that we use. No component lies deeper than that, none is left open, and a line holds one
-// value. Fails with a sentence when the text is no calendar, or none within reason; ends early when the
-// budget is spent.
+// Calls `take` with each relevant line, unfolded: calendars, events and zones, and those of their properties
+// that we use. The output nests no deeper than that, closes every component and has one value per line. Fails
+// with a message if the text is not a calendar or exceeds the limits. Ends early when the budget is spent.
 [[nodiscard]] std::expected<void, std::string> visit(std::string_view text, CalendarBudget& budget,
                                                      const std::function<void(std::string& line)>& take);
 

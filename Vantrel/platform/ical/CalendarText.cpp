@@ -19,7 +19,7 @@ namespace vantrel::CalendarText {
 
 namespace {
 
-// Where calendar servers put the link of a call beside the texts that everyone knows.
+// Vendor properties in which calendar servers store conference links.
 constexpr std::string_view conferenceNames[] = {"X-GOOGLE-CONFERENCE", "X-MICROSOFT-SKYPETEAMSMEETINGURL"};
 
 std::optional<std::string> text(icalcomponent* event, icalproperty_kind kind) {
@@ -31,10 +31,10 @@ std::optional<std::string> text(icalcomponent* event, icalproperty_kind kind) {
     return written != nullptr ? std::optional(Unicode::validUtf8(written)) : std::nullopt;
 }
 
-// Of what an occurrence keeps in memory, what counts as one step of the budget.
-constexpr std::int64_t bytesAStep = 16;
+// The memory of an occurrence that counts as one budget step.
+constexpr std::int64_t bytesPerStep = 16;
 
-// Links to calls, one a line.
+// Conference links, one per line.
 std::string conferenceLinks(icalcomponent* event) {
     std::string links;
     const auto add = [&](const icalproperty* property) {
@@ -70,11 +70,11 @@ CalendarEvent record(icalcomponent* event) {
     return result;
 }
 
-// What the exceptions of a series say, which are events of their own with the series' identifier.
+// The exceptions of a series. Each is a separate event with the series' identifier.
 struct Exceptions {
-    // They stand for these times.
+    // The times that exceptions replace.
     ExceptedTimes times;
-    // From these times on, each until the next, the series goes on as that event does (RFC 5545, 3.2.13).
+    // From each of these times until the next, the series continues like that event (RFC 5545, 3.2.13).
     std::map<Date, icalcomponent*> changes;
 };
 
@@ -141,7 +141,7 @@ private:
         }
     }
 
-    // The occurrences of the series after the change and before `end`, moved as the change moves the first.
+    // The occurrences of the series after the change and before `end`, shifted as the change shifts its own.
     [[nodiscard]] std::vector<Occurrence> changed(icalcomponent* event, const Exceptions& exceptions,
                                                   const std::pair<const Date, icalcomponent*>& change,
                                                   Date end) {
@@ -175,7 +175,7 @@ private:
         const auto size = static_cast<std::int64_t>(each.title.size() + each.notes.value_or("").size() +
                                                     each.location.value_or("").size());
         for (const Occurrence& occurrence : occurrences) {
-            if (!m_budget.spend(1 + size / bytesAStep)) {
+            if (!m_budget.spend(1 + size / bytesPerStep)) {
                 return;
             }
             each.start = occurrence.start;

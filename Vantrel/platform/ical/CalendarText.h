@@ -1,4 +1,4 @@
-// The events in the text of an iCalendar file (RFC 5545).
+// Reads events from an iCalendar file (RFC 5545).
 #pragma once
 
 #include "Vantrel/platform/ical/CalendarContext.h"
@@ -10,8 +10,9 @@
 
 namespace vantrel::CalendarText {
 
-// Every occurrence that overlaps the interval, by start; cancelled ones are left out. When the budget is
-// spent, those found so far. Fails with a sentence when the text is no whole calendar, or none within reason.
+// Returns every occurrence that overlaps the interval, sorted by start, without cancelled ones. If the budget
+// runs out, returns those found so far. Fails with a message if the text is not a complete calendar or
+// exceeds the limits.
 [[nodiscard]] std::expected<std::vector<CalendarEvent>, std::string> events(const std::string& text,
                                                                             const CalendarContext& context);
 

@@ -34,7 +34,7 @@ CalendarTime CalendarTime::of(icaltimetype time, icalproperty* property, Calenda
                                 ? icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER)
                                 : nullptr;
     const char* const name = parameter != nullptr ? icalparameter_get_tzid(parameter) : nullptr;
-    return {time, name != nullptr ? zones.named(name) : zones.usersZone()};
+    return {time, name != nullptr ? zones.named(name) : zones.userZone()};
 }
 
 CalendarTime CalendarTime::inZone(icalproperty* property, const TimeZone& zone) {

@@ -1,5 +1,5 @@
-// A time as a calendar file writes it: in a zone that the file or the system knows, in UTC, "floating" on
-// whatever clock the user has, or a whole day.
+// A time as written in a calendar file: in a zone that the file or the system defines, in UTC, "floating" (in
+// the user's zone), or a whole day.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -14,38 +14,37 @@ class CalendarZones;
 
 class CalendarTime {
 public:
-    // What libical has read of it, and the zone on whose clocks it is.
+    // `onTheClock` is local time in `zone`, as read by libical.
     CalendarTime(icaltimetype onTheClock, TimeZone zone);
 
-    // The time of a property, in the zone that its TZID names or in the user's. Not valid when the property
-    // is missing or holds something else.
+    // Reads the time of a property, in the zone that its TZID names or else the user's. Invalid if the
+    // property is missing or has another type.
     [[nodiscard]] static CalendarTime of(icalproperty* property, CalendarZones& zones);
-    // The same for a time that was taken out of the property.
+    // Does the same for a time already extracted from the property.
     [[nodiscard]] static CalendarTime of(icaltimetype time, icalproperty* property, CalendarZones& zones);
-    // The time of a property that can be in one zone only.
+    // Reads the time of a property that is always in `zone`.
     [[nodiscard]] static CalendarTime inZone(icalproperty* property, const TimeZone& zone);
 
-    // It names a real time, of the years 1600 to 9999. All else that is asked of it holds for such a time
-    // only.
+    // Whether it is a real time in the years 1600 to 9999. The functions below require a valid time.
     [[nodiscard]] bool isValid() const;
 
     [[nodiscard]] bool isWholeDay() const { return m_onTheClock.is_date != 0; }
 
-    // When that is; a whole day begins at midnight.
+    // The moment in time. A whole day begins at midnight.
     [[nodiscard]] Date date() const { return m_zone.date(local()); }
 
-    // The day that the file names.
+    // The day as written in the file.
     [[nodiscard]] std::chrono::year_month_day day() const;
 
-    // What a clock in the zone shows then.
+    // The local time in the zone.
     [[nodiscard]] std::chrono::local_seconds local() const;
 
     [[nodiscard]] const TimeZone& zone() const { return m_zone; }
 
-    // Of libical, without a zone of its own.
+    // The libical value, with its zone cleared.
     [[nodiscard]] const icaltimetype& onTheClock() const { return m_onTheClock; }
 
-    // Of the same kind and in the same zone, at another time on the clock.
+    // Returns the same kind of time in the same zone, at another local time.
     [[nodiscard]] CalendarTime at(std::chrono::local_seconds time) const;
 
 private:

@@ -17,7 +17,7 @@ constexpr seconds largestOffset = std::chrono::hours{26};
 constexpr std::chrono::days yearsBefore{3653};
 constexpr std::chrono::days yearAfter{400};
 
-// Programs put their own name before that of the zone ("/freeassociation.sourceforge.net/Europe/Berlin").
+// Some programs prefix the zone name with their own ("/freeassociation.sourceforge.net/Europe/Berlin").
 std::optional<TimeZone> prefixed(const std::string& name, const ZoneByName& zoneNamed) {
     if (!name.starts_with('/') || name.size() > 200) {
         return std::nullopt;
@@ -30,8 +30,8 @@ std::optional<TimeZone> prefixed(const std::string& name, const ZoneByName& zone
     return std::nullopt;
 }
 
-// Exchange and Outlook name zones as Windows does ("W. Europe Standard Time"), at times without telling
-// their rules.
+// Exchange and Outlook use Windows zone names ("W. Europe Standard Time"), sometimes without including the
+// rules.
 std::optional<TimeZone> byWindowsName(const std::string& name, const ZoneByName& zoneNamed) {
     UErrorCode status = U_ZERO_ERROR;
     icu::UnicodeString found;
@@ -51,7 +51,7 @@ std::optional<seconds> offset(icalcomponent* rules, icalproperty_kind kind) {
     return offset < largestOffset && offset > -largestOffset ? std::optional(offset) : std::nullopt;
 }
 
-// The changes to which the standard or daylight-saving time of a zone begins.
+// A transition to standard or daylight saving time.
 struct Onset {
     std::chrono::sys_seconds at;
     seconds before;

@@ -1,4 +1,4 @@
-// The zones that a calendar's times are in.
+// Looks up the time zones that a calendar uses.
 #pragma once
 
 #include "Vantrel/platform/ical/CalendarContext.h"
@@ -8,19 +8,17 @@
 
 namespace vantrel {
 
-// Of one calendar, which outlives it, as does the context.
+// For one calendar. The calendar and the context must outlive it.
 class CalendarZones {
 public:
     CalendarZones(icalcomponent* calendar, const CalendarContext& context)
         : m_calendar(calendar), m_context(context) {}
 
-    [[nodiscard]] const TimeZone& usersZone() const { return m_context.userZone; }
+    [[nodiscard]] const TimeZone& userZone() const { return m_context.userZone; }
 
-    // The system's zone of that name, else the one whose rules the calendar brings with it, else the one that
-    // only other systems call by that name. The user's when nobody knows it.
-    //
-    // The system's rules come first: they are newer than those that a file was written with. A calendar's own
-    // count from ten years before the interval on.
+    // Returns the system's zone of that name, else the calendar's own definition, else the zone for that
+    // Windows name, else the user's zone. The system's rules come first because they are newer than the
+    // file's. A calendar's own rules apply from ten years before the interval.
     [[nodiscard]] TimeZone named(const std::string& name);
 
 private:

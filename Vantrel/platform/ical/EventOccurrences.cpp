@@ -25,7 +25,7 @@ namespace {
 
 using std::chrono::seconds;
 
-// libical's own sum overflows.
+// libical's own conversion can overflow.
 seconds lengthOf(const icaldurationtype& duration) {
     if (duration.is_neg != 0) {
         return seconds{0};
@@ -73,7 +73,7 @@ private:
         return CalendarTime::of(icalcomponent_get_first_property(m_event, kind), m_zones);
     }
 
-    // How long the event is: in whole days for one of whole days, else in seconds.
+    // Computes the event's length, in whole days for whole-day events, else in seconds.
     void measure() {
         const auto end = time(ICAL_DTEND_PROPERTY);
         auto* const duration = icalcomponent_get_first_property(m_event, ICAL_DURATION_PROPERTY);
@@ -84,7 +84,7 @@ private:
             length = lengthOf(icalproperty_get_duration(duration));
         }
         m_length = std::clamp(length, seconds{0}, seconds{EventOccurrences::longest});
-        // The day on which the clocks change is an hour shorter or longer.
+        // Round, because a day with a clock change is an hour shorter or longer.
         m_days = std::max(std::chrono::round<std::chrono::days>(m_length), std::chrono::days{1});
     }
 

@@ -1,4 +1,4 @@
-// When one event of a calendar file takes place.
+// Computes when an event in a calendar file takes place.
 #pragma once
 
 #include "Vantrel/platform/ical/CalendarContext.h"
@@ -20,28 +20,28 @@ struct Occurrence {
     auto operator<=>(const Occurrence&) const = default;
 };
 
-// Moments and whole days on which an event that recurs does not take place as its rules say.
+// Times and whole days that are excluded from a recurring event.
 struct ExceptedTimes {
     std::set<Date> moments;
     std::set<std::chrono::year_month_day> days;
 
-    // One that is not valid counts for nothing.
+    // Ignores invalid times.
     void insert(const CalendarTime& time);
     [[nodiscard]] bool contains(const CalendarTime& time) const;
 };
 
 namespace EventOccurrences {
 
-// A longer event is taken to be as long: its end is damaged, or stands for "ever after".
+// Longer events are shortened to this: their end is damaged or means "forever".
 inline constexpr std::chrono::days longest{100 * 365};
 
-// Every time that overlaps the interval, by start, by the event's rules and additional dates less what is
-// excepted by the event itself and by `overridden`; as many as the budget allows.
+// Returns the occurrences that overlap the interval, sorted by start: those from the event's rules and extra
+// dates, except the ones excluded by the event or by `overridden`. Returns only as many as the budget allows.
 [[nodiscard]] std::vector<Occurrence> inInterval(icalcomponent* event, CalendarZones& zones,
                                                  const ExceptedTimes& overridden,
                                                  const CalendarInterval& interval, CalendarBudget& budget);
 
-// The one that the event itself names, wherever it lies; none when it names no time.
+// Returns the occurrence at the event's own start, even outside any interval; none if it has no valid start.
 [[nodiscard]] std::optional<Occurrence> first(icalcomponent* event, CalendarZones& zones,
                                               CalendarBudget& budget);
 

@@ -50,7 +50,7 @@ std::optional<TimeZone> IcalCalendarReader::zoneNow(const std::string& name) {
     return zone;
 }
 
-bool IcalCalendarReader::answers(const Kept& kept, const CalendarFile& now, const CalendarQuery& query) {
+bool IcalCalendarReader::isStillValid(const Kept& kept, const CalendarFile& now, const CalendarQuery& query) {
     return kept.file == now && kept.zone == query.zone && kept.interval.from <= query.from &&
            query.to <= kept.interval.to && std::ranges::all_of(kept.zones, [this](const auto& zone) {
                return zoneNow(zone.first) == zone.second;
@@ -72,9 +72,9 @@ IcalCalendarReader::readFile(const CalendarFile& file, const CalendarQuery& quer
         }
         return zone;
     };
-    CalendarBudget ofFile(fileLimits, budget);
+    CalendarBudget fileBudget(fileLimits, budget);
     const auto text = content(file);
-    Events events = text ? CalendarText::events(*text, {kept.interval, query.zone, zoneNamed, ofFile})
+    Events events = text ? CalendarText::events(*text, {kept.interval, query.zone, zoneNamed, fileBudget})
                          : Events(std::unexpected(text.error()));
     if (budget.isSpent()) {
         return std::nullopt;
@@ -82,10 +82,11 @@ IcalCalendarReader::readFile(const CalendarFile& file, const CalendarQuery& quer
     const auto known = m_kept.find(file.path);
     const bool isNew = known == m_kept.end() || known->second.file != file;
     if (!events && isNew) {
-        m_log(fmt::format("calendar: {} is left out: {}", file.path.string(), events.error()));
-    } else if (ofFile.isSpent() && isNew) {
-        m_log(fmt::format("calendar: {} is read in part: it has too many events, or rules that take too long",
-                          file.path.string()));
+        m_log(fmt::format("calendar: {} is skipped: {}", file.path.string(), events.error()));
+    } else if (fileBudget.isSpent() && isNew) {
+        m_log(fmt::format(
+            "calendar: {} is only partly read: it has too many events, or rules that take too long",
+            file.path.string()));
     }
     kept.events = std::move(events).value_or(std::vector<CalendarEvent>());
     return kept;
@@ -107,7 +108,7 @@ CalendarReading IcalCalendarReader::read(const CalendarQuery& query) {
     for (const CalendarFile& file : found.files) {
         auto known = m_kept.find(file.path);
         std::optional<Kept> now;
-        if (known != m_kept.end() && answers(known->second, file, query)) {
+        if (known != m_kept.end() && isStillValid(known->second, file, query)) {
             now = std::move(known->second);
         } else if (budget.spend()) {
             now = readFile(file, query, budget);
@@ -122,7 +123,7 @@ CalendarReading IcalCalendarReader::read(const CalendarQuery& query) {
     m_kept = std::move(kept);
     const bool isCutShort = budget.isSpent() && !query.stop.isStopRequested();
     if (isCutShort && !m_wasCutShort) {
-        m_log("calendar: reading all files takes too long; the rest is read the next time");
+        m_log("calendar: reading all files takes too long; the rest is read next time");
     }
     m_wasCutShort = isCutShort;
     std::ranges::stable_sort(reading.events, {}, &CalendarEvent::start);

@@ -1,4 +1,4 @@
-// Owners of what libical allocates.
+// Owning handles for libical objects.
 #pragma once
 
 #include <libical/ical.h>
@@ -11,7 +11,7 @@ struct IcalDeleter {
 
     void operator()(icalrecur_iterator* iterator) const { icalrecur_iterator_free(iterator); }
 
-    // Frees what it has parsed and not given away, too.
+    // Also frees parsed components that were not handed out.
     void operator()(icalparser* parser) const { icalparser_free(parser); }
 };
 

@@ -14,11 +14,11 @@ namespace {
 using std::chrono::local_seconds;
 using std::chrono::seconds;
 
-// Clocks differ from UTC by less than this.
+// Larger than any offset from UTC.
 constexpr std::chrono::days zoneMargin{2};
-constexpr double mostTimesOfADay = 288;
-// libical's calendars other than the Gregorian are that much slower.
-constexpr double otherCalendar = 20;
+constexpr double maxTimesPerDay = 288;
+// libical is this much slower with non-Gregorian calendars.
+constexpr double otherCalendarFactor = 20;
 
 template <std::size_t size>
 std::size_t count(const short (&numbers)[size]) {
@@ -26,14 +26,14 @@ std::size_t count(const short (&numbers)[size]) {
                                     std::begin(numbers));
 }
 
-double timesOfADay(const icalrecurrencetype& rule) {
+double timesPerDay(const icalrecurrencetype& rule) {
     const auto several = [](std::size_t count) {
         return static_cast<double>(std::max<std::size_t>(count, 1));
     };
     return several(count(rule.by_hour)) * several(count(rule.by_minute)) * several(count(rule.by_second));
 }
 
-// How many times libical tries for a day of the rule, at most.
+// The maximum number of candidates that libical tries per day.
 double triesPerDay(const icalrecurrencetype& rule) {
     const bool namesDays =
         count(rule.by_day) + count(rule.by_month_day) + count(rule.by_year_day) + count(rule.by_week_no) > 0;
@@ -52,8 +52,8 @@ double triesPerDay(const icalrecurrencetype& rule) {
             return (!namesDays ? months : count(rule.by_month) > 0 ? months * 31 : 366.0) / 365;
         }
     }();
-    return tries * timesOfADay(rule) / std::max<double>(rule.interval, 1) *
-           (rule.rscale != nullptr ? otherCalendar : 1);
+    return tries * timesPerDay(rule) / std::max<double>(rule.interval, 1) *
+           (rule.rscale != nullptr ? otherCalendarFactor : 1);
 }
 
 local_seconds shown(const CalendarTime& time, Date date) {
@@ -61,14 +61,14 @@ local_seconds shown(const CalendarTime& time, Date date) {
     return local_seconds{(inUtc + time.zone().offset(inUtc)).time_since_epoch()};
 }
 
-// The last time on the clock at which the rule recurs, where it says one.
+// The local time at which the rule ends, if it has an end.
 std::optional<local_seconds> lastTime(const icalrecurrencetype& rule, const CalendarTime& start) {
     const CalendarTime until{rule.until, start.zone()};
     if (!until.isValid()) {
         return std::nullopt;
     }
     if (until.isWholeDay()) {
-        // Against the standard, but often meant like this: the whole last day.
+        // Not standard, but usually meant to include the whole last day.
         return until.local() + (start.isWholeDay() ? seconds{0} : std::chrono::days{1} - seconds{1});
     }
     return shown(start, until.date());
@@ -80,7 +80,7 @@ void follow(icalproperty* property, const CalendarTime& start, const CalendarInt
             CalendarBudget& budget, const std::function<void(const CalendarTime&)>& visit) {
     auto rule = icalproperty_get_rrule(property);
     if (rule.freq < ICAL_HOURLY_RECURRENCE || rule.freq > ICAL_YEARLY_RECURRENCE ||
-        timesOfADay(rule) > mostTimesOfADay) {
+        timesPerDay(rule) > maxTimesPerDay) {
         return;
     }
     auto end = shown(start, interval.to) + zoneMargin;
@@ -90,10 +90,10 @@ void follow(icalproperty* property, const CalendarTime& start, const CalendarInt
     auto begin = start.local();
     const auto wanted = shown(start, interval.from) - zoneMargin;
     CalendarTime first = start;
-    // libical cannot skip while it counts.
+    // libical cannot skip ahead in rules with a count.
     const bool skips = rule.count == 0 && wanted > begin;
     if (skips && rule.freq == ICAL_HOURLY_RECURRENCE) {
-        // libical 3.0.16 loses the phase of hourly rules when it skips.
+        // libical 3.0.16 loses the phase of hourly rules when it skips ahead.
         const std::chrono::hours period{std::max<int>(rule.interval, 1)};
         begin += (wanted - begin) / period * period;
         first = start.at(begin);

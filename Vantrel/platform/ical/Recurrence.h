@@ -1,5 +1,4 @@
-// The rules by which events and the clocks of zones recur, followed within bounds, and the parts of libical's
-// components one after the other.
+// Expands the recurrence rules of events and zones within bounds, and iterates over libical components.
 #pragma once
 
 #include "Vantrel/platform/ical/CalendarBudget.h"
@@ -11,13 +10,13 @@
 
 namespace vantrel::Recurrence {
 
-// How many times a rule is tried at most, matching or not: 137 years of days, 5 of hours. What libical
-// does between two matches cannot be interrupted, and takes some 0.1 s for so many.
+// The maximum number of candidates to try per rule, matching or not: 137 years of days or 5 years of hours.
+// libical cannot be interrupted between two matches; this many candidates take it about 0.1 s.
 inline constexpr double mostTries = 50'000;
 
-// Calls `visit` with the times by the rule that lie in the interval, and perhaps some outside it. Follows no
-// rules that recur by the minute or the second, or in more than 288 places of a day: only damaged or hostile
-// files have them. A rule that says how often to recur is followed from its start for `mostTries`.
+// Calls `visit` with the rule's times in the interval, and perhaps some outside it. Ignores rules that recur
+// every minute or second, or more than 288 times a day: only damaged or hostile files have them. A rule with
+// a count is expanded from its start for up to `mostTries`.
 void follow(icalproperty* rule, const CalendarTime& start, const CalendarInterval& interval,
             CalendarBudget& budget, const std::function<void(const CalendarTime&)>& visit);
 

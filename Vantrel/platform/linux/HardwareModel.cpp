@@ -12,7 +12,7 @@ std::string firstLine(const std::filesystem::path& file) {
     std::ifstream stream(file);
     std::string line;
     std::getline(stream, line);
-    // A device tree ends its texts with a zero.
+    // Device tree strings are null-terminated.
     line = line.substr(0, std::min(line.find('\0'), longestModel));
     const auto last = line.find_last_not_of(" \t\r");
     return last == std::string::npos ? "" : line.substr(0, last + 1);
@@ -21,7 +21,7 @@ std::string firstLine(const std::filesystem::path& file) {
 } // namespace
 
 std::string hardwareModel(const std::filesystem::path& root) {
-    // DMI where there is a BIOS or UEFI, the device tree elsewhere.
+    // DMI on machines with BIOS or UEFI, the device tree on others.
     for (const char* file : {"sys/class/dmi/id/product_name", "proc/device-tree/model"}) {
         if (auto model = firstLine(root / file); !model.empty()) {
             return model;

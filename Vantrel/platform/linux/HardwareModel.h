@@ -1,4 +1,4 @@
-// The machine's model as its firmware gives it.
+// The machine's model as reported by its firmware.
 #pragma once
 
 #include <filesystem>
@@ -6,8 +6,8 @@
 
 namespace vantrel {
 
-// For example "ThinkPad X1 Carbon Gen 9"; "unknown" where there is none. `root` is the root of the file
-// system.
+// For example "ThinkPad X1 Carbon Gen 9", or "unknown" if the firmware gives none. `root` is the file system
+// root.
 [[nodiscard]] std::string hardwareModel(const std::filesystem::path& root = "/");
 
 } // namespace vantrel

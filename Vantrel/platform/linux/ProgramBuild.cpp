@@ -15,7 +15,7 @@ constexpr std::size_t aligned(std::size_t size) {
     return (size + 3) / 4 * 4;
 }
 
-// The notes are a row of headers, each followed by its owner's name and its content.
+// Notes are a sequence of headers, each followed by the owner's name and the content.
 std::string buildIn(std::string_view notes) {
     while (notes.size() >= sizeof(ElfW(Nhdr))) {
         ElfW(Nhdr) header{};
@@ -38,13 +38,13 @@ std::string buildIn(std::string_view notes) {
     return {};
 }
 
-// The program itself comes first; what answers other than 0 ends the walk.
+// The program itself comes first. A nonzero return value ends the iteration.
 int readProgram(dl_phdr_info* object, std::size_t /*size*/, void* build) {
     for (const auto& segment : std::span(object->dlpi_phdr, object->dlpi_phnum)) {
         if (segment.p_type != PT_NOTE) {
             continue;
         }
-        // The loader gives addresses as numbers.
+        // The loader reports addresses as integers.
         const auto address = object->dlpi_addr + segment.p_vaddr;
         // NOLINTNEXTLINE(performance-no-int-to-ptr)
         const auto* const notes = reinterpret_cast<const char*>(address);

@@ -1,12 +1,12 @@
-// Which build of the program is running.
+// Identifies the running build of the program.
 #pragma once
 
 #include <string>
 
 namespace vantrel {
 
-// The linker's build identity in hexadecimal, by which the debug information of exactly this program is
-// found; "unknown" when it was linked without.
+// The linker's build ID in hexadecimal, which identifies the matching debug information; "unknown" if the
+// program was linked without one.
 [[nodiscard]] std::string programBuild();
 
 } // namespace vantrel

@@ -13,8 +13,8 @@ std::unique_ptr<DesktopPictures> desktopPictures(std::string_view currentDesktop
     if (currentDesktop.find("XFCE") != std::string_view::npos) {
         return std::make_unique<XfcePictures>(std::move(connection));
     }
-    auto ofSettings = settingPictures(currentDesktop);
-    return ofSettings ? std::move(ofSettings) : std::make_unique<RootPictures>();
+    auto fromSettings = settingPictures(currentDesktop);
+    return fromSettings ? std::move(fromSettings) : std::make_unique<RootPictures>();
 }
 
 } // namespace vantrel

@@ -1,4 +1,4 @@
-// Chooses who shows the picture behind the windows on the desktop that is running.
+// Chooses the wallpaper adapter for the current desktop environment.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Connection.h"
@@ -9,8 +9,8 @@
 
 namespace vantrel {
 
-// `currentDesktop` as in XDG_CURRENT_DESKTOP. Never null: where no desktop looks after its picture, the root
-// window shows it.
+// `currentDesktop` is the value of XDG_CURRENT_DESKTOP. Never returns null: falls back to the root window if
+// the desktop does not manage a wallpaper.
 [[nodiscard]] std::unique_ptr<DesktopPictures> desktopPictures(std::string_view currentDesktop,
                                                                std::shared_ptr<X11Connection> connection);
 

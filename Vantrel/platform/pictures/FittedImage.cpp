@@ -14,7 +14,7 @@ QImage fittedImage(const QByteArray& file, QSize size) {
     if (image.isNull() || size.isEmpty()) {
         return {};
     }
-    // Cut first: enlarged as a whole, a picture of 20 by 20,000 would take gigabytes.
+    // Crop before scaling: scaling up a whole picture of 20 by 20,000 pixels would take gigabytes.
     const QSize part = size.scaled(image.size(), Qt::KeepAspectRatio).expandedTo({1, 1});
     return image
         .copy((image.width() - part.width()) / 2, (image.height() - part.height()) / 2, part.width(),

@@ -1,4 +1,4 @@
-// A picture file as it fills a display.
+// Scales a picture to fill a display.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,8 @@
 
 namespace vantrel {
 
-// As large as `size`, cut at the edges that are too long. Null when `file` holds no picture that Qt can read,
-// or one that takes more memory than Qt allows.
+// Returns an image of `size`, with overhanging edges cropped. Returns a null image if Qt cannot read `file`
+// or it takes more memory than Qt allows.
 [[nodiscard]] QImage fittedImage(const QByteArray& file, QSize size);
 
 } // namespace vantrel

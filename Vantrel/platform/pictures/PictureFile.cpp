@@ -16,8 +16,8 @@ bool isAcceptable(const struct stat& file, std::size_t limit) {
     return S_ISREG(file.st_mode) && file.st_size >= 0 && static_cast<std::size_t>(file.st_size) <= limit;
 }
 
-// Looks before it opens, because opening a device can do things, and again afterwards, because by then
-// another file may have taken its place.
+// Checks before opening, because opening a device can have side effects, and again afterwards, because the
+// file may have been replaced.
 posix::FileDescriptor opened(const std::string& picture, std::size_t limit) {
     const std::string file = path(picture);
     struct stat found{};
@@ -55,7 +55,7 @@ std::optional<QByteArray> read(const std::string& picture, std::size_t limit) {
     if (!descriptor.isOpen() || !file.open(descriptor.get(), QIODevice::ReadOnly)) {
         return std::nullopt;
     }
-    // It may be growing.
+    // The file may be growing.
     const auto most = static_cast<qint64>(limit);
     QByteArray content = file.read(most + 1);
     return file.error() == QFile::NoError && content.size() <= most ? std::optional(std::move(content))

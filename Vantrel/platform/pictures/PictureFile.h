@@ -1,4 +1,4 @@
-// A picture as desktops name it: a path or a file URL.
+// A picture file, given as a path or a file URL, as desktops do.
 #pragma once
 
 #include <QByteArray>
@@ -9,20 +9,20 @@
 
 namespace vantrel::PictureFile {
 
-// In bytes. No picture of a desk comes near it.
+// In bytes. Far larger than any wallpaper.
 inline constexpr std::size_t largest = 256U << 20U;
 
-// "file:///home/ada/a%20b.png"; what is a URL already stays.
+// Converts a path to a URL, as in "file:///home/ada/a%20b.png". Returns URLs unchanged.
 [[nodiscard]] std::string url(const std::string& picture);
 
-// The path of a file URL; what is none stays.
+// Converts a file URL to its path. Returns anything else unchanged.
 [[nodiscard]] std::string path(const std::string& picture);
 
-// There is such a file, a regular one of at most `limit` bytes, and it can be read. Never waits, as for a
-// FIFO that nobody writes to.
+// Whether it is a readable regular file of at most `limit` bytes. Never blocks, not even on a FIFO without a
+// writer.
 [[nodiscard]] bool isReadable(const std::string& picture, std::size_t limit = largest);
 
-// What is in it; none when isReadable() says no.
+// Returns the content, or none if isReadable() is false.
 [[nodiscard]] std::optional<QByteArray> read(const std::string& picture, std::size_t limit = largest);
 
 } // namespace vantrel::PictureFile

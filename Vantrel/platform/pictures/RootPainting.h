@@ -1,5 +1,5 @@
-// What this program notes on the root window about the pictures it has painted there. Any program can write
-// the note, so nothing in it is taken for granted.
+// The note that this program keeps on the root window about the pictures it has painted there. Any program
+// can write the note, so its content is not trusted.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +10,16 @@
 namespace vantrel {
 
 struct RootPainting {
-    // X pixmaps; 0 is none. The one that was painted, and what another program had painted before.
+    // X pixmaps; 0 means none. `pixmap` is the one we painted, `base` the one that another program had
+    // painted before.
     std::uint32_t pixmap = 0;
     std::uint32_t base = 0;
-    // By display UUID, which picture has been painted over it.
+    // The pictures painted over the base, by display UUID.
     std::map<std::string, std::string> pictures;
 
     bool operator==(const RootPainting&) const = default;
 
-    // What is missing or of another type is left out.
+    // Ignores fields that are missing or have the wrong type.
     [[nodiscard]] static RootPainting parse(std::string_view note);
     [[nodiscard]] std::string note() const;
 };

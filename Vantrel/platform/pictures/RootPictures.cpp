@@ -20,14 +20,14 @@ namespace vantrel {
 
 namespace {
 
-// Names a pixmap of another program; number 0 is the bare root window.
+// The URL scheme for another program's pixmap. Number 0 is the bare root window.
 constexpr std::string_view pixmapScheme = "xpixmap:";
 constexpr const char* ownProperty = "_VANTREL_ROOT_PICTURES";
 constexpr std::array<const char*, 2> pixmapProperties{"_XROOTPMAP_ID", "ESETROOT_PMAP_ID"};
-// In 32-bit words; longer than any list of paths.
+// In 32-bit words. Longer than any list of paths.
 constexpr std::uint32_t longestProperty = 1U << 16;
 
-// Pixels as the server wants them: 32 bits each, blue lowest.
+// The only supported format: 32 bits per pixel with blue in the lowest byte.
 constexpr std::uint8_t pixelDepth = 24;
 
 struct Disconnect {
@@ -35,10 +35,10 @@ struct Disconnect {
 };
 using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-// A connection of its own: what it leaves behind when it closes is to stay.
+// Uses its own connection, because its pixmap must survive when the connection closes.
 class RootWindow {
 public:
-    // Null without a server, or when its pixels are not of the kind that is drawn here.
+    // Returns null if there is no server or its pixel format is not supported.
     static std::unique_ptr<RootWindow> open() {
         Connection xcb(xcb_connect(nullptr, nullptr));
         if (xcb_connection_has_error(xcb.get()) != 0) {
@@ -55,7 +55,7 @@ public:
     RootWindow(const RootWindow&) = delete;
     RootWindow& operator=(const RootWindow&) = delete;
 
-    // What is shown; where that is not this program's, its base is the same.
+    // What is currently shown. If another program painted it, `pixmap` and `base` are the same.
     [[nodiscard]] RootPainting painting() const {
         const xcb_pixmap_t shown = shownPixmap();
         auto noted = RootPainting::parse(property(ownProperty, atom("UTF8_STRING")));
@@ -64,7 +64,7 @@ public:
                    : RootPainting{.pixmap = shown, .base = shown, .pictures = {}};
     }
 
-    // A new pixmap with what `old` shows.
+    // Returns a new pixmap with the content of `old`.
     [[nodiscard]] xcb_pixmap_t copy(xcb_pixmap_t old) const {
         const auto pixmap = xcb_generate_id(m_xcb);
         xcb_create_pixmap(m_xcb, pixelDepth, pixmap, m_screen.root, width(), height());
@@ -72,7 +72,7 @@ public:
         return pixmap;
     }
 
-    // In strips that fit into a request.
+    // Sends the image in strips that fit into one request.
     void paint(xcb_pixmap_t pixmap, const QImage& image, std::int16_t x, std::int16_t y) const {
         const auto context = xcb_generate_id(m_xcb);
         xcb_create_gc(m_xcb, context, pixmap, 0, nullptr);
@@ -89,7 +89,7 @@ public:
         xcb_free_gc(m_xcb, context);
     }
 
-    // From none, black.
+    // Fills the area with black if `from` is none.
     void copyArea(xcb_pixmap_t from, xcb_pixmap_t to, const xcb_rectangle_t& area) const {
         const auto context = xcb_generate_id(m_xcb);
         xcb_create_gc(m_xcb, context, to, XCB_GC_FOREGROUND, &m_screen.black_pixel);
@@ -101,7 +101,7 @@ public:
         xcb_free_gc(m_xcb, context);
     }
 
-    // It is there, and as large as the screen.
+    // Whether the pixmap exists and covers the whole screen.
     [[nodiscard]] bool isWhole(xcb_pixmap_t pixmap) const {
         const auto geometry =
             ownReply(xcb_get_geometry_reply(m_xcb, xcb_get_geometry(m_xcb, pixmap), nullptr));
@@ -109,7 +109,7 @@ public:
                geometry->height == height();
     }
 
-    // Shows the pixmap; it outlives this connection.
+    // Shows the pixmap and keeps it alive after this connection closes.
     void show(const RootPainting& painting) const {
         const xcb_pixmap_t pixmap = painting.pixmap;
         for (const char* name : pixmapProperties) {
@@ -124,8 +124,8 @@ public:
         xcb_set_close_down_mode(m_xcb, XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     }
 
-    // As if nobody had painted.
-    void showNothing() const {
+    // Clears the root pixmap.
+    void clear() const {
         for (const char* name : {pixmapProperties[0], pixmapProperties[1], ownProperty}) {
             xcb_delete_property(m_xcb, m_screen.root, atom(name));
         }
@@ -133,7 +133,7 @@ public:
         xcb_clear_area(m_xcb, 0, m_screen.root, 0, 0, 0, 0);
     }
 
-    // Frees a pixmap that an earlier connection of ours has left.
+    // Frees a pixmap left by an earlier connection of ours.
     void free(xcb_pixmap_t pixmap) const { xcb_kill_client(m_xcb, pixmap); }
 
 private:
@@ -146,7 +146,7 @@ private:
         return pixmap != XCB_NONE && isWhole(pixmap) ? pixmap : XCB_NONE;
     }
 
-    // Waits until the server has worked off everything.
+    // Waits until the server has processed all requests.
     void sync() const {
         static_cast<void>(ownReply(xcb_get_input_focus_reply(m_xcb, xcb_get_input_focus(m_xcb), nullptr)));
     }
@@ -233,7 +233,7 @@ bool RootPictures::setPicture(const DisplayInfo& display, const std::string& pic
         after.pictures[display.uuid] = PictureFile::url(picture);
     }
     if (after.pixmap == XCB_NONE) {
-        root->showNothing();
+        root->clear();
     } else {
         root->show(after);
     }

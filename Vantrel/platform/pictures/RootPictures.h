@@ -1,8 +1,7 @@
-// Pictures on the X server's root window, for desktops that leave it to whoever wants to paint it.
-//
-// One pixmap covers the whole screen. Two root properties that every painter knows name it, so that panels
-// and terminals which look transparent find it; a third, our own, says which picture is on which display. A
-// pixmap that another program has left there is kept alive, and named by a URL of its own.
+// Wallpapers on the X server's root window, for desktops that do not manage a wallpaper. One pixmap covers
+// the whole screen. Two standard root properties point to it, so that pseudo-transparent panels and terminals
+// can find it. A third property, our own, records which picture is on which display. A pixmap left by another
+// program is kept alive and gets its own URL.
 #pragma once
 
 #include "VantrelCore/ports/DesktopPictures.h"

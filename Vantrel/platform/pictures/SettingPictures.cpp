@@ -13,10 +13,10 @@ namespace vantrel {
 namespace {
 
 struct Desktop {
-    // As a part of XDG_CURRENT_DESKTOP.
+    // As it appears in XDG_CURRENT_DESKTOP.
     std::string_view name;
     const char* schema;
-    // The first is read, all are written as far as the schema has them.
+    // Reads the first key and writes all, skipping keys that the schema lacks.
     std::vector<const char*> keys;
     bool takesPath = false;
 };
@@ -73,7 +73,7 @@ std::unique_ptr<DesktopPictures> settingPictures(std::string_view currentDesktop
         if (!schema) {
             return nullptr;
         }
-        // Asking for a key that a schema lacks ends the program.
+        // GLib aborts the program if a key is missing from the schema.
         std::vector<const char*> keys = desktop.keys;
         std::erase_if(keys,
                       [&](const char* key) { return g_settings_schema_has_key(schema.get(), key) == FALSE; });

@@ -1,4 +1,4 @@
-// The picture of desktops that keep it in their settings and show one on all displays: GNOME, Cinnamon, MATE.
+// Wallpapers on GNOME, Cinnamon and MATE, which keep one wallpaper for all displays in their settings.
 #pragma once
 
 #include "VantrelCore/ports/DesktopPictures.h"
@@ -8,7 +8,8 @@
 
 namespace vantrel {
 
-// None where the desktop, as XDG_CURRENT_DESKTOP names it, is none of them or has no such settings.
+// Returns null if `currentDesktop`, the value of XDG_CURRENT_DESKTOP, is another desktop or lacks these
+// settings.
 [[nodiscard]] std::unique_ptr<DesktopPictures> settingPictures(std::string_view currentDesktop);
 
 } // namespace vantrel

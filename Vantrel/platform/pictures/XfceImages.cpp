@@ -6,13 +6,13 @@
 
 namespace vantrel {
 
-std::map<std::string, std::string> xfceImages(GVariant* answer) {
+std::map<std::string, std::string> xfceImages(GVariant* reply) {
     std::map<std::string, std::string> result;
-    if (g_variant_is_of_type(answer, G_VARIANT_TYPE("(a{sv})")) == FALSE) {
+    if (g_variant_is_of_type(reply, G_VARIANT_TYPE("(a{sv})")) == FALSE) {
         return result;
     }
     GVariantIter* entries = nullptr;
-    g_variant_get(answer, "(a{sv})", &entries);
+    g_variant_get(reply, "(a{sv})", &entries);
     const char* key = nullptr;
     GVariant* value = nullptr;
     while (g_variant_iter_next(entries, "{&sv}", &key, &value) != FALSE) {

@@ -1,4 +1,4 @@
-// What the settings daemon of Xfce answers when it is asked for the pictures of a monitor.
+// Parses the reply of Xfce's settings daemon to a query for a monitor's pictures.
 #pragma once
 
 #include <gio/gio.h>
@@ -7,10 +7,10 @@
 
 namespace vantrel {
 
-// The last part of a setting that names a picture.
+// The last component of a setting that holds a picture.
 inline constexpr const char* xfceImageKey = "/last-image";
 
-// The picture of every workspace, by the name of its setting. Empty when the answer is of another type.
-[[nodiscard]] std::map<std::string, std::string> xfceImages(GVariant* answer);
+// Returns the picture of every workspace, keyed by setting. Empty if the reply has another type.
+[[nodiscard]] std::map<std::string, std::string> xfceImages(GVariant* reply);
 
 } // namespace vantrel

@@ -15,22 +15,22 @@ namespace {
 
 constexpr const char* channel = "xfce4-desktop";
 // In milliseconds.
-constexpr int answerTime = 2000;
+constexpr int replyTimeout = 2000;
 
-// Null when the settings daemon does not answer.
-GLibHandle<GVariant> ask(const char* method, GVariant* arguments) {
+// Returns null if the settings daemon does not reply.
+GLibHandle<GVariant> call(const char* method, GVariant* arguments) {
     const GLibHandle<GVariant> owned(g_variant_ref_sink(arguments));
     const GObjectHandle<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
     return GLibHandle<GVariant>(
         bus ? g_dbus_connection_call_sync(bus.get(), "org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf",
-                                          method, owned.get(), nullptr, G_DBUS_CALL_FLAGS_NONE, answerTime,
+                                          method, owned.get(), nullptr, G_DBUS_CALL_FLAGS_NONE, replyTimeout,
                                           nullptr, nullptr)
             : nullptr);
 }
 
 std::map<std::string, std::string> images(const std::string& settings) {
-    const auto answer = ask("GetAllProperties", g_variant_new("(ss)", channel, settings.c_str()));
-    return answer ? xfceImages(answer.get()) : std::map<std::string, std::string>{};
+    const auto reply = call("GetAllProperties", g_variant_new("(ss)", channel, settings.c_str()));
+    return reply ? xfceImages(reply.get()) : std::map<std::string, std::string>{};
 }
 
 } // namespace
@@ -65,8 +65,8 @@ bool XfcePictures::setPicture(const DisplayInfo& display, const std::string& pic
     }
     const std::string path = PictureFile::path(picture);
     return std::ranges::all_of(all, [&](const auto& image) {
-        return ask("SetProperty", g_variant_new("(ssv)", channel, image.first.c_str(),
-                                                g_variant_new_string(path.c_str()))) != nullptr;
+        return call("SetProperty", g_variant_new("(ssv)", channel, image.first.c_str(),
+                                                 g_variant_new_string(path.c_str()))) != nullptr;
     });
 }
 

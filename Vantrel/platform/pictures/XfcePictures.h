@@ -1,4 +1,4 @@
-// The pictures of the Xfce desktop: one per monitor, kept by its settings daemon.
+// Wallpapers on Xfce, whose settings daemon keeps one per monitor and workspace.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Connection.h"
@@ -14,11 +14,11 @@ public:
     explicit XfcePictures(std::shared_ptr<X11Connection> connection) : m_connection(std::move(connection)) {}
 
     [[nodiscard]] std::optional<std::string> picture(const DisplayInfo& display) override;
-    // On every workspace of the display.
+    // Sets the picture on every workspace of the display.
     bool setPicture(const DisplayInfo& display, const std::string& picture) override;
 
 private:
-    // Where the settings of the display's workspaces begin; none when it is not there any more.
+    // The path prefix of the settings for the display's workspaces; none if the display is gone.
     [[nodiscard]] std::optional<std::string> settingsOf(const DisplayInfo& display) const;
 
     std::shared_ptr<X11Connection> m_connection;

@@ -122,7 +122,7 @@ TEST_F(CalendarFolder, AFileWithEndlessRulesIsReadInPartAndToldOnce) {
     EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
     EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
     EXPECT_EQ(reader.filesRead(), 0U);
-    EXPECT_THAT(log, ElementsAre(HasSubstr("a.ics is read in part")));
+    EXPECT_THAT(log, ElementsAre(HasSubstr("a.ics is only partly read")));
 }
 
 TEST_F(CalendarFolder, ADamagedFileIsLeftOutAndToldOnce) {
@@ -134,7 +134,7 @@ TEST_F(CalendarFolder, ADamagedFileIsLeftOutAndToldOnce) {
     }
     EXPECT_THAT(titles(afternoon), ElementsAre("Whole"));
     ASSERT_THAT(log, SizeIs(1));
-    EXPECT_THAT(log.front(), HasSubstr("a.ics is left out: it is no calendar, or only a part of one"));
+    EXPECT_THAT(log.front(), HasSubstr("a.ics is skipped: it is not a calendar, or it is incomplete"));
     write(damaged, event("Mended", "DTSTART:20261121T150030Z"));
     EXPECT_THAT(titles(afternoon), ElementsAre("Mended", "Whole"));
 }
