@@ -124,7 +124,7 @@ TEST_F(ProgramOnTheMac, StartsWithTheSessionOnlyWhenTold) {
     mac().approvesLoginItems = false;
     for (int attempt = 0; attempt < 2; ++attempt) {
         EXPECT_EQ(LoginItem::setLaunchAtLogin(true),
-                  "launch at login: it waits to be allowed in System Settings, General, Login Items");
+                  "launch at login: allow Vantrel in System Settings, General, Login Items");
     }
     EXPECT_EQ(mac().calls.size(), 3U);
     mac().takesLoginItems = false;

@@ -6,7 +6,7 @@ namespace vantrel::AXAttribute {
 
 namespace {
 
-// Another question to this element would fare no better.
+// Further requests to this element would fail too.
 bool isHopeless(AXError error) {
     return error == kAXErrorCannotComplete || error == kAXErrorInvalidUIElement ||
            error == kAXErrorAPIDisabled;
@@ -27,7 +27,7 @@ std::optional<T> held(const Value& value, AXValueType type) {
 Value copy(AXUIElementRef element, CFStringRef name) {
     CFTypeRef value = nullptr;
     if (AXUIElementCopyAttributeValue(element, name, &value) != kAXErrorSuccess) {
-        // Whatever the call left in `value` then is not ours.
+        // On failure, we do not own whatever is in `value`.
         return {};
     }
     return Value::adopt(value);
@@ -41,15 +41,15 @@ std::optional<std::vector<Value>> copyTogether(AXUIElementRef element, std::span
     if (!attributes) {
         return std::nullopt;
     }
-    CFArrayRef answer = nullptr;
-    const AXError error = AXUIElementCopyMultipleAttributeValues(element, attributes.get(), 0, &answer);
+    CFArrayRef reply = nullptr;
+    const AXError error = AXUIElementCopyMultipleAttributeValues(element, attributes.get(), 0, &reply);
     if (isHopeless(error)) {
         return std::vector<Value>(names.size());
     }
     if (error != kAXErrorSuccess) {
         return std::nullopt;
     }
-    const auto owned = CFRef<CFArrayRef>::adopt(answer);
+    const auto owned = CFRef<CFArrayRef>::adopt(reply);
     if (!cfCast<CFArrayRef>(owned.get()) || CFArrayGetCount(owned.get()) != count) {
         return std::nullopt;
     }
@@ -57,7 +57,7 @@ std::optional<std::vector<Value>> copyTogether(AXUIElementRef element, std::span
     values.reserve(names.size());
     for (CFIndex i = 0; i < count; ++i) {
         const CFTypeRef item = CFArrayGetValueAtIndex(owned.get(), i);
-        // Where there is no value stands an error or null, neither of a type that anybody asks for.
+        // A missing value is an error object or null; neither has a type that callers accept.
         values.push_back(Value::retain(item));
     }
     return values;

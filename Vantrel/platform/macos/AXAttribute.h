@@ -1,6 +1,5 @@
-// Reads and writes of the attributes of one accessibility element, and what their values hold.
-//
-// A value of any other type than the one asked for is none.
+// Reads attributes of an accessibility element and converts their values. Conversions return none if the
+// value has another type.
 #pragma once
 
 #include "Vantrel/platform/macos/CFRef.h"
@@ -28,12 +27,12 @@ namespace vantrel::AXAttribute {
 
 using Value = CFRef<CFTypeRef>;
 
-// None on any error.
+// Returns none on any error.
 [[nodiscard]] Value copy(AXUIElementRef element, CFStringRef name);
 
-// What copy() gives for each name, in one exchange with the application. None at all when the application
-// cannot answer that way and has to be asked for one attribute after the other. An element that is gone or
-// does not answer gives nothing for each name.
+// Does the same as copy() for each name, in one exchange with the application. Returns std::nullopt if the
+// application does not support that; then read the attributes one by one. If the element is gone or does not
+// respond, all values are none.
 [[nodiscard]] std::optional<std::vector<Value>> copyTogether(AXUIElementRef element,
                                                              std::span<const CFStringRef> names);
 
@@ -41,7 +40,7 @@ using Value = CFRef<CFTypeRef>;
 [[nodiscard]] std::optional<Point> point(const Value& value);
 [[nodiscard]] std::optional<Size> size(const Value& value);
 
-// None when the platform makes none.
+// Returns none if the platform cannot create the value.
 [[nodiscard]] CFRef<AXValueRef> make(Point point);
 [[nodiscard]] CFRef<AXValueRef> make(Size size);
 

@@ -1,4 +1,4 @@
-// A running application of the application kit as the core knows it. For Objective-C++ alone.
+// Converts an AppKit running application to the core's record. Objective-C++ only.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"

@@ -1,4 +1,4 @@
-// CFRef: one owned reference to a Core Foundation object, or none.
+// CFRef owns one reference to a Core Foundation object, or none.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -12,10 +12,10 @@ class CFRef {
 public:
     CFRef() = default;
 
-    // Takes over the reference of a function with Create or Copy in its name. Null is none.
+    // Takes ownership of a reference returned by a function with Create or Copy in its name. Null means none.
     [[nodiscard]] static CFRef adopt(T object) { return CFRef(object); }
 
-    // Adds a reference to an object that somebody else owns. Null is none.
+    // Adds a reference to an object owned by others. Null means none.
     [[nodiscard]] static CFRef retain(T object) {
         if (object) {
             CFRetain(object);
@@ -43,7 +43,7 @@ public:
 
     [[nodiscard]] T get() const { return m_object; }
 
-    // Hands the reference to the caller.
+    // Transfers ownership to the caller.
     [[nodiscard]] T release() { return std::exchange(m_object, T{}); }
 
     explicit operator bool() const { return m_object != nullptr; }
@@ -54,7 +54,7 @@ private:
     T m_object = nullptr;
 };
 
-// Tells the type identifier of an opaque type; specialised for each that cfCast() is asked for.
+// The type identifier of an opaque type; specialised for each type used with cfCast().
 template <typename T>
 CFTypeID cfTypeID();
 
@@ -87,7 +87,8 @@ inline CFTypeID cfTypeID<CFDataRef>() {
     return CFDataGetTypeID();
 }
 
-// The object as what it really is; null for null and for an object of any other type. Owns nothing.
+// Casts to a type after checking it. Returns null for null and for objects of another type. Does not change
+// ownership.
 template <typename T>
 [[nodiscard]] T cfCast(CFTypeRef object) {
     return object && CFGetTypeID(object) == cfTypeID<T>() ? static_cast<T>(object) : nullptr;

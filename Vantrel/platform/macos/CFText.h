@@ -1,4 +1,4 @@
-// Core Foundation's strings as UTF-8 and back.
+// Converts between Core Foundation strings and UTF-8.
 #pragma once
 
 #include "Vantrel/platform/macos/CFRef.h"
@@ -9,13 +9,13 @@
 
 namespace vantrel::CFText {
 
-// None when it is no text that UTF-8 can hold, as one with half a surrogate pair.
+// Returns none if the string cannot be converted, for example because of an unpaired surrogate.
 [[nodiscard]] std::optional<std::string> utf8(CFStringRef text);
 
-// None for null and for an object that is no string.
+// Returns none for null and for objects that are not strings.
 [[nodiscard]] std::optional<std::string> utf8Of(CFTypeRef object);
 
-// None when the bytes are not UTF-8.
+// Returns none if the bytes are not valid UTF-8.
 [[nodiscard]] CFRef<CFStringRef> make(std::string_view utf8);
 
 } // namespace vantrel::CFText

@@ -10,7 +10,7 @@ namespace {
 
 constexpr OSType signature = 0x56544b31; // "VTK1"
 
-// What each registered combination of this process does. Used on the main thread.
+// The actions of this process's registered hot keys by id. Use only on the main thread.
 std::map<std::uint32_t, std::function<void()>>& actions() {
     static std::map<std::uint32_t, std::function<void()>> byID;
     return byID;
@@ -33,7 +33,7 @@ OSStatus hotKeyPressed(EventHandlerCallRef /*next*/, EventRef event, void* /*use
     return noErr;
 }
 
-// Once per process; tried again after a failure.
+// Installs the handler once per process; retries after a failure.
 bool installHandler() {
     static bool isInstalled = false;
     if (!isInstalled) {

@@ -1,4 +1,4 @@
-// Key combinations through the Carbon event manager.
+// Hot keys through the Carbon Event Manager.
 #pragma once
 
 #include "VantrelCore/ports/HotKeys.h"
@@ -10,7 +10,7 @@ public:
     [[nodiscard]] std::unique_ptr<HotKey> add(std::uint32_t id, HotKeyCombo combo,
                                               std::function<void()> action) override;
 
-    // A combination names a place on the keyboard here, which no change of the keyboard moves.
+    // Key codes denote positions on the keyboard here, so layout changes do not matter.
     void setChangeHandler(std::function<void()> /*handler*/) override {}
 };
 

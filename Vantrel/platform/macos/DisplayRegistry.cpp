@@ -10,7 +10,7 @@ namespace vantrel::DisplayRegistry {
 
 namespace {
 
-// The services that a display may hang on, in the order in which they are asked.
+// The services that a display may be attached to, in query order.
 constexpr std::array portClasses{"AppleDCPDPTXRemotePortUFP", "AppleATCDPAltModePort", "AppleATCDPHDMIPort",
                                  "AppleATCDPINAdapterPort"};
 
@@ -31,7 +31,7 @@ void addHints(const char* portClass, std::vector<EdidHint>& hints) {
         return;
     }
     io_iterator_t found = IO_OBJECT_NULL;
-    // Takes the reference, also when it fails.
+    // Consumes the reference even if it fails.
     if (IOServiceGetMatchingServices(kIOMainPortDefault, matching.release(), &found) != KERN_SUCCESS) {
         return;
     }

@@ -1,4 +1,4 @@
-// What the I/O Kit registry knows of the connected monitors' identity.
+// Reads the identity of the connected monitors from the I/O Kit registry.
 #pragma once
 
 #include "VantrelCore/ports/DisplayServices.h"
@@ -7,7 +7,7 @@
 
 namespace vantrel::DisplayRegistry {
 
-// Of every port with hints about its display, in the order of the port classes and then the registry's.
+// Returns the hints of every port that has any, in the order of the port classes, then of the registry.
 [[nodiscard]] std::vector<EdidHint> edidHints();
 
 } // namespace vantrel::DisplayRegistry

@@ -1,6 +1,6 @@
-// A Focus as the user has set Vantrel up in it: the system runs the Focus filter that the application offers,
-// with the name that the user wrote there, when that Focus is turned on, and without one when it ends. No
-// program may read the name of the Focus itself.
+// Reads the Focus through Vantrel's Focus filter. When a Focus with the filter is turned on, the system runs
+// the filter with the name that the user entered in it; when the Focus ends, it runs it without a name.
+// Programs cannot read the name of the Focus itself.
 #pragma once
 
 #include "VantrelCore/ports/FocusReader.h"
@@ -15,8 +15,9 @@ public:
         m_handler = std::move(handler);
     }
 
-    // What the filter was run with, on the main thread; none at the end of a Focus. The system also runs it
-    // again when the user edits it, and as the program starts: a Focus that is on already is not turned on.
+    // Call on the main thread when the filter runs; `name` is none when a Focus ends. The system also runs
+    // the filter when the user edits it and when the program starts, so a repeated name does not count as
+    // turned on.
     void filterRan(const std::optional<std::string>& name);
 
 private:

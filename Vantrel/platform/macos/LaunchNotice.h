@@ -1,4 +1,4 @@
-// The moment at which the system has finished launching the program.
+// Reports when the system has finished launching the program.
 #pragma once
 
 #include <functional>
@@ -6,8 +6,8 @@
 
 namespace vantrel {
 
-// Calls `handler` once, on the main thread and not before the constructor has returned, also when launching
-// had finished before.
+// Calls `handler` once, on the main thread, after the constructor has returned, even if launching has already
+// finished.
 class LaunchNotice {
 public:
     explicit LaunchNotice(std::function<void()> handler);

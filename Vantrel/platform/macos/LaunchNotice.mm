@@ -13,9 +13,9 @@ struct LaunchNotice::State {
     std::function<void()> handler;
     std::optional<NotificationObserver> finish;
 
-    void tell() {
-        if (const auto told = std::exchange(handler, nullptr)) {
-            told();
+    void notify() {
+        if (const auto called = std::exchange(handler, nullptr)) {
+            called();
         }
     }
 };
@@ -24,16 +24,16 @@ LaunchNotice::LaunchNotice(std::function<void()> handler) : m_state(std::make_sh
     @autoreleasepool {
         m_state->handler = std::move(handler);
         const std::weak_ptr<State> state = m_state;
-        const auto tell = [state] {
+        const auto notify = [state] {
             if (const auto alive = state.lock()) {
-                alive->tell();
+                alive->notify();
             }
         };
         m_state->finish.emplace(NSNotificationCenter.defaultCenter,
                                 NSApplicationDidFinishLaunchingNotification,
-                                [tell](NSNotification* /*notification*/) { tell(); });
+                                [notify](NSNotification* /*notification*/) { notify(); });
         if (NSRunningApplication.currentApplication.finishedLaunching) {
-            [NSOperationQueue.mainQueue addOperationWithBlock:tell];
+            [NSOperationQueue.mainQueue addOperationWithBlock:notify];
         }
     }
 }

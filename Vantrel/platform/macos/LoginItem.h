@@ -1,11 +1,11 @@
-// Whether the program starts with the user's session: its login item in System Settings.
+// Manages the program's login item, which starts it at login.
 #pragma once
 
 #include <string>
 
 namespace vantrel::LoginItem {
 
-// Empty when it is so, or was already; else a sentence for the log.
+// Returns an empty string on success or if nothing had to change, otherwise a message for the log.
 [[nodiscard]] std::string setLaunchAtLogin(bool launches);
 
 } // namespace vantrel::LoginItem

@@ -8,9 +8,9 @@ namespace vantrel::LoginItem {
 
 namespace {
 
-// The user has switched it off, or has not yet allowed it.
+// The user has switched it off or not allowed it yet.
 constexpr const char* needsApproval =
-    "launch at login: it waits to be allowed in System Settings, General, Login Items";
+    "launch at login: allow Vantrel in System Settings, General, Login Items";
 
 } // namespace
 

@@ -9,7 +9,7 @@ namespace vantrel {
 
 namespace {
 
-// Each answer is read when it is asked for.
+// Reads everything on request; caches nothing.
 class MacDeskReading final : public DeskReading {
 public:
     explicit MacDeskReading(MacAccessibility::AppList runningApps) : m_runningApps(std::move(runningApps)) {}

@@ -1,4 +1,4 @@
-// The live desk of macOS: Accessibility for the windows, Quartz for their stacking order.
+// The live desk on macOS: windows from Accessibility, their stacking order from Quartz.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"
@@ -20,7 +20,7 @@ public:
     bool prompt() override;
     [[nodiscard]] std::unique_ptr<DeskReading> beginReading() override;
 
-    // The window server has nothing to wait for.
+    // Nothing to wait for: the window server has no pending requests of ours.
     bool awaitQuiet() override { return true; }
 
 private:

@@ -4,7 +4,7 @@
 
 namespace vantrel {
 
-// The enhanced interface switched off, and on again in the end.
+// Switches the enhanced user interface off and, on destruction, back on if it was on.
 class MacApplication::PlainInterface {
 public:
     explicit PlainInterface(CFRef<AXUIElementRef> application) : m_application(std::move(application)) {
@@ -15,7 +15,7 @@ public:
     }
 
     ~PlainInterface() {
-        // Also when switching off failed: an application that did not answer in time may have done it later.
+        // Even if switching it off failed: an application that did not reply in time may still have done it.
         if (m_wasEnhanced && set(kCFBooleanTrue) == kAXErrorCannotComplete) {
             set(kCFBooleanTrue);
         }

@@ -1,4 +1,4 @@
-// A running application as an accessibility element: its windows, and what must be off while they are moved.
+// A running application as an accessibility element.
 #pragma once
 
 #include "Vantrel/platform/macos/AXAttribute.h"
@@ -10,21 +10,20 @@
 
 namespace vantrel {
 
-// May be used from any thread.
+// Thread-safe.
 class MacApplication {
 public:
-    // Any question to an application is given up after this long.
+    // Requests to an application time out after this long.
     static constexpr float messagingTimeoutSeconds = 1.0F;
 
     explicit MacApplication(std::int32_t pid);
 
-    // In the application's order; empty when it gives no list. Items of the list that are no elements are
-    // left out.
+    // In the application's order. Empty if it gives no list. Skips items that are not elements.
     [[nodiscard]] std::vector<CFRef<AXUIElementRef>> windows() const;
 
-    // Keep what it returns while windows of this application are moved, one or many. Applications that run
-    // with an enhanced interface for assistive programs animate their moves and report frames on the way; the
-    // enhancement is off as long as anybody holds the result, and on again afterwards if it was on.
+    // Hold the result while moving windows of this application. Applications with the enhanced user interface
+    // on, which is for assistive programs, animate moves and report intermediate frames. It is switched off
+    // while anyone holds a result, and then switched back on if it was on.
     [[nodiscard]] std::shared_ptr<void> beginMoves();
 
 private:

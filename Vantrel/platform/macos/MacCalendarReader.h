@@ -1,4 +1,4 @@
-// The user's calendars, from the system's event store.
+// Reads the user's calendars from the system's event store.
 #pragma once
 
 #include "VantrelCore/ports/CalendarReader.h"
@@ -13,12 +13,12 @@ public:
     ~MacCalendarReader() override;
 
     void requestAccessIfNeeded(std::function<void()> done) override;
-    // Events of all calendars; the folders of a query are for other systems.
+    // Returns events of all calendars. Ignores the query's folders, which are for other systems.
     [[nodiscard]] CalendarReading read(const CalendarQuery& query) override;
 
 private:
     struct State;
-    // Shared with questions to the user that are still open.
+    // Shared with pending permission requests.
     std::shared_ptr<State> m_state;
 };
 

@@ -11,7 +11,7 @@
 #include <mutex>
 #include <utility>
 
-// What an event store has from macOS 14 on; before, EKEventStore's own header does not know it.
+// Available from macOS 14 on; older SDKs do not declare it.
 @protocol FullAccessToEvents
 - (void)requestFullAccessToEventsWithCompletion:(EKEventStoreRequestAccessCompletionHandler)completion;
 @end
@@ -20,7 +20,7 @@ namespace vantrel {
 
 struct MacCalendarReader::State {
     std::mutex mutex;
-    // Made when first needed. One that was made before access was given sees nothing.
+    // Created on first use. A store created before access was granted sees no events.
     EKEventStore* store = nil;
 
     EKEventStore* sharedStore() {
@@ -31,7 +31,7 @@ struct MacCalendarReader::State {
         return store;
     }
 
-    void forgetStore() {
+    void discardStore() {
         const std::scoped_lock lock(mutex);
         store = nil;
     }
@@ -61,7 +61,7 @@ CalendarEvent event(EKEvent* event, const TimeZone& zone) {
             .notes = FoundationText::utf8(event.notes),
             .url = FoundationText::utf8(event.URL.absoluteString),
             .start = start,
-            // The store has whole days end a second before midnight.
+            // In the store, whole-day events end a second before midnight.
             .end = event.allDay ? WholeDays::endOfDay(end, zone) : end,
             .isAllDay = event.allDay};
 }
@@ -78,21 +78,21 @@ void MacCalendarReader::requestAccessIfNeeded(std::function<void()> done) {
             done();
             return;
         }
-        // Called on a thread of the store's, perhaps long after this reader has gone.
-        const EKEventStoreRequestAccessCompletionHandler answered =
+        // Called on one of the store's threads, perhaps long after this reader was destroyed.
+        const EKEventStoreRequestAccessCompletionHandler completion =
             [state = std::weak_ptr(m_state), done = std::move(done)](BOOL /*isGranted*/, NSError* /*error*/) {
                 [NSOperationQueue.mainQueue addOperationWithBlock:[state, done] {
                     if (const auto alive = state.lock()) {
-                        alive->forgetStore();
+                        alive->discardStore();
                         done();
                     }
                 }];
             };
         EKEventStore* const store = m_state->sharedStore();
         if ([store respondsToSelector:@selector(requestFullAccessToEventsWithCompletion:)]) {
-            [static_cast<id<FullAccessToEvents>>(store) requestFullAccessToEventsWithCompletion:answered];
+            [static_cast<id<FullAccessToEvents>>(store) requestFullAccessToEventsWithCompletion:completion];
         } else {
-            [store requestAccessToEntityType:EKEntityTypeEvent completion:answered];
+            [store requestAccessToEntityType:EKEntityTypeEvent completion:completion];
         }
     }
 }

@@ -1,4 +1,4 @@
-// The desktop picture of each screen, through the shared workspace.
+// Reads and sets the desktop picture of each screen through the shared workspace.
 #pragma once
 
 #include "VantrelCore/ports/DesktopPictures.h"
@@ -10,19 +10,19 @@
 
 namespace vantrel {
 
-// The workspace shows pictures on the main thread only, so a call waits for that.
+// The workspace only works on the main thread, so calls from other threads wait for it.
 class MacDesktopPictures final : public DesktopPictures {
 public:
     using Log = std::function<void(const std::string& message)>;
 
     static constexpr std::chrono::milliseconds deadline{5000};
 
-    // `displays` is used on the main thread. `log` hears on the main thread why a picture was not taken.
+    // Uses `displays` on the main thread. Calls `log` there if a picture cannot be set.
     MacDesktopPictures(DisplayServices& displays, MainQueue& queue, Log log)
         : m_displays(displays), m_queue(queue), m_log(std::move(log)) {}
 
     [[nodiscard]] std::optional<std::string> picture(const DisplayInfo& display) override;
-    // How the picture fills the screen stays as it is.
+    // Keeps the current scaling options.
     bool setPicture(const DisplayInfo& display, const std::string& picture) override;
 
 private:

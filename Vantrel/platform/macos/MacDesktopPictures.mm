@@ -9,7 +9,7 @@ namespace vantrel {
 
 namespace {
 
-// Nil when it is gone.
+// Returns nil if the screen is gone.
 NSScreen* screenOf(const std::string& displayUUID, DisplayServices& displays) {
     for (NSScreen* const screen in NSScreen.screens) {
         const auto number = Screens::displayID(screen);
@@ -20,7 +20,7 @@ NSScreen* screenOf(const std::string& displayUUID, DisplayServices& displays) {
     return nil;
 }
 
-// Of a path or a URL; nil when it is neither.
+// Converts a path or a URL string; nil if it is neither.
 NSURL* urlOf(const std::string& picture) {
     NSString* const text = FoundationText::make(picture);
     if (text == nil) {

@@ -16,8 +16,8 @@ namespace {
 
 using Handler = std::function<void()>;
 
-// The handlers of this process by their addresses, which are only looked up: a notification under way when
-// its registration ends, on whatever thread, finds none.
+// The handlers of this process, keyed by address. A notification that arrives on any thread after its
+// registration has ended finds no handler.
 struct Handlers {
     std::mutex lock;
     std::map<const void*, std::shared_ptr<Handler>> registered;
@@ -28,7 +28,7 @@ struct Handlers {
     }
 };
 
-// Whatever changed, and whether it begins or ends: the watcher looks at the displays itself.
+// Ignores the flags, because the watcher reads the displays itself.
 void vantrelDisplayReconfigurationCallback(CGDirectDisplayID /*display*/,
                                            CGDisplayChangeSummaryFlags /*flags*/, void* userInfo) {
     std::shared_ptr<Handler> handler;
@@ -53,7 +53,7 @@ std::vector<CGDirectDisplayID> activeIDs() {
     if (CGGetActiveDisplayList(count, ids.data(), &count) != kCGErrorSuccess) {
         return {};
     }
-    // Fewer when one has gone between the two calls.
+    // A display may disappear between the two calls.
     ids.resize(std::min<std::size_t>(ids.size(), count));
     return ids;
 }

@@ -1,5 +1,4 @@
-// The connected displays: Quartz for the set and its changes, the I/O Kit registry for the monitors'
-// identity.
+// The connected displays. Quartz gives the set and its changes, the I/O Kit registry the monitors' identity.
 #pragma once
 
 #include "VantrelCore/ports/DisplayServices.h"
@@ -14,7 +13,7 @@ class MacDisplayServices final : public DisplayServices {
 public:
     using ScreenList = std::function<std::vector<Screen>()>;
 
-    // `screens` is the application kit's list.
+    // `screens` returns AppKit's screens.
     explicit MacDisplayServices(ScreenList screens);
     ~MacDisplayServices() override;
     MacDisplayServices(const MacDisplayServices&) = delete;

@@ -1,4 +1,4 @@
-// Where a Mac program keeps its files for this user.
+// The folders that the program uses for this user.
 #pragma once
 
 #include <filesystem>
@@ -6,7 +6,7 @@
 
 namespace vantrel::MacFolders {
 
-// "Vantrel" in the user's Application Support folder; none when the system gives no such folder.
+// "Vantrel" in the user's Application Support folder; none if the system reports no such folder.
 [[nodiscard]] std::optional<std::filesystem::path> supportDirectory();
 
 } // namespace vantrel::MacFolders

@@ -1,11 +1,11 @@
-// The time zone that the user's Mac is set to.
+// The time zone of the Mac.
 #pragma once
 
 #include "VantrelCore/ports/LocalZone.h"
 
 namespace vantrel {
 
-// With the rules that the system has for it now, a year back and two ahead.
+// Uses the system's current rules, for about one year back and two years ahead.
 class MacLocalZone final : public LocalZone {
 public:
     [[nodiscard]] TimeZone current() override;

@@ -12,7 +12,7 @@ namespace {
 using std::chrono::seconds;
 using std::chrono::sys_seconds;
 
-// No zone keeps an offset for less: Morocco sets its clocks back for the month of Ramadan.
+// No zone keeps an offset for less than this. The shortest is Morocco's change for the month of Ramadan.
 constexpr std::chrono::days step{7};
 
 seconds offset(NSTimeZone* zone, sys_seconds time) {
@@ -20,7 +20,7 @@ seconds offset(NSTimeZone* zone, sys_seconds time) {
     return seconds{[zone secondsFromGMTForDate:[NSDate dateWithTimeIntervalSince1970:sinceEpoch]]};
 }
 
-// The first second after `before` at which the zone has the offset that it has at `after`.
+// Finds the first second after `before` at which the zone has the same offset as at `after`.
 sys_seconds change(NSTimeZone* zone, sys_seconds before, sys_seconds after) {
     const seconds changed = offset(zone, after);
     while (after - before > seconds{1}) {
@@ -34,10 +34,10 @@ sys_seconds change(NSTimeZone* zone, sys_seconds before, sys_seconds after) {
 
 TimeZone MacLocalZone::current() {
     @autoreleasepool {
-        // Else Foundation goes on giving the zone that the program began in.
+        // Otherwise Foundation keeps returning the zone from when the program started.
         [NSTimeZone resetSystemTimeZone];
         NSTimeZone* const zone = NSTimeZone.systemTimeZone;
-        // Whole days, so that the same rules compare as equal for a day.
+        // Start at midnight, so that the same rules compare equal all day.
         const sys_seconds today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
         sys_seconds last = today - std::chrono::days{400};
         ZoneRules rules{.firstOffset = offset(zone, last), .transitions = {}, .afterwards = std::nullopt};

@@ -8,7 +8,7 @@ namespace vantrel {
 std::optional<std::string> MacMachineIdentity::machineID() {
     auto matching = CFRef<CFDictionaryRef>::adopt(IOServiceMatching("IOPlatformExpertDevice"));
     io_iterator_t found = IO_OBJECT_NULL;
-    // Takes the reference, also when it fails.
+    // Consumes the reference even if it fails.
     if (!matching ||
         IOServiceGetMatchingServices(kIOMainPortDefault, matching.release(), &found) != KERN_SUCCESS) {
         return std::nullopt;

@@ -1,4 +1,4 @@
-// Which Mac this is: the identifier that its hardware gives in the I/O Kit registry.
+// Identifies the Mac by its hardware UUID in the I/O Kit registry.
 #pragma once
 
 #include "VantrelCore/ports/MachineIdentity.h"

@@ -8,10 +8,10 @@
 
 namespace vantrel {
 
-// Timers also run while a menu is open or a window is being dragged.
+// Timers also fire while a menu is open or a window is being dragged.
 class MacMainQueue final : public MainQueue {
 public:
-    // `log` is told of work that threw.
+    // Calls `log` when work throws.
     explicit MacMainQueue(ErrorBoundary::Log log = {}) : m_log(std::move(log)) {}
 
     void post(std::function<void()> work) override;

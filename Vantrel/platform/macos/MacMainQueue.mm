@@ -8,7 +8,7 @@ namespace vantrel {
 
 namespace {
 
-// Part of the interval by which the system may run a repeating timer late, to wake the processor less often.
+// The fraction of its interval by which a repeating timer may be late, which saves wake-ups.
 constexpr double toleratedPart = 0.1;
 
 class RunLoopTimer final : public ScheduledWork {
@@ -17,7 +17,7 @@ public:
         m_timer = [NSTimer timerWithTimeInterval:seconds
                                          repeats:repeats
                                            block:[work = std::move(work)](NSTimer* /*timer*/) {
-                                               // It may destroy the timer, and with that this block.
+                                               // The work may destroy the timer and with it this block.
                                                const auto called = work;
                                                called();
                                            }];

@@ -1,4 +1,4 @@
-// Sleep, wake and the locked screen, as the workspace and the login window announce them.
+// Reports sleep, wake and screen lock, from the workspace and the login window.
 #pragma once
 
 #include "VantrelCore/ports/SystemEvents.h"
@@ -7,11 +7,11 @@
 
 namespace vantrel {
 
-// The session also counts as locked while its screens sleep and while another user's session is in front:
+// The session also counts as locked while its screens sleep or another user's session is active, because
 // nobody arranges windows then.
 class MacSystemEvents final : public SystemEvents {
 public:
-    // `isLocked` tells whether the screen is locked now.
+    // `isLocked` returns whether the screen is currently locked.
     explicit MacSystemEvents(std::function<bool()> isLocked);
     ~MacSystemEvents() override;
 
@@ -20,7 +20,7 @@ public:
 private:
     struct State;
     std::function<bool()> m_isLocked;
-    // Null while nobody listens.
+    // Null while there are no handlers.
     std::unique_ptr<State> m_state;
 };
 

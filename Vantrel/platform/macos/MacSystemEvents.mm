@@ -13,7 +13,7 @@ namespace vantrel {
 
 namespace {
 
-// What the login window tells everybody; no framework declares the names.
+// Distributed notifications of the login window. No framework declares these names.
 NSString* const screenIsLocked = @"com.apple.screenIsLocked";
 NSString* const screenIsUnlocked = @"com.apple.screenIsUnlocked";
 constexpr const char* lockedScreen = "locked screen";
@@ -26,7 +26,7 @@ struct MacSystemEvents::State {
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);
     std::vector<std::unique_ptr<NotificationObserver>> observers;
 
-    void tell(const std::function<void()>& handler) const {
+    void call(const std::function<void()>& handler) const {
         if (handler) {
             handler();
         }
@@ -37,7 +37,7 @@ struct MacSystemEvents::State {
             center, name, [react = std::move(react)](NSNotification* /*notification*/) { react(); }));
     }
 
-    // One notification begins the time in which the session counts as locked, the other ends it.
+    // The session counts as locked from one notification until the other.
     void observeLock(NSNotificationCenter* center, NSNotificationName begins, NSNotificationName ends,
                      const std::string& source) {
         observe(center, begins, [this, source] { setLocked(source, true); });
@@ -47,10 +47,10 @@ struct MacSystemEvents::State {
     void setLocked(const std::string& source, bool isLocked) {
         switch (lock.set(source, isLocked)) {
         case SessionLock::Change::locked:
-            tell(handlers.sessionLocked);
+            call(handlers.sessionLocked);
             break;
         case SessionLock::Change::unlocked:
-            tell(handlers.sessionUnlocked);
+            call(handlers.sessionUnlocked);
             break;
         case SessionLock::Change::none:
             break;
@@ -74,8 +74,8 @@ void MacSystemEvents::setHandlers(Handlers handlers) {
         State& state = *m_state;
         NSNotificationCenter* const workspace = NSWorkspace.sharedWorkspace.notificationCenter;
         state.observe(workspace, NSWorkspaceWillSleepNotification,
-                      [&] { state.tell(state.handlers.willSleep); });
-        state.observe(workspace, NSWorkspaceDidWakeNotification, [&] { state.tell(state.handlers.didWake); });
+                      [&] { state.call(state.handlers.willSleep); });
+        state.observe(workspace, NSWorkspaceDidWakeNotification, [&] { state.call(state.handlers.didWake); });
         state.observeLock(workspace, NSWorkspaceScreensDidSleepNotification,
                           NSWorkspaceScreensDidWakeNotification, "sleeping screens");
         state.observeLock(workspace, NSWorkspaceSessionDidResignActiveNotification,
@@ -83,7 +83,7 @@ void MacSystemEvents::setHandlers(Handlers handlers) {
         state.observeLock(NSDistributedNotificationCenter.defaultCenter, screenIsLocked, screenIsUnlocked,
                           lockedScreen);
         if (m_isLocked()) {
-            // Soon, not while the caller still sets things up.
+            // Post it, so that the caller can finish its setup first.
             [NSOperationQueue.mainQueue addOperationWithBlock:[alive = std::weak_ptr(state.alive), &state] {
                 if (!alive.expired() && !state.lock.isLocked()) {
                     state.setLocked(lockedScreen, true);

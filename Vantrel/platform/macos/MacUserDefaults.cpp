@@ -50,11 +50,11 @@ struct PropertyList {
 
 } // namespace
 
-// Hears of changes that others in this process made, such as a settings window's bindings.
+// Observes changes made by other code in this process, such as a settings window's bindings.
 class MacUserDefaults::Observer {
 public:
     explicit Observer(MacUserDefaults& owner) : m_owner(owner) {
-        CFNotificationCenterAddObserver(CFNotificationCenterGetLocalCenter(), this, told, name(), nullptr,
+        CFNotificationCenterAddObserver(CFNotificationCenterGetLocalCenter(), this, changed, name(), nullptr,
                                         CFNotificationSuspensionBehaviorDeliverImmediately);
     }
 
@@ -68,10 +68,10 @@ public:
 private:
     static CFStringRef name() { return CFSTR("NSUserDefaultsDidChangeNotification"); }
 
-    // On the thread that made the change.
-    static void told(CFNotificationCenterRef /*center*/, void* observer, CFNotificationName /*name*/,
-                     const void* /*object*/, CFDictionaryRef /*userInfo*/) {
-        static_cast<Observer*>(observer)->m_owner.tellSoon();
+    // Called on the thread that made the change.
+    static void changed(CFNotificationCenterRef /*center*/, void* observer, CFNotificationName /*name*/,
+                        const void* /*object*/, CFDictionaryRef /*userInfo*/) {
+        static_cast<Observer*>(observer)->m_owner.notifySoon();
     }
 
     MacUserDefaults& m_owner;
@@ -112,7 +112,7 @@ std::optional<std::string> MacUserDefaults::text(std::string_view key) {
 }
 
 std::optional<Date> MacUserDefaults::date(std::string_view key) {
-    // Beyond these seconds a Date cannot go.
+    // A Date cannot represent more seconds than this.
     constexpr double lastSecond = 1e12;
     const auto value = stored(key);
     const CFDateRef date = cfCast<CFDateRef>(value.get());
@@ -136,13 +136,13 @@ std::optional<DefaultsData> MacUserDefaults::data(std::string_view key) {
 bool MacUserDefaults::set(std::string_view key, const DefaultsValue& value) {
     const auto list = std::visit(PropertyList{}, value);
     const bool isStored = list && store(key, list.get());
-    tellSoon();
+    notifySoon();
     return isStored;
 }
 
 bool MacUserDefaults::remove(std::string_view key) {
     const bool isRemoved = store(key, nullptr);
-    tellSoon();
+    notifySoon();
     return isRemoved;
 }
 
@@ -155,15 +155,15 @@ void MacUserDefaults::setChangeHandler(std::function<void()> handler) {
     }
 }
 
-void MacUserDefaults::tellSoon() {
-    if (m_isToldSoon.exchange(true)) {
+void MacUserDefaults::notifySoon() {
+    if (m_isNotifyPosted.exchange(true)) {
         return;
     }
     m_queue.post([this, alive = std::weak_ptr(m_alive)] {
         if (!alive.lock()) {
             return;
         }
-        m_isToldSoon = false;
+        m_isNotifyPosted = false;
         if (m_handler) {
             m_handler();
         }

@@ -1,4 +1,4 @@
-// The user's settings in the preferences of this application.
+// The user's settings, in this application's preferences.
 #pragma once
 
 #include "VantrelCore/ports/MainQueue.h"
@@ -31,14 +31,14 @@ public:
 private:
     class Observer;
 
-    // On any thread. The handler is told once, however many changes there are until it runs.
-    void tellSoon();
+    // Thread-safe. Calls the handler once for all changes made before it runs.
+    void notifySoon();
 
     MainQueue& m_queue;
     std::function<void()> m_handler;
-    std::atomic<bool> m_isToldSoon = false;
+    std::atomic<bool> m_isNotifyPosted = false;
     std::unique_ptr<Observer> m_observer;
-    // Expires with this object, so that what was posted finds nobody.
+    // Expires with this object, so that work posted before does nothing after it.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-// The values of one window, in the order in which they are asked for. Position comes before size.
+// Indices of a window's attributes in query order. Position comes before size.
 constexpr std::size_t positionIndex = 0;
 constexpr std::size_t sizeIndex = 1;
 constexpr std::size_t titleIndex = 2;
@@ -25,7 +25,7 @@ std::array<CFStringRef, allCount> attributeNames() {
             kAXSubroleAttribute,  kAXMinimizedAttribute, CFSTR("AXFullScreen")};
 }
 
-// `value` gives the value of an index; it is not called for the size when there is no position.
+// `value` returns the value at an index. It is not called for the size if there is no position.
 WindowAttributes attributesOf(AttributeGroup group,
                               const std::function<AXAttribute::Value(std::size_t index)>& value) {
     WindowAttributes result;
@@ -79,7 +79,7 @@ std::vector<bool> MacWindowElement::write(std::span<const FrameWrite> writes) {
         }
     }
     const auto moves = beginMoves();
-    // Each gives up by itself after its second: what was not answered may have happened all the same.
+    // Each write has its own one-second timeout. A write without a reply may still have happened.
     for (std::size_t i = 0; i < prepared.size(); ++i) {
         const AXError error =
             AXUIElementSetAttributeValue(m_element.get(), prepared[i].name, prepared[i].value.get());

@@ -10,14 +10,13 @@ namespace vantrel {
 
 class MacWindowElement final : public WindowElement {
 public:
-    // `application` is the window's own. Never null.
+    // `application` owns the window and must not be null.
     MacWindowElement(CFRef<AXUIElementRef> element, std::shared_ptr<MacApplication> application);
 
-    // In one exchange, or in one per attribute where the application does not answer to several at once.
+    // Takes one exchange, or one per attribute if the application does not support batches.
     [[nodiscard]] WindowAttributes read(AttributeGroup group) override;
 
-    // Every write is sent, also after one that was not answered. When one of the values cannot be made the
-    // window is not touched.
+    // Sends every write, even after one without a reply. If a value cannot be created, sends none.
     [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override;
 
     bool raise() override;

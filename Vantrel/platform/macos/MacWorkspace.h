@@ -1,4 +1,4 @@
-// Applications as wholes, through the shared workspace.
+// Starts, hides and watches applications through the shared workspace.
 #pragma once
 
 #include "VantrelCore/ports/Workspace.h"
@@ -11,13 +11,13 @@ class MacWorkspace final : public Workspace {
 public:
     using Log = std::function<void(const std::string& message)>;
 
-    // `log` hears of applications that did not start after all, on any thread.
+    // Calls `log` on any thread when an application fails to start.
     explicit MacWorkspace(Log log);
     ~MacWorkspace() override;
 
-    // As the Finder shows it.
+    // As shown in the Finder.
     [[nodiscard]] std::optional<std::string> applicationName(const std::string& bundleID) override;
-    // The application does not come to the front.
+    // Starts the application without activating it.
     bool launch(const std::string& bundleID) override;
     bool hide(const std::string& bundleID) override;
     bool unhide(const std::string& bundleID) override;

@@ -13,7 +13,7 @@ namespace vantrel {
 
 struct MacWorkspace::State {
     Log log;
-    // What the last hide() took away, by bundle identifier.
+    // The applications that hide() hid, by bundle identifier.
     std::map<std::string, std::vector<NSRunningApplication*>> hidden;
     std::unique_ptr<NotificationObserver> launches;
 };

@@ -1,4 +1,4 @@
-// Work of another thread that the system wants done on the main thread.
+// Runs work on the main thread for another thread.
 #pragma once
 
 #include "VantrelCore/ports/MainQueue.h"
@@ -13,9 +13,9 @@
 
 namespace vantrel {
 
-// Has `work` run on the main thread and waits for what it gives, for `deadline` at most; after that it does
-// not begin any more. None when the main thread does not come to it in time, as at the end of the program.
-// Throws what `work` throws.
+// Runs `work` on the main thread and waits up to `deadline` for its result; after that, the work no longer
+// starts. Returns none if the main thread does not get to it in time, for example while the program exits.
+// Rethrows exceptions of `work`.
 template <typename Work>
 [[nodiscard]] auto callOnMainThread(MainQueue& queue, std::chrono::milliseconds deadline, Work work)
     -> std::optional<decltype(work())> {
@@ -39,7 +39,7 @@ template <typename Work>
         }
     });
     if (result.wait_for(deadline) != std::future_status::ready) {
-        // Work that is at it just now is waited for.
+        // Wait for work that is already running.
         const std::scoped_lock lock(call->mutex);
         if (result.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
             call->isGivenUp = true;

@@ -6,7 +6,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-extern char** environ; // NOLINT(readability-redundant-declaration): macOS declares it nowhere
+extern char** environ; // NOLINT(readability-redundant-declaration): not declared by any macOS header
 
 namespace vantrel::MissionControlFixer {
 
@@ -26,7 +26,7 @@ void restartDock() {
     const std::array<char*, 3> arguments{program.data(), argument.data(), nullptr};
     pid_t pid = 0;
     if (posix_spawn(&pid, "/usr/bin/killall", nullptr, nullptr, arguments.data(), environ) == 0) {
-        // It ends at once.
+        // killall exits at once.
         waitpid(pid, nullptr, 0);
     }
 }

@@ -1,10 +1,10 @@
-// Sets Mission Control so that windows can be put back reliably.
+// Configures Mission Control so that windows can be restored reliably.
 #pragma once
 
 namespace vantrel::MissionControlFixer {
 
-// Sets both settings to their favourable values and restarts the Dock, which takes them over. True when both
-// could be written; whether the Dock could be restarted does not count.
+// Sets both settings to the recommended values and restarts the Dock to apply them. Returns true if both were
+// written, even if the Dock could not be restarted.
 bool apply();
 
 } // namespace vantrel::MissionControlFixer

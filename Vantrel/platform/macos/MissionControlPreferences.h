@@ -1,4 +1,4 @@
-// Where macOS keeps the two settings of Mission Control.
+// The preference keys of the two Mission Control settings.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -10,12 +10,12 @@ struct Setting {
     CFStringRef key = nullptr;
 };
 
-// One Space spans all displays.
+// Whether one Space spans all displays.
 inline Setting spansDisplays() {
     return {CFSTR("com.apple.spaces"), CFSTR("spans-displays")};
 }
 
-// Spaces are rearranged by most recent use.
+// Whether Spaces are rearranged by most recent use.
 inline Setting mostRecentlyUsed() {
     return {CFSTR("com.apple.dock"), CFSTR("mru-spaces")};
 }

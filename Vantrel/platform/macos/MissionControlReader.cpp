@@ -12,13 +12,13 @@ using namespace MissionControlPreferences;
 namespace {
 
 std::optional<bool> value(const Setting& setting) {
-    // Another program's preferences, which it may have changed since they were read last.
+    // These preferences belong to another program, which may have changed them since the last read.
     CFPreferencesAppSynchronize(setting.domain);
     const auto stored = CFRef<CFTypeRef>::adopt(CFPreferencesCopyAppValue(setting.key, setting.domain));
     if (const CFBooleanRef truth = cfCast<CFBooleanRef>(stored.get())) {
         return CFBooleanGetValue(truth) != 0;
     }
-    // As people write it by hand.
+    // People may set it to a number by hand.
     std::int64_t number = 0;
     const CFNumberRef written = cfCast<CFNumberRef>(stored.get());
     if (written && CFNumberGetValue(written, kCFNumberSInt64Type, &number)) {

@@ -1,12 +1,12 @@
-// Reads the two settings of Mission Control that decide whether windows can be put back reliably.
+// Reads the two Mission Control settings that determine whether windows can be restored reliably.
 #pragma once
 
 #include "VantrelCore/displays/MissionControlConfig.h"
 
 namespace vantrel::MissionControlReader {
 
-// From the user's preferences; a value that was never written, or is neither a boolean nor a whole number, is
-// absent.
+// Reads the user's preferences. A value is absent if it was never written or is neither a boolean nor an
+// integer.
 [[nodiscard]] MissionControlConfig read();
 
 } // namespace vantrel::MissionControlReader

@@ -1,4 +1,4 @@
-// One registration with a notification centre, which ends with its owner. For Objective-C++ alone.
+// An observer registration with a notification centre, removed on destruction. Objective-C++ only.
 #pragma once
 
 #import <Foundation/Foundation.h>
@@ -8,8 +8,7 @@
 
 namespace vantrel {
 
-// Calls `handler` on the main thread. What was posted before the registration ended and not delivered yet
-// finds nobody.
+// Calls `handler` on the main thread. Notifications not yet delivered when the registration ends are dropped.
 class NotificationObserver {
 public:
     using Handler = std::function<void(NSNotification* _Nonnull notification)>;

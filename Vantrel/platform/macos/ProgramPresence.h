@@ -1,18 +1,18 @@
-// The program among the others on the Mac: its icon in the Dock, what the system calls its activation policy,
-// and its way to the front.
+// The program's presence on the Mac: its Dock icon (the activation policy) and its activation.
 #pragma once
 
 #include <string>
 
 namespace vantrel::ProgramPresence {
 
-// On the main thread, as everything here. Without one the program lives in the menu bar alone.
+// Shows or hides the Dock icon; without it, the program is only in the menu bar. Call all functions here on
+// the main thread.
 void setShown(bool isShown);
 
-// Brings the program in front of all others.
+// Brings the program to the front.
 void activate();
 
-// Opens a page in the user's browser. False when the address is none.
+// Opens a page in the user's browser. Returns false if the URL is not valid.
 bool openPage(const std::string& url);
 
 } // namespace vantrel::ProgramPresence

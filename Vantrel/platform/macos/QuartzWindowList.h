@@ -1,4 +1,4 @@
-// The window server's list of what is on screen.
+// The window server's list of windows on screen.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"
@@ -7,8 +7,8 @@
 
 namespace vantrel::QuartzWindowList {
 
-// Front to back, without the desktop's own elements. An item that cannot be read has an entry without values,
-// so that the others keep their places. Empty when there is no list.
+// Front to back, without desktop elements. An item that cannot be read becomes an empty entry, so that the
+// order is kept. Empty if there is no list.
 [[nodiscard]] std::vector<WindowListEntry> onScreen();
 
 } // namespace vantrel::QuartzWindowList

@@ -1,11 +1,11 @@
-// One handle of the I/O Kit registry, given back with its owner.
+// Owns a handle of the I/O Kit registry.
 #pragma once
 
 #include <IOKit/IOKitLib.h>
 
 namespace vantrel {
 
-// Null is none.
+// Null means none.
 class RegistryObject {
 public:
     explicit RegistryObject(io_object_t object) : m_object(object) {}

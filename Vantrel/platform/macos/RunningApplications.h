@@ -1,4 +1,4 @@
-// The running applications as the workspace lists them.
+// Lists the running applications from the shared workspace.
 #pragma once
 
 #include "VantrelCore/ports/Accessibility.h"
@@ -7,7 +7,7 @@
 
 namespace vantrel::RunningApplications {
 
-// In the platform's order, whatever their policy. May be called on any thread.
+// In the platform's order, with any policy. Thread-safe.
 [[nodiscard]] std::vector<RunningApp> read();
 
 } // namespace vantrel::RunningApplications

@@ -1,4 +1,4 @@
-// Which display a screen of the application kit shows. For Objective-C++ alone.
+// Maps an AppKit screen to its display. Objective-C++ only.
 #pragma once
 
 #include "VantrelCore/ports/DisplayServices.h"
@@ -9,7 +9,7 @@
 
 namespace vantrel::Screens {
 
-// None where the device description has no "NSScreenNumber" that is a number.
+// Returns none if "NSScreenNumber" in the device description is missing or not a number.
 [[nodiscard]] std::optional<DisplayID> displayID(NSScreen* _Nonnull screen);
 
 } // namespace vantrel::Screens

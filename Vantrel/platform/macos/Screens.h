@@ -1,4 +1,4 @@
-// The screens of the application kit, in its own coordinates.
+// Reads AppKit's screens, in AppKit coordinates.
 #pragma once
 
 #include "VantrelCore/ports/DisplayServices.h"
@@ -7,8 +7,8 @@
 
 namespace vantrel::Screens {
 
-// In the platform's order. `displayID` is absent where the device description has no "NSScreenNumber" that is
-// a number. Called on the main thread.
+// In the platform's order. `displayID` is absent if "NSScreenNumber" in the device description is missing or
+// not a number. Call on the main thread.
 [[nodiscard]] std::vector<Screen> read();
 
 } // namespace vantrel::Screens

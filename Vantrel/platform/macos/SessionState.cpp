@@ -11,14 +11,14 @@ bool isLocked() {
     if (!session) {
         return false;
     }
-    // Only there while it is locked; no header declares the key.
+    // Present only while the screen is locked. No header declares this key.
     const CFTypeRef value = CFDictionaryGetValue(session.get(), CFSTR("CGSSessionScreenIsLocked"));
     if (const auto boolean = cfCast<CFBooleanRef>(value)) {
         return CFBooleanGetValue(boolean);
     }
     int number = 0;
-    const auto counted = cfCast<CFNumberRef>(value);
-    return counted && CFNumberGetValue(counted, kCFNumberIntType, &number) && number != 0;
+    const auto stored = cfCast<CFNumberRef>(value);
+    return stored && CFNumberGetValue(stored, kCFNumberIntType, &number) && number != 0;
 }
 
 } // namespace vantrel::SessionState

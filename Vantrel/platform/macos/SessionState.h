@@ -1,9 +1,9 @@
-// The user's session as the window server knows it.
+// The state of the user's session, from the window server.
 #pragma once
 
 namespace vantrel::SessionState {
 
-// Whether the screen is locked now; false where the window server does not say.
+// Whether the screen is locked. False if the window server does not say.
 [[nodiscard]] bool isLocked();
 
 } // namespace vantrel::SessionState

@@ -1,5 +1,4 @@
-// The standard updater of the framework that comes with the application, which downloads and installs
-// updates.
+// Downloads and installs updates with the standard updater of the bundled framework.
 #pragma once
 
 #include "VantrelCore/ports/AppUpdater.h"
@@ -10,8 +9,8 @@ namespace vantrel {
 
 class StandardUpdater final : public AppUpdater {
 public:
-    // Loads the framework from the application's own folder and starts its updater. Null where the
-    // application was built without it.
+    // Loads the framework from the application bundle and starts its updater. Returns null if the application
+    // was built without it.
     [[nodiscard]] static std::unique_ptr<StandardUpdater> start();
 
     ~StandardUpdater() override;

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-// What is used of the framework, so that no build needs it.
+// Declares the parts of the framework that we use, so that builds do not need it.
 @protocol VantrelUpdater <NSObject>
 @property BOOL automaticallyChecksForUpdates;
 - (void)checkForUpdates;

@@ -1,14 +1,14 @@
-// What a crash report tells of this Mac and this build of the program.
+// Information about this Mac and this build for crash reports.
 #pragma once
 
 #include <string>
 
 namespace vantrel::SystemFacts {
 
-// As Apple numbers its models: "Mac14,2"; "unknown" when the system does not say.
+// Apple's model identifier, for example "Mac14,2"; "unknown" if the system does not say.
 [[nodiscard]] std::string hardwareModel();
 
-// The bundle's build number; "unknown" when the program runs outside a bundle.
+// The bundle's build number; "unknown" outside a bundle.
 [[nodiscard]] std::string programBuild();
 
 } // namespace vantrel::SystemFacts

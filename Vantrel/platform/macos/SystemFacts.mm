@@ -21,7 +21,7 @@ std::string hardwareModel() {
     if (sysctlbyname("hw.model", model.data(), &size, nullptr, 0) != 0) {
         return unknown;
     }
-    // The size counts the zero at the end.
+    // The size includes the terminating null.
     model.resize(model.find('\0') != std::string::npos ? model.find('\0') : size);
     return model;
 }

@@ -1,4 +1,4 @@
-// The midnights between which an event of whole days takes place.
+// Helps with the end of whole-day events.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
@@ -6,7 +6,7 @@
 
 namespace vantrel::WholeDays {
 
-// The first midnight on the user's clock at or after the date.
+// The first midnight in the zone at or after the date.
 [[nodiscard]] Date endOfDay(Date date, const TimeZone& zone);
 
 } // namespace vantrel::WholeDays
