@@ -1,5 +1,5 @@
-# What Debian calls hardening=+all, for the programs that users run; tests/packaging/hardened-programs reads in the
-# built programs whether it is there. Included before the targets it applies to.
+# What Debian calls hardening=+all, for the programs that users run; tests/packaging/hardened-programs
+# verifies it in the built programs. Included before the targets it applies to.
 option(VANTREL_HARDENING "Harden the programs as Debian's hardening=+all does (Linux)" OFF)
 
 if(VANTREL_HARDENING AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
@@ -7,9 +7,9 @@ if(VANTREL_HARDENING AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
     include(CheckPIESupported)
     check_pie_supported(LANGUAGES CXX)
     set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-    # Functions of the programs are nobody else's to replace: without this, -fPIC costs inlining.
+    # Nobody interposes the programs' functions; without this, -fPIC prevents inlining.
     set(hardening -fno-semantic-interposition -fstack-protector-strong -Wformat -Werror=format-security)
-    # Which processors have them is the compiler's to know.
+    # The compiler knows which processors support them.
     foreach(flag -fstack-clash-protection -fcf-protection)
         string(MAKE_C_IDENTIFIER "VANTREL_HAS${flag}" known)
         check_cxx_compiler_flag(${flag} ${known})

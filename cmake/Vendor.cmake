@@ -1,16 +1,16 @@
-# Who builds and sells this program: whoever ships it sets these when configuring. The names below are reserved
-# examples, which no server answers; without a public key no licence is needed.
+# Who builds and sells this program; set these when configuring a build to ship. The names below are reserved
+# examples without servers; without a public key no licence is needed.
 set(VANTREL_API_SERVER "https://api.vantrel.example" CACHE STRING "The vendor's API server, without a slash at the end")
 set(VANTREL_WEBSITE "https://www.vantrel.example" CACHE STRING "The vendor's website, without a slash at the end")
 set(VANTREL_LICENSE_PUBLIC_KEY "" CACHE STRING "The Ed25519 key that licences are signed with: 64 hexadecimal digits, or empty")
 
 string(LENGTH "${VANTREL_LICENSE_PUBLIC_KEY}" keyLength)
 if(NOT VANTREL_LICENSE_PUBLIC_KEY MATCHES "^[0-9a-fA-F]*$" OR NOT (keyLength EQUAL 0 OR keyLength EQUAL 64))
-    message(FATAL_ERROR "VANTREL_LICENSE_PUBLIC_KEY takes 64 hexadecimal digits, or nothing")
+    message(FATAL_ERROR "VANTREL_LICENSE_PUBLIC_KEY must be 64 hexadecimal digits or empty")
 endif()
 foreach(server VANTREL_API_SERVER VANTREL_WEBSITE)
     if(NOT ${server} MATCHES "^https://[^/\"]+$")
-        message(FATAL_ERROR "${server} takes an address like https://api.vantrel.example")
+        message(FATAL_ERROR "${server} must be an address like https://api.vantrel.example")
     endif()
 endforeach()
 

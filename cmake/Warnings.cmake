@@ -1,4 +1,4 @@
-# Include root and warnings. Linked directly only by programs that must stay without sanitizers.
+# Include root and warnings. Linked directly only by programs that must not use sanitizers.
 add_library(VantrelPlainSettings INTERFACE)
 target_include_directories(VantrelPlainSettings INTERFACE "${CMAKE_SOURCE_DIR}")
 target_compile_options(
@@ -14,7 +14,7 @@ target_compile_options(
         -Werror
 )
 
-# One interface target that every other target of ours links: these, and the sanitizers.
+# The interface target that all our other targets link: the above, and the sanitizers.
 add_library(VantrelBuildSettings INTERFACE)
 target_link_libraries(VantrelBuildSettings INTERFACE VantrelPlainSettings)
 if(VANTREL_SANITIZE)
@@ -29,7 +29,7 @@ if(VANTREL_SANITIZE)
     endif()
 endif()
 
-# Sources of one folder tree, so that a new file needs no edit elsewhere.
+# All sources of a folder tree, so that a new file needs no edit elsewhere.
 function(vantrel_sources result folder)
     file(GLOB_RECURSE found CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.h" "${folder}/*.mm")
     set(${result} ${found} PARENT_SCOPE)

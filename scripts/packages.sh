@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# The Debian 12 packages that Vantrel needs, by purpose. Sourced by scripts/setup; why each library is
-# there is told in docs/dependencies.md.
+# The Debian 12 packages that Vantrel needs, by purpose. Sourced by scripts/setup; docs/dependencies.md explains why
+# each library is needed.
 
 # shellcheck disable=SC2034 # read by scripts/setup
 packages_build=(
@@ -77,7 +77,7 @@ packages_check=(
     shellcheck
 )
 
-# For scripts/mac/check-link and scripts/mac/icons alone; npm brings the compiler.
+# Only for scripts/mac/check-link and scripts/mac/icons; npm provides the compiler.
 # shellcheck disable=SC2034
 packages_mac=(
     librsvg2-bin
@@ -85,7 +85,7 @@ packages_mac=(
     npm
 )
 
-# For scripts/package alone.
+# Only for scripts/package.
 # shellcheck disable=SC2034
 packages_packaging=(
     dpkg-dev

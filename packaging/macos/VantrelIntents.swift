@@ -1,6 +1,6 @@
 // The actions that Vantrel offers to the Shortcuts application, Siri and Spotlight, and its Focus filter.
-// What they do is behind the C functions of VantrelIntents.h; titles and phrases stand here because the system
-// reads them out of the source as it is compiled.
+// The C functions in VantrelIntents.h do the work; titles and phrases are here because the system extracts them from
+// the source at build time.
 import AppIntents
 
 enum VantrelIntentError: Error, CustomLocalizedStringResourceConvertible {
@@ -15,7 +15,7 @@ enum VantrelIntentError: Error, CustomLocalizedStringResourceConvertible {
     }
 }
 
-/// One action on its way: the C function answers it exactly once.
+/// One action in progress: the C function replies to it exactly once.
 private final class OpenIntent {
     let continuation: CheckedContinuation<String, Error>
 
@@ -34,7 +34,7 @@ private final class OpenIntent {
     }
 }
 
-/// Runs one of the C functions and gives what it answers.
+/// Runs one of the C functions and returns its reply.
 @MainActor
 private func runAction(_ function: (UnsafeMutableRawPointer, @escaping VantrelIntentAnswer) -> Void) async throws -> String {
     try await withCheckedThrowingContinuation { continuation in
@@ -142,8 +142,8 @@ struct UndoLastRestoreIntent: AppIntent {
     }
 }
 
-/// Set up in System Settings, Focus: the system runs it as that Focus begins, and with empty parameters as it
-/// ends. No program is told the name of the Focus, so the user writes the name that the trigger has.
+/// Set up in System Settings, Focus: the system runs it when that Focus begins, and with empty parameters when it
+/// ends. Programs are not told the name of the Focus, so the user enters the name used in the trigger.
 struct VantrelFocusFilter: SetFocusFilterIntent {
     static let title: LocalizedStringResource = "Apply a Scene by Trigger"
     static let description: IntentDescription? = IntentDescription(

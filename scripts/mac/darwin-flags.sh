@@ -1,10 +1,10 @@
 # shellcheck shell=bash
-# Flags with which clang takes our sources as a Mac's, without a Mac's headers: our framework headers stand in for
-# the platform's, this system's C and C++ libraries for the others. Sourced by the scripts beside it, which run in
-# the repository's root.
+# Flags that make clang compile our sources as on a Mac, without a Mac's headers: our
+# framework headers replace the platform's, this system's C and C++ libraries the others. Sourced by the other
+# scripts in this folder, which run in the repository's root.
 
-# Quirks of this system's headers under a foreign target: they believe in the processor they came with, macOS
-# has no 128-bit floats, and clang predefines one of their macros there.
+# Works around this system's headers under a foreign target: they assume the native processor, macOS has no
+# 128-bit floats, and clang predefines one of their macros there.
 darwin_headers=build/macos/darwin-headers
 mkdir -p "$darwin_headers/bits"
 cat >"$darwin_headers/bits/floatn.h" <<'HEADER'
@@ -24,7 +24,7 @@ darwin_flags=(
     -isystem /usr/include/x86_64-linux-gnu -isystem /usr/include
 )
 
-# The language flags of a source.
+# Prints the language flags for a source.
 darwin_language() {
     case $1 in
     *.mm) echo "-x objective-c++ -fobjc-arc -fblocks" ;;
@@ -32,7 +32,7 @@ darwin_language() {
     esac
 }
 
-# Calls a function with each source, on all processors. Returns how many calls failed.
+# Calls a function with each source, on all processors. Returns the number of failed calls.
 darwin_each() {
     local work=$1 source failed=0 running=0
     shift
