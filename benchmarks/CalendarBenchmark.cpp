@@ -1,4 +1,4 @@
-// What reading a folder of calendar files costs, one event a file as sync programs keep them: for the first
+// Measures reading a folder of calendar files with one event each, as sync programs store them: the first
 // time, and when no file has changed.
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/posix/ZoneDatabase.h"
@@ -17,7 +17,7 @@ constexpr const char* zone =
     "TZOFFSETFROM:+0200\r\nTZOFFSETTO:+0100\r\nDTSTART:19701025T030000\r\n"
     "RRULE:FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n";
 
-// Seventeen years of events, every fifth of them weekly.
+// Events over seventeen years, every fifth of them weekly.
 void fill(const std::filesystem::path& folder, std::int64_t files) {
     for (std::int64_t i = 0; i < files; ++i) {
         std::ofstream(folder / fmt::format("{}.ics", i))
@@ -31,7 +31,7 @@ void fill(const std::filesystem::path& folder, std::int64_t files) {
     }
 }
 
-// The system's.
+// From the system's zone database.
 std::optional<TimeZone> zoneNamed(const std::string& name) {
     static ZoneDatabase zones;
     return zones.named(name);

@@ -1,4 +1,4 @@
-// What naming a desk costs.
+// Measures computing a desk's identity.
 #include "VantrelCore/displays/DisplayTopology.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-// Loading and saving every store at the data of a heavy user (100 desks of 60 windows, full logs) and at ten
-// times that, beside parsing and dumping the same bytes.
+// Measures loading and saving every store with a heavy user's data (100 desks of 60 windows, full logs) and
+// with ten times that, compared with parsing and dumping the same bytes.
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "VantrelCore/stores/AppReliabilityStore.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
@@ -25,7 +25,7 @@ using bench::secondsOf;
 
 constexpr std::size_t windowsPerDesk = 60;
 
-// Whole seconds, as files keep them.
+// Whole seconds, as stored in files.
 Date second(std::size_t number) {
     return Date{std::chrono::sys_days{std::chrono::year{2026} / 3 / 2}} +
            std::chrono::seconds{static_cast<std::int64_t>(number)};
@@ -154,12 +154,12 @@ class Kept {
 public:
     explicit Kept(File file) : m_file(std::move(file)), m_isRight(save() && open().load() == m_file) {}
 
-    // What was written could be read again as it was.
+    // Whether the data was read back exactly as written.
     [[nodiscard]] bool isRight() const { return m_isRight; }
 
     [[nodiscard]] bool save() { return open().write(m_file); }
 
-    // Opened anew each time: a store reads its file only once.
+    // Opens a new store each time, as a store reads its file only once.
     void load() {
         auto store = open();
         benchmark::DoNotOptimize(store.load());
@@ -182,7 +182,7 @@ template <typename File>
 void load(benchmark::State& state, File (*make)(std::size_t)) {
     Kept<File> kept(make(static_cast<std::size_t>(state.range(0))));
     if (!kept.isRight()) {
-        state.SkipWithError("the store does not hold what was written");
+        state.SkipWithError("the store differs from what was written");
         return;
     }
     const std::string text = kept.bytes();
@@ -194,8 +194,8 @@ void load(benchmark::State& state, File (*make)(std::size_t)) {
         });
 }
 
-// Flushing to disk takes most of a save, and no dump does it: the ratio is that of the processor's work and
-// the disk's together.
+// Flushing to disk takes most of a save and is not part of a dump, so the ratio covers processor and disk
+// work together.
 template <typename File>
 void save(benchmark::State& state, File (*make)(std::size_t)) {
     Kept<File> kept(make(static_cast<std::size_t>(state.range(0))));

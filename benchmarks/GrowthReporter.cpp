@@ -10,7 +10,7 @@ namespace vantrel::bench {
 
 namespace {
 
-// "loadStore" of "loadStore/100/manual_time".
+// "loadStore" for "loadStore/100/manual_time".
 std::string family(const benchmark::BenchmarkReporter::Run& run) {
     return run.run_name.function_name;
 }
@@ -24,8 +24,8 @@ void GrowthReporter::ReportRuns(const std::vector<Run>& runs) {
         if (run.run_type != Run::RT_Iteration || run.complexity_n == 0 || run.error_occurred) {
             continue;
         }
-        // What waits for the disk says itself what it took at the least; for the rest processor time is what
-        // other programs on the machine disturb least.
+        // Benchmarks that wait for the disk report their own minimum; for the others, processor time is least
+        // disturbed by other programs.
         const auto least = run.counters.find(leastCounter);
         m_times[family(run)][static_cast<double>(run.complexity_n)] =
             least != run.counters.end() ? least->second.value
@@ -40,11 +40,11 @@ void GrowthReporter::ReportRuns(const std::vector<Run>& runs) {
     }
 }
 
-// The exponent between the two largest sizes: 1 grows as the size does, 2 as its square.
+// The growth exponent between the two largest sizes: 1 is linear, 2 quadratic.
 void GrowthReporter::Finalize() {
     ConsoleReporter::Finalize();
     TextTable table(
-        {"Growth", "sizes", "time at the smallest", "at the largest", "grows as", "ratios at the largest"});
+        {"Growth", "sizes", "time at the smallest", "at the largest", "growth", "ratios at the largest"});
     for (const auto& [name, times] : m_times) {
         if (times.size() < 2) {
             continue;

@@ -1,4 +1,4 @@
-// Google Benchmark's console report, with a table at the end that tells how every measured operation grows.
+// Google Benchmark's console report, plus a final table of how each measured operation grows.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -8,7 +8,7 @@
 
 namespace vantrel::bench {
 
-// The counter by which a benchmark gives the shortest time of its own measuring, in seconds.
+// The counter for the shortest time that a benchmark measured itself, in seconds.
 inline constexpr const char* leastCounter = "least";
 
 class GrowthReporter final : public benchmark::ConsoleReporter {
@@ -18,11 +18,11 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
 
-    // False when a benchmark found that what it measures is wrong.
+    // False if a benchmark found its result to be wrong.
     [[nodiscard]] bool isRight() const { return m_isRight; }
 
 private:
-    // Seconds by size, of every benchmark that has sizes.
+    // Seconds by size, for every benchmark with sizes.
     std::map<std::string, std::map<double, double>> m_times;
     // The counters at the largest size.
     std::map<std::string, std::string> m_counters;

@@ -1,4 +1,4 @@
-// How pairing saved and live windows of one application grows with their number, by kind of title.
+// Measures how pairing saved and live windows of one application scales with their number, by kind of title.
 #include "VantrelCore/windows/WindowMatcher.h"
 
 #include <benchmark/benchmark.h>
@@ -18,7 +18,7 @@ void matchWindows(benchmark::State& state, Title savedTitle, Title currentTitle)
     std::vector<WindowIdentity> saved;
     std::vector<WindowIdentity> current;
     for (std::size_t i = 0; i < count; ++i) {
-        // The live windows are stacked the other way round.
+        // Live windows are stacked in reverse order.
         const auto order = static_cast<std::int64_t>(i);
         saved.emplace_back("org.example.editor", texts.emplace_back(savedTitle(i)), order);
         current.emplace_back("org.example.editor", texts.emplace_back(currentTitle(i)), -order);
@@ -58,7 +58,7 @@ std::string sharingBeginningLive(std::size_t i) {
     return fmt::format("Untitled document {} *", i);
 }
 
-// Half of them is the beginning of every live title, half nearly is.
+// Half of them are a prefix of every live title, half nearly are.
 std::string almostSharing(std::size_t i) {
     return fmt::format("Untitle{}", i % 2 == 0 ? "d 1" : "d");
 }

@@ -1,5 +1,5 @@
-// What deciding about a capture costs, without the platform's own reading: many windows of one process are
-// the worst case, since each is compared with every on-screen entry of its process.
+// Measures the decisions of a capture, without the platform's reads. Many windows of one process are the
+// worst case, since each is compared with every on-screen entry of its process.
 #include "VantrelCore/windows/WindowSnapshotter.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,4 @@
-// What loading and saving the layouts of a desk costs, and how much of it is more than parsing and dumping
-// the same bytes.
+// Measures loading and saving a desk's layouts, and the overhead over parsing and dumping the same bytes.
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "VantrelCore/stores/LayoutStore.h"
 #include "benchmarks/StoreMeasuring.h"
@@ -16,7 +15,7 @@ using bench::inTurns;
 using bench::layoutOf;
 using bench::secondsOf;
 
-// A store in a folder of its own.
+// A store in its own folder.
 struct Kept {
     TemporaryFolder folder;
     PosixFileSystem files;
@@ -51,7 +50,7 @@ void loadStore(benchmark::State& state) {
         });
 }
 
-// The floor is what durability costs for the same bytes, dumped by nobody but the JSON library.
+// The floor is a durable write of the same bytes, dumped by the JSON library alone.
 void saveStore(benchmark::State& state) {
     Kept kept;
     Layout layout = layoutOf(static_cast<std::size_t>(state.range(0)));

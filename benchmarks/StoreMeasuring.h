@@ -1,4 +1,4 @@
-// What the benchmarks of stores share: data to keep, and measuring two ways of doing something in turns.
+// Shared by the store benchmarks: sample data, and measuring two alternatives in turns.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -10,7 +10,7 @@
 
 namespace vantrel::bench {
 
-// One desk with so many windows of 25 applications.
+// One desk with the given number of windows, from 25 applications.
 [[nodiscard]] Layout layoutOf(std::size_t windows);
 
 template <typename Work>
@@ -20,7 +20,7 @@ double secondsOf(Work work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Measures `ours` and, in turns with it, `floor`; the counter is the ratio of their minima.
+// Measures `ours` and `floor` alternately; the counter is the ratio of their minima.
 template <typename Ours, typename Floor>
 void inTurns(benchmark::State& state, const char* ratioName, Ours ours, Floor floor) {
     double leastOurs = std::numeric_limits<double>::max();

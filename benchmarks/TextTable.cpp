@@ -8,7 +8,7 @@ namespace vantrel::bench {
 
 namespace {
 
-// Characters of UTF-8; the texts here hold one per column of the terminal.
+// Counts UTF-8 characters; in these strings each takes one terminal column.
 std::size_t width(const std::string& text) {
     return static_cast<std::size_t>(
         std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));

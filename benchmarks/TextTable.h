@@ -1,4 +1,4 @@
-// Figures in columns, for a terminal.
+// A text table for a terminal.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace vantrel::bench {
 
-// The first column is set flush left, the others flush right.
+// The first column is left-aligned, the others are right-aligned.
 class TextTable {
 public:
     explicit TextTable(std::vector<std::string> head) : m_rows{std::move(head)} {}
@@ -19,7 +19,7 @@ private:
     std::vector<std::vector<std::string>> m_rows;
 };
 
-// "12.3 ms", three digits that count.
+// "12.3 ms", with three significant digits.
 [[nodiscard]] std::string duration(double seconds);
 
 } // namespace vantrel::bench

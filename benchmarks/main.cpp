@@ -1,4 +1,4 @@
-// Ends with 1 when a benchmark found that what it measures is wrong.
+// Exits with 1 if a benchmark found its result to be wrong.
 #include "benchmarks/GrowthReporter.h"
 
 #include <cstdlib>

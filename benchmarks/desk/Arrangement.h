@@ -1,4 +1,4 @@
-// Where every window of a crowded desk shall stand.
+// The target positions of all windows on a crowded desk.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -11,9 +11,9 @@ namespace vantrel::bench {
 
 struct Placement {
     xcb_window_t window = XCB_WINDOW_NONE;
-    // What the user sees, decoration included; whole pixels.
+    // As the user sees it, including decoration; whole pixels.
     Rect frame;
-    // The program's own part of it.
+    // The client area.
     std::uint32_t clientWidth = 0;
     std::uint32_t clientHeight = 0;
 };

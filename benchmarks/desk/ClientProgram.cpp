@@ -34,7 +34,7 @@ public:
         xcb_map_window(m_connection, window);
     }
 
-    // Takes what the server tells, as any program does, until the server is gone.
+    // Reads events, as any program does, until the server is gone.
     void run() {
         xcb_flush(m_connection);
         while (const Reply<xcb_generic_event_t> event{xcb_wait_for_event(m_connection)}) {
@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
     }
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(connection) != 0) {
-        fmt::print(stderr, "vantrel_desk_client: no X server answers\n");
+        fmt::print(stderr, "vantrel_desk_client: no X server responds\n");
         return 1;
     }
     Client client(connection);

@@ -13,7 +13,7 @@ namespace {
 constexpr tools::MonitorPlace leftMonitor{0, 0, 2560, 1440};
 constexpr tools::MonitorPlace rightMonitor{2560, 0, 1920, 1080};
 
-// Cascades over both monitors; the second arrangement begins elsewhere and has other sizes.
+// Cascades over both monitors; the second arrangement has a different start and different sizes.
 Rect frameOf(std::size_t index, std::size_t arrangement) {
     const std::size_t column = index % 11;
     const std::size_t row = index / 11;
@@ -37,7 +37,7 @@ CrowdedDesk::CrowdedDesk(const Crowd& crowd) : m_desk({leftMonitor, rightMonitor
     for (int tried = 0; windows.size() < crowd.windows(); ++tried) {
         if (tried == tries) {
             throw std::runtime_error(
-                fmt::format("Only {} of {} windows came on screen.", windows.size(), crowd.windows()));
+                fmt::format("Only {} of {} windows appeared on screen.", windows.size(), crowd.windows()));
         }
         // openbox 3.6 may sleep on a request that it has already read; any message wakes it.
         m_desk.connection().tellWindowManager(m_desk.connection().root(), "_NET_REQUEST_FRAME_EXTENTS", {});
@@ -49,7 +49,7 @@ CrowdedDesk::CrowdedDesk(const Crowd& crowd) : m_desk({leftMonitor, rightMonitor
             },
             tryOften);
     }
-    // In the order of their ids, so that neighbours in an arrangement belong to one application.
+    // Sorted by id, so that neighbours in an arrangement belong to the same application.
     std::ranges::sort(windows, {}, &tools::SeenWindow::client);
     for (std::size_t arrangement = 0; arrangement < m_arrangements.size(); ++arrangement) {
         for (std::size_t i = 0; i < windows.size(); ++i) {

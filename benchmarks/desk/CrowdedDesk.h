@@ -1,5 +1,5 @@
-// A private desk with many windows of many applications, and two arrangements of them that have no window's
-// position or size in common.
+// A private desk with many windows of many applications, and two arrangements in which every window differs
+// in position and size.
 #pragma once
 
 #include "benchmarks/desk/Arrangement.h"
@@ -20,7 +20,7 @@ struct Crowd {
 
 class CrowdedDesk {
 public:
-    // Returns when every window is on screen. Throws std::runtime_error with a sentence.
+    // Returns when every window is on screen. Throws std::runtime_error with a readable sentence.
     explicit CrowdedDesk(const Crowd& crowd);
 
     [[nodiscard]] tools::PrivateDesk& desk() { return m_desk; }
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] const std::array<Arrangement, 2>& arrangements() const { return m_arrangements; }
 
-    // How many windows stand exactly where the arrangement says, as the harness reads them from the server.
+    // How many windows are exactly where the arrangement puts them, as the harness reads it from the server.
     [[nodiscard]] std::size_t arrived(const Arrangement& arrangement);
 
 private:

@@ -1,7 +1,7 @@
-// What capturing and restoring a crowded desk costs, against the least that the X server and the window
-// manager can do and against the tools that scripts use: vantrel_desk_benchmark [ROUNDS].
+// Measures capturing and restoring a crowded desk, compared with the minimum that the X server and the window
+// manager need and with tools that scripts use: vantrel_desk_benchmark [ROUNDS].
 //
-// Ends with 1 when a capture or a restore of ours was wrong; figures alone never make it fail.
+// Exits with 1 if one of our captures or restores was wrong, never because of a figure.
 #include "benchmarks/TextTable.h"
 #include "benchmarks/desk/DistantServer.h"
 #include "benchmarks/desk/MeasuredDesk.h"
@@ -24,16 +24,16 @@ namespace vantrel::bench {
 namespace {
 
 constexpr std::size_t defaultRounds = 12;
-// A capture is over in no time, so it is measured more often.
+// A capture is short, so it is measured more often.
 constexpr std::size_t capturesPerRound = 5;
-// --sync takes tens of times as long as everything else together.
+// --sync takes many times as long as everything else together.
 constexpr std::size_t waitingPeerRounds = 2;
 
 constexpr const char* floorName = "floor";
 constexpr const char* oursName = "ours";
 constexpr const char* oursWithCaptureName = "ours with its capture";
 constexpr const char* wmctrlName = "wmctrl loop";
-constexpr const char* exitName = "xdotool chain, until it ends";
+constexpr const char* exitName = "xdotool chain, until it exits";
 constexpr const char* blindName = "xdotool chain, until all is done";
 constexpr const char* waitingName = "xdotool chain, --sync";
 
@@ -79,8 +79,8 @@ bool isComplete(const std::vector<CurrentWindow>& captured, const Arrangement& a
            });
 }
 
-// How many round trips `work` takes on a far server, the first time not counted: it marks windows and learns
-// applications.
+// How many round trips `work` takes on a distant server. The first run is not counted, as it marks windows
+// and learns applications.
 template <typename Work>
 long roundTripsOf(Work work) {
     work();
@@ -113,7 +113,7 @@ void measureCapture(CrowdedDesk& desk, XcbFloor& floor, MeasuredDesk& ours, cons
     }
     if (incomplete > 0) {
         findings.mistakes.push_back(
-            fmt::format("{}: {} of {} captures were not complete.", scenario.name(), incomplete, captures));
+            fmt::format("{}: {} of {} captures were incomplete.", scenario.name(), incomplete, captures));
     }
     const DistantServer farForFloor(desk.display());
     const DistantServer farForOurs(desk.display());
@@ -153,7 +153,8 @@ std::vector<Contestant> contestants(CrowdedDesk& desk, XcbFloor& floor, Measured
                           peers.wmctrlLoop(arrangements.at(i));
                           return true;
                       }});
-    // Blind, it ends before the window manager has moved anything; only what comes after can be compared.
+    // Without --sync it exits before the window manager has moved anything; only the time until all is done
+    // is comparable.
     result.push_back({.name = exitName, .promise = Promise::hoped, .move = [&, peers](std::size_t i) {
                           peers.xdotoolChain(arrangements.at(i), Waiting::none);
                           return true;
@@ -218,8 +219,8 @@ void measureRestore(CrowdedDesk& desk, XcbFloor& floor, MeasuredDesk& ours, cons
         table.add(std::move(row));
         if (standing.promise == Promise::proven && standing.wrongRounds + standing.failedRounds > 0) {
             findings.mistakes.push_back(
-                fmt::format("{}: {} failed in {} rounds, and in {} claimed what was not so.", scenario.name(),
-                            standing.name, standing.failedRounds, standing.wrongRounds));
+                fmt::format("{}: {} failed in {} rounds, and in {} reported success wrongly.",
+                            scenario.name(), standing.name, standing.failedRounds, standing.wrongRounds));
         }
     }
     fmt::print("{}\n", table.text());

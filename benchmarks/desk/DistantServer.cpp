@@ -24,12 +24,12 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// X displays on the network listen from this port on; numbers this high are nobody's.
+// Network X displays listen on this port plus their number; nobody uses numbers this high.
 constexpr int firstPort = 6000;
 constexpr int firstNumber = 700;
 constexpr int lastNumber = 800;
 
-// -1 when nothing answers.
+// -1 if nothing responds.
 int connectTo(const std::string& display) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -63,11 +63,11 @@ std::string readSome(int socket) {
 
 } // namespace
 
-// One client, its own connection to the server, and the answers that are on their way.
+// One client, its connection to the server, and the delayed replies.
 class DistantServer::Line {
 public:
     Line(int client, int server) : m_client(client), m_server(server) {
-        // Nothing may be held back but by us.
+        // Only we may delay data.
         const int yes = 1;
         setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
     }
@@ -85,7 +85,7 @@ public:
                  {.fd = m_server, .events = POLLIN, .revents = 0}}};
     }
 
-    // False once one of the two has hung up.
+    // False once either side has hung up.
     [[nodiscard]] bool carry(const pollfd& client, const pollfd& server) {
         if (client.revents != 0) {
             const std::string request = readSome(m_client);
@@ -163,7 +163,7 @@ void DistantServer::relay() {
         }
         if (watched.front().revents != 0) {
             const int client = accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC);
-            // Hung up on at once where the server does not take another client.
+            // Disconnected at once if the server does not accept another client.
             if (const int server = connectTo(m_server); server >= 0) {
                 lines.push_back(std::make_unique<Line>(client, server));
             } else {

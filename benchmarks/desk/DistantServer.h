@@ -1,5 +1,5 @@
-// A private X server as if it stood far away: what it answers arrives late. On such a connection the time of
-// an exchange tells how often it waited for an answer, whoever did the waiting and however.
+// Makes a private X server seem far away by delaying its replies. The duration of an exchange then shows how
+// many round trips it needed, wherever the waiting happened.
 #pragma once
 
 #include <atomic>
@@ -13,13 +13,14 @@ class DistantServer {
 public:
     static constexpr std::chrono::milliseconds delay{150};
 
-    // For any number of clients, of the server at `display`. Throws std::runtime_error with a sentence.
+    // For any number of clients of the server at `display`. Throws std::runtime_error with a readable
+    // sentence.
     explicit DistantServer(std::string display);
     ~DistantServer();
     DistantServer(const DistantServer&) = delete;
     DistantServer& operator=(const DistantServer&) = delete;
 
-    // Where to connect to.
+    // The display to connect to.
     [[nodiscard]] const std::string& display() const { return m_display; }
 
     [[nodiscard]] static long roundTrips(double seconds);

@@ -1,5 +1,5 @@
-// The program's own way of capturing and restoring a crowded desk, as the application does it: the real
-// adapters, two learned layouts, a restore that proves itself.
+// Captures and restores a crowded desk as the application does: real adapters, two learned layouts, a
+// verified restore.
 #pragma once
 
 #include "Vantrel/platform/posix/SystemClock.h"
@@ -18,15 +18,15 @@ namespace vantrel::bench {
 
 class MeasuredDesk {
 public:
-    // Throws std::runtime_error with a sentence when the server does not answer.
+    // Throws std::runtime_error with a readable sentence if the server does not respond.
     explicit MeasuredDesk(const std::string& display);
 
     [[nodiscard]] std::vector<CurrentWindow> capture();
 
-    // Remembers the windows as they stand as the layout of that arrangement.
+    // Stores the current windows as the layout of that arrangement.
     void learn(std::size_t arrangement);
 
-    // True when the report says of every window that it was restored.
+    // True if the report lists every window as restored.
     [[nodiscard]] bool restore(std::size_t arrangement, const std::vector<CurrentWindow>& current);
 
 private:

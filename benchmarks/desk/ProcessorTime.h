@@ -1,4 +1,4 @@
-// Time that processes have spent on processors, in seconds.
+// Processor time used by processes, in seconds.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@ namespace vantrel::bench {
 
 [[nodiscard]] double ownProcessorTime();
 
-// Of the process at the other end of the display's socket, its first thread only: the X server serves its
-// clients on that one.
+// For the process at the other end of the display's socket, and only for its first thread, on which the X
+// server serves its clients.
 [[nodiscard]] double serverProcessorTime(const std::string& display);
 
 } // namespace vantrel::bench

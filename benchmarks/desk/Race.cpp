@@ -44,7 +44,7 @@ std::vector<Standing> race(CrowdedDesk& desk, XcbFloor& floor, const std::vector
             standing.failedRounds += saysArrived ? 0 : 1;
             standing.wrongRounds += saysArrived && !isRight ? 1 : 0;
             if (!isRight) {
-                // Everybody starts from windows that stand elsewhere.
+                // Every contestant starts with the windows elsewhere.
                 std::ignore = floor.restore(target);
             }
             if (round > 0) {

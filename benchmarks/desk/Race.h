@@ -1,5 +1,5 @@
-// Several ways to move the same windows, measured in turns on the same desk, so that whatever else the
-// machine does hits all of them alike.
+// Measures several ways to move the same windows in turns on the same desk, so that other load on the machine
+// affects all of them equally.
 #pragma once
 
 #include "benchmarks/desk/CrowdedDesk.h"
@@ -14,18 +14,18 @@
 namespace vantrel::bench {
 
 enum class Promise : std::uint8_t {
-    // Every window stands there when it returns.
+    // Returns once every window is in place.
     proven,
-    // It hopes so; the windows are looked at once the window manager is done.
+    // Returns without knowing; the windows are checked once the window manager is done.
     hoped,
 };
 
 struct Contestant {
     std::string name;
     Promise promise = Promise::proven;
-    // Moves every window; false when it says itself that it failed. Only this is measured.
+    // Moves every window; false if it reports failure. Only this is measured.
     std::function<bool(std::size_t arrangement)> move;
-    // One that takes long runs in the first rounds only.
+    // Slow contestants run in the first rounds only.
     std::size_t rounds = SIZE_MAX;
 };
 
@@ -34,17 +34,17 @@ struct Standing {
     Promise promise = Promise::proven;
     // One per round, in seconds.
     std::vector<double> times;
-    // Rounds that it called failed itself.
+    // Rounds reported as failed.
     std::size_t failedRounds = 0;
-    // Rounds that it did not call failed, and yet not every window stood where it should.
+    // Rounds not reported as failed although a window was out of place.
     std::size_t wrongRounds = 0;
 
     [[nodiscard]] double minimum() const;
     [[nodiscard]] double median() const;
 };
 
-// From arrangement to arrangement and back, one after the other; the order of the contestants turns every
-// round, so that each goes both ways. One round before the first is not counted.
+// Contestants move the windows from one arrangement to the other and back, in turn; their order rotates every
+// round, so that each moves in both directions. A warm-up round is not counted.
 [[nodiscard]] std::vector<Standing> race(CrowdedDesk& desk, XcbFloor& floor,
                                          const std::vector<Contestant>& contestants, std::size_t rounds);
 

@@ -11,7 +11,7 @@ namespace vantrel::bench {
 
 namespace {
 
-// Spawned without copying this process, which would be charged to the program.
+// Spawned without copying this process, as the copying would count as the tool's time.
 void run(std::vector<std::string> command, const std::string& display) {
     std::vector<std::string> environment{"DISPLAY=" + display, "PATH=/usr/local/bin:/usr/bin:/bin"};
     const auto pointers = [](std::vector<std::string>& texts) {

@@ -1,4 +1,4 @@
-// What a user's script would do with the tools that every system has: whole processes, arithmetic included.
+// What a user's script would do with standard tools: whole processes, including the arithmetic.
 #pragma once
 
 #include "benchmarks/desk/Arrangement.h"

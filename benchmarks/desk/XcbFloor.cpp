@@ -13,7 +13,7 @@ using tools::Reply;
 
 constexpr std::uint32_t propertyWords = 1024;
 constexpr std::uint32_t listWords = 16384;
-// openbox 3.6 may sleep on what it has read already; see WindowManagerFence.
+// openbox 3.6 may sleep although it has already read events; see WindowManagerFence.
 constexpr int patienceMilliseconds = 50;
 // _NET_MOVERESIZE_WINDOW: gravity NorthWest, x, y, width and height given, from a pager.
 constexpr std::uint32_t moveAndResize = 1U | 0xFU << 8U | 2U << 12U;
@@ -34,7 +34,7 @@ std::string text(const Property& reply) {
     return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
 }
 
-// The requests about one window's place.
+// The requests for one window's position.
 struct PlaceQuery {
     xcb_get_geometry_cookie_t geometry;
     xcb_translate_coordinates_cookie_t origin;
@@ -60,7 +60,7 @@ struct PlaceQuery {
 XcbFloor::XcbFloor(const std::string& display) : m_xcb(xcb_connect(display.c_str(), nullptr)) {
     if (xcb_connection_has_error(m_xcb) != 0) {
         xcb_disconnect(m_xcb);
-        throw std::runtime_error("The X server " + display + " does not answer.");
+        throw std::runtime_error("The X server " + display + " does not respond.");
     }
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_xcb)).data->root;
     constexpr std::array<std::string_view, atomCount> names{
@@ -114,7 +114,7 @@ std::vector<XcbFloor::Window> XcbFloor::capture() {
                                                xcb_get_property(m_xcb, 0, m_root, m_atoms[clientListStacking],
                                                                 XCB_GET_PROPERTY_TYPE_ANY, 0, listWords),
                                                nullptr));
-    // Asked because the answer decides whether and as what a window is captured; not kept here.
+    // Requested because these decide whether and how a window is captured; not stored here.
     const std::array deciding{m_atoms[gtkFrameExtents],
                               m_atoms[state],
                               m_atoms[type],
@@ -222,7 +222,7 @@ void XcbFloor::awaitWindowManager() {
         } while (!isAnswered && poll(&readable, 1, patienceMilliseconds) > 0);
     }
     if (asked > 1) {
-        // The other answers must not be taken for those of later questions.
+        // The remaining replies must not be mistaken for replies to later requests.
         renewFence();
     }
 }

@@ -1,5 +1,5 @@
-// What capturing and moving windows costs at the least: requests written straight to the X server, as many in
-// flight as there are, with nothing decided, retried or remembered.
+// The minimum cost of capturing and moving windows: requests sent directly to the X server, all in flight at
+// once, without decisions, retries or memory.
 #pragma once
 
 #include "benchmarks/desk/Arrangement.h"
@@ -24,20 +24,20 @@ public:
         std::uint32_t pid = 0;
     };
 
-    // Throws std::runtime_error when the server does not answer.
+    // Throws std::runtime_error if the server does not respond.
     explicit XcbFloor(const std::string& display);
     ~XcbFloor();
     XcbFloor(const XcbFloor&) = delete;
     XcbFloor& operator=(const XcbFloor&) = delete;
 
-    // The stacking list, then everything that decides what is captured, of every window at once.
+    // Reads the stacking list, then all properties that decide what is captured, for all windows at once.
     [[nodiscard]] std::vector<Window> capture();
 
-    // All moves in one go, one answer of the window manager, then every frame read back at once. True when
-    // every window stands where it shall.
+    // Sends all moves at once, waits for one reply from the window manager, then reads all frames back at
+    // once. True if every window is in place.
     [[nodiscard]] bool restore(const Arrangement& arrangement);
 
-    // Returns when the window manager has worked off everything sent before by anyone.
+    // Returns when the window manager has processed everything that any client sent before.
     void awaitWindowManager();
 
 private:
@@ -63,7 +63,7 @@ private:
 
     xcb_connection_t* m_xcb;
     xcb_window_t m_root = XCB_WINDOW_NONE;
-    // The window about which the window manager is asked.
+    // The window used in requests to the window manager.
     xcb_window_t m_fence = XCB_WINDOW_NONE;
     std::array<xcb_atom_t, atomCount> m_atoms{};
 };
