@@ -58,8 +58,8 @@ TEST_F(MacDisplays, EveryChangeIsToldToTheLastHandlerAndToNoneAfterTheEnd) {
         other.setReconfigurationHandler([&] { ++first; });
         other.setReconfigurationHandler([&] { ++second; });
         EXPECT_THAT(windowServer().callbacks, SizeIs(1));
-        tellOfReconfiguration(kCGDisplayBeginConfigurationFlag);
-        tellOfReconfiguration(kCGDisplayAddFlag);
+        notifyReconfiguration(kCGDisplayBeginConfigurationFlag);
+        notifyReconfiguration(kCGDisplayAddFlag);
         other.setReconfigurationHandler({});
         EXPECT_THAT(windowServer().callbacks, IsEmpty());
         other.setReconfigurationHandler([&] { ++second; });
@@ -86,8 +86,8 @@ TEST_F(MacDisplays, AHandlerMayReplaceItself) {
         adapter.setReconfigurationHandler([&] { events += 10; });
         ++events;
     });
-    tellOfReconfiguration(0);
-    tellOfReconfiguration(0);
+    notifyReconfiguration(0);
+    notifyReconfiguration(0);
     EXPECT_EQ(events, 11);
 }
 

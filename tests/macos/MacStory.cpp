@@ -94,13 +94,13 @@ void MacStory::start() {
 
 void MacStory::connect(const std::string& setup) {
     constexpr double spacing = 0.1;
-    tellOfReconfiguration(kCGDisplayBeginConfigurationFlag);
+    notifyReconfiguration(kCGDisplayBeginConfigurationFlag);
     time.schedule(spacing, [this, setup] {
         showDisplays(DeskSetup::named(setup));
         rescueWindows();
-        tellOfReconfiguration(kCGDisplayAddFlag | kCGDisplayRemoveFlag);
+        notifyReconfiguration(kCGDisplayAddFlag | kCGDisplayRemoveFlag);
     });
-    time.schedule(2 * spacing, [] { tellOfReconfiguration(kCGDisplayDesktopShapeChangedFlag); });
+    time.schedule(2 * spacing, [] { notifyReconfiguration(kCGDisplayDesktopShapeChangedFlag); });
     time.runFor(14);
 }
 

@@ -127,7 +127,7 @@ TEST_F(ProgramOnTheMac, StartsWithTheSessionOnlyWhenTold) {
                   "launch at login: allow Vantrel in System Settings, General, Login Items");
     }
     EXPECT_EQ(mac().calls.size(), 3U);
-    mac().takesLoginItems = false;
+    mac().acceptsLoginItems = false;
     EXPECT_EQ(LoginItem::setLaunchAtLogin(false), "launch at login: Operation not permitted");
 }
 

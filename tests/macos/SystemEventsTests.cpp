@@ -24,7 +24,7 @@ protected:
         cocoa::post(cocoa::Center::workspace, std::string("NSWorkspace") + name + "Notification");
     }
 
-    static void postEverybody(const char* name) { cocoa::post(cocoa::Center::everybody, name); }
+    static void postEverybody(const char* name) { cocoa::post(cocoa::Center::distributed, name); }
 
     bool m_isLocked = false;
     Calls m_told;

@@ -106,7 +106,7 @@ TEST_F(MacWindow, MishapsTakeAwayTheSameWhetherReadTogetherOrOneByOne) {
         const auto app = std::make_shared<MacApplication>(100);
         MacWindowElement read(app->windows().at(0), app);
         for (const Batch batch :
-             {Batch::answers, Batch::answersWithNulls, Batch::refuses, Batch::answersTooFew}) {
+             {Batch::normal, Batch::nullsForErrors, Batch::unsupported, Batch::tooFewValues}) {
             accessibility().batch = batch;
             EXPECT_EQ(read.read(AttributeGroup::all), mishap.left)
                 << mishap.name << ", batch " << static_cast<int>(batch);
@@ -115,7 +115,7 @@ TEST_F(MacWindow, MishapsTakeAwayTheSameWhetherReadTogetherOrOneByOne) {
 }
 
 TEST_F(MacWindow, OneByOneTheSizeIsNotAskedForWithoutAPosition) {
-    accessibility().batch = Batch::refuses;
+    accessibility().batch = Batch::unsupported;
     window->readErrors["AXPosition"] = kAXErrorNoValue;
     EXPECT_EQ(element->read(AttributeGroup::frame).frame(), std::nullopt);
     EXPECT_THAT(calls(), ElementsAre("get AXPosition AXSize", "get AXPosition"));

@@ -1,4 +1,4 @@
-// A set of connected displays with a name, read from tests/desks/NAME.json.
+// A named set of connected displays, read from tests/desks/NAME.json.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -14,7 +14,7 @@ struct SimulatedDisplay {
     DisplayID id = 0;
     std::optional<std::string> uuid;
     std::string name;
-    // Global coordinates, origin at the top left of the primary display.
+    // In global coordinates, with the origin at the top left of the primary display.
     Rect frame;
     bool isBuiltin = false;
     std::optional<std::string> edidUUID;
@@ -34,7 +34,7 @@ struct DeskSetup {
 
     bool operator==(const DeskSetup&) const = default;
 
-    // Ends the test program with a sentence when there is no such set-up or it cannot be read.
+    // Ends the test program with a message if the set-up does not exist or cannot be read.
     [[nodiscard]] static DeskSetup named(const std::string& name);
 };
 

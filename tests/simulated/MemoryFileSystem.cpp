@@ -43,7 +43,7 @@ std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& f
     if (const auto error = enter(Operation::writeAtomically)) {
         return error;
     }
-    // Old and new content are on the disk together for a moment.
+    // The old and new content briefly coexist on the disk.
     if (const auto error = checkWritable(file, {}, content)) {
         return error;
     }

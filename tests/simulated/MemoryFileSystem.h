@@ -1,5 +1,4 @@
-// A file system in memory that fails on command and can stop in the middle of a write as a killed machine
-// does.
+// An in-memory file system that fails on command and can crash in the middle of a write.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -22,21 +21,21 @@ public:
         remove,
         createDirectories,
         list,
-        // Of the folder, after the rename of an atomic write; not counted.
+        // Flushing the folder after the rename of an atomic write. Not counted.
         flushFolder
     };
 
     // The steps of an atomic write, in order.
     enum class WriteStep : std::uint8_t {
         createTemporary,
-        // Stopping here leaves half of the content in the temporary file.
+        // A crash here leaves half of the content in the temporary file.
         writeTemporary,
         flushTemporary,
         renameOverTarget,
         flushFolder,
     };
 
-    // What the disk holds after a crash between a rename and the flush of its folder.
+    // What remains on disk after a crash between a rename and the flush of its folder.
     enum class UnflushedRename : std::uint8_t { kept, lost };
 
     [[nodiscard]] std::expected<std::string, std::error_code>
@@ -53,30 +52,30 @@ public:
     list(const std::filesystem::path& directory) override;
     [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override;
 
-    // What another program would see and do; never fails.
+    // Access as by another program; never fails.
     void put(const std::filesystem::path& file, std::string_view content, Date modified = {});
     void putDirectory(const std::filesystem::path& directory);
     [[nodiscard]] std::optional<std::string> content(const std::filesystem::path& file) const;
     [[nodiscard]] std::vector<std::filesystem::path> files() const;
     [[nodiscard]] bool isDirectory(const std::filesystem::path& path) const;
 
-    // How often an operation was asked for, failures included.
+    // How often an operation was called, including failures.
     [[nodiscard]] std::size_t count(Operation operation) const;
 
-    // The operation after `skipped` further ones of any kind fails, once.
+    // Fails one operation, after `skipped` more of any kind.
     void failOnceAfter(std::size_t skipped, std::errc error);
-    // Every operation of the kind fails until `stopFailing`.
+    // Fails every operation of this kind until `stopFailing`.
     void failAll(Operation operation, std::errc error);
-    // Reading this file fails until `stopFailing`, though it exists.
+    // Fails reads of this file until `stopFailing`, although it exists.
     void failReading(const std::filesystem::path& file, std::errc error);
-    // Writes that would make the files larger than this together fail with no_space_on_device.
+    // Fails writes with no_space_on_device if the total size would exceed this.
     void setCapacity(std::optional<std::uint64_t> bytes);
     void stopFailing();
 
-    // The machine stops before `step` of the next atomic write: that write and every later operation fails
+    // Crashes the machine before `step` of the next atomic write: that write and all later operations fail
     // with operation_canceled until `restart`.
     void crashBefore(WriteStep step);
-    // The machine is back; leftovers of the interrupted write lie beside its target.
+    // Restarts the machine. Leftovers of the interrupted write remain beside its target.
     void restart(UnflushedRename unflushed = UnflushedRename::lost);
 
 private:
@@ -93,7 +92,7 @@ private:
     mutable std::mutex m_mutex;
     Files m_files;
     std::set<std::filesystem::path> m_directories;
-    // Of the files that were `put` with a date.
+    // Only for files that were `put` with a date.
     std::map<std::filesystem::path, Date> m_modified;
     std::map<Operation, std::size_t> m_counts;
     std::optional<std::size_t> m_skippedBeforeFailure;
@@ -103,7 +102,7 @@ private:
     std::optional<std::uint64_t> m_capacity;
     std::optional<WriteStep> m_crashBefore;
     bool m_isDown = false;
-    // The files as they were before a rename whose folder was never flushed.
+    // The files before a rename whose folder was never flushed.
     std::optional<Files> m_beforeUnflushedRename;
 };
 

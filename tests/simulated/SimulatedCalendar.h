@@ -1,4 +1,4 @@
-// The user's calendar in memory. Reading takes time like a folder of files.
+// The user's calendar in memory. Reading takes time, like reading a folder of files.
 #pragma once
 
 #include "VantrelCore/ports/CalendarReader.h"
@@ -13,11 +13,11 @@ public:
     bool hasAccess = true;
     std::vector<CalendarEvent> events;
     double readSeconds = 0.2;
-    // What was asked for.
+    // All queries so far.
     std::vector<CalendarQuery> queries;
     int accessRequests = 0;
 
-    // An event of half an hour with a link to a meeting.
+    // Adds a half-hour event with a meeting link.
     void addVideoCall(Date start) {
         events.push_back({.identifier = "call",
                           .title = "Call",

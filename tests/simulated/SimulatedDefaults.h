@@ -11,7 +11,7 @@ namespace vantrel::simulated {
 
 class SimulatedDefaults final : public UserDefaults {
 public:
-    // Change notifications are posted to `queue`.
+    // Posts change notifications to `queue`.
     explicit SimulatedDefaults(MainQueue& queue) : m_queue(queue) {}
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) override;
@@ -24,7 +24,7 @@ public:
     bool remove(std::string_view key) override;
     void setChangeHandler(std::function<void()> handler) override;
 
-    // From now on no key can be written whose name has this in it.
+    // From now on, keys whose name contains `part` cannot be written.
     void failWrites(const std::string& part = "") { m_unwritable = part; }
 
 private:

@@ -8,7 +8,7 @@ namespace vantrel::simulated {
 
 namespace {
 
-// As everywhere: a request to an application is given up after this many seconds.
+// Requests to an application time out after this many seconds, as in production.
 constexpr double messagingTimeout = 1.0;
 
 } // namespace
@@ -32,7 +32,7 @@ public:
     Element(SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id) {}
 
     [[nodiscard]] WindowAttributes read(AttributeGroup group) override {
-        if (!m_desk.awaitAnswer(m_id)) {
+        if (!m_desk.awaitReply(m_id)) {
             return {};
         }
         const SimulatedWindow& window = *m_desk.find(m_id);
@@ -55,17 +55,17 @@ public:
         std::vector<bool> results;
         results.reserve(writes.size());
         for (const auto& write : writes) {
-            results.push_back(m_desk.awaitAnswer(m_id) && m_desk.applyWrite(m_id, write));
+            results.push_back(m_desk.awaitReply(m_id) && m_desk.applyWrite(m_id, write));
         }
         return results;
     }
 
     [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override {
-        return m_desk.tellsDragsApart ? std::make_unique<DragWatch>(m_desk, m_id) : nullptr;
+        return m_desk.detectsDrags ? std::make_unique<DragWatch>(m_desk, m_id) : nullptr;
     }
 
     bool raise() override {
-        if (!m_desk.awaitAnswer(m_id)) {
+        if (!m_desk.awaitReply(m_id)) {
             return false;
         }
         m_desk.bringToFront(m_id);
@@ -114,7 +114,7 @@ public:
     }
 
 private:
-    // In the order of opening, which is the application's own order.
+    // In the order of opening, which is the order that the application reports.
     [[nodiscard]] std::vector<WindowID> windowsOf(std::int32_t pid) const {
         std::vector<WindowID> ids;
         for (const auto& window : m_desk.m_windows) {
@@ -230,7 +230,7 @@ void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
             }
             if (i == middle) {
                 m_displays = setup.displays;
-            } else if (i < middle && burst.passesThroughNothing) {
+            } else if (i < middle && burst.reportsNoDisplays) {
                 m_displays.clear();
             }
             emitEvent();
@@ -350,12 +350,12 @@ bool SimulatedDesk::awaitApplication(std::int32_t pid) {
         return false;
     }
     passRequestTime();
-    // It may have quit meanwhile.
+    // The application may have quit meanwhile.
     owner = app(pid);
     return owner != nullptr && !owner->isHanging;
 }
 
-bool SimulatedDesk::awaitAnswer(WindowID id) {
+bool SimulatedDesk::awaitReply(WindowID id) {
     const SimulatedWindow* window = find(id);
     if (window == nullptr) {
         return false;
@@ -366,7 +366,7 @@ bool SimulatedDesk::awaitAnswer(WindowID id) {
     if (seconds > 0 && SimulatedTime::isOnWorker()) {
         m_time.sleep(std::min(seconds, messagingTimeout));
     }
-    // The wait was long enough for the window to close.
+    // The window may have closed during the wait.
     return !isSilent && seconds < messagingTimeout && find(id) != nullptr;
 }
 

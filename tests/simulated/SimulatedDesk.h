@@ -1,8 +1,7 @@
-// A whole desk behind the ports, on virtual time: displays that come and go in bursts, a window manager with
-// its habits, applications that clamp, drift, refuse, answer late or vanish.
-//
-// The program under test sees accessibility() and displayServices() only; everything else is the hand of the
-// test: the user, the cables, the applications.
+// A whole desk behind the ports, on virtual time: displays that change in bursts of events, a window manager
+// that moves windows itself, and applications that clamp, drift, refuse, respond late or vanish. The program
+// under test uses only accessibility() and displayServices(). With everything else, the test acts as the
+// user, the cables and the applications.
 #pragma once
 
 #include "tests/simulated/DeskSetup.h"
@@ -19,20 +18,20 @@
 
 namespace vantrel::simulated {
 
-// How the events of one reconfiguration arrive.
+// The events of one reconfiguration.
 struct Burst {
     int events = 6;
     // Seconds between two events.
     double spacing = 0.05;
-    // On the way the platform reports no active display at all, as X servers do.
-    bool passesThroughNothing = false;
+    // In between, the platform reports no active display, as X servers do.
+    bool reportsNoDisplays = false;
 };
 
 struct WindowManagerHabits {
-    // Seconds after a change until windows that stand on no display are moved onto the first one.
+    // Seconds after a change until windows on no display are moved to the first one.
     double rescueDelay = 0.025;
-    // So many seconds after a display came, its windows are all moved onto the first display, as some window
-    // managers do late, some twice, and for no good reason.
+    // Seconds after a display appears at which all its windows are moved to the first display. Some window
+    // managers do that late, or even twice, for no good reason.
     std::vector<double> meddlingDelays{};
 };
 
@@ -47,21 +46,21 @@ public:
     [[nodiscard]] Accessibility& accessibility();
     [[nodiscard]] DisplayServices& displayServices();
 
-    // Displays. The change begins now; the new set is there from the middle of the burst on.
+    // Displays. The change begins now; the new set is active from the middle of the burst.
     void change(const DeskSetup& setup, const Burst& burst = {});
     [[nodiscard]] const std::vector<SimulatedDisplay>& displays() const { return m_displays; }
-    // The change is there at once and no event tells of it.
+    // Changes the displays at once, without an event.
     void changeSilently(const DeskSetup& setup) { m_displays = setup.displays; }
     [[nodiscard]] bool shows(Point point) const;
     WindowManagerHabits habits;
 
-    // Applications. A pid is never used twice.
+    // Applications. Pids are never reused.
     std::int32_t launch(const std::string& bundleID, const std::string& name);
-    // Its windows go with it.
+    // Also closes its windows.
     void quit(std::int32_t pid);
-    // Neither it nor its windows answer any more, until it is continued.
+    // While it hangs, neither the application nor its windows respond.
     void setHanging(std::int32_t pid, bool isHanging);
-    // The running ones of that identifier.
+    // The running processes with that identifier.
     [[nodiscard]] std::vector<std::int32_t> pidsOf(const std::string& bundleID) const;
     // Called from the main queue when an application starts.
     std::function<void(const RunningApp&)> onLaunch;
@@ -71,31 +70,32 @@ public:
                   const WindowBehaviour& behaviour = {});
     void close(WindowID id);
     [[nodiscard]] bool exists(WindowID id) const;
-    // To read and to change as the user or the application does, without a trace in moves(). Must exist.
+    // For reading, and for changing as the user or the application would; changes are not recorded in
+    // moves(). Must exist.
     [[nodiscard]] SimulatedWindow& window(WindowID id);
-    // The user drags it there. Must exist.
+    // Moves the window as a drag by the user. Must exist.
     void drag(WindowID id, const Rect& frame);
-    // The platform can tell that from any other move.
-    bool tellsDragsApart = true;
+    // Whether the platform can tell drags from other moves.
+    bool detectsDrags = true;
     void bringToFront(WindowID id);
     // Front to back.
     [[nodiscard]] const std::vector<std::unique_ptr<SimulatedWindow>>& windows() const { return m_windows; }
 
-    // Seconds that every request takes on a worker, besides what the window's behaviour adds: the time for
-    // something else to happen in between.
+    // Seconds that every request takes on a worker, plus what the window's behaviour adds. Lets other things
+    // happen in between.
     double requestSeconds = 0;
 
     void setTrusted(bool isTrusted) { m_isTrusted = isTrusted; }
 
     // What the program under test did.
 
-    // The windows whose frames were changed by writes through the port, write by write.
+    // The windows whose frames were changed by writes through the port, one entry per write.
     [[nodiscard]] const std::vector<WindowID>& moves() const { return m_moves; }
-    // Called when a write has changed a frame, on the thread that wrote.
+    // Called on the writing thread when a write has changed a frame.
     std::function<void()> onMove;
     // When captures were taken, in monotonic seconds.
     [[nodiscard]] const std::vector<double>& captures() const { return m_captures; }
-    // Called when a capture begins, on whatever thread captures.
+    // Called on the capturing thread when a capture begins.
     std::function<void()> onCapture;
 
 private:
@@ -113,10 +113,10 @@ private:
     [[nodiscard]] App* app(std::int32_t pid);
     [[nodiscard]] SimulatedWindow* find(WindowID id);
     void passRequestTime();
-    // False when the application does not answer, after the deadline.
+    // Returns false, after the timeout, if the application does not respond.
     [[nodiscard]] bool awaitApplication(std::int32_t pid);
-    // Waits as long as the window's application takes to answer; false when it gives none.
-    [[nodiscard]] bool awaitAnswer(WindowID id);
+    // Waits for the reply of the window's application; false if there is none.
+    [[nodiscard]] bool awaitReply(WindowID id);
     [[nodiscard]] bool applyWrite(WindowID id, const FrameWrite& write);
     [[nodiscard]] bool isOnScreen(const SimulatedWindow& window);
     void emitEvent();
@@ -137,7 +137,7 @@ private:
     std::vector<double> m_captures;
     std::unique_ptr<AccessibilityPort> m_accessibility;
     std::unique_ptr<DisplayPort> m_displayPort;
-    // Expires with the desk, so that what was scheduled finds nobody.
+    // Expires with the desk, so that scheduled work does nothing after it.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

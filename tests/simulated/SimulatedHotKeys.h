@@ -1,4 +1,4 @@
-// A keyboard whose combinations a test presses, and of which another program may hold some.
+// A keyboard on which tests press hot keys. Another program may hold some of them.
 #pragma once
 
 #include "VantrelCore/ports/HotKeys.h"
@@ -16,15 +16,15 @@ public:
                                               std::function<void()> action) override;
     void setChangeHandler(std::function<void()> handler) override { m_changeHandler = std::move(handler); }
 
-    // Whether anybody wants to be told of another keyboard.
+    // Whether a change handler is set.
     [[nodiscard]] bool isWatched() const { return static_cast<bool>(m_changeHandler); }
-    // True when somebody here had registered it.
+    // Returns true if the combination is registered.
     bool press(HotKeyCombo combo);
     void holdElsewhere(HotKeyCombo combo) { m_elsewhere.push_back(combo); }
     void releaseElsewhere() { m_elsewhere.clear(); }
-    // The user switches to another keyboard: nothing registered works any longer.
+    // The user switches keyboards: nothing registered works any more.
     void changeKeyboard();
-    // In the order of registration, those that are gone included.
+    // In order of registration, including removed ones.
     [[nodiscard]] const std::vector<std::uint32_t>& ids() const { return m_ids; }
 
 private:

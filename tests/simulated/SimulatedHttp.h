@@ -1,4 +1,4 @@
-// Servers behind the HTTP port that answer as a test tells them, in virtual time.
+// Servers behind the HTTP port, scripted by the test, on virtual time.
 #pragma once
 
 #include "VantrelCore/ports/HttpClient.h"
@@ -14,10 +14,10 @@ class SimulatedHttp final : public HttpClient {
 public:
     explicit SimulatedHttp(MainQueue& queue) : m_queue(queue) {}
 
-    // What a server answers; the network is down as long as there is none.
+    // Computes the response. The network is down while this is empty.
     std::function<HttpResult(const HttpRequest&)> server;
     double answerSeconds = 0.1;
-    // What has been asked, oldest first.
+    // All requests so far, oldest first.
     std::vector<HttpRequest> requests;
 
     [[nodiscard]] std::unique_ptr<HttpExchange> send(const HttpRequest& request, Done done) override {

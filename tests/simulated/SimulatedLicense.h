@@ -1,4 +1,4 @@
-// A licence that a test gives and takes away.
+// A licence that tests grant and revoke.
 #pragma once
 
 #include "VantrelCore/ports/LicenseGate.h"

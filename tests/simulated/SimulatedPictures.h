@@ -1,4 +1,4 @@
-// The pictures behind the windows of the simulated desk.
+// The wallpapers of the simulated desk.
 #pragma once
 
 #include "VantrelCore/ports/DesktopPictures.h"
@@ -22,19 +22,19 @@ public:
         }
         const std::string path = picture.starts_with("file://") ? picture.substr(7) : picture;
         for (auto& [uuid, current] : shown) {
-            if (isOneForAll || uuid == display.uuid) {
+            if (sharesOnePicture || uuid == display.uuid) {
                 current = path;
             }
         }
         return true;
     }
 
-    // By display UUID, paths.
+    // Paths by display UUID.
     std::map<std::string, std::string> shown;
-    // Files that are not there.
+    // Files that do not exist.
     std::set<std::string> missing;
-    // As on desktops that know one picture only.
-    bool isOneForAll = false;
+    // As on desktops with one picture for all displays.
+    bool sharesOnePicture = false;
 };
 
 } // namespace vantrel::simulated

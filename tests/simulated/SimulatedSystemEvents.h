@@ -1,4 +1,4 @@
-// Sleep and locks as the test wants them.
+// Sleep and locks under the test's control.
 #pragma once
 
 #include "VantrelCore/ports/SystemEvents.h"
@@ -12,7 +12,7 @@ class SimulatedSystemEvents final : public SystemEvents {
 public:
     void setHandlers(Handlers handlers) override { m_handlers = std::move(handlers); }
 
-    // The control side, on the main thread. What is so already is not told again.
+    // The control side. Call on the main thread. Setting the current state again has no effect.
     void setAsleep(bool isAsleep) { change(m_isAsleep, isAsleep, m_handlers.willSleep, m_handlers.didWake); }
     void setLocked(bool isLocked) {
         change(m_isLocked, isLocked, m_handlers.sessionLocked, m_handlers.sessionUnlocked);

@@ -21,7 +21,7 @@ public:
         thread.join();
     }
 
-    // The worker of the running thread, null on the main thread.
+    // The current thread's worker; null on the main thread.
     static Worker*& current() {
         thread_local Worker* worker = nullptr;
         return worker;
@@ -29,7 +29,7 @@ public:
 
     SimulatedTime& time;
     std::function<void()> work;
-    // The concurrentPerform jobs that this one waits for, and the first error they threw.
+    // The concurrentPerform jobs that this one waits for, and the first exception they threw.
     std::size_t openChildren = 0;
     std::exception_ptr childError;
     std::binary_semaphore baton{0};
@@ -51,7 +51,7 @@ private:
     }
 };
 
-// Work on the agenda that can be taken off it.
+// Cancellable work on the agenda.
 class SimulatedTime::Handle final : public ScheduledWork {
 public:
     Handle(SimulatedTime& time, std::function<void()> work, std::optional<double> interval)
@@ -117,7 +117,7 @@ void SimulatedTime::sleep(double seconds) {
     }
     const Microseconds due = m_now + std::max<Microseconds>(0, std::llround(seconds * 1e6));
     if (due <= m_unwatchedUntil && (m_agenda.empty() || std::get<0>(m_agenda.begin()->first) > due)) {
-        // Nothing happens until then and nobody looks, so the baton need not go round.
+        // Nothing happens until then and no condition is checked, so the worker can keep the baton.
         m_now = due;
     } else {
         insert(seconds, Owner::job, [this, worker] { resume(*worker); });
@@ -204,7 +204,7 @@ void SimulatedTime::schedule(double seconds, std::function<void()> work) {
 
 void SimulatedTime::insert(double seconds, Owner owner, std::function<void()> work) {
     const Microseconds due = m_now + std::max<Microseconds>(0, std::llround(seconds * 1e6));
-    // The main queue and the world keep their order, which falls anywhere among that of the workers.
+    // Main queue and world entries keep their order; workers are shuffled around them.
     constexpr std::uint32_t middle = 1U << 31U;
     const bool isShuffled = m_random && owner == Owner::job;
     const auto tie = isShuffled ? static_cast<std::uint32_t>((*m_random)()) : middle;

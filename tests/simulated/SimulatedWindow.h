@@ -1,4 +1,4 @@
-// A window of the simulated desk: where it is, and how its application behaves when it is asked or moved.
+// A window of the simulated desk: its frame, and how its application reacts to requests.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -13,20 +13,20 @@ namespace vantrel::simulated {
 using WindowID = std::uint64_t;
 
 struct WindowBehaviour {
-    // What kind of window it is, in the words of macOS Accessibility.
+    // The kind of window, as in macOS Accessibility.
     const char* subrole = standardWindowSubrole;
-    // Sizes the application enforces, in points.
+    // Size constraints that the application enforces, in points.
     std::optional<Size> minimumSize = std::nullopt;
     std::optional<Size> sizeIncrement = std::nullopt;
-    // The application takes this many writes and then goes back to where it was, `driftDelay` seconds later
-    // each time or at once. It comes to its senses after that.
+    // The application undoes this many writes, each after `driftDelay` seconds (at once if 0). After that, it
+    // behaves.
     int driftsBack = 0;
     double driftDelay = 0.03;
     // The platform reports an error for every write.
     bool refusesMoves = false;
-    // Seconds that every request to the window takes; 1.0 or more means no answer at all.
+    // Seconds that every request to the window takes; 1.0 or more means no reply at all.
     double answerSeconds = 0;
-    // The window closes when it is moved for the first time.
+    // The window closes on its first move.
     bool vanishesWhenMoved = false;
 };
 
@@ -38,7 +38,7 @@ struct SimulatedWindow {
     bool isMinimized = false;
     WindowBehaviour behaviour;
 
-    // The size that the application accepts when asked for `wanted`.
+    // The size that the application accepts if `wanted` is requested.
     [[nodiscard]] Size acceptedSize(Size wanted) const;
 };
 

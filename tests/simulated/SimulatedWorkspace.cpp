@@ -38,7 +38,7 @@ bool SimulatedWorkspace::launch(const std::string& bundleID) {
 void SimulatedWorkspace::openWindows(std::int32_t pid, const InstalledApp& app) {
     const bool hasWindows =
         std::ranges::any_of(m_desk.windows(), [pid](const auto& window) { return window->pid == pid; });
-    // One that runs already comes to the front with what it has.
+    // An application that already has windows opens no new ones.
     for (const auto& window : hasWindows ? std::vector<InstalledWindow>{} : app.windows) {
         m_desk.open(pid, window.title, window.frame, window.behaviour);
     }

@@ -1,4 +1,4 @@
-// The workspace of the simulated desk: applications that are installed, and how they start.
+// The workspace of the simulated desk: installed applications and how they start.
 #pragma once
 
 #include "tests/simulated/SimulatedDesk.h"
@@ -20,9 +20,9 @@ struct InstalledWindow {
 
 struct InstalledApp {
     std::string name;
-    // What it opens when it is started.
+    // The windows that it opens at start.
     std::vector<InstalledWindow> windows;
-    // Seconds until the process runs, and from then until its windows are there.
+    // Seconds until the process runs, and from then until its windows open.
     double startSeconds = 0.5;
     double windowSeconds = 0.7;
 };
@@ -38,9 +38,9 @@ public:
     bool unhide(const std::string& bundleID) override;
     void setLaunchHandler(std::function<void(const RunningApp&)> handler) override;
 
-    // The control side. Started by the user or by the program, an application behaves the same.
+    // The control side. An application behaves the same whether the user or the program starts it.
     void install(const std::string& bundleID, const InstalledApp& app) { m_installed[bundleID] = app; }
-    // What the program under test started, in order.
+    // The applications that the program under test started, in order.
     [[nodiscard]] const std::vector<std::string>& launches() const { return m_launches; }
 
 private:
@@ -51,7 +51,7 @@ private:
     std::map<std::string, InstalledApp> m_installed;
     std::vector<std::string> m_launches;
     std::map<std::string, std::set<WindowID>> m_hidden;
-    // Expires with this object, so that an application under way finds nobody.
+    // Expires with this object, so that pending starts do nothing after it.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

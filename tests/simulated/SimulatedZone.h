@@ -1,4 +1,4 @@
-// The time zone of a user who may travel.
+// A time zone that tests can change.
 #pragma once
 
 #include "VantrelCore/ports/LocalZone.h"

@@ -38,7 +38,7 @@ TEST_F(Docking, AChangeJustBeforeUndockingIsKeptHoweverManyEventsTellOfIt) {
     const Rect late{{1800, 500}, {900, 600}};
     story.move(story.terminal, late);
     story.runFor(16);
-    story.connect("laptop", {.events = 40, .spacing = 0.1, .passesThroughNothing = true});
+    story.connect("laptop", {.events = 40, .spacing = 0.1, .reportsNoDisplays = true});
     EXPECT_EQ(story.logged("display settled: "), 1U);
     EXPECT_EQ(story.logged("pre-change snapshot adopted: 4 windows for "), 1U);
     dock();
@@ -159,7 +159,7 @@ TEST_F(Docking, AWindowThatTheUserDragsMeanwhileIsNeverPutBackTheOthersAre) {
 }
 
 TEST_F(Docking, WhereNothingTellsTheUsersMovesApartNoWindowIsPutBack) {
-    story.desk.tellsDragsApart = false;
+    story.desk.detectsDrags = false;
     story.connect("laptop");
     story.desk.habits.meddlingDelays = {1.2};
     story.desk.change(DeskSetup::named("laptop-and-monitor"));

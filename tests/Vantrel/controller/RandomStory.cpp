@@ -77,7 +77,7 @@ Rect RandomStory::somewhere() {
 Burst RandomStory::someBurst() {
     return {.events = 1 + static_cast<int>(below(12)),
             .spacing = seconds(0.001, 0.2),
-            .passesThroughNothing = happens(30)};
+            .reportsNoDisplays = happens(30)};
 }
 
 void RandomStory::populate() {

@@ -105,7 +105,7 @@ TEST_F(SceneWallpapers, TheUsersOwnComesBackAfterAnyNumberOfScenesAndARestart) {
 }
 
 TEST_F(SceneWallpapers, TheUsersOwnComesBackWhereOnePictureIsForAllDisplays) {
-    story.pictures.isOneForAll = true;
+    story.pictures.sharesOnePicture = true;
     const auto showsOnAll = [this](const std::string& picture) {
         return shown() == Pictures{{first, picture}, {second, picture}};
     };

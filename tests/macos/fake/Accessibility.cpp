@@ -9,7 +9,7 @@ namespace vantrel::fake {
 namespace {
 
 struct ElementObject : Object {
-    // Null for the system-wide one.
+    // Null for the system-wide element.
     std::shared_ptr<Element> element;
     float timeout;
 };
@@ -62,11 +62,11 @@ std::string shown(CFTypeRef value) {
     }
 }
 
-// The element that a message goes to; notes the message.
+// Returns the element that a message is sent to, and records the message.
 Element& addressed(AXUIElementRef reference, const char* function, std::string message) {
     const auto& object = *as<ElementObject>(reference, Kind::element, function);
     if (!object.element) {
-        fail(function, "the system-wide element is asked for nothing here");
+        fail(function, "requests to the system-wide element are not supported");
     }
     accessibility().calls.push_back(std::move(message));
     if (object.timeout != 1.0F) {
@@ -75,7 +75,7 @@ Element& addressed(AXUIElementRef reference, const char* function, std::string m
     return *object.element;
 }
 
-// Why an element answers nothing at all.
+// The error with which an element rejects every request.
 AXError generalError(const Element& element) {
     if (!accessibility().isTrusted) {
         return kAXErrorAPIDisabled;
@@ -91,7 +91,7 @@ AXError errorFor(const std::map<std::string, AXError>& errors, const std::string
     return found == errors.end() ? kAXErrorSuccess : found->second;
 }
 
-// A reference of its own for the caller, as the real platform gives new element references each time.
+// Gives the caller its own reference: the real platform returns new element references each time.
 Value copyOf(const Value& value) {
     if (kindOf(value.get()) == Kind::array) {
         std::vector<Value> items;
@@ -121,7 +121,7 @@ AXError read(const Element& element, const std::string& name, Value& result) {
     return kAXErrorSuccess;
 }
 
-// What is in an out parameter after an error is nobody's business: using it ends the test.
+// Out parameters are undefined after an error; using one crashes the test.
 template <typename T>
 void poison(T* out) {
     *out = reinterpret_cast<T>(std::uintptr_t{0xbadbadbadba0});
@@ -269,13 +269,13 @@ AXError AXUIElementCopyMultipleAttributeValues(AXUIElementRef reference, CFArray
     const Element& element = addressed(reference, __func__, message);
     poison(values);
     if (options != 0) {
-        fail(__func__, "no options are provided for");
+        fail(__func__, "options are not supported");
     }
     const auto& control = accessibility();
     if (const AXError error = generalError(element); error != kAXErrorSuccess) {
         return error;
     }
-    if (control.batch == Batch::refuses) {
+    if (control.batch == Batch::unsupported) {
         return kAXErrorNotImplemented;
     }
     if (control.batchError) {
@@ -286,11 +286,11 @@ AXError AXUIElementCopyMultipleAttributeValues(AXUIElementRef reference, CFArray
         Value item;
         const AXError error = read(element, name, item);
         if (error != kAXErrorSuccess) {
-            item = control.batch == Batch::answersWithNulls ? null() : errorValue(error);
+            item = control.batch == Batch::nullsForErrors ? null() : errorValue(error);
         }
         items.push_back(std::move(item));
     }
-    if (control.batch == Batch::answersTooFew) {
+    if (control.batch == Batch::tooFewValues) {
         items.pop_back();
     }
     *values = array(std::move(items)).release();
@@ -333,7 +333,7 @@ AXValueRef AXValueCreate(AXValueType type, const void* value) {
         const auto& size = *static_cast<const CGSize*>(value);
         made = sizeValue(size.width, size.height);
     } else {
-        fail(__func__, "value type not provided for");
+        fail(__func__, "value type not supported");
     }
     return static_cast<AXValueRef>(made.release());
 }

@@ -1,5 +1,5 @@
-// The fake platform's Accessibility: applications and windows as elements with attributes, and the hand of a
-// test that breaks them.
+// Fake Accessibility: applications and windows as elements with attributes, and controls for tests to break
+// them.
 #pragma once
 
 #include "tests/macos/fake/CoreFoundationObjects.h"
@@ -13,55 +13,55 @@
 
 namespace vantrel::fake {
 
-// What stands behind an AXUIElementRef; many references may name the same.
+// The target of an AXUIElementRef. Several references may share one.
 struct Element {
     pid_t pid = 0;
     std::map<std::string, Value> attributes;
-    // What a call for the attribute or the action of that name answers.
+    // Errors by attribute or action name.
     std::map<std::string, AXError> readErrors;
     std::map<std::string, AXError> writeErrors;
     std::map<std::string, AXError> actionErrors;
-    // The application has closed the window, or ended.
+    // The window was closed or the application has quit.
     bool isDead = false;
-    // Its application does not answer.
+    // Its application does not respond.
     bool isHanging = false;
 };
 
-// How applications answer to several questions at once.
+// How applications respond to batch requests.
 enum class Batch : std::uint8_t {
-    answers,
-    // An attribute without a value is a null in the list rather than an error.
-    answersWithNulls,
-    refuses,
-    answersTooFew,
+    normal,
+    // Missing values are null in the list instead of an error value.
+    nullsForErrors,
+    unsupported,
+    tooFewValues,
 };
 
 struct AccessibilityControl {
     bool isTrusted = true;
-    // The user says yes when the dialog shows.
+    // The user grants access when the dialog is shown.
     bool grantsOnPrompt = false;
     int prompts = 0;
-    Batch batch = Batch::answers;
-    // When set, the error of every call for several attributes.
+    Batch batch = Batch::normal;
+    // If set, the error of every batch request.
     std::optional<AXError> batchError;
-    // No AXValue can be made.
+    // No AXValue can be created.
     bool isOutOfValues = false;
     std::map<pid_t, std::shared_ptr<Element>> applications;
 
-    // What was asked, as "get AXTitle", "get AXPosition AXSize", "set AXSize 300x200", "do AXRaise".
+    // All requests, such as "get AXTitle", "get AXPosition AXSize", "set AXSize 300x200", "do AXRaise".
     std::vector<std::string> calls;
     // How often the process-wide messaging timeout was set, and to what.
     int processTimeouts = 0;
     float processTimeout = 0;
-    // Messages sent through a reference that has no timeout of its own of one second.
+    // Requests through a reference whose own timeout is not one second.
     int callsWithoutTimeout = 0;
 };
 
 [[nodiscard]] AccessibilityControl& accessibility();
 
-// Runs and has no windows.
+// Adds a running application without windows.
 std::shared_ptr<Element> runApplication(pid_t pid);
-// An ordinary window, which no application lists yet.
+// Creates a standard window that no application lists yet.
 [[nodiscard]] std::shared_ptr<Element> makeWindow(const std::string& title, const CGRect& frame);
 void listWindows(Element& application, const std::vector<std::shared_ptr<Element>>& windows);
 

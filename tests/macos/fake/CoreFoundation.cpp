@@ -1,4 +1,4 @@
-// The functions of Core Foundation.
+// Fake Core Foundation.
 #include "tests/macos/fake/CoreFoundationObjects.h"
 
 #include <cmath>
@@ -9,7 +9,7 @@ namespace vantrel::fake {
 
 namespace {
 
-// A CFSTR("…") as the compiler lays it out.
+// The compiler's layout of a CFSTR("…").
 struct ConstantString {
     const void* isa;
     std::int32_t flags;
@@ -23,7 +23,8 @@ struct ConstantString {
 
 extern "C" {
 
-// The class of every CFSTR("…") and @"…". The compiler names it; an Objective-C layer copies a class into it.
+// The class of every CFSTR("…") and @"…", referenced by the compiler. The Objective-C layer copies a class
+// into it.
 alignas(16) char __CFConstantStringClassReference[128] = {};
 
 struct CFArrayCallBacks {
@@ -50,7 +51,7 @@ bool isConstantString(CFTypeRef object) {
     return static_cast<const Object*>(object)->isa == __CFConstantStringClassReference;
 }
 
-// Lives as long as the process and is not counted.
+// Immortal objects live as long as the process and are not counted.
 bool isImmortal(CFTypeRef object) {
     return isConstantString(object) || object == &trueObject || object == &falseObject ||
            object == &nullObject;
@@ -97,7 +98,7 @@ std::string textOf(CFStringRef string) {
         const auto* const constant = reinterpret_cast<const ConstantString*>(string);
         constexpr std::int32_t isUTF16 = 0x10;
         if ((constant->flags & isUTF16) != 0) {
-            fail("CFSTR", "only ASCII constants are provided for");
+            fail("CFSTR", "only ASCII constants are supported");
         }
         return {constant->bytes, static_cast<std::size_t>(constant->count)};
     }
@@ -249,7 +250,7 @@ CFTypeID CFStringGetTypeID() {
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef /*allocator*/, const UInt8* bytes, CFIndex count,
                                     CFStringEncoding encoding, Boolean /*isExternalRepresentation*/) {
     if (encoding != kCFStringEncodingUTF8) {
-        fail(__func__, "only UTF-8 is provided for");
+        fail(__func__, "only UTF-8 is supported");
     }
     const std::string utf8(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
     constexpr char neverInUTF8 = '\xff';
@@ -290,7 +291,7 @@ CFTypeID CFArrayGetTypeID() {
 CFArrayRef CFArrayCreate(CFAllocatorRef /*allocator*/, const void** values, CFIndex count,
                          const CFArrayCallBacks* callBacks) {
     if (callBacks != &kCFTypeArrayCallBacks) {
-        fail(__func__, "only arrays that retain their items are provided for");
+        fail(__func__, "only arrays that retain their items are supported");
     }
     std::vector<Value> items;
     for (CFIndex i = 0; i < count; ++i) {
@@ -320,7 +321,7 @@ CFDictionaryRef CFDictionaryCreate(CFAllocatorRef /*allocator*/, const void** ke
                                    const CFDictionaryValueCallBacks* valueCallBacks) {
     if (keyCallBacks != &kCFTypeDictionaryKeyCallBacks ||
         valueCallBacks != &kCFTypeDictionaryValueCallBacks) {
-        fail(__func__, "only dictionaries that retain keys and values are provided for");
+        fail(__func__, "only dictionaries that retain keys and values are supported");
     }
     auto* const object = make<DictionaryObject>(Kind::dictionary);
     for (CFIndex i = 0; i < count; ++i) {
@@ -354,7 +355,7 @@ CFNumberRef CFNumberCreate(CFAllocatorRef /*allocator*/, CFNumberType type, cons
     case kCFNumberDoubleType:
         return realNumber(*static_cast<const double*>(value)).release();
     default:
-        fail(__func__, "number type not provided for");
+        fail(__func__, "number type not supported");
     }
 }
 
@@ -362,7 +363,7 @@ Boolean CFNumberGetValue(CFNumberRef number, CFNumberType type, void* value) {
     const auto& held = numberOf(number, __func__).value;
     const auto* const whole = std::get_if<std::int64_t>(&held);
     const double real = whole ? static_cast<double>(*whole) : std::get<double>(held);
-    // A number that does not fit is converted all the same, and its loss told.
+    // Converts numbers that do not fit too, and reports the loss.
     const std::int64_t truncated = whole ? *whole : static_cast<std::int64_t>(real);
     switch (type) {
     case kCFNumberSInt32Type:
@@ -378,7 +379,7 @@ Boolean CFNumberGetValue(CFNumberRef number, CFNumberType type, void* value) {
         *static_cast<double*>(value) = real;
         return true;
     default:
-        fail(__func__, "number type not provided for");
+        fail(__func__, "number type not supported");
     }
 }
 

@@ -1,4 +1,4 @@
-// What the fake platform's Core Foundation objects hold, and how tests make them.
+// The contents of the fake Core Foundation objects, and functions for tests to create them.
 #pragma once
 
 #include "Vantrel/platform/macos/CFRef.h"
@@ -17,7 +17,7 @@ using Value = CFRef<CFTypeRef>;
 
 struct StringObject : Object {
     std::string utf8;
-    // Half a surrogate pair: has no UTF-8.
+    // Contains an unpaired surrogate, so it has no UTF-8 form.
     bool isBroken = false;
 };
 
@@ -38,7 +38,7 @@ struct BooleanObject : Object {
 };
 
 struct DateObject : Object {
-    // Since the beginning of 2001.
+    // Since the start of 2001.
     double seconds;
 };
 
@@ -51,23 +51,23 @@ struct UUIDObject : Object {
 };
 
 [[nodiscard]] CFRef<CFStringRef> text(const std::string& utf8);
-// Cannot be converted to UTF-8.
+// Creates a string that cannot be converted to UTF-8.
 [[nodiscard]] CFRef<CFStringRef> brokenText();
 [[nodiscard]] CFRef<CFArrayRef> array(std::vector<Value> items);
 [[nodiscard]] CFRef<CFDictionaryRef> dictionary(std::vector<std::pair<std::string, Value>> entries);
 [[nodiscard]] CFRef<CFNumberRef> number(std::int64_t value);
 [[nodiscard]] CFRef<CFNumberRef> realNumber(double value);
 [[nodiscard]] CFRef<CFBooleanRef> boolean(bool value);
-// In seconds since the beginning of 2001.
+// In seconds since the start of 2001.
 [[nodiscard]] CFRef<CFDateRef> date(double seconds);
 [[nodiscard]] CFRef<CFDataRef> data(const std::string& bytes);
 [[nodiscard]] CFRef<CFUUIDRef> uuid(const std::string& text);
 [[nodiscard]] Value null();
 
-// A rectangle as the window list gives it: a dictionary of "X", "Y", "Width" and "Height".
+// A rectangle as in the window list: a dictionary of "X", "Y", "Width" and "Height".
 [[nodiscard]] CFRef<CFDictionaryRef> rectangle(const CGRect& rect);
 
-// The UTF-8 of any string, a constant's too.
+// The UTF-8 form of any string, including constants.
 [[nodiscard]] std::string textOf(CFStringRef string);
 
 } // namespace vantrel::fake

@@ -1,4 +1,4 @@
-// The fake platform's Carbon event manager: registered key combinations, and keys that a test presses.
+// Fake Carbon Event Manager: registered hot keys, and key presses by tests.
 #pragma once
 
 #include <Carbon/Carbon.h>
@@ -26,10 +26,10 @@ struct EventManagerControl {
 [[nodiscard]] EventManagerControl& eventManager();
 [[nodiscard]] std::vector<RegisteredHotKey> registeredHotKeys();
 
-// Handlers last as long as the process, whatever tests do.
+// Handlers stay installed for the life of the process.
 [[nodiscard]] std::size_t installedHandlers();
 
-// What the handler answers when such an event comes; eventNotHandledErr when there is none.
+// Sends an event and returns the handler's result; eventNotHandledErr if there is no handler.
 OSStatus sendHotKeyPressed(OSType signature, UInt32 id);
 
 } // namespace vantrel::fake

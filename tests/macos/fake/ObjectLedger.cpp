@@ -54,14 +54,14 @@ void* allocate(std::size_t bytes, void (*destroy)(void* object)) {
 
 void retain(const void* object) {
     if (entry(object).references++ <= 0) {
-        fail("CFRetain", "the object has no reference left");
+        fail("CFRetain", "the object has no references left");
     }
 }
 
 void release(const void* object) {
     const long left = --entry(object).references;
     if (left < 0) {
-        fail("CFRelease", "the object has no reference left");
+        fail("CFRelease", "the object has no references left");
     }
     if (left > 0) {
         return;
@@ -71,7 +71,7 @@ void release(const void* object) {
         const std::scoped_lock lock(ledgerLock());
         live().erase(object);
     }
-    // From here on the address sanitizer finds every use of it.
+    // From here on, AddressSanitizer detects every use.
     std::free(static_cast<void*>(&entry(object)));
 }
 

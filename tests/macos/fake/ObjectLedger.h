@@ -1,8 +1,7 @@
-// The objects of the fake platform: how they lie in memory, and a ledger of every reference to them, so that
-// a leak and an over-release show in the test that caused them.
-//
-// An object begins with a class pointer, as Objective-C objects do, so that a Core Foundation object can be
-// an Objective-C object at the same time. In front of it lies its entry in the ledger.
+// The objects of the fake platform: their memory layout, and a ledger of all references, so that leaks and
+// over-releases show in the test that caused them. An object begins with a class pointer, as Objective-C
+// objects do, so that a Core Foundation object is also an Objective-C object. Its ledger entry precedes it in
+// memory.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -16,7 +15,7 @@
 
 namespace vantrel::fake {
 
-// Also the type identifiers that CFGetTypeID() gives.
+// Also the type identifiers returned by CFGetTypeID().
 enum class Kind : std::uint32_t {
     string = 1,
     array,
@@ -29,9 +28,9 @@ enum class Kind : std::uint32_t {
     data,
     element,
     axValue,
-    // An object of an Objective-C class that is no Core Foundation type.
+    // An object of an Objective-C class that is not a Core Foundation type.
     objectiveC,
-    // Whatever further kinds come have their numbers from here on.
+    // The number of kinds.
     count
 };
 
@@ -40,11 +39,11 @@ struct Object {
     Kind kind;
 };
 
-// What an Objective-C layer adds when there is one.
+// Filled in by the Objective-C layer, if there is one.
 struct ObjectiveCLayer {
     // The class of each kind of Core Foundation object.
     const void* classOf[static_cast<std::size_t>(Kind::count)] = {};
-    // For objects that it made.
+    // For objects that it created.
     void (*retain)(const void* object) = nullptr;
     void (*release)(const void* object) = nullptr;
 };
@@ -52,27 +51,27 @@ extern ObjectiveCLayer objectiveC;
 
 namespace Ledger {
 
-// Zeroed memory for an object of so many bytes, with one reference. `destroy` ends the object's members.
+// Allocates zeroed memory for an object, with one reference. `destroy` destroys the object's members.
 [[nodiscard]] void* allocate(std::size_t bytes, void (*destroy)(void* object));
 
-// As CFRetain() and CFRelease() do for objects of this ledger. End the program with a sentence for an object
-// that has no reference left.
+// CFRetain() and CFRelease() for objects of this ledger. End the program with a message if the object has no
+// references left.
 void retain(const void* object);
 void release(const void* object);
 
 [[nodiscard]] long references(const void* object);
 [[nodiscard]] std::size_t liveObjects();
-// Of all live objects together.
+// The total over all live objects.
 [[nodiscard]] long liveReferences();
-// A line for every live object: its kind, its references and, of a string, its text.
+// One line per live object: its kind, its references and, for a string, its content.
 [[nodiscard]] std::string describeLive();
 
 } // namespace Ledger
 
-// Ends the program with a sentence: the code under test did what crashes a real Mac.
+// Ends the program with a message. For things that would crash on a real Mac.
 [[noreturn]] void fail(const char* function, const std::string& complaint);
 
-// T derives from Object.
+// T must derive from Object.
 template <typename T>
 [[nodiscard]] T* make(Kind kind) {
     void* const memory = Ledger::allocate(sizeof(T), [](void* object) { static_cast<T*>(object)->~T(); });
@@ -82,10 +81,11 @@ template <typename T>
     return object;
 }
 
-// Whatever the object is: a constant, one of ours, or one of an Objective-C layer.
+// Works for constants, our own objects and those of the Objective-C layer.
 [[nodiscard]] Kind kindOf(CFTypeRef object);
 
-// The object as a T; ends the program when it is null or of another kind, as the real functions crash.
+// Returns the object as a T. Ends the program if it is null or of another kind, where the real functions
+// crash.
 template <typename T>
 [[nodiscard]] T* as(CFTypeRef object, Kind kind, const char* function) {
     if (!object) {

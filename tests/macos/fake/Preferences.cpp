@@ -40,7 +40,7 @@ Boolean synchronise(const std::string& domain) {
 
 void requireThisUser(CFStringRef userName, CFStringRef hostName, const char* function) {
     if (userName != kCFPreferencesCurrentUser || hostName != kCFPreferencesAnyHost) {
-        fail(function, "only the current user on any host is provided for");
+        fail(function, "only the current user on any host is supported");
     }
 }
 
@@ -56,9 +56,9 @@ std::size_t notificationObservers() {
 }
 
 void postNotification(const std::string& name) {
-    const auto told = observers();
+    const auto notified = observers();
     const auto string = text(name);
-    for (const Observer& each : told) {
+    for (const Observer& each : notified) {
         if (each.name == name) {
             each.callBack(CFNotificationCenterGetLocalCenter(), const_cast<void*>(each.observer),
                           string.get(), nullptr, nullptr);

@@ -1,4 +1,4 @@
-// The fake platform's preferences and its local notification centre.
+// Fake preferences and local notification centre.
 #pragma once
 
 #include "tests/macos/fake/CoreFoundationObjects.h"
@@ -12,18 +12,19 @@
 namespace vantrel::fake {
 
 struct PreferencesControl {
-    // By domain and key; the application's own domain is "own".
+    // Values by domain and key. The application's own domain is "own".
     std::map<std::string, std::map<std::string, Value>> domains;
     // Domains that cannot be written.
     std::map<std::string, bool> readOnly;
-    // Writes and synchronisations, as "set own autoRestore", "remove own x", "synchronise com.apple.dock".
+    // All writes and synchronisations, such as "set own autoRestore", "remove own x", "synchronise
+    // com.apple.dock".
     std::vector<std::string> calls;
 };
 
 [[nodiscard]] PreferencesControl& preferences();
 
 [[nodiscard]] std::size_t notificationObservers();
-// Calls every observer of that name, and posts it as NSNotificationCenter's default centre would.
+// Calls every observer of that name, as NSNotificationCenter's default centre would.
 void postNotification(const std::string& name);
 
 } // namespace vantrel::fake

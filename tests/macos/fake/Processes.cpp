@@ -25,7 +25,7 @@ bool hasUnreapedProcess() {
 
 } // namespace vantrel::fake
 
-// The linker gives these to whoever calls posix_spawn() (--wrap).
+// The linker redirects calls of posix_spawn() here (--wrap).
 extern "C" {
 
 int __real_posix_spawn(pid_t* pid, const char* path, const posix_spawn_file_actions_t* actions,

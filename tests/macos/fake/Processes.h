@@ -1,4 +1,4 @@
-// Programs that the code under test starts: noted, and replaced by one that ends at once.
+// Records the programs that the code under test starts, and replaces them with one that exits at once.
 #pragma once
 
 #include <string>
@@ -7,15 +7,15 @@
 namespace vantrel::fake {
 
 struct ProcessesControl {
-    // The path and the arguments after the first, as "/usr/bin/killall Dock".
+    // The path and the arguments after the first, such as "/usr/bin/killall Dock".
     std::vector<std::string> launches;
-    // What starting a program answers; 0 is success.
+    // The result of starting a program; 0 means success.
     int launchError = 0;
 };
 
 [[nodiscard]] ProcessesControl& processes();
 
-// Whether one that was started has not been waited for.
+// Whether any started process has not been waited for.
 [[nodiscard]] bool hasUnreapedProcess();
 
 } // namespace vantrel::fake

@@ -35,7 +35,7 @@ template <typename T>
 T& handleOf(io_object_t object, const char* function) {
     const auto found = handles().find(object);
     if (found == handles().end() || !std::holds_alternative<T>(found->second)) {
-        fail(function, "called with what is no such object");
+        fail(function, "called with an invalid object");
     }
     return std::get<T>(found->second);
 }
@@ -70,7 +70,7 @@ kern_return_t IOServiceGetMatchingServices(mach_port_t mainPort, CFDictionaryRef
     }
     const std::string name =
         textOf(static_cast<CFStringRef>(CFDictionaryGetValue(matching, CFSTR("IOProviderClass"))));
-    registry().askedClasses.push_back(name);
+    registry().queriedClasses.push_back(name);
     if (const auto error = registry().matchingErrors.find(name); error != registry().matchingErrors.end()) {
         *existing = 0xbad;
         return error->second;
@@ -93,7 +93,7 @@ CFTypeRef IORegistryEntryCreateCFProperty(io_registry_entry_t entry, CFStringRef
 
 kern_return_t IOObjectRelease(io_object_t object) {
     if (handles().erase(object) == 0) {
-        fail(__func__, "called with what is no object");
+        fail(__func__, "called with an invalid object");
     }
     registry().openHandles = handles().size();
     return KERN_SUCCESS;

@@ -1,5 +1,4 @@
-// The fake platform's I/O Kit registry: services by class, each with properties, and a count of the handles
-// to them.
+// Fake I/O Kit registry: services by class, each with properties, and a count of open handles.
 #pragma once
 
 #include "tests/macos/fake/CoreFoundationObjects.h"
@@ -15,12 +14,12 @@ using Service = std::map<std::string, Value>;
 
 struct RegistryControl {
     std::map<std::string, std::vector<Service>> services;
-    // Classes that the registry refuses to match, and names that make no matching dictionary.
+    // Errors of matching by class, and whether creating a matching dictionary fails.
     std::map<std::string, kern_return_t> matchingErrors;
     bool makesNoMatching = false;
-    // In the order in which they were asked for.
-    std::vector<std::string> askedClasses;
-    // Handles that were given out and not released yet.
+    // In query order.
+    std::vector<std::string> queriedClasses;
+    // Handles not released yet.
     std::size_t openHandles = 0;
 };
 

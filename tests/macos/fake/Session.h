@@ -1,4 +1,4 @@
-// The fake window server's session.
+// The session of the fake window server.
 #pragma once
 
 #include "tests/macos/fake/CoreFoundationObjects.h"
@@ -7,7 +7,8 @@
 
 namespace vantrel::fake {
 
-// What it says of the session, by key; none: there is no window server, as before the first call of a test.
+// Sets the session's properties. None means that there is no window server, which is the initial state of a
+// test.
 void setSession(std::optional<std::vector<std::pair<std::string, Value>>> entries);
 
 } // namespace vantrel::fake

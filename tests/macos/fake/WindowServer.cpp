@@ -37,7 +37,7 @@ Value listItem(const ListedWindow& window) {
     return dictionary(std::move(entries));
 }
 
-void tellOfReconfiguration(CGDisplayChangeSummaryFlags flags) {
+void notifyReconfiguration(CGDisplayChangeSummaryFlags flags) {
     const auto callbacks = windowServer().callbacks;
     for (const auto& callback : callbacks) {
         callback.function(1, flags, callback.userInfo);

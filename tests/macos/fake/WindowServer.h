@@ -1,5 +1,4 @@
-// The fake platform's window server: the list of what is on screen, the displays, and who is told of their
-// reconfigurations.
+// Fake window server: the list of windows on screen, the displays and the reconfiguration callbacks.
 #pragma once
 
 #include "tests/macos/fake/CoreFoundationObjects.h"
@@ -16,21 +15,21 @@ struct Display {
     CGDirectDisplayID id = 0;
     CGRect bounds = {};
     bool isBuiltin = false;
-    // None for a display that has no identity.
+    // None for a display without a UUID.
     std::optional<std::string> uuid = std::nullopt;
 };
 
 struct WindowServerControl {
-    // What the list holds, front to back; without it there is no list at all. Must be an array.
+    // Returns the list, front to back, which must be an array. If empty, there is no list.
     std::function<Value()> windowList;
     CGWindowListOption askedOption = 0;
     CGWindowID askedRelativeTo = 1;
 
     std::vector<Display> displays;
     CGError displayListError = kCGErrorSuccess;
-    // The error of the second call, the one with a buffer.
+    // The error of the second call, which passes a buffer.
     CGError displayBufferError = kCGErrorSuccess;
-    // Called between the two calls that ask for the list.
+    // Called between the two calls that read the display list.
     std::function<void()> afterDisplayCount;
     CGError registrationError = kCGErrorSuccess;
 
@@ -45,7 +44,7 @@ struct WindowServerControl {
 
 [[nodiscard]] WindowServerControl& windowServer();
 
-// An item of the window list; a value left out is missing from it.
+// An item of the window list. Null values are left out.
 struct ListedWindow {
     Value layer{};
     Value pid{};
@@ -53,7 +52,7 @@ struct ListedWindow {
 };
 [[nodiscard]] Value listItem(const ListedWindow& window);
 
-// Tells everybody who registered, as the display services do on the way from one set to another.
-void tellOfReconfiguration(CGDisplayChangeSummaryFlags flags);
+// Calls all registered callbacks, as the display services do during a change.
+void notifyReconfiguration(CGDisplayChangeSummaryFlags flags);
 
 } // namespace vantrel::fake

@@ -1,4 +1,4 @@
-// The fake EventKit.
+// Fake EventKit.
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
 #import <EventKit/EventKit.h>
@@ -52,7 +52,7 @@ using namespace vantrel::fake::cocoa;
 @end
 
 @implementation EKEventStore {
-    // A store that was made before access was given goes on seeing nothing.
+    // A store created before access was granted keeps seeing no events.
     long _access;
 }
 + (EKAuthorizationStatus)authorizationStatusForEntityType:(EKEntityType)type {
@@ -63,7 +63,7 @@ using namespace vantrel::fake::cocoa;
     vantrel::fake::cocoa::system().calls.emplace_back("event store");
     return self;
 }
-- (void)ask:(EKEventStoreRequestAccessCompletionHandler)completion {
+- (void)requestAccess:(EKEventStoreRequestAccessCompletionHandler)completion {
     vantrel::fake::cocoa::system().calendarAccess = vantrel::fake::cocoa::system().calendarAccessWhenAsked;
     const bool isGranted = vantrel::fake::cocoa::system().calendarAccess == EKAuthorizationStatusAuthorized;
     completion(isGranted, isGranted ? nil : makeError(1, "Denied."));
@@ -71,11 +71,11 @@ using namespace vantrel::fake::cocoa;
 - (void)requestAccessToEntityType:(EKEntityType)type
                        completion:(EKEventStoreRequestAccessCompletionHandler)completion {
     vantrel::fake::cocoa::system().calls.emplace_back("request access");
-    [self ask:completion];
+    [self requestAccess:completion];
 }
 - (void)requestFullAccessToEventsWithCompletion:(EKEventStoreRequestAccessCompletionHandler)completion {
     vantrel::fake::cocoa::system().calls.emplace_back("request full access");
-    [self ask:completion];
+    [self requestAccess:completion];
 }
 - (NSPredicate*)predicateForEventsWithStartDate:(NSDate*)start
                                         endDate:(NSDate*)end

@@ -1,4 +1,4 @@
-// What the fake classes share with each other. Compiled without ARC.
+// Shared by the fake classes. Compiled without ARC.
 #pragma once
 
 #include "tests/macos/fake/cocoa/System.h"
@@ -13,7 +13,7 @@
 
 namespace vantrel::fake::cocoa {
 
-// Autoreleased, as everything below; nil for none.
+// All functions return autoreleased objects. Nil for none.
 [[nodiscard]] NSString* make(const std::optional<std::string>& text);
 [[nodiscard]] NSURL* makeURL(const std::string& text);
 [[nodiscard]] NSError* makeError(NSInteger code, const std::string& description);
@@ -23,7 +23,7 @@ namespace vantrel::fake::cocoa {
 
 [[nodiscard]] std::string_view text(NSString* string);
 
-// The object that a class gives everybody, made when first asked for and let go by reset().
+// The shared instance of a class, created on first use and released by reset().
 [[nodiscard]] id shared(Class kind);
 
 } // namespace vantrel::fake::cocoa

@@ -1,5 +1,4 @@
-// The fake main thread: queue, timers on virtual time, notification centres, and who owns what lives as long
-// as a program.
+// Fake main thread: queue, timers on virtual time, notification centres and the owner of shared instances.
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
 #import <AppKit/AppKit.h>
@@ -134,7 +133,7 @@ const NSRunLoopMode NSRunLoopCommonModes = @"kCFRunLoopCommonModes";
 }
 @end
 
-// What addObserverForName: gives back.
+// The token returned by addObserverForName:.
 @interface FakeObserver : NSObject {
 @public
     NSString* _name;
@@ -210,7 +209,7 @@ void runMainQueue() {
             next = mainThread().blocks.front();
             mainThread().blocks.pop_front();
         }
-        // As the run loop does between two pieces of work.
+        // The run loop drains its pool after each block.
         @autoreleasepool {
             next();
             [next release];
@@ -260,15 +259,15 @@ std::size_t observers() {
     }
 }
 
-// Who asks for a queue is told from there, later; who was removed until then, too.
+// Observers with a queue are called from it later, even if they were removed in the meantime.
 void deliver(NSNotificationCenter* center, NSNotification* notification) {
-    std::vector<FakeObserver*> told;
+    std::vector<FakeObserver*> notified;
     for (FakeObserver* const observer : center->_observers) {
         if (observer->_name == nil || [observer->_name isEqualToString:notification.name]) {
-            told.push_back([[observer retain] autorelease]);
+            notified.push_back([[observer retain] autorelease]);
         }
     }
-    for (FakeObserver* const observer : told) {
+    for (FakeObserver* const observer : notified) {
         if (observer->_queue == nil) {
             observer->_block(notification);
         } else {

@@ -1,4 +1,4 @@
-// The fake program and its surroundings: bundle, files, time zone, application object, updater.
+// Fake program environment: bundle, files, time zone, application object, updater, login item.
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
 #import <AppKit/AppKit.h>
@@ -42,7 +42,7 @@ static std::string knownZone;
     knownZone.clear();
 }
 + (NSTimeZone*)systemTimeZone {
-    // Kept until somebody asks to look again.
+    // Cached until it is reset.
     if (knownZone.empty()) {
         knownZone = vantrel::fake::cocoa::system().timeZone;
     }
@@ -145,7 +145,7 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 }
 @end
 
-// The standard updater's controller, as far as the program knows it.
+// The parts of the standard updater's controller that the program uses.
 @interface SPUStandardUpdaterController : NSObject {
     FakeUpdater* _updater;
 }
@@ -178,7 +178,7 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 - (BOOL)become:(SMAppServiceStatus)status error:(NSError**)error {
     auto& mac = vantrel::fake::cocoa::system();
     mac.calls.push_back(status == SMAppServiceStatusNotRegistered ? "unregister" : "register");
-    if (!mac.takesLoginItems) {
+    if (!mac.acceptsLoginItems) {
         if (error != nullptr) {
             *error = makeError(1, "Operation not permitted");
         }

@@ -1,5 +1,5 @@
-// The Mac that the fake Foundation, AppKit and EventKit show: what a test sets up, what happened to it, and
-// what makes it move.
+// The Mac behind the fake Foundation, AppKit and EventKit: its state, a record of what happened, and
+// functions that advance it.
 #pragma once
 
 #include <functional>
@@ -19,12 +19,12 @@ struct Area {
 };
 
 struct Screen {
-    // The entry "NSScreenNumber"; none: it is missing.
+    // The entry "NSScreenNumber"; none if it is missing.
     std::optional<unsigned> number{};
     std::string name;
     Area frame{};
     Area visibleFrame{};
-    // The entry is there, but it is a text.
+    // The entry exists but is a string.
     bool isNumberText = false;
     std::optional<std::string> picture{};
     bool acceptsPictures = true;
@@ -38,13 +38,13 @@ struct Application {
     long policy = 0;
     bool isHidden = false;
     bool isTerminated = false;
-    // Answers to hide and unhide with yes.
+    // Returns YES from hide and unhide.
     bool obeys = true;
 };
 
 struct InstalledApplication {
     std::string path;
-    // As the Finder shows it.
+    // As shown in the Finder.
     std::string name;
     bool starts = true;
 };
@@ -55,7 +55,7 @@ struct Event {
     std::optional<std::string> location{};
     std::optional<std::string> notes{};
     std::optional<std::string> url{};
-    // Seconds since 1970; none: the entry has no date.
+    // Seconds since 1970; none if the event has no date.
     std::optional<double> start{};
     std::optional<double> end{};
     bool isAllDay = false;
@@ -68,50 +68,50 @@ struct System {
     std::vector<std::shared_ptr<Application>> applications;
     // By bundle identifier.
     std::map<std::string, InstalledApplication> installed;
-    // What the program did, in order: "launch /Applications/A.app activates=0", "hide 12".
+    // What the program did, in order, such as "launch /Applications/A.app activates=0", "hide 12".
     std::vector<std::string> calls;
 
-    // As EKAuthorizationStatus, and what becomes of it when the user is asked.
+    // As EKAuthorizationStatus: now, and after the user was asked.
     long calendarAccess = 0;
     long calendarAccessWhenAsked = 3;
     std::vector<Event> events;
 
-    // As POSIX describes it.
+    // In POSIX format.
     std::string timeZone = "UTC0";
     std::string supportFolder = "/Users/ada/Library/Application Support";
-    // Absent: the folder cannot be had.
+    // If false, the folder cannot be determined.
     bool hasSupportFolder = true;
     std::string bundleID = "org.vantrel.Vantrel";
     std::string frameworksPath = "/Applications/Vantrel.app/Contents/Frameworks";
     bool isFinishedLaunching = false;
-    // The bundle's build is a number instead of a text.
+    // The bundle's build is a number instead of a string.
     bool isVersionNumber = false;
     std::optional<std::string> hardwareModel = "Mac14,2";
-    // As SMAppServiceStatus, and what becomes of it when the program asks.
+    // As SMAppServiceStatus, and how requests of the program are handled.
     long loginItem = 0;
-    bool takesLoginItems = true;
+    bool acceptsLoginItems = true;
     bool approvesLoginItems = true;
-    // Of the updater.
+    // The updater's setting.
     bool checksForUpdates = true;
 };
 
-// As after reset() until a test changes it.
+// In its initial state after reset().
 [[nodiscard]] System& system();
-// A new machine; lets go of everything that lives as long as a program does.
+// Resets the machine and releases all shared instances.
 void reset();
 
-// What the main thread does next: posted blocks and due timers.
+// Runs the blocks posted to the main queue.
 void runMainQueue();
-// The same for the next seconds of virtual time.
+// Runs posted blocks and due timers for the next seconds of virtual time.
 void advance(double seconds);
 [[nodiscard]] std::size_t scheduledTimers();
 
-// What the runtime does when nobody catches an NSException, as far as the program's own handler.
+// Calls the program's handler for an uncaught NSException, as the runtime does.
 void throwUncaught(const std::string& name, const std::optional<std::string>& reason,
                    const std::vector<std::string>& callStack);
 
-// Posts it in the centre of the workspace, of the program itself or of all programs.
-enum class Center { workspace, program, everybody };
+// Posts a notification to the workspace's, the program's own or the distributed centre.
+enum class Center { workspace, program, distributed };
 void post(Center center, const std::string& name, const std::shared_ptr<Application>& application = nullptr);
 [[nodiscard]] std::size_t observers();
 

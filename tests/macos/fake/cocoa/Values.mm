@@ -1,4 +1,4 @@
-// Root class and values of the fake Foundation.
+// Fake Foundation: the root class and values.
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
 #include "tests/macos/fake/objc/Runtime.h"
@@ -20,7 +20,7 @@ const char* name(SEL selector) {
     return reinterpret_cast<const char*>(selector);
 }
 
-// What the compiler makes of @"text".
+// The compiler's layout of @"text".
 struct Literal {
     void* isa;
     int flags;

@@ -1,4 +1,4 @@
-// The fake AppKit: screens, running applications, the workspace.
+// Fake AppKit: screens, running applications, the workspace.
 #import <AppKit/AppKit.h>
 
 #import "tests/macos/fake/cocoa/Cocoa.h"
@@ -17,7 +17,7 @@ NSRect rect(const Area& area) {
 
 @implementation NSScreen {
 @public
-    // Asked anew each time: a screen may be gone.
+    // A copy, because the screen may be gone.
     std::string _name;
     Screen _shown;
 }
@@ -122,7 +122,7 @@ const NSNotificationName NSWorkspaceSessionDidResignActiveNotification =
     @"NSWorkspaceSessionDidResignActiveNotification";
 NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
-// The workspace has a centre of its own.
+// The workspace has its own notification centre.
 @interface FakeWorkspaceCenter : NSNotificationCenter
 @end
 

@@ -1,4 +1,4 @@
-// The blocks runtime: blocks move to the heap when they are copied, and hold the objects they capture.
+// The blocks runtime: copying moves blocks to the heap, and blocks retain the objects that they capture.
 #include "tests/macos/fake/objc/Runtime.h"
 
 #include <atomic>
@@ -10,7 +10,7 @@ namespace {
 struct Descriptor {
     std::uint64_t reserved;
     std::uint64_t size;
-    // Only there when the block has `hasCopyAndDispose`.
+    // Present only if the block has `hasCopyAndDispose`.
     void (*copy)(void*, const void*);
     void (*dispose)(const void*);
 };
@@ -31,7 +31,7 @@ enum : std::int32_t {
     isGlobal = 1 << 28,
 };
 
-// What a captured value is, unless an object.
+// The kind of a captured block; other captured values are objects.
 constexpr int aBlock = 7;
 
 Block* asBlock(const void* block) {

@@ -33,7 +33,7 @@ FakeObject* objc_retain(FakeObject* object) {
     if (fakeIsBlock(object)) {
         return static_cast<FakeObject*>(_Block_copy(object));
     }
-    if (!fakeIsForever(object)) {
+    if (!fakeIsImmortal(object)) {
         Ledger::retain(object);
     }
     return object;
@@ -47,13 +47,13 @@ void objc_release(FakeObject* object) {
         _Block_release(object);
         return;
     }
-    if (!fakeIsForever(object)) {
+    if (!fakeIsImmortal(object)) {
         Ledger::release(object);
     }
 }
 
 FakeObject* objc_autorelease(FakeObject* object) {
-    if (object == nullptr || (!fakeIsBlock(object) && fakeIsForever(object))) {
+    if (object == nullptr || (!fakeIsBlock(object) && fakeIsImmortal(object))) {
         return object;
     }
     if (pools == 0) {

@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-// What the compiler lays down for classes.
+// The compiler's layout of classes.
 extern "C" {
 struct FakeObject {
     FakeClass* isa;
@@ -80,7 +80,7 @@ struct Tables {
     std::set<std::pair<FakeClass*, Selector>> hiddenMethods;
 };
 
-// Never destroyed: objects may go later than any static of ours.
+// Never destroyed: objects may outlive our static variables.
 Tables& tables() {
     static auto* const only = new Tables;
     return *only;
@@ -98,7 +98,7 @@ void add(FakeClass* to, MethodList* list) {
     }
 }
 
-// The compiler's own tables are read before main() and before constructors that send messages.
+// Reads the compiler's tables before main() and before constructors that send messages.
 __attribute__((constructor(101))) void readClasses() {
     Tables& t = tables();
     const std::scoped_lock lock(t.mutex);
@@ -147,7 +147,7 @@ Implementation find(FakeClass* kind, Selector selector) {
     fail("objc_msgSend", std::string("no method [") + kind->facts->name + " " + selector + "]");
 }
 
-// The implementation that this class itself has, for constructors and destructors of C++ members.
+// Calls the class's own implementation, for constructors and destructors of C++ members.
 void callOwn(FakeClass* kind, FakeObject* object, const char* selector) {
     Tables& t = tables();
     const auto table = t.methods.find(kind);
@@ -169,13 +169,13 @@ Result send(Receiver* receiver, const char* selector) {
     return reinterpret_cast<Result (*)(Receiver*, Selector)>(objc_msgSend)(receiver, interned);
 }
 
-// A class that was compiled without sight of its superclass's members has too small a size of its own.
+// A class compiled without its superclass's members in view records too small a size.
 std::size_t instanceSize(const FakeClass* kind) {
     std::size_t size = 0;
     for (; kind != nullptr; kind = kind->super) {
         const bool hasMembers = kind->facts->size > kind->facts->start;
         if (hasMembers && kind->super != nullptr && kind->facts->start < kind->super->facts->size) {
-            fail("objc_alloc", std::string("members of ") + kind->facts->name + " lie over its superclass's");
+            fail("objc_alloc", std::string("members of ") + kind->facts->name + " overlap its superclass's");
         }
         size = std::max<std::size_t>(size, kind->facts->size);
     }
@@ -230,7 +230,7 @@ Implementation fakeLookUpSuper(SuperCall* call, Selector selector) {
     failToFind(call->implementer->super, selector);
 }
 
-// Keeps every register that may hold an argument over the look-up, then goes on to what was found.
+// Saves every argument register across the look-up, then jumps to the implementation.
 #define KEEP                                                                                                 \
     "push %rbp\n mov %rsp,%rbp\n sub $208,%rsp\n"                                                            \
     "mov %rdi,(%rsp)\n mov %rsi,8(%rsp)\n mov %rdx,16(%rsp)\n mov %rcx,24(%rsp)\n"                           \
@@ -248,7 +248,7 @@ asm(".text\n"
     ".globl objc_msgSend, objc_msgSend_stret, objc_msgSendSuper2, objc_msgSendSuper2_stret\n"
     "objc_msgSend:\n test %rdi,%rdi\n je 1f\n" KEEP "call fakeLookUp\n" GIVE_BACK "jmp *%r11\n"
     "1: xor %eax,%eax\n xor %edx,%edx\n xorps %xmm0,%xmm0\n xorps %xmm1,%xmm1\n ret\n"
-    // The result's address comes first.
+    // The result's address is the first argument.
     "objc_msgSend_stret:\n test %rsi,%rsi\n je 1f\n" KEEP
     "mov %rsi,%rdi\n mov %rdx,%rsi\n call fakeLookUp\n" GIVE_BACK "jmp *%r11\n"
     "1: mov %rdi,%rax\n ret\n"
@@ -279,7 +279,7 @@ bool fakeIsBlock(const FakeObject* object) {
     return isa == _NSConcreteStackBlock || isa == _NSConcreteMallocBlock || isa == _NSConcreteGlobalBlock;
 }
 
-bool fakeIsForever(const FakeObject* object) {
+bool fakeIsImmortal(const FakeObject* object) {
     return isLiteral(object) || isClass(object);
 }
 
@@ -301,7 +301,7 @@ bool fakeResponds(FakeObject* object, Selector selector) {
 }
 
 FakeObject* fakeAllocate(FakeClass* kind) {
-    // Whoever lets go of the last reference has the object deallocated.
+    // Releasing the last reference deallocates the object.
     void* const memory = Ledger::allocate(
         instanceSize(kind), [](void* object) { send<void>(static_cast<FakeObject*>(object), "dealloc"); });
     auto* const object = static_cast<FakeObject*>(memory);
@@ -353,6 +353,6 @@ bool objc_opt_respondsToSelector(FakeObject* object, Selector selector) {
 }
 
 void objc_enumerationMutation(FakeObject* /*collection*/) {
-    fail("objc_enumerationMutation", "a collection was changed while it was walked through");
+    fail("objc_enumerationMutation", "a collection was changed during enumeration");
 }
 }

@@ -1,5 +1,5 @@
-// The part of the Objective-C runtime that programs compiled with -fobjc-runtime=macosx-13 -fobjc-arc call,
-// on Linux and x86-64: classes, messages, reference counts, autorelease pools.
+// The part of the Objective-C runtime that programs compiled with -fobjc-runtime=macosx-13 -fobjc-arc need,
+// for Linux on x86-64: classes, messages, reference counts, autorelease pools.
 #pragma once
 
 #include <cstddef>
@@ -21,10 +21,10 @@ extern void* _NSConcreteMallocBlock[32];
 extern void* _NSConcreteGlobalBlock[32];
 
 [[nodiscard]] bool fakeIsBlock(const FakeObject* object);
-// Lives as long as the program: a class or a literal.
-[[nodiscard]] bool fakeIsForever(const FakeObject* object);
+// Whether the object lives as long as the program: a class or a literal.
+[[nodiscard]] bool fakeIsImmortal(const FakeObject* object);
 
-// What NSObject's root methods are made of.
+// The building blocks of NSObject's methods.
 FakeObject* fakeAllocate(FakeClass* kind);
 void fakeDeallocate(FakeObject* object);
 bool fakeIsKind(FakeObject* object, FakeClass* kind);
@@ -37,12 +37,12 @@ namespace vantrel::fake::objc {
 
 [[nodiscard]] const char* className(const void* object);
 
-// Objects that were autoreleased while no pool was there to release them: on a Mac they leak.
+// The number of objects autoreleased without a pool. On a Mac, they leak.
 [[nodiscard]] std::size_t autoreleasedWithoutPool();
 
-// Takes a class out of the runtime, as if its framework were not there, or puts it back.
+// Hides a class, as if its framework were missing, or shows it again.
 void setClassHidden(const char* name, bool isHidden);
-// The same for one method of a class: what an older system has not got.
+// Does the same for a single method, to simulate an older system.
 void setMethodHidden(const char* className, const char* selector, bool isHidden);
 
 } // namespace vantrel::fake::objc

@@ -1,4 +1,4 @@
-// What Vantrel uses of AppKit, declared by this project.
+// Our own declarations of the parts of AppKit that Vantrel uses.
 #pragma once
 
 #include <Foundation/Foundation.h>

@@ -1,4 +1,4 @@
-// The client side of Accessibility, in our own words: exactly what the macOS adapter uses of it.
+// Our own declarations of the parts of Accessibility that the macOS adapter uses.
 #pragma once
 
 #include <ColorSync/ColorSync.h>
@@ -30,7 +30,7 @@ VANTREL_EXTERN const CFStringRef kAXTrustedCheckOptionPrompt VANTREL_MACOS(10.9)
 VANTREL_EXTERN Boolean AXIsProcessTrusted(void) VANTREL_MACOS(10.4);
 VANTREL_EXTERN Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef _Nullable options) VANTREL_MACOS(10.9);
 
-// Names of attributes and actions.
+// Attribute and action names.
 #define kAXWindowsAttribute CFSTR("AXWindows")
 #define kAXTitleAttribute CFSTR("AXTitle")
 #define kAXSubroleAttribute CFSTR("AXSubrole")
@@ -47,18 +47,18 @@ VANTREL_EXTERN CF_RETURNS_RETAINED AXUIElementRef AXUIElementCreateApplication(p
 VANTREL_EXTERN CF_RETURNS_RETAINED AXUIElementRef AXUIElementCreateSystemWide(void);
 VANTREL_EXTERN AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                                      CFTypeRef _Nullable* _Nonnull CF_RETURNS_RETAINED value);
-// Without options, an attribute that cannot be read has its error as an AXValue in its place.
+// Without options, an attribute that cannot be read is replaced by its error as an AXValue.
 VANTREL_EXTERN AXError AXUIElementCopyMultipleAttributeValues(
     AXUIElementRef element, CFArrayRef attributes, AXCopyMultipleAttributeOptions options,
     CFArrayRef _Nullable* _Nonnull CF_RETURNS_RETAINED values) VANTREL_MACOS(10.4);
 VANTREL_EXTERN AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                                     CFTypeRef value);
 VANTREL_EXTERN AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
-// Of the system-wide element: for every element of this process that has none of its own.
+// On the system-wide element, sets the timeout for all elements of this process without their own.
 VANTREL_EXTERN AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds)
     VANTREL_MACOS(10.4);
 
-// Values that are no property lists.
+// Values that are not property lists.
 typedef UInt32 AXValueType;
 enum : AXValueType {
     kAXValueTypeIllegal = 0,

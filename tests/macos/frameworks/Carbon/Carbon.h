@@ -1,4 +1,4 @@
-// The Carbon event manager, in our own words: exactly what the macOS adapter uses of it.
+// Our own declarations of the parts of the Carbon Event Manager that the macOS adapter uses.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

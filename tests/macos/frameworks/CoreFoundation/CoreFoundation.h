@@ -1,4 +1,4 @@
-// Core Foundation, in our own words: exactly what the macOS adapter uses of it.
+// Our own declarations of the parts of Core Foundation that the macOS adapter uses.
 #pragma once
 
 #include <stdbool.h>
@@ -11,17 +11,17 @@
 #define VANTREL_EXTERN extern
 #endif
 
-// When a declaration came to macOS and when it was given up.
+// When a declaration was introduced in macOS and when it was deprecated.
 #define VANTREL_MACOS(version) __attribute__((availability(macos, introduced = version)))
 #define VANTREL_MACOS_UNTIL(version, last)                                                                   \
     __attribute__((availability(macos, introduced = version, deprecated = last)))
 
-// What the static analyser knows of ownership.
+// Ownership annotations for the static analyser.
 #define CF_RETURNS_RETAINED __attribute__((cf_returns_retained))
 #define CF_RETURNS_NOT_RETAINED __attribute__((cf_returns_not_retained))
 #define CF_CONSUMED __attribute__((cf_consumed))
 
-// The Objective-C class that an opaque type is at the same time.
+// The Objective-C class that an opaque type is bridged to.
 #define CF_BRIDGED_TYPE(type) __attribute__((objc_bridge(type)))
 
 #pragma clang assume_nonnull begin
@@ -111,7 +111,7 @@ enum : CFNumberType {
 VANTREL_EXTERN CFTypeID CFNumberGetTypeID(void);
 VANTREL_EXTERN CF_RETURNS_RETAINED CFNumberRef _Nullable CFNumberCreate(CFAllocatorRef _Nullable allocator,
                                                                         CFNumberType type, const void* value);
-// False when the value does not fit into the type without loss.
+// Returns false if the conversion loses information.
 VANTREL_EXTERN Boolean CFNumberGetValue(CFNumberRef number, CFNumberType type, void* value);
 VANTREL_EXTERN Boolean CFNumberIsFloatType(CFNumberRef number);
 
@@ -122,7 +122,7 @@ VANTREL_EXTERN Boolean CFBooleanGetValue(CFBooleanRef boolean);
 
 VANTREL_EXTERN const CFNullRef kCFNull;
 
-// Dates and data. An absolute time is in seconds since the beginning of 2001.
+// Dates and data. Absolute times are in seconds since the start of 2001.
 typedef double CFTimeInterval;
 typedef CFTimeInterval CFAbsoluteTime;
 VANTREL_EXTERN const CFTimeInterval kCFAbsoluteTimeIntervalSince1970;
@@ -165,7 +165,7 @@ typedef void (*CFNotificationCallback)(CFNotificationCenterRef center, void* _Nu
                                        CFDictionaryRef _Nullable userInfo);
 typedef CFIndex CFNotificationSuspensionBehavior;
 enum : CFNotificationSuspensionBehavior { CFNotificationSuspensionBehaviorDeliverImmediately = 4 };
-// The centre of this process, which NSNotificationCenter's default one is, too.
+// The centre of this process, which is also NSNotificationCenter's default centre.
 VANTREL_EXTERN CF_RETURNS_NOT_RETAINED CFNotificationCenterRef CFNotificationCenterGetLocalCenter(void);
 VANTREL_EXTERN void CFNotificationCenterAddObserver(CFNotificationCenterRef center,
                                                     const void* _Nullable observer,

@@ -1,4 +1,4 @@
-// Quartz, in our own words: exactly what the macOS adapter uses of it.
+// Our own declarations of the parts of Quartz that the macOS adapter uses.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,4 +1,4 @@
-// What Vantrel uses of EventKit, declared by this project.
+// Our own declarations of the parts of EventKit that Vantrel uses.
 #pragma once
 
 #include <Foundation/Foundation.h>
@@ -11,7 +11,7 @@ typedef enum EKAuthorizationStatus : NSInteger {
     EKAuthorizationStatusNotDetermined = 0,
     EKAuthorizationStatusRestricted = 1,
     EKAuthorizationStatusDenied = 2,
-    // From macOS 14 on: full access.
+    // Full access from macOS 14 on.
     EKAuthorizationStatusAuthorized = 3,
     EKAuthorizationStatusWriteOnly = 4,
 } EKAuthorizationStatus;

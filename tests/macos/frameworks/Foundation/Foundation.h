@@ -1,5 +1,5 @@
-// What Vantrel uses of Foundation, declared by this project: classes, enumerations with their real values,
-// and from which system on there is what.
+// Our own declarations of the parts of Foundation that Vantrel uses, with real enumeration values and
+// availability.
 #pragma once
 
 #include <CoreGraphics/CoreGraphics.h>
@@ -67,7 +67,7 @@ __attribute__((objc_root_class))
 @end
 
 @interface NSString : NSObject
-// Nil when the text is not UTF-8.
+// Returns nil if the string is not valid UTF-8.
 + (nullable instancetype)stringWithUTF8String:(const char*)text;
 @property(readonly) NSUInteger length;
 @property(nullable, readonly) const char* UTF8String;
@@ -105,7 +105,7 @@ typedef NSString* NSErrorDomain;
 
 @interface NSURL : NSObject
 + (NSURL*)fileURLWithPath:(NSString*)path;
-// Nil when the text is no URL.
+// Returns nil if the string is not a valid URL.
 + (nullable instancetype)URLWithString:(NSString*)text;
 @property(nullable, readonly, copy) NSString* absoluteString;
 @property(nullable, readonly, copy) NSString* path;

@@ -1,4 +1,4 @@
-// I/O Kit, in our own words: exactly what the macOS adapter uses of it.
+// Our own declarations of the parts of I/O Kit that the macOS adapter uses.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -19,7 +19,7 @@ typedef UInt32 IOOptionBits;
 VANTREL_EXTERN const mach_port_t kIOMainPortDefault VANTREL_MACOS(12.0);
 
 VANTREL_EXTERN CF_RETURNS_RETAINED CFMutableDictionaryRef _Nullable IOServiceMatching(const char* name);
-// Takes the caller's reference to `matching` whatever it returns.
+// Always consumes the caller's reference to `matching`.
 VANTREL_EXTERN kern_return_t IOServiceGetMatchingServices(mach_port_t mainPort,
                                                           CFDictionaryRef _Nullable matching CF_CONSUMED,
                                                           io_iterator_t* existing);

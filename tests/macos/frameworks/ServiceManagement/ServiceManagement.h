@@ -1,4 +1,4 @@
-// What Vantrel uses of ServiceManagement, declared by this project.
+// Our own declarations of the parts of ServiceManagement that Vantrel uses.
 #pragma once
 
 #include <Foundation/Foundation.h>

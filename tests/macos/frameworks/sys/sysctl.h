@@ -1,4 +1,4 @@
-// The kernel's facts by name, in our own words.
+// Our own declaration of sysctlbyname.
 #pragma once
 
 #include <stddef.h>
