@@ -105,7 +105,7 @@ bool isServiceRegistered(const QDBusConnection& bus) {
     return bus.interface()->isServiceRegistered(ControlNames::service);
 }
 
-ExitCode complainOfSecondStart() {
+ExitCode complainAboutSecondInstance() {
     return complain("Vantrel is already running. Check it with: vantrelctl status", ExitCode::alreadyRunning);
 }
 
@@ -114,7 +114,7 @@ std::string folderIsUnusable(const std::filesystem::path& folder, const std::err
 }
 
 // The holder must be on another bus: its name was not found on this one.
-ExitCode complainOfSharedFolder(const std::filesystem::path& folder, const InstanceLock::Holder& holder) {
+ExitCode complainAboutSharedFolder(const std::filesystem::path& folder, const InstanceLock::Holder& holder) {
     return complain(
         fmt::format(
             "Another vantrel{} is already running on a different session bus and keeps its layouts in "
@@ -197,7 +197,7 @@ private:
         }
         if (!m_bus.registerService(ControlNames::service)) {
             if (isServiceRegistered(m_bus)) {
-                return complainOfSecondStart();
+                return complainAboutSecondInstance();
             }
             return complain("The session bus refused the name " + std::string(ControlNames::service) + ": " +
                             m_bus.lastError().message().toStdString());
@@ -415,7 +415,7 @@ int main(int argumentCount, char** arguments) {
     }
     // Checked before touching anything that belongs to the running instance.
     if (isServiceRegistered(bus)) {
-        return static_cast<int>(complainOfSecondStart());
+        return static_cast<int>(complainAboutSecondInstance());
     }
     const auto folder = UserFolders::supportDirectory();
     if (const auto error = PosixFileSystem().createDirectories(folder)) {
@@ -423,7 +423,7 @@ int main(int argumentCount, char** arguments) {
     }
     auto lock = InstanceLock::take(folder);
     if (!lock) {
-        return static_cast<int>(complainOfSharedFolder(folder, lock.error()));
+        return static_cast<int>(complainAboutSharedFolder(folder, lock.error()));
     }
     return static_cast<int>(Program(std::move(*lock), *connection, bus, system).run());
 }

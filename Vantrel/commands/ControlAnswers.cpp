@@ -97,7 +97,7 @@ DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layou
                 desk, {layout.configID, layout.name, false, activeLayoutName(layout.configID), {}});
         }
         if (desk->isCurrent && desk->layouts.empty()) {
-            // As the user named it.
+            // The name that the user gave it.
             desk->name = layout.name;
         }
         desk->layouts.push_back(layout);

@@ -1,4 +1,4 @@
-// Makes the answers that go over the session bus from what the controller publishes.
+// Builds the replies sent over the session bus from the controller's published state.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"
@@ -21,17 +21,18 @@ namespace vantrel::ControlAnswers {
 [[nodiscard]] StatusMessage status(const PublishedState& state,
                                    const std::filesystem::path& supportDirectory);
 
-// The present desk first, also when nothing is stored for it, then the others by name.
+// The current desk first, even when nothing is stored for it, then the others by name.
 [[nodiscard]] DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layouts,
                                  const std::function<std::string(const std::string&)>& activeLayoutName);
 
-// The restore log, and how many windows were put back in the last seven days.
+// The restore log, and the number of windows restored in the last seven days.
 [[nodiscard]] nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now);
 
-// Answers with the report of the restore that was asked for, or why there is none.
+// Replies with the report of the requested restore, or with the reason why there is none.
 [[nodiscard]] std::function<void(const RestoreOutcome&)> restoreReply(const ControlReply& reply);
 
-// Answers with what was remembered, in the state's active layout, or why nothing was. The state outlives it.
+// Replies with what was saved in the state's active layout, or with the reason why nothing was. The state
+// outlives the callback.
 [[nodiscard]] std::function<void(const SaveOutcome&)> saveReply(const PublishedState& state,
                                                                 const ControlReply& reply);
 

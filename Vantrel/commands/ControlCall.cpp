@@ -14,10 +14,10 @@ public:
     PendingReply(ControlReply reply, ErrorBoundary::Log log)
         : m_reply(std::move(reply)), m_log(std::move(log)) {}
 
-    // Whoever was to answer has let go.
+    // All references to the reply were dropped without an answer.
     ~PendingReply() {
         answer(std::unexpected(
-            ControlRefusal{ControlNames::failed, "It was stopped by an error; the log has it."}));
+            ControlRefusal{ControlNames::failed, "An error stopped the command. See the log for details."}));
     }
 
     PendingReply(const PendingReply&) = delete;

@@ -1,4 +1,4 @@
-// A call of one method: whoever asked is answered once, whatever becomes of it.
+// Calls one method and guarantees exactly one reply to the caller.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"
@@ -9,8 +9,8 @@
 
 namespace vantrel::ControlCall {
 
-// Calls the method. Where it throws, `log` is told; then, and where it lets go of its reply without an
-// answer, the answer is ControlNames::failed. Further answers are dropped.
+// Calls the method. Exceptions are passed to `log`. If the method throws, or drops its reply callback without
+// using it, the caller gets ControlNames::failed. Further replies are ignored.
 void run(const ControlMethod& method, const std::vector<std::string>& arguments, ControlReply reply,
          const ErrorBoundary::Log& log);
 

@@ -16,11 +16,11 @@ namespace vantrel {
 
 namespace {
 
-// Most calls are answered at once; a restore of many stubborn windows takes a while. Whoever has not answered
-// by then is asked for a sign of life.
+// Most calls return at once; restoring many stubborn windows takes a while. After this time without a reply,
+// the program is pinged.
 constexpr std::chrono::seconds quiet{3};
 constexpr std::chrono::seconds signOfLife{5};
-// Beyond this the program is not going to answer, alive or not.
+// After this the program is not going to reply, alive or not.
 constexpr std::chrono::minutes patience{5};
 
 ControlFailure failure(const QDBusMessage& reply) {
@@ -30,7 +30,7 @@ ControlFailure failure(const QDBusMessage& reply) {
         return {ControlFailure::Kind::notRunning, "vantrel is not running. Start it with: vantrel"};
     }
     if (name == QLatin1String("org.freedesktop.DBus.Error.NoReply")) {
-        return {ControlFailure::Kind::failed, "vantrel ended or did not answer."};
+        return {ControlFailure::Kind::failed, "vantrel quit or did not reply."};
     }
     return {ControlFailure::Kind::failed, reply.errorMessage().toStdString()};
 }
@@ -55,12 +55,12 @@ QDBusMessage message(const char* method) {
     return call;
 }
 
-// Any reply is a sign, also that of a program which does not know the method.
+// Any reply counts, even one from a program that does not know the method.
 bool isAlive(const QDBusConnection& bus) {
     return isAnswered(bus.asyncCall(message("Ping")), signOfLife);
 }
 
-// The reply of a call that lasts as long as it has to while the program is alive; none when it is not.
+// Waits for the reply as long as the program is alive. None when it is not.
 std::optional<QDBusMessage> replyTo(const QDBusConnection& bus, const QDBusMessage& request) {
     const auto call = bus.asyncCall(request, static_cast<int>(std::chrono::milliseconds(patience).count()));
     while (!isAnswered(call, quiet)) {
@@ -89,8 +89,8 @@ ControlClient::Result<nlohmann::json> ControlClient::call(const char* method,
     if (!reply) {
         return std::unexpected(ControlFailure{
             ControlFailure::Kind::failed,
-            "vantrel runs but does not answer: it is stopped or very busy. Try again, or end it and start it "
-            "anew."});
+            "vantrel is running but does not reply: it is suspended or very busy. Try again, or restart "
+            "it."});
     }
     if (reply->type() != QDBusMessage::ReplyMessage) {
         return std::unexpected(failure(*reply));
@@ -98,8 +98,8 @@ ControlClient::Result<nlohmann::json> ControlClient::call(const char* method,
     const auto text = reply->arguments().value(0).toString().toStdString();
     auto answer = nlohmann::json::parse(text, nullptr, false);
     if (!answer.is_object()) {
-        return std::unexpected(
-            ControlFailure{ControlFailure::Kind::failed, "vantrel gave an answer that is not understood."});
+        return std::unexpected(ControlFailure{ControlFailure::Kind::failed,
+                                              "vantrel sent a reply that vantrelctl does not understand."});
     }
     return answer;
 }

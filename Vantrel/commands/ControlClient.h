@@ -1,4 +1,4 @@
-// Asks the running program over the session bus; what vantrelctl and scripts' bindings stand on.
+// Calls the running program over the session bus; used by vantrelctl.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +11,9 @@ namespace vantrel {
 
 struct ControlFailure {
     enum class Kind : std::uint8_t {
-        // No program has the name, or there is no bus.
+        // No program owns the name, or there is no bus.
         notRunning,
-        // The program answered that it did not do it, or what it answered makes no sense.
+        // The program refused or failed, or its reply makes no sense.
         failed,
     };
 
@@ -27,9 +27,9 @@ namespace ControlClient {
 template <typename T>
 using Result = std::expected<T, ControlFailure>;
 
-// Calls a method of docs/dbus.md with as many arguments as it takes. Waits for the answer as long as the
-// program shows that it is alive; fails with a sentence when it does not for some seconds. The answer as it
-// came. Needs a QCoreApplication.
+// Calls a method of docs/dbus.md with the arguments it takes and returns the reply unchanged. Waits as long
+// as the program shows that it is alive; fails with a sentence when it does not for some seconds. Needs a
+// QCoreApplication.
 [[nodiscard]] Result<nlohmann::json> call(const char* method, const std::vector<std::string>& arguments = {});
 
 } // namespace ControlClient

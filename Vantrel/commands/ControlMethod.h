@@ -1,4 +1,4 @@
-// One method that the running program offers on the session bus. docs/dbus.md has the interface.
+// A method that the running program offers on the session bus. The interface is documented in docs/dbus.md.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 
 namespace vantrel {
 
-// Why a method did nothing.
+// The reason why a method did nothing.
 struct ControlRefusal {
     // One of the errors of ControlNames.h.
     const char* error;
@@ -19,27 +19,27 @@ struct ControlRefusal {
     std::string sentence;
 };
 
-// An object goes over the bus as JSON; a text goes as it is.
+// Objects are sent as JSON, strings unchanged.
 using ControlAnswer = std::expected<nlohmann::json, ControlRefusal>;
 
-// Told once, now or later, on the main thread; harmless when whoever asked has gone.
+// Call once, now or later, on the main thread. Harmless after the caller has disconnected.
 using ControlReply = std::function<void(const ControlAnswer&)>;
 
 struct ControlMethod {
     std::string name;
-    // The names of its arguments, all of them texts.
+    // The names of its arguments, all strings.
     std::vector<std::string> arguments;
-    // The name of what it answers, a text.
+    // The name of its result, a string.
     std::string result;
-    // Gets as many arguments as it names.
+    // Receives as many arguments as `arguments` names.
     std::function<void(const std::vector<std::string>& arguments, const ControlReply& reply)> call;
 };
 
-// In bytes. No name, path, key or list that a person means is longer.
+// In bytes. No sensible name, path, key or list is longer.
 inline constexpr std::size_t maxArgumentLength = 16'384;
 
-// Why these arguments cannot be the method's, as a sentence; none when they can. No arguments: they were not
-// all texts.
+// The reason why these arguments are invalid for the method, as a sentence; none when they are valid. Pass
+// none for `arguments` when they were not all strings.
 [[nodiscard]] std::optional<std::string> refusalOf(const std::optional<std::vector<std::string>>& arguments,
                                                    const ControlMethod& method);
 

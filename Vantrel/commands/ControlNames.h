@@ -1,4 +1,4 @@
-// Under which names the running program is reached on the session bus.
+// The running program's names on the session bus.
 #pragma once
 
 namespace vantrel::ControlNames {
@@ -6,10 +6,10 @@ namespace vantrel::ControlNames {
 inline constexpr const char* service = "org.vantrel.Vantrel";
 inline constexpr const char* path = "/org/vantrel/Vantrel";
 inline constexpr const char* interface = "org.vantrel.Vantrel";
-// What the desktop offers its user; see Intents.h.
+// The actions that the desktop offers its user; see Intents.h.
 inline constexpr const char* actionsInterface = "org.vantrel.Vantrel.Actions";
 
-// Errors of the methods; the message is a sentence for the user.
+// Error names of the methods; the message is a sentence for the user.
 inline constexpr const char* refused = "org.vantrel.Error.Refused";
 inline constexpr const char* nothingHappened = "org.vantrel.Error.NothingHappened";
 inline constexpr const char* superseded = "org.vantrel.Error.Superseded";

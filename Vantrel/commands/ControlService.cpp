@@ -34,7 +34,7 @@ constexpr const char* signalsXml = R"(    <signal name="PhaseChanged">
     </signal>
 )";
 
-// Everything that can be asked over the bus; each row comes from the file of its group.
+// All methods on the bus; each group comes from its own file.
 std::vector<ControlMethod> controlMethods(AppController& controller,
                                           const std::filesystem::path& supportDirectory) {
     std::vector<ControlMethod> all;
@@ -71,14 +71,14 @@ std::string xml(const ControlMethod& method) {
                               method.result);
 }
 
-// Titles come from other programs and may hold anything.
+// Titles come from other programs and may contain invalid UTF-8.
 QString text(const nlohmann::json& json) {
     return QString::fromStdString(json.is_string()
                                       ? json.get<std::string>()
                                       : json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
-// None when one of them is not a text.
+// None when one of them is not a string.
 std::optional<std::vector<std::string>> texts(const QList<QVariant>& arguments) {
     std::vector<std::string> result;
     for (const auto& argument : arguments) {
@@ -95,7 +95,7 @@ std::optional<std::vector<std::string>> texts(const QList<QVariant>& arguments) 
 ControlService::ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
                                const QDBusConnection& bus, ErrorBoundary::Log log)
     : m_controller(controller), m_interfaces(everyInterface(controller, supportDirectory)), m_bus(bus),
-      m_log(std::move(log)), m_observer(controller.addObserver([this] { tellChanges(); })),
+      m_log(std::move(log)), m_observer(controller.addObserver([this] { signalChanges(); })),
       m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore) {}
 
 ControlService::~ControlService() {
@@ -137,7 +137,7 @@ bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConne
 }
 
 const ControlMethod* ControlService::find(const QDBusMessage& message) const {
-    // Who names no interface means any.
+    // A call without an interface matches any.
     const auto interface = message.interface().toStdString();
     for (const auto& each : m_interfaces) {
         const auto method =
@@ -160,7 +160,7 @@ ControlReply ControlService::replyTo(const QDBusMessage& request) {
     };
 }
 
-void ControlService::tellChanges() {
+void ControlService::signalChanges() {
     const auto& state = m_controller.published();
     if (m_phase != state.phase) {
         m_phase = state.phase;

@@ -1,5 +1,5 @@
-// The running program on the session bus: answers questions, takes commands, tells of changes. docs/dbus.md
-// has the interface.
+// The running program's object on the session bus: handles queries and commands, and signals changes. The
+// interface is documented in docs/dbus.md.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"
@@ -16,18 +16,18 @@
 
 namespace vantrel {
 
-// Lives on the main thread; the controller outlives it. Answers nothing once it is gone: calls that wait for
-// a restore then end with the connection.
+// Lives on the main thread; the controller outlives it. After it is destroyed no replies are sent: calls that
+// wait for a restore then end with the connection.
 class ControlService final : public QDBusVirtualObject {
 public:
-    // `log` is told of methods that throw.
+    // `log` receives errors from methods that throw.
     ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
                    const QDBusConnection& bus, ErrorBoundary::Log log);
     ~ControlService() override;
     ControlService(const ControlService&) = delete;
     ControlService& operator=(const ControlService&) = delete;
 
-    // Puts the object on the bus; the owner of the connection takes the name afterwards, so that whoever sees
+    // Registers the object. The owner of the connection requests the name afterwards, so that whoever sees
     // the name finds the object.
     [[nodiscard]] bool start();
 
@@ -35,10 +35,10 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
-    // Null when nothing here is called so.
+    // Null when there is no such method.
     [[nodiscard]] const ControlMethod* find(const QDBusMessage& message) const;
     [[nodiscard]] ControlReply replyTo(const QDBusMessage& request);
-    void tellChanges();
+    void signalChanges();
     void sendSignal(const char* name, const nlohmann::json& content);
 
     AppController& m_controller;
@@ -46,10 +46,10 @@ private:
     QDBusConnection m_bus;
     ErrorBoundary::Log m_log;
     Publisher::ObserverID m_observer;
-    // What was last told.
+    // The last values signaled.
     Phase m_phase;
     std::optional<PublishedState::LastRestore> m_lastRestore;
-    // Expires with the service, so that an outcome that comes later finds nobody.
+    // Expires with the service, so that later outcomes are ignored.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

@@ -1,4 +1,4 @@
-// Every desk that has a saved layout, as it goes over the session bus.
+// Every desk with a saved layout, as sent over the session bus.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -19,11 +19,11 @@ struct DeskMessage {
 
     bool operator==(const DeskMessage&) const = default;
 
-    // The active layout, else the first; null without any.
+    // The active layout, else the first; null if there are none.
     [[nodiscard]] const Layout* shownLayout() const;
 };
 
-// The present desk first, then by name.
+// The current desk first, then by name.
 struct DesksMessage {
     std::vector<DeskMessage> desks;
 

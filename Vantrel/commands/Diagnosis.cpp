@@ -27,8 +27,7 @@ constexpr const char* windowManagerArea = "window manager";
 void examineFolder(const Doctor::Patient& patient, const std::filesystem::path& folder, Lines& lines) {
     const auto entries = patient.files.list(folder);
     if (!entries && entries.error() == std::errc::no_such_file_or_directory) {
-        lines.push_back(
-            {foldersArea, true, fmt::format("{} will be made when it is needed", folder.string())});
+        lines.push_back({foldersArea, true, fmt::format("{} will be created when needed", folder.string())});
         return;
     }
     if (!entries) {
@@ -78,7 +77,7 @@ void examineStores(const Doctor::Patient& patient, Lines& lines) {
                      fmt::format("{} of {} stores are sound", sound, present.size())});
     for (const auto& finding : *findings) {
         if (finding.isCopy()) {
-            // A copy is bad news only where nothing has taken the file's place.
+            // A copy is a problem only if the original file is missing.
             lines.push_back(describeCopy(patient, finding, present.contains(finding.original)));
         }
     }
@@ -93,7 +92,7 @@ void examineFile(const Doctor::Patient& patient, const std::filesystem::path& fi
         {filesArea, false, fmt::format("{} cannot be read ({})", file.string(), content.error().message())});
 }
 
-// Copies of files that are no stores are only named.
+// Copies of files other than stores are only listed.
 void nameOtherCopies(const Doctor::Patient& patient, const std::filesystem::path& file, Lines& lines) {
     for (const auto& entry : patient.files.list(file.parent_path()).value_or(std::vector<FileEntry>())) {
         if (SetAside::original(entry.file) == file) {
@@ -104,13 +103,13 @@ void nameOtherCopies(const Doctor::Patient& patient, const std::filesystem::path
     }
 }
 
-// What the running program met with.
+// Incidents reported by the running program.
 void addIncidents(const StatusMessage& status, Lines& lines) {
     for (const auto& incident : status.fileIncidents) {
         lines.push_back({filesArea, !incident.isTrouble, incident.text});
     }
     if (status.learningFailed) {
-        lines.push_back({filesArea, false, "The present desk could not be remembered when last tried."});
+        lines.push_back({filesArea, false, "The last attempt to save the current desk failed."});
     }
 }
 
@@ -119,11 +118,11 @@ void examineProgram(const Doctor::Patient& patient, Lines& lines) {
         lines.push_back({busArea, false, patient.status.error()});
         return;
     }
-    lines.push_back({busArea, true, fmt::format("vantrel {} answers", patient.status->version)});
+    lines.push_back({busArea, true, fmt::format("vantrel {} responds", patient.status->version)});
     const bool hasPermission = patient.status->phase.name != "needsPermission";
-    lines.push_back({windowManagerArea, hasPermission,
-                     hasPermission ? "windows can be moved"
-                                   : "no window manager is running that moves windows on request"});
+    lines.push_back(
+        {windowManagerArea, hasPermission,
+         hasPermission ? "windows can be moved" : "no window manager that can move windows is running"});
 }
 
 } // namespace

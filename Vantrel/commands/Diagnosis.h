@@ -1,4 +1,4 @@
-// What "vantrelctl doctor" finds: one line for everything it looked at.
+// The findings of "vantrelctl doctor": one line for each check.
 #pragma once
 
 #include "Vantrel/commands/StatusMessage.h"
@@ -21,7 +21,7 @@ struct Diagnosis {
         bool isSound = true;
         // For people.
         std::string text;
-        // What to type; absent where nothing needs to be done or no command helps.
+        // The command to run; absent when nothing needs to be done or no command helps.
         std::optional<std::string> command{};
 
         bool operator==(const Line&) const = default;
@@ -40,16 +40,16 @@ struct Patient {
     FileSystem& files;
     std::filesystem::path supportDirectory;
     std::filesystem::path settingsFile;
-    // The running program's status, or why there is none.
+    // The running program's status, or the reason why it is unavailable.
     std::expected<StatusMessage, std::string> status;
-    // A date as the user writes it.
+    // Formats a date for the user.
     std::function<std::string(Date)> localDate;
 };
 
-// Writes and removes a small file in each folder, and changes nothing else.
+// Writes and removes a small file in each folder; changes nothing else.
 [[nodiscard]] Diagnosis examine(const Patient& patient);
 
-// As it is printed.
+// The printed text.
 [[nodiscard]] std::string text(const Diagnosis& diagnosis);
 
 } // namespace Doctor

@@ -14,10 +14,11 @@ void tellNothingHappened(const Intents::Done& done, std::string message) {
 }
 
 std::string windows(std::int64_t count) {
-    return count == 0 ? "No window" : countedNoun(count, "window");
+    return count == 0 ? "No windows" : countedNoun(count, "window");
 }
 
-// Tells what a restore did once it has ended. `refusal` is said when it did not begin.
+// Reports the result of a restore once it has ended. If it did not begin, the message is `refusal`, or the
+// outcome's text if that is empty.
 RestoreOutcome::Done told(const Intents::Done& done, std::function<std::string(std::int64_t)> success,
                           std::string refusal) {
     return [done, success = std::move(success), refusal = std::move(refusal)](const RestoreOutcome& outcome) {
@@ -61,7 +62,7 @@ void Intents::applyScene(const std::string& sceneID, const Done& done) {
             tellNothingHappened(done, "That scene no longer exists.");
             return;
         }
-        // A copy, because applying it changes the published scenes.
+        // A copy, because applying the scene changes the published scenes.
         running->applyScene(
             Scene(*scene), "Shortcuts",
             told(

@@ -1,5 +1,6 @@
-// The actions that the desktop offers its user (on macOS the Shortcuts application, on Linux anything on the
-// session bus): titles, parameters, results and messages. A desktop's own provider is a thin shell over this.
+// The actions that the desktop offers its user (the Shortcuts application on macOS, anything on the session
+// bus on Linux): titles, parameters, results and messages. Each desktop's provider is a thin wrapper around
+// this.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
@@ -14,7 +15,7 @@
 
 namespace vantrel {
 
-// A scene as the value of a parameter.
+// A scene as a parameter value.
 struct SceneEntity {
     std::string id;
     std::string name;
@@ -26,7 +27,7 @@ struct VantrelIntentError {
     enum class Kind : std::uint8_t { nothingHappened, notRunning };
 
     Kind kind = Kind::nothingHappened;
-    // Shown to the user as it is.
+    // Shown to the user unchanged.
     std::string message;
 
     bool operator==(const VantrelIntentError&) const = default;
@@ -35,17 +36,17 @@ struct VantrelIntentError {
 struct IntentDescription {
     std::string_view identifier;
     std::string_view title;
-    // Empty for an action without one.
+    // Empty for an action without a parameter.
     std::string_view parameter;
-    // What a user says to have it done; the application's name stands for "%1". Empty: offered without words.
+    // The phrase a user says to run it; "%1" stands for the application's name. Empty means no phrase.
     std::string_view phrase;
-    // Of Apple's symbol set.
+    // From Apple's symbol set.
     std::string_view symbol;
 };
 
 class Intents {
 public:
-    // What the user is told when it is done.
+    // The message shown to the user on success.
     using Result = std::expected<std::string, VantrelIntentError>;
     using Done = std::function<void(const Result&)>;
 
@@ -60,23 +61,23 @@ public:
          "arrow.uturn.left"},
     }};
 
-    // `shared` gives the running controller, null when there is none. Everything is used on the main thread.
+    // `shared` returns the running controller, null when there is none. Use on the main thread only.
     explicit Intents(std::function<AppController*()> shared) : m_shared(std::move(shared)) {}
 
-    // Each tells `done` once, when it has ended: what happened, or why nothing did.
+    // Each calls `done` once, when it has ended, with what happened or why nothing did.
     void restoreNow(const Done& done);
     void applyScene(const std::string& sceneID, const Done& done);
     void saveScene(const std::string& name, const Done& done);
     void stash(const Done& done);
     void undoLastRestore(const Done& done);
 
-    // The scenes that the parameter of Apply Scene is chosen from; none while nothing runs.
+    // The choices for the scene parameter of Apply Scene; empty while nothing is running.
     [[nodiscard]] std::vector<SceneEntity> scenes() const;
-    // Those of them that exist, in the order asked for.
+    // The existing scenes among these IDs, in the order given.
     [[nodiscard]] std::vector<SceneEntity> scenes(const std::vector<std::string>& ids) const;
 
 private:
-    // Null after `done` was told that nothing runs.
+    // Returns null after telling `done` that Vantrel is not running.
     [[nodiscard]] AppController* controller(const Done& done) const;
 
     std::function<AppController*()> m_shared;

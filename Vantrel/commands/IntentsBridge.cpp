@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-// An action that waits for its answer.
+// An action that has not been answered yet.
 struct OpenAction {
     void* context = nullptr;
     VantrelIntentAnswer answer = nullptr;
@@ -27,7 +27,7 @@ struct OpenAction {
     }
 };
 
-// The program that runs, if any.
+// The running program, if any.
 struct Running {
     AppController* controller = nullptr;
     IntentsBridge::FocusFilterRan focusFilterRan;

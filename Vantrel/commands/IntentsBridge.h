@@ -1,4 +1,4 @@
-// What the C functions of VantrelIntents.h act on: the running program.
+// Connects the C functions of VantrelIntents.h to the running program.
 #pragma once
 
 #include "Vantrel/commands/Intents.h"
@@ -7,8 +7,8 @@
 
 namespace vantrel {
 
-// One at a time, on the main thread; the controller outlives it. Without one the functions say that Vantrel
-// is not running, and so does its end to actions that are still open.
+// At most one exists at a time, on the main thread; the controller outlives it. Without one, the functions
+// report that Vantrel is not running; its destructor reports the same to pending actions.
 class IntentsBridge {
 public:
     using FocusFilterRan = std::function<void(const std::optional<std::string>& name)>;

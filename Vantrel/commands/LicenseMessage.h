@@ -1,4 +1,4 @@
-// What the running program says of trial and licence, as it goes over the session bus.
+// The state of trial and license, as sent over the session bus.
 #pragma once
 
 #include "VantrelCore/model/Entitlement.h"
@@ -16,11 +16,11 @@ struct LicenseMessage {
     std::string state;
     // For people.
     std::string reason;
-    // With trial and trialOver.
+    // Only with trial and trialOver.
     std::optional<Date> trialEndsAt;
-    // With trial.
+    // Only with trial.
     std::optional<std::int64_t> trialDaysLeft;
-    // With licensed, and with a license that has expired or was not renewed.
+    // Only with licensed, and with a license that has expired or was not renewed.
     std::optional<std::string> id;
     std::optional<std::string> plan;
     std::optional<std::string> holder;

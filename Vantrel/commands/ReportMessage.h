@@ -1,5 +1,4 @@
-// The report of a restore as it goes over the session bus: the counts, and of every saved window what became
-// of it.
+// The report of a restore, as sent over the session bus: the counts, and the outcome for every saved window.
 #pragma once
 
 #include "VantrelCore/windows/RestoreReport.h"
@@ -12,7 +11,7 @@ namespace vantrel {
 // "restored", "retried", "skipped" or "failed".
 [[nodiscard]] std::string_view outcomeName(RestoreReport::Kind kind);
 
-// The counts are for readers; only `elapsed` and `items` are read back.
+// The counts are informational; only `elapsed` and `items` are read back.
 void to_json(nlohmann::json& json, const RestoreReport& report);
 void from_json(const nlohmann::json& json, RestoreReport& report);
 

@@ -1,4 +1,4 @@
-// The scenes of every desk, as they go over the session bus.
+// The scenes of every desk, as sent over the session bus.
 #pragma once
 
 #include "Vantrel/controller/DriftNudgeInfo.h"
@@ -13,25 +13,25 @@ namespace vantrel {
 
 struct SceneMessage {
     Scene scene;
-    // Of the desk that the scene was saved on.
+    // The desk on which the scene was saved.
     std::string deskName;
     bool isCurrentDesk = false;
-    // On the present desk.
+    // On the current desk.
     bool isLastApplied = false;
 
     bool operator==(const SceneMessage&) const = default;
 };
 
 struct ScenesMessage {
-    // Those of the present desk first, then the other desks by name.
+    // The current desk's scenes first, then the other desks' by name.
     std::vector<SceneMessage> scenes;
-    // The windows have moved away from the scene last applied.
+    // Present when windows have moved away from the scene last applied.
     std::optional<DriftNudgeInfo> driftNudge;
 
     bool operator==(const ScenesMessage&) const = default;
 };
 
-// The keys of a scene in scenes.json, and deskName, isCurrentDesk and isLastApplied.
+// Contains the keys of a scene in scenes.json, and deskName, isCurrentDesk and isLastApplied.
 void to_json(nlohmann::json& json, const SceneMessage& message);
 void from_json(const nlohmann::json& json, SceneMessage& message);
 void to_json(nlohmann::json& json, const ScenesMessage& message);

@@ -1,4 +1,4 @@
-// The desks put aside, as they go over the session bus.
+// The stashed desks, as sent over the session bus.
 #pragma once
 
 #include "VantrelCore/model/Stash.h"
@@ -13,7 +13,7 @@ namespace vantrel {
 struct StashesMessage {
     // Newest first.
     std::vector<Stash> stashes;
-    // The id of the present desk's newest one.
+    // The ID of the current desk's newest stash.
     std::optional<std::string> activeStash;
 
     bool operator==(const StashesMessage&) const = default;

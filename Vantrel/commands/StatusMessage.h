@@ -1,4 +1,4 @@
-// What the running program says of itself, as it goes over the session bus.
+// The running program's status, as sent over the session bus.
 #pragma once
 
 #include "Vantrel/commands/LicenseMessage.h"
@@ -16,27 +16,27 @@ namespace vantrel {
 struct PhaseMessage {
     // "saved", "restoring", "restored", "off", "empty" or "needsPermission".
     std::string name;
-    // With saved, restoring and restored.
+    // Only with saved, restoring and restored.
     std::optional<std::int64_t> windows;
-    // With restored: how long it took.
+    // Only with restored: how long it took.
     std::optional<double> seconds;
-    // The same for people.
+    // A description for people.
     std::string text;
 
     bool operator==(const PhaseMessage&) const = default;
 };
 
 struct FileIncidentMessage {
-    // As FileIncidentText::name has it.
+    // As returned by FileIncidentText::name.
     std::string kind;
     std::string file;
-    // False when nothing is amiss any more.
+    // False once the problem is solved.
     bool isTrouble = true;
-    // Absent where nothing failed.
+    // Absent when nothing failed.
     std::optional<std::string> reason;
-    // Where the content is; absent where it is in the file itself.
+    // The file that has the content; absent when that is the original file.
     std::optional<std::string> copy;
-    // The same for people.
+    // A description for people.
     std::string text;
 
     bool operator==(const FileIncidentMessage&) const = default;
@@ -47,28 +47,28 @@ struct StatusMessage {
     PhaseMessage phase;
     // Learning and restoring are switched on.
     bool enabled = false;
-    // The present desk; empty texts while no display is awake.
+    // The current desk; empty strings while no display is awake.
     std::string configID;
     std::string configName;
     std::string activeLayoutName;
     bool activePinned = false;
-    // Why the pinned layout is left as the desk stands, and until when; absent while it is kept in place.
+    // Why and until when the pinned layout is not enforced; absent while it is enforced.
     std::optional<std::string> pinPause;
-    // Of the active layout; absent without one.
+    // For the active layout; absent if there is none.
     std::optional<std::int64_t> savedWindows;
     std::optional<Date> savedAt;
-    // The present desk's layouts.
+    // The current desk's layouts.
     std::vector<std::string> layoutNames;
     std::vector<DisplayInfo> displays;
     std::string supportDirectory;
     LicenseMessage license;
-    // The last attempt to remember the desk failed.
+    // The last attempt to save the desk failed.
     bool learningFailed = false;
-    // What is the matter with the program's files.
+    // Problems with the program's files.
     std::vector<FileIncidentMessage> fileIncidents;
     // The newer version on offer.
     std::optional<std::string> latestAvailable;
-    // Written and not sent; absent without any.
+    // The number of reports not sent yet; absent if none.
     std::optional<std::int64_t> crashReports;
 
     bool operator==(const StatusMessage&) const = default;

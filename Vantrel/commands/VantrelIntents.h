@@ -1,7 +1,7 @@
-// The actions for the Shortcuts application as C functions, for the Swift that declares them to the system.
+// The Shortcuts actions as C functions, for the Swift code that declares them to the system.
 //
-// Every function is called on the main thread. Texts are UTF-8 and live until the function that they were
-// given to returns.
+// Call every function on the main thread. Strings are UTF-8 and remain valid until the function that received
+// them returns.
 #pragma once
 
 #ifdef __cplusplus
@@ -15,7 +15,7 @@ typedef enum VantrelIntentOutcome {
 } VantrelIntentOutcome;
 
 // Called exactly once for each action, on the main thread, before the action's function returns or later.
-// `message` is for the user's eyes.
+// `message` can be shown to the user.
 typedef void (*VantrelIntentAnswer)(void* context, VantrelIntentOutcome outcome, const char* message);
 
 void vantrelRestoreNow(void* context, VantrelIntentAnswer answer);
@@ -24,11 +24,11 @@ void vantrelSaveScene(const char* name, void* context, VantrelIntentAnswer answe
 void vantrelStash(void* context, VantrelIntentAnswer answer);
 void vantrelUndoLastRestore(void* context, VantrelIntentAnswer answer);
 
-// Calls `visit` for every scene before it returns; for none while nothing runs.
+// Calls `visit` for every scene before returning; never while nothing is running.
 typedef void (*VantrelSceneVisitor)(void* context, const char* sceneID, const char* name);
 void vantrelVisitScenes(void* context, VantrelSceneVisitor visit);
 
-// The Focus filter ran with the name that the user has written there; null at the end of a Focus.
+// The Focus filter ran with the name that the user entered there; null at the end of a Focus.
 void vantrelFocusFilterRan(const char* name);
 
 #ifdef __cplusplus

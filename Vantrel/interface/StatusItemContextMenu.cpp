@@ -56,7 +56,7 @@ std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMis
          .troubles = troubles(state)});
 }
 
-bool isOnlySaid(const StatusItemMenuEntry& entry) {
+bool isInformational(const StatusItemMenuEntry& entry) {
     using Notice = StatusItem::Notice::Kind;
     return entry.kind == StatusItemMenuEntry::Kind::notice &&
            (entry.noticeEntry.kind == Notice::trialEnded || entry.noticeEntry.kind == Notice::filesInTrouble);
@@ -129,7 +129,7 @@ void StatusItemContextMenu::fill(QMenu& menu, const std::vector<StatusItemMenuEn
             menu.addSeparator();
         } else if (isOffered(entry)) {
             QAction* const action = menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry), tray));
-            action->setEnabled(!isOnlySaid(entry));
+            action->setEnabled(!isInformational(entry));
             QObject::connect(action, &QAction::triggered, [this, entry] { perform(entry); });
         }
     }

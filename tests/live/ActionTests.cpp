@@ -82,7 +82,7 @@ TEST_P(Actions, RestoreUndoAndStashSayWhatTheyDoOrWhyNot) {
     expectDone({"StashOrBringBack"}, "1 window brought back.");
     EXPECT_TRUE(comesTo(home));
     ASSERT_TRUE(tells({"stash", "list"}, "Nothing is stashed."));
-    EXPECT_THAT(desk.done({"stash", "toggle"}), testing::StartsWith("Put 1 window of "));
+    EXPECT_THAT(desk.done({"stash", "toggle"}), testing::StartsWith("Stashed 1 window of "));
     EXPECT_THAT(desk.done({"stash", "toggle"}), testing::StartsWith("Restored 1 of 1 window"));
 
     desk.done({"settings", "set", "enabled", "false"});

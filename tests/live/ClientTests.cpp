@@ -17,7 +17,7 @@ TEST(Client, SaysThatAStoppedProgramDoesNotAnswer) {
     const VantrelDesk desk("openbox");
     auto run = desk.startVantrel();
     ASSERT_EQ(kill(run.process().pid(), SIGSTOP), 0);
-    EXPECT_THAT(desk.refused({"status"}), HasSubstr("vantrel runs but does not answer"));
+    EXPECT_THAT(desk.refused({"status"}), HasSubstr("vantrel is running but does not reply"));
     ASSERT_EQ(kill(run.process().pid(), SIGCONT), 0);
     EXPECT_THAT(desk.done({"status"}), HasSubstr("state"));
 }
@@ -62,7 +62,7 @@ TEST(Client, WaitsAsLongAsTheProgramShowsThatItIsAlive) {
         QCoreApplication::processEvents();
         return !restore.process().isRunning();
     }));
-    EXPECT_THAT(restore.output(), HasSubstr("The saved layout holds no windows."));
+    EXPECT_THAT(restore.output(), HasSubstr("The saved layout contains no windows."));
     EXPECT_EQ(program.pings(), 2);
 }
 

@@ -36,7 +36,7 @@ TEST_P(GoingBack, ADeskPutAsideComesBackAndThatCanBeUndone) {
     EXPECT_THAT(desk.refused({"stash", "back"}), HasSubstr("Nothing is stashed on this desk."));
     EXPECT_THAT(desk.refused({"undo"}), HasSubstr("There is nothing to undo."));
     const auto aside = drag({100, 120}, {1500, 200});
-    EXPECT_THAT(desk.done({"stash", "now"}), HasSubstr("Put 2 windows of "));
+    EXPECT_THAT(desk.done({"stash", "now"}), HasSubstr("Stashed 2 windows of "));
     EXPECT_EQ(frames(), aside);
     EXPECT_THAT(desk.done({"stash", "list"}),
                 AllOf(HasSubstr("* "), HasSubstr("  2 windows"), HasSubstr("kept until")));

@@ -22,9 +22,10 @@ void setPinned(AppController& controller, bool isPinned, const ControlReply& rep
                              {"pinned", state.activePinned}});
         return;
     }
-    reply(std::unexpected(ControlRefusal{ControlNames::refused, state.activeLayout() == nullptr
-                                                                    ? "No layout is saved for this desk yet."
-                                                                    : "The layout could not be written."}));
+    reply(std::unexpected(ControlRefusal{
+        ControlNames::refused, state.activeLayout() == nullptr
+                                   ? "No layout is saved for this desk yet."
+                                   : "The layout could not be written to disk. Nothing was changed."}));
 }
 
 void rename(AppController& controller, const std::string& name, const ControlReply& reply) {

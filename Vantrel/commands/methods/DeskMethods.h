@@ -1,5 +1,5 @@
-// The methods about the present desk and its active layout: Status, Desks, Save, Restore, History, Pin, Unpin
-// and LogPath.
+// The methods for the current desk and its active layout: Status, Desks, Save, Restore, History, Pin, Unpin,
+// RenameDesk, Ping and LogPath.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

@@ -1,4 +1,4 @@
-// The bus methods about the program's own files.
+// The method for the program's own files: PutBackFile.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

@@ -46,7 +46,7 @@ nlohmann::json everyHotKey(const AppController& controller) {
     return {{"hotKeys", std::move(list)}};
 }
 
-// A fixed command by its name, or a scene of this desk by its name.
+// Finds a fixed command or a scene by name.
 std::optional<HotKeySurface> surface(const AppController& controller, const std::string& name) {
     for (const auto& [kind, fixed] : fixedNames) {
         if (name == fixed) {
@@ -68,12 +68,13 @@ void change(AppController& controller, const std::string& name, std::optional<Ho
     };
     const auto found = surface(controller, name);
     if (!found) {
-        refuse("There is no command or scene \"" + name + "\". Commands are restore, save, stash and undo.");
+        refuse("There is no command or scene \"" + name +
+               "\". The commands are restore, save, stash and undo.");
         return;
     }
     if (combo && !found->isAvailable()) {
         refuse(std::string(HotKeyRecording::commandLabel(found->kind)) +
-               " is not available yet; nothing was changed.");
+               " is not available yet. Nothing was changed.");
         return;
     }
     if (const auto changed = controller.setHotkey(*found, combo); !changed) {

@@ -1,4 +1,4 @@
-// The methods about keyboard shortcuts: HotKeys, SetHotKey and ClearHotKey.
+// The methods for keyboard shortcuts: HotKeys, SetHotKey and ClearHotKey.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

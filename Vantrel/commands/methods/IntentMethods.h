@@ -1,5 +1,5 @@
-// The desktop's actions on the session bus, an interface of their own: RestoreNow, ApplyScene, SaveScene,
-// StashOrBringBack, UndoLastRestore, and Scenes for choosing.
+// The desktop's actions, a separate interface on the session bus: RestoreNow, ApplyScene, SaveScene,
+// StashOrBringBack, UndoLastRestore, and Scenes for choosing one.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

@@ -24,7 +24,7 @@ void layouts(AppController& controller, const ControlReply& reply) {
     reply(isAny ? ControlAnswer(message.desks.front()) : refused("No display is awake."));
 }
 
-// A desk is named by its identity or by its name; by nothing, the present one is meant.
+// `desk` is an ID or a name; empty means the current desk.
 void apply(AppController& controller, const std::string& desk, const std::string& name,
            const ControlReply& reply) {
     const auto all = controller.allLayouts();
@@ -44,7 +44,7 @@ void apply(AppController& controller, const std::string& desk, const std::string
     }
 }
 
-// `name` is the layout's after the change.
+// `name` is the layout's name after the change.
 void tellChange(AppController& controller, LayoutChange change, const std::string& name,
                 const ControlReply& reply) {
     const auto& state = controller.published();

@@ -1,4 +1,4 @@
-// The methods about the named layouts of the present desk: Layouts, SwitchLayout, ApplyLayout, SaveLayoutAs,
+// The methods for the current desk's named layouts: Layouts, SwitchLayout, ApplyLayout, SaveLayoutAs,
 // RenameLayout and DeleteLayout.
 #pragma once
 

@@ -13,7 +13,7 @@ ControlAnswer present(AppController& controller) {
     return nlohmann::json(LicenseMessage::of(controller.license().entitlement()));
 }
 
-// Answers with the licence as it then is.
+// Replies with the license as it is after the change.
 LicenseGate::Done answering(AppController& controller, const ControlReply& reply) {
     return [&controller, reply](const std::expected<void, std::string>& result) {
         reply(result ? present(controller)

@@ -1,4 +1,4 @@
-// The methods about trial and licence: License, ActivateLicense and DeactivateLicense.
+// The methods for trial and license: License, ActivateLicense and DeactivateLicense.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

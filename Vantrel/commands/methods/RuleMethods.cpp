@@ -20,11 +20,11 @@ ControlAnswer unknownApp(AppController& controller, const std::string& called) {
     for (const auto& app : controller.rules().knownApps()) {
         known += fmt::format("{}{} ({})", known.empty() ? "" : ", ", app.appName, app.bundleID);
     }
-    return refusal(fmt::format("No application \"{}\" is known.{}", called,
-                               known.empty() ? "" : " Known are: " + known + "."));
+    return refusal(fmt::format("There is no known application \"{}\".{}", called,
+                               known.empty() ? "" : " Known applications: " + known + "."));
 }
 
-// Finds the display the user means among those connected and remembered.
+// Finds a display among connected and remembered ones.
 std::expected<DisplayInfo, std::string> display(AppController& controller, const std::string& called) {
     std::vector<std::vector<DisplayInfo>> desks{controller.published().displays};
     for (const Layout& layout : controller.allLayouts()) {
@@ -36,7 +36,7 @@ std::expected<DisplayInfo, std::string> display(AppController& controller, const
     return DisplayLabels::resolve(called, desks);
 }
 
-// A display that is connected goes by the label it has now.
+// Connected displays are shown with their current labels.
 std::vector<AppRule> rules(AppController& controller) {
     const auto labels = DisplayLabels::of(controller.published().displays);
     auto rules = controller.rules().rules();
@@ -49,8 +49,8 @@ std::vector<AppRule> rules(AppController& controller) {
     return rules;
 }
 
-// `action` is "ignore", "display" or "none"; `displayName` counts for the second alone. An empty identity is
-// that of no display, so such a rule moves nothing and only carries `restoreLast`.
+// `action` is "ignore", "display" or "none"; `displayName` matters only for "display". An empty ID matches no
+// display, so such a rule moves nothing and only carries `restoreLast`.
 ControlAnswer setRule(AppController& controller, const Arguments& arguments) {
     const auto app = controller.rules().app(arguments[0]);
     if (!app) {
@@ -67,15 +67,15 @@ ControlAnswer setRule(AppController& controller, const Arguments& arguments) {
         rule.action = AppRule::ForceDisplay{};
     } else if (arguments[1] != "ignore") {
         return refusal(
-            fmt::format("A rule is \"ignore\", \"display\" or \"none\", not \"{}\".", arguments[1]));
+            fmt::format("The action must be \"ignore\", \"display\" or \"none\", not \"{}\".", arguments[1]));
     }
     if (arguments[3] == "true") {
         rule.restoreLast = true;
     } else if (arguments[3] != "false") {
-        return refusal("Whether it is restored last is \"true\" or \"false\".");
+        return refusal("The argument restoreLast must be \"true\" or \"false\".");
     }
     if (arguments[1] == "none" && !rule.restoreLast) {
-        return refusal("That rule would say nothing. Take one away with: vantrelctl rules remove");
+        return refusal("That rule would do nothing. To remove a rule: vantrelctl rules remove");
     }
     if (const auto result = controller.rules().setRule(rule); !result) {
         return refusal(text(result.error()));

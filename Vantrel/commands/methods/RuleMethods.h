@@ -1,4 +1,4 @@
-// The methods about the rules per application: Rules, SetRule and RemoveRule.
+// The methods for per-application rules: Rules, SetRule and RemoveRule.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

@@ -49,7 +49,7 @@ ScenesMessage scenes(AppController& controller) {
     return result;
 }
 
-// By its name without regard to case, or by its identifier.
+// Finds a scene by name or ID, ignoring case.
 std::expected<Scene, ControlRefusal> sceneCalled(AppController& controller, const std::string& called) {
     const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
     const auto& all = controller.published().scenes;
@@ -61,7 +61,7 @@ std::expected<Scene, ControlRefusal> sceneCalled(AppController& controller, cons
     }
     return std::unexpected(
         ControlRefusal{ControlNames::refused,
-                       all.empty() ? "There is no scene yet. Save one with: vantrelctl save-scene NAME"
+                       all.empty() ? "There are no scenes yet. Save one with: vantrelctl save-scene NAME"
                                    : fmt::format("There is no scene \"{}\".", called)});
 }
 
@@ -92,8 +92,8 @@ ControlAnswer deleted(AppController& controller, const Scene& scene) {
                             : edited(controller, controller.scenes().deleteScene(scene.id));
 }
 
-// The pictures of one display, as DisplayLabels::resolve() takes it, or of all of them; an empty path takes
-// them away.
+// Sets the wallpaper of one display, as DisplayLabels::resolve() finds it, or of all displays when `display`
+// is empty. An empty path removes it.
 ControlAnswer withWallpaper(AppController& controller, const Scene& scene, const std::string& display,
                             const std::string& path) {
     SceneWallpaper wallpaper = scene.wallpaper.value_or(SceneWallpaper{});
@@ -186,7 +186,7 @@ std::vector<ControlMethod> sceneMethods(AppController& controller) {
              return arguments[1] == "true" || arguments[1] == "false"
                         ? edited(controller,
                                  controller.scenes().setOpensMissingApps(arguments[1] == "true", scene.id))
-                        : refused("It is \"true\" or \"false\".");
+                        : refused("The argument opens must be \"true\" or \"false\".");
          })},
         {"SetSceneWallpaper",
          {"scene", "display", "path"},
@@ -208,7 +208,7 @@ std::vector<ControlMethod> sceneMethods(AppController& controller) {
              if (controller.published().driftNudge) {
                  controller.reapplyDriftScene(ControlAnswers::restoreReply(reply));
              } else {
-                 reply(refused("The windows have not moved away from a scene."));
+                 reply(refused("No windows have moved away from a scene."));
              }
          }},
     };

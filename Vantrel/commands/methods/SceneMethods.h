@@ -1,4 +1,4 @@
-// The methods about scenes: what is stored, saving, changing, deleting and applying them, and the drift from
+// The methods for scenes: listing, saving, changing, deleting and applying them, and handling the drift from
 // the scene last applied.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The methods about the settings: Settings, SetSetting and UnsetSetting.
+// The methods for settings: Settings, SetSetting and UnsetSetting.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

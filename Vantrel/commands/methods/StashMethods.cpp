@@ -29,7 +29,7 @@ std::function<void(const StashFlow::Result&)> stashReply(const ControlReply& rep
     };
 }
 
-// By the beginning of its id when that is clear; by nothing, the present desk's newest stash is meant.
+// `wanted` is an unambiguous prefix of the ID; empty means the current desk's newest stash.
 void bringBack(AppController& controller, const std::string& wanted, const ControlReply& reply) {
     const auto& state = controller.published();
     if (wanted.empty()) {
@@ -43,7 +43,7 @@ void bringBack(AppController& controller, const std::string& wanted, const Contr
     const auto isMeant = [&](const Stash& stash) { return stash.id.starts_with(wanted); };
     const auto found = std::ranges::find_if(state.stashes, isMeant);
     if (std::ranges::count_if(state.stashes, isMeant) > 1) {
-        refuse(reply, "More than one stash begins with \"" + wanted + "\".");
+        refuse(reply, "More than one stash ID begins with \"" + wanted + "\".");
         return;
     }
     controller.stashes().bringBack(found == state.stashes.end() ? wanted : found->id,

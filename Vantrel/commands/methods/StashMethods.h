@@ -1,4 +1,4 @@
-// The methods about going back: Stashes, Stash, BringBack and Undo.
+// The methods for stashes and undo: Stashes, Stash, ToggleStash, BringBack and Undo.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

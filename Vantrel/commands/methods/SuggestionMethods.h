@@ -1,4 +1,4 @@
-// The methods about the suggestion to save a recurring arrangement: Suggestion, SnoozeSuggestions,
+// The methods for the suggestion to save a recurring arrangement: Suggestion, SnoozeSuggestions,
 // StopSuggestions and ResumeSuggestions.
 #pragma once
 

@@ -15,7 +15,7 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-// A trigger's identifier may be cut off after so many characters.
+// The shortest accepted prefix of a trigger's ID, in characters.
 constexpr std::size_t shortestBeginning = 4;
 
 ControlAnswer refusal(std::string sentence) {
@@ -40,7 +40,7 @@ nlohmann::json describe(const std::vector<SceneTrigger>& triggers, const Publish
     return {{"triggers", all}, {"calendarAccessNeeded", state.calendarAccessNeeded}};
 }
 
-// By its number in the list, its identifier, or a beginning of that which no other one has.
+// Finds a trigger by its number in the list, its ID, or an unambiguous prefix of the ID.
 std::optional<SceneTrigger> triggerCalled(const std::string& called, const PublishedState& state) {
     std::size_t number = 0;
     const auto [end, error] = std::from_chars(called.data(), called.data() + called.size(), number);
@@ -70,18 +70,18 @@ std::expected<SceneTrigger::Kind, std::string> kindOf(const std::string& kind, c
         return SceneTrigger::FocusMode{name.empty() ? FocusReader::unnamed : name};
     }
     if (kind != "schedule") {
-        return std::unexpected(
-            fmt::format("A trigger is \"schedule\", \"calendar\" or \"focus\", not \"{}\".", kind));
+        return std::unexpected(fmt::format(
+            "The trigger kind must be \"schedule\", \"calendar\" or \"focus\", not \"{}\".", kind));
     }
     const auto time = SceneTriggerFormatting::scheduleOf(detail);
     if (!time) {
         return std::unexpected(
-            fmt::format("\"{}\" is no time of day. Write it like 9:30, 21:30 or \"9:30 PM\".", detail));
+            fmt::format("\"{}\" is not a valid time. Use a format like 9:30, 21:30 or \"9:30 PM\".", detail));
     }
     return *time;
 }
 
-// `names` is a JSON array of names and identifiers of scenes.
+// `names` is a JSON array of scene names and IDs.
 std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string& names,
                                                               const PublishedState& state) {
     const auto list = nlohmann::json::parse(names, nullptr, false);
@@ -90,7 +90,7 @@ std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string&
     }
     std::vector<std::string> ids;
     for (const auto& each : list) {
-        // Not printed: it may be nested deeper than printing it has room for.
+        // The element is not printed: it may be nested too deeply for that.
         if (!each.is_string()) {
             return std::unexpected("The scenes must be a JSON array of strings.");
         }
@@ -102,7 +102,7 @@ std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string&
         if (found == state.scenes.end()) {
             return std::unexpected(
                 state.scenes.empty()
-                    ? std::string("There is no scene yet. Save one with: vantrelctl save-scene NAME")
+                    ? std::string("There are no scenes yet. Save one with: vantrelctl save-scene NAME")
                     : fmt::format("There is no scene \"{}\". See: vantrelctl scenes", called));
         }
         ids.push_back(found->id);

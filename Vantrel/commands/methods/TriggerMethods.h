@@ -1,5 +1,5 @@
-// The methods about what applies scenes by itself: Triggers, AddTrigger, EnableTrigger, DisableTrigger and
-// DeleteTrigger.
+// The methods for triggers, which apply scenes automatically: Triggers, AddTrigger, EnableTrigger,
+// DisableTrigger and DeleteTrigger.
 #pragma once
 
 #include "Vantrel/commands/ControlMethod.h"

@@ -1,5 +1,5 @@
-// A program's command line as a value: its verbs, what is said about them, and their options. What completion
-// and manual page are made of.
+// A program's command line as a value: verbs, descriptions and options. Completion scripts and the manual
+// page are generated from it.
 #pragma once
 
 #include <string>
@@ -12,10 +12,10 @@ class App;
 namespace vantrel {
 
 struct OptionShape {
-    // With their dashes, the short ones first; a positional argument has the one name it is shown by.
+    // With dashes, short names first. A positional argument has one name, the one displayed.
     std::vector<std::string> names;
     std::string description;
-    // The name of its value, empty for a flag.
+    // The name of its value; empty for a flag.
     std::string value;
     bool isPositional = false;
 

@@ -9,7 +9,7 @@ namespace vantrel::Completion {
 
 namespace {
 
-// In single quotes, which are the same in the three shells.
+// Single quotes work the same in all three shells.
 std::string quoted(const std::string& text) {
     std::string result = "'";
     for (const char c : text) {
@@ -18,7 +18,7 @@ std::string quoted(const std::string& text) {
     return result + "'";
 }
 
-// Calls `visit` for every command with the words typed to reach it, the program's name left out.
+// Calls `visit` for every command with the words typed to reach it, without the program's name.
 void visitAll(const CommandShape& command, const std::vector<std::string>& path,
               const std::function<void(const CommandShape&, const std::vector<std::string>&)>& visit) {
     visit(command, path);
@@ -42,7 +42,7 @@ std::vector<std::string> words(const CommandShape& command) {
     return result;
 }
 
-// Whether the option takes a display's label, as the verb "displays" lists it.
+// Whether the option takes a display label, as listed by the verb "displays".
 bool isDisplay(const OptionShape& option) {
     return std::ranges::find(option.names, "--display") != option.names.end();
 }
@@ -55,7 +55,7 @@ std::string bash(const CommandShape& program) {
         cases += fmt::format("        {}) words={} ;;\n", quoted(fmt::format("{}", fmt::join(path, " "))),
                              quoted(fmt::format("{}", fmt::join(words(command), " "))));
     });
-    // The words before the cursor that are no options name the command; words that are no verbs are
+    // Words before the cursor that are not options select the command; words that are not verbs are
     // arguments.
     return fmt::format(R"(# bash completion for {0}
 _{0}() {{

@@ -1,4 +1,4 @@
-// Completion of a command line in the user's shell: verbs and options, level by level.
+// Generates completion scripts for the user's shell, covering verbs and options at every level.
 #pragma once
 
 #include "Vantrel/commands/shell/CommandShape.h"
@@ -7,7 +7,7 @@
 
 namespace vantrel::Completion {
 
-// Each is a script that the shell reads. `program` is the outermost command.
+// Each returns a script for the shell to read. `program` is the top-level command.
 [[nodiscard]] std::string bash(const CommandShape& program);
 [[nodiscard]] std::string zsh(const CommandShape& program);
 [[nodiscard]] std::string fish(const CommandShape& program);

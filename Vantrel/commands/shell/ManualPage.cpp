@@ -10,7 +10,7 @@ namespace vantrel::ManualPage {
 
 namespace {
 
-// A backslash and a dash mean something to roff, as do a dot and an apostrophe at the start of a line.
+// Backslashes and dashes are special in roff, as are dots and apostrophes at the start of a line.
 std::string escaped(const std::string& text) {
     std::string result = text.starts_with('.') || text.starts_with('\'') ? "\\&" : "";
     for (const char c : text) {
@@ -45,7 +45,7 @@ void addCommands(std::string& text, const CommandShape& command, const std::stri
         const auto name = path.empty() ? below.name : path + " " + below.name;
         text += fmt::format(".SS {}\n{}.\n", escaped(name), escaped(below.description));
         for (const auto& each : below.options) {
-            // Every command has it.
+            // Every command has --help.
             if (std::ranges::find(each.names, "--help") == each.names.end()) {
                 text += option(each);
             }

@@ -1,4 +1,4 @@
-// A program's manual page in the form that man(7) describes.
+// Generates a program's manual page in man(7) format.
 #pragma once
 
 #include "Vantrel/commands/shell/CommandShape.h"
@@ -9,17 +9,17 @@
 
 namespace vantrel::ManualPage {
 
-// What a page says beside the commands.
+// The parts of a page other than the commands.
 struct Frame {
     std::string version;
-    // One line without a full stop: "what it is".
+    // One line without a period: "what it is".
     std::string purpose;
     std::string description;
-    // Name and meaning, in the order shown.
+    // Name and meaning, in display order.
     std::vector<std::pair<std::string, std::string>> exitCodes;
     std::vector<std::pair<std::string, std::string>> files;
     std::vector<std::pair<std::string, std::string>> examples;
-    // Of section 1.
+    // Page names in section 1.
     std::vector<std::string> seeAlso;
 };
 

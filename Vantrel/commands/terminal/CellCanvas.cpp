@@ -62,7 +62,7 @@ void CellCanvas::put(int column, int row, std::string_view character, int width)
         column + width - 1 > m_clip.right) {
         return;
     }
-    // Half of a wide character that is covered leaves a blank for its other half.
+    // When half of a wide character is overwritten, its other half becomes blank.
     if (cell(column, row).empty() && column > 0) {
         cell(column - 1, row) = " ";
     }

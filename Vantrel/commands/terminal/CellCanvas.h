@@ -1,4 +1,4 @@
-// A rectangle of terminal cells to draw boxes and texts on; later drawing covers earlier drawing.
+// A grid of terminal cells on which boxes and text are drawn; later drawing covers earlier drawing.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace vantrel {
 
-// The characters of a drawing.
+// The characters of a box.
 struct BoxStyle {
     std::string_view horizontal;
     std::string_view vertical;
@@ -17,7 +17,7 @@ struct BoxStyle {
     std::string_view bottomRight;
 };
 
-// In cells, the right and bottom edges belong to it.
+// In cells; right and bottom are inclusive.
 struct CellRect {
     int left = 0;
     int top = 0;
@@ -31,18 +31,18 @@ struct CellRect {
 
 [[nodiscard]] CellRect intersection(const CellRect& a, const CellRect& b);
 
-// What lies outside of the canvas or of the clip is not drawn.
+// Drawing outside the canvas or the clip is ignored.
 class CellCanvas {
 public:
     CellCanvas(int columns, int rows);
 
     void setClip(const CellRect& clip);
-    // The border in `style`, the inside blank.
+    // Draws the border in `style` and blanks the inside.
     void box(const CellRect& rect, const BoxStyle& style);
-    // Cut to `columns` cells, with `ellipsis` where something is left out.
+    // Cuts the text to `columns` cells, with `ellipsis` if something is left out.
     void text(int column, int row, std::string_view text, int columns, std::string_view ellipsis);
 
-    // The rows, each ended by a newline and without blanks at its end.
+    // The rows, each ending with a newline, without trailing blanks.
     [[nodiscard]] std::string rows() const;
 
 private:
@@ -52,7 +52,7 @@ private:
     int m_columns;
     int m_rows;
     CellRect m_clip;
-    // An empty text is the right half of a wide character.
+    // An empty string marks the right half of a wide character.
     std::vector<std::string> m_cells;
 };
 

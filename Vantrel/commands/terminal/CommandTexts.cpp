@@ -30,7 +30,7 @@ std::string_view separator(const DeskDrawing::Options& options) {
     return options.characters == DeskDrawing::Characters::ascii ? ", " : " · ";
 }
 
-// Windows that did not go back are what the reader looks for.
+// Windows that were not restored come first: they are what the reader looks for.
 int rank(RestoreReport::Kind kind) {
     switch (kind) {
     case RestoreReport::Kind::failed:
@@ -73,7 +73,7 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
     };
     line("state", status.phase.text);
     if (status.learningFailed) {
-        line("learning", "could not be saved; it is tried again while the windows stand differently");
+        line("learning", "could not be saved; will retry while the windows differ from the saved layout");
     }
     if (status.configID.empty()) {
         line("desk", "no display is awake");
@@ -103,7 +103,7 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
         text += (incident.isTrouble ? "! " : "") + incident.text + '\n';
     }
     if (!status.fileIncidents.empty()) {
-        text += "More about this: vantrelctl doctor\n";
+        text += "For details: vantrelctl doctor\n";
     }
     if (status.crashReports) {
         line("crashes", counted(*status.crashReports, "report") + " not sent");
@@ -116,7 +116,7 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
 
 std::string report(const RestoreReport& report, const DeskDrawing::Options& options) {
     if (report.items.empty()) {
-        return "The saved layout holds no windows.\n";
+        return "The saved layout contains no windows.\n";
     }
     const auto retried = std::ranges::count(report.items, RestoreReport::Kind::retried,
                                             [](const auto& item) { return item.outcome.kind; });

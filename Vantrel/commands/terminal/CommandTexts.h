@@ -1,4 +1,4 @@
-// What vantrelctl prints for people: status, report, desks, layouts and stashes as lines no wider than the
+// The text that vantrelctl prints: status, report, desks, layouts and stashes, as lines no wider than the
 // terminal.
 #pragma once
 
@@ -13,23 +13,23 @@
 
 namespace vantrel::CommandTexts {
 
-// A date as the user's wall clock shows it.
+// Formats a date in local time.
 using DateText = std::function<std::string(Date)>;
 
 [[nodiscard]] std::string status(const StatusMessage& status, const DeskDrawing::Options& options,
                                  const DateText& dateText);
 
-// The counts in a sentence, then a line for every window, those that did not go back first.
+// The counts in a sentence, then a line for every window, those that were not restored first.
 [[nodiscard]] std::string report(const RestoreReport& report, const DeskDrawing::Options& options);
 
 [[nodiscard]] std::string desks(const DesksMessage& message, const DeskDrawing::Options& options,
                                 const DateText& dateText);
 
-// A line for every layout of the desk, with a star at the active one; empty without any.
+// A line for every layout of the desk, with a star at the active one; empty if there are none.
 [[nodiscard]] std::string layouts(const DeskMessage& desk, const DeskDrawing::Options& options,
                                   const DateText& dateText);
 
-// A line for every desk put aside, newest first, with a star at the active one; empty without any.
+// A line for every stash, newest first, with a star at the active one; empty if there are none.
 [[nodiscard]] std::string stashes(const StashesMessage& message, const DeskDrawing::Options& options,
                                   const DateText& dateText);
 

@@ -22,7 +22,7 @@ struct Style {
 constexpr Style unicodeStyle{{"━", "┃", "┏", "┓", "┗", "┛"}, {"─", "│", "┌", "┐", "└", "┘"}, "…", "×"};
 constexpr Style asciiStyle{{"=", "#", "#", "#", "#", "#"}, {"-", "|", "+", "+", "+", "+"}, "..", "x"};
 
-// A cell of a terminal is about twice as high as it is wide.
+// A terminal cell is about twice as tall as it is wide.
 constexpr double cellHeight = 2;
 
 constexpr int narrowestDisplay = 8;
@@ -32,12 +32,12 @@ const Style& style(const Options& options) {
     return options.characters == Characters::ascii ? asciiStyle : unicodeStyle;
 }
 
-// A window may be anywhere; far beyond every canvas is far enough.
+// A window may be anywhere; these bounds are far beyond every canvas.
 int bounded(double cells) {
     return static_cast<int>(std::clamp(std::round(cells), -10'000.0, 10'000.0));
 }
 
-// Points to cells: one factor for the whole desk, so that displays keep their places to each other.
+// Converts points to cells. One factor for the whole desk keeps the displays' relative positions.
 class Scale {
 public:
     Scale(const std::vector<DisplayInfo>& displays, const Options& options) {
@@ -68,8 +68,8 @@ private:
     double m_cellsPerPoint = 0;
 };
 
-// The inside of a display's box stands for the whole display, so that windows side by side meet and one that
-// fills the display fills the box.
+// The inside of a display's box represents the whole display, so that adjacent windows touch and a window
+// that fills the display fills the box.
 CellRect windowCells(const Rect& window, const Rect& display, const CellRect& box) {
     const auto column = [&](double x) {
         return box.left + 1 + bounded((x - display.minX()) / display.width() * (box.right - box.left - 1));
@@ -105,7 +105,7 @@ void drawWindow(CellCanvas& canvas, CellRect rect, const std::string& label, con
                 characters.ellipsis);
 }
 
-// Indices front to back; equal depths keep their order.
+// Indices from front to back; equal depths keep their order.
 std::vector<std::size_t> frontToBack(const std::vector<WindowRecord>& windows) {
     std::vector<std::size_t> order(windows.size());
     for (std::size_t i = 0; i < order.size(); ++i) {

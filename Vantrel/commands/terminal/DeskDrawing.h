@@ -1,5 +1,5 @@
-// A desk drawn for a terminal: its displays to scale as boxes with their names, and the windows in them,
-// numbered from the front to the back.
+// Draws a desk for a terminal: its displays to scale as named boxes, with their windows numbered from front
+// to back.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
@@ -16,20 +16,20 @@ enum class Characters : std::uint8_t { unicode, ascii };
 
 struct Options {
     int columns = 80;
-    // The drawing gets smaller rather than higher.
+    // If necessary the drawing is scaled down to this height.
     int rows = 30;
     Characters characters = Characters::unicode;
 };
 
-// What stands where something was left out.
+// Shown where something was left out.
 [[nodiscard]] std::string_view ellipsis(const Options& options);
 
-// Lines of at most `options.columns` cells; nothing without displays. A window that crosses a display's edge
-// is drawn on every display it touches, a covered one as far as it can be seen.
+// Lines of at most `options.columns` cells; empty without displays. A window that spans displays is drawn on
+// each of them; of a covered window, only the visible part is drawn.
 [[nodiscard]] std::string drawing(const std::vector<DisplayInfo>& displays,
                                   const std::vector<WindowRecord>& windows, const Options& options);
 
-// One line a window, with the number it has in the drawing: application, title, size, place and display.
+// One line per window, with its number in the drawing: application, title, size, position and display.
 [[nodiscard]] std::string windowList(const std::vector<DisplayInfo>& displays,
                                      const std::vector<WindowRecord>& windows, const Options& options);
 

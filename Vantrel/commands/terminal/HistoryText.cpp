@@ -10,7 +10,7 @@ namespace vantrel::HistoryText {
 
 namespace {
 
-// Captions are joined by middle dots, which plain terminals cannot show.
+// Captions contain middle dots, which plain terminals cannot show.
 std::string shown(std::string text, const DeskDrawing::Options& options) {
     if (options.characters == DeskDrawing::Characters::ascii) {
         constexpr std::string_view dot = " · ";

@@ -1,4 +1,5 @@
-// The restore history as vantrelctl prints it: a line for every restore, under it a line for every window.
+// The restore history as printed by vantrelctl: a line for every restore, followed by a line for every
+// window.
 #pragma once
 
 #include "Vantrel/commands/terminal/DeskDrawing.h"
@@ -8,7 +9,7 @@
 
 namespace vantrel::HistoryText {
 
-// Newest first, as in the log, what needs attention first within a restore. "" for an empty log.
+// Newest first; within a restore, items that need attention first. Empty for an empty log.
 [[nodiscard]] std::string history(const RestoreLog& log, Date now, const DeskDrawing::Options& options);
 
 } // namespace vantrel::HistoryText

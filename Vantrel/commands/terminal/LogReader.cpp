@@ -18,7 +18,7 @@ std::string contentFrom(const std::filesystem::path& file, std::uint64_t offset)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// A last line without its newline counts too.
+// A last line without a newline counts too.
 std::size_t beginOfLastLines(const std::string& text, std::size_t count) {
     if (count == 0) {
         return text.size();
@@ -54,7 +54,7 @@ std::string LogReader::appended() {
     }
     std::string text;
     if (size < m_read) {
-        // A new generation has begun: the rest of the old one first.
+        // The log was rotated: first read the rest of the old file.
         text = contentFrom(olderGeneration(), m_read);
         m_read = 0;
     }

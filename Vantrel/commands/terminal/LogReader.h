@@ -1,4 +1,4 @@
-// Reads the end of the application log, and what is appended to it, across its change of generation.
+// Reads the end of the application log and what is appended to it, across log rotation.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +9,14 @@ namespace vantrel {
 
 class LogReader {
 public:
-    // `file` is the present generation; the older one stands beside it with ".1" appended.
+    // `file` is the current log; the older one has ".1" appended to its name.
     explicit LogReader(std::filesystem::path file);
 
-    // The last `count` lines, from the older generation too where the present one has fewer. "" without a
-    // log. What is appended later comes with appended().
+    // The last `count` lines, also from the older log if the current one has fewer. Empty without a log.
+    // Lines appended later are returned by appended().
     [[nodiscard]] std::string lastLines(std::size_t count);
 
-    // What was written since the last call.
+    // The text written since the last call.
     [[nodiscard]] std::string appended();
 
 private:

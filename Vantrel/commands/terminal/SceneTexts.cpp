@@ -51,7 +51,7 @@ std::string list(const ScenesMessage& message, const DeskDrawing::Options& optio
                      options);
     }
     if (message.driftNudge) {
-        text += line(fmt::format("{} moved away from {}. Put back: vantrelctl scenes reapply",
+        text += line(fmt::format("{} moved away from {}. To put them back: vantrelctl scenes reapply",
                                  countedNoun(message.driftNudge->movedCount, "window"),
                                  message.driftNudge->sceneName),
                      options);

@@ -50,7 +50,7 @@ std::vector<Character> characters(std::string_view text) {
     for (const auto end : Unicode::characterEnds(valid)) {
         auto next = character(std::string_view(valid).substr(begin, end - begin));
         begin = end;
-        // A mark or a direction sign without anything to stand on shows nothing.
+        // A combining mark or direction mark without a base character is invisible.
         if (next.width > 0) {
             result.push_back(std::move(next));
         }

@@ -1,5 +1,5 @@
-// Text measured in the cells of a terminal: most characters take one, East Asian and emoji characters two.
-// Control characters, which a window title may hold, are shown as blanks.
+// Measures text in terminal cells: most characters take one cell, East Asian and emoji characters two.
+// Control characters, which can occur in window titles, are shown as blanks.
 #pragma once
 
 #include <string>
@@ -20,10 +20,10 @@ struct Character {
 
 [[nodiscard]] int width(std::string_view text);
 
-// The text in at most `columns` cells, ending in `ellipsis` when something was left out.
+// The text in at most `columns` cells, ending in `ellipsis` if something was left out.
 [[nodiscard]] std::string fitted(std::string_view text, int columns, std::string_view ellipsis);
 
-// `fitted`, filled up with blanks to exactly `columns`.
+// Like fitted(), padded with blanks to exactly `columns`.
 [[nodiscard]] std::string padded(std::string_view text, int columns, std::string_view ellipsis);
 
 } // namespace vantrel::TextCells

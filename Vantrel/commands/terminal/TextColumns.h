@@ -1,4 +1,4 @@
-// Rows of texts in columns, as wide as their widest cell.
+// Lays out rows of strings in columns, each as wide as its widest cell.
 #pragma once
 
 #include <string>
@@ -6,8 +6,7 @@
 
 namespace vantrel::TextColumns {
 
-// One line a row, two blanks between columns, no line wider than `columns`: what does not fit is left out at
-// the end.
+// One line per row, with two blanks between columns. Lines wider than `columns` are cut at the end.
 [[nodiscard]] std::string lines(const std::vector<std::vector<std::string>>& rows, int columns);
 
 } // namespace vantrel::TextColumns

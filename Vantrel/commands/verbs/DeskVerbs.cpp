@@ -28,11 +28,11 @@ ExitCode status(const VerbEnvironment& environment, VerbOutput output) {
 ExitCode desks(const VerbEnvironment& environment, VerbOutput output) {
     return show<DesksMessage>(ControlClient::call("Desks"), output, [&](const DesksMessage& message) {
         const auto text = CommandTexts::desks(message, environment.drawing(), environment.localDate);
-        return text.empty() ? "No desk is remembered yet. Save this one with: vantrelctl save\n" : text;
+        return text.empty() ? "No desks are saved yet. Save this one with: vantrelctl save\n" : text;
     });
 }
 
-// Those of the status, each with its label.
+// The displays of the status, each with its label.
 ControlClient::Result<nlohmann::json> labelledDisplays() {
     const auto answer = ControlClient::call("Status");
     if (!answer) {
@@ -77,7 +77,7 @@ ExitCode history(const VerbEnvironment& environment, VerbOutput output) {
     return show<RestoreLog>(ControlClient::call("History"), output, [&](const RestoreLog& log) {
         const auto now = std::chrono::floor<Date::duration>(std::chrono::system_clock::now());
         const auto text = HistoryText::history(log, now, environment.drawing());
-        return text.empty() ? "Nothing was put back in the last seven days.\n" : text;
+        return text.empty() ? "No windows were restored in the last seven days.\n" : text;
     });
 }
 
@@ -119,36 +119,36 @@ ExitCode log(const std::filesystem::path& file, const LogOptions& options) {
 
 void addDeskVerbs(VerbTable& table, CLI::App& app) {
     const auto& environment = table.environment();
-    table.add(app, "status", "Say which desk this is and what vantrel is doing",
+    table.add(app, "status", "Show the current desk and what vantrel is doing",
               [&environment](VerbOutput output) { return status(environment, output); });
-    table.add(app, "save", "Remember the windows of this desk as they stand now", save);
-    table.add(app, "restore", "Put the windows of this desk back, wait, and report on every window",
+    table.add(app, "save", "Save the windows of this desk as they are now", save);
+    table.add(app, "restore", "Restore the windows of this desk, wait, and report on every window",
               [&environment](VerbOutput output) {
                   return showReport(ControlClient::call("Restore"), environment, output);
               });
     const auto drawn = [&environment](VerbOutput output) { return desks(environment, output); };
     auto& desksVerb = table.add(app, "desks", "Draw every remembered desk with its windows", drawn);
     table.add(desksVerb, "list", "Draw every remembered desk with its windows", drawn);
-    table.add(app, "displays", "List the displays by the labels that other commands take", displays);
+    table.add(app, "displays", "List the displays by the labels used in other commands", displays);
     const auto name = std::make_shared<std::string>();
     table
         .add(desksVerb, "rename", "Give this desk a name of your own",
              [name](VerbOutput output) { return renameDesk(*name, output); })
         .add_option("name", *name, "Its new name")
         ->required();
-    table.add(app, "history", "Tell of the last restores what became of every window",
+    table.add(app, "history", "List the last restores with the outcome for every window",
               [&environment](VerbOutput output) { return history(environment, output); });
-    table.add(app, "pin", "Keep this desk's layout as saved: learn nothing, put back what moves away",
+    table.add(app, "pin", "Keep this desk's layout as saved: do not learn, put drifting windows back",
               [](VerbOutput output) { return pin("Pin", output); });
     table.add(app, "unpin", "Learn this desk's layout again",
               [](VerbOutput output) { return pin("Unpin", output); });
 
     const auto options = std::make_shared<LogOptions>();
     auto& logVerb = table.addPlain(
-        app, "log", "Print the end of vantrel's log",
+        app, "log", "Print the last lines of vantrel's log",
         [&environment, options](VerbOutput /*text*/) { return log(environment.logFile, *options); });
     logVerb.add_option("-n,--lines", options->lines, "How many lines")->capture_default_str();
-    logVerb.add_flag("-f,--follow", options->isFollowing, "Go on printing what is added, until interrupted");
+    logVerb.add_flag("-f,--follow", options->isFollowing, "Keep printing new lines until interrupted");
 }
 
 } // namespace vantrel

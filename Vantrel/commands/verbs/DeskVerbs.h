@@ -1,5 +1,5 @@
-// The verbs about the present desk and its active layout: status, save, restore, desks, history, pin, unpin
-// and log.
+// The verbs for the current desk and its active layout: status, save, restore, desks, displays, history, pin,
+// unpin and log.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

@@ -15,20 +15,19 @@ using namespace VerbPrinting;
 
 ExitCode putBack(const VerbEnvironment& environment, const std::string& copy, VerbOutput output) {
     const auto text = [&](const nlohmann::json& answer) {
-        return fmt::format(
-            "{} is in use again. What was there before, if anything, is kept as {}.replaced.\n",
-            JsonCoding::required<std::string>(answer, "file"),
-            JsonCoding::required<std::string>(answer, "file"));
+        return fmt::format("{} is in use again. The file it replaced, if any, is kept as {}.replaced.\n",
+                           JsonCoding::required<std::string>(answer, "file"),
+                           JsonCoding::required<std::string>(answer, "file"));
     };
     const auto answer = ControlClient::call("PutBackFile", {copy});
     if (answer || answer.error().kind != ControlFailure::Kind::notRunning) {
         return show<nlohmann::json>(answer, output, text);
     }
-    // It may run on another session bus.
+    // A vantrel may be running on another session bus.
     const auto lock = environment.lockSupportDirectory();
     if (!lock) {
         return complain(
-            fmt::format("Another vantrel uses these files ({}). End it first. Nothing was changed.",
+            fmt::format("Another vantrel is using these files ({}). Stop it first. Nothing was changed.",
                         lock.error()),
             ExitCode::failed);
     }
@@ -49,8 +48,8 @@ ExitCode examine(const VerbEnvironment& environment, VerbOutput output) {
             status = std::unexpected(answer.error().message);
         }
     } catch (const std::exception& error) {
-        status =
-            std::unexpected(fmt::format("vantrel gave an answer that is not understood ({})", error.what()));
+        status = std::unexpected(
+            fmt::format("vantrel sent a reply that vantrelctl does not understand ({})", error.what()));
     }
     const Diagnosis diagnosis = Doctor::examine({.files = environment.files,
                                                  .supportDirectory = environment.supportDirectory,
@@ -71,11 +70,11 @@ void addDoctorVerb(VerbTable& table, CLI::App& app) {
     const auto& environment = table.environment();
     const auto copy = std::make_shared<std::string>();
     table
-        .add(app, "doctor", "Say what is amiss with vantrel's files, the bus and the window manager",
+        .add(app, "doctor", "Check vantrel's files, the bus and the window manager",
              [&environment, copy](VerbOutput output) {
                  return copy->empty() ? examine(environment, output) : putBack(environment, *copy, output);
              })
-        .add_option("--put-back", *copy, "Use this copy of a file again; the present file is kept");
+        .add_option("--put-back", *copy, "Put this copy of a file back; the current file is kept");
 }
 
 } // namespace vantrel

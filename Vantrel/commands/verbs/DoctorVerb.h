@@ -1,5 +1,5 @@
-// "vantrelctl doctor": says what is amiss with files, folders, bus and window manager, and brings copies of
-// files back.
+// "vantrelctl doctor": reports problems with files, folders, bus and window manager, and puts copies of files
+// back.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

@@ -48,7 +48,7 @@ void addHotKeyVerbs(VerbTable& table, CLI::App& app) {
     set.add_option("command", typed->command, what)->required();
     set.add_option("keys", typed->keys, "Like Super+Shift+R or F9")->required();
     auto& clear =
-        table.add(hotKeys, "clear", "Take a shortcut away; restore, save and stash get their default",
+        table.add(hotKeys, "clear", "Clear a shortcut; restore, save and stash return to their defaults",
                   [typed](VerbOutput output) {
                       return list(ControlClient::call("ClearHotKey", {typed->command}), output);
                   });

@@ -1,4 +1,4 @@
-// The verb about keyboard shortcuts: hotkeys, with set and clear.
+// The verb for keyboard shortcuts: hotkeys, with set and clear.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

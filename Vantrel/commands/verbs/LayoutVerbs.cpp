@@ -54,7 +54,7 @@ ExitCode remove(const Names& names, VerbOutput output) {
 void addLayoutVerbs(VerbTable& table, CLI::App& app) {
     const auto& environment = table.environment();
     const auto listed = [&environment](VerbOutput output) { return list(environment, output); };
-    auto& layouts = table.add(app, "layouts", "List this desk's layouts, and work with them", listed);
+    auto& layouts = table.add(app, "layouts", "List and manage this desk's layouts", listed);
     table.add(layouts, "list", "List this desk's layouts; the active one has a star", listed);
 
     const Shared names = std::make_shared<Names>();
@@ -63,23 +63,21 @@ void addLayoutVerbs(VerbTable& table, CLI::App& app) {
         added.add_option("name", names->name, "The layout's name")->required();
         return added;
     };
-    named("switch", "Make a layout the active one and put its windows back",
-          [&environment, names](VerbOutput output) {
-              return showReport(ControlClient::call("SwitchLayout", {names->name}), environment, output);
-          });
-    named("apply", "Put the windows as a layout has them, also one of another desk",
+    named("switch", "Make a layout active and restore its windows", [&environment, names](VerbOutput output) {
+        return showReport(ControlClient::call("SwitchLayout", {names->name}), environment, output);
+    });
+    named("apply", "Arrange the windows as in a layout, even one of another desk",
           [&environment, names](VerbOutput output) {
               return showReport(ControlClient::call("ApplyLayout", {names->desk, names->name}), environment,
                                 output);
           })
-        .add_option("--desk", names->desk, "The desk it is of, by name or identity; else this one");
-    named("save", "Remember the windows as they stand under this name, and make it the active layout",
+        .add_option("--desk", names->desk, "The layout's desk, by name or ID; defaults to this desk");
+    named("save", "Save the windows under this name and make it the active layout",
           [names](VerbOutput output) { return save(*names, output); });
-    named("rename", "Give a layout another name",
-          [names](VerbOutput output) { return rename(*names, output); })
+    named("rename", "Rename a layout", [names](VerbOutput output) { return rename(*names, output); })
         .add_option("new-name", names->newName, "Its new name")
         ->required();
-    named("delete", "Forget a layout; if it was the active one, another is put back in its place",
+    named("delete", "Delete a layout; if it was active, another one is restored in its place",
           [names](VerbOutput output) { return remove(*names, output); });
 }
 

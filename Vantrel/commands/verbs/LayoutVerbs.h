@@ -1,4 +1,4 @@
-// The verb "layouts" with its own verbs: list, switch, apply, save, rename and delete.
+// The verb "layouts" with its subcommands: list, switch, apply, save, rename and delete.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

@@ -48,17 +48,16 @@ void addLicenseVerbs(VerbTable& table, CLI::App& app) {
             [&](const LicenseMessage& license) { return text(license, environment); });
     };
     const auto showIt = [ask](VerbOutput output) { return ask("License", {}, output); };
-    auto& license =
-        table.add(app, "license", "Say whether trial or license let vantrel run, and change that", showIt);
-    table.add(license, "show", "Say how it stands with trial and license", showIt);
+    auto& license = table.add(app, "license", "Show or change the state of trial and license", showIt);
+    table.add(license, "show", "Show the state of trial and license", showIt);
 
     const auto key = std::make_shared<std::string>();
     table
-        .add(license, "activate", "Get a license for this computer with the key you bought",
+        .add(license, "activate", "Activate a license on this computer with the key you bought",
              [ask, key](VerbOutput output) { return ask("ActivateLicense", {*key}, output); })
         .add_option("KEY", *key, "The key, as the vendor sent it")
         ->required();
-    table.add(license, "deactivate", "Give this computer's license back, to use the key on another one",
+    table.add(license, "deactivate", "Return this computer's license, to use the key on another one",
               [ask](VerbOutput output) { return ask("DeactivateLicense", {}, output); });
 }
 

@@ -1,4 +1,4 @@
-// The verb license, with show, activate and deactivate.
+// The verb "license", with show, activate and deactivate.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

@@ -59,13 +59,13 @@ void addRuleVerbs(VerbTable& table, CLI::App& app) {
             return list(answer, environment.drawing().columns);
         });
     };
-    auto& rules =
-        table.add(app, "rules", "Say how an application is treated: left alone, kept on a display", listAll);
+    auto& rules = table.add(
+        app, "rules", "List the rules that leave applications alone or keep them on a display", listAll);
     table.add(rules, "list", "List the rules", listAll);
 
-    auto& setVerb = table.add(rules, "set", "Make a rule for an application, in place of the one it has",
+    auto& setVerb = table.add(rules, "set", "Set an application's rule, replacing any previous one",
                               [words](VerbOutput output) { return set(*words, output); });
-    setVerb.add_option("APP", words->app, "Its name or its identifier, as desks and rules show them")
+    setVerb.add_option("APP", words->app, "The application's name or ID, as shown by desks and rules")
         ->required();
     auto* const ignore = setVerb.add_flag("--ignore", words->isIgnored, "Neither learn nor move its windows");
     setVerb
@@ -74,14 +74,14 @@ void addRuleVerbs(VerbTable& table, CLI::App& app) {
         ->excludes(ignore);
     setVerb.add_flag("--last", words->isLast, "Place its windows after all others");
 
-    auto& remove = table.add(rules, "remove", "Take an application's rule away", [words](VerbOutput output) {
+    auto& remove = table.add(rules, "remove", "Remove an application's rule", [words](VerbOutput output) {
         return show<nlohmann::json>(
             ControlClient::call("RemoveRule", {words->app}), output, [](const nlohmann::json& removed) {
-                return fmt::format("No rule for {} any more.\n",
+                return fmt::format("Removed the rule for {}.\n",
                                    JsonCoding::required<std::string>(removed, "appName"));
             });
     });
-    remove.add_option("APP", words->app, "Its name or its identifier")->required();
+    remove.add_option("APP", words->app, "The application's name or ID")->required();
 }
 
 } // namespace vantrel

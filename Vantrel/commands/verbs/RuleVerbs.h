@@ -1,4 +1,4 @@
-// The verb rules, with list, set and remove.
+// The verb "rules", with list, set and remove.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

@@ -41,11 +41,11 @@ Sentence said(const char* format) {
 ExitCode list(const VerbEnvironment& environment, VerbOutput output) {
     return show<ScenesMessage>(ControlClient::call("Scenes"), output, [&](const ScenesMessage& message) {
         const auto text = SceneTexts::list(message, environment.drawing());
-        return text.empty() ? "There is no scene yet. Save one with: vantrelctl save-scene NAME\n" : text;
+        return text.empty() ? "There are no scenes yet. Save one with: vantrelctl save-scene NAME\n" : text;
     });
 }
 
-// The scene is looked for among those that the program knows.
+// Searches the scenes that the program knows.
 ControlClient::Result<nlohmann::json> sceneCalled(const std::string& called) {
     const auto answer = ControlClient::call("Scenes");
     if (!answer) {
@@ -72,26 +72,26 @@ ExitCode save(const std::string& name, VerbOutput output) {
     return show<nlohmann::json>(
         ControlClient::call("SaveScene", {name}), output, [](const nlohmann::json& saved) {
             const auto message = JsonCoding::value<SceneMessage>(saved);
-            return fmt::format("{} {} as the scene \"{}\".\n",
-                               JsonCoding::required<bool>(saved, "isNew") ? "Saved" : "Saved anew",
-                               countedNoun(std::ssize(message.scene.layout.windows), "window"),
-                               message.scene.name);
+            const auto windows = countedNoun(std::ssize(message.scene.layout.windows), "window");
+            return JsonCoding::required<bool>(saved, "isNew")
+                       ? fmt::format("Saved {} as the scene \"{}\".\n", windows, message.scene.name)
+                       : fmt::format("Updated the scene \"{}\" with {}.\n", message.scene.name, windows);
         });
 }
 
-// The program that shows the picture has another working directory.
+// The path is made absolute: the program that shows the picture has a different working directory.
 ExitCode setWallpaper(const Words& words, VerbOutput output) {
     std::string path;
     if (!words.picture.empty()) {
         std::error_code ignored;
         path = std::filesystem::absolute(words.picture, ignored).string();
         if (!std::filesystem::is_regular_file(path, ignored)) {
-            return complain(fmt::format("There is no picture {}.", path), ExitCode::failed);
+            return complain(fmt::format("There is no picture file {}.", path), ExitCode::failed);
         }
     }
     return tell("SetSceneWallpaper", {words.scene, words.display, path}, output,
-                said(path.empty() ? "The scene \"{}\" leaves the wallpaper alone."
-                                  : "The scene \"{}\" has its wallpaper."));
+                said(path.empty() ? "The scene \"{}\" does not change the wallpaper."
+                                  : "The wallpaper of the scene \"{}\" is set."));
 }
 
 void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
@@ -100,42 +100,43 @@ void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
         verb.add_option("scene", words->scene, "The scene's name")->required();
         return verb;
     };
-    add("new", "Make a scene without windows, to be filled in the editor", [words](VerbOutput output) {
-        return tell("CreateEmptyScene", {words->scene}, output, said("Made the empty scene \"{}\"."));
+    add("new", "Create a scene without windows, to be filled in the editor", [words](VerbOutput output) {
+        return tell("CreateEmptyScene", {words->scene}, output, said("Created the empty scene \"{}\"."));
     });
-    add("update", "Save the desk as it stands into a scene of this desk",
+    add("update", "Save the desk to an existing scene of this desk",
         [words](VerbOutput output) { return save(words->scene, output); });
-    add("rename", "Give a scene another name",
+    add("rename", "Rename a scene",
         [words](VerbOutput output) {
             return tell("RenameScene", {words->scene, words->newName}, output,
-                        said("The scene is called \"{}\" now."));
+                        said("The scene is now called \"{}\"."));
         })
         .add_option("name", words->newName, "Its new name, of 30 characters or fewer")
         ->required();
     add("delete", "Delete a scene", [words](VerbOutput output) {
         return tell("DeleteScene", {words->scene}, output, said("Deleted the scene \"{}\"."));
     });
-    add("pin", "Keep a scene as it is: not saved over, not deleted", [words](VerbOutput output) {
+    add("pin", "Protect a scene from being overwritten or deleted", [words](VerbOutput output) {
         return tell("PinScene", {words->scene}, output, said("Pinned the scene \"{}\"."));
     });
-    add("unpin", "Let a scene be changed again", [words](VerbOutput output) {
+    add("unpin", "Allow a scene to be changed again", [words](VerbOutput output) {
         return tell("UnpinScene", {words->scene}, output, said("Unpinned the scene \"{}\"."));
     });
-    add("open-apps", "Say whether applying a scene starts its applications that are not running",
+    add("open-apps", "Choose whether applying a scene starts its applications that are not running",
         [words](VerbOutput output) {
             const bool opens = words->opens == "yes";
             return tell(
                 "SetSceneOpensMissingApps", {words->scene, opens ? "true" : "false"}, output,
                 said(opens ? "The scene \"{}\" opens missing apps."
-                           : "The scene \"{}\" opens no missing apps, unless it keeps places for them."));
+                           : "The scene \"{}\" opens no missing apps, except those it keeps places for."));
         })
         .add_option("opens", words->opens, "yes or no")
         ->required()
         ->check(CLI::IsMember({"yes", "no"}));
-    auto& wallpaper = add("wallpaper", "Choose the picture that a scene shows behind the windows",
+    auto& wallpaper = add("wallpaper", "Choose a scene's wallpaper",
                           [words](VerbOutput output) { return setWallpaper(*words, output); });
-    wallpaper.add_option("picture", words->picture, "The picture's file; none takes it away");
-    wallpaper.add_option("--display", words->display, "One of its displays, by its label; else all of them");
+    wallpaper.add_option("picture", words->picture, "The picture file; omit it to remove the wallpaper");
+    wallpaper.add_option("--display", words->display,
+                         "A display of the scene, by label; defaults to all displays");
 }
 
 } // namespace
@@ -144,8 +145,9 @@ void addSceneVerbs(VerbTable& table, CLI::App& app) {
     const auto& environment = table.environment();
     const auto words = std::make_shared<Words>();
     const auto listed = [&environment](VerbOutput output) { return list(environment, output); };
-    auto& scenes = table.add(app, "scenes", "List the scenes of every desk, and work with them", listed);
-    table.add(scenes, "list", "List the scenes of every desk; the one last applied here has a star", listed);
+    auto& scenes = table.add(app, "scenes", "List and manage the scenes of every desk", listed);
+    table.add(scenes, "list", "List the scenes of every desk; a star marks the one last applied here",
+              listed);
     table
         .add(
             scenes, "show", "Draw a scene",
@@ -153,11 +155,11 @@ void addSceneVerbs(VerbTable& table, CLI::App& app) {
         .add_option("scene", words->scene, "The scene's name")
         ->required();
     addChanges(table, scenes, words);
-    table.add(scenes, "reapply", "Put the scene back that the windows have moved away from",
+    table.add(scenes, "reapply", "Reapply the scene that windows have moved away from",
               [&environment](VerbOutput output) {
                   return showReport(ControlClient::call("ReapplyDriftScene"), environment, output);
               });
-    table.add(scenes, "dismiss", "Do not tell again that the windows have moved away from the scene",
+    table.add(scenes, "dismiss", "Dismiss the notice that windows have moved away from the scene",
               [&environment](VerbOutput output) {
                   return show<ScenesMessage>(ControlClient::call("DismissDriftNudge"), output,
                                              [&](const ScenesMessage& message) {
@@ -165,14 +167,14 @@ void addSceneVerbs(VerbTable& table, CLI::App& app) {
                                              });
               });
     table
-        .add(app, "apply", "Put the desk in order as a scene has it, also one of another desk",
+        .add(app, "apply", "Arrange the desk as saved in a scene, even one of another desk",
              [&environment, words](VerbOutput output) {
                  return showReport(ControlClient::call("ApplyScene", {words->scene}), environment, output);
              })
         .add_option("scene", words->scene, "The scene's name")
         ->required();
     table
-        .add(app, "save-scene", "Save the desk as it stands as a scene",
+        .add(app, "save-scene", "Save the desk as a scene",
              [words](VerbOutput output) { return save(words->scene, output); })
         .add_option("name", words->scene, "The scene's name, of 30 characters or fewer")
         ->required();

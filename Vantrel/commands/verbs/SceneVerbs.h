@@ -1,4 +1,4 @@
-// The verbs about scenes: scenes and what is below it, apply and save-scene.
+// The verbs for scenes: "scenes" with its subcommands, apply and save-scene.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

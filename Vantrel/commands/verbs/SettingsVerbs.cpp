@@ -13,7 +13,7 @@ namespace {
 using namespace VerbPrinting;
 using JsonCoding::required;
 
-// As it would be written in the settings file, without the quotes of a text.
+// As in the settings file, but without the quotes around strings.
 std::string value(const nlohmann::json& json) {
     return json.is_null() ? "-" : json.is_string() ? json.get<std::string>() : json.dump();
 }
@@ -27,7 +27,8 @@ std::string list(const nlohmann::json& answer, bool showsNotes, int columns) {
                             required<std::string>(setting, "description")});
         }
     }
-    return TextColumns::lines(rows, columns) + "\n* was set; the others have their defaults.\n";
+    return TextColumns::lines(rows, columns) +
+           "\n* marks settings that were set; the others have their defaults.\n";
 }
 
 std::string description(const nlohmann::json& setting) {
@@ -38,7 +39,7 @@ std::string description(const nlohmann::json& setting) {
                        fallback.is_null() ? "Absent by default." : "Default: " + value(fallback) + ".");
 }
 
-// The one with this key, out of the list of all.
+// Picks the setting with this key from the list of all settings.
 ControlClient::Result<nlohmann::json> settingNamed(const std::string& key) {
     auto all = ControlClient::call("Settings");
     if (!all || !all->contains("settings")) {
@@ -78,25 +79,26 @@ void addSettingsVerbs(VerbTable& table, CLI::App& app) {
                                         return list(answer, words->showsNotes, environment.drawing().columns);
                                     });
     };
-    auto& settings = table.add(app, "settings", "List the settings, look at one, change it", listAll);
-    settings.add_flag("--all", words->showsNotes, "List also what vantrel notes for itself");
+    auto& settings = table.add(app, "settings", "List, show and change settings", listAll);
+    settings.add_flag("--all", words->showsNotes, "Also list vantrel's own records");
 
     table.add(settings, "list", "List every setting with its value", listAll)
-        .add_flag("--all", words->showsNotes, "List also what vantrel notes for itself");
+        .add_flag("--all", words->showsNotes, "Also list vantrel's own records");
 
     auto& get =
-        table.add(settings, "get", "Say what a setting is and what it takes", [words](VerbOutput output) {
+        table.add(settings, "get", "Show a setting's meaning and valid values", [words](VerbOutput output) {
             return show<nlohmann::json>(settingNamed(words->key), output, description);
         });
     get.add_option("KEY", words->key, "The setting's name")->required();
 
-    auto& set = table.add(settings, "set", "Change a setting; it holds at once", [words](VerbOutput output) {
-        return changed(ControlClient::call("SetSetting", {words->key, words->value}), output);
-    });
+    auto& set =
+        table.add(settings, "set", "Change a setting; takes effect at once", [words](VerbOutput output) {
+            return changed(ControlClient::call("SetSetting", {words->key, words->value}), output);
+        });
     set.add_option("KEY", words->key, "The setting's name")->required();
-    set.add_option("VALUE", words->value, "true, false, a number or a text")->required();
+    set.add_option("VALUE", words->value, "true, false, a number or a string")->required();
 
-    auto& unset = table.add(settings, "unset", "Give a setting its default back", [words](VerbOutput output) {
+    auto& unset = table.add(settings, "unset", "Reset a setting to its default", [words](VerbOutput output) {
         return changed(ControlClient::call("UnsetSetting", {words->key}), output);
     });
     unset.add_option("KEY", words->key, "The setting's name")->required();

@@ -1,4 +1,4 @@
-// The verb settings, with list, get, set and unset.
+// The verb "settings", with list, get, set and unset.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

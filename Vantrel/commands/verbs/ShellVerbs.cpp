@@ -22,19 +22,20 @@ const std::map<std::string, Script>& scripts() {
 
 ManualPage::Frame manual(const std::string& version) {
     return {.version = version,
-            .purpose = "ask the running vantrel, and have it save and restore windows",
-            .description = "Talks to a running vantrel over the session bus: which desk this is, what it "
-                           "remembers and what its restores did; and has it save, restore and change what it "
-                           "remembers. Every command that prints takes --json.",
+            .purpose = "query and control the running vantrel",
+            .description =
+                "Communicates with a running vantrel over the session bus. Shows the current desk, what "
+                "is saved and what the last restores did; saves, restores and changes what is "
+                "saved. Most commands take --json.",
             .exitCodes = {{"0", "Done."},
-                          {"1", "Failed, or a window did not go back."},
-                          {"2", "Wrong usage."},
+                          {"1", "Failed, or a window could not be restored."},
+                          {"2", "Usage error."},
                           {"3", "vantrel is not running."}},
             .files = {{"$XDG_CONFIG_HOME/vantrel/settings.conf", "The settings."},
                       {"$XDG_DATA_HOME/Vantrel", "Layouts, scenes, history and the log."}},
-            .examples = {{"vantrelctl save", "Remember the windows where they stand now."},
-                         {"vantrelctl restore", "Put them back, and say what became of each."},
-                         {"vantrelctl desks", "Draw every desk that is remembered."},
+            .examples = {{"vantrelctl save", "Remember where the windows are now."},
+                         {"vantrelctl restore", "Put them back and list the result for each."},
+                         {"vantrelctl desks", "Draw every remembered desk."},
                          {"vantrelctl log --follow", "Watch what vantrel does."}},
             .seeAlso = {"vantrel"}};
 }
@@ -44,7 +45,7 @@ ManualPage::Frame manual(const std::string& version) {
 void addShellVerbs(VerbTable& table, CLI::App& app, const std::string& version) {
     const auto shell = std::make_shared<std::string>();
     auto& completion =
-        table.addPlain(app, "completion", "Print the completion script of a shell", [&app, shell](auto) {
+        table.addPlain(app, "completion", "Print a shell's completion script", [&app, shell](auto) {
             VerbPrinting::print(scripts().at(*shell)(CommandShape::of(app)));
             return ExitCode::done;
         });

@@ -1,4 +1,4 @@
-// The verbs about going back: "undo", and "stash" with its own verbs list, now and back.
+// The verbs "undo", and "stash" with its subcommands list, now, toggle and back.
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbTable.h"

@@ -41,7 +41,7 @@ std::string list(const nlohmann::json& answer, const VerbEnvironment& environmen
         return "There are no triggers. Add one with: vantrelctl triggers add --help\n";
     }
     const auto text = TextColumns::lines(rows, environment.drawing().columns);
-    return isAccessNeeded ? text + "\nNo calendar was found. Name its folder with: vantrelctl settings set "
+    return isAccessNeeded ? text + "\nNo calendar was found. Set its folder with: vantrelctl settings set "
                                    "calendarFolders FOLDER\n"
                           : text;
 }
@@ -66,18 +66,18 @@ ExitCode add(const char* kind, const Words& words, VerbOutput output) {
         added);
 }
 
-void addAdding(VerbTable& table, CLI::App& triggers, const std::shared_ptr<Words>& words) {
-    auto& adding =
-        *triggers.add_subcommand("add", "Apply a scene at a time, before a video call, with a Focus");
+void addAddVerbs(VerbTable& table, CLI::App& triggers, const std::shared_ptr<Words>& words) {
+    auto& adding = *triggers.add_subcommand(
+        "add", "Apply a scene at a time of day, before a video call, or with a Focus");
     adding.require_subcommand(1);
-    adding.footer("Of several scenes, the one that was saved on the present desk is applied.\nExamples:\n"
+    adding.footer("With several scenes, the one saved on the current desk is applied.\nExamples:\n"
                   "  vantrelctl triggers add schedule 9:00 Work Home\n"
                   "  vantrelctl triggers add calendar Call\n"
                   "  vantrelctl triggers add focus Quiet");
     const auto scenes = [&](CLI::App& verb) {
-        verb.add_option("SCENE", words->scenes, "Name of a scene; several for several desks")->required();
+        verb.add_option("SCENE", words->scenes, "A scene's name; give several for several desks")->required();
     };
-    auto& schedule = table.add(adding, "schedule", "Every day at a time",
+    auto& schedule = table.add(adding, "schedule", "Every day at a given time",
                                [words](VerbOutput output) { return add("schedule", *words, output); });
     schedule.add_option("TIME", words->detail, "9:30, 21:30 or \"9:30 PM\"")->required();
     scenes(schedule);
@@ -87,7 +87,7 @@ void addAdding(VerbTable& table, CLI::App& triggers, const std::shared_ptr<Words
     auto& focus = table.add(adding, "focus", "When a Focus turns on",
                             [words](VerbOutput output) { return add("focus", *words, output); });
     scenes(focus);
-    focus.add_option("--name", words->detail, "The Focus; without it the desktop's \"do not disturb\"");
+    focus.add_option("--name", words->detail, "The Focus; defaults to the desktop's \"do not disturb\"");
 }
 
 } // namespace
@@ -100,9 +100,9 @@ void addTriggerVerbs(VerbTable& table, CLI::App& app) {
                                     [&](const nlohmann::json& answer) { return list(answer, environment); });
     };
     auto& triggers =
-        table.add(app, "triggers", "Say what applies scenes by itself, add to it, take away", listAll);
+        table.add(app, "triggers", "List and manage the triggers that apply scenes automatically", listAll);
     table.add(triggers, "list", "List the triggers", listAll);
-    addAdding(table, triggers, words);
+    addAddVerbs(table, triggers, words);
 
     const auto change = [&](const char* name, const char* description, const char* method,
                             const char* outcome) {
@@ -113,11 +113,11 @@ void addTriggerVerbs(VerbTable& table, CLI::App& app) {
                                                 "{} {}.\n", required<std::string>(trigger, "title"), outcome);
                                         });
         });
-        verb.add_option("TRIGGER", words->trigger, "Its number in the list, or its identifier")->required();
+        verb.add_option("TRIGGER", words->trigger, "The trigger's number in the list, or its ID")->required();
     };
-    change("enable", "Let a trigger fire again", "EnableTrigger", "is on");
-    change("disable", "Keep a trigger without letting it fire", "DisableTrigger", "is off");
-    change("delete", "Take a trigger away", "DeleteTrigger", "is deleted");
+    change("enable", "Enable a trigger", "EnableTrigger", "is on");
+    change("disable", "Disable a trigger without deleting it", "DisableTrigger", "is off");
+    change("delete", "Delete a trigger", "DeleteTrigger", "is deleted");
 }
 
 void addSuggestionVerbs(VerbTable& table, CLI::App& app) {
@@ -126,22 +126,22 @@ void addSuggestionVerbs(VerbTable& table, CLI::App& app) {
             return show<nlohmann::json>(
                 ControlClient::call(method), output, [otherwise](const nlohmann::json& state) {
                     return required<bool>(state, "isSuggested")
-                               ? fmt::format("{} stood like this on several days. Save it with: vantrelctl "
-                                             "save-scene NAME\n",
-                                             required<std::string>(state, "configName"))
+                               ? fmt::format(
+                                     "{} was arranged like this on several days. Save it with: vantrelctl "
+                                     "save-scene NAME\n",
+                                     required<std::string>(state, "configName"))
                                : std::string(otherwise) + "\n";
                 });
         };
     };
     auto& suggestion =
-        table.add(app, "suggestion", "Say whether to save this arrangement as a scene, for it recurs",
-                  answer("Suggestion", "Nothing is suggested."));
-    table.add(suggestion, "snooze", "No suggestions for a week",
-              answer("SnoozeSuggestions", "No suggestions for a week."));
-    table.add(suggestion, "stop", "No suggestions any more",
-              answer("StopSuggestions", "No suggestions any more."));
-    table.add(suggestion, "resume", "Suggestions again",
-              answer("ResumeSuggestions", "Suggestions come again; now there is none."));
+        table.add(app, "suggestion", "Show whether this arrangement recurs and should be saved as a scene",
+                  answer("Suggestion", "There is no suggestion."));
+    table.add(suggestion, "snooze", "Pause suggestions for a week",
+              answer("SnoozeSuggestions", "Suggestions are paused for a week."));
+    table.add(suggestion, "stop", "Stop suggestions", answer("StopSuggestions", "Suggestions are stopped."));
+    table.add(suggestion, "resume", "Resume suggestions",
+              answer("ResumeSuggestions", "Suggestions are resumed. There is none at the moment."));
 }
 
 } // namespace vantrel

@@ -1,4 +1,4 @@
-// The verbs triggers, with list, add, enable, disable and delete, and suggestion, with snooze, stop and
+// The verbs "triggers", with list, add, enable, disable and delete, and "suggestion", with snooze, stop and
 // resume.
 #pragma once
 

@@ -31,7 +31,7 @@ ExitCode VerbTable::run() const {
             try {
                 return verb.run(m_asJson ? VerbOutput::json : VerbOutput::text);
             } catch (const std::exception& error) {
-                return VerbPrinting::complainOfAnswer(error);
+                return VerbPrinting::complainAboutReply(error);
             }
         }
     }
@@ -79,9 +79,9 @@ void printJson(const nlohmann::json& json) {
     write(SafeText::json(json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace)) + '\n');
 }
 
-ExitCode complainOfAnswer(const std::exception& error) {
-    return complain(fmt::format("vantrel gave an answer that is not understood ({}). Are vantrel and "
-                                "vantrelctl of the same version?",
+ExitCode complainAboutReply(const std::exception& error) {
+    return complain(fmt::format("vantrel sent a reply that vantrelctl does not understand ({}). Do vantrel "
+                                "and vantrelctl have the same version?",
                                 error.what()),
                     ExitCode::failed);
 }

@@ -1,4 +1,4 @@
-// The verbs of vantrelctl: what is typed, what is said about it, and what it does.
+// The verbs of vantrelctl: names, descriptions and what they do.
 #pragma once
 
 #include "Vantrel/commands/ControlClient.h"
@@ -27,36 +27,37 @@ enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, notRunning
 
 enum class VerbOutput : std::uint8_t { text, json };
 
-// What a verb knows of the machine it is typed on.
+// The verbs' view of the machine they run on.
 struct VerbEnvironment {
-    // Asked when something is about to be printed.
+    // Called when something is about to be printed.
     std::function<DeskDrawing::Options()> drawing;
-    // A date in the user's own time zone.
+    // Formats a date in the user's time zone.
     std::function<std::string(Date)> localDate;
-    // The log of the running program.
+    // The running program's log.
     std::filesystem::path logFile;
     FileSystem& files;
-    // Where the program keeps its stores, and its settings.
+    // The folder of the program's stores, and its settings file.
     std::filesystem::path supportDirectory;
     std::filesystem::path settingsFile;
-    // Keeps every vantrel from using the support folder as long as the result lives; else says who uses it.
+    // Keeps any vantrel from using the support folder while the result exists; otherwise returns who is using
+    // it.
     std::function<std::expected<std::shared_ptr<void>, std::string>()> lockSupportDirectory;
 };
 
 class VerbTable {
 public:
-    // A verb that is to do something gets the format that the user wants to read.
+    // Receives the output format the user chose.
     using Run = std::function<ExitCode(VerbOutput)>;
 
     explicit VerbTable(VerbEnvironment environment) : m_environment(std::move(environment)) {}
 
-    // Adds a verb with --json below `parent`. The variables that
-    // the caller's options set live as long as the verb: keep them in what `run` holds.
+    // Adds a verb with --json below `parent`. Variables set by the caller's options must live as long as the
+    // verb: keep them in `run`.
     CLI::App& add(CLI::App& parent, const std::string& name, const std::string& description, Run run);
-    // A verb that prints for people only.
+    // Adds a verb that prints for people only.
     CLI::App& addPlain(CLI::App& parent, const std::string& name, const std::string& description, Run run);
 
-    // Runs the innermost verb of what was parsed.
+    // Runs the innermost parsed verb.
     [[nodiscard]] ExitCode run() const;
 
     [[nodiscard]] const VerbEnvironment& environment() const { return m_environment; }
@@ -72,25 +73,25 @@ private:
     bool m_asJson = false;
 };
 
-// What the verbs print. Everything passes through here, and here texts from outside are made safe for a
-// terminal (SafeText).
+// All output of the verbs goes through here, where outside text is made safe for a terminal (SafeText).
 namespace VerbPrinting {
 
-inline constexpr const char* exitCodes =
-    "Exit codes: 0 done, 1 failed (or a window did not go back), 2 wrong usage, 3 vantrel is not running.";
+inline constexpr const char* exitCodes = "Exit codes: 0 done, 1 failed (or a window could not be restored), "
+                                         "2 usage error, 3 vantrel is not running.";
 
-// Lines for a person.
+// Prints lines for people.
 void print(std::string_view text);
-// On standard error, behind the program's name.
+// Prints to standard error, prefixed with the program's name.
 ExitCode complain(const std::string& sentence, ExitCode code);
 ExitCode complain(const ControlFailure& failure);
 void printJson(const nlohmann::json& json);
-ExitCode complainOfAnswer(const std::exception& error);
+ExitCode complainAboutReply(const std::exception& error);
 
-// The answer with every text made safe and kept on one line, so that no name can start a line or a column.
+// Makes every string of the reply safe and keeps it on one line, so that no name can start a line or a
+// column.
 [[nodiscard]] nlohmann::json safe(nlohmann::json answer);
 
-// Prints the answer as it came, or as `text` makes of it; `text` takes what the answer holds.
+// Prints the reply as it came, or as formatted by `text`, which takes the decoded message.
 template <typename Message, typename Text>
 ExitCode show(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output, Text&& text) {
     if (!answer) {
@@ -103,15 +104,15 @@ ExitCode show(const ControlClient::Result<nlohmann::json>& answer, VerbOutput ou
     try {
         print(text(JsonCoding::value<Message>(safe(*answer))));
     } catch (const std::exception& error) {
-        return complainOfAnswer(error);
+        return complainAboutReply(error);
     }
     return ExitCode::done;
 }
 
-// What was remembered.
+// Describes what was saved.
 [[nodiscard]] std::string savedText(const nlohmann::json& saved);
 
-// A restore's report; the code says when a window did not go back.
+// Prints a restore's report. The exit code is `failed` if a window could not be restored.
 ExitCode showReport(const ControlClient::Result<nlohmann::json>& answer, const VerbEnvironment& environment,
                     VerbOutput output);
 

@@ -60,7 +60,7 @@ TEST_F(DoctorTest, SaysWhatIsAmiss) {
     status->fileIncidents.emplace_back().text = "layouts.json could not be written.";
     expectLine("files          layouts.json could not be written.");
     status->phase.name = "needsPermission";
-    expectLine("window manager no window manager is running");
+    expectLine("window manager no window manager that can move windows is running");
     status = std::unexpected("vantrel is not running.");
     expectLine("bus            vantrel is not running.");
     files.failAll(simulated::MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);

@@ -146,7 +146,7 @@ TEST(CommandTexts, AReportNamesFirstWhatDidNotGoBackAndKeepsToItsColumns) {
                         "  skipped   Mail                  not r…\n"
                         "  retried   Terminal\n"
                         "  restored  Editor                notes\n");
-    EXPECT_EQ(CommandTexts::report({}, {}), "The saved layout holds no windows.\n");
+    EXPECT_EQ(CommandTexts::report({}, {}), "The saved layout contains no windows.\n");
 }
 
 TEST(CommandTexts, AStatusTellsDeskLayoutAndDisplays) {
@@ -188,5 +188,5 @@ TEST(CommandTexts, ListsHaveAStarAtTheActiveOneAndKeepToTheirColumns) {
               "* Work   1 window · pinned\n"
               "  Späti  4 windows · opens no apps\n"
               "  Home   0 windows · Studio\n"
-              "3 windows moved away from Work. Put back: vantrelctl scenes reapply\n");
+              "3 windows moved away from Work. To put them back: vantrelctl scenes reapply\n");
 }

@@ -95,8 +95,8 @@ TEST_F(BusMethods, ArgumentsBeyondReasonAreRefusedBeforeAnythingReadsThem) {
     const auto& method = *std::ranges::find(all, "RenameDesk", &ControlMethod::name);
     EXPECT_EQ(refusalOf({{std::string(maxArgumentLength, 'x')}}, method), std::nullopt);
     EXPECT_EQ(refusalOf({{std::string(maxArgumentLength + 1, 'x')}}, method),
-              "RenameDesk takes texts of at most 16384 bytes.");
-    EXPECT_EQ(refusalOf(std::nullopt, method), "RenameDesk takes 1 text argument.");
+              "RenameDesk takes strings of at most 16384 bytes.");
+    EXPECT_EQ(refusalOf(std::nullopt, method), "RenameDesk takes 1 string argument.");
     ASSERT_TRUE(call("SaveScene", {"Work"}));
     const std::string nested = std::string(8000, '[') + std::string(8000, ']');
     EXPECT_EQ(refusal("AddTrigger", {"calendar", "", nested}), "The scenes must be a JSON array of strings.");
