@@ -1,7 +1,8 @@
 // A whole desk behind the ports, on virtual time: displays that change in bursts of events, a window manager
-// that moves windows itself, and applications that clamp, drift, refuse, respond late or vanish. The program
-// under test uses only accessibility() and displayServices(). With everything else, the test acts as the
-// user, the cables and the applications.
+// that moves windows itself, and applications that clamp, drift, refuse, respond late or vanish.
+//
+// The program under test uses only accessibility() and displayServices(). With everything else, the test acts
+// as the user, the cables and the applications.
 #pragma once
 
 #include "tests/simulated/DeskSetup.h"

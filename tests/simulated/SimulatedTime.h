@@ -1,9 +1,10 @@
 // Virtual time and everything that runs on it: a clock, a main queue and background workers that really
-// interleave, one at a time, in a deterministic order. The thread that creates this object is the main
-// thread. Nothing happens unless it calls one of the run functions. Each background job has its own thread,
-// which runs only while it holds the baton. It returns the baton when it sleeps, waits for its own workers or
-// ends. So a display change can arrive in the middle of a restore, and the same script always runs the same
-// way.
+// interleave, one at a time, in a deterministic order.
+//
+// The thread that creates this object is the main thread. Nothing happens unless it calls one of the run
+// functions. Each background job has its own thread, which runs only while it holds the baton. It returns the
+// baton when it sleeps, waits for its own workers or ends. So a display change can arrive in the middle of a
+// restore, and the same script always runs the same way.
 #pragma once
 
 #include "VantrelCore/ports/Background.h"

@@ -17,8 +17,10 @@ public:
     [[nodiscard]] const TimeZone& userZone() const { return m_context.userZone; }
 
     // Returns the system's zone of that name, else the calendar's own definition, else the zone for that
-    // Windows name, else the user's zone. The system's rules come first because they are newer than the
-    // file's. A calendar's own rules apply from ten years before the interval.
+    // Windows name, else the user's zone.
+    //
+    // The system's rules come first because they are newer than the file's. A calendar's own rules apply from
+    // ten years before the interval.
     [[nodiscard]] TimeZone named(const std::string& name);
 
 private:

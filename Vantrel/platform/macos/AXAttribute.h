@@ -1,5 +1,6 @@
-// Reads attributes of an accessibility element and converts their values. Conversions return none if the
-// value has another type.
+// Reads attributes of an accessibility element and converts their values.
+//
+// Conversions return none if the value has another type.
 #pragma once
 
 #include "Vantrel/platform/macos/CFRef.h"

@@ -1,5 +1,6 @@
-// This program's autostart entry: its content, and what to do with an existing one. An entry that the user
-// has changed is neither replaced nor removed.
+// This program's autostart entry: its content, and what to do with an existing one.
+//
+// An entry that the user has changed is neither replaced nor removed.
 #pragma once
 
 #include <cstdint>

@@ -11,10 +11,11 @@
 namespace vantrel::CrashReporter {
 
 // Creates the crashes folder and installs the signal handlers for all threads. Call once, early, on the main
-// thread. If the folder cannot be used, crashes are silently not reported. Stack overflows are reported on
-// threads with an AlternateSignalStack; the calling thread gets one here. A second fault on the reporting
-// thread, or a report that takes longer than ten seconds, ends the process at once with the first signal.
-// Other threads that crash meanwhile wait for the end.
+// thread. If the folder cannot be used, crashes are silently not reported.
+//
+// Stack overflows are reported on threads with an AlternateSignalStack; the calling thread gets one here. A
+// second fault on the reporting thread, or a report that takes longer than ten seconds, ends the process at
+// once with the first signal. Other threads that crash meanwhile wait for the end.
 void install(const std::filesystem::path& supportDirectory, const SystemDescription& system);
 
 // How to handle uncaught exceptions not derived from std::exception.

@@ -1,7 +1,8 @@
-// Describes a return address: module, function, offset. Safe to use in a signal handler. Only
-// backtrace_symbols_fd is documented not to allocate and to be safe in a signal handler (dladdr is not, and
-// backtrace_symbols allocates). It writes full paths to a descriptor, so we have it write to a pipe and read
-// the line back without the folders.
+// Describes a return address: module, function, offset. Safe to use in a signal handler.
+//
+// Only backtrace_symbols_fd is documented not to allocate and to be safe in a signal handler (dladdr is not,
+// and backtrace_symbols allocates). It writes full paths to a descriptor, so we have it write to a pipe and
+// read the line back without the folders.
 #pragma once
 
 #include <array>

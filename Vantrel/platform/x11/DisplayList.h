@@ -45,11 +45,12 @@ struct X11Display {
 
 namespace DisplayList {
 
-// Returns the primary display first, then left to right and top to bottom. Outputs that show the same area,
-// or part of it, count as one display. Its identity is that of the primary output, else the laptop panel,
-// else the first connector. The uuid depends only on the EDID, so a monitor keeps it on another connector;
-// the connector is included only if several monitors share an EDID. Without an EDID there is no uuid. The id
-// depends only on the connector and survives unplugging and restarts.
+// Returns the primary display first, then left to right and top to bottom.
+//
+// Outputs that show the same area, or part of it, count as one display. Its identity is that of the primary
+// output, else the laptop panel, else the first connector. The uuid depends only on the EDID, so a monitor
+// keeps it on another connector; the connector is included only if several monitors share an EDID. Without an
+// EDID there is no uuid. The id depends only on the connector and survives unplugging and restarts.
 [[nodiscard]] std::vector<X11Display> displays(const std::vector<MonitorReading>& monitors);
 
 // Laptop panels: eDP, LVDS and DSI connectors.

@@ -1,7 +1,8 @@
 // Tells a window from a later one with the same id. The X server reuses ids, even within one process, so
-// neither the id nor the owner proves that a window is the captured one. The proof is a mark that dies with
-// the window: at the first capture we select an event on it that practically never occurs. If our selection
-// is gone, it is another window.
+// neither the id nor the owner proves that a window is the captured one.
+//
+// The proof is a mark that dies with the window: at the first capture we select an event on it that
+// practically never occurs. If our selection is gone, it is another window.
 #pragma once
 
 #include <cstdint>

@@ -21,8 +21,9 @@ public:
     // Starts the time limit of 1.0 second for the whole move.
     WindowMove(X11Desk& desk, xcb_window_t window, WindowMarks::Mark mark);
 
-    // Returns false if the window is gone, is full screen or has not moved although it could have. A
-    // maximised window stays maximised if the target is a monitor's whole usable area. Only the window
+    // Returns false if the window is gone, is full screen or has not moved although it could have.
+    //
+    // A maximised window stays maximised if the target is a monitor's whole usable area. Only the window
     // manager knows that area, so we maximise the window there and read it back. Otherwise the window is
     // unmaximised.
     [[nodiscard]] bool to(const FrameTarget& target);

@@ -1,7 +1,8 @@
 // The X server connection that all X11 adapters share, with the thread that reads its events. Any thread may
-// send requests and wait for replies; threads never wait for each other. A lost connection is a normal state:
-// requests fail, replies are null, isConnected() is false and the loss handlers are called once. It does not
-// reconnect; open a new connection instead.
+// send requests and wait for replies; threads never wait for each other.
+//
+// A lost connection is a normal state: requests fail, replies are null, isConnected() is false and the loss
+// handlers are called once. It does not reconnect; open a new connection instead.
 #pragma once
 
 #include "Vantrel/platform/x11/Registration.h"

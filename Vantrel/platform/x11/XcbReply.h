@@ -21,8 +21,10 @@ template <typename T>
     return XcbReply<T>(reply);
 }
 
-// Returns the reply to a request. Waits only if it has not been read yet. xcb 1.15 wakes another thread after
-// every wait, even if the reply was ready. So, for requests sent together, take the last reply first.
+// Returns the reply to a request. Waits only if it has not been read yet.
+//
+// xcb 1.15 wakes another thread after every wait, even if the reply was ready. So, for requests sent
+// together, take the last reply first.
 template <typename T>
 [[nodiscard]] XcbReply<T> takeReply(xcb_connection_t* xcb, unsigned int sequence) {
     void* reply = nullptr;

@@ -1,7 +1,8 @@
 // The objects of the fake platform: their memory layout, and a ledger of all references, so that leaks and
-// over-releases show in the test that caused them. An object begins with a class pointer, as Objective-C
-// objects do, so that a Core Foundation object is also an Objective-C object. Its ledger entry precedes it in
-// memory.
+// over-releases show in the test that caused them.
+//
+// An object begins with a class pointer, as Objective-C objects do, so that a Core Foundation object is also
+// an Objective-C object. Its ledger entry precedes it in memory.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
