@@ -117,7 +117,7 @@ void LicenseManager::scheduleTick() {
     m_tick = m_queue.after(std::max(left, 1.0), [this] { tick(); });
 }
 
-LicenseAcceptance::Asked LicenseManager::question() const {
+LicenseAcceptance::Request LicenseManager::newRequest() const {
     return {.machine = m_machine, .key = *m_key, .nonce = LicenseNonce::make(), .held = {}, .now = {}};
 }
 
@@ -133,12 +133,12 @@ void LicenseManager::renewWhenDue() {
         m_nextRenewal = monotonic + tickInterval;
         return;
     }
-    auto asked = question();
-    asked.held = m_license;
-    m_renewal = m_http.send(LicenseAnswers::renewal(m_options.apiServer, *m_license, asked.nonce),
-                            [this, asked](const HttpResult& result) {
+    auto request = newRequest();
+    request.held = m_license;
+    m_renewal = m_http.send(LicenseAnswers::renewal(m_options.apiServer, *m_license, request.nonce),
+                            [this, request](const HttpResult& result) {
                                 const auto ended = std::move(m_renewal);
-                                takeRenewal(result, asked);
+                                takeRenewal(result, request);
                                 scheduleTick();
                             });
 }
@@ -147,8 +147,8 @@ bool LicenseManager::isLockedOut() const {
     return !m_entitlement.isEntitled() && !m_record.withdrawn;
 }
 
-void LicenseManager::takeRenewal(const HttpResult& result, const LicenseAcceptance::Asked& asked) {
-    auto present = asked;
+void LicenseManager::takeRenewal(const HttpResult& result, const LicenseAcceptance::Request& request) {
+    auto present = request;
     present.now = m_clock.now();
     auto renewal = LicenseAcceptance::renewal(m_record, result, present);
     if (renewal.record != m_record) {
@@ -183,9 +183,9 @@ void LicenseManager::activate(const std::string& key, Done done) {
         done(std::unexpected("That is not a license key."));
         return;
     }
-    const auto asked = question();
-    ask(LicenseAnswers::activation(m_options.apiServer, *typed, m_machine, asked.nonce), done,
-        [this, asked](const HttpResult& result) { return takeLicense(result, asked); });
+    const auto request = newRequest();
+    send(LicenseAnswers::activation(m_options.apiServer, *typed, m_machine, request.nonce), done,
+         [this, request](const HttpResult& result) { return takeLicense(result, request); });
 }
 
 void LicenseManager::deactivate(Done done) {
@@ -197,12 +197,12 @@ void LicenseManager::deactivate(Done done) {
         done(std::unexpected("There is no license on this computer."));
         return;
     }
-    ask(LicenseAnswers::deactivation(m_options.apiServer, *m_license), done,
-        [this](const HttpResult& result) { return dropLicense(result); });
+    send(LicenseAnswers::deactivation(m_options.apiServer, *m_license), done,
+         [this](const HttpResult& result) { return dropLicense(result); });
 }
 
-void LicenseManager::ask(const HttpRequest& request, const Done& done,
-                         std::function<std::expected<void, std::string>(const HttpResult&)> answered) {
+void LicenseManager::send(const HttpRequest& request, const Done& done,
+                          std::function<std::expected<void, std::string>(const HttpResult&)> answered) {
     // The user need not wait for a renewal.
     m_renewal.reset();
     m_exchange = m_http.send(request, [this, done, answered = std::move(answered)](const HttpResult& result) {
@@ -217,12 +217,12 @@ void LicenseManager::ask(const HttpRequest& request, const Done& done,
 }
 
 std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& result,
-                                                             const LicenseAcceptance::Asked& asked) {
+                                                             const LicenseAcceptance::Request& request) {
     auto document = LicenseAnswers::activated(result);
     if (!document) {
         return std::unexpected(std::move(document.error()));
     }
-    auto present = asked;
+    auto present = request;
     present.now = m_clock.now();
     auto accepted = LicenseAcceptance::accept(m_record, *document, present);
     if (!accepted) {

@@ -45,10 +45,10 @@ public:
 private:
     // The reason why the server cannot be contacted now, if there is one.
     [[nodiscard]] std::optional<std::string> hindrance() const;
-    void ask(const HttpRequest& request, const Done& done,
-             std::function<std::expected<void, std::string>(const HttpResult&)> answered);
+    void send(const HttpRequest& request, const Done& done,
+              std::function<std::expected<void, std::string>(const HttpResult&)> answered);
     [[nodiscard]] std::expected<void, std::string> takeLicense(const HttpResult& result,
-                                                               const LicenseAcceptance::Asked& asked);
+                                                               const LicenseAcceptance::Request& request);
     [[nodiscard]] std::expected<void, std::string> dropLicense(const HttpResult& result);
     // Stores and writes the record, and announces a changed entitlement. Returns false when it could not be
     // written.
@@ -58,8 +58,8 @@ private:
     void renewWhenDue();
     // True when only a renewal is missing.
     [[nodiscard]] bool isLockedOut() const;
-    void takeRenewal(const HttpResult& result, const LicenseAcceptance::Asked& asked);
-    [[nodiscard]] LicenseAcceptance::Asked question() const;
+    void takeRenewal(const HttpResult& result, const LicenseAcceptance::Request& request);
+    [[nodiscard]] LicenseAcceptance::Request newRequest() const;
     // Counts the time that has passed, whatever the clock says.
     void tick();
     void scheduleTick();

@@ -10,33 +10,33 @@ namespace vantrel::LicenseAcceptance {
 namespace {
 
 std::optional<LicenseProblem> problemWith(const LicenseRecord& record, const License& license,
-                                          const Asked& asked) {
-    if (const auto problem = LicenseDocuments::problemWith(license, asked.machine, record.deactivated)) {
+                                          const Request& request) {
+    if (const auto problem = LicenseDocuments::problemWith(license, request.machine, record.deactivated)) {
         return problem;
     }
-    if (license.nonce && license.nonce != asked.nonce) {
+    if (license.nonce && license.nonce != request.nonce) {
         return LicenseProblem::otherRequest;
     }
-    if (!asked.held) {
+    if (!request.held) {
         return std::nullopt;
     }
-    if (license.id != asked.held->id) {
+    if (license.id != request.held->id) {
         return LicenseProblem::otherLicense;
     }
     // The server's clock may have been ahead earlier and be right now; only a fresh reply proves that.
-    return !license.nonce && license.issuedAt < asked.held->issuedAt ? std::optional(LicenseProblem::older)
-                                                                     : std::nullopt;
+    return !license.nonce && license.issuedAt < request.held->issuedAt ? std::optional(LicenseProblem::older)
+                                                                       : std::nullopt;
 }
 
 } // namespace
 
 std::expected<Accepted, LicenseProblem> accept(const LicenseRecord& record, const LicenseDocument& document,
-                                               const Asked& asked) {
-    const auto license = LicenseDocuments::verify(document, asked.key);
+                                               const Request& request) {
+    const auto license = LicenseDocuments::verify(document, request.key);
     if (!license) {
         return std::unexpected(license.error());
     }
-    if (const auto problem = problemWith(record, *license, asked)) {
+    if (const auto problem = problemWith(record, *license, request)) {
         return std::unexpected(*problem);
     }
     Accepted accepted{.record = record, .license = *license};
@@ -47,18 +47,18 @@ std::expected<Accepted, LicenseProblem> accept(const LicenseRecord& record, cons
         // Forget a clock that was once ahead.
         accepted.record.latestSeen = license->issuedAt;
     }
-    if (!LicenseDecision::entitlement(accepted.record, *license, asked.now).isEntitled()) {
-        const Date now = LicenseDecision::effectiveNow(accepted.record, *license, asked.now);
+    if (!LicenseDecision::entitlement(accepted.record, *license, request.now).isEntitled()) {
+        const Date now = LicenseDecision::effectiveNow(accepted.record, *license, request.now);
         return std::unexpected(license->expiresAt && now >= *license->expiresAt ? LicenseProblem::expired
                                                                                 : LicenseProblem::clockAhead);
     }
     return accepted;
 }
 
-Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Asked& asked) {
-    Renewal outcome{.record = record, .license = *asked.held};
+Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Request& request) {
+    Renewal outcome{.record = record, .license = *request.held};
     if (LicenseAnswers::isWithdrawn(result)) {
-        outcome.record.withdrawn = asked.held->id;
+        outcome.record.withdrawn = request.held->id;
         outcome.sentence = "the vendor's server no longer renews this license";
         return outcome;
     }
@@ -67,7 +67,7 @@ Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Ask
         outcome.sentence = "not renewed: " + document.error();
         return outcome;
     }
-    auto accepted = accept(record, *document, asked);
+    auto accepted = accept(record, *document, request);
     if (!accepted) {
         outcome.sentence = fmt::format("not renewed: the server's reply was not accepted. {}",
                                        LicenseProblems::sentence(accepted.error()));

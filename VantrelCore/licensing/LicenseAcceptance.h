@@ -10,7 +10,7 @@
 
 namespace vantrel::LicenseAcceptance {
 
-struct Asked {
+struct Request {
     // From LicensedMachine.
     std::string machine;
     LicenseDocuments::PublicKey key{};
@@ -28,7 +28,7 @@ struct Accepted {
 };
 
 [[nodiscard]] std::expected<Accepted, LicenseProblem>
-accept(const LicenseRecord& record, const LicenseDocument& document, const Asked& asked);
+accept(const LicenseRecord& record, const LicenseDocument& document, const Request& request);
 
 struct Renewal {
     // The new state; unchanged unless the server renewed or withdrew the licence.
@@ -39,7 +39,7 @@ struct Renewal {
     std::string sentence{};
 };
 
-// `asked.held` must be set.
-[[nodiscard]] Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Asked& asked);
+// `request.held` must be set.
+[[nodiscard]] Renewal renewal(const LicenseRecord& record, const HttpResult& result, const Request& request);
 
 } // namespace vantrel::LicenseAcceptance

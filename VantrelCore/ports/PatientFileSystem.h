@@ -20,7 +20,7 @@ public:
     // Both must outlive this object.
     PatientFileSystem(FileSystem& files, Clock& clock) : m_files(files), m_clock(clock) {}
 
-    [[nodiscard]] static bool mayPass(const std::error_code& error);
+    [[nodiscard]] static bool isTransient(const std::error_code& error);
 
     [[nodiscard]] std::expected<std::string, std::error_code>
     read(const std::filesystem::path& file) override;
@@ -53,7 +53,7 @@ private:
     [[nodiscard]] bool wait(double seconds);
 
     template <typename Reading>
-    [[nodiscard]] std::invoke_result_t<Reading> patiently(Reading reading);
+    [[nodiscard]] std::invoke_result_t<Reading> withRetries(Reading reading);
 
     FileSystem& m_files;
     Clock& m_clock;

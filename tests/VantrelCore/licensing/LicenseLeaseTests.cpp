@@ -91,17 +91,17 @@ TEST(LicenseLease, IsRenewedByAnAnswerToThisRequestOnlyAndWithdrawnBy410Only) {
         {HttpResponse{500, ""}, false, "(500)"},
         {std::unexpected(HttpFailure{HttpFailure::Kind::untrusted, "Not trusted."}), false, "Not trusted."},
     };
-    const LicenseAcceptance::Asked asked{
+    const LicenseAcceptance::Request request{
         .machine = machine, .key = key, .nonce = "now", .held = held, .now = now};
     for (const auto& row : rows) {
-        const auto outcome = LicenseAcceptance::renewal(record, row.answer, asked);
+        const auto outcome = LicenseAcceptance::renewal(record, row.answer, request);
         EXPECT_EQ(outcome.isRenewed, row.isRenewed) << outcome.sentence;
         EXPECT_THAT(outcome.sentence, HasSubstr(row.part));
         EXPECT_EQ(outcome.record == record && outcome.license == held, !row.isRenewed) << outcome.sentence;
     }
-    const auto withdrawn = LicenseAcceptance::renewal(record, HttpResponse{410, ""}, asked);
+    const auto withdrawn = LicenseAcceptance::renewal(record, HttpResponse{410, ""}, request);
     EXPECT_EQ(withdrawn.record.withdrawn, "license-1");
-    EXPECT_EQ(LicenseAcceptance::renewal(withdrawn.record, ok(lease(now)), asked).record.withdrawn,
+    EXPECT_EQ(LicenseAcceptance::renewal(withdrawn.record, ok(lease(now)), request).record.withdrawn,
               std::nullopt);
     EXPECT_EQ(LicenseRecords::merged(record, LicenseRecords::forCopy(withdrawn.record)).withdrawn,
               "license-1");
