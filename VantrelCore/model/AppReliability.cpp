@@ -34,7 +34,7 @@ std::int64_t AppReliability::landed() const {
 }
 
 std::optional<double> AppReliability::failureRate() const {
-    // A damaged file may hold negative counts; they count as no data.
+    // A damaged file may have negative counts; treat them as no data.
     if (attempts() <= 0) {
         return std::nullopt;
     }

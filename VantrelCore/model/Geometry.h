@@ -1,5 +1,5 @@
-// Points, sizes and rectangles in global screen coordinates: in points, double precision, origin at the top
-// left of the primary display, y pointing down.
+// Points, sizes and rectangles in global screen coordinates: points (the unit), double precision, origin at
+// the top left of the primary display, y pointing down.
 #pragma once
 
 #include <cstdint>

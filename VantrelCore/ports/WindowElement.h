@@ -19,7 +19,7 @@
 
 namespace vantrel {
 
-// The subrole of an ordinary document window, in the words of macOS Accessibility.
+// The subrole of an ordinary document window, in macOS Accessibility terms.
 inline constexpr const char* standardWindowSubrole = "AXStandardWindow";
 
 // A window's readable attributes; absent ones could not be read or had the wrong type.
@@ -59,7 +59,7 @@ public:
     WindowElement& operator=(const WindowElement&) = delete;
     virtual ~WindowElement() = default;
 
-    // Reads afresh, in one exchange where the platform can.
+    // Reads current values, in one exchange where the platform can.
     [[nodiscard]] virtual WindowAttributes read(AttributeGroup group) = 0;
 
     // Performs the writes in order and returns one result per write: whether the platform accepted it. A

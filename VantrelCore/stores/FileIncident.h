@@ -1,4 +1,4 @@
-// Something that happened to one of the program's files and that the user should know.
+// Something that happened to one of the program's files and that the user should know about.
 #pragma once
 
 #include <cstdint>

@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
 
-    // True when the file was read and `decode` accepted it; `encode` then tells which keys the record knows.
+    // True when the file was read and `decode` accepted it; `encode` then shows which keys the record knows.
     // False when there is no file, or when it could not be read or decoded and was moved to ".corrupt" beside
     // it. A file moved aside because it was unreadable is put back once it can be read, unless something has
     // been written since.

@@ -34,7 +34,7 @@ WindowAttributes read(const std::shared_ptr<WindowElement>& element, AttributeGr
     return answerOr(WindowAttributes{}, element, [&](WindowElement& window) { return window.read(group); });
 }
 
-// True when the platform took the first `needed` writes.
+// True when the platform accepted the first `needed` writes.
 bool write(const std::shared_ptr<WindowElement>& element, std::span<const FrameWrite> writes,
            std::size_t needed) {
     return answerOr(false, element, [&](WindowElement& window) {

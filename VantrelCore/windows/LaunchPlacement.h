@@ -1,4 +1,4 @@
-// Decides where the first window of a just launched application goes on the current desk.
+// Decides where the first window of a newly launched application goes on the current desk.
 #pragma once
 
 #include "VantrelCore/model/AppRule.h"

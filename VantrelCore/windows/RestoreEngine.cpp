@@ -60,7 +60,7 @@ Pairs backToFront(Pairs pairs, const std::vector<WindowRecord>& saved) {
     return pairs;
 }
 
-// Raises the back-most saved window first, so that the front-most one ends on top.
+// Raises the back-most saved window first, so that the front-most one ends up on top.
 void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
                   const std::vector<CurrentWindow>& current) {
     for (const auto& pair : backToFront(pairs, saved)) {

@@ -17,7 +17,7 @@ constexpr double exactTolerance = 2.0;
 // A looser match still proves that a window is on screen.
 constexpr double overlapShare = 0.3;
 constexpr double nearCenterDistance = 100.0;
-// A window this wide or high, in points, is a program's internal helper.
+// A window no wider or no higher than this, in points, is a program's internal helper.
 constexpr double invisibleExtent = 1.0;
 // The subrole of a window of unknown kind: a splash screen, a menu, an undecorated window.
 constexpr const char* unknownWindowSubrole = "AXUnknown";
