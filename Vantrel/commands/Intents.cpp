@@ -9,7 +9,7 @@ namespace vantrel {
 
 namespace {
 
-void tellNothingHappened(const Intents::Done& done, std::string message) {
+void reportNothingHappened(const Intents::Done& done, std::string message) {
     done(std::unexpected(VantrelIntentError{VantrelIntentError::Kind::nothingHappened, std::move(message)}));
 }
 
@@ -19,15 +19,15 @@ std::string windows(std::int64_t count) {
 
 // Reports the result of a restore once it has ended. If it did not begin, the message is `refusal`, or the
 // outcome's text if that is empty.
-RestoreOutcome::Done told(const Intents::Done& done, std::function<std::string(std::int64_t)> success,
-                          std::string refusal) {
+RestoreOutcome::Done reportOutcome(const Intents::Done& done,
+                                   std::function<std::string(std::int64_t)> success, std::string refusal) {
     return [done, success = std::move(success), refusal = std::move(refusal)](const RestoreOutcome& outcome) {
         if (outcome.kind == RestoreOutcome::Kind::finished) {
             done(success(static_cast<std::int64_t>(outcome.report.restoredCount())));
         } else if (refusal.empty() || outcome.kind == RestoreOutcome::Kind::superseded) {
-            tellNothingHappened(done, outcome.text());
+            reportNothingHappened(done, outcome.text());
         } else {
-            tellNothingHappened(done, refusal);
+            reportNothingHappened(done, refusal);
         }
     };
 }
@@ -47,7 +47,7 @@ void Intents::restoreNow(const Done& done) {
     if (AppController* const running = controller(done)) {
         running->restoreNow(
             RestoreSource::shortcut,
-            told(
+            reportOutcome(
                 done, [](std::int64_t count) { return windows(count) + " put back."; },
                 "Nothing moved. This desk has no saved layout yet, or Vantrel is paused, missing "
                 "Accessibility permission, or past its trial."));
@@ -59,13 +59,13 @@ void Intents::applyScene(const std::string& sceneID, const Done& done) {
         const auto& scenes = running->published().scenes;
         const auto scene = std::ranges::find(scenes, sceneID, &Scene::id);
         if (scene == scenes.end()) {
-            tellNothingHappened(done, "That scene no longer exists.");
+            reportNothingHappened(done, "That scene no longer exists.");
             return;
         }
         // A copy, because applying the scene changes the published scenes.
         running->applyScene(
             Scene(*scene), "Shortcuts",
-            told(
+            reportOutcome(
                 done, [name = scene->name](std::int64_t) { return fmt::format("Applied \"{}\".", name); },
                 "Nothing moved. Vantrel may be paused, missing Accessibility permission, or past its "
                 "trial."));
@@ -78,7 +78,7 @@ void Intents::saveScene(const std::string& name, const Done& done) {
             if (outcome.isSaved()) {
                 done(fmt::format("Saved the desk as \"{}\".", outcome.scene ? outcome.scene->name : ""));
             } else {
-                tellNothingHappened(done, outcome.text());
+                reportNothingHappened(done, outcome.text());
             }
         });
     }
@@ -92,18 +92,18 @@ void Intents::stash(const Done& done) {
                      if (stash) {
                          done(windows(stash->windowCount) + " put aside.");
                      } else {
-                         tellNothingHappened(done, SaveOutcome{.kind = stash.error()}.text());
+                         reportNothingHappened(done, SaveOutcome{.kind = stash.error()}.text());
                      }
                  },
-             .broughtBack =
-                 told(done, [](std::int64_t count) { return windows(count) + " brought back."; }, "")});
+             .broughtBack = reportOutcome(
+                 done, [](std::int64_t count) { return windows(count) + " brought back."; }, "")});
     }
 }
 
 void Intents::undoLastRestore(const Done& done) {
     if (AppController* const running = controller(done)) {
-        running->undoLastRestore(
-            told(done, [](std::int64_t) { return "Undid the last restore."; }, "There is nothing to undo."));
+        running->undoLastRestore(reportOutcome(
+            done, [](std::int64_t) { return "Undid the last restore."; }, "There is nothing to undo."));
     }
 }
 

@@ -15,14 +15,14 @@ struct OpenAction {
     void* context = nullptr;
     VantrelIntentAnswer answer = nullptr;
 
-    void tell(const Intents::Result& result) {
-        if (const VantrelIntentAnswer told = std::exchange(answer, nullptr)) {
+    void finish(const Intents::Result& result) {
+        if (const VantrelIntentAnswer callback = std::exchange(answer, nullptr)) {
             const bool isNotRunning = !result && result.error().kind == VantrelIntentError::Kind::notRunning;
-            told(context,
-                 result         ? VantrelIntentDone
-                 : isNotRunning ? VantrelIntentNotRunning
-                                : VantrelIntentNothingHappened,
-                 result ? result->c_str() : result.error().message.c_str());
+            callback(context,
+                     result         ? VantrelIntentDone
+                     : isNotRunning ? VantrelIntentNotRunning
+                                    : VantrelIntentNothingHappened,
+                     result ? result->c_str() : result.error().message.c_str());
         }
     }
 };
@@ -45,7 +45,7 @@ Intents::Done done(void* context, VantrelIntentAnswer answer) {
     auto& open = running().open;
     std::erase_if(open, [](const auto& other) { return other.expired(); });
     open.push_back(action);
-    return [action](const Intents::Result& result) { action->tell(result); };
+    return [action](const Intents::Result& result) { action->finish(result); };
 }
 
 std::string text(const char* given) {
@@ -64,8 +64,8 @@ IntentsBridge::~IntentsBridge() {
     running().focusFilterRan = nullptr;
     for (const auto& waiting : std::exchange(running().open, {})) {
         if (const auto action = waiting.lock()) {
-            action->tell(std::unexpected(VantrelIntentError{VantrelIntentError::Kind::notRunning,
-                                                            std::string(Intents::vantrelIsNotRunning)}));
+            action->finish(std::unexpected(VantrelIntentError{VantrelIntentError::Kind::notRunning,
+                                                              std::string(Intents::vantrelIsNotRunning)}));
         }
     }
 }

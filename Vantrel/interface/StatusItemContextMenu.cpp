@@ -150,7 +150,7 @@ const std::function<void()>& StatusItemContextMenu::actionOf(StatusItem::Notice:
     return m_actions.checkForUpdates;
 }
 
-RestoreOutcome::Done StatusItemContextMenu::tellRefusal() {
+RestoreOutcome::Done StatusItemContextMenu::showRefusal() {
     using Kind = RestoreOutcome::Kind;
     return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
         // A user who requested something else meanwhile does not need the message.
@@ -166,7 +166,7 @@ void StatusItemContextMenu::applyScene(const std::string& id) {
     const auto found = std::ranges::find(scenes, id, &Scene::id);
     if (found != scenes.end()) {
         // A copy, because applying the scene changes the published scenes.
-        m_controller.applyScene(Scene(*found), std::nullopt, tellRefusal());
+        m_controller.applyScene(Scene(*found), std::nullopt, showRefusal());
     }
 }
 
@@ -176,10 +176,10 @@ void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
         applyScene(entry.sceneEntry.id);
         break;
     case StatusItemMenuEntry::Kind::restoreNow:
-        m_controller.restoreNow(RestoreSource::menu, tellRefusal());
+        m_controller.restoreNow(RestoreSource::menu, showRefusal());
         break;
     case StatusItemMenuEntry::Kind::undoLastRestore:
-        m_controller.undoLastRestore(tellRefusal());
+        m_controller.undoLastRestore(showRefusal());
         break;
     case StatusItemMenuEntry::Kind::layouts:
         m_actions.openLayouts();

@@ -56,7 +56,7 @@ private:
     void perform(const StatusItemMenuEntry& entry);
     void applyScene(const std::string& id);
     // Shows a message next to the icon that says why an entry did nothing.
-    [[nodiscard]] RestoreOutcome::Done tellRefusal();
+    [[nodiscard]] RestoreOutcome::Done showRefusal();
 
     AppController& m_controller;
     Actions m_actions;

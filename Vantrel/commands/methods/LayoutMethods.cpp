@@ -45,8 +45,8 @@ void apply(AppController& controller, const std::string& desk, const std::string
 }
 
 // `name` is the layout's name after the change.
-void tellChange(AppController& controller, LayoutChange change, const std::string& name,
-                const ControlReply& reply) {
+void replyWithChange(AppController& controller, LayoutChange change, const std::string& name,
+                     const ControlReply& reply) {
     const auto& state = controller.published();
     reply(change.kind == LayoutChange::Kind::done
               ? ControlAnswer({{"configID", state.configID},
@@ -87,14 +87,14 @@ std::vector<ControlMethod> layoutMethods(AppController& controller) {
          {"name", "newName"},
          "layout",
          [&controller](const Arguments& arguments, const ControlReply& reply) {
-             tellChange(controller, controller.layouts().rename(arguments[0], arguments[1]),
-                        std::string(Unicode::trimmed(arguments[1])), reply);
+             replyWithChange(controller, controller.layouts().rename(arguments[0], arguments[1]),
+                             std::string(Unicode::trimmed(arguments[1])), reply);
          }},
         {"DeleteLayout",
          {"name"},
          "layout",
          [&controller](const Arguments& arguments, const ControlReply& reply) {
-             tellChange(controller, controller.layouts().remove(arguments[0]), arguments[0], reply);
+             replyWithChange(controller, controller.layouts().remove(arguments[0]), arguments[0], reply);
          }},
     };
 }

@@ -26,13 +26,13 @@ struct Words {
 using Shared = std::shared_ptr<Words>;
 using Sentence = std::function<std::string(const SceneMessage&)>;
 
-ExitCode tell(const char* method, const std::vector<std::string>& arguments, VerbOutput output,
-              const Sentence& sentence) {
+ExitCode changeScene(const char* method, const std::vector<std::string>& arguments, VerbOutput output,
+                     const Sentence& sentence) {
     return show<SceneMessage>(ControlClient::call(method, arguments), output,
                               [&](const SceneMessage& scene) { return sentence(scene) + '\n'; });
 }
 
-Sentence said(const char* format) {
+Sentence sentenceFor(const char* format) {
     return [format](const SceneMessage& message) {
         return fmt::format(fmt::runtime(format), message.scene.name);
     };
@@ -89,9 +89,9 @@ ExitCode setWallpaper(const Words& words, VerbOutput output) {
             return complain(fmt::format("There is no picture file {}.", path), ExitCode::failed);
         }
     }
-    return tell("SetSceneWallpaper", {words.scene, words.display, path}, output,
-                said(path.empty() ? "The scene \"{}\" does not change the wallpaper."
-                                  : "The wallpaper of the scene \"{}\" is set."));
+    return changeScene("SetSceneWallpaper", {words.scene, words.display, path}, output,
+                       sentenceFor(path.empty() ? "The scene \"{}\" does not change the wallpaper."
+                                                : "The wallpaper of the scene \"{}\" is set."));
 }
 
 void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
@@ -101,33 +101,35 @@ void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
         return verb;
     };
     add("new", "Create a scene without windows, to be filled in the editor", [words](VerbOutput output) {
-        return tell("CreateEmptyScene", {words->scene}, output, said("Created the empty scene \"{}\"."));
+        return changeScene("CreateEmptyScene", {words->scene}, output,
+                           sentenceFor("Created the empty scene \"{}\"."));
     });
     add("update", "Save the desk to an existing scene of this desk",
         [words](VerbOutput output) { return save(words->scene, output); });
     add("rename", "Rename a scene",
         [words](VerbOutput output) {
-            return tell("RenameScene", {words->scene, words->newName}, output,
-                        said("The scene is now called \"{}\"."));
+            return changeScene("RenameScene", {words->scene, words->newName}, output,
+                               sentenceFor("The scene is now called \"{}\"."));
         })
         .add_option("name", words->newName, "Its new name, of 30 characters or fewer")
         ->required();
     add("delete", "Delete a scene", [words](VerbOutput output) {
-        return tell("DeleteScene", {words->scene}, output, said("Deleted the scene \"{}\"."));
+        return changeScene("DeleteScene", {words->scene}, output, sentenceFor("Deleted the scene \"{}\"."));
     });
     add("pin", "Protect a scene from being overwritten or deleted", [words](VerbOutput output) {
-        return tell("PinScene", {words->scene}, output, said("Pinned the scene \"{}\"."));
+        return changeScene("PinScene", {words->scene}, output, sentenceFor("Pinned the scene \"{}\"."));
     });
     add("unpin", "Allow a scene to be changed again", [words](VerbOutput output) {
-        return tell("UnpinScene", {words->scene}, output, said("Unpinned the scene \"{}\"."));
+        return changeScene("UnpinScene", {words->scene}, output, sentenceFor("Unpinned the scene \"{}\"."));
     });
     add("open-apps", "Choose whether applying a scene starts its applications that are not running",
         [words](VerbOutput output) {
             const bool opens = words->opens == "yes";
-            return tell(
+            return changeScene(
                 "SetSceneOpensMissingApps", {words->scene, opens ? "true" : "false"}, output,
-                said(opens ? "The scene \"{}\" opens missing apps."
-                           : "The scene \"{}\" opens no missing apps, except those it keeps places for."));
+                sentenceFor(
+                    opens ? "The scene \"{}\" opens missing apps."
+                          : "The scene \"{}\" opens no missing apps, except those it keeps places for."));
         })
         .add_option("opens", words->opens, "yes or no")
         ->required()

@@ -19,7 +19,7 @@ ExitCode list(const VerbEnvironment& environment, VerbOutput output) {
     });
 }
 
-ExitCode tellStash(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output) {
+ExitCode showStash(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output) {
     return show<nlohmann::json>(answer, output, [](const nlohmann::json& stash) {
         const auto windows = JsonCoding::required<std::int64_t>(stash, "windows");
         return fmt::format("Stashed {} {} of {} for 7 days. Bring them back with: vantrelctl stash back\n",
@@ -31,7 +31,7 @@ ExitCode tellStash(const ControlClient::Result<nlohmann::json>& answer, VerbOutp
 ExitCode toggle(const VerbEnvironment& environment, VerbOutput output) {
     const auto answer = ControlClient::call("ToggleStash");
     const bool isReport = answer && answer->contains("restored");
-    return isReport ? showReport(answer, environment, output) : tellStash(answer, output);
+    return isReport ? showReport(answer, environment, output) : showStash(answer, output);
 }
 
 } // namespace
@@ -47,7 +47,7 @@ void addStashVerbs(VerbTable& table, CLI::App& app) {
     auto& stash = table.add(app, "stash", "List stashes, stash this desk, bring a stash back", listed);
     table.add(stash, "list", "List the stashes; a star marks the one that \"back\" brings back", listed);
     table.add(stash, "now", "Stash this desk as it is for 7 days",
-              [](VerbOutput output) { return tellStash(ControlClient::call("Stash"), output); });
+              [](VerbOutput output) { return showStash(ControlClient::call("Stash"), output); });
     table.add(stash, "toggle", "Bring this desk's newest stash back; without one, stash the desk",
               [&environment](VerbOutput output) { return toggle(environment, output); });
     const auto id = std::make_shared<std::string>();
