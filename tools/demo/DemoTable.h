@@ -1,4 +1,4 @@
-// What the demonstration measured of each window, and how it is shown.
+// What the demo measured for each window, and the table that shows it.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -14,16 +14,16 @@ struct WindowStory {
     std::string name;
     std::string program;
     Rect before;
-    // Absent when the window was gone.
+    // Absent if the window no longer existed.
     std::optional<Rect> unplugged;
     std::optional<Rect> after;
-    // The steps in which its program changes size; 1 x 1 for most.
+    // The program's size increments; 1 x 1 for most.
     Size increment{1, 1};
 };
 
 enum class Verdict : std::uint8_t {
     back,
-    // At its place, in the nearest size that its program can take.
+    // In place, in the nearest size that its program accepts.
     nearest,
     away,
     gone,
@@ -33,7 +33,7 @@ namespace DemoTable {
 
 inline constexpr double tolerance = 2;
 
-// The largest difference of position or size, in points.
+// The largest difference in position or size, in points.
 [[nodiscard]] double distance(const Rect& a, const Rect& b);
 [[nodiscard]] Verdict verdict(const WindowStory& story);
 [[nodiscard]] bool isBack(const WindowStory& story);

@@ -72,14 +72,14 @@ All tests passed.
 )";
 
 struct DemoWindow {
-    // As the table names it.
+    // The name in the table.
     std::string name;
     std::string program;
     std::vector<std::string> command;
     Rect place;
 };
 
-// A terminal that shows the output of `command` and stays.
+// A terminal that shows the output of `command` and stays open.
 std::string shell(const std::string& command) {
     return command + "; exec sleep infinity";
 }

@@ -15,7 +15,7 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-// When to look what the window manager did by itself after plugging back.
+// When to check what the window manager did on its own after plugging back.
 constexpr double windowManagerSeconds = 0.3;
 
 template <typename... Arguments>
@@ -35,7 +35,7 @@ public:
 
     bool play() {
         say("1  A private desk: X server {} with two monitors side by side,\n   "
-            "\"Desk 24\" ({}x{}) and \"Side 27\" ({}x{}), {}, and a home of its own.",
+            "\"Desk 24\" ({}x{}) and \"Side 27\" ({}x{}), {}, and its own home.",
             m_desk.display(), leftMonitor.width, leftMonitor.height, rightMonitor.width, rightMonitor.height,
             m_options.windowManager);
         paintBackdrop(m_desk);
@@ -80,11 +80,12 @@ private:
         const auto start = SteadyClock::now();
         m_desk.monitors().plug(1, rightMonitor);
         say("5  The right monitor is plugged back.");
-        // Well within the time for which vantrel waits.
+        // Well within the time that vantrel waits.
         [[maybe_unused]] const bool isEarly =
             m_desk.connection().waitUntil([&] { return secondsSince(start) >= windowManagerSeconds; });
         takeFrames(&WindowStory::after);
-        say("   {:.1f} s later, before vantrel moves anything: {} of {} windows stand where they did\n   by "
+        say("   {:.1f} s later, before vantrel moves anything: {} of {} windows are back in place\n   "
+            "through "
             "the window manager alone.",
             secondsSince(start), countBack(), m_actors.size());
         const std::string report = vantrel.awaitLogged("restore report:", generousSeconds);
@@ -107,9 +108,11 @@ private:
         for (const DemoActor& actor : m_actors) {
             stories.push_back(actor.story);
         }
-        say("6  Every window as the X server has it: x,y width x height, and differences, in points:\n\n{}",
+        say("6  Every window as the X server reports it: x,y width x height, and differences, in "
+            "points:\n\n{}",
             DemoTable::text(stories));
-        say("   Pictures: 1-before.png, 2-unplugged.png and 3-after.png in {}", m_options.pictures.string());
+        say("   Screenshots: 1-before.png, 2-unplugged.png and 3-after.png in {}",
+            m_options.pictures.string());
         say("{} of {} windows are back.", countBack(), m_actors.size());
         return countBack() == std::ssize(m_actors);
     }

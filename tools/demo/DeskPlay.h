@@ -1,5 +1,5 @@
-// The main job of vantrel, played from beginning to end on a private desk: arrange windows on two monitors,
-// save, unplug one, plug it back, and measure where every window stands.
+// Plays vantrel's main job from beginning to end on a private desk: arranges windows on two monitors, saves,
+// unplugs one, plugs it back, and measures the position of every window.
 #pragma once
 
 #include "tools/demo/DemoTable.h"
@@ -17,8 +17,8 @@ struct PlayOptions {
     std::filesystem::path pictures;
 };
 
-// Tells on standard output what it does as it goes. True when every window is back. Throws
-// std::runtime_error with a sentence when the play cannot be set up or vantrel does not answer.
+// Prints its progress on standard output. True if every window is back. Throws std::runtime_error with a
+// readable sentence if setting up fails or vantrel does not respond.
 [[nodiscard]] bool playDesk(const PlayOptions& options);
 
 } // namespace vantrel::tools

@@ -20,7 +20,7 @@ RunningVantrel::RunningVantrel(PrivateDesk& desk, Programs programs)
     });
     const auto status = nlohmann::json::parse(answer, nullptr, false);
     if (!answered || !process.isRunning() || !status.is_object()) {
-        throw std::runtime_error(fmt::format("vantrel does not answer: {}{}", answer,
+        throw std::runtime_error(fmt::format("vantrel does not respond: {}{}", answer,
                                              m_desk.home().logEnd(m_programs.vantrel.string())));
     }
     m_logFile = std::filesystem::path(status.value("supportDirectory", "")) / "app.log";

@@ -1,4 +1,4 @@
-// The program vantrel on the demonstration's desk, told what to do through vantrelctl as a user would.
+// The program vantrel on the demo's desk, controlled through vantrelctl as by a user.
 #pragma once
 
 #include "tools/desk/PrivateDesk.h"
@@ -15,16 +15,17 @@ public:
         std::filesystem::path vantrelctl;
     };
 
-    // Starts it and returns when it answers. Throws std::runtime_error with a sentence when it does not.
+    // Starts it and returns when it responds. Throws std::runtime_error with a readable sentence if it does
+    // not.
     RunningVantrel(PrivateDesk& desk, Programs programs);
 
-    // What `vantrelctl status` says of the desk: its name.
+    // The desk's name from `vantrelctl status`.
     [[nodiscard]] const std::string& deskName() const { return m_deskName; }
-    // vantrelctl's own words; throws when it fails.
+    // The output of vantrelctl; throws if it fails.
     std::string save();
 
-    // Waits for the next line of the log that holds `words`, after those that were waited for before.
-    // Empty when none came in time.
+    // Waits for the next log line that contains `words`, after those already waited for. Empty if none came
+    // in time.
     [[nodiscard]] std::string awaitLogged(const std::string& words, double seconds);
     [[nodiscard]] std::string log() const;
 
@@ -35,7 +36,7 @@ private:
     Programs m_programs;
     std::filesystem::path m_logFile;
     std::string m_deskName;
-    // How much of the log was waited for already.
+    // How much of the log has been waited for already.
     std::size_t m_logSeen = 0;
 };
 

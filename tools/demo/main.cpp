@@ -1,4 +1,4 @@
-// vantrel_demo: plays the main job of vantrel on a private desk and shows what came of every window.
+// vantrel_demo: plays vantrel's main job on a private desk and shows the result for every window.
 #include "tools/demo/DeskPlay.h"
 
 #include <CLI/CLI.hpp>
@@ -14,11 +14,11 @@ int main(int argumentCount, char** arguments) {
 
     CLI::App app(
         "Arranges windows on a private desk with two monitors, unplugs one, plugs it back and measures "
-        "where vantrel has put every window. Touches nothing of the user's.",
+        "where vantrel has put every window. Touches none of the user's files.",
         "vantrel_demo");
-    app.footer("Exit codes: 0 every window is back, 1 some are not, 2 the play could not be set up.");
+    app.footer("Exit codes: 0 every window is back, 1 some are not, 2 the demo could not be set up.");
     app.add_option("--window-manager", options.windowManager, "openbox or xfwm4")->capture_default_str();
-    app.add_option("--pictures", options.pictures, "Folder for the three pictures")->capture_default_str();
+    app.add_option("--pictures", options.pictures, "Folder for the three screenshots")->capture_default_str();
     app.add_option("--vantrel", options.programs.vantrel, "The program vantrel")->capture_default_str();
     app.add_option("--vantrelctl", options.programs.vantrelctl, "The program vantrelctl")
         ->capture_default_str();

@@ -28,7 +28,7 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
     return result;
 }
 
-// Between fork and exec: only what is safe there.
+// Runs between fork and exec: only async-signal-safe calls.
 void bindToParent(gpointer parent) {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -115,7 +115,7 @@ void ChildProcess::end(double graceSeconds) {
     if (m_pid <= 0) {
         return;
     }
-    // The group first, while its leader's pid is still ours.
+    // Kill the group first, while its leader's pid is still ours.
     if (isRunning()) {
         kill(-m_pid, SIGTERM);
         kill(-m_pid, SIGCONT);

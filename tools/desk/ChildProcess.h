@@ -1,4 +1,4 @@
-// One program started for a private desk, in a process group of its own, ended at the latest with this value.
+// A program started for a private desk, in its own process group; ended no later than this object.
 #pragma once
 
 #include <filesystem>
@@ -17,7 +17,7 @@ struct ChildStart {
     std::filesystem::path workingDirectory;
     // Standard output and error are appended here.
     std::filesystem::path output;
-    // Becomes descriptor 3 of the program.
+    // Becomes the program's descriptor 3.
     std::optional<int> passedDescriptor;
 };
 
@@ -25,7 +25,7 @@ struct ChildStart {
 // start programs on a thread that lives as long as the desk.
 class ChildProcess {
 public:
-    // Throws std::runtime_error with a sentence when the program cannot be started.
+    // Throws std::runtime_error with a readable sentence if the program cannot be started.
     explicit ChildProcess(const ChildStart& start);
     ~ChildProcess();
     ChildProcess(ChildProcess&& other) noexcept;
@@ -35,12 +35,12 @@ public:
 
     [[nodiscard]] pid_t pid() const { return m_pid; }
 
-    // Collects the program when it has ended.
+    // Reaps the program if it has ended.
     [[nodiscard]] bool isRunning();
-    // The exit code once it has ended, 128 + signal when a signal ended it; waits at most `seconds`.
+    // The exit code, or 128 + signal if a signal ended it; waits for the end at most `seconds`.
     std::optional<int> waitForExit(double seconds);
 
-    // Asks the whole group to end, and kills what has not after `graceSeconds`.
+    // Asks the whole group to end, and kills what is left after `graceSeconds`.
     void end(double graceSeconds = 2.0);
 
 private:

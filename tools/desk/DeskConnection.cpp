@@ -26,7 +26,7 @@ DeskConnection::DeskConnection(const std::string& display) {
     m_connection = xcb_connect(display.c_str(), &screenNumber);
     if (xcb_connection_has_error(m_connection) != 0) {
         xcb_disconnect(m_connection);
-        throw std::runtime_error("The X server " + display + " does not answer.");
+        throw std::runtime_error("The X server " + display + " does not respond.");
     }
     m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
     m_root = m_screen->root;
@@ -102,7 +102,7 @@ bool DeskConnection::waitUntil(const std::function<bool()>& condition, double se
         if (std::chrono::steady_clock::now() >= deadline || xcb_connection_has_error(m_connection) != 0) {
             return false;
         }
-        // The condition's own round trips may have queued events already, hence the short upper bound.
+        // The condition's own round trips may already have queued events, hence the short upper bound.
         pollfd readable{.fd = xcb_get_file_descriptor(m_connection), .events = POLLIN, .revents = 0};
         poll(&readable, 1, 20);
     }

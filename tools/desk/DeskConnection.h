@@ -24,7 +24,7 @@ using Reply = std::unique_ptr<T, Free>;
 
 class DeskConnection {
 public:
-    // Throws std::runtime_error when the server does not answer.
+    // Throws std::runtime_error if the server does not respond.
     explicit DeskConnection(const std::string& display);
     ~DeskConnection();
     DeskConnection(const DeskConnection&) = delete;
@@ -38,18 +38,18 @@ public:
 
     [[nodiscard]] xcb_atom_t atom(const std::string& name);
 
-    // The 32-bit values of a property; empty when it is missing or of another format.
+    // The 32-bit values of a property; empty if it is missing or has another format.
     [[nodiscard]] std::vector<std::uint32_t> values(xcb_window_t window, const std::string& property);
-    // The bytes of a text property; none when it is missing.
+    // The bytes of a text property; none if it is missing.
     [[nodiscard]] std::optional<std::string> text(xcb_window_t window, const std::string& property);
 
-    // A client message to the root window, as pagers send them to the window manager (source 2).
+    // Sends a client message to the root window, as pagers do (source 2).
     void tellWindowManager(xcb_window_t window, const std::string& message,
                            const std::vector<std::uint32_t>& data);
-    // Returns when the server has worked off everything sent before.
+    // Returns when the server has processed everything sent before.
     void finish();
 
-    // As waitUntil, but checks again as soon as anything happens on the root window.
+    // Like waitUntil, but also checks whenever anything happens on the root window.
     [[nodiscard]] bool waitUntil(const std::function<bool()>& condition, double seconds = generousSeconds);
 
 private:

@@ -59,7 +59,7 @@ DockWindow::DockWindow(DeskConnection& connection, const MonitorPlace& monitor, 
     };
     if (!connection.values(connection.root(), "_NET_SUPPORTING_WM_CHECK").empty() &&
         !connection.waitUntil(isKnown)) {
-        throw std::runtime_error("The window manager does not take care of the panel.");
+        throw std::runtime_error("The window manager does not manage the panel.");
     }
 }
 

@@ -12,7 +12,7 @@ enum class DockEdge : std::uint8_t { top, bottom };
 
 class DockWindow {
 public:
-    // `thickness` in pixels. Returns when the window manager, if there is one, knows of it.
+    // `thickness` in pixels. Returns once the window manager, if any, manages it.
     DockWindow(DeskConnection& connection, const MonitorPlace& monitor, DockEdge edge,
                std::uint16_t thickness);
     ~DockWindow();

@@ -19,7 +19,7 @@ std::uint8_t byteOf(std::uint32_t value, int index) {
     return static_cast<std::uint8_t>(value >> (8 * index));
 }
 
-// Text ends with a line feed and is padded with blanks.
+// Text ends with a line feed and is padded with spaces.
 void putText(std::vector<std::uint8_t>& block, std::size_t descriptor, std::uint8_t tag,
              const std::string& text) {
     const std::size_t at = firstDescriptor + descriptor * descriptorSize;

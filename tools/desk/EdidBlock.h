@@ -11,7 +11,7 @@ struct EdidPlan {
     // Three capital letters.
     std::string manufacturer = "VTL";
     std::uint16_t product = 0x1234;
-    // 0: the monitor has none in this field.
+    // 0: none in this field.
     std::uint32_t serialNumber = 0;
     // At most 13 characters each; empty leaves the descriptor out.
     std::string name{};

@@ -70,7 +70,7 @@ void Monitors::plug(std::size_t output, const MonitorPlace& place) {
         hide(output);
     }
     m_plugged[output] = place;
-    // Nothing that shines may be outside the screen at any time: it grows first and shrinks last.
+    // No lit output may ever be outside the screen: the screen grows first and shrinks last.
     const auto [width, height] = extent();
     fitScreen(std::max(width, m_connection.screen().width_in_pixels),
               std::max(height, m_connection.screen().height_in_pixels));
@@ -137,7 +137,7 @@ void Monitors::setEdid(std::size_t output, const std::vector<std::uint8_t>& bloc
 
 void Monitors::defineMonitor(const std::string& name, const MonitorPlace& place,
                              const std::vector<std::size_t>& outputs) {
-    // libxcb 1.15's own xcb_randr_set_monitor sends a length it did not set.
+    // xcb_randr_set_monitor of libxcb 1.15 sends a length that it did not set.
     xcb_randr_set_monitor_request_t head{};
     head.window = m_connection.root();
     xcb_randr_monitor_info_t info{};

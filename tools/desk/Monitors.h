@@ -28,19 +28,19 @@ class Monitors {
 public:
     explicit Monitors(DeskConnection& connection);
 
-    // One large monitor is there from the start; this makes exactly these the plugged ones, output by output.
-    // The first becomes the primary one.
+    // Initially one large monitor is plugged in. Makes exactly these monitors the plugged-in ones, output by
+    // output; the first becomes the primary.
     void arrange(const std::vector<MonitorPlace>& places);
-    // Also moves or resizes a monitor that is plugged already.
+    // Also moves or resizes a monitor that is already plugged in.
     void plug(std::size_t output, const MonitorPlace& place);
     void unplug(std::size_t output);
-    // Every monitor goes dark, as while a graphics driver resets; the next plug or relight ends it.
+    // Turns every monitor off, as during a graphics driver reset; the next plug or relight ends this.
     void darken();
     void relight();
-    // Dark and back before any other client is served.
+    // Turns all monitors off and on again before any other client is served.
     void blink();
-    // A query that makes the server look at its outputs again, as any program may send it. The dummy driver
-    // notices only then that an output is connected; window managers ignore those that are not.
+    // Sends a query that makes the server probe its outputs, as any program may. Only then does the dummy
+    // driver notice connected outputs; window managers ignore outputs that are not connected.
     void probe();
 
     void setPrimary(std::size_t output);

@@ -53,7 +53,7 @@ void Panel::start() {
         });
     });
     if (!isThere) {
-        throw std::runtime_error("xfce4-panel does not show: " + m_desk.home().logEnd("xfce4-panel"));
+        throw std::runtime_error("xfce4-panel does not appear: " + m_desk.home().logEnd("xfce4-panel"));
     }
 }
 

@@ -13,10 +13,11 @@ public:
 
     enum class Look : std::uint8_t { light, dark };
 
-    // Not running yet. The panel's settings service belongs to the desk: one look a desk.
+    // Does not start the panel yet. The panel's settings service belongs to the desk, so a desk has one look
+    // only.
     Panel(PrivateDesk& desk, Look look);
 
-    // Returns when it is on screen.
+    // Returns when the panel is on screen.
     void start();
     void end();
 

@@ -28,7 +28,7 @@ Picture Picture::take(DeskConnection& connection) {
     if (!image || image->depth != 24) {
         throw std::runtime_error("The X server gives no picture of its screen.");
     }
-    // 32 bits a pixel in the order blue, green, red, nothing: the dummy driver on a little-endian machine.
+    // 32 bits per pixel in the order blue, green, red, unused: the dummy driver on a little-endian machine.
     Picture picture{.width = size->width, .height = size->height, .colours = {}};
     const std::uint8_t* pixels = xcb_get_image_data(image.get());
     const std::size_t count = picture.width * picture.height;

@@ -1,4 +1,4 @@
-// A picture of the private desk's whole screen.
+// A screenshot of the private desk's whole screen.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -19,18 +19,18 @@ struct Picture {
     // Blue, green, red; row by row.
     std::vector<std::uint8_t> colours;
 
-    // Throws std::runtime_error with a sentence when the server gives none.
+    // Throws std::runtime_error with a readable sentence if the server provides none.
     [[nodiscard]] static Picture take(DeskConnection& connection);
 
-    // Writes a PNG file, with its folders. Throws std::runtime_error with a sentence when it cannot.
+    // Writes a PNG file, creating folders. Throws std::runtime_error with a readable sentence on failure.
     void save(const std::filesystem::path& file) const;
 
     // Blue, green, red.
     using Colour = std::array<std::uint8_t, 3>;
     [[nodiscard]] Colour colourAt(std::size_t x, std::size_t y) const;
 
-    // The smallest rectangle that holds every pixel of `within` that has not the colour `ground`; none when
-    // it is all of that colour.
+    // The smallest rectangle containing every pixel of `within` that differs from `ground`; none if all
+    // pixels have that colour.
     [[nodiscard]] std::optional<Rect> drawnOn(Colour ground, const Rect& within) const;
 };
 

@@ -28,7 +28,7 @@ std::vector<std::string> withDisplay(std::vector<std::string> environment, const
 PrivateDesk::PrivateDesk(const std::vector<MonitorPlace>& monitors, const std::string& windowManager)
     : m_server(m_home), m_bus(m_home, withDisplay(m_home.environment(), m_server.display())),
       m_connection(m_server.display()), m_monitors(m_connection) {
-    // xterm 379 with the server's own fonts sits idle for five seconds in every other start.
+    // With the server's own fonts, xterm 379 idles for five seconds on every other start.
     m_home.write(".Xdefaults", "XTerm*faceName: Monospace\nXTerm*faceSize: 10\n");
     m_monitors.arrange(monitors);
     if (!windowManager.empty()) {

@@ -1,7 +1,7 @@
-// A whole desk of its own for tests, demonstrations and measurements: X server, session bus, window manager
-// and programs in a temporary home. Nothing of it survives this object, nor the process that holds it.
+// A complete private desk for tests, the demo and benchmarks: X server, session bus, window manager and
+// programs in a temporary home. None of it outlives this object or the process that owns it.
 //
-// Set-up failures throw std::runtime_error with a sentence: without its desk a test has nothing to say.
+// Set-up failures throw std::runtime_error with a readable sentence: without its desk a test is meaningless.
 #pragma once
 
 #include "tools/desk/ChildProcess.h"
@@ -23,7 +23,7 @@ namespace vantrel::tools {
 
 class PrivateDesk {
 public:
-    // No window manager for an empty name.
+    // An empty name means no window manager.
     PrivateDesk(const std::vector<MonitorPlace>& monitors, const std::string& windowManager);
 
     [[nodiscard]] const std::string& display() const { return m_server.display(); }
@@ -36,28 +36,28 @@ public:
 
     [[nodiscard]] SessionBus& bus() { return m_bus; }
 
-    // What programs on this desk are given.
+    // The environment of programs on this desk.
     [[nodiscard]] std::vector<std::string> environment() const;
 
-    // Starts a program; it lives until the desk ends it or it ends by itself.
+    // Starts a program; it runs until it exits or the desk ends it.
     ChildProcess& start(const std::vector<std::string>& command,
                         const std::vector<std::string>& extraEnvironment = {});
-    // Runs a program to its end, in the environment as `changes` say (ProgramRun).
+    // Runs a program to completion, in the environment modified by `changes` (ProgramRun).
     Ended run(const std::vector<std::string>& command, const std::vector<std::string>& changes = {}) const;
     // Starts a program and returns its first window once it is on screen.
     SeenWindow open(const std::vector<std::string>& command);
     void startWindowManager(const std::string& name);
     void endWindowManager();
-    // Only while one runs.
+    // Only while one is running.
     [[nodiscard]] pid_t windowManagerPid() { return m_windowManager->process().pid(); }
 
-    // Asks the window manager to put the window's frame there, as a pager would.
+    // Asks the window manager to place the window's frame, as a pager would.
     void place(xcb_window_t client, const Rect& frame);
-    // As a user drags it: its corner there, in the size it has. Returns when it stands there.
+    // Moves the window as if the user dragged its corner there; the size stays. Returns when it has arrived.
     void drag(xcb_window_t client, Point corner);
-    // Returns when no window has moved for a second, at the latest after the generous time.
+    // Returns when no window has moved for a second, or after the generous deadline.
     void awaitStill();
-    // What the user sees of it now; an empty one when it is gone.
+    // The frame that the user sees now; empty if the window no longer exists.
     [[nodiscard]] Rect frame(xcb_window_t client);
     [[nodiscard]] std::vector<Rect> frames(const std::vector<xcb_window_t>& clients);
 

@@ -9,7 +9,7 @@ namespace vantrel::tools {
 
 namespace {
 
-// The words of a WM_SIZE_HINTS property.
+// The 32-bit words of a WM_SIZE_HINTS property.
 enum Hint : std::size_t {
     flags = 0,
     minWidth = 5,

@@ -1,4 +1,4 @@
-// A program of the tests' own: windows with any properties, also odd ones, on a connection of their own.
+// A client written for the tests: windows with arbitrary, even odd properties, on a separate connection.
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
@@ -14,17 +14,17 @@ namespace vantrel::tools {
 struct ProbePlan {
     std::string title = {};
     std::string wmClass = "Probe";
-    // Client area, as asked of the window manager.
+    // Client area, as requested from the window manager.
     Rect area = {{200, 200}, {400, 300}};
     // "DIALOG" for _NET_WM_WINDOW_TYPE_DIALOG; empty for none.
     std::string type = {};
-    // 0: none stated.
+    // 0: not set.
     std::uint32_t pid = 0;
-    // X window gravity, 1 = north-west to 10 = static; 0: none stated.
+    // X window gravity, 1 = north-west to 10 = static; 0: not set.
     std::uint32_t gravity = 0;
     std::uint32_t minSize = 0;
     std::uint32_t maxSize = 0;
-    // An invisible margin of this width all around, as clients with decorations of their own have.
+    // An invisible margin of this width on all sides, as in clients with their own decorations.
     std::uint32_t shadow = 0;
     xcb_window_t transientFor = XCB_WINDOW_NONE;
 };
@@ -36,9 +36,9 @@ public:
 
     [[nodiscard]] DeskConnection& connection() { return m_connection; }
 
-    // Shown at once; returns when the window manager has put it on screen.
+    // Shows the window at once; returns when the window manager has put it on screen.
     xcb_window_t show(const ProbePlan& plan);
-    // Created but not shown, to be given odd properties first.
+    // Creates the window without showing it, so that odd properties can be set first.
     xcb_window_t create(const ProbePlan& plan);
     void map(xcb_window_t window);
     void destroy(xcb_window_t window);

@@ -1,4 +1,4 @@
-// A program that runs on a private desk, with what it prints in a file of its own.
+// A program running on a private desk, with its output in a separate file.
 #pragma once
 
 #include "tools/desk/ChildProcess.h"
@@ -13,7 +13,7 @@ namespace vantrel::tools {
 class PrivateDesk;
 
 struct Ended {
-    // None when it did not end in time.
+    // None if it did not end in time.
     std::optional<int> code;
     // Standard output and error.
     std::string output;
@@ -21,7 +21,7 @@ struct Ended {
 
 class ProgramRun {
 public:
-    // The desk's environment is changed by `changes`: "NAME=value" sets, "NAME" alone takes away.
+    // `changes` modify the desk's environment: "NAME=value" sets a variable, "NAME" alone removes it.
     ProgramRun(const PrivateDesk& desk, const std::vector<std::string>& command,
                const std::vector<std::string>& changes = {});
 
@@ -32,7 +32,7 @@ public:
     // Waits for the end.
     [[nodiscard]] Ended ended();
 
-    // Sends it a signal and waits for the end.
+    // Sends a signal and waits for the end.
     [[nodiscard]] Ended endedBy(int signal);
 
 private:

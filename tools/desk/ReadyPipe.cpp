@@ -11,7 +11,7 @@ namespace vantrel::tools {
 
 ReadyPipe::ReadyPipe() {
     if (pipe2(m_ends.data(), O_CLOEXEC) != 0) {
-        throw std::runtime_error("No pipe can be made.");
+        throw std::runtime_error("A pipe cannot be created.");
     }
 }
 

@@ -1,4 +1,4 @@
-// The pipe on which a server says, as its descriptor 3, that it takes clients and where.
+// The pipe, the server's descriptor 3, on which it reports that it accepts clients, and where.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@ namespace vantrel::tools {
 
 class ReadyPipe {
 public:
-    // Throws std::runtime_error with a sentence.
+    // Throws std::runtime_error with a readable sentence.
     ReadyPipe();
     ~ReadyPipe();
     ReadyPipe(const ReadyPipe&) = delete;
@@ -17,7 +17,8 @@ public:
 
     [[nodiscard]] int writeEnd() const { return m_ends[1]; }
 
-    // Waits for the line, once the server has its end of the pipe; none when the server ends without one.
+    // Waits for the line; call it once the server has its end of the pipe. None if the server ends without
+    // one.
     [[nodiscard]] std::optional<std::string> line();
 
 private:

@@ -6,7 +6,7 @@ namespace vantrel::tools {
 
 namespace {
 
-// A frame holds its client directly or in one window more; deeper are the programs' own widgets.
+// A frame contains its client directly or one level deeper; further down are the programs' widgets.
 constexpr int deepestClient = 2;
 
 Reply<xcb_query_tree_reply_t> treeOf(DeskConnection& connection, xcb_window_t window) {
@@ -14,7 +14,7 @@ Reply<xcb_query_tree_reply_t> treeOf(DeskConnection& connection, xcb_window_t wi
         xcb_query_tree_reply(connection.xcb(), xcb_query_tree(connection.xcb(), window), nullptr));
 }
 
-// None when the window is gone.
+// None if the window no longer exists.
 xcb_window_t parentOf(DeskConnection& connection, xcb_window_t window) {
     const auto tree = treeOf(connection, window);
     return tree ? tree->parent : xcb_window_t{XCB_WINDOW_NONE};
@@ -44,7 +44,7 @@ std::optional<xcb_window_t> managedWindowIn(DeskConnection& connection, xcb_wind
     return std::nullopt;
 }
 
-// With its border, in root coordinates.
+// Including the border, in root coordinates.
 std::optional<Rect> outerArea(DeskConnection& connection, xcb_window_t window) {
     const Reply<xcb_get_geometry_reply_t> geometry(
         xcb_get_geometry_reply(connection.xcb(), xcb_get_geometry(connection.xcb(), window), nullptr));
@@ -63,7 +63,7 @@ std::string titleOf(DeskConnection& connection, xcb_window_t window) {
     return connection.text(window, "_NET_WM_NAME").value_or(connection.text(window, "WM_NAME").value_or(""));
 }
 
-// WM_CLASS holds the instance and the class, each ended by a zero byte.
+// WM_CLASS contains the instance and the class, each null-terminated.
 std::string classOf(DeskConnection& connection, xcb_window_t window) {
     const std::string both = connection.text(window, "WM_CLASS").value_or("");
     const std::size_t end = both.find('\0');

@@ -1,5 +1,5 @@
-// A private D-Bus bus, the session's or another, that activates nothing but what the desk's programs need to
-// keep settings.
+// A private D-Bus bus, for the session or another purpose, that activates only what the desk's programs need
+// for settings.
 #pragma once
 
 #include "tools/desk/ChildProcess.h"
@@ -13,16 +13,16 @@ namespace vantrel::tools {
 
 class SessionBus {
 public:
-    // `environment` is what activated services get. Returns when the bus accepts connections.
-    // `name` tells it from the home's other buses. The home outlives the bus.
+    // `environment` is passed to activated services. Returns when the bus accepts connections. `name`
+    // distinguishes it from the home's other buses. The home must outlive the bus.
     SessionBus(const TemporaryHome& home, std::vector<std::string> environment,
                const std::string& name = "bus");
 
     [[nodiscard]] const std::string& address() const { return m_address; }
 
-    // Whoever is connected loses the connection.
+    // All clients lose their connection.
     void end();
-    // After its end; at the same address.
+    // Restarts it after its end, at the same address.
     void start();
 
 private:

@@ -24,7 +24,8 @@ std::optional<pid_t> processNumber(const std::string& name) {
     return error == std::errc() && end == name.data() + name.size() ? std::optional(pid) : std::nullopt;
 }
 
-// The X server and the bus give programs they start this home too, and some leave their process group.
+// The X server and the bus pass this home to programs they start, and some of those leave their process
+// group.
 void endProcessesOf(const std::filesystem::path& home) {
     const std::string mark = "HOME=" + home.string() + '\0';
     std::error_code ignored;
@@ -44,7 +45,7 @@ void endProcessesOf(const std::filesystem::path& home) {
 constexpr const char* namePrefix = "vantrel-desk-";
 constexpr const char* ownerFile = "owner";
 
-// A process that was killed could not remove its home; the kernel has ended what it started.
+// A killed process could not remove its home; the kernel has ended the programs it started.
 void removeAbandonedHomes() {
     std::error_code ignored;
     for (const auto& entry :
@@ -67,7 +68,8 @@ TemporaryHome::TemporaryHome() {
     removeAbandonedHomes();
     std::string name = (std::filesystem::temp_directory_path() / namePrefix).string() + "XXXXXX";
     if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error(fmt::format("No temporary home can be made: {}.", std::strerror(errno)));
+        throw std::runtime_error(
+            fmt::format("A temporary home cannot be created: {}.", std::strerror(errno)));
     }
     m_path = name;
     write(ownerFile, std::to_string(getpid()));

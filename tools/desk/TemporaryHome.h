@@ -1,4 +1,4 @@
-// A home folder of its own for everything a private desk runs, removed at the end.
+// A temporary home folder for everything that runs on a private desk, removed at the end.
 #pragma once
 
 #include <filesystem>
@@ -9,21 +9,22 @@ namespace vantrel::tools {
 
 class TemporaryHome {
 public:
-    // Also removes what killed processes left behind.
+    // Also removes homes left behind by killed processes.
     TemporaryHome();
-    // Ends every process that still has this home in its environment, by pid, then removes the folder.
+    // Ends, by pid, every process that still has this home in its environment, then removes the folder.
     ~TemporaryHome();
     TemporaryHome(const TemporaryHome&) = delete;
     TemporaryHome& operator=(const TemporaryHome&) = delete;
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
 
-    // Where the output of every program of the desk goes.
+    // The log file for a program's output.
     [[nodiscard]] std::filesystem::path logFile(const std::string& program) const;
-    // The last lines of that output, to say why a program failed: the home is gone when somebody looks.
+    // The last lines of that output, to explain a failure: the home no longer exists when somebody
+    // investigates.
     [[nodiscard]] std::string logEnd(const std::string& program) const;
 
-    // The XDG base folders live in the home.
+    // The XDG base folders are in the home.
     [[nodiscard]] std::filesystem::path configFolder() const { return m_path / "config"; }
 
     [[nodiscard]] std::filesystem::path dataFolder() const { return m_path / "data"; }
@@ -31,7 +32,7 @@ public:
     // A complete environment as "NAME=value": this home, no accessibility bus, settings kept in memory.
     [[nodiscard]] std::vector<std::string> environment() const;
 
-    // Writes a file below the home with its folders.
+    // Writes a file in the home, creating folders.
     void write(const std::filesystem::path& relative, const std::string& content) const;
 
 private:

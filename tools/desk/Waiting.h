@@ -1,4 +1,4 @@
-// Waiting for something to become true, with a deadline far beyond what it takes on a busy machine.
+// Waits for a condition, with a deadline far beyond the time needed on a busy machine.
 #pragma once
 
 #include <functional>

@@ -19,14 +19,14 @@ std::vector<std::string> commandFor(const std::string& name) {
     return known == commands.end() ? std::vector{name} : known->second;
 }
 
-// The property outlives its window manager, hence the second look: the child names itself.
+// The property outlives its window manager, hence the second check: the child must name itself.
 bool isAnnounced(DeskConnection& connection) {
     const auto child = connection.values(connection.root(), "_NET_SUPPORTING_WM_CHECK");
     return !child.empty() && connection.values(child[0], "_NET_SUPPORTING_WM_CHECK") == child &&
            !connection.values(connection.root(), "_NET_SUPPORTED").empty();
 }
 
-// A window that is never shown, to ask the window manager about.
+// A window that is never shown, for requests to the window manager.
 class ProbeWindow {
 public:
     explicit ProbeWindow(DeskConnection& connection)
@@ -43,7 +43,7 @@ public:
     ProbeWindow(const ProbeWindow&) = delete;
     ProbeWindow& operator=(const ProbeWindow&) = delete;
 
-    // Asks again every time: what is asked too early is lost.
+    // Repeats the request each time, as early requests are lost.
     [[nodiscard]] bool isAnswered() {
         m_connection.tellWindowManager(m_window, "_NET_REQUEST_FRAME_EXTENTS", {});
         return !m_connection.values(m_window, "_NET_FRAME_EXTENTS").empty();
@@ -63,8 +63,7 @@ WindowManager::WindowManager(const std::string& name, const TemporaryHome& home,
                  .workingDirectory = home.path(),
                  .output = home.logFile(name),
                  .passedDescriptor = std::nullopt}) {
-    // openbox 3.6 announces itself before it looks after windows: one that is shown in between stays
-    // unmanaged.
+    // openbox 3.6 announces itself before it manages windows: a window shown in between stays unmanaged.
     ProbeWindow probe(connection);
     const bool decided = connection.waitUntil(
         [&] { return (isAnnounced(connection) && probe.isAnswered()) || !m_process.isRunning(); });

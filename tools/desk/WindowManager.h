@@ -1,4 +1,4 @@
-// A window manager on the private desk, with a plain configuration of its own.
+// A window manager on the private desk, with its own plain configuration.
 #pragma once
 
 #include "tools/desk/ChildProcess.h"
@@ -12,7 +12,7 @@ namespace vantrel::tools {
 
 class WindowManager {
 public:
-    // "openbox", "xfwm4" or any other that needs no arguments. Returns when it manages the screen.
+    // "openbox", "xfwm4" or any other that needs no arguments. Returns once it manages the screen.
     WindowManager(const std::string& name, const TemporaryHome& home, std::vector<std::string> environment,
                   DeskConnection& connection);
 

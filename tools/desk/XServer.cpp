@@ -9,7 +9,7 @@ namespace vantrel::tools {
 
 namespace {
 
-// The set-uid wrapper in /usr/bin refuses users without a console; the server itself needs none here.
+// The setuid wrapper in /usr/bin refuses users without a console; the server itself needs none here.
 constexpr const char* serverFile = "/usr/lib/xorg/Xorg";
 
 constexpr const char* configuration = R"(Section "ServerFlags"

@@ -1,4 +1,5 @@
-// A private X server with the dummy driver on a free display number; its outputs can be plugged at will.
+// A private X server with the dummy driver on a free display number; its outputs can be plugged and unplugged
+// freely.
 #pragma once
 
 #include "tools/desk/ChildProcess.h"
@@ -19,7 +20,7 @@ public:
     [[nodiscard]] ChildProcess& process() { return m_process; }
 
 private:
-    // Before the process, which fills it in while it starts.
+    // Declared before the process, which fills it in while starting.
     std::string m_display;
     ChildProcess m_process;
 };
