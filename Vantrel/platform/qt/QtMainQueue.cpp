@@ -1,5 +1,7 @@
 #include "Vantrel/platform/qt/QtMainQueue.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
 
 #include <algorithm>
@@ -45,12 +47,39 @@ private:
 
 } // namespace
 
+void QtMainQueue::Posted::add(std::function<void()> work) {
+    auto event = std::make_unique<QEvent>(QEvent::User);
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_work.push_back(std::move(work));
+    }
+    QCoreApplication::postEvent(this, event.release());
+}
+
+bool QtMainQueue::Posted::event(QEvent* event) {
+    std::function<void()> work;
+    {
+        // Before the first look at the event, which another thread may have made.
+        const std::scoped_lock lock(m_mutex);
+        if (event->type() == QEvent::User) {
+            work = std::move(m_work.front());
+            m_work.pop_front();
+        }
+    }
+    if (!work) {
+        return QObject::event(event);
+    }
+    // It may destroy the queue.
+    work();
+    return true;
+}
+
 std::function<void()> QtMainQueue::guarded(std::function<void()> work) const {
     return [log = m_log, work = std::move(work)] { ErrorBoundary::run("main queue", log, work); };
 }
 
 void QtMainQueue::post(std::function<void()> work) {
-    QMetaObject::invokeMethod(&m_mainThread, guarded(std::move(work)), Qt::QueuedConnection);
+    m_posted.add(guarded(std::move(work)));
 }
 
 std::unique_ptr<ScheduledWork> QtMainQueue::after(double seconds, std::function<void()> work) {
