@@ -70,6 +70,8 @@ void armAs(const std::string& folder, const Fault& fault, bool skipsSleep) {
     if (text == nullptr) {
         return;
     }
+    // What this program starts runs without faults, a sanitizer's symbolizer included.
+    unsetenv("LD_PRELOAD");
     const std::string_view all = text;
     const auto end = all.find(':');
     Fault fault;
