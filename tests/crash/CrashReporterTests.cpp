@@ -1,4 +1,4 @@
-// A program that crashes, in every way: how it ends, and the report that it leaves.
+// A program that crashes in every way: how it ends, and the report it leaves.
 #include "VantrelCore/diagnostics/CrashReportNames.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 
@@ -47,10 +47,10 @@ std::map<std::string, std::string> reportsIn(const std::filesystem::path& folder
 struct Crash {
     std::string way;
     int signal = 0;
-    // How its report's name ends, and what follows "kind: ".
+    // The end of the report's name, and what follows "kind: ".
     std::string_view ending;
     std::string opening;
-    // Within the stack.
+    // A function in the stack.
     std::string function;
 };
 
@@ -78,7 +78,7 @@ TEST_P(CrashReporter, LeavesOneWholeReportAndEndsByTheSameSignal) {
     EXPECT_THAT(text, StartsWith("kind: " + crash.opening));
     EXPECT_THAT(text,
                 AllOf(HasSubstr("\n---\nvantrel_crash_probe("), HasSubstr(crash.function), EndsWith("]\n")));
-    // Neither folders nor anything of the user.
+    // No folders and nothing private.
     EXPECT_THAT(text, AllOf(Not(HasSubstr("/")), Not(HasSubstr("Anna")), Not(HasSubstr("anna"))));
 }
 
@@ -117,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
         byException("foreign", "name: NSRangeException\nreason: index 3", "crash")),
     ::testing::PrintToStringParamName());
 
-TEST(CrashReporterItself, EndsByTheFirstSignalWhenItsHandlerFaultsOrHangs) {
+TEST(CrashReporterItself, EndsTheProgramByTheFirstSignalWhenItsHandlerFaultsOrHangs) {
     for (const std::string fate : {"fault", "hang"}) {
         for (const auto& [way, signal] : {std::pair{"SIGFPE", SIGFPE}, std::pair{"exception", SIGABRT}}) {
             const TemporaryFolder folder;
@@ -129,7 +129,7 @@ TEST(CrashReporterItself, EndsByTheFirstSignalWhenItsHandlerFaultsOrHangs) {
     }
 }
 
-TEST(CrashReporterItself, LeavesTheProgramAloneWhenItsFolderCannotBeUsed) {
+TEST(CrashReporterItself, DoesNotChangeTheEndWhenItsFolderCannotBeUsed) {
     const TemporaryFolder folder;
     std::ofstream(folder.path() / CrashReportNames::folder) << "a file";
     EXPECT_EQ(endOfProbe(folder.path(), "SIGFPE"), SIGFPE);

@@ -1,4 +1,4 @@
-// Its functions replace those that fortified headers would define themselves.
+// Its functions replace those that fortified headers would define.
 #undef _FORTIFY_SOURCE
 
 #include "tests/faults/FaultySystem.h"
@@ -41,10 +41,10 @@ struct State {
     std::array<bool, 1024> isOurs{};
 };
 
-// By which the clock is ahead because nobody has slept. Not in the state, which allocates.
+// How far the clock is ahead because of sleeps that returned at once. Not in the state, which allocates.
 constinit std::atomic<std::int64_t> skippedNanoseconds{0};
 
-// Never destroyed: calls come until the very end.
+// Never destroyed, because calls come until the process ends.
 State& state() {
     static State& only = *new State;
     return only;
@@ -60,10 +60,9 @@ void armAs(const std::string& folder, const Fault& fault, bool skipsSleep) {
     all.isArmed = true;
 }
 
-// The environment arms a program that has this preloaded: "FOLDER:FIRST:COUNT:ERROR". There the time passes
-// as always.
+// Arms a program that preloads this from "FOLDER:FIRST:COUNT:ERROR". Its sleeps take their time.
 [[gnu::constructor]] void armByEnvironment() {
-    // A child must not begin with the lock of a thread that it does not have.
+    // A forked child must not inherit a lock that another thread holds.
     pthread_atfork([] { state().mutex.lock(); }, [] { state().mutex.unlock(); },
                    [] { state().mutex.unlock(); });
     const char* const text = std::getenv("VANTREL_FAULT");
@@ -102,7 +101,7 @@ void note(int descriptor, bool isOneOfOurs) {
 
 enum class Verdict { pass, half, fail };
 
-// Counts the call; sets errno when it is to fail.
+// Counts the call. Sets errno when the call shall fail.
 Verdict judge(const char* name) {
     auto& all = state();
     const auto number = all.calls.size();
@@ -151,7 +150,7 @@ int opening(const char* name, bool isAffected, Call call) {
     });
 }
 
-// A call that moves so many bytes.
+// A call that reads or writes `size` bytes.
 template <typename Call>
 ssize_t moving(const char* name, int descriptor, std::size_t size, Call call) {
     {
@@ -188,10 +187,10 @@ std::vector<std::string> disarm() {
 
 using namespace vantrel::faults;
 
-// As the C library declares them, but for the attributes.
+// As the C library declares them, except for the attributes.
 extern "C" {
 
-// The structure of that name.
+// A structure has the same name.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wshadow"
 int flock(int descriptor, int operation) noexcept {

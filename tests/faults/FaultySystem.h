@@ -1,5 +1,5 @@
-// System calls on the files of one folder that fail as told. The calls are intercepted where the C library is
-// called, in a program that is linked with this or has it preloaded (LD_PRELOAD).
+// Makes system calls on the files of one folder fail. The calls of the C library are intercepted in a program
+// that links this or preloads it (LD_PRELOAD).
 #pragma once
 
 #include <cstddef>
@@ -12,19 +12,19 @@ namespace vantrel::faults {
 struct Fault {
     // 0 is the first call after arm().
     std::size_t firstCall = std::numeric_limits<std::size_t>::max();
-    // How many calls fail, one after the other.
+    // How many calls in a row fail.
     std::size_t count = 1;
-    // The errno. 0: calls that read or write do half of what they are asked to, the others succeed.
+    // The errno. 0: calls that read or write do half of the work, the others succeed.
     int error = 0;
 };
 
-// A program with this preloaded is armed by its environment: VANTREL_FAULT="FOLDER:FIRST:COUNT:ERROR".
+// The environment arms a program that preloads this: VANTREL_FAULT="FOLDER:FIRST:COUNT:ERROR".
 
-// From now on the calls on files in and below `folder` are counted, and fail as `fault` says. Sleeping ends
-// at once, so that what waits between attempts costs no time. Not for several threads at once.
+// Counts the calls on files in and below `folder` from now on, and makes them fail as `fault` says. Sleeping
+// returns at once, so that waiting between attempts takes no time. For one thread at a time.
 void arm(const std::string& folder, const Fault& fault);
 
-// Nothing fails any more. Returns the names of the calls since arm(), "rename" say.
+// Ends the faults. Returns the names of the calls since arm(), such as "rename".
 std::vector<std::string> disarm();
 
 } // namespace vantrel::faults

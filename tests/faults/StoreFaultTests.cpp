@@ -1,5 +1,5 @@
-// Every system call of every way to load and save a store, failing in every way: what was saved is still
-// there, and what failed is told. VANTREL_FAULTS=full plays the whole table.
+// Every system call of every load and save of every store fails in every way: what was saved is still there,
+// and the failure is reported. VANTREL_FAULTS=full tries the whole table.
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
 #include "VantrelCore/stores/AppReliabilityStore.h"
@@ -51,7 +51,7 @@ void put(const std::filesystem::path& file, const std::string& text) {
     std::ofstream(file) << text;
 }
 
-// A store of any kind, with its records as JSON.
+// Any store, with its records as JSON.
 class Store {
 public:
     virtual ~Store() = default;
@@ -81,7 +81,7 @@ private:
     JsonStore<Record> m_store;
 };
 
-// The settings: one that is changed and one that stays as it is. Read when they are first used.
+// Two settings, one of which is changed. They are read on first use.
 class SettingsFile final : public Store {
 public:
     SettingsFile(std::filesystem::path file, const StoreFiles& files)
@@ -150,7 +150,7 @@ const std::vector<Kind>& kinds() {
     return all;
 }
 
-// Another record of the same kind: its first number is one more.
+// Changes a record: adds one to its first number.
 bool increment(json& value) {
     if (value.is_number_integer()) {
         value = value.get<std::int64_t>() + 1;
@@ -168,14 +168,14 @@ bool increment(json& value) {
     return value.is_array() && std::ranges::any_of(value, increment);
 }
 
-// One run of the program: a store and what it tells.
+// One run of the program: a store and its messages.
 struct Session {
     Session(const std::filesystem::path& folder, const Kind& kind)
         : store(kind.open(folder, kind.file, {files, &incidents})) {}
 
-    std::vector<std::string> told;
+    std::vector<std::string> messages;
     PosixFileSystem files;
-    FileIncidents incidents{[this](const std::string& message) { told.push_back(message); }};
+    FileIncidents incidents{[this](const std::string& message) { messages.push_back(message); }};
     std::unique_ptr<Store> store;
 };
 
@@ -198,22 +198,22 @@ protected:
         ASSERT_TRUE(increment(m_next));
     }
 
-    // What another run of the program reads.
+    // The record as another run of the program reads it.
     json fresh() { return Session(m_folder.path(), GetParam()).store->load(); }
 
-    // What was saved is in a copy that somebody has told of.
-    bool isInTold(const Session& session) {
+    // Whether the saved text is in a copy that a message names.
+    bool isInReportedCopy(const Session& session) {
         for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
             const auto name = entry.path().filename().string();
             const auto names = [&](const std::string& line) { return line.find(name) != std::string::npos; };
-            if (textOf(entry.path()) == m_text && std::ranges::any_of(session.told, names)) {
+            if (textOf(entry.path()) == m_text && std::ranges::any_of(session.messages, names)) {
                 return true;
             }
         }
         return false;
     }
 
-    // Returns how many calls there were.
+    // Returns the number of calls.
     std::size_t play(Operation operation, const Fault& fault) {
         for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
             std::filesystem::remove(entry.path());
@@ -234,20 +234,20 @@ protected:
         }
         const auto calls = faults::disarm();
 
-        const bool hasTold = !session.told.empty();
+        const bool isReported = !session.messages.empty();
         const auto fail = [&](const char* what) {
             ADD_FAILURE() << what << ": call " << fault.firstCall << ", " << fault.count << " times, "
                           << (fault.error == 0 ? "half of it" : std::strerror(fault.error))
-                          << fmt::format("\ncalls: {}\ntold: {}\nfiles:", fmt::join(calls, " "),
-                                         fmt::join(session.told, " | "))
+                          << fmt::format("\ncalls: {}\nmessages: {}\nfiles:", fmt::join(calls, " "),
+                                         fmt::join(session.messages, " | "))
                           << testing::PrintToString(m_folder.names());
         };
-        if ((seen != m_saved || (operation != Operation::load && !isSaved)) && !hasTold) {
-            fail("not told");
+        if ((seen != m_saved || (operation != Operation::load && !isSaved)) && !isReported) {
+            fail("not reported");
         }
         // Settings are read again before each change.
         const bool readsAgain = GetParam().file == settings;
-        if (seen != m_saved && isSaved && !readsAgain && !isInTold(session)) {
+        if (seen != m_saved && isSaved && !readsAgain && !isInReportedCopy(session)) {
             fail("lost what could not be read");
         }
         if (fresh() != (isSaved ? m_next : m_saved)) {
@@ -257,14 +257,14 @@ protected:
             fail("not read again in the same run");
         }
         if (!session.store->save(m_next) || fresh() != m_next) {
-            fail("not saved once nothing fails any more");
+            fail("not saved after the fault");
         }
         return calls.size();
     }
 
     TemporaryFolder m_folder;
     std::filesystem::path m_file = m_folder.path() / GetParam().file;
-    // What stands in the file at first, as text and as records; and what is saved then.
+    // What the file contains first, as text and as a record, and what is saved next.
     std::string m_text;
     json m_saved;
     json m_next;
@@ -280,7 +280,7 @@ INSTANTIATE_TEST_SUITE_P(Each, StoreFaults, testing::ValuesIn(kinds()), [](const
     return name;
 });
 
-TEST_P(StoreFaults, LoseNothingAndAreTold) {
+TEST_P(StoreFaults, LoseNothingAndAreReported) {
     std::vector<int> errors{0, EIO, EMFILE, ENOSPC, EINTR};
     std::vector<std::size_t> counts{1, forEver};
     if (isFull()) {
@@ -294,7 +294,7 @@ TEST_P(StoreFaults, LoseNothingAndAreTold) {
         for (std::size_t call = 0; call < calls; ++call) {
             for (const int error : errors) {
                 for (const auto count : counts) {
-                    // Calls that a signal interrupts are repeated without end, as they are to be.
+                    // The program rightly repeats interrupted calls for ever.
                     if (!(error == EINTR && count == forEver)) {
                         std::ignore = play(operation, {call, count, error});
                         ++cases;

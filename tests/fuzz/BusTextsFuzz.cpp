@@ -1,5 +1,5 @@
-// Whatever comes over the session bus, as an argument or as an answer: it is read or refused, what is read
-// means the same when it is written again, and nothing that is printed of it steers a terminal.
+// Any argument or reply on the session bus is read or refused, reads the same once it is written again, and
+// prints nothing that controls the terminal.
 #include "Vantrel/commands/DesksMessage.h"
 #include "Vantrel/commands/LicenseMessage.h"
 #include "Vantrel/commands/ReportMessage.h"
@@ -36,7 +36,7 @@ void tryMessage(const nlohmann::json& json) {
     nlohmann::json(JsonCoding::value<Message>(nlohmann::json::parse(written)));
 }
 
-// The displays of a desk whose names and identities the input chooses.
+// A desk whose displays are named by the input.
 void tryDisplays(std::string_view text) {
     std::vector<DisplayInfo> displays;
     for (std::size_t start = 0; start < text.size() && displays.size() < 6;) {
@@ -62,22 +62,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     if (const auto combo = HotKeyText::parse(text)) {
         fuzz::require(HotKeyText::parse(HotKeyText::text(*combo)) == *combo,
-                      "a shortcut is read as it is shown");
+                      "a shortcut reads as it is shown");
     }
     for (const SettingKey& key : SettingKeys::all()) {
         if (const auto value = key.read(std::string(text))) {
-            fuzz::require(key.admits(*value), "a key takes only what it admits");
+            fuzz::require(key.admits(*value), "a key reads only values that it admits");
         }
     }
     static_cast<void>(SceneTriggerFormatting::scheduleOf(text));
     tryDisplays(text);
 
     const auto line = SafeText::line(text);
-    fuzz::require(SafeText::line(line) == line, "what is safe stays as it is");
+    fuzz::require(SafeText::line(line) == line, "safe text does not change");
     fuzz::require(std::ranges::none_of(line, [](unsigned char c) { return c < 0x20 || c == 0x7f; }),
-                  "a line holds no control characters");
+                  "a line has no control characters");
     for (const char* const unsafe : {"\xc2\x9b", "\xe2\x80\xae", "\xe2\x80\xa8", "\xe2\x81\xa6"}) {
-        fuzz::require(line.find(unsafe) == std::string::npos, "a line steers nothing");
+        fuzz::require(line.find(unsafe) == std::string::npos, "a line does not control the terminal");
     }
 
     const auto json = nlohmann::json::parse(text, nullptr, false);

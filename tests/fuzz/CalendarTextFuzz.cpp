@@ -1,4 +1,4 @@
-// Whatever text a calendar file holds, reading it ends, and its events lie where they were asked for.
+// Reading any calendar file ends, and its events are within the requested interval.
 #include "Vantrel/platform/ical/CalendarText.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Whatever a monitor sends as its identity, reading it ends with printable names and well-formed identifiers.
+// Any identity data of a monitor gives printable names and well-formed identifiers.
 #include "Vantrel/platform/x11/Edid.h"
 #include "tests/fuzz/Law.h"
 
@@ -37,7 +37,7 @@ void check(const EdidBytes& bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     EdidBytes bytes(data, data + size);
     check(bytes);
-    // The same with a valid header and checksum, which random changes would never hit.
+    // The same with a valid header and checksum, which random changes would never produce.
     constexpr std::size_t block = 128;
     if (size >= block) {
         const EdidBytes header{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};

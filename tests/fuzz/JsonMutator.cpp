@@ -1,5 +1,5 @@
-// Changes a store's file as JSON, value by value: bytes changed at random seldom leave a file that decodes
-// far enough to reach what its values do. Some changes are of bytes all the same.
+// Changes a store's file as JSON, value by value: a file with random bytes seldom decodes far enough to use
+// its values. Some changes are still of bytes.
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -51,7 +51,7 @@ public:
         }
     }
 
-    // Mostly of the same kind, because any other makes most files undecodable at once.
+    // Mostly of the same kind, because another kind makes most files undecodable.
     json replacement(const json& value) {
         const bool anyKind = below(4) == 0;
         for (;;) {

@@ -1,4 +1,4 @@
-// What a fuzz target says of a law that an input broke.
+// Ends a fuzz target with the name of the law that an input broke.
 #pragma once
 
 #include <cstdint>

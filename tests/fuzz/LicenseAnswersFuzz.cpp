@@ -1,4 +1,4 @@
-// Whatever a server answers about licences, the user gets a sentence that a terminal can show.
+// For any reply of a licence server the user gets a sentence that a terminal can show.
 #include "VantrelCore/licensing/LicenseAnswers.h"
 #include "tests/fuzz/Law.h"
 

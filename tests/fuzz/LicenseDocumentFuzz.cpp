@@ -1,5 +1,4 @@
-// Whatever is sent as a licence, nothing passes but what the vendor signed; and whatever the vendor signs,
-// reading it ends.
+// Only a licence that the vendor signed passes, and reading whatever the vendor signs ends.
 #include "VantrelCore/licensing/LicenseDocument.h"
 #include "tests/fuzz/Law.h"
 #include "tests/server/TestLicense.h"
@@ -22,14 +21,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto signedAnyway = LicenseDocuments::parse(TestLicense::document(text).dump());
     if (!signedAnyway) {
         fuzz::require(size > LicenseDocument::largest / 2,
-                      "what is signed is a document unless it is too long");
+                      "signed bytes are a document unless they are too long");
         return 0;
     }
     if (const auto license = LicenseDocuments::verify(*signedAnyway, key)) {
         const auto again = LicenseDocuments::verify(
             LicenseDocuments::parse(TestLicense::document(nlohmann::json(*license).dump()).dump()).value(),
             key);
-        fuzz::require(again == license, "what a licence says is said again in the same words");
+        fuzz::require(again == license, "a licence reads as it was written");
     }
     return 0;
 }

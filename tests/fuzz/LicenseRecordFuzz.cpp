@@ -1,4 +1,4 @@
-// Whatever the licence file holds, it is taken for a record only when the program wrote it.
+// A licence file counts as a record only when the program wrote it.
 #include "VantrelCore/licensing/LicenseDecision.h"
 #include "tests/fuzz/Law.h"
 #include "tests/server/TestLicense.h"
@@ -13,12 +13,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto record = LicenseRecords::decode(text, machine);
     if (record) {
         fuzz::require(LicenseRecords::decode(LicenseRecords::encode(*record, machine), machine) == record,
-                      "a record is written as it was read");
-        fuzz::require(!LicenseRecords::decode(text, "elsewhere"), "a record is at home on one computer");
+                      "a record reads as it was written");
+        fuzz::require(!LicenseRecords::decode(text, "elsewhere"), "a record is valid on one computer");
     }
     const auto start = LicenseDecision::start(
         {.main = record, .copy = {}, .earliestUse = {}, .machine = machine, .key = key, .now = Date{}});
     const auto entitlement = LicenseDecision::entitlement(start.record, start.license, Date{});
-    fuzz::require(record || !entitlement.isEntitled(), "what is no record entitles to nothing");
+    fuzz::require(record || !entitlement.isEntitled(), "without a record nothing is allowed");
     return 0;
 }

@@ -1,5 +1,5 @@
-// Whatever a program writes on the root window as the note of what was painted there, reading it ends, and
-// what is read survives being written and read again.
+// Reading any note about the root window's painting ends, and the note reads the same once it is written
+// again.
 #include "Vantrel/platform/pictures/RootPainting.h"
 #include "tests/fuzz/Law.h"
 

@@ -1,5 +1,4 @@
-// Whatever a settings file holds: changing one key changes its lines alone, and what is written is read
-// again.
+// In any settings file, changing one key changes only its lines, and the new value reads as it was written.
 #include "Vantrel/platform/qt/SettingsText.h"
 #include "tests/fuzz/Law.h"
 
@@ -8,7 +7,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     const auto before = SettingsText::parse(text);
 
-    // The file's first key, and one that it may not have.
+    // The file's first key, and one that it may lack.
     std::vector<std::string> keys{"settleDelay"};
     if (!before.values.empty()) {
         keys.push_back(before.values.begin()->first);
@@ -22,14 +21,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         expected.erase(key);
         auto others = changed.values;
         const bool isWritten = others.erase(key) == 1;
-        fuzz::require(isWritten, "what is written is read again");
+        fuzz::require(isWritten, "a written key is read");
         fuzz::require(others == expected, "the other keys keep their values");
         if (const auto* const number = std::get_if<double>(&value)) {
             fuzz::require(changed.values.at(key) == DefaultsValue(*number),
-                          "a number is read as it was written");
+                          "a number reads as it was written");
         }
         const auto removed = SettingsText::parse(SettingsText::withoutKey(text, key));
-        fuzz::require(removed.values == expected, "a key that is taken away is gone, and nothing else");
+        fuzz::require(removed.values == expected, "only the removed key is gone");
     }
     return 0;
 }

@@ -1,5 +1,5 @@
-// Any bytes as the file of the stores: whatever they are, a store reads them or moves them aside whole, what
-// it reads survives being written, and its questions and changes come to an end with any records.
+// A store reads any file or moves it aside unchanged, writes back what it read, and can be queried and
+// changed with any records.
 #include "VantrelCore/stores/AppReliabilityStore.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 #include "VantrelCore/stores/LayoutStore.h"
@@ -103,7 +103,7 @@ void use(AppSizeBehaviorStore store) {
     std::ignore = store.classification("a");
 }
 
-// Bytes without `key` can be no file of this store, and are not worth the time.
+// Bytes without `key` cannot be a file of this store.
 template <typename File, typename Open>
 void feed(std::string_view fileName, std::string_view key, const std::string& bytes, Open open) {
     if (bytes.find(key) == std::string::npos) {
@@ -120,11 +120,11 @@ void feed(std::string_view fileName, std::string_view key, const std::string& by
     auto store = JsonStore<File>::open(folder, fileName, files).value();
     File record = store.load();
     const bool isDecoded = !files.content(aside).has_value();
-    require(files.content(isDecoded ? path : aside) == bytes, "every byte stays, in place or aside");
+    require(files.content(isDecoded ? path : aside) == bytes, "every byte is kept, in place or aside");
     require(isDecoded || (record == File{} && !files.content(path)),
-            "what was moved aside leaves an empty store");
+            "a file that was moved aside leaves an empty store");
 
-    require(store.write(record), "what was read can be written");
+    require(store.write(record), "a record that was read can be written");
     require(!isNewer(record) || files.content(path.string() + ".newer") == bytes,
             "a newer program's file is kept before it is replaced");
     const auto asideBefore = files.content(aside);
@@ -132,8 +132,8 @@ void feed(std::string_view fileName, std::string_view key, const std::string& by
         record.version = File{}.version;
     }
     auto again = JsonStore<File>::open(folder, fileName, files).value();
-    require(again.load() == record, "what was written reads as the same");
-    require(files.content(aside) == asideBefore, "what was written is not moved aside");
+    require(again.load() == record, "a record reads as it was written");
+    require(files.content(aside) == asideBefore, "a written file is not moved aside");
 }
 
 } // namespace
@@ -144,7 +144,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         static FixedClock clock;
         return StashStore::open(directory, files, clock);
     };
-    // Every input is tried on one store at least.
+    // Every input is tried on at least one store.
     feed<LayoutStore::StoreFile>("layouts.json", "", bytes, LayoutStore::open);
     feed<SceneStore::StoreFile>("scenes.json", "scenes", bytes, SceneStore::open);
     feed<StashStore::StoreFile>("stashes.json", "stashes", bytes, openStashes);

@@ -1,4 +1,4 @@
-// Titles are whatever applications put there: the matcher must agree with its rules read word by word.
+// With any titles the matcher pairs windows exactly as its rules say.
 #include "tests/VantrelCore/windows/PlainMatcher.h"
 #include "tests/fuzz/Law.h"
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* lineEnd = "\r\n";
 
-// None while more has to come.
+// None until the request is complete.
 std::optional<LoopbackServer::Request> parse(const std::string& bytes) {
     const auto headEnd = bytes.find("\r\n\r\n");
     if (headEnd == std::string::npos) {
@@ -62,7 +62,7 @@ LoopbackServer::LoopbackServer(Handler handler)
     auto* const general = reinterpret_cast<sockaddr*>(&address);
     if (::bind(m_listener, general, size) != 0 || ::listen(m_listener, SOMAXCONN) != 0 ||
         ::getsockname(m_listener, general, &size) != 0) {
-        throw std::runtime_error("the loopback takes no server");
+        throw std::runtime_error("cannot listen on the loopback interface");
     }
     m_port = ntohs(address.sin_port);
     m_thread = std::thread([this] { serve(); });
@@ -124,11 +124,11 @@ void LoopbackServer::attend(int connection) {
         return;
     }
     if (answer.then == Answer::Then::hold) {
-        // Readable is also what the other side has closed.
+        // A closed connection is readable too.
         static_cast<void>(waitFor(connection, POLLIN));
     }
     while (answer.then == Answer::Then::repeat && send(connection, answer.repeated)) {
-        // Not as fast as it can.
+        // Not at full speed.
         ::usleep(10'000);
     }
 }

@@ -1,5 +1,5 @@
-// A small HTTP server on the loopback, on a thread of its own, that answers as a test wants: well, badly,
-// slowly or not at all.
+// A small HTTP server on the loopback interface, on a thread of its own, that replies as a test wants:
+// correctly, badly, slowly or not at all.
 #pragma once
 
 #include <functional>
@@ -25,7 +25,7 @@ public:
     struct Answer {
         enum class Then : std::uint8_t {
             close,
-            // Says nothing more until the client or the server goes.
+            // Sends nothing more until the client or the server ends the connection.
             hold,
             // Sends `repeated` again and again until then.
             repeat,
@@ -49,23 +49,23 @@ public:
     // "http://127.0.0.1:PORT", without a slash at the end.
     [[nodiscard]] std::string url() const;
 
-    // What has been asked so far.
+    // The requests so far.
     [[nodiscard]] std::vector<Request> requests() const;
 
-    // A well-formed answer; `headers` are lines ending in "\r\n".
+    // A well-formed reply; `headers` are lines ending in "\r\n".
     [[nodiscard]] static Answer answer(int status, const std::string& body = {},
                                        const std::string& headers = {});
 
 private:
     void serve();
     void attend(int connection);
-    // False when the server is to end, or the other side has gone.
+    // False when the server shall end or the client is gone.
     [[nodiscard]] bool waitFor(int descriptor, short events) const;
     [[nodiscard]] bool send(int connection, const std::string& bytes) const;
 
     Handler m_handler;
     int m_listener = -1;
-    // Becomes readable when the server is to end.
+    // Becomes readable when the server shall end.
     int m_stop = -1;
     int m_port = 0;
     mutable std::mutex m_mutex;

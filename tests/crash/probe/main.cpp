@@ -1,5 +1,5 @@
-// Crashes as it is told: FOLDER WAY [HANDLER]. A HANDLER of "fault" or "hang" is what becomes of the
-// reporter's own handler in the middle of its work.
+// Crashes in the given way: FOLDER WAY [HANDLER]. HANDLER, "fault" or "hang", is what the reporter's handler
+// does in the middle of its work.
 #include "Vantrel/platform/posix/CrashReporter.h"
 #include "Vantrel/platform/posix/ReportedThread.h"
 
@@ -28,14 +28,14 @@ Function realOne(const char* name) {
 
 } // namespace
 
-// Outside of a nameless namespace and in no other function, so that backtraces have their names.
+// In a named namespace and not inlined, so that backtraces have their names.
 namespace crashprobe {
 
 [[gnu::noinline]] void writeToNowhere() {
     *nowhere = 1;
 }
 
-// The depth is only there to be in the way of a loop.
+// The depth keeps the compiler from making a loop of it.
 [[gnu::noinline]] int recurseForEver(volatile int* depth) {
     std::array<volatile int, 64> room{};
     room[0] = *depth + 1;
@@ -113,7 +113,7 @@ constexpr std::array signals{
 
 } // namespace crashprobe
 
-// In the place of glibc's own, which the reporter's handler calls.
+// Replaces glibc's, which the reporter's handler calls.
 extern "C" int backtrace(void** frames, int size) {
     if (isCrashing != 0 && handlerFate == "fault") {
         crashprobe::writeToNowhere();
@@ -124,7 +124,7 @@ extern "C" int backtrace(void** frames, int size) {
     return realOne<int (*)(void**, int)>("backtrace")(frames, size);
 }
 
-// The reporter's deadline comes after one second here, so that nobody waits for ten.
+// Shortens the reporter's deadline from ten seconds to one.
 extern "C" unsigned alarm(unsigned /*seconds*/) noexcept {
     return realOne<unsigned (*)(unsigned)>("alarm")(1);
 }
