@@ -1,6 +1,6 @@
 // With any titles the matcher pairs windows exactly as its rules say.
-#include "tests/VantrelCore/windows/PlainMatcher.h"
 #include "tests/fuzz/Law.h"
+#include "tests/fuzz/PlainMatcher.h"
 
 #include <array>
 #include <fuzzer/FuzzedDataProvider.h>

@@ -1,17 +1,10 @@
 #include "tests/simulated/MemoryFileSystem.h"
 
-#include <numeric>
 #include <utility>
 
 namespace vantrel::simulated {
 
 namespace {
-
-std::string textAt(const std::map<std::filesystem::path, std::string>& files,
-                   const std::filesystem::path& file) {
-    const auto found = files.find(file);
-    return found == files.end() ? std::string() : found->second;
-}
 
 std::error_code failure(std::errc error) {
     return std::make_error_code(error);
@@ -43,12 +36,8 @@ std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& f
     if (const auto error = enter(Operation::writeAtomically)) {
         return error;
     }
-    // The old and new content briefly coexist on the disk.
-    if (const auto error = checkWritable(file, {}, content)) {
+    if (const auto error = checkWritable(file)) {
         return error;
-    }
-    if (m_crashBefore) {
-        return writeUntilCrash(file, content);
     }
     m_files[file] = content;
     return m_failing.contains(Operation::flushFolder) ? make_error_code(FileFault::notFlushed)
@@ -60,8 +49,7 @@ std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std:
     if (const auto error = enter(Operation::append)) {
         return error;
     }
-    const std::string old = textAt(m_files, file);
-    if (const auto error = checkWritable(file, old, old + std::string(content))) {
+    if (const auto error = checkWritable(file)) {
         return error;
     }
     m_files[file] += content;
@@ -76,7 +64,7 @@ std::error_code MemoryFileSystem::rename(const std::filesystem::path& from, cons
     if (!m_files.contains(from)) {
         return failure(std::errc::no_such_file_or_directory);
     }
-    if (const auto error = checkWritable(to, {}, {})) {
+    if (const auto error = checkWritable(to)) {
         return error;
     }
     auto moved = m_files.extract(from);
@@ -187,39 +175,15 @@ void MemoryFileSystem::failReading(const std::filesystem::path& file, std::errc 
     m_unreadable[file] = error;
 }
 
-void MemoryFileSystem::setCapacity(std::optional<std::uint64_t> bytes) {
-    const std::scoped_lock lock(m_mutex);
-    m_capacity = bytes;
-}
-
 void MemoryFileSystem::stopFailing() {
     const std::scoped_lock lock(m_mutex);
     m_skippedBeforeFailure.reset();
     m_failing.clear();
     m_unreadable.clear();
-    m_capacity.reset();
-}
-
-void MemoryFileSystem::crashBefore(WriteStep step) {
-    const std::scoped_lock lock(m_mutex);
-    m_crashBefore = step;
-}
-
-void MemoryFileSystem::restart(UnflushedRename unflushed) {
-    const std::scoped_lock lock(m_mutex);
-    if (m_beforeUnflushedRename && unflushed == UnflushedRename::lost) {
-        m_files = *m_beforeUnflushedRename;
-    }
-    m_beforeUnflushedRename.reset();
-    m_crashBefore.reset();
-    m_isDown = false;
 }
 
 std::error_code MemoryFileSystem::enter(Operation operation) {
     ++m_counts[operation];
-    if (m_isDown) {
-        return failure(std::errc::operation_canceled);
-    }
     if (m_skippedBeforeFailure) {
         if (*m_skippedBeforeFailure == 0) {
             m_skippedBeforeFailure.reset();
@@ -231,40 +195,14 @@ std::error_code MemoryFileSystem::enter(Operation operation) {
     return found == m_failing.end() ? std::error_code() : failure(found->second);
 }
 
-std::error_code MemoryFileSystem::checkWritable(const std::filesystem::path& file,
-                                                std::string_view oldContent,
-                                                std::string_view newContent) const {
+std::error_code MemoryFileSystem::checkWritable(const std::filesystem::path& file) const {
     if (!m_directories.contains(file.parent_path())) {
         return failure(std::errc::no_such_file_or_directory);
     }
     if (m_directories.contains(file)) {
         return failure(std::errc::is_a_directory);
     }
-    const auto used = std::accumulate(m_files.begin(), m_files.end(), std::uint64_t{0},
-                                      [](auto sum, const auto& entry) { return sum + entry.second.size(); });
-    if (m_capacity && used - oldContent.size() + newContent.size() > *m_capacity) {
-        return failure(std::errc::no_space_on_device);
-    }
     return {};
-}
-
-std::error_code MemoryFileSystem::writeUntilCrash(const std::filesystem::path& file,
-                                                  std::string_view content) {
-    const WriteStep end = *m_crashBefore;
-    auto temporary = file;
-    temporary += ".tmp-interrupted";
-    m_isDown = true;
-    if (end == WriteStep::createTemporary) {
-        return failure(std::errc::operation_canceled);
-    }
-    m_files[temporary] =
-        content.substr(0, end == WriteStep::writeTemporary ? content.size() / 2 : content.size());
-    if (end == WriteStep::flushFolder) {
-        m_beforeUnflushedRename = m_files;
-        m_files.erase(temporary);
-        m_files[file] = content;
-    }
-    return failure(std::errc::operation_canceled);
 }
 
 void MemoryFileSystem::addDirectories(const std::filesystem::path& directory) {

@@ -1,4 +1,4 @@
-// An in-memory file system that fails on command and can crash in the middle of a write.
+// An in-memory file system that fails on command.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -24,19 +24,6 @@ public:
         // Flushing the folder after the rename of an atomic write. Not counted.
         flushFolder
     };
-
-    // The steps of an atomic write, in order.
-    enum class WriteStep : std::uint8_t {
-        createTemporary,
-        // A crash here leaves half of the content in the temporary file.
-        writeTemporary,
-        flushTemporary,
-        renameOverTarget,
-        flushFolder,
-    };
-
-    // What remains on disk after a crash between a rename and the flush of its folder.
-    enum class UnflushedRename : std::uint8_t { kept, lost };
 
     [[nodiscard]] std::expected<std::string, std::error_code>
     read(const std::filesystem::path& file) override;
@@ -68,29 +55,15 @@ public:
     void failAll(Operation operation, std::errc error);
     // Fails reads of this file until `stopFailing`, although it exists.
     void failReading(const std::filesystem::path& file, std::errc error);
-    // Fails writes with no_space_on_device if the total size would exceed this.
-    void setCapacity(std::optional<std::uint64_t> bytes);
     void stopFailing();
 
-    // Crashes the machine before `step` of the next atomic write: that write and all later operations fail
-    // with operation_canceled until `restart`.
-    void crashBefore(WriteStep step);
-    // Restarts the machine. Leftovers of the interrupted write remain beside its target.
-    void restart(UnflushedRename unflushed = UnflushedRename::lost);
-
 private:
-    using Files = std::map<std::filesystem::path, std::string>;
-
     [[nodiscard]] std::error_code enter(Operation operation);
-    [[nodiscard]] std::error_code checkWritable(const std::filesystem::path& file,
-                                                std::string_view oldContent,
-                                                std::string_view newContent) const;
-    [[nodiscard]] std::error_code writeUntilCrash(const std::filesystem::path& file,
-                                                  std::string_view content);
+    [[nodiscard]] std::error_code checkWritable(const std::filesystem::path& file) const;
     void addDirectories(const std::filesystem::path& directory);
 
     mutable std::mutex m_mutex;
-    Files m_files;
+    std::map<std::filesystem::path, std::string> m_files;
     std::set<std::filesystem::path> m_directories;
     // Only for files that were `put` with a date.
     std::map<std::filesystem::path, Date> m_modified;
@@ -99,11 +72,6 @@ private:
     std::errc m_failOnceError{};
     std::map<Operation, std::errc> m_failing;
     std::map<std::filesystem::path, std::errc> m_unreadable;
-    std::optional<std::uint64_t> m_capacity;
-    std::optional<WriteStep> m_crashBefore;
-    bool m_isDown = false;
-    // The files before a rename whose folder was never flushed.
-    std::optional<Files> m_beforeUnflushedRename;
 };
 
 } // namespace vantrel::simulated

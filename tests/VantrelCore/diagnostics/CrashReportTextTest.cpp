@@ -7,7 +7,7 @@
 namespace vantrel {
 namespace {
 
-TEST(CrashReportText, KeepsOfAReasonWhatCannotBeTheUsers) {
+TEST(CrashReportText, KeepsOnlyTheImpersonalPartsOfAReason) {
     struct Row {
         std::string reason;
         std::string shareable;
@@ -30,7 +30,7 @@ TEST(CrashReportText, KeepsOfAReasonWhatCannotBeTheUsers) {
     }
 }
 
-TEST(CrashReportText, HoldsNothingOfADocumentThatTheJsonLibraryCannotRead) {
+TEST(CrashReportText, KeepsNothingOfAnUnparsableDocument) {
     for (const std::string document : {R"({"Letter": Anna"})", R"(["it's Anna)", "{\"a\": 'Anna\n'}"}) {
         try {
             [[maybe_unused]] const auto json = nlohmann::json::parse(document);
@@ -43,19 +43,19 @@ TEST(CrashReportText, HoldsNothingOfADocumentThatTheJsonLibraryCannotRead) {
     }
 }
 
-TEST(CrashReportText, HasOneLineForEachThingSaidOfTheSystem) {
+TEST(CrashReportText, HeaderHasOneLinePerField) {
     EXPECT_EQ(CrashReportText::header(
                   {.version = "1", .build = "b", .operatingSystem = "OS\n---\n", .hardware = "H\r"}),
               "version: 1\nbuild: b\nsystem: OS --- \nhardware: H ");
 }
 
-TEST(CrashReportText, NamesAModuleWithoutItsFolders) {
+TEST(CrashReportText, StripsFoldersFromModuleNames) {
     EXPECT_EQ(CrashReportText::withoutFolders("/home/anna (old)/bin/vantrel(main+0x1) [0x2]"),
               "vantrel(main+0x1) [0x2]");
     EXPECT_EQ(CrashReportText::withoutFolders("[0x2]"), "[0x2]");
 }
 
-TEST(FixedText, TakesWhatFitsAndNothingElse) {
+TEST(FixedText, AppendsOnlyWhatFits) {
     FixedText<4> text;
     EXPECT_TRUE(text.append("abc"));
     EXPECT_FALSE(text.append("de"));

@@ -17,7 +17,7 @@ std::string sentenceFor(int status, const std::string& body) {
 
 } // namespace
 
-TEST(LicenseAnswers, OnlyADocumentIsALicense) {
+TEST(LicenseAnswers, AcceptOnlyALicenseDocument) {
     EXPECT_EQ(sentenceFor(200, vantrel::testing::TestLicense::signedLicense("m")), "licensed");
     for (const char* const body : {"", "{}", "[]", "null", "OK", "<html>", R"({"algorithm":"ed25519"})"}) {
         EXPECT_EQ(sentenceFor(200, body), "The server's reply is not a license. Nothing was changed.")
@@ -32,18 +32,18 @@ TEST(LicenseAnswers, OnlyADocumentIsALicense) {
         "Too late. Nothing was changed.");
 }
 
-TEST(LicenseAnswers, TheServersSentenceIsToldWhenItIsHarmless) {
+TEST(LicenseAnswers, ShowTheServersMessageWhenHarmless) {
     EXPECT_EQ(sentenceFor(409, R"({"error":"This key is in use on three computers."})"),
               "This key is in use on three computers.");
     for (const std::string& body :
-         {std::string("no"), std::string(R"({"error":""})"), std::string(R"({"error":7})"),
-          std::string(R"({"error":"\u001b[2Jgone"})"), std::string(R"({"error":"\u009b2J"})"),
-          std::string(R"({"error":"two\nlines"})"), R"({"error":")" + std::string(201, 'x') + "\"}"}) {
+         std::vector<std::string>{"no", R"({"error":""})", R"({"error":7})", R"({"error":"\u001b[2Jgone"})",
+                                  R"({"error":"\u009b2J"})", R"({"error":"two\nlines"})",
+                                  R"({"error":")" + std::string(201, 'x') + "\"}"}) {
         EXPECT_EQ(sentenceFor(403, body), "The server does not accept this key (403).") << body;
     }
 }
 
-TEST(LicenseAnswers, WhatTheServerNoLongerKnowsIsGivenBack) {
+TEST(LicenseAnswers, TreatAnUnknownLicenseAsDeactivated) {
     for (const int status : {200, 204, 410}) {
         EXPECT_TRUE(LicenseAnswers::deactivated(HttpResponse{status, ""})) << status;
     }
@@ -52,7 +52,7 @@ TEST(LicenseAnswers, WhatTheServerNoLongerKnowsIsGivenBack) {
     }
 }
 
-TEST(LicenseAnswers, AKeyIsTakenAsItIsPasted) {
+TEST(LicenseAnswers, TrimAPastedKey) {
     EXPECT_EQ(LicenseAnswers::key(" \tABCD-1234\r\n"), "ABCD-1234");
     for (const std::string& wrong : {std::string(), std::string("  "), std::string("two words"),
                                      std::string("a\x1b"), std::string("käse"), std::string(129, 'a')}) {

@@ -48,7 +48,7 @@ std::string inserted(std::string text, const std::string& more) {
 
 } // namespace
 
-TEST(LicenseDocument, WhatTheVendorSignedForThisComputerIsALicense) {
+TEST(LicenseDocument, AcceptsWhatTheVendorSignedForThisComputer) {
     EXPECT_EQ(problemOf(" " + good.dump(4) + "\n"), std::nullopt);
     const auto document = LicenseDocuments::parse(signedWith([](Json& payload) {
         payload["expiresAt"] = "2027-01-01T00:00:00Z";
@@ -61,7 +61,7 @@ TEST(LicenseDocument, WhatTheVendorSignedForThisComputerIsALicense) {
     EXPECT_EQ(iso8601Text(license->expiresAt.value()), "2027-01-01T00:00:00Z");
 }
 
-TEST(LicenseDocument, NoForgeryPasses) {
+TEST(LicenseDocument, RejectsEveryForgery) {
     using enum LicenseProblem;
     const auto bits = [](std::string text) {
         // Other bits in the last character that stand for no byte.
@@ -71,11 +71,7 @@ TEST(LicenseDocument, NoForgeryPasses) {
     auto edited = TestLicense::payload(machine);
     edited["expiresAt"] = "2099-01-01T00:00:00Z";
     const std::string text = good.dump();
-    const struct {
-        const char* attempt;
-        std::string text;
-        LicenseProblem problem;
-    } forgeries[] = {
+    const std::tuple<const char*, std::string, LicenseProblem> forgeries[] = {
         {"another vendor's key", TestLicense::document(TestLicense::payload(machine).dump(), 'x').dump(),
          badSignature},
         {"another computer's licence", TestLicense::signedLicense(std::string(64, 'b')), otherMachine},
@@ -112,13 +108,13 @@ TEST(LicenseDocument, NoForgeryPasses) {
         {"payload without a date", signedWith([](Json& payload) { payload.erase("issuedAt"); }), malformed},
         {"payload with no date", signedWith([](Json& payload) { payload["expiresAt"] = "soon"; }), malformed},
     };
-    for (const auto& forgery : forgeries) {
-        EXPECT_EQ(problemOf(forgery.text), forgery.problem) << forgery.attempt;
+    for (const auto& [attempt, forged, problem] : forgeries) {
+        EXPECT_EQ(problemOf(forged), problem) << attempt;
     }
     EXPECT_EQ(problemOf(text, {"license-0", "license-1"}), deactivated);
 }
 
-TEST(LicenseDocument, NoSingleByteCanBeChanged) {
+TEST(LicenseDocument, RejectsEverySingleChangedByte) {
     const std::string text = good.dump();
     for (std::size_t i = 0; i < text.size(); ++i) {
         for (const char flip : {'\x01', '\x20'}) {
@@ -129,7 +125,7 @@ TEST(LicenseDocument, NoSingleByteCanBeChanged) {
     }
 }
 
-TEST(LicenseDocument, OnlyAWholeKeyIsAKey) {
+TEST(LicenseDocument, RejectsMalformedPublicKeys) {
     const std::string whole = TestLicense::publicKey();
     for (const auto& wrong : {std::string(), whole.substr(2), whole + "00", whole.substr(1) + "g"}) {
         EXPECT_FALSE(LicenseDocuments::publicKey(wrong)) << wrong;

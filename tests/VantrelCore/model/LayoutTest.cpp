@@ -1,6 +1,5 @@
 #include "VantrelCore/model/Layout.h"
 
-#include "VantrelCore/model/FrameMatching.h"
 #include "VantrelCore/model/LayoutSummary.h"
 
 #include <algorithm>
@@ -30,7 +29,7 @@ Layout layoutOf(std::vector<WindowRecord> windows) {
     return layout;
 }
 
-TEST(Layout, SignatureIsSortedAndCutToWholePoints) {
+TEST(Layout, SignatureIsSortedAndInWholePoints) {
     EXPECT_THAT(
         layoutOf({window("org.b", {{-0.9, -1.9}, {100.9, 50}}), window("org.a", {{9, 25}, {1440, 875}}),
                   window("org.a", {{10, 25}, {1440, 875}}), window("Org.z", {{-1080, -420}, {1, 1}})})
@@ -39,7 +38,7 @@ TEST(Layout, SignatureIsSortedAndCutToWholePoints) {
                     "org.b|0,-1,100x50"));
 }
 
-TEST(Layout, IsEquivalentAsLongAsDeskNameAndGeometryAreTheSame) {
+TEST(Layout, IsEquivalentWhenDeskNameAndGeometryAgree) {
     const auto layout = layoutOf({window("a", {{0, 0}, {100, 100}}), window("b", {{5, 5}, {100, 100}})});
 
     struct Case {
@@ -76,17 +75,13 @@ TEST(Layout, IsEquivalentAsLongAsDeskNameAndGeometryAreTheSame) {
     }
 }
 
-TEST(Layout, GeometryMatchesWhenEveryWindowHasACounterpartOfItsOwn) {
+TEST(Layout, GeometryMatchesWindowsOneToOne) {
     const auto aLeft = window("a", {{0, 0}, {100, 100}});
     const auto aNear = window("a", {{4, -4}, {96, 104}});
     const auto aRight = window("a", {{500, 0}, {100, 100}});
     const auto bLeft = window("b", aLeft.frame);
     const auto saved = layoutOf({aLeft, aRight, bLeft});
-    const struct {
-        const char* name;
-        std::vector<WindowRecord> windows;
-        bool matches;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<WindowRecord>, bool> rows[] = {
         {"within the tolerance, in another order", {window("b", aNear.frame), aRight, aNear}, true},
         {"beyond the tolerance", {window("a", {{4.5, 0}, {100, 100}}), aRight, bLeft}, false},
         {"two windows cannot share one counterpart", {aLeft, aLeft, bLeft}, false},
@@ -94,8 +89,8 @@ TEST(Layout, GeometryMatchesWhenEveryWindowHasACounterpartOfItsOwn) {
         {"one more", {aLeft, aRight, bLeft, bLeft}, false},
         {"another application", {aLeft, aRight, window("c", aLeft.frame)}, false},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(saved.geometryMatches(layoutOf(row.windows), 4), row.matches) << row.name;
+    for (const auto& [name, windows, matches] : rows) {
+        EXPECT_EQ(saved.geometryMatches(layoutOf(windows), 4), matches) << name;
     }
     auto other = saved;
     other.layoutName = "Work";
@@ -105,16 +100,7 @@ TEST(Layout, GeometryMatchesWhenEveryWindowHasACounterpartOfItsOwn) {
     EXPECT_FALSE(saved.geometryMatches(other, 1000));
 }
 
-TEST(FrameMatching, EachLiveWindowVouchesForOneSavedWindow) {
-    const auto count = [](std::size_t saved, std::size_t current) {
-        return FrameMatching::windowsWithoutCounterpart(std::vector(saved, window("a", {})),
-                                                        std::vector(current, window("a", {})), 0);
-    };
-    EXPECT_EQ(count(3, 1), 2U);
-    EXPECT_EQ(count(1, 3), 0U);
-}
-
-TEST(Layout, WithoutGhostsDropsOnlyWhatIsMarkedAsGhost) {
+TEST(Layout, WithoutGhostsDropsOnlyGhosts) {
     auto layout = layoutOf({window("a", {}), window("b", {}), window("c", {})});
     layout.windows[0].isGhost = true;
     layout.windows[1].isGhost = false;
@@ -123,7 +109,7 @@ TEST(Layout, WithoutGhostsDropsOnlyWhatIsMarkedAsGhost) {
     EXPECT_EQ(layout.withoutGhosts(), expected);
 }
 
-TEST(LayoutSummary, CountsWindowsPerApplicationMostFirst) {
+TEST(LayoutSummary, CountsWindowsPerAppMostFirst) {
     const auto named = [](const char* bundleID, const char* appName) {
         auto record = window(bundleID, {});
         record.appName = appName;

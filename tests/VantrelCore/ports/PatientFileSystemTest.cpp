@@ -9,7 +9,7 @@ namespace vantrel {
 
 namespace {
 
-// Time passes only while somebody sleeps.
+// Time passes only in sleep().
 class SleepingClock final : public Clock {
 public:
     Date now() override { return {}; }
@@ -38,7 +38,7 @@ struct PatientFileSystemTest : testing::Test {
     }
 };
 
-TEST_F(PatientFileSystemTest, AnErrorThatPassesIsNeverSeen) {
+TEST_F(PatientFileSystemTest, RetriesTransientErrors) {
     for (const auto error : {std::errc::io_error, std::errc::interrupted, std::errc::too_many_files_open,
                              std::errc::too_many_files_open_in_system, std::errc::not_enough_memory,
                              std::errc::resource_unavailable_try_again}) {
@@ -55,14 +55,14 @@ TEST_F(PatientFileSystemTest, AnErrorThatPassesIsNeverSeen) {
     }
 }
 
-TEST_F(PatientFileSystemTest, WhatWillNotPassIsToldAtOnce) {
+TEST_F(PatientFileSystemTest, ReportsPermanentErrorsAtOnce) {
     disk.failReading("/v/a", std::errc::permission_denied);
     EXPECT_EQ(files.read("/v/a").error(), std::errc::permission_denied);
     EXPECT_EQ(files.read("/v/missing").error(), std::errc::no_such_file_or_directory);
     EXPECT_EQ(clock.m_slept, 0);
 }
 
-TEST_F(PatientFileSystemTest, AllFilesTogetherWaitASecondAndThenAgainOnlyAfterARespite) {
+TEST_F(PatientFileSystemTest, WaitsASecondInAllAndAgainAfterARespite) {
     disk.failReading("/v/a", std::errc::io_error);
     disk.failReading("/v/b", std::errc::io_error);
     EXPECT_EQ(files.read("/v/a").error(), std::errc::io_error);

@@ -21,7 +21,7 @@ DailyLayoutObservation seen(const std::string& day, const std::string& configID 
 
 } // namespace
 
-TEST(PatternSuggestion, TheSignatureIsSortedKnowsNoGhostsAndRoundsHalvesAwayFromZero) {
+TEST(PatternSuggestion, SignatureIsSortedOmitsGhostsAndRoundsHalvesAwayFromZero) {
     auto ghost = windowOf("ghost", {});
     ghost.isGhost = true;
     EXPECT_THAT(signature(layoutOf({windowOf("web", {{100, 50}, {800, 600}}), ghost,
@@ -30,7 +30,7 @@ TEST(PatternSuggestion, TheSignatureIsSortedKnowsNoGhostsAndRoundsHalvesAwayFrom
                 ElementsAre("chat|0,0,1x1", "mail|1,-1,2x3", "web|4,2,33x25"));
 }
 
-TEST(PatternSuggestion, ThreeDaysOfOneDeskQualify) {
+TEST(PatternSuggestion, QualifiesAfterThreeDaysOnOneDesk) {
     std::vector log{seen("2025-03-01"), seen("2025-03-01", "desk", "web|0,0,1x1"),
                     seen("2025-03-02"), seen("2025-03-02", "other"),
                     seen("2025-03-02"), seen("2025-03-03", "other")};
@@ -41,7 +41,7 @@ TEST(PatternSuggestion, ThreeDaysOfOneDeskQualify) {
     EXPECT_FALSE(qualifies("other", signature, log));
 }
 
-TEST(PatternSuggestion, ObservationsAreForgottenAfterTwentyOneDays) {
+TEST(PatternSuggestion, ForgetsObservationsAfterTwentyOneDays) {
     EXPECT_THAT(recording(seen("2025-03-22"), {seen("2025-02-28"), seen("2025-03-01")}, today),
                 ElementsAre(seen("2025-03-01"), seen("2025-03-22")));
     // Calendar days, whatever the clock does in between.
@@ -50,13 +50,13 @@ TEST(PatternSuggestion, ObservationsAreForgottenAfterTwentyOneDays) {
                 ElementsAre(seen("2024-02-08"), seen("2024-02-29")));
 }
 
-TEST(PatternSuggestion, ADeskThatStandsStillIsNotedOnceADay) {
+TEST(PatternSuggestion, RecordsAnArrangementOncePerDay) {
     const auto other = seen("2025-03-22", "desk", "web|0,0,1x1");
     EXPECT_THAT(recording(seen("2025-03-22"), {seen("2025-03-22"), other}, today),
                 ElementsAre(other, seen("2025-03-22")));
 }
 
-TEST(PatternSuggestion, BeyondSixtyObservationsTheOldestDayGoesFirst) {
+TEST(PatternSuggestion, DropsTheOldestDayBeyondSixtyObservations) {
     std::vector<DailyLayoutObservation> log;
     for (int i = 0; i < 59; ++i) {
         log.push_back(seen(i == 30 ? "2025-03-10" : "2025-03-20", "desk", std::to_string(i)));

@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(LayoutStoreTest, FreshInstallIsEmptyAndCreatesNoFile) {
+TEST_F(LayoutStoreTest, IsEmptyAtFirstAndCreatesNoFile) {
     EXPECT_THAT(m_store.layouts(office), IsEmpty());
     EXPECT_EQ(m_store.activeLayoutName(office), "Default");
     EXPECT_THAT(m_store.rules(), IsEmpty());
@@ -47,7 +47,7 @@ TEST_F(LayoutStoreTest, FreshInstallIsEmptyAndCreatesNoFile) {
     EXPECT_THAT(m_files.files(), IsEmpty());
 }
 
-TEST_F(LayoutStoreTest, SavingAgainReplacesTheLayoutAndMovesItToTheEnd) {
+TEST_F(LayoutStoreTest, SavingAgainReplacesALayoutAndMovesItToTheEnd) {
     saveAll(office, {"Default", "Work"});
     Layout again = layoutNamed(office, "Default");
     again.windows.clear();
@@ -64,13 +64,8 @@ TEST_F(LayoutStoreTest, ListsADesksLayoutsWithDefaultFirst) {
                 ElementsAre("Default", "Alpha", "Zeta", "beta"));
 }
 
-TEST_F(LayoutStoreTest, DeletingTheActiveLayoutChoosesTheNextOne) {
-    const struct {
-        std::vector<std::string> stored;
-        std::string active;
-        std::string deleted;
-        std::string newActive;
-    } rows[] = {
+TEST_F(LayoutStoreTest, DeletingTheActiveLayoutActivatesTheNext) {
+    const std::tuple<std::vector<std::string>, std::string, std::string, std::string> rows[] = {
         {{"Default", "Alpha", "Work"}, "Work", "Work", "Default"},
         {{"Beta", "Alpha", "Work"}, "Work", "Work", "Alpha"},
         {{"Work"}, "Work", "Work", "Default"},
@@ -92,7 +87,7 @@ TEST_F(LayoutStoreTest, DeletingTheActiveLayoutChoosesTheNextOne) {
     }
 }
 
-TEST_F(LayoutStoreTest, ADeskIsNamedInItsFirstLayoutOrInAll) {
+TEST_F(LayoutStoreTest, RenamesADeskInOneLayoutOrInAll) {
     saveAll(home, {"Default"});
     saveAll(office, {"Work", "Default"});
     m_store.rename(office, "Default", "Office");
@@ -101,7 +96,7 @@ TEST_F(LayoutStoreTest, ADeskIsNamedInItsFirstLayoutOrInAll) {
     EXPECT_THAT(fieldsOf(open().allLayouts(), &Layout::name), ElementsAre("Desk", "Studio", "Studio"));
 }
 
-TEST_F(LayoutStoreTest, ARenamedLayoutStaysActiveAndTakesNoOthersName) {
+TEST_F(LayoutStoreTest, ARenamedLayoutStaysActiveAndItsNameIsUnique) {
     saveAll(home, {"Play"});
     saveAll(office, {"Work", "Default"});
     EXPECT_FALSE(m_store.renameLayout(office, "Default", "Work"));
@@ -121,7 +116,7 @@ TEST_F(LayoutStoreTest, PinsOneLayoutOfOneDesk) {
     EXPECT_FALSE(open().layout(office, "Default")->isPinned());
 }
 
-TEST_F(LayoutStoreTest, KeepsOneRulePerApplicationInReadingOrder) {
+TEST_F(LayoutStoreTest, KeepsOneRulePerAppInAlphabeticalOrder) {
     for (const auto& rule : {ruleFor("3", "gamma"), ruleFor("2", "Beta"), ruleFor("1", "alpha")}) {
         ASSERT_TRUE(m_store.setRule(rule));
     }

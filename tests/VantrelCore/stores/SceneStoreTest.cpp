@@ -1,7 +1,6 @@
 #include "VantrelCore/stores/SceneStore.h"
 
 #include "VantrelCore/scenes/SceneProblem.h"
-#include "VantrelCore/stores/SceneCapMeter.h"
 #include "tests/VantrelCore/stores/StoreTest.h"
 
 namespace vantrel {
@@ -19,7 +18,7 @@ protected:
 
 } // namespace
 
-TEST(Scene, ANewSceneHasItsOwnIdentifierAndOpensMissingApps) {
+TEST(Scene, ANewSceneHasAFreshUUIDAndOpensMissingApps) {
     const Scene scene = sceneNamed("Work");
     EXPECT_THAT(scene.id,
                 testing::MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}"));
@@ -28,7 +27,7 @@ TEST(Scene, ANewSceneHasItsOwnIdentifierAndOpensMissingApps) {
     EXPECT_EQ(scene.pinned, std::nullopt);
 }
 
-TEST(Scene, GhostsAlwaysOpenMissingAppsAndAWallpaperNeedsAPath) {
+TEST(Scene, GhostsImplyOpeningMissingAppsAndAWallpaperNeedsAPath) {
     Scene scene = sceneNamed("Work");
     scene.opensMissingApps = false;
     scene.layout.windows.emplace_back().isGhost = false;
@@ -42,7 +41,7 @@ TEST(Scene, GhostsAlwaysOpenMissingAppsAndAWallpaperNeedsAPath) {
     EXPECT_TRUE(scene.hasWallpaper());
 }
 
-TEST_F(SceneStoreTest, NamesAreTrimmedAndCountedAsCharactersThatUsersSee) {
+TEST_F(SceneStoreTest, TrimsNamesAndLimitsThemTo30VisibleCharacters) {
     std::string families;
     for (int i = 0; i < 30; ++i) {
         families += "👩‍👧";
@@ -54,7 +53,7 @@ TEST_F(SceneStoreTest, NamesAreTrimmedAndCountedAsCharactersThatUsersSee) {
     }
 }
 
-TEST_F(SceneStoreTest, TheCapCountsTheScenesOfEveryDesk) {
+TEST_F(SceneStoreTest, LimitsTheScenesOfAllDesksToTwelve) {
     for (int i = 0; i < 12; ++i) {
         added("Scene");
     }
@@ -65,14 +64,14 @@ TEST_F(SceneStoreTest, TheCapCountsTheScenesOfEveryDesk) {
     EXPECT_EQ(open().allScenes().size(), 12U);
 }
 
-TEST_F(SceneStoreTest, ASceneIsFoundByNameWithoutRegardToCase) {
+TEST_F(SceneStoreTest, FindsASceneByNameIgnoringCase) {
     const auto id = added("Übung");
     added("übung");
     EXPECT_EQ(m_store.sceneNamed("  ÜBUNG\n").value().id, id);
     EXPECT_EQ(m_store.sceneNamed("Ubung"), std::nullopt);
 }
 
-TEST_F(SceneStoreTest, RenamingRefusesTheNameOfAnotherScene) {
+TEST_F(SceneStoreTest, RenamingRefusesAnotherScenesName) {
     const auto id = added("Work");
     added("Play");
     EXPECT_EQ(m_store.rename(id, " WORK ").value().name, "WORK");
@@ -96,7 +95,7 @@ TEST_F(SceneStoreTest, APinnedSceneKeepsItsLayout) {
     EXPECT_TRUE(m_store.updateLayout(id, {}));
 }
 
-TEST_F(SceneStoreTest, ChangesReachTheFileAndWhatIsNoneLeavesIt) {
+TEST_F(SceneStoreTest, WritesChangesAndRemovesUnsetValues) {
     const auto id = added("Work");
     added("Play");
     ASSERT_TRUE(m_store.updateHotkey(id, 15, 768));
@@ -118,7 +117,7 @@ TEST_F(SceneStoreTest, ChangesReachTheFileAndWhatIsNoneLeavesIt) {
     EXPECT_EQ(m_store.setPinned(true, id), std::unexpected(SceneStoreError::notFound));
 }
 
-TEST_F(SceneStoreTest, RemembersTheSceneAppliedLastOnEachDesk) {
+TEST_F(SceneStoreTest, RemembersTheLastAppliedSceneOfEachDesk) {
     EXPECT_EQ(m_store.lastAppliedSceneID("desk"), std::nullopt);
     EXPECT_TRUE(m_store.setLastAppliedScene("A", "desk"));
     EXPECT_TRUE(m_store.setLastAppliedScene("B", "other"));
@@ -128,41 +127,14 @@ TEST_F(SceneStoreTest, RemembersTheSceneAppliedLastOnEachDesk) {
     EXPECT_EQ(open().lastAppliedSceneID("other"), "B");
 }
 
-TEST(SceneCapMeter, ShowsFromNineScenesOn) {
-    EXPECT_FALSE(SceneCapMeter::shouldShow(8));
-    EXPECT_TRUE(SceneCapMeter::shouldShow(9));
-    EXPECT_EQ(SceneCapMeter::label(9), "9 of 12");
-}
-
-TEST(SceneProblems, EverySurfaceHasItsWords) {
+TEST(SceneProblems, NameTheReasonForAnInvalidName) {
     using namespace SceneProblems;
-    using Error = SceneStoreError;
-    const struct {
-        Error error;
-        std::string name;
-        const char* panel;
-        const char* action;
-    } cases[] = {
-        {Error::capReached, "Work", "12 scenes max. Delete one to add another.",
-         "This desk already has the maximum number of scenes."},
-        {Error::invalidName, " ", "A scene needs a name.", "A scene needs a name."},
-        {Error::invalidName, std::string(31, 'a'), "Name must be 30 characters or fewer.",
-         "Name must be 30 characters or fewer."},
-        {Error::invalidName, "Work", "That name is used by another scene.",
-         "That name is used by another scene."},
-        {Error::pinned, "Work", "That scene is pinned. Unpin it to update it.",
-         "That scene is pinned, so its layout never changes."},
-        {Error::notFound, "Work", "That scene no longer exists.", "That scene no longer exists."},
-    };
-    for (const auto& [error, name, panel, action] : cases) {
-        EXPECT_EQ(panelText(from(error, name)), panel);
-        EXPECT_EQ(actionText(from(error, name)), action);
-    }
-    constexpr auto used = SceneProblem::nameUsedOnAnotherDesk;
-    EXPECT_EQ(panelText(used), "That name is used by a scene on another desk.");
-    EXPECT_EQ(actionText(used), "A scene on another desk already has that name.");
-    EXPECT_EQ(nameFieldText(used), "That name is used on another desk.");
-    EXPECT_EQ(nameFieldText(SceneProblem::emptyName), "Empty scene name");
+    constexpr auto invalid = SceneStoreError::invalidName;
+    EXPECT_EQ(panelText(from(invalid, " ")), "A scene needs a name.");
+    EXPECT_EQ(panelText(from(invalid, std::string(31, 'a'))), "Name must be 30 characters or fewer.");
+    EXPECT_EQ(panelText(from(invalid, "Work")), "That name is used by another scene.");
+    EXPECT_EQ(actionText(from(SceneStoreError::pinned, "Work")),
+              "That scene is pinned, so its layout never changes.");
 }
 
 } // namespace vantrel

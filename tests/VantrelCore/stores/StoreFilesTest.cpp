@@ -89,7 +89,7 @@ void collectObjects(const json& value, const json::json_pointer& at, std::vector
     }
 }
 
-TEST(StoreFiles, AreWrittenAsTheyWereReadAndLackNothingButWhatIsOptional) {
+TEST(StoreFiles, RoundTripAndRejectMissingRequiredKeys) {
     for (const auto& file : storeFiles) {
         const auto sound = json::parse(withEveryKey(file.name));
         EXPECT_EQ(file.rewritten(sound), sound) << file.name;
@@ -192,7 +192,7 @@ Changes changes(AppSizeBehaviorStore& store) {
     return {store.record({std::string("a"), {1, 1}, {1, 1}})};
 }
 
-TEST(StoreFiles, AFailedWriteIsReportedAndLosesNothing) {
+TEST(StoreFiles, ReportAFailedWriteAndKeepWhatWasStored) {
     const auto check = [](const char* name, auto open, auto&... more) {
         SCOPED_TRACE(name);
         MemoryFileSystem files;

@@ -25,7 +25,7 @@ struct StoreRepairTest : testing::Test {
     }
 };
 
-TEST_F(StoreRepairTest, ACopyIsPutBackAndThePresentFileKept) {
+TEST_F(StoreRepairTest, PutsACopyBackAndKeepsTheCurrentFile) {
     FileIncidents incidents;
     auto store = LayoutStore::open(folder, {files, &incidents}).value();
     EXPECT_EQ(store.activeLayoutName("desk"), "Default");
@@ -41,7 +41,7 @@ TEST_F(StoreRepairTest, ACopyIsPutBackAndThePresentFileKept) {
     EXPECT_EQ(files.content("/v/layouts.json.replaced"), sound);
 }
 
-TEST_F(StoreRepairTest, WhatIsNoUsableCopyOrFailsChangesNothing) {
+TEST_F(StoreRepairTest, AnUnusableCopyOrAFailureChangesNothing) {
     const auto before = files.files();
     for (const char* const name : {"layouts.json.corrupt", "layouts.json", "layouts.json.corrupt.2", "",
                                    "settings.conf.corrupt", "../v/layouts.json.corrupt.1"}) {
@@ -55,7 +55,7 @@ TEST_F(StoreRepairTest, WhatIsNoUsableCopyOrFailsChangesNothing) {
     EXPECT_EQ(files.content("/v/layouts.json.corrupt.1"), sound);
 }
 
-TEST_F(StoreRepairTest, InspectionTellsSoundFilesFromDamagedOnesAndFromCopies) {
+TEST_F(StoreRepairTest, InspectionTellsSoundDamagedAndCopiedFilesApart) {
     const auto findings = StoreInspection::inspect(files, folder).value();
     ASSERT_EQ(findings.size(), 3U) << "settings are no store";
     EXPECT_FALSE(findings[0].isCopy());

@@ -13,18 +13,11 @@ constexpr double threshold = SnapEngine::defaultThreshold;
 // Far from the boxes below on all its lines: 0, 5000 and 10000.
 const Rect bounds{{0, 0}, {10000, 10000}};
 
-TEST(SnapEngine, AMovedBoxSnapsByItsMinimumEdgeElseItsCentreElseItsMaximum) {
+TEST(SnapEngine, AMovedBoxSnapsByMinimumEdgeThenCentreThenMaximumEdge) {
     using Lines = std::vector<double>;
     const Rect box{{1000, 2000}, {300, 300}};
     const auto lineAt = [](double x) { return Rect{{x, 3000}, {0, 0}}; };
-    const struct {
-        const char* name;
-        Rect box;
-        std::vector<Rect> siblings;
-        Point expected;
-        Lines verticalGuides;
-        Lines horizontalGuides;
-    } cases[] = {
+    const std::tuple<const char*, Rect, std::vector<Rect>, Point, Lines, Lines> cases[] = {
         {"at the threshold", box, {lineAt(994)}, {994, 2000}, {994}, {}},
         {"beyond it", box, {lineAt(993.99)}, box.origin, {}, {}},
         {"left edge, the farther", box, {lineAt(1005), lineAt(1151)}, {1005, 2000}, {1005}, {}},
@@ -42,7 +35,7 @@ TEST(SnapEngine, AMovedBoxSnapsByItsMinimumEdgeElseItsCentreElseItsMaximum) {
     }
 }
 
-TEST(SnapEngine, OfTwoLinesAtTheSameDistanceTheSmallerWins) {
+TEST(SnapEngine, PrefersTheSmallerOfTwoEquallyNearLines) {
     EXPECT_EQ(SnapEngine::nearest(10, {13, 7, 13}, threshold), 7);
     EXPECT_EQ(SnapEngine::nearest(10, {7, 13, 11}, threshold), 11);
     const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -50,7 +43,7 @@ TEST(SnapEngine, OfTwoLinesAtTheSameDistanceTheSmallerWins) {
     EXPECT_EQ(SnapEngine::nearest(10, {17, 3, nan}, threshold), std::nullopt);
 }
 
-TEST(SnapEngine, ClampingKeepsTheSizeAndShowsOversizedBoxesFromTheirMinimumEdge) {
+TEST(SnapEngine, ClampingKeepsTheSizeAndAlignsOversizedBoxes) {
     const Rect area{{100, 100}, {500, 400}};
     EXPECT_EQ(SnapEngine::clampInside({{590, 0}, {50, 50}}, area), (Rect{{550, 100}, {50, 50}}));
     EXPECT_EQ(SnapEngine::clampInside({{300, 600}, {501, 401}}, area), (Rect{{100, 100}, {501, 401}}));
@@ -59,16 +52,10 @@ TEST(SnapEngine, ClampingKeepsTheSizeAndShowsOversizedBoxesFromTheirMinimumEdge)
     EXPECT_EQ(moved.verticalGuides, std::vector{0.0}) << "the line that was used, though clamping left it";
 }
 
-TEST(SnapEngine, AResizedBoxSnapsByItsDraggedEdgesAndKeepsItsMinimumSizeAtTheOthers) {
+TEST(SnapEngine, AResizedBoxSnapsByDraggedEdgesAndKeepsItsMinimumSize) {
     const std::vector<Rect> siblings{{{950, 950}, {250, 250}}};
     const Rect behind{{1203, 1203}, {400, 400}};
-    const struct {
-        const char* name;
-        Rect dragged;
-        ResizeEdges edges;
-        Rect expected;
-        std::vector<double> guides;
-    } cases[] = {
+    const std::tuple<const char*, Rect, ResizeEdges, Rect, std::vector<double>> cases[] = {
         {"no edge near", behind, ResizeEdges::right | ResizeEdges::bottom, behind, {}},
         {"top left", behind, ResizeEdges::left | ResizeEdges::top, {{1200, 1200}, {403, 403}}, {1200}},
         {"top alone", behind, ResizeEdges::top, {{1203, 1200}, {400, 403}}, {}},

@@ -1,5 +1,4 @@
 // Texts about the past: ages, the last restore, the history, an application's reliability, usage.
-#include "VantrelCore/text/LastActionFormatting.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
 #include "VantrelCore/text/RestoreLogFormatting.h"
 #include "VantrelCore/text/UsageReceiptCopy.h"
@@ -48,10 +47,7 @@ std::string sentence(std::int64_t restores, std::int64_t switches, std::int64_t 
 } // namespace
 
 TEST(RelativeTimeCaption, CountsWholeUnits) {
-    const struct {
-        double age;
-        const char* caption;
-    } cases[] = {
+    const std::pair<double, const char*> cases[] = {
         {-5, "just now"}, {59.999, "just now"}, {60, "1m ago"},     {3599, "59m ago"},
         {3600, "1h ago"}, {86'399, "23h ago"},  {86'400, "1d ago"}, {1e7, "115d ago"},
     };
@@ -60,23 +56,10 @@ TEST(RelativeTimeCaption, CountsWholeUnits) {
     }
 }
 
-TEST(LastActionFormatting, CountsWindowsAndTellsTheAge) {
-    const auto lineFor = [](std::int64_t windows) {
-        return LastActionFormatting::line({LastAction::Kind::restore, windows, dateAfter(now, -300), "wake"},
-                                          now);
-    };
-    EXPECT_EQ(lineFor(1), "Restored 1 window · 5m ago");
-    EXPECT_EQ(lineFor(0), "Restored 0 windows · 5m ago");
-}
-
-TEST(RestoreLogFormatting, TheSummaryCountsWhatHappenedAndNothingElse) {
+TEST(RestoreLogFormatting, SummarisesOutcomes) {
     const auto closed = item(Outcome::skipped, "window no longer exists");
     const auto ignored = item(Outcome::skipped, "app is ignored");
-    const struct {
-        std::vector<RestoreLog::Item> items;
-        const char* summary;
-        bool hasProblems;
-    } cases[] = {
+    const std::tuple<std::vector<RestoreLog::Item>, const char*, bool> cases[] = {
         {{}, "Nothing to put back", false},
         {{item(Outcome::restored)}, "1 put back", false},
         {{item(Outcome::restored), item(Outcome::retried), item(Outcome::failed), closed,
@@ -92,7 +75,7 @@ TEST(RestoreLogFormatting, TheSummaryCountsWhatHappenedAndNothingElse) {
     }
 }
 
-TEST(RestoreLogFormatting, ItemsThatNeedAttentionComeFirstAndLabelsGiveTheReason) {
+TEST(RestoreLogFormatting, SortsProblemsFirstAndLabelsThemWithTheReason) {
     std::vector<std::string> labels;
     for (const auto& each : RestoreLogFormatting::ordered(
              {item(Outcome::skipped, "window no longer exists"), item(Outcome::restored),
@@ -105,7 +88,7 @@ TEST(RestoreLogFormatting, ItemsThatNeedAttentionComeFirstAndLabelsGiveTheReason
                                     "Skipped: app is ignored"));
 }
 
-TEST(RestoreLogFormatting, ReliabilityIsSummedUpAndDetailed) {
+TEST(RestoreLogFormatting, SummarisesReliability) {
     using namespace RestoreLogFormatting;
     EXPECT_EQ(reliabilitySummary(reliability(0, 0, 0, 3)), "Nothing to put back yet");
     EXPECT_EQ(reliabilitySummary(reliability(5, 2, 1, 0)), "7 put back · 1 could not move");
@@ -118,11 +101,8 @@ TEST(RestoreLogFormatting, ReliabilityIsSummedUpAndDetailed) {
     EXPECT_EQ(reliabilityDetail(app), "");
 }
 
-TEST(RestoreLogFormatting, DurationsAreShort) {
-    const struct {
-        double seconds;
-        const char* caption;
-    } cases[] = {
+TEST(RestoreLogFormatting, ShortensDurations) {
+    const std::pair<double, const char*> cases[] = {
         {5.04, "5.0 s"},     {9.94, "9.9 s"},    {9.96, "10 s"}, {59.4, "59 s"},
         {59.5, "1 min 0 s"}, {125, "2 min 5 s"}, {-1, "0.0 s"},  {NAN, "0.0 s"},
     };
@@ -131,20 +111,13 @@ TEST(RestoreLogFormatting, DurationsAreShort) {
     }
 }
 
-TEST(UsageReceiptCopy, TheSentenceLeavesOutWhatHasNotHappened) {
+TEST(UsageReceiptCopy, OmitsWhatHasNotHappened) {
     EXPECT_EQ(sentence(0, 0, 0), "");
     EXPECT_EQ(sentence(12, 1, 1240), "In your 7 days, Vantrel restored your desk 12 times, switched scenes "
                                      "once and put 1,240 windows back so you did not have to.");
     EXPECT_EQ(sentence(1, 0, 1), "In your 7 days, Vantrel restored your desk once and put 1 window back so "
                                  "you did not have to.");
     EXPECT_EQ(sentence(0, 2, 0), "In your 7 days, Vantrel switched scenes 2 times.");
-}
-
-TEST(UsageReceiptCopy, ThousandsAreGrouped) {
-    EXPECT_EQ(UsageReceiptCopy::grouped(999), "999");
-    EXPECT_EQ(UsageReceiptCopy::grouped(-999), "-999");
-    EXPECT_EQ(UsageReceiptCopy::grouped(1'234'567), "1,234,567");
-    EXPECT_EQ(UsageReceiptCopy::grouped(INT64_MIN), "-9,223,372,036,854,775,808");
 }
 
 } // namespace vantrel

@@ -1,12 +1,17 @@
+// Moving windows: scripted ones for the order of calls, the simulated desk for workers that really wait.
 #include "VantrelCore/windows/RestoreEngine.h"
-
+#include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/AXWindowHandle.h"
 #include "VantrelCore/windows/RestoreOrder.h"
+#include "VantrelCore/windows/SlotAnchor.h"
+#include "VantrelCore/windows/WindowSnapshotter.h"
 #include "tests/VantrelCore/windows/ScriptedWindow.h"
+#include "tests/simulated/SimulatedDesk.h"
 
 #include <algorithm>
 #include <fmt/ranges.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <limits>
 
 namespace vantrel {
 namespace {
@@ -14,10 +19,7 @@ namespace {
 using RestoreEngine::Options;
 using RestoreEngine::Raising;
 using RestoreEngine::Sizes;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::Field;
-using testing::Not;
+using testing::Contains, testing::ElementsAre, testing::Field, testing::IsEmpty, testing::Not;
 using Item = RestoreReport::Item;
 using Kind = RestoreReport::Kind;
 using Outcome = RestoreReport::Outcome;
@@ -28,7 +30,7 @@ const Outcome retried{Kind::retried, ""};
 const Outcome rejected{Kind::failed, "app rejected the move"};
 const Outcome drifted{Kind::failed, "window drifted after move"};
 
-// Stands so far to the right of where it is sent, so much wider than it is made.
+// Lands this far right of its target and this much too wide.
 auto landingOff(double right, double wider) {
     return [=](Rect before, const FrameWrite& write) {
         const Rect after = ScriptedWindow::obey(before, write);
@@ -65,31 +67,31 @@ struct Desk {
     std::vector<CurrentWindow> current;
 };
 
-TEST(RestoreEngine, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
+TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
     const std::string move = "position size position. look. ";
     const std::string shift = "position. look. ";
     const std::string pause = "sleep 0.08. ";
     const std::string sizeFirst = pause + "size position position. look. ";
     const Options noSizes{.sizes = Sizes::leave};
     const Options stubborn{.stubbornBundleIDs = {"app"}};
-    const struct {
-        const char* name;
-        std::function<Rect(Rect, const FrameWrite&)> respond;
-        std::deque<bool> taken;
-        Options options;
-        Outcome outcome;
-        std::string events;
-    } cases[] = {
-        {"two points off", landingOff(2, 2), {}, {}, restored, move},
-        {"too far off", landingOff(2.01, 0), {}, {}, drifted, move + move + sizeFirst},
-        {"too wide", landingOff(0, 2.01), {}, {}, drifted, move + move + sizeFirst},
-        {"stubborn", landingOff(5, 0), {}, stubborn, drifted, move + sizeFirst},
-        {"position", ScriptedWindow::obey, {}, noSizes, restored, shift},
-        {"position too far off", landingOff(5, 0), {}, noSizes, drifted, shift + shift + pause + shift},
-        {"rejects the move", obeyingAfter(0), {true, false}, {}, rejected, "position size position. "},
-        {"obeys later, but says no", obeyingAfter(3), {true, true, true, false}, {}, retried, move + move},
-        {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + move + sizeFirst},
-    };
+    const std::tuple<const char*, std::function<Rect(Rect, const FrameWrite&)>, std::deque<bool>, Options,
+                     Outcome, std::string>
+        cases[] = {
+            {"two points off", landingOff(2, 2), {}, {}, restored, move},
+            {"too far off", landingOff(2.01, 0), {}, {}, drifted, move + move + sizeFirst},
+            {"too wide", landingOff(0, 2.01), {}, {}, drifted, move + move + sizeFirst},
+            {"stubborn", landingOff(5, 0), {}, stubborn, drifted, move + sizeFirst},
+            {"position", ScriptedWindow::obey, {}, noSizes, restored, shift},
+            {"position too far off", landingOff(5, 0), {}, noSizes, drifted, shift + shift + pause + shift},
+            {"rejects the move", obeyingAfter(0), {true, false}, {}, rejected, "position size position. "},
+            {"obeys later, but says no",
+             obeyingAfter(3),
+             {true, true, true, false},
+             {},
+             retried,
+             move + move},
+            {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + move + sizeFirst},
+        };
     for (const auto& [name, respond, taken, options, outcome, events] : cases) {
         SCOPED_TRACE(name);
         Desk desk;
@@ -103,7 +105,7 @@ TEST(RestoreEngine, AStrayingWindowIsMovedAgainThenGivenAPauseThenSizedFirst) {
     }
 }
 
-TEST(RestoreEngine, AWindowThatBreaksDownCostsNoOtherWindowItsPlace) {
+TEST(RestoreEngine, ABrokenWindowDoesNotAffectTheOthers) {
     Desk desk;
     desk.add("app", "bad").doesThrow = true;
     desk.add("app", "unreadable").attributes.size.reset();
@@ -114,7 +116,7 @@ TEST(RestoreEngine, AWindowThatBreaksDownCostsNoOtherWindowItsPlace) {
     EXPECT_EQ(good.attributes.frame(), target);
 }
 
-TEST(RestoreEngine, ApplicationsGoInByteOrderAndTheLastOnesInAWaveOfTheirOwn) {
+TEST(RestoreEngine, RestoresAppsInByteOrderAndTheLastOnesInTheirOwnWave) {
     Desk desk;
     desk.add("b", "b1");
     desk.add("a", "a1");
@@ -126,7 +128,7 @@ TEST(RestoreEngine, ApplicationsGoInByteOrderAndTheLastOnesInAWaveOfTheirOwn) {
                                           Field(&Item::title, "a1"), Field(&Item::title, "a2")));
 }
 
-TEST(RestoreEngine, WindowsAreRaisedBackMostFirstAndOnlyOnRequest) {
+TEST(RestoreEngine, RaisesWindowsBackToFrontOnRequest) {
     Desk desk;
     desk.add("a", "front", 0).attributes.position.reset();
     desk.add("b", "back", 7);
@@ -139,7 +141,7 @@ TEST(RestoreEngine, WindowsAreRaisedBackMostFirstAndOnlyOnRequest) {
     EXPECT_THAT(events, ElementsAre("back: raise", "middle: raise", "front: raise"));
 }
 
-TEST(RestoreEngine, SavedWindowsWithoutALiveOneAreSkippedAndStrangersLeftAlone) {
+TEST(RestoreEngine, SkipsClosedWindowsAndIgnoresUnknownOnes) {
     Desk desk;
     EXPECT_EQ(desk.restore(), RestoreReport{});
     desk.add("gone", "g");
@@ -158,26 +160,174 @@ TEST(RestoreEngine, SavedWindowsWithoutALiveOneAreSkippedAndStrangersLeftAlone) 
     EXPECT_THAT(desk.journal.events(), Not(Contains(testing::StartsWith("s: "))));
 }
 
-TEST(RestoreEngine, WorkersOfOneWaveReportEveryWindowOnce) {
-    Desk desk;
-    std::vector<std::string> titles;
-    for (int window = 0; window < 128; ++window) {
-        titles.push_back(fmt::format("window {}", window));
-        desk.add(fmt::format("app{}", window % 16), titles.back());
-    }
-    OnThreads threads;
-    const auto report = RestoreEngine::restore(desk.layout, desk.current, {}, desk.clock, threads);
-    std::vector<std::string> reported;
-    std::ranges::transform(report.items, std::back_inserter(reported), &Item::title);
-    EXPECT_THAT(reported, testing::UnorderedElementsAreArray(titles));
-}
-
-TEST(RestoreOrder, KeepsTheGivenOrderAndLeavesOutEmptyWaves) {
+TEST(RestoreOrder, KeepsTheGivenOrderAndOmitsEmptyWaves) {
     using Waves = std::vector<std::vector<std::string>>;
     EXPECT_EQ(RestoreOrder::waves({}, {"a"}), Waves{});
     EXPECT_EQ(RestoreOrder::waves({"b", "a"}, {}), (Waves{{"b", "a"}}));
     EXPECT_EQ(RestoreOrder::waves({"c", "b", "a"}, {"c", "a"}), (Waves{{"b"}, {"c", "a"}}));
     EXPECT_EQ(RestoreOrder::waves({"b", "a"}, {"a", "b"}), (Waves{{"b", "a"}}));
+}
+
+constexpr Rect slot{{740, 125}, {700, 600}};
+
+class DesignedPlacementTest : public testing::Test {
+protected:
+    DesignedPlacementTest() { window->setFrame({{0, 0}, {100, 100}}); }
+
+    RestoreEngine::DesignedPlacement place() {
+        return RestoreEngine::placeDesigned(slot, AXWindowHandle(window), {{0, 25}, {1440, 875}},
+                                            [&](double seconds) {
+                                                pauses.push_back(seconds);
+                                                if (pauses.size() <= straysAfter) {
+                                                    window->setFrame({{300, 300}, {500, 400}});
+                                                }
+                                            });
+    }
+
+    Journal journal;
+    std::shared_ptr<ScriptedWindow> window = std::make_shared<ScriptedWindow>(journal);
+    std::vector<double> pauses;
+    // After this many pauses the window is found elsewhere.
+    std::size_t straysAfter = 0;
+};
+
+TEST_F(DesignedPlacementTest, PlacesAnObedientWindowAfterOnePause) {
+    EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::placed(slot));
+    EXPECT_THAT(pauses, ElementsAre(RestoreEngine::settleSeconds));
+    EXPECT_THAT(journal.events(), ElementsAre("size position position", "position", "look"));
+}
+
+TEST_F(DesignedPlacementTest, PutsAStrayingWindowBackOnceAfterALongerPause) {
+    straysAfter = 1;
+    EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::placed(slot));
+    EXPECT_THAT(pauses, ElementsAre(RestoreEngine::settleSeconds, testing::Gt(RestoreEngine::settleSeconds)));
+}
+
+TEST_F(DesignedPlacementTest, SeatsAClampedWindowInsideTheDisplay) {
+    for (const Rect seat :
+         {Rect{{840, 125}, {500, 600}}, Rect{{540, 125}, {900, 600}}, Rect{{0, 125}, {2000, 600}}}) {
+        window->respond = [&](Rect before, const FrameWrite& write) {
+            return Rect{ScriptedWindow::obey(before, write).origin, seat.size};
+        };
+        EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::placedClampedSize(seat));
+        EXPECT_EQ(window->attributes.frame(), seat);
+    }
+}
+
+TEST_F(DesignedPlacementTest, FailsWhenAWindowStraysRejectsOrVanishes) {
+    straysAfter = 2;
+    EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::failed());
+    window->respond = [](Rect before, const FrameWrite& write) {
+        return Rect{ScriptedWindow::obey(before, write).origin, {slot.width(), 500}};
+    };
+    EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::failed()) << "only another height";
+    window->taken.assign(8, false);
+    EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::failed());
+    window->attributes.position.reset();
+    EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::failed());
+}
+
+TEST(SlotAnchor, CentresASmallerSizeAndAlignsALargerOneAtTheTopLeft) {
+    const Rect space{{100, 50}, {400, 300}};
+    EXPECT_EQ(SlotAnchor::anchor({200, 100}, space), (Rect{{200, 150}, {200, 100}}));
+    EXPECT_EQ(SlotAnchor::anchor({500, 900}, space), (Rect{{100, 50}, {500, 900}}));
+}
+
+class AXWindowHandleTest : public testing::Test {
+protected:
+    Journal journal;
+    std::shared_ptr<ScriptedWindow> window = std::make_shared<ScriptedWindow>(journal);
+    AXWindowHandle handle{window};
+};
+
+TEST_F(AXWindowHandleTest, AnyFailureReadsAsUnavailable) {
+    const auto broken = std::make_shared<ScriptedWindow>(journal);
+    broken->attributes = {"Notes", standardWindowSubrole, true, true, Point{1, 2}, Size{3, 4}};
+    broken->doesThrow = true;
+    window->attributes.position = Point{1, 2};
+    for (const AXWindowHandle& unavailable : {handle, AXWindowHandle(broken), AXWindowHandle(nullptr)}) {
+        EXPECT_EQ(unavailable.title(), "");
+        EXPECT_EQ(unavailable.subrole(), std::nullopt);
+        EXPECT_FALSE(unavailable.isMinimized() || unavailable.isFullscreen());
+        EXPECT_EQ(unavailable.frame(), std::nullopt);
+        EXPECT_EQ(unavailable.raise(), unavailable.element() == window);
+        EXPECT_EQ(unavailable.setFrame(target), unavailable.element() == window);
+    }
+    broken->doesThrow = false;
+    EXPECT_TRUE(AXWindowHandle(broken).isMinimized() && AXWindowHandle(broken).isFullscreen());
+}
+
+TEST_F(AXWindowHandleTest, WritesPositionSizePositionAndOnlyTheLastMayFail) {
+    const std::pair<std::deque<bool>, bool> cases[] = {
+        {{true, true, false}, true}, {{false, true, true}, false}, {{true, false, true}, false}};
+
+    for (const auto& [taken, isSuccess] : cases) {
+        window->taken = taken;
+        EXPECT_EQ(handle.setFrame(target), isSuccess);
+        window->taken = taken;
+        EXPECT_EQ(handle.setFrameSizeFirst(target), isSuccess);
+        window->taken = taken;
+        EXPECT_EQ(handle.setPosition(target.origin), taken.front());
+        window->taken.clear();
+    }
+    auto events = journal.events();
+    events.resize(3);
+    EXPECT_THAT(events, ElementsAre("position size position", "size position position", "position"));
+}
+
+TEST_F(AXWindowHandleTest, RefusesInfiniteAndUndefinedNumbers) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_FALSE(handle.setFrame({{0, 0}, {nan, 10}}));
+    EXPECT_FALSE(handle.setFrameSizeFirst({{0, infinity}, {10, 10}}));
+    EXPECT_FALSE(handle.setPosition({nan, 0}));
+    EXPECT_THAT(journal.events(), IsEmpty());
+}
+
+class RestoreOnASimulatedDesk : public testing::Test {
+protected:
+    simulated::WindowID openIn(const std::string& app, const simulated::WindowBehaviour& behaviour = {}) {
+        return desk.open(desk.launch("org.example." + app, app), app, {{100, 100}, {400, 300}}, behaviour);
+    }
+
+    // Outlives the desk, whose end waits for the jobs.
+    std::optional<RestoreReport> report;
+    simulated::SimulatedTime time;
+    simulated::SimulatedDesk desk{time, simulated::DeskSetup::named("laptop-and-monitor")};
+};
+
+TEST_F(RestoreOnASimulatedDesk, ASlowAppDelaysNoOther) {
+    const auto quick = openIn("Quick");
+    const auto slow = openIn("Slow", {.answerSeconds = 0.3});
+    const auto drifting = openIn("Drifting", {.driftsBack = 2, .driftDelay = 0});
+    openIn("Refusing", {.refusesMoves = true});
+    const Rect place{{150, 150}, {400, 300}};
+    Layout layout;
+    for (const auto& window : desk.windows()) {
+        layout.windows.push_back({"org.example." + window->title, "", "", place, "", 0, std::nullopt});
+    }
+    time.run(WorkPriority::userInitiated, [&] {
+        const auto current = WindowSnapshotter::currentWindows(desk.accessibility(), {}, std::nullopt, {});
+        report = RestoreEngine::restore(layout, current, {}, time, time);
+    });
+
+    // Reading the slow application takes 0.3 seconds, each of its three writes and the check as long again.
+    ASSERT_TRUE(time.runUntil([&] { return desk.window(quick).frame == place; }, 5));
+    EXPECT_LT(time.monotonicSeconds(), 0.31);
+    EXPECT_NE(desk.window(slow).frame, place);
+
+    ASSERT_TRUE(time.runUntil([&] { return report.has_value(); }, 10));
+    std::map<std::string, Kind> outcomes;
+    for (const auto& item : report->items) {
+        outcomes[item.bundleID] = item.outcome.kind;
+    }
+    EXPECT_EQ(outcomes, (std::map<std::string, Kind>{{"org.example.Drifting", Kind::retried},
+                                                     {"org.example.Quick", Kind::restored},
+                                                     {"org.example.Refusing", Kind::failed},
+                                                     {"org.example.Slow", Kind::restored}}));
+    EXPECT_EQ(desk.window(slow).frame, place);
+    EXPECT_EQ(desk.window(drifting).frame, place);
+    EXPECT_NEAR(report->elapsed, 1.2, 0.001);
 }
 
 } // namespace

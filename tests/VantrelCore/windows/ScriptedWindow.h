@@ -13,7 +13,6 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace vantrel {
@@ -137,21 +136,6 @@ public:
         waveSizes.push_back(count);
         for (std::size_t i = 0; i < count; ++i) {
             work(i);
-        }
-    }
-
-    [[nodiscard]] StopToken stopToken() const override { return {}; }
-};
-
-class OnThreads : public Background {
-public:
-    void run(WorkPriority, std::function<void()> work) override { std::jthread(std::move(work)).join(); }
-
-    void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override {
-        std::vector<std::jthread> threads;
-        threads.reserve(count);
-        for (std::size_t i = 0; i < count; ++i) {
-            threads.emplace_back([&work, i] { work(i); });
         }
     }
 

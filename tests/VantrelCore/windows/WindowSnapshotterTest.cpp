@@ -19,7 +19,7 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 const std::vector<DisplayInfo> twoDisplays{displayOf("left", {{0, 0}, {1000, 800}}),
                                            displayOf("right", {{1000, 0}, {1000, 800}})};
 
-TEST(WindowSnapshotter, OtherLayersGiveNoDepthButCount) {
+TEST(WindowSnapshotter, OtherLayersTakeAPlaceInTheStackButHaveNoEntry) {
     const std::vector<WindowListEntry> list{
         {25, 7, frame},           {0, 7, frame}, {std::nullopt, 7, frame},
         {0, std::nullopt, frame}, {0, 7, {}},    {0, 8, Rect{{1, 2}, {3, 4}}},
@@ -27,16 +27,11 @@ TEST(WindowSnapshotter, OtherLayersGiveNoDepthButCount) {
     EXPECT_THAT(zOrderEntries(list), ElementsAre(ZEntry{7, frame, 1}, ZEntry{8, {{1, 2}, {3, 4}}, 5}));
 }
 
-TEST(WindowSnapshotter, AWindowsDepthIsThatOfItsEntryAndALookalikeVouchesForBeingOnScreen) {
+TEST(WindowSnapshotter, TakesTheDepthOfTheMatchingEntryOrAcceptsASimilarOne) {
     const Rect wide{{0, 0}, {1000, 100}};
     const Rect small{{0, 0}, {10, 10}};
     const auto unknown = std::optional(unknownOrder);
-    const struct {
-        const char* what = "";
-        Rect window;
-        std::vector<ZEntry> entries;
-        std::optional<std::int64_t> depth;
-    } cases[] = {
+    const std::tuple<const char*, Rect, std::vector<ZEntry>, std::optional<std::int64_t>> cases[] = {
         {"another process", frame, {{8, frame, 0}}, std::nullopt},
         {"the first within two points",
          frame,
@@ -56,12 +51,8 @@ TEST(WindowSnapshotter, AWindowsDepthIsThatOfItsEntryAndALookalikeVouchesForBein
     }
 }
 
-TEST(WindowSnapshotter, AWindowBelongsToTheDisplayOfItsCentreElseOfItsLargestPart) {
-    const struct {
-        const char* what;
-        Rect window;
-        std::string display;
-    } cases[] = {
+TEST(WindowSnapshotter, AssignsAWindowToTheDisplayOfItsCentreThenOfItsLargestPart) {
+    const std::tuple<const char*, Rect, std::string> cases[] = {
         {"centre left of the edge", {{700, 100}, {598, 100}}, "left"},
         {"centre on the edge", {{700, 100}, {600, 100}}, "right"},
         {"centre above, more of it right", {{900, -200}, {300, 250}}, "right"},
@@ -75,12 +66,8 @@ TEST(WindowSnapshotter, AWindowBelongsToTheDisplayOfItsCentreElseOfItsLargestPar
     EXPECT_EQ(displayUUID(frame, {}), "");
 }
 
-TEST(WindowSnapshotter, OnlyOrdinaryWindowsThatCanBeSeenAreCaptured) {
-    const struct {
-        const char* what;
-        WindowAttributes attributes;
-        bool isOrdinary;
-    } cases[] = {
+TEST(WindowSnapshotter, CapturesOnlyVisibleOrdinaryWindows) {
+    const std::tuple<const char*, WindowAttributes, bool> cases[] = {
         {"unreadable flags", {"", "AXStandardWindow", {}, {}, frame.origin, frame.size}, true},
         {"dialog", {"", "AXDialog", false, false, frame.origin, frame.size}, false},
         {"no subrole", {"", {}, false, false, frame.origin, frame.size}, false},
@@ -100,7 +87,7 @@ TEST(WindowSnapshotter, OnlyOrdinaryWindowsThatCanBeSeenAreCaptured) {
 const RunningApp notes{1, ActivationPolicy::regular, "org.notes", "Notes"};
 const RunningApp mail{2, ActivationPolicy::regular, "org.mail", std::nullopt};
 
-TEST(WindowSnapshotter, OnlyRegularApplicationsWithSomethingOnScreenAreAskedForWindows) {
+TEST(WindowSnapshotter, ReadsOnlyRegularAppsWithEntriesOnScreen) {
     const RunningApp agent{3, ActivationPolicy::accessory, "org.agent", "Agent"};
     const RunningApp nameless{4, ActivationPolicy::regular, std::nullopt, "Script"};
     const RunningApp elsewhere{5, ActivationPolicy::regular, "org.terminal", "Terminal"};
@@ -111,7 +98,7 @@ TEST(WindowSnapshotter, OnlyRegularApplicationsWithSomethingOnScreenAreAskedForW
     EXPECT_THAT(appsToRead(running, entries, std::nullopt, {"org.notes"}), ElementsAre(mail));
 }
 
-TEST(WindowSnapshotter, WindowsComeFrontToBackNumberedFromZeroWithValidTexts) {
+TEST(WindowSnapshotter, NumbersWindowsFrontToBackAndRepairsTheirTexts) {
     Journal journal;
     const auto reading = [&](std::optional<std::string> title, const Rect& bounds) {
         return WindowReading{
