@@ -73,6 +73,7 @@ packages_check=(
     clang-format-19
     clang-tidy-19
     libclang-rt-19-dev
+    llvm
     python3
     shellcheck
 )
