@@ -38,8 +38,8 @@
 #include "Vantrel/platform/x11/DesktopLauncher.h"
 #include "Vantrel/platform/x11/Registration.h"
 #include "Vantrel/platform/x11/UnrestrictedStart.h"
-#include "Vantrel/platform/x11/X11Accessibility.h"
 #include "Vantrel/platform/x11/X11Connection.h"
+#include "Vantrel/platform/x11/X11Desk.h"
 #include "Vantrel/platform/x11/X11DisplayServices.h"
 #include "Vantrel/platform/x11/X11HotKeys.h"
 #include "Vantrel/platform/x11/X11Workspace.h"
@@ -179,9 +179,9 @@ private:
     std::optional<ExitCode> construct() {
         m_license.start();
         m_updates.startup();
-        const ControllerPorts ports{m_accessibility, m_displays,  m_workspace,  m_systemEvents, m_defaults,
-                                    m_clock,         m_queue,     m_background, m_localZone,    m_calendar,
-                                    m_focus,         *m_pictures, m_hotKeys,    m_license};
+        const ControllerPorts ports{m_desk,  m_displays,  m_workspace,  m_systemEvents, m_defaults,
+                                    m_clock, m_queue,     m_background, m_localZone,    m_calendar,
+                                    m_focus, *m_pictures, m_hotKeys,    m_license};
         auto controller = AppController::create(
             ports, {m_files, &m_incidents}, m_log,
             {.supportDirectory = m_supportDirectory,
@@ -211,7 +211,7 @@ private:
         if (!m_connection->isConnected()) {
             m_queue.post([this] { endWithoutServer(); });
         }
-        if (!AXPermission::isGranted(m_accessibility)) {
+        if (!AXPermission::isGranted(m_desk)) {
             say("No window manager that can move windows is running yet; waiting for one.");
         }
         CrashReporter::installExceptionHandler();
@@ -318,10 +318,10 @@ private:
                              m_queue,
                              m_http,
                              m_machine};
-    std::shared_ptr<X11Desk> m_desk = std::make_shared<X11Desk>(m_connection);
-    X11Accessibility m_accessibility{m_desk};
+    std::shared_ptr<X11Context> m_x11 = std::make_shared<X11Context>(m_connection);
+    X11Desk m_desk{m_x11};
     X11DisplayServices m_displays{m_connection};
-    X11Workspace m_workspace{m_desk, m_queue};
+    X11Workspace m_workspace{m_x11, m_queue};
     DBusSystemEvents m_systemEvents{QDBusConnection::systemBus(), m_bus,
                                     [this](const std::string& message) { log(message); }};
     SystemZone m_localZone{[this](const std::string& message) { log(message); }};

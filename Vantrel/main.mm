@@ -43,6 +43,7 @@
 #include "Vantrel/platform/qt/QtHttpClient.h"
 #include "VantrelCore/ports/PatientFileSystem.h"
 #include "VantrelCore/windows/AXPermission.h"
+#include "VantrelCore/windows/AccessibilityDesk.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -99,9 +100,9 @@ public:
         m_updates.startup();
         m_log.write(std::string("mission control config: ") +
                     describe(MissionControlReader::read().classification()));
-        const ControllerPorts ports{m_accessibility, m_displays, m_workspace,  m_systemEvents, m_defaults,
-                                    m_clock,         m_queue,    m_background, m_localZone,    m_calendar,
-                                    m_focus,         m_pictures, m_hotKeys,    m_license};
+        const ControllerPorts ports{m_desk,  m_displays, m_workspace,  m_systemEvents, m_defaults,
+                                    m_clock, m_queue,    m_background, m_localZone,    m_calendar,
+                                    m_focus, m_pictures, m_hotKeys,    m_license};
         auto controller = AppController::create(ports, {m_files, &m_incidents}, m_log,
                                                 {.supportDirectory = m_supportDirectory,
                                                  .ownBundleID = ownBundleID,
@@ -123,8 +124,8 @@ public:
         ProgramPresence::setShown(Settings(m_defaults).showDockIcon().value_or(false));
         CrashReporter::installExceptionHandler(CrashReporter::OtherExceptions::reportedByRuntime);
         ObjCExceptions::reportUncaught(CrashReporter::reportUncaught);
-        if (!AXPermission::isGranted(m_accessibility)) {
-            AXPermission::prompt(m_accessibility);
+        if (!AXPermission::isGranted(m_desk)) {
+            AXPermission::prompt(m_desk);
         }
         m_controller->watchForPermission();
         m_controller->startEngine();
@@ -200,6 +201,7 @@ private:
     CarbonHotKeys m_hotKeys;
     // Destroyed before the adapters that its work uses.
     ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
+    AccessibilityDesk m_desk{m_accessibility, m_background};
     CrashUploader m_crashUploader{m_files,
                                   m_defaults,
                                   m_http,

@@ -1,7 +1,5 @@
 #include "Vantrel/controller/AchievedSizes.h"
 
-#include "Vantrel/controller/PerApplication.h"
-
 namespace vantrel::AchievedSizes {
 
 namespace {
@@ -13,18 +11,11 @@ bool tookTheMove(const RestoreReport::Outcome& outcome) {
 
 } // namespace
 
-std::vector<AppSizeBehaviorStore::Observation> read(const std::vector<RestoreFollowUp::Moved>& moved,
-                                                    const RestoreReport& report, Background& background) {
-    std::vector<std::optional<Rect>> frames(moved.size());
-    PerApplication::forEach(moved, background, [&](std::size_t i) {
-        if (tookTheMove(report.items[moved[i].item].outcome)) {
-            frames[i] = RestoreFollowUp::visibleFrame(moved[i]);
-        }
-    });
+std::vector<AppSizeBehaviorStore::Observation> of(const RestoreReport& report) {
     std::vector<AppSizeBehaviorStore::Observation> observations;
-    for (std::size_t i = 0; i < moved.size(); ++i) {
-        if (frames[i]) {
-            observations.push_back({moved[i].bundleID, moved[i].target.size, frames[i]->size});
+    for (const RestoreReport::Item& item : report.items) {
+        if (item.move && item.move->achieved && tookTheMove(item.outcome)) {
+            observations.push_back({item.bundleID, item.move->target.size, item.move->achieved->size});
         }
     }
     return observations;

@@ -2,16 +2,14 @@
 // such requests.
 #pragma once
 
-#include "Vantrel/controller/RestoreFollowUp.h"
 #include "Vantrel/controller/SlotFilling.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
+#include "VantrelCore/windows/RestoreReport.h"
 
 namespace vantrel::AchievedSizes {
 
-// One observation for every window that accepted the move and is still visible. `moved` holds the windows
-// that `report` covers. Blocks while the windows are read.
-[[nodiscard]] std::vector<AppSizeBehaviorStore::Observation>
-read(const std::vector<RestoreFollowUp::Moved>& moved, const RestoreReport& report, Background& background);
+// One observation for every window that accepted the move.
+[[nodiscard]] std::vector<AppSizeBehaviorStore::Observation> of(const RestoreReport& report);
 
 // One observation for every ordinary window that filled a slot.
 [[nodiscard]] std::vector<AppSizeBehaviorStore::Observation>

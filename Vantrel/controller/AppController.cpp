@@ -127,11 +127,11 @@ AppController::~AppController() {
 }
 
 void AppController::watchForPermission() {
-    if (m_permissionTimer || AXPermission::isGranted(m_context.ports.accessibility)) {
+    if (m_permissionTimer || AXPermission::isGranted(m_context.ports.desk)) {
         return;
     }
     m_permissionTimer = m_context.ports.mainQueue.every(permissionPollInterval, [this] {
-        if (AXPermission::isGranted(m_context.ports.accessibility)) {
+        if (AXPermission::isGranted(m_context.ports.desk)) {
             m_permissionTimer.reset();
             refreshStatus();
         }
@@ -261,7 +261,7 @@ AppController::HotKeyResult AppController::setOptionalHotkey(HotKeySurface::Kind
 }
 
 bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) {
-    const bool hasPermission = AXPermission::isGranted(m_context.ports.accessibility);
+    const bool hasPermission = AXPermission::isGranted(m_context.ports.desk);
     m_context.log(
         fmt::format("restoreNow tapped: enabled={} permission={}", published().enabled, hasPermission));
     refreshStatus();

@@ -12,7 +12,7 @@ namespace {
 using Kind = SaveOutcome::Kind;
 
 std::optional<Kind> hindrance(ControllerContext& context) {
-    if (!AXPermission::isGranted(context.ports.accessibility)) {
+    if (!AXPermission::isGranted(context.ports.desk)) {
         return Kind::needsPermission;
     }
     if (context.restoreInFlight) {
@@ -42,7 +42,7 @@ void perform(ControllerContext& context, std::function<void(const Result&)> done
     context.runPass(
         WorkPriority::userInitiated,
         [scope = context.captureScope(displays), ports = context.ports] {
-            return DeskCapture::picture(ports.accessibility, ports.clock, scope);
+            return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
         [&context, displays, done = std::move(done),
          before = context.resumeEpoch](const std::optional<DeskCapture::Picture>& picture) {

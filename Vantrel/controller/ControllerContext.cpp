@@ -86,7 +86,7 @@ std::optional<RestoreOutcome::Kind> ControllerContext::hindranceToMoving() {
     if (!state().enabled) {
         return Kind::switchedOff;
     }
-    if (!AXPermission::isGranted(ports.accessibility)) {
+    if (!AXPermission::isGranted(ports.desk)) {
         return Kind::needsPermission;
     }
     if (!entitledToRun()) {
@@ -125,8 +125,8 @@ Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,
 
 DeskCapture::Scope ControllerContext::captureScope(std::vector<DisplayInfo> displays) {
     return {.displays = std::move(displays),
-            .excludedBundleID = ownBundleID,
-            .ignoredBundleIDs = RuleApplication::ignoredBundleIDs(store.rules())};
+            .filter = {.excludedBundleID = ownBundleID,
+                       .ignoredBundleIDs = RuleApplication::ignoredBundleIDs(store.rules())}};
 }
 
 void ControllerContext::publishStored(PublishedState& state) {
@@ -183,7 +183,7 @@ void ControllerContext::showStoredScenes() {
 }
 
 void ControllerContext::refreshStatus() {
-    const bool hasPermission = AXPermission::isGranted(ports.accessibility);
+    const bool hasPermission = AXPermission::isGranted(ports.desk);
     publisher.publish([&](PublishedState& state) {
         state.hasPermission = hasPermission;
         const Phase resting = StatusPhase::resting(hasPermission, state.enabled, state.windowsLearned());

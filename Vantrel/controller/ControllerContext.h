@@ -6,11 +6,11 @@
 #include "Vantrel/controller/ControllerPorts.h"
 #include "Vantrel/controller/DeskCapture.h"
 #include "Vantrel/controller/HUDEvent.h"
-#include "Vantrel/controller/MovePermit.h"
 #include "Vantrel/controller/Publisher.h"
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
+#include "VantrelCore/ports/MovePermit.h"
 #include "VantrelCore/stores/LayoutStore.h"
 #include "VantrelCore/stores/SceneStore.h"
 
@@ -142,7 +142,7 @@ public:
         });
     }
 
-    // Like inBackground(), for a capture or another accessibility pass. Only one pass runs at a time, and
+    // Like inBackground(), for a capture or another pass over the windows. Only one pass runs at a time, and
     // none during a restore. The pass ends after `done`, even if that throws.
     template <typename Work, typename Done>
     void runPass(WorkPriority priority, Work work, Done done) {

@@ -1,10 +1,10 @@
 // The controller's ports. They outlive it and its background work.
 #pragma once
 
-#include "VantrelCore/ports/Accessibility.h"
 #include "VantrelCore/ports/Background.h"
 #include "VantrelCore/ports/CalendarReader.h"
 #include "VantrelCore/ports/Clock.h"
+#include "VantrelCore/ports/Desk.h"
 #include "VantrelCore/ports/DesktopPictures.h"
 #include "VantrelCore/ports/DisplayServices.h"
 #include "VantrelCore/ports/FocusReader.h"
@@ -19,7 +19,7 @@
 namespace vantrel {
 
 struct ControllerPorts {
-    Accessibility& accessibility;
+    Desk& desk;
     DisplayServices& displays;
     Workspace& workspace;
     SystemEvents& systemEvents;

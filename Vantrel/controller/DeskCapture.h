@@ -2,13 +2,10 @@
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
-#include "VantrelCore/ports/Accessibility.h"
 #include "VantrelCore/ports/Clock.h"
-#include "VantrelCore/windows/CurrentWindow.h"
+#include "VantrelCore/ports/Desk.h"
+#include "VantrelCore/windows/LiveWindow.h"
 
-#include <optional>
-#include <set>
-#include <string>
 #include <vector>
 
 namespace vantrel::DeskCapture {
@@ -16,9 +13,7 @@ namespace vantrel::DeskCapture {
 // The scope of a capture. Values only, so that a worker can own it.
 struct Scope {
     std::vector<DisplayInfo> displays;
-    // This program itself.
-    std::optional<std::string> excludedBundleID;
-    std::set<std::string> ignoredBundleIDs;
+    CaptureFilter filter;
 };
 
 struct Picture {
@@ -26,10 +21,9 @@ struct Picture {
     Date takenAt;
 };
 
-[[nodiscard]] std::vector<CurrentWindow> windows(Accessibility& accessibility, const Scope& scope);
+// The visible ordinary windows.
+[[nodiscard]] std::vector<LiveWindow> windows(Desk& desk, const Scope& scope);
 
-[[nodiscard]] Picture picture(Accessibility& accessibility, Clock& clock, const Scope& scope);
-
-[[nodiscard]] std::vector<WindowRecord> records(const std::vector<CurrentWindow>& windows);
+[[nodiscard]] Picture picture(Desk& desk, Clock& clock, const Scope& scope);
 
 } // namespace vantrel::DeskCapture

@@ -82,7 +82,7 @@ void DisplayChangeFlow::handleSettledChange(const std::string& configID,
 
 void DisplayChangeFlow::restoreIfWanted(const std::string& reconnected) {
     if (!m_context.settings.autoRestore() || !m_context.state().enabled || !m_context.entitledToRun() ||
-        !AXPermission::isGranted(m_context.ports.accessibility)) {
+        !AXPermission::isGranted(m_context.ports.desk)) {
         return;
     }
     const auto layout = m_context.layoutToRestore();

@@ -77,7 +77,7 @@ bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
 
 bool LaunchPlacementFlow::isHeldUp() {
     return m_context.restoreInFlight || !m_context.isDeskCurrent() ||
-           !AXPermission::isGranted(m_context.ports.accessibility);
+           !AXPermission::isGranted(m_context.ports.desk);
 }
 
 void LaunchPlacementFlow::attemptPlacement(const Key& key) {
@@ -101,7 +101,7 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
         m_context.runPass(
             WorkPriority::userInitiated,
             [task = task(launch.app), ports = m_context.ports] {
-                return LaunchPlacementPass::run(task, ports.accessibility, ports.clock, ports.background);
+                return LaunchPlacementPass::run(task, ports.desk, ports.clock);
             },
             [this, key](const std::optional<LaunchPlacementPass::Result>& result) {
                 // A failed check saw no window; the next one may see one.

@@ -1,8 +1,10 @@
 #include "Vantrel/controller/LaunchPlacementPass.h"
 
 #include "VantrelCore/windows/LaunchPlacement.h"
-#include "VantrelCore/windows/WindowSnapshotter.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
+#include <ranges>
+#include <set>
 #include <utility>
 
 namespace vantrel::LaunchPlacementPass {
@@ -10,66 +12,60 @@ namespace vantrel::LaunchPlacementPass {
 namespace {
 
 struct Windows {
-    // Windows of the started process.
-    std::vector<CurrentWindow> fresh;
+    // Windows of the started process, oldest first as far as the stack shows it.
+    std::vector<LiveWindow> fresh;
     // Frames of windows of the application's other processes.
     std::vector<Rect> standing;
 };
 
-Windows read(const RunningApp& app, Accessibility& accessibility) {
+Windows read(const Task& task, Desk& desk) {
     Windows result;
-    const auto reading = accessibility.beginReading();
-    for (const RunningApp& running : reading->runningApps()) {
-        if (running.bundleID != app.bundleID) {
+    const auto snapshot = desk.capture({.onlyBundleIDs = std::set{*task.app.bundleID}});
+    for (const DeskWindow& window : snapshot.windows | std::views::reverse) {
+        const auto frame = VisibleWindows::ordinaryFrame(window);
+        if (!frame || window.bundleID != task.app.bundleID) {
             continue;
         }
-        for (const WindowReading& window : reading->windows(running)) {
-            const auto frame = WindowSnapshotter::ordinaryFrame(window.attributes);
-            if (!frame) {
-                continue;
-            }
-            if (running.pid != app.pid) {
-                result.standing.push_back(*frame);
-                continue;
-            }
-            WindowRecord record;
-            record.bundleID = *app.bundleID;
-            record.appName = app.localizedName.value_or(*app.bundleID);
-            record.title = window.attributes.title.value_or("");
-            record.frame = *frame;
-            result.fresh.push_back({.record = std::move(record), .handle = AXWindowHandle(window.element)});
+        if (window.pid != task.app.pid) {
+            result.standing.push_back(*frame);
+            continue;
         }
+        WindowRecord record;
+        record.bundleID = window.bundleID;
+        record.appName = window.appName;
+        record.title = window.title;
+        record.frame = *frame;
+        result.fresh.push_back({.record = std::move(record), .id = window.id});
     }
     return result;
 }
 
 } // namespace
 
-Result run(const Task& task, Accessibility& accessibility, Clock& clock, Background& background) {
-    Windows windows = read(task.app, accessibility);
+Result run(const Task& task, Desk& desk, Clock& clock) {
+    const Windows windows = read(task, desk);
     std::vector<Rect> frames;
-    for (const CurrentWindow& window : windows.fresh) {
+    for (const LiveWindow& window : windows.fresh) {
         frames.push_back(window.record.frame);
     }
     const auto targets = LaunchPlacement::targets(*task.app.bundleID, frames, windows.standing, task.rules,
                                                   task.layout, task.displays);
-    Result result{.windows = frames.size()};
-    const auto fresh = underPermit(std::move(windows.fresh), task.permit);
-    // Each window gets a layout of its own, because titles of new windows do not identify them yet.
-    for (std::size_t i = 0; i < fresh.size(); ++i) {
+    Layout places;
+    MatchResult matched;
+    for (std::size_t i = 0; i < windows.fresh.size(); ++i) {
         if (!targets[i] || RestoreEngine::isReached(frames[i], *targets[i], task.sizes)) {
             continue;
         }
-        Layout place;
-        place.windows.push_back(fresh[i].record);
-        place.windows.front().frame = *targets[i];
-        const auto report =
-            RestoreEngine::restore(place, {fresh[i]}, {.sizes = task.sizes}, clock, background);
-        result.moved += report.restoredCount();
-        result.failed += report.failedCount();
+        matched.pairs.push_back({places.windows.size(), i, Pairing::known});
+        places.windows.push_back(windows.fresh[i].record);
+        places.windows.back().frame = *targets[i];
     }
-    result.isAbandoned = task.permit->isRevoked();
-    return result;
+    const auto report = RestoreEngine::restore(places, windows.fresh, matched, {.sizes = task.sizes}, desk,
+                                               *task.permit, clock);
+    return {.windows = frames.size(),
+            .moved = report.restoredCount(),
+            .failed = report.failedCount(),
+            .isAbandoned = task.permit->isRevoked()};
 }
 
 } // namespace vantrel::LaunchPlacementPass

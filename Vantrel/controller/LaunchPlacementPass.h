@@ -1,12 +1,10 @@
 // The background part of launch placement: finds the windows of the started application and moves them.
 #pragma once
 
-#include "Vantrel/controller/MovePermit.h"
 #include "VantrelCore/model/AppRule.h"
 #include "VantrelCore/model/Layout.h"
-#include "VantrelCore/ports/Accessibility.h"
-#include "VantrelCore/ports/Background.h"
 #include "VantrelCore/ports/Clock.h"
+#include "VantrelCore/ports/Desk.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 
 #include <cstddef>
@@ -36,7 +34,6 @@ struct Result {
     bool isAbandoned = false;
 };
 
-[[nodiscard]] Result run(const Task& task, Accessibility& accessibility, Clock& clock,
-                         Background& background);
+[[nodiscard]] Result run(const Task& task, Desk& desk, Clock& clock);
 
 } // namespace vantrel::LaunchPlacementPass

@@ -12,7 +12,7 @@ namespace vantrel {
 bool LearningFlow::mayCapture() {
     return m_context.state().enabled && !m_context.snapshotsSuspended && !m_context.isAway() &&
            m_context.entitledToRun() && !m_context.axWorkInFlight() && !m_context.restoreInFlight &&
-           AXPermission::isGranted(m_context.ports.accessibility);
+           AXPermission::isGranted(m_context.ports.desk);
 }
 
 void LearningFlow::snapshotIfChanged() {
@@ -34,7 +34,7 @@ void LearningFlow::snapshotIfChanged() {
     m_context.runPass(
         WorkPriority::utility,
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
-            return DeskCapture::picture(ports.accessibility, ports.clock, scope);
+            return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
         [this, displays, before = epochs()](const std::optional<Picture>& picture) {
             if (picture && before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&

@@ -1,46 +1,28 @@
 #include "Vantrel/controller/RestoreFollowUp.h"
 
-#include "VantrelCore/windows/WindowSnapshotter.h"
-
-#include <deque>
-#include <map>
+#include <algorithm>
+#include <iterator>
 
 namespace vantrel::RestoreFollowUp {
 
-std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>& current,
-                         const MatchResult& matched, const RestoreReport& report) {
-    std::map<std::string, std::deque<std::size_t>> itemsByApp;
+std::vector<Landed> landed(const RestoreReport& report) {
+    using Kind = RestoreReport::Kind;
+    std::vector<Landed> result;
     for (std::size_t i = 0; i < report.items.size(); ++i) {
-        if (report.items[i].outcome.kind != RestoreReport::Kind::skipped) {
-            itemsByApp[report.items[i].bundleID].push_back(i);
-        }
-    }
-    std::vector<Moved> result;
-    for (const auto& pair : matched.pairs) {
-        const WindowRecord& saved = layout.windows[pair.saved];
-        std::deque<std::size_t>& ofApp = itemsByApp[saved.bundleID];
-        if (!ofApp.empty()) {
-            result.push_back(
-                {saved.bundleID, saved.frame, current[pair.current].handle, ofApp.front(), nullptr});
-            ofApp.pop_front();
+        const auto& item = report.items[i];
+        const bool hasLanded = item.outcome.kind == Kind::restored || item.outcome.kind == Kind::retried;
+        if (hasLanded && item.move) {
+            result.push_back({.window = item.move->window, .target = item.move->target, .item = i});
         }
     }
     return result;
 }
 
-std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report) {
-    std::erase_if(moved, [&](const Moved& window) {
-        return report.items[window.item].outcome.kind == RestoreReport::Kind::failed;
-    });
-    return moved;
-}
-
-void watch(Moved& window) {
-    window.userMoves = window.handle.element()->watchUserMoves();
-}
-
-std::optional<Rect> visibleFrame(const Moved& window) {
-    return WindowSnapshotter::ordinaryFrame(window.handle.element()->read(AttributeGroup::all));
+std::vector<WindowID> windowsOf(const std::vector<Landed>& landed) {
+    std::vector<WindowID> windows;
+    windows.reserve(landed.size());
+    std::ranges::transform(landed, std::back_inserter(windows), &Landed::window);
+    return windows;
 }
 
 bool isDisplaced(const std::optional<Rect>& frame, const Rect& target, RestoreEngine::Sizes sizes) {

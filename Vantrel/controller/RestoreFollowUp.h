@@ -2,24 +2,21 @@
 // them again while the window manager may still be processing a display change.
 #pragma once
 
-#include "VantrelCore/model/Layout.h"
-#include "VantrelCore/windows/CurrentWindow.h"
+#include "VantrelCore/ports/UserMoveWatch.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace vantrel::RestoreFollowUp {
 
-// A window that a restore was to move to `target`. It is identified by its handle, not its title: titles
-// change, and several windows can have the same one.
-struct Moved {
-    std::string bundleID;
+// A window that a restore moved to `target`.
+struct Landed {
+    WindowID window{};
     Rect target;
-    AXWindowHandle handle;
     // The report's item for this window.
     std::size_t item = 0;
     // Reports whether the user has moved the window since; if so, it stays where it is, whatever else moves
@@ -27,19 +24,10 @@ struct Moved {
     std::shared_ptr<UserMoveWatch> userMoves = nullptr;
 };
 
-// The windows that `report` does not list as skipped. `layout`, `current` and `matched` are the restore's
-// inputs; the report lists the paired windows of one application in the order of the pairs.
-[[nodiscard]] std::vector<Moved> moved(const Layout& layout, const std::vector<CurrentWindow>& current,
-                                       const MatchResult& matched, const RestoreReport& report);
+// The windows that `report` lists as restored or retried.
+[[nodiscard]] std::vector<Landed> landed(const RestoreReport& report);
 
-// The moved windows that `report` lists as restored or retried.
-[[nodiscard]] std::vector<Moved> landed(std::vector<Moved> moved, const RestoreReport& report);
-
-// Starts watching for moves by the user, where the platform can tell.
-void watch(Moved& window);
-
-// Reads the window's frame; none if it is closed, minimized or full screen.
-[[nodiscard]] std::optional<Rect> visibleFrame(const Moved& window);
+[[nodiscard]] std::vector<WindowID> windowsOf(const std::vector<Landed>& landed);
 
 // True when a visible window is not where the restore left it. False when `frame` is none: a closed,
 // minimized or full-screen window is in nobody's way.

@@ -1,7 +1,7 @@
 #include "Vantrel/controller/RestoreFollowUpFlow.h"
 
 #include "Vantrel/controller/ControllerText.h"
-#include "Vantrel/controller/PerApplication.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,40 +12,46 @@ namespace vantrel {
 
 namespace {
 
-using RestoreFollowUp::Moved;
+using RestoreFollowUp::Landed;
 
 // In seconds after the end of the restore.
 constexpr double lookTimes[] = {1, 3, 7};
 
 enum class Finding : std::uint8_t { nothing, putBack, leftToUser, leftUnwatched };
 
-Finding look(const Moved& window, RestoreEngine::Sizes sizes) {
-    if (!RestoreFollowUp::isDisplaced(RestoreFollowUp::visibleFrame(window), window.target, sizes)) {
-        return Finding::nothing;
+// Puts displaced windows back. Returns the finding for each window, in order.
+std::vector<Finding> lookAt(const std::vector<Landed>& landed, RestoreEngine::Sizes sizes, Desk& desk,
+                            const MovePermit& permit) {
+    std::vector<Finding> findings(landed.size(), Finding::nothing);
+    std::vector<WindowOrder> orders;
+    std::vector<std::size_t> ordered;
+    const auto windows = desk.look(RestoreFollowUp::windowsOf(landed));
+    for (std::size_t i = 0; i < landed.size(); ++i) {
+        const auto frame = windows[i] ? VisibleWindows::ordinaryFrame(*windows[i]) : std::nullopt;
+        if (!RestoreFollowUp::isDisplaced(frame, landed[i].target, sizes)) {
+            continue;
+        }
+        if (!landed[i].userMoves) {
+            // The user may have just moved it there.
+            findings[i] = Finding::leftUnwatched;
+        } else if (landed[i].userMoves->hasSeenUser()) {
+            findings[i] = Finding::leftToUser;
+        } else {
+            orders.push_back(RestoreEngine::place(landed[i].window, landed[i].target, sizes));
+            ordered.push_back(i);
+        }
     }
-    if (!window.userMoves) {
-        // The user may have just moved it there.
-        return Finding::leftUnwatched;
+    const auto outcomes = desk.arrange(orders, permit);
+    for (std::size_t i = 0; i < ordered.size(); ++i) {
+        if (RestoreEngine::isReached(outcomes[i].frame, landed[ordered[i]].target, sizes)) {
+            findings[ordered[i]] = Finding::putBack;
+        }
     }
-    if (window.userMoves->hasSeenUser()) {
-        return Finding::leftToUser;
-    }
-    RestoreEngine::place(window.target, window.handle, sizes);
-    return RestoreEngine::isReached(window.handle.frame(), window.target, sizes) ? Finding::putBack
-                                                                                 : Finding::nothing;
-}
-
-// The finding for each window, in order.
-std::vector<Finding> lookAt(const std::vector<Moved>& landed, RestoreEngine::Sizes sizes,
-                            Background& background) {
-    std::vector<Finding> findings(landed.size());
-    PerApplication::forEach(landed, background,
-                            [&](std::size_t index) { findings[index] = look(landed[index], sizes); });
     return findings;
 }
 
 // The report items of windows with this finding.
-std::vector<std::size_t> itemsOf(const std::vector<Moved>& landed, const std::vector<Finding>& findings,
+std::vector<std::size_t> itemsOf(const std::vector<Landed>& landed, const std::vector<Finding>& findings,
                                  Finding finding) {
     std::vector<std::size_t> items;
     for (std::size_t i = 0; i < landed.size(); ++i) {
@@ -58,7 +64,7 @@ std::vector<std::size_t> itemsOf(const std::vector<Moved>& landed, const std::ve
 
 } // namespace
 
-void RestoreFollowUpFlow::begin(std::vector<Moved> landed) {
+void RestoreFollowUpFlow::begin(std::vector<Landed> landed) {
     end();
     m_landed = std::move(landed);
     if (m_landed.empty()) {
@@ -92,8 +98,8 @@ void RestoreFollowUpFlow::look() {
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
     m_context.runPass(
         WorkPriority::userInitiated,
-        [landed = m_landed, sizes, &background = m_context.ports.background] {
-            return lookAt(landed, sizes, background);
+        [landed = m_landed, sizes, &desk = m_context.ports.desk, permit = m_context.movePermit] {
+            return lookAt(landed, sizes, desk, *permit);
         },
         [this, epoch = m_epoch, landed = m_landed](const std::optional<std::vector<Finding>>& findings) {
             if (!findings) {
@@ -118,7 +124,7 @@ void RestoreFollowUpFlow::leaveAlone(const std::vector<std::size_t>& items, std:
     }
     m_context.log(fmt::format("restore follow-up: left {} {}", ControllerText::windows(items.size()), how));
     std::erase_if(m_landed,
-                  [&](const Moved& window) { return std::ranges::find(items, window.item) != items.end(); });
+                  [&](const Landed& window) { return std::ranges::find(items, window.item) != items.end(); });
 }
 
 } // namespace vantrel

@@ -22,7 +22,7 @@ public:
         : m_context(context), m_onPutBack(std::move(onPutBack)) {}
 
     // Checks these windows 1, 3 and 7 seconds from now, as long as snapshots are suspended.
-    void begin(std::vector<RestoreFollowUp::Moved> landed);
+    void begin(std::vector<RestoreFollowUp::Landed> landed);
 
     // Ends the follow-up because a newer change or restore has begun.
     void end();
@@ -35,7 +35,7 @@ private:
     ControllerContext& m_context;
     std::function<void(const std::vector<std::size_t>&)> m_onPutBack;
     // The windows that are still kept in place.
-    std::vector<RestoreFollowUp::Moved> m_landed;
+    std::vector<RestoreFollowUp::Landed> m_landed;
     std::vector<std::unique_ptr<ScheduledWork>> m_looks;
     std::int64_t m_epoch = 0;
 };

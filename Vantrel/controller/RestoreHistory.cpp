@@ -21,6 +21,27 @@ RestoreLog::Outcome outcome(RestoreReport::Kind kind) {
     return RestoreLog::Outcome::restored;
 }
 
+const char* nameOf(Pairing pairing) {
+    switch (pairing) {
+    case Pairing::known:
+        return "known";
+    case Pairing::sameTitle:
+        return "sameTitle";
+    case Pairing::nearTitle:
+        return "nearTitle";
+    case Pairing::order:
+        break;
+    }
+    return "order";
+}
+
+std::optional<RestoreLog::Move> logMove(const std::optional<RestoreReport::Move>& move) {
+    if (!move) {
+        return std::nullopt;
+    }
+    return RestoreLog::Move{nameOf(move->by), move->from, move->target, move->achieved};
+}
+
 std::vector<RestoreLog::Item> logItems(const RestoreReport& report) {
     std::vector<RestoreLog::Item> items;
     items.reserve(report.items.size());
@@ -28,7 +49,7 @@ std::vector<RestoreLog::Item> logItems(const RestoreReport& report) {
         const auto& [kind, reason, note] = item.outcome;
         items.push_back({item.appName, item.bundleID, item.title, outcome(kind),
                          reason.empty() ? std::nullopt : std::optional(reason),
-                         note.empty() ? std::nullopt : std::optional(note)});
+                         note.empty() ? std::nullopt : std::optional(note), logMove(item.move)});
     }
     return items;
 }

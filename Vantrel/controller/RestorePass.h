@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Vantrel/controller/DeskCapture.h"
-#include "Vantrel/controller/MovePermit.h"
 #include "Vantrel/controller/RestoreFollowUp.h"
 #include "Vantrel/controller/RestoreRequest.h"
 #include "Vantrel/controller/ScenePass.h"
@@ -21,7 +20,7 @@ struct Task {
     bool awaitsQuiet = false;
     std::optional<SceneOnDesk> scene;
     // For an undo: the live windows that correspond to the layout's windows, index by index.
-    std::optional<std::vector<AXWindowHandle>> known;
+    std::optional<std::vector<WindowID>> known;
     RestoreEngine::Options options;
     DeskCapture::Scope scope;
     std::shared_ptr<const MovePermit> permit;
@@ -29,19 +28,19 @@ struct Task {
 
 // The desk as it was before anything moved.
 struct Before {
-    std::vector<CurrentWindow> windows;
+    std::vector<LiveWindow> windows;
     Date takenAt;
 };
 
 struct Result {
     RestoreReport report;
     // The windows that the restore put in place.
-    std::vector<RestoreFollowUp::Moved> landed;
+    std::vector<RestoreFollowUp::Landed> landed;
     // Empty unless the restore set sizes.
     std::vector<AppSizeBehaviorStore::Observation> sizes;
     // The permit was revoked before the end, so the report does not describe the desk.
     bool isAbandoned = false;
-    // None for an undo, which brings its own handles.
+    // None for an undo, which names its windows.
     std::optional<Before> before = std::nullopt;
     // Everything was already in place.
     bool changedNothing = false;
@@ -51,7 +50,6 @@ struct Result {
     std::optional<ScenePass::Result> scene = std::nullopt;
 };
 
-[[nodiscard]] Result run(const Task& task, Accessibility& accessibility, Clock& clock,
-                         Background& background);
+[[nodiscard]] Result run(const Task& task, Desk& desk, Clock& clock);
 
 } // namespace vantrel::RestorePass

@@ -42,7 +42,7 @@ struct RestoreRequest {
     RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
     // For an undo: the live windows that correspond to the layout's windows, index by index. Otherwise the
     // windows are matched.
-    std::vector<AXWindowHandle> handles = {};
+    std::vector<WindowID> windows = {};
     // If set, called on the main thread when its turn comes, before anything is read or moved. May change
     // what is restored, but not the desk.
     std::function<void(RestoreRequest&)> prepare = {};

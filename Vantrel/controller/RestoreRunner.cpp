@@ -68,7 +68,7 @@ void RestoreRunner::start(RestoreRequest request) {
         .scope = {},
         .permit = m_context.movePermit};
     if (request.purpose == RestorePurpose::undo) {
-        task.known = request.handles;
+        task.known = request.windows;
     }
     task.options.raising = request.raising;
     task.scope = m_context.captureScope(request.displays);
@@ -78,7 +78,7 @@ void RestoreRunner::start(RestoreRequest request) {
     m_context.inBackground(
         WorkPriority::userInitiated,
         [task = std::move(task), ports = m_context.ports] {
-            return RestorePass::run(task, ports.accessibility, ports.clock, ports.background);
+            return RestorePass::run(task, ports.desk, ports.clock);
         },
         [this, request = std::move(request)](std::optional<RestorePass::Result> result) {
             finish(request, std::move(result));

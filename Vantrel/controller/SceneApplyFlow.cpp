@@ -32,10 +32,10 @@ std::string appName(const Scene& scene, const std::string& bundleID) {
 std::vector<SettlementFlow::Seated> seatedWindows(const RestorePass::Result& result) {
     std::vector<SettlementFlow::Seated> seated;
     for (const auto& landed : result.landed) {
-        seated.push_back({landed.bundleID, landed.handle});
+        seated.push_back({result.report.items[landed.item].bundleID, landed.window});
     }
     for (const auto& filled : result.scene->slots.filled) {
-        seated.push_back({filled.slot.record.bundleID, filled.handle});
+        seated.push_back({filled.slot.record.bundleID, filled.window});
     }
     return seated;
 }

@@ -173,16 +173,17 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
     std::set<std::int64_t> indices;
     std::map<std::int64_t, std::string> titles;
     std::map<std::int64_t, Rect> frames;
-    for (const auto& [slot, title, frame, handle, isPanel] : filled) {
+    for (const auto& each : filled) {
+        const SceneSlot& slot = each.slot;
         // The scene may have changed since it was applied.
         if (!isGhostOf(*scene, slot)) {
             continue;
         }
         indices.insert(slot.index);
-        titles[slot.index] = title;
+        titles[slot.index] = each.title;
         // On another desk the frame was adapted; the scene keeps the one for its own desk.
         if (placed == Placed::onItsDesk) {
-            frames[slot.index] = frame;
+            frames[slot.index] = each.frame;
         }
     }
     if (indices.empty()) {

@@ -1,7 +1,7 @@
 #include "Vantrel/controller/ScenePass.h"
 
 #include "VantrelCore/windows/AXApps.h"
-#include "VantrelCore/windows/WindowSnapshotter.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,34 +14,27 @@ using Kind = RestoreReport::Kind;
 
 // The windows that may fill a slot: ordinary windows for which the restore has no place, and panels and
 // dialogs of applications with slots.
-SlotFilling::Candidates candidates(const std::vector<SceneSlot>& slots, const Desk& desk,
-                                   DeskReading& reading, const std::vector<RunningApp>& running) {
+SlotFilling::Candidates candidates(const RestoredDesk& restored, const DeskSnapshot& snapshot) {
     SlotFilling::Candidates result;
-    for (const std::size_t index : desk.matched.unmatchedCurrent) {
-        result.ordinary.push_back(desk.live[index]);
+    for (const std::size_t index : restored.matched.unmatchedCurrent) {
+        result.ordinary.push_back(restored.live[index]);
     }
-    std::vector<WindowSnapshotter::AppWindows> apps;
-    for (const RunningApp& app : running) {
-        const bool isWanted = std::ranges::any_of(
-            slots, [&](const SceneSlot& slot) { return slot.record.bundleID == *app.bundleID; });
-        if (isWanted) {
-            apps.push_back({app, reading.windows(app)});
-        }
-    }
-    const auto entries = WindowSnapshotter::zOrderEntries(reading.onScreenWindows());
-    result.panels =
-        underPermit(WindowSnapshotter::capturedPanels(apps, entries, desk.scope.displays), desk.permit);
+    result.panels = VisibleWindows::panels(snapshot, restored.scope.displays);
     return result;
 }
 
-// The report ends with the layout's unmatched windows, in order.
-std::map<std::int64_t, std::size_t> addItems(const SceneOnDesk& scene, const Desk& desk,
+// A slot that a saved window left open has that window's item; one that was never anything else gets its own.
+std::map<std::int64_t, std::size_t> addItems(const SceneOnDesk& scene, const RestoredDesk& restored,
                                              RestoreReport& report) {
+    std::map<std::size_t, std::size_t> itemOfSaved;
+    for (std::size_t i = 0; i < report.items.size(); ++i) {
+        if (const auto saved = report.items[i].saved) {
+            itemOfSaved[*saved] = i;
+        }
+    }
     std::map<std::int64_t, std::size_t> itemOfSlot;
-    const auto& unmatched = desk.matched.unmatchedSaved;
-    const std::size_t first = report.items.size() - unmatched.size();
-    for (std::size_t i = 0; i < unmatched.size(); ++i) {
-        itemOfSlot[scene.indices[unmatched[i]]] = first + i;
+    for (const std::size_t saved : restored.matched.unmatchedSaved) {
+        itemOfSlot[scene.indices[saved]] = itemOfSaved.at(saved);
     }
     for (const SceneSlot& ghost : scene.ghosts) {
         itemOfSlot[ghost.index] = report.items.size();
@@ -53,35 +46,48 @@ std::map<std::int64_t, std::size_t> addItems(const SceneOnDesk& scene, const Des
     return itemOfSlot;
 }
 
-} // namespace
-
-Result run(const SceneOnDesk& scene, const Desk& desk, RestoreReport& report, Accessibility& accessibility,
-           Clock& clock, Background& background) {
-    const double start = clock.monotonicSeconds();
-    const auto reading = accessibility.beginReading();
-    std::vector<RunningApp> running =
-        AXApps::regularApps(reading->runningApps(), desk.scope.excludedBundleID);
-    std::erase_if(running,
-                  [&](const RunningApp& app) { return desk.scope.ignoredBundleIDs.contains(*app.bundleID); });
-    Result result;
-    for (const RunningApp& app : running) {
-        if (std::ranges::find(result.runningBundleIDs, *app.bundleID) == result.runningBundleIDs.end()) {
-            result.runningBundleIDs.push_back(*app.bundleID);
+std::vector<std::string> runningBundleIDs(const DeskSnapshot& snapshot, const CaptureFilter& filter) {
+    std::vector<std::string> bundleIDs;
+    for (const RunningApp& app : AXApps::regularApps(snapshot.apps, filter.excludedBundleID)) {
+        if (!filter.ignoredBundleIDs.contains(*app.bundleID) &&
+            std::ranges::find(bundleIDs, *app.bundleID) == bundleIDs.end()) {
+            bundleIDs.push_back(*app.bundleID);
         }
     }
-    result.itemOfSlot = addItems(scene, desk, report);
-    const auto slots = scene.openSlots(desk.matched.unmatchedSaved);
-    result.slots = SlotFilling::fill(slots, candidates(slots, desk, *reading, running),
+    return bundleIDs;
+}
+
+} // namespace
+
+Result run(const SceneOnDesk& scene, const RestoredDesk& restored, RestoreReport& report, Desk& desk,
+           Clock& clock) {
+    const double start = clock.monotonicSeconds();
+    const auto slots = scene.openSlots(restored.matched.unmatchedSaved);
+    CaptureFilter filter = restored.scope.filter;
+    filter.onlyBundleIDs.emplace();
+    for (const SceneSlot& slot : slots) {
+        filter.onlyBundleIDs->insert(slot.record.bundleID);
+    }
+    const DeskSnapshot snapshot = desk.capture(filter);
+    Result result;
+    result.runningBundleIDs = runningBundleIDs(snapshot, filter);
+    result.itemOfSlot = addItems(scene, restored, report);
+    result.slots = SlotFilling::fill(slots, candidates(restored, snapshot),
                                      {result.runningBundleIDs.begin(), result.runningBundleIDs.end()},
-                                     desk.scope.displays, desk.sizes, clock, background);
-    const auto outcomeOf = [&](const SceneSlot& slot) -> RestoreReport::Outcome& {
-        return report.items[result.itemOfSlot.at(slot.index)].outcome;
+                                     restored.scope.displays, restored.sizes, desk, restored.permit, clock);
+    const auto itemOf = [&](const SceneSlot& slot) -> RestoreReport::Item& {
+        return report.items[result.itemOfSlot.at(slot.index)];
     };
     for (const auto& filled : result.slots.filled) {
-        outcomeOf(filled.slot) = {Kind::restored, ""};
+        itemOf(filled.slot).outcome = {Kind::restored, ""};
+        itemOf(filled.slot).move = RestoreReport::Move{.window = filled.window,
+                                                       .by = Pairing::order,
+                                                       .from = filled.from,
+                                                       .target = filled.slot.record.frame,
+                                                       .achieved = filled.frame};
     }
     for (const SceneSlot& slot : result.slots.refused) {
-        outcomeOf(slot) = {Kind::failed, RestoreEngine::driftedReason};
+        itemOf(slot).outcome = {Kind::failed, RestoreEngine::driftedReason};
     }
     report.elapsed += clock.monotonicSeconds() - start;
     return result;

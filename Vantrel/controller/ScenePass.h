@@ -2,26 +2,24 @@
 // applications to start for the rest. Runs in the background.
 #pragma once
 
-#include "Vantrel/controller/MovePermit.h"
 #include "Vantrel/controller/SlotFilling.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace vantrel::ScenePass {
 
 // The desk after the restore.
-struct Desk {
-    const std::vector<CurrentWindow>& live;
+struct RestoredDesk {
+    const std::vector<LiveWindow>& live;
     // Pairs the scene's layout with `live`.
     const MatchResult& matched;
     const DeskCapture::Scope& scope;
     RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
-    std::shared_ptr<const MovePermit> permit;
+    const MovePermit& permit;
 };
 
 struct Result {
@@ -33,7 +31,7 @@ struct Result {
 };
 
 // `report` comes from the restore, with an item for each of the layout's windows; run() adds the slots.
-[[nodiscard]] Result run(const SceneOnDesk& scene, const Desk& desk, RestoreReport& report,
-                         Accessibility& accessibility, Clock& clock, Background& background);
+[[nodiscard]] Result run(const SceneOnDesk& scene, const RestoredDesk& restored, RestoreReport& report,
+                         Desk& desk, Clock& clock);
 
 } // namespace vantrel::ScenePass

@@ -3,7 +3,7 @@
 #include "Vantrel/controller/AchievedSizes.h"
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
 #include "VantrelCore/windows/MissingAppsPolicy.h"
-#include "VantrelCore/windows/WindowSnapshotter.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -31,30 +31,18 @@ struct Look {
     std::shared_ptr<const MovePermit> permit;
 };
 
-// Leaves out windows that are already in their places. Reads only the handles of applications with slots.
-void eraseSeated(std::vector<CurrentWindow>& windows, const Look& look) {
-    for (const auto& [bundleID, handle] : look.seated) {
-        if (std::ranges::none_of(look.slots,
-                                 [&](const SceneSlot& slot) { return slot.record.bundleID == bundleID; })) {
-            continue;
-        }
-        const auto frame = handle.frame();
-        const auto found = std::ranges::find_if(windows, [&](const CurrentWindow& window) {
-            return window.record.bundleID == bundleID && window.record.frame == frame;
-        });
-        if (found != windows.end()) {
-            windows.erase(found);
-        }
-    }
+// Leaves out windows that are already in their places.
+void eraseSeated(std::vector<LiveWindow>& windows, const Look& look) {
+    std::erase_if(windows, [&](const LiveWindow& window) {
+        return std::ranges::find(look.seated, window.id, &SettlementFlow::Seated::window) !=
+               look.seated.end();
+    });
 }
 
-SlotFilling::Candidates candidates(const Look& look, Accessibility& accessibility) {
-    using namespace WindowSnapshotter;
-    const auto read = readWindows(accessibility, look.scope.excludedBundleID, look.scope.ignoredBundleIDs);
-    const auto& displays = look.scope.displays;
-    SlotFilling::Candidates result{
-        .ordinary = underPermit(captured(read.apps, read.entries, displays), look.permit),
-        .panels = underPermit(capturedPanels(read.apps, read.entries, displays), look.permit)};
+SlotFilling::Candidates candidates(const Look& look, Desk& desk) {
+    const DeskSnapshot snapshot = desk.capture(look.scope.filter);
+    SlotFilling::Candidates result{.ordinary = VisibleWindows::ordinary(snapshot, look.scope.displays),
+                                   .panels = VisibleWindows::panels(snapshot, look.scope.displays)};
     eraseSeated(result.ordinary, look);
     eraseSeated(result.panels, look);
     return result;
@@ -150,17 +138,17 @@ void SettlementFlow::look() {
                      .sizes = sizes,
                      .permit = m_context.movePermit},
          ports = m_context.ports] {
-            auto found = candidates(look, ports.accessibility);
+            auto found = candidates(look, ports.desk);
             Seen seen;
-            for (const CurrentWindow& panel : found.panels) {
+            for (const LiveWindow& panel : found.panels) {
                 seen.withPanels.insert(panel.record.bundleID);
             }
-            std::erase_if(found.panels, [&](const CurrentWindow& panel) {
+            std::erase_if(found.panels, [&](const LiveWindow& panel) {
                 return !look.panelsOf.contains(panel.record.bundleID);
             });
             // Applications without a window yet are still starting, not missing.
-            seen.slots = SlotFilling::fill(look.slots, found, {}, look.scope.displays, look.sizes,
-                                           ports.clock, ports.background);
+            seen.slots = SlotFilling::fill(look.slots, found, {}, look.scope.displays, look.sizes, ports.desk,
+                                           *look.permit, ports.clock);
             return seen;
         },
         [this, token = m_pending->settlement.token](const std::optional<Seen>& seen) {
@@ -181,7 +169,7 @@ std::vector<std::size_t> SettlementFlow::noteFilled(const SlotFilling::Result& r
             items.push_back(m_pending->itemOfSlot.at(index));
         }
         m_pending->filled.push_back(filled);
-        m_pending->seated.push_back({filled.slot.record.bundleID, filled.handle});
+        m_pending->seated.push_back({filled.slot.record.bundleID, filled.window});
         if (!filled.isPanel) {
             std::erase_if(m_pending->openSlots, [&](const SceneSlot& slot) { return slot.index == index; });
         }

@@ -32,7 +32,7 @@ public:
     // A window that is where the scene wants it.
     struct Seated {
         std::string bundleID;
-        AXWindowHandle handle;
+        WindowID window{};
     };
 
     struct Opening {

@@ -62,14 +62,14 @@ void SleepWakeFlow::checkAfterWake() {
     }
     if (!m_context.state().activePinned || m_context.state().isPinPausedForUser() ||
         !m_context.state().enabled || !m_context.entitledToRun() || m_context.restoreInFlight ||
-        !AXPermission::isGranted(m_context.ports.accessibility) || !m_context.isDeskCurrent()) {
+        !AXPermission::isGranted(m_context.ports.desk) || !m_context.isDeskCurrent()) {
         return;
     }
     const auto displays = m_context.currentDisplays();
     m_context.runPass(
         WorkPriority::utility,
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
-            return DeskCapture::picture(ports.accessibility, ports.clock, scope);
+            return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
         [this, displays, epoch = m_context.resumeEpoch](const std::optional<DeskCapture::Picture>& picture) {
             if (picture && epoch == m_context.resumeEpoch && m_context.isDeskCurrent()) {

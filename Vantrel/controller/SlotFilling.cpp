@@ -1,6 +1,5 @@
 #include "Vantrel/controller/SlotFilling.h"
 
-#include "Vantrel/controller/PerApplication.h"
 #include "VantrelCore/scenes/SceneGhostPlan.h"
 
 #include <algorithm>
@@ -13,7 +12,7 @@ namespace vantrel::SlotFilling {
 namespace {
 
 // Ordinary windows come before panels: the index is the window's ID in the plan.
-const CurrentWindow& windowAt(const Candidates& candidates, std::size_t index) {
+const LiveWindow& windowAt(const Candidates& candidates, std::size_t index) {
     const std::size_t ordinary = candidates.ordinary.size();
     return index < ordinary ? candidates.ordinary[index] : candidates.panels[index - ordinary];
 }
@@ -44,27 +43,51 @@ Rect usableBounds(const WindowRecord& slot, const std::vector<DisplayInfo>& disp
     return display == displays.end() ? slot.frame : display->usableFrame();
 }
 
-// The window's new frame; none when it would not move there.
-std::optional<Rect> place(const SceneSlot& slot, const AXWindowHandle& handle,
-                          const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes,
-                          Clock& clock) {
-    const Rect& target = slot.record.frame;
+// A slot and the window that is to fill it.
+struct Claim {
+    const SceneSlot* slot = nullptr;
+    const LiveWindow* window = nullptr;
+    bool isPanel = false;
+};
+
+// The frame of each window now, or none if it refused to go there.
+std::vector<std::optional<Rect>> place(const std::vector<Claim>& claims,
+                                       const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes,
+                                       Desk& desk, const MovePermit& permit, Clock& clock) {
+    std::vector<std::optional<Rect>> frames;
     if (sizes == RestoreEngine::Sizes::leave) {
-        RestoreEngine::place(target, handle, sizes);
-        const auto frame = handle.frame();
-        return RestoreEngine::isReached(frame, target, sizes) ? frame : std::nullopt;
+        std::vector<WindowOrder> orders;
+        for (const Claim& claim : claims) {
+            orders.push_back(RestoreEngine::place(claim.window->id, claim.slot->record.frame, sizes));
+        }
+        const auto outcomes = desk.arrange(orders, permit);
+        for (std::size_t i = 0; i < claims.size(); ++i) {
+            const auto& frame = outcomes[i].frame;
+            frames.push_back(
+                RestoreEngine::isReached(frame, claims[i].slot->record.frame, sizes) ? frame : std::nullopt);
+        }
+        return frames;
     }
-    const auto placement = RestoreEngine::placeDesigned(target, handle, usableBounds(slot.record, displays),
-                                                        [&clock](double seconds) { clock.sleep(seconds); });
-    return placement == RestoreEngine::DesignedPlacement::failed() ? std::nullopt
-                                                                   : std::optional(placement.rect);
+    std::vector<RestoreEngine::DesignedSlot> slots;
+    for (const Claim& claim : claims) {
+        slots.push_back({.window = claim.window->id,
+                         .placement = claim.slot->record.frame,
+                         .usableBounds = usableBounds(claim.slot->record, displays)});
+    }
+    for (const auto& placement : RestoreEngine::placeDesigned(
+             slots, desk, permit, [&clock](double seconds) { clock.sleep(seconds); })) {
+        frames.push_back(placement == RestoreEngine::DesignedPlacement::failed()
+                             ? std::nullopt
+                             : std::optional(placement.rect));
+    }
+    return frames;
 }
 
 } // namespace
 
 Result fill(const std::vector<SceneSlot>& slots, const Candidates& candidates,
             const std::set<std::string>& runningBundleIDs, const std::vector<DisplayInfo>& displays,
-            RestoreEngine::Sizes sizes, Clock& clock, Background& background) {
+            RestoreEngine::Sizes sizes, Desk& desk, const MovePermit& permit, Clock& clock) {
     auto plan = planFor(slots, candidates, runningBundleIDs);
     std::map<std::int64_t, std::size_t> windowOfSlot;
     for (const auto& claim : plan.claims) {
@@ -72,32 +95,29 @@ Result fill(const std::vector<SceneSlot>& slots, const Candidates& candidates,
     }
     Result result;
     result.launchBundleIDs = std::move(plan.launchBundleIDs);
-    std::vector<const SceneSlot*> claimed;
-    std::vector<RestoreFollowUp::Moved> windows;
+    std::vector<Claim> claims;
     for (const SceneSlot& slot : slots) {
         const auto window = windowOfSlot.find(slot.index);
         if (window == windowOfSlot.end()) {
             result.open.push_back(slot);
-            continue;
-        }
-        windows.push_back({slot.record.bundleID, slot.record.frame,
-                           windowAt(candidates, window->second).handle, claimed.size()});
-        claimed.push_back(&slot);
-    }
-    std::vector<std::optional<Rect>> frames(claimed.size());
-    PerApplication::forEach(windows, background, [&](std::size_t i) {
-        frames[i] = place(*claimed[i], windows[i].handle, displays, sizes, clock);
-    });
-    for (std::size_t i = 0; i < claimed.size(); ++i) {
-        if (frames[i]) {
-            const std::size_t window = windowOfSlot.at(claimed[i]->index);
-            result.filled.push_back({.slot = *claimed[i],
-                                     .title = windowAt(candidates, window).record.title,
-                                     .frame = *frames[i],
-                                     .handle = windows[i].handle,
-                                     .isPanel = window >= candidates.ordinary.size()});
         } else {
-            result.refused.push_back(*claimed[i]);
+            claims.push_back({.slot = &slot,
+                              .window = &windowAt(candidates, window->second),
+                              .isPanel = window->second >= candidates.ordinary.size()});
+        }
+    }
+    const auto frames = place(claims, displays, sizes, desk, permit, clock);
+    for (std::size_t i = 0; i < claims.size(); ++i) {
+        const auto& [slot, window, isPanel] = claims[i];
+        if (frames[i]) {
+            result.filled.push_back({.slot = *slot,
+                                     .title = window->record.title,
+                                     .frame = *frames[i],
+                                     .window = window->id,
+                                     .from = window->record.frame,
+                                     .isPanel = isPanel});
+        } else {
+            result.refused.push_back(*slot);
         }
     }
     return result;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Vantrel/controller/DeskCapture.h"
-#include "VantrelCore/ports/Background.h"
 #include "VantrelCore/scenes/SceneOnDesk.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 
@@ -14,9 +13,9 @@ namespace vantrel::SlotFilling {
 
 // The live windows that may fill slots.
 struct Candidates {
-    std::vector<CurrentWindow> ordinary;
+    std::vector<LiveWindow> ordinary;
     // Panels and dialogs: used when no ordinary window of their application is left.
-    std::vector<CurrentWindow> panels;
+    std::vector<LiveWindow> panels;
 };
 
 struct Filled {
@@ -24,7 +23,9 @@ struct Filled {
     // The window's title and frame in the slot.
     std::string title;
     Rect frame;
-    AXWindowHandle handle;
+    WindowID window{};
+    // Where the window was before.
+    Rect from;
     bool isPanel = false;
 };
 
@@ -38,10 +39,10 @@ struct Result {
     std::vector<std::string> launchBundleIDs;
 };
 
-// Blocks. Windows of different applications are placed concurrently.
+// Blocks. All windows are placed together.
 [[nodiscard]] Result fill(const std::vector<SceneSlot>& slots, const Candidates& candidates,
                           const std::set<std::string>& runningBundleIDs,
-                          const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes, Clock& clock,
-                          Background& background);
+                          const std::vector<DisplayInfo>& displays, RestoreEngine::Sizes sizes, Desk& desk,
+                          const MovePermit& permit, Clock& clock);
 
 } // namespace vantrel::SlotFilling

@@ -1,6 +1,7 @@
 #include "Vantrel/controller/UndoFlow.h"
 
 #include "VantrelCore/windows/RuleApplication.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -17,7 +18,7 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
         return;
     }
     const RestorePass::Before& before = *result.before;
-    const DeskCapture::Picture picture{DeskCapture::records(before.windows), before.takenAt};
+    const DeskCapture::Picture picture{VisibleWindows::records(before.windows), before.takenAt};
     // An abandoned scene has only moved windows; it never became the desk's scene.
     const bool isWindowsOnly = result.isAbandoned && request.scene;
     m_latest = Picture{.slot = {.layout = m_context.layoutOf(picture, request.displays),
@@ -25,13 +26,13 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
                                 .reason = request.reason,
                                 .date = before.takenAt,
                                 .hiddenBundleIDs = {}},
-                       .handles = {},
+                       .windows = {},
                        .raising = request.raising,
                        .undone = isWindowsOnly ? nullptr : request.undone};
     // Use the restore's desk, not the one that has replaced it meanwhile.
     m_latest->slot.layout.configID = request.layout.configID;
-    for (const CurrentWindow& window : before.windows) {
-        m_latest->handles.push_back(window.handle);
+    for (const LiveWindow& window : before.windows) {
+        m_latest->windows.push_back(window.id);
     }
     if (!result.changedNothing || request.undone) {
         setSlot(m_latest);
@@ -119,15 +120,15 @@ void UndoFlow::finish(const RestoreOutcome& outcome) {
 // Called on request and again when its turn comes, so that a restore that ran meanwhile is undone too.
 void UndoFlow::fill(RestoreRequest& request) {
     request.layout = m_slot->slot.layout;
-    request.handles = m_slot->handles;
+    request.windows = m_slot->windows;
     request.reason = "undo (" + m_slot->slot.reason + ")";
     request.raising = m_slot->raising;
     const auto ignored = RuleApplication::ignoredBundleIDs(m_context.store.rules());
-    for (std::size_t i = request.handles.size(); i-- > 0;) {
+    for (std::size_t i = request.windows.size(); i-- > 0;) {
         if (ignored.contains(request.layout.windows[i].bundleID)) {
             const auto offset = static_cast<std::ptrdiff_t>(i);
             request.layout.windows.erase(request.layout.windows.begin() + offset);
-            request.handles.erase(request.handles.begin() + offset);
+            request.windows.erase(request.windows.begin() + offset);
         }
     }
 }

@@ -32,7 +32,7 @@ private:
     struct Picture {
         UndoSlot slot;
         // The windows of the slot's layout.
-        std::vector<AXWindowHandle> handles;
+        std::vector<WindowID> windows;
         // As in the restore, so that undo does not raise windows if the restore did not.
         RestoreEngine::Raising raising = RestoreEngine::Raising::leave;
         // Additional work to do after the undo, set by the restore.

@@ -40,6 +40,18 @@ void from_json(const nlohmann::json& json, RestoreLog::Outcome& outcome) {
     outcome = found->first;
 }
 
+void to_json(nlohmann::json& json, const RestoreLog::Move& move) {
+    json = {{"pairedBy", move.pairedBy}, {"from", move.from}, {"target", move.target}};
+    JsonCoding::put(json, "achieved", move.achieved);
+}
+
+void from_json(const nlohmann::json& json, RestoreLog::Move& move) {
+    move = {.pairedBy = JsonCoding::required<std::string>(json, "pairedBy"),
+            .from = JsonCoding::required<Rect>(json, "from"),
+            .target = JsonCoding::required<Rect>(json, "target"),
+            .achieved = JsonCoding::optional<Rect>(json, "achieved")};
+}
+
 void to_json(nlohmann::json& json, const RestoreLog::Item& item) {
     json = {{"appName", item.appName},
             {"bundleID", item.bundleID},
@@ -47,6 +59,7 @@ void to_json(nlohmann::json& json, const RestoreLog::Item& item) {
             {"outcome", item.outcome}};
     JsonCoding::put(json, "reason", item.reason);
     JsonCoding::put(json, "note", item.note);
+    JsonCoding::put(json, "move", item.move);
 }
 
 void from_json(const nlohmann::json& json, RestoreLog::Item& item) {
@@ -55,7 +68,8 @@ void from_json(const nlohmann::json& json, RestoreLog::Item& item) {
             .title = JsonCoding::required<std::string>(json, "title"),
             .outcome = JsonCoding::required<RestoreLog::Outcome>(json, "outcome"),
             .reason = JsonCoding::optional<std::string>(json, "reason"),
-            .note = JsonCoding::optional<std::string>(json, "note")};
+            .note = JsonCoding::optional<std::string>(json, "note"),
+            .move = JsonCoding::optional<RestoreLog::Move>(json, "move")};
 }
 
 void to_json(nlohmann::json& json, const RestoreLog::Entry& entry) {

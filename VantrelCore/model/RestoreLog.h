@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VantrelCore/model/Date.h"
+#include "VantrelCore/model/Geometry.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,6 +19,18 @@ struct RestoreLog {
 
     enum class Outcome { restored, retried, failed, skipped };
 
+    // What happened to a live window.
+    struct Move {
+        // How the window was identified: "known", "sameTitle", "nearTitle" or "order".
+        std::string pairedBy;
+        // Where it was, should be, and was when last looked at.
+        Rect from;
+        Rect target;
+        std::optional<Rect> achieved = std::nullopt;
+
+        bool operator==(const Move&) const = default;
+    };
+
     // The outcome for one saved window.
     struct Item {
         std::string appName;
@@ -28,6 +41,8 @@ struct RestoreLog {
         std::optional<std::string> reason;
         // Additional information.
         std::optional<std::string> note = std::nullopt;
+        // None when no live window was found, and in entries written by older versions.
+        std::optional<Move> move = std::nullopt;
 
         bool operator==(const Item&) const = default;
     };
@@ -59,6 +74,8 @@ struct RestoreLog {
 // An outcome is stored as its name; any other string fails to decode.
 void to_json(nlohmann::json& json, RestoreLog::Outcome outcome);
 void from_json(const nlohmann::json& json, RestoreLog::Outcome& outcome);
+void to_json(nlohmann::json& json, const RestoreLog::Move& move);
+void from_json(const nlohmann::json& json, RestoreLog::Move& move);
 void to_json(nlohmann::json& json, const RestoreLog::Item& item);
 void from_json(const nlohmann::json& json, RestoreLog::Item& item);
 void to_json(nlohmann::json& json, const RestoreLog::Entry& entry);

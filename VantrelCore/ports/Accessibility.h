@@ -1,6 +1,8 @@
-// Port: the live desk as the platform's accessibility and window-list interfaces show it.
+// Port: the live desk of a platform that gives window elements and a separate on-screen list, as macOS does.
+// AccessibilityDesk makes a Desk of it.
 #pragma once
 
+#include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/ports/WindowElement.h"
 
 #include <cstdint>
@@ -9,17 +11,6 @@
 #include <vector>
 
 namespace vantrel {
-
-enum class ActivationPolicy : std::uint8_t { regular, accessory, prohibited };
-
-struct RunningApp {
-    std::int32_t pid = 0;
-    ActivationPolicy policy = ActivationPolicy::regular;
-    std::optional<std::string> bundleID;
-    std::optional<std::string> localizedName;
-
-    bool operator==(const RunningApp&) const = default;
-};
 
 // One entry of the on-screen window list. A missing value means that the platform's entry lacked it.
 struct WindowListEntry {

@@ -59,6 +59,9 @@ public:
     WindowElement& operator=(const WindowElement&) = delete;
     virtual ~WindowElement() = default;
 
+    // Whether both are the same window. Does not query the platform.
+    [[nodiscard]] virtual bool isSameWindow(const WindowElement& other) const { return this == &other; }
+
     // Reads current values, in one exchange where the platform can.
     [[nodiscard]] virtual WindowAttributes read(AttributeGroup group) = 0;
 

@@ -51,6 +51,10 @@ bool write(const std::shared_ptr<WindowElement>& element, std::span<const FrameW
 
 AXWindowHandle::AXWindowHandle(std::shared_ptr<WindowElement> element) : m_element(std::move(element)) {}
 
+WindowAttributes AXWindowHandle::attributes() const {
+    return read(m_element, AttributeGroup::all);
+}
+
 std::string AXWindowHandle::title() const {
     return read(m_element, AttributeGroup::all).title.value_or("");
 }

@@ -13,6 +13,7 @@ public:
     explicit AXWindowHandle(std::shared_ptr<WindowElement> element);
 
     // Each call reads from the platform. When unavailable: "" for the title, false for the flags.
+    [[nodiscard]] WindowAttributes attributes() const;
     [[nodiscard]] std::string title() const;
     [[nodiscard]] std::optional<std::string> subrole() const;
     [[nodiscard]] bool isMinimized() const;

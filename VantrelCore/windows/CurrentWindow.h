@@ -1,13 +1,14 @@
-// A live window: a record of its current values, and a handle to move it.
+// A live window with the element that moves it, on platforms that give elements.
 #pragma once
 
-#include "VantrelCore/model/WindowRecord.h"
+#include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/windows/AXWindowHandle.h"
 
 namespace vantrel {
 
 struct CurrentWindow {
-    WindowRecord record;
+    // Without an identity: elements have none of their own.
+    DeskWindow window;
     AXWindowHandle handle;
 };
 

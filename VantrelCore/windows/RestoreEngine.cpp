@@ -1,11 +1,9 @@
 #include "VantrelCore/windows/RestoreEngine.h"
 
-#include "VantrelCore/windows/RestoreOrder.h"
-#include "VantrelCore/windows/WindowMatcher.h"
-
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <map>
-#include <mutex>
 #include <utility>
 
 namespace vantrel::RestoreEngine {
@@ -16,41 +14,16 @@ using Kind = RestoreReport::Kind;
 using Outcome = RestoreReport::Outcome;
 using Pairs = std::vector<MatchResult::Pair>;
 
-void placeSizeFirst(const Rect& target, const AXWindowHandle& handle, Sizes sizes) {
-    if (sizes == Sizes::restore) {
-        handle.setFrameSizeFirst(target);
-    } else {
-        handle.setPosition(target.origin);
-    }
-}
+constexpr const char* rejectedReason = "app rejected the move";
 
-Outcome restoreOne(const Rect& target, const AXWindowHandle& handle, Sizes sizes, bool isStubborn,
-                   Clock& clock) {
-    if (!place(target, handle, sizes)) {
-        return {Kind::failed, "app rejected the move"};
-    }
-    if (isReached(handle.frame(), target, sizes)) {
-        return {Kind::restored, ""};
-    }
-    for (const Attempt attempt : attemptPlan(isStubborn)) {
-        if (attempt == Attempt::settle) {
-            clock.sleep(settleSeconds);
-            continue;
-        }
-        if (attempt == Attempt::place) {
-            place(target, handle, sizes);
-        } else {
-            placeSizeFirst(target, handle, sizes);
-        }
-        if (isReached(handle.frame(), target, sizes)) {
-            return {Kind::retried, ""};
-        }
-    }
-    return {Kind::failed, driftedReason};
-}
-
-RestoreReport::Item itemFor(const WindowRecord& saved, Outcome outcome) {
-    return {saved.appName, saved.bundleID, saved.title, std::move(outcome)};
+RestoreReport::Item itemFor(const Layout& layout, std::size_t index, Outcome outcome) {
+    const WindowRecord& saved = layout.windows[index];
+    return {.appName = saved.appName,
+            .bundleID = saved.bundleID,
+            .title = saved.title,
+            .outcome = std::move(outcome),
+            .saved = index,
+            .move = std::nullopt};
 }
 
 Pairs backToFront(Pairs pairs, const std::vector<WindowRecord>& saved) {
@@ -60,12 +33,119 @@ Pairs backToFront(Pairs pairs, const std::vector<WindowRecord>& saved) {
     return pairs;
 }
 
-// Raises the back-most saved window first, so that the front-most one ends up on top.
-void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
-                  const std::vector<CurrentWindow>& current) {
-    for (const auto& pair : backToFront(pairs, saved)) {
-        current[pair.current].handle.raise();
+// The windows that are moved, checked and tried again together.
+class Wave {
+public:
+    Wave(const Options& options, Desk& desk, const MovePermit& permit, Clock& clock)
+        : m_options(options), m_desk(desk), m_permit(permit), m_clock(clock) {}
+
+    void add(const Layout& layout, const MatchResult::Pair& pair, const LiveWindow& live) {
+        m_strays.push_back(m_items.size());
+        m_items.push_back(itemFor(layout, pair.saved, {Kind::failed, driftedReason}));
+        m_items.back().move = RestoreReport::Move{.window = live.id,
+                                                  .by = pair.by,
+                                                  .from = live.record.frame,
+                                                  .target = layout.windows[pair.saved].frame,
+                                                  .achieved = std::nullopt};
     }
+
+    std::vector<RestoreReport::Item> restore() {
+        for (const std::size_t rejected :
+             move(m_strays, WindowOrder::Sequence::positionFirst, Kind::restored)) {
+            m_items[rejected].outcome = {Kind::failed, rejectedReason};
+            std::erase(m_strays, rejected);
+        }
+        // The plan of a stubborn application leaves out attempts of the ordinary one.
+        for (const Attempt attempt : attemptPlan(false)) {
+            tryAgain(attempt);
+        }
+        return std::move(m_items);
+    }
+
+private:
+    // Those that stray are moved as their plans provide.
+    void tryAgain(Attempt attempt) {
+        std::vector<std::size_t> strays = m_strays;
+        std::erase_if(strays, [&](std::size_t index) {
+            const auto plan = attemptPlan(m_options.stubbornBundleIDs.contains(m_items[index].bundleID));
+            return std::ranges::find(plan, attempt) == plan.end();
+        });
+        if (strays.empty()) {
+            return;
+        }
+        if (attempt == Attempt::settle) {
+            m_clock.sleep(settleSeconds);
+        } else {
+            move(strays,
+                 attempt == Attempt::place ? WindowOrder::Sequence::positionFirst
+                                           : WindowOrder::Sequence::sizeFirst,
+                 Kind::retried);
+        }
+    }
+
+    // Items of windows that arrive get `success`. Returns those whose windows rejected the move.
+    std::vector<std::size_t> move(std::vector<std::size_t> items, WindowOrder::Sequence sequence,
+                                  Kind success) {
+        std::vector<WindowOrder> orders;
+        for (const std::size_t index : items) {
+            const RestoreReport::Move& move = *m_items[index].move;
+            orders.push_back(place(move.window, move.target, m_options.sizes));
+            orders.back().sequence = sequence;
+        }
+        auto outcomes = m_desk.arrange(orders, m_permit);
+        if (success == Kind::retried) {
+            lookAtRejected(orders, outcomes);
+        }
+        std::vector<std::size_t> rejected;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            RestoreReport::Item& item = m_items[items[i]];
+            item.move->achieved = outcomes[i].frame;
+            if (isReached(outcomes[i].frame, item.move->target, m_options.sizes)) {
+                item.outcome = {success, ""};
+                std::erase(m_strays, items[i]);
+            } else if (!outcomes[i].isTaken) {
+                rejected.push_back(items[i]);
+            }
+        }
+        return rejected;
+    }
+
+    // A window may have arrived although a later move was rejected.
+    void lookAtRejected(const std::vector<WindowOrder>& orders, std::vector<WindowOutcome>& outcomes) {
+        std::vector<WindowID> rejected;
+        std::vector<std::size_t> indices;
+        for (std::size_t i = 0; i < orders.size(); ++i) {
+            if (!outcomes[i].isTaken) {
+                rejected.push_back(orders[i].window);
+                indices.push_back(i);
+            }
+        }
+        if (rejected.empty() || m_permit.isRevoked()) {
+            return;
+        }
+        const auto windows = m_desk.look(rejected);
+        for (std::size_t i = 0; i < indices.size(); ++i) {
+            outcomes[indices[i]].frame = windows[i] ? windows[i]->frame : std::nullopt;
+        }
+    }
+
+    const Options& m_options;
+    Desk& m_desk;
+    const MovePermit& m_permit;
+    Clock& m_clock;
+    std::vector<RestoreReport::Item> m_items;
+    // The items whose windows have not arrived.
+    std::vector<std::size_t> m_strays;
+};
+
+// The back-most saved window first, so that the front-most one ends on top.
+void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
+                  const std::vector<LiveWindow>& current, Desk& desk, const MovePermit& permit) {
+    std::vector<WindowOrder> orders;
+    for (const auto& pair : backToFront(pairs, saved)) {
+        orders.push_back({.window = current[pair.current].id, .target = {}, .raises = true});
+    }
+    desk.arrange(orders, permit);
 }
 
 } // namespace
@@ -78,7 +158,7 @@ bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes
     return approxEqual({frame->origin, size}, target, tolerance);
 }
 
-MatchResult match(const std::vector<WindowRecord>& saved, const std::vector<CurrentWindow>& current) {
+MatchResult match(const std::vector<WindowRecord>& saved, const std::vector<LiveWindow>& current) {
     std::vector<WindowIdentity> savedIdentities;
     savedIdentities.reserve(saved.size());
     for (const auto& record : saved) {
@@ -99,7 +179,7 @@ std::vector<Attempt> attemptPlan(bool isStubborn) {
     return {Attempt::place, Attempt::settle, Attempt::placeSizeFirst};
 }
 
-bool isInPlace(const Layout& layout, const std::vector<CurrentWindow>& current, const MatchResult& matched,
+bool isInPlace(const Layout& layout, const std::vector<LiveWindow>& current, const MatchResult& matched,
                const Options& options) {
     const bool haveArrived = std::ranges::all_of(matched.pairs, [&](const MatchResult::Pair& pair) {
         return isReached(current[pair.current].record.frame, layout.windows[pair.saved].frame, options.sizes);
@@ -115,16 +195,10 @@ bool isInPlace(const Layout& layout, const std::vector<CurrentWindow>& current, 
            (orders.empty() || std::cmp_less(orders.front(), orders.size()));
 }
 
-RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current, const Options& options,
-                      Clock& clock, Background& background) {
-    return restore(layout, current, match(layout.windows, current), options, clock, background);
-}
-
-RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
-                      const MatchResult& matched, const Options& options, Clock& clock,
-                      Background& background) {
+RestoreReport restore(const Layout& layout, const std::vector<LiveWindow>& current,
+                      const MatchResult& matched, const Options& options, Desk& desk,
+                      const MovePermit& permit, Clock& clock) {
     const double start = clock.monotonicSeconds();
-
     std::map<std::string, Pairs> pairsByApp;
     for (const auto& pair : matched.pairs) {
         pairsByApp[layout.windows[pair.saved].bundleID].push_back(pair);
@@ -137,38 +211,51 @@ RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& cu
 
     RestoreReport report;
     report.items.reserve(layout.windows.size());
-    std::mutex itemsLock;
-    const auto restoreApp = [&](const std::string& bundleID) {
-        const bool isStubborn = options.stubbornBundleIDs.contains(bundleID);
-        // Several processes may share the identifier.
-        std::vector<std::shared_ptr<void>> moves;
-        for (const auto& pair : pairsByApp.at(bundleID)) {
-            moves.push_back(current[pair.current].handle.beginMoves());
+    for (const auto& apps : RestoreOrder::waves(bundleIDs, options.restoreLast)) {
+        Wave wave(options, desk, permit, clock);
+        for (const std::string& app : apps) {
+            for (const auto& pair : pairsByApp.at(app)) {
+                wave.add(layout, pair, current[pair.current]);
+            }
         }
-        for (const auto& pair : pairsByApp.at(bundleID)) {
-            const WindowRecord& saved = layout.windows[pair.saved];
-            auto item = itemFor(saved, restoreOne(saved.frame, current[pair.current].handle, options.sizes,
-                                                  isStubborn, clock));
-            const std::scoped_lock lock(itemsLock);
-            report.items.push_back(std::move(item));
-        }
-    };
-    for (const auto& wave : RestoreOrder::waves(bundleIDs, options.restoreLast)) {
-        background.concurrentPerform(wave.size(), [&](std::size_t index) { restoreApp(wave[index]); });
+        std::ranges::move(wave.restore(), std::back_inserter(report.items));
     }
-
     if (options.raising == Raising::raise) {
-        raiseInOrder(matched.pairs, layout.windows, current);
+        raiseInOrder(matched.pairs, layout.windows, current, desk, permit);
     }
     for (const std::size_t index : matched.unmatchedSaved) {
-        report.items.push_back(itemFor(layout.windows[index], {Kind::skipped, goneReason}));
+        report.items.push_back(itemFor(layout, index, {Kind::skipped, goneReason}));
     }
     report.elapsed = clock.monotonicSeconds() - start;
     return report;
 }
 
-bool place(const Rect& target, const AXWindowHandle& handle, Sizes sizes) {
-    return sizes == Sizes::restore ? handle.setFrame(target) : handle.setPosition(target.origin);
+WindowOrder place(WindowID window, const Rect& target, Sizes sizes) {
+    WindowOrder order{.window = window, .target = {.position = target.origin}};
+    if (sizes == Sizes::restore) {
+        order.target.size = target.size;
+    }
+    return order;
 }
 
 } // namespace vantrel::RestoreEngine
+
+namespace vantrel::RestoreOrder {
+
+std::vector<std::vector<std::string>> waves(const std::vector<std::string>& bundleIDs,
+                                            const std::set<std::string>& restoreLast) {
+    std::vector<std::string> first;
+    std::vector<std::string> last;
+    for (const auto& bundleID : bundleIDs) {
+        (restoreLast.contains(bundleID) ? last : first).push_back(bundleID);
+    }
+    std::vector<std::vector<std::string>> result;
+    for (auto* wave : {&first, &last}) {
+        if (!wave->empty()) {
+            result.push_back(std::move(*wave));
+        }
+    }
+    return result;
+}
+
+} // namespace vantrel::RestoreOrder

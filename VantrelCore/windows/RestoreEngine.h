@@ -3,9 +3,9 @@
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
-#include "VantrelCore/ports/Background.h"
 #include "VantrelCore/ports/Clock.h"
-#include "VantrelCore/windows/CurrentWindow.h"
+#include "VantrelCore/ports/Desk.h"
+#include "VantrelCore/windows/LiveWindow.h"
 #include "VantrelCore/windows/RestoreReport.h"
 #include "VantrelCore/windows/WindowMatcher.h"
 
@@ -68,32 +68,54 @@ struct DesignedPlacement {
 
 // Pairs saved windows with live ones.
 [[nodiscard]] MatchResult match(const std::vector<WindowRecord>& saved,
-                                const std::vector<CurrentWindow>& current);
+                                const std::vector<LiveWindow>& current);
 
 // Whether a window at `frame` has reached `target`; false when the frame is unreadable.
 [[nodiscard]] bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes);
 
 // Whether a restore would have nothing to do: every paired window is in place and, if windows are raised,
 // stacked as saved, in front of all others.
-[[nodiscard]] bool isInPlace(const Layout& layout, const std::vector<CurrentWindow>& current,
+[[nodiscard]] bool isInPlace(const Layout& layout, const std::vector<LiveWindow>& current,
                              const MatchResult& matched, const Options& options);
 
-// Blocks until every window is done: applications of one wave in parallel, windows of one application in
-// turn. `matched` pairs the layout's windows with `current`.
-[[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
-                                    const MatchResult& matched, const Options& options, Clock& clock,
-                                    Background& background);
+// Blocks until every window is done: the windows of one wave together, so that several that must settle cost
+// one pause. `matched` pairs the layout's windows with `current`.
+[[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<LiveWindow>& current,
+                                    const MatchResult& matched, const Options& options, Desk& desk,
+                                    const MovePermit& permit, Clock& clock);
 
-// Uses the pairs from match().
-[[nodiscard]] RestoreReport restore(const Layout& layout, const std::vector<CurrentWindow>& current,
-                                    const Options& options, Clock& clock, Background& background);
+// The order that moves a window to `target` once, position first.
+[[nodiscard]] WindowOrder place(WindowID window, const Rect& target, Sizes sizes);
 
-// Moves once, position first; true when the platform accepted it.
-bool place(const Rect& target, const AXWindowHandle& handle, Sizes sizes);
+// A designed slot and the window that is to fill it.
+struct DesignedSlot {
+    WindowID window{};
+    Rect placement;
+    // Of the slot's display.
+    Rect usableBounds;
+};
 
-// Puts a window into a designed slot. `settle` waits the given number of seconds.
-[[nodiscard]] DesignedPlacement placeDesigned(const Rect& placement, const AXWindowHandle& handle,
-                                              const Rect& usableBounds,
-                                              const std::function<void(double)>& settle);
+// Puts windows into designed slots, all at once; one result per slot. `settle` waits the given number of
+// seconds.
+[[nodiscard]] std::vector<DesignedPlacement> placeDesigned(const std::vector<DesignedSlot>& slots, Desk& desk,
+                                                           const MovePermit& permit,
+                                                           const std::function<void(double)>& settle);
 
 } // namespace vantrel::RestoreEngine
+
+namespace vantrel::RestoreOrder {
+
+// First the applications that are not in `restoreLast`, then those that are, each in the given order. No
+// identifiers give no waves, and an empty wave is left out.
+[[nodiscard]] std::vector<std::vector<std::string>> waves(const std::vector<std::string>& bundleIDs,
+                                                          const std::set<std::string>& restoreLast);
+
+} // namespace vantrel::RestoreOrder
+
+namespace vantrel::SlotAnchor {
+
+// The window's size, placed inside `slot`: centred where the slot is larger, at the slot's left or top edge
+// where it is smaller, so that the title bar stays in reach.
+[[nodiscard]] Rect anchor(Size windowSize, const Rect& slot);
+
+} // namespace vantrel::SlotAnchor

@@ -65,10 +65,10 @@ private:
         return m_pairs.size() == std::min(m_app.saved.size(), m_app.current.size());
     }
 
-    void pair(std::size_t savedPosition, std::size_t currentPosition) {
+    void pair(std::size_t savedPosition, std::size_t currentPosition, Pairing by) {
         m_isSavedTaken[savedPosition] = true;
         m_isCurrentTaken[currentPosition] = true;
-        m_pairs.push_back({m_app.saved[savedPosition], m_app.current[currentPosition]});
+        m_pairs.push_back({m_app.saved[savedPosition], m_app.current[currentPosition], by});
     }
 
     void pairExactTitles() {
@@ -79,7 +79,7 @@ private:
         for (std::size_t s = 0; s < m_app.saved.size(); ++s) {
             const auto c = titles.firstFree(m_saved[m_app.saved[s]].title, m_isCurrentTaken);
             if (c != TitleBuckets::none) {
-                pair(s, c);
+                pair(s, c, Pairing::sameTitle);
             }
         }
     }
@@ -99,7 +99,7 @@ private:
             }
             const auto c = index.firstFree(NearTitle(m_saved[m_app.saved[s]].title), m_isCurrentTaken);
             if (c != TitleBuckets::none) {
-                pair(s, c);
+                pair(s, c, Pairing::nearTitle);
             }
         }
     }
@@ -113,7 +113,7 @@ private:
             while (m_isCurrentTaken[c]) {
                 ++c;
             }
-            pair(s, c);
+            pair(s, c, Pairing::order);
         }
     }
 

@@ -27,10 +27,21 @@ struct WindowIdentity {
         : bundleID(record.bundleID), title(record.title), zOrder(record.zOrder) {}
 };
 
+// By what a saved window was paired with a live one.
+enum class Pairing : std::uint8_t {
+    // The identity was known, as in an undo.
+    known,
+    sameTitle,
+    nearTitle,
+    // The place in the stack among the remaining windows of its application.
+    order,
+};
+
 struct MatchResult {
     struct Pair {
         std::size_t saved = 0;
         std::size_t current = 0;
+        Pairing by = Pairing::sameTitle;
 
         auto operator<=>(const Pair&) const = default;
     };

@@ -70,10 +70,10 @@ double secondsOf(Work work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-bool isComplete(const std::vector<CurrentWindow>& captured, const Arrangement& arrangement) {
+bool isComplete(const std::vector<LiveWindow>& captured, const Arrangement& arrangement) {
     return captured.size() == arrangement.size() &&
            std::ranges::all_of(arrangement, [&](const Placement& placement) {
-               return std::ranges::any_of(captured, [&](const CurrentWindow& window) {
+               return std::ranges::any_of(captured, [&](const LiveWindow& window) {
                    return window.record.frame == placement.frame;
                });
            });
@@ -105,7 +105,7 @@ void measureCapture(CrowdedDesk& desk, XcbFloor& floor, MeasuredDesk& ours, cons
         floorTimes.push_back(secondsOf([&] { seen = floor.capture().size(); }));
         const double ownBefore = ownProcessorTime();
         const double serverBefore = serverProcessorTime(desk.display());
-        std::vector<CurrentWindow> captured;
+        std::vector<LiveWindow> captured;
         ourTimes.push_back(secondsOf([&] { captured = ours.capture(); }));
         ownProcessor += ownProcessorTime() - ownBefore;
         server += serverProcessorTime(desk.display()) - serverBefore;
@@ -137,7 +137,7 @@ void measureCapture(CrowdedDesk& desk, XcbFloor& floor, MeasuredDesk& ours, cons
 }
 
 std::vector<Contestant> contestants(CrowdedDesk& desk, XcbFloor& floor, MeasuredDesk& ours,
-                                    std::vector<CurrentWindow>& captured, const Scenario& scenario) {
+                                    std::vector<LiveWindow>& captured, const Scenario& scenario) {
     std::vector<Contestant> result;
     const auto& arrangements = desk.arrangements();
     result.push_back(
@@ -185,7 +185,7 @@ void measureRestore(CrowdedDesk& desk, XcbFloor& floor, MeasuredDesk& ours, cons
         }
         ours.learn(i);
     }
-    std::vector<CurrentWindow> captured = ours.capture();
+    std::vector<LiveWindow> captured = ours.capture();
     const auto standings = race(desk, floor, contestants(desk, floor, ours, captured, scenario), rounds);
     std::map<std::string, double> least;
     for (const auto& standing : standings) {

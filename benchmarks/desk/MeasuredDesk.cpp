@@ -3,7 +3,7 @@
 #include "Vantrel/platform/x11/X11DisplayServices.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/windows/RestoreEngine.h"
-#include "VantrelCore/windows/WindowSnapshotter.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <stdexcept>
 
@@ -27,19 +27,21 @@ std::vector<DisplayInfo> displaysOf(const std::shared_ptr<X11Connection>& connec
 } // namespace
 
 MeasuredDesk::MeasuredDesk(const std::string& display)
-    : m_connection(connect(display)), m_accessibility(m_connection), m_displays(displaysOf(m_connection)) {}
+    : m_connection(connect(display)), m_desk(std::make_shared<X11Context>(m_connection)),
+      m_displays(displaysOf(m_connection)) {}
 
-std::vector<CurrentWindow> MeasuredDesk::capture() {
-    return WindowSnapshotter::currentWindows(m_accessibility, m_displays, std::nullopt, {});
+std::vector<LiveWindow> MeasuredDesk::capture() {
+    return VisibleWindows::ordinary(m_desk.capture({}), m_displays);
 }
 
 void MeasuredDesk::learn(std::size_t arrangement) {
-    m_layouts.at(arrangement) = WindowSnapshotter::snapshot(m_accessibility, m_displays, m_clock.now());
+    m_layouts.at(arrangement).windows = VisibleWindows::records(capture());
 }
 
-bool MeasuredDesk::restore(std::size_t arrangement, const std::vector<CurrentWindow>& current) {
+bool MeasuredDesk::restore(std::size_t arrangement, const std::vector<LiveWindow>& current) {
     const Layout& layout = m_layouts.at(arrangement);
-    const RestoreReport report = RestoreEngine::restore(layout, current, {}, m_clock, m_background);
+    const RestoreReport report = RestoreEngine::restore(
+        layout, current, RestoreEngine::match(layout.windows, current), {}, m_desk, m_permit, m_clock);
     return report.restoredCount() == layout.windows.size();
 }
 

@@ -49,21 +49,21 @@ inline MatchResult match(const std::vector<WindowIdentity>& saved,
     std::set<std::size_t> usedSaved;
     std::set<std::size_t> usedCurrent;
     MatchResult result;
-    const auto pass = [&](const std::function<bool(std::string_view, std::string_view)>& fits) {
+    const auto pass = [&](Pairing by, const std::function<bool(std::string_view, std::string_view)>& fits) {
         for (const std::size_t s : savedOrder) {
             for (const std::size_t c : currentOrder) {
                 if (!usedSaved.contains(s) && !usedCurrent.contains(c) &&
                     saved[s].bundleID == current[c].bundleID && fits(saved[s].title, current[c].title)) {
                     usedSaved.insert(s);
                     usedCurrent.insert(c);
-                    result.pairs.push_back({s, c});
+                    result.pairs.push_back({s, c, by});
                 }
             }
         }
     };
-    pass(std::equal_to<>());
-    pass(isNear);
-    pass([](std::string_view, std::string_view) { return true; });
+    pass(Pairing::sameTitle, std::equal_to<>());
+    pass(Pairing::nearTitle, isNear);
+    pass(Pairing::order, [](std::string_view, std::string_view) { return true; });
 
     std::ranges::sort(result.pairs);
     for (std::size_t s = 0; s < saved.size(); ++s) {

@@ -1,7 +1,9 @@
 // Windows that a user moves with real pointer and keys, told from those that programs move.
 #include "tests/live/WindowDesk.h"
 
+#include <array>
 #include <fmt/format.h>
+#include <utility>
 
 namespace vantrel::live {
 namespace {
@@ -62,11 +64,14 @@ INSTANTIATE_TEST_SUITE_P(Under, UserMove, windowManagers(), windowManagerName);
 TEST_P(UserMove, IsToldFromThatOfAProgram) {
     const auto users = desk.probe.show({.title = "user's", .area = {{100, 100}, {400, 300}}});
     const auto other = desk.probe.show({.title = "other", .area = {{700, 500}, {400, 300}}});
-    const auto usersElement = desk.captured("user's").element;
-    const auto otherElement = desk.captured("other").element;
+    const WindowID usersWindow = desk.captured("user's").id;
+    const WindowID otherWindow = desk.captured("other").id;
+    const auto watched = [&](WindowID window) {
+        return std::move(desk.port.watchUserMoves(std::array{window}).front());
+    };
 
     // A click raises the window; who types moves nothing.
-    auto watch = usersElement->watchUserMoves();
+    auto watch = watched(usersWindow);
     ASSERT_TRUE(watch);
     type(users);
     desk.drag(users, {150, 120});
@@ -79,8 +84,8 @@ TEST_P(UserMove, IsToldFromThatOfAProgram) {
     for (const auto& [name, move] : ways) {
         SCOPED_TRACE(name);
         const Rect before = desk.frame(users);
-        watch = usersElement->watchUserMoves();
-        const auto otherWatch = otherElement->watchUserMoves();
+        watch = watched(usersWindow);
+        const auto otherWatch = watched(otherWindow);
         move();
         ASSERT_TRUE(hasLeft(users, before));
         desk.drag(other, {desk.frame(other).minX() + 30, 400});
@@ -89,7 +94,7 @@ TEST_P(UserMove, IsToldFromThatOfAProgram) {
     }
     desk.probe.destroy(users);
     EXPECT_TRUE(eventually([&] { return !seenWindow(desk.connection(), users); }));
-    EXPECT_FALSE(usersElement->watchUserMoves());
+    EXPECT_FALSE(watched(usersWindow));
 }
 
 TEST_P(UserMove, JustAfterDockingIsLeftAloneWhileOthersArePutBack) {

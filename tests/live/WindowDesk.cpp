@@ -1,6 +1,7 @@
 #include "tests/live/WindowDesk.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 
 namespace vantrel::live {
@@ -13,35 +14,25 @@ std::shared_ptr<X11Connection> connectTo(const PrivateDesk& desk) {
     return *connection;
 }
 
-std::optional<CapturedWindow> WindowDesk::capture(const std::string& title) {
-    const auto reading = accessibility.beginReading();
-    const auto onScreen = reading->onScreenWindows();
-    for (const auto& app : reading->runningApps()) {
-        for (const auto& window : reading->windows(app)) {
-            if (window.attributes.title != title) {
-                continue;
-            }
-            const auto entry = std::ranges::find_if(onScreen, [&](const WindowListEntry& listed) {
-                return listed.ownerPid == app.pid && listed.bounds == window.attributes.frame();
-            });
-            return CapturedWindow{.app = app,
-                                  .attributes = window.attributes,
-                                  .element = window.element,
-                                  .entry = entry == onScreen.end() ? std::nullopt : std::optional(*entry)};
-        }
-    }
-    return std::nullopt;
+std::optional<DeskWindow> WindowDesk::capture(const std::string& title) {
+    const DeskSnapshot snapshot = port.capture({});
+    const auto window = std::ranges::find(snapshot.windows, title, &DeskWindow::title);
+    return window == snapshot.windows.end() ? std::nullopt : std::optional(*window);
+}
+
+std::optional<DeskWindow> WindowDesk::look(WindowID window) {
+    return port.look(std::array{window}).front();
 }
 
 bool WindowDesk::awaitQuiet() {
     // One question gives up sooner than a busy machine may take to answer.
-    return connection().waitUntil([&] { return accessibility.awaitQuiet(); });
+    return connection().waitUntil([&] { return port.awaitQuiet(); });
 }
 
-CapturedWindow WindowDesk::captured(const std::string& title) {
-    std::optional<CapturedWindow> window;
+DeskWindow WindowDesk::captured(const std::string& title) {
+    std::optional<DeskWindow> window;
     const bool isThere = connection().waitUntil([&] {
-        window = accessibility.awaitQuiet() ? capture(title) : std::nullopt;
+        window = port.awaitQuiet() ? capture(title) : std::nullopt;
         return window.has_value();
     });
     if (!isThere) {

@@ -1,7 +1,7 @@
 // A private desk with the adapters under test on it, for the tests of windows.
 #pragma once
 
-#include "Vantrel/platform/x11/X11Accessibility.h"
+#include "Vantrel/platform/x11/X11Desk.h"
 #include "tests/live/VantrelDesk.h"
 #include "tools/desk/ProbeClient.h"
 
@@ -14,30 +14,26 @@ namespace vantrel::live {
 // Throws std::runtime_error with a sentence.
 [[nodiscard]] std::shared_ptr<X11Connection> connectTo(const PrivateDesk& desk);
 
-struct CapturedWindow {
-    RunningApp app;
-    WindowAttributes attributes;
-    std::shared_ptr<WindowElement> element;
-    // From the on-screen list: the entry with the same owner and bounds.
-    std::optional<WindowListEntry> entry;
-};
-
 struct WindowDesk : VantrelDesk {
     using VantrelDesk::VantrelDesk;
 
     std::shared_ptr<X11Connection> x11 = connectTo(*this);
-    X11Accessibility accessibility{x11};
+    std::shared_ptr<X11Context> context = std::make_shared<X11Context>(x11);
+    X11Desk port{context};
     ProbeClient probe{display()};
 
     // One whole capture; none when it has no window of that title.
-    [[nodiscard]] std::optional<CapturedWindow> capture(const std::string& title);
+    [[nodiscard]] std::optional<DeskWindow> capture(const std::string& title);
+
+    // The window as it is now; none when it is gone.
+    [[nodiscard]] std::optional<DeskWindow> look(WindowID window);
 
     // Returns once the window manager has handled all that was sent before; false when it never does.
     [[nodiscard]] bool awaitQuiet();
 
     // What is captured once the window manager has seen all that was sent before. Throws when it has no such
     // window.
-    [[nodiscard]] CapturedWindow captured(const std::string& title);
+    [[nodiscard]] DeskWindow captured(const std::string& title);
 
     // Asks the window manager to add or take away states of the window, two at most ("SHADED"), and waits
     // until it has.

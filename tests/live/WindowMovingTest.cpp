@@ -8,6 +8,7 @@
 #include <chrono>
 #include <csignal>
 #include <gmock/gmock.h>
+#include <iterator>
 #include <thread>
 
 namespace vantrel::live {
@@ -18,19 +19,6 @@ const std::vector<std::string> maximized{"MAXIMIZED_VERT", "MAXIMIZED_HORZ"};
 // The source of a request, as EWMH counts them.
 constexpr std::uint32_t fromPager = 2;
 
-bool move(const CapturedWindow& window, const Rect& frame) {
-    const std::array<FrameWrite, 3> writes{frame.origin, frame.size, frame.origin};
-    const auto results = window.element->write(writes);
-    EXPECT_EQ(results.size(), writes.size());
-    EXPECT_EQ(results.front(), results.back());
-    return results.front();
-}
-
-bool moveTo(const CapturedWindow& window, Point position) {
-    const std::array<FrameWrite, 1> writes{position};
-    return window.element->write(writes).front();
-}
-
 double secondsOf(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
@@ -39,10 +27,25 @@ double secondsOf(const std::function<void()>& work) {
 
 class MovingWindowsUnder : public WindowsUnder {
 protected:
-    void expectMoved(const CapturedWindow& window, xcb_window_t client, const Rect& target) {
-        EXPECT_TRUE(move(window, target));
+    WindowOutcome arrange(const WindowOrder& order) {
+        return desk.port.arrange(std::array{order}, MovePermit()).front();
+    }
+
+    WindowOutcome move(const DeskWindow& window, const Rect& frame) {
+        return arrange({.window = window.id, .target = {.position = frame.origin, .size = frame.size}});
+    }
+
+    bool moveTo(const DeskWindow& window, Point position) {
+        return arrange({.window = window.id, .target = {.position = position}}).isTaken;
+    }
+
+    bool raise(const DeskWindow& window) {
+        return arrange({.window = window.id, .target = {}, .raises = true}).isTaken;
+    }
+
+    void expectMoved(const DeskWindow& window, xcb_window_t client, const Rect& target) {
+        EXPECT_EQ(move(window, target), (WindowOutcome{.isTaken = true, .frame = target}));
         EXPECT_EQ(desk.frame(client), target);
-        EXPECT_EQ(window.element->read(AttributeGroup::frame).frame(), target);
     }
 
     bool isMaximized(xcb_window_t client) {
@@ -71,35 +74,34 @@ TEST_P(MovingWindowsUnder, AMoveIsExactWhateverTheWindowsGravity) {
 TEST_P(MovingWindowsUnder, AShadowThatTheProgramDrawsIsNotPartOfTheFrame) {
     const auto client = desk.probe.show({.title = "shadow", .shadow = 26});
     const auto window = desk.captured("shadow");
-    EXPECT_EQ(window.attributes.frame(), desk.frame(client));
+    EXPECT_EQ(window.frame, desk.frame(client));
     expectMoved(window, client, {{1400, 100}, {640, 480}});
     EXPECT_EQ(seenWindow(desk.connection(), client)->clientArea, (Rect{{1374, 74}, {692, 532}}));
 
     // The environment variable makes any GTK 3 program draw its own decoration and shadow.
     desk.start({"galculator"}, {"GTK_CSD=1"});
-    ASSERT_TRUE(eventually([&] { return desk.captured("galculator").entry.has_value(); }));
+    ASSERT_TRUE(eventually([&] { return desk.captured("galculator").states.isOnScreen; }));
     // It may still be choosing its size.
     desk.awaitStill();
     const auto calculator = desk.captured("galculator");
     EXPECT_TRUE(moveTo(calculator, {1500, 150}));
-    EXPECT_EQ(calculator.element->read(AttributeGroup::frame).frame(),
-              (Rect{{1500, 150}, calculator.attributes.size.value()}));
+    EXPECT_EQ(desk.look(calculator.id)->frame, (Rect{{1500, 150}, calculator.frame->size}));
 }
 
 TEST_P(MovingWindowsUnder, AProgramThatCanOnlyStandAFewPixelsOffHasArrived) {
     desk.open({"xterm", "-T", "terminal"});
     const auto terminal = desk.captured("terminal");
     const Rect target{{1400, 100}, {503, 401}};
-    EXPECT_TRUE(move(terminal, target));
-    const auto frame = terminal.element->read(AttributeGroup::frame).frame().value_or(Rect{});
+    const auto [isTaken, there] = move(terminal, target);
+    EXPECT_TRUE(isTaken);
+    const Rect frame = there.value_or(Rect{});
     EXPECT_EQ(frame.origin, target.origin);
     EXPECT_TRUE(approxEqual(frame, target, 20));
-    EXPECT_TRUE(move(terminal, target)) << "standing there already, as close as it gets";
+    EXPECT_TRUE(move(terminal, target).isTaken) << "standing there already, as close as it gets";
 
     desk.probe.show({.title = "limited", .minSize = 200, .maxSize = 500});
     const auto limited = desk.captured("limited");
-    EXPECT_TRUE(move(limited, {{1400, 100}, {900, 100}}));
-    EXPECT_EQ(limited.element->read(AttributeGroup::frame).position, (Point{1400, 100}));
+    EXPECT_EQ(move(limited, {{1400, 100}, {900, 100}}).frame->origin, (Point{1400, 100}));
 }
 
 TEST_P(MovingWindowsUnder, WhatIsAlreadySoIsLeftAlone) {
@@ -109,7 +111,7 @@ TEST_P(MovingWindowsUnder, WhatIsAlreadySoIsLeftAlone) {
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(xcb, client, XCB_CW_EVENT_MASK, &events);
     desk.probe.connection().finish();
-    EXPECT_TRUE(move(window, window.attributes.frame().value()));
+    EXPECT_TRUE(move(window, window.frame.value()).isTaken);
     EXPECT_TRUE(desk.awaitQuiet());
     desk.probe.connection().finish();
     while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(xcb)}) {
@@ -145,7 +147,7 @@ TEST_P(MovingWindowsUnder, AFullScreenWindowIsNotDisturbedAndARolledUpOneUnrolls
     const auto film = desk.probe.show({.title = "film"});
     desk.setStates(film, {"FULLSCREEN"}, true);
     const auto before = desk.frame(film);
-    EXPECT_FALSE(move(desk.captured("film"), {{1400, 100}, {500, 400}}));
+    EXPECT_FALSE(move(desk.captured("film"), {{1400, 100}, {500, 400}}).isTaken);
     EXPECT_TRUE(desk.awaitQuiet());
     EXPECT_EQ(desk.frame(film), before);
     EXPECT_TRUE(desk.hasState(film, "FULLSCREEN"));
@@ -155,7 +157,7 @@ TEST_P(MovingWindowsUnder, AFullScreenWindowIsNotDisturbedAndARolledUpOneUnrolls
     const auto window = desk.captured("rolled");
     EXPECT_TRUE(moveTo(window, {1400, 100}));
     desk.setStates(rolled, {"SHADED"}, false);
-    EXPECT_EQ(desk.frame(rolled), (Rect{{1400, 100}, window.attributes.size.value()}));
+    EXPECT_EQ(desk.frame(rolled), (Rect{{1400, 100}, window.frame->size}));
 }
 
 TEST_P(MovingWindowsUnder, AStoppedProgramIsMovedAllTheSame) {
@@ -168,7 +170,7 @@ TEST_P(MovingWindowsUnder, AStoppedProgramIsMovedAllTheSame) {
 }
 
 TEST_P(MovingWindowsUnder, AStoppedWindowManagerCostsOneSecondAndIsReported) {
-    std::vector<CapturedWindow> windows;
+    std::vector<DeskWindow> windows;
     for (const char* const title : {"one", "two", "three", "four", "five", "six"}) {
         desk.probe.show({.title = title});
         windows.push_back(desk.captured(title));
@@ -202,7 +204,7 @@ TEST_P(MovingWindowsUnder, AProgramKilledUnderTheMoveIsReported) {
             worst = std::max(worst, secondsOf([&] { isTaken = moveTo(window, there); }));
         }
         EXPECT_FALSE(isTaken);
-        EXPECT_EQ(window.element->read(AttributeGroup::all), WindowAttributes{});
+        EXPECT_FALSE(desk.look(window.id));
         return worst < limit;
     }));
 }
@@ -210,7 +212,7 @@ TEST_P(MovingWindowsUnder, AProgramKilledUnderTheMoveIsReported) {
 TEST_P(MovingWindowsUnder, FiftyWindowsMoveAtTheSameTimeSomeToTheSamePlace) {
     constexpr std::size_t count = 50;
     std::vector<xcb_window_t> clients;
-    std::vector<CapturedWindow> windows;
+    std::vector<DeskWindow> windows;
     std::vector<Rect> targets;
     for (std::size_t i = 0; i < count; ++i) {
         const auto title = "window " + std::to_string(i);
@@ -220,14 +222,14 @@ TEST_P(MovingWindowsUnder, FiftyWindowsMoveAtTheSameTimeSomeToTheSamePlace) {
         targets.push_back(i % 5 == 0 ? Rect{{1400, 200}, {300, 200}}
                                      : Rect{{1300 + 20 * step, 50 + 10 * step}, {250 + step, 220 - step}});
     }
-    std::vector<std::jthread> workers;
+    std::vector<WindowOrder> orders;
+    std::vector<WindowOutcome> expected;
     for (std::size_t i = 0; i < count; ++i) {
-        workers.emplace_back([&, i] {
-            EXPECT_TRUE(move(windows[i], targets[i])) << i;
-            EXPECT_EQ(windows[i].element->read(AttributeGroup::frame).frame(), targets[i]) << i;
-        });
+        orders.push_back(
+            {.window = windows[i].id, .target = {.position = targets[i].origin, .size = targets[i].size}});
+        expected.push_back({.isTaken = true, .frame = targets[i]});
     }
-    workers.clear();
+    EXPECT_EQ(desk.port.arrange(orders, MovePermit()), expected);
     EXPECT_EQ(desk.frames(clients), targets);
 }
 
@@ -249,8 +251,12 @@ TEST_P(MovingWindowsUnder, RaisedWindowsLieInTheOrderOfTheirRaisesAndTheFocusSta
     }));
     // Panels stay in front of all.
     const DockWindow panel(desk.connection(), right, DockEdge::top, 40);
+    std::vector<WindowOrder> raises;
     for (const char* const title : {"three", "one", "four", "two"}) {
-        EXPECT_TRUE(desk.captured(title).element->raise());
+        raises.push_back({.window = desk.captured(title).id, .target = {}, .raises = true});
+    }
+    for (const auto& [isTaken, frame] : desk.port.arrange(raises, MovePermit())) {
+        EXPECT_TRUE(isTaken);
     }
     // Twice: a change of the focus reaches the window manager as an event after its own request.
     EXPECT_TRUE(desk.awaitQuiet() && desk.awaitQuiet());
@@ -261,16 +267,13 @@ TEST_P(MovingWindowsUnder, RaisedWindowsLieInTheOrderOfTheirRaisesAndTheFocusSta
     }
     EXPECT_EQ(frontToBack, order);
     EXPECT_TRUE(isActive(clients[3]));
-    std::vector<Rect> listed;
-    for (const auto& entry : desk.accessibility.beginReading()->onScreenWindows()) {
-        EXPECT_EQ(entry.layer == normalWindowLayer, !listed.empty()) << "the panel has its own";
-        listed.push_back(entry.bounds.value());
-    }
-    EXPECT_EQ(listed, desk.frames(order));
+    std::vector<std::string> titles;
+    std::ranges::transform(desk.port.capture({}).windows, std::back_inserter(titles), &DeskWindow::title);
+    EXPECT_THAT(titles, testing::ElementsAre("two", "four", "one", "three"));
 }
 
 TEST(MovingWindows, ALostServerIsReportedAndNobodyHangs) {
-    std::optional<CapturedWindow> window;
+    std::optional<DeskWindow> window;
     std::shared_ptr<X11Connection> connection;
     std::atomic<bool> isTold = false;
     [[maybe_unused]] Registration loss;
@@ -284,13 +287,13 @@ TEST(MovingWindows, ALostServerIsReportedAndNobodyHangs) {
     }
     ASSERT_TRUE(waitUntil([&] { return isTold.load(); }));
     EXPECT_FALSE(connection->isConnected());
-    EXPECT_FALSE(moveTo(*window, {5, 5}));
-    EXPECT_EQ(window->element->read(AttributeGroup::all), WindowAttributes{});
-    EXPECT_FALSE(window->element->raise());
-    X11Accessibility accessibility(connection);
-    EXPECT_FALSE(accessibility.isTrusted());
-    EXPECT_FALSE(accessibility.awaitQuiet());
-    EXPECT_TRUE(accessibility.beginReading()->onScreenWindows().empty());
+    X11Desk port(std::make_shared<X11Context>(connection));
+    const WindowOrder order{.window = window->id, .target = {.position = Point{5, 5}}, .raises = true};
+    EXPECT_EQ(port.arrange(std::array{order}, MovePermit()), std::vector{WindowOutcome()});
+    EXPECT_FALSE(port.look(std::array{window->id}).front());
+    EXPECT_FALSE(port.isTrusted());
+    EXPECT_FALSE(port.awaitQuiet());
+    EXPECT_TRUE(port.capture({}).windows.empty());
 }
 
 } // namespace

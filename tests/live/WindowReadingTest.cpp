@@ -20,19 +20,20 @@ TEST_P(ReadingWindowsUnder, RealProgramsHaveTheFramesThatTheServerShows) {
         const auto client = desk.open({name}).client;
         // A program may still be choosing its title and its size.
         std::optional<SeenWindow> seen;
-        std::optional<CapturedWindow> window;
+        std::optional<DeskWindow> window;
         EXPECT_TRUE(eventually([&] {
             seen = seenWindow(desk.connection(), client);
             window = seen ? desk.capture(seen->title) : std::nullopt;
-            return window && window->entry && window->attributes.frame() == seen->frame;
+            return window && window->states.isOnScreen && window->frame == seen->frame;
         }));
         ASSERT_TRUE(window);
-        EXPECT_EQ(window->attributes.subrole, standardWindowSubrole);
-        EXPECT_EQ(window->attributes.isMinimized, false);
-        EXPECT_EQ(window->app.pid, static_cast<std::int32_t>(seen->pid));
-        EXPECT_EQ(window->app.policy, ActivationPolicy::regular);
-        EXPECT_THAT(window->app.bundleID.value_or(""), testing::HasSubstr(name));
-        EXPECT_EQ(window->element->read(AttributeGroup::all), window->attributes);
+        EXPECT_EQ(window->kind, WindowKind::ordinary);
+        EXPECT_FALSE(window->states.isMinimized);
+        EXPECT_EQ(window->pid, static_cast<std::int32_t>(seen->pid));
+        EXPECT_THAT(window->bundleID, testing::HasSubstr(name));
+        auto again = desk.look(window->id);
+        ASSERT_TRUE(again);
+        EXPECT_EQ(*again, *window);
     }
 }
 
@@ -43,18 +44,22 @@ TEST_P(ReadingWindowsUnder, KindsOfWindowsAreToldApart) {
     desk.probe.show({.title = "toolbox", .type = "UTILITY"});
     desk.probe.show({.title = "panel", .wmClass = "Panel", .area = {{0, 0}, {1280, 30}}, .type = "DOCK"});
     desk.probe.show({.title = "backdrop", .wmClass = "Backdrop", .type = "DESKTOP"});
-    const std::vector<std::pair<std::string, std::string>> subroles{
-        {"normal", "AXStandardWindow"},  {"dialog", "AXDialog"}, {"transient", "AXDialog"},
-        {"toolbox", "AXFloatingWindow"}, {"panel", "AXUnknown"}, {"backdrop", "AXUnknown"},
-    };
-    for (const auto& [title, subrole] : subroles) {
-        EXPECT_EQ(desk.captured(title).attributes.subrole, subrole) << title;
+    const std::vector<std::pair<std::string, WindowKind>> kinds{{"normal", WindowKind::ordinary},
+                                                                {"dialog", WindowKind::panel},
+                                                                {"transient", WindowKind::panel},
+                                                                {"toolbox", WindowKind::panel}};
+    for (const auto& [title, kind] : kinds) {
+        EXPECT_EQ(desk.captured(title).kind, kind) << title;
     }
     // None of them states a process: it is the one that the server knows.
-    EXPECT_EQ(desk.captured("normal").app.pid, getpid());
-    EXPECT_EQ(desk.captured("normal").entry->layer, normalWindowLayer);
-    EXPECT_EQ(desk.captured("panel").app.policy, ActivationPolicy::accessory);
-    EXPECT_FALSE(desk.captured("backdrop").entry) << "the background is not in the list";
+    EXPECT_EQ(desk.captured("normal").pid, getpid());
+    const auto snapshot = desk.port.capture({});
+    EXPECT_EQ(snapshot.windows.size(), kinds.size())
+        << "neither the panel nor the backdrop is a window of an application";
+    for (const RunningApp& app : snapshot.apps) {
+        EXPECT_EQ(app.policy == ActivationPolicy::accessory,
+                  app.bundleID == "panel" || app.bundleID == "backdrop");
+    }
 }
 
 TEST_P(ReadingWindowsUnder, OnlyWhatIsOnScreenIsInTheList) {
@@ -74,27 +79,50 @@ TEST_P(ReadingWindowsUnder, OnlyWhatIsOnScreenIsInTheList) {
 
     EXPECT_TRUE(eventually([&] {
         const auto window = desk.capture("minimized");
-        return window && window->attributes.isMinimized == true && !window->entry;
+        return window && window->states.isMinimized && !window->states.isOnScreen;
     }));
-    EXPECT_TRUE(eventually([&] { return !desk.captured("elsewhere").entry; }));
-    EXPECT_EQ(desk.captured("elsewhere").attributes.isMinimized, false);
+    EXPECT_TRUE(eventually([&] { return !desk.captured("elsewhere").states.isOnScreen; }));
+    EXPECT_FALSE(desk.captured("elsewhere").states.isMinimized);
+    EXPECT_EQ(desk.captured("elsewhere").states.desktop, 1);
     EXPECT_TRUE(eventually([&] {
         const auto workspace = server.values(everywhere, "_NET_WM_DESKTOP");
         return !workspace.empty() && workspace.front() > 1;
     }));
-    EXPECT_TRUE(desk.captured("everywhere").entry);
-    EXPECT_EQ(desk.captured("full").attributes.isFullscreen, true);
-    EXPECT_TRUE(desk.captured("rolled").entry);
-    EXPECT_EQ(desk.captured("rolled").attributes.isMinimized, false);
+    EXPECT_TRUE(desk.captured("everywhere").states.isOnScreen);
+    EXPECT_TRUE(desk.captured("full").states.isFullscreen);
+    EXPECT_TRUE(desk.captured("rolled").states.isOnScreen);
+    EXPECT_FALSE(desk.captured("rolled").states.isMinimized);
 }
 
 TEST_P(ReadingWindowsUnder, OneProcessWithTwoIdentitiesIsTwoApplications) {
     desk.probe.show({.title = "mail", .wmClass = "Mail", .pid = 4711});
     desk.probe.show({.title = "pad", .wmClass = "Mousepad", .pid = 4711});
-    EXPECT_EQ(desk.captured("mail").app, (RunningApp{4711, ActivationPolicy::regular, "mail", "Mail"}));
     // The second has a desktop file.
-    EXPECT_EQ(desk.captured("pad").app,
-              (RunningApp{4711, ActivationPolicy::regular, "org.xfce.mousepad", "Mousepad"}));
+    std::ignore = desk.captured("pad");
+    EXPECT_THAT(desk.port.capture({}).apps,
+                testing::UnorderedElementsAre(
+                    RunningApp{4711, ActivationPolicy::regular, "mail", "Mail"},
+                    RunningApp{4711, ActivationPolicy::regular, "org.xfce.mousepad", "Mousepad"}));
+}
+
+TEST_P(ReadingWindowsUnder, TwinsKeepTheirPlacesInTheStack) {
+    const Rect area{{100, 100}, {400, 300}};
+    std::vector<WindowID> backToFront;
+    for (const char* const title : {"one", "two", "three"}) {
+        const auto client = desk.probe.show({.title = title, .area = area});
+        desk.place(client, {{200, 200}, desk.frame(client).size});
+        backToFront.push_back(desk.captured(title).id);
+    }
+    // The rearmost comes to the front.
+    std::ranges::rotate(backToFront, backToFront.begin() + 1);
+    const WindowOrder raise{.window = backToFront.back(), .target = {}, .raises = true};
+    EXPECT_TRUE(desk.port.arrange(std::array{raise}, MovePermit()).front().isTaken);
+    EXPECT_TRUE(desk.awaitQuiet());
+    std::vector<WindowID> captured;
+    for (const DeskWindow& window : desk.port.capture({}).windows) {
+        captured.insert(captured.begin(), window.id);
+    }
+    EXPECT_EQ(captured, backToFront);
 }
 
 TEST_P(ReadingWindowsUnder, HostilePropertiesAreSurvived) {
@@ -108,16 +136,14 @@ TEST_P(ReadingWindowsUnder, HostilePropertiesAreSurvived) {
     probe.setText(client, "_KDE_NET_WM_DESKTOP_FILE", "UTF8_STRING", std::string(9000, '/'));
     probe.map(client);
     EXPECT_TRUE(desk.awaitQuiet());
-    const auto reading = desk.accessibility.beginReading();
-    ASSERT_EQ(reading->runningApps().size(), 1U);
-    EXPECT_EQ(reading->runningApps().front().pid, getpid());
-    const auto windows = reading->windows(reading->runningApps().front());
+    const auto windows = desk.port.capture({}).windows;
     ASSERT_EQ(windows.size(), 1U);
-    const auto& attributes = windows.front().attributes;
-    EXPECT_THAT(attributes.title.value_or(""), testing::StartsWith("bad \xef\xbf\xbd bytesxxx"));
-    EXPECT_LE(attributes.title->size(), 5000U);
-    EXPECT_EQ(attributes.subrole, standardWindowSubrole);
-    const auto frame = attributes.frame().value_or(Rect{});
+    const DeskWindow& window = windows.front();
+    EXPECT_EQ(window.pid, getpid());
+    EXPECT_THAT(window.title, testing::StartsWith("bad \xef\xbf\xbd bytesxxx"));
+    EXPECT_LE(window.title.size(), 5000U);
+    EXPECT_EQ(window.kind, WindowKind::ordinary);
+    const auto frame = window.frame.value_or(Rect{});
     const auto area = seenWindow(desk.connection(), client)->clientArea;
     constexpr double widestDecoration = 100;
     EXPECT_EQ(intersection(frame, area), area);
@@ -125,7 +151,7 @@ TEST_P(ReadingWindowsUnder, HostilePropertiesAreSurvived) {
 }
 
 TEST_P(ReadingWindowsUnder, AWindowThatIsGoneReadsAsNothingAlsoWhenAnotherGetsItsId) {
-    std::optional<CapturedWindow> first;
+    std::optional<DeskWindow> first;
     xcb_window_t id = XCB_WINDOW_NONE;
     {
         ProbeClient passing(desk.display());
@@ -133,35 +159,34 @@ TEST_P(ReadingWindowsUnder, AWindowThatIsGoneReadsAsNothingAlsoWhenAnotherGetsIt
         first = desk.captured("first");
     }
     ASSERT_TRUE(eventually([&] { return !desk.capture("first"); }));
-    EXPECT_EQ(first->element->read(AttributeGroup::all), WindowAttributes{});
+    EXPECT_FALSE(desk.look(first->id));
 
     ProbeClient later(desk.display());
     ASSERT_EQ(later.show({.title = "second"}), id) << "the server hands ids out again";
-    EXPECT_EQ(first->element->read(AttributeGroup::all), WindowAttributes{}) << "before its first capture";
+    EXPECT_FALSE(desk.look(first->id)) << "before its first capture";
     std::ignore = desk.captured("second");
-    EXPECT_EQ(first->element->read(AttributeGroup::frame), WindowAttributes{}) << "after it";
+    EXPECT_FALSE(desk.look(first->id)) << "after it";
     const auto frame = desk.frame(id);
-    const std::array<FrameWrite, 1> write{Point{700, 500}};
-    EXPECT_THAT(first->element->write(write), testing::ElementsAre(false));
-    EXPECT_FALSE(first->element->raise());
+    const WindowOrder order{.window = first->id, .target = {.position = Point{700, 500}}, .raises = true};
+    EXPECT_EQ(desk.port.arrange(std::array{order}, MovePermit()), std::vector{WindowOutcome()});
     EXPECT_TRUE(desk.awaitQuiet());
     EXPECT_EQ(desk.frame(id), frame);
 }
 
 TEST(ReadingWindows, WithoutAWindowManagerTheDeskIsReadableButNotTrusted) {
     WindowDesk desk("openbox");
-    EXPECT_TRUE(desk.accessibility.isTrusted());
+    EXPECT_TRUE(desk.port.isTrusted());
     desk.endWindowManager();
-    EXPECT_TRUE(waitUntil([&] { return !desk.accessibility.isTrusted(); }));
+    EXPECT_TRUE(waitUntil([&] { return !desk.port.isTrusted(); }));
     const auto window = desk.probe.create({.title = "bare"});
     // Until the server has noticed that the window manager is gone, it still leaves the mapping to that one.
     EXPECT_TRUE(waitUntil([&] {
         xcb_map_window(desk.probe.connection().xcb(), window);
         desk.probe.connection().finish();
-        return desk.accessibility.beginReading()->onScreenWindows().size() == 1;
+        return desk.port.capture({}).windows.size() == 1;
     }));
     desk.startWindowManager("xfwm4");
-    EXPECT_TRUE(desk.accessibility.isTrusted());
+    EXPECT_TRUE(desk.port.isTrusted());
 }
 
 } // namespace

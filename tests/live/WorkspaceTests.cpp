@@ -38,7 +38,7 @@ protected:
     int argumentCount = 0;
     QCoreApplication application{argumentCount, nullptr};
     QtMainQueue queue;
-    X11Workspace workspace{std::make_shared<X11Desk>(desk.x11), queue};
+    X11Workspace workspace{desk.context, queue};
 };
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, WorkspaceUnder, windowManagers(), windowManagerName);

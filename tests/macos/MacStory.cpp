@@ -72,7 +72,7 @@ std::map<std::string, Rect> MacStory::frames() const {
 
 void MacStory::start() {
     auto created = AppController::create(
-        {.accessibility = m_accessibility,
+        {.desk = m_desk,
          .displays = m_displayServices,
          .workspace = workspace,
          .systemEvents = system,

@@ -50,6 +50,7 @@ private:
     std::map<std::string, std::shared_ptr<Element>> m_windows;
     MacUserDefaults m_defaults{time};
     MacAccessibility m_accessibility{[this] { return m_apps; }};
+    AccessibilityDesk m_desk{m_accessibility, time};
     MacDisplayServices m_displayServices;
     CarbonHotKeys m_hotKeys;
 };

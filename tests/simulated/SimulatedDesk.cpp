@@ -31,6 +31,11 @@ class SimulatedDesk::Element final : public WindowElement {
 public:
     Element(SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id) {}
 
+    [[nodiscard]] bool isSameWindow(const WindowElement& other) const override {
+        const auto* const element = dynamic_cast<const Element*>(&other);
+        return element != nullptr && element->m_id == m_id;
+    }
+
     [[nodiscard]] WindowAttributes read(AttributeGroup group) override {
         if (!m_desk.awaitReply(m_id)) {
             return {};
@@ -202,14 +207,10 @@ private:
 
 SimulatedDesk::SimulatedDesk(SimulatedTime& time, const DeskSetup& setup)
     : m_time(time), m_displays(setup.displays), m_accessibility(std::make_unique<AccessibilityPort>(*this)),
-      m_displayPort(std::make_unique<DisplayPort>(*this)) {}
+      m_port(*m_accessibility, time), m_displayPort(std::make_unique<DisplayPort>(*this)) {}
 
 SimulatedDesk::~SimulatedDesk() {
     m_time.endJobs();
-}
-
-Accessibility& SimulatedDesk::accessibility() {
-    return *m_accessibility;
 }
 
 DisplayServices& SimulatedDesk::displayServices() {
@@ -289,7 +290,7 @@ std::vector<std::int32_t> SimulatedDesk::pidsOf(const std::string& bundleID) con
 WindowID SimulatedDesk::open(std::int32_t pid, const std::string& title, const Rect& frame,
                              const WindowBehaviour& behaviour) {
     auto window = std::make_unique<SimulatedWindow>();
-    window->id = m_nextWindow++;
+    window->id = WindowID{++m_lastWindow};
     window->pid = pid;
     window->title = title;
     window->frame = frame;

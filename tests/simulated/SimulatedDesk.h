@@ -1,7 +1,7 @@
 // A whole desk behind the ports, on virtual time: displays that change in bursts of events, a window manager
 // that moves windows itself, and applications that clamp, drift, refuse, respond late or vanish.
 //
-// The program under test uses only accessibility() and displayServices(). With everything else, the test acts
+// The program under test uses only port() and displayServices(). With everything else, the test acts
 // as the user, the cables and the applications.
 #pragma once
 
@@ -9,8 +9,8 @@
 #include "tests/simulated/SimulatedTime.h"
 #include "tests/simulated/SimulatedWindow.h"
 
-#include "VantrelCore/ports/Accessibility.h"
 #include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/windows/AccessibilityDesk.h"
 
 #include <functional>
 #include <memory>
@@ -44,7 +44,7 @@ public:
     SimulatedDesk& operator=(const SimulatedDesk&) = delete;
 
     // The ports.
-    [[nodiscard]] Accessibility& accessibility();
+    [[nodiscard]] Desk& port() { return m_port; }
     [[nodiscard]] DisplayServices& displayServices();
 
     // Displays. The change begins now; the new set is active from the middle of the burst.
@@ -129,7 +129,7 @@ private:
     std::vector<App> m_apps;
     std::vector<std::unique_ptr<SimulatedWindow>> m_windows;
     std::int32_t m_nextPid = 100;
-    WindowID m_nextWindow = 1;
+    std::uint64_t m_lastWindow = 0;
     std::uint64_t m_changes = 0;
     bool m_isTrusted = true;
     std::function<void()> m_reconfigurationHandler;
@@ -137,6 +137,7 @@ private:
     std::vector<WindowID> m_drags;
     std::vector<double> m_captures;
     std::unique_ptr<AccessibilityPort> m_accessibility;
+    AccessibilityDesk m_port;
     std::unique_ptr<DisplayPort> m_displayPort;
     // Expires with the desk, so that scheduled work does nothing after it.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

@@ -1,6 +1,7 @@
 // A window of the simulated desk: its frame, and how its application reacts to requests.
 #pragma once
 
+#include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/model/Geometry.h"
 #include "VantrelCore/ports/WindowElement.h"
 
@@ -9,8 +10,6 @@
 #include <string>
 
 namespace vantrel::simulated {
-
-using WindowID = std::uint64_t;
 
 struct WindowBehaviour {
     // The kind of window, as in macOS Accessibility.
@@ -31,7 +30,7 @@ struct WindowBehaviour {
 };
 
 struct SimulatedWindow {
-    WindowID id = 0;
+    WindowID id{};
     std::int32_t pid = 0;
     std::string title;
     Rect frame;

@@ -59,6 +59,11 @@ PreparedWrite prepare(const FrameWrite& write) {
 MacWindowElement::MacWindowElement(CFRef<AXUIElementRef> element, std::shared_ptr<MacApplication> application)
     : m_element(std::move(element)), m_application(std::move(application)) {}
 
+bool MacWindowElement::isSameWindow(const WindowElement& other) const {
+    const auto* const mac = dynamic_cast<const MacWindowElement*>(&other);
+    return mac != nullptr && CFEqual(m_element.get(), mac->m_element.get()) != 0;
+}
+
 WindowAttributes MacWindowElement::read(AttributeGroup group) {
     const auto names = attributeNames();
     const auto asked = std::span(names).first(group == AttributeGroup::all ? allCount : frameCount);

@@ -13,6 +13,8 @@ public:
     // `application` owns the window and must not be null.
     MacWindowElement(CFRef<AXUIElementRef> element, std::shared_ptr<MacApplication> application);
 
+    [[nodiscard]] bool isSameWindow(const WindowElement& other) const override;
+
     // Takes one exchange, or one per attribute if the application does not support batches.
     [[nodiscard]] WindowAttributes read(AttributeGroup group) override;
 

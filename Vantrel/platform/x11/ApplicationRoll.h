@@ -1,7 +1,7 @@
 // Remembers which applications have windows, to detect new ones.
 #pragma once
 
-#include "VantrelCore/ports/Accessibility.h"
+#include "VantrelCore/model/DeskSnapshot.h"
 
 #include <cstdint>
 #include <functional>

@@ -39,18 +39,6 @@ Rect visibleFrame(const FrameParts& parts) {
              client.height() + top + decoration.bottom - shadow.bottom}};
 }
 
-FrameTarget coalesce(std::span<const FrameWrite> writes) {
-    FrameTarget target;
-    for (const auto& write : writes) {
-        if (const auto* position = std::get_if<Point>(&write)) {
-            target.position = *position;
-        } else if (const auto* size = std::get_if<Size>(&write)) {
-            target.size = *size;
-        }
-    }
-    return target;
-}
-
 bool isAt(const FrameTarget& target, const Rect& frame) {
     return isNear(target, frame, pixelTolerance);
 }

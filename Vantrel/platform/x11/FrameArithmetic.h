@@ -1,7 +1,7 @@
 // Converts between X server geometry and the frame that the user sees.
 #pragma once
 
-#include "VantrelCore/ports/WindowElement.h"
+#include "VantrelCore/ports/Desk.h"
 
 #include <cstdint>
 #include <optional>
@@ -31,14 +31,6 @@ struct FrameParts {
     bool operator==(const FrameParts&) const = default;
 };
 
-// Where a window should be. An absent value leaves that part unchanged.
-struct FrameTarget {
-    std::optional<Point> position = std::nullopt;
-    std::optional<Size> size = std::nullopt;
-
-    bool operator==(const FrameTarget&) const = default;
-};
-
 // A move-resize request with gravity NorthWest: the outer position, including decoration and shadow, and the
 // client's size. Absent values are left out of the request.
 struct MoveResize {
@@ -54,9 +46,6 @@ namespace FrameArithmetic {
 
 // The frame that the user sees: includes the decoration but not the shadow.
 [[nodiscard]] Rect visibleFrame(const FrameParts& parts);
-
-// The frame that results from applying the writes in order.
-[[nodiscard]] FrameTarget coalesce(std::span<const FrameWrite> writes);
 
 // Whether `frame` matches `target` to the pixel.
 [[nodiscard]] bool isAt(const FrameTarget& target, const Rect& frame);

@@ -1,52 +1,29 @@
 #include "Vantrel/platform/x11/WindowTraits.h"
 
-#include "VantrelCore/ports/Accessibility.h"
-
 namespace vantrel {
 
-namespace {
-
-constexpr std::int64_t dockLayer = 20;
-constexpr std::int64_t notificationLayer = 25;
-constexpr std::int64_t menuLayer = 101;
-
-} // namespace
-
-const char* WindowTraits::subrole() const {
+WindowKind WindowTraits::kind() const {
     if (isOverrideRedirect) {
-        return unknownWindowSubrole;
+        return WindowKind::other;
     }
     switch (type.value_or(isTransient ? WindowType::dialog : WindowType::normal)) {
     case WindowType::normal:
-        if (isModal) {
-            return dialogWindowSubrole;
-        }
-        return isSkipTaskbar ? floatingWindowSubrole : standardWindowSubrole;
+        return isModal || isSkipTaskbar ? WindowKind::panel : WindowKind::ordinary;
     case WindowType::dialog:
-        return dialogWindowSubrole;
     case WindowType::utility:
     case WindowType::toolbar:
-        return floatingWindowSubrole;
+        return WindowKind::panel;
     default:
-        return unknownWindowSubrole;
+        return WindowKind::other;
     }
 }
 
-std::optional<std::int64_t> WindowTraits::layer() const {
-    switch (type.value_or(WindowType::normal)) {
-    case WindowType::desktop:
-        return std::nullopt;
-    case WindowType::dock:
-        return dockLayer;
-    case WindowType::menu:
-        return menuLayer;
-    case WindowType::splash:
-    case WindowType::notification:
-    case WindowType::dragAndDrop:
-        return notificationLayer;
-    default:
-        return isOverrideRedirect ? menuLayer : normalWindowLayer;
-    }
+ActivationPolicy WindowTraits::policy() const {
+    const bool isDialog =
+        type.value_or(isTransient ? WindowType::dialog : WindowType::normal) == WindowType::dialog || isModal;
+    return kind() == WindowKind::ordinary || (kind() == WindowKind::panel && isDialog)
+               ? ActivationPolicy::regular
+               : ActivationPolicy::accessory;
 }
 
 } // namespace vantrel

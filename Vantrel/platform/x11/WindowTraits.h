@@ -1,15 +1,12 @@
 // A window's type and state, from its own and the window manager's properties.
 #pragma once
 
+#include "VantrelCore/model/DeskSnapshot.h"
+
 #include <cstdint>
 #include <optional>
 
 namespace vantrel {
-
-// The subroles of X11 windows besides the port's standard subrole.
-inline constexpr const char* dialogWindowSubrole = "AXDialog";
-inline constexpr const char* floatingWindowSubrole = "AXFloatingWindow";
-inline constexpr const char* unknownWindowSubrole = "AXUnknown";
 
 enum class WindowType : std::uint8_t {
     normal,
@@ -39,16 +36,16 @@ struct WindowTraits {
 
     bool operator==(const WindowTraits&) const = default;
 
-    // As in macOS Accessibility.
-    [[nodiscard]] const char* subrole() const;
+    [[nodiscard]] WindowKind kind() const;
+
+    // What a program with only this window is. Toolboxes and windows that stay out of the taskbar do not make
+    // it a regular one.
+    [[nodiscard]] ActivationPolicy policy() const;
 
     // metacity and marco also mark shaded windows as hidden, but those are on screen.
     [[nodiscard]] bool isMinimized() const { return isHidden && !isShaded; }
 
     [[nodiscard]] bool isMaximized() const { return isMaximizedHorizontally || isMaximizedVertically; }
-
-    // The layer in the on-screen window list. None for the desktop background, which is not in the list.
-    [[nodiscard]] std::optional<std::int64_t> layer() const;
 };
 
 } // namespace vantrel

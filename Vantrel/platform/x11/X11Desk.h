@@ -1,28 +1,44 @@
-// State shared by the accessibility adapter, its readings and its window elements.
+// The windows of an X server with an EWMH window manager.
 #pragma once
 
-#include "Vantrel/platform/x11/DesktopEntries.h"
-#include "Vantrel/platform/x11/WindowManager.h"
-#include "Vantrel/platform/x11/WindowManagerFence.h"
-#include "Vantrel/platform/x11/WindowMarks.h"
-#include "Vantrel/platform/x11/X11Connection.h"
+#include "Vantrel/platform/x11/X11Context.h"
+#include "VantrelCore/ports/Desk.h"
 
-#include <atomic>
 #include <memory>
+#include <span>
 #include <utility>
+#include <vector>
 
 namespace vantrel {
 
-struct X11Desk {
-    explicit X11Desk(std::shared_ptr<X11Connection> shared)
-        : connection(std::move(shared)), fence(connection) {}
+class X11Desk final : public Desk {
+public:
+    // `context` is shared with other adapters and never null.
+    explicit X11Desk(std::shared_ptr<X11Context> context) : m_context(std::move(context)) {}
 
-    std::shared_ptr<X11Connection> connection;
-    WindowManagerFence fence;
-    WindowMarks marks;
-    DesktopEntries desktopEntries;
-    // As found by the latest capture.
-    std::atomic<WindowManager> windowManager = WindowManager{};
+    // True while connected to a window manager that moves windows on request. X11 asks no user for
+    // permission.
+    [[nodiscard]] bool isTrusted() override;
+    bool prompt() override { return isTrusted(); }
+
+    // Two round trips.
+    [[nodiscard]] DeskSnapshot capture(const CaptureFilter& filter) override;
+
+    // One round trip.
+    [[nodiscard]] std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) override;
+
+    // Puts the requests for all windows in flight at once; see WindowWave.
+    [[nodiscard]] std::vector<WindowOutcome> arrange(std::span<const WindowOrder> orders,
+                                                     const MovePermit& permit) override;
+    bool awaitQuiet() override;
+    [[nodiscard]] std::vector<std::unique_ptr<UserMoveWatch>>
+    watchUserMoves(std::span<const WindowID> windows) override;
+
+private:
+    void raise(std::span<const WindowOrder> orders, const MovePermit& permit,
+               std::vector<WindowOutcome>& outcomes);
+
+    std::shared_ptr<X11Context> m_context;
 };
 
 } // namespace vantrel

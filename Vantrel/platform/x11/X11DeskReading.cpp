@@ -1,7 +1,7 @@
 #include "Vantrel/platform/x11/X11DeskReading.h"
 
 #include "Vantrel/platform/x11/WindowQuery.h"
-#include "Vantrel/platform/x11/X11WindowElement.h"
+#include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
 #include <bit>
@@ -11,7 +11,6 @@
 #include <ranges>
 #include <set>
 #include <span>
-#include <string_view>
 #include <utility>
 #include <xcb/res.h>
 
@@ -142,42 +141,35 @@ std::vector<xcb_window_t> topLevelWindows(const X11Connection& connection) {
     return {children.begin(), children.end()};
 }
 
-ActivationPolicy policyOf(const WindowTraits& traits) {
-    const std::string_view subrole = traits.subrole();
-    return subrole == standardWindowSubrole || subrole == dialogWindowSubrole ? ActivationPolicy::regular
-                                                                              : ActivationPolicy::accessory;
-}
-
 bool isSameApp(const RunningApp& a, const RunningApp& b) {
     return a.pid == b.pid && a.bundleID == b.bundleID;
 }
 
 } // namespace
 
-X11DeskReading::X11DeskReading(std::shared_ptr<X11Desk> desk) : m_desk(std::move(desk)) {
-    const X11Connection& connection = *m_desk->connection;
+X11DeskReading::X11DeskReading(std::shared_ptr<X11Context> context) : m_context(std::move(context)) {
+    const X11Connection& connection = *m_context->connection;
     connection.drainEvents();
     const Root root(connection);
     const auto checked = PropertyValues::number(root.check, XCB_ATOM_WINDOW).value_or(connection.root());
     const auto checkCookie = WindowManager::askCheck(connection, checked);
-    readWindows(root.stacking, root.currentDesktop);
+    readStack(root.stacking, root.currentDesktop);
     const auto check = ownReply(xcb_get_property_reply(connection.queryConnection(), checkCookie, nullptr));
     const auto windowManager = WindowManager::from(root.check, check, root.supported, connection.atoms());
     if (!windowManager.isPresent) {
         // The window lists are missing or stale.
-        readWindows(topLevelWindows(connection), std::nullopt);
+        readStack(topLevelWindows(connection), std::nullopt);
         std::erase_if(m_stacking, [](const Window& window) {
             return !window.facts.isViewable || window.facts.traits.isOverrideRedirect;
         });
     }
-    m_desk->windowManager = windowManager;
+    m_context->windowManager = windowManager;
     orderByAppearance(root.appearance);
 }
 
-void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
-                                 const std::optional<std::uint32_t>& currentDesktop) {
-    const X11Connection& connection = *m_desk->connection;
-    const auto asked = m_desk->marks.now();
+std::vector<X11DeskReading::Window> X11DeskReading::read(X11Context& context,
+                                                         std::span<const xcb_window_t> ids) {
+    const X11Connection& connection = *context.connection;
     std::optional<xcb_res_query_client_ids_cookie_t> pidsCookie;
     if (connection.extensions().clientPids) {
         pidsCookie = askPids(connection, ids);
@@ -191,32 +183,43 @@ void X11DeskReading::readWindows(const std::vector<xcb_window_t>& ids,
     // another round trip.
     xcb_flush(connection.queryConnection());
     const Pids pids = pidsCookie ? collectPids(connection, *pidsCookie) : Pids{};
-    m_stacking.clear();
-    m_stacking.reserve(ids.size());
+    std::vector<Window> windows;
+    windows.reserve(ids.size());
     for (auto& query : queries) {
         auto facts = query.collect();
         if (!facts) {
             continue;
         }
         Window window;
-        window.id = query.window();
+        window.window.window = query.window();
         window.facts = std::move(*facts);
-        const auto [mark, mustSelect] = m_desk->marks.assign(window.id, window.facts.isMarked, asked);
-        window.mark = mark;
-        if (mustSelect) {
-            xcb_change_window_attributes(connection.queryConnection(), window.id, XCB_CW_EVENT_MASK,
-                                         &WindowMarks::eventMask);
-        }
-        const auto identity = m_desk->desktopEntries.identify(window.facts.evidence);
-        window.app = {.pid = ownerOf(connection, window.id, window.facts, pids),
-                      .policy = policyOf(window.facts.traits),
+        const auto identity = context.desktopEntries.identify(window.facts.evidence);
+        window.app = {.pid = ownerOf(connection, query.window(), window.facts, pids),
+                      .policy = window.facts.traits.policy(),
                       .bundleID = identity ? std::optional(identity->bundleID) : std::nullopt,
                       .localizedName = identity ? std::optional(identity->name) : std::nullopt};
+        windows.push_back(std::move(window));
+    }
+    return windows;
+}
+
+void X11DeskReading::readStack(const std::vector<xcb_window_t>& ids,
+                               const std::optional<std::uint32_t>& currentDesktop) {
+    const X11Connection& connection = *m_context->connection;
+    const auto asked = m_context->marks.now();
+    m_stacking = read(*m_context, ids);
+    for (Window& window : m_stacking) {
+        const xcb_window_t id = window.window.window;
+        const auto [mark, mustSelect] = m_context->marks.assign(id, window.facts.isMarked, asked);
+        window.window.mark = mark;
+        if (mustSelect) {
+            xcb_change_window_attributes(connection.queryConnection(), id, XCB_CW_EVENT_MASK,
+                                         &WindowMarks::eventMask);
+        }
         window.isOnScreen = isOnScreen(window.facts, currentDesktop);
-        m_stacking.push_back(std::move(window));
     }
     xcb_flush(connection.queryConnection());
-    m_desk->marks.keepOnly(ids, asked);
+    m_context->marks.keepOnly(ids, asked);
 }
 
 void X11DeskReading::orderByAppearance(const std::vector<xcb_window_t>& appearance) {
@@ -227,7 +230,7 @@ void X11DeskReading::orderByAppearance(const std::vector<xcb_window_t>& appearan
     m_appearance.resize(m_stacking.size());
     std::iota(m_appearance.begin(), m_appearance.end(), std::size_t{0});
     std::ranges::stable_sort(m_appearance, {}, [&](std::size_t i) {
-        const auto found = rank.find(m_stacking[i].id);
+        const auto found = rank.find(m_stacking[i].window.window);
         return found == rank.end() ? appearance.size() : found->second;
     });
 }
@@ -237,28 +240,13 @@ std::vector<X11DeskReading::Client> X11DeskReading::clients() const {
     clients.reserve(m_appearance.size());
     for (const auto index : m_appearance) {
         const auto& window = m_stacking[index];
-        clients.push_back({.window = window.id,
-                           .mark = window.mark,
-                           .app = window.app,
-                           .isMinimized = window.facts.traits.isMinimized()});
+        clients.push_back(
+            {.window = window.window, .app = window.app, .isMinimized = window.facts.traits.isMinimized()});
     }
     return clients;
 }
 
-std::vector<WindowListEntry> X11DeskReading::onScreenWindows() {
-    std::vector<WindowListEntry> entries;
-    for (const auto& window : m_stacking | std::views::reverse) {
-        const auto layer = window.facts.traits.layer();
-        if (window.isOnScreen && layer) {
-            entries.push_back({.layer = layer,
-                               .ownerPid = window.app.pid,
-                               .bounds = FrameArithmetic::visibleFrame(window.facts.parts)});
-        }
-    }
-    return entries;
-}
-
-std::vector<RunningApp> X11DeskReading::runningApps() {
+std::vector<RunningApp> X11DeskReading::runningApps() const {
     std::vector<RunningApp> apps;
     for (const auto index : m_appearance) {
         const auto& app = m_stacking[index].app;
@@ -267,23 +255,72 @@ std::vector<RunningApp> X11DeskReading::runningApps() {
         if (known == apps.end()) {
             apps.push_back(app);
         } else {
-            // One regular window makes the application regular.
+            // One ordinary window makes an ordinary application.
             known->policy = std::min(known->policy, app.policy);
         }
     }
     return apps;
 }
 
-std::vector<WindowReading> X11DeskReading::windows(const RunningApp& app) {
-    std::vector<WindowReading> readings;
-    for (const auto index : m_appearance) {
-        const auto& window = m_stacking[index];
-        if (isSameApp(window.app, app)) {
-            readings.push_back({.element = std::make_shared<X11WindowElement>(m_desk, window.id, window.mark),
-                                .attributes = X11WindowElement::attributes(window.facts)});
+DeskWindow X11DeskReading::describe(const Window& window) {
+    const WindowTraits& traits = window.facts.traits;
+    DeskWindow result;
+    result.id = window.window.id();
+    result.pid = window.app.pid;
+    result.bundleID = Unicode::validUtf8(window.app.bundleID.value_or(""));
+    result.appName = Unicode::validUtf8(window.app.localizedName.value_or(result.bundleID));
+    result.title = Unicode::validUtf8(window.facts.title.value_or(""));
+    result.kind = traits.kind();
+    result.frame = FrameArithmetic::visibleFrame(window.facts.parts);
+    result.states = {.isMinimized = traits.isMinimized(),
+                     .isFullscreen = traits.isFullscreen,
+                     .isMaximizedHorizontally = traits.isMaximizedHorizontally,
+                     .isMaximizedVertically = traits.isMaximizedVertically,
+                     .isOnScreen = window.isOnScreen,
+                     .isOnAllDesktops = window.facts.desktop == allDesktops,
+                     .desktop = std::nullopt};
+    if (window.facts.desktop && !result.states.isOnAllDesktops) {
+        result.states.desktop = *window.facts.desktop;
+    }
+    return result;
+}
+
+DeskSnapshot X11DeskReading::snapshot(const CaptureFilter& filter) const {
+    DeskSnapshot snapshot{.apps = runningApps(), .windows = {}};
+    for (const Window& window : m_stacking | std::views::reverse) {
+        const auto app = std::ranges::find_if(snapshot.apps,
+                                              [&](const auto& each) { return isSameApp(each, window.app); });
+        if (app->policy == ActivationPolicy::regular && app->bundleID && filter.includes(*app->bundleID)) {
+            snapshot.windows.push_back(describe(window));
         }
     }
-    return readings;
+    return snapshot;
+}
+
+std::vector<std::optional<DeskWindow>> X11DeskReading::look(X11Context& context,
+                                                            std::span<const WindowID> windows) {
+    std::vector<xcb_window_t> ids;
+    ids.reserve(windows.size());
+    for (const WindowID id : windows) {
+        ids.push_back(X11Window::of(id).window);
+    }
+    std::map<xcb_window_t, Window> found;
+    for (Window& window : read(context, ids)) {
+        window.isOnScreen = isOnScreen(window.facts, std::nullopt);
+        const xcb_window_t id = window.window.window;
+        found.emplace(id, std::move(window));
+    }
+    std::vector<std::optional<DeskWindow>> result(windows.size());
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const X11Window asked = X11Window::of(windows[i]);
+        const auto window = found.find(asked.window);
+        if (window != found.end() &&
+            context.marks.isSame(asked.window, window->second.facts.isMarked, asked.mark)) {
+            window->second.window = asked;
+            result[i] = describe(window->second);
+        }
+    }
+    return result;
 }
 
 } // namespace vantrel

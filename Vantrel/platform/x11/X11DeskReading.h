@@ -1,54 +1,74 @@
-// Reads the desk of an X server. Takes two round trips, whatever the number of windows.
+// One pass over the desk of an X server: two round trips, whatever the number of windows.
 #pragma once
 
 #include "Vantrel/platform/x11/WindowFacts.h"
-#include "Vantrel/platform/x11/X11Desk.h"
-#include "VantrelCore/ports/Accessibility.h"
+#include "Vantrel/platform/x11/X11Context.h"
+#include "VantrelCore/ports/Desk.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 #include <xcb/xcb.h>
 
 namespace vantrel {
 
-class X11DeskReading final : public DeskReading {
+// A window of the X server: its id and the life of that id; see WindowMarks.
+struct X11Window {
+    xcb_window_t window = XCB_WINDOW_NONE;
+    WindowMarks::Mark mark = 0;
+
+    bool operator==(const X11Window&) const = default;
+
+    // Marks count up from 1 and stay far below 2^32.
+    [[nodiscard]] WindowID id() const { return WindowID{mark << 32U | window}; }
+    [[nodiscard]] static X11Window of(WindowID id) {
+        const auto value = static_cast<std::uint64_t>(id);
+        return {.window = static_cast<xcb_window_t>(value), .mark = value >> 32U};
+    }
+};
+
+class X11DeskReading {
 public:
-    // A window as X11 identifies it.
+    // A window as the platform names it.
     struct Client {
-        xcb_window_t window = XCB_WINDOW_NONE;
-        WindowMarks::Mark mark = 0;
+        X11Window window;
         RunningApp app;
         bool isMinimized = false;
     };
 
-    explicit X11DeskReading(std::shared_ptr<X11Desk> desk);
+    // Reads everything.
+    explicit X11DeskReading(std::shared_ptr<X11Context> context);
 
-    // All windows, on screen or not, in the order in which they appeared.
+    // Every window, on screen or not, in the order they appeared.
     [[nodiscard]] std::vector<Client> clients() const;
 
-    [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override;
-    [[nodiscard]] std::vector<RunningApp> runningApps() override;
-    [[nodiscard]] std::vector<WindowReading> windows(const RunningApp& app) override;
+    [[nodiscard]] DeskSnapshot snapshot(const CaptureFilter& filter) const;
+
+    // Reads these windows again, in one round trip; none for one that is gone.
+    [[nodiscard]] static std::vector<std::optional<DeskWindow>> look(X11Context& context,
+                                                                     std::span<const WindowID> windows);
 
 private:
     struct Window {
-        xcb_window_t id = XCB_WINDOW_NONE;
-        WindowMarks::Mark mark = 0;
+        X11Window window;
         WindowFacts facts;
-        // Its pid is negative if the process is unknown.
+        // Belongs to the process, or to a stand-in if the process is unknown.
         RunningApp app;
         bool isOnScreen = false;
     };
 
-    // Reads the given windows, bottom to top, in one round trip.
-    void readWindows(const std::vector<xcb_window_t>& ids,
-                     const std::optional<std::uint32_t>& currentDesktop);
+    // Reads the windows in one round trip. Those that are gone are left out; marks are left to the caller.
+    [[nodiscard]] static std::vector<Window> read(X11Context& context, std::span<const xcb_window_t> ids);
+    [[nodiscard]] static DeskWindow describe(const Window& window);
+    // Reads the given windows, bottom to top.
+    void readStack(const std::vector<xcb_window_t>& ids, const std::optional<std::uint32_t>& currentDesktop);
     void orderByAppearance(const std::vector<xcb_window_t>& appearance);
+    [[nodiscard]] std::vector<RunningApp> runningApps() const;
 
-    std::shared_ptr<X11Desk> m_desk;
+    std::shared_ptr<X11Context> m_context;
     // Back to front.
     std::vector<Window> m_stacking;
     // Indices into m_stacking in the order in which the windows appeared.

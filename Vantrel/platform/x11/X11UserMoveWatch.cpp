@@ -45,7 +45,7 @@ UserMoveEvidence::Time now() {
 
 } // namespace
 
-std::unique_ptr<X11UserMoveWatch> X11UserMoveWatch::begin(std::shared_ptr<X11Desk> desk,
+std::unique_ptr<X11UserMoveWatch> X11UserMoveWatch::begin(std::shared_ptr<X11Context> desk,
                                                           xcb_window_t client) {
     const X11Connection& connection = *desk->connection;
     const auto frame = topLevel(connection, client);
@@ -61,7 +61,7 @@ std::unique_ptr<X11UserMoveWatch> X11UserMoveWatch::begin(std::shared_ptr<X11Des
         new X11UserMoveWatch(std::move(desk), client, *frame, areaOf(*geometry)));
 }
 
-X11UserMoveWatch::X11UserMoveWatch(std::shared_ptr<X11Desk> desk, xcb_window_t client, xcb_window_t frame,
+X11UserMoveWatch::X11UserMoveWatch(std::shared_ptr<X11Context> desk, xcb_window_t client, xcb_window_t frame,
                                    const Rect& area)
     : m_desk(std::move(desk)), m_client(client), m_frame(frame), m_evidence(area) {
     X11Connection& connection = *m_desk->connection;

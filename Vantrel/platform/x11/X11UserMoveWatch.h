@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Vantrel/platform/x11/UserMoveEvidence.h"
-#include "Vantrel/platform/x11/X11Desk.h"
+#include "Vantrel/platform/x11/X11Context.h"
 #include "VantrelCore/ports/UserMoveWatch.h"
 
 #include <memory>
@@ -15,7 +15,7 @@ namespace vantrel {
 class X11UserMoveWatch final : public UserMoveWatch {
 public:
     // Watches from the moment it returns. Returns null if the window is gone.
-    [[nodiscard]] static std::unique_ptr<X11UserMoveWatch> begin(std::shared_ptr<X11Desk> desk,
+    [[nodiscard]] static std::unique_ptr<X11UserMoveWatch> begin(std::shared_ptr<X11Context> desk,
                                                                  xcb_window_t client);
 
     ~X11UserMoveWatch() override;
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] bool hasSeenUser() override;
 
 private:
-    X11UserMoveWatch(std::shared_ptr<X11Desk> desk, xcb_window_t client, xcb_window_t frame,
+    X11UserMoveWatch(std::shared_ptr<X11Context> desk, xcb_window_t client, xcb_window_t frame,
                      const Rect& area);
 
     void noticeFocus(const xcb_focus_in_event_t& event, bool isGrab);
@@ -32,7 +32,7 @@ private:
     // Handles the reply to the pointer query if it has arrived. Call with the mutex held.
     void takePointer();
 
-    std::shared_ptr<X11Desk> m_desk;
+    std::shared_ptr<X11Context> m_desk;
     xcb_window_t m_client;
     // The child of the root that contains the client, or the client itself.
     xcb_window_t m_frame;

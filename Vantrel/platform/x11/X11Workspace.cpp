@@ -13,7 +13,7 @@ namespace vantrel {
 namespace {
 
 bool isSameWindow(const X11DeskReading::Client& a, const X11DeskReading::Client& b) {
-    return a.window == b.window && a.mark == b.mark;
+    return a.window == b.window;
 }
 
 bool contains(const std::vector<X11DeskReading::Client>& clients, const X11DeskReading::Client& client) {
@@ -22,7 +22,7 @@ bool contains(const std::vector<X11DeskReading::Client>& clients, const X11DeskR
 
 } // namespace
 
-X11Workspace::X11Workspace(std::shared_ptr<X11Desk> desk, MainQueue& queue)
+X11Workspace::X11Workspace(std::shared_ptr<X11Context> desk, MainQueue& queue)
     : m_desk(std::move(desk)), m_queue(queue) {}
 
 std::optional<std::string> X11Workspace::applicationName(const std::string& bundleID) {
@@ -50,7 +50,8 @@ bool X11Workspace::hide(const std::string& bundleID) {
     for (const auto& client : listed) {
         const bool isVisible = client.app.policy == ActivationPolicy::regular && !client.isMinimized;
         if (client.app.bundleID == bundleID && isVisible) {
-            ClientMessage::changeState(*m_desk->connection, client.window, ClientMessage::WmState::iconic);
+            ClientMessage::changeState(*m_desk->connection, client.window.window,
+                                       ClientMessage::WmState::iconic);
             isAnyAsked = true;
             if (!contains(hidden, client)) {
                 hidden.push_back(client);
@@ -73,8 +74,8 @@ bool X11Workspace::unhide(const std::string& bundleID) {
         if (contains(hidden.mapped(), client)) {
             // openbox 3.6 handles the message, shows the window without focusing it and then ignores the map
             // request. xfwm4 4.18 handles only the map request, as in ICCCM, and focuses the window.
-            ClientMessage::changeState(connection, client.window, ClientMessage::WmState::normal);
-            xcb_map_window(connection.xcb(), client.window);
+            ClientMessage::changeState(connection, client.window.window, ClientMessage::WmState::normal);
+            xcb_map_window(connection.xcb(), client.window.window);
             isAnyAsked = true;
         }
     }
@@ -119,7 +120,7 @@ void X11Workspace::lookSoon() {
 void X11Workspace::look() {
     std::vector<ListedWindow> listed;
     for (const auto& client : X11DeskReading(m_desk).clients()) {
-        listed.push_back({.id = client.window, .app = client.app});
+        listed.push_back({.id = client.window.window, .app = client.app});
     }
     xcb_connection_t* const xcb = m_desk->connection->xcb();
     const auto exists = [xcb](std::uint32_t window) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Vantrel/platform/x11/ApplicationRoll.h"
-#include "Vantrel/platform/x11/X11Desk.h"
+#include "Vantrel/platform/x11/X11Context.h"
 #include "Vantrel/platform/x11/X11DeskReading.h"
 #include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/Workspace.h"
@@ -17,7 +17,7 @@ namespace vantrel {
 
 class X11Workspace final : public Workspace {
 public:
-    X11Workspace(std::shared_ptr<X11Desk> desk, MainQueue& queue);
+    X11Workspace(std::shared_ptr<X11Context> desk, MainQueue& queue);
 
     [[nodiscard]] std::optional<std::string> applicationName(const std::string& bundleID) override;
     bool launch(const std::string& bundleID) override;
@@ -31,7 +31,7 @@ private:
     void lookSoon();
     void look();
 
-    std::shared_ptr<X11Desk> m_desk;
+    std::shared_ptr<X11Context> m_desk;
     MainQueue& m_queue;
     // The windows that hide() hid, by bundle identifier.
     std::map<std::string, Clients> m_hidden;

@@ -170,7 +170,7 @@ TEST_F(Docking, WhereNothingTellsTheUsersMovesApartNoWindowIsPutBack) {
     EXPECT_EQ(story.frame(story.mail), dragged);
     EXPECT_NE(story.frame(story.terminal), home.at(story.terminal));
     EXPECT_EQ(story.logged("restore follow-up: put back "), 0U);
-    EXPECT_EQ(story.logged("restore follow-up: left 3 windows alone, as "), 1U);
+    EXPECT_EQ(story.logged("restore follow-up: left 3 windows alone, because "), 1U);
 }
 
 TEST_F(Docking, AManualRestoreEndsTheFollowUp) {
@@ -198,7 +198,7 @@ TEST_F(Docking, ARestoreThatADisplayChangeOvertakesMovesNothingAnyMore) {
     story.connect("ultrawide-left");
 
     for (const auto& [window, frame] : story.frames()) {
-        EXPECT_TRUE(story.desk.shows(frame.center())) << window;
+        EXPECT_TRUE(story.desk.shows(frame.center())) << story.desk.window(window).title;
     }
     EXPECT_EQ(story.logged("restore abandoned: the displays changed meanwhile"), 1U);
 }

@@ -10,44 +10,8 @@ namespace {
 using Kind = RestoreReport::Kind;
 using RestoreEngine::Sizes;
 
-class NoWindow : public WindowElement {
-public:
-    WindowAttributes read(AttributeGroup /*group*/) override { return {}; }
-    std::vector<bool> write(std::span<const FrameWrite> writes) override {
-        return std::vector<bool>(writes.size());
-    }
-    bool raise() override { return false; }
-};
-
-WindowRecord window(const std::string& app, double x, std::int64_t zOrder) {
-    return {app, app, "same title", {{x, 0}, {100, 100}}, "", zOrder, std::nullopt};
-}
-
 RestoreReport::Item item(const std::string& app, Kind kind) {
     return {app, app, "same title", {kind, kind == Kind::failed ? "app rejected the move" : ""}};
-}
-
-TEST(RestoreFollowUp, FindsTheLandedWindowsAmongManyOfOneTitle) {
-    Layout layout;
-    layout.windows = {window("b", 1, 0), window("a", 2, 1), window("b", 3, 2), window("b", 4, 3)};
-    std::vector<CurrentWindow> current;
-    for (const WindowRecord& record : {window("b", 0, 0), window("b", 0, 1), window("a", 0, 2)}) {
-        current.push_back({record, AXWindowHandle(std::make_shared<NoWindow>())});
-    }
-    RestoreReport report;
-    report.items = {item("b", Kind::failed), item("b", Kind::retried), item("a", Kind::restored),
-                    item("b", Kind::skipped)};
-
-    const auto matched = RestoreEngine::match(layout.windows, current);
-    const auto landed =
-        RestoreFollowUp::landed(RestoreFollowUp::moved(layout, current, matched, report), report);
-
-    ASSERT_EQ(landed.size(), 2U);
-    EXPECT_EQ(landed[0].item, 2U);
-    EXPECT_EQ(landed[0].handle.element(), current[2].handle.element());
-    EXPECT_EQ(landed[1].item, 1U);
-    EXPECT_NE(landed[1].target.minX(), 1);
-    EXPECT_EQ(landed[1].handle.element(), current[1].handle.element());
 }
 
 TEST(RestoreFollowUp, OnlyAWindowThatCanBeSeenElsewhereIsDisplaced) {

@@ -36,7 +36,7 @@ void Story::openPrograms() {
 void Story::construct() {
     controller.reset();
     auto created = AppController::create(
-        {.accessibility = desk.accessibility(),
+        {.desk = desk.port(),
          .displays = desk.displayServices(),
          .workspace = workspace,
          .systemEvents = system,

@@ -46,10 +46,10 @@ public:
 
     // A browser with two windows, a terminal and a mail program, spread over the displays.
     void openPrograms();
-    WindowID browserLeft = 0;
-    WindowID browserRight = 0;
-    WindowID terminal = 0;
-    WindowID mail = 0;
+    WindowID browserLeft{};
+    WindowID browserRight{};
+    WindowID terminal{};
+    WindowID mail{};
 
     // A new controller on the same disk, as after a restart of the program, without and with its engine.
     void construct();

@@ -181,6 +181,10 @@ void expectRefused(const char* key, const std::vector<const char*>& values) {
 
 TEST(RecordCodec, RoundTripsRecordsKeptOutsideTheStores) {
     expectKept<WallpaperMemory>(R"({"baseline": {"D": "file:///a"}, "lastSet": {"E": "file:///b"}})");
+    const auto item = json::parse(
+        R"({"appName": "A", "bundleID": "a", "title": "t", "outcome": "retried", "move": {"pairedBy": "order",
+            "from": [[1, 2], [3, 4]], "target": [[5, 6], [7, 8]], "achieved": [[5, 6], [7, 9]]}})");
+    EXPECT_EQ(json(item.get<RestoreLog::Item>()), item);
     expectKept<DailyLayoutObservation>(R"({"configID": "c", "day": "2025-03-01", "signature": ["a", "b"]})");
     expectKept<AppSizeBehavior::Classification>(R"({"kind": "flexible"})");
     expectKept<AppSizeBehavior::Classification>(R"({"kind": "fixedSize", "width": 715, "height": 600.5})");

@@ -1,10 +1,7 @@
 // Moving windows: scripted ones for the order of calls, the simulated desk for workers that really wait.
 #include "VantrelCore/windows/RestoreEngine.h"
-#include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/windows/AXWindowHandle.h"
-#include "VantrelCore/windows/RestoreOrder.h"
-#include "VantrelCore/windows/SlotAnchor.h"
-#include "VantrelCore/windows/WindowSnapshotter.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 #include "tests/VantrelCore/windows/ScriptedWindow.h"
 #include "tests/simulated/SimulatedDesk.h"
 
@@ -25,6 +22,7 @@ using Kind = RestoreReport::Kind;
 using Outcome = RestoreReport::Outcome;
 
 constexpr Rect target{{10, 20}, {300, 200}};
+constexpr Rect elsewhere{{500, 500}, {640, 480}};
 const Outcome restored{Kind::restored, ""};
 const Outcome retried{Kind::retried, ""};
 const Outcome rejected{Kind::failed, "app rejected the move"};
@@ -46,25 +44,24 @@ auto obeyingAfter(int writes) {
     };
 }
 
-struct Desk {
+struct SavedDesk : ScriptedDesk {
     // A saved window at `target`, zOrder as given, and its live counterpart elsewhere.
     ScriptedWindow& add(const std::string& bundleID, const std::string& title, std::int64_t savedOrder = 0) {
         layout.windows.push_back({bundleID, "App " + bundleID, title, target, "", savedOrder, std::nullopt});
-        auto window = std::make_shared<ScriptedWindow>(journal, title);
-        window->setFrame({{500, 500}, {640, 480}});
-        current.push_back({layout.windows.back(), AXWindowHandle(window)});
+        current.push_back({.record = layout.windows.back(), .id = {}});
+        current.back().record.frame = elsewhere;
+        const auto window = open(bundleID, title, elsewhere);
+        current.back().id = ids.back();
         return *window;
     }
 
     RestoreReport restore(const Options& options = {}) {
-        return RestoreEngine::restore(layout, current, options, clock, background);
+        return RestoreEngine::restore(layout, current, RestoreEngine::match(layout.windows, current), options,
+                                      port, permit, clock);
     }
 
-    Journal journal;
-    ScriptedClock clock{journal};
-    InTurn background;
     Layout layout;
-    std::vector<CurrentWindow> current;
+    std::vector<LiveWindow> current;
 };
 
 TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
@@ -89,24 +86,24 @@ TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
              {true, true, true, false},
              {},
              retried,
-             move + move},
+             move + "position size position. read. "},
             {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + move + sizeFirst},
         };
     for (const auto& [name, respond, taken, options, outcome, events] : cases) {
         SCOPED_TRACE(name);
-        Desk desk;
+        SavedDesk desk;
         ScriptedWindow& window = desk.add("app", "");
         window.respond = respond;
         window.taken = taken;
         const RestoreReport report = desk.restore(options);
-        EXPECT_THAT(report.items, ElementsAre(Item{"App app", "app", "", outcome}));
+        EXPECT_THAT(report.items, ElementsAre(Field(&Item::outcome, outcome)));
         EXPECT_NEAR(report.elapsed, events.contains("sleep") ? 0.08 : 0, 1e-9);
         EXPECT_EQ(fmt::format("{}. ", fmt::join(desk.journal.events(), ". ")), events);
     }
 }
 
 TEST(RestoreEngine, ABrokenWindowDoesNotAffectTheOthers) {
-    Desk desk;
+    SavedDesk desk;
     desk.add("app", "bad").doesThrow = true;
     desk.add("app", "unreadable").attributes.size.reset();
     const ScriptedWindow& good = desk.add("app", "good");
@@ -117,7 +114,7 @@ TEST(RestoreEngine, ABrokenWindowDoesNotAffectTheOthers) {
 }
 
 TEST(RestoreEngine, RestoresAppsInByteOrderAndTheLastOnesInTheirOwnWave) {
-    Desk desk;
+    SavedDesk desk;
     desk.add("b", "b1");
     desk.add("a", "a1");
     desk.add("Z", "z1");
@@ -129,7 +126,7 @@ TEST(RestoreEngine, RestoresAppsInByteOrderAndTheLastOnesInTheirOwnWave) {
 }
 
 TEST(RestoreEngine, RaisesWindowsBackToFrontOnRequest) {
-    Desk desk;
+    SavedDesk desk;
     desk.add("a", "front", 0).attributes.position.reset();
     desk.add("b", "back", 7);
     desk.add("a", "middle", 3);
@@ -142,7 +139,7 @@ TEST(RestoreEngine, RaisesWindowsBackToFrontOnRequest) {
 }
 
 TEST(RestoreEngine, SkipsClosedWindowsAndIgnoresUnknownOnes) {
-    Desk desk;
+    SavedDesk desk;
     EXPECT_EQ(desk.restore(), RestoreReport{});
     desk.add("gone", "g");
     desk.current.clear();
@@ -151,13 +148,38 @@ TEST(RestoreEngine, SkipsClosedWindowsAndIgnoresUnknownOnes) {
     desk.layout.windows.pop_back();
     const RestoreReport report = desk.restore();
     const Outcome missing{Kind::skipped, "window no longer exists"};
-    EXPECT_THAT(report.items,
-                ElementsAre(Item{"App app", "app", "w", retried}, Item{"App gone", "gone", "g", missing}));
+    ASSERT_EQ(report.items.size(), 2U);
+    EXPECT_EQ(report.items[0],
+              (Item{"App app", "app", "w", retried, 1,
+                    RestoreReport::Move{desk.ids[1], Pairing::sameTitle, elsewhere, target, target}}));
+    EXPECT_TRUE(report.items[0].move->hasMoved());
+    EXPECT_EQ(report.items[1], (Item{"App gone", "gone", "g", missing, 0}));
     EXPECT_EQ(report.expectedCount(), 2U);
     EXPECT_EQ(report.restoredCount(), 1U);
     EXPECT_EQ(report.skippedCount(), 1U);
     EXPECT_EQ(report.failedCount(), 0U);
     EXPECT_THAT(desk.journal.events(), Not(Contains(testing::StartsWith("s: "))));
+}
+
+TEST(RestoreEngine, StrayWindowsOfOneWaveShareAPause) {
+    SavedDesk desk;
+    for (int window = 0; window < 10; ++window) {
+        desk.add(fmt::format("app{}", window % 3), fmt::format("window {}", window)).respond =
+            obeyingAfter(6);
+    }
+    const RestoreReport report = desk.restore();
+    EXPECT_EQ(report.restoredCount(), 10U);
+    EXPECT_NEAR(report.elapsed, RestoreEngine::settleSeconds, 1e-9);
+}
+
+TEST(RestoreEngine, ARevokedPermitMovesAndRaisesNothing) {
+    SavedDesk desk;
+    desk.add("app", "w");
+    desk.permit.revoke();
+    EXPECT_THAT(desk.restore({.raising = Raising::raise}).items,
+                ElementsAre(Field(&Item::outcome, rejected)));
+    EXPECT_THAT(desk.journal.events(), IsEmpty());
+    EXPECT_FALSE(desk.permit.isUsed());
 }
 
 TEST(RestoreOrder, KeepsTheGivenOrderAndOmitsEmptyWaves) {
@@ -172,20 +194,21 @@ constexpr Rect slot{{740, 125}, {700, 600}};
 
 class DesignedPlacementTest : public testing::Test {
 protected:
-    DesignedPlacementTest() { window->setFrame({{0, 0}, {100, 100}}); }
-
     RestoreEngine::DesignedPlacement place() {
-        return RestoreEngine::placeDesigned(slot, AXWindowHandle(window), {{0, 25}, {1440, 875}},
+        const std::vector<RestoreEngine::DesignedSlot> slots{
+            {desk.ids.front(), slot, {{0, 25}, {1440, 875}}}};
+        return RestoreEngine::placeDesigned(slots, desk.port, desk.permit,
                                             [&](double seconds) {
                                                 pauses.push_back(seconds);
                                                 if (pauses.size() <= straysAfter) {
                                                     window->setFrame({{300, 300}, {500, 400}});
                                                 }
-                                            });
+                                            })
+            .front();
     }
 
-    Journal journal;
-    std::shared_ptr<ScriptedWindow> window = std::make_shared<ScriptedWindow>(journal);
+    ScriptedDesk desk;
+    std::shared_ptr<ScriptedWindow> window = desk.open("app", "", {{0, 0}, {100, 100}});
     std::vector<double> pauses;
     // After this many pauses the window is found elsewhere.
     std::size_t straysAfter = 0;
@@ -194,7 +217,8 @@ protected:
 TEST_F(DesignedPlacementTest, PlacesAnObedientWindowAfterOnePause) {
     EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::placed(slot));
     EXPECT_THAT(pauses, ElementsAre(RestoreEngine::settleSeconds));
-    EXPECT_THAT(journal.events(), ElementsAre("size position position", "position", "look"));
+    EXPECT_THAT(desk.journal.events(),
+                ElementsAre("size position position", "look", "position", "look", "read"));
 }
 
 TEST_F(DesignedPlacementTest, PutsAStrayingWindowBackOnceAfterALongerPause) {
@@ -286,12 +310,13 @@ TEST_F(AXWindowHandleTest, RefusesInfiniteAndUndefinedNumbers) {
 
 class RestoreOnASimulatedDesk : public testing::Test {
 protected:
-    simulated::WindowID openIn(const std::string& app, const simulated::WindowBehaviour& behaviour = {}) {
+    WindowID openIn(const std::string& app, const simulated::WindowBehaviour& behaviour = {}) {
         return desk.open(desk.launch("org.example." + app, app), app, {{100, 100}, {400, 300}}, behaviour);
     }
 
     // Outlives the desk, whose end waits for the jobs.
     std::optional<RestoreReport> report;
+    MovePermit permit;
     simulated::SimulatedTime time;
     simulated::SimulatedDesk desk{time, simulated::DeskSetup::named("laptop-and-monitor")};
 };
@@ -307,8 +332,9 @@ TEST_F(RestoreOnASimulatedDesk, ASlowAppDelaysNoOther) {
         layout.windows.push_back({"org.example." + window->title, "", "", place, "", 0, std::nullopt});
     }
     time.run(WorkPriority::userInitiated, [&] {
-        const auto current = WindowSnapshotter::currentWindows(desk.accessibility(), {}, std::nullopt, {});
-        report = RestoreEngine::restore(layout, current, {}, time, time);
+        const auto current = VisibleWindows::ordinary(desk.port().capture({}), {});
+        report = RestoreEngine::restore(layout, current, RestoreEngine::match(layout.windows, current), {},
+                                        desk.port(), permit, time);
     });
 
     // Reading the slow application takes 0.3 seconds, each of its three writes and the check as long again.

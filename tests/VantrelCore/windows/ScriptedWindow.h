@@ -4,11 +4,12 @@
 
 #include "VantrelCore/ports/Background.h"
 #include "VantrelCore/ports/Clock.h"
-#include "VantrelCore/windows/AXWindowHandle.h"
+#include "VantrelCore/windows/AccessibilityDesk.h"
 
 #include <deque>
 #include <fmt/format.h>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
@@ -142,4 +143,32 @@ public:
     [[nodiscard]] StopToken stopToken() const override { return {}; }
 };
 
+// A desk of scripted windows, moved one application after the other.
+class ScriptedDesk : private Accessibility {
+public:
+    std::shared_ptr<ScriptedWindow> open(const std::string& bundleID, const std::string& name,
+                                         const Rect& frame) {
+        auto window = std::make_shared<ScriptedWindow>(journal, name);
+        window->setFrame(frame);
+        const auto [pid, isNew] = m_pids.try_emplace(bundleID, static_cast<std::int32_t>(m_pids.size() + 1));
+        ids.push_back(port.identify({.pid = pid->second, .bundleID = bundleID, .localizedName = {}}, window));
+        return window;
+    }
+
+    Journal journal;
+    ScriptedClock clock{journal};
+    InTurn background;
+    AccessibilityDesk port{*this, background};
+    MovePermit permit;
+    // In the order of opening.
+    std::vector<WindowID> ids;
+
+private:
+    bool isTrusted() override { return true; }
+    bool prompt() override { return true; }
+    bool awaitQuiet() override { return true; }
+    std::unique_ptr<DeskReading> beginReading() override { return nullptr; }
+
+    std::map<std::string, std::int32_t> m_pids;
+};
 } // namespace vantrel

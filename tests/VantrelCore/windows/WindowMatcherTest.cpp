@@ -21,7 +21,8 @@ Identities windows(const std::vector<std::string_view>& titles) {
 TEST(WindowMatcher, PrefersExactTitlesToNearOnes) {
     const auto saved = windows({"Report draft.txt - Edited", "Report draft.txt"});
     const auto current = windows({"Report draft.txt", "Other"});
-    EXPECT_EQ(WindowMatcher::match(saved, current).pairs, (Pairs{{0, 1}, {1, 0}}));
+    EXPECT_EQ(WindowMatcher::match(saved, current).pairs,
+              (Pairs{{0, 1, Pairing::order}, {1, 0, Pairing::sameTitle}}));
 }
 
 TEST(WindowMatcher, NearTitlesShareAWholeEightCharacterPrefixOrTenCharacters) {
@@ -41,7 +42,8 @@ TEST(WindowMatcher, NearTitlesShareAWholeEightCharacterPrefixOrTenCharacters) {
     for (const auto& [saved, current, isNear] : cases) {
         // An unrelated window in front would be taken if only the order counted.
         const auto result = WindowMatcher::match(windows({saved}), windows({"#", current}));
-        EXPECT_EQ(result.pairs, (Pairs{{0, isNear ? 1U : 0U}})) << saved << " / " << current;
+        EXPECT_EQ(result.pairs, (Pairs{{0, isNear ? 1U : 0U, isNear ? Pairing::nearTitle : Pairing::order}}))
+            << saved << " / " << current;
     }
 }
 
@@ -50,7 +52,8 @@ TEST(WindowMatcher, PairsTheRestFrontToBackWithinAnApp) {
     // apart exactly.
     const Identities saved{{"app", "a", 2}, {"app", "b", 1}, {"app", "c", 1}, {"App", "x", 0}};
     const Identities current{{"app", "x", 9}, {"app", "y", 4}, {"other", "a", 0}};
-    EXPECT_EQ(WindowMatcher::match(saved, current), (MatchResult{{{1, 1}, {2, 0}}, {0, 3}, {2}}));
+    EXPECT_EQ(WindowMatcher::match(saved, current),
+              (MatchResult{{{1, 1, Pairing::order}, {2, 0, Pairing::order}}, {0, 3}, {2}}));
     EXPECT_EQ(WindowMatcher::match({{"app", "", 5}, {"app", "", 0}}, {{"app", "", 1}, {"app", "", 3}}).pairs,
               (Pairs{{0, 1}, {1, 0}}));
     EXPECT_EQ(WindowMatcher::match({}, current), (MatchResult{{}, {}, {0, 1, 2}}));

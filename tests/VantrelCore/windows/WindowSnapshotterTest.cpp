@@ -1,4 +1,5 @@
 #include "VantrelCore/windows/WindowSnapshotter.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include "tests/VantrelCore/DeskRecords.h"
 #include "tests/VantrelCore/windows/ScriptedWindow.h"
@@ -61,9 +62,9 @@ TEST(WindowSnapshotter, AssignsAWindowToTheDisplayOfItsCentreThenOfItsLargestPar
         {"place unknown", {{nan, 0}, {10, 10}}, "left"},
     };
     for (const auto& [what, window, display] : cases) {
-        EXPECT_EQ(displayUUID(window, twoDisplays), display) << what;
+        EXPECT_EQ(VisibleWindows::displayUUID(window, twoDisplays), display) << what;
     }
-    EXPECT_EQ(displayUUID(frame, {}), "");
+    EXPECT_EQ(VisibleWindows::displayUUID(frame, {}), "");
 }
 
 TEST(WindowSnapshotter, CapturesOnlyVisibleOrdinaryWindows) {
@@ -80,7 +81,9 @@ TEST(WindowSnapshotter, CapturesOnlyVisibleOrdinaryWindows) {
         {"width unknown", {"", standardWindowSubrole, false, false, frame.origin, Size{nan, 9}}, false},
     };
     for (const auto& [what, attributes, isOrdinary] : cases) {
-        EXPECT_EQ(ordinaryFrame(attributes), isOrdinary ? attributes.frame() : std::nullopt) << what;
+        const DeskWindow window = deskWindow({1, ActivationPolicy::regular, "app", "App"}, attributes);
+        EXPECT_EQ(VisibleWindows::ordinaryFrame(window), isOrdinary ? attributes.frame() : std::nullopt)
+            << what;
     }
 }
 
@@ -93,9 +96,11 @@ TEST(WindowSnapshotter, ReadsOnlyRegularAppsWithEntriesOnScreen) {
     const RunningApp elsewhere{5, ActivationPolicy::regular, "org.terminal", "Terminal"};
     const std::vector running{notes, agent, nameless, elsewhere, mail};
     const std::vector<ZEntry> entries{{1, frame, 0}, {2, frame, 1}, {3, frame, 2}, {4, frame, 3}};
-    EXPECT_THAT(appsToRead(running, entries, std::nullopt, {"org.Notes"}), ElementsAre(notes, mail));
-    EXPECT_THAT(appsToRead(running, entries, "org.mail", {}), ElementsAre(notes));
-    EXPECT_THAT(appsToRead(running, entries, std::nullopt, {"org.notes"}), ElementsAre(mail));
+    EXPECT_THAT(appsToRead(running, entries, {.ignoredBundleIDs = {"org.Notes"}}), ElementsAre(notes, mail));
+    EXPECT_THAT(appsToRead(running, entries, {.excludedBundleID = "org.mail"}), ElementsAre(notes));
+    EXPECT_THAT(appsToRead(running, entries, {.ignoredBundleIDs = {"org.notes"}}), ElementsAre(mail));
+    EXPECT_THAT(appsToRead(running, entries, {.onlyBundleIDs = std::set<std::string>{"org.terminal"}}),
+                ElementsAre(elsewhere));
 }
 
 TEST(WindowSnapshotter, NumbersWindowsFrontToBackAndRepairsTheirTexts) {
@@ -112,12 +117,11 @@ TEST(WindowSnapshotter, NumbersWindowsFrontToBackAndRepairsTheirTexts) {
          {reading("first", frame), reading("caf\xe9", frame)}},
         {mail, {reading("unknown depth", lookalike), reading(std::nullopt, onRight)}},
         {{3, ActivationPolicy::regular, "org.terminal", "Terminal"}, {reading("elsewhere", frame)}}};
-    const auto windows = captured(
-        apps, {{2, onRight, 1}, {1, frame, 2}, {2, {{100, 100}, {380, 290}}, 3}, {1, frame, 4}}, twoDisplays);
-
-    std::vector<WindowRecord> records;
-    std::ranges::transform(windows, std::back_inserter(records), &CurrentWindow::record);
-    EXPECT_THAT(records,
+    const auto windows = currentWindows(
+        apps, {{2, onRight, 1}, {1, frame, 2}, {2, {{100, 100}, {380, 290}}, 3}, {1, frame, 4}});
+    DeskSnapshot snapshot;
+    std::ranges::transform(windows, std::back_inserter(snapshot.windows), &CurrentWindow::window);
+    EXPECT_THAT(VisibleWindows::records(VisibleWindows::ordinary(snapshot, twoDisplays)),
                 ElementsAre(WindowRecord{"org.mail", "org.mail", "", onRight, "right", 0, {}},
                             WindowRecord{"org.notes", "N\uFFFDotes", "first", frame, "left", 1, {}},
                             WindowRecord{"org.notes", "N\uFFFDotes", "caf\uFFFD", frame, "left", 2, {}},

@@ -1,6 +1,5 @@
 #include "Vantrel/platform/x11/FrameArithmetic.h"
 
-#include <array>
 #include <gtest/gtest.h>
 #include <limits>
 #include <rapidcheck/gtest.h>
@@ -44,13 +43,6 @@ RC_GTEST_PROP(FrameArithmetic, AnObeyedRequestPutsTheVisibleFrameOnTheTarget, ()
     RC_ASSERT(FrameArithmetic::visibleFrame(moved) == (Rect{*target.position, *target.size}));
     const FrameParts withShadow{.client = moved.client, .decoration = moved.decoration};
     RC_ASSERT(FrameArithmetic::outerArea(request, parts) == FrameArithmetic::visibleFrame(withShadow));
-}
-
-TEST(FrameArithmetic, WritesInAnyOrderAskForTheLastPositionAndSize) {
-    const std::array<FrameWrite, 4> writes{Point{1, 2}, Size{300, 200}, Point{5, 6}, Size{310, 210}};
-    EXPECT_EQ(FrameArithmetic::coalesce(writes),
-              (FrameTarget{.position = Point{5, 6}, .size = Size{310, 210}}));
-    EXPECT_EQ(FrameArithmetic::coalesce(std::span(writes).first(1)), (FrameTarget{.position = Point{1, 2}}));
 }
 
 TEST(FrameArithmetic, OnlyAChangedSizeIsAskedForAndNeverWithoutThePosition) {

@@ -1,43 +1,41 @@
 #include "Vantrel/platform/x11/WindowTraits.h"
 
-#include "VantrelCore/ports/Accessibility.h"
-
 #include <gtest/gtest.h>
-#include <optional>
-#include <string_view>
 
 namespace vantrel {
 namespace {
 
-TEST(WindowTraits, OnlyOrdinaryWindowsAreStandardWindows) {
+TEST(WindowTraits, OnlyNormalWindowsAreOrdinary) {
     const struct {
         const char* what;
         WindowTraits traits;
-        std::string_view subrole;
+        WindowKind kind;
     } cases[] = {
-        {"no type", {}, "AXStandardWindow"},
-        {"normal", {.type = WindowType::normal}, "AXStandardWindow"},
-        {"normal, for another window", {.type = WindowType::normal, .isTransient = true}, "AXStandardWindow"},
-        {"no type, for another window", {.isTransient = true}, "AXDialog"},
-        {"dialog", {.type = WindowType::dialog}, "AXDialog"},
-        {"modal", {.type = WindowType::normal, .isModal = true}, "AXDialog"},
-        {"not in the taskbar", {.isSkipTaskbar = true}, "AXFloatingWindow"},
-        {"toolbox", {.type = WindowType::utility}, "AXFloatingWindow"},
-        {"unmanaged", {.type = WindowType::normal, .isOverrideRedirect = true}, "AXUnknown"},
-        {"panel", {.type = WindowType::dock}, "AXUnknown"},
-        {"start-up picture", {.type = WindowType::splash}, "AXUnknown"},
+        {"no type", {}, WindowKind::ordinary},
+        {"normal", {.type = WindowType::normal}, WindowKind::ordinary},
+        {"normal, for another window",
+         {.type = WindowType::normal, .isTransient = true},
+         WindowKind::ordinary},
+        {"no type, for another window", {.isTransient = true}, WindowKind::panel},
+        {"dialog", {.type = WindowType::dialog}, WindowKind::panel},
+        {"modal", {.type = WindowType::normal, .isModal = true}, WindowKind::panel},
+        {"not in the taskbar", {.isSkipTaskbar = true}, WindowKind::panel},
+        {"toolbox", {.type = WindowType::utility}, WindowKind::panel},
+        {"unmanaged", {.type = WindowType::normal, .isOverrideRedirect = true}, WindowKind::other},
+        {"panel", {.type = WindowType::dock}, WindowKind::other},
+        {"start-up picture", {.type = WindowType::splash}, WindowKind::other},
     };
-    for (const auto& [what, traits, subrole] : cases) {
-        EXPECT_EQ(traits.subrole(), subrole) << what;
+    for (const auto& [what, traits, kind] : cases) {
+        EXPECT_EQ(traits.kind(), kind) << what;
     }
 }
 
-TEST(WindowTraits, PanelsMenusAndNotificationsStandOnOtherLayers) {
-    EXPECT_EQ(WindowTraits{}.layer(), normalWindowLayer);
-    EXPECT_EQ(WindowTraits{.type = WindowType::dialog}.layer(), normalWindowLayer);
-    EXPECT_EQ(WindowTraits{.type = WindowType::desktop}.layer(), std::nullopt);
-    for (const auto type : {WindowType::dock, WindowType::menu, WindowType::notification}) {
-        EXPECT_NE(WindowTraits{.type = type}.layer().value(), normalWindowLayer);
+TEST(WindowTraits, ToolboxesDoNotMakeAnApplicationRegular) {
+    EXPECT_EQ(WindowTraits{}.policy(), ActivationPolicy::regular);
+    EXPECT_EQ(WindowTraits{.type = WindowType::dialog}.policy(), ActivationPolicy::regular);
+    EXPECT_EQ(WindowTraits{.isModal = true}.policy(), ActivationPolicy::regular);
+    for (const auto type : {WindowType::utility, WindowType::dock, WindowType::desktop}) {
+        EXPECT_EQ(WindowTraits{.type = type}.policy(), ActivationPolicy::accessory);
     }
 }
 

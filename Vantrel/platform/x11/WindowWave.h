@@ -1,0 +1,72 @@
+// A wave of windows brought to their places in a closed loop: sends every request, waits until the windows
+// are seen there or the window manager has handled all of them, looks at those not seen, asks once more where
+// they missed, and reports honestly.
+#pragma once
+
+#include "Vantrel/platform/x11/FrameArithmetic.h"
+#include "Vantrel/platform/x11/SizeHints.h"
+#include "Vantrel/platform/x11/WindowChangeWatch.h"
+#include "Vantrel/platform/x11/WindowFacts.h"
+#include "Vantrel/platform/x11/X11Context.h"
+#include "Vantrel/platform/x11/X11DeskReading.h"
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vantrel {
+
+// Shares the connection with any number of other waves.
+class WindowWave {
+public:
+    // Starts the time that the whole wave may take: 1.0 second, and longer for many windows.
+    WindowWave(X11Context& context, std::span<const WindowOrder> orders, const MovePermit& permit);
+
+    // An order is not taken when its window is gone, is full screen, or stayed where it was although it could
+    // have moved. A window that its program or the window manager put elsewhere has taken it.
+    //
+    // A maximised window stays maximised when the target is the whole usable area of a monitor. Only the
+    // window manager knows that area, so the window is maximised there and looked at. Otherwise it becomes an
+    // ordinary window.
+    [[nodiscard]] std::vector<WindowOutcome> run();
+
+private:
+    struct Move {
+        X11Window window;
+        FrameTarget target;
+        // As last seen; none once the window is gone.
+        std::optional<WindowFacts> facts = std::nullopt;
+        // Before anything was asked of it as an ordinary window.
+        Rect from = {};
+        bool isTaken = false;
+    };
+    using Moves = std::vector<Move*>;
+    using IsDone = std::function<bool(const Move&)>;
+
+    // Looks at all of them in one round trip.
+    void look(const Moves& moves, WindowScope scope);
+    // Looks at them after the window manager has handled what was sent. If it does not answer fences, looks
+    // when all are done or the time is up.
+    void lookAfterFence(const Moves& moves, const IsDone& isDone);
+    void lookUntil(const Moves& moves, const IsDone& isDone);
+
+    // Returns the moves that are still to be made as those of ordinary windows.
+    [[nodiscard]] Moves moveMaximized(const Moves& moves);
+    void moveOrdinary(Moves moves);
+    // Asks each once. Returns those that have not arrived.
+    [[nodiscard]] Moves askAndLook(const Moves& moves);
+    void askToMoveMaximized(const Move& move);
+    [[nodiscard]] WindowChangeWatch::Arrival arrival(const MoveResize& request, const Move& move) const;
+    [[nodiscard]] std::vector<std::optional<SizeHints>> sizeHints(const Moves& moves) const;
+
+    X11Context& m_context;
+    const X11Connection& m_connection;
+    const MovePermit& m_permit;
+    std::vector<Move> m_moves;
+    std::chrono::steady_clock::time_point m_deadline;
+};
+
+} // namespace vantrel

@@ -1,0 +1,28 @@
+// State shared by the adapters that read and move the windows of one X server.
+#pragma once
+
+#include "Vantrel/platform/x11/DesktopEntries.h"
+#include "Vantrel/platform/x11/WindowManager.h"
+#include "Vantrel/platform/x11/WindowManagerFence.h"
+#include "Vantrel/platform/x11/WindowMarks.h"
+#include "Vantrel/platform/x11/X11Connection.h"
+
+#include <atomic>
+#include <memory>
+#include <utility>
+
+namespace vantrel {
+
+struct X11Context {
+    explicit X11Context(std::shared_ptr<X11Connection> shared)
+        : connection(std::move(shared)), fence(connection) {}
+
+    std::shared_ptr<X11Connection> connection;
+    WindowManagerFence fence;
+    WindowMarks marks;
+    DesktopEntries desktopEntries;
+    // As found by the latest capture.
+    std::atomic<WindowManager> windowManager = WindowManager{};
+};
+
+} // namespace vantrel

@@ -1,0 +1,16 @@
+// A window of the live desk in the form in which it is saved, and its identity.
+#pragma once
+
+#include "VantrelCore/model/DeskSnapshot.h"
+#include "VantrelCore/model/WindowRecord.h"
+
+namespace vantrel {
+
+struct LiveWindow {
+    WindowRecord record;
+    WindowID id{};
+
+    bool operator==(const LiveWindow&) const = default;
+};
+
+} // namespace vantrel

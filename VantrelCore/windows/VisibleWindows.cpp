@@ -1,0 +1,81 @@
+#include "VantrelCore/windows/VisibleWindows.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
+namespace vantrel::VisibleWindows {
+
+namespace {
+
+// A window no wider or no higher than this, in points, is a program's internal helper.
+constexpr double invisibleExtent = 1.0;
+
+std::optional<Rect> visibleFrame(const DeskWindow& window, WindowKind kind) {
+    const bool isSeen = window.kind == kind && !window.states.isMinimized && !window.states.isFullscreen &&
+                        window.frame && window.frame->width() > invisibleExtent &&
+                        window.frame->height() > invisibleExtent;
+    return isSeen ? window.frame : std::nullopt;
+}
+
+std::vector<LiveWindow> windowsOf(WindowKind kind, const DeskSnapshot& snapshot,
+                                  const std::vector<DisplayInfo>& displays) {
+    std::vector<LiveWindow> result;
+    for (const DeskWindow& window : snapshot.windows) {
+        const auto frame = visibleFrame(window, kind);
+        if (frame && window.states.isOnScreen) {
+            result.push_back({.record = {.bundleID = window.bundleID,
+                                         .appName = window.appName,
+                                         .title = window.title,
+                                         .frame = *frame,
+                                         .displayUUID = displayUUID(*frame, displays),
+                                         .zOrder = std::ssize(result),
+                                         .isGhost = std::nullopt},
+                              .id = window.id});
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+std::optional<Rect> ordinaryFrame(const DeskWindow& window) {
+    return visibleFrame(window, WindowKind::ordinary);
+}
+
+std::optional<Rect> panelFrame(const DeskWindow& window) {
+    return visibleFrame(window, WindowKind::panel);
+}
+
+std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays) {
+    if (displays.empty()) {
+        return "";
+    }
+    const auto holder = std::ranges::find_if(
+        displays, [&](const DisplayInfo& display) { return display.frame.contains(frame.center()); });
+    if (holder != displays.end()) {
+        return holder->uuid;
+    }
+    // Of equals, max_element gives the first.
+    return std::ranges::max_element(
+               displays, {},
+               [&](const DisplayInfo& display) { return intersection(frame, display.frame).area(); })
+        ->uuid;
+}
+
+std::vector<LiveWindow> ordinary(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
+    return windowsOf(WindowKind::ordinary, snapshot, displays);
+}
+
+std::vector<LiveWindow> panels(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
+    return windowsOf(WindowKind::panel, snapshot, displays);
+}
+
+std::vector<WindowRecord> records(const std::vector<LiveWindow>& windows) {
+    std::vector<WindowRecord> result;
+    result.reserve(windows.size());
+    std::ranges::transform(windows, std::back_inserter(result), &LiveWindow::record);
+    return result;
+}
+
+} // namespace vantrel::VisibleWindows

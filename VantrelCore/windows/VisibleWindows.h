@@ -1,0 +1,34 @@
+// Which windows of a snapshot are captured: those that the user can see on the current desktop.
+#pragma once
+
+#include "VantrelCore/model/DisplayInfo.h"
+#include "VantrelCore/windows/LiveWindow.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantrel::VisibleWindows {
+
+// The frame of an ordinary document window; none for dialogs, panels, minimised or full-screen windows and
+// windows without a readable frame.
+[[nodiscard]] std::optional<Rect> ordinaryFrame(const DeskWindow& window);
+
+// The same for panels and dialogs.
+[[nodiscard]] std::optional<Rect> panelFrame(const DeskWindow& window);
+
+// The display that contains the frame's centre, else the one with the largest overlap, else the first; ""
+// without displays.
+[[nodiscard]] std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays);
+
+// The ordinary windows on screen, front-most first, zOrder 0 to n-1.
+[[nodiscard]] std::vector<LiveWindow> ordinary(const DeskSnapshot& snapshot,
+                                               const std::vector<DisplayInfo>& displays);
+
+// The same for panels and dialogs.
+[[nodiscard]] std::vector<LiveWindow> panels(const DeskSnapshot& snapshot,
+                                             const std::vector<DisplayInfo>& displays);
+
+[[nodiscard]] std::vector<WindowRecord> records(const std::vector<LiveWindow>& windows);
+
+} // namespace vantrel::VisibleWindows
