@@ -15,7 +15,7 @@ struct Logging : testing::Test {
     std::string content(const char* file) { return files.content(file).value_or("none"); }
 };
 
-TEST_F(Logging, EachMessageIsOneLineWithItsTime) {
+TEST_F(Logging, WritesOneLineWithTheTimePerMessage) {
     log.write("display settled: two\nlines\x7f of \xC3\xA4\u0085\x1b\u202e.");
     time.runFor(61.9);
     log.write("second");
@@ -24,7 +24,7 @@ TEST_F(Logging, EachMessageIsOneLineWithItsTime) {
               "[2026-03-02T00:01:01Z] second\n");
 }
 
-TEST_F(Logging, ALogLargerThanAMillionBytesMakesRoomBeforeTheNextLine) {
+TEST_F(Logging, RotatesBeyondAMillionBytes) {
     files.put("/support/app.log.1", "oldest");
     const std::string old(AppLog::maxBytes, 'x');
     files.put("/support/app.log", old);
@@ -35,7 +35,7 @@ TEST_F(Logging, ALogLargerThanAMillionBytesMakesRoomBeforeTheNextLine) {
     EXPECT_EQ(content("/support/app.log"), "[2026-03-02T00:00:00Z] first\n");
 }
 
-TEST_F(Logging, FailuresDoNotStopAnything) {
+TEST_F(Logging, GoesOnAfterAFailedWrite) {
     files.failAll(MemoryFileSystem::Operation::append, std::errc::no_space_on_device);
     log.write("lost");
     files.stopFailing();

@@ -1,22 +1,24 @@
 #include "tests/Vantrel/controller/LearnedDesk.h"
 
-#include <algorithm>
-
 namespace vantrel::simulated {
 namespace {
 
-using testing::Contains;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 struct Docking : LearnedDesk {
     Docking() : LearnedDesk("laptop-and-monitor") {}
 
+    void undock(const Burst& burst = {}) { story.connect("laptop", burst); }
     void dock() { story.connect("laptop-and-monitor"); }
+    // Docks; returns as soon as the restore that follows has ended.
+    [[nodiscard]] bool dockAndRestore() {
+        story.desk.change(DeskSetup::named("laptop-and-monitor"));
+        return awaitRestore(true) && awaitRestore(false);
+    }
 };
 
-TEST_F(Docking, EveryWindowIsBackAfterUndockingAndDocking) {
-    story.connect("laptop");
+TEST_F(Docking, PutsEveryWindowBack) {
+    undock();
     EXPECT_NE(story.frames(), home);
     story.desk.change(DeskSetup::named("laptop-and-monitor"));
     story.runFor(2);
@@ -34,22 +36,22 @@ TEST_F(Docking, EveryWindowIsBackAfterUndockingAndDocking) {
                                            " Studio Display + Built-in Display (2 displays)"));
 }
 
-TEST_F(Docking, AChangeJustBeforeUndockingIsKeptHoweverManyEventsTellOfIt) {
+TEST_F(Docking, KeepsAChangeMadeJustBeforeUndocking) {
     const Rect late{{1800, 500}, {900, 600}};
     story.move(story.terminal, late);
     story.runFor(16);
-    story.connect("laptop", {.events = 40, .spacing = 0.1, .reportsNoDisplays = true});
+    undock({.events = 40, .spacing = 0.1, .reportsNoDisplays = true});
     EXPECT_EQ(story.logged("display settled: "), 1U);
     EXPECT_EQ(story.logged("pre-change snapshot adopted: 4 windows for "), 1U);
     dock();
     EXPECT_EQ(story.frame(story.terminal), late);
 }
 
-TEST_F(Docking, ACaptureIsAdoptedOnlyUpTo45SecondsLaterAndNotFromBeforeARestore) {
-    // No capture succeeds any more, so the last one grows old.
+TEST_F(Docking, AdoptsNoCaptureOlderThan45SecondsOrThanARestore) {
+    // No capture succeeds while asleep, so the last one grows old.
     story.system.setAsleep(true);
     story.runFor(46);
-    story.connect("laptop");
+    undock();
     EXPECT_EQ(story.logged("pre-change snapshot adopted: "), 0U);
     story.system.setAsleep(false);
     dock();
@@ -57,15 +59,15 @@ TEST_F(Docking, ACaptureIsAdoptedOnlyUpTo45SecondsLaterAndNotFromBeforeARestore)
     story.move(story.mail, {{10, 300}, {500, 400}});
     story.runFor(16);
     ASSERT_TRUE(restore(1));
-    story.connect("laptop");
+    undock();
     dock();
     EXPECT_EQ(story.frames(), home);
 }
 
-TEST_F(Docking, WhatASceneOrTheUserMadeOfTheDeskIsKeptHoweverSoonItIsLeft) {
+TEST_F(Docking, KeepsAnAppliedSceneASavedAndAFoundDeskEvenWhenUndockedAtOnce) {
     story.runFor(6);
     const auto expectKept = [this](const char* what, const std::map<WindowID, Rect>& made) {
-        story.connect("laptop");
+        undock();
         dock();
         EXPECT_EQ(story.frames(), made) << what;
     };
@@ -90,21 +92,10 @@ TEST_F(Docking, WhatASceneOrTheUserMadeOfTheDeskIsKeptHoweverSoonItIsLeft) {
     story.runFor(50);
     story.controller->setEnabled(true);
     story.runFor(1);
-    expectKept("found when switched on", found);
+    expectKept("found when enabled", found);
 }
 
-TEST_F(Docking, AFlickerMovesNothingThatWasRight) {
-    story.desk.change(DeskSetup::named("laptop"), {.events = 1});
-    story.runFor(0.02);
-    story.desk.change(DeskSetup::named("laptop-and-monitor"), {.events = 6, .spacing = 0.1});
-    story.runFor(20);
-
-    EXPECT_EQ(story.frames(), home);
-    EXPECT_EQ(story.desk.moves().size(), 0U);
-    EXPECT_EQ(story.logged("display settled: "), 1U);
-}
-
-TEST_F(Docking, WithoutAnyDisplayNothingIsLearnedOrRestored) {
+TEST_F(Docking, LearnsAndRestoresNothingWithoutADisplay) {
     story.desk.change({.name = "none", .displays = {}});
     story.runFor(100);
     EXPECT_EQ(story.published().configID, "");
@@ -115,35 +106,32 @@ TEST_F(Docking, WithoutAnyDisplayNothingIsLearnedOrRestored) {
     EXPECT_EQ(story.frames(), home);
 }
 
-TEST_F(Docking, WindowsThatTheWindowManagerMovesLateArePutBackAndSoTheHistorySays) {
-    story.connect("laptop");
+TEST_F(Docking, FollowUpPutsBackWhatTheWindowManagerMovesLateAndUpdatesTheHistory) {
+    undock();
     story.desk.habits.meddlingDelays = {1.2, 2.5};
     dock();
-
     EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.logged("restore follow-up: put back 2 windows"), 2U);
     const RestoreLog log = story.controller->restoreLog();
     ASSERT_EQ(log.entries.size(), 1U);
-    using Outcome = RestoreLog::Outcome;
-    EXPECT_EQ(std::ranges::count(log.entries[0].items, Outcome::retried, &RestoreLog::Item::outcome), 2);
-    EXPECT_EQ(std::ranges::count(log.entries[0].items, Outcome::restored, &RestoreLog::Item::outcome), 2);
+    EXPECT_EQ(
+        std::ranges::count(log.entries[0].items, RestoreLog::Outcome::retried, &RestoreLog::Item::outcome),
+        2);
 }
 
-TEST_F(Docking, TheFollowUpLeavesAloneWhatItsRestoreDidNotPlace) {
+TEST_F(Docking, FollowUpIgnoresWindowsThatItsRestoreDidNotPlace) {
     story.desk.window(story.terminal).behaviour.refusesMoves = true;
-    story.connect("laptop");
+    undock();
     dock();
     EXPECT_EQ(story.logged("restore follow-up: "), 0U);
     EXPECT_THAT(story.messages(), Contains(HasSubstr("; failed: Terminal \"~\" (app rejected the move)")));
 }
 
-TEST_F(Docking, AWindowThatTheUserDragsMeanwhileIsNeverPutBackTheOthersAre) {
-    story.connect("laptop");
+TEST_F(Docking, FollowUpLeavesAWindowThatTheUserDragsToTheUser) {
+    undock();
     story.desk.drag(story.browserRight, {{10, 10}, {300, 200}});
     story.desk.habits.meddlingDelays = {2.0, 4.5};
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    ASSERT_TRUE(awaitRestore(true));
-    ASSERT_TRUE(awaitRestore(false));
+    ASSERT_TRUE(dockAndRestore());
     const Rect dragged{{1700, 100}, {640, 400}};
     story.runFor(0.2);
     story.desk.drag(story.terminal, dragged);
@@ -158,12 +146,11 @@ TEST_F(Docking, AWindowThatTheUserDragsMeanwhileIsNeverPutBackTheOthersAre) {
     EXPECT_EQ(story.logged("restore follow-up: left "), 1U);
 }
 
-TEST_F(Docking, WhereNothingTellsTheUsersMovesApartNoWindowIsPutBack) {
+TEST_F(Docking, FollowUpMovesNothingWhereTheUsersMovesCannotBeRecognised) {
     story.desk.detectsDrags = false;
-    story.connect("laptop");
+    undock();
     story.desk.habits.meddlingDelays = {1.2};
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    ASSERT_TRUE(awaitRestore(true) && awaitRestore(false));
+    ASSERT_TRUE(dockAndRestore());
     const Rect dragged{{300, 100}, {640, 400}};
     story.desk.drag(story.mail, dragged);
     story.runFor(12);
@@ -174,7 +161,7 @@ TEST_F(Docking, WhereNothingTellsTheUsersMovesApartNoWindowIsPutBack) {
 }
 
 TEST_F(Docking, AManualRestoreEndsTheFollowUp) {
-    story.connect("laptop");
+    undock();
     story.desk.change(DeskSetup::named("laptop-and-monitor"));
     story.runFor(1.0);
     ASSERT_TRUE(restore(0.5));
@@ -184,27 +171,8 @@ TEST_F(Docking, AManualRestoreEndsTheFollowUp) {
     EXPECT_EQ(story.frame(story.terminal), elsewhere);
 }
 
-TEST_F(Docking, ARestoreThatADisplayChangeOvertakesMovesNothingAnyMore) {
-    const auto pid = story.desk.window(story.terminal).pid;
-    for (const double x : {1500, 1600, 1700}) {
-        story.desk.open(pid, "more", {{x, -400}, {500, 300}}, {.answerSeconds = 0.05});
-    }
-    story.learn();
-    story.connect("laptop");
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    const std::size_t moves = story.desk.moves().size();
-    ASSERT_TRUE(story.time.runUntil([&] { return story.desk.moves().size() > moves + 2; }, 5));
-    // Nothing is remembered for this desk, so nobody would correct what comes late.
-    story.connect("ultrawide-left");
-
-    for (const auto& [window, frame] : story.frames()) {
-        EXPECT_TRUE(story.desk.shows(frame.center())) << story.desk.window(window).title;
-    }
-    EXPECT_EQ(story.logged("restore abandoned: the displays changed meanwhile"), 1U);
-}
-
-TEST_F(Docking, AnAutomaticRestoreLetsTheWindowManagerFinishFirst) {
-    story.connect("laptop");
+TEST_F(Docking, AnAutomaticRestoreWaitsForTheWindowManager) {
+    undock();
     story.desk.habits.rescueDelay = 0.8;
     story.desk.change(DeskSetup::named("laptop-and-monitor"), {.events = 1});
     const std::size_t captures = story.desk.captures().size();
@@ -214,17 +182,15 @@ TEST_F(Docking, AnAutomaticRestoreLetsTheWindowManagerFinishFirst) {
     EXPECT_GE(story.desk.captures().back() - start, 0.799);
 }
 
-TEST_F(Docking, AnEventThatNobodySentIsNoticedAtTheNextTick) {
+TEST_F(Docking, NoticesASilentDisplayChangeAtTheNextTick) {
     story.desk.changeSilently(DeskSetup::named("laptop"));
     story.runFor(16);
     EXPECT_EQ(story.published().displays.size(), 1U);
-    dock();
-    EXPECT_EQ(story.frames(), home);
 }
 
-TEST_F(Docking, AutomaticRestoreAndSizesCanBeSwitchedOff) {
+TEST_F(Docking, FollowsTheSettingsForAutomaticRestoreAndSizes) {
     story.defaults.set("autoRestore", false);
-    story.connect("laptop");
+    undock();
     story.move(story.terminal, {{0, 30}, {300, 200}});
     const auto undocked = story.frames();
     dock();
@@ -236,29 +202,11 @@ TEST_F(Docking, AutomaticRestoreAndSizesCanBeSwitchedOff) {
     EXPECT_EQ(story.frame(story.terminal), (Rect{{1940, -290}, {300, 200}}));
 }
 
-TEST_F(Docking, OnlyTheLaterOfTwoChangesResumesLearning) {
-    story.desk.change(DeskSetup::named("laptop"));
-    story.runFor(6);
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    story.runFor(9.9);
-    EXPECT_TRUE(story.controller->snapshotsSuspended());
-    story.runFor(1);
-    EXPECT_FALSE(story.controller->snapshotsSuspended());
-}
-
-struct Rules : Docking {
-    RuleFlow& rules() { return story.controller->rules(); }
-
-    void setRule(const std::string& bundleID, const std::string& name, const AppRule::Action& action) {
-        ASSERT_TRUE(rules().setRule({bundleID, name, action, {}}));
-    }
-};
-
-TEST_F(Rules, KeepAnApplicationOnItsDisplayAndLeaveAnotherAlone) {
+TEST_F(Docking, RulesForceOneAppOntoItsDisplayAndLeaveAnotherAlone) {
     const DisplayInfo monitor = story.published().displays.back();
-    setRule("org.example.mail", "Mail", AppRule::ForceDisplay{monitor.uuid, monitor.name});
-    setRule("org.example.terminal", "Terminal", AppRule::Ignore{});
-    story.connect("laptop");
+    setRule("org.example.mail", AppRule::ForceDisplay{monitor.uuid, monitor.name});
+    setRule("org.example.terminal", AppRule::Ignore{});
+    undock();
     EXPECT_EQ(story.logged("pre-change snapshot adopted: "), 0U) << "it holds what is ignored now";
     const Rect terminal = story.frame(story.terminal);
     dock();
@@ -268,20 +216,22 @@ TEST_F(Rules, KeepAnApplicationOnItsDisplayAndLeaveAnotherAlone) {
     EXPECT_EQ(story.frame(story.terminal), terminal);
     story.learn();
     EXPECT_EQ(story.published().windowsLearned(), 3);
-    ASSERT_TRUE(rules().removeRule("org.example.terminal"));
+    RuleFlow& rules = story.controller->rules();
+    ASSERT_TRUE(rules.removeRule("org.example.terminal"));
     story.learn();
     EXPECT_EQ(story.published().windowsLearned(), 4);
-    EXPECT_EQ(rules().removeRule("org.example.terminal").error(), RuleProblem::notFound);
+    EXPECT_EQ(rules.removeRule("org.example.terminal").error(), RuleProblem::notFound);
 }
 
-TEST_F(Rules, AnApplicationIsKnownByItsNameOrIdentifierInWhateverCase) {
+TEST_F(Docking, RulesFindAnAppByNameOrIdentifierInAnyCase) {
+    RuleFlow& rules = story.controller->rules();
     // Nothing but its rule is stored of this one.
-    setRule("org.example.chat", "Chat", AppRule::Ignore{});
-    EXPECT_EQ(rules().app(" MAIL "), (RuleFlow::KnownApp{"org.example.mail", "Mail"}));
-    EXPECT_EQ(rules().app("Org.Example.Chat"), (RuleFlow::KnownApp{"org.example.chat", "Chat"}));
-    EXPECT_FALSE(rules().app("nobody"));
-    fillDisk();
-    EXPECT_EQ(rules().removeRule("org.example.chat").error(), RuleProblem::writeFailed);
+    ASSERT_TRUE(rules.setRule({"org.example.chat", "Chat", AppRule::Ignore{}, {}}));
+    EXPECT_EQ(rules.app(" MAIL "), (RuleFlow::KnownApp{"org.example.mail", "Mail"}));
+    EXPECT_EQ(rules.app("Org.Example.Chat"), (RuleFlow::KnownApp{"org.example.chat", "Chat"}));
+    EXPECT_FALSE(rules.app("nobody"));
+    story.fillDisk();
+    EXPECT_EQ(rules.removeRule("org.example.chat").error(), RuleProblem::writeFailed);
 }
 
 } // namespace

@@ -21,13 +21,9 @@ struct Launched : LearnedDesk {
     }
     void quitMail() { story.desk.quit(story.desk.pidsOf(mailID).front()); }
     Rect inbox() { return story.frameOf("Inbox"); }
-
-    void setRule(const AppRule::Action& action) {
-        ASSERT_TRUE(story.controller->rules().setRule({mailID, "Mail", action, {}}));
-    }
 };
 
-TEST_F(Launched, AnApplicationOpensWhereItWasLastSeenHoweverLateItsWindowComes) {
+TEST_F(Launched, PlacesALateWindowWhereItWasLastSeen) {
     // Learned without it meanwhile.
     story.learn();
     ASSERT_EQ(story.storedLayout()->windows.size(), 3U);
@@ -42,19 +38,7 @@ TEST_F(Launched, AnApplicationOpensWhereItWasLastSeenHoweverLateItsWindowComes) 
     EXPECT_EQ(story.desk.moves().size(), moves) << "the user's own move stays";
 }
 
-TEST_F(Launched, ItIsPlacedAlsoWhenARestoreRunsAndRememberedWhenTheDeskIsLeftAtOnce) {
-    story.learn();
-    story.workspace.install(mailID, {.name = "Mail", .windows = {{"Inbox", opened}}, .windowSeconds = 2});
-    story.desk.window(story.terminal).behaviour.answerSeconds = 0.2;
-    story.scatter();
-    ASSERT_TRUE(restore(0.1) && story.controller->restoreInFlight());
-    startMail(4);
-    EXPECT_EQ(inbox(), place);
-    story.connect("laptop");
-    EXPECT_EQ(story.logged("pre-change snapshot adopted: 4 windows for "), 1U);
-}
-
-TEST_F(Launched, ARestoreThatFoundNoWindowOfItYetLeavesItToBePlaced) {
+TEST_F(Launched, PlacesAWindowThatOpensAfterARestore) {
     story.workspace.install(mailID, {.name = "Mail", .windows = {{"Inbox", opened}}, .windowSeconds = 6.2});
     startMail(3);
     story.scatter();
@@ -70,7 +54,7 @@ TEST_F(Launched, ARestoreThatFoundNoWindowOfItYetLeavesItToBePlaced) {
     EXPECT_EQ(story.frameOf("Inbox"), opened) << "a restore that found its window has had its say";
 }
 
-TEST_F(Launched, WhatIsRememberedGoesWithTheNameOfItsLayout) {
+TEST_F(Launched, RememberedPlacesFollowARenamedLayoutAndGoWithADeletedOne) {
     LayoutFlow& layouts = story.controller->layouts();
     story.learn();
     EXPECT_EQ(layouts.rename("Default", "Usual").kind, LayoutChange::Kind::done);
@@ -86,7 +70,7 @@ TEST_F(Launched, WhatIsRememberedGoesWithTheNameOfItsLayout) {
     EXPECT_EQ(inbox(), opened) << "the deleted layout's place";
 }
 
-TEST_F(Launched, NothingMovesWhereAnythingStandsAgainstIt) {
+TEST_F(Launched, DoesNotPlaceWhenDisabledUnlicensedOrIgnored) {
     const auto staysWhereItOpened = [this](const char* why) {
         startMail();
         EXPECT_EQ(inbox(), opened) << why;
@@ -101,20 +85,20 @@ TEST_F(Launched, NothingMovesWhereAnythingStandsAgainstIt) {
     story.controller->setEnabled(false);
     staysWhereItOpened("switched off");
     story.controller->setEnabled(true);
-    setRule(AppRule::Ignore{});
+    setRule(mailID, AppRule::Ignore{});
     staysWhereItOpened("ignored");
     EXPECT_EQ(story.logged("launch placement: "), 0U);
 }
 
-TEST_F(Launched, ARuleBringsItToItsDisplay) {
+TEST_F(Launched, ARulePlacesTheAppOnItsDisplay) {
     const DisplayInfo monitor = story.published().displays.back();
-    setRule(AppRule::ForceDisplay{monitor.uuid, monitor.name});
+    setRule(mailID, AppRule::ForceDisplay{monitor.uuid, monitor.name});
     startMail();
     EXPECT_EQ(inbox().center(), monitor.frame.center());
     EXPECT_EQ(inbox().size, opened.size);
 }
 
-TEST_F(Launched, ASecondProcessDoesNotGoOnTopOfTheFirst) {
+TEST_F(Launched, ASecondProcessIsNotPlacedOnTheFirst) {
     startMail();
     ASSERT_EQ(inbox(), place);
     const auto second = story.desk.open(story.desk.launch(mailID, "Mail"), "Second", opened);
@@ -122,7 +106,7 @@ TEST_F(Launched, ASecondProcessDoesNotGoOnTopOfTheFirst) {
     EXPECT_EQ(story.frame(second), opened);
 }
 
-TEST_F(Launched, ADisplayChangeMeanwhileDecidesAboutTheNewDesk) {
+TEST_F(Launched, ADisplayChangeReevaluatesThePlacement) {
     startMail(1.3);
     story.connect("laptop");
     EXPECT_TRUE(story.published().displays.front().frame.contains(inbox().center()));
@@ -131,7 +115,7 @@ TEST_F(Launched, ADisplayChangeMeanwhileDecidesAboutTheNewDesk) {
     EXPECT_EQ(inbox(), place) << "the restore of the returning desk takes it along";
 }
 
-TEST_F(Launched, AProgramThatShowsNoWindowIsNotWaitedForForever) {
+TEST_F(Launched, GivesUpOnAProgramWithoutWindows) {
     story.workspace.install(mailID, {.name = "Mail", .windows = {}});
     startMail(25);
     const auto captures = story.desk.captures().size();

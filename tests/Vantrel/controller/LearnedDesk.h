@@ -1,14 +1,17 @@
-// The beginning of most controller tests: programs are open on a desk that the controller has learned.
+// The starting point of most controller tests: programs are open on a desk that the controller has learned.
 #pragma once
 
 #include "tests/Vantrel/controller/Story.h"
 
 #include <algorithm>
+#include <functional>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 
 namespace vantrel::simulated {
+
+using testing::Contains, testing::Each, testing::ElementsAre, testing::Field, testing::IsEmpty;
+using testing::SizeIs, testing::StartsWith;
 
 struct LearnedDesk : testing::Test {
     explicit LearnedDesk(const std::string& setup = "laptop") : story(setup) {
@@ -23,9 +26,9 @@ struct LearnedDesk : testing::Test {
     std::map<WindowID, Rect> home;
     // What the heads-up display has shown since, until a restart.
     std::vector<HUDEvent> shown;
-    // What was told to whoever asked, in order.
+    // The outcomes reported to the callers of restore(), undo() and whoever passed tell(), in order.
     std::vector<RestoreOutcome> told;
-    // The first to go, since it tells all of these.
+    // Destroyed first: its callbacks write to the members above.
     Story story;
 
     [[nodiscard]] RestoreOutcome::Done tell() {
@@ -37,7 +40,7 @@ struct LearnedDesk : testing::Test {
         return kinds;
     }
 
-    // Asks, and lets so many seconds pass; false when it is refused.
+    // Both request, then let the seconds pass; false when the request is refused.
     bool restore(double seconds = 5) {
         const bool isAccepted = story.controller->restoreNow(RestoreSource::menu, tell());
         story.runFor(seconds);
@@ -49,14 +52,21 @@ struct LearnedDesk : testing::Test {
         return isAccepted;
     }
 
-    // Waits until the restore that was asked for begins or ends.
+    // Waits until the requested restore begins or ends.
     [[nodiscard]] bool awaitRestore(bool isRunning, double limit = 10) {
         return story.time.runUntil([&] { return story.controller->restoreInFlight() == isRunning; }, limit);
     }
 
-    void fillDisk() {
-        story.files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    void setRule(const std::string& bundleID, const AppRule::Action& action,
+                 std::optional<bool> restoreLast = {}) {
+        ASSERT_TRUE(story.controller->rules().setRule({bundleID, "App", action, restoreLast}));
     }
+    void sleepAndWake() {
+        story.system.setAsleep(true);
+        story.system.setAsleep(false);
+    }
+    // Applications that take their time, so that something can happen meanwhile.
+    void makeSlow(double seconds) { story.desk.window(story.mail).behaviour.answerSeconds = seconds; }
 };
 
 } // namespace vantrel::simulated

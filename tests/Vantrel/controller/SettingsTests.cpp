@@ -11,19 +11,7 @@ struct StoredSettings : testing::Test {
     Settings settings{defaults};
 };
 
-TEST_F(StoredSettings, AFreshInstallationRestoresWithSizesAfterHalfASecond) {
-    EXPECT_TRUE(settings.enabled() && settings.autoRestore() && settings.restoreSizes());
-    EXPECT_EQ(settings.settleDelay(), 0.5);
-    EXPECT_TRUE(settings.showHUD() && settings.placeNewAppsEnabled() && settings.quietNudgesEnabled());
-    EXPECT_FALSE(settings.hideOthersOnSceneSwitch() || settings.showWindowPreviews() ||
-                 settings.launchAtLogin() || settings.showDockIcon().has_value());
-    EXPECT_EQ(settings.restoreHotkey(), (HotKeyCombo{15, 768}));
-    EXPECT_EQ(settings.saveHotkey(), (HotKeyCombo{1, 768}));
-    EXPECT_EQ(settings.stashHotkey(), (HotKeyCombo{1, 2560}));
-    EXPECT_FALSE(settings.undoHotkey() || settings.quickSwitcherHotkey());
-}
-
-TEST_F(StoredSettings, AValueOfTheWrongTypeOrOutOfReasonCountsAsAbsent) {
+TEST_F(StoredSettings, TreatAValueOfTheWrongTypeOrOutOfRangeAsAbsent) {
     const DefaultsValue values[] = {std::string("no"), std::int64_t{-1}, 1e9,
                                     std::numeric_limits<double>::quiet_NaN(), true};
     for (const SettingKey& key : SettingKeys::all()) {
@@ -38,12 +26,11 @@ TEST_F(StoredSettings, AValueOfTheWrongTypeOrOutOfReasonCountsAsAbsent) {
     }
     EXPECT_EQ(settings.settleDelay(), 0.5);
     EXPECT_EQ(settings.restoreHotkey(), (HotKeyCombo{15, 768}));
-    EXPECT_FALSE(settings.undoHotkey());
     defaults.set("settleDelay", std::int64_t{2});
     EXPECT_EQ(settings.settleDelay(), 2);
 }
 
-TEST_F(StoredSettings, NotesThatCannotBeDecodedAreEmptyUntilTheNextSave) {
+TEST_F(StoredSettings, TreatUndecodableNotesAsEmptyUntilTheNextSave) {
     defaults.set("patternObservations", DefaultsData{"[{]"});
     defaults.set("wallpaperMemory", DefaultsData{"7"});
     defaults.set("patternSuggestionSnoozedUntil", std::numeric_limits<double>::infinity());
@@ -54,14 +41,11 @@ TEST_F(StoredSettings, NotesThatCannotBeDecodedAreEmptyUntilTheNextSave) {
     const std::vector<DailyLayoutObservation> observations{{"desk", "2026-03-02", {"a|1,2,3x4"}}};
     EXPECT_TRUE(settings.savePatternObservations(observations));
     EXPECT_EQ(settings.loadPatternObservations(), observations);
-    EXPECT_TRUE(settings.setUpdateCheckerLastCheck(time.now()));
-    EXPECT_EQ(settings.updateCheckerLastCheck(), time.now());
-    EXPECT_EQ(defaults.date("updateChecker.lastCheck"), time.now()) << "kept as a date where there are such";
     EXPECT_TRUE(settings.setPatternSuggestionSnoozedUntil(time.now()));
     EXPECT_EQ(settings.patternSuggestionSnoozedUntil(), time.now());
 }
 
-TEST_F(StoredSettings, WhatAPersonWritesIsReadByItsKeyOrRefusedWithASentence) {
+TEST_F(StoredSettings, ReadWhatAPersonTypesByTheirTypeOrSayWhatTheyTake) {
     const SettingKey& delay = *SettingKeys::named("settleDelay");
     EXPECT_EQ(delay.read("1.5"), DefaultsValue(1.5));
     for (const char* wrong : {"", "60.5", "1.5s", "nan", "true"}) {
@@ -77,11 +61,9 @@ TEST_F(StoredSettings, WhatAPersonWritesIsReadByItsKeyOrRefusedWithASentence) {
 
 struct ChangingSettings : LearnedDesk {
     ChangingSettings() : LearnedDesk("laptop-and-monitor") {}
-
-    std::size_t captures() { return story.desk.captures().size(); }
 };
 
-TEST_F(ChangingSettings, OnlyAnotherSettleDelayReinstallsTheWatcherAndOnlyOnce) {
+TEST_F(ChangingSettings, ReinstallTheWatcherOnceAndOnlyForAnotherSettleDelay) {
     story.defaults.set("restoreSizes", false);
     story.defaults.set("settleDelay", 0.5);
     story.runFor(1);
@@ -99,18 +81,7 @@ TEST_F(ChangingSettings, OnlyAnotherSettleDelayReinstallsTheWatcherAndOnlyOnce) 
     EXPECT_EQ(story.logged("display settled: "), 1U);
 }
 
-TEST_F(ChangingSettings, AChangeUnderWayIsNotLostWithTheOldWatcher) {
-    story.connect("laptop");
-    story.desk.change(DeskSetup::named("laptop-and-monitor"), {.events = 2});
-    story.runFor(0.3);
-    story.defaults.set("settleDelay", 1.0);
-    story.runFor(14);
-    EXPECT_EQ(story.logged("display settled: "), 2U);
-    EXPECT_EQ(story.frames(), home);
-    EXPECT_FALSE(story.controller->snapshotsSuspended());
-}
-
-TEST_F(ChangingSettings, BeingSwitchedOffLastsOverARestartAndIsSeenWhenAnotherProgramWritesIt) {
+TEST_F(ChangingSettings, DisablingSurvivesARestartAndFollowsOtherPrograms) {
     story.controller->setEnabled(false);
     story.start();
     EXPECT_FALSE(story.published().enabled);
@@ -130,17 +101,17 @@ TEST_F(ChangingSettings, BeingSwitchedOffLastsOverARestartAndIsSeenWhenAnotherPr
 
 struct Sleeping : ChangingSettings {};
 
-TEST_F(Sleeping, NothingIsLearnedUntilTheMachineIsAwakeAndTheSessionUnlocked) {
-    // The screen goes dark soon after, and the display change ends while nobody is there.
+TEST_F(Sleeping, SuspendsLearningUntilTheMachineIsAwakeAndUnlocked) {
+    // The machine falls asleep some time after it is locked, and the displays change meanwhile.
     story.system.setLocked(true);
-    const auto before = captures();
+    const auto captures = story.desk.captures().size();
     story.connect("laptop");
     story.runFor(100);
     story.system.setAsleep(true);
     story.runFor(5);
     story.system.setAsleep(false);
     story.runFor(20);
-    EXPECT_EQ(captures(), before) << "awake, and still locked";
+    EXPECT_EQ(story.desk.captures().size(), captures) << "awake, but still locked";
     story.system.setLocked(false);
     story.runFor(2.4);
     EXPECT_TRUE(story.controller->snapshotsSuspended());
@@ -153,7 +124,7 @@ TEST_F(Sleeping, NothingIsLearnedUntilTheMachineIsAwakeAndTheSessionUnlocked) {
     }
 }
 
-TEST_F(Sleeping, ACaptureUnderWayWhenTheSessionIsLockedIsNotLearned) {
+TEST_F(Sleeping, DiscardsACaptureUnderWayWhenTheSessionIsLocked) {
     story.desk.onCapture = [this] { story.time.schedule(0.0001, [this] { story.system.setLocked(true); }); };
     const Rect moved{{10, 40}, {400, 300}};
     story.move(story.mail, moved);
@@ -166,35 +137,12 @@ TEST_F(Sleeping, ACaptureUnderWayWhenTheSessionIsLockedIsNotLearned) {
     }
 }
 
-TEST_F(Sleeping, AWakingUpThatNobodyTellsOfIsNoticed) {
+TEST_F(Sleeping, NoticesAMissedWakeNotification) {
     story.system.setAsleep(true);
     story.runFor(119);
     EXPECT_TRUE(story.controller->snapshotsSuspended());
     story.runFor(5);
     EXPECT_FALSE(story.controller->snapshotsSuspended());
-}
-
-TEST_F(Sleeping, WakingUpOnAnotherDeskRestoresItAndWaitsAsLongAsEver) {
-    story.connect("laptop");
-    story.system.setAsleep(true);
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    story.runFor(1);
-    story.system.setAsleep(false);
-    story.runFor(8);
-    EXPECT_EQ(story.frames(), home);
-    EXPECT_TRUE(story.controller->snapshotsSuspended());
-    story.runFor(3);
-    EXPECT_FALSE(story.controller->snapshotsSuspended());
-}
-
-TEST_F(Sleeping, AnEventOnItsWayToTheMainThreadFindsAControllerThatIsGone) {
-    story.desk.change(DeskSetup::named("laptop"));
-    story.runFor(0.05);
-    story.controller->saveLayoutNow();
-    story.controller.reset();
-    story.desk.launch("org.example.new", "New");
-    story.runFor(60);
-    EXPECT_EQ(story.logged("display settled: "), 0U);
 }
 
 } // namespace

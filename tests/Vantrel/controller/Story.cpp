@@ -72,6 +72,16 @@ void Story::scatter(double x) {
     }
 }
 
+void Story::minimizeAll(bool isMinimized) {
+    for (const auto& window : desk.windows()) {
+        window->isMinimized = isMinimized;
+    }
+}
+
+void Story::fillDisk() {
+    files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+}
+
 void Story::connect(const std::string& setup, const Burst& burst) {
     desk.change(DeskSetup::named(setup), burst);
     runFor(14);

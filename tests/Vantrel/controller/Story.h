@@ -58,6 +58,9 @@ public:
     void learn();
     // Where the user leaves a window.
     void move(WindowID window, const Rect& frame) { desk.window(window).frame = frame; }
+    void minimizeAll(bool isMinimized = true);
+    // The disk is full until files.stopFailing().
+    void fillDisk();
     // The user leaves every window elsewhere, small, the first at `x`.
     void scatter(double x = 15);
     [[nodiscard]] Rect frame(WindowID window) { return desk.window(window).frame; }
