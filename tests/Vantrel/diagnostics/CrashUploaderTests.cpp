@@ -71,7 +71,7 @@ protected:
     simulated::SimulatedHttp m_http{m_time};
 };
 
-TEST_F(CrashUploads, AreJsonWithTheReportAsItStandsAndGoOnceTheServerHasIt) {
+TEST_F(CrashUploads, SendTheReportAsJsonAndDeleteIt) {
     putReport("7-exception.crash", 1, "kind: exception\n\xff\n");
     m_http.server = [this](const HttpRequest&) {
         EXPECT_GE(m_time.monotonicSeconds(), CrashUploader::delaySeconds);
@@ -93,7 +93,7 @@ TEST_F(CrashUploads, AreJsonWithTheReportAsItStandsAndGoOnceTheServerHasIt) {
     EXPECT_THAT(logged(), HasSubstr("] crash report uploaded\n"));
 }
 
-TEST_F(CrashUploads, AreTheFiveNewestThatCanBeReadOldestFirstAndOneAtATime) {
+TEST_F(CrashUploads, SendTheFiveNewestOldestFirst) {
     for (const auto& [name, hour] :
          {std::pair{"9", 1}, {"8", 2}, {"1", 3}, {"7", 4}, {"2", 5}, {"6", 6}, {"3", 7}}) {
         putReport(std::string(name) + "-signal.crash", hour, name);
@@ -110,7 +110,7 @@ TEST_F(CrashUploads, AreTheFiveNewestThatCanBeReadOldestFirstAndOneAtATime) {
     EXPECT_THAT(left(), ElementsAre("2-signal.crash", "7-signal.crash", "notes.txt"));
 }
 
-TEST_F(CrashUploads, DoNotHappenWithoutTheUsersLeaveNorWithoutAFolder) {
+TEST_F(CrashUploads, NeedConsentAServerAndAFolder) {
     start();
     for (int i = 0; i < 7; ++i) {
         putReport(std::to_string(i) + "-signal.crash", i);
@@ -123,7 +123,7 @@ TEST_F(CrashUploads, DoNotHappenWithoutTheUsersLeaveNorWithoutAFolder) {
     EXPECT_EQ(logged(), "");
 }
 
-TEST(CrashUpload, IsTakenByStatusesOfSuccessAlone) {
+TEST(CrashUpload, SucceedsWithStatus2xxOnly) {
     for (const auto& [number, isTaken] :
          {std::pair{199, false}, {200, true}, {299, true}, {300, false}, {500, false}}) {
         EXPECT_EQ(CrashUpload::outcome(status(number)) == CrashUpload::Outcome::uploaded, isTaken) << number;
@@ -131,7 +131,7 @@ TEST(CrashUpload, IsTakenByStatusesOfSuccessAlone) {
     EXPECT_EQ(CrashUpload::outcome(std::unexpected(HttpFailure{})), CrashUpload::Outcome::failed);
 }
 
-TEST(VendorServer, IsNobodysUnderAReservedName) {
+TEST(VendorServer, IgnoresReservedNames) {
     for (const auto& [server, isReal] : {std::pair{"https://api.vantrel.example", false},
                                          {"https://api.vantrel.example:443", false},
                                          {"", false},

@@ -73,7 +73,7 @@ testing::AssertionResult agreesWithTheCLibrary(const TimeZone& zone, std::time_t
     return testing::AssertionSuccess();
 }
 
-TEST_F(TimeZones, EveryZoneOfTheSystemAgreesWithTheCLibrary) {
+TEST_F(TimeZones, EverySystemZoneAgreesWithTheCLibrary) {
     ZoneDatabase database;
     const fs::path root = ZoneDatabase::systemFolder();
     int zones = 0;
@@ -98,7 +98,7 @@ TEST_F(TimeZones, EveryZoneOfTheSystemAgreesWithTheCLibrary) {
     }
 }
 
-TEST_F(TimeZones, ValuesOfTZMeanWhatTheyMeanToTheCLibrary) {
+TEST_F(TimeZones, TZValuesAgreeWithTheCLibrary) {
     const std::string path = (ZoneDatabase::systemFolder() / "Asia/Tokyo").string();
     link("Asia/Kolkata");
     for (const char* value :
@@ -118,7 +118,7 @@ TEST_F(TimeZones, ValuesOfTZMeanWhatTheyMeanToTheCLibrary) {
     }
 }
 
-TEST_F(TimeZones, AChangedZoneAndRenewedRulesAreNoticed) {
+TEST_F(TimeZones, NoticesAChangedZoneAndUpdatedRules) {
     link("Europe/Berlin");
     EXPECT_EQ(noonInUtc(), "13:0");
     link("Asia/Kolkata");
@@ -131,7 +131,7 @@ TEST_F(TimeZones, AChangedZoneAndRenewedRulesAreNoticed) {
     EXPECT_EQ(log.size(), 3U);
 }
 
-TEST_F(TimeZones, WithoutAZoneTimesAreUtcAndTheLogSaysSoOnce) {
+TEST_F(TimeZones, FallsBackToUtcAndLogsItOnce) {
     link("Nowhere/Atlantis");
     EXPECT_EQ(noonInUtc(), "12:0");
     EXPECT_EQ(noonInUtc(), "12:0");
@@ -145,7 +145,7 @@ TEST_F(TimeZones, WithoutAZoneTimesAreUtcAndTheLogSaysSoOnce) {
     EXPECT_THAT(log, testing::Contains(HasSubstr("TZ=Nowhere/Atlantis cannot be read")));
 }
 
-TEST_F(TimeZones, ADamagedZoneFileIsRefused) {
+TEST_F(TimeZones, RefusesATruncatedZoneFile) {
     std::ifstream stream(ZoneDatabase::systemFolder() / "Europe/Berlin", std::ios::binary);
     const std::string whole{std::istreambuf_iterator<char>(stream), {}};
     ASSERT_TRUE(ZoneFile::decode(whole).has_value());
