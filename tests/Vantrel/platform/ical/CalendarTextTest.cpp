@@ -36,7 +36,7 @@ std::optional<TimeZone> zoneNamed(const std::string& name) {
     return found != zones.end() ? TimeZone::posix(found->second) : std::nullopt;
 }
 
-// Less than a reader's for one file, but without end: no test depends on the time it takes.
+// Fewer steps than a reader has for one file, but no deadline: no test depends on time.
 constexpr CalendarBudget::Limits limits{.steps = 300'000, .time = std::chrono::hours{1}};
 
 struct Reading {
@@ -70,7 +70,7 @@ std::vector<std::string> starts(const std::string& components, const CalendarInt
     return result;
 }
 
-TEST(CalendarText, ATimeIsInTheZoneThatTheFileOrTheSystemKnowsElseOnTheUsersClock) {
+TEST(CalendarText, ReadsTimesInTheFilesTheSystemsOrTheLocalZone) {
     const std::string ownZone = "BEGIN:VTIMEZONE\nTZID:Mine\nBEGIN:STANDARD\nDTSTART:19700101T000000\n"
                                 "TZOFFSETFROM:+0500\nTZOFFSETTO:+0530\nEND:STANDARD\nEND:VTIMEZONE\n"
                                 "BEGIN:VTIMEZONE\nTZID:Changing\nBEGIN:DAYLIGHT\nDTSTART:16010325T020000\n"
@@ -97,7 +97,7 @@ TEST(CalendarText, ATimeIsInTheZoneThatTheFileOrTheSystemKnowsElseOnTheUsersCloc
     }
 }
 
-TEST(CalendarText, AnEventThatRecursKeepsItsPlaceOnTheClockThroughTheYear) {
+TEST(CalendarText, RecurringEventsKeepTheirLocalTime) {
     const auto interval = between("2026-10-20", "2026-11-06");
     const std::string since = "DTSTART;TZID=Europe/Berlin:20240104T090000\nRRULE:FREQ=WEEKLY;BYDAY=TH";
     const std::string first = "2026-10-22T07:00:00Z";
@@ -118,7 +118,7 @@ TEST(CalendarText, AnEventThatRecursKeepsItsPlaceOnTheClockThroughTheYear) {
     }
 }
 
-TEST(CalendarText, OneOccurrenceMayBeMovedOrCancelledByItself) {
+TEST(CalendarText, SingleOccurrencesCanBeMovedOrCancelled) {
     const std::string daily = event("DTSTART;TZID=Europe/Berlin:20261101T090000\nRRULE:FREQ=DAILY;COUNT=4");
     EXPECT_THAT(starts(daily +
                            event("RECURRENCE-ID;TZID=Europe/Berlin:20261102T090000\n"
@@ -130,7 +130,7 @@ TEST(CalendarText, OneOccurrenceMayBeMovedOrCancelledByItself) {
                 ElementsAre("2026-11-01T08:00:00Z", "2026-11-02T14:00:00Z", "2026-11-04T08:00:00Z"));
 }
 
-TEST(CalendarText, FromOneOccurrenceOnASeriesMayGoOnDifferently) {
+TEST(CalendarText, ASeriesCanChangeFromOneOccurrenceOn) {
     const std::string weekly = event("DTSTART;TZID=Europe/Berlin:20261005T090000\nRRULE:FREQ=WEEKLY");
     const std::string later = event("RECURRENCE-ID;RANGE=THISANDFUTURE;TZID=Europe/Berlin:20261019T090000\n"
                                     "DTSTART;TZID=Europe/Berlin:20261020T110000\nDURATION:PT2H");
@@ -143,7 +143,7 @@ TEST(CalendarText, FromOneOccurrenceOnASeriesMayGoOnDifferently) {
                 ElementsAre("2026-11-03T10:00:00Z"));
 }
 
-TEST(CalendarText, AnEventCarriesItsTextsItsLinksAndItsLength) {
+TEST(CalendarText, ReadsTextsLinksAndDuration) {
     const std::string lines = "DTSTART:20261121T150000Z\nDURATION:PT45M\nLOCATION:Room 1\\, upstairs\n"
                               "DESCRIPTION:Bring\\ncoffee\nURL:https://example.org/a\n"
                               "X-GOOGLE-CONFERENCE:https://meet.google.com/abc";
@@ -155,7 +155,7 @@ TEST(CalendarText, AnEventCarriesItsTextsItsLinksAndItsLength) {
                                                           "https://example.org/a", start, end, false}));
 }
 
-TEST(CalendarText, AnEventThatIsUnderWayOrJustBeginsOverlaps) {
+TEST(CalendarText, IncludesEventsUnderWayAndStartingAtTheEnd) {
     const auto noon = between("2026-11-21T12:00:00Z", "2026-11-21T12:01:00Z");
     EXPECT_THAT(starts(event("DTSTART:20260101T113000Z\nDURATION:PT1H\nRRULE:FREQ=DAILY"), noon),
                 ElementsAre("2026-11-21T11:30:00Z"));
@@ -165,7 +165,7 @@ TEST(CalendarText, AnEventThatIsUnderWayOrJustBeginsOverlaps) {
     EXPECT_THAT(starts(event("DTSTART;VALUE=DATE:20261120"), noon), IsEmpty());
 }
 
-TEST(CalendarText, WhatIsNoWholeCalendarIsRefused) {
+TEST(CalendarText, RefusesIncompleteCalendars) {
     const auto interval = between("2026-01-01", "2027-01-01");
     const std::string whole = calendar(event("DTSTART:20261121T150000Z"));
     EXPECT_TRUE(readText("\xEF\xBB\xBF" + whole + whole, interval).events.has_value());
@@ -187,7 +187,7 @@ std::string repeated(const std::string& text, int count) {
     return result;
 }
 
-TEST(CalendarText, NestingAndLongValuesDoNoHarm) {
+TEST(CalendarText, SurvivesDeepNestingAndLongValues) {
     const auto interval = between("2026-11-20", "2026-11-22");
     const std::string nested = repeated("BEGIN:VEVENT\n", 300'000) + repeated("END:VEVENT\n", 300'000);
     EXPECT_EQ(readText(calendar(nested), interval).events.error(), "its components are nested too deeply");
@@ -204,33 +204,7 @@ TEST(CalendarText, NestingAndLongValuesDoNoHarm) {
     EXPECT_EQ(read.events.value().at(0).end, dateFromIso8601("2026-11-21T16:00:00Z"));
 }
 
-TEST(CalendarText, FarYearsAndEndlessEventsStayWithinReason) {
-    const auto interval = between("2026-11-20", "2026-11-22");
-    const std::pair<std::string, std::vector<std::string>> rows[] = {
-        {"DTSTART:20261121T150000Z\nDURATION:P4000000000W", {"2026-11-21T15:00:00Z"}},
-        {"DTSTART:20261121T150000Z\nDTEND:99991231T235959Z", {"2026-11-21T15:00:00Z"}},
-        {"DTSTART:99991231T150000Z\nDURATION:P4000000000W\nRRULE:FREQ=YEARLY", {}},
-        {"DTSTART:00010101T150000Z\nRRULE:FREQ=DAILY", {}},
-        {"DTSTART:16010101T150000Z\nRRULE:FREQ=DAILY", {"2026-11-20T15:00:00Z", "2026-11-21T15:00:00Z"}},
-        {"DTSTART:16010101T150000Z\nRRULE:FREQ=HOURLY;INTERVAL=7", {}},
-        {"DTSTART:20261121T150000Z\nRDATE:99999999T999999Z\nEXDATE:-9991231T000000Z",
-         {"2026-11-21T15:00:00Z"}},
-    };
-    for (const auto& [lines, expected] : rows) {
-        const auto found = starts(event(lines), interval);
-        if (!lines.contains("INTERVAL")) {
-            EXPECT_EQ(found, expected) << lines;
-        } else {
-            EXPECT_EQ(found.size(), 7U) << lines;
-        }
-    }
-    // A series that goes on differently from the end of time.
-    const std::string later = event("RECURRENCE-ID;RANGE=THISANDFUTURE:99991231T000000Z\n"
-                                    "DTSTART:16010101T000000Z\nDURATION:P4000000000W");
-    EXPECT_EQ(starts(event("DTSTART:20261121T150000Z\nRRULE:FREQ=DAILY") + later, interval).size(), 1U);
-}
-
-TEST(CalendarText, EndlessRulesTakeWhatTheBudgetAllows) {
+TEST(CalendarText, StopsEndlessRulesAtTheBudget) {
     const auto interval = between("2026-11-20", "2026-11-22");
     const std::string since1970 = "DTSTART:19700101T000000Z";
     for (const char* rule : {"FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30", "FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30",
