@@ -196,7 +196,7 @@ private:
     MacLocalZone m_localZone;
     MacCalendarReader m_calendar;
     FocusFilterReader m_focus;
-    MacDesktopPictures m_pictures{m_displays, m_queue,
+    MacDesktopPictures m_pictures{MacDisplayServices::activeDisplays, m_queue,
                                   [this](const std::string& message) { m_log.write(message); }};
     CarbonHotKeys m_hotKeys;
     // Destroyed before the adapters that its work uses.

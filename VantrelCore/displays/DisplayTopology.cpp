@@ -29,14 +29,6 @@ std::array<unsigned char, crypto_hash_sha256_BYTES> sha256(std::string_view text
 
 } // namespace
 
-std::vector<DisplayInfo> currentDisplays(DisplayServices& services) {
-    const auto active = services.activeDisplays();
-    if (active.empty()) {
-        return {};
-    }
-    return displays(active, services.screens(), services.edidHints());
-}
-
 std::vector<DisplayInfo> displays(const std::vector<ActiveDisplay>& active,
                                   const std::vector<Screen>& screens,
                                   const std::vector<EdidHint>& edidHints) {
@@ -105,8 +97,7 @@ std::string configName(const std::vector<DisplayInfo>& displays) {
     return fmt::format("{}", fmt::join(names, " + "));
 }
 
-std::string uuid(DisplayID displayID, DisplayServices& services) {
-    const auto active = services.activeDisplays();
+std::string uuid(DisplayID displayID, const std::vector<ActiveDisplay>& active) {
     const auto found = std::ranges::find(active, displayID, &ActiveDisplay::id);
     return uuidText(found == active.end() ? ActiveDisplay{.id = displayID, .bounds = {}, .uuid = std::nullopt}
                                           : *found);

@@ -4,15 +4,55 @@
 #include "VantrelCore/model/DisplayInfo.h"
 #include "VantrelCore/ports/DisplayServices.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
-namespace vantrel::DisplayTopology {
+namespace vantrel {
+
+using DisplayID = std::uint32_t;
+
+// What macOS says of displays, in three lists that displays() joins.
+
+struct ActiveDisplay {
+    DisplayID id = 0;
+    bool isBuiltin = false;
+    // Global coordinates, origin at the top left of the primary display.
+    Rect bounds;
+    // Canonical upper-case UUID string; absent when the platform has none.
+    std::optional<std::string> uuid;
+
+    bool operator==(const ActiveDisplay&) const = default;
+};
+
+// A display as an area for windows. Unlike everywhere else, the rectangles have their origin at the bottom
+// left of the primary display and y pointing up, like AppKit screens.
+struct Screen {
+    std::optional<DisplayID> displayID;
+    std::string localizedName;
+    Rect frame;
+    // Frame less menu bar, panels and docks.
+    Rect visibleFrame;
+
+    bool operator==(const Screen&) const = default;
+};
+
+// A monitor's identity data: product name and a UUID derived from its EDID. Either may be missing.
+struct EdidHint {
+    std::optional<std::string> productName;
+    std::optional<std::string> edidUUID;
+
+    bool operator==(const EdidHint&) const = default;
+};
+
+namespace DisplayTopology {
 
 // The active displays in the platform's order; empty while all of them are asleep.
-[[nodiscard]] std::vector<DisplayInfo> currentDisplays(DisplayServices& services);
+[[nodiscard]] inline std::vector<DisplayInfo> currentDisplays(DisplayServices& services) {
+    return services.displays();
+}
 
-// The pure part of currentDisplays.
 [[nodiscard]] std::vector<DisplayInfo> displays(const std::vector<ActiveDisplay>& active,
                                                 const std::vector<Screen>& screens,
                                                 const std::vector<EdidHint>& edidHints);
@@ -25,6 +65,8 @@ namespace vantrel::DisplayTopology {
 [[nodiscard]] std::string configName(const std::vector<DisplayInfo>& displays);
 
 // The display's uuid, or "display-" and its number when it is inactive or has none.
-[[nodiscard]] std::string uuid(DisplayID displayID, DisplayServices& services);
+[[nodiscard]] std::string uuid(DisplayID displayID, const std::vector<ActiveDisplay>& active);
 
-} // namespace vantrel::DisplayTopology
+} // namespace DisplayTopology
+
+} // namespace vantrel

@@ -43,7 +43,7 @@ class Calls {
 public:
     explicit Calls(ServedDesk& desk) : m_desk(desk), m_reader(connectTo(desk)) {
         m_desk.services.setReconfigurationHandler([this] {
-            auto displays = m_reader.activeDisplays();
+            auto displays = m_reader.displays();
             const std::lock_guard lock(m_mutex);
             m_calls.push_back(std::move(displays));
         });
@@ -54,7 +54,7 @@ public:
     Calls(const Calls&) = delete;
     Calls& operator=(const Calls&) = delete;
 
-    [[nodiscard]] std::vector<std::vector<ActiveDisplay>> all() {
+    [[nodiscard]] std::vector<std::vector<DisplayInfo>> all() {
         const std::lock_guard lock(m_mutex);
         return m_calls;
     }
@@ -63,7 +63,7 @@ public:
     [[nodiscard]] bool endWithThePresent() {
         return waitUntil([&] {
             const auto calls = all();
-            return !calls.empty() && calls.back() == m_desk.services.activeDisplays();
+            return !calls.empty() && calls.back() == m_desk.services.displays();
         });
     }
 
@@ -71,7 +71,7 @@ private:
     ServedDesk& m_desk;
     X11DisplayServices m_reader;
     std::mutex m_mutex;
-    std::vector<std::vector<ActiveDisplay>> m_calls;
+    std::vector<std::vector<DisplayInfo>> m_calls;
 };
 
 class DisplaysUnder : public testing::TestWithParam<const char*> {};
@@ -111,11 +111,11 @@ TEST(Displays, AreTheSameDeskAfterABurstOfChangesToAnotherProcessAndOnAnotherSer
 
 TEST(Displays, AreNotReportedAsChangedByAnybodysQueries) {
     ServedDesk desk("");
-    const auto before = desk.services.activeDisplays();
+    const auto before = desk.services.displays();
     Calls calls(desk);
     for (int round = 0; round < 10; ++round) {
         desk.monitors().probe();
-        EXPECT_EQ(desk.services.activeDisplays(), before);
+        EXPECT_EQ(desk.services.displays(), before);
     }
     // Calls come in the order of the events: what the queries caused is there before this change is.
     desk.monitors().unplug(1);
@@ -137,7 +137,6 @@ TEST(Displays, AreNoneWhileEveryMonitorIsDark) {
     desk.monitors().darken();
     EXPECT_TRUE(calls.endWithThePresent());
     EXPECT_THAT(desk.displays(), IsEmpty());
-    EXPECT_THAT(desk.services.screens(), IsEmpty());
     desk.monitors().relight();
     EXPECT_TRUE(calls.endWithThePresent());
     EXPECT_EQ(desk.displays(), before);

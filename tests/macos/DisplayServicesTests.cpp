@@ -1,3 +1,4 @@
+#include "Vantrel/platform/macos/DisplayRegistry.h"
 #include "Vantrel/platform/macos/MacDisplayServices.h"
 #include "tests/macos/PlatformTest.h"
 #include "tests/macos/fake/Registry.h"
@@ -25,7 +26,8 @@ TEST_F(MacDisplays, AreListedAsQuartzListsThem) {
                 ElementsAre(ActiveDisplay{69, true, {{0, 0}, {1440, 900}}, "37D8832A-2D66"},
                             ActiveDisplay{2, false, {{-1920, -200}, {1920, 1080}}, {}}));
     kitScreens = {{.displayID = 69, .localizedName = "Colour", .frame = {}, .visibleFrame = {}}};
-    EXPECT_EQ(adapter.screens(), kitScreens);
+    EXPECT_THAT(adapter.displays(), ElementsAre(testing::Field(&DisplayInfo::name, "Colour"),
+                                                testing::Field(&DisplayInfo::name, "External Display")));
 }
 
 TEST_F(MacDisplays, ThatComeAndGoWhileTheyAreListedDoNoHarm) {
@@ -109,8 +111,9 @@ TEST_F(MacDisplays, IdentityComesFromEveryPortOfEveryClassInOrder) {
         {"AppleSomethingElse", {port(hints("Never", "0"))}},
     };
     using Hint = EdidHint;
-    EXPECT_THAT(adapter.edidHints(), ElementsAre(Hint{"First", "1"}, Hint{"No UUID", {}}, Hint{{}, "5"},
-                                                 Hint{"Second", "2"}, Hint{"Third", "3"}, Hint{"Last", "4"}));
+    EXPECT_THAT(DisplayRegistry::edidHints(),
+                ElementsAre(Hint{"First", "1"}, Hint{"No UUID", {}}, Hint{{}, "5"}, Hint{"Second", "2"},
+                            Hint{"Third", "3"}, Hint{"Last", "4"}));
     EXPECT_EQ(registry().openHandles, 0U);
 }
 
@@ -118,10 +121,10 @@ TEST_F(MacDisplays, AClassThatCannotBeMatchedDoesNotHideTheOthers) {
     const auto hints = dictionary({{"ProductName", text("P")}, {"EDID UUID", text("U")}});
     registry().services["AppleATCDPHDMIPort"] = {port(hints)};
     registry().matchingErrors["AppleDCPDPTXRemotePortUFP"] = 5;
-    EXPECT_THAT(adapter.edidHints(), SizeIs(1));
+    EXPECT_THAT(DisplayRegistry::edidHints(), SizeIs(1));
     EXPECT_EQ(registry().openHandles, 0U);
     registry().makesNoMatching = true;
-    EXPECT_THAT(adapter.edidHints(), IsEmpty());
+    EXPECT_THAT(DisplayRegistry::edidHints(), IsEmpty());
 }
 
 } // namespace

@@ -16,16 +16,10 @@ public:
     std::unique_ptr<ScheduledWork> every(double, std::function<void()>) override { return nullptr; }
 };
 
-class Displays final : public DisplayServices {
-public:
-    std::vector<ActiveDisplay> activeDisplays() override {
-        return {{.id = 1, .isBuiltin = true, .bounds = {}, .uuid = "UUID-1"},
-                {.id = 2, .isBuiltin = false, .bounds = {}, .uuid = std::nullopt}};
-    }
-    std::vector<Screen> screens() override { return {}; }
-    std::vector<EdidHint> edidHints() override { return {}; }
-    void setReconfigurationHandler(std::function<void()>) override {}
-};
+std::vector<ActiveDisplay> twoDisplays() {
+    return {{.id = 1, .isBuiltin = true, .bounds = {}, .uuid = "UUID-1"},
+            {.id = 2, .isBuiltin = false, .bounds = {}, .uuid = std::nullopt}};
+}
 
 class PicturesOfTheMac : public CocoaTest {
 protected:
@@ -40,10 +34,9 @@ protected:
         return info;
     }
 
-    Displays m_displays;
     PromptQueue m_queue;
     Calls m_log;
-    MacDesktopPictures m_pictures{m_displays, m_queue,
+    MacDesktopPictures m_pictures{twoDisplays, m_queue,
                                   [this](const std::string& message) { m_log.push_back(message); }};
 };
 

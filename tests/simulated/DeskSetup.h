@@ -1,8 +1,8 @@
 // A named set of connected displays, read from tests/desks/NAME.json.
 #pragma once
 
+#include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/model/Geometry.h"
-#include "VantrelCore/ports/DisplayServices.h"
 
 #include <optional>
 #include <string>

@@ -3,6 +3,7 @@
 #include "VantrelCore/displays/DisplayGeometry.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 namespace vantrel::simulated {
 
@@ -165,31 +166,17 @@ class SimulatedDesk::DisplayPort final : public DisplayServices {
 public:
     explicit DisplayPort(SimulatedDesk& desk) : m_desk(desk) {}
 
-    [[nodiscard]] std::vector<ActiveDisplay> activeDisplays() override {
-        std::vector<ActiveDisplay> active;
+    [[nodiscard]] std::vector<DisplayInfo> displays() override {
+        std::vector<DisplayInfo> result;
         for (const auto& display : m_desk.m_displays) {
-            active.push_back({display.id, display.isBuiltin, display.frame, display.uuid});
+            result.push_back({.uuid = display.uuid.value_or(fmt::format("display-{}", display.id)),
+                              .name = display.name,
+                              .frame = display.frame,
+                              .isBuiltin = display.isBuiltin,
+                              .edidUUID = display.edidUUID,
+                              .visibleFrame = display.usableFrame()});
         }
-        return active;
-    }
-
-    [[nodiscard]] std::vector<Screen> screens() override {
-        std::vector<Screen> screens;
-        for (const auto& display : m_desk.m_displays) {
-            screens.push_back({display.id, display.name, fromBottomLeft(display.frame),
-                               fromBottomLeft(display.usableFrame())});
-        }
-        return screens;
-    }
-
-    [[nodiscard]] std::vector<EdidHint> edidHints() override {
-        std::vector<EdidHint> hints;
-        for (const auto& display : m_desk.m_displays) {
-            if (display.edidUUID) {
-                hints.push_back({display.name, display.edidUUID});
-            }
-        }
-        return hints;
+        return result;
     }
 
     void setReconfigurationHandler(std::function<void()> handler) override {
@@ -197,11 +184,6 @@ public:
     }
 
 private:
-    [[nodiscard]] Rect fromBottomLeft(const Rect& rect) const {
-        const double primaryHeight = m_desk.m_displays.front().frame.height();
-        return {{rect.minX(), primaryHeight - rect.maxY()}, rect.size};
-    }
-
     SimulatedDesk& m_desk;
 };
 

@@ -1,7 +1,7 @@
 // Reads the identity of the connected monitors from the I/O Kit registry.
 #pragma once
 
-#include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/displays/DisplayTopology.h"
 
 #include <vector>
 

@@ -1,12 +1,14 @@
 // Reads and sets the desktop picture of each screen through the shared workspace.
 #pragma once
 
+#include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/ports/DesktopPictures.h"
-#include "VantrelCore/ports/DisplayServices.h"
 #include "VantrelCore/ports/MainQueue.h"
 
 #include <chrono>
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace vantrel {
 
@@ -17,16 +19,18 @@ public:
 
     static constexpr std::chrono::milliseconds deadline{5000};
 
-    // Uses `displays` on the main thread. Calls `log` there if a picture cannot be set.
-    MacDesktopPictures(DisplayServices& displays, MainQueue& queue, Log log)
-        : m_displays(displays), m_queue(queue), m_log(std::move(log)) {}
+    using DisplayList = std::function<std::vector<ActiveDisplay>()>;
+
+    // Calls `activeDisplays` on the main thread, and `log` if a picture cannot be set.
+    MacDesktopPictures(DisplayList activeDisplays, MainQueue& queue, Log log)
+        : m_activeDisplays(std::move(activeDisplays)), m_queue(queue), m_log(std::move(log)) {}
 
     [[nodiscard]] std::optional<std::string> picture(const DisplayInfo& display) override;
     // Keeps the current scaling options.
     bool setPicture(const DisplayInfo& display, const std::string& picture) override;
 
 private:
-    DisplayServices& m_displays;
+    DisplayList m_activeDisplays;
     MainQueue& m_queue;
     Log m_log;
 };

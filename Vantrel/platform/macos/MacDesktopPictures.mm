@@ -3,17 +3,16 @@
 #include "Vantrel/platform/macos/FoundationText.h"
 #include "Vantrel/platform/macos/MainThreadCall.h"
 #include "Vantrel/platform/macos/ScreenNumber.h"
-#include "VantrelCore/displays/DisplayTopology.h"
 
 namespace vantrel {
 
 namespace {
 
 // Returns nil if the screen is gone.
-NSScreen* screenOf(const std::string& displayUUID, DisplayServices& displays) {
+NSScreen* screenOf(const std::string& displayUUID, const std::vector<ActiveDisplay>& active) {
     for (NSScreen* const screen in NSScreen.screens) {
         const auto number = Screens::displayID(screen);
-        if (number && DisplayTopology::uuid(*number, displays) == displayUUID) {
+        if (number && DisplayTopology::uuid(*number, active) == displayUUID) {
             return screen;
         }
     }
@@ -32,9 +31,9 @@ NSURL* urlOf(const std::string& picture) {
 } // namespace
 
 std::optional<std::string> MacDesktopPictures::picture(const DisplayInfo& display) {
-    const auto read = [&displays = m_displays, uuid = display.uuid]() -> std::optional<std::string> {
+    const auto read = [active = m_activeDisplays, uuid = display.uuid]() -> std::optional<std::string> {
         @autoreleasepool {
-            NSScreen* const screen = screenOf(uuid, displays);
+            NSScreen* const screen = screenOf(uuid, active());
             return screen != nil
                        ? FoundationText::utf8(
                              [NSWorkspace.sharedWorkspace desktopImageURLForScreen:screen].absoluteString)
@@ -45,9 +44,9 @@ std::optional<std::string> MacDesktopPictures::picture(const DisplayInfo& displa
 }
 
 bool MacDesktopPictures::setPicture(const DisplayInfo& display, const std::string& picture) {
-    const auto set = [&displays = m_displays, log = m_log, uuid = display.uuid, picture] {
+    const auto set = [active = m_activeDisplays, log = m_log, uuid = display.uuid, picture] {
         @autoreleasepool {
-            NSScreen* const screen = screenOf(uuid, displays);
+            NSScreen* const screen = screenOf(uuid, active());
             NSURL* const url = urlOf(picture);
             if (screen == nil || url == nil) {
                 return false;

@@ -111,8 +111,10 @@ std::vector<ActiveDisplay> MacDisplayServices::activeDisplays() {
     return result;
 }
 
-std::vector<EdidHint> MacDisplayServices::edidHints() {
-    return DisplayRegistry::edidHints();
+std::vector<DisplayInfo> MacDisplayServices::displays() {
+    const auto active = activeDisplays();
+    return active.empty() ? std::vector<DisplayInfo>()
+                          : DisplayTopology::displays(active, m_screens(), DisplayRegistry::edidHints());
 }
 
 void MacDisplayServices::setReconfigurationHandler(std::function<void()> handler) {

@@ -1,7 +1,7 @@
 // The connected displays. Quartz gives the set and its changes, the I/O Kit registry the monitors' identity.
 #pragma once
 
-#include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/displays/DisplayTopology.h"
 
 #include <functional>
 #include <memory>
@@ -19,10 +19,10 @@ public:
     MacDisplayServices(const MacDisplayServices&) = delete;
     MacDisplayServices& operator=(const MacDisplayServices&) = delete;
 
-    [[nodiscard]] std::vector<ActiveDisplay> activeDisplays() override;
-    [[nodiscard]] std::vector<Screen> screens() override { return m_screens(); }
-    [[nodiscard]] std::vector<EdidHint> edidHints() override;
+    [[nodiscard]] std::vector<DisplayInfo> displays() override;
     void setReconfigurationHandler(std::function<void()> handler) override;
+
+    [[nodiscard]] static std::vector<ActiveDisplay> activeDisplays();
 
 private:
     class Registration;

@@ -1,7 +1,7 @@
 // Maps an AppKit screen to its display. Objective-C++ only.
 #pragma once
 
-#include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/displays/DisplayTopology.h"
 
 #import <AppKit/AppKit.h>
 

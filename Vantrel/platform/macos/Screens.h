@@ -1,7 +1,7 @@
 // Reads AppKit's screens, in AppKit coordinates.
 #pragma once
 
-#include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/displays/DisplayTopology.h"
 
 #include <vector>
 

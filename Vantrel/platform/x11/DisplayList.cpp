@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <fmt/format.h>
 #include <sodium.h>
 #include <string_view>
 #include <tuple>
@@ -69,14 +70,14 @@ std::vector<MonitorReading> withoutMirrors(std::vector<MonitorReading> monitors)
     return result;
 }
 
-X11Display describe(const MonitorReading& monitor, const std::vector<MonitorReading>& all) {
+DisplayInfo describe(const MonitorReading& monitor, const std::vector<MonitorReading>& all) {
     const bool builtin = isBuiltin(monitor);
-    X11Display display{.id = stableID(stableName(monitor)),
-                       .isBuiltin = builtin,
-                       .bounds = monitor.area,
-                       .uuid = std::nullopt,
-                       .name = monitor.userName.value_or(builtin ? builtinName : externalName),
-                       .edidUUID = std::nullopt};
+    DisplayInfo display{.uuid = fmt::format("display-{}", stableID(stableName(monitor))),
+                        .name = monitor.userName.value_or(builtin ? builtinName : externalName),
+                        .frame = monitor.area,
+                        .isBuiltin = builtin,
+                        .edidUUID = std::nullopt,
+                        .visibleFrame = std::nullopt};
     const OutputReading* output = leadingOutput(monitor);
     const auto edid = output != nullptr ? EdidBlock::parse(output->edid) : std::nullopt;
     if (!edid) {
@@ -98,12 +99,12 @@ X11Display describe(const MonitorReading& monitor, const std::vector<MonitorRead
 
 } // namespace
 
-std::vector<X11Display> displays(const std::vector<MonitorReading>& monitors) {
+std::vector<DisplayInfo> displays(const std::vector<MonitorReading>& monitors) {
     std::vector<MonitorReading> shown = withoutMirrors(monitors);
     std::ranges::sort(shown, {}, [](const MonitorReading& monitor) {
         return std::tuple(!monitor.isPrimary, monitor.area.minX(), monitor.area.minY(), stableName(monitor));
     });
-    std::vector<X11Display> result;
+    std::vector<DisplayInfo> result;
     result.reserve(shown.size());
     for (const MonitorReading& monitor : shown) {
         result.push_back(describe(monitor, shown));
@@ -117,16 +118,16 @@ bool isBuiltinConnector(const std::string& connector) {
                                [&](std::string_view prefix) { return connector.starts_with(prefix); });
 }
 
-DisplayID stableID(const std::string& name) {
+std::uint32_t stableID(const std::string& name) {
     std::array<std::uint8_t, crypto_generichash_BYTES_MIN> digest{};
     // libsodium takes unsigned bytes.
     crypto_generichash(digest.data(), digest.size(), reinterpret_cast<const unsigned char*>(name.data()),
                        name.size(), nullptr, 0);
-    DisplayID id = 0;
+    std::uint32_t id = 0;
     for (std::size_t i = 0; i < 4; ++i) {
         id = id << 8U | digest[i];
     }
-    return std::max(id, DisplayID{1});
+    return std::max(id, std::uint32_t{1});
 }
 
 } // namespace vantrel::DisplayList

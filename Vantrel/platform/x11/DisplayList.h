@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Vantrel/platform/x11/Edid.h"
-#include "VantrelCore/ports/DisplayServices.h"
+#include "VantrelCore/model/DisplayInfo.h"
 
 #include <cstdint>
 #include <optional>
@@ -32,17 +32,6 @@ struct MonitorReading {
     bool operator==(const MonitorReading&) const = default;
 };
 
-struct X11Display {
-    DisplayID id = 0;
-    bool isBuiltin = false;
-    Rect bounds;
-    std::optional<std::string> uuid;
-    std::string name;
-    std::optional<std::string> edidUUID;
-
-    bool operator==(const X11Display&) const = default;
-};
-
 namespace DisplayList {
 
 // Returns the primary display first, then left to right and top to bottom.
@@ -50,14 +39,14 @@ namespace DisplayList {
 // Outputs that show the same area, or part of it, count as one display. Its identity is that of the primary
 // output, else the laptop panel, else the first connector. The uuid depends only on the EDID, so a monitor
 // keeps it on another connector; the connector is included only if several monitors share an EDID. Without an
-// EDID there is no uuid. The id depends only on the connector and survives unplugging and restarts.
-[[nodiscard]] std::vector<X11Display> displays(const std::vector<MonitorReading>& monitors);
+// EDID the uuid is "display-" and the connector's stableID(). Visible frames are left out.
+[[nodiscard]] std::vector<DisplayInfo> displays(const std::vector<MonitorReading>& monitors);
 
 // Laptop panels: eDP, LVDS and DSI connectors.
 [[nodiscard]] bool isBuiltinConnector(const std::string& connector);
 
-// A number derived from the name; never 0.
-[[nodiscard]] DisplayID stableID(const std::string& name);
+// A number derived from the name, the same after unplugging and restarts; never 0.
+[[nodiscard]] std::uint32_t stableID(const std::string& name);
 
 } // namespace DisplayList
 

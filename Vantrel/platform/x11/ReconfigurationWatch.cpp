@@ -46,7 +46,7 @@ ReconfigurationWatch::ReconfigurationWatch(std::shared_ptr<X11Connection> connec
         m_crtcs = std::move(crtcs);
         m_hasCrtcChanged = false;
     }
-    m_displays = readDisplays().value_or(std::vector<X11Display>{});
+    m_displays = readDisplays().value_or(std::vector<DisplayInfo>{});
     m_thread = posix::reportedThread([this] { compareUntilStopped(); });
 }
 
@@ -91,7 +91,7 @@ std::map<xcb_randr_crtc_t, ReconfigurationWatch::CrtcState> ReconfigurationWatch
     return result;
 }
 
-std::optional<std::vector<X11Display>> ReconfigurationWatch::readDisplays() const {
+std::optional<std::vector<DisplayInfo>> ReconfigurationWatch::readDisplays() const {
     const auto monitors = MonitorQuery::read(*m_connection);
     return monitors ? std::optional(DisplayList::displays(*monitors)) : std::nullopt;
 }

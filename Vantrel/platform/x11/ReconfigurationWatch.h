@@ -44,7 +44,7 @@ private:
                                              std::int16_t y);
     [[nodiscard]] std::map<xcb_randr_crtc_t, CrtcState> readCrtcs() const;
     // Returns none if the connection is lost.
-    [[nodiscard]] std::optional<std::vector<X11Display>> readDisplays() const;
+    [[nodiscard]] std::optional<std::vector<DisplayInfo>> readDisplays() const;
     void noteEvent();
     void noteCrtc(const xcb_randr_crtc_change_t& change);
     void compareUntilStopped();
@@ -53,7 +53,7 @@ private:
     std::shared_ptr<X11Connection> m_connection;
     std::function<void()> m_handler;
     // Used only by the worker thread after construction.
-    std::vector<X11Display> m_displays;
+    std::vector<DisplayInfo> m_displays;
 
     std::mutex m_mutex;
     std::condition_variable m_wake;

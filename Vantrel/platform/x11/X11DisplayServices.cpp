@@ -7,51 +7,20 @@
 
 namespace vantrel {
 
-namespace {
-
-// Moves the origin to the bottom left of the primary display and makes y grow upwards.
-Rect fromBottomLeft(const Rect& rect, const Rect& primary) {
-    return {{rect.minX() - primary.minX(), primary.maxY() - rect.maxY()}, rect.size};
-}
-
-} // namespace
-
 X11DisplayServices::X11DisplayServices(std::shared_ptr<X11Connection> connection)
     : m_connection(std::move(connection)) {}
 
-std::vector<ActiveDisplay> X11DisplayServices::activeDisplays() {
-    std::vector<ActiveDisplay> result;
-    for (const X11Display& display : displays()) {
-        result.push_back({.id = display.id,
-                          .isBuiltin = display.isBuiltin,
-                          .bounds = display.bounds,
-                          .uuid = display.uuid});
+std::vector<DisplayInfo> X11DisplayServices::displays() {
+    const auto monitors = MonitorQuery::read(*m_connection);
+    if (!monitors || monitors->empty()) {
+        return {};
     }
-    return result;
-}
-
-std::vector<Screen> X11DisplayServices::screens() {
-    std::vector<Screen> result;
-    const std::vector<X11Display> all = displays();
+    std::vector<DisplayInfo> displays = DisplayList::displays(*monitors);
     const WorkAreaReading workArea = WorkAreaQuery::read(*m_connection);
-    for (const X11Display& display : all) {
-        const Rect& primary = all.front().bounds;
-        result.push_back({.displayID = display.id,
-                          .localizedName = display.name,
-                          .frame = fromBottomLeft(display.bounds, primary),
-                          .visibleFrame = fromBottomLeft(workArea.visibleFrame(display.bounds), primary)});
+    for (DisplayInfo& display : displays) {
+        display.visibleFrame = workArea.visibleFrame(display.frame);
     }
-    return result;
-}
-
-std::vector<EdidHint> X11DisplayServices::edidHints() {
-    std::vector<EdidHint> result;
-    for (const X11Display& display : displays()) {
-        if (display.edidUUID) {
-            result.push_back({.productName = display.name, .edidUUID = display.edidUUID});
-        }
-    }
-    return result;
+    return displays;
 }
 
 void X11DisplayServices::setReconfigurationHandler(std::function<void()> handler) {
@@ -59,11 +28,6 @@ void X11DisplayServices::setReconfigurationHandler(std::function<void()> handler
     if (handler) {
         m_watch.emplace(m_connection, std::move(handler));
     }
-}
-
-std::vector<X11Display> X11DisplayServices::displays() const {
-    const auto monitors = MonitorQuery::read(*m_connection);
-    return monitors ? DisplayList::displays(*monitors) : std::vector<X11Display>{};
 }
 
 } // namespace vantrel

@@ -15,16 +15,12 @@ class X11DisplayServices final : public DisplayServices {
 public:
     explicit X11DisplayServices(std::shared_ptr<X11Connection> connection);
 
-    [[nodiscard]] std::vector<ActiveDisplay> activeDisplays() override;
-    [[nodiscard]] std::vector<Screen> screens() override;
-    [[nodiscard]] std::vector<EdidHint> edidHints() override;
+    [[nodiscard]] std::vector<DisplayInfo> displays() override;
 
     // Calls the handler on a worker thread, only if the displays have changed.
     void setReconfigurationHandler(std::function<void()> handler) override;
 
 private:
-    [[nodiscard]] std::vector<X11Display> displays() const;
-
     std::shared_ptr<X11Connection> m_connection;
     std::optional<ReconfigurationWatch> m_watch;
 };

@@ -1,6 +1,7 @@
 #include "VantrelCore/displays/DisplayWatcher.h"
 
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "tests/VantrelCore/DeskRecords.h"
 #include "tests/simulated/SimulatedTime.h"
 
 #include <gmock/gmock.h>
@@ -19,17 +20,14 @@ using testing::IsEmpty;
 
 class OneDisplay final : public DisplayServices {
 public:
-    std::vector<ActiveDisplay> activeDisplays() override { return active; }
-    std::vector<Screen> screens() override { return {}; }
-    std::vector<EdidHint> edidHints() override { return {}; }
+    std::vector<DisplayInfo> displays() override { return active; }
 
     void setReconfigurationHandler(std::function<void()> newHandler) override {
         registrations += newHandler ? 1 : 0;
         handler = std::move(newHandler);
     }
 
-    std::vector<ActiveDisplay> active = {
-        {.id = 1, .isBuiltin = false, .bounds = {{0, 0}, {1920, 1080}}, .uuid = "A"}};
+    std::vector<DisplayInfo> active = {displayOf("A", {{0, 0}, {1920, 1080}})};
     std::function<void()> handler;
     int registrations = 0;
 };
@@ -63,7 +61,7 @@ TEST_F(DisplayWatcherTest, ABurstBeginsOnceAndSettlesAfterItsLastEvent) {
         event();
         m_time.runFor(0.1);
     }
-    m_services.active[0].bounds.size.width = 2560;
+    m_services.active[0].frame.size.width = 2560;
     m_time.runFor(10);
     EXPECT_THAT(m_began, ElementsAre(0.0));
     EXPECT_THAT(m_settled, ElementsAre(DoubleNear(2.9, 1e-9)));

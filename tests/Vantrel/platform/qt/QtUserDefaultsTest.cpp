@@ -152,7 +152,7 @@ TEST_F(QtUserDefaultsTest, AFileThatCannotBeReadIsNeverWritten) {
     EXPECT_FALSE(defaults.set("a", true));
     EXPECT_EQ(defaults.boolean("a"), std::nullopt);
     EXPECT_TRUE(std::filesystem::is_directory(file()));
-    EXPECT_THAT(m_log, ElementsAre(HasSubstr("nothing is saved there")));
+    EXPECT_THAT(m_log, ElementsAre(HasSubstr("nothing is saved to it")));
     std::filesystem::remove(file());
     EXPECT_TRUE(defaults.set("a", true));
     EXPECT_THAT(m_incidents.all(), IsEmpty()) << "once it can be read again";

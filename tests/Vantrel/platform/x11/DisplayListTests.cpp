@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
+#include <string>
 
 namespace vantrel {
 namespace {
@@ -34,9 +35,9 @@ TEST(DisplayList, BeginsWithThePrimaryDisplayWhateverTheServersOrder) {
                                          monitor({{0, 2040}, {800, 600}}, "HDMI-2")};
     const auto listed = DisplayList::displays(monitors);
     EXPECT_THAT(listed,
-                ElementsAre(Field(&X11Display::bounds, deskArea), Field(&X11Display::bounds, panelArea),
-                            Field(&X11Display::bounds, Rect{{0, 1440}, {800, 600}}),
-                            Field(&X11Display::bounds, Rect{{0, 2040}, {800, 600}})));
+                ElementsAre(Field(&DisplayInfo::frame, deskArea), Field(&DisplayInfo::frame, panelArea),
+                            Field(&DisplayInfo::frame, Rect{{0, 1440}, {800, 600}}),
+                            Field(&DisplayInfo::frame, Rect{{0, 2040}, {800, 600}})));
     std::ranges::reverse(monitors);
     EXPECT_EQ(DisplayList::displays(monitors), listed);
 }
@@ -70,9 +71,8 @@ TEST(DisplayList, WithoutIdentityDataHasAnIdOfTheConnectorAlone) {
     const auto at = [](const Rect& area) {
         return DisplayList::displays({primary(monitor(panelArea, "eDP-1")), monitor(area, "HDMI-1")}).at(1);
     };
-    EXPECT_EQ(at(deskArea).uuid, std::nullopt);
-    EXPECT_EQ(at(deskArea).id, at({{0, 1080}, {800, 600}}).id);
-    EXPECT_EQ(at(deskArea).id, DisplayList::stableID("HDMI-1"));
+    EXPECT_EQ(at(deskArea).uuid, at({{0, 1080}, {800, 600}}).uuid);
+    EXPECT_EQ(at(deskArea).uuid, "display-" + std::to_string(DisplayList::stableID("HDMI-1")));
     // Stored layouts depend on it: it may never change.
     EXPECT_EQ(DisplayList::stableID("HDMI-1"), 778721535U);
 }
@@ -119,7 +119,7 @@ TEST(DisplayList, ThePrimaryMarkOfAPartialMirrorCountsForTheDisplayItMirrors) {
     const auto listed = DisplayList::displays({monitor(panelArea, "DP-1"), monitor(deskArea, "DP-2"),
                                                primary(monitor({{1920, 0}, {1024, 768}}, "HDMI-1"))});
     EXPECT_THAT(listed,
-                ElementsAre(Field(&X11Display::bounds, deskArea), Field(&X11Display::bounds, panelArea)));
+                ElementsAre(Field(&DisplayInfo::frame, deskArea), Field(&DisplayInfo::frame, panelArea)));
 }
 
 TEST(DisplayList, KeepsTheUsersDivisionOfAMonitor) {
@@ -130,9 +130,8 @@ TEST(DisplayList, KeepsTheUsersDivisionOfAMonitor) {
         .userName = "second", .isPrimary = false, .area = {{1280, 0}, {1280, 1440}}, .outputs = {}};
     const auto divided = DisplayList::displays({first, second});
     ASSERT_THAT(divided, SizeIs(2));
-    EXPECT_NE(divided[0].id, divided[1].id);
-    EXPECT_TRUE(divided[0].uuid);
-    EXPECT_FALSE(divided[1].uuid);
+    EXPECT_FALSE(divided[0].uuid.starts_with("display-"));
+    EXPECT_TRUE(divided[1].uuid.starts_with("display-"));
     second.outputs = first.outputs;
     const auto shared = DisplayList::displays({first, second});
     EXPECT_NE(shared[0].uuid, shared[1].uuid);
