@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(QtUserDefaultsTest, WithoutAFileEverythingIsAbsentUntilSomethingIsSet) {
+TEST_F(QtUserDefaultsTest, CreatesTheFileWithTheFirstValue) {
     {
         auto defaults = open();
         EXPECT_EQ(defaults.boolean("autoRestore"), std::nullopt);
@@ -59,7 +59,7 @@ TEST_F(QtUserDefaultsTest, WithoutAFileEverythingIsAbsentUntilSomethingIsSet) {
     EXPECT_THAT(m_log, IsEmpty());
 }
 
-TEST_F(QtUserDefaultsTest, DatesAndDataAreTextsInTheFile) {
+TEST_F(QtUserDefaultsTest, StoresDatesAndDataAsText) {
     const Date date = dateFromIso8601("2026-03-02T09:30:00Z").value();
     auto defaults = open();
     EXPECT_TRUE(defaults.set("date", date));
@@ -108,7 +108,7 @@ TEST_F(QtUserDefaultsTest, NoticesEveryWayEditorsSave) {
     EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == 5.0 && changes >= 5; }));
 }
 
-TEST_F(QtUserDefaultsTest, TellsOfItsOwnChangesOnceAndLater) {
+TEST_F(QtUserDefaultsTest, ReportsItsOwnChangesOncePerRound) {
     auto defaults = open();
     int changes = 0;
     defaults.setChangeHandler([&] { ++changes; });
@@ -122,7 +122,7 @@ TEST_F(QtUserDefaultsTest, TellsOfItsOwnChangesOnceAndLater) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(QtUserDefaultsTest, TakesOverAnEditThatItHasNotNoticedYetBeforeItWrites) {
+TEST_F(QtUserDefaultsTest, RereadsTheFileBeforeWriting) {
     write(file(), "a = 1\n");
     auto defaults = open();
     write(file(), "# by hand\na = 2\n");
@@ -131,7 +131,7 @@ TEST_F(QtUserDefaultsTest, TakesOverAnEditThatItHasNotNoticedYetBeforeItWrites) 
     EXPECT_EQ(defaults.integer("a"), 2);
 }
 
-TEST_F(QtUserDefaultsTest, AFileItDoesNotUnderstandIsLoggedOnceAndKeptAside) {
+TEST_F(QtUserDefaultsTest, KeepsACopyOfAMalformedFile) {
     const std::string broken = "settleDelay = fast\nrestoreSizes = false\n{\"json\": 1}\n";
     write(file(), broken);
     auto defaults = open();
@@ -145,20 +145,7 @@ TEST_F(QtUserDefaultsTest, AFileItDoesNotUnderstandIsLoggedOnceAndKeptAside) {
     EXPECT_EQ(read(file()), "settleDelay = 1.0\nrestoreSizes = false\n{\"json\": 1}\n");
 }
 
-TEST_F(QtUserDefaultsTest, AFileThatCannotBeReadIsNeverWritten) {
-    // A folder in its place: unreadable for root too.
-    std::filesystem::create_directories(file());
-    auto defaults = open();
-    EXPECT_FALSE(defaults.set("a", true));
-    EXPECT_EQ(defaults.boolean("a"), std::nullopt);
-    EXPECT_TRUE(std::filesystem::is_directory(file()));
-    EXPECT_THAT(m_log, ElementsAre(HasSubstr("nothing is saved to it")));
-    std::filesystem::remove(file());
-    EXPECT_TRUE(defaults.set("a", true));
-    EXPECT_THAT(m_incidents.all(), IsEmpty()) << "once it can be read again";
-}
-
-TEST_F(QtUserDefaultsTest, ALinkedFileStaysLinkedAndIsWatched) {
+TEST_F(QtUserDefaultsTest, FollowsAndWatchesASymbolicLink) {
     const auto target = m_folder.path() / "dotfiles" / "vantrel.conf";
     write(target, "a = 1\n");
     std::filesystem::create_directories(file().parent_path());

@@ -12,7 +12,7 @@ using Values = std::map<std::string, DefaultsValue, std::less<>>;
 
 } // namespace
 
-TEST(SettingsText, ReadsWhatAPersonWrites) {
+TEST(SettingsText, ParsesCommentsSpacesAndTypes) {
     const auto content = SettingsText::parse("# mine\n"
                                              "autoRestore = false   # at home only\n"
                                              "\n"
@@ -28,7 +28,7 @@ TEST(SettingsText, ReadsWhatAPersonWrites) {
     EXPECT_EQ(SettingsText::parse("a = 1\r\nb = true").values, (Values{{"a", std::int64_t{1}}, {"b", true}}));
 }
 
-TEST(SettingsText, NamesTheLinesItCannotRead) {
+TEST(SettingsText, ReportsUnreadableLines) {
     const auto content = SettingsText::parse("autoRestore = yes\nrestoreSizes = true\nshowHUD\n= 5\n"
                                              "a = [1]\nb = \"open\nc = \xff\n");
     EXPECT_EQ(content.values, (Values{{"restoreSizes", true}}));
@@ -38,15 +38,12 @@ TEST(SettingsText, NamesTheLinesItCannotRead) {
     }
     EXPECT_EQ(lines, (std::vector<std::size_t>{1, 3, 4, 5, 6, 7}));
     EXPECT_EQ(content.invalidLines.at(0).text, "autoRestore = yes");
+    // Searching it again from every # on would take minutes.
+    const std::string endless = "a = \"" + std::string(1'000'000, '#');
+    EXPECT_EQ(SettingsText::parse(endless).invalidLines.size(), 1U);
 }
 
-// Read anew from every # on, such a line would take minutes.
-TEST(SettingsText, ALongLineWithoutAnEndIsReadOnce) {
-    const std::string line = "a = \"" + std::string(1'000'000, '#');
-    EXPECT_EQ(SettingsText::parse(line).invalidLines.size(), 1U);
-}
-
-TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLineUnderstoodOrNot) {
+TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLine) {
     const std::pair<std::string, std::string> rows[] = {
         {"# mine\n\nshowHUD=true   # at home only\n  a=1.5\n",
          "# mine\n\nshowHUD = false  # at home only\n  a=1.5\n"},
@@ -59,8 +56,7 @@ TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLineUnderstoodOrNot) {
     EXPECT_EQ(SettingsText::withoutKey("a = 1\n# a = 2\nb = 3\na = 4\n", "a"), "# a = 2\nb = 3\n");
 }
 
-RC_GTEST_PROP(SettingsText, WhatIsWrittenIsReadBackWithItsType,
-              (double number, std::int64_t whole, bool flag)) {
+RC_GTEST_PROP(SettingsText, RoundTripsValuesWithTheirTypes, (double number, std::int64_t whole, bool flag)) {
     const auto text = *rc::gen::container<std::string>(rc::gen::inRange('\x01', '\x7f'));
     const Values values{{"text", text + "é"}, {"number", number}, {"whole", whole}, {"flag", flag}};
     auto file = SettingsText::heading();
