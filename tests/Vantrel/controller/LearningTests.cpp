@@ -195,6 +195,16 @@ TEST_F(Pinned, ADriftedLayoutIsRestoredAtTheSecondCheck) {
     EXPECT_EQ(story.logged("restore queued: "), 0U);
 }
 
+TEST_F(Pinned, EnforcementGivesWayToTheUsersRestore) {
+    dragAway();
+    story.runFor(15);
+    story.desk.window(story.terminal).behaviour.answerSeconds = 0.5;
+    ASSERT_TRUE(story.time.runUntil([this] { return story.time.hasJobs(); }, 20));
+    ASSERT_TRUE(restore(10));
+    EXPECT_THAT(toldKinds(), testing::ElementsAre(RestoreOutcome::Kind::finished));
+    EXPECT_EQ(story.published().lastRestore->reason, "restore now (menu)");
+}
+
 TEST_F(Pinned, EnforcementPausesAfterThreeFailuresUntilTheLayoutChanges) {
     story.desk.window(story.mail).behaviour.refusesMoves = true;
     dragAway();

@@ -137,6 +137,51 @@ TEST_F(LicenseGateTest, ActivatesAKeyOnceAndRenewsItsLease) {
     EXPECT_EQ(activations, 1);
 }
 
+TEST_F(LicenseGateTest, ACopiedBackPairEndsWithItsLease) {
+    ASSERT_EQ(activate(), "done");
+    const auto license = files.content(licenseFile).value();
+    const auto copy = files.content(copyFile).value();
+    ASSERT_EQ(deactivate(), "done");
+    const auto putBack = [&] {
+        files.put(licenseFile, license);
+        files.put(copyFile, copy);
+        start();
+    };
+    putBack();
+    time.runFor(10 * day);
+    EXPECT_THAT(gate->entitlement().reason,
+                HasSubstr("ends on 2026-04-01: the vendor's server no longer renews it"));
+    EXPECT_FALSE(files.remove(licenseFile));
+    files.put(licenseFile, license);
+    start();
+    time.runFor(20 * day);
+    EXPECT_EQ(kind(), Kind::refused) << "the lease has ended";
+    putBack();
+    time.runFor(60);
+    EXPECT_EQ(kind(), Kind::refused);
+
+    http.server = {};
+    putBack();
+    EXPECT_EQ(kind(), Kind::licensed) << "unknown while the server is unreachable";
+    time.runFor(60 * day);
+    EXPECT_EQ(kind(), Kind::refused);
+}
+
+TEST_F(LicenseGateTest, SurvivesMonthsWithoutAServerAndRecoversWithIt) {
+    ASSERT_EQ(activate(), "done");
+    const auto asked = http.requests.size();
+    http.server = [](const HttpRequest&) { return HttpResponse{404, "<html>For sale</html>"}; };
+    time.runFor(90 * day - 60);
+    EXPECT_THAT(gate->entitlement().reason, HasSubstr("before 2026-05-31"));
+    EXPECT_EQ(kind(), Kind::licensed);
+    EXPECT_LT(http.requests.size() - asked, 100U) << "about once a day";
+    time.runFor(120);
+    EXPECT_EQ(kind(), Kind::refused);
+    http.server = [this](const HttpRequest& request) { return answer(request); };
+    time.runFor(3600);
+    EXPECT_EQ(kind(), Kind::licensed);
+}
+
 TEST_F(LicenseGateTest, AClockSetAheadDoesNoLastingHarm) {
     ASSERT_EQ(activate(), "done");
     time.setWallClock(dateFromIso8601("2040-01-01T00:00:00Z").value());
