@@ -23,13 +23,6 @@ struct MacDesk : PlatformTest {
         return adapter.beginReading()->windows(
             {.pid = pid, .policy = {}, .bundleID = {}, .localizedName = {}});
     }
-    [[nodiscard]] std::vector<std::string> titles() {
-        std::vector<std::string> result;
-        for (const auto& window : windows()) {
-            result.push_back(window.attributes.title.value_or("-"));
-        }
-        return result;
-    }
     void listTwo() {
         listWindows(*application, {makeWindow("a", {{0, 0}, {9, 9}}), makeWindow("b", {{0, 0}, {9, 9}})});
     }
@@ -39,7 +32,7 @@ struct MacDesk : PlatformTest {
     }
 };
 
-TEST_F(MacDesk, TrustIsWhatTheSystemSaysAndAskingShowsItsDialog) {
+TEST_F(MacDesk, PromptingShowsTheSystemsDialogUntilTrusted) {
     EXPECT_TRUE(adapter.isTrusted());
     EXPECT_TRUE(adapter.prompt());
     EXPECT_EQ(accessibility().prompts, 0);
@@ -51,7 +44,7 @@ TEST_F(MacDesk, TrustIsWhatTheSystemSaysAndAskingShowsItsDialog) {
     EXPECT_TRUE(adapter.prompt());
 }
 
-TEST_F(MacDesk, TheTimeoutOfTheProcessIsSetOnceAndEveryElementHasItsOwn) {
+TEST_F(MacDesk, TheProcessSetsItsTimeoutOnceAndEveryElementHasOne) {
     listTwo();
     for (int i = 0; i < 3; ++i) {
         for (const auto& window : windows()) {
@@ -63,23 +56,25 @@ TEST_F(MacDesk, TheTimeoutOfTheProcessIsSetOnceAndEveryElementHasItsOwn) {
     EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
 }
 
-TEST_F(MacDesk, AMixedListGivesItsElementsInOrder) {
+TEST_F(MacDesk, AWindowListMayContainOtherThingsAndCostsOneCallPerWindow) {
     const auto first = reference(makeWindow("first", {{0, 0}, {10, 10}}));
     const auto second = reference(makeWindow("second", {{0, 0}, {10, 10}}));
     application->attributes["AXWindows"] =
         array({null(), first, text("junk"), pointValue(1, 2), number(3), second, array({})});
-    EXPECT_THAT(titles(), ElementsAre("first", "second"));
+    const auto read = windows();
+    ASSERT_THAT(read, SizeIs(2));
+    EXPECT_EQ(read[0].attributes.title, "first");
+    EXPECT_EQ(read[1].attributes.title, "second");
+    const std::string all = "get AXPosition AXSize AXTitle AXSubrole AXMinimized AXFullScreen";
+    EXPECT_THAT(accessibility().calls, ElementsAre("get AXWindows", all, all));
 }
 
-TEST_F(MacDesk, AnApplicationThatGivesNoListHasNoWindows) {
+TEST_F(MacDesk, AnApplicationWithoutAUsableListHasNoWindows) {
     listTwo();
     EXPECT_THAT(windows(), SizeIs(2));
     EXPECT_THAT(windows(999), IsEmpty());
-    for (const AXError error : {kAXErrorCannotComplete, kAXErrorAPIDisabled, kAXErrorInvalidUIElement,
-                                kAXErrorAttributeUnsupported, kAXErrorNoValue, kAXErrorFailure}) {
-        application->readErrors["AXWindows"] = error;
-        EXPECT_THAT(windows(), IsEmpty()) << error;
-    }
+    application->readErrors["AXWindows"] = kAXErrorCannotComplete;
+    EXPECT_THAT(windows(), IsEmpty());
     application->readErrors.clear();
     for (const Value& value : {Value(text("x")), Value(), null(), Value(dictionary({}))}) {
         application->attributes["AXWindows"] = value;
@@ -89,16 +84,12 @@ TEST_F(MacDesk, AnApplicationThatGivesNoListHasNoWindows) {
     EXPECT_THAT(windows(), IsEmpty());
 }
 
-TEST_F(MacDesk, AReadingCostsOneCallPerWindowBesidesTheList) {
-    listTwo();
-    const std::string all = "get AXPosition AXSize AXTitle AXSubrole AXMinimized AXFullScreen";
-    EXPECT_THAT(titles(), ElementsAre("a", "b"));
-    EXPECT_THAT(accessibility().calls, ElementsAre("get AXWindows", all, all));
-}
-
-TEST_F(MacDesk, TheWindowListKeepsThePlacesOfWhatCannotBeRead) {
+TEST_F(MacDesk, TheOnScreenListKeepsAPlaceForEntriesThatCannotBeRead) {
     const Value bounds = rectangle({{-5, 20.5}, {300, 200}});
     constexpr std::int64_t tooBig = 1LL << 40;
+    EXPECT_THAT(adapter.beginReading()->onScreenWindows(), IsEmpty());
+    windowServer().windowList = [] { return Value(text("no array")); };
+    EXPECT_THAT(adapter.beginReading()->onScreenWindows(), IsEmpty());
     windowServer().windowList = [&]() -> Value {
         return array({
             listItem({.layer = number(0), .pid = number(100), .bounds = bounds}),
@@ -118,12 +109,6 @@ TEST_F(MacDesk, TheWindowListKeepsThePlacesOfWhatCannotBeRead) {
                             WindowListEntry{tooBig, 7, rect}));
     EXPECT_EQ(windowServer().askedOption, onScreenWithoutDesktop);
     EXPECT_EQ(windowServer().askedRelativeTo, 0U);
-}
-
-TEST_F(MacDesk, WithoutAWindowListThereAreNoEntries) {
-    EXPECT_THAT(adapter.beginReading()->onScreenWindows(), IsEmpty());
-    windowServer().windowList = [] { return Value(text("no array")); };
-    EXPECT_THAT(adapter.beginReading()->onScreenWindows(), IsEmpty());
 }
 
 } // namespace

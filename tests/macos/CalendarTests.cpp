@@ -52,7 +52,7 @@ protected:
     MacCalendarReader m_reader;
 };
 
-TEST_F(CalendarOfTheMac, EventsAreReadWithWhatTheyLackByTheirStart) {
+TEST_F(CalendarOfTheMac, ReadsEventsInOrderButNoneThatIsCancelledOrUndated) {
     const auto reading = read();
     EXPECT_TRUE(reading.hasAccess);
     const Date first = at("2026-03-01T09:00:00Z");
@@ -61,16 +61,12 @@ TEST_F(CalendarOfTheMac, EventsAreReadWithWhatTheyLackByTheirStart) {
         ElementsAre(CalendarEvent{"", "", {}, {}, {}, first, first, false},
                     CalendarEvent{"later", "Später", "Room", "https://example.com", "https://example.com/url",
                                   at("2026-03-01T09:30:00Z"), at("2026-03-01T10:00:00Z"), false}));
-}
-
-TEST_F(CalendarOfTheMac, CancelledEventsAndThoseWithoutADateAreLeftOut) {
     mac().events[0].status = 3;
     mac().events[1].start.reset();
     EXPECT_THAT(read().events, IsEmpty());
-    EXPECT_TRUE(read().hasAccess);
 }
 
-TEST_F(CalendarOfTheMac, WholeDaysEndAtTheMidnightAfterThem) {
+TEST_F(CalendarOfTheMac, AWholeDayEndsAtTheFollowingMidnight) {
     const auto zone = *TimeZone::posix("CET-1CEST,M3.5.0,M10.5.0/3");
     mac().events = {{.identifier = "day",
                      .start = seconds("2026-02-28T23:00:00Z"),
@@ -85,7 +81,7 @@ TEST_F(CalendarOfTheMac, WholeDaysEndAtTheMidnightAfterThem) {
     EXPECT_EQ(WholeDays::endOfDay(at("2026-03-28T23:00:01Z"), zone), at("2026-03-29T22:00:00Z"));
 }
 
-TEST_F(CalendarOfTheMac, NothingIsReadWithoutFullAccess) {
+TEST_F(CalendarOfTheMac, ReadsNothingWithoutFullAccess) {
     for (const long access : {0L, 1L, 2L, 4L}) {
         mac().calendarAccess = access;
         EXPECT_EQ(read(), CalendarReading{}) << access;
@@ -98,7 +94,7 @@ TEST_F(CalendarOfTheMac, NothingIsReadWithoutFullAccess) {
     EXPECT_THAT(mac().calls, IsEmpty());
 }
 
-TEST_F(CalendarOfTheMac, TheUserIsAskedOnceAndTheEventsAreSeenAfterwards) {
+TEST_F(CalendarOfTheMac, AsksTheUserOnceAndThenReadsTheEvents) {
     mac().calendarAccess = 0;
     ask();
     EXPECT_EQ(m_answers, 0);
@@ -108,9 +104,14 @@ TEST_F(CalendarOfTheMac, TheUserIsAskedOnceAndTheEventsAreSeenAfterwards) {
     ask();
     EXPECT_EQ(m_answers, 2);
     EXPECT_THAT(mac().calls, ElementsAre("event store", "request full access", "event store"));
+
+    mac().calendarAccess = 0;
+    MacCalendarReader().requestAccessIfNeeded([this] { ++m_answers; });
+    cocoa::runMainQueue();
+    EXPECT_EQ(m_answers, 2) << "the reader is gone";
 }
 
-TEST_F(CalendarOfTheMac, AnOlderSystemIsAskedInItsOwnWay) {
+TEST_F(CalendarOfTheMac, AsksAnOlderSystemWithItsOwnRequest) {
     objc::setMethodHidden("EKEventStore", "requestFullAccessToEventsWithCompletion:", true);
     mac().calendarAccess = 0;
     mac().calendarAccessWhenAsked = 2;
@@ -120,13 +121,6 @@ TEST_F(CalendarOfTheMac, AnOlderSystemIsAskedInItsOwnWay) {
     EXPECT_EQ(m_answers, 1);
     EXPECT_FALSE(read().hasAccess);
     EXPECT_THAT(mac().calls, ElementsAre("event store", "request access"));
-}
-
-TEST_F(CalendarOfTheMac, AnAnswerAfterTheEndReachesNobody) {
-    mac().calendarAccess = 0;
-    MacCalendarReader().requestAccessIfNeeded([this] { ++m_answers; });
-    cocoa::runMainQueue();
-    EXPECT_EQ(m_answers, 0);
 }
 
 } // namespace

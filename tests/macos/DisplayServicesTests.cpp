@@ -30,7 +30,7 @@ TEST_F(MacDisplays, AreListedAsQuartzListsThem) {
                                                 testing::Field(&DisplayInfo::name, "External Display")));
 }
 
-TEST_F(MacDisplays, ThatComeAndGoWhileTheyAreListedDoNoHarm) {
+TEST_F(MacDisplays, MayComeAndGoWhileTheyAreListedOrNotBeListedAtAll) {
     const Display one{.id = 1};
     const Display two{.id = 2};
     auto& server = windowServer();
@@ -41,18 +41,15 @@ TEST_F(MacDisplays, ThatComeAndGoWhileTheyAreListedDoNoHarm) {
     EXPECT_THAT(adapter.activeDisplays(), SizeIs(1));
     server.afterDisplayCount = [&] { server.displays = {}; };
     EXPECT_THAT(adapter.activeDisplays(), IsEmpty());
+    server.afterDisplayCount = {};
+    server.displays = {one};
+    server.displayBufferError = kCGErrorCannotComplete;
+    EXPECT_THAT(adapter.activeDisplays(), IsEmpty());
+    server.displayListError = kCGErrorFailure;
     EXPECT_THAT(adapter.activeDisplays(), IsEmpty());
 }
 
-TEST_F(MacDisplays, AreNoneWhenQuartzDoesNotAnswer) {
-    windowServer().displays = {{.id = 1}};
-    windowServer().displayBufferError = kCGErrorCannotComplete;
-    EXPECT_THAT(adapter.activeDisplays(), IsEmpty());
-    windowServer().displayListError = kCGErrorFailure;
-    EXPECT_THAT(adapter.activeDisplays(), IsEmpty());
-}
-
-TEST_F(MacDisplays, EveryChangeIsToldToTheLastHandlerAndToNoneAfterTheEnd) {
+TEST_F(MacDisplays, OnlyTheLastHandlerHearsOfChanges) {
     int first = 0;
     int second = 0;
     {
@@ -71,7 +68,7 @@ TEST_F(MacDisplays, EveryChangeIsToldToTheLastHandlerAndToNoneAfterTheEnd) {
     EXPECT_EQ(second, 2);
 }
 
-TEST_F(MacDisplays, ANotificationUnderWayWhenItsHandlerGoesFindsNobody) {
+TEST_F(MacDisplays, AHandlerMayGoOrReplaceItselfDuringANotification) {
     int events = 0;
     adapter.setReconfigurationHandler([&] { ++events; });
     const auto underWay = windowServer().callbacks.at(0);
@@ -80,10 +77,6 @@ TEST_F(MacDisplays, ANotificationUnderWayWhenItsHandlerGoesFindsNobody) {
     adapter.setReconfigurationHandler({});
     underWay.function(1, 0, underWay.userInfo);
     EXPECT_EQ(events, 0);
-}
-
-TEST_F(MacDisplays, AHandlerMayReplaceItself) {
-    int events = 0;
     adapter.setReconfigurationHandler([&] {
         adapter.setReconfigurationHandler([&] { events += 10; });
         ++events;
@@ -97,7 +90,7 @@ Service port(const Value& hints) {
     return {{"DisplayHints", hints}};
 }
 
-TEST_F(MacDisplays, IdentityComesFromEveryPortOfEveryClassInOrder) {
+TEST_F(MacDisplays, HintsComeFromEveryPortOfEveryClassInOrder) {
     const auto hints = [](const std::string& name, const std::string& uuid) {
         return dictionary({{"ProductName", text(name)}, {"EDID UUID", text(uuid)}, {"MaxW", number(1920)}});
     };
@@ -117,7 +110,7 @@ TEST_F(MacDisplays, IdentityComesFromEveryPortOfEveryClassInOrder) {
     EXPECT_EQ(registry().openHandles, 0U);
 }
 
-TEST_F(MacDisplays, AClassThatCannotBeMatchedDoesNotHideTheOthers) {
+TEST_F(MacDisplays, APortClassThatCannotBeMatchedHidesNoOther) {
     const auto hints = dictionary({{"ProductName", text("P")}, {"EDID UUID", text("U")}});
     registry().services["AppleATCDPHDMIPort"] = {port(hints)};
     registry().matchingErrors["AppleDCPDPTXRemotePortUFP"] = 5;

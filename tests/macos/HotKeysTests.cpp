@@ -27,7 +27,7 @@ struct MacHotKeys : PlatformTest {
     }
 };
 
-TEST_F(MacHotKeys, AreRegisteredWithTheSignatureAndTheirNumber) {
+TEST_F(MacHotKeys, AreRegisteredWithSignatureAndNumber) {
     const auto restore = add(1);
     const auto scene = add(1000, {200, 6912});
     EXPECT_THAT(registeredHotKeys(),
@@ -36,7 +36,7 @@ TEST_F(MacHotKeys, AreRegisteredWithTheSignatureAndTheirNumber) {
     EXPECT_EQ(presses, 1);
 }
 
-TEST_F(MacHotKeys, TheHandlerIsInstalledOncePerProcess) {
+TEST_F(MacHotKeys, InstallTheHandlerOncePerProcess) {
     const auto first = add(2);
     const CarbonHotKeys another;
     const auto second = add(3);
@@ -45,7 +45,7 @@ TEST_F(MacHotKeys, TheHandlerIsInstalledOncePerProcess) {
 
 using MacHotKeysDeathTest = MacHotKeys;
 
-TEST_F(MacHotKeysDeathTest, WithoutAHandlerThereIsNoKeyAndTheNextOneTriesAgain) {
+TEST_F(MacHotKeysDeathTest, RetryTheHandlersInstallationWithTheNextKey) {
     // In a process of its own, where no handler is installed yet.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
@@ -60,7 +60,7 @@ TEST_F(MacHotKeysDeathTest, WithoutAHandlerThereIsNoKeyAndTheNextOneTriesAgain) 
         testing::ExitedWithCode(7), "");
 }
 
-TEST_F(MacHotKeys, WhatIsNotOursAnyMoreOrNeverWasIsLeftToOthers) {
+TEST_F(MacHotKeys, IgnoreKeysThatAreNotOrNoLongerTheirs) {
     auto key = add(1);
     EXPECT_EQ(sendHotKeyPressed(0x41424344, 1), eventNotHandledErr);
     EXPECT_EQ(sendHotKeyPressed(own, 2), eventNotHandledErr);
@@ -83,7 +83,7 @@ TEST_F(MacHotKeys, AnActionMayRemoveItsOwnKey) {
     EXPECT_EQ(*kept, 1);
 }
 
-TEST_F(MacHotKeys, ARefusedCombinationGivesNoKey) {
+TEST_F(MacHotKeys, GiveNoKeyForARefusedCombination) {
     eventManager().registrationError = eventHotKeyExistsErr;
     EXPECT_EQ(add(1), nullptr);
     eventManager().registrationError = noErr;

@@ -12,7 +12,6 @@ namespace {
 using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::StartsWith;
 
 // A docked Mac whose desk has been learned: a browser and a mail program, each with windows on both displays.
@@ -40,7 +39,7 @@ struct MainJob : PlatformTest {
     }
 };
 
-TEST_F(MainJob, EveryWindowIsBackAfterUndockingAndDocking) {
+TEST_F(MainJob, BringsEveryWindowBackAfterUndockingAndDocking) {
     browser->attributes["AXEnhancedUserInterface"] = boolean(true);
     learn();
     EXPECT_THAT(story->messages(),
@@ -55,7 +54,7 @@ TEST_F(MainJob, EveryWindowIsBackAfterUndockingAndDocking) {
     story->connect("laptop-and-monitor");
 
     EXPECT_EQ(story->frames(), docked);
-    // The enhanced interface is off once for all moves of its application.
+    // The enhanced interface is switched off once for all moves of an application.
     const auto changes = story->changes();
     EXPECT_EQ(std::ranges::count(changes, "set AXEnhancedUserInterface false"), 1);
     EXPECT_EQ(std::ranges::count(changes, "set AXEnhancedUserInterface true"), 1);
@@ -64,7 +63,7 @@ TEST_F(MainJob, EveryWindowIsBackAfterUndockingAndDocking) {
     EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
 }
 
-TEST_F(MainJob, ProgramsThatHangRefuseOrEndAreReportedAndTheOthersAreBack) {
+TEST_F(MainJob, ReportsProgramsThatHangOrRefuseAndRestoresTheOthers) {
     learn();
     const auto docked = story->frames();
     story->connect("laptop");
@@ -77,32 +76,6 @@ TEST_F(MainJob, ProgramsThatHangRefuseOrEndAreReportedAndTheOthersAreBack) {
     EXPECT_EQ(story->frames().at("Inbox"), docked.at("Inbox"));
     EXPECT_THAT(story->messages(), Contains(HasSubstr("failed: Mail \"Draft\" (app rejected the move)")));
     EXPECT_THAT(story->messages(), Contains(StartsWith("restore report: 1 restored, 1 failed, 2 skipped, ")));
-}
-
-TEST_F(MainJob, TheRestoreShortcutBringsBackWhatTheUserMovedAway) {
-    learn();
-    EXPECT_THAT(registeredHotKeys(), IsSupersetOf({RegisteredHotKey{15, 768, 0x56544b31, 1, 0},
-                                                   RegisteredHotKey{1, 768, 0x56544b31, 2, 0},
-                                                   RegisteredHotKey{1, 2560, 0x56544b31, 3, 0}}));
-    const auto docked = story->frames();
-    setFrame(story->window("Inbox"), {{5, 30}, {300, 300}});
-    EXPECT_EQ(sendHotKeyPressed(0x56544b31, 1), noErr);
-    story->time.runFor(5);
-    EXPECT_EQ(story->frames(), docked);
-}
-
-TEST_F(MainJob, SettingsAreReadFromThePreferencesAndFollowed) {
-    preferences().domains["own"] = {{"autoRestore", boolean(false)}, {"settleDelay", text("soon")}};
-    learn();
-    const auto docked = story->frames();
-    story->connect("laptop");
-    story->connect("laptop-and-monitor");
-    EXPECT_NE(story->frames(), docked);
-    preferences().domains["own"]["settleDelay"] = realNumber(1.5);
-    postNotification("NSUserDefaultsDidChangeNotification");
-    story->time.runFor(1);
-    EXPECT_THAT(story->messages(), Contains("settleDelay changed to 1.5: reinstalling watcher"));
-    EXPECT_EQ(windowServer().callbacks.size(), 1U);
 }
 
 } // namespace

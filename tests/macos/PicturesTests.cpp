@@ -40,13 +40,13 @@ protected:
                                   [this](const std::string& message) { m_log.push_back(message); }};
 };
 
-TEST_F(PicturesOfTheMac, AreReadByTheDisplaysIdentity) {
+TEST_F(PicturesOfTheMac, AreReadByDisplayIdentity) {
     EXPECT_EQ(m_pictures.picture(display("UUID-1")), "file:///a%20b.heic");
     EXPECT_EQ(m_pictures.picture(display("display-2")), std::nullopt);
     EXPECT_EQ(m_pictures.picture(display("unplugged")), std::nullopt);
 }
 
-TEST_F(PicturesOfTheMac, AreSetAsPathOrUrlAndFillTheScreenAsBefore) {
+TEST_F(PicturesOfTheMac, AreSetByPathOrUrlAndKeepTheirScaling) {
     EXPECT_TRUE(m_pictures.setPicture(display("display-2"), "/Users/ada/My cat.png"));
     EXPECT_TRUE(m_pictures.setPicture(display("UUID-1"), "file:///other.png"));
     EXPECT_THAT(mac().calls, ElementsAre("picture file:///Users/ada/My%20cat.png options 1",
@@ -55,7 +55,7 @@ TEST_F(PicturesOfTheMac, AreSetAsPathOrUrlAndFillTheScreenAsBefore) {
     EXPECT_EQ(m_pictures.picture(display("UUID-1")), "file:///other.png");
 }
 
-TEST_F(PicturesOfTheMac, ARefusedOneIsToldWithTheSystemsReason) {
+TEST_F(PicturesOfTheMac, ARefusedOneIsLoggedWithTheSystemsReason) {
     mac().screens[0].acceptsPictures = false;
     EXPECT_FALSE(m_pictures.setPicture(display("UUID-1"), "/gone.png"));
     EXPECT_THAT(m_log, ElementsAre("desktop picture: /gone.png: The file doesn’t exist."));

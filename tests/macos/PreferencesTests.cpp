@@ -56,7 +56,7 @@ TEST_F(MacDefaults, AValueOfAnotherTypeIsAbsent) {
     }
 }
 
-TEST_F(MacDefaults, WhatIsWrittenIsReadAndMadeDurable) {
+TEST_F(MacDefaults, WrittenValuesAreReadBackAndSynchronised) {
     EXPECT_TRUE(adapter->set("flag", true));
     EXPECT_EQ(adapter->boolean("flag"), true);
     EXPECT_TRUE(adapter->remove("flag"));
@@ -71,7 +71,7 @@ TEST_F(MacDefaults, WhatIsWrittenIsReadAndMadeDurable) {
     EXPECT_EQ(adapter->text("text"), "Écran");
 }
 
-TEST_F(MacDefaults, DatesAndDataAreStoredAsSuchAndTextsAreNeither) {
+TEST_F(MacDefaults, DatesAndDataHaveTypesOfTheirOwn) {
     const Date date = dateFromIso8601("2026-03-02T09:30:00Z").value();
     EXPECT_TRUE(adapter->set("date", date));
     EXPECT_TRUE(adapter->set("data", DefaultsData{std::string("[1]\0\xff", 5)}));
@@ -89,7 +89,7 @@ TEST_F(MacDefaults, DatesAndDataAreStoredAsSuchAndTextsAreNeither) {
     EXPECT_EQ(adapter->date("far"), std::nullopt);
 }
 
-TEST_F(MacDefaults, WhatCannotBeStoredIsToldAndLeavesTheRest) {
+TEST_F(MacDefaults, AValueThatCannotBeStoredIsReported) {
     EXPECT_FALSE(adapter->set("text", std::string("\xff")));
     EXPECT_FALSE(adapter->set("\xff", true));
     EXPECT_FALSE(adapter->remove("\xff"));
@@ -100,35 +100,31 @@ TEST_F(MacDefaults, WhatCannotBeStoredIsToldAndLeavesTheRest) {
     EXPECT_FALSE(adapter->remove("flag"));
 }
 
-TEST_F(MacDefaults, ChangesFromInsideAndOutsideAreToldOnTheMainQueueOncePerRound) {
-    watch();
+TEST_F(MacDefaults, ChangesAreReportedOncePerRoundUntilTheHandlerOrTheAdapterIsGone) {
     adapter->set("a", true);
+    watch();
+    watch();
+    EXPECT_EQ(notificationObservers(), 1U);
+    adapter->set("a", false);
     adapter->remove("a");
     postNotification(changeNotification);
-    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(changes, 0) << "only on the main queue";
     time.runFor(1);
     EXPECT_EQ(changes, 1);
     postNotification(changeNotification);
     postNotification("another");
     time.runFor(1);
     EXPECT_EQ(changes, 2);
-}
 
-TEST_F(MacDefaults, NobodyIsToldAfterTheHandlerOrTheAdapterIsGone) {
     adapter->set("a", true);
-    watch();
-    watch();
-    EXPECT_EQ(notificationObservers(), 1U);
-    adapter->set("a", false);
     adapter->setChangeHandler({});
     EXPECT_EQ(notificationObservers(), 0U);
     time.runFor(1);
-    EXPECT_EQ(changes, 0);
     watch();
     adapter->set("a", false);
     adapter.reset();
     time.runFor(1);
-    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(changes, 2);
 }
 
 struct MissionControlSettings : PlatformTest {
@@ -148,7 +144,7 @@ TEST_F(MissionControlSettings, AreReadFromTwoDomains) {
     EXPECT_EQ(with(text("0"), realNumber(0.5)), (Config{}));
 }
 
-TEST_F(MissionControlSettings, AreSetBothBeforeTheDockIsRestarted) {
+TEST_F(MissionControlSettings, AreBothWrittenBeforeTheDockRestarts) {
     with(boolean(true), boolean(true));
     preferences().calls.clear();
     EXPECT_TRUE(MissionControlFixer::apply());
@@ -158,18 +154,15 @@ TEST_F(MissionControlSettings, AreSetBothBeforeTheDockIsRestarted) {
     EXPECT_THAT(processes().launches, ElementsAre("/usr/bin/killall Dock"));
     EXPECT_FALSE(hasUnreapedProcess());
     EXPECT_EQ(MissionControlReader::read(), (MissionControlConfig{true, false}));
-}
 
-TEST_F(MissionControlSettings, BothMustBeWrittenAndTheDockDoesNotCount) {
     processes().launchError = 2;
-    EXPECT_TRUE(MissionControlFixer::apply());
+    EXPECT_TRUE(MissionControlFixer::apply()) << "the Dock need not restart";
     preferences().readOnly["com.apple.dock"] = true;
     EXPECT_FALSE(MissionControlFixer::apply());
     preferences().readOnly = {{"com.apple.spaces", true}};
     preferences().calls.clear();
     EXPECT_FALSE(MissionControlFixer::apply());
     EXPECT_THAT(preferences().calls, testing::Contains("set com.apple.dock mru-spaces"));
-    EXPECT_EQ(processes().launches.size(), 3U);
 }
 
 } // namespace

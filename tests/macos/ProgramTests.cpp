@@ -20,7 +20,7 @@ using testing::ElementsAre;
 
 using ProgramOnTheMac = CocoaTest;
 
-TEST_F(ProgramOnTheMac, FollowsATravellersTimeZoneByTheRulesOfTheMac) {
+TEST_F(ProgramOnTheMac, FollowsTheMacsTimeZoneWhenItChanges) {
     MacLocalZone zone;
     const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
     for (const char* rules : {"CET-1CEST,M3.5.0,M10.5.0/3", "JST-9", "EST5EDT,M3.2.0,M11.1.0"}) {
@@ -35,7 +35,7 @@ TEST_F(ProgramOnTheMac, FollowsATravellersTimeZoneByTheRulesOfTheMac) {
     }
 }
 
-TEST_F(ProgramOnTheMac, ReportsExceptionsOfObjectiveCThatNobodyCatches) {
+TEST_F(ProgramOnTheMac, ReportsUncaughtObjectiveCExceptions) {
     static std::vector<std::string> reported;
     ObjCExceptions::reportUncaught([](const CrashReportText::UncaughtException& exception) {
         reported = {exception.name, exception.reason, exception.callStack};
@@ -46,7 +46,7 @@ TEST_F(ProgramOnTheMac, ReportsExceptionsOfObjectiveCThatNobodyCatches) {
     EXPECT_THAT(reported, ElementsAre("NSGenericException", "none given", ""));
 }
 
-TEST_F(ProgramOnTheMac, ShowsItselfAndPagesWhenTold) {
+TEST_F(ProgramOnTheMac, ShowsItselfAndOpensPages) {
     ProgramPresence::setShown(false);
     ProgramPresence::setShown(true);
     ProgramPresence::activate();
@@ -57,25 +57,7 @@ TEST_F(ProgramOnTheMac, ShowsItselfAndPagesWhenTold) {
                                          "open https://www.vantrel.example/download/"));
 }
 
-TEST_F(ProgramOnTheMac, KnowsWhichMacItIsOn) {
-    MacMachineIdentity machine;
-    EXPECT_EQ(machine.machineID(), std::nullopt);
-    auto& devices = registry().services["IOPlatformExpertDevice"];
-    for (const Service& silent : {Service{}, Service{{"IOPlatformUUID", number(1)}}}) {
-        devices = {silent};
-        EXPECT_EQ(machine.machineID(), std::nullopt);
-    }
-    devices = {{{"IOPlatformUUID", text("4C1E")}}};
-    EXPECT_EQ(machine.machineID(), "4C1E");
-}
-
-TEST_F(ProgramOnTheMac, KeepsItsFilesInTheUsersApplicationSupport) {
-    EXPECT_EQ(MacFolders::supportDirectory(), "/Users/ada/Library/Application Support/Vantrel");
-    mac().hasSupportFolder = false;
-    EXPECT_EQ(MacFolders::supportDirectory(), std::nullopt);
-}
-
-TEST_F(ProgramOnTheMac, AttachesTheStandardUpdaterAlreadyStarted) {
+TEST_F(ProgramOnTheMac, StartsTheStandardUpdaterWhereThereIsOne) {
     const auto updater = StandardUpdater::start();
     ASSERT_NE(updater, nullptr);
     EXPECT_TRUE(updater->automaticallyChecksForUpdates());
@@ -85,17 +67,13 @@ TEST_F(ProgramOnTheMac, AttachesTheStandardUpdaterAlreadyStarted) {
     EXPECT_THAT(mac().calls,
                 ElementsAre("load /Applications/Vantrel.app/Contents/Frameworks/Sparkle.framework",
                             "updater, started", "check for updates"));
-}
-
-TEST_F(ProgramOnTheMac, DoesWithoutAnUpdaterThatIsNotThere) {
     objc::setClassHidden("SPUStandardUpdaterController", true);
     mac().frameworksPath = "/elsewhere";
-    const auto updater = StandardUpdater::start();
+    EXPECT_EQ(StandardUpdater::start(), nullptr);
     objc::setClassHidden("SPUStandardUpdaterController", false);
-    EXPECT_EQ(updater, nullptr);
 }
 
-TEST_F(ProgramOnTheMac, HearsOnceThatLaunchingHasFinished) {
+TEST_F(ProgramOnTheMac, IsNotifiedOnceThatLaunchingHasFinished) {
     constexpr const char* finished = "NSApplicationDidFinishLaunchingNotification";
     int early = 0;
     int late = 0;
@@ -115,7 +93,7 @@ TEST_F(ProgramOnTheMac, HearsOnceThatLaunchingHasFinished) {
     EXPECT_EQ(late, 1);
 }
 
-TEST_F(ProgramOnTheMac, StartsWithTheSessionOnlyWhenTold) {
+TEST_F(ProgramOnTheMac, IsALoginItemOnlyWhenTheUserWants) {
     EXPECT_EQ(LoginItem::setLaunchAtLogin(false), "");
     EXPECT_EQ(LoginItem::setLaunchAtLogin(true), "");
     EXPECT_EQ(LoginItem::setLaunchAtLogin(true), "");
@@ -131,16 +109,30 @@ TEST_F(ProgramOnTheMac, StartsWithTheSessionOnlyWhenTold) {
     EXPECT_EQ(LoginItem::setLaunchAtLogin(false), "launch at login: Operation not permitted");
 }
 
-TEST_F(ProgramOnTheMac, KnowsItsMacAndItsBuild) {
+TEST_F(ProgramOnTheMac, KnowsItsMacItsBuildAndItsFolder) {
     EXPECT_EQ(SystemFacts::hardwareModel(), "Mac14,2");
     EXPECT_EQ(SystemFacts::programBuild(), "7.1");
     mac().hardwareModel.reset();
     mac().isVersionNumber = true;
     EXPECT_EQ(SystemFacts::hardwareModel(), "unknown");
     EXPECT_EQ(SystemFacts::programBuild(), "unknown");
+
+    EXPECT_EQ(MacFolders::supportDirectory(), "/Users/ada/Library/Application Support/Vantrel");
+    mac().hasSupportFolder = false;
+    EXPECT_EQ(MacFolders::supportDirectory(), std::nullopt);
+
+    MacMachineIdentity machine;
+    EXPECT_EQ(machine.machineID(), std::nullopt);
+    auto& devices = registry().services["IOPlatformExpertDevice"];
+    for (const Service& silent : {Service{}, Service{{"IOPlatformUUID", number(1)}}}) {
+        devices = {silent};
+        EXPECT_EQ(machine.machineID(), std::nullopt);
+    }
+    devices = {{{"IOPlatformUUID", text("4C1E")}}};
+    EXPECT_EQ(machine.machineID(), "4C1E");
 }
 
-TEST(FocusFilter, TellsOfEachFocusThatTurnsOnOnce) {
+TEST(FocusFilter, ReportsEachFocusOnceWhenItTurnsOn) {
     FocusFilterReader focus;
     std::vector<std::string> turnedOn;
     // On already when the program starts.

@@ -4,6 +4,7 @@
 #include "tests/macos/fake/Session.h"
 
 #include <gmock/gmock.h>
+#include <utility>
 
 namespace vantrel::fake {
 namespace {
@@ -31,18 +32,12 @@ protected:
     MacSystemEvents m_events{[this] { return m_isLocked; }};
 };
 
-TEST_F(SystemEventsOfTheMac, TellOfSleepAndWake) {
+TEST_F(SystemEventsOfTheMac, ReportSleepAndALockWhileAnythingKeepsTheUserAway) {
     listen();
     postWorkspace("WillSleep");
-    cocoa::runMainQueue();
-    EXPECT_THAT(m_told, ElementsAre("sleep"));
     postWorkspace("DidWake");
     cocoa::runMainQueue();
-    EXPECT_THAT(m_told, ElementsAre("sleep", "wake"));
-}
-
-TEST_F(SystemEventsOfTheMac, TheSessionIsLockedAsLongAsAnythingKeepsTheUserAway) {
-    listen();
+    EXPECT_EQ(std::exchange(m_told, {}), (Calls{"sleep", "wake"}));
     postWorkspace("ScreensDidSleep");
     postEverybody("com.apple.screenIsLocked");
     postWorkspace("ScreensDidWake");
@@ -57,7 +52,7 @@ TEST_F(SystemEventsOfTheMac, TheSessionIsLockedAsLongAsAnythingKeepsTheUserAway)
     EXPECT_THAT(m_told, ElementsAre("locked", "unlocked"));
 }
 
-TEST_F(SystemEventsOfTheMac, ASessionThatIsLockedAlreadyIsToldSoonAndOnce) {
+TEST_F(SystemEventsOfTheMac, ReportASessionThatIsAlreadyLockedOnce) {
     m_isLocked = true;
     listen();
     EXPECT_THAT(m_told, IsEmpty());
@@ -69,7 +64,7 @@ TEST_F(SystemEventsOfTheMac, ASessionThatIsLockedAlreadyIsToldSoonAndOnce) {
     EXPECT_THAT(m_told, ElementsAre("locked", "unlocked"));
 }
 
-TEST_F(SystemEventsOfTheMac, NothingIsToldAfterTheEnd) {
+TEST_F(SystemEventsOfTheMac, ReportNothingWithoutAHandler) {
     m_isLocked = true;
     listen();
     postWorkspace("WillSleep");
