@@ -21,7 +21,8 @@ namespace {
 constexpr std::chrono::seconds quiet{3};
 constexpr std::chrono::seconds signOfLife{5};
 // After this the program is not going to reply, alive or not.
-constexpr std::chrono::minutes patience{5};
+constexpr std::chrono::minutes longest{5};
+constexpr std::chrono::seconds briefly{1};
 
 ControlFailure failure(const QDBusMessage& reply) {
     const auto name = reply.errorName();
@@ -60,11 +61,13 @@ bool isAlive(const QDBusConnection& bus) {
     return isAnswered(bus.asyncCall(message("Ping")), signOfLife);
 }
 
-// Waits for the reply as long as the program is alive. None when it is not.
-std::optional<QDBusMessage> replyTo(const QDBusConnection& bus, const QDBusMessage& request) {
-    const auto call = bus.asyncCall(request, static_cast<int>(std::chrono::milliseconds(patience).count()));
-    while (!isAnswered(call, quiet)) {
-        if (!isAlive(bus) && !call.isFinished()) {
+// None when the patience has run out.
+std::optional<QDBusMessage> replyTo(const QDBusConnection& bus, const QDBusMessage& request,
+                                    ControlClient::Patience patience) {
+    const auto call = bus.asyncCall(request, static_cast<int>(std::chrono::milliseconds(longest).count()));
+    const bool isBrief = patience == ControlClient::Patience::brief;
+    while (!isAnswered(call, isBrief ? briefly : quiet)) {
+        if (isBrief || (!isAlive(bus) && !call.isFinished())) {
             return std::nullopt;
         }
     }
@@ -73,8 +76,8 @@ std::optional<QDBusMessage> replyTo(const QDBusConnection& bus, const QDBusMessa
 
 } // namespace
 
-ControlClient::Result<nlohmann::json> ControlClient::call(const char* method,
-                                                          const std::vector<std::string>& arguments) {
+ControlClient::Result<nlohmann::json>
+ControlClient::call(const char* method, const std::vector<std::string>& arguments, Patience patience) {
     const auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return std::unexpected(ControlFailure{
@@ -85,7 +88,7 @@ ControlClient::Result<nlohmann::json> ControlClient::call(const char* method,
     for (const auto& argument : arguments) {
         request << QString::fromStdString(argument);
     }
-    const auto reply = replyTo(bus, request);
+    const auto reply = replyTo(bus, request, patience);
     if (!reply) {
         return std::unexpected(ControlFailure{
             ControlFailure::Kind::failed,

@@ -27,10 +27,17 @@ namespace ControlClient {
 template <typename T>
 using Result = std::expected<T, ControlFailure>;
 
-// Calls a method of docs/dbus.md with the arguments it takes and returns the reply unchanged. Waits as long
-// as the program shows that it is alive; fails with a sentence when it does not for some seconds. Needs a
+enum class Patience : std::uint8_t {
+    // Waits as long as the program shows that it is alive; fails when it does not for some seconds.
+    whileAlive,
+    // Fails after a second.
+    brief,
+};
+
+// Calls a method of docs/dbus.md with the arguments it takes and returns the reply unchanged. Needs a
 // QCoreApplication.
-[[nodiscard]] Result<nlohmann::json> call(const char* method, const std::vector<std::string>& arguments = {});
+[[nodiscard]] Result<nlohmann::json> call(const char* method, const std::vector<std::string>& arguments = {},
+                                          Patience patience = Patience::whileAlive);
 
 } // namespace ControlClient
 

@@ -1,178 +1,212 @@
 #include "Vantrel/commands/shell/Completion.h"
 
+#include "VantrelCore/text/SafeText.h"
+
 #include <algorithm>
+#include <cctype>
 #include <fmt/format.h>
-#include <fmt/ranges.h>
-#include <functional>
 
 namespace vantrel::Completion {
 
 namespace {
 
-// Single quotes work the same in all three shells.
-std::string quoted(const std::string& text) {
-    std::string result = "'";
-    for (const char c : text) {
-        result += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    }
-    return result + "'";
+constexpr const char* bashScript = R"sh(# bash completion for {0}
+_{0}() {{
+    local answer
+    COMPREPLY=()
+    answer=$({0} {1} bash "${{COMP_WORDS[@]:1:COMP_CWORD}}" 2>/dev/null) || compopt -o default
+    [[ -z $answer ]] || mapfile -t COMPREPLY <<<"$answer"
+}}
+complete -F _{0} {0}
+)sh";
+
+constexpr const char* zshScript = R"sh(#compdef {0}
+_{0}() {{
+    local answer
+    local -a candidates
+    answer="$({0} {1} zsh "${{(@Q)words[2,CURRENT]}}" 2>/dev/null)" || {{ _files; return }}
+    [[ -n $answer ]] || return 1
+    candidates=("${{(@f)answer}}")
+    _describe -V {0} candidates
+}}
+if [[ $funcstack[1] == _{0} ]]; then _{0} "$@"; else compdef _{0} {0}; fi
+)sh";
+
+constexpr const char* fishScript = R"sh(# fish completion for {0}
+function __{0}_candidates
+    set -l before (commandline -opc)
+    set -l current (commandline -ct)
+    {0} {1} fish $before[2..] "$current" 2>/dev/null
+    or __fish_complete_path "$current"
+end
+complete -c {0} -f -a '(__{0}_candidates)'
+)sh";
+
+// The option with this name, null if there is none.
+const OptionShape* optionNamed(const CommandShape& command, const std::string& name) {
+    const auto found = std::ranges::find_if(command.options, [&](const OptionShape& option) {
+        return !option.isPositional && std::ranges::find(option.names, name) != option.names.end();
+    });
+    return found == command.options.end() ? nullptr : &*found;
 }
 
-// Calls `visit` for every command with the words typed to reach it, without the program's name.
-void visitAll(const CommandShape& command, const std::vector<std::string>& path,
-              const std::function<void(const CommandShape&, const std::vector<std::string>&)>& visit) {
-    visit(command, path);
-    for (const auto& below : command.commands) {
-        auto deeper = path;
-        deeper.push_back(below.name);
-        visitAll(below, deeper, visit);
+// The argument at this position, null beyond the last.
+const OptionShape* argumentAt(const CommandShape& command, std::size_t position) {
+    const OptionShape* last = nullptr;
+    for (const OptionShape& option : command.options) {
+        if (option.isPositional) {
+            last = &option;
+            if (position-- == 0) {
+                return last;
+            }
+        }
     }
+    return last != nullptr && last->isRepeated ? last : nullptr;
 }
 
-std::vector<std::string> words(const CommandShape& command) {
-    std::vector<std::string> result;
-    for (const auto& below : command.commands) {
-        result.push_back(below.name);
+// The command line up to the cursor.
+struct Typed {
+    const CommandShape* command;
+    // The option that the next word is the value of.
+    const OptionShape* option = nullptr;
+    std::size_t arguments = 0;
+    bool areOptionsOver = false;
+    std::map<std::string, std::string> values{};
+
+    void add(const std::string& word) {
+        if (option != nullptr) {
+            values[option->names.front()] = word;
+            option = nullptr;
+        } else if (word == "--" && !areOptionsOver) {
+            areOptionsOver = true;
+        } else if (word.starts_with('-') && !areOptionsOver) {
+            const OptionShape* const named = optionNamed(*command, word);
+            option = named == nullptr || named->value.empty() ? nullptr : named;
+        } else if (const auto below = std::ranges::find(command->commands, word, &CommandShape::name);
+                   arguments == 0 && below != command->commands.end()) {
+            command = &*below;
+        } else {
+            if (const OptionShape* const argument = argumentAt(*command, arguments)) {
+                values[argument->names.front()] = word;
+            }
+            ++arguments;
+        }
     }
-    for (const auto& option : command.options) {
-        if (!option.isPositional) {
-            result.insert(result.end(), option.names.begin(), option.names.end());
+};
+
+bool isIn(std::string_view characters, char c) {
+    return characters.find(c) != std::string_view::npos;
+}
+
+// Whether bash takes it for more than a part of a word. A colon, an equals sign and an at sign separate words
+// while it completes.
+bool isSpecial(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 && std::isalnum(byte) == 0 && !isIn("-_./,+%", c);
+}
+
+template <typename IsMeant>
+std::string backslashed(const std::string& word, IsMeant&& isMeant) {
+    std::string result;
+    for (const char c : word) {
+        result += isMeant(c) ? std::string{'\\', c} : std::string(1, c);
+    }
+    return result;
+}
+
+// Replaces `from` wherever it stands in the text.
+std::string replaced(std::string text, std::string_view from, std::string_view with) {
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + with.size())) {
+        text.replace(at, from.size(), with);
+    }
+    return text;
+}
+
+} // namespace
+
+Expected expected(const CommandShape& program, const std::vector<std::string>& words) {
+    Typed typed{.command = &program};
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+        typed.add(words[i]);
+    }
+    Expected expected{.typed = typed.values};
+    if (typed.option != nullptr) {
+        expected.kind = typed.option->kind;
+        return expected;
+    }
+    const std::string current = words.empty() ? "" : words.back();
+    const bool isOption = current.starts_with('-') && !typed.areOptionsOver;
+    if (!isOption && typed.arguments == 0) {
+        for (const CommandShape& below : typed.command->commands) {
+            expected.words.push_back({below.name, below.description});
+        }
+    }
+    if (const OptionShape* const argument = argumentAt(*typed.command, typed.arguments);
+        argument != nullptr && !isOption) {
+        expected.kind = argument->kind;
+    }
+    if (expected.words.empty() && !expected.kind && !typed.areOptionsOver) {
+        for (const OptionShape& option : typed.command->options) {
+            for (const auto& name : option.names) {
+                if (!option.isPositional) {
+                    expected.words.push_back({name, option.description});
+                }
+            }
+        }
+    }
+    return expected;
+}
+
+std::string script(const std::string& shell, const std::string& program) {
+    const char* const text = shell == "bash"   ? bashScript
+                             : shell == "zsh"  ? zshScript
+                             : shell == "fish" ? fishScript
+                                               : "";
+    return fmt::format(fmt::runtime(text), program, verb);
+}
+
+std::string unquoted(const std::string& word) {
+    std::string result;
+    char quote = '\0';
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        const char c = word[i];
+        if (c == quote) {
+            quote = '\0';
+        } else if (quote == '\0' && (c == '"' || c == '\'')) {
+            quote = c;
+        } else if (c == '\\' && quote != '\'' && i + 1 < word.size()) {
+            result += word[++i];
+        } else {
+            result += c;
         }
     }
     return result;
 }
 
-// Whether the option takes a display label, as listed by the verb "displays".
-bool isDisplay(const OptionShape& option) {
-    return std::ranges::find(option.names, "--display") != option.names.end();
-}
-
-} // namespace
-
-std::string bash(const CommandShape& program) {
-    std::string cases;
-    visitAll(program, {}, [&](const CommandShape& command, const std::vector<std::string>& path) {
-        cases += fmt::format("        {}) words={} ;;\n", quoted(fmt::format("{}", fmt::join(path, " "))),
-                             quoted(fmt::format("{}", fmt::join(words(command), " "))));
-    });
-    // Words before the cursor that are not options select the command; words that are not verbs are
-    // arguments.
-    return fmt::format(R"(# bash completion for {0}
-_{0}() {{
-    local current="${{COMP_WORDS[COMP_CWORD]}}" path='' words='' next word
-    COMPREPLY=()
-    if [[ ${{COMP_WORDS[COMP_CWORD-1]}} == --display ]]; then
-        while IFS= read -r next; do
-            printf -v next %q "$next"
-            [[ $next == "$current"* ]] && COMPREPLY+=("$next")
-        done < <({0} displays 2>/dev/null)
-        return
-    fi
-    _{0}_words ''
-    for word in "${{COMP_WORDS[@]:1:COMP_CWORD-1}}"; do
-        [[ $word == -* ]] && continue
-        [[ " $words " == *" $word "* ]] || continue
-        path="${{path:+$path }}$word"
-        _{0}_words "$path"
-    done
-    while IFS= read -r next; do COMPREPLY+=("$next"); done < <(compgen -W "$words" -- "$current")
-}}
-_{0}_words() {{
-    case $1 in
-{1}    esac
-}}
-complete -F _{0} {0}
-)",
-                       program.name, cases);
-}
-
-std::string zsh(const CommandShape& program) {
-    const auto described = [](const std::string& word, const std::string& description) {
-        std::string escaped;
-        for (const char c : word) {
-            escaped += c == ':' ? std::string("\\:") : std::string(1, c);
+std::string answer(const std::string& shell, const std::vector<Candidate>& candidates,
+                   const std::string& current) {
+    const char quote = current.empty() ? '\0' : current.front();
+    std::string text;
+    for (const auto& [word, unsafe] : candidates) {
+        if (SafeText::line(word) != word) {
+            continue;
         }
-        return quoted(escaped + ":" + description);
-    };
-    std::string cases;
-    visitAll(program, {}, [&](const CommandShape& command, const std::vector<std::string>& path) {
-        std::vector<std::string> entries;
-        for (const auto& below : command.commands) {
-            entries.push_back(described(below.name, below.description));
-        }
-        for (const auto& option : command.options) {
-            for (const auto& name : option.names) {
-                if (!option.isPositional) {
-                    entries.push_back(described(name, option.description));
-                }
+        const std::string description = SafeText::line(unsafe);
+        if (shell == "bash") {
+            if (word.starts_with(unquoted(current))) {
+                text += (quote == '"'    ? backslashed(word, [](char c) { return isIn("\"\\$`", c); })
+                         : quote == '\'' ? replaced(word, "'", "'\\''")
+                                         : backslashed(word, isSpecial)) +
+                        '\n';
             }
+        } else if (shell == "zsh") {
+            text += replaced(replaced(word, "\\", "\\\\"), ":", "\\:") +
+                    (description.empty() ? "" : ":" + description) + '\n';
+        } else {
+            text += word + '\t' + description + '\n';
         }
-        cases += fmt::format("        {}) entries=({}) ;;\n", quoted(fmt::format("{}", fmt::join(path, " "))),
-                             fmt::join(entries, " "));
-    });
-    return fmt::format(R"(#compdef {0}
-_{0}_entries() {{
-    case $1 in
-{1}    esac
-}}
-_{0}() {{
-    local -a entries
-    local word commandPath=''
-    if [[ $words[CURRENT-1] == --display ]]; then
-        local -a labels=("${{(@f)$({0} displays 2>/dev/null)}}")
-        compadd -a labels
-        return
-    fi
-    _{0}_entries ''
-    for word in ${{words[2,CURRENT-1]}}; do
-        [[ $word == -* ]] && continue
-        (( ${{entries[(I)$word:*]}} )) || continue
-        commandPath="${{commandPath:+$commandPath }}$word"
-        _{0}_entries $commandPath
-    done
-    _describe -V {0} entries
-}}
-if [[ $funcstack[1] == _{0} ]]; then _{0} "$@"; else compdef _{0} {0}; fi
-)",
-                       program.name, cases);
-}
-
-std::string fish(const CommandShape& program) {
-    const std::string labels = fmt::format(" -x -a '({} displays 2>/dev/null)'", program.name);
-    std::string script = fmt::format("# fish completion for {0}\ncomplete -c {0} -f\n", program.name);
-    visitAll(program, {}, [&](const CommandShape& command, const std::vector<std::string>& path) {
-        std::vector<std::string> conditions;
-        for (const auto& word : path) {
-            conditions.push_back("__fish_seen_subcommand_from " + word);
-        }
-        if (!command.commands.empty()) {
-            std::vector<std::string> names;
-            for (const auto& below : command.commands) {
-                names.push_back(below.name);
-            }
-            conditions.push_back(fmt::format("not __fish_seen_subcommand_from {}", fmt::join(names, " ")));
-        }
-        const auto condition = quoted(fmt::format("{}", fmt::join(conditions, "; and ")));
-        for (const auto& below : command.commands) {
-            script += fmt::format("complete -c {} -n {} -a {} -d {}\n", program.name, condition, below.name,
-                                  quoted(below.description));
-        }
-        for (const auto& option : command.options) {
-            if (option.isPositional) {
-                continue;
-            }
-            std::string names;
-            for (const auto& name : option.names) {
-                names += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
-            }
-            script += fmt::format("complete -c {} -n {}{}{} -d {}\n", program.name, condition, names,
-                                  option.value.empty() ? ""
-                                  : isDisplay(option)  ? labels
-                                                       : " -x",
-                                  quoted(option.description));
-        }
-    });
-    return script;
+    }
+    return text;
 }
 
 } // namespace vantrel::Completion

@@ -69,12 +69,14 @@ ExitCode examine(const VerbEnvironment& environment, VerbOutput output) {
 void addDoctorVerb(VerbTable& table, CLI::App& app) {
     const auto& environment = table.environment();
     const auto copy = std::make_shared<std::string>();
-    table
-        .add(app, "doctor", "Check vantrel's files, the bus and the window manager",
-             [&environment, copy](VerbOutput output) {
-                 return copy->empty() ? examine(environment, output) : putBack(environment, *copy, output);
-             })
-        .add_option("--put-back", *copy, "Put this copy of a file back; the current file is kept");
+    auto& doctor = table.add(app, "doctor", "Check vantrel's files, the bus and the window manager",
+                             [&environment, copy](VerbOutput output) {
+                                 return copy->empty() ? examine(environment, output)
+                                                      : putBack(environment, *copy, output);
+                             });
+    table.takes(
+        ValueKind::storeCopy,
+        doctor.add_option("--put-back", *copy, "Put this copy of a file back; the current file is kept"));
 }
 
 } // namespace vantrel

@@ -45,14 +45,14 @@ void addHotKeyVerbs(VerbTable& table, CLI::App& app) {
     auto& set = table.add(hotKeys, "set", "Give a command or scene a shortcut", [typed](VerbOutput output) {
         return list(ControlClient::call("SetHotKey", {typed->command, typed->keys}), output);
     });
-    set.add_option("command", typed->command, what)->required();
+    table.takes(ValueKind::shortcut, set.add_option("command", typed->command, what))->required();
     set.add_option("keys", typed->keys, "Like Super+Shift+R or F9")->required();
     auto& clear =
         table.add(hotKeys, "clear", "Clear a shortcut; restore, save and stash return to their defaults",
                   [typed](VerbOutput output) {
                       return list(ControlClient::call("ClearHotKey", {typed->command}), output);
                   });
-    clear.add_option("command", typed->command, what)->required();
+    table.takes(ValueKind::shortcut, clear.add_option("command", typed->command, what))->required();
 }
 
 } // namespace vantrel

@@ -60,18 +60,22 @@ void addLayoutVerbs(VerbTable& table, CLI::App& app) {
     const Shared names = std::make_shared<Names>();
     const auto named = [&](const char* verb, const char* description, VerbTable::Run run) -> CLI::App& {
         auto& added = table.add(layouts, verb, description, std::move(run));
-        added.add_option("name", names->name, "The layout's name")->required();
+        table.takes(ValueKind::layout, added.add_option("name", names->name, "The layout's name"))
+            ->required();
         return added;
     };
     named("switch", "Make a layout active and restore its windows", [&environment, names](VerbOutput output) {
         return showReport(ControlClient::call("SwitchLayout", {names->name}), environment, output);
     });
-    named("apply", "Arrange the windows as in a layout, even one of another desk",
-          [&environment, names](VerbOutput output) {
-              return showReport(ControlClient::call("ApplyLayout", {names->desk, names->name}), environment,
-                                output);
-          })
-        .add_option("--desk", names->desk, "The layout's desk, by name or ID; defaults to this desk");
+    auto& applied =
+        named("apply", "Arrange the windows as in a layout, even one of another desk",
+              [&environment, names](VerbOutput output) {
+                  return showReport(ControlClient::call("ApplyLayout", {names->desk, names->name}),
+                                    environment, output);
+              });
+    table.takes(
+        ValueKind::desk,
+        applied.add_option("--desk", names->desk, "The layout's desk, by name or ID; defaults to this desk"));
     named("save", "Save the windows under this name and make it the active layout",
           [names](VerbOutput output) { return save(*names, output); });
     named("rename", "Rename a layout", [names](VerbOutput output) { return rename(*names, output); })

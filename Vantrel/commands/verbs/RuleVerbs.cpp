@@ -65,12 +65,16 @@ void addRuleVerbs(VerbTable& table, CLI::App& app) {
 
     auto& setVerb = table.add(rules, "set", "Set an application's rule, replacing any previous one",
                               [words](VerbOutput output) { return set(*words, output); });
-    setVerb.add_option("APP", words->app, "The application's name or ID, as shown by desks and rules")
+    table
+        .takes(ValueKind::application,
+               setVerb.add_option("APP", words->app,
+                                  "The application's name or ID, as shown by desks and rules"))
         ->required();
     auto* const ignore = setVerb.add_flag("--ignore", words->isIgnored, "Neither learn nor move its windows");
-    setVerb
-        .add_option("--display", words->display,
-                    "Keep its windows on this display, by its label (vantrelctl displays)")
+    table
+        .takes(ValueKind::display,
+               setVerb.add_option("--display", words->display,
+                                  "Keep its windows on this display, by its label (vantrelctl displays)"))
         ->excludes(ignore);
     setVerb.add_flag("--last", words->isLast, "Place its windows after all others");
 
@@ -81,7 +85,10 @@ void addRuleVerbs(VerbTable& table, CLI::App& app) {
                                    JsonCoding::required<std::string>(removed, "appName"));
             });
     });
-    remove.add_option("APP", words->app, "The application's name or ID")->required();
+    table
+        .takes(ValueKind::ruledApplication,
+               remove.add_option("APP", words->app, "The application's name or ID"))
+        ->required();
 }
 
 } // namespace vantrel

@@ -94,10 +94,14 @@ ExitCode setWallpaper(const Words& words, VerbOutput output) {
                                                 : "The wallpaper of the scene \"{}\" is set."));
 }
 
+void addScene(VerbTable& table, CLI::App& verb, const Shared& words) {
+    table.takes(ValueKind::scene, verb.add_option("scene", words->scene, "The scene's name"))->required();
+}
+
 void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
     const auto add = [&](const char* name, const char* description, VerbTable::Run run) -> CLI::App& {
         auto& verb = table.add(scenes, name, description, std::move(run));
-        verb.add_option("scene", words->scene, "The scene's name")->required();
+        addScene(table, verb, words);
         return verb;
     };
     add("new", "Create a scene without windows, to be filled in the editor", [words](VerbOutput output) {
@@ -122,23 +126,26 @@ void addChanges(VerbTable& table, CLI::App& scenes, const Shared& words) {
     add("unpin", "Allow a scene to be changed again", [words](VerbOutput output) {
         return changeScene("UnpinScene", {words->scene}, output, sentenceFor("Unpinned the scene \"{}\"."));
     });
-    add("open-apps", "Choose whether applying a scene starts its applications that are not running",
-        [words](VerbOutput output) {
-            const bool opens = words->opens == "yes";
-            return changeScene(
-                "SetSceneOpensMissingApps", {words->scene, opens ? "true" : "false"}, output,
-                sentenceFor(
-                    opens ? "The scene \"{}\" opens missing apps."
-                          : "The scene \"{}\" opens no missing apps, except those it keeps places for."));
-        })
-        .add_option("opens", words->opens, "yes or no")
+    auto& openApps =
+        add("open-apps", "Choose whether applying a scene starts its applications that are not running",
+            [words](VerbOutput output) {
+                const bool opens = words->opens == "yes";
+                return changeScene(
+                    "SetSceneOpensMissingApps", {words->scene, opens ? "true" : "false"}, output,
+                    sentenceFor(
+                        opens ? "The scene \"{}\" opens missing apps."
+                              : "The scene \"{}\" opens no missing apps, except those it keeps places for."));
+            });
+    table.takes(ValueKind::yesOrNo, openApps.add_option("opens", words->opens, "yes or no"))
         ->required()
         ->check(CLI::IsMember({"yes", "no"}));
     auto& wallpaper = add("wallpaper", "Choose a scene's wallpaper",
                           [words](VerbOutput output) { return setWallpaper(*words, output); });
-    wallpaper.add_option("picture", words->picture, "The picture file; omit it to remove the wallpaper");
-    wallpaper.add_option("--display", words->display,
-                         "A display of the scene, by label; defaults to all displays");
+    table.takes(ValueKind::file, wallpaper.add_option("picture", words->picture,
+                                                      "The picture file; omit it to remove the wallpaper"));
+    table.takes(ValueKind::display,
+                wallpaper.add_option("--display", words->display,
+                                     "A display of the scene, by label; defaults to all displays"));
 }
 
 } // namespace
@@ -150,12 +157,12 @@ void addSceneVerbs(VerbTable& table, CLI::App& app) {
     auto& scenes = table.add(app, "scenes", "List and manage the scenes of every desk", listed);
     table.add(scenes, "list", "List the scenes of every desk; a star marks the one last applied here",
               listed);
-    table
-        .add(
-            scenes, "show", "Draw a scene",
-            [&environment, words](VerbOutput output) { return showScene(environment, words->scene, output); })
-        .add_option("scene", words->scene, "The scene's name")
-        ->required();
+    addScene(table,
+             table.add(scenes, "show", "Draw a scene",
+                       [&environment, words](VerbOutput output) {
+                           return showScene(environment, words->scene, output);
+                       }),
+             words);
     addChanges(table, scenes, words);
     table.add(scenes, "reapply", "Reapply the scene that windows have moved away from",
               [&environment](VerbOutput output) {
@@ -168,17 +175,17 @@ void addSceneVerbs(VerbTable& table, CLI::App& app) {
                                                  return SceneTexts::list(message, environment.drawing());
                                              });
               });
+    auto& apply = table.add(app, "apply", "Arrange the desk as saved in a scene, even one of another desk",
+                            [&environment, words](VerbOutput output) {
+                                return showReport(ControlClient::call("ApplyScene", {words->scene}),
+                                                  environment, output);
+                            });
+    addScene(table, apply, words);
+    auto& saveScene = table.add(app, "save-scene", "Save the desk as a scene",
+                                [words](VerbOutput output) { return save(words->scene, output); });
     table
-        .add(app, "apply", "Arrange the desk as saved in a scene, even one of another desk",
-             [&environment, words](VerbOutput output) {
-                 return showReport(ControlClient::call("ApplyScene", {words->scene}), environment, output);
-             })
-        .add_option("scene", words->scene, "The scene's name")
-        ->required();
-    table
-        .add(app, "save-scene", "Save the desk as a scene",
-             [words](VerbOutput output) { return save(words->scene, output); })
-        .add_option("name", words->scene, "The scene's name, of 30 characters or fewer")
+        .takes(ValueKind::scene,
+               saveScene.add_option("name", words->scene, "The scene's name, of 30 characters or fewer"))
         ->required();
 }
 

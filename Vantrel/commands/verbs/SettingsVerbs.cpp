@@ -85,23 +85,30 @@ void addSettingsVerbs(VerbTable& table, CLI::App& app) {
     table.add(settings, "list", "List every setting with its value", listAll)
         .add_flag("--all", words->showsNotes, "Also list vantrel's own records");
 
+    const auto key = [&](CLI::App& verb) {
+        table.takes(ValueKind::settingKey, verb.add_option("KEY", words->key, "The setting's name"))
+            ->required();
+    };
     auto& get =
         table.add(settings, "get", "Show a setting's meaning and valid values", [words](VerbOutput output) {
             return show<nlohmann::json>(settingNamed(words->key), output, description);
         });
-    get.add_option("KEY", words->key, "The setting's name")->required();
+    key(get);
 
     auto& set =
         table.add(settings, "set", "Change a setting; takes effect at once", [words](VerbOutput output) {
             return changed(ControlClient::call("SetSetting", {words->key, words->value}), output);
         });
-    set.add_option("KEY", words->key, "The setting's name")->required();
-    set.add_option("VALUE", words->value, "true, false, a number or a string")->required();
+    key(set);
+    table
+        .takes(ValueKind::settingValue,
+               set.add_option("VALUE", words->value, "true, false, a number or a string"))
+        ->required();
 
     auto& unset = table.add(settings, "unset", "Reset a setting to its default", [words](VerbOutput output) {
         return changed(ControlClient::call("UnsetSetting", {words->key}), output);
     });
-    unset.add_option("KEY", words->key, "The setting's name")->required();
+    key(unset);
 }
 
 } // namespace vantrel

@@ -1,24 +1,18 @@
 #include "Vantrel/commands/verbs/ShellVerbs.h"
 
 #include "Vantrel/commands/shell/Completion.h"
+#include "Vantrel/commands/shell/CompletionValues.h"
 #include "Vantrel/commands/shell/ManualPage.h"
 
 #include <CLI/CLI.hpp>
 
-#include <map>
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace vantrel {
 
 namespace {
-
-using Script = std::string (*)(const CommandShape&);
-
-const std::map<std::string, Script>& scripts() {
-    static const std::map<std::string, Script> table{
-        {"bash", Completion::bash}, {"fish", Completion::fish}, {"zsh", Completion::zsh}};
-    return table;
-}
 
 ManualPage::Frame manual(const std::string& version) {
     return {.version = version,
@@ -40,20 +34,62 @@ ManualPage::Frame manual(const std::string& version) {
             .seeAlso = {"vantrel"}};
 }
 
+CommandShape shapeOf(const CLI::App& app, const VerbTable& table) {
+    return CommandShape::of(app, [&table](const CLI::Option& option) { return table.kindOf(option); });
+}
+
+// Fails where the shell should offer files.
+ExitCode complete(const CommandShape& program, const VerbEnvironment& environment,
+                  std::vector<std::string> words) {
+    if (words.empty()) {
+        return ExitCode::usage;
+    }
+    const std::string shell = words.front();
+    const std::string current = words.size() > 1 ? words.back() : "";
+    words.erase(words.begin());
+    if (shell == "bash") {
+        std::ranges::transform(words, words.begin(), Completion::unquoted);
+    }
+    auto [candidates, kind, typed] = Completion::expected(program, words);
+    if (kind == ValueKind::file) {
+        return ExitCode::failed;
+    }
+    const auto ask = [](const char* method) {
+        return ControlClient::call(method, {}, ControlClient::Patience::brief)
+            .value_or(nlohmann::json::object());
+    };
+    std::ranges::move(
+        CompletionValues::of(
+            kind.value_or(ValueKind::text), typed,
+            {.ask = ask, .files = environment.files, .supportDirectory = environment.supportDirectory}),
+        std::back_inserter(candidates));
+    // Not print(), which replaces the tabs that fish needs.
+    fmt::print("{}", Completion::answer(shell, candidates, current));
+    return ExitCode::done;
+}
+
 } // namespace
 
 void addShellVerbs(VerbTable& table, CLI::App& app, const std::string& version) {
     const auto shell = std::make_shared<std::string>();
     auto& completion =
         table.addPlain(app, "completion", "Print a shell's completion script", [&app, shell](auto) {
-            VerbPrinting::print(scripts().at(*shell)(CommandShape::of(app)));
+            VerbPrinting::print(Completion::script(*shell, app.get_name()));
             return ExitCode::done;
         });
-    completion.add_option("shell", *shell, "bash, zsh or fish")->required()->check(CLI::IsMember(scripts()));
-    table.addPlain(app, "manual", "Print the manual page, for man(1)", [&app, version](auto) {
-        VerbPrinting::print(ManualPage::roff(CommandShape::of(app), manual(version)));
+    table.takes(ValueKind::shell, completion.add_option("shell", *shell, "bash, zsh or fish"))
+        ->required()
+        ->check(CLI::IsMember({"bash", "fish", "zsh"}));
+    table.addPlain(app, "manual", "Print the manual page, for man(1)", [&app, &table, version](auto) {
+        VerbPrinting::print(ManualPage::roff(shapeOf(app, table), manual(version)));
         return ExitCode::done;
     });
+    auto& completing = table.addPlain(app, Completion::verb, "", [&app, &table](auto) {
+        return complete(shapeOf(app, table), table.environment(),
+                        app.get_subcommand(Completion::verb)->remaining());
+    });
+    // Hidden, and takes everything that follows as it was typed.
+    completing.group("")->prefix_command();
 }
 
 } // namespace vantrel

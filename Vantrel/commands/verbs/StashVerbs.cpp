@@ -51,12 +51,12 @@ void addStashVerbs(VerbTable& table, CLI::App& app) {
     table.add(stash, "toggle", "Bring this desk's newest stash back; without one, stash the desk",
               [&environment](VerbOutput output) { return toggle(environment, output); });
     const auto id = std::make_shared<std::string>();
-    table
-        .add(stash, "back", "Bring a stash back",
-             [&environment, id](VerbOutput output) {
-                 return showReport(ControlClient::call("BringBack", {*id}), environment, output);
-             })
-        .add_option("stash", *id, "The beginning of the stash's ID; defaults to this desk's newest");
+    auto& back = table.add(stash, "back", "Bring a stash back", [&environment, id](VerbOutput output) {
+        return showReport(ControlClient::call("BringBack", {*id}), environment, output);
+    });
+    table.takes(
+        ValueKind::stash,
+        back.add_option("stash", *id, "The beginning of the stash's ID; defaults to this desk's newest"));
 }
 
 } // namespace vantrel

@@ -75,7 +75,10 @@ void addAddVerbs(VerbTable& table, CLI::App& triggers, const std::shared_ptr<Wor
                   "  vantrelctl triggers add calendar Call\n"
                   "  vantrelctl triggers add focus Quiet");
     const auto scenes = [&](CLI::App& verb) {
-        verb.add_option("SCENE", words->scenes, "A scene's name; give several for several desks")->required();
+        table
+            .takes(ValueKind::scene,
+                   verb.add_option("SCENE", words->scenes, "A scene's name; give several for several desks"))
+            ->required();
     };
     auto& schedule = table.add(adding, "schedule", "Every day at a given time",
                                [words](VerbOutput output) { return add("schedule", *words, output); });
@@ -113,7 +116,10 @@ void addTriggerVerbs(VerbTable& table, CLI::App& app) {
                                                 "{} {}.\n", required<std::string>(trigger, "title"), outcome);
                                         });
         });
-        verb.add_option("TRIGGER", words->trigger, "The trigger's number in the list, or its ID")->required();
+        table
+            .takes(ValueKind::trigger,
+                   verb.add_option("TRIGGER", words->trigger, "The trigger's number in the list, or its ID"))
+            ->required();
     };
     change("enable", "Enable a trigger", "EnableTrigger", "is on");
     change("disable", "Disable a trigger without deleting it", "DisableTrigger", "is off");

@@ -25,6 +25,16 @@ CLI::App& VerbTable::addPlain(CLI::App& parent, const std::string& name, const s
     return *command;
 }
 
+CLI::Option* VerbTable::takes(ValueKind kind, CLI::Option* option) {
+    m_kinds[option] = kind;
+    return option;
+}
+
+ValueKind VerbTable::kindOf(const CLI::Option& option) const {
+    const auto found = m_kinds.find(&option);
+    return found == m_kinds.end() ? ValueKind::text : found->second;
+}
+
 ExitCode VerbTable::run() const {
     for (const auto& verb : m_verbs) {
         if (verb.command->parsed() && verb.command->get_subcommands().empty()) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/commands/ControlClient.h"
+#include "Vantrel/commands/shell/ValueKind.h"
 #include "Vantrel/commands/terminal/DeskDrawing.h"
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/JsonCoding.h"
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,7 +21,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace vantrel {
 
@@ -57,6 +60,10 @@ public:
     // Adds a verb that prints for people only.
     CLI::App& addPlain(CLI::App& parent, const std::string& name, const std::string& description, Run run);
 
+    // Sets what an option or argument takes; `text` unless set. Returns the option.
+    CLI::Option* takes(ValueKind kind, CLI::Option* option);
+    [[nodiscard]] ValueKind kindOf(const CLI::Option& option) const;
+
     // Runs the innermost parsed verb.
     [[nodiscard]] ExitCode run() const;
 
@@ -70,6 +77,7 @@ private:
 
     VerbEnvironment m_environment;
     std::vector<Verb> m_verbs;
+    std::map<const CLI::Option*, ValueKind> m_kinds;
     bool m_asJson = false;
 };
 

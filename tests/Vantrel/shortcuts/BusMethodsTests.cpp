@@ -4,7 +4,9 @@
 #include "Vantrel/commands/methods/LayoutMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
+#include "Vantrel/commands/methods/SettingsMethods.h"
 #include "Vantrel/commands/methods/TriggerMethods.h"
+#include "Vantrel/commands/shell/CompletionValues.h"
 #include "tests/Vantrel/controller/Story.h"
 
 #include <gmock/gmock.h>
@@ -28,8 +30,9 @@ struct BusMethods : testing::Test {
     std::vector<ControlMethod> methods() {
         auto& controller = *story.controller;
         std::vector<ControlMethod> all;
-        for (auto group : {deskMethods(controller, "/support/Vantrel"), layoutMethods(controller),
-                           ruleMethods(controller), sceneMethods(controller), triggerMethods(controller)}) {
+        for (auto group :
+             {deskMethods(controller, "/support/Vantrel"), layoutMethods(controller), ruleMethods(controller),
+              sceneMethods(controller), settingsMethods(controller.defaults()), triggerMethods(controller)}) {
             std::ranges::move(group, std::back_inserter(all));
         }
         return all;
@@ -109,6 +112,41 @@ TEST_F(BusMethods, ScenesAreRefusedInTheWordsOfTheSettings) {
         ASSERT_TRUE(call("CreateEmptyScene", {std::to_string(number)}));
     }
     EXPECT_EQ(refusal("CreateEmptyScene", {"13"}), "12 scenes max. Delete one to add another.");
+}
+
+TEST_F(BusMethods, ShellsCompleteWhatTheProgramKnows) {
+    ASSERT_TRUE(call("SaveScene", {"Deep work"}));
+    ASSERT_TRUE(call("AddTrigger", {"schedule", "9:30", R"(["Deep work"])"}));
+    ASSERT_TRUE(call("SetRule", {"Mail", "ignore", "", "false"}));
+    bool isRunning = true;
+    const auto first = [&](ValueKind kind, const std::map<std::string, std::string>& typed = {}) {
+        const auto values = CompletionValues::of(
+            kind, typed,
+            {.ask = [&](const char* method) { return isRunning ? *call(method) : nlohmann::json::object(); },
+             .files = story.files,
+             .supportDirectory = "/support/Vantrel"});
+        return values.empty() ? "" : values.front().word;
+    };
+    const std::string desk = story.published().deskName();
+    EXPECT_EQ(first(ValueKind::scene), "Deep work");
+    EXPECT_EQ(first(ValueKind::desk), desk);
+    EXPECT_EQ(first(ValueKind::layout), "Default");
+    EXPECT_EQ(first(ValueKind::layout, {{"--desk", desk}}), "Default");
+    EXPECT_EQ(first(ValueKind::layout, {{"--desk", "Elsewhere"}}), "");
+    EXPECT_EQ(first(ValueKind::display), "Built-in Display");
+    EXPECT_EQ(first(ValueKind::trigger), "1");
+    EXPECT_EQ(first(ValueKind::ruledApplication), "Mail");
+    EXPECT_NE(first(ValueKind::application), "");
+    EXPECT_EQ(first(ValueKind::settingKey), "enabled");
+    EXPECT_EQ(first(ValueKind::settingValue, {{"KEY", "autoRestore"}}), "true");
+    EXPECT_EQ(first(ValueKind::settingValue, {{"KEY", "settleDelay"}}), "0.5");
+    EXPECT_EQ(first(ValueKind::storeCopy), "");
+    story.files.put("/support/Vantrel/scenes.json.corrupt",
+                    *story.files.content("/support/Vantrel/scenes.json"));
+    EXPECT_EQ(first(ValueKind::storeCopy), "scenes.json.corrupt");
+    isRunning = false;
+    EXPECT_EQ(first(ValueKind::scene) + first(ValueKind::layout) + first(ValueKind::settingKey), "");
+    EXPECT_EQ(first(ValueKind::shortcut), "restore");
 }
 
 } // namespace

@@ -1,0 +1,34 @@
+// What a command's argument or option means. It decides what a shell offers for it (CompletionValues).
+#pragma once
+
+#include <cstdint>
+
+namespace vantrel {
+
+enum class ValueKind : std::uint8_t {
+    // Anything; there is nothing to offer.
+    text,
+    // The path of a file.
+    file,
+    // A copy of a store's file, in the support folder.
+    storeCopy,
+    desk,
+    display,
+    // A layout of the desk that --desk names, by default of this desk.
+    layout,
+    scene,
+    stash,
+    trigger,
+    application,
+    // An application that has a rule.
+    ruledApplication,
+    settingKey,
+    // A value for the setting that the argument KEY names.
+    settingValue,
+    // A command that can have a keyboard shortcut, or a scene.
+    shortcut,
+    yesOrNo,
+    shell,
+};
+
+} // namespace vantrel
