@@ -1,4 +1,4 @@
-// A stand-in for a service on a private bus that tells by signals.
+// Stands in for a service on a private bus that sends signals.
 #pragma once
 
 #include <QDBusConnection>

@@ -1,4 +1,4 @@
-// A crash of the real program, from the report it leaves to the server that takes it at the next start.
+// A crash of the real program: its report, and the upload at the next start.
 #include "tests/live/VantrelDesk.h"
 #include "tests/server/LoopbackServer.h"
 
@@ -16,9 +16,9 @@ using testing::LoopbackServer;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-TEST(Crash, ForcedIsReportedAndTheReportSentAtTheNextStart) {
+TEST(Crash, LeavesAReportThatTheNextStartSends) {
     LoopbackServer server([](const LoopbackServer::Request&) { return LoopbackServer::answer(204); });
-    // The bodies of what was sent; the program asks the same server for other things, too.
+    // The program makes other requests to the same server.
     const auto sent = [&] {
         std::vector<std::string> bodies;
         for (const auto& request : server.requests()) {
@@ -48,7 +48,7 @@ TEST(Crash, ForcedIsReportedAndTheReportSentAtTheNextStart) {
                               HasSubstr("\nvantrel_of_test_vendor(main+"), Not(HasSubstr("Anna")),
                               Not(HasSubstr(desk.home().path().string()))));
     {
-        // Without a vendor nobody sends it.
+        // A build without a vendor has nowhere to send it.
         const auto run = desk.startVantrel();
         EXPECT_THAT(desk.done({"status"}),
                     AllOf(HasSubstr("\ncrashes   1 report not sent\n"), HasSubstr("needs no license")));

@@ -1,4 +1,4 @@
-// How the demonstration judges where a window stands.
+// How the demo decides whether a window is back.
 #include "tools/demo/DemoTable.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@ WindowStory storyOf(const std::optional<Rect>& after, Size increment = {1, 1}) {
             .increment = increment};
 }
 
-TEST(DemoTable, CallsAWindowBackWithinTwoPointsAndLessThanOneStepOfItsProgramsSize) {
+TEST(DemoTable, AWindowIsBackWithinTwoPointsOrOneSizeIncrement) {
     constexpr Size characters{8, 17};
     const std::vector<std::pair<WindowStory, Verdict>> rows{
         {storyOf(Rect{{102, 98}, {602, 398}}), Verdict::back},

@@ -1,4 +1,4 @@
-// The heads-up display as a user meets it, with and without a compositor.
+// The heads-up display as a user sees it, without and with a compositor.
 #include "tests/live/VantrelDesk.h"
 #include "tools/desk/Picture.h"
 
@@ -9,7 +9,7 @@ namespace {
 
 class HeadsUpUnder : public UnderWindowManager {
 protected:
-    // Its title is what it says, with the program's name behind it.
+    // Its title is its text, followed by the program's name.
     std::optional<SeenWindow> sign() {
         const auto overlays = seenOverlays(desk.connection());
         const auto found = std::ranges::find_if(overlays, [](const SeenWindow& each) {
@@ -18,7 +18,7 @@ protected:
         return found == overlays.end() ? std::nullopt : std::optional(*found);
     }
 
-    // Saves the layout until the sign that says so has been seen: on a busy machine one may be gone unseen.
+    // Saves again when a busy machine shows and hides the sign before it was seen.
     std::optional<SeenWindow> signOfSave() {
         std::optional<SeenWindow> shown;
         EXPECT_TRUE(waitUntil([&] {
@@ -37,14 +37,14 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, HeadsUpUnder,
-                         testing::Values("openbox", "xfwm4", "xfwm4 with its compositor"),
+                         testing::Values("openbox", "xfwm4 with its compositor"),
                          [](const testing::TestParamInfo<const char*>& manager) {
                              std::string name = manager.param;
                              std::ranges::replace(name, ' ', '_');
                              return name;
                          });
 
-TEST_P(HeadsUpUnder, TheSignIsShownWhereThePointerIsTakesNoFocusAndGoes) {
+TEST_P(HeadsUpUnder, AppearsWhereThePointerIsTakesNoFocusAndDisappears) {
     const auto terminal = desk.open({"xterm", "-bg", "white", "-T", "notes"}).client;
     const Rect whole{{1280, 0}, {1600, 900}};
     desk.place(terminal, whole);
@@ -59,7 +59,7 @@ TEST_P(HeadsUpUnder, TheSignIsShownWhereThePointerIsTakesNoFocusAndGoes) {
     EXPECT_GT(shown->frame.minY(), whole.height() / 2);
     EXPECT_LT(shown->frame.maxY(), whole.maxY());
     EXPECT_EQ(focus(), focused);
-    // Its corners are round: what is behind it shows there, also where nothing makes windows transparent.
+    // What is behind it shows at its round corners, also without a compositor.
     const auto file =
         std::filesystem::path(PICTURES_FOLDER) / ("heads-up-" + std::string(GetParam()) + ".png");
     EXPECT_TRUE(waitUntil([&] {

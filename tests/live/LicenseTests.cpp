@@ -1,4 +1,4 @@
-// Trial, license and updates as a user meets them: the program of a vendor whose server is the test's own.
+// Trial, license and updates as a user meets them, with a vendor whose server belongs to the test.
 #include "tests/live/VantrelDesk.h"
 #include "tests/server/LoopbackServer.h"
 #include "tests/server/TestLicense.h"
@@ -14,7 +14,7 @@ using ::testing::HasSubstr;
 using vantrel::testing::LoopbackServer;
 namespace TestLicense = vantrel::testing::TestLicense;
 
-// Its leases are a day over, so that what was given back ends as soon as it is not renewed.
+// Its leases ended a day ago, so that one that is given back ends as soon as it is not renewed.
 LoopbackServer::Answer vendorsAnswer(const LoopbackServer::Request& request, bool& isGivenBack) {
     if (request.path == "/changelog") {
         return LoopbackServer::answer(200, R"({"releases":[{"version":"99.1"}]})");
@@ -32,7 +32,7 @@ LoopbackServer::Answer vendorsAnswer(const LoopbackServer::Request& request, boo
                                          : LoopbackServer::answer(404, R"({"error":"No such key."})");
 }
 
-TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
+TEST(License, ActivatesSurvivesARestartAndCannotBeUsedOnceDeactivated) {
     const VantrelDesk desk("openbox");
     LoopbackServer server([isGivenBack = false](const LoopbackServer::Request& request) mutable {
         return vendorsAnswer(request, isGivenBack);
@@ -40,13 +40,9 @@ TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
     const auto start = [&] {
         return desk.startVantrel({"VANTREL_TEST_SERVER=" + server.url()}, VANTREL_OF_TEST_VENDOR_PROGRAM);
     };
-    const auto file = desk.vantrelFolder() / "license.json";
+    const auto lease = desk.vantrelFolder() / "license.json";
     const auto record = desk.home().path() / "config/vantrel/license-record.json";
     const auto kept = desk.home().path() / "kept";
-    const auto putBack = [&](const std::filesystem::path& name) {
-        std::filesystem::copy_file(kept / name.filename(), name,
-                                   std::filesystem::copy_options::overwrite_existing);
-    };
     std::filesystem::create_directory(kept);
     {
         const auto run = start();
@@ -54,9 +50,8 @@ TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
         EXPECT_THAT(desk.refused({"license", "activate", "BAD-KEY"}), HasSubstr("No such key."));
         EXPECT_THAT(desk.done({"license", "activate", "GOOD-KEY"}),
                     AllOf(HasSubstr("Licensed for this computer."), HasSubstr("personal")));
-        EXPECT_TRUE(waitUntil(
-            [&] { return desk.done({"status"}).find("Update available · v99.1") != std::string::npos; }));
-        std::filesystem::copy(file, kept);
+        EXPECT_TRUE(waitUntil([&] { return desk.done({"status"}).contains("Update available · v99.1"); }));
+        std::filesystem::copy(lease, kept);
         std::filesystem::copy(record, kept);
     }
     {
@@ -64,18 +59,13 @@ TEST(License, IsGotFromTheServerKeptAndGivenBackForGood) {
         EXPECT_EQ(desk.asked({"license"}).at("state"), "licensed");
         desk.done({"license", "deactivate"});
     }
-    putBack(file);
-    {
-        const auto run = start();
-        const auto replayed = desk.asked({"license"});
-        EXPECT_EQ(replayed.at("state"), "refused");
-        EXPECT_THAT(replayed.at("reason").get<std::string>(), HasSubstr("deactivated"));
+    for (const auto& file : {lease, record}) {
+        std::filesystem::copy_file(kept / file.filename(), file,
+                                   std::filesystem::copy_options::overwrite_existing);
     }
-    putBack(file);
-    putBack(record);
     const auto run = start();
     EXPECT_TRUE(waitUntil([&] { return desk.asked({"license"}).at("state") == "refused"; }))
-        << "the server does not renew what was given back";
+        << "the server does not renew a lease that was given back";
     EXPECT_THAT(desk.done({"license"}), HasSubstr("no longer renews it"));
     EXPECT_THAT(desk.control({"restore"}).output, HasSubstr("The license does not allow moving windows."));
     EXPECT_GE(desk.logged("license gate: not entitled, restore and learning paused"), 1U);

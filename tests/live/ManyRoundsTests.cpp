@@ -1,4 +1,4 @@
-// A monitor that is unplugged and plugged back again and again, at any moment, with real programs on it.
+// A monitor with real programs on it is unplugged and plugged back again and again, at random moments.
 #include "tests/live/VantrelDesk.h"
 #include "tools/demo/DemoWindows.h"
 
@@ -12,8 +12,8 @@ namespace {
 
 class ManyRounds : public UnderWindowManager {
 protected:
-    // Application and frame of every window that is stored for the desk of that name. The order of the stack
-    // is the window manager's affair while monitors come and go.
+    // Application and frame of every window stored for the desk, sorted: the window manager may change the
+    // stacking order while monitors come and go.
     [[nodiscard]] std::vector<std::string> stored(const std::string& deskName) const {
         std::ifstream file(desk.vantrelFolder() / "layouts.json");
         const auto layouts = nlohmann::json::parse(file).at("layouts");
@@ -52,7 +52,7 @@ protected:
     std::mt19937 random{seed};
 };
 
-TEST_P(ManyRounds, EndWithEveryWindowBackAndNothingLearnedOnTheWay) {
+TEST_P(ManyRounds, BringEveryWindowBackAndLearnNothing) {
     SCOPED_TRACE(seed);
     const auto vantrel = desk.startVantrel();
     desk.done({"save"});
@@ -62,7 +62,7 @@ TEST_P(ManyRounds, EndWithEveryWindowBackAndNothingLearnedOnTheWay) {
         actor.story.before = desk.frame(actor.client);
     }
 
-    // Displays must be quiet for 0.5 seconds: every other round is over before, the rest may settle.
+    // Displays settle after 0.5 quiet seconds: every other round ends earlier, the rest may settle.
     for (int round = 0; round < 30; ++round) {
         desk.monitors().unplug(1);
         sleepUpTo(round % 2 == 0 ? 0.3 : 1.2);
@@ -70,9 +70,8 @@ TEST_P(ManyRounds, EndWithEveryWindowBackAndNothingLearnedOnTheWay) {
         sleepUpTo(1.0);
     }
 
-    // Until vantrel has looked again after the last restore. One restore for each settled change, given up
-    // where the next change came first or in its middle. A monitor that is gone again when the desk is named
-    // has no name any more.
+    // Each settled change starts one restore, which the next change may overtake. A monitor that is gone
+    // again before its desk is named has no name.
     EXPECT_TRUE(waitUntil([&] {
         takeFrames();
         const std::string log = desk.log();

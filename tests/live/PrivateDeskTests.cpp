@@ -1,4 +1,4 @@
-// The private desk itself: what the other live tests and the demonstration rely on.
+// The private desk itself, on which the other live tests and the demo rely.
 #include "tools/desk/PrivateDesk.h"
 #include "tools/desk/ReadyPipe.h"
 
@@ -12,13 +12,13 @@
 namespace vantrel::tools {
 namespace {
 
-// A process that has ended but was not collected yet has no program any more.
+// A zombie has no executable.
 bool isAlive(pid_t pid) {
     std::error_code error;
     return !std::filesystem::read_symlink(fmt::format("/proc/{}/exe", pid), error).empty();
 }
 
-// The process is killed outright, so nothing of ours can clean up.
+// SIGKILL leaves the owner no chance to clean up.
 TEST(PrivateDesk, LeavesNothingBehindWhenItsOwnerIsKilled) {
     ReadyPipe pipe;
     const pid_t owner = fork();

@@ -1,4 +1,4 @@
-// A scene as a user applies it: windows move, what is missing starts and takes its place, others are hidden.
+// A scene as a user applies it: windows move, missing programs start, others are hidden.
 #include "tests/live/VantrelDesk.h"
 
 #include <algorithm>
@@ -6,14 +6,13 @@
 namespace vantrel::live {
 namespace {
 
-// A desktop file with nothing but what counts here.
 void install(const VantrelDesk& desk, const std::string& id, const std::string& keys) {
     desk.home().write("data/applications/" + id + ".desktop", "[Desktop Entry]\nType=Application\n" + keys);
 }
 
 class Scenes : public UnderWindowManager {
 protected:
-    // The front window on screen of that title; XCB_WINDOW_NONE without one.
+    // The frontmost visible window of that title; XCB_WINDOW_NONE without one.
     xcb_window_t titled(const std::string& title) {
         const auto all = seenWindows(desk.connection());
         const auto found = std::ranges::find_if(
@@ -21,7 +20,7 @@ protected:
         return found == all.end() ? xcb_window_t{XCB_WINDOW_NONE} : found->client;
     }
 
-    // The frame's corner is there; what a window manager makes of the size is its own affair.
+    // Only the corner: window managers differ in the size.
     bool standsAt(const std::string& title, Point corner) {
         const auto window = titled(title);
         return window != XCB_WINDOW_NONE && desk.frame(window).origin == corner;
@@ -30,7 +29,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, Scenes, windowManagers(), windowManagerName);
 
-TEST_P(Scenes, AMissingProgramIsStartedAndTakesItsSlotWhileOthersHideUntilUndone) {
+TEST_P(Scenes, StartAMissingProgramAndHideOthersUntilUndone) {
     constexpr Point notesCorner{60, 200};
     constexpr Point calculatorCorner{1700, 250};
     install(desk, "galculator", "Name=Galculator\nExec=galculator\n");
@@ -51,11 +50,10 @@ TEST_P(Scenes, AMissingProgramIsStartedAndTakesItsSlotWhileOthersHideUntilUndone
 
     desk.done({"apply", "work"});
     EXPECT_TRUE(standsAt("notes", notesCorner));
-    EXPECT_TRUE(waitUntil([&] { return desk.logged("scene settlement: opened 1, placed 1 for Work") == 1; }));
+    EXPECT_TRUE(desk.awaitLogged("scene settlement: opened 1, placed 1 for Work"));
     EXPECT_TRUE(eventually([&] { return standsAt("galculator", calculatorCorner); }));
     EXPECT_TRUE(eventually([&] { return titled("chat") == XCB_WINDOW_NONE; }));
-    EXPECT_TRUE(
-        waitUntil([&] { return desk.logged("scene switch hid 1 app(s) the scene had hidden") == 1; }));
+    EXPECT_TRUE(desk.awaitLogged("scene switch hid 1 app(s) the scene had hidden"));
 
     desk.done({"undo"});
     EXPECT_TRUE(
@@ -66,10 +64,10 @@ using LaunchPlacement = Scenes;
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, LaunchPlacement, windowManagers(), windowManagerName);
 
-TEST_P(LaunchPlacement, AProgramOpensWhereItWasLastRemembered) {
+TEST_P(LaunchPlacement, OpensAProgramWhereItWasLastRemembered) {
     install(desk, "org.example.Notes",
             "Name=Notes\nStartupWMClass=Notes\nExec=xterm -class Notes -T Notes -fa Monospace -fs 10\n");
-    // As from a menu: by its desktop file.
+    // By its desktop file, as from a menu.
     const auto start = [&] {
         EXPECT_EQ(desk.run({LAUNCH_PROBE_PROGRAM, "org.example.Notes"}).code, 0);
         EXPECT_TRUE(eventually([&] { return titled("Notes") != XCB_WINDOW_NONE; }));
@@ -85,7 +83,7 @@ TEST_P(LaunchPlacement, AProgramOpensWhereItWasLastRemembered) {
 
     const auto second = start();
     EXPECT_TRUE(eventually([&] { return desk.frame(second) == home; }));
-    EXPECT_TRUE(waitUntil([&] { return desk.logged("launch placement: moved 1 window(s) of Notes") > 0; }));
+    EXPECT_TRUE(desk.awaitLogged("launch placement: moved 1 window(s) of Notes"));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The program on a system bus where a stand-in for logind puts the machine to sleep and locks the session.
+// The program on a system bus where a fake logind puts the machine to sleep and locks the session.
 #include "tests/live/BusVoice.h"
 #include "tests/live/VantrelDesk.h"
 
@@ -26,7 +26,7 @@ constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 
 class FakeLogind final : public QDBusVirtualObject {
 public:
-    // The object before the name: whoever sees the name asks at once.
+    // The object before the name: a client that sees the name calls at once.
     explicit FakeLogind(const std::string& address) : voice(address, "fake logind") {
         voice.bus().registerVirtualObject(managerPath, this, QDBusConnection::SubPath);
         voice.bus().registerService("org.freedesktop.login1");
@@ -57,7 +57,7 @@ public:
         return true;
     }
 
-    // A program delays sleep: somebody still holds the other end.
+    // Whether a program delays sleep: it holds the other end of the pipe.
     [[nodiscard]] bool isInhibited() const {
         pollfd state{.fd = m_inhibitor, .events = 0, .revents = 0};
         return m_inhibitor >= 0 && poll(&state, 1, 0) == 0;
@@ -77,7 +77,7 @@ private:
     QString m_inhibitedBy;
 };
 
-TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
+TEST(SystemEvents, SleepWaitsForVantrelAndLocksStopLearning) {
     int argumentCount = 0;
     const QCoreApplication application(argumentCount, nullptr);
     VantrelDesk desk("openbox");
@@ -107,12 +107,12 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
 
     prepareForSleep(true);
     EXPECT_TRUE(eventually([&] { return !logind.isInhibited(); }));
-    EXPECT_EQ(desk.logged("willSleep: snapshots suspended"), 1U) << "before sleep was let go";
+    EXPECT_EQ(desk.logged("willSleep: snapshots suspended"), 1U) << "before it let the machine sleep";
     prepareForSleep(false);
-    EXPECT_TRUE(eventually([&] { return logind.isInhibited(); })) << "for the next sleep";
+    EXPECT_TRUE(eventually([&] { return logind.isInhibited(); })) << "before the next sleep";
     EXPECT_TRUE(eventually([&] { return desk.logged("didWake: checking pinned layout after settle") == 1; }));
 
-    // The answer with the session may still be on its way to the program: ask until it hears.
+    // vantrel may not know the session yet, so repeat the signal.
     ++count;
     EXPECT_TRUE(eventually([&] {
         logind.voice.say(sessionPath, sessionInterface, "Lock");
@@ -126,7 +126,7 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
     setLockedHint(false);
     EXPECT_TRUE(eventually(isUnlocked));
 
-    // A screen saver that locks, and then dies.
+    // A screen saver that locks and dies.
     ++count;
     {
         BusVoice saver(desk.bus().address(), "saver");
@@ -134,13 +134,13 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
         EXPECT_TRUE(eventually(isLocked));
     }
     EXPECT_TRUE(eventually(isUnlocked));
-    // One that is gone before anybody can watch it.
+    // One that ends before vantrel can watch it.
     ++count;
     kill(run.process().pid(), SIGSTOP);
     {
         BusVoice saver(desk.bus().address(), "hasty saver");
         saver.say("/", "org.gnome.ScreenSaver", "ActiveChanged", {true});
-        // Answered by the bus once it has taken up what was said.
+        // The bus replies once it has taken the signal.
         EXPECT_TRUE(saver.bus().interface()->isServiceRegistered("org.vantrel.Vantrel"));
     }
     kill(run.process().pid(), SIGCONT);
@@ -149,8 +149,7 @@ TEST(SystemEvents, SleepIsDelayedUntilItIsHeardAndLocksStopLearning) {
 
     service.reset();
     service.emplace(systemBus.address());
-    EXPECT_TRUE(eventually([&] { return service->isInhibited(); }))
-        << "with the logind that was started anew";
+    EXPECT_TRUE(eventually([&] { return service->isInhibited(); })) << "by the restarted logind";
     ++count;
     EXPECT_TRUE(eventually([&] {
         service->voice.say(sessionPath, sessionInterface, "Lock");

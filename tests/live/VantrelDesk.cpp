@@ -15,16 +15,16 @@ VantrelDesk::~VantrelDesk() {
         ADD_FAILURE() << "vantrel crashed: " << std::string(std::istreambuf_iterator<char>(stream), {});
     }
     if (::testing::Test::HasFailure()) {
-        fmt::print(stderr, "what vantrel logged:\n{}\n", log());
+        fmt::print(stderr, "vantrel's log:\n{}\n", log());
     }
 }
 
 ProgramRun VantrelDesk::startVantrel(std::vector<std::string> changes, const char* program) const {
-    // Who uses memory that is free reads nonsense instead of what was there.
+    // Freed memory is overwritten, so that code that still uses it reads nonsense.
     changes.insert(changes.end(), {"MALLOC_PERTURB_=165", "G_SLICE=always-malloc"});
     ProgramRun run(*this, {program}, changes);
     if (!waitUntil([&] { return control({"status"}).code == 0; })) {
-        throw std::runtime_error("vantrel does not answer: " + run.output());
+        throw std::runtime_error("vantrel does not reply: " + run.output());
     }
     return run;
 }
@@ -52,6 +52,15 @@ nlohmann::json VantrelDesk::asked(std::vector<std::string> arguments) const {
     return nlohmann::json::parse(done(arguments));
 }
 
+std::string VantrelDesk::callOnBus(const std::string& destination, const std::string& path,
+                                   const std::string& method,
+                                   const std::vector<std::string>& arguments) const {
+    std::vector<std::string> command{"gdbus",         "call", "--session", "--dest", destination,
+                                     "--object-path", path,   "--method",  method,   "--"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return run(command).output;
+}
+
 std::string VantrelDesk::log() const {
     std::ifstream stream(vantrelFolder() / "app.log");
     return {std::istreambuf_iterator<char>(stream), {}};
@@ -64,6 +73,10 @@ std::size_t VantrelDesk::logged(const std::string& words) const {
         count += line.find(words) != std::string::npos ? 1U : 0U;
     }
     return count;
+}
+
+bool VantrelDesk::awaitLogged(const std::string& words, std::size_t lines, double seconds) const {
+    return waitUntil([&] { return logged(words) >= lines; }, seconds);
 }
 
 } // namespace vantrel::live

@@ -1,4 +1,4 @@
-// A private desk on which vantrel is used: started, told what to do, and asked.
+// A private desk on which a test starts vantrel and talks to it through vantrelctl.
 #pragma once
 
 #include "tools/desk/PrivateDesk.h"
@@ -20,31 +20,39 @@ public:
     explicit VantrelDesk(const std::string& windowManager,
                          const std::vector<MonitorPlace>& monitors = {left, right})
         : PrivateDesk(monitors, windowManager) {}
-    // Fails the test when a vantrel has crashed, also at its end, and shows vantrel's log when the test has
-    // failed: the home goes with the desk.
+    // Fails the test when vantrel crashed, even while ending. Prints vantrel's log when the test has failed,
+    // because the home is removed with the desk.
     ~VantrelDesk();
     VantrelDesk(const VantrelDesk&) = delete;
     VantrelDesk& operator=(const VantrelDesk&) = delete;
 
-    // Returns when it answers on the bus. `changes` are those of its environment (ProgramRun).
+    // Returns when it replies on the bus. `changes` apply to its environment (see ProgramRun).
     [[nodiscard]] ProgramRun startVantrel(std::vector<std::string> changes = {},
                                           const char* program = VANTREL_PROGRAM) const;
 
-    // vantrelctl with these arguments, run to its end.
+    // Runs vantrelctl with these arguments to its end.
     [[nodiscard]] Ended control(const std::vector<std::string>& arguments) const;
-    // What it prints. The test fails unless it ends well, or with a reason.
+    // What it prints. The test fails unless it exits with 0 (done) or 1 (refused).
     std::string done(const std::vector<std::string>& arguments) const;
     std::string refused(const std::vector<std::string>& arguments) const;
     [[nodiscard]] nlohmann::json asked(std::vector<std::string> arguments) const;
 
+    // What gdbus prints of a call on the session bus; `arguments` as GVariant texts.
+    [[nodiscard]] std::string callOnBus(const std::string& destination, const std::string& path,
+                                        const std::string& method,
+                                        const std::vector<std::string>& arguments) const;
+
     [[nodiscard]] std::filesystem::path vantrelFolder() const { return home().dataFolder() / "Vantrel"; }
 
-    // What vantrel has logged, and how many lines of it hold `words`.
+    // What vantrel has logged, and how many lines of it contain `words`.
     [[nodiscard]] std::string log() const;
     [[nodiscard]] std::size_t logged(const std::string& words) const;
+    // Waits until that many lines contain `words`.
+    [[nodiscard]] bool awaitLogged(const std::string& words, std::size_t lines = 1,
+                                   double seconds = generousSeconds) const;
 };
 
-// What is told under each window manager.
+// Tests that run under each window manager.
 class UnderWindowManager : public ::testing::TestWithParam<const char*> {
 protected:
     bool eventually(const std::function<bool()>& condition) { return desk.connection().waitUntil(condition); }

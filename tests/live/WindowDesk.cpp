@@ -25,7 +25,7 @@ std::optional<DeskWindow> WindowDesk::look(WindowID window) {
 }
 
 bool WindowDesk::awaitQuiet() {
-    // One question gives up sooner than a busy machine may take to answer.
+    // One attempt times out sooner than a busy machine may reply.
     return connection().waitUntil([&] { return port.awaitQuiet(); });
 }
 

@@ -1,4 +1,4 @@
-// A private desk with the adapters under test on it, for the tests of windows.
+// A private desk with the X11 adapters under test, for the tests of windows.
 #pragma once
 
 #include "Vantrel/platform/x11/X11Desk.h"
@@ -22,21 +22,19 @@ struct WindowDesk : VantrelDesk {
     X11Desk port{context};
     ProbeClient probe{display()};
 
-    // One whole capture; none when it has no window of that title.
+    // The window of that title in one capture; none when there is no such window.
     [[nodiscard]] std::optional<DeskWindow> capture(const std::string& title);
 
     // The window as it is now; none when it is gone.
     [[nodiscard]] std::optional<DeskWindow> look(WindowID window);
 
-    // Returns once the window manager has handled all that was sent before; false when it never does.
+    // Returns once the window manager has handled everything sent before; false when it never does.
     [[nodiscard]] bool awaitQuiet();
 
-    // What is captured once the window manager has seen all that was sent before. Throws when it has no such
-    // window.
+    // The same after awaitQuiet, when the window is there. Throws when it never is.
     [[nodiscard]] DeskWindow captured(const std::string& title);
 
-    // Asks the window manager to add or take away states of the window, two at most ("SHADED"), and waits
-    // until it has.
+    // Asks the window manager to add or remove up to two states ("SHADED") and waits until it has.
     void setStates(xcb_window_t window, const std::vector<std::string>& states, bool isOn);
     [[nodiscard]] bool hasState(xcb_window_t window, const std::string& state);
 };

@@ -39,10 +39,6 @@ protected:
         return arrange({.window = window.id, .target = {.position = position}}).isTaken;
     }
 
-    bool raise(const DeskWindow& window) {
-        return arrange({.window = window.id, .target = {}, .raises = true}).isTaken;
-    }
-
     void expectMoved(const DeskWindow& window, xcb_window_t client, const Rect& target) {
         EXPECT_EQ(move(window, target), (WindowOutcome{.isTaken = true, .frame = target}));
         EXPECT_EQ(desk.frame(client), target);
@@ -55,7 +51,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, MovingWindowsUnder, windowManagers(), windowManagerName);
 
-TEST_P(MovingWindowsUnder, AMoveIsExactWhateverTheWindowsGravity) {
+TEST_P(MovingWindowsUnder, AMoveIsExactWithAnyGravityAndShadow) {
     constexpr std::uint32_t staticGravity = 10;
     for (std::uint32_t gravity = 0; gravity <= staticGravity; ++gravity) {
         const auto title = "gravity " + std::to_string(gravity);
@@ -69,16 +65,15 @@ TEST_P(MovingWindowsUnder, AMoveIsExactWhateverTheWindowsGravity) {
         EXPECT_TRUE(moveTo(window, {77, 88}));
         EXPECT_EQ(desk.frame(client), (Rect{{77, 88}, {350, 260}}));
     }
-}
-
-TEST_P(MovingWindowsUnder, AShadowThatTheProgramDrawsIsNotPartOfTheFrame) {
     const auto client = desk.probe.show({.title = "shadow", .shadow = 26});
     const auto window = desk.captured("shadow");
     EXPECT_EQ(window.frame, desk.frame(client));
     expectMoved(window, client, {{1400, 100}, {640, 480}});
     EXPECT_EQ(seenWindow(desk.connection(), client)->clientArea, (Rect{{1374, 74}, {692, 532}}));
+}
 
-    // The environment variable makes any GTK 3 program draw its own decoration and shadow.
+TEST_P(MovingWindowsUnder, RealProgramsMoveAsFarAsTheirSizeAllowsEvenWhenStopped) {
+    // GTK_CSD makes any GTK 3 program draw its own decoration and shadow.
     desk.start({"galculator"}, {"GTK_CSD=1"});
     ASSERT_TRUE(eventually([&] { return desk.captured("galculator").states.isOnScreen; }));
     // It may still be choosing its size.
@@ -86,10 +81,8 @@ TEST_P(MovingWindowsUnder, AShadowThatTheProgramDrawsIsNotPartOfTheFrame) {
     const auto calculator = desk.captured("galculator");
     EXPECT_TRUE(moveTo(calculator, {1500, 150}));
     EXPECT_EQ(desk.look(calculator.id)->frame, (Rect{{1500, 150}, calculator.frame->size}));
-}
 
-TEST_P(MovingWindowsUnder, AProgramThatCanOnlyStandAFewPixelsOffHasArrived) {
-    desk.open({"xterm", "-T", "terminal"});
+    const auto pid = static_cast<pid_t>(desk.open({"xterm", "-T", "terminal"}).pid);
     const auto terminal = desk.captured("terminal");
     const Rect target{{1400, 100}, {503, 401}};
     const auto [isTaken, there] = move(terminal, target);
@@ -97,14 +90,17 @@ TEST_P(MovingWindowsUnder, AProgramThatCanOnlyStandAFewPixelsOffHasArrived) {
     const Rect frame = there.value_or(Rect{});
     EXPECT_EQ(frame.origin, target.origin);
     EXPECT_TRUE(approxEqual(frame, target, 20));
-    EXPECT_TRUE(move(terminal, target).isTaken) << "standing there already, as close as it gets";
+    EXPECT_TRUE(move(terminal, target).isTaken) << "it is already as close as its size allows";
+    ASSERT_EQ(kill(pid, SIGSTOP), 0);
+    EXPECT_TRUE(moveTo(terminal, {900, 300}));
+    kill(pid, SIGCONT);
 
     desk.probe.show({.title = "limited", .minSize = 200, .maxSize = 500});
     const auto limited = desk.captured("limited");
     EXPECT_EQ(move(limited, {{1400, 100}, {900, 100}}).frame->origin, (Point{1400, 100}));
 }
 
-TEST_P(MovingWindowsUnder, WhatIsAlreadySoIsLeftAlone) {
+TEST_P(MovingWindowsUnder, AWindowAlreadyInPlaceIsLeftAlone) {
     const auto client = desk.probe.show({.title = "still"});
     const auto window = desk.captured("still");
     auto* const xcb = desk.probe.connection().xcb();
@@ -120,7 +116,7 @@ TEST_P(MovingWindowsUnder, WhatIsAlreadySoIsLeftAlone) {
     }
 }
 
-TEST_P(MovingWindowsUnder, AMaximizedWindowStaysOneUnlessItWasSavedAsAnOrdinaryOne) {
+TEST_P(MovingWindowsUnder, AMaximizedWindowStaysMaximizedUnlessItsTargetIsAnOrdinaryFrame) {
     const DockWindow panel(desk.connection(), right, DockEdge::top, 40);
     const auto client = desk.probe.show({.title = "big", .area = {{100, 100}, {400, 300}}});
     const auto ordinary = desk.frame(client);
@@ -134,7 +130,7 @@ TEST_P(MovingWindowsUnder, AMaximizedWindowStaysOneUnlessItWasSavedAsAnOrdinaryO
     EXPECT_TRUE(isMaximized(client));
     EXPECT_EQ(desk.frame(client), there);
     desk.setStates(client, maximized, false);
-    EXPECT_EQ(desk.frame(client).size, ordinary.size) << "its ordinary size is remembered";
+    EXPECT_EQ(desk.frame(client).size, ordinary.size) << "the window manager keeps its normal size";
 
     for (const Rect& target : {Rect{{1400, 100}, {500, 400}}, Rect{{1290, 50}, {1580, 840}}}) {
         desk.setStates(client, maximized, true);
@@ -143,7 +139,7 @@ TEST_P(MovingWindowsUnder, AMaximizedWindowStaysOneUnlessItWasSavedAsAnOrdinaryO
     }
 }
 
-TEST_P(MovingWindowsUnder, AFullScreenWindowIsNotDisturbedAndARolledUpOneUnrollsWhereItWasSent) {
+TEST_P(MovingWindowsUnder, AFullScreenWindowIsLeftAloneAndARolledUpOneMoves) {
     const auto film = desk.probe.show({.title = "film"});
     desk.setStates(film, {"FULLSCREEN"}, true);
     const auto before = desk.frame(film);
@@ -160,16 +156,7 @@ TEST_P(MovingWindowsUnder, AFullScreenWindowIsNotDisturbedAndARolledUpOneUnrolls
     EXPECT_EQ(desk.frame(rolled), (Rect{{1400, 100}, window.frame->size}));
 }
 
-TEST_P(MovingWindowsUnder, AStoppedProgramIsMovedAllTheSame) {
-    const SeenWindow terminal = desk.open({"xterm", "-T", "stopped"});
-    const auto window = desk.captured("stopped");
-    ASSERT_EQ(kill(static_cast<pid_t>(terminal.pid), SIGSTOP), 0);
-    EXPECT_TRUE(moveTo(window, {1400, 100}));
-    EXPECT_EQ(desk.frame(terminal.client).origin, (Point{1400, 100}));
-    kill(static_cast<pid_t>(terminal.pid), SIGCONT);
-}
-
-TEST_P(MovingWindowsUnder, AStoppedWindowManagerCostsOneSecondAndIsReported) {
+TEST_P(MovingWindowsUnder, AStoppedWindowManagerCostsOneTimeoutAndIsReported) {
     std::vector<DeskWindow> windows;
     for (const char* const title : {"one", "two", "three", "four", "five", "six"}) {
         desk.probe.show({.title = title});
@@ -186,11 +173,11 @@ TEST_P(MovingWindowsUnder, AStoppedWindowManagerCostsOneSecondAndIsReported) {
     const double alone = secondsOf([&] { EXPECT_FALSE(moveTo(windows.front(), {800, 500})); });
     EXPECT_LT(seconds, 3 * alone) << "all waited at the same time";
     kill(manager, SIGCONT);
-    EXPECT_TRUE(moveTo(windows.front(), {800, 120})) << "late answers confuse nobody";
+    EXPECT_TRUE(moveTo(windows.front(), {800, 120})) << "late replies do no harm";
 }
 
-TEST_P(MovingWindowsUnder, AProgramKilledUnderTheMoveIsReported) {
-    // At once, not at the deadline. A busy machine can make one last that long, but hardly each of them.
+TEST_P(MovingWindowsUnder, AProgramKilledDuringAMoveIsReportedAtOnce) {
+    // Not after the timeout. A busy machine can delay one move that long, but hardly one in each try.
     constexpr double limit = 0.9;
     constexpr std::array titles{"one", "two", "three"};
     EXPECT_TRUE(std::ranges::any_of(titles, [&](const char* const title) {
@@ -209,7 +196,7 @@ TEST_P(MovingWindowsUnder, AProgramKilledUnderTheMoveIsReported) {
     }));
 }
 
-TEST_P(MovingWindowsUnder, FiftyWindowsMoveAtTheSameTimeSomeToTheSamePlace) {
+TEST_P(MovingWindowsUnder, FiftyWindowsMoveAtOnceSomeToTheSamePlace) {
     constexpr std::size_t count = 50;
     std::vector<xcb_window_t> clients;
     std::vector<DeskWindow> windows;
@@ -233,23 +220,23 @@ TEST_P(MovingWindowsUnder, FiftyWindowsMoveAtTheSameTimeSomeToTheSamePlace) {
     EXPECT_EQ(desk.frames(clients), targets);
 }
 
-TEST_P(MovingWindowsUnder, RaisedWindowsLieInTheOrderOfTheirRaisesAndTheFocusStays) {
+TEST_P(MovingWindowsUnder, RaisedWindowsStackInOrderAndTheFocusStays) {
     std::vector<xcb_window_t> clients;
     for (const char* const title : {"one", "two", "three", "four"}) {
         const double step = 50 * static_cast<double>(clients.size());
         clients.push_back(desk.probe.show({.title = title, .area = {{step, step}, {400, 300}}}));
     }
-    // xfwm4 writes a second value behind the window.
+    // xfwm4 adds a second value after the window.
     const auto isActive = [&](xcb_window_t client) {
         const auto active = desk.connection().values(desk.connection().root(), "_NET_ACTIVE_WINDOW");
         return !active.empty() && active.front() == client;
     };
-    // A window manager gives the focus to a new window, and says so, some time after it has shown it.
+    // The window manager focuses a new window some time after it has shown it.
     ASSERT_TRUE(eventually([&] {
         desk.connection().tellWindowManager(clients[3], "_NET_ACTIVE_WINDOW", {fromPager});
         return desk.awaitQuiet() && desk.awaitQuiet() && isActive(clients[3]);
     }));
-    // Panels stay in front of all.
+    // Panels stay in front.
     const DockWindow panel(desk.connection(), right, DockEdge::top, 40);
     std::vector<WindowOrder> raises;
     for (const char* const title : {"three", "one", "four", "two"}) {
@@ -258,7 +245,7 @@ TEST_P(MovingWindowsUnder, RaisedWindowsLieInTheOrderOfTheirRaisesAndTheFocusSta
     for (const auto& [isTaken, frame] : desk.port.arrange(raises, MovePermit())) {
         EXPECT_TRUE(isTaken);
     }
-    // Twice: a change of the focus reaches the window manager as an event after its own request.
+    // Twice: the window manager sees a focus change as an event after its own request.
     EXPECT_TRUE(desk.awaitQuiet() && desk.awaitQuiet());
     const std::vector order{panel.window(), clients[1], clients[3], clients[0], clients[2]};
     std::vector<xcb_window_t> frontToBack;
@@ -272,7 +259,7 @@ TEST_P(MovingWindowsUnder, RaisedWindowsLieInTheOrderOfTheirRaisesAndTheFocusSta
     EXPECT_THAT(titles, testing::ElementsAre("two", "four", "one", "three"));
 }
 
-TEST(MovingWindows, ALostServerIsReportedAndNobodyHangs) {
+TEST(MovingWindows, ALostServerIsReportedAndNothingHangs) {
     std::optional<DeskWindow> window;
     std::shared_ptr<X11Connection> connection;
     std::atomic<bool> isTold = false;

@@ -1,4 +1,4 @@
-// Applications as wholes on a real desk: started, hidden, shown again, and noticed.
+// Whole applications on a real desk: started, hidden, shown again, and noticed.
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/x11/X11Workspace.h"
 #include "tests/live/WindowDesk.h"
@@ -43,7 +43,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, WorkspaceUnder, windowManagers(), windowManagerName);
 
-TEST_P(WorkspaceUnder, AHiddenApplicationComesBackWithoutTheFocusAndOnlyWithWhatWasHidden) {
+TEST_P(WorkspaceUnder, UnhidingShowsOnlyWhatWasHiddenAndTakesNoFocus) {
     const auto first = show("Editor", 70001);
     const auto minimised = show("Editor", 70001);
     const auto other = show("Other", 70002);
@@ -65,8 +65,8 @@ TEST_P(WorkspaceUnder, AHiddenApplicationComesBackWithoutTheFocusAndOnlyWithWhat
     EXPECT_TRUE(workspace.unhide("editor"));
     ASSERT_TRUE(eventually([&] { return isVisible(first); }));
     ASSERT_TRUE(desk.awaitQuiet());
-    EXPECT_FALSE(isVisible(minimised)) << "the user had put it away";
-    // xfwm4 gives a window that it shows again the focus, whoever asks.
+    EXPECT_FALSE(isVisible(minimised)) << "the user minimised it";
+    // xfwm4 focuses every window that it shows again.
     EXPECT_TRUE(isActive(other) || GetParam() == std::string("xfwm4"));
     EXPECT_FALSE(workspace.unhide("editor"));
 }
@@ -74,7 +74,7 @@ TEST_P(WorkspaceUnder, AHiddenApplicationComesBackWithoutTheFocusAndOnlyWithWhat
 TEST_P(WorkspaceUnder, AnApplicationIsNoticedWhenItsFirstWindowAppears) {
     std::vector<std::string> started;
     show("Running", 70001);
-    // So that the window manager has listed it.
+    // Until the window manager lists it.
     ASSERT_TRUE(desk.awaitQuiet());
     workspace.setLaunchHandler([&](const RunningApp& app) { started.push_back(*app.bundleID); });
     show("Running", 70001);
@@ -85,7 +85,7 @@ TEST_P(WorkspaceUnder, AnApplicationIsNoticedWhenItsFirstWindowAppears) {
     show("Mail", 70003);
     ASSERT_TRUE(eventually([&] { return started.size() > 1; }));
 
-    // The lists go and come back, the programs stay.
+    // The window lists go and come back, the programs stay.
     desk.endWindowManager();
     desk.startWindowManager(GetParam());
     show("Last", 70004);
@@ -93,93 +93,65 @@ TEST_P(WorkspaceUnder, AnApplicationIsNoticedWhenItsFirstWindowAppears) {
     EXPECT_THAT(started, testing::ElementsAre("editor", "mail", "last"));
 }
 
-TEST(Launching, AStartedProgramStandsOnItsOwn) {
+TEST(Launching, AStartedProgramStandsOnItsOwnAndARestrictedVantrelUsesSystemd) {
     const VantrelDesk desk("");
-    const auto home = desk.home().path();
-    desk.home().write("recorder", fmt::format(R"sh(#!/bin/sh
-while [ ! -e {0}/go ]; do sleep 0.01; done
+    const std::string home = desk.home().path().string();
+    const auto script = [&](const std::string& name, const std::string& text) {
+        desk.home().write(name, "#!/bin/sh\n" + text);
+        std::filesystem::permissions(home + "/" + name, std::filesystem::perms::owner_all);
+    };
+    // Writes down how it was started, once the program that started it has ended.
+    script("recorder", fmt::format(R"sh(while [ ! -e {0}/go ]; do sleep 0.01; done
 {{
     for argument in "$@"; do echo "argument $argument"; done
     echo "folder $(pwd)"
     [ "$(cut -d' ' -f6 /proc/$$/stat)" = $$ ] && echo "own session"
     [ -e /proc/$$/fd/9 ] && echo "leaked descriptor"
     echo end
-}} > {0}/record
+}} >> {0}/record
 )sh",
-                                              home.string()));
-    std::filesystem::permissions(home / "recorder", std::filesystem::perms::owner_all);
+                                   home));
+    // Stands in for the user's systemd.
+    desk.home().write("runtime/systemd/private", "");
+    const std::string noteSystemd =
+        "until [ \"$1\" = -- ]; do shift; done; shift; echo systemd >> " + home + "/record; ";
     struct Row {
         std::string keys;
-        // What the recorder saw; empty when it is not started.
+        // Empty when the recorder does not start.
         std::string record;
+        // What systemd-run does for a vantrel that runs with restrictions.
+        std::optional<std::string> restricted = {};
     };
-    const std::string recorder = (home / "recorder").string();
-    for (const auto& [keys, expected] : {
-             Row{"Exec=" + recorder + R"( "two words" %c %U 100%%)",
-                 "argument two words\nargument Recorder\nargument 100%\nfolder " + home.string() +
-                     "\nown session\nend\n"},
-             Row{"DBusActivatable=true\nPath=/usr\nExec=" + recorder, "folder /usr\nown session\nend\n"},
-             Row{"TryExec=/nonexistent\nExec=" + recorder, ""},
-             Row{"Hidden=true\nExec=" + recorder, ""},
+    const std::string exec = "Exec=" + home + "/recorder";
+    const std::string alone = "folder " + home + "\nown session\nend\n";
+    for (const auto& [keys, expected, restricted] : {
+             Row{exec + R"( "two words" %c %U 100%%)",
+                 "argument two words\nargument Recorder\nargument 100%\n" + alone},
+             Row{"DBusActivatable=true\nPath=/usr\n" + exec, "folder /usr\nown session\nend\n"},
+             Row{"TryExec=/nonexistent\n" + exec, ""},
+             Row{"Hidden=true\n" + exec, ""},
+             Row{exec, "systemd\n" + alone, noteSystemd + "exec \"$@\""},
+             Row{exec, "systemd\n" + alone, noteSystemd + "exit 1"},
          }) {
-        SCOPED_TRACE(keys);
+        SCOPED_TRACE(keys + restricted.value_or(""));
         desk.home().write("data/applications/org.example.Recorder.desktop",
                           "[Desktop Entry]\nType=Application\nName=Recorder\n" + keys + "\n");
-        // The starting program ends at once, before the recorder looks around.
-        EXPECT_EQ(desk.run({LAUNCH_PROBE_PROGRAM, "org.example.Recorder"}).code, expected.empty() ? 1 : 0);
+        script("bin/systemd-run", restricted.value_or(noteSystemd + "exec \"$@\"") + "\n");
+        std::vector<std::string> command{LAUNCH_PROBE_PROGRAM, "org.example.Recorder"};
+        if (restricted) {
+            command.insert(command.begin(), {"setpriv", "--no-new-privs"});
+        }
+        const auto ended = desk.run(command, {"PATH=" + home + "/bin:/usr/local/bin:/usr/bin:/bin"});
+        EXPECT_EQ(ended.code, expected.empty() ? 1 : 0);
         desk.home().write("go", "");
         const auto record = [&] {
-            std::ifstream stream(home / "record");
+            std::ifstream stream(home + "/record");
             return std::string(std::istreambuf_iterator<char>(stream), {});
         };
         EXPECT_TRUE(expected.empty() || waitUntil([&] { return record().ends_with("end\n"); })) << record();
         EXPECT_EQ(record(), expected);
-        std::filesystem::remove(home / "record");
-        std::filesystem::remove(home / "go");
-    }
-}
-
-// A systemd of our own, which runs what it is told to and tells whether it was asked.
-TEST(Launching, ARestrictedProgramHasTheUsersSystemdStartApplications) {
-    const VantrelDesk desk("");
-    const auto home = desk.home().path();
-    const auto script = [&](const char* name, const std::string& text) {
-        desk.home().write(name, "#!/bin/sh\n" + text);
-        std::filesystem::permissions(home / name, std::filesystem::perms::owner_all);
-    };
-    const std::string record = (home / "record").string();
-    script("recorder", "echo started >> " + record + "\n");
-    desk.home().write("data/applications/org.example.Recorder.desktop",
-                      "[Desktop Entry]\nType=Application\nName=Recorder\nExec=" +
-                          (home / "recorder").string());
-    const std::vector<std::string> changes{
-        fmt::format("PATH={}/bin:/usr/local/bin:/usr/bin:/bin", home.string())};
-    const std::string asksSystemd = "until [ \"$1\" = -- ]; do shift; done; shift; echo systemd >> " + record;
-    const struct {
-        bool isRestricted;
-        std::string systemdRun;
-        const char* record;
-    } rows[] = {
-        {false, asksSystemd + "; exec \"$@\"\n", "started\n"},
-        {true, asksSystemd + "; exec \"$@\"\n", "systemd\nstarted\n"},
-        {true, asksSystemd + "; exit 1\n", "systemd\nstarted\n"},
-    };
-    desk.home().write("runtime/systemd/private", "");
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.record + row.systemdRun);
-        script("bin/systemd-run", row.systemdRun);
-        std::vector<std::string> command{LAUNCH_PROBE_PROGRAM, "org.example.Recorder"};
-        if (row.isRestricted) {
-            command.insert(command.begin(), {"setpriv", "--no-new-privs"});
-        }
-        EXPECT_EQ(desk.run(command, changes).code, 0);
-        const auto seen = [&] {
-            std::ifstream stream(record);
-            return std::string(std::istreambuf_iterator<char>(stream), {});
-        };
-        EXPECT_TRUE(waitUntil([&] { return seen().ends_with("started\n"); }));
-        EXPECT_EQ(seen(), row.record);
-        std::filesystem::remove(record);
+        std::filesystem::remove(home + "/record");
+        std::filesystem::remove(home + "/go");
     }
 }
 

@@ -1,14 +1,13 @@
 #include "tests/live/WindowDesk.h"
 
 #include <atomic>
-#include <gmock/gmock.h>
 #include <mutex>
 
 namespace vantrel::live {
 namespace {
 
-TEST(TheX11Connection, AHandlerThatThrowsIsToldOfAndTheOthersAreCalledAllTheSame) {
-    PrivateDesk desk({{.x = 0, .y = 0, .width = 800, .height = 600}}, "");
+TEST(X11ConnectionEvents, AHandlerThatThrowsIsLoggedAndTheOthersStillRun) {
+    const PrivateDesk desk({left}, "");
     const auto x11 = connectTo(desk);
     std::mutex mutex;
     std::vector<std::string> lines;

@@ -1,5 +1,5 @@
-// Starts an installed application and ends at once: 0 started, 1 not started, 2 it is a child to be waited
-// for. With --start-application it is what a restricted one has systemd run.
+// Starts an installed application and ends at once. Exit code 0: started; 1: not started; 2: the application
+// is a child of this process. With --start-application: as systemd runs it for a restricted vantrel.
 #include "Vantrel/platform/x11/DesktopLauncher.h"
 
 #include "Vantrel/platform/x11/UnrestrictedStart.h"
@@ -13,7 +13,7 @@ int main(int argumentCount, char** arguments) {
     if (argumentCount == 3 && arguments[1] == std::string(vantrel::UnrestrictedStart::applicationOption)) {
         return vantrel::DesktopLauncher::startHere(arguments[2]) ? 0 : 1;
     }
-    // A descriptor that a careless start would hand on.
+    // A descriptor that a careless start would leak.
     if (argumentCount != 2 || dup2(STDERR_FILENO, 9) < 0) {
         return 3;
     }

@@ -1,5 +1,5 @@
-// A vendor for tests: the server is named by the environment, the key is TestLicense's. Linked
-// into a program of its own, so that nothing of this can be switched on in the real one.
+// A vendor for tests: the environment names its server, and its key is TestLicense's. It is linked into a
+// program of its own, so that the real one cannot switch it on.
 #include "Vantrel/Vendor.h"
 #include "tests/server/TestLicense.h"
 
