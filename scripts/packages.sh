@@ -13,13 +13,11 @@ packages_build=(
     libical-dev
     libicu-dev
     libsodium-dev
-    libxcb-ewmh-dev
     libxcb-icccm4-dev
     libxcb-keysyms1-dev
     libxcb-randr0-dev
     libxcb-res0-dev
     libxcb-util-dev
-    libxcb-xfixes0-dev
     libxcb-xkb-dev
     libxcb-xtest0-dev
     libxcb1-dev

@@ -1,6 +1,5 @@
 #include "Vantrel/controller/ScenePass.h"
 
-#include "VantrelCore/windows/AXApps.h"
 #include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <utility>
 
 namespace vantrel {
@@ -162,3 +163,11 @@ void from_json(const nlohmann::json& json, SceneStore::StoreFile& file) {
 }
 
 } // namespace vantrel
+
+namespace vantrel::SceneCapMeter {
+
+std::string label(std::size_t count) {
+    return fmt::format("{} of {}", count, SceneStore::maxScenes);
+}
+
+} // namespace vantrel::SceneCapMeter

@@ -88,3 +88,17 @@ void to_json(nlohmann::json& json, const SceneStore::StoreFile& file);
 void from_json(const nlohmann::json& json, SceneStore::StoreFile& file);
 
 } // namespace vantrel
+
+// Shows how many of the allowed scenes are used, once the limit is near.
+namespace vantrel::SceneCapMeter {
+
+inline constexpr std::size_t showThreshold = 9;
+
+[[nodiscard]] constexpr bool shouldShow(std::size_t count) {
+    return count >= showThreshold;
+}
+
+// "9 of 12".
+[[nodiscard]] std::string label(std::size_t count);
+
+} // namespace vantrel::SceneCapMeter

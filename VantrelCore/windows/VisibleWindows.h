@@ -1,4 +1,5 @@
-// Which windows of a snapshot are captured: those that the user can see on the current desktop.
+// Which applications and windows of a snapshot count: the ordinary ones, and of these the windows that the
+// user can see on the current desktop.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
@@ -6,7 +7,17 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
+
+namespace vantrel::AXApps {
+
+// The applications with regular activation policy and a bundle identifier, except `excluding`, in the given
+// order.
+[[nodiscard]] std::vector<RunningApp> regularApps(std::vector<RunningApp> running,
+                                                  std::optional<std::string_view> excluding);
+
+} // namespace vantrel::AXApps
 
 namespace vantrel::VisibleWindows {
 

@@ -1,7 +1,7 @@
 #include "VantrelCore/windows/WindowSnapshotter.h"
 
 #include "VantrelCore/text/Unicode.h"
-#include "VantrelCore/windows/AXApps.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
 #include <cmath>
