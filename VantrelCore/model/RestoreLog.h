@@ -26,7 +26,7 @@ struct RestoreLog {
         // Where it was, should be, and was when last looked at.
         Rect from;
         Rect target;
-        std::optional<Rect> achieved = std::nullopt;
+        std::optional<Rect> achieved;
 
         bool operator==(const Move&) const = default;
     };
