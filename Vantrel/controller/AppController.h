@@ -179,8 +179,10 @@ public:
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
 
     // True while nothing is learned because the desk is in motion or about to be.
-    [[nodiscard]] bool snapshotsSuspended() const { return m_context.snapshotsSuspended; }
-    [[nodiscard]] bool restoreInFlight() const { return m_context.restoreInFlight; }
+    [[nodiscard]] bool snapshotsSuspended() const { return m_context.gate.isLearningSuspended(); }
+    // True while a capture or another pass over the windows is running.
+    [[nodiscard]] bool axWorkInFlight() const { return m_context.gate.isPassUnderWay(); }
+    [[nodiscard]] bool restoreInFlight() const { return m_context.gate.isRestoring(); }
 
 private:
     AppController(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, ControllerStores stores,

@@ -15,7 +15,7 @@ std::optional<Kind> hindrance(ControllerContext& context) {
     if (!AXPermission::isGranted(context.ports.desk)) {
         return Kind::needsPermission;
     }
-    if (context.restoreInFlight) {
+    if (context.gate.isRestoring()) {
         return Kind::restoreInFlight;
     }
     if (context.currentDisplays().empty()) {
@@ -30,8 +30,8 @@ std::optional<Kind> hindrance(ControllerContext& context) {
 } // namespace
 
 void perform(ControllerContext& context, std::function<void(const Result&)> done) {
-    if (context.axWorkInFlight()) {
-        context.afterPass([&context, done = std::move(done)] { perform(context, done); });
+    if (context.gate.isPassUnderWay()) {
+        context.gate.afterPass([&context, done = std::move(done)] { perform(context, done); });
         return;
     }
     if (const auto kind = hindrance(context)) {
@@ -45,9 +45,9 @@ void perform(ControllerContext& context, std::function<void(const Result&)> done
             return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
         [&context, displays, done = std::move(done),
-         before = context.resumeEpoch](const std::optional<DeskCapture::Picture>& picture) {
+         began = context.gate.now()](const std::optional<DeskCapture::Picture>& picture) {
             Result result = std::unexpected(picture ? Kind::displaysChanging : Kind::captureFailed);
-            if (picture && before == context.resumeEpoch && context.isDeskCurrent()) {
+            if (picture && context.gate.isUndisturbed(began) && context.isDeskCurrent()) {
                 Layout layout = context.layoutOf(*picture, displays);
                 result = layout.windows.empty() ? Result(std::unexpected(Kind::nothingToSave))
                                                 : Result(std::move(layout));

@@ -5,8 +5,6 @@
 #include "VantrelCore/windows/LayoutTranslation.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
-#include <algorithm>
-
 namespace vantrel {
 
 namespace {
@@ -24,7 +22,8 @@ std::string layoutTitle(const PublishedState& state) {
 ControllerContext::ControllerContext(const ControllerPorts& controllerPorts, AppLog& appLog,
                                      LayoutStore& layouts, SceneStore& scenes)
     : ports(controllerPorts), settings(controllerPorts.defaults), store(layouts), sceneStore(scenes),
-      publisher(controllerPorts.mainQueue), m_log(appLog) {}
+      publisher(controllerPorts.mainQueue),
+      gate(ports.mainQueue, ports.clock, [this](const std::string& line) { log(line); }), m_log(appLog) {}
 
 void ControllerContext::workEnded(std::uint64_t id, const std::string& problem) {
     if (!problem.empty()) {
@@ -34,32 +33,10 @@ void ControllerContext::workEnded(std::uint64_t id, const std::string& problem) 
     waiting.mapped()();
 }
 
-void ControllerContext::endPass() {
-    m_axWorkInFlight = false;
-    if (onPassEnded) {
-        guarded(onPassEnded);
-    }
-    for (const auto& work : std::exchange(m_afterPass, {})) {
-        guarded(work);
-    }
-}
-
 void ControllerContext::announce(const HUDEvent& event) const {
     if (onHUDEvent) {
         onHUDEvent(event);
     }
-}
-
-void ControllerContext::scheduleSnapshotResume(double seconds) {
-    const double now = ports.clock.monotonicSeconds();
-    m_resumeDue = std::max(m_resumeDue, now + seconds);
-    m_resume = ports.mainQueue.after(m_resumeDue - now, [this, epoch = resumeEpoch] {
-        // While the displays are changing, their settling schedules the next resume. While the user is away,
-        // the user's return does.
-        if (epoch == resumeEpoch && !displaysChanging && !isAway()) {
-            snapshotsSuspended = false;
-        }
-    });
 }
 
 bool ControllerContext::entitledToRun() {
@@ -78,7 +55,8 @@ std::vector<DisplayInfo> ControllerContext::currentDisplays() {
 
 bool ControllerContext::isDeskCurrent() {
     const auto displays = currentDisplays();
-    return !displaysChanging && !displays.empty() && DisplayTopology::configID(displays) == state().configID;
+    return !gate.areDisplaysChanging() && !displays.empty() &&
+           DisplayTopology::configID(displays) == state().configID;
 }
 
 std::optional<RestoreOutcome::Kind> ControllerContext::hindranceToMoving() {
@@ -187,7 +165,7 @@ void ControllerContext::refreshStatus() {
     publisher.publish([&](PublishedState& state) {
         state.hasPermission = hasPermission;
         const Phase resting = StatusPhase::resting(hasPermission, state.enabled, state.windowsLearned());
-        const bool isShowingRestore = restoreInFlight || m_phaseReset;
+        const bool isShowingRestore = gate.isRestoring() || m_phaseReset;
         const bool isHindered = resting.is<Phase::Off>() || resting.is<Phase::NeedsPermission>();
         state.phase = isShowingRestore && !isHindered ? m_restorePhase : resting;
     });

@@ -1,16 +1,16 @@
-// State shared by the controller's flows: ports, settings, log, layouts, published state, and the gates that
-// keep captures and restores apart.
+// State shared by the controller's flows: ports, settings, log, layouts, published state, and the gate that
+// keeps captures and restores apart.
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/controller/ControllerPorts.h"
 #include "Vantrel/controller/DeskCapture.h"
+#include "Vantrel/controller/DeskGate.h"
 #include "Vantrel/controller/HUDEvent.h"
 #include "Vantrel/controller/Publisher.h"
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
-#include "VantrelCore/ports/MovePermit.h"
 #include "VantrelCore/stores/LayoutStore.h"
 #include "VantrelCore/stores/SceneStore.h"
 
@@ -36,37 +36,12 @@ public:
     LayoutStore& store;
     SceneStore& sceneStore;
     Publisher publisher;
+    DeskGate gate;
 
     // This program's own bundle ID; its windows are never captured.
     std::optional<std::string> ownBundleID;
     std::function<void(const HUDEvent&)> onHUDEvent;
 
-    // Nothing may be learned from captures: the desk is in motion or about to be.
-    bool snapshotsSuspended = false;
-    // The user is away: nothing is learned, even if something else resumes learning.
-    bool isAsleep = false;
-    bool isLocked = false;
-    [[nodiscard]] bool isAway() const { return isAsleep || isLocked; }
-    // Between the first event of a display change and its settling.
-    bool displaysChanging = false;
-    // Incremented by everything that makes scheduled resumes and running captures stale.
-    std::int64_t resumeEpoch = 0;
-    // Incremented by display changes and wakes, after which windows placed earlier may have moved.
-    std::int64_t deskEpoch = 0;
-    // Incremented by restores, after which earlier captures no longer show the desk.
-    std::int64_t mutationEpoch = 0;
-    // Incremented when the user changes layouts or rules, after which earlier captures may carry an outdated
-    // name or include ignored windows.
-    std::int64_t learningEpoch = 0;
-    bool restoreInFlight = false;
-    // The permit of the last restore and its follow-up.
-    std::shared_ptr<MovePermit> movePermit = std::make_shared<MovePermit>();
-
-    [[nodiscard]] bool axWorkInFlight() const { return m_axWorkInFlight; }
-    // Called when a pass has ended.
-    std::function<void()> onPassEnded;
-    // Runs `work` once when the current pass has ended, after any waiting restore has had its turn.
-    void afterPass(std::function<void()> work) { m_afterPass.push_back(std::move(work)); }
     // Called when a flow has moved windows and has none left to move: earlier captures no longer show the
     // desk.
     std::function<void()> onDeskArranged = [] {};
@@ -75,10 +50,6 @@ public:
     void announce(const HUDEvent& event) const;
 
     [[nodiscard]] const PublishedState& state() const { return publisher.state(); }
-
-    // Clears snapshotsSuspended after `seconds`, unless a newer event intervenes. An earlier, longer
-    // suspension still holds: waking up does not cut short the wait after a display change.
-    void scheduleSnapshotResume(double seconds);
 
     // Queries the license gate, and logs when the result changes.
     [[nodiscard]] bool entitledToRun();
@@ -148,9 +119,9 @@ public:
     void runPass(WorkPriority priority, Work work, Done done) {
         inBackground(priority, std::move(work), [this, done = std::move(done)](auto result) {
             guarded([&] { done(std::move(result)); });
-            endPass();
+            gate.endPass();
         });
-        m_axWorkInFlight = true;
+        gate.beginPass();
     }
 
     // Runs `work`. Exceptions are logged and not propagated. Returns false when `work` threw.
@@ -162,23 +133,17 @@ public:
 
 private:
     void workEnded(std::uint64_t id, const std::string& problem);
-    void endPass();
     void publishStored(PublishedState& state);
     void publishLastAppliedScene(PublishedState& state);
 
     AppLog& m_log;
-    bool m_axWorkInFlight = false;
     // Continuations of the running background work, by work ID.
     std::map<std::uint64_t, std::function<void()>> m_waitingForWork;
     std::uint64_t m_nextWork = 0;
-    std::vector<std::function<void()>> m_afterPass;
     std::optional<bool> m_loggedEntitled;
     // The phase to show for the restore that is running or has just finished.
     Phase m_restorePhase;
     std::unique_ptr<ScheduledWork> m_phaseReset;
-    std::unique_ptr<ScheduledWork> m_resume;
-    // On the monotonic clock, in seconds.
-    double m_resumeDue = 0;
     // Expires with the controller; locked only on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

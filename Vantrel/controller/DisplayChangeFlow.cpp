@@ -53,31 +53,28 @@ void DisplayChangeFlow::applySettleDelay() {
     }
     m_context.log(fmt::format("settleDelay changed to {:#}: reinstalling watcher", delay));
     installWatcher();
-    if (m_context.displaysChanging) {
+    if (m_context.gate.areDisplaysChanging()) {
         // The replaced watcher would have reported the end of this change.
         m_watcher->handleReconfigurationEvent();
     }
 }
 
 void DisplayChangeFlow::changeBegan() {
-    m_context.snapshotsSuspended = true;
-    m_context.displaysChanging = true;
-    ++m_context.resumeEpoch;
-    ++m_context.deskEpoch;
+    m_context.gate.displaysBeganChanging();
     m_runner.abandonMoves();
     m_learning.adoptPreChangeSnapshotIfNeeded();
 }
 
 void DisplayChangeFlow::handleSettledChange(const std::string& configID,
                                             const std::vector<DisplayInfo>& displays) {
-    m_context.displaysChanging = false;
+    m_context.gate.displaysSettled();
     const auto reconnected = ControllerText::reconnected(m_context.state().displays, displays);
     m_context.showDesk(configID, displays);
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();
     onSettled();
     restoreIfWanted(reconnected);
-    m_context.scheduleSnapshotResume(resumeDelay);
+    m_context.gate.resumeLearningAfter(resumeDelay);
 }
 
 void DisplayChangeFlow::restoreIfWanted(const std::string& reconnected) {

@@ -76,7 +76,7 @@ bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
 }
 
 bool LaunchPlacementFlow::isHeldUp() {
-    return m_context.restoreInFlight || !m_context.isDeskCurrent() ||
+    return m_context.gate.isRestoring() || !m_context.isDeskCurrent() ||
            !AXPermission::isGranted(m_context.ports.desk);
 }
 
@@ -95,8 +95,8 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
         m_launches.erase(found);
     } else if (isHeld) {
         lookAfter(key, holdDelay);
-    } else if (m_context.axWorkInFlight()) {
-        m_context.afterPass([this, key] { attemptPlacement(key); });
+    } else if (m_context.gate.isPassUnderWay()) {
+        m_context.gate.afterPass([this, key] { attemptPlacement(key); });
     } else {
         m_context.runPass(
             WorkPriority::userInitiated,
@@ -117,9 +117,6 @@ bool LaunchPlacementFlow::hasPlace(const RunningApp& app) {
 }
 
 LaunchPlacementPass::Task LaunchPlacementFlow::task(const RunningApp& app) {
-    if (m_context.movePermit->isRevoked()) {
-        m_context.movePermit = std::make_shared<MovePermit>();
-    }
     const Layout* active = m_context.state().activeLayout();
     return {.app = app,
             .rules = m_context.store.rules(),
@@ -127,7 +124,7 @@ LaunchPlacementPass::Task LaunchPlacementFlow::task(const RunningApp& app) {
             .displays = m_context.state().displays,
             .sizes = m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore
                                                        : RestoreEngine::Sizes::leave,
-            .permit = m_context.movePermit};
+            .permit = m_context.gate.validPermit()};
 }
 
 void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Result& result) {
@@ -148,7 +145,7 @@ void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Resu
     if (result.moved > 0) {
         m_context.log(fmt::format("launch placement: moved {} window(s) of {}", result.moved, name));
         m_context.announce(HUD::AppPlaced{name, m_context.state().layoutTitle});
-        m_context.afterPass(m_context.onDeskArranged);
+        m_context.gate.afterPass(m_context.onDeskArranged);
     }
     if (result.failed > 0) {
         m_context.log(fmt::format("launch placement: {} window(s) of {} did not go to their place",

@@ -25,14 +25,14 @@ std::optional<std::string> validName(const std::string& name) {
 
 // Earlier captures belong to another name or layout.
 void LayoutFlow::layoutsChanged() {
-    ++m_context.learningEpoch;
+    m_context.gate.noteEdit();
     m_context.showStoredLayouts();
     m_context.refreshStatus();
 }
 
 bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Done& done) {
     using Kind = RestoreOutcome::Kind;
-    if (m_context.restoreInFlight) {
+    if (m_context.gate.isRestoring()) {
         m_context.log("switch layout skipped: a restore is in flight");
         return RestoreOutcome::refuse(Kind::restoreInFlight, done);
     }
@@ -193,7 +193,7 @@ LayoutChange LayoutFlow::remove(const std::string& name) {
     if (!m_context.store.layout(desk, name)) {
         return {Kind::noSuchLayout};
     }
-    if (isActive && m_context.restoreInFlight) {
+    if (isActive && m_context.gate.isRestoring()) {
         return {Kind::restoreInFlight};
     }
     m_context.store.deleteLayout(desk, name);

@@ -10,8 +10,7 @@
 namespace vantrel {
 
 bool LearningFlow::mayCapture() {
-    return m_context.state().enabled && !m_context.snapshotsSuspended && !m_context.isAway() &&
-           m_context.entitledToRun() && !m_context.axWorkInFlight() && !m_context.restoreInFlight &&
+    return m_context.state().enabled && m_context.gate.mayCapture() && m_context.entitledToRun() &&
            AXPermission::isGranted(m_context.ports.desk);
 }
 
@@ -36,9 +35,11 @@ void LearningFlow::snapshotIfChanged() {
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
             return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
-        [this, displays, before = epochs()](const std::optional<Picture>& picture) {
-            if (picture && before == epochs() && !m_context.snapshotsSuspended && m_context.state().enabled &&
-                m_context.entitledToRun() && m_context.isDeskCurrent()) {
+        [this, displays, began = m_context.gate.now()](const std::optional<Picture>& picture) {
+            const DeskGate& gate = m_context.gate;
+            if (picture && gate.isUndisturbed(began) && gate.isUnmoved(began) && gate.isUnedited(began) &&
+                !gate.isLearningSuspended() && m_context.state().enabled && m_context.entitledToRun() &&
+                m_context.isDeskCurrent()) {
                 finishSnapshotTick(*picture, displays);
             }
             m_context.refreshStatus();
@@ -51,7 +52,7 @@ std::optional<Layout> LearningFlow::storedLike(const Layout& layout) {
 
 void LearningFlow::keepForAdoption(const Layout& layout) {
     m_lastTickSnapshot = PreChangeSnapshot::Candidate{layout, layout.savedAt};
-    m_lastTickEpochs = epochs();
+    m_lastTick = m_context.gate.now();
 }
 
 void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays) {
@@ -92,8 +93,7 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
 
 void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
     const auto candidate = std::exchange(m_lastTickSnapshot, std::nullopt);
-    const bool isOutdated = m_lastTickEpochs.mutation != m_context.mutationEpoch ||
-                            m_lastTickEpochs.learning != m_context.learningEpoch;
+    const bool isOutdated = !m_context.gate.isUnmoved(m_lastTick) || !m_context.gate.isUnedited(m_lastTick);
     if (isOutdated || !m_context.state().enabled || !m_context.entitledToRun() ||
         !PreChangeSnapshot::shouldAdopt(candidate, m_context.ports.clock.now(), m_context.state().configID,
                                         maxPreChangeAge)) {

@@ -41,16 +41,7 @@ public:
 
 private:
     using Picture = DeskCapture::Picture;
-    struct Epochs {
-        std::int64_t resume = 0;
-        std::int64_t mutation = 0;
-        std::int64_t learning = 0;
-        bool operator==(const Epochs&) const = default;
-    };
 
-    [[nodiscard]] Epochs epochs() const {
-        return {m_context.resumeEpoch, m_context.mutationEpoch, m_context.learningEpoch};
-    }
     [[nodiscard]] bool mayCapture();
     // Stores the capture that is adopted if the desk is left now.
     void keepForAdoption(const Layout& layout);
@@ -64,8 +55,8 @@ private:
     SnapshotStabilityGate m_stabilityGate{requiredObservations};
     // From a tick or a save by the user.
     std::optional<PreChangeSnapshot::Candidate> m_lastTickSnapshot;
-    // The epochs when it was captured; a later restore or change of layouts or rules makes it useless.
-    Epochs m_lastTickEpochs;
+    // When it was captured; a later restore or change of layouts or rules makes it useless.
+    DeskGate::Moment m_lastTick;
 };
 
 } // namespace vantrel

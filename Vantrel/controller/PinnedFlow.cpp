@@ -58,7 +58,7 @@ void PinnedFlow::observe(const Layout& current) {
     }
     const bool hasDrifted = m_driftGuard.observe(current, *pinned);
     if (hasDrifted) {
-        m_context.afterPass([this, pinned] { enforce(*pinned); });
+        m_context.gate.afterPass([this, pinned] { enforce(*pinned); });
     } else if (m_driftGuard.driftCount() == 0) {
         m_strikes = 0;
         publish(std::nullopt);
@@ -67,7 +67,7 @@ void PinnedFlow::observe(const Layout& current) {
 
 void PinnedFlow::enforce(const Layout& pinned) {
     // What the user has requested meanwhile takes precedence; a remaining drift is noticed again.
-    if (m_context.state().pinPause || m_context.restoreInFlight) {
+    if (m_context.state().pinPause || m_context.gate.isRestoring()) {
         return;
     }
     if (m_strikes == maxStrikes) {

@@ -91,14 +91,15 @@ void RestoreFollowUpFlow::end() {
 }
 
 void RestoreFollowUpFlow::look() {
-    if (!m_context.snapshotsSuspended || m_context.axWorkInFlight() || !m_context.state().enabled) {
+    if (!m_context.gate.isLearningSuspended() || m_context.gate.isPassUnderWay() ||
+        !m_context.state().enabled) {
         return;
     }
     const auto sizes =
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
     m_context.runPass(
         WorkPriority::userInitiated,
-        [landed = m_landed, sizes, &desk = m_context.ports.desk, permit = m_context.movePermit] {
+        [landed = m_landed, sizes, &desk = m_context.ports.desk, permit = m_context.gate.permit()] {
             return lookAt(landed, sizes, desk, *permit);
         },
         [this, epoch = m_epoch, landed = m_landed](const std::optional<std::vector<Finding>>& findings) {

@@ -10,14 +10,14 @@ namespace vantrel {
 RestoreRunner::RestoreRunner(ControllerContext& context, RestoreHistory& history)
     : m_context(context), m_history(history),
       m_followUp(context, [this](const std::vector<std::size_t>& items) { m_history.addFollowUp(items); }) {
-    m_context.onPassEnded = [this] { runPending(); };
+    m_context.gate.onPassEnded = [this] { runPending(); };
 }
 
 void RestoreRunner::perform(RestoreRequest request) {
-    if (m_context.restoreInFlight) {
+    if (m_context.gate.isRestoring()) {
         m_context.log("restore queued: another restore is in flight");
         queue(std::move(request));
-    } else if (m_context.axWorkInFlight()) {
+    } else if (m_context.gate.isPassUnderWay()) {
         m_context.log("restore queued: a capture is in flight");
         // The capture may be a follow-up, which this restore ends.
         abandonMoves();
@@ -35,7 +35,7 @@ void RestoreRunner::queue(RestoreRequest request) {
 
 void RestoreRunner::abandonMoves() {
     m_followUp.end();
-    m_context.movePermit->revoke();
+    m_context.gate.revokePermit();
 }
 
 void RestoreRunner::start(RestoreRequest request) {
@@ -54,7 +54,6 @@ void RestoreRunner::start(RestoreRequest request) {
         request.prepare(request);
     }
     abandonMoves();
-    m_context.movePermit = std::make_shared<MovePermit>();
     const bool doesSizes = m_context.settings.restoreSizes();
     RestorePass::Task task{
         .layout = request.layout,
@@ -66,7 +65,7 @@ void RestoreRunner::start(RestoreRequest request) {
                     .stubbornBundleIDs = m_history.stubbornBundleIDs(),
                     .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
         .scope = {},
-        .permit = m_context.movePermit};
+        .permit = m_context.gate.issuePermit()};
     if (request.purpose == RestorePurpose::undo) {
         task.known = request.windows;
     }
@@ -84,8 +83,7 @@ void RestoreRunner::start(RestoreRequest request) {
             finish(request, std::move(result));
         });
     // From here on finish() is guaranteed to be called.
-    m_context.restoreInFlight = true;
-    ++m_context.mutationEpoch;
+    m_context.gate.beginRestore();
     m_context.showPhase({Phase::Restoring{count}});
     if (isAnnounced) {
         m_context.announce(HUD::Restoring{cause});
@@ -93,7 +91,7 @@ void RestoreRunner::start(RestoreRequest request) {
 }
 
 void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestorePass::Result> result) {
-    ++m_context.mutationEpoch;
+    m_context.gate.noteWindowsMoved();
     m_context.guarded([&] {
         if (!result) {
             giveUp(request, RestoreOutcome::Kind::failed);
@@ -103,9 +101,9 @@ void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestoreP
             conclude(request, *result);
         }
     });
-    m_context.restoreInFlight = false;
+    m_context.gate.endRestore();
     runPending();
-    if (!m_context.restoreInFlight) {
+    if (!m_context.gate.isRestoring()) {
         m_context.onDeskArranged();
     }
 }
@@ -126,7 +124,7 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
     m_context.guarded([&] { m_history.record(request, result); });
     publishReport(request, result.report);
-    m_context.restoreInFlight = false;
+    m_context.gate.endRestore();
     if (request.trigger == RestoreTrigger::automatic) {
         m_followUp.begin(std::move(result.landed));
     }
@@ -144,7 +142,7 @@ void RestoreRunner::endAbandoned(const RestoreRequest& request, const RestorePas
 }
 
 void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind why) {
-    m_context.restoreInFlight = false;
+    m_context.gate.endRestore();
     m_context.showPhase({});
     m_context.refreshStatus();
     request.tell({.kind = why, .report = {}});
@@ -167,7 +165,7 @@ void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreRe
 }
 
 void RestoreRunner::runPending() {
-    if (m_pending && !m_context.restoreInFlight && !m_context.axWorkInFlight()) {
+    if (m_pending && m_context.gate.isIdle()) {
         start(*std::exchange(m_pending, std::nullopt));
     }
 }

@@ -16,7 +16,7 @@ std::expected<void, RuleProblem> RuleFlow::setRule(const AppRule& rule) {
     if (!m_context.store.setRule(rule)) {
         return std::unexpected(RuleProblem::writeFailed);
     }
-    ++m_context.learningEpoch;
+    m_context.gate.noteEdit();
     m_context.log("rule set: " + rule.bundleID);
     return {};
 }
@@ -29,7 +29,7 @@ std::expected<void, RuleProblem> RuleFlow::removeRule(const std::string& bundleI
     if (!m_context.store.removeRule(bundleID)) {
         return std::unexpected(RuleProblem::writeFailed);
     }
-    ++m_context.learningEpoch;
+    m_context.gate.noteEdit();
     m_context.log("rule removed: " + bundleID);
     return {};
 }

@@ -75,8 +75,7 @@ void SettlementFlow::begin(Opening opening) {
     m_pending->seated = std::move(opening.seated);
     m_pending->placed = opening.placed;
     m_pending->due = m_context.ports.clock.monotonicSeconds() + deadlineSpan;
-    m_pending->expectedDeskEpoch = m_context.deskEpoch;
-    m_pending->expectedMutationEpoch = m_context.mutationEpoch;
+    m_pending->restored = m_context.gate.now();
     schedulePoll();
 }
 
@@ -85,8 +84,7 @@ bool SettlementFlow::isAwaiting(const std::string& bundleID) const {
 }
 
 bool SettlementFlow::isOvertaken() const {
-    return m_pending->expectedDeskEpoch != m_context.deskEpoch ||
-           m_pending->expectedMutationEpoch != m_context.mutationEpoch;
+    return !m_context.gate.isSameDesk(m_pending->restored) || !m_context.gate.isUnmoved(m_pending->restored);
 }
 
 bool SettlementFlow::isExpired() {
@@ -103,7 +101,7 @@ void SettlementFlow::poll(std::int64_t token) {
     if (!m_pending || m_pending->settlement.token != token) {
         return;
     }
-    if (m_context.restoreInFlight || m_context.axWorkInFlight()) {
+    if (!m_context.gate.isIdle()) {
         // The restore may be of the same scene, which then continues here.
         schedulePoll();
     } else if (isOvertaken()) {
@@ -136,7 +134,7 @@ void SettlementFlow::look() {
                      .seated = m_pending->seated,
                      .scope = m_context.captureScope(m_context.state().displays),
                      .sizes = sizes,
-                     .permit = m_context.movePermit},
+                     .permit = m_context.gate.permit()},
          ports = m_context.ports] {
             auto found = candidates(look, ports.desk);
             Seen seen;
@@ -272,7 +270,7 @@ void SettlementFlow::finish() {
                     SceneSettlementCaption::detail(summary.opened, summary.placed, summary.stragglers),
                     m_pending->settlement.sceneName));
     end(summary);
-    m_context.afterPass(m_context.onDeskArranged);
+    m_context.gate.afterPass(m_context.onDeskArranged);
 }
 
 void SettlementFlow::cancel(const char* why) {

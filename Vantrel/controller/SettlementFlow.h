@@ -74,9 +74,8 @@ private:
         std::map<std::string, int> panelPolls;
         // On the monotonic clock, because the wall clock can be set.
         double due = 0;
-        // Epochs of the desk as the scene's restore left it.
-        std::int64_t expectedDeskEpoch = 0;
-        std::int64_t expectedMutationEpoch = 0;
+        // When the scene's restore ended.
+        DeskGate::Moment restored;
     };
 
     void schedulePoll();

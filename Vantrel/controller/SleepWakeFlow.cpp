@@ -12,56 +12,52 @@ constexpr double driftTolerance = 2;
 } // namespace
 
 void SleepWakeFlow::willSleep() {
-    m_context.isAsleep = true;
-    m_context.snapshotsSuspended = true;
+    m_context.gate.fallAsleep();
     m_context.log("willSleep: snapshots suspended");
     m_missedWake = m_context.ports.mainQueue.after(longestFallingAsleep, [this] { handleWake(); });
 }
 
 void SleepWakeFlow::handleWake() {
     m_missedWake.reset();
-    m_context.isAsleep = false;
-    ++m_context.deskEpoch;
+    m_context.gate.wakeUp();
     m_context.log("didWake: checking pinned layout after settle");
     lookAfterSettling();
 }
 
 void SleepWakeFlow::sessionLocked() {
-    m_context.isLocked = true;
-    m_context.snapshotsSuspended = true;
+    m_context.gate.lockSession();
     m_context.log("session locked: snapshots suspended");
 }
 
 void SleepWakeFlow::sessionUnlocked() {
-    m_context.isLocked = false;
+    m_context.gate.unlockSession();
     m_context.log("session unlocked: checking pinned layout after settle");
     lookAfterSettling();
 }
 
 void SleepWakeFlow::lookAfterSettling() {
-    ++m_context.resumeEpoch;
-    m_check = m_context.ports.mainQueue.after(m_context.settings.settleDelay() + wakeDelay,
-                                              [this, epoch = m_context.resumeEpoch] {
-                                                  // A newer display change handles the desk itself. If the
-                                                  // user is still away, the check runs on their return.
-                                                  if (epoch == m_context.resumeEpoch && !m_context.isAway()) {
-                                                      checkAfterWake();
-                                                      m_context.scheduleSnapshotResume(0);
-                                                  }
-                                              });
+    m_check = m_context.ports.mainQueue.after(
+        m_context.settings.settleDelay() + wakeDelay, [this, began = m_context.gate.now()] {
+            // A newer display change handles the desk itself. If the user is still away, the check runs on
+            // their return.
+            if (m_context.gate.isUndisturbed(began) && !m_context.gate.isAway()) {
+                checkAfterWake();
+                m_context.gate.resumeLearningAfter(0);
+            }
+        });
 }
 
 void SleepWakeFlow::checkAfterWake() {
-    if (m_context.axWorkInFlight()) {
-        m_context.afterPass([this, epoch = m_context.resumeEpoch] {
-            if (epoch == m_context.resumeEpoch && !m_context.isAway()) {
+    if (m_context.gate.isPassUnderWay()) {
+        m_context.gate.afterPass([this, began = m_context.gate.now()] {
+            if (m_context.gate.isUndisturbed(began) && !m_context.gate.isAway()) {
                 checkAfterWake();
             }
         });
         return;
     }
     if (!m_context.state().activePinned || m_context.state().isPinPausedForUser() ||
-        !m_context.state().enabled || !m_context.entitledToRun() || m_context.restoreInFlight ||
+        !m_context.state().enabled || !m_context.entitledToRun() || m_context.gate.isRestoring() ||
         !AXPermission::isGranted(m_context.ports.desk) || !m_context.isDeskCurrent()) {
         return;
     }
@@ -71,8 +67,8 @@ void SleepWakeFlow::checkAfterWake() {
         [scope = m_context.captureScope(displays), ports = m_context.ports] {
             return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
-        [this, displays, epoch = m_context.resumeEpoch](const std::optional<DeskCapture::Picture>& picture) {
-            if (picture && epoch == m_context.resumeEpoch && m_context.isDeskCurrent()) {
+        [this, displays, began = m_context.gate.now()](const std::optional<DeskCapture::Picture>& picture) {
+            if (picture && m_context.gate.isUndisturbed(began) && m_context.isDeskCurrent()) {
                 restoreIfDrifted(*picture, displays);
             }
         });
@@ -85,9 +81,9 @@ void SleepWakeFlow::restoreIfDrifted(const DeskCapture::Picture& picture,
         m_context.layoutOf(picture, displays).geometryMatches(*pinned, driftTolerance)) {
         return;
     }
-    m_context.afterPass([this, pinned, displays] {
+    m_context.gate.afterPass([this, pinned, displays] {
         // What the user has requested meanwhile takes precedence.
-        if (!m_context.restoreInFlight && !m_context.state().isPinPausedForUser()) {
+        if (!m_context.gate.isRestoring() && !m_context.state().isPinPausedForUser()) {
             m_context.log("didWake: pinned layout drifted, restoring");
             m_runner.perform({.layout = *pinned, .displays = displays, .reason = "pinned enforcement"});
         }

@@ -136,8 +136,8 @@ void StashFlow::stashOrBringBack(const Told& told) {
     }
     CaptureNow::perform(m_context, [this, id = stash->id, told](const CaptureNow::Result& captured) {
         // By then the capture has ended, so bringing back need not wait.
-        m_context.axWorkInFlight()
-            ? m_context.afterPass([this, id, captured, told] { stashOrBringBack(id, captured, told); })
+        m_context.gate.isPassUnderWay()
+            ? m_context.gate.afterPass([this, id, captured, told] { stashOrBringBack(id, captured, told); })
             : stashOrBringBack(id, captured, told);
     });
 }

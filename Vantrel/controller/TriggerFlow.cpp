@@ -67,7 +67,7 @@ void TriggerFlow::start() {
 }
 
 bool TriggerFlow::mayFire() {
-    return !m_context.isAsleep && !m_context.hindranceToMoving();
+    return !m_context.gate.isAsleep() && !m_context.hindranceToMoving();
 }
 
 std::optional<Date> TriggerFlow::lastFiredAt(const SceneTrigger& trigger) const {
