@@ -23,8 +23,7 @@ public:
     // logged and otherwise ignored.
     void record(const RestoreRequest& request, const RestorePass::Result& result);
 
-    // These items of the last recorded report, by index, were displaced afterwards and put back; the entry
-    // then lists them as retried.
+    // Marks these items of the last recorded report, by index, as retried: the follow-up has put them back.
     void addFollowUp(const std::vector<std::size_t>& items);
 
     // The windows of these items of the last recorded report have appeared since and are in place. They count

@@ -92,7 +92,7 @@ void RestoreRunner::start(RestoreRequest request) {
 
 void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestorePass::Result> result) {
     m_context.gate.noteWindowsMoved();
-    m_context.guarded([&] {
+    const bool isDone = m_context.guarded([&] {
         if (!result) {
             giveUp(request, RestoreOutcome::Kind::failed);
         } else if (result->isAbandoned) {
@@ -101,7 +101,9 @@ void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestoreP
             conclude(request, *result);
         }
     });
-    m_context.gate.endRestore();
+    if (!isDone) {
+        m_context.gate.endRestore();
+    }
     runPending();
     if (!m_context.gate.isRestoring()) {
         m_context.onDeskArranged();

@@ -52,20 +52,10 @@ struct WindowStates {
     bool operator==(const WindowStates&) const = default;
 };
 
-// The sizes that a window accepts; none where the platform does not say.
-struct SizeLimits {
-    std::optional<Size> minimum = std::nullopt;
-    std::optional<Size> maximum = std::nullopt;
-    // The size changes in these steps, as a terminal's does.
-    std::optional<Size> increment = std::nullopt;
-
-    bool operator==(const SizeLimits&) const = default;
-};
-
 struct DeskWindow {
     WindowID id{};
     std::int32_t pid = 0;
-    // Valid UTF-8, as are name and title.
+    // All three strings are valid UTF-8.
     std::string bundleID{};
     // The bundle identifier when the application has no name.
     std::string appName{};
@@ -74,9 +64,6 @@ struct DeskWindow {
     WindowStates states{};
     // None when it could not be read.
     std::optional<Rect> frame = std::nullopt;
-    // Where a maximised window returns to; none when the platform does not say.
-    std::optional<Rect> normalFrame = std::nullopt;
-    SizeLimits limits{};
 
     bool operator==(const DeskWindow&) const = default;
 };

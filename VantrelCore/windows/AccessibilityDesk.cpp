@@ -107,6 +107,8 @@ WindowID AccessibilityDesk::identify(const RunningApp& app, const std::shared_pt
         return entry.second.app.pid == app.pid && entry.second.handle.element()->isSameWindow(*element);
     });
     if (known != m_known.end()) {
+        // Elements of one reading share what their application needs for a move.
+        known->second = {app, AXWindowHandle(element)};
         return known->first;
     }
     const WindowID id{++m_last};

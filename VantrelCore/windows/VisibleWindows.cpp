@@ -55,10 +55,6 @@ std::optional<Rect> ordinaryFrame(const DeskWindow& window) {
     return visibleFrame(window, WindowKind::ordinary);
 }
 
-std::optional<Rect> panelFrame(const DeskWindow& window) {
-    return visibleFrame(window, WindowKind::panel);
-}
-
 std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays) {
     if (displays.empty()) {
         return "";

@@ -25,9 +25,6 @@ namespace vantrel::VisibleWindows {
 // windows without a readable frame.
 [[nodiscard]] std::optional<Rect> ordinaryFrame(const DeskWindow& window);
 
-// The same for panels and dialogs.
-[[nodiscard]] std::optional<Rect> panelFrame(const DeskWindow& window);
-
 // The display that contains the frame's centre, else the one with the largest overlap, else the first; ""
 // without displays.
 [[nodiscard]] std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays);

@@ -230,6 +230,9 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
             others.push_back(move);
         }
     }
+    if (m_permit.isRevoked()) {
+        return {};
+    }
     for (const Move* const move : others) {
         const WindowTraits& traits = move->facts->traits;
         ClientMessage::setMaximized(m_connection, move->window.window, ClientMessage::Maximized::no,

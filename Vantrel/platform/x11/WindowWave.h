@@ -1,6 +1,6 @@
-// A wave of windows brought to their places in a closed loop: sends every request, waits until the windows
-// are seen there or the window manager has handled all of them, looks at those not seen, asks once more where
-// they missed, and reports honestly.
+// Moves a wave of windows in a closed loop: sends every request, waits until the windows are seen in place or
+// the window manager has handled all requests, looks at those not seen, asks once more where they missed, and
+// reports where each window ended up.
 #pragma once
 
 #include "Vantrel/platform/x11/FrameArithmetic.h"

@@ -40,7 +40,7 @@ struct LearnedDesk : testing::Test {
         return kinds;
     }
 
-    // Both request, then let the seconds pass; false when the request is refused.
+    // Both send the request and then let `seconds` pass. False when the request is refused.
     bool restore(double seconds = 5) {
         const bool isAccepted = story.controller->restoreNow(RestoreSource::menu, tell());
         story.runFor(seconds);

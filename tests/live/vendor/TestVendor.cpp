@@ -1,5 +1,5 @@
-// A vendor for tests: the environment names its server, and its key is TestLicense's. It is linked into a
-// program of its own, so that the real one cannot switch it on.
+// The vendor that tests use: the environment names its server, and it signs with TestLicense's key. Only a
+// separate test program links it, so nobody can switch it on in the real one.
 #include "Vantrel/Vendor.h"
 #include "tests/server/TestLicense.h"
 
