@@ -1,8 +1,8 @@
 // vantrelctl: queries a running vantrel and gives it commands.
+#include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/verbs/DeskVerbs.h"
 #include "Vantrel/commands/verbs/DoctorVerb.h"
 #include "Vantrel/commands/verbs/HotKeyVerbs.h"
-#include "Vantrel/commands/verbs/LayoutVerbs.h"
 #include "Vantrel/commands/verbs/LicenseVerbs.h"
 #include "Vantrel/commands/verbs/RuleVerbs.h"
 #include "Vantrel/commands/verbs/SceneVerbs.h"
@@ -88,7 +88,7 @@ int main(int argumentCount, char** arguments) {
                      .settingsFile = UserFolders::settingsFile(),
                      .lockSupportDirectory = lockSupportDirectory});
     addDeskVerbs(verbs, app);
-    addLayoutVerbs(verbs, app);
+    verbs.add(app, layoutCommands());
     addStashVerbs(verbs, app);
     addSceneVerbs(verbs, app);
     addTriggerVerbs(verbs, app);

@@ -2,6 +2,7 @@
 
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
+#include "Vantrel/controller/AppController.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
@@ -47,6 +48,10 @@ FileIncidentMessage fileIncident(const FileIncident& incident) {
 }
 
 } // namespace
+
+ControlAnswer refused(std::string sentence) {
+    return std::unexpected(ControlRefusal{ControlNames::refused, std::move(sentence)});
+}
 
 PhaseMessage phase(const Phase& phase) {
     auto message = std::visit(PhaseParts{}, phase.value);
@@ -110,6 +115,11 @@ DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layou
     std::ranges::stable_sort(message.desks, {},
                              [](const DeskMessage& desk) { return std::tuple(!desk.isCurrent, desk.name); });
     return message;
+}
+
+DesksMessage desks(AppController& controller) {
+    return desks(controller.published(), controller.allLayouts(),
+                 [&controller](const auto& desk) { return controller.activeLayoutName(desk); });
 }
 
 nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now) {

@@ -14,7 +14,13 @@
 #include <string>
 #include <vector>
 
+namespace vantrel {
+class AppController;
+}
+
 namespace vantrel::ControlAnswers {
+
+[[nodiscard]] ControlAnswer refused(std::string sentence);
 
 [[nodiscard]] PhaseMessage phase(const Phase& phase);
 
@@ -24,6 +30,8 @@ namespace vantrel::ControlAnswers {
 // The current desk first, even when nothing is stored for it, then the others by name.
 [[nodiscard]] DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layouts,
                                  const std::function<std::string(const std::string&)>& activeLayoutName);
+
+[[nodiscard]] DesksMessage desks(AppController& controller);
 
 // The restore log, and the number of windows restored in the last seven days.
 [[nodiscard]] nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now);

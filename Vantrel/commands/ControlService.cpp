@@ -1,5 +1,6 @@
 #include "Vantrel/commands/ControlService.h"
 
+#include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlCall.h"
 #include "Vantrel/commands/ControlNames.h"
@@ -8,7 +9,6 @@
 #include "Vantrel/commands/methods/FileMethods.h"
 #include "Vantrel/commands/methods/HotKeyMethods.h"
 #include "Vantrel/commands/methods/IntentMethods.h"
-#include "Vantrel/commands/methods/LayoutMethods.h"
 #include "Vantrel/commands/methods/LicenseMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
@@ -42,7 +42,7 @@ std::vector<ControlMethod> controlMethods(AppController& controller,
         std::ranges::move(group, std::back_inserter(all));
     };
     add(deskMethods(controller, supportDirectory));
-    add(layoutMethods(controller));
+    add(methodsOf(layoutCommands(), controller, supportDirectory));
     add(stashMethods(controller));
     add(sceneMethods(controller));
     add(triggerMethods(controller));

@@ -152,6 +152,7 @@ Candidates storeCopies(const Sources& sources) {
 Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
     switch (kind) {
     case ValueKind::text:
+    case ValueKind::flag:
     case ValueKind::file:
         return {};
     case ValueKind::storeCopy:

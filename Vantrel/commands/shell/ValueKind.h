@@ -8,6 +8,8 @@ namespace vantrel {
 enum class ValueKind : std::uint8_t {
     // Anything; there is nothing to offer.
     text,
+    // Nothing: the word itself says it.
+    flag,
     // The path of a file.
     file,
     // A copy of a store's file, in the support folder.

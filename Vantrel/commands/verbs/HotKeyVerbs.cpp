@@ -10,7 +10,7 @@ namespace {
 
 using namespace VerbPrinting;
 
-struct Typed {
+struct Keys {
     std::string command;
     std::string keys;
 };
@@ -40,7 +40,7 @@ ExitCode list(const ControlClient::Result<nlohmann::json>& answer, VerbOutput ou
 void addHotKeyVerbs(VerbTable& table, CLI::App& app) {
     auto& hotKeys = table.add(app, "hotkeys", "List the keyboard shortcuts; set or clear one",
                               [](VerbOutput output) { return list(ControlClient::call("HotKeys"), output); });
-    const auto typed = std::make_shared<Typed>();
+    const auto typed = std::make_shared<Keys>();
     constexpr const char* what = "restore, save, stash, undo, or a scene's name";
     auto& set = table.add(hotKeys, "set", "Give a command or scene a shortcut", [typed](VerbOutput output) {
         return list(ControlClient::call("SetHotKey", {typed->command, typed->keys}), output);

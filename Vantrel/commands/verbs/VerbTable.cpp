@@ -35,6 +35,49 @@ ValueKind VerbTable::kindOf(const CLI::Option& option) const {
     return found == m_kinds.end() ? ValueKind::text : found->second;
 }
 
+void VerbTable::add(CLI::App& app, const std::vector<Command>& commands) {
+    for (const Command& command : commands) {
+        for (const Verb& verb : command.verbs) {
+            CLI::App* parent = &app;
+            std::string name = verb.path;
+            for (auto blank = name.find(' '); blank != std::string::npos; blank = name.find(' ')) {
+                parent = parent->get_subcommand(name.substr(0, blank));
+                name.erase(0, blank + 1);
+            }
+            auto& added = addPlain(*parent, name, verb.help, {});
+            added.add_flag("--json", m_asJson, "Print JSON, for programs");
+            std::map<std::string, const CLI::Option*> options;
+            for (const Word& word : verb.words) {
+                options[word.name] = addWord(added, word);
+            }
+            m_verbs.back().run = [this, command, verb, options](VerbOutput output) {
+                Typed typed;
+                for (const auto& [word, option] : options) {
+                    if (option->count() > 0) {
+                        typed.add(word, option->results());
+                    }
+                }
+                const VerbCall call{.environment = m_environment, .typed = typed, .output = output};
+                return command.run ? command.run(call) : VerbPrinting::run(command, verb, call);
+            };
+        }
+    }
+}
+
+const CLI::Option* VerbTable::addWord(CLI::App& verb, const Word& word) {
+    if (word.kind == ValueKind::flag) {
+        return verb.add_flag(word.name, word.help);
+    }
+    auto* const option = word.use == Word::Use::repeated
+                             ? verb.add_option(word.name, m_lists.emplace_back(), word.help)
+                             : verb.add_option(word.name, m_values.emplace_back(), word.help);
+    if (word.excluded != nullptr) {
+        option->excludes(verb.get_option(word.excluded));
+    }
+    option->required(option->get_positional() && word.use != Word::Use::optional);
+    return takes(word.kind, option);
+}
+
 ExitCode VerbTable::run() const {
     for (const auto& verb : m_verbs) {
         if (verb.command->parsed() && verb.command->get_subcommands().empty()) {
@@ -94,6 +137,26 @@ ExitCode complainAboutReply(const std::exception& error) {
                                 "and vantrelctl have the same version?",
                                 error.what()),
                     ExitCode::failed);
+}
+
+ExitCode run(const Command& command, const Verb& verb, const VerbCall& call) {
+    std::vector<std::string> arguments;
+    if (verb.arguments) {
+        arguments = verb.arguments(call.typed);
+    } else {
+        for (const Word& word : verb.words) {
+            arguments.push_back(call.typed[word.name]);
+        }
+    }
+    return show(ControlClient::call(command.method, arguments), command.text, call);
+}
+
+ExitCode show(const ControlClient::Result<nlohmann::json>& answer, const VerbText& text,
+              const VerbCall& call) {
+    const auto shown = show<nlohmann::json>(answer, call.output,
+                                            [&](const nlohmann::json& reply) { return text(reply, call); });
+    const bool hasFailed = answer && answer->value("failed", std::size_t{0}) > 0;
+    return shown == ExitCode::done && hasFailed ? ExitCode::failed : shown;
 }
 
 std::string savedText(const nlohmann::json& saved) {

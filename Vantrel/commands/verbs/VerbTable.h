@@ -1,20 +1,13 @@
 // The verbs of vantrelctl: names, descriptions and what they do.
 #pragma once
 
-#include "Vantrel/commands/ControlClient.h"
-#include "Vantrel/commands/shell/ValueKind.h"
-#include "Vantrel/commands/terminal/DeskDrawing.h"
-#include "VantrelCore/model/Date.h"
-#include "VantrelCore/model/JsonCoding.h"
-#include "VantrelCore/ports/FileSystem.h"
+#include "Vantrel/commands/Command.h"
+#include "Vantrel/commands/verbs/VerbCall.h"
 
-#include <cstdint>
-#include <expected>
-#include <filesystem>
+#include <deque>
 #include <fmt/format.h>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,33 +19,15 @@ class Option;
 
 namespace vantrel {
 
-enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, notRunning = 3 };
-
-enum class VerbOutput : std::uint8_t { text, json };
-
-// The verbs' view of the machine they run on.
-struct VerbEnvironment {
-    // Called when something is about to be printed.
-    std::function<DeskDrawing::Options()> drawing;
-    // Formats a date in the user's time zone.
-    std::function<std::string(Date)> localDate;
-    // The running program's log.
-    std::filesystem::path logFile;
-    FileSystem& files;
-    // The folder of the program's stores, and its settings file.
-    std::filesystem::path supportDirectory;
-    std::filesystem::path settingsFile;
-    // Keeps any vantrel from using the support folder while the result exists; otherwise returns who is using
-    // it.
-    std::function<std::expected<std::shared_ptr<void>, std::string>()> lockSupportDirectory;
-};
-
 class VerbTable {
 public:
     // Receives the output format the user chose.
     using Run = std::function<ExitCode(VerbOutput)>;
 
     explicit VerbTable(VerbEnvironment environment) : m_environment(std::move(environment)) {}
+
+    // Adds the commands' verbs in their order; a verb comes after those above it.
+    void add(CLI::App& app, const std::vector<Command>& commands);
 
     // Adds a verb with --json below `parent`. Variables set by the caller's options must live as long as the
     // verb: keep them in `run`.
@@ -70,13 +45,19 @@ public:
     [[nodiscard]] const VerbEnvironment& environment() const { return m_environment; }
 
 private:
-    struct Verb {
+    struct Added {
         const CLI::App* command;
         Run run;
     };
 
+    // Returns the parser's option.
+    const CLI::Option* addWord(CLI::App& verb, const Word& word);
+
     VerbEnvironment m_environment;
-    std::vector<Verb> m_verbs;
+    std::vector<Added> m_verbs;
+    // Where the parser puts what it reads; `Typed` takes it from there.
+    std::deque<std::string> m_values;
+    std::deque<std::vector<std::string>> m_lists;
     std::map<const CLI::Option*, ValueKind> m_kinds;
     bool m_asJson = false;
 };
@@ -116,6 +97,14 @@ ExitCode show(const ControlClient::Result<nlohmann::json>& answer, VerbOutput ou
     }
     return ExitCode::done;
 }
+
+// Calls the command's method as the verb says and prints the reply. The exit code is `failed` if the reply
+// reports windows that could not be restored.
+ExitCode run(const Command& command, const Verb& verb, const VerbCall& call);
+
+// Prints the reply of a command.
+ExitCode show(const ControlClient::Result<nlohmann::json>& answer, const VerbText& text,
+              const VerbCall& call);
 
 // Describes what was saved.
 [[nodiscard]] std::string savedText(const nlohmann::json& saved);

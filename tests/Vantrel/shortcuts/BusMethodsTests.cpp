@@ -1,7 +1,7 @@
 // What can be asked over the session bus, on a controller with a simulated desk: hostile and ambiguous
 // arguments.
+#include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
-#include "Vantrel/commands/methods/LayoutMethods.h"
 #include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
 #include "Vantrel/commands/methods/SettingsMethods.h"
@@ -31,7 +31,8 @@ struct BusMethods : testing::Test {
         auto& controller = *story.controller;
         std::vector<ControlMethod> all;
         for (auto group :
-             {deskMethods(controller, "/support/Vantrel"), layoutMethods(controller), ruleMethods(controller),
+             {deskMethods(controller, "/support/Vantrel"),
+              methodsOf(layoutCommands(), controller, "/support/Vantrel"), ruleMethods(controller),
               sceneMethods(controller), settingsMethods(controller.defaults()), triggerMethods(controller)}) {
             std::ranges::move(group, std::back_inserter(all));
         }

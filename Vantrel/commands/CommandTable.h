@@ -1,0 +1,17 @@
+// Every command, by subject, in the order in which help lists the verbs.
+#pragma once
+
+#include "Vantrel/commands/Command.h"
+
+#include <vector>
+
+namespace vantrel {
+
+[[nodiscard]] std::vector<Command> layoutCommands();
+
+// The commands' methods for the bus. The controller outlives them.
+[[nodiscard]] std::vector<ControlMethod> methodsOf(const std::vector<Command>& commands,
+                                                   AppController& controller,
+                                                   const std::filesystem::path& supportDirectory);
+
+} // namespace vantrel
