@@ -2,14 +2,8 @@
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/verbs/DeskVerbs.h"
 #include "Vantrel/commands/verbs/DoctorVerb.h"
-#include "Vantrel/commands/verbs/HotKeyVerbs.h"
-#include "Vantrel/commands/verbs/LicenseVerbs.h"
-#include "Vantrel/commands/verbs/RuleVerbs.h"
 #include "Vantrel/commands/verbs/SceneVerbs.h"
-#include "Vantrel/commands/verbs/SettingsVerbs.h"
 #include "Vantrel/commands/verbs/ShellVerbs.h"
-#include "Vantrel/commands/verbs/StashVerbs.h"
-#include "Vantrel/commands/verbs/TriggerVerbs.h"
 #include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/Terminal.h"
@@ -89,14 +83,14 @@ int main(int argumentCount, char** arguments) {
                      .lockSupportDirectory = lockSupportDirectory});
     addDeskVerbs(verbs, app);
     verbs.add(app, layoutCommands());
-    addStashVerbs(verbs, app);
+    verbs.add(app, stashCommands());
     addSceneVerbs(verbs, app);
-    addTriggerVerbs(verbs, app);
-    addSuggestionVerbs(verbs, app);
-    addRuleVerbs(verbs, app);
-    addSettingsVerbs(verbs, app);
-    addHotKeyVerbs(verbs, app);
-    addLicenseVerbs(verbs, app);
+    verbs.add(app, triggerCommands());
+    verbs.add(app, suggestionCommands());
+    verbs.add(app, ruleCommands());
+    verbs.add(app, settingsCommands());
+    verbs.add(app, hotKeyCommands());
+    verbs.add(app, licenseCommands());
     addDoctorVerb(verbs, app);
     addShellVerbs(verbs, app, VANTREL_VERSION);
 

@@ -74,6 +74,8 @@ struct Verb {
     std::vector<Word> words{};
     // The method's arguments; the words' values in their order unless stated.
     std::function<std::vector<std::string>(const Typed&)> arguments{};
+    // Printed below the help. A verb with examples only holds those below it.
+    const char* examples = nullptr;
 };
 
 struct Command {

@@ -1,6 +1,18 @@
 #include "Vantrel/commands/CommandTable.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace vantrel {
+
+std::vector<Command> everyCommand() {
+    std::vector<Command> all;
+    for (auto* const group : {layoutCommands, stashCommands, triggerCommands, suggestionCommands,
+                              ruleCommands, settingsCommands, hotKeyCommands, licenseCommands}) {
+        std::ranges::move(group(), std::back_inserter(all));
+    }
+    return all;
+}
 
 std::vector<ControlMethod> methodsOf(const std::vector<Command>& commands, AppController& controller,
                                      const std::filesystem::path& supportDirectory) {

@@ -8,6 +8,15 @@
 namespace vantrel {
 
 [[nodiscard]] std::vector<Command> layoutCommands();
+[[nodiscard]] std::vector<Command> stashCommands();
+[[nodiscard]] std::vector<Command> triggerCommands();
+[[nodiscard]] std::vector<Command> suggestionCommands();
+[[nodiscard]] std::vector<Command> ruleCommands();
+[[nodiscard]] std::vector<Command> settingsCommands();
+[[nodiscard]] std::vector<Command> hotKeyCommands();
+[[nodiscard]] std::vector<Command> licenseCommands();
+
+[[nodiscard]] std::vector<Command> everyCommand();
 
 // The commands' methods for the bus. The controller outlives them.
 [[nodiscard]] std::vector<ControlMethod> methodsOf(const std::vector<Command>& commands,

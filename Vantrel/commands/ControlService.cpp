@@ -7,15 +7,8 @@
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
 #include "Vantrel/commands/methods/FileMethods.h"
-#include "Vantrel/commands/methods/HotKeyMethods.h"
 #include "Vantrel/commands/methods/IntentMethods.h"
-#include "Vantrel/commands/methods/LicenseMethods.h"
-#include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
-#include "Vantrel/commands/methods/SettingsMethods.h"
-#include "Vantrel/commands/methods/StashMethods.h"
-#include "Vantrel/commands/methods/SuggestionMethods.h"
-#include "Vantrel/commands/methods/TriggerMethods.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -41,16 +34,9 @@ std::vector<ControlMethod> controlMethods(AppController& controller,
     const auto add = [&all](std::vector<ControlMethod> group) {
         std::ranges::move(group, std::back_inserter(all));
     };
+    add(methodsOf(everyCommand(), controller, supportDirectory));
     add(deskMethods(controller, supportDirectory));
-    add(methodsOf(layoutCommands(), controller, supportDirectory));
-    add(stashMethods(controller));
     add(sceneMethods(controller));
-    add(triggerMethods(controller));
-    add(suggestionMethods(controller));
-    add(ruleMethods(controller));
-    add(settingsMethods(controller.defaults()));
-    add(hotKeyMethods(controller));
-    add(licenseMethods(controller));
     add(fileMethods(controller));
     return all;
 }

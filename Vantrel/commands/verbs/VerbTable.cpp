@@ -44,6 +44,10 @@ void VerbTable::add(CLI::App& app, const std::vector<Command>& commands) {
                 parent = parent->get_subcommand(name.substr(0, blank));
                 name.erase(0, blank + 1);
             }
+            if (verb.examples != nullptr) {
+                parent->add_subcommand(name, verb.help)->require_subcommand(1)->footer(verb.examples);
+                continue;
+            }
             auto& added = addPlain(*parent, name, verb.help, {});
             added.add_flag("--json", m_asJson, "Print JSON, for programs");
             std::map<std::string, const CLI::Option*> options;

@@ -3,13 +3,10 @@
 #include "Vantrel/commands/ControlCall.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/Diagnosis.h"
-#include "Vantrel/commands/methods/SettingsMethods.h"
 #include "Vantrel/commands/terminal/LogReader.h"
 #include "Vantrel/commands/verbs/VerbTable.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 #include "tests/simulated/MemoryFileSystem.h"
-#include "tests/simulated/SimulatedDefaults.h"
-#include "tests/simulated/SimulatedTime.h"
 
 #include <algorithm>
 #include <fstream>
@@ -190,31 +187,6 @@ TEST_F(LogReaderTest, FollowsAcrossRotation) {
     append(log, "new\n");
     EXPECT_EQ(reader.appended(), "unread before\nnew\n");
     EXPECT_EQ(reader.appended(), "");
-}
-
-struct SettingsOverTheBus : testing::Test {
-    simulated::SimulatedTime time;
-    simulated::SimulatedDefaults defaults{time};
-
-    ControlAnswer call(const std::string& name, const std::vector<std::string>& arguments = {}) {
-        const auto methods = settingsMethods(defaults);
-        const auto method = std::ranges::find(methods, name, &ControlMethod::name);
-        ControlAnswer answer;
-        method->call(arguments, [&](const ControlAnswer& given) { answer = given; });
-        return answer;
-    }
-};
-
-TEST_F(SettingsOverTheBus, AcceptOnlyValuesOfTheirType) {
-    EXPECT_EQ(call("SetSetting", {"settleDelay", "2"})->at("value"), 2.0);
-    EXPECT_FALSE(call("SetSetting", {"settleDelay", "-1"}));
-    EXPECT_EQ(call("SetSetting", {"setleDelay", "1"}).error().sentence,
-              "There is no setting \"setleDelay\". See: vantrelctl settings");
-    EXPECT_EQ(defaults.number("settleDelay"), 2);
-    EXPECT_EQ(call("UnsetSetting", {"settleDelay"})->at("value"), 0.5);
-    EXPECT_FALSE(call("UnsetSetting", {"setleDelay"}));
-    defaults.failWrites();
-    EXPECT_FALSE(call("SetSetting", {"settleDelay", "2"}));
 }
 
 const std::string hostile = "\x1b]0;owned\x07\nLayout deleted.\u009b2J\u202e";

@@ -2,10 +2,7 @@
 // arguments.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/methods/DeskMethods.h"
-#include "Vantrel/commands/methods/RuleMethods.h"
 #include "Vantrel/commands/methods/SceneMethods.h"
-#include "Vantrel/commands/methods/SettingsMethods.h"
-#include "Vantrel/commands/methods/TriggerMethods.h"
 #include "Vantrel/commands/shell/CompletionValues.h"
 #include "tests/Vantrel/controller/Story.h"
 
@@ -29,11 +26,8 @@ struct BusMethods : testing::Test {
 
     std::vector<ControlMethod> methods() {
         auto& controller = *story.controller;
-        std::vector<ControlMethod> all;
-        for (auto group :
-             {deskMethods(controller, "/support/Vantrel"),
-              methodsOf(layoutCommands(), controller, "/support/Vantrel"), ruleMethods(controller),
-              sceneMethods(controller), settingsMethods(controller.defaults()), triggerMethods(controller)}) {
+        auto all = methodsOf(everyCommand(), controller, "/support/Vantrel");
+        for (auto group : {deskMethods(controller, "/support/Vantrel"), sceneMethods(controller)}) {
             std::ranges::move(group, std::back_inserter(all));
         }
         return all;
@@ -113,6 +107,18 @@ TEST_F(BusMethods, ScenesAreRefusedInTheWordsOfTheSettings) {
         ASSERT_TRUE(call("CreateEmptyScene", {std::to_string(number)}));
     }
     EXPECT_EQ(refusal("CreateEmptyScene", {"13"}), "12 scenes max. Delete one to add another.");
+}
+
+TEST_F(BusMethods, SettingsAcceptOnlyValuesOfTheirType) {
+    EXPECT_EQ(call("SetSetting", {"settleDelay", "2"})->at("value"), 2.0);
+    EXPECT_FALSE(call("SetSetting", {"settleDelay", "-1"}));
+    EXPECT_EQ(refusal("SetSetting", {"setleDelay", "1"}),
+              "There is no setting \"setleDelay\". See: vantrelctl settings");
+    EXPECT_EQ(story.defaults.number("settleDelay"), 2);
+    EXPECT_EQ(call("UnsetSetting", {"settleDelay"})->at("value"), 0.5);
+    EXPECT_FALSE(call("UnsetSetting", {"setleDelay"}));
+    story.defaults.failWrites();
+    EXPECT_FALSE(call("SetSetting", {"settleDelay", "2"}));
 }
 
 TEST_F(BusMethods, ShellsCompleteWhatTheProgramKnows) {

@@ -1,0 +1,137 @@
+// The commands for keyboard shortcuts.
+#include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/controller/AppController.h"
+#include "VantrelCore/commands/HotKeyRecording.h"
+#include "VantrelCore/commands/HotKeyText.h"
+
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+using namespace ControlAnswers;
+using Kind = HotKeySurface::Kind;
+
+constexpr std::array<std::pair<Kind, const char*>, 5> fixedNames{{{Kind::fixedRestore, "restore"},
+                                                                  {Kind::fixedSave, "save"},
+                                                                  {Kind::stash, "stash"},
+                                                                  {Kind::undo, "undo"},
+                                                                  {Kind::quickSwitcher, "quickSwitcher"}}};
+
+nlohmann::json message(const HotKeyStatus& status) {
+    const auto& taken = status.taken;
+    const auto* const fixed =
+        std::ranges::find(fixedNames, taken.surface.kind, &std::pair<Kind, const char*>::first);
+    nlohmann::json json{{"command", fixed == fixedNames.end() ? "scene" : fixed->second},
+                        {"label", taken.label},
+                        {"keys", HotKeyText::text(taken.combo)},
+                        {"keyCode", taken.combo.keyCode},
+                        {"modifiers", taken.combo.modifiers},
+                        {"refused", status.state == HotKeyStatus::State::refused},
+                        {"available", status.state != HotKeyStatus::State::notAvailableYet}};
+    if (taken.surface.kind == Kind::scene) {
+        json["sceneID"] = taken.surface.sceneID;
+    }
+    return json;
+}
+
+ControlAnswer hotKeys(const BusCall& call) {
+    auto list = nlohmann::json::array();
+    for (const auto& status : call.controller.published().hotKeys) {
+        list.push_back(message(status));
+    }
+    return nlohmann::json{{"hotKeys", std::move(list)}};
+}
+
+// Finds a fixed command or a scene by name.
+std::optional<HotKeySurface> surface(const AppController& controller, const std::string& name) {
+    for (const auto& [kind, fixed] : fixedNames) {
+        if (name == fixed) {
+            return HotKeySurface{kind, {}};
+        }
+    }
+    for (const auto& scene : controller.published().scenes) {
+        if (scene.name == name) {
+            return HotKeySurface::scene(scene.id);
+        }
+    }
+    return std::nullopt;
+}
+
+ControlAnswer change(const BusCall& call, std::optional<HotKeyCombo> combo) {
+    const auto found = surface(call.controller, call[0]);
+    if (!found) {
+        return refused("There is no command or scene \"" + call[0] +
+                       "\". The commands are restore, save, stash and undo.");
+    }
+    if (combo && !found->isAvailable()) {
+        return refused(std::string(HotKeyRecording::commandLabel(found->kind)) +
+                       " is not available yet. Nothing was changed.");
+    }
+    const auto changed = call.controller.setHotkey(*found, combo);
+    return changed ? hotKeys(call) : refused(changed.error());
+}
+
+ControlAnswer set(const BusCall& call) {
+    const auto combo = HotKeyText::parse(call[1]);
+    return combo ? change(call, *combo) : refused(combo.error());
+}
+
+ControlAnswer clear(const BusCall& call) {
+    return change(call, std::nullopt);
+}
+
+const char* remark(const nlohmann::json& hotKey) {
+    if (!hotKey.value("available", true)) {
+        return "  (not available yet)";
+    }
+    return hotKey.at("refused").get<bool>()
+               ? "  (refused: another program holds it, or this keyboard has no such key)"
+               : "";
+}
+
+std::string hotKeysText(const nlohmann::json& reply, const VerbCall& /*call*/) {
+    std::string text;
+    for (const auto& each : reply.at("hotKeys")) {
+        text += fmt::format("{:<20} {}{}\n", each.at("keys").get<std::string>(),
+                            each.at("label").get<std::string>(), remark(each));
+    }
+    return text;
+}
+
+constexpr Word command{"command", "restore, save, stash, undo, or a scene's name", ValueKind::shortcut};
+
+} // namespace
+
+std::vector<Command> hotKeyCommands() {
+    return {
+        {.method = "HotKeys",
+         .result = "hotKeys",
+         .handler = hotKeys,
+         .verbs = {{"hotkeys", "List the keyboard shortcuts; set or clear one"}},
+         .text = hotKeysText},
+        {.method = "SetHotKey",
+         .arguments = {"command", "keys"},
+         .result = "hotKeys",
+         .handler = set,
+         .verbs = {{"hotkeys set",
+                    "Give a command or scene a shortcut",
+                    {command, {"keys", "Like Super+Shift+R or F9"}}}},
+         .text = hotKeysText},
+        {.method = "ClearHotKey",
+         .arguments = {"command"},
+         .result = "hotKeys",
+         .handler = clear,
+         .verbs = {{"hotkeys clear",
+                    "Clear a shortcut; restore, save and stash return to their defaults",
+                    {command}}},
+         .text = hotKeysText},
+    };
+}
+
+} // namespace vantrel

@@ -1,0 +1,166 @@
+// The commands for per-application rules.
+#include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/terminal/TextColumns.h"
+#include "Vantrel/commands/verbs/VerbTexts.h"
+#include "Vantrel/controller/AppController.h"
+#include "VantrelCore/displays/DisplayLabels.h"
+#include "VantrelCore/model/AppRule.h"
+
+#include <fmt/format.h>
+
+namespace vantrel {
+
+namespace {
+
+using namespace ControlAnswers;
+
+ControlAnswer unknownApp(AppController& controller, const std::string& called) {
+    std::string known;
+    for (const auto& app : controller.rules().knownApps()) {
+        known += fmt::format("{}{} ({})", known.empty() ? "" : ", ", app.appName, app.bundleID);
+    }
+    return refused(fmt::format("There is no known application \"{}\".{}", called,
+                               known.empty() ? "" : " Known applications: " + known + "."));
+}
+
+// Finds a display among connected and remembered ones.
+std::expected<DisplayInfo, std::string> display(AppController& controller, const std::string& called) {
+    std::vector<std::vector<DisplayInfo>> desks{controller.published().displays};
+    for (const Layout& layout : controller.allLayouts()) {
+        desks.push_back(layout.displays);
+    }
+    for (const Scene& scene : controller.published().scenes) {
+        desks.push_back(scene.layout.displays);
+    }
+    return DisplayLabels::resolve(called, desks);
+}
+
+// Connected displays are shown with their current labels.
+ControlAnswer rules(const BusCall& call) {
+    const auto labels = DisplayLabels::of(call.controller.published().displays);
+    auto rules = call.controller.rules().rules();
+    for (AppRule& rule : rules) {
+        if (auto* const forced = std::get_if<AppRule::ForceDisplay>(&rule.action)) {
+            const auto label = labels.find(forced->uuid);
+            forced->displayName = label == labels.end() ? forced->displayName : label->second;
+        }
+    }
+    return nlohmann::json{{"rules", std::move(rules)}};
+}
+
+// `action` is "ignore", "display" or "none"; `displayName` matters only for "display". An empty ID matches no
+// display, so such a rule moves nothing and only carries `restoreLast`.
+ControlAnswer setRule(const BusCall& call) {
+    const auto app = call.controller.rules().app(call[0]);
+    if (!app) {
+        return unknownApp(call.controller, call[0]);
+    }
+    AppRule rule{.bundleID = app->bundleID, .appName = app->appName, .action = {}, .restoreLast = {}};
+    if (call[1] == "display") {
+        const auto found = display(call.controller, call[2]);
+        if (!found) {
+            return refused(found.error());
+        }
+        rule.action = AppRule::ForceDisplay{.uuid = found->uuid, .displayName = found->name};
+    } else if (call[1] == "none") {
+        rule.action = AppRule::ForceDisplay{};
+    } else if (call[1] != "ignore") {
+        return refused(
+            fmt::format("The action must be \"ignore\", \"display\" or \"none\", not \"{}\".", call[1]));
+    }
+    if (call[3] == "true") {
+        rule.restoreLast = true;
+    } else if (call[3] != "false") {
+        return refused("The argument restoreLast must be \"true\" or \"false\".");
+    }
+    if (call[1] == "none" && !rule.restoreLast) {
+        return refused("That rule would do nothing. To remove a rule: vantrelctl rules remove");
+    }
+    if (const auto result = call.controller.rules().setRule(rule); !result) {
+        return refused(text(result.error()));
+    }
+    return nlohmann::json(rule);
+}
+
+ControlAnswer removeRule(const BusCall& call) {
+    const auto app = call.controller.rules().app(call[0]);
+    if (!app) {
+        return unknownApp(call.controller, call[0]);
+    }
+    if (const auto result = call.controller.rules().removeRule(app->bundleID); !result) {
+        return refused(text(result.error()));
+    }
+    return nlohmann::json{{"bundleID", app->bundleID}, {"appName", app->appName}};
+}
+
+std::string meaning(const AppRule& rule) {
+    std::string text;
+    if (std::holds_alternative<AppRule::Ignore>(rule.action)) {
+        text = "is left alone";
+    } else if (const auto& forced = std::get<AppRule::ForceDisplay>(rule.action); !forced.uuid.empty()) {
+        text = "stays on " + forced.displayName;
+    }
+    if (rule.restoreLast.value_or(false)) {
+        text += text.empty() ? "is placed last" : ", is placed last";
+    }
+    return text;
+}
+
+std::string list(const nlohmann::json& reply, const DeskDrawing::Options& drawing) {
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& rule : JsonCoding::required<std::vector<AppRule>>(reply, "rules")) {
+        rows.push_back({rule.appName, meaning(rule), rule.bundleID});
+    }
+    return rows.empty() ? "There are no rules. Make one with: vantrelctl rules set APP --ignore\n"
+                        : TextColumns::lines(rows, drawing.columns);
+}
+
+std::string ruleText(const AppRule& rule) {
+    return fmt::format("{} {}.\n", rule.appName, meaning(rule));
+}
+
+std::vector<std::string> setArguments(const Typed& typed) {
+    const std::string display = typed["--display"];
+    const char* const action = typed.has("--ignore") ? "ignore" : display.empty() ? "none" : "display";
+    return {typed["APP"], action, display, typed.has("--last") ? "true" : "false"};
+}
+
+} // namespace
+
+std::vector<Command> ruleCommands() {
+    return {
+        {.method = "Rules",
+         .result = "rules",
+         .handler = rules,
+         .verbs = {{"rules", "List the rules that leave applications alone or keep them on a display"},
+                   {"rules list", "List the rules"}},
+         .text = VerbTexts::of<nlohmann::json>(list)},
+        {.method = "SetRule",
+         .arguments = {"application", "action", "display", "restoreLast"},
+         .result = "rule",
+         .handler = setRule,
+         .verbs = {{"rules set",
+                    "Set an application's rule, replacing any previous one",
+                    {{"APP", "The application's name or ID, as shown by desks and rules",
+                      ValueKind::application},
+                     {"--ignore", "Neither learn nor move its windows", ValueKind::flag},
+                     {.name = "--display",
+                      .help = "Keep its windows on this display, by its label (vantrelctl displays)",
+                      .kind = ValueKind::display,
+                      .excluded = "--ignore"},
+                     {"--last", "Place its windows after all others", ValueKind::flag}},
+                    setArguments}},
+         .text = VerbTexts::of<AppRule>(ruleText)},
+        {.method = "RemoveRule",
+         .arguments = {"application"},
+         .result = "rule",
+         .handler = removeRule,
+         .verbs = {{"rules remove",
+                    "Remove an application's rule",
+                    {{"APP", "The application's name or ID", ValueKind::ruledApplication}}}},
+         .text = VerbTexts::sentence("Removed the rule for {appName}.")},
+    };
+}
+
+} // namespace vantrel

@@ -1,0 +1,156 @@
+// The commands for settings.
+#include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/terminal/TextColumns.h"
+#include "Vantrel/commands/verbs/VerbTable.h"
+#include "Vantrel/controller/AppController.h"
+#include "Vantrel/controller/SettingKey.h"
+
+#include <fmt/format.h>
+
+namespace vantrel {
+
+namespace {
+
+using namespace ControlAnswers;
+using JsonCoding::required;
+
+constexpr const char* notWritten = "The settings could not be written to disk. Nothing was changed.";
+
+struct Shown {
+    template <typename Plain>
+    nlohmann::json operator()(const Plain& plain) const {
+        return plain;
+    }
+
+    nlohmann::json operator()(Date date) const { return iso8601Text(date); }
+
+    nlohmann::json operator()(const DefaultsData& data) const { return data.bytes; }
+};
+
+nlohmann::json json(const std::optional<DefaultsValue>& value) {
+    return value ? std::visit(Shown{}, *value) : nlohmann::json(nullptr);
+}
+
+nlohmann::json describe(const SettingKey& key, UserDefaults& defaults) {
+    const auto stored = key.stored(defaults);
+    return {{"key", key.name},
+            {"value", json(stored ? stored : key.fallback)},
+            {"default", json(key.fallback)},
+            {"isSet", stored.has_value()},
+            {"takes", key.typeText()},
+            {"description", key.description},
+            {"isNote", key.purpose == SettingKey::Purpose::note}};
+}
+
+std::string unknown(const std::string& name) {
+    return fmt::format("There is no setting \"{}\". See: vantrelctl settings", name);
+}
+
+ControlAnswer settings(const BusCall& call) {
+    auto all = nlohmann::json::array();
+    for (const SettingKey& key : SettingKeys::all()) {
+        all.push_back(describe(key, call.controller.defaults()));
+    }
+    return nlohmann::json{{"settings", all}};
+}
+
+ControlAnswer set(const BusCall& call) {
+    const SettingKey* const key = SettingKeys::named(call[0]);
+    if (key == nullptr) {
+        return refused(unknown(call[0]));
+    }
+    const auto value = key->read(call[1]);
+    if (!value) {
+        return refused(value.error());
+    }
+    UserDefaults& defaults = call.controller.defaults();
+    return defaults.set(call[0], *value) ? ControlAnswer(describe(*key, defaults)) : refused(notWritten);
+}
+
+ControlAnswer unset(const BusCall& call) {
+    const SettingKey* const key = SettingKeys::named(call[0]);
+    if (key == nullptr) {
+        return refused(unknown(call[0]));
+    }
+    UserDefaults& defaults = call.controller.defaults();
+    return defaults.remove(call[0]) ? ControlAnswer(describe(*key, defaults)) : refused(notWritten);
+}
+
+// As in the settings file, but without the quotes around strings.
+std::string value(const nlohmann::json& json) {
+    return json.is_null() ? "-" : json.is_string() ? json.get<std::string>() : json.dump();
+}
+
+std::string list(const nlohmann::json& answer, const VerbCall& call) {
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& setting : answer.at("settings")) {
+        if (call.typed.has("--all") || !required<bool>(setting, "isNote")) {
+            rows.push_back({required<bool>(setting, "isSet") ? "*" : " ",
+                            required<std::string>(setting, "key"), value(setting.at("value")),
+                            required<std::string>(setting, "description")});
+        }
+    }
+    return TextColumns::lines(rows, call.environment.drawing().columns) +
+           "\n* marks settings that were set; the others have their defaults.\n";
+}
+
+std::string description(const nlohmann::json& setting, const VerbCall& /*call*/) {
+    const auto& fallback = setting.at("default");
+    return fmt::format("{} = {}\n{}\nTakes {}. {}\n", required<std::string>(setting, "key"),
+                       value(setting.at("value")), required<std::string>(setting, "description"),
+                       required<std::string>(setting, "takes"),
+                       fallback.is_null() ? "Absent by default." : "Default: " + value(fallback) + ".");
+}
+
+std::string changed(const nlohmann::json& setting, const VerbCall& /*call*/) {
+    return fmt::format("{} = {}{}\n", required<std::string>(setting, "key"), value(setting.at("value")),
+                       required<bool>(setting, "isSet") ? "" : " (the default)");
+}
+
+// Picks the setting with the key that was typed from all settings.
+ExitCode get(const VerbCall& call) {
+    auto answer = ControlClient::call("Settings");
+    if (answer && answer->contains("settings")) {
+        const auto& all = answer->at("settings");
+        const auto found = std::ranges::find_if(
+            all, [&](const auto& setting) { return setting.value("key", "") == call.typed["KEY"]; });
+        answer = found != all.end() ? ControlClient::Result<nlohmann::json>(*found)
+                                    : std::unexpected(ControlFailure{.message = unknown(call.typed["KEY"])});
+    }
+    return VerbPrinting::show(answer, description, call);
+}
+
+constexpr Word all{"--all", "Also list vantrel's own records", ValueKind::flag};
+constexpr Word key{"KEY", "The setting's name", ValueKind::settingKey};
+
+} // namespace
+
+std::vector<Command> settingsCommands() {
+    const auto none = [](const Typed& /*all*/) { return std::vector<std::string>(); };
+    return {
+        {.method = "Settings",
+         .result = "settings",
+         .handler = settings,
+         .verbs = {{"settings", "List, show and change settings", {all}, none},
+                   {"settings list", "List every setting with its value", {all}, none}},
+         .text = list},
+        {.verbs = {{"settings get", "Show a setting's meaning and valid values", {key}}}, .run = get},
+        {.method = "SetSetting",
+         .arguments = {"key", "value"},
+         .result = "setting",
+         .handler = set,
+         .verbs = {{"settings set",
+                    "Change a setting; takes effect at once",
+                    {key, {"VALUE", "true, false, a number or a string", ValueKind::settingValue}}}},
+         .text = changed},
+        {.method = "UnsetSetting",
+         .arguments = {"key"},
+         .result = "setting",
+         .handler = unset,
+         .verbs = {{"settings unset", "Reset a setting to its default", {key}}},
+         .text = changed},
+    };
+}
+
+} // namespace vantrel
