@@ -126,18 +126,24 @@ ExitCode complainAboutSharedFolder(const std::filesystem::path& folder, const In
 
 constexpr const char* serverIsGone = "The connection to the X server was lost.";
 
-// The log of a running desk; null before and after.
-AppLog*& runningLog() {
-    static AppLog* log = nullptr;
-    return log;
+struct Running {
+    AppLog& log;
+    AppController& controller;
+};
+
+// None before and after a desk is watched.
+std::optional<Running>& running() {
+    static std::optional<Running> running;
+    return running;
 }
 
 // Qt's connection to the X server calls exit() when it is lost, possibly before ours has noticed, while every
 // object is still in use.
 void endWithTheServer() {
-    if (AppLog* const log = runningLog()) {
+    if (running()) {
         complain(serverIsGone);
-        log->write("end: the connection to the X server was lost");
+        running()->controller.finishWriting();
+        running()->log.write("end: the connection to the X server was lost");
         std::_Exit(static_cast<int>(ExitCode::failed));
     }
 }
@@ -166,7 +172,7 @@ public:
         fmt::print("vantrel is watching this desk. Log: {}\n", m_log.file().string());
         std::fflush(stdout);
         QApplication::exec();
-        runningLog() = nullptr;
+        running().reset();
         if (m_result == ExitCode::done) {
             m_log.write("end: stopped on request");
         }
@@ -224,7 +230,7 @@ private:
                         "would overwrite the files of this one: " +
                         problem.message());
         }
-        runningLog() = &m_log;
+        running().emplace(m_log, *m_controller);
         m_controller->watchForPermission();
         m_controller->startEngine();
     }
@@ -400,8 +406,8 @@ int main(int argumentCount, char** arguments) {
     // Requires a server: without one Qt would abort the process.
     qputenv("QT_QPA_PLATFORM", "xcb");
     GuardedApplication<QApplication> application(argumentCount, arguments, [](const std::string& line) {
-        if (AppLog* const log = runningLog()) {
-            log->write(line);
+        if (running()) {
+            running()->log.write(line);
         }
     });
     application.setQuitOnLastWindowClosed(false);

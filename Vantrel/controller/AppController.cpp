@@ -31,17 +31,22 @@ const char* sourceName(RestoreSource source) {
 
 std::expected<std::unique_ptr<AppController>, std::error_code>
 AppController::create(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, Options options) {
-    auto stores = ControllerStores::open(options.supportDirectory, files, ports.clock);
+    auto writer = std::make_unique<BackgroundWriter>(ports.background, ports.mainQueue,
+                                                     [&log](const std::string& line) { log.write(line); });
+    const StoreFiles storeFiles(files.files(), files.incidents(), writer.get());
+    auto stores = ControllerStores::open(options.supportDirectory, storeFiles, ports.clock);
     if (!stores) {
         return std::unexpected(stores.error());
     }
+    stores->readAll();
     return std::unique_ptr<AppController>(
-        new AppController(ports, files, log, std::move(*stores), std::move(options)));
+        new AppController(ports, std::move(writer), storeFiles, log, std::move(*stores), std::move(options)));
 }
 
-AppController::AppController(const ControllerPorts& ports, const StoreFiles& files, AppLog& log,
-                             ControllerStores stores, Options options)
-    : m_stores(std::move(stores)), m_context(ports, log, m_stores.layouts, m_stores.scenes),
+AppController::AppController(const ControllerPorts& ports, std::unique_ptr<BackgroundWriter> writer,
+                             const StoreFiles& files, AppLog& log, ControllerStores stores, Options options)
+    : m_writer(std::move(writer)), m_stores(std::move(stores)),
+      m_context(ports, log, m_stores.layouts, m_stores.scenes),
       m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
       m_learning(m_context), m_runner(m_context, m_history), m_pinned(m_context, m_runner),
       m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
@@ -124,6 +129,8 @@ AppController::~AppController() {
     m_context.ports.workspace.setLaunchHandler({});
     m_context.ports.defaults.setChangeHandler({});
     m_runner.abandonMoves();
+    // While everything that hears of the end of a write still exists.
+    finishWriting();
 }
 
 void AppController::watchForPermission() {

@@ -178,6 +178,9 @@ public:
     void removeObserver(Publisher::ObserverID id) { m_context.publisher.remove(id); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
 
+    // Returns when everything that is written in the background is on disk. The destructor does the same.
+    void finishWriting() { m_writer->finishAll(); }
+
     // True while nothing is learned because the desk is in motion or about to be.
     [[nodiscard]] bool snapshotsSuspended() const { return m_context.gate.isLearningSuspended(); }
     // True while a capture or another pass over the windows is running.
@@ -185,8 +188,8 @@ public:
     [[nodiscard]] bool restoreInFlight() const { return m_context.gate.isRestoring(); }
 
 private:
-    AppController(const ControllerPorts& ports, const StoreFiles& files, AppLog& log, ControllerStores stores,
-                  Options options);
+    AppController(const ControllerPorts& ports, std::unique_ptr<BackgroundWriter> writer,
+                  const StoreFiles& files, AppLog& log, ControllerStores stores, Options options);
 
     [[nodiscard]] HotKeyFlow::Actions hotKeyActions();
     HotKeyResult setOptionalHotkey(HotKeySurface::Kind kind, std::optional<std::int64_t> keyCode,
@@ -200,6 +203,8 @@ private:
     // Publishes the state that depends on settings.
     void showSettings();
 
+    // Never null.
+    std::unique_ptr<BackgroundWriter> m_writer;
     ControllerStores m_stores;
     ControllerContext m_context;
     FilesFlow m_files;

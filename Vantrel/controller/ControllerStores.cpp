@@ -1,6 +1,5 @@
 #include "Vantrel/controller/ControllerStores.h"
 
-#include <tuple>
 #include <utility>
 
 namespace vantrel {
@@ -39,15 +38,15 @@ ControllerStores::open(const std::filesystem::path& directory, const StoreFiles&
 }
 
 void ControllerStores::readAll() {
-    std::ignore = layouts.rules();
-    std::ignore = scenes.lastAppliedSceneID("");
-    std::ignore = triggers.trigger("");
-    std::ignore = restoreLog.load();
-    std::ignore = receipts.load();
-    std::ignore = usage.load();
-    std::ignore = reliability.record("");
-    std::ignore = sizeBehavior.behavior("");
-    std::ignore = stashes.stash("");
+    layouts.read();
+    scenes.read();
+    triggers.read();
+    restoreLog.read();
+    receipts.read();
+    usage.read();
+    reliability.read();
+    sizeBehavior.read();
+    stashes.read();
 }
 
 } // namespace vantrel

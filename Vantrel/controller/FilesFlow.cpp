@@ -54,6 +54,9 @@ void FilesFlow::publish() {
 }
 
 std::expected<std::filesystem::path, std::string> FilesFlow::putBack(const std::string& copyName) {
+    if (m_files.writer() != nullptr) {
+        m_files.writer()->finishAll();
+    }
     auto file = StoreRepair::putBack(m_files.files(), m_directory, copyName);
     m_context.log("files: " + (file ? copyName + " was put back on request" : file.error()));
     if (file && m_incidents != nullptr) {

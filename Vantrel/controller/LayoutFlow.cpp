@@ -1,6 +1,7 @@
 #include "Vantrel/controller/LayoutFlow.h"
 
 #include "Vantrel/controller/CaptureNow.h"
+#include "VantrelCore/stores/UserEdit.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <fmt/format.h>
@@ -65,14 +66,17 @@ void LayoutFlow::returnTo(const Left& left) {
     if (left.layout && !m_context.store.layout(left.desk, left.name)) {
         Layout layout = *left.layout;
         layout.layoutName = left.name;
-        if (!m_context.store.save(layout)) {
-            m_context.log("undo: the layout that was switched away from could not be written");
-            return;
-        }
+        m_context.store.save(layout, Saving::later());
     }
-    if (m_context.store.setActiveLayout(left.name, left.desk)) {
-        layoutsChanged();
-    }
+    m_context.store.setActiveLayout(left.name, left.desk, Saving::later([this](bool isWritten) {
+                                        if (!isWritten) {
+                                            m_context.log(
+                                                "undo: the layout that was switched away from could "
+                                                "not be written");
+                                            layoutsChanged();
+                                        }
+                                    }));
+    layoutsChanged();
 }
 
 bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done) {
@@ -134,6 +138,7 @@ SaveOutcome LayoutFlow::store(Layout layout, const std::string& name) {
         layout.pinned = stored->pinned;
     }
     layout.layoutName = name;
+    const UserEdit edit;
     if (!m_context.store.saveAsActive(layout)) {
         return {.kind = SaveOutcome::Kind::writeFailed};
     }

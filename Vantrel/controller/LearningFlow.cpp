@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/stores/UserEdit.h"
 #include "VantrelCore/windows/AXPermission.h"
 
 #include <fmt/format.h>
@@ -84,11 +85,9 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
         }
         return;
     }
-    if (!save(*learned)) {
-        m_context.log("learning failed: the layout could not be written");
-        return;
-    }
-    m_context.log(fmt::format("learned layout: {} windows for {}", learned->windows.size(), learned->name));
+    saveLater(*learned,
+              fmt::format("learned layout: {} windows for {}", learned->windows.size(), learned->name),
+              "learning failed: the layout could not be written");
 }
 
 void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
@@ -104,22 +103,24 @@ void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
     if (stored && stored->isPinned()) {
         return;
     }
-    if (!save(layout)) {
-        m_context.log("pre-change snapshot lost: the layout could not be written");
-        return;
-    }
-    m_context.log(fmt::format("pre-change snapshot adopted: {} windows for {}", layout.windows.size(),
-                              layout.configID));
+    saveLater(
+        layout,
+        fmt::format("pre-change snapshot adopted: {} windows for {}", layout.windows.size(), layout.configID),
+        "pre-change snapshot lost: the layout could not be written");
 }
 
-bool LearningFlow::save(const Layout& layout) {
-    const bool isSaved = m_context.store.save(layout);
-    if (isSaved) {
-        m_context.showStoredLayouts();
-    } else {
-        m_context.showLearningFailed(true);
-    }
-    return isSaved;
+void LearningFlow::saveLater(const Layout& layout, std::string success, std::string failure) {
+    m_context.store.save(layout, Saving::later([this, success = std::move(success),
+                                                failure = std::move(failure)](bool isSaved) {
+                             m_context.log(isSaved ? success : failure);
+                             publishOutcome(isSaved);
+                             m_context.refreshStatus();
+                         }));
+}
+
+void LearningFlow::publishOutcome(bool isSaved) {
+    m_context.showStoredLayouts();
+    m_context.showLearningFailed(!isSaved);
 }
 
 void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
@@ -137,7 +138,10 @@ SaveOutcome LearningFlow::finishSave(Layout layout) {
     if (const auto stored = storedLike(layout)) {
         layout.pinned = stored->pinned;
     }
-    if (!save(layout)) {
+    const UserEdit edit;
+    const bool isSaved = m_context.store.save(layout);
+    publishOutcome(isSaved);
+    if (!isSaved) {
         return {.kind = SaveOutcome::Kind::writeFailed};
     }
     m_context.announce(HUD::Saved{static_cast<std::int64_t>(layout.windows.size())});

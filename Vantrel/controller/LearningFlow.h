@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace vantrel {
 
@@ -47,8 +48,9 @@ private:
     void keepForAdoption(const Layout& layout);
     void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
     [[nodiscard]] SaveOutcome finishSave(Layout layout);
-    // Saves the layout, and publishes a failure to do so.
-    [[nodiscard]] bool save(const Layout& layout);
+    // Saves the layout in the background and publishes the outcome. Logs `success` or `failure`.
+    void saveLater(const Layout& layout, std::string success, std::string failure);
+    void publishOutcome(bool isSaved);
     [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
 
     ControllerContext& m_context;

@@ -1,6 +1,7 @@
 #include "Vantrel/controller/RestoreHistory.h"
 
 #include <fmt/format.h>
+#include <tuple>
 #include <utility>
 
 namespace vantrel {
@@ -66,10 +67,27 @@ void RestoreHistory::showStored() {
     m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });
 }
 
-void RestoreHistory::check(bool isWritten, const char* what) {
-    if (!isWritten) {
-        m_context.log(fmt::format("restore history: the {} could not be written", what));
-    }
+Saving RestoreHistory::later(const char* what) {
+    return Saving::later([this, what](bool isWritten) {
+        if (!isWritten) {
+            noteFailure(what);
+        }
+    });
+}
+
+Saving RestoreHistory::entryLater() {
+    return Saving::later([this](bool isWritten) {
+        if (!isWritten) {
+            // The newest stored entry may be an earlier one.
+            m_latest.reset();
+            noteFailure("entry");
+        }
+    });
+}
+
+void RestoreHistory::noteFailure(const char* what) {
+    m_context.log(fmt::format("restore history: the {} could not be written", what));
+    showStored();
 }
 
 void RestoreHistory::record(const RestoreRequest& request, const RestorePass::Result& result) {
@@ -89,13 +107,10 @@ void RestoreHistory::record(const RestoreRequest& request, const RestorePass::Re
             return item.outcome == RestoreLog::Outcome::failed;
         });
     }
-    check(m_stores.reliability.record(lessons, now), "reliability of applications");
-    check(m_stores.sizeBehavior.record(result.sizes), "size behaviour of applications");
+    m_stores.reliability.record(lessons, now, later("reliability of applications"));
+    m_stores.sizeBehavior.record(result.sizes, later("size behaviour of applications"));
     recordTotals(request, windows, now);
-    if (!m_stores.restoreLog.record(*m_latest)) {
-        check(false, "entry");
-        m_latest.reset();
-    }
+    m_stores.restoreLog.record(*m_latest, entryLater());
     m_context.publisher.publish([&](PublishedState& state) {
         ++state.restoreLogVersion;
         state.lastAction = LastAction{.windowCount = windows, .date = now, .reason = request.reason};
@@ -111,10 +126,10 @@ void RestoreHistory::publishTotals() {
 }
 
 void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t windows, Date date) {
-    check(m_stores.receipts.update([&](RestoreReceipts& receipts) { return receipts.record(windows, date); }),
-          "receipt");
+    std::ignore = m_stores.receipts.update(
+        [&](RestoreReceipts& receipts) { return receipts.record(windows, date); }, later("receipt"));
     const std::string& desk = request.layout.configID;
-    check(m_stores.usage.update([&](UsageStats& usage) {
+    const auto count = [&](UsageStats& usage) {
         switch (request.purpose) {
         case RestorePurpose::restore:
             usage.recordRestore(windows, desk, date);
@@ -129,8 +144,8 @@ void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t wi
             usage.recordUndo(windows, desk, date);
             break;
         }
-    }),
-          "usage");
+    };
+    std::ignore = m_stores.usage.update(count, later("usage"));
 }
 
 void RestoreHistory::addFollowUp(const std::vector<std::size_t>& items) {
@@ -149,13 +164,12 @@ void RestoreHistory::addSettled(const std::vector<std::size_t>& items,
     for (const std::size_t item : items) {
         seated.push_back(m_latest->items.at(item));
     }
-    check(m_stores.reliability.record(seated, now), "reliability of applications");
-    check(m_stores.sizeBehavior.record(sizes), "size behaviour of applications");
-    check(m_stores.receipts.update([&](RestoreReceipts& receipts) { receipts.record(windows, now); }),
-          "receipt");
-    check(m_stores.usage.update(
-              [&](UsageStats& usage) { usage.recordSettled(windows, m_latest->configID, now); }),
-          "usage");
+    m_stores.reliability.record(seated, now, later("reliability of applications"));
+    m_stores.sizeBehavior.record(sizes, later("size behaviour of applications"));
+    std::ignore = m_stores.receipts.update([&](RestoreReceipts& receipts) { receipts.record(windows, now); },
+                                           later("receipt"));
+    std::ignore = m_stores.usage.update(
+        [&](UsageStats& usage) { usage.recordSettled(windows, m_latest->configID, now); }, later("usage"));
     publishTotals();
 }
 
@@ -168,7 +182,7 @@ void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Ou
         m_latest->items.at(item).reason.reset();
         m_latest->items.at(item).note.reset();
     }
-    check(m_stores.restoreLog.replaceNewest(*m_latest), "entry");
+    m_stores.restoreLog.replaceNewest(*m_latest, entryLater());
     m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });
 }
 

@@ -19,8 +19,8 @@ public:
     // Publishes the stored totals. The stores outlive this object.
     RestoreHistory(ControllerContext& context, ControllerStores& stores);
 
-    // Records a restore that has ended, or was abandoned after it had moved windows. Write failures are
-    // logged and otherwise ignored.
+    // Records a restore that has ended, or was abandoned after it had moved windows. Everything is written in
+    // the background; what could not be written is logged and no longer shown.
     void record(const RestoreRequest& request, const RestorePass::Result& result);
 
     // Marks these items of the last recorded report, by index, as retried: the follow-up has put them back.
@@ -45,7 +45,10 @@ private:
     void recordTotals(const RestoreRequest& request, std::int64_t windows, Date date);
     void publishTotals();
     void amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome);
-    void check(bool isWritten, const char* what);
+    // In the background.
+    [[nodiscard]] Saving later(const char* what);
+    [[nodiscard]] Saving entryLater();
+    void noteFailure(const char* what);
 
     ControllerContext& m_context;
     ControllerStores& m_stores;

@@ -5,6 +5,7 @@
 #include "VantrelCore/scenes/SceneDeskComparison.h"
 #include "VantrelCore/scenes/SceneGhostPlan.h"
 #include "VantrelCore/scenes/SceneRail.h"
+#include "VantrelCore/stores/UserEdit.h"
 
 #include <fmt/format.h>
 #include <map>
@@ -62,6 +63,7 @@ SceneSaveOutcome SceneFlow::add(std::string_view name, const Layout& layout) {
 }
 
 SceneSaveOutcome SceneFlow::save(std::string_view name, const Layout& layout) {
+    const UserEdit edit;
     const auto problem = problemWithNewName(name);
     if (!problem) {
         return add(name, layout);
@@ -191,18 +193,33 @@ void SceneFlow::solidify(const std::string& id, const std::vector<SlotFilling::F
     }
     Layout layout = scene->layout;
     layout.windows = SceneGhostPlan::solidify(layout.windows, indices, titles, frames);
-    if (updateSceneLayout(id, layout)) {
+    const auto saving =
+        later(fmt::format("scene solidified: the slots of {} could not be saved", scene->name));
+    if (m_store.updateSceneLayout(id, layout, saving)) {
         m_context.log(
             fmt::format("scene solidified: {} ghost slot(s) captured for {}", indices.size(), scene->name));
+        m_context.showStoredScenes();
     }
 }
 
 void SceneFlow::setLastApplied(const std::optional<std::string>& id) {
     const std::string& desk = m_context.state().configID;
-    if (!(id ? m_store.setLastAppliedScene(*id, desk) : m_store.forgetLastAppliedScene(desk))) {
-        m_context.log("scene applied: the last applied scene could not be saved");
+    const auto saving = later("scene applied: the last applied scene could not be saved");
+    if (id) {
+        m_store.setLastAppliedScene(*id, desk, saving);
+    } else {
+        m_store.forgetLastAppliedScene(desk, saving);
     }
     m_context.showStoredScenes();
+}
+
+Saving SceneFlow::later(std::string failure) {
+    return Saving::later([this, failure = std::move(failure)](bool isWritten) {
+        if (!isWritten) {
+            m_context.log(failure);
+            m_context.showStoredScenes();
+        }
+    });
 }
 
 std::vector<Scene> SceneFlow::scenesForCurrentDesk() const {

@@ -51,6 +51,8 @@ public:
     [[nodiscard]] std::optional<std::string> deskName(const std::string& configID);
 
 private:
+    // In the background; a failure is logged.
+    [[nodiscard]] Saving later(std::string failure);
     [[nodiscard]] std::optional<SceneProblem> problemWithNewName(std::string_view name);
     [[nodiscard]] SceneSaveOutcome add(std::string_view name, const Layout& layout);
     [[nodiscard]] SceneSaveOutcome save(std::string_view name, const Layout& layout);

@@ -3,6 +3,7 @@
 #include "Vantrel/controller/CaptureNow.h"
 #include "Vantrel/controller/ControllerText.h"
 #include "VantrelCore/model/FreshUUID.h"
+#include "VantrelCore/stores/UserEdit.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -49,6 +50,7 @@ StashFlow::Result StashFlow::keep(const Layout& captured) {
         return static_cast<std::int64_t>(layout.windows.size());
     };
     const Scene* scene = m_context.state().lastAppliedScene();
+    const UserEdit edit;
     Stash stash = m_store.add(
         {.id = freshUUID(),
          .createdAt = m_context.ports.clock.now(),
@@ -97,7 +99,7 @@ bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done
                       .undone =
                           [this, stash] {
                               if (!m_store.stash(stash.id)) {
-                                  m_store.add(stash);
+                                  m_store.add(stash, Saving::later([this](bool) { showStored(); }));
                                   showStored();
                               }
                           },
@@ -122,9 +124,13 @@ void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
         }
         return;
     }
-    if (!m_store.remove(stash.id)) {
-        m_context.log("stash: brought back, but kept because the file could not be written");
-    }
+    m_store.remove(stash.id, Saving::later([this](bool isWritten) {
+                       if (!isWritten) {
+                           m_context.log(
+                               "stash: brought back, but kept because the file could not be written");
+                           showStored();
+                       }
+                   }));
     showStored();
 }
 

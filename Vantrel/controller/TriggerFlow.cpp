@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <tuple>
 #include <utility>
 
 namespace vantrel {
@@ -153,9 +154,13 @@ void TriggerFlow::fireWhere(const Condition& isDue, const std::string& area, con
     const Date now = m_context.ports.clock.now();
     for (const SceneTrigger& trigger : due) {
         m_fired[trigger.id] = now;
-        if (!m_triggers.recordFired(trigger.id, now)) {
-            m_context.log(area + ": the time it fired could not be saved");
-        }
+        std::ignore =
+            m_triggers.recordFired(trigger.id, now, Saving::later([this, area](bool isWritten) {
+                                       if (!isWritten) {
+                                           m_context.log(area + ": the time it fired could not be saved");
+                                           showStored();
+                                       }
+                                   }));
     }
     showStored();
     for (const FiredTrigger& fired :

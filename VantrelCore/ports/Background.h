@@ -10,6 +10,8 @@
 namespace vantrel {
 
 enum class WorkPriority : std::uint8_t {
+    // Writes files, on a thread of its own, so that a slow disk holds up nothing else.
+    writing,
     // Nobody is waiting for the result (captures).
     utility,
     // The user is waiting for the result (restores).

@@ -81,11 +81,13 @@ std::set<std::string> AppReliabilityStore::stubbornBundleIDs() {
     return stubborn;
 }
 
-bool AppReliabilityStore::record(const std::vector<RestoreLog::Item>& items, Date at) {
-    return items.empty() || m_file.update([&](StoreFile& file) {
-        ingest(file.apps, items, at);
-        dropLongestUnseen(file.apps);
-    });
+bool AppReliabilityStore::record(const std::vector<RestoreLog::Item>& items, Date at, const Saving& saving) {
+    return items.empty() || m_file.update(
+                                [&](StoreFile& file) {
+                                    ingest(file.apps, items, at);
+                                    dropLongestUnseen(file.apps);
+                                },
+                                saving);
 }
 
 bool AppReliabilityStore::clear() {

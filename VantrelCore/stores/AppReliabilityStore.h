@@ -37,13 +37,16 @@ public:
     explicit AppReliabilityStore(JsonStore<StoreFile> file);
 
     // Worst first: by failure rate (none counts as 0), then failures, then name, localized and ignoring case.
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
     [[nodiscard]] std::vector<AppReliability> all();
     [[nodiscard]] std::optional<AppReliability> record(const std::string& bundleID);
     [[nodiscard]] std::set<std::string> stubbornBundleIDs();
 
     // Counts the items and writes once, or not at all without items. False when the write failed; nothing is
     // counted then.
-    bool record(const std::vector<RestoreLog::Item>& items, Date at);
+    bool record(const std::vector<RestoreLog::Item>& items, Date at, const Saving& saving = {});
     // Removes all applications.
     bool clear();
 

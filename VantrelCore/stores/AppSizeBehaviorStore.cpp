@@ -54,7 +54,7 @@ bool AppSizeBehaviorStore::record(const Observation& observation) {
     return record(std::vector{observation});
 }
 
-bool AppSizeBehaviorStore::record(const std::vector<Observation>& observations) {
+bool AppSizeBehaviorStore::record(const std::vector<Observation>& observations, const Saving& saving) {
     StoreFile file = m_file.load();
     bool learned = false;
     for (const auto& [bundleID, requested, achieved] : observations) {
@@ -64,7 +64,7 @@ bool AppSizeBehaviorStore::record(const std::vector<Observation>& observations) 
             learned = true;
         }
     }
-    return !learned || m_file.write(std::move(file));
+    return !learned || m_file.write(std::move(file), saving);
 }
 
 void to_json(nlohmann::json& json, const AppSizeBehaviorStore::StoreFile& file) {

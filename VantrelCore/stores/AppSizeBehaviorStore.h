@@ -43,6 +43,9 @@ public:
     // What is assumed of an application before anything is learned.
     [[nodiscard]] static AppSizeBehavior::Classification seed(const std::string& bundleID);
 
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
     [[nodiscard]] std::optional<AppSizeBehavior> behavior(const std::string& bundleID);
     // What was learned, else the seed.
     [[nodiscard]] AppSizeBehavior::Classification classification(const std::string& bundleID);
@@ -51,7 +54,7 @@ public:
     // Observations with a non-finite size come from broken windows and are ignored; without any others
     // nothing is written.
     bool record(const Observation& observation);
-    bool record(const std::vector<Observation>& observations);
+    bool record(const std::vector<Observation>& observations, const Saving& saving = {});
 
 private:
     JsonStore<StoreFile> m_file;

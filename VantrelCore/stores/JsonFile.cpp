@@ -40,16 +40,14 @@ bool allNumbersAreFinite(const nlohmann::json& json) {
 
 } // namespace
 
-JsonFile::JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion,
-                   const StoreFiles& files)
+JsonFile::JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion, FileSystem& files)
     : m_path(std::move(path)), m_schemaVersion(schemaVersion), m_files(files) {}
 
 bool JsonFile::read(const Decode& decode, const Encode& encode) {
     m_unknownKeys = {};
     m_isStuck = false;
     m_isNewer = false;
-    m_replacementsSeen = replacements();
-    const auto content = m_files.files().read(m_path);
+    const auto content = m_files.read(m_path);
     if (!content && content.error() == std::errc::no_such_file_or_directory) {
         return m_mayComeBack && readSetAside(decode, encode);
     }
@@ -74,14 +72,6 @@ std::string JsonFile::take(const std::string& content, const Decode& decode, con
     });
 }
 
-std::size_t JsonFile::replacements() const {
-    return m_files.incidents() != nullptr ? m_files.incidents()->replacements(m_path) : 0;
-}
-
-bool JsonFile::wasReplaced() const {
-    return replacements() != m_replacementsSeen;
-}
-
 std::string JsonFile::problemWith(const std::string& content, const Decode& decode) {
     try {
         decode(parse(content));
@@ -95,7 +85,7 @@ std::string JsonFile::problemWith(const std::string& content, const Decode& deco
 
 bool JsonFile::readSetAside(const Decode& decode, const Encode& encode) {
     const auto copy = SetAside::newestCopy(m_path);
-    const auto content = m_files.files().read(copy);
+    const auto content = m_files.read(copy);
     if (!content) {
         m_mayComeBack = content.error() != std::errc::no_such_file_or_directory;
         if (m_mayComeBack) {
@@ -109,7 +99,7 @@ bool JsonFile::readSetAside(const Decode& decode, const Encode& encode) {
         return false;
     }
     // If this fails, the content is used all the same, and the next write puts it in place.
-    const std::error_code error = m_files.files().rename(copy, m_path);
+    const std::error_code error = m_files.rename(copy, m_path);
     report(Kind::putBack, error ? error.message() : "");
     return true;
 }
@@ -132,17 +122,18 @@ bool JsonFile::write(const Encode& encode) {
         if (const std::string reason = makeOriginalSafe(); !reason.empty()) {
             return refuse(reason);
         }
-        const std::error_code error = m_files.files().writeAtomically(m_path, text);
+        const std::error_code error = m_files.writeAtomically(m_path, text);
         if (!isReplaced(error)) {
             return refuse(error.message());
         }
         m_unknownKeys = std::move(stillUnknown);
         m_isNewer = false;
-        m_keepsExpired = false;
         if (error) {
             report(Kind::notFlushed, error.message());
-        } else if (m_files.incidents() != nullptr) {
-            m_files.incidents()->clear(m_path, FileIncident::Topic::writing);
+        } else {
+            m_news.emplace_back([path = m_path](FileIncidents& incidents) {
+                incidents.clear(path, FileIncident::Topic::writing);
+            });
         }
     } catch (const std::exception& error) {
         return refuse(error.what());
@@ -156,7 +147,7 @@ bool JsonFile::refuse(const std::string& reason) {
 }
 
 void JsonFile::moveAside() {
-    const std::error_code error = SetAside::move(m_files.files(), m_path);
+    const std::error_code error = SetAside::move(m_files, m_path);
     const bool isGone = error == std::errc::no_such_file_or_directory;
     m_isStuck = error && !isGone;
     if (m_isStuck) {
@@ -177,19 +168,20 @@ std::string JsonFile::makeOriginalSafe() {
     if (m_isNewer) {
         reason = keepCopy(".newer", Kind::newerKept);
     }
-    if (m_keepsExpired && reason.empty()) {
+    if (reason.empty() && m_keepsExpired.exchange(false)) {
         reason = keepCopy(".expired", Kind::expiredKept);
+        m_keepsExpired = !reason.empty();
     }
     return reason;
 }
 
 std::string JsonFile::keepCopy(std::string_view suffix, Kind kind) {
-    const auto content = m_files.files().read(m_path);
+    const auto content = m_files.read(m_path);
     if (!content) {
         return content.error() == std::errc::no_such_file_or_directory ? "" : content.error().message();
     }
     const auto copy = SetAside::withSuffix(m_path, suffix);
-    const std::error_code error = m_files.files().writeAtomically(copy, *content);
+    const std::error_code error = m_files.writeAtomically(copy, *content);
     if (!isReplaced(error)) {
         return error.message();
     }
@@ -198,10 +190,12 @@ std::string JsonFile::keepCopy(std::string_view suffix, Kind kind) {
 }
 
 void JsonFile::report(Kind kind, std::string reason, std::filesystem::path copy) {
-    if (m_files.incidents() != nullptr) {
-        m_files.incidents()->report(
-            {.file = m_path, .kind = kind, .reason = std::move(reason), .copy = std::move(copy)});
-    }
+    m_news.emplace_back([incident = FileIncident{.file = m_path,
+                                                 .kind = kind,
+                                                 .reason = std::move(reason),
+                                                 .copy = std::move(copy)}](FileIncidents& incidents) {
+        incidents.report(incident);
+    });
 }
 
 } // namespace vantrel

@@ -2,10 +2,11 @@
 // unknown data when writing. JsonStore adds the record type and the cache.
 #pragma once
 
-#include "VantrelCore/stores/StoreFiles.h"
+#include "VantrelCore/ports/FileSystem.h"
+#include "VantrelCore/stores/FileIncidents.h"
 #include "VantrelCore/stores/UnknownKeys.h"
 
-#include <cstddef>
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -13,19 +14,23 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace vantrel {
 
-// Not locked: all calls come from the main thread.
+// Not locked: one thread uses it at a time, unless a function says otherwise. JsonStore sees to that.
 class JsonFile {
 public:
     // Throws if the document does not fit the record.
     using Decode = std::function<void(const nlohmann::json& document)>;
     // Fills the document with every key that the record knows.
     using Encode = std::function<void(nlohmann::json& document)>;
+    // What happened to the file, for the main thread to report.
+    using News = std::vector<std::function<void(FileIncidents&)>>;
 
     // Without a schema version the file is read and written without "version".
-    JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion, const StoreFiles& files);
+    JsonFile(std::filesystem::path path, std::optional<std::int64_t> schemaVersion, FileSystem& files);
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
 
@@ -35,9 +40,6 @@ public:
     // been written since.
     [[nodiscard]] bool read(const Decode& decode, const Encode& encode);
 
-    // Whether the file was replaced since the last read; see FileIncidents::noteReplaced.
-    [[nodiscard]] bool wasReplaced() const;
-
     // Why a file with this content cannot be used; empty when it can.
     [[nodiscard]] static std::string problemWith(const std::string& content, const Decode& decode);
 
@@ -46,15 +48,18 @@ public:
     // be moved aside, or a file whose copy could not be kept.
     [[nodiscard]] bool write(const Encode& encode);
 
-    // The next write first copies the file to ".expired" beside it, replacing an older copy.
+    // The next write first copies the file to ".expired" beside it, replacing an older copy. May be called
+    // from any thread.
     void keepExpired() { m_keepsExpired = true; }
+
+    // The news since the last call.
+    [[nodiscard]] News takeNews() { return std::exchange(m_news, {}); }
 
 private:
     using Kind = FileIncident::Kind;
 
     // Decodes the content. Returns why it cannot be used, or "" on success.
     [[nodiscard]] std::string take(const std::string& content, const Decode& decode, const Encode& encode);
-    [[nodiscard]] std::size_t replacements() const;
     [[nodiscard]] bool readSetAside(const Decode& decode, const Encode& encode);
     [[nodiscard]] bool refuse(const std::string& reason);
     void moveAside();
@@ -64,7 +69,7 @@ private:
 
     std::filesystem::path m_path;
     std::optional<std::int64_t> m_schemaVersion;
-    StoreFiles m_files;
+    FileSystem& m_files;
     // Keys in the file that this version does not know.
     UnknownKeys m_unknownKeys;
     // Why the file was last moved aside, or is about to be.
@@ -76,8 +81,8 @@ private:
     bool m_mayComeBack = true;
     // The file at m_path was written by a newer version.
     bool m_isNewer = false;
-    std::size_t m_replacementsSeen = 0;
-    bool m_keepsExpired = false;
+    std::atomic<bool> m_keepsExpired = false;
+    News m_news;
 };
 
 } // namespace vantrel

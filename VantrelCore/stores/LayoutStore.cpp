@@ -93,8 +93,8 @@ std::optional<Layout> LayoutStore::layout(const std::string& configID, const std
     return found == layouts.end() ? std::nullopt : std::optional(*found);
 }
 
-bool LayoutStore::save(const Layout& layout) {
-    return m_file.update([&](StoreFile& file) { replaceLayout(file, layout); });
+bool LayoutStore::save(const Layout& layout, const Saving& saving) {
+    return m_file.update([&](StoreFile& file) { replaceLayout(file, layout); }, saving);
 }
 
 bool LayoutStore::saveAsActive(const Layout& layout) {
@@ -155,8 +155,9 @@ std::string LayoutStore::activeLayoutName(const std::string& configID) {
     return activeName(m_file.load(), configID);
 }
 
-bool LayoutStore::setActiveLayout(const std::string& layoutName, const std::string& configID) {
-    return m_file.update([&](StoreFile& file) { setActiveName(file, configID, layoutName); });
+bool LayoutStore::setActiveLayout(const std::string& layoutName, const std::string& configID,
+                                  const Saving& saving) {
+    return m_file.update([&](StoreFile& file) { setActiveName(file, configID, layoutName); }, saving);
 }
 
 bool LayoutStore::setPinned(bool pinned, const std::string& configID, const std::string& layoutName) {

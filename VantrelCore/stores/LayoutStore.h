@@ -39,10 +39,14 @@ public:
     [[nodiscard]] std::vector<Layout> layouts(const std::string& configID);
     [[nodiscard]] std::optional<Layout> layout(const std::string& configID, const std::string& layoutName);
 
-    // The bool results report whether the whole file was written; false means that nothing changed.
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
+    // The bool results report whether the whole file was written; false means that nothing changed. See
+    // Saving for the exception.
 
     // Replaces the layout with the same desk and name.
-    bool save(const Layout& layout);
+    bool save(const Layout& layout, const Saving& saving = {});
     // The same, and makes it the active layout of its desk.
     bool saveAsActive(const Layout& layout);
     // Chooses a new active layout if the active one is deleted.
@@ -55,7 +59,8 @@ public:
     // such layout or the new name is taken.
     bool renameLayout(const std::string& configID, const std::string& layoutName, const std::string& newName);
     [[nodiscard]] std::string activeLayoutName(const std::string& configID);
-    bool setActiveLayout(const std::string& layoutName, const std::string& configID);
+    bool setActiveLayout(const std::string& layoutName, const std::string& configID,
+                         const Saving& saving = {});
     // False, without writing, if there is no such layout.
     bool setPinned(bool pinned, const std::string& configID, const std::string& layoutName);
 

@@ -17,17 +17,19 @@ RestoreLog RestoreLogStore::load() {
     return m_file.load().log;
 }
 
-bool RestoreLogStore::record(const RestoreLog::Entry& entry) {
-    return m_file.update([&](StoreFile& file) {
-        const std::size_t held = file.log.entries.size();
-        file.log.entries.insert(file.log.entries.begin(), entry);
-        return AgeLoss{held, file.log.prune(entry.date)};
-    });
+bool RestoreLogStore::record(const RestoreLog::Entry& entry, const Saving& saving) {
+    return m_file.update(
+        [&](StoreFile& file) {
+            const std::size_t held = file.log.entries.size();
+            file.log.entries.insert(file.log.entries.begin(), entry);
+            return AgeLoss{held, file.log.prune(entry.date)};
+        },
+        saving);
 }
 
-bool RestoreLogStore::replaceNewest(const RestoreLog::Entry& entry) {
+bool RestoreLogStore::replaceNewest(const RestoreLog::Entry& entry, const Saving& saving) {
     return !m_file.load().log.entries.empty() &&
-           m_file.update([&](StoreFile& file) { file.log.entries.front() = entry; });
+           m_file.update([&](StoreFile& file) { file.log.entries.front() = entry; }, saving);
 }
 
 bool RestoreLogStore::clear() {

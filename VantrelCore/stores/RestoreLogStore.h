@@ -25,12 +25,16 @@ public:
 
     [[nodiscard]] RestoreLog load();
 
-    // The bool results report whether the file was written; false means that nothing changed.
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
+    // The bool results report whether the file was written; false means that nothing changed. See Saving for
+    // the exception.
 
     // Puts the entry in front and prunes, as of its date, entries that are too old or too many.
-    bool record(const RestoreLog::Entry& entry);
+    bool record(const RestoreLog::Entry& entry, const Saving& saving = {});
     // Replaces the newest entry; false without one.
-    bool replaceNewest(const RestoreLog::Entry& entry);
+    bool replaceNewest(const RestoreLog::Entry& entry, const Saving& saving = {});
     bool clear();
 
 private:

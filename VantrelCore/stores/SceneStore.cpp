@@ -82,11 +82,12 @@ SceneStore::Result<Scene> SceneStore::rename(const std::string& id, std::string_
     return changeScene(id, [&](Scene& scene) { scene.name = trimmed; });
 }
 
-SceneStore::Result<Scene> SceneStore::updateLayout(const std::string& id, const Layout& layout) {
+SceneStore::Result<Scene> SceneStore::updateLayout(const std::string& id, const Layout& layout,
+                                                   const Saving& saving) {
     if (const auto existing = scene(id); existing && existing->isPinned()) {
         return std::unexpected(SceneStoreError::pinned);
     }
-    return changeScene(id, [&](Scene& scene) { scene.layout = layout; });
+    return changeScene(id, [&](Scene& scene) { scene.layout = layout; }, saving);
 }
 
 bool SceneStore::deleteScene(const std::string& id) {
@@ -125,16 +126,19 @@ std::optional<std::string> SceneStore::lastAppliedSceneID(const std::string& con
     return found == lastApplied.end() ? std::nullopt : std::optional(found->second);
 }
 
-bool SceneStore::setLastAppliedScene(const std::string& id, const std::string& configID) {
-    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.insert_or_assign(configID, id); });
+bool SceneStore::setLastAppliedScene(const std::string& id, const std::string& configID,
+                                     const Saving& saving) {
+    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.insert_or_assign(configID, id); },
+                         saving);
 }
 
-bool SceneStore::forgetLastAppliedScene(const std::string& configID) {
-    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.erase(configID); });
+bool SceneStore::forgetLastAppliedScene(const std::string& configID, const Saving& saving) {
+    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.erase(configID); }, saving);
 }
 
 template <typename Change>
-SceneStore::Result<Scene> SceneStore::changeScene(const std::string& id, Change&& change) {
+SceneStore::Result<Scene> SceneStore::changeScene(const std::string& id, Change&& change,
+                                                  const Saving& saving) {
     StoreFile file = m_file.load();
     const auto found = std::ranges::find(file.scenes, id, &Scene::id);
     if (found == file.scenes.end()) {
@@ -142,7 +146,7 @@ SceneStore::Result<Scene> SceneStore::changeScene(const std::string& id, Change&
     }
     std::forward<Change>(change)(*found);
     Scene changed = *found;
-    if (!m_file.write(std::move(file))) {
+    if (!m_file.write(std::move(file), saving)) {
         return std::unexpected(SceneStoreError::writeFailed);
     }
     return changed;

@@ -41,6 +41,9 @@ public:
 
     explicit SceneStore(JsonStore<StoreFile> file);
 
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
     [[nodiscard]] std::vector<Scene> allScenes();
     [[nodiscard]] std::optional<Scene> scene(const std::string& id);
     // The first scene with that name on any desk, ignoring case and white space around `name`.
@@ -49,16 +52,18 @@ public:
     // 1 to 30 characters, not counting surrounding white space.
     [[nodiscard]] static bool isValidName(std::string_view name);
 
-    // On error, file and store are unchanged.
+    // On error, file and store are unchanged. See Saving for the exception.
 
     // Stores the scene under its trimmed name, which another scene may already have.
     [[nodiscard]] Result<Scene> add(Scene scene);
     // invalidName also if another scene has the name, ignoring case.
     [[nodiscard]] Result<Scene> rename(const std::string& id, std::string_view name);
     // Refused for a pinned scene.
-    [[nodiscard]] Result<Scene> updateLayout(const std::string& id, const Layout& layout);
-    [[nodiscard]] Result<Scene> updateSceneLayout(const std::string& id, const Layout& layout) {
-        return updateLayout(id, layout);
+    [[nodiscard]] Result<Scene> updateLayout(const std::string& id, const Layout& layout,
+                                             const Saving& saving = {});
+    [[nodiscard]] Result<Scene> updateSceneLayout(const std::string& id, const Layout& layout,
+                                                  const Saving& saving = {}) {
+        return updateLayout(id, layout, saving);
     }
     // Deletes pinned scenes too; protecting them is up to the interface. False when the write failed.
     bool deleteScene(const std::string& id);
@@ -73,13 +78,13 @@ public:
 
     [[nodiscard]] std::optional<std::string> lastAppliedSceneID(const std::string& configID);
     // False when the write failed.
-    bool setLastAppliedScene(const std::string& id, const std::string& configID);
+    bool setLastAppliedScene(const std::string& id, const std::string& configID, const Saving& saving = {});
     // Clears the desk's last applied scene. False when the write failed.
-    bool forgetLastAppliedScene(const std::string& configID);
+    bool forgetLastAppliedScene(const std::string& configID, const Saving& saving = {});
 
 private:
     template <typename Change>
-    Result<Scene> changeScene(const std::string& id, Change&& change);
+    Result<Scene> changeScene(const std::string& id, Change&& change, const Saving& saving = {});
 
     JsonStore<StoreFile> m_file;
 };

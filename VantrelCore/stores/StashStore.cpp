@@ -64,19 +64,23 @@ std::optional<Stash> StashStore::newestFor(const std::string& configID) {
     return firstWhere(allStashes(), [&](const Stash& stash) { return stash.configID == configID; });
 }
 
-Stash StashStore::add(const Stash& stash) {
+Stash StashStore::add(const Stash& stash, const Saving& saving) {
     // The desk has been put aside even if the write fails.
-    std::ignore = m_file.update([&](StoreFile& file) {
-        file.stashes.push_back(stash);
-        enforceCap(file.stashes);
-    });
+    std::ignore = m_file.update(
+        [&](StoreFile& file) {
+            file.stashes.push_back(stash);
+            enforceCap(file.stashes);
+        },
+        saving);
     return stash;
 }
 
-bool StashStore::remove(const std::string& id) {
-    return m_file.update([&](StoreFile& file) {
-        std::erase_if(file.stashes, [&](const Stash& stash) { return stash.id == id; });
-    });
+bool StashStore::remove(const std::string& id, const Saving& saving) {
+    return m_file.update(
+        [&](StoreFile& file) {
+            std::erase_if(file.stashes, [&](const Stash& stash) { return stash.id == id; });
+        },
+        saving);
 }
 
 void to_json(nlohmann::json& json, const StashStore::StoreFile& file) {

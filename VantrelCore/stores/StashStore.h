@@ -35,6 +35,9 @@ public:
 
     explicit StashStore(JsonStore<StoreFile> file);
 
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
     // Newest first.
     [[nodiscard]] std::vector<Stash> allStashes();
     [[nodiscard]] std::optional<Stash> stash(const std::string& id);
@@ -42,9 +45,9 @@ public:
     [[nodiscard]] std::optional<Stash> newestFor(const std::string& configID);
 
     // Drops the oldest stashes beyond the tenth. Returns the stash even if the write failed.
-    Stash add(const Stash& stash);
-    // False when the write failed.
-    bool remove(const std::string& id);
+    Stash add(const Stash& stash, const Saving& saving = {});
+    // False when the write failed; see Saving for the exception.
+    bool remove(const std::string& id, const Saving& saving = {});
 
 private:
     JsonStore<StoreFile> m_file;

@@ -48,8 +48,8 @@ TriggerStore::Result<void> TriggerStore::setEnabled(const std::string& id, bool 
     return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.enabled = enabled; });
 }
 
-TriggerStore::Result<void> TriggerStore::recordFired(const std::string& id, Date at) {
-    return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.lastFiredAt = at; });
+TriggerStore::Result<void> TriggerStore::recordFired(const std::string& id, Date at, const Saving& saving) {
+    return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.lastFiredAt = at; }, saving);
 }
 
 void TriggerStore::deleteTrigger(const std::string& id) {
@@ -62,14 +62,15 @@ void TriggerStore::deleteTrigger(const std::string& id) {
 }
 
 template <typename Change>
-TriggerStore::Result<void> TriggerStore::changeTrigger(const std::string& id, Change&& change) {
+TriggerStore::Result<void> TriggerStore::changeTrigger(const std::string& id, Change&& change,
+                                                       const Saving& saving) {
     StoreFile file = m_file.load();
     const auto found = std::ranges::find(file.triggers, id, &SceneTrigger::id);
     if (found == file.triggers.end()) {
         return std::unexpected(TriggerStoreError::notFound);
     }
     std::forward<Change>(change)(*found);
-    if (!m_file.write(std::move(file))) {
+    if (!m_file.write(std::move(file), saving)) {
         return std::unexpected(TriggerStoreError::writeFailed);
     }
     return {};

@@ -33,23 +33,26 @@ public:
 
     explicit TriggerStore(JsonStore<StoreFile> file);
 
+    // Reads the file unless its content is in the cache; see JsonStore.
+    void read() { m_file.read(); }
+
     // Oldest first.
     [[nodiscard]] std::vector<SceneTrigger> allTriggers();
     [[nodiscard]] std::optional<SceneTrigger> trigger(const std::string& id);
 
-    // On error, file and store are unchanged.
+    // On error, file and store are unchanged. See Saving for the exception.
 
     [[nodiscard]] Result<SceneTrigger> add(const SceneTrigger& trigger);
     // All of them or none.
     [[nodiscard]] Result<void> addAll(const std::vector<SceneTrigger>& triggers);
     [[nodiscard]] Result<void> setEnabled(const std::string& id, bool enabled);
-    [[nodiscard]] Result<void> recordFired(const std::string& id, Date at);
+    [[nodiscard]] Result<void> recordFired(const std::string& id, Date at, const Saving& saving = {});
     // An unknown id changes nothing.
     void deleteTrigger(const std::string& id);
 
 private:
     template <typename Change>
-    Result<void> changeTrigger(const std::string& id, Change&& change);
+    Result<void> changeTrigger(const std::string& id, Change&& change, const Saving& saving = {});
 
     JsonStore<StoreFile> m_file;
 };

@@ -14,7 +14,7 @@ std::error_code failure(std::errc error) {
 
 std::expected<std::string, std::error_code> MemoryFileSystem::read(const std::filesystem::path& file) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::read)) {
+    if (const auto error = enter(Operation::read, file)) {
         return std::unexpected(error);
     }
     if (m_directories.contains(file)) {
@@ -33,7 +33,7 @@ std::expected<std::string, std::error_code> MemoryFileSystem::read(const std::fi
 std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& file,
                                                   std::string_view content) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::writeAtomically)) {
+    if (const auto error = enter(Operation::writeAtomically, file)) {
         return error;
     }
     if (const auto error = checkWritable(file)) {
@@ -46,7 +46,7 @@ std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& f
 
 std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std::string_view content) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::append)) {
+    if (const auto error = enter(Operation::append, file)) {
         return error;
     }
     if (const auto error = checkWritable(file)) {
@@ -58,7 +58,7 @@ std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std:
 
 std::error_code MemoryFileSystem::rename(const std::filesystem::path& from, const std::filesystem::path& to) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::rename)) {
+    if (const auto error = enter(Operation::rename, from)) {
         return error;
     }
     if (!m_files.contains(from)) {
@@ -74,7 +74,7 @@ std::error_code MemoryFileSystem::rename(const std::filesystem::path& from, cons
 
 std::error_code MemoryFileSystem::remove(const std::filesystem::path& file) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::remove)) {
+    if (const auto error = enter(Operation::remove, file)) {
         return error;
     }
     if (m_directories.contains(file)) {
@@ -86,7 +86,7 @@ std::error_code MemoryFileSystem::remove(const std::filesystem::path& file) {
 
 std::error_code MemoryFileSystem::createDirectories(const std::filesystem::path& directory) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::createDirectories)) {
+    if (const auto error = enter(Operation::createDirectories, directory)) {
         return error;
     }
     for (auto path = directory; !path.empty() && path != path.root_path(); path = path.parent_path()) {
@@ -101,7 +101,7 @@ std::error_code MemoryFileSystem::createDirectories(const std::filesystem::path&
 std::expected<std::vector<FileEntry>, std::error_code>
 MemoryFileSystem::list(const std::filesystem::path& directory) {
     const std::scoped_lock lock(m_mutex);
-    if (const auto error = enter(Operation::list)) {
+    if (const auto error = enter(Operation::list, directory)) {
         return std::unexpected(error);
     }
     if (!m_directories.contains(directory)) {
@@ -182,8 +182,11 @@ void MemoryFileSystem::stopFailing() {
     m_unreadable.clear();
 }
 
-std::error_code MemoryFileSystem::enter(Operation operation) {
+std::error_code MemoryFileSystem::enter(Operation operation, const std::filesystem::path& path) {
     ++m_counts[operation];
+    if (onCall) {
+        onCall(path);
+    }
     if (m_skippedBeforeFailure) {
         if (*m_skippedBeforeFailure == 0) {
             m_skippedBeforeFailure.reset();

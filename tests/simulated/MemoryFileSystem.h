@@ -4,6 +4,7 @@
 #include "VantrelCore/ports/FileSystem.h"
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <set>
@@ -46,6 +47,9 @@ public:
     [[nodiscard]] std::vector<std::filesystem::path> files() const;
     [[nodiscard]] bool isDirectory(const std::filesystem::path& path) const;
 
+    // Called on the caller's thread when the program starts an operation that may have to wait for a disk.
+    std::function<void(const std::filesystem::path&)> onCall;
+
     // How often an operation was called, including failures.
     [[nodiscard]] std::size_t count(Operation operation) const;
 
@@ -58,7 +62,7 @@ public:
     void stopFailing();
 
 private:
-    [[nodiscard]] std::error_code enter(Operation operation);
+    [[nodiscard]] std::error_code enter(Operation operation, const std::filesystem::path& path);
     [[nodiscard]] std::error_code checkWritable(const std::filesystem::path& file) const;
     void addDirectories(const std::filesystem::path& directory);
 

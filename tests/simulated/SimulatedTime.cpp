@@ -222,7 +222,9 @@ void SimulatedTime::setWallClock(Date date) {
 void SimulatedTime::runNext() {
     auto next = m_agenda.extract(m_agenda.begin());
     m_now = std::max(m_now, std::get<0>(next.key()));
+    m_isInTurn = true;
     next.mapped().work();
+    m_isInTurn = false;
 }
 
 void SimulatedTime::start(std::function<void()> work) {

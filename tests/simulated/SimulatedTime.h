@@ -60,6 +60,8 @@ public:
     std::function<void(WorkPriority)> onRun;
     // Sets the wall clock, as a user or a time server does. Monotonic time is not affected.
     void setWallClock(Date date);
+    // Whether the caller is a turn of the main queue, and not a test or a background job.
+    [[nodiscard]] bool isInMainTurn() const { return m_isInTurn && !isOnWorker(); }
     // Whether the caller is a background job and so may sleep.
     [[nodiscard]] static bool isOnWorker();
     // Runs all remaining jobs to completion. From then on, sleeps take no time and main work is dropped.
@@ -102,6 +104,8 @@ private:
     std::size_t m_busyWorkers = 0;
     // Released by a worker that returns the baton.
     std::binary_semaphore m_baton{0};
+    // Something from the agenda is running.
+    bool m_isInTurn = false;
     bool m_isEnding = false;
 };
 

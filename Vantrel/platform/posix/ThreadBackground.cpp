@@ -71,19 +71,30 @@ posix::WorkerPool::Options pool(std::size_t threads, WorkPriority priority, cons
 ThreadBackground::ThreadBackground(const ErrorBoundary::Log& log)
     : m_performers(pool(mostPerformers, WorkPriority::userInitiated, log)),
       m_userInitiated(pool(threadsPerPriority, WorkPriority::userInitiated, log)),
-      m_utility(pool(threadsPerPriority, WorkPriority::utility, log)) {}
+      m_utility(pool(threadsPerPriority, WorkPriority::utility, log)),
+      m_writing(pool(1, WorkPriority::writing, log)) {}
 
 ThreadBackground::~ThreadBackground() {
     m_stop.requestStop();
     // End all pools before destroying any: running work may still submit more to any of them.
     m_utility.end();
+    m_writing.end();
     m_userInitiated.end();
     m_performers.end();
 }
 
 void ThreadBackground::run(WorkPriority priority, std::function<void()> work) {
-    auto& pool = priority == WorkPriority::utility ? m_utility : m_userInitiated;
-    pool.submit(std::move(work));
+    switch (priority) {
+    case WorkPriority::userInitiated:
+        m_userInitiated.submit(std::move(work));
+        break;
+    case WorkPriority::utility:
+        m_utility.submit(std::move(work));
+        break;
+    case WorkPriority::writing:
+        m_writing.submit(std::move(work));
+        break;
+    }
 }
 
 void ThreadBackground::concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) {

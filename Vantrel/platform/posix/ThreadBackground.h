@@ -15,7 +15,8 @@ public:
     ThreadBackground(const ThreadBackground&) = delete;
     ThreadBackground& operator=(const ThreadBackground&) = delete;
 
-    // Utility work never takes a thread from work that the user is waiting for.
+    // Utility work never takes a thread from work that the user is waiting for, nor from writing, which has
+    // one thread.
     void run(WorkPriority priority, std::function<void()> work) override;
 
     // The calling thread also works, so nested calls always make progress. Uses at most 64 more workers;
@@ -29,6 +30,7 @@ private:
     posix::WorkerPool m_performers;
     posix::WorkerPool m_userInitiated;
     posix::WorkerPool m_utility;
+    posix::WorkerPool m_writing;
 };
 
 } // namespace vantrel

@@ -12,7 +12,7 @@ namespace vantrel::posix {
 
 void takePriority(WorkPriority priority) {
     pthread_set_qos_class_self_np(
-        priority == WorkPriority::utility ? QOS_CLASS_UTILITY : QOS_CLASS_USER_INITIATED, 0);
+        priority == WorkPriority::userInitiated ? QOS_CLASS_USER_INITIATED : QOS_CLASS_UTILITY, 0);
 }
 
 #else
@@ -22,7 +22,7 @@ void takePriority(WorkPriority priority) {
 constexpr int utilitySteps = 10;
 
 void takePriority(WorkPriority priority) {
-    if (priority == WorkPriority::utility) {
+    if (priority != WorkPriority::userInitiated) {
         // On Linux, 0 means the calling thread, not the process.
         setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + utilitySteps);
     }

@@ -5,8 +5,8 @@
 
 namespace vantrel::posix {
 
-// Sets the calling thread's priority. Call once per thread. Utility work yields to anything that the user
-// waits for.
+// Sets the calling thread's priority. Call once per thread. Utility work and writing yield to anything that
+// the user waits for.
 void takePriority(WorkPriority priority);
 
 } // namespace vantrel::posix

@@ -32,6 +32,9 @@ RandomStory::RandomStory(std::uint64_t seed)
     m_setups.resize(3);
     populate();
     m_story.time.onRun = [this](WorkPriority priority) {
+        if (priority == WorkPriority::writing) {
+            return;
+        }
         const AppController& controller = *m_story.controller;
         expect(!m_story.time.hasJobs(), "one restore or capture at a time");
         // A pinned layout is looked at before learning resumes.

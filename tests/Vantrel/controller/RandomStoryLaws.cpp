@@ -27,6 +27,8 @@ void RandomStory::noteWhatStands() {
 void RandomStory::checkAtRest() {
     expect(!m_story.controller->restoreInFlight(), "every restore ends");
     expect(!m_story.controller->snapshotsSuspended(), "learning resumes");
+    expect(m_story.waits.empty(),
+           fmt::format("the main thread waits for no disk: {}", fmt::join(m_story.waits, ", ")));
     if (m_hasRestoredDesk) {
         checkEverythingIsAtItsSavedPlace();
     }

@@ -1,6 +1,9 @@
 #include "tests/Vantrel/controller/Story.h"
 
+#include "VantrelCore/stores/UserEdit.h"
+
 #include <algorithm>
+#include <gmock/gmock.h>
 #include <iterator>
 #include <sstream>
 
@@ -16,11 +19,17 @@ Story::Story(const std::string& setup, std::uint64_t seed)
     : time(seed), defaults(time), desk(time, DeskSetup::named(setup)), workspace(time, desk),
       log(folder, files, time) {
     desk.requestSeconds = 0.0008;
+    files.onCall = [this](const std::filesystem::path& file) {
+        if (time.isInMainTurn() && !UserEdit::isActive() && file != log.file()) {
+            waits.push_back(file.string());
+        }
+    };
 }
 
 Story::~Story() {
     controller.reset();
     time.endJobs();
+    EXPECT_THAT(waits, testing::IsEmpty()) << "the main thread waited for the disk";
 }
 
 void Story::openPrograms() {
