@@ -1,9 +1,7 @@
 // vantrelctl: queries a running vantrel and gives it commands.
 #include "Vantrel/commands/CommandTable.h"
-#include "Vantrel/commands/verbs/DeskVerbs.h"
-#include "Vantrel/commands/verbs/DoctorVerb.h"
-#include "Vantrel/commands/verbs/SceneVerbs.h"
-#include "Vantrel/commands/verbs/ShellVerbs.h"
+#include "Vantrel/commands/verbs/VerbPrinting.h"
+#include "Vantrel/commands/verbs/VerbTable.h"
 #include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/Terminal.h"
@@ -73,26 +71,7 @@ int main(int argumentCount, char** arguments) {
     app.require_subcommand(1);
     app.get_formatter()->column_width(26);
 
-    PosixFileSystem files;
-    VerbTable verbs({.drawing = drawingOptions,
-                     .localDate = localDate,
-                     .logFile = UserFolders::supportDirectory() / "app.log",
-                     .files = files,
-                     .supportDirectory = UserFolders::supportDirectory(),
-                     .settingsFile = UserFolders::settingsFile(),
-                     .lockSupportDirectory = lockSupportDirectory});
-    addDeskVerbs(verbs, app);
-    verbs.add(app, layoutCommands());
-    verbs.add(app, stashCommands());
-    addSceneVerbs(verbs, app);
-    verbs.add(app, triggerCommands());
-    verbs.add(app, suggestionCommands());
-    verbs.add(app, ruleCommands());
-    verbs.add(app, settingsCommands());
-    verbs.add(app, hotKeyCommands());
-    verbs.add(app, licenseCommands());
-    addDoctorVerb(verbs, app);
-    addShellVerbs(verbs, app, VANTREL_VERSION);
+    const VerbTable verbs(app, everyCommand());
 
     if (argumentCount < 2) {
         fmt::print(stderr, "{}", app.help());
@@ -114,5 +93,13 @@ int main(int argumentCount, char** arguments) {
     }
 
     const QCoreApplication application(argumentCount, arguments);
-    leave(verbs.run());
+    PosixFileSystem files;
+    leave(verbs.run({.version = VANTREL_VERSION,
+                     .drawing = drawingOptions,
+                     .localDate = localDate,
+                     .logFile = UserFolders::supportDirectory() / "app.log",
+                     .files = files,
+                     .supportDirectory = UserFolders::supportDirectory(),
+                     .settingsFile = UserFolders::settingsFile(),
+                     .lockSupportDirectory = lockSupportDirectory}));
 }

@@ -44,8 +44,6 @@ public:
         }
     }
 
-    explicit operator bool() const { return m_handle != nullptr; }
-
     void operator()(const BusCall& call) const { m_handle(call); }
 
 private:
@@ -54,22 +52,26 @@ private:
 
 // A word after a verb.
 struct Word {
-    enum class Use : std::uint8_t { usual, optional, repeated };
+    // Required if it is an argument, an option otherwise; or optional; or given any number of times; or
+    // everything that follows as it was typed, even options.
+    enum class Use : std::uint8_t { usual, optional, repeated, rest };
 
     // An argument ("name") or an option ("--desk").
     const char* name;
     // For help, completion and the manual page.
-    const char* help;
+    const char* help = "";
     ValueKind kind = ValueKind::text;
-    // Unless stated, arguments are required and options are not.
     Use use = Use::usual;
     // The option that cannot be given with this one, if any.
     const char* excluded = nullptr;
+    // The value of a number that was not typed.
+    unsigned fallback = 0;
 };
 
 struct Verb {
     // With the verbs above it: "layouts rename".
     const char* path;
+    // Empty for a verb that help does not list.
     const char* help;
     std::vector<Word> words{};
     // The method's arguments; the words' values in their order unless stated.
@@ -79,11 +81,9 @@ struct Verb {
 };
 
 struct Command {
-    // Empty for a verb that is not a method of its own.
-    const char* method = "";
-    // The names of the method's arguments and of its result; all are strings.
-    std::vector<std::string> arguments{};
-    const char* result = "";
+    // The method with its arguments and its result, all of them strings: "RenameLayout(name, newName)
+    // layout". Empty for a verb that is not a method of its own.
+    const char* signature = "";
     BusHandler handler{};
 
     std::vector<Verb> verbs{};
@@ -91,6 +91,7 @@ struct Command {
     VerbText text{};
     // What the verbs do instead of calling the method.
     std::function<ExitCode(const VerbCall&)> run{};
+    bool hasJson = true;
 };
 
 } // namespace vantrel

@@ -5,10 +5,6 @@
 #include "Vantrel/commands/ControlCall.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
-#include "Vantrel/commands/methods/DeskMethods.h"
-#include "Vantrel/commands/methods/FileMethods.h"
-#include "Vantrel/commands/methods/IntentMethods.h"
-#include "Vantrel/commands/methods/SceneMethods.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -26,27 +22,6 @@ constexpr const char* signalsXml = R"(    <signal name="PhaseChanged">
       <arg name="report" type="s"/>
     </signal>
 )";
-
-// All methods on the bus; each group comes from its own file.
-std::vector<ControlMethod> controlMethods(AppController& controller,
-                                          const std::filesystem::path& supportDirectory) {
-    std::vector<ControlMethod> all;
-    const auto add = [&all](std::vector<ControlMethod> group) {
-        std::ranges::move(group, std::back_inserter(all));
-    };
-    add(methodsOf(everyCommand(), controller, supportDirectory));
-    add(deskMethods(controller, supportDirectory));
-    add(sceneMethods(controller));
-    add(fileMethods(controller));
-    return all;
-}
-
-std::vector<ControlInterface> everyInterface(AppController& controller,
-                                             const std::filesystem::path& supportDirectory) {
-    return {{ControlNames::interface, controlMethods(controller, supportDirectory)},
-            {ControlNames::actionsInterface,
-             intentMethods(std::make_shared<Intents>([&controller] { return &controller; }))}};
-}
 
 std::string xml(const ControlMethod& method) {
     std::string text = fmt::format("    <method name=\"{}\">\n", method.name);
@@ -80,8 +55,11 @@ std::optional<std::vector<std::string>> texts(const QList<QVariant>& arguments) 
 
 ControlService::ControlService(AppController& controller, const std::filesystem::path& supportDirectory,
                                const QDBusConnection& bus, ErrorBoundary::Log log)
-    : m_controller(controller), m_interfaces(everyInterface(controller, supportDirectory)), m_bus(bus),
-      m_log(std::move(log)), m_observer(controller.addObserver([this] { signalChanges(); })),
+    : m_controller(controller),
+      m_interfaces{
+          {ControlNames::interface, methodsOf(everyCommand(), controller, supportDirectory)},
+          {ControlNames::actionsInterface, methodsOf(actionCommands(), controller, supportDirectory)}},
+      m_bus(bus), m_log(std::move(log)), m_observer(controller.addObserver([this] { signalChanges(); })),
       m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore) {}
 
 ControlService::~ControlService() {

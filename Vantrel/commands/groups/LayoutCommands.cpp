@@ -57,26 +57,21 @@ constexpr Word name{"name", "The layout's name", ValueKind::layout};
 
 std::vector<Command> layoutCommands() {
     return {
-        {.method = "Layouts",
-         .result = "layouts",
+        {.signature = "Layouts() layouts",
          .handler = layouts,
          .verbs = {{"layouts", "List and manage this desk's layouts"},
                    {"layouts list", "List this desk's layouts; the active one has a star"}},
          .text = VerbTexts::of<DeskMessage>(
              CommandTexts::layouts,
              "No layout is saved for this desk yet. Save one with: vantrelctl save\n")},
-        {.method = "SwitchLayout",
-         .arguments = {"name"},
-         .result = "report",
+        {.signature = "SwitchLayout(name) report",
          .handler =
              [](const BusCall& call) {
                  call.controller.layouts().switchLayout(call[0], restoreReply(call.reply));
              },
          .verbs = {{"layouts switch", "Make a layout active and restore its windows", {name}}},
          .text = VerbTexts::report},
-        {.method = "ApplyLayout",
-         .arguments = {"desk", "name"},
-         .result = "report",
+        {.signature = "ApplyLayout(desk, name) report",
          .handler = apply,
          .verbs = {{"layouts apply",
                     "Arrange the windows as in a layout, even one of another desk",
@@ -84,9 +79,7 @@ std::vector<Command> layoutCommands() {
                      {"--desk", "The layout's desk, by name or ID; defaults to this desk", ValueKind::desk}},
                     [](const Typed& typed) { return std::vector{typed["--desk"], typed["name"]}; }}},
          .text = VerbTexts::report},
-        {.method = "SaveLayoutAs",
-         .arguments = {"name"},
-         .result = "saved",
+        {.signature = "SaveLayoutAs(name) saved",
          .handler =
              [](const BusCall& call) {
                  call.controller.layouts().saveLayoutAs(call[0],
@@ -96,9 +89,7 @@ std::vector<Command> layoutCommands() {
                     "Save the windows under this name and make it the active layout",
                     {name}}},
          .text = VerbTexts::saved},
-        {.method = "RenameLayout",
-         .arguments = {"name", "newName"},
-         .result = "layout",
+        {.signature = "RenameLayout(name, newName) layout",
          .handler =
              [](const BusCall& call) {
                  return changed(call, call.controller.layouts().rename(call[0], call[1]),
@@ -106,9 +97,7 @@ std::vector<Command> layoutCommands() {
              },
          .verbs = {{"layouts rename", "Rename a layout", {name, {"new-name", "Its new name"}}}},
          .text = VerbTexts::sentence("Layout \"{:name}\" is now called \"{layoutName}\".")},
-        {.method = "DeleteLayout",
-         .arguments = {"name"},
-         .result = "layout",
+        {.signature = "DeleteLayout(name) layout",
          .handler =
              [](const BusCall& call) {
                  return changed(call, call.controller.layouts().remove(call[0]), call[0]);

@@ -130,15 +130,12 @@ std::vector<std::string> setArguments(const Typed& typed) {
 
 std::vector<Command> ruleCommands() {
     return {
-        {.method = "Rules",
-         .result = "rules",
+        {.signature = "Rules() rules",
          .handler = rules,
          .verbs = {{"rules", "List the rules that leave applications alone or keep them on a display"},
                    {"rules list", "List the rules"}},
          .text = VerbTexts::of<nlohmann::json>(list)},
-        {.method = "SetRule",
-         .arguments = {"application", "action", "display", "restoreLast"},
-         .result = "rule",
+        {.signature = "SetRule(application, action, display, restoreLast) rule",
          .handler = setRule,
          .verbs = {{"rules set",
                     "Set an application's rule, replacing any previous one",
@@ -152,9 +149,7 @@ std::vector<Command> ruleCommands() {
                      {"--last", "Place its windows after all others", ValueKind::flag}},
                     setArguments}},
          .text = VerbTexts::of<AppRule>(ruleText)},
-        {.method = "RemoveRule",
-         .arguments = {"application"},
-         .result = "rule",
+        {.signature = "RemoveRule(application) rule",
          .handler = removeRule,
          .verbs = {{"rules remove",
                     "Remove an application's rule",

@@ -2,7 +2,7 @@
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/terminal/TextColumns.h"
-#include "Vantrel/commands/verbs/VerbTable.h"
+#include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/SettingKey.h"
 
@@ -129,24 +129,19 @@ constexpr Word key{"KEY", "The setting's name", ValueKind::settingKey};
 std::vector<Command> settingsCommands() {
     const auto none = [](const Typed& /*all*/) { return std::vector<std::string>(); };
     return {
-        {.method = "Settings",
-         .result = "settings",
+        {.signature = "Settings() settings",
          .handler = settings,
          .verbs = {{"settings", "List, show and change settings", {all}, none},
                    {"settings list", "List every setting with its value", {all}, none}},
          .text = list},
         {.verbs = {{"settings get", "Show a setting's meaning and valid values", {key}}}, .run = get},
-        {.method = "SetSetting",
-         .arguments = {"key", "value"},
-         .result = "setting",
+        {.signature = "SetSetting(key, value) setting",
          .handler = set,
          .verbs = {{"settings set",
                     "Change a setting; takes effect at once",
                     {key, {"VALUE", "true, false, a number or a string", ValueKind::settingValue}}}},
          .text = changed},
-        {.method = "UnsetSetting",
-         .arguments = {"key"},
-         .result = "setting",
+        {.signature = "UnsetSetting(key) setting",
          .handler = unset,
          .verbs = {{"settings unset", "Reset a setting to its default", {key}}},
          .text = changed},

@@ -22,12 +22,11 @@ nlohmann::json describe(const PublishedState& state) {
 
 // A command that makes this change, which returns false if it could not be written. The verb prints
 // `otherwise` while there is no suggestion.
-Command command(const char* method, bool (*change)(SuggestionFlow&), const Verb& verb,
+Command command(const char* signature, bool (*change)(SuggestionFlow&), const Verb& verb,
                 const char* otherwise) {
     const auto arranged = VerbTexts::sentence(
         "{configName} was arranged like this on several days. Save it with: vantrelctl save-scene NAME");
-    return {.method = method,
-            .result = "suggestion",
+    return {.signature = signature,
             .handler =
                 [change](const BusCall& call) {
                     return change(call.controller.suggestions())
@@ -47,17 +46,17 @@ Command command(const char* method, bool (*change)(SuggestionFlow&), const Verb&
 std::vector<Command> suggestionCommands() {
     return {
         command(
-            "Suggestion", [](SuggestionFlow& /*unchanged*/) { return true; },
+            "Suggestion() suggestion", [](SuggestionFlow& /*unchanged*/) { return true; },
             {"suggestion", "Show whether this arrangement recurs and should be saved as a scene"},
             "There is no suggestion."),
         command(
-            "SnoozeSuggestions", [](SuggestionFlow& flow) { return flow.snooze(); },
+            "SnoozeSuggestions() suggestion", [](SuggestionFlow& flow) { return flow.snooze(); },
             {"suggestion snooze", "Pause suggestions for a week"}, "Suggestions are paused for a week."),
         command(
-            "StopSuggestions", [](SuggestionFlow& flow) { return flow.stop(); },
+            "StopSuggestions() suggestion", [](SuggestionFlow& flow) { return flow.stop(); },
             {"suggestion stop", "Stop suggestions"}, "Suggestions are stopped."),
         command(
-            "ResumeSuggestions", [](SuggestionFlow& flow) { return flow.resume(); },
+            "ResumeSuggestions() suggestion", [](SuggestionFlow& flow) { return flow.resume(); },
             {"suggestion resume", "Resume suggestions"},
             "Suggestions are resumed. There is none at the moment."),
     };

@@ -151,7 +151,7 @@ ControlAnswer disable(const BusCall& call) {
     });
 }
 
-ControlAnswer remove(const BusCall& call) {
+ControlAnswer deleteTrigger(const BusCall& call) {
     return changed(
         call, [](TriggerFlow& flow, const SceneTrigger& trigger) { return flow.deleteTrigger(trigger.id); });
 }
@@ -211,15 +211,12 @@ constexpr Word trigger{"TRIGGER", "The trigger's number in the list, or its ID",
 
 std::vector<Command> triggerCommands() {
     return {
-        {.method = "Triggers",
-         .result = "triggers",
+        {.signature = "Triggers() triggers",
          .handler = triggers,
          .verbs = {{"triggers", "List and manage the triggers that apply scenes automatically"},
                    {"triggers list", "List the triggers"}},
          .text = list},
-        {.method = "AddTrigger",
-         .arguments = {"kind", "detail", "scenes"},
-         .result = "triggers",
+        {.signature = "AddTrigger(kind, detail, scenes) triggers",
          .handler = add,
          .verbs = {{.path = "triggers add",
                     .help = "Apply a scene at a time of day, before a video call, or with a Focus",
@@ -241,22 +238,16 @@ std::vector<Command> triggerCommands() {
                     {scenes, {"--name", "The Focus; defaults to the desktop's \"do not disturb\""}},
                     addArguments("focus", "--name")}},
          .text = added},
-        {.method = "EnableTrigger",
-         .arguments = {"trigger"},
-         .result = "trigger",
+        {.signature = "EnableTrigger(trigger) trigger",
          .handler = enable,
          .verbs = {{"triggers enable", "Enable a trigger", {trigger}}},
          .text = VerbTexts::sentence("{title} is on.")},
-        {.method = "DisableTrigger",
-         .arguments = {"trigger"},
-         .result = "trigger",
+        {.signature = "DisableTrigger(trigger) trigger",
          .handler = disable,
          .verbs = {{"triggers disable", "Disable a trigger without deleting it", {trigger}}},
          .text = VerbTexts::sentence("{title} is off.")},
-        {.method = "DeleteTrigger",
-         .arguments = {"trigger"},
-         .result = "trigger",
-         .handler = remove,
+        {.signature = "DeleteTrigger(trigger) trigger",
+         .handler = deleteTrigger,
          .verbs = {{"triggers delete", "Delete a trigger", {trigger}}},
          .text = VerbTexts::sentence("{title} is deleted.")},
     };

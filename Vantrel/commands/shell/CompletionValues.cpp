@@ -153,6 +153,7 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
     switch (kind) {
     case ValueKind::text:
     case ValueKind::flag:
+    case ValueKind::number:
     case ValueKind::file:
         return {};
     case ValueKind::storeCopy:
@@ -183,9 +184,13 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
         return candidates;
     }
     case ValueKind::yesOrNo:
-        return {{"yes", ""}, {"no", ""}};
-    case ValueKind::shell:
-        return {{"bash", ""}, {"fish", ""}, {"zsh", ""}};
+    case ValueKind::shell: {
+        Candidates candidates;
+        for (const auto& choice : choicesOf(kind)) {
+            candidates.push_back({choice, ""});
+        }
+        return candidates;
+    }
     }
     return {};
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace vantrel {
 
@@ -10,6 +12,7 @@ enum class ValueKind : std::uint8_t {
     text,
     // Nothing: the word itself says it.
     flag,
+    number,
     // The path of a file.
     file,
     // A copy of a store's file, in the support folder.
@@ -32,5 +35,12 @@ enum class ValueKind : std::uint8_t {
     yesOrNo,
     shell,
 };
+
+// The only words that a value of this kind may be; none if it may be others.
+[[nodiscard]] inline std::vector<std::string> choicesOf(ValueKind kind) {
+    return kind == ValueKind::yesOrNo ? std::vector<std::string>{"yes", "no"}
+           : kind == ValueKind::shell ? std::vector<std::string>{"bash", "fish", "zsh"}
+                                      : std::vector<std::string>();
+}
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/commands/ControlClient.h"
+#include "Vantrel/commands/shell/CommandShape.h"
 #include "Vantrel/commands/terminal/DeskDrawing.h"
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/JsonCoding.h"
@@ -25,6 +26,7 @@ enum class VerbOutput : std::uint8_t { text, json };
 
 // The verbs' view of the machine they run on.
 struct VerbEnvironment {
+    std::string version;
     // Called when something is about to be printed.
     std::function<DeskDrawing::Options()> drawing;
     // Formats a date in the user's time zone.
@@ -65,6 +67,8 @@ struct VerbCall {
     const VerbEnvironment& environment;
     const Typed& typed;
     VerbOutput output;
+    // The whole command line, for completion and the manual page.
+    std::function<CommandShape()> program;
 };
 
 // Formats a reply, whose strings are safe to print.

@@ -4,7 +4,7 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/Diagnosis.h"
 #include "Vantrel/commands/terminal/LogReader.h"
-#include "Vantrel/commands/verbs/VerbTable.h"
+#include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 #include "tests/simulated/MemoryFileSystem.h"
 

@@ -1,14 +1,11 @@
 // What can be asked over the session bus, on a controller with a simulated desk: hostile and ambiguous
 // arguments.
 #include "Vantrel/commands/CommandTable.h"
-#include "Vantrel/commands/methods/DeskMethods.h"
-#include "Vantrel/commands/methods/SceneMethods.h"
 #include "Vantrel/commands/shell/CompletionValues.h"
 #include "tests/Vantrel/controller/Story.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace vantrel::simulated {
 namespace {
@@ -25,12 +22,7 @@ struct BusMethods : testing::Test {
     }
 
     std::vector<ControlMethod> methods() {
-        auto& controller = *story.controller;
-        auto all = methodsOf(everyCommand(), controller, "/support/Vantrel");
-        for (auto group : {deskMethods(controller, "/support/Vantrel"), sceneMethods(controller)}) {
-            std::ranges::move(group, std::back_inserter(all));
-        }
-        return all;
+        return methodsOf(everyCommand(), *story.controller, "/support/Vantrel");
     }
 
     ControlAnswer call(const std::string& name, const std::vector<std::string>& arguments = {}) {

@@ -1,18 +1,22 @@
-#include "Vantrel/commands/verbs/ShellVerbs.h"
-
+// What a shell and man(1) need to know about the verbs.
+#include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/shell/Completion.h"
 #include "Vantrel/commands/shell/CompletionValues.h"
 #include "Vantrel/commands/shell/ManualPage.h"
-
-#include <CLI/CLI.hpp>
+#include "Vantrel/commands/verbs/VerbPrinting.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <iterator>
-#include <memory>
 
 namespace vantrel {
 
 namespace {
+
+ExitCode completion(const VerbCall& call) {
+    VerbPrinting::print(Completion::script(call.typed["shell"], call.program().name));
+    return ExitCode::done;
+}
 
 ManualPage::Frame manual(const std::string& version) {
     return {.version = version,
@@ -34,13 +38,14 @@ ManualPage::Frame manual(const std::string& version) {
             .seeAlso = {"vantrel"}};
 }
 
-CommandShape shapeOf(const CLI::App& app, const VerbTable& table) {
-    return CommandShape::of(app, [&table](const CLI::Option& option) { return table.kindOf(option); });
+ExitCode printManual(const VerbCall& call) {
+    VerbPrinting::print(ManualPage::roff(call.program(), manual(call.environment.version)));
+    return ExitCode::done;
 }
 
 // Fails where the shell should offer files.
-ExitCode complete(const CommandShape& program, const VerbEnvironment& environment,
-                  std::vector<std::string> words) {
+ExitCode complete(const VerbCall& call) {
+    auto words = call.typed.all("WORD");
     if (words.empty()) {
         return ExitCode::usage;
     }
@@ -50,7 +55,7 @@ ExitCode complete(const CommandShape& program, const VerbEnvironment& environmen
     if (shell == "bash") {
         std::ranges::transform(words, words.begin(), Completion::unquoted);
     }
-    auto [candidates, kind, typed] = Completion::expected(program, words);
+    auto [candidates, kind, typed] = Completion::expected(call.program(), words);
     if (kind == ValueKind::file) {
         return ExitCode::failed;
     }
@@ -58,11 +63,11 @@ ExitCode complete(const CommandShape& program, const VerbEnvironment& environmen
         return ControlClient::call(method, {}, ControlClient::Patience::brief)
             .value_or(nlohmann::json::object());
     };
-    std::ranges::move(
-        CompletionValues::of(
-            kind.value_or(ValueKind::text), typed,
-            {.ask = ask, .files = environment.files, .supportDirectory = environment.supportDirectory}),
-        std::back_inserter(candidates));
+    std::ranges::move(CompletionValues::of(kind.value_or(ValueKind::text), typed,
+                                           {.ask = ask,
+                                            .files = call.environment.files,
+                                            .supportDirectory = call.environment.supportDirectory}),
+                      std::back_inserter(candidates));
     // Not print(), which replaces the tabs that fish needs.
     fmt::print("{}", Completion::answer(shell, candidates, current));
     return ExitCode::done;
@@ -70,26 +75,18 @@ ExitCode complete(const CommandShape& program, const VerbEnvironment& environmen
 
 } // namespace
 
-void addShellVerbs(VerbTable& table, CLI::App& app, const std::string& version) {
-    const auto shell = std::make_shared<std::string>();
-    auto& completion =
-        table.addPlain(app, "completion", "Print a shell's completion script", [&app, shell](auto) {
-            VerbPrinting::print(Completion::script(*shell, app.get_name()));
-            return ExitCode::done;
-        });
-    table.takes(ValueKind::shell, completion.add_option("shell", *shell, "bash, zsh or fish"))
-        ->required()
-        ->check(CLI::IsMember({"bash", "fish", "zsh"}));
-    table.addPlain(app, "manual", "Print the manual page, for man(1)", [&app, &table, version](auto) {
-        VerbPrinting::print(ManualPage::roff(shapeOf(app, table), manual(version)));
-        return ExitCode::done;
-    });
-    auto& completing = table.addPlain(app, Completion::verb, "", [&app, &table](auto) {
-        return complete(shapeOf(app, table), table.environment(),
-                        app.get_subcommand(Completion::verb)->remaining());
-    });
-    // Hidden, and takes everything that follows as it was typed.
-    completing.group("")->prefix_command();
+std::vector<Command> shellCommands() {
+    return {
+        {.verbs = {{"completion",
+                    "Print a shell's completion script",
+                    {{"shell", "bash, zsh or fish", ValueKind::shell}}}},
+         .run = completion,
+         .hasJson = false},
+        {.verbs = {{"manual", "Print the manual page, for man(1)"}}, .run = printManual, .hasJson = false},
+        {.verbs = {{Completion::verb, "", {{.name = "WORD", .use = Word::Use::rest}}}},
+         .run = complete,
+         .hasJson = false},
+    };
 }
 
 } // namespace vantrel

@@ -1,0 +1,200 @@
+// The commands for the current desk and its active layout, and the log.
+#include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/terminal/CommandTexts.h"
+#include "Vantrel/commands/terminal/HistoryText.h"
+#include "Vantrel/commands/terminal/LogReader.h"
+#include "Vantrel/commands/verbs/VerbPrinting.h"
+#include "Vantrel/commands/verbs/VerbTexts.h"
+#include "Vantrel/controller/AppController.h"
+#include "VantrelCore/diagnostics/CrashReportNames.h"
+#include "VantrelCore/displays/DisplayLabels.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fmt/format.h>
+#include <thread>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+using namespace ControlAnswers;
+
+std::optional<std::int64_t> crashReports(const std::filesystem::path& supportDirectory) {
+    std::error_code ignored;
+    const std::filesystem::directory_iterator folder(supportDirectory / CrashReportNames::folder, ignored);
+    const auto count = std::count_if(begin(folder), end(folder), [](const auto& entry) {
+        return CrashReportNames::isReport(entry.path());
+    });
+    return count > 0 ? std::optional<std::int64_t>(count) : std::nullopt;
+}
+
+ControlAnswer currentStatus(const BusCall& call) {
+    auto status = ControlAnswers::status(call.controller.published(), call.supportDirectory);
+    status.crashReports = crashReports(call.supportDirectory);
+    return nlohmann::json(status);
+}
+
+ControlAnswer allDesks(const BusCall& call) {
+    return nlohmann::json(desks(call.controller));
+}
+
+ControlAnswer renameDesk(const BusCall& call) {
+    const auto change = call.controller.layouts().renameDesk(call[0]);
+    const auto& state = call.controller.published();
+    return change.kind == LayoutChange::Kind::done
+               ? ControlAnswer({{"configID", state.configID}, {"name", state.deskName()}})
+               : refused(change.text());
+}
+
+void save(const BusCall& call) {
+    call.controller.saveLayoutNow(saveReply(call.controller.published(), call.reply));
+}
+
+void restore(const BusCall& call) {
+    call.controller.restoreNow(RestoreSource::command, restoreReply(call.reply));
+}
+
+ControlAnswer restores(const BusCall& call) {
+    return history(call.controller.restoreLog(), call.controller.published().receipts, call.controller.now());
+}
+
+ControlAnswer setPinned(const BusCall& call, bool isPinned) {
+    const auto& state = call.controller.published();
+    if (call.controller.setPinned(isPinned)) {
+        return nlohmann::json{{"configID", state.configID},
+                              {"configName", state.deskName()},
+                              {"layoutName", state.activeLayoutName},
+                              {"pinned", state.activePinned}};
+    }
+    return refused(state.activeLayout() == nullptr
+                       ? "No layout is saved for this desk yet."
+                       : "The layout could not be written to disk. Nothing was changed.");
+}
+
+ControlAnswer pin(const BusCall& call) {
+    return setPinned(call, true);
+}
+
+ControlAnswer unpin(const BusCall& call) {
+    return setPinned(call, false);
+}
+
+ControlAnswer logPath(const BusCall& call) {
+    return nlohmann::json((call.supportDirectory / "app.log").string());
+}
+
+// The displays of the status, each with its label.
+ControlClient::Result<nlohmann::json> labelledDisplays() {
+    const auto answer = ControlClient::call("Status");
+    if (!answer) {
+        return answer;
+    }
+    const auto displays = JsonCoding::value<StatusMessage>(*answer).displays;
+    if (displays.empty()) {
+        return std::unexpected(ControlFailure{ControlFailure::Kind::failed, "No display is awake."});
+    }
+    const auto labels = DisplayLabels::of(displays);
+    auto list = nlohmann::json::array();
+    for (const DisplayInfo& display : displays) {
+        list.push_back(display);
+        list.back()["label"] = labels.at(display.uuid);
+    }
+    return nlohmann::json{{"displays", std::move(list)}};
+}
+
+ExitCode displays(const VerbCall& call) {
+    const auto text = [](const nlohmann::json& shown) {
+        std::string lines;
+        for (const auto& display : shown.at("displays")) {
+            lines += JsonCoding::required<std::string>(display, "label") + '\n';
+        }
+        return lines;
+    };
+    return VerbPrinting::show(labelledDisplays(), VerbTexts::of<nlohmann::json>(text), call);
+}
+
+std::string historyText(const RestoreLog& log, const DeskDrawing::Options& drawing) {
+    return HistoryText::history(log, std::chrono::floor<Date::duration>(std::chrono::system_clock::now()),
+                                drawing);
+}
+
+ExitCode printLog(const VerbCall& call) {
+    const auto& file = call.environment.logFile;
+    LogReader reader(file);
+    const auto last = reader.lastLines(std::stoull(call.typed["-n,--lines"], nullptr, 0));
+    const bool isFollowing = call.typed.has("-f,--follow");
+    std::error_code ignored;
+    if (!isFollowing && !std::filesystem::exists(file, ignored)) {
+        return VerbPrinting::complain(
+            fmt::format("There is no log yet; vantrel writes it to {}.", file.string()), ExitCode::failed);
+    }
+    VerbPrinting::print(last);
+    while (isFollowing) {
+        std::fflush(stdout);
+        if (std::ferror(stdout) != 0) {
+            return ExitCode::failed;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        VerbPrinting::print(reader.appended());
+    }
+    return ExitCode::done;
+}
+
+} // namespace
+
+std::vector<Command> deskCommands() {
+    return {
+        {.signature = "Status() status",
+         .handler = currentStatus,
+         .verbs = {{"status", "Show the current desk and what vantrel is doing"}},
+         .text = VerbTexts::of<StatusMessage>(CommandTexts::status)},
+        {.signature = "Save() saved",
+         .handler = save,
+         .verbs = {{"save", "Save the windows of this desk as they are now"}},
+         .text = VerbTexts::saved},
+        {.signature = "Restore() report",
+         .handler = restore,
+         .verbs = {{"restore", "Restore the windows of this desk, wait, and report on every window"}},
+         .text = VerbTexts::report},
+        {.signature = "Desks() desks",
+         .handler = allDesks,
+         .verbs = {{"desks", "Draw every remembered desk with its windows"},
+                   {"desks list", "Draw every remembered desk with its windows"}},
+         .text = VerbTexts::of<DesksMessage>(
+             CommandTexts::desks, "No desks are saved yet. Save this one with: vantrelctl save\n")},
+        {.verbs = {{"displays", "List the displays by the labels used in other commands"}}, .run = displays},
+        {.signature = "RenameDesk(name) desk",
+         .handler = renameDesk,
+         .verbs = {{"desks rename", "Give this desk a name of your own", {{"name", "Its new name"}}}},
+         .text = VerbTexts::sentence("This desk is now called \"{name}\".")},
+        {.signature = "History() history",
+         .handler = restores,
+         .verbs = {{"history", "List the last restores with the outcome for every window"}},
+         .text =
+             VerbTexts::of<RestoreLog>(historyText, "No windows were restored in the last seven days.\n")},
+        {.signature = "Pin() layout",
+         .handler = pin,
+         .verbs = {{"pin", "Keep this desk's layout as saved: do not learn, put drifting windows back"}},
+         .text = VerbTexts::sentence("Pinned layout \"{layoutName}\" of {configName}.")},
+        {.signature = "Unpin() layout",
+         .handler = unpin,
+         .verbs = {{"unpin", "Learn this desk's layout again"}},
+         .text = VerbTexts::sentence("Unpinned layout \"{layoutName}\" of {configName}.")},
+        {.signature = "Ping() empty",
+         .handler = [](const BusCall& /*call*/) { return ControlAnswer(nlohmann::json::object()); }},
+        {.signature = "LogPath() path", .handler = logPath},
+        {.verbs =
+             {{"log",
+               "Print the last lines of vantrel's log",
+               {{.name = "-n,--lines", .help = "How many lines", .kind = ValueKind::number, .fallback = 20},
+                {"-f,--follow", "Keep printing new lines until interrupted", ValueKind::flag}}}},
+         .run = printLog,
+         .hasJson = false},
+    };
+}
+
+} // namespace vantrel

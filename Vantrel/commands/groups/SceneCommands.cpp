@@ -1,0 +1,304 @@
+// The commands for scenes, and for the drift from the scene last applied.
+#include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/ControlNames.h"
+#include "Vantrel/commands/ScenesMessage.h"
+#include "Vantrel/commands/terminal/SceneTexts.h"
+#include "Vantrel/commands/verbs/VerbPrinting.h"
+#include "Vantrel/commands/verbs/VerbTexts.h"
+#include "Vantrel/controller/AppController.h"
+#include "VantrelCore/displays/DisplayLabels.h"
+#include "VantrelCore/scenes/SceneRail.h"
+#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/SceneExplanations.h"
+#include "VantrelCore/text/Unicode.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fmt/format.h>
+#include <tuple>
+
+namespace vantrel {
+
+namespace {
+
+using namespace ControlAnswers;
+
+SceneMessage message(AppController& controller, const Scene& scene) {
+    const PublishedState& state = controller.published();
+    return {.scene = scene,
+            .deskName = controller.scenes().deskName(scene.configID).value_or(scene.layout.name),
+            .isCurrentDesk = scene.configID == state.configID,
+            .isLastApplied = scene.id == state.lastAppliedSceneID};
+}
+
+ControlAnswer scenes(const BusCall& call) {
+    AppController& controller = call.controller;
+    const PublishedState& state = controller.published();
+    ScenesMessage result{.scenes = {}, .driftNudge = state.driftNudge};
+    for (const Scene& scene : controller.scenes().scenesForCurrentDesk()) {
+        result.scenes.push_back(message(controller, scene));
+    }
+    const auto others =
+        SceneRail::otherDeskGroups(state.configID, state.scenes, [&](const std::string& configID) {
+            return controller.scenes().deskName(configID);
+        });
+    for (const SceneDeskGroup& group : others) {
+        for (const Scene& scene : group.scenes) {
+            result.scenes.push_back(message(controller, scene));
+            result.scenes.back().deskName = group.deskName;
+        }
+    }
+    return nlohmann::json(result);
+}
+
+// Finds a scene by name or ID, ignoring case.
+std::expected<Scene, ControlRefusal> sceneCalled(AppController& controller, const std::string& called) {
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    const auto& all = controller.published().scenes;
+    const auto found = std::ranges::find_if(all, [&](const Scene& scene) {
+        return Unicode::lowercased(scene.name) == wanted || Unicode::lowercased(scene.id) == wanted;
+    });
+    if (found != all.end()) {
+        return *found;
+    }
+    return std::unexpected(
+        ControlRefusal{ControlNames::refused,
+                       all.empty() ? "There are no scenes yet. Save one with: vantrelctl save-scene NAME"
+                                   : fmt::format("There is no scene \"{}\".", called)});
+}
+
+ControlAnswer edited(AppController& controller, const SceneFlow::EditResult& result) {
+    return result ? ControlAnswer(message(controller, *result))
+                  : refused(std::string(SceneProblems::panelText(result.error())));
+}
+
+ControlAnswer saved(AppController& controller, const SceneSaveOutcome& outcome) {
+    if (outcome.kind == SceneSaveOutcome::Kind::refused) {
+        return refused(std::string(SceneProblems::panelText(outcome.problem)));
+    }
+    if (!outcome.isSaved()) {
+        return refused(outcome.text());
+    }
+    nlohmann::json json = message(controller, *outcome.scene);
+    json["isNew"] = outcome.kind == SceneSaveOutcome::Kind::added;
+    return json;
+}
+
+void save(const BusCall& call) {
+    call.controller.scenes().saveCurrentAsScene(
+        call[0], [&controller = call.controller, reply = call.reply](const SceneSaveOutcome& outcome) {
+            reply(saved(controller, outcome));
+        });
+}
+
+ControlAnswer create(const BusCall& call) {
+    return saved(call.controller, call.controller.scenes().createEmptyScene(call[0]));
+}
+
+void apply(const BusCall& call) {
+    if (const auto scene = sceneCalled(call.controller, call[0])) {
+        call.controller.applyScene(*scene, std::nullopt, restoreReply(call.reply));
+    } else {
+        call.reply(std::unexpected(scene.error()));
+    }
+}
+
+ControlAnswer deleteScene(const BusCall& call, const Scene& scene) {
+    return scene.isPinned() ? refused(std::string(SceneExplanations::pinnedIsProtected))
+                            : edited(call.controller, call.controller.scenes().deleteScene(scene.id));
+}
+
+ControlAnswer setOpensMissingApps(const BusCall& call, const Scene& scene) {
+    return call[1] == "true" || call[1] == "false"
+               ? edited(call.controller,
+                        call.controller.scenes().setOpensMissingApps(call[1] == "true", scene.id))
+               : refused("The argument opens must be \"true\" or \"false\".");
+}
+
+// Sets the wallpaper of one display, as DisplayLabels::resolve() finds it, or of all displays when `display`
+// is empty. An empty path removes it.
+ControlAnswer setWallpaper(const BusCall& call, const Scene& scene) {
+    const auto& [display, path] = std::tie(call[1], call[2]);
+    SceneWallpaper wallpaper = scene.wallpaper.value_or(SceneWallpaper{});
+    std::vector<DisplayInfo> meant = scene.layout.displays;
+    if (!display.empty()) {
+        const auto found = DisplayLabels::resolve(display, {scene.layout.displays});
+        if (!found) {
+            return refused(found.error());
+        }
+        meant = {*found};
+    }
+    for (const DisplayInfo& each : meant) {
+        if (path.empty()) {
+            wallpaper.perDisplay.erase(each.uuid);
+        } else {
+            wallpaper.perDisplay[each.uuid] = path;
+        }
+    }
+    return edited(call.controller, call.controller.scenes().setWallpaper(wallpaper, scene.id));
+}
+
+ControlAnswer dismiss(const BusCall& call) {
+    call.controller.dismissDriftNudge();
+    return scenes(call);
+}
+
+void reapply(const BusCall& call) {
+    if (call.controller.published().driftNudge) {
+        call.controller.reapplyDriftScene(restoreReply(call.reply));
+    } else {
+        call.reply(refused("No windows have moved away from a scene."));
+    }
+}
+
+// Calls `edit` with the scene that the first argument names.
+template <typename Edit>
+BusHandler editing(Edit edit) {
+    return [edit](const BusCall& call) {
+        const auto scene = sceneCalled(call.controller, call[0]);
+        return scene ? edit(call, *scene) : std::unexpected(scene.error());
+    };
+}
+
+ControlAnswer renameScene(const BusCall& call, const Scene& scene) {
+    return edited(call.controller, call.controller.scenes().rename(scene.id, call[1]));
+}
+
+ControlAnswer pin(const BusCall& call, const Scene& scene) {
+    return edited(call.controller, call.controller.scenes().setPinned(true, scene.id));
+}
+
+ControlAnswer unpin(const BusCall& call, const Scene& scene) {
+    return edited(call.controller, call.controller.scenes().setPinned(false, scene.id));
+}
+
+std::string savedText(const nlohmann::json& saved, const VerbCall& /*call*/) {
+    const auto message = JsonCoding::value<SceneMessage>(saved);
+    const auto windows = countedNoun(std::ssize(message.scene.layout.windows), "window");
+    return JsonCoding::required<bool>(saved, "isNew")
+               ? fmt::format("Saved {} as the scene \"{}\".\n", windows, message.scene.name)
+               : fmt::format("Updated the scene \"{}\" with {}.\n", message.scene.name, windows);
+}
+
+std::string opensText(const SceneMessage& message) {
+    return fmt::format("The scene \"{}\" opens {}.\n", message.scene.name,
+                       message.scene.effectiveOpensMissingApps()
+                           ? "missing apps"
+                           : "no missing apps, except those it keeps places for");
+}
+
+// Searches the scenes that the program knows.
+ExitCode show(const VerbCall& call) {
+    auto answer = ControlClient::call("Scenes");
+    if (answer) {
+        const std::string wanted = Unicode::lowercased(Unicode::trimmed(call.typed["scene"]));
+        const auto all = answer->value("scenes", nlohmann::json::array());
+        const auto found = std::ranges::find_if(all, [&](const nlohmann::json& each) {
+            return Unicode::lowercased(each.value("name", "")) == wanted ||
+                   Unicode::lowercased(each.value("id", "")) == wanted;
+        });
+        answer = found != all.end()
+                     ? ControlClient::Result<nlohmann::json>(*found)
+                     : std::unexpected(ControlFailure{
+                           .message = fmt::format("There is no scene \"{}\".", call.typed["scene"])});
+    }
+    return VerbPrinting::show(answer, VerbTexts::of<SceneMessage>(SceneTexts::scene), call);
+}
+
+// The path is made absolute: the program that shows the picture has a different working directory.
+ExitCode wallpaper(const VerbCall& call) {
+    std::string path;
+    if (!call.typed["picture"].empty()) {
+        std::error_code ignored;
+        path = std::filesystem::absolute(call.typed["picture"], ignored).string();
+        if (!std::filesystem::is_regular_file(path, ignored)) {
+            return VerbPrinting::complain(fmt::format("There is no picture file {}.", path),
+                                          ExitCode::failed);
+        }
+    }
+    return VerbPrinting::show(
+        ControlClient::call("SetSceneWallpaper", {call.typed["scene"], call.typed["--display"], path}),
+        VerbTexts::sentence(path.empty() ? "The scene \"{name}\" does not change the wallpaper."
+                                         : "The wallpaper of the scene \"{name}\" is set."),
+        call);
+}
+
+constexpr Word scene{"scene", "The scene's name", ValueKind::scene};
+
+} // namespace
+
+std::vector<Command> sceneCommands() {
+    return {
+        {.signature = "Scenes() scenes",
+         .handler = scenes,
+         .verbs = {{"scenes", "List and manage the scenes of every desk"},
+                   {"scenes list", "List the scenes of every desk; a star marks the one last applied here"}},
+         .text = VerbTexts::of<ScenesMessage>(
+             SceneTexts::list, "There are no scenes yet. Save one with: vantrelctl save-scene NAME\n")},
+        {.verbs = {{"scenes show", "Draw a scene", {scene}}}, .run = show},
+        {.signature = "CreateEmptyScene(name) scene",
+         .handler = create,
+         .verbs = {{"scenes new", "Create a scene without windows, to be filled in the editor", {scene}}},
+         .text = VerbTexts::sentence("Created the empty scene \"{name}\".")},
+        {.signature = "ApplyScene(scene) report",
+         .handler = apply,
+         .verbs = {{"apply", "Arrange the desk as saved in a scene, even one of another desk", {scene}}},
+         .text = VerbTexts::report},
+        {.signature = "SaveScene(name) scene",
+         .handler = save,
+         .verbs = {{"scenes update", "Save the desk to an existing scene of this desk", {scene}},
+                   {"save-scene",
+                    "Save the desk as a scene",
+                    {{"name", "The scene's name, of 30 characters or fewer", ValueKind::scene}}}},
+         .text = savedText},
+        {.signature = "RenameScene(scene, name) scene",
+         .handler = editing(renameScene),
+         .verbs = {{"scenes rename",
+                    "Rename a scene",
+                    {scene, {"name", "Its new name, of 30 characters or fewer"}}}},
+         .text = VerbTexts::sentence("The scene is now called \"{name}\".")},
+        {.signature = "DeleteScene(scene) scene",
+         .handler = editing(deleteScene),
+         .verbs = {{"scenes delete", "Delete a scene", {scene}}},
+         .text = VerbTexts::sentence("Deleted the scene \"{name}\".")},
+        {.signature = "PinScene(scene) scene",
+         .handler = editing(pin),
+         .verbs = {{"scenes pin", "Protect a scene from being overwritten or deleted", {scene}}},
+         .text = VerbTexts::sentence("Pinned the scene \"{name}\".")},
+        {.signature = "UnpinScene(scene) scene",
+         .handler = editing(unpin),
+         .verbs = {{"scenes unpin", "Allow a scene to be changed again", {scene}}},
+         .text = VerbTexts::sentence("Unpinned the scene \"{name}\".")},
+        {.signature = "SetSceneOpensMissingApps(scene, opens) scene",
+         .handler = editing(setOpensMissingApps),
+         .verbs = {{"scenes open-apps",
+                    "Choose whether applying a scene starts its applications that are not running",
+                    {scene, {"opens", "yes or no", ValueKind::yesOrNo}},
+                    [](const Typed& typed) {
+                        return std::vector<std::string>{typed["scene"],
+                                                        typed["opens"] == "yes" ? "true" : "false"};
+                    }}},
+         .text = VerbTexts::of<SceneMessage>(opensText)},
+        {.signature = "SetSceneWallpaper(scene, display, path) scene",
+         .handler = editing(setWallpaper),
+         .verbs = {{"scenes wallpaper",
+                    "Choose a scene's wallpaper",
+                    {scene,
+                     {"picture", "The picture file; omit it to remove the wallpaper", ValueKind::file,
+                      Word::Use::optional},
+                     {"--display", "A display of the scene, by label; defaults to all displays",
+                      ValueKind::display}}}},
+         .run = wallpaper},
+        {.signature = "ReapplyDriftScene() report",
+         .handler = reapply,
+         .verbs = {{"scenes reapply", "Reapply the scene that windows have moved away from"}},
+         .text = VerbTexts::report},
+        {.signature = "DismissDriftNudge() scenes",
+         .handler = dismiss,
+         .verbs = {{"scenes dismiss", "Dismiss the notice that windows have moved away from the scene"}},
+         .text = VerbTexts::of<ScenesMessage>(SceneTexts::list)},
+    };
+}
+
+} // namespace vantrel

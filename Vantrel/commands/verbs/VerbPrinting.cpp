@@ -1,0 +1,83 @@
+#include "Vantrel/commands/verbs/VerbPrinting.h"
+
+#include "VantrelCore/text/SafeText.h"
+
+#include <cstdio>
+#include <fmt/format.h>
+#include <utility>
+
+namespace vantrel {
+
+namespace VerbPrinting {
+
+namespace {
+
+void write(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+} // namespace
+
+void print(std::string_view text) {
+    write(SafeText::lines(text));
+}
+
+nlohmann::json safe(nlohmann::json answer) {
+    if (answer.is_string()) {
+        return SafeText::line(answer.get_ref<const std::string&>());
+    }
+    if (answer.is_structured()) {
+        for (auto& each : answer) {
+            each = safe(std::move(each));
+        }
+    }
+    return answer;
+}
+
+ExitCode complain(const std::string& sentence, ExitCode code) {
+    std::fflush(stdout);
+    fmt::print(stderr, "vantrelctl: {}\n", SafeText::line(sentence));
+    return code;
+}
+
+ExitCode complain(const ControlFailure& failure) {
+    return complain(failure.message, failure.kind == ControlFailure::Kind::notRunning ? ExitCode::notRunning
+                                                                                      : ExitCode::failed);
+}
+
+void printJson(const nlohmann::json& json) {
+    write(SafeText::json(json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace)) + '\n');
+}
+
+ExitCode complainAboutReply(const std::exception& error) {
+    return complain(fmt::format("vantrel sent a reply that vantrelctl does not understand ({}). Do vantrel "
+                                "and vantrelctl have the same version?",
+                                error.what()),
+                    ExitCode::failed);
+}
+
+ExitCode run(const Command& command, const Verb& verb, const VerbCall& call) {
+    std::vector<std::string> arguments;
+    if (verb.arguments) {
+        arguments = verb.arguments(call.typed);
+    } else {
+        for (const Word& word : verb.words) {
+            arguments.push_back(call.typed[word.name]);
+        }
+    }
+    const std::string signature = command.signature;
+    return show(ControlClient::call(signature.substr(0, signature.find('(')).c_str(), arguments),
+                command.text, call);
+}
+
+ExitCode show(const ControlClient::Result<nlohmann::json>& answer, const VerbText& text,
+              const VerbCall& call) {
+    const auto shown = show<nlohmann::json>(answer, call.output,
+                                            [&](const nlohmann::json& reply) { return text(reply, call); });
+    const bool hasFailed = answer && answer->value("failed", std::size_t{0}) > 0;
+    return shown == ExitCode::done && hasFailed ? ExitCode::failed : shown;
+}
+
+} // namespace VerbPrinting
+
+} // namespace vantrel
