@@ -40,8 +40,10 @@ packages_test=(
     desktop-file-utils
     featherpad
     fish
+    fluxbox
     galculator
     gsettings-desktop-schemas
+    i3-wm
     libbenchmark-dev
     libgmock-dev
     libgtest-dev

@@ -17,7 +17,8 @@ int main(int argumentCount, char** arguments) {
         "where vantrel has put every window. Touches none of the user's files.",
         "vantrel_demo");
     app.footer("Exit codes: 0 every window is back, 1 some are not, 2 the demo could not be set up.");
-    app.add_option("--window-manager", options.windowManager, "openbox or xfwm4")->capture_default_str();
+    app.add_option("--window-manager", options.windowManager, "openbox, xfwm4, fluxbox or another")
+        ->capture_default_str();
     app.add_option("--pictures", options.pictures, "Folder for the three screenshots")->capture_default_str();
     app.add_option("--vantrel", options.programs.vantrel, "The program vantrel")->capture_default_str();
     app.add_option("--vantrelctl", options.programs.vantrelctl, "The program vantrelctl")

@@ -14,6 +14,10 @@ std::vector<std::string> commandFor(const std::string& name) {
         {"openbox", {"openbox", "--sm-disable"}},
         {"xfwm4", {"xfwm4", "--compositor=off"}},
         {"xfwm4 with its compositor", {"xfwm4", "--compositor=on", "--vblank=off"}},
+        // Without a configuration of the user's, i3 opens a dialog.
+        {"i3", {"i3", "-c", "/etc/i3/config"}},
+        {"kwin", {"kwin_x11", "--no-kactivities"}},
+        {"mutter", {"mutter", "--x11"}},
     };
     const auto known = commands.find(name);
     return known == commands.end() ? std::vector{name} : known->second;
@@ -26,7 +30,7 @@ bool isAnnounced(DeskConnection& connection) {
            !connection.values(connection.root(), "_NET_SUPPORTED").empty();
 }
 
-// A window that is never shown, for requests to the window manager.
+// Finds out whether the window manager handles windows yet.
 class ProbeWindow {
 public:
     explicit ProbeWindow(DeskConnection& connection)
@@ -43,15 +47,25 @@ public:
     ProbeWindow(const ProbeWindow&) = delete;
     ProbeWindow& operator=(const ProbeWindow&) = delete;
 
-    // Repeats the request each time, as early requests are lost.
-    [[nodiscard]] bool isAnswered() {
+    // Repeats the request each time, as early requests are lost. Once some have been, shows the window for a
+    // moment instead: kwin, fvwm3 and fluxbox do not answer requests about windows that were never shown.
+    [[nodiscard]] bool isHandled() {
+        constexpr int requests = 20;
+        if (++m_tries > requests) {
+            if (!m_connection.values(m_window, "WM_STATE").empty()) {
+                return true;
+            }
+            xcb_unmap_window(m_connection.xcb(), m_window);
+            xcb_map_window(m_connection.xcb(), m_window);
+        }
         m_connection.tellWindowManager(m_window, "_NET_REQUEST_FRAME_EXTENTS", {});
-        return !m_connection.values(m_window, "_NET_FRAME_EXTENTS").empty();
+        return !m_connection.values(m_window, "_NET_FRAME_EXTENTS").empty() && m_tries <= requests;
     }
 
 private:
     DeskConnection& m_connection;
     xcb_window_t m_window;
+    int m_tries = 0;
 };
 
 } // namespace
@@ -66,7 +80,7 @@ WindowManager::WindowManager(const std::string& name, const TemporaryHome& home,
     // openbox 3.6 announces itself before it manages windows: a window shown in between stays unmanaged.
     ProbeWindow probe(connection);
     const bool decided = connection.waitUntil(
-        [&] { return (isAnnounced(connection) && probe.isAnswered()) || !m_process.isRunning(); });
+        [&] { return (isAnnounced(connection) && probe.isHandled()) || !m_process.isRunning(); });
     if (!decided || !m_process.isRunning()) {
         throw std::runtime_error(fmt::format("{} does not manage the screen: {}", name, home.logEnd(name)));
     }

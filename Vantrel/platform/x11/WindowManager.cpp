@@ -22,7 +22,7 @@ WindowManager WindowManager::from(const PropertyValues::Reply& rootCheck,
     return {.isPresent = true,
             .moves = has(atoms.netMoveresizeWindow),
             .restacks = has(atoms.netRestackWindow),
-            .answersFences = has(atoms.netRequestFrameExtents)};
+            .supportingWindow = *named};
 }
 
 WindowManager WindowManager::query(const X11Connection& connection) {

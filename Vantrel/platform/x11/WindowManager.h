@@ -11,7 +11,8 @@ struct WindowManager {
     bool isPresent = false;
     bool moves = false;
     bool restacks = false;
-    bool answersFences = false;
+    // The window that stands for it (_NET_SUPPORTING_WM_CHECK). It is destroyed when the window manager ends.
+    xcb_window_t supportingWindow = XCB_WINDOW_NONE;
 
     bool operator==(const WindowManager&) const = default;
 

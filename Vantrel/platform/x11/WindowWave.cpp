@@ -103,9 +103,7 @@ SizeHints decode(const xcb_size_hints_t& read) {
 } // namespace
 
 WindowWave::WindowWave(X11Context& context, std::span<const WindowOrder> orders, const MovePermit& permit)
-    : m_context(context), m_connection(*context.connection), m_permit(permit),
-      m_deadline(steady_clock::now() + std::min<steady_clock::duration>(
-                                           limit + limitPerWindow * std::ssize(orders), longestLimit)) {
+    : m_context(context), m_connection(*context.connection), m_permit(permit) {
     for (const WindowOrder& order : orders) {
         m_moves.push_back({.window = X11Window::of(order.window), .target = order.target});
     }
@@ -166,17 +164,17 @@ void WindowWave::look(const Moves& moves, WindowScope scope) {
     }
 }
 
-void WindowWave::lookAfterFence(const Moves& moves, const IsDone& isDone) {
+steady_clock::time_point WindowWave::deadline() const {
+    return steady_clock::now() +
+           std::min<steady_clock::duration>(limit + limitPerWindow * std::ssize(m_moves), longestLimit);
+}
+
+void WindowWave::lookAfterFence(const Moves& moves) {
     if (moves.empty()) {
         return;
     }
-    const WindowManager windowManager = m_context.windowManager;
-    if (!windowManager.answersFences) {
-        lookUntil(moves, isDone);
-        return;
-    }
     // Look even if the fence times out.
-    std::ignore = m_context.fence.awaitWhileBusy(m_deadline);
+    m_isWindowManagerStuck = !m_context.fence.awaitWhileBusy(deadline());
     look(moves, WindowScope::placement);
 }
 
@@ -187,7 +185,8 @@ void WindowWave::lookUntil(const Moves& moves, const IsDone& isDone) {
     m_connection.synchronize();
     const auto isWaitedFor = [&](const Move* move) { return move->facts && !isDone(*move); };
     look(moves, WindowScope::placement);
-    while (std::ranges::any_of(moves, isWaitedFor) && watch.await(m_deadline)) {
+    const auto end = deadline();
+    while (std::ranges::any_of(moves, isWaitedFor) && watch.await(end)) {
         look(moves, WindowScope::placement);
     }
 }
@@ -207,7 +206,7 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
     if (moves.empty()) {
         return {};
     }
-    const IsDone isThere = [](const Move& move) { return isMaximizedAt(move.target, *move.facts); };
+    const auto isThere = [](const Move& move) { return isMaximizedAt(move.target, *move.facts); };
     const auto areas = monitors(m_connection);
     Moves asked;
     Moves others;
@@ -222,7 +221,7 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
         }
     }
     xcb_flush(m_connection.xcb());
-    lookAfterFence(asked, isThere);
+    lookAfterFence(asked);
     for (Move* const move : asked) {
         if (move->facts && isThere(*move)) {
             move->isTaken = true;
@@ -230,7 +229,7 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
             others.push_back(move);
         }
     }
-    if (m_permit.isRevoked()) {
+    if (m_permit.isRevoked() || m_isWindowManagerStuck) {
         return {};
     }
     for (const Move* const move : others) {
@@ -240,7 +239,7 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
     }
     xcb_flush(m_connection.xcb());
     // The borders of an ordinary window are known only once it is one.
-    lookAfterFence(others, [](const Move& move) { return !move.facts->traits.isMaximized(); });
+    lookAfterFence(others);
     std::erase_if(others, [](Move* move) {
         move->isTaken = move->facts && FrameArithmetic::isAt(move->target, frameOf(*move->facts));
         return !move->facts || move->isTaken;
@@ -271,8 +270,7 @@ void WindowWave::moveOrdinary(Moves moves) {
     for (Move* const move : moves) {
         move->from = frameOf(*move->facts);
     }
-    for (int attempt = 0; attempt < attempts && !moves.empty() && steady_clock::now() < m_deadline;
-         ++attempt) {
+    for (int attempt = 0; attempt < attempts && !moves.empty() && !m_isWindowManagerStuck; ++attempt) {
         moves = askAndLook(moves);
     }
     const auto hints = sizeHints(moves);
@@ -285,7 +283,7 @@ void WindowWave::moveOrdinary(Moves moves) {
             slow.push_back(&move);
         }
     }
-    if (!slow.empty()) {
+    if (!slow.empty() && !m_isWindowManagerStuck) {
         lookUntil(slow,
                   [](const Move& move) { return FrameArithmetic::isAt(move.target, frameOf(*move.facts)); });
     }
@@ -295,7 +293,7 @@ void WindowWave::moveOrdinary(Moves moves) {
 }
 
 WindowWave::Moves WindowWave::askAndLook(const Moves& moves) {
-    const IsDone hasArrived = [](const Move& move) {
+    const auto hasArrived = [](const Move& move) {
         return FrameArithmetic::isAt(move.target, frameOf(*move.facts));
     };
     // All requests are in flight before the first is waited for.
@@ -311,10 +309,11 @@ WindowWave::Moves WindowWave::askAndLook(const Moves& moves) {
         asked.push_back(move);
     }
     xcb_flush(m_connection.xcb());
+    const auto end = deadline();
     Moves likely;
     Moves unseen;
     for (std::size_t i = 0; i < asked.size(); ++i) {
-        const auto sighting = watches[i].awaitWhileBusy(usualDelay, m_deadline);
+        const auto sighting = watches[i].awaitWhileBusy(usualDelay, end);
         if (sighting == WindowChangeWatch::Sighting::certain) {
             asked[i]->isTaken = true;
         } else {
@@ -324,7 +323,7 @@ WindowWave::Moves WindowWave::askAndLook(const Moves& moves) {
     look(likely, WindowScope::placement);
     std::ranges::copy_if(likely, std::back_inserter(unseen),
                          [&](const Move* move) { return move->facts && !hasArrived(*move); });
-    lookAfterFence(unseen, hasArrived);
+    lookAfterFence(unseen);
     Moves strays;
     for (Move* const move : asked) {
         move->isTaken = move->isTaken || (move->facts && hasArrived(*move));

@@ -22,7 +22,6 @@ namespace vantrel {
 // Shares the connection with any number of other waves.
 class WindowWave {
 public:
-    // Starts the time that the whole wave may take: 1.0 second, and longer for many windows.
     WindowWave(X11Context& context, std::span<const WindowOrder> orders, const MovePermit& permit);
 
     // An order is not taken when its window is gone, is full screen, or stayed where it was although it could
@@ -48,9 +47,10 @@ private:
 
     // Looks at all of them in one round trip.
     void look(const Moves& moves, WindowScope scope);
-    // Looks at them after the window manager has handled what was sent. If it does not answer fences, looks
-    // when all are done or the time is up.
-    void lookAfterFence(const Moves& moves, const IsDone& isDone);
+    // What was sent just now may take this long: 1.0 second, and longer for many windows.
+    [[nodiscard]] std::chrono::steady_clock::time_point deadline() const;
+    // Looks at them after the window manager has handled what was sent.
+    void lookAfterFence(const Moves& moves);
     void lookUntil(const Moves& moves, const IsDone& isDone);
 
     // Returns the moves that are still to be made as those of ordinary windows.
@@ -66,7 +66,8 @@ private:
     const X11Connection& m_connection;
     const MovePermit& m_permit;
     std::vector<Move> m_moves;
-    std::chrono::steady_clock::time_point m_deadline;
+    // It did not handle requests in time. Then none are repeated: it has them all, and may yet handle them.
+    bool m_isWindowManagerStuck = false;
 };
 
 } // namespace vantrel

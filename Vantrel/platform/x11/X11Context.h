@@ -23,6 +23,11 @@ struct X11Context {
     DesktopEntries desktopEntries;
     // As found by the latest capture.
     std::atomic<WindowManager> windowManager = WindowManager{};
+
+    void noteWindowManager(const WindowManager& found) {
+        windowManager = found;
+        fence.noteWindowManager(found.supportingWindow);
+    }
 };
 
 } // namespace vantrel

@@ -34,7 +34,7 @@ xcb_window_t topmost(const X11Connection& connection) {
 
 bool X11Desk::isTrusted() {
     const auto windowManager = WindowManager::query(*m_context->connection);
-    m_context->windowManager = windowManager;
+    m_context->noteWindowManager(windowManager);
     return windowManager.isPresent && windowManager.moves;
 }
 

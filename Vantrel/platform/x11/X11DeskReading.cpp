@@ -163,7 +163,7 @@ X11DeskReading::X11DeskReading(std::shared_ptr<X11Context> context) : m_context(
             return !window.facts.isViewable || window.facts.traits.isOverrideRedirect;
         });
     }
-    m_context->windowManager = windowManager;
+    m_context->noteWindowManager(windowManager);
     orderByAppearance(root.appearance);
 }
 

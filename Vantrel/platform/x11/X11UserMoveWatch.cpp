@@ -136,13 +136,8 @@ void X11UserMoveWatch::takePointer() {
 
 bool X11UserMoveWatch::hasSeenUser() {
     const X11Connection& connection = *m_desk->connection;
-    const WindowManager windowManager = m_desk->windowManager;
-    if (windowManager.answersFences) {
-        // The fence's reply is an event that comes after all others.
-        std::ignore = m_desk->fence.await(now() + limit);
-    } else {
-        connection.synchronize();
-    }
+    // The fence's reply is an event that comes after all others.
+    std::ignore = m_desk->fence.await(now() + limit);
     // Wait for a pointer query that may be in flight.
     std::ignore = ownReply(xcb_get_input_focus_reply(
         connection.queryConnection(), xcb_get_input_focus(connection.queryConnection()), nullptr));
