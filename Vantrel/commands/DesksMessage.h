@@ -1,9 +1,9 @@
 // Every desk with a saved layout, as sent over the session bus.
 #pragma once
 
+#include "Vantrel/commands/MessageFields.h"
 #include "VantrelCore/model/Layout.h"
 
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -19,6 +19,15 @@ struct DeskMessage {
 
     bool operator==(const DeskMessage&) const = default;
 
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("configID", self.configID);
+        field("name", self.name);
+        field("isCurrent", self.isCurrent);
+        field("activeLayoutName", self.activeLayoutName);
+        field("layouts", self.layouts);
+    }
+
     // The active layout, else the first; null if there are none.
     [[nodiscard]] const Layout* shownLayout() const;
 };
@@ -28,11 +37,11 @@ struct DesksMessage {
     std::vector<DeskMessage> desks;
 
     bool operator==(const DesksMessage&) const = default;
-};
 
-void to_json(nlohmann::json& json, const DeskMessage& desk);
-void from_json(const nlohmann::json& json, DeskMessage& desk);
-void to_json(nlohmann::json& json, const DesksMessage& message);
-void from_json(const nlohmann::json& json, DesksMessage& message);
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("desks", self.desks);
+    }
+};
 
 } // namespace vantrel

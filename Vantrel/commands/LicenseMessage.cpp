@@ -1,10 +1,6 @@
 #include "Vantrel/commands/LicenseMessage.h"
 
-#include "VantrelCore/model/JsonCoding.h"
-
 namespace vantrel {
-
-using namespace JsonCoding;
 
 namespace {
 
@@ -45,30 +41,6 @@ LicenseMessage LicenseMessage::of(const Entitlement& entitlement) {
         message.leasedUntil = license->leasedUntil;
     }
     return message;
-}
-
-void to_json(nlohmann::json& json, const LicenseMessage& message) {
-    json = {{"entitled", message.entitled}, {"state", message.state}, {"reason", message.reason}};
-    put(json, "trialEndsAt", message.trialEndsAt);
-    put(json, "trialDaysLeft", message.trialDaysLeft);
-    put(json, "id", message.id);
-    put(json, "plan", message.plan);
-    put(json, "holder", message.holder);
-    put(json, "expiresAt", message.expiresAt);
-    put(json, "leasedUntil", message.leasedUntil);
-}
-
-void from_json(const nlohmann::json& json, LicenseMessage& message) {
-    message.entitled = required<bool>(json, "entitled");
-    message.state = required<std::string>(json, "state");
-    message.reason = required<std::string>(json, "reason");
-    message.trialEndsAt = optional<Date>(json, "trialEndsAt");
-    message.trialDaysLeft = optional<std::int64_t>(json, "trialDaysLeft");
-    message.id = optional<std::string>(json, "id");
-    message.plan = optional<std::string>(json, "plan");
-    message.holder = optional<std::string>(json, "holder");
-    message.expiresAt = optional<Date>(json, "expiresAt");
-    message.leasedUntil = optional<Date>(json, "leasedUntil");
 }
 
 } // namespace vantrel

@@ -1,10 +1,10 @@
 // The state of trial and license, as sent over the session bus.
 #pragma once
 
+#include "Vantrel/commands/MessageFields.h"
 #include "VantrelCore/model/Entitlement.h"
 
 #include <cstdint>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 
@@ -29,10 +29,21 @@ struct LicenseMessage {
 
     bool operator==(const LicenseMessage&) const = default;
 
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("entitled", self.entitled);
+        field("state", self.state);
+        field("reason", self.reason);
+        field("trialEndsAt", self.trialEndsAt);
+        field("trialDaysLeft", self.trialDaysLeft);
+        field("id", self.id);
+        field("plan", self.plan);
+        field("holder", self.holder);
+        field("expiresAt", self.expiresAt);
+        field("leasedUntil", self.leasedUntil);
+    }
+
     [[nodiscard]] static LicenseMessage of(const Entitlement& entitlement);
 };
-
-void to_json(nlohmann::json& json, const LicenseMessage& message);
-void from_json(const nlohmann::json& json, LicenseMessage& message);
 
 } // namespace vantrel

@@ -28,14 +28,4 @@ void from_json(const nlohmann::json& json, DriftNudgeInfo& nudge) {
              .movedCount = JsonCoding::required<std::int64_t>(json, "movedCount")};
 }
 
-void to_json(nlohmann::json& json, const ScenesMessage& message) {
-    json = {{"scenes", message.scenes}};
-    JsonCoding::put(json, "driftNudge", message.driftNudge);
-}
-
-void from_json(const nlohmann::json& json, ScenesMessage& message) {
-    message = {.scenes = JsonCoding::required<std::vector<SceneMessage>>(json, "scenes"),
-               .driftNudge = JsonCoding::optional<DriftNudgeInfo>(json, "driftNudge")};
-}
-
 } // namespace vantrel

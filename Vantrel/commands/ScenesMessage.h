@@ -1,10 +1,10 @@
 // The scenes of every desk, as sent over the session bus.
 #pragma once
 
+#include "Vantrel/commands/MessageFields.h"
 #include "Vantrel/controller/DriftNudgeInfo.h"
 #include "VantrelCore/model/Scene.h"
 
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,12 +29,18 @@ struct ScenesMessage {
     std::optional<DriftNudgeInfo> driftNudge;
 
     bool operator==(const ScenesMessage&) const = default;
+
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("scenes", self.scenes);
+        field("driftNudge", self.driftNudge);
+    }
 };
 
+void to_json(nlohmann::json& json, const DriftNudgeInfo& nudge);
+void from_json(const nlohmann::json& json, DriftNudgeInfo& nudge);
 // Contains the keys of a scene in scenes.json, and deskName, isCurrentDesk and isLastApplied.
 void to_json(nlohmann::json& json, const SceneMessage& message);
 void from_json(const nlohmann::json& json, SceneMessage& message);
-void to_json(nlohmann::json& json, const ScenesMessage& message);
-void from_json(const nlohmann::json& json, ScenesMessage& message);
 
 } // namespace vantrel

@@ -1,9 +1,9 @@
 // The stashed desks, as sent over the session bus.
 #pragma once
 
+#include "Vantrel/commands/MessageFields.h"
 #include "VantrelCore/model/Stash.h"
 
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,9 +17,12 @@ struct StashesMessage {
     std::optional<std::string> activeStash;
 
     bool operator==(const StashesMessage&) const = default;
-};
 
-void to_json(nlohmann::json& json, const StashesMessage& message);
-void from_json(const nlohmann::json& json, StashesMessage& message);
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("stashes", self.stashes);
+        field("activeStash", self.activeStash);
+    }
+};
 
 } // namespace vantrel

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "Vantrel/commands/LicenseMessage.h"
+#include "Vantrel/commands/MessageFields.h"
 #include "VantrelCore/model/Date.h"
 #include "VantrelCore/model/DisplayInfo.h"
 
 #include <cstdint>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +24,14 @@ struct PhaseMessage {
     std::string text;
 
     bool operator==(const PhaseMessage&) const = default;
+
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("name", self.name);
+        field("windows", self.windows);
+        field("seconds", self.seconds);
+        field("text", self.text);
+    }
 };
 
 struct FileIncidentMessage {
@@ -40,6 +48,16 @@ struct FileIncidentMessage {
     std::string text;
 
     bool operator==(const FileIncidentMessage&) const = default;
+
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("kind", self.kind);
+        field("file", self.file);
+        field("isTrouble", self.isTrouble);
+        field("reason", self.reason);
+        field("copy", self.copy);
+        field("text", self.text);
+    }
 };
 
 struct StatusMessage {
@@ -72,13 +90,28 @@ struct StatusMessage {
     std::optional<std::int64_t> crashReports;
 
     bool operator==(const StatusMessage&) const = default;
-};
 
-void to_json(nlohmann::json& json, const PhaseMessage& phase);
-void from_json(const nlohmann::json& json, PhaseMessage& phase);
-void to_json(nlohmann::json& json, const FileIncidentMessage& incident);
-void from_json(const nlohmann::json& json, FileIncidentMessage& incident);
-void to_json(nlohmann::json& json, const StatusMessage& status);
-void from_json(const nlohmann::json& json, StatusMessage& status);
+    template <typename Self, typename Field>
+    static void fields(Self& self, Field&& field) {
+        field("version", self.version);
+        field("phase", self.phase);
+        field("enabled", self.enabled);
+        field("configID", self.configID);
+        field("configName", self.configName);
+        field("activeLayoutName", self.activeLayoutName);
+        field("activePinned", self.activePinned);
+        field("pinPause", self.pinPause);
+        field("savedWindows", self.savedWindows);
+        field("savedAt", self.savedAt);
+        field("layoutNames", self.layoutNames);
+        field("displays", self.displays);
+        field("supportDirectory", self.supportDirectory);
+        field("license", self.license);
+        field("learningFailed", self.learningFailed);
+        field("fileIncidents", self.fileIncidents);
+        field("latestAvailable", self.latestAvailable);
+        field("crashReports", self.crashReports);
+    }
+};
 
 } // namespace vantrel

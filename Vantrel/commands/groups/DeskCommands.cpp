@@ -62,25 +62,19 @@ ControlAnswer restores(const BusCall& call) {
     return history(call.controller.restoreLog(), call.controller.published().receipts, call.controller.now());
 }
 
-ControlAnswer setPinned(const BusCall& call, bool isPinned) {
-    const auto& state = call.controller.published();
-    if (call.controller.setPinned(isPinned)) {
-        return nlohmann::json{{"configID", state.configID},
-                              {"configName", state.deskName()},
-                              {"layoutName", state.activeLayoutName},
-                              {"pinned", state.activePinned}};
-    }
-    return refused(state.activeLayout() == nullptr
-                       ? "No layout is saved for this desk yet."
-                       : "The layout could not be written to disk. Nothing was changed.");
-}
-
-ControlAnswer pin(const BusCall& call) {
-    return setPinned(call, true);
-}
-
-ControlAnswer unpin(const BusCall& call) {
-    return setPinned(call, false);
+BusHandler setPinned(bool isPinned) {
+    return [isPinned](const BusCall& call) {
+        const auto& state = call.controller.published();
+        if (call.controller.setPinned(isPinned)) {
+            return ControlAnswer({{"configID", state.configID},
+                                  {"configName", state.deskName()},
+                                  {"layoutName", state.activeLayoutName},
+                                  {"pinned", state.activePinned}});
+        }
+        return refused(state.activeLayout() == nullptr
+                           ? "No layout is saved for this desk yet."
+                           : "The layout could not be written to disk. Nothing was changed.");
+    };
 }
 
 ControlAnswer logPath(const BusCall& call) {
@@ -177,11 +171,11 @@ std::vector<Command> deskCommands() {
          .text =
              VerbTexts::of<RestoreLog>(historyText, "No windows were restored in the last seven days.\n")},
         {.signature = "Pin() layout",
-         .handler = pin,
+         .handler = setPinned(true),
          .verbs = {{"pin", "Keep this desk's layout as saved: do not learn, put drifting windows back"}},
          .text = VerbTexts::sentence("Pinned layout \"{layoutName}\" of {configName}.")},
         {.signature = "Unpin() layout",
-         .handler = unpin,
+         .handler = setPinned(false),
          .verbs = {{"unpin", "Learn this desk's layout again"}},
          .text = VerbTexts::sentence("Unpinned layout \"{layoutName}\" of {configName}.")},
         {.signature = "Ping() empty",

@@ -165,12 +165,10 @@ ControlAnswer renameScene(const BusCall& call, const Scene& scene) {
     return edited(call.controller, call.controller.scenes().rename(scene.id, call[1]));
 }
 
-ControlAnswer pin(const BusCall& call, const Scene& scene) {
-    return edited(call.controller, call.controller.scenes().setPinned(true, scene.id));
-}
-
-ControlAnswer unpin(const BusCall& call, const Scene& scene) {
-    return edited(call.controller, call.controller.scenes().setPinned(false, scene.id));
+BusHandler setPinned(bool isPinned) {
+    return editing([isPinned](const BusCall& call, const Scene& scene) {
+        return edited(call.controller, call.controller.scenes().setPinned(isPinned, scene.id));
+    });
 }
 
 std::string savedText(const nlohmann::json& saved, const VerbCall& /*call*/) {
@@ -263,11 +261,11 @@ std::vector<Command> sceneCommands() {
          .verbs = {{"scenes delete", "Delete a scene", {scene}}},
          .text = VerbTexts::sentence("Deleted the scene \"{name}\".")},
         {.signature = "PinScene(scene) scene",
-         .handler = editing(pin),
+         .handler = setPinned(true),
          .verbs = {{"scenes pin", "Protect a scene from being overwritten or deleted", {scene}}},
          .text = VerbTexts::sentence("Pinned the scene \"{name}\".")},
         {.signature = "UnpinScene(scene) scene",
-         .handler = editing(unpin),
+         .handler = setPinned(false),
          .verbs = {{"scenes unpin", "Allow a scene to be changed again", {scene}}},
          .text = VerbTexts::sentence("Unpinned the scene \"{name}\".")},
         {.signature = "SetSceneOpensMissingApps(scene, opens) scene",

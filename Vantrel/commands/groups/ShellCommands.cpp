@@ -18,28 +18,8 @@ ExitCode completion(const VerbCall& call) {
     return ExitCode::done;
 }
 
-ManualPage::Frame manual(const std::string& version) {
-    return {.version = version,
-            .purpose = "query and control the running vantrel",
-            .description =
-                "Communicates with a running vantrel over the session bus. Shows the current desk, what "
-                "is saved and what the last restores did; saves, restores and changes what is "
-                "saved. Most commands take --json.",
-            .exitCodes = {{"0", "Done."},
-                          {"1", "Failed, or a window could not be restored."},
-                          {"2", "Usage error."},
-                          {"3", "vantrel is not running."}},
-            .files = {{"$XDG_CONFIG_HOME/vantrel/settings.conf", "The settings."},
-                      {"$XDG_DATA_HOME/Vantrel", "Layouts, scenes, history and the log."}},
-            .examples = {{"vantrelctl save", "Remember where the windows are now."},
-                         {"vantrelctl restore", "Put them back and list the result for each."},
-                         {"vantrelctl desks", "Draw every remembered desk."},
-                         {"vantrelctl log --follow", "Watch what vantrel does."}},
-            .seeAlso = {"vantrel"}};
-}
-
 ExitCode printManual(const VerbCall& call) {
-    VerbPrinting::print(ManualPage::roff(call.program(), manual(call.environment.version)));
+    VerbPrinting::print(ManualPage::roff(call.program(), call.environment.version));
     return ExitCode::done;
 }
 

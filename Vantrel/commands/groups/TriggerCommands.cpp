@@ -137,18 +137,13 @@ ControlAnswer changed(const BusCall& call, Change&& change) {
                   : refused(text(result.error()));
 }
 
-ControlAnswer enable(const BusCall& call) {
-    return changed(call, [](TriggerFlow& flow, SceneTrigger& trigger) {
-        trigger.enabled = true;
-        return flow.setTriggerEnabled(trigger.id, true);
-    });
-}
-
-ControlAnswer disable(const BusCall& call) {
-    return changed(call, [](TriggerFlow& flow, SceneTrigger& trigger) {
-        trigger.enabled = false;
-        return flow.setTriggerEnabled(trigger.id, false);
-    });
+BusHandler setEnabled(bool isEnabled) {
+    return [isEnabled](const BusCall& call) {
+        return changed(call, [&](TriggerFlow& flow, SceneTrigger& trigger) {
+            trigger.enabled = isEnabled;
+            return flow.setTriggerEnabled(trigger.id, isEnabled);
+        });
+    };
 }
 
 ControlAnswer deleteTrigger(const BusCall& call) {
@@ -239,11 +234,11 @@ std::vector<Command> triggerCommands() {
                     addArguments("focus", "--name")}},
          .text = added},
         {.signature = "EnableTrigger(trigger) trigger",
-         .handler = enable,
+         .handler = setEnabled(true),
          .verbs = {{"triggers enable", "Enable a trigger", {trigger}}},
          .text = VerbTexts::sentence("{title} is on.")},
         {.signature = "DisableTrigger(trigger) trigger",
-         .handler = disable,
+         .handler = setEnabled(false),
          .verbs = {{"triggers disable", "Disable a trigger without deleting it", {trigger}}},
          .text = VerbTexts::sentence("{title} is off.")},
         {.signature = "DeleteTrigger(trigger) trigger",

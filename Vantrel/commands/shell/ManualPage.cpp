@@ -56,43 +56,45 @@ void addCommands(std::string& text, const CommandShape& command, const std::stri
 
 void addList(std::string& text, const char* title,
              const std::vector<std::pair<std::string, std::string>>& entries) {
-    if (!entries.empty()) {
-        text += fmt::format(".SH {}\n", title);
-        for (const auto& [name, meaning] : entries) {
-            text += fmt::format(".TP\n\\fB{}\\fR\n{}\n", escaped(name), escaped(meaning));
-        }
+    text += fmt::format(".SH {}\n", title);
+    for (const auto& [name, meaning] : entries) {
+        text += fmt::format(".TP\n\\fB{}\\fR\n{}\n", escaped(name), escaped(meaning));
     }
 }
 
 } // namespace
 
-std::string roff(const CommandShape& program, const Frame& frame) {
+std::string roff(const CommandShape& program, const std::string& version) {
     std::string upper = program.name;
     std::ranges::transform(upper, upper.begin(), [](unsigned char c) { return std::toupper(c); });
-    std::string text = fmt::format(".TH {} 1 \"\" \"Vantrel {}\" \"User Commands\"\n", upper, frame.version);
-    text += fmt::format(".SH NAME\n{} \\- {}\n", program.name, escaped(frame.purpose));
-    text += fmt::format(".SH SYNOPSIS\n\\fB{}\\fR [\\fIOPTIONS\\fR]{}\n", program.name,
-                        program.commands.empty() ? "" : " \\fICOMMAND\\fR [\\fIARGUMENTS\\fR]");
-    text += fmt::format(".SH DESCRIPTION\n{}\n", escaped(frame.description));
-    text += ".SH OPTIONS\n";
+    std::string text = fmt::format(".TH {} 1 \"\" \"Vantrel {}\" \"User Commands\"\n", upper, version);
+    text += fmt::format(".SH NAME\n{} \\- query and control the running vantrel\n", program.name);
+    text += fmt::format(".SH SYNOPSIS\n\\fB{}\\fR [\\fIOPTIONS\\fR] \\fICOMMAND\\fR [\\fIARGUMENTS\\fR]\n",
+                        program.name);
+    text +=
+        ".SH DESCRIPTION\nCommunicates with a running vantrel over the session bus. Shows the current desk, "
+        "what is "
+        "saved and what the last restores did; saves, restores and changes what is saved. Most commands take "
+        "\\-\\-json.\n.SH OPTIONS\n";
     for (const auto& each : program.options) {
         text += option(each);
     }
-    if (!program.commands.empty()) {
-        text += ".SH COMMANDS\n";
-        addCommands(text, program, "");
-    }
-    addList(text, "EXIT STATUS", frame.exitCodes);
-    addList(text, "FILES", frame.files);
-    addList(text, "EXAMPLES", frame.examples);
-    if (!frame.seeAlso.empty()) {
-        std::vector<std::string> pages;
-        for (const auto& page : frame.seeAlso) {
-            pages.push_back("\\fB" + escaped(page) + "\\fR(1)");
-        }
-        text += fmt::format(".SH SEE ALSO\n{}\n", fmt::join(pages, ", "));
-    }
-    return text;
+    text += ".SH COMMANDS\n";
+    addCommands(text, program, "");
+    addList(text, "EXIT STATUS",
+            {{"0", "Done."},
+             {"1", "Failed, or a window could not be restored."},
+             {"2", "Usage error."},
+             {"3", "vantrel is not running."}});
+    addList(text, "FILES",
+            {{"$XDG_CONFIG_HOME/vantrel/settings.conf", "The settings."},
+             {"$XDG_DATA_HOME/Vantrel", "Layouts, scenes, history and the log."}});
+    addList(text, "EXAMPLES",
+            {{"vantrelctl save", "Remember where the windows are now."},
+             {"vantrelctl restore", "Put them back and list the result for each."},
+             {"vantrelctl desks", "Draw every remembered desk."},
+             {"vantrelctl log --follow", "Watch what vantrel does."}});
+    return text + ".SH SEE ALSO\n\\fBvantrel\\fR(1)\n";
 }
 
 } // namespace vantrel::ManualPage

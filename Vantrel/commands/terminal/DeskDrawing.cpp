@@ -17,10 +17,11 @@ struct Style {
     BoxStyle window;
     std::string_view ellipsis;
     std::string_view times;
+    std::string_view separator;
 };
 
-constexpr Style unicodeStyle{{"━", "┃", "┏", "┓", "┗", "┛"}, {"─", "│", "┌", "┐", "└", "┘"}, "…", "×"};
-constexpr Style asciiStyle{{"=", "#", "#", "#", "#", "#"}, {"-", "|", "+", "+", "+", "+"}, "..", "x"};
+constexpr Style unicodeStyle{{"━", "┃", "┏", "┓", "┗", "┛"}, {"─", "│", "┌", "┐", "└", "┘"}, "…", "×", " · "};
+constexpr Style asciiStyle{{"=", "#", "#", "#", "#", "#"}, {"-", "|", "+", "+", "+", "+"}, "..", "x", ", "};
 
 // A terminal cell is about twice as tall as it is wide.
 constexpr double cellHeight = 2;
@@ -121,6 +122,16 @@ std::string_view ellipsis(const Options& options) {
     return style(options).ellipsis;
 }
 
+std::string_view separator(const Options& options) {
+    return style(options).separator;
+}
+
+std::string line(std::string_view text, const Options& options) {
+    auto fitted = TextCells::fitted(text, options.columns, ellipsis(options));
+    fitted.erase(fitted.find_last_not_of(' ') + 1);
+    return fitted + '\n';
+}
+
 std::string drawing(const std::vector<DisplayInfo>& sameNamed, const std::vector<WindowRecord>& windows,
                     const Options& options) {
     const auto displays = DisplayLabels::labelled(sameNamed);
@@ -178,7 +189,7 @@ std::string windowList(const std::vector<DisplayInfo>& sameNamed, const std::vec
                                       TextCells::padded(window.appName, appColumns, style(options).ellipsis));
         const int room = options.columns - TextCells::width(head) - TextCells::width(place) - 2;
         if (room < 1) {
-            result += TextCells::fitted(head + place, options.columns, style(options).ellipsis) + '\n';
+            result += line(head + place, options);
             continue;
         }
         result += head + TextCells::padded(window.title, room, style(options).ellipsis) + "  " + place + '\n';

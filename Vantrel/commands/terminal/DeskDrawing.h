@@ -24,6 +24,12 @@ struct Options {
 // Shown where something was left out.
 [[nodiscard]] std::string_view ellipsis(const Options& options);
 
+// Between the parts of a line.
+[[nodiscard]] std::string_view separator(const Options& options);
+
+// The text as one line of at most `options.columns` cells, without trailing blanks.
+[[nodiscard]] std::string line(std::string_view text, const Options& options);
+
 // Lines of at most `options.columns` cells; empty without displays. A window that spans displays is drawn on
 // each of them; of a covered window, only the visible part is drawn.
 [[nodiscard]] std::string drawing(const std::vector<DisplayInfo>& displays,

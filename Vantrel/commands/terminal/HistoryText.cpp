@@ -18,9 +18,7 @@ std::string shown(std::string text, const DeskDrawing::Options& options) {
             text.replace(at, dot.size(), ", ");
         }
     }
-    text = TextCells::fitted(text, options.columns, DeskDrawing::ellipsis(options));
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text + '\n';
+    return DeskDrawing::line(text, options);
 }
 
 std::string entryLine(const RestoreLog::Entry& entry, Date now) {

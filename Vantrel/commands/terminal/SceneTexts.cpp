@@ -11,15 +11,7 @@ namespace vantrel::SceneTexts {
 
 namespace {
 
-std::string line(const std::string& text, const DeskDrawing::Options& options) {
-    std::string fitted = TextCells::fitted(text, options.columns, DeskDrawing::ellipsis(options));
-    fitted.erase(fitted.find_last_not_of(' ') + 1);
-    return fitted + '\n';
-}
-
-std::string_view separator(const DeskDrawing::Options& options) {
-    return options.characters == DeskDrawing::Characters::ascii ? ", " : " · ";
-}
+using DeskDrawing::line, DeskDrawing::separator;
 
 std::string traits(const SceneMessage& message, const DeskDrawing::Options& options) {
     const Scene& scene = message.scene;

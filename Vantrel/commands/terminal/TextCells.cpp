@@ -66,9 +66,7 @@ int width(std::string_view text) {
 
 std::string fitted(std::string_view text, int columns, std::string_view ellipsis) {
     const auto parts = characters(text);
-    const auto whole = std::accumulate(parts.begin(), parts.end(), 0,
-                                       [](int sum, const Character& part) { return sum + part.width; });
-    const bool isCut = whole > columns;
+    const bool isCut = width(text) > columns;
     const int room = isCut ? columns - width(ellipsis) : columns;
     std::string result;
     int used = 0;

@@ -26,20 +26,20 @@ enum class VerbOutput : std::uint8_t { text, json };
 
 // The verbs' view of the machine they run on.
 struct VerbEnvironment {
-    std::string version;
+    std::string version{};
     // Called when something is about to be printed.
-    std::function<DeskDrawing::Options()> drawing;
+    std::function<DeskDrawing::Options()> drawing{};
     // Formats a date in the user's time zone.
-    std::function<std::string(Date)> localDate;
+    std::function<std::string(Date)> localDate{};
     // The running program's log.
-    std::filesystem::path logFile;
+    std::filesystem::path logFile{};
     FileSystem& files;
     // The folder of the program's stores, and its settings file.
-    std::filesystem::path supportDirectory;
-    std::filesystem::path settingsFile;
+    std::filesystem::path supportDirectory{};
+    std::filesystem::path settingsFile{};
     // Keeps any vantrel from using the support folder while the result exists; otherwise returns who is using
     // it.
-    std::function<std::expected<std::shared_ptr<void>, std::string>()> lockSupportDirectory;
+    std::function<std::expected<std::shared_ptr<void>, std::string>()> lockSupportDirectory{};
 };
 
 // What the user typed after a verb, by the words' names.
@@ -66,9 +66,9 @@ private:
 struct VerbCall {
     const VerbEnvironment& environment;
     const Typed& typed;
-    VerbOutput output;
+    VerbOutput output = VerbOutput::text;
     // The whole command line, for completion and the manual page.
-    std::function<CommandShape()> program;
+    std::function<CommandShape()> program{};
 };
 
 // Formats a reply, whose strings are safe to print.

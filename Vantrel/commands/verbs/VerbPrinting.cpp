@@ -16,12 +16,8 @@ void write(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-} // namespace
-
-void print(std::string_view text) {
-    write(SafeText::lines(text));
-}
-
+// Makes every string of the reply safe and keeps it on one line, so that no name can start a line or a
+// column.
 nlohmann::json safe(nlohmann::json answer) {
     if (answer.is_string()) {
         return SafeText::line(answer.get_ref<const std::string&>());
@@ -32,6 +28,12 @@ nlohmann::json safe(nlohmann::json answer) {
         }
     }
     return answer;
+}
+
+} // namespace
+
+void print(std::string_view text) {
+    write(SafeText::lines(text));
 }
 
 ExitCode complain(const std::string& sentence, ExitCode code) {
@@ -72,10 +74,15 @@ ExitCode run(const Command& command, const Verb& verb, const VerbCall& call) {
 
 ExitCode show(const ControlClient::Result<nlohmann::json>& answer, const VerbText& text,
               const VerbCall& call) {
-    const auto shown = show<nlohmann::json>(answer, call.output,
-                                            [&](const nlohmann::json& reply) { return text(reply, call); });
-    const bool hasFailed = answer && answer->value("failed", std::size_t{0}) > 0;
-    return shown == ExitCode::done && hasFailed ? ExitCode::failed : shown;
+    if (!answer) {
+        return complain(answer.error());
+    }
+    if (call.output == VerbOutput::json) {
+        printJson(*answer);
+    } else {
+        print(text(safe(*answer), call));
+    }
+    return answer->value("failed", std::size_t{0}) > 0 ? ExitCode::failed : ExitCode::done;
 }
 
 } // namespace VerbPrinting

@@ -21,33 +21,11 @@ ExitCode complain(const ControlFailure& failure);
 void printJson(const nlohmann::json& json);
 ExitCode complainAboutReply(const std::exception& error);
 
-// Makes every string of the reply safe and keeps it on one line, so that no name can start a line or a
-// column.
-[[nodiscard]] nlohmann::json safe(nlohmann::json answer);
-
-// Prints the reply as it came, or as formatted by `text`, which takes the decoded message.
-template <typename Message, typename Text>
-ExitCode show(const ControlClient::Result<nlohmann::json>& answer, VerbOutput output, Text&& text) {
-    if (!answer) {
-        return complain(answer.error());
-    }
-    if (output == VerbOutput::json) {
-        printJson(*answer);
-        return ExitCode::done;
-    }
-    try {
-        print(text(JsonCoding::value<Message>(safe(*answer))));
-    } catch (const std::exception& error) {
-        return complainAboutReply(error);
-    }
-    return ExitCode::done;
-}
-
 // Calls the command's method as the verb says and prints the reply. The exit code is `failed` if the reply
 // reports windows that could not be restored.
 ExitCode run(const Command& command, const Verb& verb, const VerbCall& call);
 
-// Prints the reply of a command.
+// Prints the reply as it came, or as text.
 ExitCode show(const ControlClient::Result<nlohmann::json>& answer, const VerbText& text,
               const VerbCall& call);
 

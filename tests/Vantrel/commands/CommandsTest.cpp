@@ -203,14 +203,19 @@ std::string printed(Print&& print) {
 TEST(VerbPrinting, EscapesEverythingFromOutside) {
     using namespace VerbPrinting;
     const nlohmann::json answer{{"name", hostile}, {"list", {{{"deep", hostile}}}}};
-    const auto sentence = [](const nlohmann::json& shown) {
+    const auto sentence = [](const nlohmann::json& shown, const VerbCall&) {
         return shown.at("name").get<std::string>() + shown.at("list")[0].at("deep").get<std::string>() + '\n';
     };
+    simulated::MemoryFileSystem files;
+    const VerbEnvironment environment{.files = files};
+    const Typed typed;
+    VerbCall call{.environment = environment, .typed = typed};
     const std::string safe = " ]0;owned  Layout deleted. 2J";
-    EXPECT_EQ(printed([&] { show<nlohmann::json>(answer, VerbOutput::text, sentence); }), safe + safe + '\n');
+    EXPECT_EQ(printed([&] { show(answer, sentence, call); }), safe + safe + '\n');
     EXPECT_EQ(printed([&] { complain(hostile, ExitCode::failed); }), "vantrelctl: " + safe + '\n');
     EXPECT_EQ(printed([&] { print("a log line of \x1b[1m\n"); }), "a log line of  [1m\n");
-    const auto json = printed([&] { show<nlohmann::json>(answer, VerbOutput::json, sentence); });
+    call.output = VerbOutput::json;
+    const auto json = printed([&] { show(answer, sentence, call); });
     EXPECT_EQ(json.find_first_of("\x1b\x07\xc2\xe2"), std::string::npos) << json;
     EXPECT_EQ(nlohmann::json::parse(json), answer);
 }
