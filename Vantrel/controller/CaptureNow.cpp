@@ -29,9 +29,9 @@ std::optional<Kind> hindrance(ControllerContext& context) {
 
 } // namespace
 
-void perform(ControllerContext& context, std::function<void(const Result&)> done) {
+void perform(ControllerContext& context, DeskCapture::Reach reach, std::function<void(const Result&)> done) {
     if (context.gate.isPassUnderWay()) {
-        context.gate.afterPass([&context, done = std::move(done)] { perform(context, done); });
+        context.gate.afterPass([&context, reach, done = std::move(done)] { perform(context, reach, done); });
         return;
     }
     if (const auto kind = hindrance(context)) {
@@ -44,11 +44,15 @@ void perform(ControllerContext& context, std::function<void(const Result&)> done
         [scope = context.captureScope(displays), ports = context.ports] {
             return DeskCapture::picture(ports.desk, ports.clock, scope);
         },
-        [&context, displays, done = std::move(done),
+        [&context, displays, reach, done = std::move(done),
          began = context.gate.now()](const std::optional<DeskCapture::Picture>& picture) {
             Result result = std::unexpected(picture ? Kind::displaysChanging : Kind::captureFailed);
             if (picture && context.gate.isUndisturbed(began) && context.isDeskCurrent()) {
                 Layout layout = context.layoutOf(*picture, displays);
+                if (reach == DeskCapture::Reach::visible) {
+                    layout.otherWindows.clear();
+                }
+                context.notes.note(layout, picture->windows);
                 result = layout.windows.empty() ? Result(std::unexpected(Kind::nothingToSave))
                                                 : Result(std::move(layout));
             }

@@ -81,24 +81,31 @@ std::optional<Layout> ControllerContext::layoutToRestore() {
     if (active == nullptr) {
         return std::nullopt;
     }
-    return RuleApplication::apply(store.rules(), active->withoutGhosts(), state().displays);
+    return RuleApplication::apply(store.rules(), active->withOtherWindows().withoutGhosts(),
+                                  state().displays);
 }
 
 Layout ControllerContext::fittedToDesk(const Layout& layout) {
-    return RuleApplication::apply(
-        store.rules(), LayoutTranslation::onto(layout.withoutGhosts(), state().configID, state().displays),
-        state().displays);
+    return RuleApplication::apply(store.rules(),
+                                  LayoutTranslation::onto(layout.withOtherWindows().withoutGhosts(),
+                                                          state().configID, state().displays),
+                                  state().displays);
 }
 
 Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,
                                    const std::vector<DisplayInfo>& displays) {
-    return {.configID = state().configID,
-            .name = state().deskName(),
-            .layoutName = state().activeLayoutName,
-            .displays = displays,
-            .windows = picture.windows,
-            .savedAt = picture.takenAt,
-            .pinned = std::nullopt};
+    m_normalFrames.remember(picture.windows);
+    Layout layout{.configID = state().configID,
+                  .name = state().deskName(),
+                  .layoutName = state().activeLayoutName,
+                  .displays = displays,
+                  .windows = {},
+                  .savedAt = picture.takenAt,
+                  .pinned = std::nullopt};
+    for (const LiveWindow& window : picture.windows) {
+        (window.isVisible ? layout.windows : layout.otherWindows).push_back(m_normalFrames.recordOf(window));
+    }
+    return layout;
 }
 
 DeskCapture::Scope ControllerContext::captureScope(std::vector<DisplayInfo> displays) {

@@ -13,6 +13,8 @@
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
 #include "VantrelCore/stores/LayoutStore.h"
 #include "VantrelCore/stores/SceneStore.h"
+#include "VantrelCore/windows/NormalFrames.h"
+#include "VantrelCore/windows/WindowNotes.h"
 
 #include <functional>
 #include <map>
@@ -37,6 +39,8 @@ public:
     SceneStore& sceneStore;
     Publisher publisher;
     DeskGate gate;
+    // Which live window each remembered one is.
+    WindowNotes notes;
 
     // This program's own bundle ID; its windows are never captured.
     std::optional<std::string> ownBundleID;
@@ -62,12 +66,14 @@ public:
     // The reason why windows may not be moved at the user's request, if there is one.
     [[nodiscard]] std::optional<RestoreOutcome::Kind> hindranceToMoving();
 
-    // The active layout of the current desk with the user's rules applied, if there is one.
+    // The active layout of the current desk with the user's rules applied, if there is one. Its windows
+    // include those that cannot be seen.
     [[nodiscard]] std::optional<Layout> layoutToRestore();
     // Adapts any layout for restoring on the current desk: translates it to the desk's displays and applies
     // the user's rules.
     [[nodiscard]] Layout fittedToDesk(const Layout& layout);
-    // Makes a layout from a capture of the current desk. Keeps the name that the user gave the desk.
+    // Makes a layout from a capture of the current desk. Keeps the name that the user gave the desk. With
+    // the other windows, its windows are in the order of the picture's.
     [[nodiscard]] Layout layoutOf(const DeskCapture::Picture& picture,
                                   const std::vector<DisplayInfo>& displays);
     [[nodiscard]] DeskCapture::Scope captureScope(std::vector<DisplayInfo> displays);
@@ -137,6 +143,7 @@ private:
     void publishLastAppliedScene(PublishedState& state);
 
     AppLog& m_log;
+    NormalFrames m_normalFrames;
     // Continuations of the running background work, by work ID.
     std::map<std::uint64_t, std::function<void()>> m_waitingForWork;
     std::uint64_t m_nextWork = 0;

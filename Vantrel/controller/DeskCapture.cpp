@@ -4,12 +4,14 @@
 
 namespace vantrel::DeskCapture {
 
-std::vector<LiveWindow> windows(Desk& desk, const Scope& scope) {
-    return VisibleWindows::ordinary(desk.capture(scope.filter), scope.displays);
+std::vector<LiveWindow> windows(Desk& desk, const Scope& scope, Reach reach) {
+    const DeskSnapshot snapshot = desk.capture(scope.filter);
+    return reach == Reach::every ? VisibleWindows::every(snapshot, scope.displays)
+                                 : VisibleWindows::ordinary(snapshot, scope.displays);
 }
 
 Picture picture(Desk& desk, Clock& clock, const Scope& scope) {
-    Picture result{.windows = VisibleWindows::records(windows(desk, scope)), .takenAt = {}};
+    Picture result{.windows = windows(desk, scope, Reach::every), .takenAt = {}};
     result.takenAt = clock.now();
     return result;
 }

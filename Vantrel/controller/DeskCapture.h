@@ -1,4 +1,4 @@
-// Captures the live desk in the background and turns it into window records.
+// Captures the live desk in the background.
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
@@ -17,12 +17,19 @@ struct Scope {
 };
 
 struct Picture {
-    std::vector<WindowRecord> windows;
+    // Every ordinary window, the visible ones first.
+    std::vector<LiveWindow> windows;
     Date takenAt;
 };
 
-// The visible ordinary windows.
-[[nodiscard]] std::vector<LiveWindow> windows(Desk& desk, const Scope& scope);
+enum class Reach : std::uint8_t {
+    // The ordinary windows that the user can see.
+    visible,
+    // Minimised, full-screen and other desktops' windows too.
+    every,
+};
+
+[[nodiscard]] std::vector<LiveWindow> windows(Desk& desk, const Scope& scope, Reach reach);
 
 [[nodiscard]] Picture picture(Desk& desk, Clock& clock, const Scope& scope);
 

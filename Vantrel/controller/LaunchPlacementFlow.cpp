@@ -120,7 +120,8 @@ LaunchPlacementPass::Task LaunchPlacementFlow::task(const RunningApp& app) {
     const Layout* active = m_context.state().activeLayout();
     return {.app = app,
             .rules = m_context.store.rules(),
-            .layout = active != nullptr ? std::optional(m_remembered.completed(*active)) : std::nullopt,
+            .layout = active != nullptr ? std::optional(m_remembered.completed(active->withOtherWindows()))
+                                        : std::nullopt,
             .displays = m_context.state().displays,
             .sizes = m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore
                                                        : RestoreEngine::Sizes::leave,

@@ -124,9 +124,10 @@ void LayoutFlow::saveLayoutAs(const std::string& name, std::function<void(const 
         tell({.kind = SaveOutcome::Kind::invalidName});
         return;
     }
-    CaptureNow::perform(m_context, [this, tell, wanted](const CaptureNow::Result& captured) {
-        tell(captured ? store(*captured, *wanted) : SaveOutcome{.kind = captured.error()});
-    });
+    CaptureNow::perform(
+        m_context, DeskCapture::Reach::every, [this, tell, wanted](const CaptureNow::Result& captured) {
+            tell(captured ? store(*captured, *wanted) : SaveOutcome{.kind = captured.error()});
+        });
 }
 
 SaveOutcome LayoutFlow::store(Layout layout, const std::string& name) {

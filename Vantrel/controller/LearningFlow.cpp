@@ -51,14 +51,15 @@ std::optional<Layout> LearningFlow::storedLike(const Layout& layout) {
     return m_context.store.layout(layout.configID, layout.layoutName);
 }
 
-void LearningFlow::keepForAdoption(const Layout& layout) {
+void LearningFlow::keepForAdoption(const Layout& layout, std::vector<LiveWindow> windows) {
     m_lastTickSnapshot = PreChangeSnapshot::Candidate{layout, layout.savedAt};
+    m_lastTickWindows = std::move(windows);
     m_lastTick = m_context.gate.now();
 }
 
 void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays) {
     const Layout layout = m_context.layoutOf(picture, displays);
-    keepForAdoption(layout);
+    keepForAdoption(layout, picture.windows);
     if (layout.windows.empty()) {
         // The window manager may be restarting, or everything is minimized: no reason to forget the desk.
         m_stabilityGate.reset();
@@ -68,25 +69,30 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
         onFreshDesk(layout);
     }
     const auto stored = storedLike(layout);
-    if (onLearnedDesk && stored && layout.isEquivalent(*stored)) {
-        onLearnedDesk(*stored);
+    const bool isLearned = stored && layout.hasSamePlaces(*stored);
+    if (isLearned) {
+        m_context.notes.note(*stored, picture.windows);
+        if (onLearnedDesk) {
+            onLearnedDesk(*stored);
+        }
     }
     if (stored && stored->isPinned()) {
         if (onPinnedDesk) {
-            onPinnedDesk(layout);
+            onPinnedDesk(layout.withOtherWindows());
         }
         return;
     }
     const auto learned = m_stabilityGate.observe(layout, stored);
     if (!learned) {
-        if (stored && layout.isEquivalent(*stored)) {
+        if (isLearned) {
             // Nothing remains to be saved.
             m_context.showLearningFailed(false);
         }
         return;
     }
-    saveLater(*learned,
-              fmt::format("learned layout: {} windows for {}", learned->windows.size(), learned->name),
+    saveLater(*learned, picture.windows,
+              fmt::format("learned layout: {} windows for {}",
+                          learned->windows.size() + learned->otherWindows.size(), learned->name),
               "learning failed: the layout could not be written");
 }
 
@@ -103,13 +109,16 @@ void LearningFlow::adoptPreChangeSnapshotIfNeeded() {
     if (stored && stored->isPinned()) {
         return;
     }
-    saveLater(
-        layout,
-        fmt::format("pre-change snapshot adopted: {} windows for {}", layout.windows.size(), layout.configID),
-        "pre-change snapshot lost: the layout could not be written");
+    saveLater(layout, m_lastTickWindows,
+              fmt::format("pre-change snapshot adopted: {} windows for {}",
+                          layout.windows.size() + layout.otherWindows.size(), layout.configID),
+              "pre-change snapshot lost: the layout could not be written");
 }
 
-void LearningFlow::saveLater(const Layout& layout, std::string success, std::string failure) {
+void LearningFlow::saveLater(const Layout& layout, const std::vector<LiveWindow>& windows,
+                             std::string success, std::string failure) {
+    // At once: whether the file could be written or not, these are the windows.
+    m_context.notes.note(layout, windows);
     m_context.store.save(layout, Saving::later([this, success = std::move(success),
                                                 failure = std::move(failure)](bool isSaved) {
                              m_context.log(isSaved ? success : failure);
@@ -124,17 +133,20 @@ void LearningFlow::publishOutcome(bool isSaved) {
 }
 
 void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
-    CaptureNow::perform(m_context, [this, done = std::move(done)](const CaptureNow::Result& captured) {
-        const SaveOutcome outcome = captured ? finishSave(*captured) : SaveOutcome{.kind = captured.error()};
-        m_context.log("save layout: " + outcome.text());
-        if (done) {
-            done(outcome);
-        }
-    });
+    CaptureNow::perform(m_context, DeskCapture::Reach::every,
+                        [this, done = std::move(done)](const CaptureNow::Result& captured) {
+                            const SaveOutcome outcome =
+                                captured ? finishSave(*captured) : SaveOutcome{.kind = captured.error()};
+                            m_context.log("save layout: " + outcome.text());
+                            if (done) {
+                                done(outcome);
+                            }
+                        });
 }
 
 SaveOutcome LearningFlow::finishSave(Layout layout) {
-    keepForAdoption(layout);
+    // Its windows have been noted already.
+    keepForAdoption(layout, {});
     if (const auto stored = storedLike(layout)) {
         layout.pinned = stored->pinned;
     }
@@ -144,8 +156,9 @@ SaveOutcome LearningFlow::finishSave(Layout layout) {
     if (!isSaved) {
         return {.kind = SaveOutcome::Kind::writeFailed};
     }
-    m_context.announce(HUD::Saved{static_cast<std::int64_t>(layout.windows.size())});
-    return {.kind = SaveOutcome::Kind::saved, .windows = layout.windows.size()};
+    const std::size_t count = layout.windows.size() + layout.otherWindows.size();
+    m_context.announce(HUD::Saved{static_cast<std::int64_t>(count)});
+    return {.kind = SaveOutcome::Kind::saved, .windows = count};
 }
 
 } // namespace vantrel

@@ -28,7 +28,8 @@ public:
     std::function<void()> onUnannouncedChange;
     // Called with every captured desk that shows windows, before anything is learned from it.
     std::function<void(const Layout& fresh)> onFreshDesk;
-    // Called with the captured desk, instead of learning, when its layout is pinned.
+    // Called with the captured desk, instead of learning, when its layout is pinned. Its windows include
+    // those that cannot be seen.
     std::function<void(const Layout& current)> onPinnedDesk;
     // Called with the stored layout when the captured desk matches it.
     std::function<void(const Layout& learned)> onLearnedDesk;
@@ -45,11 +46,13 @@ private:
 
     [[nodiscard]] bool mayCapture();
     // Stores the capture that is adopted if the desk is left now.
-    void keepForAdoption(const Layout& layout);
+    void keepForAdoption(const Layout& layout, std::vector<LiveWindow> windows);
     void finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays);
     [[nodiscard]] SaveOutcome finishSave(Layout layout);
-    // Saves the layout in the background and publishes the outcome. Logs `success` or `failure`.
-    void saveLater(const Layout& layout, std::string success, std::string failure);
+    // Saves the layout in the background with a note of its windows and publishes the outcome. Logs `success`
+    // or `failure`.
+    void saveLater(const Layout& layout, const std::vector<LiveWindow>& windows, std::string success,
+                   std::string failure);
     void publishOutcome(bool isSaved);
     [[nodiscard]] std::optional<Layout> storedLike(const Layout& layout);
 
@@ -57,6 +60,7 @@ private:
     SnapshotStabilityGate m_stabilityGate{requiredObservations};
     // From a tick or a save by the user.
     std::optional<PreChangeSnapshot::Candidate> m_lastTickSnapshot;
+    std::vector<LiveWindow> m_lastTickWindows;
     // When it was captured; a later restore or change of layouts or rules makes it useless.
     DeskGate::Moment m_lastTick;
 };

@@ -1,6 +1,5 @@
 #include "Vantrel/controller/LiveWindows.h"
 
-#include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
@@ -16,9 +15,10 @@ namespace {
 // long again.
 constexpr double promptCapture = 0.5;
 
-Paired capture(const std::vector<WindowRecord>& saved, const DeskCapture::Scope& scope, Desk& desk) {
-    Paired result{.current = DeskCapture::windows(desk, scope), .matched = {}};
-    result.matched = RestoreEngine::match(saved, result.current);
+Paired capture(const std::vector<WindowRecord>& saved, const WindowPairing::Known& identities,
+               const DeskCapture::Scope& scope, DeskCapture::Reach reach, Desk& desk) {
+    Paired result{.current = DeskCapture::windows(desk, scope, reach), .matched = {}};
+    result.matched = WindowPairing::pair(saved, identities, result.current);
     return result;
 }
 
@@ -26,13 +26,14 @@ Paired capture(const std::vector<WindowRecord>& saved, const DeskCapture::Scope&
 
 // A window that moves while the desk is being read can appear to be off screen. So if windows are missing, a
 // second capture is taken and the better one is used.
-Paired found(const Layout& layout, const DeskCapture::Scope& scope, Desk& desk, Clock& clock) {
+Paired found(const Layout& layout, const WindowPairing::Known& identities, const DeskCapture::Scope& scope,
+             DeskCapture::Reach reach, Desk& desk, Clock& clock) {
     const double start = clock.monotonicSeconds();
-    Paired first = capture(layout.windows, scope, desk);
+    Paired first = capture(layout.windows, identities, scope, reach, desk);
     if (first.matched.unmatchedSaved.empty() || clock.monotonicSeconds() - start >= promptCapture) {
         return first;
     }
-    Paired second = capture(layout.windows, scope, desk);
+    Paired second = capture(layout.windows, identities, scope, reach, desk);
     return second.matched.pairs.size() > first.matched.pairs.size() ? second : first;
 }
 
@@ -41,12 +42,14 @@ Paired known(const Layout& layout, const std::vector<WindowID>& windows, const D
     const std::vector<WindowRecord>& saved = layout.windows;
     const auto seen = desk.look(windows);
     const auto frameOf = [&](std::size_t i) {
-        return seen[i] ? VisibleWindows::ordinaryFrame(*seen[i]) : std::nullopt;
+        return seen[i] && (seen[i]->isReachable || seen[i]->isOnScreen)
+                   ? VisibleWindows::placedFrame(*seen[i])
+                   : std::nullopt;
     };
-    std::set<std::string> visibleApps;
+    std::set<std::string> livingApps;
     for (std::size_t i = 0; i < saved.size(); ++i) {
         if (frameOf(i)) {
-            visibleApps.insert(saved[i].bundleID);
+            livingApps.insert(saved[i].bundleID);
         }
     }
     Paired result;
@@ -55,9 +58,12 @@ Paired known(const Layout& layout, const std::vector<WindowID>& windows, const D
     for (std::size_t i = 0; i < saved.size(); ++i) {
         if (const auto frame = frameOf(i)) {
             result.matched.pairs.push_back({i, result.current.size(), Pairing::known});
-            result.current.push_back({saved[i], windows[i]});
-            result.current.back().record.frame = *frame;
-        } else if (visibleApps.contains(saved[i].bundleID)) {
+            result.current.push_back({saved[i], windows[i], !seen[i]->states.isMinimized});
+            WindowRecord& record = result.current.back().record;
+            record.frame = *frame;
+            record.states = seen[i]->states;
+            record.desktop = seen[i]->desktop;
+        } else if (livingApps.contains(saved[i].bundleID)) {
             result.matched.unmatchedSaved.push_back(i);
         } else {
             lost.push_back(i);
@@ -68,7 +74,7 @@ Paired known(const Layout& layout, const std::vector<WindowID>& windows, const D
         return result;
     }
     // Only applications without any known window are in the list, so no window is paired twice.
-    Paired again = capture(lostRecords, scope, desk);
+    Paired again = capture(lostRecords, {}, scope, DeskCapture::Reach::visible, desk);
     for (const auto& pair : again.matched.pairs) {
         result.matched.pairs.push_back({lost[pair.saved], result.current.size(), pair.by});
         result.current.push_back(std::move(again.current[pair.current]));

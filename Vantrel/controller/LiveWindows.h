@@ -4,7 +4,7 @@
 
 #include "Vantrel/controller/DeskCapture.h"
 #include "VantrelCore/model/Layout.h"
-#include "VantrelCore/windows/WindowMatcher.h"
+#include "VantrelCore/windows/WindowPairing.h"
 
 #include <vector>
 
@@ -16,11 +16,13 @@ struct Paired {
     MatchResult matched;
 };
 
-// Captures the desk and matches its windows.
-[[nodiscard]] Paired found(const Layout& layout, const DeskCapture::Scope& scope, Desk& desk, Clock& clock);
+// Captures the desk and pairs its windows with the layout's, of which those in `identities` are known.
+[[nodiscard]] Paired found(const Layout& layout, const WindowPairing::Known& identities,
+                           const DeskCapture::Scope& scope, DeskCapture::Reach reach, Desk& desk,
+                           Clock& clock);
 
 // Looks at the windows, one for each of the layout's, so that windows with equal titles are not confused. If
-// none of an application's is visible any more, its windows are searched for: it may have been restarted.
+// none of an application's exists any more, its windows are searched for: it may have been restarted.
 [[nodiscard]] Paired known(const Layout& layout, const std::vector<WindowID>& windows,
                            const DeskCapture::Scope& scope, Desk& desk);
 

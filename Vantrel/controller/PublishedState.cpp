@@ -39,7 +39,8 @@ const Scene* PublishedState::lastAppliedScene() const {
 
 std::optional<std::int64_t> PublishedState::windowsLearned() const {
     const Layout* layout = activeLayout();
-    return layout != nullptr ? std::optional(static_cast<std::int64_t>(layout->windows.size()))
+    return layout != nullptr ? std::optional(static_cast<std::int64_t>(layout->windows.size() +
+                                                                       layout->otherWindows.size()))
                              : std::nullopt;
 }
 

@@ -17,8 +17,9 @@ Result run(const Task& task, Desk& desk, Clock& clock) {
     if (task.permit->isRevoked()) {
         return {.report = {}, .landed = {}, .sizes = {}, .isAbandoned = true};
     }
-    const auto [live, matched] = task.known ? LiveWindows::known(task.layout, *task.known, task.scope, desk)
-                                            : LiveWindows::found(task.layout, task.scope, desk, clock);
+    const auto [live, matched] =
+        task.known ? LiveWindows::known(task.layout, *task.known, task.scope, desk)
+                   : LiveWindows::found(task.layout, task.identities, task.scope, task.reach, desk, clock);
     Result result;
     result.changedNothing = RestoreEngine::isInPlace(task.layout, live, matched, task.options);
     if (!task.known) {

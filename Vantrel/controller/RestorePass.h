@@ -6,6 +6,7 @@
 #include "Vantrel/controller/RestoreRequest.h"
 #include "Vantrel/controller/ScenePass.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
+#include "VantrelCore/windows/WindowPairing.h"
 
 #include <memory>
 #include <optional>
@@ -21,6 +22,9 @@ struct Task {
     std::optional<SceneOnDesk> scene;
     // For an undo: the live windows that correspond to the layout's windows, index by index.
     std::optional<std::vector<WindowID>> known;
+    // Otherwise: the live windows that some of the layout's windows are known to be.
+    WindowPairing::Known identities;
+    DeskCapture::Reach reach = DeskCapture::Reach::visible;
     RestoreEngine::Options options;
     DeskCapture::Scope scope;
     std::shared_ptr<const MovePermit> permit;

@@ -61,6 +61,9 @@ void RestoreRunner::start(RestoreRequest request) {
         .awaitsQuiet = request.awaitsQuiet,
         .scene = request.scene,
         .known = {},
+        .identities = m_context.notes.find(request.layout),
+        .reach = request.purpose == RestorePurpose::restore ? DeskCapture::Reach::every
+                                                            : DeskCapture::Reach::visible,
         .options = {.sizes = doesSizes ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave,
                     .stubbornBundleIDs = m_history.stubbornBundleIDs(),
                     .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
@@ -120,6 +123,9 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     if (!isTakenUp) {
         giveUp(request, RestoreOutcome::Kind::failed);
         return;
+    }
+    if (request.purpose != RestorePurpose::undo) {
+        m_context.notes.note(request.layout, result.report);
     }
     m_context.log(ControllerText::restoreReport(result.report));
     // Callers waiting for the outcome need not wait for the files.

@@ -87,10 +87,11 @@ void SceneFlow::saveCurrentAsScene(const std::string& name,
         tell(refused(*problem));
         return;
     }
-    CaptureNow::perform(m_context, [this, name, tell](const CaptureNow::Result& captured) {
-        tell(captured ? save(name, *captured)
-                      : SceneSaveOutcome{.kind = Kind::noDesk, .hindrance = captured.error()});
-    });
+    CaptureNow::perform(
+        m_context, DeskCapture::Reach::visible, [this, name, tell](const CaptureNow::Result& captured) {
+            tell(captured ? save(name, *captured)
+                          : SceneSaveOutcome{.kind = Kind::noDesk, .hindrance = captured.error()});
+        });
 }
 
 SceneSaveOutcome SceneFlow::createEmptyScene(std::string_view name) {

@@ -78,7 +78,7 @@ void SleepWakeFlow::restoreIfDrifted(const DeskCapture::Picture& picture,
                                      const std::vector<DisplayInfo>& displays) {
     const auto pinned = m_context.layoutToRestore();
     if (!m_context.state().activePinned || !pinned ||
-        m_context.layoutOf(picture, displays).geometryMatches(*pinned, driftTolerance)) {
+        m_context.layoutOf(picture, displays).withOtherWindows().geometryMatches(*pinned, driftTolerance)) {
         return;
     }
     m_context.gate.afterPass([this, pinned, displays] {

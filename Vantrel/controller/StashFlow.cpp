@@ -40,9 +40,10 @@ void StashFlow::dropExpired() {
 }
 
 void StashFlow::stashNow(std::function<void(const Result&)> done) {
-    CaptureNow::perform(m_context, [this, done = std::move(done)](const CaptureNow::Result& captured) {
-        tell(captured ? keep(*captured) : std::unexpected(captured.error()), done);
-    });
+    CaptureNow::perform(m_context, DeskCapture::Reach::visible,
+                        [this, done = std::move(done)](const CaptureNow::Result& captured) {
+                            tell(captured ? keep(*captured) : std::unexpected(captured.error()), done);
+                        });
 }
 
 StashFlow::Result StashFlow::keep(const Layout& captured) {
@@ -140,12 +141,14 @@ void StashFlow::stashOrBringBack(const Told& told) {
         stashNow(told.stashed);
         return;
     }
-    CaptureNow::perform(m_context, [this, id = stash->id, told](const CaptureNow::Result& captured) {
-        // By then the capture has ended, so bringing back need not wait.
-        m_context.gate.isPassUnderWay()
-            ? m_context.gate.afterPass([this, id, captured, told] { stashOrBringBack(id, captured, told); })
-            : stashOrBringBack(id, captured, told);
-    });
+    CaptureNow::perform(m_context, DeskCapture::Reach::visible,
+                        [this, id = stash->id, told](const CaptureNow::Result& captured) {
+                            // By then the capture has ended, so bringing back need not wait.
+                            m_context.gate.isPassUnderWay()
+                                ? m_context.gate.afterPass(
+                                      [this, id, captured, told] { stashOrBringBack(id, captured, told); })
+                                : stashOrBringBack(id, captured, told);
+                        });
 }
 
 void StashFlow::stashOrBringBack(const std::string& stashID, const CaptureNow::Result& captured,

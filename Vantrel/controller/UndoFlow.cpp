@@ -1,7 +1,6 @@
 #include "Vantrel/controller/UndoFlow.h"
 
 #include "VantrelCore/windows/RuleApplication.h"
-#include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -18,10 +17,10 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
         return;
     }
     const RestorePass::Before& before = *result.before;
-    const DeskCapture::Picture picture{VisibleWindows::records(before.windows), before.takenAt};
+    const DeskCapture::Picture picture{before.windows, before.takenAt};
     // An abandoned scene has only moved windows; it never became the desk's scene.
     const bool isWindowsOnly = result.isAbandoned && request.scene;
-    m_latest = Picture{.slot = {.layout = m_context.layoutOf(picture, request.displays),
+    m_latest = Picture{.slot = {.layout = m_context.layoutOf(picture, request.displays).withOtherWindows(),
                                 .configID = request.layout.configID,
                                 .reason = request.reason,
                                 .date = before.takenAt,

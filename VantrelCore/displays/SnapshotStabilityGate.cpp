@@ -9,11 +9,11 @@ SnapshotStabilityGate::SnapshotStabilityGate(int requiredStableObservations)
 
 std::optional<Layout> SnapshotStabilityGate::observe(const Layout& snapshot,
                                                      const std::optional<Layout>& current) {
-    if (current && snapshot.isEquivalent(*current)) {
+    if (current && snapshot.hasSamePlaces(*current)) {
         reset();
         return std::nullopt;
     }
-    if (!m_pending || !snapshot.isEquivalent(*m_pending)) {
+    if (!m_pending || !snapshot.hasSamePlaces(*m_pending)) {
         m_pending = snapshot;
         m_stableCount = 0;
         return std::nullopt;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
+#include "VantrelCore/model/PlaceStates.h"
 
 #include <cstdint>
 #include <optional>
@@ -37,21 +38,6 @@ enum class WindowKind : std::uint8_t {
     other,
 };
 
-// A state that could not be read counts as not set.
-struct WindowStates {
-    bool isMinimized = false;
-    bool isFullscreen = false;
-    bool isMaximizedHorizontally = false;
-    bool isMaximizedVertically = false;
-    // Visible in the current Space or virtual desktop, though other windows may cover it.
-    bool isOnScreen = false;
-    bool isOnAllDesktops = false;
-    // The number of its virtual desktop, from 0; none when unknown or on all.
-    std::optional<std::int64_t> desktop = std::nullopt;
-
-    bool operator==(const WindowStates&) const = default;
-};
-
 struct DeskWindow {
     WindowID id{};
     std::int32_t pid = 0;
@@ -61,7 +47,13 @@ struct DeskWindow {
     std::string appName{};
     std::string title{};
     WindowKind kind = WindowKind::other;
-    WindowStates states{};
+    PlaceStates states{};
+    // Visible in the current Space or virtual desktop, though other windows may cover it.
+    bool isOnScreen = false;
+    // The platform can arrange it even while it cannot be seen.
+    bool isReachable = true;
+    // The number of its virtual desktop, from 0; none when unknown or on all.
+    std::optional<std::int64_t> desktop = std::nullopt;
     // None when it could not be read.
     std::optional<Rect> frame = std::nullopt;
 

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
 #include <map>
+#include <utility>
 
 namespace vantrel {
 
@@ -19,6 +21,23 @@ std::map<std::string_view, std::size_t> windowsPerApplication(const std::vector<
     return counts;
 }
 
+std::string geometryOf(const WindowRecord& window) {
+    return fmt::format("{}|{},{},{}x{}", window.bundleID, wholePoints(window.frame.minX()),
+                       wholePoints(window.frame.minY()), wholePoints(window.frame.width()),
+                       wholePoints(window.frame.height()));
+}
+
+std::string placeOf(const WindowRecord& window) {
+    std::string place = geometryOf(window);
+    if (!window.states.isOrdinary()) {
+        place += "|" + nlohmann::json(window.states).dump();
+    }
+    if (window.desktop) {
+        place += fmt::format("|{}", *window.desktop);
+    }
+    return place;
+}
+
 } // namespace
 
 Layout Layout::withoutGhosts() const {
@@ -27,16 +46,33 @@ Layout Layout::withoutGhosts() const {
     return copy;
 }
 
+Layout Layout::withOtherWindows() const {
+    Layout copy = *this;
+    std::ranges::move(std::exchange(copy.otherWindows, {}), std::back_inserter(copy.windows));
+    return copy;
+}
+
 std::vector<std::string> Layout::geometrySignature() const {
     std::vector<std::string> signature;
     signature.reserve(windows.size());
-    for (const auto& window : windows) {
-        signature.push_back(fmt::format("{}|{},{},{}x{}", window.bundleID, wholePoints(window.frame.minX()),
-                                        wholePoints(window.frame.minY()), wholePoints(window.frame.width()),
-                                        wholePoints(window.frame.height())));
-    }
+    std::ranges::transform(windows, std::back_inserter(signature), geometryOf);
     std::ranges::sort(signature);
     return signature;
+}
+
+std::vector<std::string> Layout::placeSignature() const {
+    std::vector<std::string> signature;
+    signature.reserve(windows.size() + otherWindows.size());
+    std::ranges::transform(windows, std::back_inserter(signature), placeOf);
+    std::ranges::transform(otherWindows, std::back_inserter(signature), placeOf);
+    std::ranges::sort(signature);
+    return signature;
+}
+
+bool Layout::hasSamePlaces(const Layout& other) const {
+    return configID == other.configID && layoutName == other.layoutName &&
+           windows.size() + otherWindows.size() == other.windows.size() + other.otherWindows.size() &&
+           placeSignature() == other.placeSignature();
 }
 
 bool Layout::isEquivalent(const Layout& other) const {
@@ -58,6 +94,9 @@ void to_json(nlohmann::json& json, const Layout& layout) {
             {"windows", layout.windows}};
     JsonCoding::put(json, "savedAt", layout.savedAt);
     JsonCoding::put(json, "pinned", layout.pinned);
+    if (!layout.otherWindows.empty()) {
+        json["otherWindows"] = layout.otherWindows;
+    }
 }
 
 void from_json(const nlohmann::json& json, Layout& layout) {
@@ -67,7 +106,9 @@ void from_json(const nlohmann::json& json, Layout& layout) {
               .displays = JsonCoding::required<std::vector<DisplayInfo>>(json, "displays"),
               .windows = JsonCoding::required<std::vector<WindowRecord>>(json, "windows"),
               .savedAt = JsonCoding::required<Date>(json, "savedAt"),
-              .pinned = JsonCoding::optional<bool>(json, "pinned")};
+              .pinned = JsonCoding::optional<bool>(json, "pinned"),
+              .otherWindows = JsonCoding::optional<std::vector<WindowRecord>>(json, "otherWindows")
+                                  .value_or(std::vector<WindowRecord>{})};
 }
 
 } // namespace vantrel

@@ -27,6 +27,9 @@ struct Layout {
     Date savedAt;
     // Whether the user pinned the layout, so that learning leaves it alone; absent means false.
     std::optional<bool> pinned;
+    // The windows that a picture of the visible desktop leaves out: minimised, full-screen, and on other
+    // virtual desktops. Their zOrder continues that of `windows`. JSON: absent when there are none.
+    std::vector<WindowRecord> otherWindows = {};
 
     bool operator==(const Layout&) const = default;
 
@@ -37,7 +40,17 @@ struct Layout {
     // One string per window, "bundleID|X,Y,WxH" with the frame truncated to whole points, sorted by bytes.
     [[nodiscard]] std::vector<std::string> geometrySignature() const;
 
-    // Same desk, layout name and geometry signature: nothing worth learning has changed.
+    // A copy in which `windows` holds the other windows as well.
+    [[nodiscard]] Layout withOtherWindows() const;
+
+    // Like geometrySignature(), but of every window and with its states and virtual desktop. Equal to it when
+    // no window has any.
+    [[nodiscard]] std::vector<std::string> placeSignature() const;
+
+    // Same desk and layout name, and every window has the same place: nothing worth learning has changed.
+    [[nodiscard]] bool hasSamePlaces(const Layout& other) const;
+
+    // Same desk, layout name and geometry signature.
     [[nodiscard]] bool isEquivalent(const Layout& other) const;
 
     // Same desk, layout name and number of windows per application, and every window has a counterpart within

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
+#include "VantrelCore/model/PlaceStates.h"
 
 #include <cstdint>
 #include <nlohmann/json_fwd.hpp>
@@ -24,6 +25,12 @@ struct WindowRecord {
     std::int64_t zOrder = 0;
     // True for a slot that a scene reserves for an application that is not running; absent means false.
     std::optional<bool> isGhost;
+    // Ordinary in files of older versions. JSON: absent when ordinary.
+    PlaceStates states = {};
+    // The number of its virtual desktop, from 0; none when unknown or on all.
+    std::optional<std::int64_t> desktop = std::nullopt;
+    // Where a maximised or full-screen window returns to; none when unknown.
+    std::optional<Rect> normalFrame = std::nullopt;
 
     bool operator==(const WindowRecord&) const = default;
 };

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "VantrelCore/model/DeskSnapshot.h"
+#include "VantrelCore/model/PlaceTarget.h"
 #include "VantrelCore/ports/MovePermit.h"
 #include "VantrelCore/ports/UserMoveWatch.h"
 
@@ -53,6 +54,9 @@ struct WindowOrder {
     WindowID window{};
     FrameTarget target{};
     Sequence sequence = Sequence::positionFirst;
+    // None leaves its states and its desktop, but a maximised window may have to become ordinary to reach its
+    // target. Only together with a target.
+    std::optional<PlaceTarget> place = std::nullopt;
     // Bring it to the front of the stack, without the focus where the platform can.
     bool raises = false;
 };
@@ -62,6 +66,8 @@ struct WindowOutcome {
     bool isTaken = false;
     // Where the window is after the order; none when it was not taken or the frame cannot be read.
     std::optional<Rect> frame = std::nullopt;
+    // Has the states and the desktop of the order's place; true when it names none.
+    bool hasPlace = true;
 
     bool operator==(const WindowOutcome&) const = default;
 };

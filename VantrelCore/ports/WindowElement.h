@@ -78,6 +78,9 @@ public:
     // the window is gone.
     [[nodiscard]] virtual std::unique_ptr<UserMoveWatch> watchUserMoves() { return nullptr; }
 
+    // Minimises the window or brings it back, and returns whether the platform accepted that.
+    virtual bool setMinimized(bool isMinimized) = 0;
+
     // Brings the window to the front of the stack; does not focus it where the platform allows.
     virtual bool raise() = 0;
 };

@@ -84,6 +84,11 @@ std::shared_ptr<void> AXWindowHandle::beginMoves() const {
                     [](WindowElement& window) { return window.beginMoves(); });
 }
 
+bool AXWindowHandle::setMinimized(bool isMinimized) const {
+    return answerOr(false, m_element,
+                    [&](WindowElement& window) { return window.setMinimized(isMinimized); });
+}
+
 bool AXWindowHandle::setPosition(Point position) const {
     const std::array<FrameWrite, 1> writes{position};
     return isFinite(position) && write(m_element, writes, 1);

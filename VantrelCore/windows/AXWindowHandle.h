@@ -22,6 +22,7 @@ public:
 
     // Writes return true when the platform accepted them, whatever the window then did.
     bool raise() const;
+    bool setMinimized(bool isMinimized) const;
     bool setPosition(Point position) const;
 
     // Writes position, size and position again: many applications shift a window while resizing it. The

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 namespace vantrel {
@@ -79,9 +80,18 @@ std::vector<WindowOutcome> AccessibilityDesk::arrange(std::span<const WindowOrde
         }
         permit.noteUse();
         outcomes[index].isTaken = take(order, window.handle);
-        if (outcomes[index].isTaken && !permit.isRevoked()) {
-            outcomes[index].frame = window.handle.frame();
+        if (!outcomes[index].isTaken || permit.isRevoked()) {
+            return;
         }
+        if (!order.place) {
+            outcomes[index].frame = window.handle.frame();
+            return;
+        }
+        // Of the states, these platforms only let us change this one.
+        std::ignore = window.handle.setMinimized(order.place->states.isMinimized);
+        const WindowAttributes attributes = window.handle.attributes();
+        outcomes[index].frame = attributes.frame();
+        outcomes[index].hasPlace = attributes.isMinimized == order.place->states.isMinimized;
     });
     for (std::size_t i = 0; i < orders.size(); ++i) {
         const auto window = orders[i].raises && !permit.isRevoked() ? find(orders[i].window) : std::nullopt;

@@ -38,9 +38,12 @@ void move(WindowRecord& window, const DisplayInfo* from, const DisplayInfo& to) 
     if (from == nullptr) {
         window.frame = DisplayGeometry::clamp(window.frame, to.usableFrame());
     } else if (from->uuid != to.uuid || from->frame != to.frame) {
-        window.frame = DisplayGeometry::clamp(
-            RuleApplication::translate(window.frame, from->usableFrame(), to.usableFrame()),
-            to.usableFrame());
+        const auto translated = [&](const Rect& frame) {
+            return DisplayGeometry::clamp(
+                RuleApplication::translate(frame, from->usableFrame(), to.usableFrame()), to.usableFrame());
+        };
+        window.frame = translated(window.frame);
+        window.normalFrame = window.normalFrame.transform(translated);
     }
     window.displayUUID = to.uuid;
 }

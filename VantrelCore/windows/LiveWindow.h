@@ -9,6 +9,8 @@ namespace vantrel {
 struct LiveWindow {
     WindowRecord record;
     WindowID id{};
+    // False for minimised and full-screen windows and for those of another virtual desktop.
+    bool isVisible = true;
 
     bool operator==(const LiveWindow&) const = default;
 };

@@ -42,11 +42,13 @@ public:
     void add(const Layout& layout, const MatchResult::Pair& pair, const LiveWindow& live) {
         m_strays.push_back(m_items.size());
         m_items.push_back(itemFor(layout, pair.saved, {Kind::failed, driftedReason}));
-        m_items.back().move = RestoreReport::Move{.window = live.id,
-                                                  .by = pair.by,
-                                                  .from = live.record.frame,
-                                                  .target = layout.windows[pair.saved].frame,
-                                                  .achieved = std::nullopt};
+        m_items.back().move =
+            RestoreReport::Move{.window = live.id,
+                                .by = pair.by,
+                                .from = live.record.frame,
+                                .target = layout.windows[pair.saved].frame,
+                                .achieved = std::nullopt,
+                                .place = PlaceTarget::of(layout.windows[pair.saved], live.record)};
     }
 
     std::vector<RestoreReport::Item> restore() {
@@ -91,6 +93,7 @@ private:
             const RestoreReport::Move& move = *m_items[index].move;
             orders.push_back(place(move.window, move.target, m_options.sizes));
             orders.back().sequence = sequence;
+            orders.back().place = move.place;
         }
         auto outcomes = m_desk.arrange(orders, m_permit);
         if (success == Kind::retried) {
@@ -100,7 +103,7 @@ private:
         for (std::size_t i = 0; i < items.size(); ++i) {
             RestoreReport::Item& item = m_items[items[i]];
             item.move->achieved = outcomes[i].frame;
-            if (isReached(outcomes[i].frame, item.move->target, m_options.sizes)) {
+            if (outcomes[i].hasPlace && isReached(outcomes[i].frame, item.move->target, m_options.sizes)) {
                 item.outcome = {success, ""};
                 std::erase(m_strays, items[i]);
             } else if (!outcomes[i].isTaken) {
@@ -125,7 +128,10 @@ private:
         }
         const auto windows = m_desk.look(rejected);
         for (std::size_t i = 0; i < indices.size(); ++i) {
+            const auto& place = orders[indices[i]].place;
             outcomes[indices[i]].frame = windows[i] ? windows[i]->frame : std::nullopt;
+            outcomes[indices[i]].hasPlace =
+                windows[i] && (!place || place->isReached(windows[i]->states, windows[i]->desktop));
         }
     }
 
@@ -143,7 +149,9 @@ void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
                   const std::vector<LiveWindow>& current, Desk& desk, const MovePermit& permit) {
     std::vector<WindowOrder> orders;
     for (const auto& pair : backToFront(pairs, saved)) {
-        orders.push_back({.window = current[pair.current].id, .target = {}, .raises = true});
+        if (current[pair.current].isVisible) {
+            orders.push_back({.window = current[pair.current].id, .target = {}, .raises = true});
+        }
     }
     desk.arrange(orders, permit);
 }
@@ -158,20 +166,6 @@ bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes
     return approxEqual({frame->origin, size}, target, tolerance);
 }
 
-MatchResult match(const std::vector<WindowRecord>& saved, const std::vector<LiveWindow>& current) {
-    std::vector<WindowIdentity> savedIdentities;
-    savedIdentities.reserve(saved.size());
-    for (const auto& record : saved) {
-        savedIdentities.emplace_back(record);
-    }
-    std::vector<WindowIdentity> currentIdentities;
-    currentIdentities.reserve(current.size());
-    for (const auto& window : current) {
-        currentIdentities.emplace_back(window.record);
-    }
-    return WindowMatcher::match(savedIdentities, currentIdentities);
-}
-
 std::vector<Attempt> attemptPlan(bool isStubborn) {
     if (isStubborn) {
         return {Attempt::settle, Attempt::placeSizeFirst};
@@ -182,14 +176,20 @@ std::vector<Attempt> attemptPlan(bool isStubborn) {
 bool isInPlace(const Layout& layout, const std::vector<LiveWindow>& current, const MatchResult& matched,
                const Options& options) {
     const bool haveArrived = std::ranges::all_of(matched.pairs, [&](const MatchResult::Pair& pair) {
-        return isReached(current[pair.current].record.frame, layout.windows[pair.saved].frame, options.sizes);
+        const WindowRecord& live = current[pair.current].record;
+        const WindowRecord& saved = layout.windows[pair.saved];
+        const auto place = PlaceTarget::of(saved, live);
+        return isReached(live.frame, saved.frame, options.sizes) &&
+               (!place || place->isReached(live.states, live.desktop));
     });
     if (options.raising == Raising::leave || !haveArrived) {
         return haveArrived;
     }
     std::vector<std::int64_t> orders;
     for (const auto& pair : backToFront(matched.pairs, layout.windows)) {
-        orders.push_back(current[pair.current].record.zOrder);
+        if (current[pair.current].isVisible) {
+            orders.push_back(current[pair.current].record.zOrder);
+        }
     }
     return std::ranges::is_sorted(orders, std::ranges::greater{}) &&
            (orders.empty() || std::cmp_less(orders.front(), orders.size()));

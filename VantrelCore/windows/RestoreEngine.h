@@ -66,10 +66,6 @@ struct DesignedPlacement {
 
 [[nodiscard]] std::vector<Attempt> attemptPlan(bool isStubborn);
 
-// Pairs saved windows with live ones.
-[[nodiscard]] MatchResult match(const std::vector<WindowRecord>& saved,
-                                const std::vector<LiveWindow>& current);
-
 // Whether a window at `frame` has reached `target`; false when the frame is unreadable.
 [[nodiscard]] bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes);
 

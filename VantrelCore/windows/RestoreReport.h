@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VantrelCore/model/DeskSnapshot.h"
+#include "VantrelCore/model/PlaceTarget.h"
 #include "VantrelCore/windows/WindowMatcher.h"
 
 #include <cstddef>
@@ -34,6 +35,8 @@ struct RestoreReport {
         Rect target;
         // Where it was when it was last looked at; none when its frame could not be read.
         std::optional<Rect> achieved = std::nullopt;
+        // What it shall be besides at its target; none when that is all.
+        std::optional<PlaceTarget> place = std::nullopt;
 
         [[nodiscard]] bool hasMoved() const { return achieved && *achieved != from; }
 

@@ -17,6 +17,8 @@ void moveTo(const DisplayInfo& target, const std::vector<DisplayInfo>& savedDisp
     const DisplayInfo* source = displayOf(window.displayUUID, savedDisplays);
     window.frame = source != nullptr ? translate(window.frame, source->frame, target.frame)
                                      : DisplayGeometry::clamp(window.frame, target.frame);
+    // It belongs to the display that the window leaves.
+    window.normalFrame.reset();
     window.displayUUID = target.uuid;
 }
 

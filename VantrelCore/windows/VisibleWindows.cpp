@@ -23,27 +23,39 @@ namespace {
 // A window no wider or no higher than this, in points, is a program's internal helper.
 constexpr double invisibleExtent = 1.0;
 
-std::optional<Rect> visibleFrame(const DeskWindow& window, WindowKind kind) {
-    const bool isSeen = window.kind == kind && !window.states.isMinimized && !window.states.isFullscreen &&
-                        window.frame && window.frame->width() > invisibleExtent &&
+std::optional<Rect> frameOf(const DeskWindow& window, WindowKind kind) {
+    const bool counts = window.kind == kind && window.frame && window.frame->width() > invisibleExtent &&
                         window.frame->height() > invisibleExtent;
-    return isSeen ? window.frame : std::nullopt;
+    return counts ? window.frame : std::nullopt;
 }
 
-std::vector<LiveWindow> windowsOf(WindowKind kind, const DeskSnapshot& snapshot,
-                                  const std::vector<DisplayInfo>& displays) {
+bool canBeSeen(const DeskWindow& window) {
+    return window.isOnScreen && !window.states.isMinimized && !window.states.isFullscreen;
+}
+
+void append(std::vector<LiveWindow>& windows, const DeskWindow& window, const Rect& frame,
+            const std::vector<DisplayInfo>& displays) {
+    windows.push_back({.record = {.bundleID = window.bundleID,
+                                  .appName = window.appName,
+                                  .title = window.title,
+                                  .frame = frame,
+                                  .displayUUID = displayUUID(frame, displays),
+                                  .zOrder = std::ssize(windows),
+                                  .isGhost = std::nullopt,
+                                  .states = window.states,
+                                  .desktop = window.desktop,
+                                  .normalFrame = std::nullopt},
+                       .id = window.id,
+                       .isVisible = canBeSeen(window)});
+}
+
+std::vector<LiveWindow> visible(WindowKind kind, const DeskSnapshot& snapshot,
+                                const std::vector<DisplayInfo>& displays) {
     std::vector<LiveWindow> result;
     for (const DeskWindow& window : snapshot.windows) {
-        const auto frame = visibleFrame(window, kind);
-        if (frame && window.states.isOnScreen) {
-            result.push_back({.record = {.bundleID = window.bundleID,
-                                         .appName = window.appName,
-                                         .title = window.title,
-                                         .frame = *frame,
-                                         .displayUUID = displayUUID(*frame, displays),
-                                         .zOrder = std::ssize(result),
-                                         .isGhost = std::nullopt},
-                              .id = window.id});
+        const auto frame = frameOf(window, kind);
+        if (frame && canBeSeen(window)) {
+            append(result, window, *frame, displays);
         }
     }
     return result;
@@ -52,7 +64,11 @@ std::vector<LiveWindow> windowsOf(WindowKind kind, const DeskSnapshot& snapshot,
 } // namespace
 
 std::optional<Rect> ordinaryFrame(const DeskWindow& window) {
-    return visibleFrame(window, WindowKind::ordinary);
+    return window.states.isMinimized || window.states.isFullscreen ? std::nullopt : placedFrame(window);
+}
+
+std::optional<Rect> placedFrame(const DeskWindow& window) {
+    return frameOf(window, WindowKind::ordinary);
 }
 
 std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays) {
@@ -72,11 +88,22 @@ std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displ
 }
 
 std::vector<LiveWindow> ordinary(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
-    return windowsOf(WindowKind::ordinary, snapshot, displays);
+    return visible(WindowKind::ordinary, snapshot, displays);
+}
+
+std::vector<LiveWindow> every(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
+    std::vector<LiveWindow> result = ordinary(snapshot, displays);
+    for (const DeskWindow& window : snapshot.windows) {
+        const auto frame = placedFrame(window);
+        if (frame && !canBeSeen(window) && window.isReachable) {
+            append(result, window, *frame, displays);
+        }
+    }
+    return result;
 }
 
 std::vector<LiveWindow> panels(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
-    return windowsOf(WindowKind::panel, snapshot, displays);
+    return visible(WindowKind::panel, snapshot, displays);
 }
 
 std::vector<WindowRecord> records(const std::vector<LiveWindow>& windows) {

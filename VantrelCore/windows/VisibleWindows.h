@@ -1,4 +1,4 @@
-// Which applications and windows of a snapshot count: the ordinary ones, and of these the windows that the
+// Which applications and windows of a snapshot count: the ordinary ones, either all of them or those that the
 // user can see on the current desktop.
 #pragma once
 
@@ -25,6 +25,9 @@ namespace vantrel::VisibleWindows {
 // windows without a readable frame.
 [[nodiscard]] std::optional<Rect> ordinaryFrame(const DeskWindow& window);
 
+// The same, but of minimised and full-screen windows too.
+[[nodiscard]] std::optional<Rect> placedFrame(const DeskWindow& window);
+
 // The display that contains the frame's centre, else the one with the largest overlap, else the first; ""
 // without displays.
 [[nodiscard]] std::string displayUUID(const Rect& frame, const std::vector<DisplayInfo>& displays);
@@ -33,7 +36,12 @@ namespace vantrel::VisibleWindows {
 [[nodiscard]] std::vector<LiveWindow> ordinary(const DeskSnapshot& snapshot,
                                                const std::vector<DisplayInfo>& displays);
 
-// The same for panels and dialogs.
+// These, and behind them the ordinary windows that cannot be seen, as far as the platform lists and can
+// arrange them. zOrder 0 to n-1.
+[[nodiscard]] std::vector<LiveWindow> every(const DeskSnapshot& snapshot,
+                                            const std::vector<DisplayInfo>& displays);
+
+// The visible panels and dialogs.
 [[nodiscard]] std::vector<LiveWindow> panels(const DeskSnapshot& snapshot,
                                              const std::vector<DisplayInfo>& displays);
 

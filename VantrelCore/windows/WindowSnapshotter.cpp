@@ -95,7 +95,8 @@ DeskWindow deskWindow(const RunningApp& app, const WindowAttributes& attributes)
     window.kind = kindOf(attributes.subrole);
     window.states.isMinimized = attributes.isMinimized.value_or(false);
     window.states.isFullscreen = attributes.isFullscreen.value_or(false);
-    window.states.isOnScreen = !window.states.isMinimized;
+    window.isOnScreen = !window.states.isMinimized;
+    window.isReachable = !window.states.isFullscreen;
     window.frame = attributes.frame();
     return window;
 }
@@ -115,7 +116,10 @@ std::vector<CurrentWindow> currentWindows(const std::vector<AppWindows>& apps,
             const auto order = current.window.frame && ownEntries != entriesOf.end()
                                    ? captureDecision(app.pid, *current.window.frame, ownEntries->second)
                                    : std::nullopt;
-            current.window.states.isOnScreen = order.has_value();
+            current.window.isOnScreen = order.has_value();
+            // A window of another Space stays there, whatever is asked of it.
+            current.window.isReachable =
+                current.window.isReachable && (order.has_value() || current.window.states.isMinimized);
             placed.push_back({order.value_or(unknownOrder), std::move(current)});
         }
     }

@@ -4,6 +4,7 @@
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/VisibleWindows.h"
+#include "VantrelCore/windows/WindowPairing.h"
 
 #include <stdexcept>
 
@@ -41,7 +42,7 @@ void MeasuredDesk::learn(std::size_t arrangement) {
 bool MeasuredDesk::restore(std::size_t arrangement, const std::vector<LiveWindow>& current) {
     const Layout& layout = m_layouts.at(arrangement);
     const RestoreReport report = RestoreEngine::restore(
-        layout, current, RestoreEngine::match(layout.windows, current), {}, m_desk, m_permit, m_clock);
+        layout, current, WindowPairing::pair(layout.windows, {}, current), {}, m_desk, m_permit, m_clock);
     return report.restoredCount() == layout.windows.size();
 }
 

@@ -75,7 +75,7 @@ TEST_P(MovingWindowsUnder, AMoveIsExactWithAnyGravityAndShadow) {
 TEST_P(MovingWindowsUnder, RealProgramsMoveAsFarAsTheirSizeAllowsEvenWhenStopped) {
     // GTK_CSD makes any GTK 3 program draw its own decoration and shadow.
     desk.start({"galculator"}, {"GTK_CSD=1"});
-    ASSERT_TRUE(eventually([&] { return desk.captured("galculator").states.isOnScreen; }));
+    ASSERT_TRUE(eventually([&] { return desk.captured("galculator").isOnScreen; }));
     // It may still be choosing its size.
     desk.awaitStill();
     const auto calculator = desk.captured("galculator");
@@ -85,9 +85,9 @@ TEST_P(MovingWindowsUnder, RealProgramsMoveAsFarAsTheirSizeAllowsEvenWhenStopped
     const auto pid = static_cast<pid_t>(desk.open({"xterm", "-T", "terminal"}).pid);
     const auto terminal = desk.captured("terminal");
     const Rect target{{1400, 100}, {503, 401}};
-    const auto [isTaken, there] = move(terminal, target);
-    EXPECT_TRUE(isTaken);
-    const Rect frame = there.value_or(Rect{});
+    const auto outcome = move(terminal, target);
+    EXPECT_TRUE(outcome.isTaken);
+    const Rect frame = outcome.frame.value_or(Rect{});
     EXPECT_EQ(frame.origin, target.origin);
     EXPECT_TRUE(approxEqual(frame, target, 20));
     EXPECT_TRUE(move(terminal, target).isTaken) << "it is already as close as its size allows";
@@ -242,8 +242,8 @@ TEST_P(MovingWindowsUnder, RaisedWindowsStackInOrderAndTheFocusStays) {
     for (const char* const title : {"three", "one", "four", "two"}) {
         raises.push_back({.window = desk.captured(title).id, .target = {}, .raises = true});
     }
-    for (const auto& [isTaken, frame] : desk.port.arrange(raises, MovePermit())) {
-        EXPECT_TRUE(isTaken);
+    for (const WindowOutcome& outcome : desk.port.arrange(raises, MovePermit())) {
+        EXPECT_TRUE(outcome.isTaken);
     }
     // Twice: the window manager sees a focus change as an event after its own request.
     EXPECT_TRUE(desk.awaitQuiet() && desk.awaitQuiet());

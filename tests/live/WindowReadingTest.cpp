@@ -24,7 +24,7 @@ TEST_P(ReadingWindowsUnder, RealProgramsHaveTheFramesThatTheServerReports) {
         EXPECT_TRUE(eventually([&] {
             seen = seenWindow(desk.connection(), client);
             window = seen ? desk.capture(seen->title) : std::nullopt;
-            return window && window->states.isOnScreen && window->frame == seen->frame;
+            return window && window->isOnScreen && window->frame == seen->frame;
         }));
         ASSERT_TRUE(window);
         EXPECT_EQ(window->kind, WindowKind::ordinary);
@@ -81,18 +81,18 @@ TEST_P(ReadingWindowsUnder, StatesSayWhetherAWindowIsOnScreen) {
 
     EXPECT_TRUE(eventually([&] {
         const auto window = desk.capture("minimized");
-        return window && window->states.isMinimized && !window->states.isOnScreen;
+        return window && window->states.isMinimized && !window->isOnScreen;
     }));
-    EXPECT_TRUE(eventually([&] { return !desk.captured("elsewhere").states.isOnScreen; }));
+    EXPECT_TRUE(eventually([&] { return !desk.captured("elsewhere").isOnScreen; }));
     EXPECT_FALSE(desk.captured("elsewhere").states.isMinimized);
-    EXPECT_EQ(desk.captured("elsewhere").states.desktop, 1);
+    EXPECT_EQ(desk.captured("elsewhere").desktop, 1);
     EXPECT_TRUE(eventually([&] {
         const auto workspace = server.values(everywhere, "_NET_WM_DESKTOP");
         return !workspace.empty() && workspace.front() > 1;
     }));
-    EXPECT_TRUE(desk.captured("everywhere").states.isOnScreen);
+    EXPECT_TRUE(desk.captured("everywhere").isOnScreen);
     EXPECT_TRUE(desk.captured("full").states.isFullscreen);
-    EXPECT_TRUE(desk.captured("rolled").states.isOnScreen);
+    EXPECT_TRUE(desk.captured("rolled").isOnScreen);
     EXPECT_FALSE(desk.captured("rolled").states.isMinimized);
 }
 

@@ -70,6 +70,14 @@ public:
         return m_desk.detectsDrags ? std::make_unique<DragWatch>(m_desk, m_id) : nullptr;
     }
 
+    bool setMinimized(bool isMinimized) override {
+        if (!m_desk.awaitReply(m_id)) {
+            return false;
+        }
+        m_desk.window(m_id).isMinimized = isMinimized;
+        return true;
+    }
+
     bool raise() override {
         if (!m_desk.awaitReply(m_id)) {
             return false;

@@ -93,6 +93,11 @@ std::vector<bool> MacWindowElement::write(std::span<const FrameWrite> writes) {
     return results;
 }
 
+bool MacWindowElement::setMinimized(bool isMinimized) {
+    return AXUIElementSetAttributeValue(m_element.get(), kAXMinimizedAttribute,
+                                        isMinimized ? kCFBooleanTrue : kCFBooleanFalse) == kAXErrorSuccess;
+}
+
 bool MacWindowElement::raise() {
     return AXUIElementPerformAction(m_element.get(), kAXRaiseAction) == kAXErrorSuccess;
 }

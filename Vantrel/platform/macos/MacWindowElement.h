@@ -21,6 +21,7 @@ public:
     // Sends every write, even after one without a reply. If a value cannot be created, sends none.
     [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override;
 
+    bool setMinimized(bool isMinimized) override;
     bool raise() override;
 
     [[nodiscard]] std::shared_ptr<void> beginMoves() override { return m_application->beginMoves(); }

@@ -18,8 +18,10 @@ constexpr std::uint32_t hasY = 1U << 9;
 constexpr std::uint32_t hasWidth = 1U << 10;
 constexpr std::uint32_t hasHeight = 1U << 11;
 
-constexpr std::uint32_t stateRemove = 0;
-constexpr std::uint32_t stateAdd = 1;
+// The actions of _NET_WM_STATE.
+std::uint32_t action(ClientMessage::Setting setting) {
+    return setting == ClientMessage::Setting::add ? 1 : 0;
+}
 
 // The wire size of an event.
 constexpr std::size_t eventSize = 32;
@@ -57,21 +59,39 @@ void moveResize(const X11Connection& connection, xcb_window_t window, const Move
           width.value_or(0), height.value_or(0)});
 }
 
-void setMaximized(const X11Connection& connection, xcb_window_t window, Maximized maximized,
-                  bool horizontally, bool vertically) {
+void setState(const X11Connection& connection, xcb_window_t window, Setting setting, xcb_atom_t state) {
+    send(connection, window, connection.atoms().netWmState,
+         {action(setting), state, XCB_ATOM_NONE, sourcePager, 0});
+}
+
+void setDesktop(const X11Connection& connection, xcb_window_t window, std::uint32_t desktop) {
+    send(connection, window, connection.atoms().netWmDesktop, {desktop, sourcePager, 0, 0, 0});
+}
+
+void setMaximized(const X11Connection& connection, xcb_window_t window, Setting setting, bool horizontally,
+                  bool vertically) {
+    if (!horizontally && !vertically) {
+        return;
+    }
     const X11Atoms& atoms = connection.atoms();
     const xcb_atom_t first = horizontally ? atoms.netWmStateMaximizedHorz : atoms.netWmStateMaximizedVert;
     xcb_atom_t second = XCB_ATOM_NONE;
     if (horizontally && vertically) {
         second = atoms.netWmStateMaximizedVert;
     }
-    send(connection, window, atoms.netWmState,
-         {maximized == Maximized::yes ? stateAdd : stateRemove, first, second, sourcePager, 0});
+    send(connection, window, atoms.netWmState, {action(setting), first, second, sourcePager, 0});
 }
 
 void changeState(const X11Connection& connection, xcb_window_t window, WmState state) {
     send(connection, window, connection.atoms().wmChangeState,
          {static_cast<std::uint32_t>(state), 0, 0, 0, 0});
+}
+
+void show(const X11Connection& connection, xcb_window_t window) {
+    // openbox handles the message, shows the window and then ignores the map request. xfwm4 handles only the
+    // map request, as in ICCCM.
+    changeState(connection, window, WmState::normal);
+    xcb_map_window(connection.xcb(), window);
 }
 
 void restackOnTop(const X11Connection& connection, xcb_window_t window) {

@@ -50,6 +50,13 @@ bool isNear(const FrameTarget& target, const Rect& frame, double tolerance) {
            (!size || (near(size->width, frame.width()) && near(size->height, frame.height())));
 }
 
+bool isMaximizedAt(const FrameTarget& target, const FrameParts& parts) {
+    constexpr double tolerance = 2;
+    FrameParts bare = parts;
+    bare.shadow = {};
+    return isNear(target, visibleFrame(parts), tolerance) || isNear(target, visibleFrame(bare), tolerance);
+}
+
 bool fillsMonitor(const FrameTarget& target, std::span<const Rect> monitors) {
     constexpr double leastShare = 0.75;
     // A maximised window's borders may extend past the edge.

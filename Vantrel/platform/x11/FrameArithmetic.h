@@ -53,6 +53,11 @@ namespace FrameArithmetic {
 // Whether each value matches within `tolerance`.
 [[nodiscard]] bool isNear(const FrameTarget& target, const Rect& frame, double tolerance);
 
+// Whether a maximised or full-screen window of these parts fills the target, within 2 pixels: the usable area
+// of a monitor may differ from a remembered one by that much. A client removes its shadow only after it has
+// learned that it is maximised, so the frame may be without it.
+[[nodiscard]] bool isMaximizedAt(const FrameTarget& target, const FrameParts& parts);
+
 // Whether the target could be a maximised window, that is, fills most of a monitor. An unset position counts
 // as the monitor's corner, an unset size as the largest that fits. Panels leave a maximised window at least
 // three quarters of the monitor.

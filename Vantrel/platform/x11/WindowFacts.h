@@ -15,11 +15,11 @@ namespace vantrel {
 enum class WindowScope : std::uint8_t {
     // Position, size and mark.
     frame,
-    // Also states: what a move needs.
+    // Also states and desktop: what a move needs.
     placement,
     // Also title and type: what a window element reports.
     element,
-    // Also owner, application and desktop: what a capture needs.
+    // Also owner and application: what a capture needs.
     capture,
 };
 
@@ -30,7 +30,7 @@ struct WindowFacts {
     bool isViewable = false;
     // Its parent, a frame or the root. Set only by scope placement.
     std::uint32_t parent = 0;
-    // The states are set from scope placement on, the rest from scope element on.
+    // The states and the desktop are set from scope placement on, the rest from scope element on.
     WindowTraits traits;
     std::optional<std::string> title;
     // Absent if unset; allDesktops if on every desktop.

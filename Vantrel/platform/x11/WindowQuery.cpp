@@ -59,6 +59,7 @@ void readStates(WindowTraits& traits, std::span<const std::uint32_t> states, con
     traits.isFullscreen = has(atoms.netWmStateFullscreen);
     traits.isMaximizedHorizontally = has(atoms.netWmStateMaximizedHorz);
     traits.isMaximizedVertically = has(atoms.netWmStateMaximizedVert);
+    traits.isAbove = has(atoms.netWmStateAbove);
 }
 
 std::optional<WindowType> windowType(std::span<const std::uint32_t> types, const X11Atoms& atoms) {
@@ -114,8 +115,10 @@ WindowQuery::WindowQuery(const X11Connection& connection, xcb_window_t window, W
         ask(type, atoms.netWmWindowType, listWords);
         ask(transientFor, XCB_ATOM_WM_TRANSIENT_FOR, 1);
     }
-    if (scope >= WindowScope::capture) {
+    if (scope >= WindowScope::placement) {
         ask(desktop, atoms.netWmDesktop, 1);
+    }
+    if (scope >= WindowScope::capture) {
         ask(pid, atoms.netWmPid, 1);
         ask(wmClass, XCB_ATOM_WM_CLASS, textWords);
         ask(gtkApplicationId, atoms.gtkApplicationId, textWords);

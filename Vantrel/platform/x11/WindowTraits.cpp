@@ -26,4 +26,13 @@ ActivationPolicy WindowTraits::policy() const {
                : ActivationPolicy::accessory;
 }
 
+PlaceStates WindowTraits::placeStates() const {
+    return {.isMinimized = isMinimized(),
+            .isFullscreen = isFullscreen,
+            .isMaximizedHorizontally = isMaximizedHorizontally,
+            .isMaximizedVertically = isMaximizedVertically,
+            .isShaded = isShaded,
+            .isAbove = isAbove};
+}
+
 } // namespace vantrel

@@ -33,6 +33,7 @@ struct WindowTraits {
     bool isFullscreen = false;
     bool isMaximizedHorizontally = false;
     bool isMaximizedVertically = false;
+    bool isAbove = false;
 
     bool operator==(const WindowTraits&) const = default;
 
@@ -44,6 +45,9 @@ struct WindowTraits {
 
     // metacity and marco also mark shaded windows as hidden, but those are on screen.
     [[nodiscard]] bool isMinimized() const { return isHidden && !isShaded; }
+
+    // Without the virtual desktop.
+    [[nodiscard]] PlaceStates placeStates() const;
 
     [[nodiscard]] bool isMaximized() const { return isMaximizedHorizontally || isMaximizedVertically; }
 };

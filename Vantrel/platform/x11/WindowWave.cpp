@@ -27,9 +27,6 @@ constexpr std::chrono::seconds longestLimit(10);
 // no window has moved for this long.
 constexpr std::chrono::milliseconds usualDelay(50);
 
-// In pixels. The usable area of a monitor may differ from a remembered one by this much.
-constexpr double maximizedTolerance = 2;
-
 std::vector<Rect> monitors(const X11Connection& connection) {
     std::vector<Rect> areas;
     for (const auto& monitor : MonitorQuery::read(connection).value_or(std::vector<MonitorReading>{})) {
@@ -46,14 +43,6 @@ bool isFinite(const FrameTarget& target) {
     const auto& [position, size] = target;
     return (!position || (std::isfinite(position->x) && std::isfinite(position->y))) &&
            (!size || (std::isfinite(size->width) && std::isfinite(size->height)));
-}
-
-// A client removes its shadow only after it has learned that it is maximised.
-bool isMaximizedAt(const FrameTarget& target, const WindowFacts& facts) {
-    FrameParts bare = facts.parts;
-    bare.shadow = {};
-    return FrameArithmetic::isNear(target, frameOf(facts), maximizedTolerance) ||
-           FrameArithmetic::isNear(target, FrameArithmetic::visibleFrame(bare), maximizedTolerance);
 }
 
 // Whether a window at its position has a size that its program cannot bring closer to the requested one.
@@ -105,7 +94,8 @@ SizeHints decode(const xcb_size_hints_t& read) {
 WindowWave::WindowWave(X11Context& context, std::span<const WindowOrder> orders, const MovePermit& permit)
     : m_context(context), m_connection(*context.connection), m_permit(permit) {
     for (const WindowOrder& order : orders) {
-        m_moves.push_back({.window = X11Window::of(order.window), .target = order.target});
+        m_moves.push_back(
+            {.window = X11Window::of(order.window), .target = order.target, .place = order.place});
     }
 }
 
@@ -118,22 +108,31 @@ std::vector<WindowOutcome> WindowWave::run() {
     }
     look(wanted, WindowScope::placement);
     const WindowManager windowManager = m_context.windowManager;
-    Moves maximized;
-    Moves ordinary;
+    Moves places;
+    Moves others;
     for (Move* const move : wanted) {
         if (!move->facts) {
             continue;
         }
-        if (FrameArithmetic::isAt(move->target, frameOf(*move->facts))) {
+        if (FrameArithmetic::isAt(move->target, frameOf(*move->facts)) && hasPlace(*move)) {
             move->isTaken = true;
-        } else if (!move->facts->traits.isFullscreen && windowManager.moves) {
-            (move->facts->traits.isMaximized() ? maximized : ordinary).push_back(move);
+        } else if (windowManager.moves && move->place) {
+            places.push_back(move);
+        } else if (windowManager.moves && !move->facts->traits.isFullscreen) {
+            others.push_back(move);
         }
     }
-    if (!maximized.empty() || !ordinary.empty()) {
+    if (!places.empty() || !others.empty()) {
         m_permit.noteUse();
+        std::ranges::copy(beginPlaces(places), std::back_inserter(others));
+        Moves maximized;
+        Moves ordinary;
+        for (Move* const move : others) {
+            (move->facts->traits.isMaximized() ? maximized : ordinary).push_back(move);
+        }
         std::ranges::copy(moveMaximized(maximized), std::back_inserter(ordinary));
         moveOrdinary(ordinary);
+        finishPlaces(places);
     }
     Moves taken;
     std::ranges::copy_if(wanted, std::back_inserter(taken), &Move::isTaken);
@@ -143,7 +142,8 @@ std::vector<WindowOutcome> WindowWave::run() {
         outcomes.push_back({.isTaken = move.isTaken,
                             .frame = move.isTaken && move.facts && !m_permit.isRevoked()
                                          ? std::optional(frameOf(*move.facts))
-                                         : std::nullopt});
+                                         : std::nullopt,
+                            .hasPlace = !move.place || move.hasPlace});
     }
     return outcomes;
 }
@@ -206,7 +206,9 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
     if (moves.empty()) {
         return {};
     }
-    const auto isThere = [](const Move& move) { return isMaximizedAt(move.target, *move.facts); };
+    const auto isThere = [](const Move& move) {
+        return FrameArithmetic::isMaximizedAt(move.target, move.facts->parts);
+    };
     const auto areas = monitors(m_connection);
     Moves asked;
     Moves others;
@@ -234,7 +236,7 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
     }
     for (const Move* const move : others) {
         const WindowTraits& traits = move->facts->traits;
-        ClientMessage::setMaximized(m_connection, move->window.window, ClientMessage::Maximized::no,
+        ClientMessage::setMaximized(m_connection, move->window.window, ClientMessage::Setting::remove,
                                     traits.isMaximizedHorizontally, traits.isMaximizedVertically);
     }
     xcb_flush(m_connection.xcb());
@@ -258,11 +260,11 @@ void WindowWave::askToMoveMaximized(const Move& move) {
     if (vertically) {
         request.height.reset();
     }
-    using enum ClientMessage::Maximized;
+    using enum ClientMessage::Setting;
     const xcb_window_t window = move.window.window;
-    ClientMessage::setMaximized(m_connection, window, no, horizontally, vertically);
+    ClientMessage::setMaximized(m_connection, window, remove, horizontally, vertically);
     ClientMessage::moveResize(m_connection, window, request);
-    ClientMessage::setMaximized(m_connection, window, yes, horizontally, vertically);
+    ClientMessage::setMaximized(m_connection, window, add, horizontally, vertically);
 }
 
 void WindowWave::moveOrdinary(Moves moves) {

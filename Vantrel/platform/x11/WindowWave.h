@@ -27,20 +27,23 @@ public:
     // An order is not taken when its window is gone, is full screen, or stayed where it was although it could
     // have moved. A window that its program or the window manager put elsewhere has taken it.
     //
-    // A maximised window stays maximised when the target is the whole usable area of a monitor. Only the
-    // window manager knows that area, so the window is maximised there and looked at. Otherwise it becomes an
-    // ordinary window.
+    // Unless the order says how it shall be, a maximised window stays maximised when the target is the whole
+    // usable area of a monitor. Only the window manager knows that area, so the window is maximised there and
+    // looked at. Otherwise it becomes an ordinary window.
     [[nodiscard]] std::vector<WindowOutcome> run();
 
 private:
     struct Move {
         X11Window window;
         FrameTarget target;
+        std::optional<PlaceTarget> place = std::nullopt;
         // As last seen; none once the window is gone.
         std::optional<WindowFacts> facts = std::nullopt;
         // Before anything was asked of it as an ordinary window.
         Rect from = {};
         bool isTaken = false;
+        // At the end; only if it has a place.
+        bool hasPlace = false;
     };
     using Moves = std::vector<Move*>;
     using IsDone = std::function<bool(const Move&)>;
@@ -52,6 +55,20 @@ private:
     // Looks at them after the window manager has handled what was sent.
     void lookAfterFence(const Moves& moves);
     void lookUntil(const Moves& moves, const IsDone& isDone);
+
+    // Whether the window has the states and the desktop that it shall have.
+    [[nodiscard]] static bool hasPlace(const Move& move);
+    // Takes windows off full screen, to their desktops, and to full screen or maximised where they belong.
+    // Returns those whose frames are still to be set.
+    [[nodiscard]] Moves beginPlaces(const Moves& moves);
+    // Their last states: minimised or not, shaded, above.
+    void finishPlaces(const Moves& moves);
+    enum class Pace : std::uint8_t { atOnce, stepByStep };
+    // Makes them maximised or full screen at their targets. Returns those that are not.
+    [[nodiscard]] Moves stretch(Moves moves, Pace pace);
+    void leaveStates(const Move& move);
+    void askForNormalFrame(const Move& move);
+    void enterStates(const Move& move);
 
     // Returns the moves that are still to be made as those of ordinary windows.
     [[nodiscard]] Moves moveMaximized(const Moves& moves);

@@ -45,6 +45,7 @@ constexpr auto names = std::to_array<Name>({
     {&X11Atoms::netWmState, "_NET_WM_STATE"},
     {&X11Atoms::netWmStateHidden, "_NET_WM_STATE_HIDDEN"},
     {&X11Atoms::netWmStateShaded, "_NET_WM_STATE_SHADED"},
+    {&X11Atoms::netWmStateAbove, "_NET_WM_STATE_ABOVE"},
     {&X11Atoms::netWmStateModal, "_NET_WM_STATE_MODAL"},
     {&X11Atoms::netWmStateFullscreen, "_NET_WM_STATE_FULLSCREEN"},
     {&X11Atoms::netWmStateMaximizedHorz, "_NET_WM_STATE_MAXIMIZED_HORZ"},

@@ -40,6 +40,7 @@ struct X11Atoms {
     xcb_atom_t netWmState = XCB_ATOM_NONE;
     xcb_atom_t netWmStateHidden = XCB_ATOM_NONE;
     xcb_atom_t netWmStateShaded = XCB_ATOM_NONE;
+    xcb_atom_t netWmStateAbove = XCB_ATOM_NONE;
     xcb_atom_t netWmStateModal = XCB_ATOM_NONE;
     xcb_atom_t netWmStateFullscreen = XCB_ATOM_NONE;
     xcb_atom_t netWmStateMaximizedHorz = XCB_ATOM_NONE;

@@ -272,15 +272,11 @@ DeskWindow X11DeskReading::describe(const Window& window) {
     result.title = Unicode::validUtf8(window.facts.title.value_or(""));
     result.kind = traits.kind();
     result.frame = FrameArithmetic::visibleFrame(window.facts.parts);
-    result.states = {.isMinimized = traits.isMinimized(),
-                     .isFullscreen = traits.isFullscreen,
-                     .isMaximizedHorizontally = traits.isMaximizedHorizontally,
-                     .isMaximizedVertically = traits.isMaximizedVertically,
-                     .isOnScreen = window.isOnScreen,
-                     .isOnAllDesktops = window.facts.desktop == allDesktops,
-                     .desktop = std::nullopt};
+    result.states = traits.placeStates();
+    result.states.isOnAllDesktops = window.facts.desktop == allDesktops;
+    result.isOnScreen = window.isOnScreen;
     if (window.facts.desktop && !result.states.isOnAllDesktops) {
-        result.states.desktop = *window.facts.desktop;
+        result.desktop = *window.facts.desktop;
     }
     return result;
 }

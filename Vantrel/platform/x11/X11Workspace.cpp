@@ -72,10 +72,7 @@ bool X11Workspace::unhide(const std::string& bundleID) {
     for (const auto& client : X11DeskReading(m_desk).clients()) {
         // Windows that their program has withdrawn are no longer listed. We must not map those.
         if (contains(hidden.mapped(), client)) {
-            // openbox 3.6 handles the message, shows the window without focusing it and then ignores the map
-            // request. xfwm4 4.18 handles only the map request, as in ICCCM, and focuses the window.
-            ClientMessage::changeState(connection, client.window.window, ClientMessage::WmState::normal);
-            xcb_map_window(connection.xcb(), client.window.window);
+            ClientMessage::show(connection, client.window.window);
             isAnyAsked = true;
         }
     }

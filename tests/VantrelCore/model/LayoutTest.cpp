@@ -6,6 +6,7 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace vantrel {
 
@@ -36,6 +37,31 @@ TEST(Layout, SignatureIsSortedAndInWholePoints) {
             .geometrySignature(),
         ElementsAre("Org.z|-1080,-420,1x1", "org.a|10,25,1440x875", "org.a|9,25,1440x875",
                     "org.b|0,-1,100x50"));
+}
+
+TEST(Layout, WindowsOutOfSightAndTheirStatesAreOptionalKeys) {
+    Layout layout = layoutOf({window("a", {{0, 0}, {100, 100}})});
+    EXPECT_EQ(nlohmann::json(layout).dump().find("otherWindows"), std::string::npos);
+    EXPECT_EQ(nlohmann::json(layout.windows[0]).size(), 6U);
+    const Layout plain = layout;
+    layout.otherWindows = {window("b", {{5, 5}, {100, 100}})};
+    layout.otherWindows[0].states = {.isMinimized = true, .isMaximizedVertically = true};
+    layout.otherWindows[0].desktop = 2;
+    layout.otherWindows[0].normalFrame = Rect{{1, 2}, {3, 4}};
+    nlohmann::json json = layout;
+    EXPECT_EQ(json.get<Layout>(), layout);
+    json["otherWindows"][0]["states"].push_back("sparkling");
+    EXPECT_EQ(json.get<Layout>(), layout);
+
+    EXPECT_TRUE(layout.isEquivalent(plain)) << "the visible windows are the same";
+    EXPECT_FALSE(layout.hasSamePlaces(plain));
+    EXPECT_EQ(plain.placeSignature(), plain.geometrySignature());
+    EXPECT_THAT(layout.placeSignature(),
+                ElementsAre("a|0,0,100x100", R"(b|5,5,100x100|["minimized","maximizedVertically"]|2)"));
+    // On another virtual desktop the same windows are the visible ones.
+    Layout seenFromThere = layout;
+    std::swap(seenFromThere.windows, seenFromThere.otherWindows);
+    EXPECT_TRUE(layout.hasSamePlaces(seenFromThere));
 }
 
 TEST(Layout, IsEquivalentWhenDeskNameAndGeometryAgree) {

@@ -2,6 +2,7 @@
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/AXWindowHandle.h"
 #include "VantrelCore/windows/VisibleWindows.h"
+#include "VantrelCore/windows/WindowPairing.h"
 #include "tests/VantrelCore/windows/ScriptedWindow.h"
 #include "tests/simulated/SimulatedDesk.h"
 
@@ -56,8 +57,8 @@ struct SavedDesk : ScriptedDesk {
     }
 
     RestoreReport restore(const Options& options = {}) {
-        return RestoreEngine::restore(layout, current, RestoreEngine::match(layout.windows, current), options,
-                                      port, permit, clock);
+        return RestoreEngine::restore(layout, current, WindowPairing::pair(layout.windows, {}, current),
+                                      options, port, permit, clock);
     }
 
     Layout layout;
@@ -333,7 +334,7 @@ TEST_F(RestoreOnASimulatedDesk, ASlowAppDelaysNoOther) {
     }
     time.run(WorkPriority::userInitiated, [&] {
         const auto current = VisibleWindows::ordinary(desk.port().capture({}), {});
-        report = RestoreEngine::restore(layout, current, RestoreEngine::match(layout.windows, current), {},
+        report = RestoreEngine::restore(layout, current, WindowPairing::pair(layout.windows, {}, current), {},
                                         desk.port(), permit, time);
     });
 

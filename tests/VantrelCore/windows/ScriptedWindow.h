@@ -88,6 +88,11 @@ public:
         return results;
     }
 
+    bool setMinimized(bool isMinimized) override {
+        attributes.isMinimized = isMinimized;
+        return true;
+    }
+
     bool raise() override {
         note("raise");
         breakIfTold();

@@ -1,0 +1,28 @@
+#include "VantrelCore/model/PlaceTarget.h"
+
+namespace vantrel {
+
+std::optional<PlaceTarget> PlaceTarget::of(const WindowRecord& saved, const WindowRecord& live) {
+    PlaceTarget target{.states = saved.states, .desktop = saved.desktop, .normalFrame = saved.normalFrame};
+    // Such a window needs its states to reach its frame.
+    const bool isStretched = saved.states.isMaximized() || saved.states.isFullscreen;
+    if (!isStretched && target.isReached(live.states, live.desktop)) {
+        return std::nullopt;
+    }
+    return target;
+}
+
+bool PlaceTarget::isReached(const PlaceStates& actual,
+                            const std::optional<std::int64_t>& actualDesktop) const {
+    const bool isOnDesktop = states.isOnAllDesktops
+                                 ? actual.isOnAllDesktops
+                                 : !desktop || (desktop == actualDesktop && !actual.isOnAllDesktops);
+    const bool isStretched =
+        !states.isMaximized() || (states.isMaximizedHorizontally == actual.isMaximizedHorizontally &&
+                                  states.isMaximizedVertically == actual.isMaximizedVertically);
+    return isOnDesktop && isStretched && states.isMinimized == actual.isMinimized &&
+           states.isFullscreen == actual.isFullscreen && (!states.isShaded || actual.isShaded) &&
+           (!states.isAbove || actual.isAbove);
+}
+
+} // namespace vantrel

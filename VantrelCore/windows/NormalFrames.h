@@ -1,0 +1,24 @@
+// Where maximised and full-screen windows return to. Window systems do not say, so this remembers where each
+// window was last seen as an ordinary one.
+#pragma once
+
+#include "VantrelCore/windows/LiveWindow.h"
+
+#include <map>
+#include <vector>
+
+namespace vantrel {
+
+class NormalFrames {
+public:
+    // Takes a capture of every window, front to back. Forgets windows that no longer exist.
+    void remember(const std::vector<LiveWindow>& windows);
+
+    // Fills in `normalFrame` for maximised and full-screen windows, where known.
+    [[nodiscard]] WindowRecord recordOf(const LiveWindow& window) const;
+
+private:
+    std::map<WindowID, Rect> m_frames;
+};
+
+} // namespace vantrel

@@ -1,0 +1,63 @@
+// Windows that are hard to recognise or cannot be seen come back like any other.
+#include "tests/Vantrel/controller/LearnedDesk.h"
+
+namespace vantrel::simulated {
+namespace {
+
+struct EveryWindow : LearnedDesk {
+    EveryWindow() : LearnedDesk("laptop-and-monitor") {}
+
+    void undock() { story.connect("laptop"); }
+    void dock() { story.connect("laptop-and-monitor"); }
+};
+
+TEST_F(EveryWindow, TwinsKeepTheirPlacesWhenTitlesAndStackChangeWhileUndocked) {
+    undock();
+    story.desk.window(story.browserLeft).title = "Tickets";
+    story.desk.window(story.browserRight).title = "Weather";
+    story.desk.bringToFront(story.browserLeft);
+    dock();
+    EXPECT_EQ(story.frames(), home);
+
+    undock();
+    story.desk.close(story.browserLeft);
+    const auto fresh =
+        story.desk.open(story.desk.window(story.browserRight).pid, "Tickets", {{5, 40}, {400, 300}});
+    dock();
+    EXPECT_EQ(story.frame(story.browserRight), home.at(story.browserRight))
+        << "the new one takes the closed one's";
+    EXPECT_EQ(story.frame(fresh), home.at(story.browserLeft));
+}
+
+TEST_F(EveryWindow, AWindowLearnedMinimizedComesBackMinimizedAtItsPlace) {
+    story.desk.window(story.browserRight).isMinimized = true;
+    story.learn();
+    EXPECT_EQ(story.published().windowsLearned(), 4);
+    undock();
+    story.desk.window(story.browserRight).isMinimized = false;
+    story.desk.window(story.browserRight).title = "Weather";
+    story.desk.drag(story.browserRight, {{10, 40}, {300, 200}});
+    story.desk.window(story.browserLeft).isMinimized = true;
+    dock();
+    EXPECT_EQ(story.frames(), home);
+    EXPECT_TRUE(story.desk.window(story.browserRight).isMinimized);
+    EXPECT_FALSE(story.desk.window(story.browserLeft).isMinimized);
+    ASSERT_TRUE(undo());
+    EXPECT_FALSE(story.desk.window(story.browserRight).isMinimized);
+    EXPECT_TRUE(story.desk.window(story.browserLeft).isMinimized);
+    EXPECT_EQ(story.frame(story.browserRight), (Rect{{10, 40}, {300, 200}}));
+}
+
+TEST_F(EveryWindow, ScenesAndStashesHoldWhatCanBeSeen) {
+    story.desk.window(story.browserRight).isMinimized = true;
+    story.controller->scenes().saveCurrentAsScene("Work", {});
+    story.runFor(1);
+    EXPECT_THAT(story.published().scenes.at(0).layout.windows, SizeIs(3));
+    EXPECT_THAT(story.published().scenes.at(0).layout.otherWindows, IsEmpty());
+    ASSERT_TRUE(story.controller->applyScene(story.published().scenes.at(0)));
+    story.runFor(5);
+    EXPECT_TRUE(story.desk.window(story.browserRight).isMinimized);
+}
+
+} // namespace
+} // namespace vantrel::simulated
