@@ -14,6 +14,7 @@
 #include "VantrelCore/stores/LayoutStore.h"
 #include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/windows/NormalFrames.h"
+#include "VantrelCore/windows/StrayPlaces.h"
 #include "VantrelCore/windows/WindowNotes.h"
 
 #include <functional>
@@ -41,6 +42,8 @@ public:
     DeskGate gate;
     // Which live window each remembered one is.
     WindowNotes notes;
+    // Windows that the last restores could not put in place.
+    StrayPlaces strays;
 
     // This program's own bundle ID; its windows are never captured.
     std::optional<std::string> ownBundleID;

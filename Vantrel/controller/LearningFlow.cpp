@@ -58,27 +58,29 @@ void LearningFlow::keepForAdoption(const Layout& layout, std::vector<LiveWindow>
 }
 
 void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays) {
-    const Layout layout = m_context.layoutOf(picture, displays);
-    keepForAdoption(layout, picture.windows);
+    const Layout actual = m_context.layoutOf(picture, displays);
+    const Picture wanted{m_context.strays.corrected(actual.configID, picture.windows), picture.takenAt};
+    const Layout layout = m_context.layoutOf(wanted, displays);
+    keepForAdoption(layout, wanted.windows);
     if (layout.windows.empty()) {
         // The window manager may be restarting, or everything is minimized: no reason to forget the desk.
         m_stabilityGate.reset();
         return;
     }
     if (onFreshDesk) {
-        onFreshDesk(layout);
+        onFreshDesk(actual);
     }
     const auto stored = storedLike(layout);
     const bool isLearned = stored && layout.hasSamePlaces(*stored);
     if (isLearned) {
-        m_context.notes.note(*stored, picture.windows);
+        m_context.notes.note(*stored, wanted.windows);
         if (onLearnedDesk) {
             onLearnedDesk(*stored);
         }
     }
     if (stored && stored->isPinned()) {
         if (onPinnedDesk) {
-            onPinnedDesk(layout.withOtherWindows());
+            onPinnedDesk(actual.withOtherWindows());
         }
         return;
     }
@@ -90,7 +92,7 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
         }
         return;
     }
-    saveLater(*learned, picture.windows,
+    saveLater(*learned, wanted.windows,
               fmt::format("learned layout: {} windows for {}",
                           learned->windows.size() + learned->otherWindows.size(), learned->name),
               "learning failed: the layout could not be written");
@@ -145,6 +147,7 @@ void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
 }
 
 SaveOutcome LearningFlow::finishSave(Layout layout) {
+    m_context.strays.forget(layout.configID);
     // Its windows have been noted already.
     keepForAdoption(layout, {});
     if (const auto stored = storedLike(layout)) {

@@ -127,6 +127,10 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     if (request.purpose != RestorePurpose::undo) {
         m_context.notes.note(request.layout, result.report);
     }
+    if (request.purpose == RestorePurpose::restore &&
+        request.layout.layoutName == m_context.state().activeLayoutName) {
+        m_context.strays.note(request.layout, result.report);
+    }
     m_context.log(ControllerText::restoreReport(result.report));
     // Callers waiting for the outcome need not wait for the files.
     request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});

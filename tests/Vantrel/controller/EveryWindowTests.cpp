@@ -48,6 +48,42 @@ TEST_F(EveryWindow, AWindowLearnedMinimizedComesBackMinimizedAtItsPlace) {
     EXPECT_EQ(story.frame(story.browserRight), (Rect{{10, 40}, {300, 200}}));
 }
 
+TEST_F(EveryWindow, APlaceThatARestoreCouldNotReachIsKeptUntilTheWindowIsMovedOrSaved) {
+    const auto stored = [this] { return story.storedLayout()->geometrySignature(); };
+    const auto learned = stored();
+    undock();
+    story.desk.window(story.terminal).behaviour.refusesMoves = true;
+    dock();
+    ASSERT_NE(story.frame(story.terminal), home.at(story.terminal));
+    story.learn();
+    EXPECT_EQ(stored(), learned);
+    // Another window's new place is learned all the same.
+    story.move(story.mail, {{30, 40}, {500, 400}});
+    story.learn();
+    EXPECT_NE(stored(), learned);
+    undock();
+    story.desk.window(story.terminal).behaviour.refusesMoves = false;
+    dock();
+    EXPECT_EQ(story.frame(story.terminal), home.at(story.terminal));
+
+    undock();
+    story.desk.window(story.terminal).behaviour.refusesMoves = true;
+    dock();
+    story.desk.drag(story.terminal, {{60, 60}, {300, 200}});
+    story.learn();
+    EXPECT_THAT(stored(), Contains("org.example.terminal|60,60,300x200"));
+
+    undock();
+    dock();
+    story.controller->saveLayoutNow();
+    story.learn();
+    const Rect left = story.frame(story.terminal);
+    story.desk.window(story.terminal).behaviour.refusesMoves = false;
+    undock();
+    dock();
+    EXPECT_EQ(story.frame(story.terminal), left);
+}
+
 TEST_F(EveryWindow, ScenesAndStashesHoldWhatCanBeSeen) {
     story.desk.window(story.browserRight).isMinimized = true;
     story.controller->scenes().saveCurrentAsScene("Work", {});

@@ -1,0 +1,56 @@
+#include "VantrelCore/windows/StrayPlaces.h"
+
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// In points. Window managers may still shift a window by its border.
+constexpr double tolerance = 2;
+
+} // namespace
+
+void StrayPlaces::note(const Layout& layout, const RestoreReport& report) {
+    auto& strays = m_strays[layout.configID];
+    for (const RestoreReport::Item& item : report.items) {
+        if (!item.saved || !item.move) {
+            continue;
+        }
+        if (item.outcome.kind == RestoreReport::Kind::failed) {
+            // A window that rejected the move has stayed.
+            strays.insert_or_assign(item.move->window, Stray{layout.windows[*item.saved],
+                                                             item.move->achieved.value_or(item.move->from)});
+        } else {
+            strays.erase(item.move->window);
+        }
+    }
+}
+
+std::vector<LiveWindow> StrayPlaces::corrected(const std::string& configID, std::vector<LiveWindow> windows) {
+    const auto desk = m_strays.find(configID);
+    if (desk == m_strays.end()) {
+        return windows;
+    }
+    std::map<WindowID, Stray> remaining;
+    for (LiveWindow& window : windows) {
+        const auto found = desk->second.find(window.id);
+        if (found == desk->second.end()) {
+            continue;
+        }
+        const auto& [saved, left] = found->second;
+        WindowRecord& record = window.record;
+        if (approxEqual(record.frame, left, tolerance)) {
+            record.frame = saved.frame;
+            record.displayUUID = saved.displayUUID;
+            record.states = saved.states;
+            record.desktop = saved.desktop;
+            record.normalFrame = saved.normalFrame;
+            remaining.insert(*found);
+        }
+    }
+    desk->second = std::move(remaining);
+    return windows;
+}
+
+} // namespace vantrel

@@ -1,0 +1,38 @@
+// Where windows belong that a restore could not put there. Learning keeps their remembered places, so that a
+// failure is not learned as the user's wish, until somebody moves them.
+#pragma once
+
+#include "VantrelCore/model/Layout.h"
+#include "VantrelCore/windows/LiveWindow.h"
+#include "VantrelCore/windows/RestoreReport.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+class StrayPlaces {
+public:
+    // What a restore of `layout` has achieved.
+    void note(const Layout& layout, const RestoreReport& report);
+
+    // The user wants the desk as it is.
+    void forget(const std::string& configID) { m_strays.erase(configID); }
+
+    // Takes a capture of the desk. Windows that still stand where a restore left them get their remembered
+    // places; those that have moved since, or were closed, are strays no longer.
+    [[nodiscard]] std::vector<LiveWindow> corrected(const std::string& configID,
+                                                    std::vector<LiveWindow> windows);
+
+private:
+    struct Stray {
+        WindowRecord saved;
+        // Where the restore left it.
+        Rect left;
+    };
+
+    std::map<std::string, std::map<WindowID, Stray>> m_strays;
+};
+
+} // namespace vantrel
