@@ -11,10 +11,6 @@ namespace {
 
 void captureOneProcess(benchmark::State& state) {
     const RunningApp app{1, ActivationPolicy::regular, "org.example.editor", "Editor"};
-    DisplayInfo display;
-    display.uuid = "display-1";
-    display.frame = {{0, 0}, {2560, 1440}};
-
     std::vector<WindowSnapshotter::AppWindows> apps{{app, {}}};
     std::vector<WindowListEntry> onScreen;
     for (std::int64_t i = 0; i < state.range(0); ++i) {
@@ -27,8 +23,7 @@ void captureOneProcess(benchmark::State& state) {
              {fmt::format("Document {}", i), standardWindowSubrole, false, false, frame.origin, frame.size}});
     }
     for ([[maybe_unused]] auto _ : state) {
-        auto windows =
-            WindowSnapshotter::captured(apps, WindowSnapshotter::zOrderEntries(onScreen), {display});
+        auto windows = WindowSnapshotter::currentWindows(apps, WindowSnapshotter::zOrderEntries(onScreen));
         benchmark::DoNotOptimize(windows);
     }
     state.SetComplexityN(state.range(0));

@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/AchievedSizes.h"
 #include "Vantrel/controller/LiveWindows.h"
+#include "VantrelCore/scenes/SceneSwitchPolicy.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,8 +10,25 @@
 
 namespace vantrel::RestorePass {
 
-Result run(const Task& task, Desk& desk, Clock& clock) {
-    if (task.trigger == RestoreTrigger::automatic || task.awaitsQuiet) {
+namespace {
+
+std::size_t unhide(const std::vector<std::string>& bundleIDs, Workspace& workspace) {
+    const std::set<std::string> each(bundleIDs.begin(), bundleIDs.end());
+    return static_cast<std::size_t>(
+        std::ranges::count_if(each, [&](const std::string& bundleID) { return workspace.unhide(bundleID); }));
+}
+
+// Returns those that had a window to hide.
+std::vector<std::string> hide(std::vector<std::string> bundleIDs, Workspace& workspace) {
+    std::erase_if(bundleIDs, [&](const std::string& bundleID) { return !workspace.hide(bundleID); });
+    return bundleIDs;
+}
+
+} // namespace
+
+Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
+    const std::size_t unhidden = unhide(task.unhides, workspace);
+    if (task.trigger == RestoreTrigger::automatic || unhidden > 0) {
         // After the displays settle, the window manager moves windows itself in response to the change.
         desk.awaitQuiet();
     }
@@ -21,6 +39,7 @@ Result run(const Task& task, Desk& desk, Clock& clock) {
         task.known ? LiveWindows::known(task.layout, *task.known, task.scope, desk)
                    : LiveWindows::found(task.layout, task.identities, task.scope, task.reach, desk, clock);
     Result result;
+    result.unhidden = unhidden;
     result.changedNothing = RestoreEngine::isInPlace(task.layout, live, matched, task.options);
     if (!task.known) {
         result.before = Before{live, clock.now()};
@@ -53,6 +72,12 @@ Result run(const Task& task, Desk& desk, Clock& clock) {
         }
     }
     result.isAbandoned = task.permit->isRevoked();
+    if (result.scene && task.hidesAllBut && !result.isAbandoned) {
+        result.hiddenBundleIDs =
+            hide(SceneSwitchPolicy::bundleIDsToHide(result.scene->runningBundleIDs, *task.hidesAllBut,
+                                                    task.scope.filter.excludedBundleID.value_or("")),
+                 workspace);
+    }
     result.hasMovedWindows = task.permit->isUsed() && !result.changedNothing;
     return result;
 }

@@ -5,11 +5,15 @@
 #include "Vantrel/controller/RestoreFollowUp.h"
 #include "Vantrel/controller/RestoreRequest.h"
 #include "Vantrel/controller/ScenePass.h"
+#include "VantrelCore/ports/Workspace.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 #include "VantrelCore/windows/WindowPairing.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace vantrel::RestorePass {
@@ -18,7 +22,9 @@ namespace vantrel::RestorePass {
 struct Task {
     Layout layout;
     RestoreTrigger trigger = RestoreTrigger::manual;
-    bool awaitsQuiet = false;
+    // See RestoreRequest.
+    std::vector<std::string> unhides;
+    std::optional<std::set<std::string>> hidesAllBut;
     std::optional<SceneOnDesk> scene;
     // For an undo: the live windows that correspond to the layout's windows, index by index.
     std::optional<std::vector<WindowID>> known;
@@ -52,8 +58,12 @@ struct Result {
     bool hasMovedWindows = false;
     // For a scene.
     std::optional<ScenePass::Result> scene = std::nullopt;
+    // How many applications were shown again at the start.
+    std::size_t unhidden = 0;
+    // The applications that were hidden at the end.
+    std::vector<std::string> hiddenBundleIDs = {};
 };
 
-[[nodiscard]] Result run(const Task& task, Desk& desk, Clock& clock);
+[[nodiscard]] Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock);
 
 } // namespace vantrel::RestorePass

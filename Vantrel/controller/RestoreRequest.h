@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -46,8 +47,10 @@ struct RestoreRequest {
     // If set, called on the main thread when its turn comes, before anything is read or moved. May change
     // what is restored, but not the desk.
     std::function<void(RestoreRequest&)> prepare = {};
-    // Wait until the window system has processed earlier requests.
-    bool awaitsQuiet = false;
+    // Applications to show before anything is captured, if an earlier scene has hidden them.
+    std::vector<std::string> unhides = {};
+    // If set, hides all other regular applications once everything is in place. Only for a scene.
+    std::optional<std::set<std::string>> hidesAllBut = std::nullopt;
     // If set, called when an undo has reverted this restore.
     std::function<void()> undone = {};
     // If set, called at the end of the restore, before `done` and the history; may add to the report.

@@ -58,7 +58,8 @@ void RestoreRunner::start(RestoreRequest request) {
     RestorePass::Task task{
         .layout = request.layout,
         .trigger = request.trigger,
-        .awaitsQuiet = request.awaitsQuiet,
+        .unhides = request.unhides,
+        .hidesAllBut = request.hidesAllBut,
         .scene = request.scene,
         .known = {},
         .identities = m_context.notes.find(request.layout),
@@ -80,7 +81,7 @@ void RestoreRunner::start(RestoreRequest request) {
     m_context.inBackground(
         WorkPriority::userInitiated,
         [task = std::move(task), ports = m_context.ports] {
-            return RestorePass::run(task, ports.desk, ports.clock);
+            return RestorePass::run(task, ports.desk, ports.workspace, ports.clock);
         },
         [this, request = std::move(request)](std::optional<RestorePass::Result> result) {
             finish(request, std::move(result));

@@ -1,7 +1,6 @@
 #include "Vantrel/controller/SceneApplyFlow.h"
 
 #include "VantrelCore/scenes/SceneDeskComparison.h"
-#include "VantrelCore/scenes/SceneSwitchPolicy.h"
 #include "VantrelCore/windows/MissingAppsPolicy.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
@@ -72,23 +71,14 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
                       .scene = std::move(onDesk),
                       .raising = RestoreEngine::Raising::raise,
                       .prepare =
-                          [this, id = scene.id](RestoreRequest& request) {
-                              unhide(request);
-                              rememberFormer(request, id);
+                          [this, scene](RestoreRequest& request) {
+                              request.unhides = request.scene->bundleIDs;
+                              hideOthers(request, scene);
+                              rememberFormer(request, scene.id);
                           },
                       .finished = [this, scene](RestorePass::Result& result) { finish(scene, result); },
                       .done = std::move(done)});
     return true;
-}
-
-// Shows applications that an earlier scene has hidden and this one uses.
-void SceneApplyFlow::unhide(RestoreRequest& request) {
-    std::set<std::string> asked;
-    for (const std::string& bundleID : request.scene->bundleIDs) {
-        if (asked.insert(bundleID).second && m_context.ports.workspace.unhide(bundleID)) {
-            request.awaitsQuiet = true;
-        }
-    }
 }
 
 // Undo makes the previously applied scene the last applied one again. Reapplying a scene keeps the earlier
@@ -112,7 +102,7 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
                             : SceneFlow::Placed::onItsDesk;
     m_scenes.setLastApplied(scene.id);
     m_scenes.solidify(scene.id, pass.slots.filled, placed);
-    hideOthers(scene, pass);
+    noteHidden(result.hiddenBundleIDs);
     const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());
     std::erase_if(m_launchedAt, [&](const auto& launched) { return running.contains(launched.first); });
     const auto launched = launchMissing(scene, pass);
@@ -177,24 +167,20 @@ std::vector<SceneSettlement::LaunchedApp> SceneApplyFlow::launchMissing(const Sc
     return launched;
 }
 
-void SceneApplyFlow::hideOthers(const Scene& scene, const ScenePass::Result& pass) {
-    if (!m_context.settings.hideOthersOnSceneSwitch()) {
+void SceneApplyFlow::hideOthers(RestoreRequest& request, const Scene& scene) {
+    if (m_context.settings.hideOthersOnSceneSwitch()) {
+        const auto used = bundleIDsOf(scene);
+        request.hidesAllBut.emplace(used.begin(), used.end());
+    }
+}
+
+void SceneApplyFlow::noteHidden(const std::vector<std::string>& bundleIDs) {
+    if (bundleIDs.empty()) {
         return;
     }
-    const auto used = bundleIDsOf(scene);
-    std::vector<std::string> hidden;
-    for (const std::string& bundleID : SceneSwitchPolicy::bundleIDsToHide(
-             pass.runningBundleIDs, {used.begin(), used.end()}, m_context.ownBundleID.value_or(""))) {
-        if (m_context.ports.workspace.hide(bundleID)) {
-            hidden.push_back(bundleID);
-        }
-    }
-    if (hidden.empty()) {
-        return;
-    }
-    m_context.log(fmt::format("scene switch hid {} app(s) the scene had hidden", hidden.size()));
+    m_context.log(fmt::format("scene switch hid {} app(s) the scene had hidden", bundleIDs.size()));
     if (onHidden) {
-        onHidden(hidden);
+        onHidden(bundleIDs);
     }
 }
 

@@ -34,13 +34,13 @@ public:
     std::function<void()> onUndone;
 
 private:
-    void unhide(RestoreRequest& request);
+    void hideOthers(RestoreRequest& request, const Scene& scene);
     void rememberFormer(RestoreRequest& request, const std::string& id);
     void finish(const Scene& scene, RestorePass::Result& result);
     [[nodiscard]] std::vector<SceneSettlement::LaunchedApp> launchMissing(const Scene& scene,
                                                                           const ScenePass::Result& pass);
     [[nodiscard]] bool launch(const std::string& bundleID);
-    void hideOthers(const Scene& scene, const ScenePass::Result& pass);
+    void noteHidden(const std::vector<std::string>& bundleIDs);
     [[nodiscard]] bool isStarting(const std::string& bundleID);
 
     ControllerContext& m_context;

@@ -10,6 +10,7 @@ namespace vantrel {
 
 void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
     if (!result.before) {
+        m_unhidden = result.unhidden;
         // An interrupted undo can be repeated when its desk is back.
         if (!result.isAbandoned) {
             forgetUndone();
@@ -102,10 +103,7 @@ void UndoFlow::prepare(RestoreRequest& request) {
         return;
     }
     fill(request);
-    for (const std::string& bundleID : m_slot->slot.hiddenBundleIDs) {
-        m_unhidden += m_context.ports.workspace.unhide(bundleID) ? 1 : 0;
-    }
-    request.awaitsQuiet = m_unhidden > 0;
+    request.unhides = m_slot->slot.hiddenBundleIDs;
 }
 
 void UndoFlow::finish(const RestoreOutcome& outcome) {

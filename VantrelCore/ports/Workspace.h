@@ -12,7 +12,8 @@
 
 namespace vantrel {
 
-// Used on the main thread; no call blocks.
+// Used on the main thread, where no call waits for the display server. Only hide() and unhide() may: they are
+// called in the background, one at a time.
 class Workspace {
 public:
     Workspace() = default;

@@ -35,6 +35,16 @@ public:
 
     [[nodiscard]] std::vector<DisplayInfo> displays() { return DisplayTopology::currentDisplays(services); }
 
+    // Waits until the services know what the server has.
+    [[nodiscard]] Displays current() {
+        Displays result;
+        EXPECT_TRUE(waitUntil([&] {
+            result = displays();
+            return result == DisplayTopology::currentDisplays(m_reader);
+        }));
+        return result;
+    }
+
     // The changes since the last call, once the latest agrees with what is there now.
     std::vector<Displays> changes() {
         std::vector<Displays> result;
@@ -111,26 +121,25 @@ TEST(Displays, KeepTheirIdentityAtAnotherConnectorAndMayBeDivided) {
     const auto meeting = edidBlock({.serialNumber = 78, .name = "Meeting 40"});
     desk.monitors().setEdid(0, office);
     desk.monitors().setEdid(1, meeting);
-    const auto before = desk.displays();
+    const auto before = desk.current();
     EXPECT_EQ(before.at(0).name, "Office 27");
     EXPECT_EQ(before.at(1).name, "Meeting 40");
     desk.monitors().setEdid(0, meeting);
     desk.monitors().setEdid(1, office);
-    desk.changes();
-    const auto exchanged = desk.displays();
+    const auto exchanged = desk.current();
     EXPECT_EQ(exchanged.at(0).uuid, before[1].uuid);
     EXPECT_EQ(exchanged.at(1).uuid, before[0].uuid);
 
     desk.monitors().defineMonitor("half-left", {0, 0, 640, 1024}, {0});
     desk.monitors().defineMonitor("half-right", {640, 0, 640, 1024}, {});
-    const auto divided = desk.displays();
+    const auto divided = desk.current();
     EXPECT_EQ(divided.size(), 3U);
     EXPECT_TRUE(std::ranges::any_of(divided, [](const DisplayInfo& display) {
         return display.name == "half-right" && display.frame == Rect{{640, 0}, {640, 1024}};
     }));
     desk.monitors().removeMonitor("half-right");
     desk.monitors().removeMonitor("half-left");
-    EXPECT_EQ(desk.displays(), exchanged);
+    EXPECT_EQ(desk.current(), exchanged);
 }
 
 } // namespace

@@ -177,7 +177,7 @@ TEST(ReadingWindows, WithoutAWindowManagerTheDeskIsReadableButNotTrusted) {
         return desk.port.capture({}).windows.size() == 1;
     }));
     desk.startWindowManager("xfwm4");
-    EXPECT_TRUE(desk.port.isTrusted());
+    EXPECT_TRUE(waitUntil([&] { return desk.port.isTrusted(); }));
 }
 
 } // namespace

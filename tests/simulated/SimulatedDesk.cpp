@@ -329,6 +329,7 @@ bool SimulatedDesk::shows(Point point) const {
 }
 
 void SimulatedDesk::passRequestTime() {
+    m_time.noteWait("the display server");
     if (requestSeconds > 0 && SimulatedTime::isOnWorker()) {
         m_time.sleep(requestSeconds);
     }
@@ -347,6 +348,7 @@ bool SimulatedDesk::awaitApplication(std::int32_t pid) {
 }
 
 bool SimulatedDesk::awaitReply(WindowID id) {
+    m_time.noteWait("an application");
     const SimulatedWindow* window = find(id);
     if (window == nullptr) {
         return false;

@@ -1,5 +1,7 @@
 #include "tests/simulated/SimulatedTime.h"
 
+#include "VantrelCore/stores/UserEdit.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -209,6 +211,12 @@ void SimulatedTime::insert(double seconds, Owner owner, std::function<void()> wo
     const bool isShuffled = m_random && owner == Owner::job;
     const auto tie = isShuffled ? static_cast<std::uint32_t>((*m_random)()) : middle;
     m_agenda.emplace(Key{due, tie, m_sequence++}, Entry{owner, std::move(work)});
+}
+
+void SimulatedTime::noteWait(const std::string& what) {
+    if (m_isInTurn && !isOnWorker() && !UserEdit::isActive()) {
+        m_mainThreadWaits.push_back(what);
+    }
 }
 
 bool SimulatedTime::isOnWorker() {

@@ -18,6 +18,7 @@
 #include <optional>
 #include <random>
 #include <semaphore>
+#include <string>
 #include <thread>
 #include <tuple>
 #include <vector>
@@ -60,8 +61,10 @@ public:
     std::function<void(WorkPriority)> onRun;
     // Sets the wall clock, as a user or a time server does. Monotonic time is not affected.
     void setWallClock(Date date);
-    // Whether the caller is a turn of the main queue, and not a test or a background job.
-    [[nodiscard]] bool isInMainTurn() const { return m_isInTurn && !isOnWorker(); }
+    // Called by ports whose call may have to wait for the disk or the display server.
+    void noteWait(const std::string& what);
+    // What turns of the main queue, and not tests or background jobs, waited for outside a UserEdit.
+    [[nodiscard]] const std::vector<std::string>& mainThreadWaits() const { return m_mainThreadWaits; }
     // Whether the caller is a background job and so may sleep.
     [[nodiscard]] static bool isOnWorker();
     // Runs all remaining jobs to completion. From then on, sleeps take no time and main work is dropped.
@@ -106,6 +109,7 @@ private:
     std::binary_semaphore m_baton{0};
     // Something from the agenda is running.
     bool m_isInTurn = false;
+    std::vector<std::string> m_mainThreadWaits;
     bool m_isEnding = false;
 };
 

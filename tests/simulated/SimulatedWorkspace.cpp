@@ -45,6 +45,7 @@ void SimulatedWorkspace::openWindows(std::int32_t pid, const InstalledApp& app) 
 }
 
 bool SimulatedWorkspace::hide(const std::string& bundleID) {
+    m_time.noteWait("hiding an application");
     const auto pids = m_desk.pidsOf(bundleID);
     std::set<WindowID> hidden;
     for (const auto& window : m_desk.windows()) {
@@ -61,6 +62,7 @@ bool SimulatedWorkspace::hide(const std::string& bundleID) {
 }
 
 bool SimulatedWorkspace::unhide(const std::string& bundleID) {
+    m_time.noteWait("showing an application");
     bool isAnyShown = false;
     for (const WindowID id : std::exchange(m_hidden[bundleID], {})) {
         if (m_desk.exists(id) && m_desk.window(id).isMinimized) {

@@ -1,7 +1,7 @@
 #include "Vantrel/platform/x11/ReconfigurationWatch.h"
 
-#include "Vantrel/platform/posix/ReportedThread.h"
 #include "Vantrel/platform/x11/MonitorQuery.h"
+#include "Vantrel/platform/x11/WorkAreaQuery.h"
 #include "Vantrel/platform/x11/XcbReply.h"
 
 #include <utility>
@@ -25,19 +25,32 @@ void select(const X11Connection& connection, std::uint16_t events) {
 
 ReconfigurationWatch::ReconfigurationWatch(std::shared_ptr<X11Connection> connection,
                                            std::function<void()> handler)
-    : m_connection(std::move(connection)), m_handler(std::move(handler)) {
+    : m_connection(std::move(connection)), m_handler(std::move(handler)),
+      m_thread([this] { m_connection->runGuarded([this] { compare(); }); }) {
     if (const auto first = m_connection->extensions().randrFirstEvent) {
         m_screenEvents = m_connection->onEvent(*first + XCB_RANDR_SCREEN_CHANGE_NOTIFY,
-                                               [this](const auto&) { noteEvent(); });
+                                               [this](const auto&) { m_thread.wake(); });
         m_otherEvents = m_connection->onEvent(*first + XCB_RANDR_NOTIFY, [this](const auto& event) {
             // Extension events share the generic event's layout.
             const auto& notify = reinterpret_cast<const xcb_randr_notify_event_t&>(event);
             if (notify.subCode == XCB_RANDR_NOTIFY_CRTC_CHANGE) {
                 noteCrtc(notify.u.cc);
             }
-            noteEvent();
+            m_thread.wake();
         });
     }
+    // What panels leave of a display changes with these.
+    m_rootChanges = m_connection->onEvent(
+        XCB_PROPERTY_NOTIFY, [this, root = m_connection->root(),
+                              &atoms = m_connection->atoms()](const xcb_generic_event_t& event) {
+            const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+            if (change.window == root &&
+                (change.atom == atoms.netWorkarea || change.atom == atoms.netClientList ||
+                 change.atom == atoms.netCurrentDesktop)) {
+                m_thread.wake();
+            }
+        });
+    m_rootEvents = m_connection->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     // Select events before reading, so that no change is missed in between.
     select(*m_connection, watchedEvents);
     {
@@ -46,20 +59,29 @@ ReconfigurationWatch::ReconfigurationWatch(std::shared_ptr<X11Connection> connec
         m_crtcs = std::move(crtcs);
         m_hasCrtcChanged = false;
     }
-    m_displays = readDisplays().value_or(std::vector<DisplayInfo>{});
-    m_thread = posix::reportedThread([this] { compareUntilStopped(); });
+    m_displays = readDisplays(*m_connection).value_or(std::vector<DisplayInfo>{});
+    m_latest = withVisibleFrames(*m_connection, m_displays);
+    m_thread.start();
 }
 
 ReconfigurationWatch::~ReconfigurationWatch() {
     select(*m_connection, 0);
     m_screenEvents.reset();
     m_otherEvents.reset();
-    {
-        const std::lock_guard lock(m_mutex);
-        m_isStopping = true;
+    m_rootChanges.reset();
+}
+
+std::vector<DisplayInfo> ReconfigurationWatch::read(const X11Connection& connection) {
+    return withVisibleFrames(connection, readDisplays(connection).value_or(std::vector<DisplayInfo>{}));
+}
+
+std::vector<DisplayInfo> ReconfigurationWatch::displays() {
+    m_thread.wake();
+    if (!m_connection->isConnected()) {
+        return {};
     }
-    m_wake.notify_one();
-    m_thread.join();
+    const std::lock_guard lock(m_mutex);
+    return m_latest;
 }
 
 ReconfigurationWatch::CrtcState ReconfigurationWatch::crtcState(xcb_randr_mode_t mode, std::uint16_t rotation,
@@ -91,17 +113,20 @@ std::map<xcb_randr_crtc_t, ReconfigurationWatch::CrtcState> ReconfigurationWatch
     return result;
 }
 
-std::optional<std::vector<DisplayInfo>> ReconfigurationWatch::readDisplays() const {
-    const auto monitors = MonitorQuery::read(*m_connection);
+std::optional<std::vector<DisplayInfo>> ReconfigurationWatch::readDisplays(const X11Connection& connection) {
+    const auto monitors = MonitorQuery::read(connection);
     return monitors ? std::optional(DisplayList::displays(*monitors)) : std::nullopt;
 }
 
-void ReconfigurationWatch::noteEvent() {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_hasEvents = true;
+std::vector<DisplayInfo> ReconfigurationWatch::withVisibleFrames(const X11Connection& connection,
+                                                                 std::vector<DisplayInfo> displays) {
+    if (!displays.empty()) {
+        const WorkAreaReading workArea = WorkAreaQuery::read(connection);
+        for (DisplayInfo& display : displays) {
+            display.visibleFrame = workArea.visibleFrame(display.frame);
+        }
     }
-    m_wake.notify_one();
+    return displays;
 }
 
 void ReconfigurationWatch::noteCrtc(const xcb_randr_crtc_change_t& change) {
@@ -112,27 +137,19 @@ void ReconfigurationWatch::noteCrtc(const xcb_randr_crtc_change_t& change) {
     known = state;
 }
 
-void ReconfigurationWatch::compareUntilStopped() {
-    while (true) {
-        bool hasCrtcChanged = false;
-        {
-            std::unique_lock lock(m_mutex);
-            m_wake.wait(lock, [this] { return m_hasEvents || m_isStopping; });
-            if (m_isStopping) {
-                return;
-            }
-            m_hasEvents = false;
-            hasCrtcChanged = std::exchange(m_hasCrtcChanged, false);
-        }
-        m_connection->runGuarded([&] { compare(hasCrtcChanged); });
+void ReconfigurationWatch::compare() {
+    bool hasCrtcChanged = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        hasCrtcChanged = std::exchange(m_hasCrtcChanged, false);
     }
-}
-
-void ReconfigurationWatch::compare(bool hasCrtcChanged) {
-    const auto displays = readDisplays();
+    const auto displays = readDisplays(*m_connection);
     const bool hasChanged = displays && *displays != m_displays;
     if (displays) {
         m_displays = *displays;
+        auto latest = withVisibleFrames(*m_connection, m_displays);
+        const std::lock_guard lock(m_mutex);
+        m_latest = std::move(latest);
     }
     if (hasChanged || hasCrtcChanged) {
         m_handler();

@@ -1,17 +1,17 @@
-// Reports display changes. One change causes many RandR events, and a mere query by another program can cause
-// some too; this filters out events without a change.
+// Reports display changes and knows the displays. One change causes many RandR events, and a mere query by
+// another program can cause some too; this filters out events without a change.
 #pragma once
 
+#include "Vantrel/platform/posix/WokenThread.h"
 #include "Vantrel/platform/x11/DisplayList.h"
 #include "Vantrel/platform/x11/X11Connection.h"
 
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
-#include <thread>
+#include <optional>
 #include <vector>
 #include <xcb/randr.h>
 
@@ -29,6 +29,13 @@ public:
     ReconfigurationWatch(const ReconfigurationWatch&) = delete;
     ReconfigurationWatch& operator=(const ReconfigurationWatch&) = delete;
 
+    // Asks the server, in four round trips; empty if the connection is lost.
+    [[nodiscard]] static std::vector<DisplayInfo> read(const X11Connection& connection);
+
+    // The displays as last read, with what panels leave of them; never waits. Has them read again soon, so
+    // the next call also shows what no event reports.
+    [[nodiscard]] std::vector<DisplayInfo> displays();
+
 private:
     struct CrtcState {
         xcb_randr_mode_t mode = XCB_NONE;
@@ -44,27 +51,29 @@ private:
                                              std::int16_t y);
     [[nodiscard]] std::map<xcb_randr_crtc_t, CrtcState> readCrtcs() const;
     // Returns none if the connection is lost.
-    [[nodiscard]] std::optional<std::vector<DisplayInfo>> readDisplays() const;
-    void noteEvent();
+    [[nodiscard]] static std::optional<std::vector<DisplayInfo>>
+    readDisplays(const X11Connection& connection);
+    [[nodiscard]] static std::vector<DisplayInfo> withVisibleFrames(const X11Connection& connection,
+                                                                    std::vector<DisplayInfo> displays);
     void noteCrtc(const xcb_randr_crtc_change_t& change);
-    void compareUntilStopped();
-    void compare(bool hasCrtcChanged);
+    void compare();
 
     std::shared_ptr<X11Connection> m_connection;
     std::function<void()> m_handler;
-    // Used only by the worker thread after construction.
+    // Whole displays. Used only by the worker thread after construction.
     std::vector<DisplayInfo> m_displays;
 
     std::mutex m_mutex;
-    std::condition_variable m_wake;
-    bool m_hasEvents = false;
     bool m_hasCrtcChanged = false;
-    bool m_isStopping = false;
+    std::vector<DisplayInfo> m_latest;
     std::map<xcb_randr_crtc_t, CrtcState> m_crtcs;
 
     Registration m_screenEvents;
     Registration m_otherEvents;
-    std::thread m_thread;
+    Registration m_rootChanges;
+    Registration m_rootEvents;
+    // Last, so that it ends before what it uses.
+    posix::WokenThread m_thread;
 };
 
 } // namespace vantrel

@@ -21,7 +21,7 @@ struct X11Context {
     WindowManagerFence fence;
     WindowMarks marks;
     DesktopEntries desktopEntries;
-    // As found by the latest capture.
+    // As found by the latest capture or by WindowManagerWatch.
     std::atomic<WindowManager> windowManager = WindowManager{};
 
     void noteWindowManager(const WindowManager& found) {

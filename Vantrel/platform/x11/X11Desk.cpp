@@ -33,9 +33,14 @@ xcb_window_t topmost(const X11Connection& connection) {
 } // namespace
 
 bool X11Desk::isTrusted() {
-    const auto windowManager = WindowManager::query(*m_context->connection);
-    m_context->noteWindowManager(windowManager);
-    return windowManager.isPresent && windowManager.moves;
+    const WindowManager windowManager = m_context->windowManager;
+    const bool isTrusted =
+        m_context->connection->isConnected() && windowManager.isPresent && windowManager.moves;
+    if (!isTrusted) {
+        // A capture that ended late may have hidden what the watch has seen.
+        m_windowManagerWatch.lookSoon();
+    }
+    return isTrusted;
 }
 
 DeskSnapshot X11Desk::capture(const CaptureFilter& filter) {

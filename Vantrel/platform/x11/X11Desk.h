@@ -1,6 +1,7 @@
 // The windows of an X server with an EWMH window manager.
 #pragma once
 
+#include "Vantrel/platform/x11/WindowManagerWatch.h"
 #include "Vantrel/platform/x11/X11Context.h"
 #include "VantrelCore/ports/Desk.h"
 
@@ -14,10 +15,11 @@ namespace vantrel {
 class X11Desk final : public Desk {
 public:
     // `context` is shared with other adapters and never null.
-    explicit X11Desk(std::shared_ptr<X11Context> context) : m_context(std::move(context)) {}
+    explicit X11Desk(std::shared_ptr<X11Context> context)
+        : m_context(std::move(context)), m_windowManagerWatch(m_context) {}
 
-    // True while connected to a window manager that moves windows on request. X11 asks no user for
-    // permission.
+    // True while connected to a window manager that moves windows on request, as last seen: never waits for
+    // the server. X11 asks no user for permission.
     [[nodiscard]] bool isTrusted() override;
     bool prompt() override { return isTrusted(); }
 
@@ -39,6 +41,7 @@ private:
                std::vector<WindowOutcome>& outcomes);
 
     std::shared_ptr<X11Context> m_context;
+    WindowManagerWatch m_windowManagerWatch;
 };
 
 } // namespace vantrel

@@ -15,6 +15,7 @@ class X11DisplayServices final : public DisplayServices {
 public:
     explicit X11DisplayServices(std::shared_ptr<X11Connection> connection);
 
+    // With a handler set, the displays as last seen; without, asks the server.
     [[nodiscard]] std::vector<DisplayInfo> displays() override;
 
     // Calls the handler on a worker thread, only if the displays have changed.

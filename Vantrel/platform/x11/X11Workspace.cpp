@@ -83,35 +83,27 @@ bool X11Workspace::unhide(const std::string& bundleID) {
 void X11Workspace::setLaunchHandler(std::function<void(const RunningApp&)> handler) {
     m_changes.reset();
     m_selection.reset();
+    m_looking.reset();
     m_roll = {};
     m_handler = std::move(handler);
     if (!m_handler) {
         return;
     }
     const X11Connection& connection = *m_desk->connection;
+    m_looking.emplace([this] { m_desk->connection->runGuarded([this] { look(); }); });
     m_changes = m_desk->connection->onEvent(
         XCB_PROPERTY_NOTIFY, [this, root = connection.root(),
                               list = connection.atoms().netClientList](const xcb_generic_event_t& event) {
             const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
             if (change.window == root && change.atom == list) {
-                lookSoon();
+                m_looking->wake();
             }
         });
     m_selection = m_desk->connection->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     // Select events first: changes that this look misses must be reported.
     connection.synchronize();
     look();
-}
-
-void X11Workspace::lookSoon() {
-    if (!m_willLook.exchange(true)) {
-        m_queue.post([this, alive = std::weak_ptr(m_alive)] {
-            if (!alive.expired()) {
-                m_willLook = false;
-                look();
-            }
-        });
-    }
+    m_looking->start();
 }
 
 void X11Workspace::look() {
@@ -124,11 +116,20 @@ void X11Workspace::look() {
         const auto cookie = xcb_get_window_attributes(xcb, window);
         return ownReply(xcb_get_window_attributes_reply(xcb, cookie, nullptr)) != nullptr;
     };
-    for (const RunningApp& app : m_roll.look(listed, exists)) {
-        if (app.pid != getpid() && m_handler) {
-            m_handler(app);
-        }
+    auto started = m_roll.look(listed, exists);
+    if (started.empty()) {
+        return;
     }
+    m_queue.post([this, alive = std::weak_ptr(m_alive), started = std::move(started)] {
+        if (alive.expired()) {
+            return;
+        }
+        for (const RunningApp& app : started) {
+            if (app.pid != getpid() && m_handler) {
+                m_handler(app);
+            }
+        }
+    });
 }
 
 } // namespace vantrel

@@ -1,15 +1,16 @@
 // Starts, hides and watches applications on an X server with an EWMH window manager.
 #pragma once
 
+#include "Vantrel/platform/posix/WokenThread.h"
 #include "Vantrel/platform/x11/ApplicationRoll.h"
 #include "Vantrel/platform/x11/X11Context.h"
 #include "Vantrel/platform/x11/X11DeskReading.h"
 #include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/Workspace.h"
 
-#include <atomic>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,7 @@ public:
 private:
     using Clients = std::vector<X11DeskReading::Client>;
 
-    void lookSoon();
+    // Lists the applications and posts the launch of new ones. After the first time only on m_looking.
     void look();
 
     std::shared_ptr<X11Context> m_desk;
@@ -37,10 +38,9 @@ private:
     std::map<std::string, Clients> m_hidden;
     std::function<void(const RunningApp&)> m_handler;
     ApplicationRoll m_roll;
-    // A look is queued. Set on the event thread.
-    std::atomic<bool> m_willLook = false;
     // Expires with this object. Checked only on the main thread.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+    std::optional<posix::WokenThread> m_looking;
     // Last, so that no event finds a half-destroyed object.
     Registration m_selection;
     Registration m_changes;

@@ -27,8 +27,9 @@ void RandomStory::noteWhatStands() {
 void RandomStory::checkAtRest() {
     expect(!m_story.controller->restoreInFlight(), "every restore ends");
     expect(!m_story.controller->snapshotsSuspended(), "learning resumes");
-    expect(m_story.waits.empty(),
-           fmt::format("the main thread waits for no disk: {}", fmt::join(m_story.waits, ", ")));
+    const auto& waits = m_story.time.mainThreadWaits();
+    expect(waits.empty(), fmt::format("the main thread waits for neither disk nor display server: {}",
+                                      fmt::join(waits, ", ")));
     if (m_hasRestoredDesk) {
         checkEverythingIsAtItsSavedPlace();
     }

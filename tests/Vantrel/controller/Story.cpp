@@ -1,7 +1,5 @@
 #include "tests/Vantrel/controller/Story.h"
 
-#include "VantrelCore/stores/UserEdit.h"
-
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <iterator>
@@ -20,8 +18,8 @@ Story::Story(const std::string& setup, std::uint64_t seed)
       log(folder, files, time) {
     desk.requestSeconds = 0.0008;
     files.onCall = [this](const std::filesystem::path& file) {
-        if (time.isInMainTurn() && !UserEdit::isActive() && file != log.file()) {
-            waits.push_back(file.string());
+        if (file != log.file()) {
+            time.noteWait(file.string());
         }
     };
 }
@@ -29,7 +27,7 @@ Story::Story(const std::string& setup, std::uint64_t seed)
 Story::~Story() {
     controller.reset();
     time.endJobs();
-    EXPECT_THAT(waits, testing::IsEmpty()) << "the main thread waited for the disk";
+    EXPECT_THAT(time.mainThreadWaits(), testing::IsEmpty());
 }
 
 void Story::openPrograms() {

@@ -44,9 +44,6 @@ public:
     FileIncidents incidents{[this](const std::string& message) { log.write(message); }};
     std::unique_ptr<AppController> controller;
 
-    // What the main thread waited for although no user did; a story in which it waits fails.
-    std::vector<std::string> waits;
-
     // A browser with two windows, a terminal and a mail program, spread over the displays.
     void openPrograms();
     WindowID browserLeft{};
