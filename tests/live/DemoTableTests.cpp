@@ -15,6 +15,13 @@ WindowStory storyOf(const std::optional<Rect>& after, Size increment = {1, 1}) {
             .increment = increment};
 }
 
+WindowStory minimised(const std::string& stateAfter) {
+    WindowStory story = storyOf(Rect{{100, 100}, {600, 400}});
+    story.stateBefore = "minimised";
+    story.stateAfter = stateAfter;
+    return story;
+}
+
 TEST(DemoTable, AWindowIsBackWithinTwoPointsOrOneSizeIncrement) {
     constexpr Size characters{8, 17};
     const std::vector<std::pair<WindowStory, Verdict>> rows{
@@ -25,6 +32,8 @@ TEST(DemoTable, AWindowIsBackWithinTwoPointsOrOneSizeIncrement) {
         {storyOf(Rect{{100, 100}, {607, 384}}, characters), Verdict::nearest},
         {storyOf(Rect{{100, 100}, {608, 400}}, characters), Verdict::away},
         {storyOf(Rect{{107, 100}, {600, 400}}, characters), Verdict::away},
+        {minimised("minimised"), Verdict::back},
+        {minimised(""), Verdict::otherState},
     };
     for (const auto& [story, verdict] : rows) {
         EXPECT_EQ(DemoTable::verdict(story), verdict) << DemoTable::text({story});

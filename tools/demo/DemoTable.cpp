@@ -8,7 +8,7 @@ namespace vantrel::tools::DemoTable {
 
 namespace {
 
-constexpr const char* row = "  {:<14}  {:<14}  {:<20}  {:<20}  {:>5}  {:<20}  {:>6}  {}\n";
+constexpr const char* row = "  {:<14}  {:<14}  {:<22}  {:<20}  {:<20}  {:>5}  {:<20}  {:>6}  {}\n";
 
 std::string place(const std::optional<Rect>& rect) {
     return rect ? fmt::format("{:>4.0f},{:<4.0f} {:>4.0f} x {:.0f}", rect->minX(), rect->minY(),
@@ -28,6 +28,8 @@ const char* word(Verdict verdict) {
         return "back, nearest size";
     case Verdict::away:
         return "NOT BACK";
+    case Verdict::otherState:
+        return "OTHER STATE";
     case Verdict::gone:
         break;
     }
@@ -46,7 +48,7 @@ Verdict verdict(const WindowStory& story) {
         return Verdict::gone;
     }
     if (distance(story.before, *story.after) <= tolerance) {
-        return Verdict::back;
+        return story.stateBefore == story.stateAfter ? Verdict::back : Verdict::otherState;
     }
     const bool isInPlace = std::abs(story.before.minX() - story.after->minX()) <= tolerance &&
                            std::abs(story.before.minY() - story.after->minY()) <= tolerance;
@@ -61,11 +63,11 @@ bool isBack(const WindowStory& story) {
 }
 
 std::string text(const std::vector<WindowStory>& stories) {
-    std::string result = fmt::format(fmt::runtime(row), "window", "program", "before", "while unplugged",
-                                     "moved", "after", "off by", "verdict");
+    std::string result = fmt::format(fmt::runtime(row), "window", "program", "state", "before",
+                                     "while unplugged", "moved", "after", "off by", "verdict");
     for (const WindowStory& story : stories) {
         result +=
-            fmt::format(fmt::runtime(row), story.name, story.program, place(story.before),
+            fmt::format(fmt::runtime(row), story.name, story.program, story.stateBefore, place(story.before),
                         place(story.unplugged), difference(story.before, story.unplugged), place(story.after),
                         difference(story.before, story.after), word(verdict(story)));
     }

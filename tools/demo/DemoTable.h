@@ -19,6 +19,9 @@ struct WindowStory {
     std::optional<Rect> after;
     // The program's size increments; 1 x 1 for most.
     Size increment{1, 1};
+    // "maximised, desktop 2"; empty for an ordinary window of the first desktop.
+    std::string stateBefore = {};
+    std::string stateAfter = {};
 };
 
 enum class Verdict : std::uint8_t {
@@ -26,6 +29,8 @@ enum class Verdict : std::uint8_t {
     // In place, in the nearest size that its program accepts.
     nearest,
     away,
+    // In place, but minimised or maximised otherwise, or on another desktop.
+    otherState,
     gone,
 };
 

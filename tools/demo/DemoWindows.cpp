@@ -2,6 +2,9 @@
 
 #include "tools/desk/EdidBlock.h"
 
+#include <algorithm>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <string>
 
 namespace vantrel::tools {
@@ -77,7 +80,44 @@ struct DemoWindow {
     std::string program;
     std::vector<std::string> command;
     Rect place;
+    std::vector<std::string> states = {};
+    // Counted from 1.
+    std::uint32_t desktop = 1;
 };
+
+struct NamedState {
+    const char* name;
+    std::vector<const char*> atoms;
+};
+
+const std::vector<NamedState> namedStates{
+    {"minimised", {"_NET_WM_STATE_HIDDEN"}},
+    {"maximised", {"_NET_WM_STATE_MAXIMIZED_HORZ", "_NET_WM_STATE_MAXIMIZED_VERT"}},
+    {"full screen", {"_NET_WM_STATE_FULLSCREEN"}},
+};
+
+// The window manager puts the window into its states and onto its desktop.
+void enter(PrivateDesk& desk, xcb_window_t client, const DemoWindow& planned) {
+    constexpr std::uint32_t iconic = 3;
+    constexpr std::uint32_t add = 1;
+    constexpr std::uint32_t fromPager = 2;
+    DeskConnection& connection = desk.connection();
+    if (planned.desktop > 1) {
+        connection.tellWindowManager(client, "_NET_WM_DESKTOP", {planned.desktop - 1, fromPager});
+    }
+    for (const auto& [name, atoms] : namedStates) {
+        if (std::ranges::find(planned.states, name) == planned.states.end()) {
+            continue;
+        }
+        if (atoms.size() == 1 && std::string(name) == "minimised") {
+            connection.tellWindowManager(client, "WM_CHANGE_STATE", {iconic});
+        } else {
+            connection.tellWindowManager(client, "_NET_WM_STATE",
+                                         {add, connection.atom(atoms.front()),
+                                          atoms.size() > 1 ? connection.atom(atoms.back()) : 0, fromPager});
+        }
+    }
+}
 
 // A terminal that shows the output of `command` and stays open.
 std::string shell(const std::string& command) {
@@ -118,10 +158,51 @@ std::vector<DemoWindow> demoWindows(const TemporaryHome& home) {
          {"xterm", "-T", "Machine", "-e", "sh", "-c",
           shell("uname -sr; echo; uptime; echo; free -h; echo; df -h /; echo; ps -e -o pid,comm | tail -5")},
          {{2060, 500}, {660, 340}}},
+        {"Log",
+         "xterm",
+         {"xterm", "-T", "Log", "-e", "sh", "-c", shell("cat Documents/build.log")},
+         {{1700, 300}, {500, 300}},
+         {"minimised"}},
+        {"Report",
+         "mousepad",
+         {"mousepad", "--disable-server", document("Meeting notes.txt")},
+         {{1500, 200}, {600, 420}},
+         {"maximised"},
+         2},
+        {"Slides",
+         "featherpad",
+         {"featherpad", "--standalone", document("words.py")},
+         {{1600, 150}, {640, 440}},
+         {"full screen"},
+         2},
+        {"Shell",
+         "xterm",
+         {"xterm", "-T", "Shell", "-e", "sh", "-c", shell("ls -l Documents")},
+         {{2200, 420}, {560, 320}},
+         {},
+         2},
     };
 }
 
 } // namespace
+
+std::string stateOf(DeskConnection& connection, xcb_window_t client) {
+    const auto set = connection.values(client, "_NET_WM_STATE");
+    std::vector<std::string> words;
+    for (const auto& [name, atoms] : namedStates) {
+        const bool hasAll = std::ranges::all_of(atoms, [&](const char* atom) {
+            return std::ranges::find(set, connection.atom(atom)) != set.end();
+        });
+        if (hasAll) {
+            words.emplace_back(name);
+        }
+    }
+    const auto desktop = connection.values(client, "_NET_WM_DESKTOP");
+    if (!desktop.empty() && desktop[0] != 0) {
+        words.push_back(fmt::format("desktop {}", desktop[0] + 1));
+    }
+    return fmt::format("{}", fmt::join(words, ", "));
+}
 
 std::vector<DemoActor> openDemo(PrivateDesk& desk) {
     desk.monitors().setEdid(0, edidBlock({.product = 24, .serialNumber = 1001, .name = "Desk 24"}));
@@ -137,6 +218,9 @@ std::vector<DemoActor> openDemo(PrivateDesk& desk) {
                                     .unplugged = std::nullopt,
                                     .after = std::nullopt,
                                     .increment = sizeIncrement(desk.connection(), client)}});
+        // A program may start by changing its own window.
+        desk.awaitStill();
+        enter(desk, client, planned);
     }
     desk.awaitStill();
     return actors;

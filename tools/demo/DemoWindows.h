@@ -4,6 +4,7 @@
 #include "tools/demo/DemoTable.h"
 #include "tools/desk/PrivateDesk.h"
 
+#include <string>
 #include <vector>
 
 namespace vantrel::tools {
@@ -16,6 +17,9 @@ struct DemoActor {
     xcb_window_t client = 0;
     WindowStory story;
 };
+
+// The states of a window in words, as in WindowStory.
+[[nodiscard]] std::string stateOf(DeskConnection& connection, xcb_window_t client);
 
 // Names the desk's two monitors "Desk 24" and "Side 27", writes the files that the programs show to its home,
 // starts the programs and makes the window manager arrange their windows.

@@ -54,10 +54,14 @@ private:
         m_actors = openDemo(m_desk);
         for (DemoActor& actor : m_actors) {
             actor.story.before = frameOf(actor).value_or(Rect{});
+            actor.story.stateBefore = stateOf(m_desk.connection(), actor.client);
         }
         const auto onRight = std::ranges::count_if(
             m_actors, [](const DemoActor& actor) { return actor.story.before.minX() >= rightMonitor.x; });
-        say("2  {} windows of real programs are open and arranged, {} of them on the right monitor.",
+        say("2  {} windows of real programs are open and arranged, {} of them on the right monitor: one is\n"
+            "   minimised, and three are on the second virtual desktop, of which one is maximised and one "
+            "full\n"
+            "   screen.",
             m_actors.size(), onRight);
     }
 
@@ -124,12 +128,13 @@ private:
     void takeFrames(std::optional<Rect> WindowStory::* moment) {
         for (DemoActor& actor : m_actors) {
             actor.story.*moment = frameOf(actor);
+            actor.story.stateAfter = stateOf(m_desk.connection(), actor.client);
         }
     }
 
     [[nodiscard]] std::optional<Rect> frameOf(const DemoActor& actor) {
         const auto window = seenWindow(m_desk.connection(), actor.client);
-        return window && window->isViewable ? std::optional(window->frame) : std::nullopt;
+        return window ? std::optional(window->frame) : std::nullopt;
     }
 
     void takePicture(const char* name) { Picture::take(m_desk.connection()).save(m_options.pictures / name); }
