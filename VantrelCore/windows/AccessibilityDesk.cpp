@@ -42,7 +42,7 @@ DeskSnapshot AccessibilityDesk::capture(const CaptureFilter& filter) {
     DeskSnapshot snapshot{.apps = reading->runningApps(), .windows = {}};
     std::vector<WindowSnapshotter::AppWindows> apps;
     std::map<std::int32_t, const RunningApp*> appOf;
-    for (const RunningApp& app : WindowSnapshotter::appsToRead(snapshot.apps, entries, filter)) {
+    for (const RunningApp& app : WindowSnapshotter::appsToRead(snapshot.apps, filter)) {
         apps.push_back({app, reading->windows(app)});
     }
     for (const auto& read : apps) {

@@ -75,13 +75,9 @@ std::optional<std::int64_t> captureDecision(std::int32_t pid, const Rect& frame,
     return isOnScreen ? std::optional(unknownOrder) : std::nullopt;
 }
 
-std::vector<RunningApp> appsToRead(std::vector<RunningApp> running, const std::vector<ZEntry>& entries,
-                                   const CaptureFilter& filter) {
+std::vector<RunningApp> appsToRead(std::vector<RunningApp> running, const CaptureFilter& filter) {
     std::vector<RunningApp> apps = AXApps::regularApps(std::move(running), filter.excludedBundleID);
-    const EntriesByPid onScreen = byPid(entries);
-    std::erase_if(apps, [&](const RunningApp& app) {
-        return !filter.includes(*app.bundleID) || (!filter.onlyBundleIDs && !onScreen.contains(app.pid));
-    });
+    std::erase_if(apps, [&](const RunningApp& app) { return !filter.includes(*app.bundleID); });
     return apps;
 }
 

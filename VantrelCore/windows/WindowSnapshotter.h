@@ -32,10 +32,10 @@ inline constexpr std::int64_t unknownOrder = INT64_MAX;
 [[nodiscard]] std::optional<std::int64_t> captureDecision(std::int32_t pid, const Rect& frame,
                                                           const std::vector<ZEntry>& entries);
 
-// The regular applications that the filter includes, in the given order: those with something on screen, and
-// all that the filter names.
-[[nodiscard]] std::vector<RunningApp>
-appsToRead(std::vector<RunningApp> running, const std::vector<ZEntry>& entries, const CaptureFilter& filter);
+// The regular applications that the filter includes, in the given order. All of them: every window of an
+// application may be minimised.
+[[nodiscard]] std::vector<RunningApp> appsToRead(std::vector<RunningApp> running,
+                                                 const CaptureFilter& filter);
 
 // Without an identity; on screen unless minimised.
 [[nodiscard]] DeskWindow deskWindow(const RunningApp& app, const WindowAttributes& attributes);

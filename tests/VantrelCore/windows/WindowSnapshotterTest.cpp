@@ -95,11 +95,11 @@ TEST(WindowSnapshotter, ReadsOnlyRegularAppsWithEntriesOnScreen) {
     const RunningApp nameless{4, ActivationPolicy::regular, std::nullopt, "Script"};
     const RunningApp elsewhere{5, ActivationPolicy::regular, "org.terminal", "Terminal"};
     const std::vector running{notes, agent, nameless, elsewhere, mail};
-    const std::vector<ZEntry> entries{{1, frame, 0}, {2, frame, 1}, {3, frame, 2}, {4, frame, 3}};
-    EXPECT_THAT(appsToRead(running, entries, {.ignoredBundleIDs = {"org.Notes"}}), ElementsAre(notes, mail));
-    EXPECT_THAT(appsToRead(running, entries, {.excludedBundleID = "org.mail"}), ElementsAre(notes));
-    EXPECT_THAT(appsToRead(running, entries, {.ignoredBundleIDs = {"org.notes"}}), ElementsAre(mail));
-    EXPECT_THAT(appsToRead(running, entries, {.onlyBundleIDs = std::set<std::string>{"org.terminal"}}),
+    EXPECT_THAT(appsToRead(running, {.ignoredBundleIDs = {"org.Notes"}}),
+                ElementsAre(notes, elsewhere, mail));
+    EXPECT_THAT(appsToRead(running, {.excludedBundleID = "org.mail"}), ElementsAre(notes, elsewhere));
+    EXPECT_THAT(appsToRead(running, {.ignoredBundleIDs = {"org.notes"}}), ElementsAre(elsewhere, mail));
+    EXPECT_THAT(appsToRead(running, {.onlyBundleIDs = std::set<std::string>{"org.terminal"}}),
                 ElementsAre(elsewhere));
 }
 
