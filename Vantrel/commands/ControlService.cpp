@@ -59,7 +59,11 @@ ControlService::ControlService(AppController& controller, const std::filesystem:
       m_interfaces{
           {ControlNames::interface, methodsOf(everyCommand(), controller, supportDirectory)},
           {ControlNames::actionsInterface, methodsOf(actionCommands(), controller, supportDirectory)}},
-      m_bus(bus), m_log(std::move(log)), m_observer(controller.addObserver([this] { signalChanges(); })),
+      m_bus(bus), m_log(std::move(log)), m_observer(controller.addObserver([this](Topics changed) {
+          if (changed.containsAnyOf({Topic::status, Topic::history})) {
+              signalChanges();
+          }
+      })),
       m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore) {}
 
 ControlService::~ControlService() {

@@ -102,9 +102,9 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
     };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_setLaunchAtLogin = std::move(options.setLaunchAtLogin);
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.version = std::move(options.version);
-        state.entitlement = m_context.ports.license.entitlement();
+    m_context.publisher.publish<StatusTopic>([&](auto& status) {
+        status.version = std::move(options.version);
+        status.entitlement = m_context.ports.license.entitlement();
     });
     m_context.ports.license.setChangeHandler([this] { licenseChanged(); });
     showSettings();
@@ -199,24 +199,25 @@ void AppController::userDefaultsChanged() {
 }
 
 void AppController::licenseChanged() {
-    m_context.publisher.publish(
-        [&](PublishedState& state) { state.entitlement = m_context.ports.license.entitlement(); });
+    m_context.publisher.publish<StatusTopic>(
+        [&](auto& status) { status.entitlement = m_context.ports.license.entitlement(); });
     if (m_context.entitledToRun()) {
         m_learning.snapshotIfChanged();
     }
 }
 
 void AppController::setLatestAvailable(std::optional<std::string> version) {
-    m_context.publisher.publish([&](PublishedState& state) { state.latestAvailable = std::move(version); });
+    m_context.publisher.publish<StatusTopic>(
+        [&](auto& status) { status.latestAvailable = std::move(version); });
 }
 
 void AppController::showSettings() {
     const bool isEnabled = m_context.settings.enabled();
-    m_context.publisher.publish([&](PublishedState& state) {
+    m_context.publisher.publish<SettingsTopic>([&](auto& settings) {
         if (std::exchange(m_storedEnabled, isEnabled) != isEnabled) {
-            state.enabled = isEnabled;
+            settings.enabled = isEnabled;
         }
-        state.hideOthersOnSceneSwitch = m_context.settings.hideOthersOnSceneSwitch();
+        settings.hideOthersOnSceneSwitch = m_context.settings.hideOthersOnSceneSwitch();
     });
 }
 
@@ -225,7 +226,7 @@ void AppController::setEnabled(bool isEnabled) {
         m_context.log("settings: enabled could not be written; the change lasts until the program quits");
     }
     m_storedEnabled = m_context.settings.enabled();
-    m_context.publisher.publish([&](PublishedState& state) { state.enabled = isEnabled; });
+    m_context.publisher.publish<SettingsTopic>([&](auto& settings) { settings.enabled = isEnabled; });
     refreshStatus();
     m_learning.snapshotIfChanged();
 }
@@ -238,16 +239,16 @@ void AppController::setHideOthersOnSceneSwitch(bool hides) {
 }
 
 void AppController::showWorkbench(WorkbenchTab tab) {
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.workbenchTab = tab;
-        state.pendingQuickSwitcherArm = false;
+    m_context.publisher.publish<WorkbenchTopic>([&](auto& workbench) {
+        workbench.workbenchTab = tab;
+        workbench.pendingQuickSwitcherArm = false;
     });
 }
 
 void AppController::armQuickSwitcherRecorder() {
-    m_context.publisher.publish([](PublishedState& state) {
-        state.workbenchTab = WorkbenchTab::settings;
-        state.pendingQuickSwitcherArm = true;
+    m_context.publisher.publish<WorkbenchTopic>([](auto& workbench) {
+        workbench.workbenchTab = WorkbenchTab::settings;
+        workbench.pendingQuickSwitcherArm = true;
     });
 }
 
@@ -255,7 +256,8 @@ AppController::HotKeyResult AppController::setHotkey(const HotKeySurface& surfac
                                                      std::optional<HotKeyCombo> combo) {
     const auto result = m_hotKeys.setHotkey(surface, combo);
     if (result && surface.kind == HotKeySurface::Kind::quickSwitcher) {
-        m_context.publisher.publish([](PublishedState& state) { state.pendingQuickSwitcherArm = false; });
+        m_context.publisher.publish<WorkbenchTopic>(
+            [](auto& workbench) { workbench.pendingQuickSwitcherArm = false; });
     }
     return result;
 }
@@ -316,7 +318,7 @@ void AppController::saveLayoutNow(std::function<void(const SaveOutcome&)> done) 
     m_learning.saveLayoutNow(std::move(done));
 }
 
-Publisher::ObserverID AppController::addObserver(std::function<void()> observer) {
+Publisher::ObserverID AppController::addObserver(Publisher::Observer observer) {
     return m_context.publisher.add(std::move(observer));
 }
 

@@ -173,8 +173,8 @@ public:
 
     [[nodiscard]] const PublishedState& published() const { return m_context.state(); }
     // The observer is called from the main queue after published values have changed, once for all changes of
-    // one turn.
-    Publisher::ObserverID addObserver(std::function<void()> observer);
+    // one turn, with the topics that changed.
+    Publisher::ObserverID addObserver(Publisher::Observer observer);
     void removeObserver(Publisher::ObserverID id) { m_context.publisher.remove(id); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
 

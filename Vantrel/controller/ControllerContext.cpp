@@ -114,53 +114,50 @@ DeskCapture::Scope ControllerContext::captureScope(std::vector<DisplayInfo> disp
                        .ignoredBundleIDs = RuleApplication::ignoredBundleIDs(store.rules())}};
 }
 
-void ControllerContext::publishStored(PublishedState& state) {
-    if (state.configID.empty()) {
-        state.currentLayouts.clear();
-        state.activeLayoutName = Layout::defaultName;
+void ControllerContext::publishStored(LayoutsTopic& layouts) {
+    const std::string& desk = state().configID;
+    if (desk.empty()) {
+        layouts.currentLayouts.clear();
+        layouts.activeLayoutName = Layout::defaultName;
     } else {
-        state.currentLayouts = store.layouts(state.configID);
-        state.activeLayoutName = store.activeLayoutName(state.configID);
+        layouts.currentLayouts = store.layouts(desk);
+        layouts.activeLayoutName = store.activeLayoutName(desk);
     }
-    const Layout* active = state.activeLayout();
-    state.activePinned = active != nullptr && active->isPinned();
-    state.layoutTitle = layoutTitle(state);
+    const Layout* active = state().activeLayout();
+    layouts.activePinned = active != nullptr && active->isPinned();
+    layouts.layoutTitle = layoutTitle(state());
 }
 
 void ControllerContext::showDesk(const std::string& configID, const std::vector<DisplayInfo>& displays) {
-    publisher.publish([&](PublishedState& state) {
+    publisher.publish<DeskTopic, LayoutsTopic, ScenesTopic>([&](auto& desk, auto& layouts, auto& scenes) {
         // Without displays there is no desk: nothing to learn or restore under that name.
-        state.configID = displays.empty() ? "" : configID;
-        state.configName = DisplayTopology::configName(displays);
-        state.displays = displays;
-        publishStored(state);
-        publishLastAppliedScene(state);
-        state.driftNudge.reset();
+        desk.configID = displays.empty() ? "" : configID;
+        desk.configName = DisplayTopology::configName(displays);
+        desk.displays = displays;
+        publishStored(layouts);
+        scenes.lastAppliedSceneID = sceneStore.lastAppliedSceneID(desk.configID);
+        scenes.driftNudge.reset();
     });
 }
 
 void ControllerContext::showStoredLayouts() {
-    publisher.publish([&](PublishedState& state) {
-        ++state.layoutsVersion;
-        state.learningFailed = false;
-        publishStored(state);
+    publisher.publish<LayoutsTopic, StatusTopic>([&](auto& layouts, auto& status) {
+        ++layouts.layoutsVersion;
+        status.learningFailed = false;
+        publishStored(layouts);
     });
     onLayoutsChanged();
 }
 
 void ControllerContext::showLearningFailed(bool hasFailed) {
-    publisher.publish([&](PublishedState& state) { state.learningFailed = hasFailed; });
-}
-
-void ControllerContext::publishLastAppliedScene(PublishedState& state) {
-    state.lastAppliedSceneID = sceneStore.lastAppliedSceneID(state.configID);
+    publisher.publish<StatusTopic>([&](auto& status) { status.learningFailed = hasFailed; });
 }
 
 void ControllerContext::showStoredScenes() {
-    publisher.publish([&](PublishedState& state) {
-        ++state.scenesVersion;
-        state.scenes = sceneStore.allScenes();
-        publishLastAppliedScene(state);
+    publisher.publish<ScenesTopic>([&](auto& scenes) {
+        ++scenes.scenesVersion;
+        scenes.scenes = sceneStore.allScenes();
+        scenes.lastAppliedSceneID = sceneStore.lastAppliedSceneID(state().configID);
     });
     if (onScenesChanged) {
         onScenesChanged();
@@ -169,12 +166,12 @@ void ControllerContext::showStoredScenes() {
 
 void ControllerContext::refreshStatus() {
     const bool hasPermission = AXPermission::isGranted(ports.desk);
-    publisher.publish([&](PublishedState& state) {
-        state.hasPermission = hasPermission;
-        const Phase resting = StatusPhase::resting(hasPermission, state.enabled, state.windowsLearned());
+    publisher.publish<StatusTopic>([&](auto& status) {
+        status.hasPermission = hasPermission;
+        const Phase resting = StatusPhase::resting(hasPermission, state().enabled, state().windowsLearned());
         const bool isShowingRestore = gate.isRestoring() || m_phaseReset;
         const bool isHindered = resting.is<Phase::Off>() || resting.is<Phase::NeedsPermission>();
-        state.phase = isShowingRestore && !isHindered ? m_restorePhase : resting;
+        status.phase = isShowingRestore && !isHindered ? m_restorePhase : resting;
     });
 }
 
@@ -184,7 +181,7 @@ void ControllerContext::endRestoredPhase() {
 }
 
 void ControllerContext::showPhase(const Phase& phase) {
-    publisher.publish([&](PublishedState& state) { state.phase = phase; });
+    publisher.publish<StatusTopic>([&](auto& status) { status.phase = phase; });
     m_restorePhase = phase;
     m_phaseReset.reset();
     if (phase.is<Phase::Restored>()) {

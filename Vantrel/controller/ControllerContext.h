@@ -142,8 +142,7 @@ public:
 
 private:
     void workEnded(std::uint64_t id, const std::string& problem);
-    void publishStored(PublishedState& state);
-    void publishLastAppliedScene(PublishedState& state);
+    void publishStored(LayoutsTopic& layouts);
 
     AppLog& m_log;
     NormalFrames m_normalFrames;

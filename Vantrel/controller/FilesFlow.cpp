@@ -44,7 +44,7 @@ FilesFlow::~FilesFlow() {
 void FilesFlow::publish() {
     const auto before = m_context.state().fileIncidents;
     const auto& now = m_incidents->all();
-    m_context.publisher.publish([&](PublishedState& state) { state.fileIncidents = now; });
+    m_context.publisher.publish<StatusTopic>([&](auto& status) { status.fileIncidents = now; });
     const auto isNew = [&](const FileIncident& incident) {
         return incident.kind == Kind::putBack && std::ranges::find(before, incident) == before.end();
     };

@@ -206,7 +206,7 @@ void HotKeyFlow::publish() {
                             HotKeyText::text(each.taken.combo), each.taken.label));
         }
     }
-    m_context.publisher.publish([&](PublishedState& state) { state.hotKeys = std::move(all); });
+    m_context.publisher.publish<SettingsTopic>([&](auto& settings) { settings.hotKeys = std::move(all); });
 }
 
 } // namespace vantrel

@@ -36,7 +36,11 @@ bool wasJustRestored(const PublishedState& state, const std::string& bundleID, D
 
 LaunchPlacementFlow::LaunchPlacementFlow(ControllerContext& context) : m_context(context) {
     // The context, and with it the publisher, is destroyed after this flow; no observer is called in between.
-    m_context.publisher.add([this] { noteLayouts(); });
+    m_context.publisher.add([this](Topics changed) {
+        if (changed.containsAnyOf({Topic::desk, Topic::layouts})) {
+            noteLayouts();
+        }
+    });
 }
 
 void LaunchPlacementFlow::noteLayouts() {

@@ -45,7 +45,7 @@ void NudgeFlow::checkSceneDrift(const Layout& fresh) {
 
 void NudgeFlow::publish(const std::optional<DriftNudgeInfo>& nudge) {
     if (m_context.state().driftNudge != nudge) {
-        m_context.publisher.publish([&](PublishedState& state) { state.driftNudge = nudge; });
+        m_context.publisher.publish<ScenesTopic>([&](auto& scenes) { scenes.driftNudge = nudge; });
     }
 }
 

@@ -44,7 +44,7 @@ void PinnedFlow::publish(const std::optional<PinPause>& pause) {
     if (m_context.state().pinPause == pause) {
         return;
     }
-    m_context.publisher.publish([&](PublishedState& state) { state.pinPause = pause; });
+    m_context.publisher.publish<LayoutsTopic>([&](auto& layouts) { layouts.pinPause = pause; });
 }
 
 void PinnedFlow::observe(const Layout& current) {

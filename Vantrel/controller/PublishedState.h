@@ -1,4 +1,4 @@
-// The state that the controller publishes to menus, windows and commands.
+// The state that the controller publishes to menus, windows and commands, by topic.
 #pragma once
 
 #include "Vantrel/controller/DriftNudgeInfo.h"
@@ -18,7 +18,9 @@
 #include "VantrelCore/stores/FileIncident.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,40 +52,64 @@ struct HotKeyStatus {
     bool operator==(const HotKeyStatus&) const = default;
 };
 
-struct PublishedState {
-    struct LastRestore {
-        Date date;
-        std::string configID;
-        // The cause, in words: "display change".
-        std::string reason;
-        RestoreReport report;
+enum class Topic : std::uint8_t { desk, layouts, scenes, stashes, history, settings, status, workbench };
 
-        bool operator==(const LastRestore&) const = default;
-    };
+inline constexpr std::size_t topicCount = 8;
 
-    Phase phase;
-    // The user has learning and restoring switched on.
-    bool enabled = true;
-    // Whether this process may read and move windows, as of the last check.
-    bool hasPermission = false;
-    // The last attempt to save the desk failed; the next capture that differs tries again.
-    bool learningFailed = false;
-    // Problems with the program's files, oldest first.
-    std::vector<FileIncident> fileIncidents;
-    // The current desk's ID; empty while there are no displays.
+class Topics {
+public:
+    constexpr Topics() = default;
+    constexpr Topics(std::initializer_list<Topic> topics) {
+        for (const Topic topic : topics) {
+            add(topic);
+        }
+    }
+
+    constexpr void add(Topic topic) { m_bits |= bit(topic); }
+    [[nodiscard]] constexpr bool contains(Topic topic) const { return (m_bits & bit(topic)) != 0; }
+    [[nodiscard]] constexpr bool containsAnyOf(Topics others) const { return (m_bits & others.m_bits) != 0; }
+
+    bool operator==(const Topics&) const = default;
+
+private:
+    static constexpr unsigned bit(Topic topic) { return 1U << static_cast<unsigned>(topic); }
+
+    unsigned m_bits = 0;
+};
+
+// The current desk.
+struct DeskTopic {
+    static constexpr Topic topic = Topic::desk;
+
+    // Empty while there are no displays.
     std::string configID;
     std::string configName;
+    std::vector<DisplayInfo> displays;
+
+    bool operator==(const DeskTopic&) const = default;
+};
+
+// The current desk's layouts.
+struct LayoutsTopic {
+    static constexpr Topic topic = Topic::layouts;
+
     // The desk's name as the user gave it, and the layout's name unless it is "Default".
     std::string layoutTitle;
-    std::vector<DisplayInfo> displays;
     // Incremented when the layout store changes.
     std::int64_t layoutsVersion = 0;
-    // The stored layouts of the current desk.
     std::vector<Layout> currentLayouts;
     std::string activeLayoutName = Layout::defaultName;
     bool activePinned = false;
     // Only for a pinned layout: why it is not enforced at the moment.
     std::optional<PinPause> pinPause;
+
+    bool operator==(const LayoutsTopic&) const = default;
+};
+
+// Scenes, their triggers, and what is said about them.
+struct ScenesTopic {
+    static constexpr Topic topic = Topic::scenes;
+
     // The scenes of all desks, in the order of creation.
     std::vector<Scene> scenes;
     // Incremented when the scene store changes.
@@ -99,6 +125,35 @@ struct PublishedState {
     // A calendar trigger exists, but calendars may not be read.
     bool calendarAccessNeeded = false;
     std::optional<PatternSuggestionInfo> patternSuggestion;
+
+    bool operator==(const ScenesTopic&) const = default;
+};
+
+struct StashesTopic {
+    static constexpr Topic topic = Topic::stashes;
+
+    // The stashed desks, newest first.
+    std::vector<Stash> stashes;
+    // Incremented when the stashes change.
+    std::int64_t stashesVersion = 0;
+
+    bool operator==(const StashesTopic&) const = default;
+};
+
+// What restores did, and what undo would do.
+struct HistoryTopic {
+    static constexpr Topic topic = Topic::history;
+
+    struct LastRestore {
+        Date date;
+        std::string configID;
+        // The cause, in words: "display change".
+        std::string reason;
+        RestoreReport report;
+
+        bool operator==(const LastRestore&) const = default;
+    };
+
     std::optional<LastRestore> lastRestore;
     // Incremented when the restore history changes.
     std::int64_t restoreLogVersion = 0;
@@ -106,25 +161,63 @@ struct PublishedState {
     UsageStats usage;
     // None before the first restore of this run.
     std::optional<LastAction> lastAction;
-    // The stashed desks, newest first.
-    std::vector<Stash> stashes;
-    // Incremented when the stashes change.
-    std::int64_t stashesVersion = 0;
     // What undo would bring back, on the slot's desk; none when there is nothing to undo.
     std::optional<UndoSlot> undoSlot;
+
+    bool operator==(const HistoryTopic&) const = default;
+};
+
+struct SettingsTopic {
+    static constexpr Topic topic = Topic::settings;
+
+    // The user has learning and restoring switched on.
+    bool enabled = true;
     // Applying a scene hides the applications that are not in it.
     bool hideOthersOnSceneSwitch = false;
-    // The tab that the workbench shows, or opens with.
-    WorkbenchTab workbenchTab = WorkbenchTab::scenes;
-    // The quick switcher's shortcut recorder waits for keys as soon as the settings are shown.
-    bool pendingQuickSwitcherArm = false;
     // Every stored shortcut, fixed commands first.
     std::vector<HotKeyStatus> hotKeys;
+
+    bool operator==(const SettingsTopic&) const = default;
+};
+
+// How the program is doing.
+struct StatusTopic {
+    static constexpr Topic topic = Topic::status;
+
+    Phase phase;
+    // Whether this process may read and move windows, as of the last check.
+    bool hasPermission = false;
+    // The last attempt to save the desk failed; the next capture that differs tries again.
+    bool learningFailed = false;
+    // Problems with the program's files, oldest first.
+    std::vector<FileIncident> fileIncidents;
     std::string version;
     // The newer version on offer; none when this one is the latest, as far as is known.
     std::optional<std::string> latestAvailable;
     Entitlement entitlement;
 
+    bool operator==(const StatusTopic&) const = default;
+};
+
+// How the workbench opens. What it shows once it is open stays in the window.
+struct WorkbenchTopic {
+    static constexpr Topic topic = Topic::workbench;
+
+    WorkbenchTab workbenchTab = WorkbenchTab::scenes;
+    // The quick switcher's shortcut recorder waits for keys as soon as the settings are shown.
+    bool pendingQuickSwitcherArm = false;
+
+    bool operator==(const WorkbenchTopic&) const = default;
+};
+
+struct PublishedState : DeskTopic,
+                        LayoutsTopic,
+                        ScenesTopic,
+                        StashesTopic,
+                        HistoryTopic,
+                        SettingsTopic,
+                        StatusTopic,
+                        WorkbenchTopic {
     bool operator==(const PublishedState&) const = default;
 
     // The number of windows in the current desk's active layout, none without such a layout.

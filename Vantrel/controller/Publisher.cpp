@@ -1,10 +1,11 @@
 #include "Vantrel/controller/Publisher.h"
 
+#include <utility>
 #include <vector>
 
 namespace vantrel {
 
-Publisher::ObserverID Publisher::add(std::function<void()> observer) {
+Publisher::ObserverID Publisher::add(Observer observer) {
     m_observers.emplace(++m_lastID, std::move(observer));
     return m_lastID;
 }
@@ -13,20 +14,23 @@ void Publisher::remove(ObserverID id) {
     m_observers.erase(id);
 }
 
-void Publisher::notifySoon() {
-    if (m_isNotifying) {
+void Publisher::noteIf(bool hasChanged, Topic topic) {
+    if (!hasChanged) {
         return;
     }
-    m_isNotifying = true;
-    m_queue.post([self = std::weak_ptr(m_self)] {
-        if (const auto publisher = self.lock()) {
-            (*publisher)->notify();
-        }
-    });
+    ++m_versions[static_cast<std::size_t>(topic)];
+    if (m_changed == Topics{}) {
+        m_queue.post([self = std::weak_ptr(m_self)] {
+            if (const auto publisher = self.lock()) {
+                (*publisher)->notify();
+            }
+        });
+    }
+    m_changed.add(topic);
 }
 
 void Publisher::notify() {
-    m_isNotifying = false;
+    const Topics changed = std::exchange(m_changed, {});
     std::vector<ObserverID> ids;
     ids.reserve(m_observers.size());
     for (const auto& [id, observer] : m_observers) {
@@ -37,7 +41,7 @@ void Publisher::notify() {
         const auto found = m_observers.find(id);
         if (found != m_observers.end()) {
             const auto observer = found->second;
-            observer();
+            observer(changed);
         }
     }
 }

@@ -64,7 +64,7 @@ RestoreHistory::RestoreHistory(ControllerContext& context, ControllerStores& sto
 
 void RestoreHistory::showStored() {
     publishTotals();
-    m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });
+    m_context.publisher.publish<HistoryTopic>([](auto& history) { ++history.restoreLogVersion; });
 }
 
 Saving RestoreHistory::later(const char* what) {
@@ -111,17 +111,17 @@ void RestoreHistory::record(const RestoreRequest& request, const RestorePass::Re
     m_stores.sizeBehavior.record(result.sizes, later("size behaviour of applications"));
     recordTotals(request, windows, now);
     m_stores.restoreLog.record(*m_latest, entryLater());
-    m_context.publisher.publish([&](PublishedState& state) {
-        ++state.restoreLogVersion;
-        state.lastAction = LastAction{.windowCount = windows, .date = now, .reason = request.reason};
+    m_context.publisher.publish<HistoryTopic>([&](auto& history) {
+        ++history.restoreLogVersion;
+        history.lastAction = LastAction{.windowCount = windows, .date = now, .reason = request.reason};
     });
     publishTotals();
 }
 
 void RestoreHistory::publishTotals() {
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.receipts = m_stores.receipts.load();
-        state.usage = m_stores.usage.load();
+    m_context.publisher.publish<HistoryTopic>([&](auto& history) {
+        history.receipts = m_stores.receipts.load();
+        history.usage = m_stores.usage.load();
     });
 }
 
@@ -183,7 +183,7 @@ void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Ou
         m_latest->items.at(item).note.reset();
     }
     m_stores.restoreLog.replaceNewest(*m_latest, entryLater());
-    m_context.publisher.publish([](PublishedState& state) { ++state.restoreLogVersion; });
+    m_context.publisher.publish<HistoryTopic>([](auto& history) { ++history.restoreLogVersion; });
 }
 
 } // namespace vantrel

@@ -163,11 +163,11 @@ void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind w
 
 void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreReport& report) {
     const auto restored = static_cast<std::int64_t>(report.restoredCount());
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.lastRestore = PublishedState::LastRestore{.date = m_context.ports.clock.now(),
-                                                        .configID = request.layout.configID,
-                                                        .reason = request.reason,
-                                                        .report = report};
+    m_context.publisher.publish<HistoryTopic>([&](auto& history) {
+        history.lastRestore = PublishedState::LastRestore{.date = m_context.ports.clock.now(),
+                                                          .configID = request.layout.configID,
+                                                          .reason = request.reason,
+                                                          .report = report};
     });
     m_context.showPhase({Phase::Restored{restored, report.elapsed}});
     m_context.refreshStatus();

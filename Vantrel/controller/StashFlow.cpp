@@ -13,7 +13,7 @@ namespace vantrel {
 
 StashFlow::StashFlow(ControllerContext& context, RestoreRunner& runner, StashStore& store)
     : m_context(context), m_runner(runner), m_store(store) {
-    m_context.publisher.publish([&](PublishedState& state) { state.stashes = stashes(); });
+    m_context.publisher.publish<StashesTopic>([&](auto& published) { published.stashes = stashes(); });
 }
 
 std::vector<Stash> StashFlow::stashes() {
@@ -25,9 +25,9 @@ std::vector<Stash> StashFlow::stashes() {
 }
 
 void StashFlow::showStored() {
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.stashes = stashes();
-        ++state.stashesVersion;
+    m_context.publisher.publish<StashesTopic>([&](auto& published) {
+        published.stashes = stashes();
+        ++published.stashesVersion;
     });
 }
 

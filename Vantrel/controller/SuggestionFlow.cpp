@@ -47,7 +47,7 @@ void SuggestionFlow::refresh() {
             suggestion.reset();
         }
     }
-    m_context.publisher.publish([&](PublishedState& state) { state.patternSuggestion = suggestion; });
+    m_context.publisher.publish<ScenesTopic>([&](auto& scenes) { scenes.patternSuggestion = suggestion; });
 }
 
 bool SuggestionFlow::snooze() {

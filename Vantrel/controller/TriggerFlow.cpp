@@ -52,7 +52,8 @@ std::string logLine(const std::string& area, const std::string& cause, const Fir
 
 TriggerFlow::TriggerFlow(ControllerContext& context, TriggerStore& triggers)
     : m_context(context), m_triggers(triggers) {
-    m_context.publisher.publish([&](PublishedState& state) { state.triggers = m_triggers.allTriggers(); });
+    m_context.publisher.publish<ScenesTopic>(
+        [&](auto& scenes) { scenes.triggers = m_triggers.allTriggers(); });
 }
 
 TriggerFlow::~TriggerFlow() {
@@ -113,8 +114,8 @@ void TriggerFlow::checkCalendarTriggers() {
 }
 
 void TriggerFlow::finishCalendarCheck(const CalendarReading& reading) {
-    m_context.publisher.publish([&](PublishedState& state) {
-        state.calendarAccessNeeded = !reading.hasAccess && waitForCalendar(state.triggers);
+    m_context.publisher.publish<ScenesTopic>([&](auto& scenes) {
+        scenes.calendarAccessNeeded = !reading.hasAccess && waitForCalendar(scenes.triggers);
     });
     for (const CalendarEvent& event : reading.events) {
         if (!hasVideoLink(event)) {
@@ -252,10 +253,10 @@ TriggerFlow::Result<void> TriggerFlow::changed(const TriggerStore::Result<void>&
 }
 
 void TriggerFlow::showStored() {
-    m_context.publisher.publish([&](PublishedState& state) {
-        ++state.triggersVersion;
-        state.triggers = m_triggers.allTriggers();
-        state.calendarAccessNeeded = state.calendarAccessNeeded && waitForCalendar(state.triggers);
+    m_context.publisher.publish<ScenesTopic>([&](auto& scenes) {
+        ++scenes.triggersVersion;
+        scenes.triggers = m_triggers.allTriggers();
+        scenes.calendarAccessNeeded = scenes.calendarAccessNeeded && waitForCalendar(scenes.triggers);
     });
 }
 

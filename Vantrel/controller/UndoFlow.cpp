@@ -63,8 +63,8 @@ void UndoFlow::noteHidden(const std::vector<std::string>& bundleIDs) {
 
 void UndoFlow::setSlot(std::optional<Picture> picture) {
     m_slot = std::move(picture);
-    m_context.publisher.publish(
-        [&](PublishedState& state) { state.undoSlot = m_slot ? std::optional(m_slot->slot) : std::nullopt; });
+    m_context.publisher.publish<HistoryTopic>(
+        [&](auto& history) { history.undoSlot = m_slot ? std::optional(m_slot->slot) : std::nullopt; });
 }
 
 bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {

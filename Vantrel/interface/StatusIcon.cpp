@@ -8,7 +8,11 @@ namespace vantrel {
 
 StatusIcon::StatusIcon(AppController& controller, Actions actions)
     : m_controller(controller), m_menu(controller, std::move(actions)),
-      m_observer(controller.addObserver([this] { refresh(); })) {}
+      m_observer(controller.addObserver([this](Topics changed) {
+          if (changed.contains(Topic::status)) {
+              refresh();
+          }
+      })) {}
 
 StatusIcon::~StatusIcon() {
     m_controller.removeObserver(m_observer);

@@ -66,7 +66,7 @@ bool isInformational(const StatusItemMenuEntry& entry) {
 
 StatusItemContextMenu::StatusItemContextMenu(AppController& controller, Actions actions)
     : m_controller(controller), m_actions(std::move(actions)),
-      m_observer(controller.addObserver([this] { refresh(); })) {
+      m_observer(controller.addObserver([this](Topics /*changed*/) { refresh(); })) {
     // Applies changes made while the menu was open. Queued, because only then does the menu count as closed.
     QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
     refresh();

@@ -166,12 +166,15 @@ TEST_F(Learning, SavingReportsItsResultOrWhyItWasRefused) {
 TEST_F(Learning, ObserversAreCalledOncePerChangeUntilRemoved) {
     story.runFor(1);
     int heard = 0;
-    const auto observer = story.controller->addObserver([&] {
+    Topics heardOf;
+    const auto observer = story.controller->addObserver([&](Topics changed) {
         ++heard;
+        heardOf = changed;
         story.controller->refreshStatus();
     });
     story.learn();
     EXPECT_EQ(heard, 1);
+    EXPECT_EQ(heardOf, (Topics{Topic::layouts, Topic::status}));
     story.controller->removeObserver(observer);
     story.controller->setEnabled(false);
     story.runFor(1);

@@ -49,7 +49,7 @@ RandomStory::RandomStory(std::uint64_t seed)
 
 void RandomStory::begin() {
     m_story.start();
-    m_story.controller->addObserver([this] {
+    m_story.controller->addObserver([this](Topics /*changed*/) {
         checkPhase();
         watchRestore();
     });
