@@ -9,6 +9,7 @@
 #include "Vantrel/controller/LaunchPlacementFlow.h"
 #include "Vantrel/controller/LayoutFlow.h"
 #include "Vantrel/controller/LearningFlow.h"
+#include "Vantrel/controller/LiveDeskFlow.h"
 #include "Vantrel/controller/NudgeFlow.h"
 #include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
@@ -176,6 +177,8 @@ public:
     // one turn, with the topics that changed.
     Publisher::ObserverID addObserver(Publisher::Observer observer);
     void removeObserver(Publisher::ObserverID id) { m_context.publisher.remove(id); }
+    // Publishes the live windows until the result is released; see LiveDeskFlow.
+    [[nodiscard]] std::shared_ptr<void> watchLiveDesk() { return m_liveDesk.watch(); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
 
     // Returns when everything that is written in the background is on disk. The destructor does the same.
@@ -210,6 +213,7 @@ private:
     FilesFlow m_files;
     RestoreHistory m_history;
     LearningFlow m_learning;
+    LiveDeskFlow m_liveDesk;
     RestoreRunner m_runner;
     PinnedFlow m_pinned;
     UndoFlow m_undo;

@@ -6,6 +6,7 @@
 #include "Vantrel/controller/PinPause.h"
 #include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
+#include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/model/Entitlement.h"
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
@@ -52,9 +53,19 @@ struct HotKeyStatus {
     bool operator==(const HotKeyStatus&) const = default;
 };
 
-enum class Topic : std::uint8_t { desk, layouts, scenes, stashes, history, settings, status, workbench };
+enum class Topic : std::uint8_t {
+    desk,
+    layouts,
+    scenes,
+    stashes,
+    history,
+    settings,
+    status,
+    workbench,
+    live
+};
 
-inline constexpr std::size_t topicCount = 8;
+inline constexpr std::size_t topicCount = 9;
 
 class Topics {
 public:
@@ -210,6 +221,16 @@ struct WorkbenchTopic {
     bool operator==(const WorkbenchTopic&) const = default;
 };
 
+// The windows as they are now; see LiveDeskFlow.
+struct LiveTopic {
+    static constexpr Topic topic = Topic::live;
+
+    // Front to back; none while nobody watches them.
+    std::optional<std::vector<DeskWindow>> liveWindows;
+
+    bool operator==(const LiveTopic&) const = default;
+};
+
 struct PublishedState : DeskTopic,
                         LayoutsTopic,
                         ScenesTopic,
@@ -217,7 +238,8 @@ struct PublishedState : DeskTopic,
                         HistoryTopic,
                         SettingsTopic,
                         StatusTopic,
-                        WorkbenchTopic {
+                        WorkbenchTopic,
+                        LiveTopic {
     bool operator==(const PublishedState&) const = default;
 
     // The number of windows in the current desk's active layout, none without such a layout.

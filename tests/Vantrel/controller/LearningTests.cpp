@@ -163,6 +163,31 @@ TEST_F(Learning, SavingReportsItsResultOrWhyItWasRefused) {
     EXPECT_EQ(outcomes.front().text(), "4 windows remembered.");
 }
 
+TEST_F(Learning, LiveWindowsAreCapturedAndPublishedOnlyWhileSomebodyWatches) {
+    const auto captures = [&] {
+        const auto before = story.desk.captures().size();
+        story.runFor(10);
+        return story.desk.captures().size() - before;
+    };
+    EXPECT_LE(captures(), 1U) << "for learning";
+    auto first = story.controller->watchLiveDesk();
+    auto second = story.controller->watchLiveDesk();
+    EXPECT_GE(captures(), 10U);
+    const auto& live = story.published().liveWindows;
+    ASSERT_TRUE(live);
+    EXPECT_EQ(live->size(), 4U);
+    story.move(story.mail, moved);
+    story.runFor(1);
+    EXPECT_TRUE(std::ranges::any_of(*live, [](const DeskWindow& window) { return window.frame == moved; }));
+    first.reset();
+    EXPECT_GE(captures(), 10U);
+    story.controller->setEnabled(false);
+    EXPECT_GE(captures(), 10U) << "learning is switched off";
+    second.reset();
+    EXPECT_FALSE(live);
+    EXPECT_EQ(captures(), 0U);
+}
+
 TEST_F(Learning, ObserversAreCalledOncePerChangeUntilRemoved) {
     story.runFor(1);
     int heard = 0;
