@@ -1,6 +1,8 @@
 // A method that the running program offers on the session bus. The interface is documented in docs/dbus.md.
 #pragma once
 
+#include "VantrelCore/diagnostics/ErrorBoundary.h"
+
 #include <cstddef>
 #include <expected>
 #include <functional>
@@ -42,6 +44,16 @@ inline constexpr std::size_t maxArgumentLength = 16'384;
 // none for `arguments` when they were not all strings.
 [[nodiscard]] std::optional<std::string> refusalOf(const std::optional<std::vector<std::string>>& arguments,
                                                    const ControlMethod& method);
+
+namespace ControlCall {
+
+// Calls the method and guarantees exactly one reply. Exceptions are passed to `log`. If the method throws, or
+// drops its reply callback without using it, the caller gets ControlNames::failed. Further replies are
+// ignored.
+void run(const ControlMethod& method, const std::vector<std::string>& arguments, ControlReply reply,
+         const ErrorBoundary::Log& log);
+
+} // namespace ControlCall
 
 struct ControlInterface {
     const char* name;

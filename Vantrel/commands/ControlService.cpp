@@ -2,7 +2,6 @@
 
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
-#include "Vantrel/commands/ControlCall.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 

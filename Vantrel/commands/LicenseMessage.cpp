@@ -23,16 +23,12 @@ const char* stateName(Entitlement::Kind kind) {
 } // namespace
 
 LicenseMessage LicenseMessage::of(const Entitlement& entitlement) {
-    LicenseMessage message{.entitled = entitlement.isEntitled(),
-                           .state = stateName(entitlement.kind),
-                           .reason = entitlement.reason,
-                           .trialEndsAt = entitlement.trialEndsAt,
-                           .trialDaysLeft = entitlement.trialDaysLeft,
-                           .id = {},
-                           .plan = {},
-                           .holder = {},
-                           .expiresAt = {},
-                           .leasedUntil = {}};
+    LicenseMessage message;
+    message.entitled = entitlement.isEntitled();
+    message.state = stateName(entitlement.kind);
+    message.reason = entitlement.reason;
+    message.trialEndsAt = entitlement.trialEndsAt;
+    message.trialDaysLeft = entitlement.trialDaysLeft;
     if (const auto& license = entitlement.license) {
         message.id = license->id;
         message.plan = license->plan;

@@ -24,11 +24,15 @@ std::string text(const nlohmann::json& object, const char* key) {
     return JsonCoding::optional<std::string>(object, key).value_or("");
 }
 
-// What a reply holds: its array `list`, each entry as a candidate with this key as its word.
-Candidates listed(const nlohmann::json& reply, const char* list, const char* word, const char* description) {
+// The entries of the reply's array `list`, with the string of the key `word` as the word. Leaves out the
+// notes that the program keeps for itself.
+Candidates listed(const Sources& sources, const char* method, const char* list, const char* word,
+                  const char* description) {
     Candidates candidates;
-    for (const auto& each : reply.value(list, nlohmann::json::array())) {
-        candidates.push_back({text(each, word), text(each, description)});
+    for (const auto& each : sources.ask(method).value(list, nlohmann::json::array())) {
+        if (!each.value("isNote", false)) {
+            candidates.push_back({text(each, word), text(each, description)});
+        }
     }
     return candidates;
 }
@@ -85,7 +89,7 @@ Candidates applications(const Sources& sources) {
 
 Candidates stashes(const Sources& sources) {
     constexpr std::size_t shortID = 8;
-    Candidates candidates = listed(sources.ask("Stashes"), "stashes", "id", "deskName");
+    Candidates candidates = listed(sources, "Stashes", "stashes", "id", "deskName");
     for (auto& candidate : candidates) {
         candidate.word.resize(std::min(candidate.word.size(), shortID));
     }
@@ -93,32 +97,17 @@ Candidates stashes(const Sources& sources) {
 }
 
 Candidates triggers(const Sources& sources) {
-    Candidates candidates = listed(sources.ask("Triggers"), "triggers", "id", "title");
+    Candidates candidates = listed(sources, "Triggers", "triggers", "id", "title");
     for (std::size_t i = 0; i < candidates.size(); ++i) {
         candidates[i].word = std::to_string(i + 1);
     }
     return candidates;
 }
 
-// The settings that are for people.
-std::vector<nlohmann::json> settings(const Sources& sources) {
-    auto all = sources.ask("Settings").value("settings", std::vector<nlohmann::json>());
-    std::erase_if(all, [](const nlohmann::json& each) { return each.value("isNote", false); });
-    return all;
-}
-
-Candidates settingKeys(const Sources& sources) {
-    Candidates candidates;
-    for (const auto& setting : settings(sources)) {
-        candidates.push_back({text(setting, "key"), text(setting, "description")});
-    }
-    return candidates;
-}
-
 Candidates settingValues(const std::string& key, const Sources& sources) {
     Candidates candidates;
-    for (const auto& setting : settings(sources)) {
-        if (text(setting, "key") != key) {
+    for (const auto& setting : sources.ask("Settings").value("settings", nlohmann::json::array())) {
+        if (text(setting, "key") != key || setting.value("isNote", false)) {
             continue;
         }
         if (text(setting, "takes") == "true or false") {
@@ -165,7 +154,7 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
     case ValueKind::layout:
         return layouts(valueOf(typed, "--desk"), sources);
     case ValueKind::scene:
-        return listed(sources.ask("Scenes"), "scenes", "name", "deskName");
+        return listed(sources, "Scenes", "scenes", "name", "deskName");
     case ValueKind::stash:
         return stashes(sources);
     case ValueKind::trigger:
@@ -173,9 +162,9 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
     case ValueKind::application:
         return applications(sources);
     case ValueKind::ruledApplication:
-        return listed(sources.ask("Rules"), "rules", "appName", "bundleID");
+        return listed(sources, "Rules", "rules", "appName", "bundleID");
     case ValueKind::settingKey:
-        return settingKeys(sources);
+        return listed(sources, "Settings", "settings", "key", "description");
     case ValueKind::settingValue:
         return settingValues(valueOf(typed, "KEY"), sources);
     case ValueKind::shortcut: {

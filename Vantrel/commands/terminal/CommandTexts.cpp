@@ -8,6 +8,7 @@
 #include "VantrelCore/updates/UpdateOffer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <fmt/format.h>
 #include <iterator>
@@ -24,19 +25,8 @@ std::string duration(double seconds) {
 }
 
 // Windows that were not restored come first: they are what the reader looks for.
-int rank(RestoreReport::Kind kind) {
-    switch (kind) {
-    case RestoreReport::Kind::failed:
-        return 0;
-    case RestoreReport::Kind::skipped:
-        return 1;
-    case RestoreReport::Kind::retried:
-        return 2;
-    case RestoreReport::Kind::restored:
-        break;
-    }
-    return 3;
-}
+constexpr std::array listOrder{RestoreReport::Kind::failed, RestoreReport::Kind::skipped,
+                               RestoreReport::Kind::retried, RestoreReport::Kind::restored};
 
 std::string layoutLine(const std::string& name, std::int64_t windows, const std::string& date, bool isPinned,
                        const DeskDrawing::Options& options) {
@@ -121,7 +111,8 @@ std::string report(const RestoreReport& report, const DeskDrawing::Options& opti
     text += ".\n";
 
     auto items = report.items;
-    std::ranges::stable_sort(items, {}, [](const auto& item) { return rank(item.outcome.kind); });
+    std::ranges::stable_sort(
+        items, {}, [](const auto& item) { return std::ranges::find(listOrder, item.outcome.kind); });
     constexpr int appColumns = 20;
     for (const auto& item : items) {
         auto entry = fmt::format("  {:<8}  {}  ", outcomeName(item.outcome.kind),

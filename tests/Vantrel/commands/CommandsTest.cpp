@@ -1,6 +1,6 @@
 // The bus service and the command line: replies, calls, doctor, logs, settings, output.
 #include "Vantrel/commands/ControlAnswers.h"
-#include "Vantrel/commands/ControlCall.h"
+#include "Vantrel/commands/ControlMethod.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/Diagnosis.h"
 #include "Vantrel/commands/terminal/LogReader.h"
