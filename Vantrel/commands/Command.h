@@ -57,7 +57,7 @@ struct Word {
     enum class Use : std::uint8_t { usual, optional, repeated, rest };
 
     // An argument ("name") or an option ("--desk").
-    const char* name;
+    const char* name = "";
     // For help, completion and the manual page.
     const char* help = "";
     ValueKind kind = ValueKind::text;
@@ -70,9 +70,9 @@ struct Word {
 
 struct Verb {
     // With the verbs above it: "layouts rename".
-    const char* path;
+    const char* path = "";
     // Empty for a verb that help does not list.
-    const char* help;
+    const char* help = "";
     std::vector<Word> words{};
     // The method's arguments; the words' values in their order unless stated.
     std::function<std::vector<std::string>(const Typed&)> arguments{};
