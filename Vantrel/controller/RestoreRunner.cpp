@@ -73,7 +73,10 @@ void RestoreRunner::start(RestoreRequest request) {
     if (request.purpose == RestorePurpose::undo) {
         task.known = request.windows;
     }
-    task.options.raising = request.raising;
+    task.options.raising =
+        request.raising == RestoreEngine::Raising::leave && request.purpose == RestorePurpose::restore
+            ? RestoreEngine::Raising::amongMoved
+            : request.raising;
     task.scope = m_context.captureScope(request.displays);
     const auto count = static_cast<std::int64_t>(request.layout.windows.size());
     const bool isAnnounced = request.announcement == Announcement::announce;

@@ -59,6 +59,8 @@ struct WindowOrder {
     std::optional<PlaceTarget> place = std::nullopt;
     // Bring it to the front of the stack, without the focus where the platform can.
     bool raises = false;
+    // Put it directly in front of this window, without the focus. Not taken where the platform cannot.
+    std::optional<WindowID> inFrontOf = std::nullopt;
 };
 
 struct WindowOutcome {
@@ -90,7 +92,7 @@ public:
     // Reads these windows again. One result per window; none for one that is gone or does not respond.
     [[nodiscard]] virtual std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) = 0;
 
-    // Carries out a whole wave: places every window, then raises in the order of the orders. Returns one
+    // Carries out a whole wave: places every window, then raises and restacks in the order of the orders. Returns one
     // outcome per order when the platform has processed all of them or timed out. A target that is not finite
     // is not taken.
     [[nodiscard]] virtual std::vector<WindowOutcome> arrange(std::span<const WindowOrder> orders,

@@ -1,5 +1,7 @@
 #include "VantrelCore/windows/RestoreEngine.h"
 
+#include "VantrelCore/windows/StackingPlan.h"
+
 #include <algorithm>
 #include <functional>
 #include <iterator>
@@ -156,6 +158,34 @@ void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
     desk.arrange(orders, permit);
 }
 
+void restackMoved(const RestoreReport& report, const std::vector<WindowRecord>& saved,
+                  const std::vector<LiveWindow>& current, Desk& desk, const MovePermit& permit) {
+    std::vector<WindowID> stack;
+    for (const LiveWindow& window : current) {
+        if (window.isVisible) {
+            stack.push_back(window.id);
+        }
+    }
+    std::vector<const RestoreReport::Item*> moved;
+    for (const RestoreReport::Item& item : report.items) {
+        if (item.move && item.move->hasMoved()) {
+            moved.push_back(&item);
+        }
+    }
+    std::ranges::stable_sort(moved, {},
+                             [&](const RestoreReport::Item* item) { return saved[*item->saved].zOrder; });
+    std::vector<WindowID> wanted;
+    std::ranges::transform(moved, std::back_inserter(wanted),
+                           [](const RestoreReport::Item* item) { return item->move->window; });
+    std::vector<WindowOrder> orders;
+    for (const auto& [window, sibling] : StackingPlan::steps(std::move(stack), std::move(wanted))) {
+        orders.push_back({.window = window, .target = {}, .inFrontOf = sibling});
+    }
+    if (!orders.empty()) {
+        desk.arrange(orders, permit);
+    }
+}
+
 } // namespace
 
 bool isReached(const std::optional<Rect>& frame, const Rect& target, Sizes sizes) {
@@ -182,7 +212,7 @@ bool isInPlace(const Layout& layout, const std::vector<LiveWindow>& current, con
         return isReached(live.frame, saved.frame, options.sizes) &&
                (!place || place->isReached(live.states, live.desktop));
     });
-    if (options.raising == Raising::leave || !haveArrived) {
+    if (options.raising != Raising::raise || !haveArrived) {
         return haveArrived;
     }
     std::vector<std::int64_t> orders;
@@ -222,6 +252,8 @@ RestoreReport restore(const Layout& layout, const std::vector<LiveWindow>& curre
     }
     if (options.raising == Raising::raise) {
         raiseInOrder(matched.pairs, layout.windows, current, desk, permit);
+    } else if (options.raising == Raising::amongMoved) {
+        restackMoved(report, layout.windows, current, desk, permit);
     }
     for (const std::size_t index : matched.unmatchedSaved) {
         report.items.push_back(itemFor(layout, index, {Kind::skipped, goneReason}));

@@ -35,7 +35,13 @@ inline constexpr const char* openingNote = "its application is being started";
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
 
 enum class Sizes : std::uint8_t { restore, leave };
-enum class Raising : std::uint8_t { raise, leave };
+enum class Raising : std::uint8_t {
+    // Every window, so that the saved front-most one ends on top.
+    raise,
+    leave,
+    // Only puts the windows that were moved into their saved order, behind the front-most window.
+    amongMoved,
+};
 
 struct Options {
     Sizes sizes = Sizes::restore;

@@ -254,9 +254,19 @@ TEST_P(MovingWindowsUnder, RaisedWindowsStackInOrderAndTheFocusStays) {
     }
     EXPECT_EQ(frontToBack, order);
     EXPECT_TRUE(isActive(clients[3]));
-    std::vector<std::string> titles;
-    std::ranges::transform(desk.port.capture({}).windows, std::back_inserter(titles), &DeskWindow::title);
-    EXPECT_THAT(titles, testing::ElementsAre("two", "four", "one", "three"));
+    const auto titles = [&] {
+        std::vector<std::string> result;
+        std::ranges::transform(desk.port.capture({}).windows, std::back_inserter(result), &DeskWindow::title);
+        return result;
+    };
+    EXPECT_THAT(titles(), testing::ElementsAre("two", "four", "one", "three"));
+
+    const WindowOrder forward{
+        .window = desk.captured("three").id, .target = {}, .inFrontOf = desk.captured("one").id};
+    EXPECT_TRUE(desk.port.arrange(std::array{forward}, MovePermit()).front().isTaken);
+    EXPECT_TRUE(desk.awaitQuiet() && desk.awaitQuiet());
+    EXPECT_THAT(titles(), testing::ElementsAre("two", "four", "three", "one"));
+    EXPECT_TRUE(isActive(clients[3]));
 }
 
 TEST(MovingWindows, ALostServerIsReportedAndNothingHangs) {

@@ -17,8 +17,8 @@ namespace {
 constexpr std::chrono::seconds quietLimit(1);
 constexpr std::chrono::seconds raiseLimit(1);
 
-// The client in front of all others.
-xcb_window_t topmost(const X11Connection& connection) {
+// Back to front.
+std::vector<xcb_window_t> clientStack(const X11Connection& connection) {
     constexpr std::uint32_t listWords = 16384;
     xcb_connection_t* const xcb = connection.xcb();
     const auto reply = ownReply(xcb_get_property_reply(
@@ -26,8 +26,14 @@ xcb_window_t topmost(const X11Connection& connection) {
         xcb_get_property(xcb, 0, connection.root(), connection.atoms().netClientListStacking, XCB_ATOM_WINDOW,
                          0, listWords),
         nullptr));
-    const auto stacking = PropertyValues::numbers(reply, XCB_ATOM_WINDOW);
-    return stacking.empty() ? xcb_window_t{XCB_WINDOW_NONE} : stacking.back();
+    const auto windows = PropertyValues::numbers(reply, XCB_ATOM_WINDOW);
+    return {windows.begin(), windows.end()};
+}
+
+// The client in front of all others.
+xcb_window_t topmost(const X11Connection& connection) {
+    const auto stack = clientStack(connection);
+    return stack.empty() ? xcb_window_t{XCB_WINDOW_NONE} : stack.back();
 }
 
 } // namespace
@@ -54,7 +60,48 @@ std::vector<std::optional<DeskWindow>> X11Desk::look(std::span<const WindowID> w
 std::vector<WindowOutcome> X11Desk::arrange(std::span<const WindowOrder> orders, const MovePermit& permit) {
     std::vector<WindowOutcome> outcomes = WindowWave(*m_context, orders, permit).run();
     raise(orders, permit, outcomes);
+    restack(orders, permit, outcomes);
     return outcomes;
+}
+
+// openbox 3.6 can only put a window in front of all others. So everything from the lowest window that changes
+// its place upwards is put there in turn, which leaves the others as they are among themselves.
+void X11Desk::restack(std::span<const WindowOrder> orders, const MovePermit& permit,
+                      std::vector<WindowOutcome>& outcomes) {
+    const bool isWanted =
+        std::ranges::any_of(orders, [](const WindowOrder& order) { return order.inFrontOf.has_value(); });
+    const WindowManager windowManager = m_context->windowManager;
+    if (!isWanted || !windowManager.isPresent || permit.isRevoked()) {
+        return;
+    }
+    const X11Connection& connection = *m_context->connection;
+    const auto stack = clientStack(connection);
+    auto wanted = stack;
+    permit.noteUse();
+    for (std::size_t i = 0; i < orders.size(); ++i) {
+        if (!orders[i].inFrontOf) {
+            continue;
+        }
+        const xcb_window_t window = X11Window::of(orders[i].window).window;
+        const xcb_window_t sibling = X11Window::of(*orders[i].inFrontOf).window;
+        const auto found = std::ranges::find(wanted, window);
+        if (found == wanted.end() || std::ranges::find(wanted, sibling) == wanted.end()) {
+            continue;
+        }
+        wanted.erase(found);
+        wanted.insert(std::next(std::ranges::find(wanted, sibling)), window);
+        outcomes[i].isTaken = true;
+        if (!windowManager.restacks) {
+            ClientMessage::restackAbove(connection, window, sibling);
+        }
+    }
+    if (windowManager.restacks) {
+        auto window = std::ranges::mismatch(stack, wanted).in2;
+        for (; window != wanted.end(); ++window) {
+            ClientMessage::restackOnTop(connection, *window);
+        }
+    }
+    xcb_flush(connection.xcb());
 }
 
 void X11Desk::raise(std::span<const WindowOrder> orders, const MovePermit& permit,

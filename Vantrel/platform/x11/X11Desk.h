@@ -39,6 +39,8 @@ public:
 private:
     void raise(std::span<const WindowOrder> orders, const MovePermit& permit,
                std::vector<WindowOutcome>& outcomes);
+    void restack(std::span<const WindowOrder> orders, const MovePermit& permit,
+                 std::vector<WindowOutcome>& outcomes);
 
     std::shared_ptr<X11Context> m_context;
     WindowManagerWatch m_windowManagerWatch;
