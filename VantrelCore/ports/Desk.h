@@ -92,9 +92,9 @@ public:
     // Reads these windows again. One result per window; none for one that is gone or does not respond.
     [[nodiscard]] virtual std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) = 0;
 
-    // Carries out a whole wave: places every window, then raises and restacks in the order of the orders. Returns one
-    // outcome per order when the platform has processed all of them or timed out. A target that is not finite
-    // is not taken.
+    // Carries out a whole wave: places every window, then raises and restacks in the order of the orders.
+    // Returns one outcome per order when the platform has processed all of them or timed out. A target that
+    // is not finite is not taken.
     [[nodiscard]] virtual std::vector<WindowOutcome> arrange(std::span<const WindowOrder> orders,
                                                              const MovePermit& permit) = 0;
 

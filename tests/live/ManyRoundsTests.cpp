@@ -19,9 +19,12 @@ protected:
         const auto layouts = nlohmann::json::parse(file).at("layouts");
         std::vector<std::string> result;
         for (const auto& layout : layouts) {
-            for (const auto& window : layout.at("windows")) {
-                if (layout.at("name") == deskName) {
-                    result.push_back(window.at("bundleID").dump() + window.at("frame").dump());
+            for (const char* const list : {"windows", "otherWindows"}) {
+                for (const auto& window : layout.value(list, nlohmann::json::array())) {
+                    if (layout.at("name") == deskName) {
+                        result.push_back(window.at("bundleID").dump() + window.at("frame").dump() +
+                                         window.value("states", nlohmann::json()).dump());
+                    }
                 }
             }
         }
@@ -38,6 +41,7 @@ protected:
         for (DemoActor& actor : actors) {
             const auto seen = seenWindow(desk.connection(), actor.client);
             actor.story.after = seen ? std::optional(seen->frame) : std::nullopt;
+            actor.story.stateAfter = stateOf(desk.connection(), actor.client);
         }
     }
 
@@ -60,6 +64,7 @@ TEST_P(ManyRounds, BringEveryWindowBackAndLearnNothing) {
     ASSERT_EQ(learned.size(), actors.size());
     for (DemoActor& actor : actors) {
         actor.story.before = desk.frame(actor.client);
+        actor.story.stateBefore = stateOf(desk.connection(), actor.client);
     }
 
     // Displays settle after 0.5 quiet seconds: every other round ends earlier, the rest may settle.
