@@ -50,21 +50,25 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
       m_learning(m_context), m_liveDesk(m_context), m_runner(m_context, m_history),
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
-      m_stashes(m_context, m_runner, m_stores.stashes), m_displayChange(m_context, m_learning, m_runner),
-      m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
-      m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
-      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context),
-      m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
+      m_stashes(m_context, m_runner, m_stores.stashes), m_automaticRestore(m_context, m_runner),
+      m_displayChange(m_context, m_learning, m_runner, m_automaticRestore), m_sleepWake(m_context, m_runner),
+      m_launchPlacement(m_context), m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
+      m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),
+      m_suggestions(m_context), m_rules(m_context), m_nudge(m_context), m_wallpaper(m_context),
+      m_hotKeys(m_context, m_scenes, hotKeyActions()) {
     m_files.onPutBack = [this] { showStored(); };
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
     m_context.onLayoutsChanged = [this] { m_pinned.layoutsChanged(); };
     m_runner.onFinished = [this](const RestoreRequest& request, const RestorePass::Result& result) {
         m_undo.remember(request, result);
+        m_automaticRestore.restored(request);
         if (!result.isAbandoned) {
             m_pinned.restored(request);
         }
     };
+    m_automaticRestore.onUnableToMove = [this] { watchForPermission(); };
+    m_sleepWake.onReturn = [this] { m_automaticRestore.makeUp(); };
     m_displayChange.onSettled = [this] {
         m_pinned.layoutsChanged();
         m_pinned.endPauseForUser();
@@ -139,8 +143,10 @@ void AppController::watchForPermission() {
     }
     m_permissionTimer = m_context.ports.mainQueue.every(permissionPollInterval, [this] {
         if (AXPermission::isGranted(m_context.ports.desk)) {
-            m_permissionTimer.reset();
+            // Destroys this function.
+            const auto ended = std::move(m_permissionTimer);
             refreshStatus();
+            m_automaticRestore.makeUp();
         }
     });
 }
@@ -183,6 +189,7 @@ void AppController::showStored() {
 void AppController::tick() {
     m_files.retry();
     m_stashes.dropExpired();
+    m_automaticRestore.makeUp();
     m_learning.snapshotIfChanged();
     // The permission may have been revoked while running.
     refreshStatus();

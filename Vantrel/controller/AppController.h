@@ -2,6 +2,7 @@
 // changes, sleep and the user's commands, and publishes the state that menus, windows and commands show.
 #pragma once
 
+#include "Vantrel/controller/AutomaticRestoreFlow.h"
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
 #include "Vantrel/controller/FilesFlow.h"
@@ -219,6 +220,7 @@ private:
     UndoFlow m_undo;
     LayoutFlow m_layouts;
     StashFlow m_stashes;
+    AutomaticRestoreFlow m_automaticRestore;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
     LaunchPlacementFlow m_launchPlacement;

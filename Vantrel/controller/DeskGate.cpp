@@ -43,6 +43,11 @@ void DeskGate::resumeLearningAfter(double seconds) {
     });
 }
 
+void DeskGate::suspendLearningFor(double seconds) {
+    m_isLearningSuspended = true;
+    resumeLearningAfter(seconds);
+}
+
 void DeskGate::beginRestore() {
     m_isRestoring = true;
     noteWindowsMoved();

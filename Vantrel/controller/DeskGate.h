@@ -66,6 +66,9 @@ public:
     // are changing or the user is away.
     void resumeLearningAfter(double seconds);
 
+    // Suspends learning for at least `seconds`, for instance while window managers may be moving windows.
+    void suspendLearningFor(double seconds);
+
     // A restore is running. Nothing else moves or captures windows meanwhile.
     void beginRestore();
     // The restore has stopped moving windows, but its result is still being handled.

@@ -2,7 +2,6 @@
 
 #include "Vantrel/controller/ControllerText.h"
 #include "VantrelCore/displays/DisplayTopology.h"
-#include "VantrelCore/windows/AXPermission.h"
 
 #include <fmt/format.h>
 #include <utility>
@@ -10,8 +9,8 @@
 namespace vantrel {
 
 DisplayChangeFlow::DisplayChangeFlow(ControllerContext& context, LearningFlow& learning,
-                                     RestoreRunner& runner)
-    : m_context(context), m_learning(learning), m_runner(runner) {
+                                     RestoreRunner& runner, AutomaticRestoreFlow& automaticRestore)
+    : m_context(context), m_learning(learning), m_runner(runner), m_automaticRestore(automaticRestore) {
     m_learning.onUnannouncedChange = [this] {
         if (m_watcher) {
             m_watcher->handleReconfigurationEvent();
@@ -61,6 +60,7 @@ void DisplayChangeFlow::applySettleDelay() {
 
 void DisplayChangeFlow::changeBegan() {
     m_context.gate.displaysBeganChanging();
+    m_automaticRestore.displaysBeganChanging();
     m_runner.abandonMoves();
     m_learning.adoptPreChangeSnapshotIfNeeded();
 }
@@ -73,25 +73,8 @@ void DisplayChangeFlow::handleSettledChange(const std::string& configID,
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();
     onSettled();
-    restoreIfWanted(reconnected);
+    m_automaticRestore.displaysSettled(reconnected);
     m_context.gate.resumeLearningAfter(resumeDelay);
-}
-
-void DisplayChangeFlow::restoreIfWanted(const std::string& reconnected) {
-    if (!m_context.settings.autoRestore() || !m_context.state().enabled || !m_context.entitledToRun() ||
-        !AXPermission::isGranted(m_context.ports.desk)) {
-        return;
-    }
-    const auto layout = m_context.layoutToRestore();
-    if (!layout || layout->windows.empty()) {
-        return;
-    }
-    m_runner.perform({.layout = *layout,
-                      .displays = m_context.state().displays,
-                      .reason = reconnected.empty() ? "display change" : reconnected,
-                      .trigger = RestoreTrigger::automatic,
-                      .announcement = Announcement::announce,
-                      .announcedCause = reconnected});
 }
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 // restores the new desk's windows and resumes learning.
 #pragma once
 
+#include "Vantrel/controller/AutomaticRestoreFlow.h"
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/LearningFlow.h"
 #include "Vantrel/controller/RestoreRunner.h"
@@ -15,9 +16,10 @@ namespace vantrel {
 class DisplayChangeFlow {
 public:
     // Seconds from a settled change until learning resumes.
-    static constexpr double resumeDelay = 10;
+    static constexpr double resumeDelay = AutomaticRestoreFlow::restlessTime;
 
-    DisplayChangeFlow(ControllerContext& context, LearningFlow& learning, RestoreRunner& runner);
+    DisplayChangeFlow(ControllerContext& context, LearningFlow& learning, RestoreRunner& runner,
+                      AutomaticRestoreFlow& automaticRestore);
 
     // Takes the present displays as the current desk and starts watching them.
     void start();
@@ -32,12 +34,11 @@ private:
     void installWatcher();
     void changeBegan();
     void handleSettledChange(const std::string& configID, const std::vector<DisplayInfo>& displays);
-    // `reconnected` names the displays that were added.
-    void restoreIfWanted(const std::string& reconnected);
 
     ControllerContext& m_context;
     LearningFlow& m_learning;
     RestoreRunner& m_runner;
+    AutomaticRestoreFlow& m_automaticRestore;
     std::unique_ptr<DisplayWatcher> m_watcher;
     double m_installedSettleDelay = 0;
     // Counts the watchers, so that events from a replaced watcher are ignored.

@@ -51,6 +51,8 @@ struct RestoreRequest {
     std::vector<std::string> unhides = {};
     // If set, hides all other regular applications once everything is in place. Only for a scene.
     std::optional<std::set<std::string>> hidesAllBut = std::nullopt;
+    // Not announced, nor recorded, if every window turns out to be in place.
+    bool isCheck = false;
     // If set, called when an undo has reverted this restore.
     std::function<void()> undone = {};
     // If set, called at the end of the restore, before `done` and the history; may add to the report.

@@ -79,7 +79,7 @@ void RestoreRunner::start(RestoreRequest request) {
             : request.raising;
     task.scope = m_context.captureScope(request.displays);
     const auto count = static_cast<std::int64_t>(request.layout.windows.size());
-    const bool isAnnounced = request.announcement == Announcement::announce;
+    const bool isAnnounced = request.announcement == Announcement::announce && !request.isCheck;
     const auto cause = request.announcedCause;
     m_context.inBackground(
         WorkPriority::userInitiated,
@@ -138,9 +138,15 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     m_context.log(ControllerText::restoreReport(result.report));
     // Callers waiting for the outcome need not wait for the files.
     request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
-    m_context.guarded([&] { m_history.record(request, result); });
-    publishReport(request, result.report);
-    m_context.gate.endRestore();
+    if (request.isCheck && result.changedNothing) {
+        m_context.gate.endRestore();
+        m_context.showPhase({});
+        m_context.refreshStatus();
+    } else {
+        m_context.guarded([&] { m_history.record(request, result); });
+        publishReport(request, result.report);
+        m_context.gate.endRestore();
+    }
     if (request.trigger == RestoreTrigger::automatic) {
         m_followUp.begin(std::move(result.landed));
     }

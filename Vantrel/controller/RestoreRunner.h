@@ -33,6 +33,7 @@ private:
     void conclude(const RestoreRequest& request, RestorePass::Result& result);
     void endAbandoned(const RestoreRequest& request, const RestorePass::Result& result);
     void giveUp(const RestoreRequest& request, RestoreOutcome::Kind why);
+    // Shows and announces the report.
     void publishReport(const RestoreRequest& request, const RestoreReport& report);
     void runPending();
 

@@ -21,6 +21,7 @@ void SleepWakeFlow::handleWake() {
     m_missedWake.reset();
     m_context.gate.wakeUp();
     m_context.log("didWake: checking pinned layout after settle");
+    onReturn();
     lookAfterSettling();
 }
 
@@ -32,6 +33,7 @@ void SleepWakeFlow::sessionLocked() {
 void SleepWakeFlow::sessionUnlocked() {
     m_context.gate.unlockSession();
     m_context.log("session unlocked: checking pinned layout after settle");
+    onReturn();
     lookAfterSettling();
 }
 

@@ -5,6 +5,7 @@
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/RestoreRunner.h"
 
+#include <functional>
 #include <memory>
 
 namespace vantrel {
@@ -17,6 +18,9 @@ public:
     static constexpr double longestFallingAsleep = 120;
 
     SleepWakeFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}
+
+    // Called when the machine has woken up or the session has been unlocked.
+    std::function<void()> onReturn = [] {};
 
     void willSleep();
     void handleWake();

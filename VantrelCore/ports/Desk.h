@@ -74,6 +74,14 @@ struct WindowOutcome {
     bool operator==(const WindowOutcome&) const = default;
 };
 
+// A window as the system shows it to every program.
+struct WindowOutline {
+    std::int32_t pid = 0;
+    Rect frame;
+
+    bool operator==(const WindowOutline&) const = default;
+};
+
 class Desk {
 public:
     Desk() = default;
@@ -88,6 +96,10 @@ public:
     virtual bool prompt() = 0;
 
     [[nodiscard]] virtual DeskSnapshot capture(const CaptureFilter& filter) = 0;
+
+    // The visible ordinary windows, also without the permission. Empty where the platform does not show them
+    // then (X11 without a window manager).
+    [[nodiscard]] virtual std::vector<WindowOutline> outlines() { return {}; }
 
     // Reads these windows again. One result per window; none for one that is gone or does not respond.
     [[nodiscard]] virtual std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) = 0;

@@ -58,6 +58,16 @@ DeskSnapshot AccessibilityDesk::capture(const CaptureFilter& filter) {
     return snapshot;
 }
 
+std::vector<WindowOutline> AccessibilityDesk::outlines() {
+    std::vector<WindowOutline> outlines;
+    for (const WindowListEntry& entry : m_accessibility.beginReading()->onScreenWindows()) {
+        if (entry.layer == normalWindowLayer && entry.ownerPid && entry.bounds) {
+            outlines.push_back({*entry.ownerPid, *entry.bounds});
+        }
+    }
+    return outlines;
+}
+
 std::vector<std::optional<DeskWindow>> AccessibilityDesk::look(std::span<const WindowID> windows) {
     std::vector<std::optional<DeskWindow>> result(windows.size());
     forEach(windows, Purpose::read, [&](std::size_t index, const Known& window) {

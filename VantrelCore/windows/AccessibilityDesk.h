@@ -31,6 +31,7 @@ public:
     bool awaitQuiet() override { return m_accessibility.awaitQuiet(); }
 
     [[nodiscard]] DeskSnapshot capture(const CaptureFilter& filter) override;
+    [[nodiscard]] std::vector<WindowOutline> outlines() override;
     [[nodiscard]] std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) override;
     [[nodiscard]] std::vector<WindowOutcome> arrange(std::span<const WindowOrder> orders,
                                                      const MovePermit& permit) override;

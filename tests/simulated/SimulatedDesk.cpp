@@ -147,9 +147,9 @@ class SimulatedDesk::AccessibilityPort final : public Accessibility {
 public:
     explicit AccessibilityPort(SimulatedDesk& desk) : m_desk(desk) {}
 
-    [[nodiscard]] bool isTrusted() override { return m_desk.m_isTrusted; }
+    [[nodiscard]] bool isTrusted() override { return m_desk.m_isTrusted && m_desk.m_hasWindowManager; }
 
-    bool prompt() override { return m_desk.m_isTrusted; }
+    bool prompt() override { return isTrusted(); }
 
     [[nodiscard]] std::unique_ptr<DeskReading> beginReading() override {
         m_desk.m_captures.push_back(m_desk.m_time.monotonicSeconds());
@@ -244,6 +244,15 @@ void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
             }
         });
     }
+}
+
+void SimulatedDesk::setWindowManagerRunning(bool isRunning) {
+    m_hasWindowManager = isRunning;
+    m_time.schedule(habits.rescueDelay, [this, alive = std::weak_ptr(m_alive)] {
+        if (!alive.expired()) {
+            rescueWindows();
+        }
+    });
 }
 
 std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name) {
@@ -369,7 +378,7 @@ bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
         close(id);
         return false;
     }
-    if (window.behaviour.refusesMoves) {
+    if (window.behaviour.refusesMoves || !m_hasWindowManager) {
         return false;
     }
     const Rect before = window.frame;
@@ -401,7 +410,7 @@ bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
 }
 
 bool SimulatedDesk::isOnScreen(const SimulatedWindow& window) {
-    return !window.isMinimized && app(window.pid) != nullptr;
+    return m_hasWindowManager && !window.isMinimized && app(window.pid) != nullptr;
 }
 
 void SimulatedDesk::emitEvent() {
@@ -411,7 +420,7 @@ void SimulatedDesk::emitEvent() {
 }
 
 void SimulatedDesk::rescueWindows() {
-    if (m_displays.empty()) {
+    if (m_displays.empty() || !m_hasWindowManager) {
         return;
     }
     for (auto& window : m_windows) {
@@ -422,6 +431,9 @@ void SimulatedDesk::rescueWindows() {
 }
 
 void SimulatedDesk::meddle(const std::vector<SimulatedDisplay>& arrived) {
+    if (!m_hasWindowManager) {
+        return;
+    }
     for (auto& window : m_windows) {
         const bool isOnArrived = std::ranges::any_of(arrived, [&](const SimulatedDisplay& display) {
             return display.frame.contains(window->frame.center());

@@ -87,6 +87,8 @@ public:
     double requestSeconds = 0;
 
     void setTrusted(bool isTrusted) { m_isTrusted = isTrusted; }
+    // Without one, no window is listed or moved; a new one rescues windows soon after it has started.
+    void setWindowManagerRunning(bool isRunning);
 
     // What the program under test did.
 
@@ -132,6 +134,7 @@ private:
     std::uint64_t m_lastWindow = 0;
     std::uint64_t m_changes = 0;
     bool m_isTrusted = true;
+    bool m_hasWindowManager = true;
     std::function<void()> m_reconfigurationHandler;
     std::vector<WindowID> m_moves;
     std::vector<WindowID> m_drags;

@@ -256,16 +256,29 @@ void RandomStory::machineSleeps() {
     m_story.runFor(happens(50) ? seconds(0, 20) : 0);
     const bool isSleeping = !isLocked || happens(50);
     m_story.system.setAsleep(isSleeping);
+    // Nothing can be moved behind some lock screens.
+    const bool stopsPrograms = happens(50);
+    setTameHanging(stopsPrograms);
     m_story.runFor(seconds(0, 5));
     if (happens(50)) {
         changeDisplays();
+    }
+    if (!isLocked) {
+        setTameHanging(false);
     }
     m_story.system.setAsleep(false);
     if (happens(30)) {
         m_story.runFor(seconds(0, 4));
         changeDisplays();
     }
+    setTameHanging(false);
     m_story.system.setLocked(false);
+}
+
+void RandomStory::setTameHanging(bool isHanging) {
+    for (const auto& [title, window] : m_tame) {
+        m_story.desk.setHanging(m_story.desk.window(window).pid, isHanging);
+    }
 }
 
 // Set by hand or by the network, to and fro; what is stored for days must not notice.

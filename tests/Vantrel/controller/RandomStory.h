@@ -48,6 +48,7 @@ private:
     void userRestores();
     void userSaves();
     void machineSleeps();
+    void setTameHanging(bool isHanging);
     void licenseRunsOut();
     void clockJumps();
     void settleDelayChanges();

@@ -1,6 +1,8 @@
 // The chapters of random stories in which windows may not be moved, by the user or by the program.
 #include "tests/Vantrel/controller/RandomStory.h"
 
+#include <cstdint>
+#include <iterator>
 #include <optional>
 
 namespace vantrel::simulated {
@@ -62,31 +64,48 @@ void RandomStory::userAsksForAnotherArrangement(const Layout& pinned) {
 
 void RandomStory::nothingMayBeMoved() {
     AppController& controller = *m_story.controller;
-    const bool isPermissionTaken = happens(50);
+    enum class Hindrance : std::uint8_t { noPermission, noWindowManager, switchedOff };
+    constexpr Hindrance hindrances[] = {Hindrance::noPermission, Hindrance::noWindowManager,
+                                        Hindrance::switchedOff};
+    const Hindrance hindrance = hindrances[below(std::size(hindrances))];
+    const auto hinder = [&](bool begins) {
+        switch (hindrance) {
+        case Hindrance::noPermission:
+            m_story.desk.setTrusted(!begins);
+            break;
+        case Hindrance::noWindowManager:
+            m_story.desk.setWindowManagerRunning(!begins);
+            break;
+        case Hindrance::switchedOff:
+            controller.setEnabled(!begins);
+        }
+    };
     if (happens(30)) {
         controller.restoreNow(RestoreSource::menu);
         m_story.runFor(seconds(0, 0.1));
     }
-    isPermissionTaken ? m_story.desk.setTrusted(false) : controller.setEnabled(false);
+    hinder(true);
     if (happens(50)) {
         controller.refreshStatus();
     }
-    happens(50) ? userMovesWindows() : changeDisplays();
+    const bool doDisplaysChange = happens(50);
+    doDisplaysChange ? changeDisplays() : userMovesWindows();
     m_story.runFor(seconds(16, 40));
     const Phase& phase = m_story.published().phase;
-    expect(isPermissionTaken ? phase.is<Phase::NeedsPermission>() : phase.is<Phase::Off>(),
+    expect(hindrance == Hindrance::switchedOff ? phase.is<Phase::Off>() : phase.is<Phase::NeedsPermission>(),
            "the phase tells why nothing is moved");
     const auto frames = m_story.frames();
     expect(!controller.restoreNow(RestoreSource::menu), "nothing is restored when nothing may be moved");
     m_story.runFor(2);
     expect(m_story.frames() == frames, "nothing is moved when nothing may be moved");
-    isPermissionTaken ? m_story.desk.setTrusted(true) : controller.setEnabled(true);
+    hinder(false);
     m_story.runFor(2);
     expect(!phase.is<Phase::NeedsPermission>() && !phase.is<Phase::Off>(),
            "it is seen that windows may be moved again");
     // The restore at the beginning may have found everything in place before the user moved it.
     m_logBeforeMove.reset();
-    m_hasRestoredDesk = false;
+    // What was missed after a display change is made up for.
+    m_hasRestoredDesk = doDisplaysChange && hindrance != Hindrance::switchedOff;
 }
 
 } // namespace vantrel::simulated
