@@ -85,6 +85,9 @@ StatusMessage status(const PublishedState& state, const std::filesystem::path& s
     for (const auto& incident : state.fileIncidents) {
         message.fileIncidents.push_back(fileIncident(incident));
     }
+    if (state.sameDeskOffer) {
+        message.sameDeskOffer = state.sameDeskOffer->name;
+    }
     message.latestAvailable = state.latestAvailable;
     return message;
 }

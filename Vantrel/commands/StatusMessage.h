@@ -84,6 +84,8 @@ struct StatusMessage {
     bool learningFailed = false;
     // Problems with the program's files.
     std::vector<FileIncidentMessage> fileIncidents;
+    // The name of a remembered desk that the current one may be, on other connectors.
+    std::optional<std::string> sameDeskOffer;
     // The newer version on offer.
     std::optional<std::string> latestAvailable;
     // The number of reports not sent yet; absent if none.
@@ -109,6 +111,7 @@ struct StatusMessage {
         field("license", self.license);
         field("learningFailed", self.learningFailed);
         field("fileIncidents", self.fileIncidents);
+        field("sameDeskOffer", self.sameDeskOffer);
         field("latestAvailable", self.latestAvailable);
         field("crashReports", self.crashReports);
     }

@@ -50,7 +50,9 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
       m_learning(m_context), m_liveDesk(m_context), m_runner(m_context, m_history),
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
-      m_stashes(m_context, m_runner, m_stores.stashes), m_automaticRestore(m_context, m_runner),
+      m_stashes(m_context, m_runner, m_stores.stashes), m_sameDesk(m_context, m_stores),
+      m_displaySwap(m_context, m_runner), m_automaticRestore(m_context, m_runner),
+
       m_displayChange(m_context, m_learning, m_runner, m_automaticRestore), m_sleepWake(m_context, m_runner),
       m_launchPlacement(m_context), m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
       m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),
@@ -67,6 +69,11 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
             m_pinned.restored(request);
         }
     };
+    m_displayChange.onArrival = [this](const std::string& configID,
+                                       const std::vector<DisplayInfo>& displays) {
+        m_sameDesk.arrive(configID, displays);
+    };
+    m_sameDesk.onMoved = [this] { showStored(); };
     m_automaticRestore.onUnableToMove = [this] { watchForPermission(); };
     m_sleepWake.onReturn = [this] { m_automaticRestore.makeUp(); };
     m_displayChange.onSettled = [this] {
@@ -301,6 +308,14 @@ bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) 
                       .raising = RestoreEngine::Raising::raise,
                       .done = std::move(done)});
     return true;
+}
+
+DeskJoining AppController::joinDesks(const std::string& first, const std::string& second) {
+    const DeskJoining joining = m_sameDesk.join(first, second);
+    if (joining.kind == DeskJoining::Kind::done && joining.isCurrent) {
+        restoreNow(RestoreSource::command);
+    }
+    return joining;
 }
 
 bool AppController::reapplyDriftScene(RestoreOutcome::Done done) {

@@ -5,6 +5,7 @@
 #include "Vantrel/controller/AutomaticRestoreFlow.h"
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
+#include "Vantrel/controller/DisplaySwapFlow.h"
 #include "Vantrel/controller/FilesFlow.h"
 #include "Vantrel/controller/HotKeyFlow.h"
 #include "Vantrel/controller/LaunchPlacementFlow.h"
@@ -16,6 +17,7 @@
 #include "Vantrel/controller/RestoreHistory.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/RuleFlow.h"
+#include "Vantrel/controller/SameDeskFlow.h"
 #include "Vantrel/controller/SceneApplyFlow.h"
 #include "Vantrel/controller/SceneFlow.h"
 #include "Vantrel/controller/SettlementFlow.h"
@@ -93,6 +95,13 @@ public:
     [[nodiscard]] std::string activeLayoutName(const std::string& configID) {
         return m_context.store.activeLayoutName(configID);
     }
+
+    // Joins two remembered desks that are the same, and restores the current one's windows if it is one of
+    // them. Each is given by its name or configID; if both are empty, the current desk and the one on offer.
+    DeskJoining joinDesks(const std::string& first, const std::string& second);
+
+    // Exchanges the windows of two displays.
+    [[nodiscard]] DisplaySwapFlow& displaySwap() { return m_displaySwap; }
 
     // The user's scenes. Stored scenes are published.
     [[nodiscard]] SceneFlow& scenes() { return m_scenes; }
@@ -220,6 +229,8 @@ private:
     UndoFlow m_undo;
     LayoutFlow m_layouts;
     StashFlow m_stashes;
+    SameDeskFlow m_sameDesk;
+    DisplaySwapFlow m_displaySwap;
     AutomaticRestoreFlow m_automaticRestore;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;

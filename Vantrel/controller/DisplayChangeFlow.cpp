@@ -21,7 +21,9 @@ DisplayChangeFlow::DisplayChangeFlow(ControllerContext& context, LearningFlow& l
 void DisplayChangeFlow::start() {
     installWatcher();
     const auto displays = m_context.currentDisplays();
-    m_context.showDesk(DisplayTopology::configID(displays), displays);
+    const std::string configID = DisplayTopology::configID(displays);
+    onArrival(configID, displays);
+    m_context.showDesk(configID, displays);
 }
 
 void DisplayChangeFlow::installWatcher() {
@@ -69,6 +71,7 @@ void DisplayChangeFlow::handleSettledChange(const std::string& configID,
                                             const std::vector<DisplayInfo>& displays) {
     m_context.gate.displaysSettled();
     const auto reconnected = ControllerText::reconnected(m_context.state().displays, displays);
+    onArrival(configID, displays);
     m_context.showDesk(configID, displays);
     m_context.log(ControllerText::displaySettled(configID, displays));
     m_context.endRestoredPhase();

@@ -24,6 +24,10 @@ public:
     // Takes the present displays as the current desk and starts watching them.
     void start();
 
+    // Called before a desk is published.
+    std::function<void(const std::string& configID, const std::vector<DisplayInfo>& displays)> onArrival =
+        [](const auto&...) {};
+
     // Called when a new desk has settled and has been published.
     std::function<void()> onSettled = [] {};
 

@@ -6,6 +6,7 @@
 #include "Vantrel/controller/PinPause.h"
 #include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
+#include "VantrelCore/displays/SameDesk.h"
 #include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/model/Entitlement.h"
 #include "VantrelCore/model/LastAction.h"
@@ -96,6 +97,8 @@ struct DeskTopic {
     std::string configID;
     std::string configName;
     std::vector<DisplayInfo> displays;
+    // A remembered desk that the current one may be, under other identifiers.
+    std::optional<SameDesk::Remembered> sameDeskOffer;
 
     bool operator==(const DeskTopic&) const = default;
 };

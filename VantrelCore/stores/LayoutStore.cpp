@@ -1,5 +1,6 @@
 #include "VantrelCore/stores/LayoutStore.h"
 
+#include "VantrelCore/model/DeskRenaming.h"
 #include "VantrelCore/model/JsonCoding.h"
 #include "VantrelCore/text/LocalizedComparison.h"
 
@@ -41,6 +42,45 @@ void setActiveName(StoreFile& file, const std::string& configID, const std::stri
 void replaceLayout(StoreFile& file, const Layout& layout) {
     std::erase_if(file.layouts, isLayout(layout.configID, layout.layoutName));
     file.layouts.push_back(layout);
+}
+
+// "Default 2" if "Default" is taken on that desk.
+std::string freeName(const StoreFile& file, const std::string& configID, const std::string& layoutName) {
+    std::string name = layoutName;
+    for (int number = 2; std::ranges::any_of(file.layouts, isLayout(configID, name)); ++number) {
+        name = layoutName + " " + std::to_string(number);
+    }
+    return name;
+}
+
+void moveActiveName(StoreFile& file, const std::string& from, const std::string& to) {
+    const std::string name = activeName(file, from);
+    setActiveName(file, to, name);
+    file.activeLayouts->erase(from);
+}
+
+void moveRules(StoreFile& file, const std::map<std::string, std::string>& displays) {
+    if (!file.rules) {
+        return;
+    }
+    for (AppRule& rule : *file.rules) {
+        auto* const forced = std::get_if<AppRule::ForceDisplay>(&rule.action);
+        const auto present = forced != nullptr ? displays.find(forced->uuid) : displays.end();
+        if (present != displays.end()) {
+            forced->uuid = present->second;
+        }
+    }
+}
+
+void noteSameDesk(StoreFile& file, const std::string& from, const std::string& to) {
+    auto& sameDesks = file.sameDesks ? *file.sameDesks : file.sameDesks.emplace();
+    for (auto& [former, present] : sameDesks) {
+        if (present == from) {
+            present = to;
+        }
+    }
+    sameDesks.insert_or_assign(from, to);
+    sameDesks.erase(to);
 }
 
 // Never empty: "Default" if nothing is left.
@@ -170,6 +210,44 @@ bool LayoutStore::setPinned(bool pinned, const std::string& configID, const std:
     return m_file.write(std::move(file));
 }
 
+bool LayoutStore::moveDesk(const std::string& from, const std::string& to,
+                           const std::vector<DisplayInfo>& displays, const Saving& saving) {
+    StoreFile file = m_file.load();
+    std::vector<Layout> moved;
+    std::map<std::string, std::string> counterparts;
+    for (const Layout& layout : file.layouts) {
+        if (layout.configID == from) {
+            counterparts = DeskRenaming::counterparts(layout.displays, displays);
+            moved.push_back(DeskRenaming::renamed(layout, to, displays));
+        }
+    }
+    if (moved.empty() || from == to) {
+        return false;
+    }
+    std::erase_if(file.layouts, [&](const Layout& layout) { return layout.configID == from; });
+    for (const Layout& layout : moved) {
+        const auto taken = std::ranges::find_if(file.layouts, isLayout(to, layout.layoutName));
+        if (taken != file.layouts.end() && taken->hasSamePlaces(layout)) {
+            file.layouts.erase(taken);
+        } else if (taken != file.layouts.end()) {
+            taken->layoutName = freeName(file, to, layout.layoutName);
+        }
+        file.layouts.push_back(layout);
+    }
+    moveActiveName(file, from, to);
+    moveRules(file, counterparts);
+    noteSameDesk(file, from, to);
+    return m_file.write(std::move(file), saving);
+}
+
+std::optional<std::string> LayoutStore::presentDesk(const std::string& configID) {
+    const auto& sameDesks = m_file.load().sameDesks;
+    if (!sameDesks || !sameDesks->contains(configID)) {
+        return std::nullopt;
+    }
+    return sameDesks->at(configID);
+}
+
 std::vector<AppRule> LayoutStore::rules() {
     return m_file.load().rules.value_or(std::vector<AppRule>());
 }
@@ -197,13 +275,15 @@ void to_json(nlohmann::json& json, const LayoutStore::StoreFile& file) {
     json = {{"version", file.version}, {"layouts", file.layouts}};
     JsonCoding::put(json, "activeLayouts", file.activeLayouts);
     JsonCoding::put(json, "rules", file.rules);
+    JsonCoding::put(json, "sameDesks", file.sameDesks);
 }
 
 void from_json(const nlohmann::json& json, LayoutStore::StoreFile& file) {
     file = {.version = JsonCoding::required<std::int64_t>(json, "version"),
             .layouts = JsonCoding::required<std::vector<Layout>>(json, "layouts"),
             .activeLayouts = JsonCoding::optional<std::map<std::string, std::string>>(json, "activeLayouts"),
-            .rules = JsonCoding::optional<std::vector<AppRule>>(json, "rules")};
+            .rules = JsonCoding::optional<std::vector<AppRule>>(json, "rules"),
+            .sameDesks = JsonCoding::optional<std::map<std::string, std::string>>(json, "sameDesks")};
 }
 
 } // namespace vantrel

@@ -26,6 +26,8 @@ public:
         std::optional<std::map<std::string, std::string>> activeLayouts;
         // Sorted by appName.
         std::optional<std::vector<AppRule>> rules;
+        // A configID under which a desk was known, to the one that has its layouts now.
+        std::optional<std::map<std::string, std::string>> sameDesks;
 
         bool operator==(const StoreFile&) const = default;
     };
@@ -63,6 +65,14 @@ public:
                          const Saving& saving = {});
     // False, without writing, if there is no such layout.
     bool setPinned(bool pinned, const std::string& configID, const std::string& layoutName);
+
+    // The desk `from` is now known as `to`, with these displays in the same places: its layouts, the active
+    // one's name and rules for its displays move there. Layouts of `to` whose names are taken then get
+    // another name. False, without writing, if `from` has no layouts.
+    bool moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays,
+                  const Saving& saving = {});
+    // Where the layouts of a desk have moved to, if they have.
+    [[nodiscard]] std::optional<std::string> presentDesk(const std::string& configID);
 
     [[nodiscard]] std::vector<AppRule> rules();
     // Replaces the application's rule; the list stays sorted by appName, localized and ignoring case.

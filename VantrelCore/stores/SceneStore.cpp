@@ -1,5 +1,6 @@
 #include "VantrelCore/stores/SceneStore.h"
 
+#include "VantrelCore/model/DeskRenaming.h"
 #include "VantrelCore/model/JsonCoding.h"
 #include "VantrelCore/text/Unicode.h"
 
@@ -134,6 +135,31 @@ bool SceneStore::setLastAppliedScene(const std::string& id, const std::string& c
 
 bool SceneStore::forgetLastAppliedScene(const std::string& configID, const Saving& saving) {
     return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.erase(configID); }, saving);
+}
+
+bool SceneStore::moveDesk(const std::string& from, const std::string& to,
+                          const std::vector<DisplayInfo>& displays, const Saving& saving) {
+    StoreFile file = m_file.load();
+    for (Scene& scene : file.scenes) {
+        if (scene.configID != from) {
+            continue;
+        }
+        const auto counterparts = DeskRenaming::counterparts(scene.layout.displays, displays);
+        scene.configID = to;
+        scene.layout = DeskRenaming::renamed(scene.layout, to, displays);
+        if (scene.wallpaper) {
+            std::map<std::string, std::string> perDisplay;
+            for (const auto& [uuid, image] : scene.wallpaper->perDisplay) {
+                const auto present = counterparts.find(uuid);
+                perDisplay[present == counterparts.end() ? uuid : present->second] = image;
+            }
+            scene.wallpaper->perDisplay = std::move(perDisplay);
+        }
+    }
+    if (auto applied = file.lastAppliedByConfig.extract(from)) {
+        file.lastAppliedByConfig.insert_or_assign(to, applied.mapped());
+    }
+    return file == m_file.load() || m_file.write(std::move(file), saving);
 }
 
 template <typename Change>

@@ -82,6 +82,10 @@ public:
     // Clears the desk's last applied scene. False when the write failed.
     bool forgetLastAppliedScene(const std::string& configID, const Saving& saving = {});
 
+    // The desk `from` is now known as `to`, with these displays in the same places; see LayoutStore.
+    bool moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays,
+                  const Saving& saving = {});
+
 private:
     template <typename Change>
     Result<Scene> changeScene(const std::string& id, Change&& change, const Saving& saving = {});

@@ -1,5 +1,6 @@
 #include "VantrelCore/stores/StashStore.h"
 
+#include "VantrelCore/model/DeskRenaming.h"
 #include "VantrelCore/model/JsonCoding.h"
 
 #include <algorithm>
@@ -81,6 +82,18 @@ bool StashStore::remove(const std::string& id, const Saving& saving) {
             std::erase_if(file.stashes, [&](const Stash& stash) { return stash.id == id; });
         },
         saving);
+}
+
+bool StashStore::moveDesk(const std::string& from, const std::string& to,
+                          const std::vector<DisplayInfo>& displays, const Saving& saving) {
+    StoreFile file = m_file.load();
+    for (Stash& stash : file.stashes) {
+        if (stash.configID == from) {
+            stash.configID = to;
+            stash.layout = DeskRenaming::renamed(stash.layout, to, displays);
+        }
+    }
+    return file == m_file.load() || m_file.write(std::move(file), saving);
 }
 
 void to_json(nlohmann::json& json, const StashStore::StoreFile& file) {

@@ -49,6 +49,10 @@ public:
     // False when the write failed; see Saving for the exception.
     bool remove(const std::string& id, const Saving& saving = {});
 
+    // The desk `from` is now known as `to`, with these displays in the same places; see LayoutStore.
+    bool moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays,
+                  const Saving& saving = {});
+
 private:
     JsonStore<StoreFile> m_file;
 };

@@ -28,6 +28,7 @@ std::vector<const DisplayInfo*> standIns(const Displays& saved, const Displays& 
         }
     };
     assign([](const DisplayInfo& a, const DisplayInfo& b) { return a.uuid == b.uuid; });
+    assign([](const DisplayInfo& a, const DisplayInfo& b) { return a.name == b.name && a.frame == b.frame; });
     assign([](const DisplayInfo& a, const DisplayInfo& b) { return a.isBuiltin && b.isBuiltin; });
     assign([](const DisplayInfo&, const DisplayInfo&) { return true; });
     std::ranges::replace(result, nullptr, &present.front());

@@ -50,6 +50,19 @@ ControlAnswer renameDesk(const BusCall& call) {
                : refused(change.text());
 }
 
+ControlAnswer joinDesks(const BusCall& call) {
+    const auto joining = call.controller.joinDesks(call[0], call[1]);
+    return joining.kind == DeskJoining::Kind::done ? ControlAnswer({{"text", joining.text()}})
+                                                   : refused(joining.text());
+}
+
+void swapDisplays(const BusCall& call) {
+    const auto result = call.controller.displaySwap().swap(call[0], call[1], restoreReply(call.reply));
+    if (!result) {
+        call.reply(refused(result.error()));
+    }
+}
+
 void save(const BusCall& call) {
     call.controller.saveLayoutNow(saveReply(call.controller.published(), call.reply));
 }
@@ -165,6 +178,20 @@ std::vector<Command> deskCommands() {
          .handler = renameDesk,
          .verbs = {{"desks rename", "Give this desk a name of your own", {{"name", "Its new name"}}}},
          .text = VerbTexts::sentence("This desk is now called \"{name}\".")},
+        {.signature = "JoinDesks(first, second) joined",
+         .handler = joinDesks,
+         .verbs = {{"desks same",
+                    "Join two desks that are one on other connectors, by default those that status names",
+                    {{"first", "A desk, by name or ID", ValueKind::desk, Word::Use::optional},
+                     {"second", "The other one", ValueKind::desk, Word::Use::optional}}}},
+         .text = VerbTexts::sentence("{text}")},
+        {.signature = "SwapDisplays(first, second) report",
+         .handler = swapDisplays,
+         .verbs = {{"desks swap",
+                    "Exchange the windows of two displays, by default of the two equal ones",
+                    {{"first", "A display's label", ValueKind::display, Word::Use::optional},
+                     {"second", "The other one's label", ValueKind::display, Word::Use::optional}}}},
+         .text = VerbTexts::report},
         {.signature = "History() history",
          .handler = restores,
          .verbs = {{"history", "List the last restores with the outcome for every window"}},

@@ -56,6 +56,10 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
     } else {
         add("desk", status.configName);
     }
+    if (status.sameDeskOffer) {
+        add("", fmt::format("the same desk as \"{}\"? Then join them: vantrelctl desks same",
+                            *status.sameDeskOffer));
+    }
     if (status.savedWindows && status.savedAt) {
         add("layout", layoutLine(status.activeLayoutName, *status.savedWindows, dateText(*status.savedAt),
                                  status.activePinned, options));

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <expected>
 #include <fmt/format.h>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -12,8 +13,9 @@ namespace vantrel::simulated {
 
 namespace {
 
-const std::vector<std::string> allSetups{"laptop", "laptop-and-monitor", "laptop-and-twins", "three-monitors",
-                                         "ultrawide-left"};
+const std::vector<std::string> allSetups{"laptop",           "laptop-and-monitor",
+                                         "laptop-and-twins", "laptop-and-twins-on-other-ports",
+                                         "three-monitors",   "ultrawide-left"};
 
 constexpr double nightSeconds = 10 * 3600;
 constexpr int chapters = 9;
@@ -45,6 +47,17 @@ RandomStory::RandomStory(std::uint64_t seed)
                    (!m_story.system.isAway() && m_story.license.entitlement().isEntitled()),
                "nothing is captured for learning while locked, asleep or not entitled");
     };
+}
+
+std::string RandomStory::deskOf(const std::vector<DisplayInfo>& displays) {
+    std::vector<Rect> frames;
+    std::ranges::transform(displays, std::back_inserter(frames), &DisplayInfo::frame);
+    std::ranges::sort(frames, {}, [](const Rect& frame) { return std::pair(frame.minX(), frame.minY()); });
+    std::string desk;
+    for (const Rect& frame : frames) {
+        desk += fmt::format("{},{} {}x{};", frame.minX(), frame.minY(), frame.width(), frame.height());
+    }
+    return desk;
 }
 
 void RandomStory::begin() {
@@ -205,7 +218,7 @@ void RandomStory::userMovesWindows() {
     for (const auto& [title, window] : m_tame) {
         if (happens(40)) {
             m_story.move(window, somewhere());
-            m_stood[m_story.published().configID][title].push_back(m_story.frame(window));
+            m_stood[deskOf(m_story.published().displays)][title].push_back(m_story.frame(window));
         }
     }
     m_story.runFor(seconds(0, 70));
@@ -320,7 +333,7 @@ void RandomStory::programIsLaunched() {
     const std::string title = fmt::format("window {}", ++m_windowsOpened);
     const auto window = m_story.desk.open(pid, title, somewhere());
     m_tame[title] = window;
-    m_stood[m_story.published().configID][title].push_back(m_story.frame(window));
+    m_stood[deskOf(m_story.published().displays)][title].push_back(m_story.frame(window));
     m_story.runFor(seconds(0, 3));
     if (happens(40)) {
         changeDisplays();
@@ -432,7 +445,7 @@ void RandomStory::userSwitchesLayouts() {
     } else if (happens(20)) {
         const std::string deleted = happens(50) ? former : std::string(other->layoutName);
         expect(layouts.remove(deleted).kind == LayoutChange::Kind::done, "a layout can be deleted");
-        m_storedLayouts.erase({m_story.published().configID, deleted});
+        m_storedLayouts.erase({deskOf(m_story.published().displays), deleted});
         m_hasRestoredDesk = deleted == former;
     } else {
         // Of a copy: the published one changes with the switch.

@@ -83,6 +83,8 @@ private:
     // Every window of the layout that is still there stands as in the layout, to within so many points.
     void checkStands(const Layout& layout, const std::string& law, double tolerance = 0);
     void expect(bool holds, const std::string& law);
+    // A desk by the places of its displays, which stay the same on other connectors.
+    [[nodiscard]] static std::string deskOf(const std::vector<DisplayInfo>& displays);
 
     std::mt19937_64 m_random;
     Story m_story;

@@ -20,7 +20,7 @@ void RandomStory::noteWhatStands() {
         return;
     }
     for (const auto& [title, window] : m_tame) {
-        m_stood[m_story.published().configID][title].push_back(m_story.frame(window));
+        m_stood[deskOf(m_story.published().displays)][title].push_back(m_story.frame(window));
     }
 }
 
@@ -92,7 +92,7 @@ void RandomStory::checkStores() {
            "what is shown as stored is on disk");
     std::set<std::pair<std::string, std::string>> layouts;
     for (const Layout& layout : stores.layouts.allLayouts()) {
-        layouts.emplace(layout.configID, layout.layoutName);
+        layouts.emplace(deskOf(layout.displays), layout.layoutName);
     }
     expect(std::ranges::includes(layouts, m_storedLayouts), "no stored layout is lost");
     m_storedLayouts = layouts;
@@ -151,7 +151,7 @@ void RandomStory::checkOnlyWhatStoodIsStored() {
     for (const Layout& layout : m_story.store().allLayouts()) {
         for (const WindowRecord& saved : layout.windows) {
             if (m_tame.contains(saved.title)) {
-                const Frames& stood = m_stood[layout.configID][saved.title];
+                const Frames& stood = m_stood[deskOf(layout.displays)][saved.title];
                 expect(std::ranges::find(stood, saved.frame) != stood.end(),
                        fmt::format("only what stood still is stored: {} at {} on {}", saved.title,
                                    textOf(saved.frame), layout.name));

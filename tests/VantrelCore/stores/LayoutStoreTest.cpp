@@ -108,6 +108,39 @@ TEST_F(LayoutStoreTest, ARenamedLayoutStaysActiveAndItsNameIsUnique) {
     EXPECT_THAT(fieldsOf(open().layouts(office), &Layout::layoutName), ElementsAre("Play", "Work"));
 }
 
+TEST_F(LayoutStoreTest, ADeskMovesWithItsActiveNameAndRulesAndLosesNoLayout) {
+    const auto onDisplay = [](Layout layout, const std::string& uuid, double x) {
+        layout.displays = {{uuid, "D", {{0, 0}, {800, 600}}, false, std::nullopt, std::nullopt}};
+        layout.windows.front().displayUUID = uuid;
+        layout.windows.front().frame.origin.x = x;
+        return layout;
+    };
+    ASSERT_TRUE(m_store.save(onDisplay(layoutNamed(office, "Default"), "A", 1)) &&
+                m_store.saveAsActive(onDisplay(layoutNamed(office, "Work"), "A", 2)) &&
+                m_store.save(onDisplay(layoutNamed(home, "Default"), "B", 1)) &&
+                m_store.save(onDisplay(layoutNamed(home, "Work"), "B", 3)));
+    AppRule rule = ruleFor("editor", "Editor");
+    rule.action = AppRule::ForceDisplay{"A", "D"};
+    ASSERT_TRUE(m_store.setRule(rule));
+    const auto displays = m_store.layout(home, "Work")->displays;
+    EXPECT_FALSE(m_store.moveDesk("nowhere", home, displays));
+
+    ASSERT_TRUE(m_store.moveDesk(office, home, displays));
+    LayoutStore again = open();
+    EXPECT_THAT(fieldsOf(again.layouts(home), &Layout::layoutName), ElementsAre("Default", "Work", "Work 2"))
+        << "of two equal ones, one is enough";
+    EXPECT_EQ(again.layout(home, "Work"), onDisplay(layoutNamed(home, "Work"), "B", 2));
+    EXPECT_EQ(again.activeLayoutName(home), "Work");
+    EXPECT_THAT(again.layouts(office), IsEmpty());
+    EXPECT_EQ(std::get<AppRule::ForceDisplay>(again.rules().front().action).uuid, "B");
+    EXPECT_EQ(again.presentDesk(office), home);
+    EXPECT_FALSE(again.presentDesk(home));
+
+    ASSERT_TRUE(again.moveDesk(home, "third", displays) && again.moveDesk("third", office, displays));
+    EXPECT_EQ(again.presentDesk(home), office);
+    EXPECT_EQ(again.presentDesk("third"), office);
+}
+
 TEST_F(LayoutStoreTest, PinsOneLayoutOfOneDesk) {
     saveAll(office, {"Default", "Work"});
     EXPECT_TRUE(m_store.setPinned(true, office, "Work"));

@@ -53,7 +53,8 @@ struct StoreFile {
 const StoreFile storeFiles[] = {
     {"layouts.json",
      rewritten<LayoutStore::StoreFile>,
-     {"activeLayouts", "c", "edidUUID", "visibleFrame", "pinned", "isGhost", "rules", "restoreLast"}},
+     {"activeLayouts", "c", "edidUUID", "visibleFrame", "pinned", "isGhost", "rules", "restoreLast",
+      "sameDesks"}},
     {"scenes.json",
      rewritten<SceneStore::StoreFile>,
      {"lastAppliedByConfig", "c", "isGhost", "hotkeyKeyCode", "hotkeyModifiers", "pinned", "opensMissingApps",
