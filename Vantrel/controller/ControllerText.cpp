@@ -1,6 +1,7 @@
 #include "Vantrel/controller/ControllerText.h"
 
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/windows/RestoreEngine.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -39,6 +40,13 @@ std::string restoreReport(const RestoreReport& report) {
             text += fmt::format("{}{} \"{}\" ({})", separator, item.appName, item.title, item.outcome.reason);
             separator = ", ";
         }
+    }
+    const auto tiled = std::ranges::count_if(report.items, [](const RestoreReport::Item& item) {
+        return item.outcome.reason == RestoreEngine::tiledReason;
+    });
+    if (tiled > 0) {
+        text += fmt::format("; {} left to the window manager, which tiles",
+                            windows(static_cast<std::size_t>(tiled)));
     }
     return text;
 }

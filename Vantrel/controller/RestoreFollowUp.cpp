@@ -5,23 +5,27 @@
 
 namespace vantrel::RestoreFollowUp {
 
-std::vector<Landed> landed(const RestoreReport& report) {
+std::vector<Kept> kept(const RestoreReport& report) {
     using Kind = RestoreReport::Kind;
-    std::vector<Landed> result;
+    std::vector<Kept> result;
     for (std::size_t i = 0; i < report.items.size(); ++i) {
-        const auto& item = report.items[i];
-        const bool hasLanded = item.outcome.kind == Kind::restored || item.outcome.kind == Kind::retried;
-        if (hasLanded && item.move) {
-            result.push_back({.window = item.move->window, .target = item.move->target, .item = i});
+        const auto kind = report.items[i].outcome.kind;
+        const auto& move = report.items[i].move;
+        if (!move || kind == Kind::skipped) {
+            continue;
+        }
+        result.push_back({.window = move->window, .target = move->target, .item = i});
+        if (kind == Kind::failed) {
+            result.back().failedAt = move->achieved.value_or(move->from);
         }
     }
     return result;
 }
 
-std::vector<WindowID> windowsOf(const std::vector<Landed>& landed) {
+std::vector<WindowID> windowsOf(const std::vector<Kept>& kept) {
     std::vector<WindowID> windows;
-    windows.reserve(landed.size());
-    std::ranges::transform(landed, std::back_inserter(windows), &Landed::window);
+    windows.reserve(kept.size());
+    std::ranges::transform(kept, std::back_inserter(windows), &Kept::window);
     return windows;
 }
 

@@ -1,5 +1,5 @@
-// Determines which windows a restore put in place, and which have been displaced since. The follow-up checks
-// them again while the window manager may still be processing a display change.
+// Determines which windows a restore placed or failed to place, and which are not in place now. The follow-up
+// checks them again while the window manager may still be processing a display change.
 #pragma once
 
 #include "VantrelCore/ports/UserMoveWatch.h"
@@ -13,8 +13,8 @@
 
 namespace vantrel::RestoreFollowUp {
 
-// A window that a restore moved to `target`.
-struct Landed {
+// A window that a restore moved, or tried to move, to `target`.
+struct Kept {
     WindowID window{};
     Rect target;
     // The report's item for this window.
@@ -22,12 +22,14 @@ struct Landed {
     // Reports whether the user has moved the window since; if so, it stays where it is, whatever else moves
     // it. Null while nothing watches, and where the platform cannot tell.
     std::shared_ptr<UserMoveWatch> userMoves = nullptr;
+    // Where the restore left it, if it failed.
+    std::optional<Rect> failedAt = std::nullopt;
 };
 
-// The windows that `report` lists as restored or retried.
-[[nodiscard]] std::vector<Landed> landed(const RestoreReport& report);
+// The live windows that `report` lists as restored, retried or failed.
+[[nodiscard]] std::vector<Kept> kept(const RestoreReport& report);
 
-[[nodiscard]] std::vector<WindowID> windowsOf(const std::vector<Landed>& landed);
+[[nodiscard]] std::vector<WindowID> windowsOf(const std::vector<Kept>& kept);
 
 // True when a visible window is not where the restore left it. False when `frame` is none: a closed,
 // minimized or full-screen window is in nobody's way.

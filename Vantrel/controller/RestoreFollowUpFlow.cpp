@@ -7,43 +7,52 @@
 #include <cstdint>
 #include <fmt/format.h>
 #include <iterator>
+#include <utility>
 
 namespace vantrel {
 
 namespace {
 
-using RestoreFollowUp::Landed;
+using RestoreFollowUp::Kept;
 
 // In seconds after the end of the restore.
-constexpr double lookTimes[] = {1, 3, 7};
+constexpr double lookTimes[] = {1, 3, 7, 15};
 
-enum class Finding : std::uint8_t { nothing, putBack, leftToUser, leftUnwatched };
+enum class Finding : std::uint8_t { inPlace, putBack, missed, leftToUser, leftToProgram, leftUnwatched };
+
+// Whether to put a displaced window back: missed until it has been, or the reason not to.
+Finding judge(const Kept& window, const std::optional<Rect>& frame) {
+    if (!window.userMoves) {
+        // The user may have just moved it there, unless it is still where the restore gave up on it.
+        return frame == window.failedAt ? Finding::missed : Finding::leftUnwatched;
+    }
+    if (window.userMoves->hasSeenUser()) {
+        return Finding::leftToUser;
+    }
+    return window.userMoves->hasSeenRequest() ? Finding::leftToProgram : Finding::missed;
+}
 
 // Puts displaced windows back. Returns the finding for each window, in order.
-std::vector<Finding> lookAt(const std::vector<Landed>& landed, RestoreEngine::Sizes sizes, Desk& desk,
+std::vector<Finding> lookAt(const std::vector<Kept>& kept, RestoreEngine::Sizes sizes, Desk& desk,
                             const MovePermit& permit) {
-    std::vector<Finding> findings(landed.size(), Finding::nothing);
+    std::vector<Finding> findings(kept.size(), Finding::inPlace);
     std::vector<WindowOrder> orders;
     std::vector<std::size_t> ordered;
-    const auto windows = desk.look(RestoreFollowUp::windowsOf(landed));
-    for (std::size_t i = 0; i < landed.size(); ++i) {
+    const auto windows = desk.look(RestoreFollowUp::windowsOf(kept));
+    for (std::size_t i = 0; i < kept.size(); ++i) {
         const auto frame = windows[i] ? VisibleWindows::ordinaryFrame(*windows[i]) : std::nullopt;
-        if (!RestoreFollowUp::isDisplaced(frame, landed[i].target, sizes)) {
+        if (!RestoreFollowUp::isDisplaced(frame, kept[i].target, sizes)) {
             continue;
         }
-        if (!landed[i].userMoves) {
-            // The user may have just moved it there.
-            findings[i] = Finding::leftUnwatched;
-        } else if (landed[i].userMoves->hasSeenUser()) {
-            findings[i] = Finding::leftToUser;
-        } else {
-            orders.push_back(RestoreEngine::place(landed[i].window, landed[i].target, sizes));
+        findings[i] = judge(kept[i], frame);
+        if (findings[i] == Finding::missed) {
+            orders.push_back(RestoreEngine::place(kept[i].window, kept[i].target, sizes));
             ordered.push_back(i);
         }
     }
     const auto outcomes = desk.arrange(orders, permit);
     for (std::size_t i = 0; i < ordered.size(); ++i) {
-        if (RestoreEngine::isReached(outcomes[i].frame, landed[ordered[i]].target, sizes)) {
+        if (RestoreEngine::isReached(outcomes[i].frame, kept[ordered[i]].target, sizes)) {
             findings[ordered[i]] = Finding::putBack;
         }
     }
@@ -51,12 +60,12 @@ std::vector<Finding> lookAt(const std::vector<Landed>& landed, RestoreEngine::Si
 }
 
 // The report items of windows with this finding.
-std::vector<std::size_t> itemsOf(const std::vector<Landed>& landed, const std::vector<Finding>& findings,
+std::vector<std::size_t> itemsOf(const std::vector<Kept>& kept, const std::vector<Finding>& findings,
                                  Finding finding) {
     std::vector<std::size_t> items;
-    for (std::size_t i = 0; i < landed.size(); ++i) {
+    for (std::size_t i = 0; i < kept.size(); ++i) {
         if (findings[i] == finding) {
-            items.push_back(landed[i].item);
+            items.push_back(kept[i].item);
         }
     }
     return items;
@@ -64,21 +73,18 @@ std::vector<std::size_t> itemsOf(const std::vector<Landed>& landed, const std::v
 
 } // namespace
 
-void RestoreFollowUpFlow::begin(std::vector<Landed> landed) {
+void RestoreFollowUpFlow::begin(std::vector<Kept> kept) {
     end();
-    m_landed = std::move(landed);
-    if (m_landed.empty()) {
+    m_kept = std::move(kept);
+    if (m_kept.empty()) {
         return;
     }
+    m_begin = m_context.gate.now();
     for (const double seconds : lookTimes) {
-        m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, seconds, epoch = m_epoch] {
-            if (epoch != m_epoch) {
-                return;
-            }
-            look();
-            if (seconds == std::rbegin(lookTimes)[0]) {
-                // Stop watching after the last check.
-                m_landed.clear();
+        const bool isLast = seconds == std::rbegin(lookTimes)[0];
+        m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, isLast, epoch = m_epoch] {
+            if (epoch == m_epoch) {
+                look(isLast);
             }
         }));
     }
@@ -86,35 +92,57 @@ void RestoreFollowUpFlow::begin(std::vector<Landed> landed) {
 
 void RestoreFollowUpFlow::end() {
     ++m_epoch;
-    m_landed.clear();
+    m_kept.clear();
     m_looks.clear();
 }
 
-void RestoreFollowUpFlow::look() {
-    if (!m_context.gate.isLearningSuspended() || m_context.gate.isPassUnderWay() ||
-        !m_context.state().enabled) {
+void RestoreFollowUpFlow::look(bool isLast) {
+    DeskGate& gate = m_context.gate;
+    if (!m_context.state().enabled || gate.isAway() || !gate.isSameDesk(m_begin) ||
+        !gate.isUnedited(m_begin)) {
+        end();
+        return;
+    }
+    if (gate.isPassUnderWay()) {
+        gate.afterPass([this, isLast, epoch = m_epoch] {
+            if (epoch == m_epoch) {
+                look(isLast);
+            }
+        });
         return;
     }
     const auto sizes =
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
     m_context.runPass(
         WorkPriority::userInitiated,
-        [landed = m_landed, sizes, &desk = m_context.ports.desk, permit = m_context.gate.permit()] {
-            return lookAt(landed, sizes, desk, *permit);
+        [kept = m_kept, sizes, &desk = m_context.ports.desk, permit = gate.permit()] {
+            return lookAt(kept, sizes, desk, *permit);
         },
-        [this, epoch = m_epoch, landed = m_landed](const std::optional<std::vector<Finding>>& findings) {
+        [this, isLast, epoch = m_epoch, kept = m_kept](const std::optional<std::vector<Finding>>& findings) {
             if (!findings) {
                 return;
             }
-            const auto putBack = itemsOf(landed, *findings, Finding::putBack);
+            const auto putBack = itemsOf(kept, *findings, Finding::putBack);
             if (!putBack.empty()) {
                 m_context.log("restore follow-up: put back " + ControllerText::windows(putBack.size()));
                 m_onPutBack(putBack);
             }
-            if (epoch == m_epoch) {
-                leaveAlone(itemsOf(landed, *findings, Finding::leftToUser), "to the user");
-                leaveAlone(itemsOf(landed, *findings, Finding::leftUnwatched),
-                           "alone, because user moves cannot be detected here");
+            if (epoch != m_epoch) {
+                return;
+            }
+            for (Kept& window : m_kept) {
+                if (std::ranges::find(putBack, window.item) != putBack.end()) {
+                    window.failedAt.reset();
+                }
+            }
+            leaveAlone(itemsOf(kept, *findings, Finding::leftToUser), "to the user");
+            leaveAlone(itemsOf(kept, *findings, Finding::leftToProgram), "to another program");
+            leaveAlone(itemsOf(kept, *findings, Finding::leftUnwatched),
+                       "alone, because user moves cannot be detected here");
+            if (isLast) {
+                leaveAlone(itemsOf(kept, *findings, Finding::missed), "out of place");
+                // Stop watching.
+                end();
             }
         });
 }
@@ -124,8 +152,8 @@ void RestoreFollowUpFlow::leaveAlone(const std::vector<std::size_t>& items, std:
         return;
     }
     m_context.log(fmt::format("restore follow-up: left {} {}", ControllerText::windows(items.size()), how));
-    std::erase_if(m_landed,
-                  [&](const Landed& window) { return std::ranges::find(items, window.item) != items.end(); });
+    std::erase_if(m_kept,
+                  [&](const Kept& window) { return std::ranges::find(items, window.item) != items.end(); });
 }
 
 } // namespace vantrel

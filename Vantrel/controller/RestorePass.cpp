@@ -33,7 +33,7 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
         desk.awaitQuiet();
     }
     if (task.permit->isRevoked()) {
-        return {.report = {}, .landed = {}, .sizes = {}, .isAbandoned = true};
+        return {.report = {}, .kept = {}, .sizes = {}, .isAbandoned = true};
     }
     const auto [live, matched] =
         task.known ? LiveWindows::known(task.layout, *task.known, task.scope, desk)
@@ -46,7 +46,7 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
     }
     result.report =
         RestoreEngine::restore(task.layout, live, matched, task.options, desk, *task.permit, clock);
-    result.landed = RestoreFollowUp::landed(result.report);
+    result.kept = RestoreFollowUp::kept(result.report);
     if (task.options.sizes == RestoreEngine::Sizes::restore) {
         result.sizes = AchievedSizes::of(result.report);
     }
@@ -66,9 +66,9 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
     }
     if (task.trigger == RestoreTrigger::automatic) {
         // Before the end is announced: user moves count from then on.
-        auto watches = desk.watchUserMoves(RestoreFollowUp::windowsOf(result.landed));
+        auto watches = desk.watchUserMoves(RestoreFollowUp::windowsOf(result.kept));
         for (std::size_t i = 0; i < watches.size(); ++i) {
-            result.landed[i].userMoves = std::move(watches[i]);
+            result.kept[i].userMoves = std::move(watches[i]);
         }
     }
     result.isAbandoned = task.permit->isRevoked();

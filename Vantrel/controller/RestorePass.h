@@ -44,8 +44,8 @@ struct Before {
 
 struct Result {
     RestoreReport report;
-    // The windows that the restore put in place.
-    std::vector<RestoreFollowUp::Landed> landed;
+    // The windows that the restore moved or tried to move.
+    std::vector<RestoreFollowUp::Kept> kept;
     // Empty unless the restore set sizes.
     std::vector<AppSizeBehaviorStore::Observation> sizes;
     // The permit was revoked before the end, so the report does not describe the desk.

@@ -148,7 +148,7 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
         m_context.gate.endRestore();
     }
     if (request.trigger == RestoreTrigger::automatic) {
-        m_followUp.begin(std::move(result.landed));
+        m_followUp.begin(std::move(result.kept));
     }
 }
 

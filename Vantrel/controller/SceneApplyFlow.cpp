@@ -30,8 +30,10 @@ std::string appName(const Scene& scene, const std::string& bundleID) {
 // The windows that are where the scene wants them.
 std::vector<SettlementFlow::Seated> seatedWindows(const RestorePass::Result& result) {
     std::vector<SettlementFlow::Seated> seated;
-    for (const auto& landed : result.landed) {
-        seated.push_back({result.report.items[landed.item].bundleID, landed.window});
+    for (const auto& kept : result.kept) {
+        if (!kept.failedAt) {
+            seated.push_back({result.report.items[kept.item].bundleID, kept.window});
+        }
     }
     for (const auto& filled : result.scene->slots.filled) {
         seated.push_back({filled.slot.record.bundleID, filled.window});

@@ -66,6 +66,8 @@ struct WindowOrder {
 struct WindowOutcome {
     // False when the platform reported an error, the window is gone or the permit was revoked.
     bool isTaken = false;
+    // The system tiles the window, so it was not asked.
+    bool isTiled = false;
     // Where the window is after the order; none when it was not taken or the frame cannot be read.
     std::optional<Rect> frame = std::nullopt;
     // Has the states and the desktop of the order's place; true when it names none.

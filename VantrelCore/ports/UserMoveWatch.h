@@ -1,4 +1,5 @@
-// Port: whether the user has moved or resized a window, by pointer or keyboard, since the watch began.
+// Port: whether the user has moved or resized a window, by pointer or keyboard, since the watch began, or a
+// program has asked for that.
 #pragma once
 
 namespace vantrel {
@@ -14,6 +15,11 @@ public:
     // True once the user has moved or resized the window. Changes by programs or the window manager do not
     // count. May query the platform, for 1.0 second at most.
     [[nodiscard]] virtual bool hasSeenUser() = 0;
+
+    // True once another program has asked the window manager to move or resize the window or to change its
+    // state, such as maximised. False where the platform cannot tell. Considers what happened before the last
+    // call of hasSeenUser().
+    [[nodiscard]] virtual bool hasSeenRequest() const { return false; }
 };
 
 } // namespace vantrel

@@ -108,6 +108,9 @@ private:
             if (outcomes[i].hasPlace && isReached(outcomes[i].frame, item.move->target, m_options.sizes)) {
                 item.outcome = {success, ""};
                 std::erase(m_strays, items[i]);
+            } else if (outcomes[i].isTiled) {
+                item.outcome = {Kind::skipped, tiledReason};
+                std::erase(m_strays, items[i]);
             } else if (!outcomes[i].isTaken) {
                 rejected.push_back(items[i]);
             }

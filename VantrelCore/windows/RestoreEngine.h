@@ -29,7 +29,10 @@ inline constexpr const char* driftedReason = "window drifted after move";
 // The reason when a saved window has no live one and is skipped.
 inline constexpr const char* goneReason = "window no longer exists";
 
-// The note added to that reason when the window is expected to open.
+// The reason when the system arranges a window itself, as tiling window managers do, and it is skipped.
+inline constexpr const char* tiledReason = "the window manager tiles it";
+
+// The note added to the reason of a window that is gone when the window is expected to open.
 inline constexpr const char* openingNote = "its application is being started";
 
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };

@@ -114,6 +114,21 @@ TEST(Program, RestoresWhatItSavedBeforeARestart) {
     EXPECT_TRUE(waitUntil([&] { return !std::filesystem::exists(entry); }));
 }
 
+TEST(Program, SaysOnceThatATilingWindowManagerKeepsItsTiles) {
+    VantrelDesk desk("i3");
+    const auto first = desk.open({"xterm", "-T", "letters"}).client;
+    desk.open({"xterm", "-T", "notes"});
+    desk.awaitStill();
+    const auto run = desk.startVantrel();
+    desk.done({"save"});
+    const auto before = desk.frame(first);
+    desk.run({"i3-msg", "layout splitv"});
+    ASSERT_TRUE(waitUntil([&] { return desk.frame(first) != before; }));
+    EXPECT_THAT(desk.done({"restore"}), HasSubstr("2 skipped"));
+    EXPECT_EQ(desk.logged("0 failed, 2 skipped, 0 retried, 2 expected"), 1U);
+    EXPECT_EQ(desk.logged("; 2 windows left to the window manager, which tiles"), 1U);
+}
+
 TEST(KilledProgram, LosesNoLayoutAtAnyMomentOfASave) {
     VantrelDesk desk("openbox");
     desk.open({"galculator"});

@@ -73,8 +73,20 @@ TEST_P(UserMove, IsToldFromAMoveByAProgram) {
     auto watch = watched(usersWindow);
     ASSERT_TRUE(watch);
     type(users);
-    desk.drag(users, {150, 120});
+    const WindowOrder ours{.window = usersWindow, .target = {.position = Point{150, 120}}};
+    EXPECT_TRUE(desk.port.arrange(std::array{ours}, MovePermit()).front().isTaken);
     EXPECT_FALSE(watch->hasSeenUser());
+    EXPECT_FALSE(watch->hasSeenRequest());
+    desk.setStates(users, {"ABOVE"}, true);
+    EXPECT_FALSE(watch->hasSeenUser() || watch->hasSeenRequest());
+    desk.drag(users, {160, 120});
+    EXPECT_FALSE(watch->hasSeenUser());
+    EXPECT_TRUE(watch->hasSeenRequest());
+    watch = watched(usersWindow);
+    desk.setStates(users, {"MAXIMIZED_VERT"}, true);
+    EXPECT_FALSE(watch->hasSeenUser());
+    EXPECT_TRUE(watch->hasSeenRequest());
+    desk.setStates(users, {"MAXIMIZED_VERT"}, false);
 
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"pointer", [&] { drag(users); }},

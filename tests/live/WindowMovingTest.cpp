@@ -269,6 +269,40 @@ TEST_P(MovingWindowsUnder, RaisedWindowsStackInOrderAndTheFocusStays) {
     EXPECT_TRUE(isActive(clients[3]));
 }
 
+TEST(MovingWindows, AMoveUnderFluxboxKeepsTheSize) {
+    WindowDesk desk("fluxbox");
+    const auto client = desk.probe.show({.title = "window"});
+    const auto window = desk.captured("window");
+    const WindowOrder order{.window = window.id, .target = {.position = Point{700, 200}}};
+    EXPECT_TRUE(desk.port.arrange(std::array{order}, MovePermit()).front().isTaken);
+    EXPECT_EQ(desk.frame(client), (Rect{{700, 200}, window.frame->size}));
+}
+
+TEST(MovingWindows, ATilingWindowManagerKeepsItsTilesAndFloatingWindowsMove) {
+    WindowDesk desk("i3");
+    // Each monitor shows a desktop of its own.
+    const auto tile = desk.probe.show({.title = "tile"});
+    const auto tiled = desk.captured("tile");
+    desk.run({"i3-msg", "workspace 2"});
+    const auto floating = desk.probe.show({.title = "floating"});
+    desk.run({"i3-msg", "[title=floating] floating enable"});
+    const auto floated = desk.captured("floating");
+    ASSERT_NE(desk.connection().values(tile, "_NET_WM_DESKTOP"),
+              desk.connection().values(floating, "_NET_WM_DESKTOP"));
+    EXPECT_TRUE(desk.captured("tile").isOnScreen && floated.isOnScreen);
+    desk.probe.show({.title = "hidden"});
+    desk.run({"i3-msg", "[title=hidden] move to workspace 3"});
+    EXPECT_TRUE(desk.connection().waitUntil([&] { return !desk.captured("hidden").isOnScreen; }));
+
+    const Rect before = desk.frame(tile);
+    const WindowOrder orders[] = {{.window = tiled.id, .target = {.position = Point{300, 200}}},
+                                  {.window = floated.id, .target = {.position = Point{300, 200}}}};
+    const auto outcomes = desk.port.arrange(orders, MovePermit());
+    EXPECT_EQ(outcomes[0], (WindowOutcome{.isTaken = false, .isTiled = true}));
+    EXPECT_EQ(outcomes[1].frame, (Rect{{300, 200}, floated.frame->size}));
+    EXPECT_EQ(desk.frame(tile), before);
+}
+
 TEST(MovingWindows, ALostServerIsReportedAndNothingHangs) {
     std::optional<DeskWindow> window;
     std::shared_ptr<X11Connection> connection;

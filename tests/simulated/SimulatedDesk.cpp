@@ -19,6 +19,9 @@ public:
     DragWatch(const SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id), m_begin(drags()) {}
 
     [[nodiscard]] bool hasSeenUser() override { return drags() > m_begin; }
+    [[nodiscard]] bool hasSeenRequest() const override {
+        return std::ranges::count(m_desk.m_requests, m_id) > m_requestsBefore;
+    }
 
 private:
     [[nodiscard]] std::ptrdiff_t drags() const { return std::ranges::count(m_desk.m_drags, m_id); }
@@ -26,6 +29,7 @@ private:
     const SimulatedDesk& m_desk;
     WindowID m_id;
     std::ptrdiff_t m_begin;
+    std::ptrdiff_t m_requestsBefore = std::ranges::count(m_desk.m_requests, m_id);
 };
 
 class SimulatedDesk::Element final : public WindowElement {
@@ -313,6 +317,11 @@ SimulatedWindow& SimulatedDesk::window(WindowID id) {
 void SimulatedDesk::drag(WindowID id, const Rect& frame) {
     window(id).frame = frame;
     m_drags.push_back(id);
+}
+
+void SimulatedDesk::requestMove(WindowID id, const Rect& frame) {
+    window(id).frame = frame;
+    m_requests.push_back(id);
 }
 
 void SimulatedDesk::bringToFront(WindowID id) {

@@ -76,6 +76,8 @@ public:
     [[nodiscard]] SimulatedWindow& window(WindowID id);
     // Moves the window as a drag by the user. Must exist.
     void drag(WindowID id, const Rect& frame);
+    // Moves the window as the window manager does when another program asks it to. Must exist.
+    void requestMove(WindowID id, const Rect& frame);
     // Whether the platform can tell drags from other moves.
     bool detectsDrags = true;
     void bringToFront(WindowID id);
@@ -138,6 +140,7 @@ private:
     std::function<void()> m_reconfigurationHandler;
     std::vector<WindowID> m_moves;
     std::vector<WindowID> m_drags;
+    std::vector<WindowID> m_requests;
     std::vector<double> m_captures;
     std::unique_ptr<AccessibilityPort> m_accessibility;
     AccessibilityDesk m_port;

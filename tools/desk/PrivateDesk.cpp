@@ -30,6 +30,8 @@ PrivateDesk::PrivateDesk(const std::vector<MonitorPlace>& monitors, const std::s
       m_connection(m_server.display()), m_monitors(m_connection) {
     // With the server's own fonts, xterm 379 idles for five seconds on every other start.
     m_home.write(".Xdefaults", "XTerm*faceName: Monospace\nXTerm*faceSize: 10\n");
+    // Without a configuration of the user's, or with an older version's, i3 opens a dialog.
+    m_home.write(".i3/config", "# i3 config file (v4)\nfont pango:Monospace 10\n");
     m_monitors.arrange(monitors);
     if (!windowManager.empty()) {
         startWindowManager(windowManager);

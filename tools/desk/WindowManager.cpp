@@ -14,8 +14,6 @@ std::vector<std::string> commandFor(const std::string& name) {
         {"openbox", {"openbox", "--sm-disable"}},
         {"xfwm4", {"xfwm4", "--compositor=off"}},
         {"xfwm4 with its compositor", {"xfwm4", "--compositor=on", "--vblank=off"}},
-        // Without a configuration of the user's, i3 opens a dialog.
-        {"i3", {"i3", "-c", "/etc/i3/config"}},
         {"kwin", {"kwin_x11", "--no-kactivities"}},
         {"mutter", {"mutter", "--x11"}},
     };

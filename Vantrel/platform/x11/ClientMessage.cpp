@@ -31,8 +31,10 @@ void sendToWindowManager(const X11Connection& connection, const Event& event) {
     static_assert(sizeof(Event) <= eventSize);
     std::array<char, eventSize> bytes{};
     std::memcpy(bytes.data(), &event, sizeof(Event));
-    xcb_send_event(connection.xcb(), 0, connection.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, bytes.data());
+    // Only the window manager selects this mask. With SubstructureNotify, as others send them, we would
+    // receive our own requests and mistake them for another program's.
+    xcb_send_event(connection.xcb(), 0, connection.root(), XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   bytes.data());
 }
 
 } // namespace

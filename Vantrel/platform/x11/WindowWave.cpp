@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <deque>
 #include <iterator>
 #include <tuple>
@@ -52,6 +53,13 @@ bool isAsCloseAsItGets(const FrameTarget& target, const WindowFacts& facts, cons
     return FrameArithmetic::isAt({.position = target.position}, frameOf(facts)) &&
            hints.explainWidth(request.width.value_or(0), actual.width) &&
            hints.explainHeight(request.height.value_or(0), actual.height);
+}
+
+MoveResize withSize(MoveResize request, const WindowFacts& facts) {
+    const Size size = facts.parts.client.size;
+    request.width = request.width.value_or(static_cast<std::uint32_t>(size.width));
+    request.height = request.height.value_or(static_cast<std::uint32_t>(size.height));
+    return request;
 }
 
 // Whether the window manager may still be waiting for the program to follow an earlier resize.
@@ -108,6 +116,10 @@ std::vector<WindowOutcome> WindowWave::run() {
     }
     look(wanted, WindowScope::placement);
     const WindowManager windowManager = m_context.windowManager;
+    if (windowManager.tiles) {
+        noteTiled(wanted);
+        std::erase_if(wanted, &Move::isTiled);
+    }
     Moves places;
     Moves others;
     for (Move* const move : wanted) {
@@ -140,6 +152,7 @@ std::vector<WindowOutcome> WindowWave::run() {
     std::vector<WindowOutcome> outcomes;
     for (const Move& move : m_moves) {
         outcomes.push_back({.isTaken = move.isTaken,
+                            .isTiled = move.isTiled,
                             .frame = move.isTaken && move.facts && !m_permit.isRevoked()
                                          ? std::optional(frameOf(*move.facts))
                                          : std::nullopt,
@@ -161,6 +174,21 @@ void WindowWave::look(const Moves& moves, WindowScope scope) {
         if (moves[i]->facts && !m_context.marks.isSame(window, moves[i]->facts->isMarked, mark)) {
             moves[i]->facts.reset();
         }
+    }
+}
+
+void WindowWave::noteTiled(const Moves& moves) {
+    xcb_connection_t* const xcb = m_connection.queryConnection();
+    std::vector<xcb_get_property_cookie_t> cookies;
+    cookies.reserve(moves.size());
+    for (const Move* const move : moves) {
+        cookies.push_back(xcb_get_property(xcb, 0, move->window.window, m_connection.atoms().i3FloatingWindow,
+                                           XCB_ATOM_CARDINAL, 0, 1));
+    }
+    for (std::size_t i = 0; i < moves.size(); ++i) {
+        const auto reply = ownReply(xcb_get_property_reply(xcb, cookies[i], nullptr));
+        moves[i]->isTiled =
+            moves[i]->facts && PropertyValues::number(reply, XCB_ATOM_CARDINAL).value_or(0) == 0;
     }
 }
 
@@ -298,6 +326,7 @@ WindowWave::Moves WindowWave::askAndLook(const Moves& moves) {
     const auto hasArrived = [](const Move& move) {
         return FrameArithmetic::isAt(move.target, frameOf(*move.facts));
     };
+    const WindowManager windowManager = m_context.windowManager;
     // All requests are in flight before the first is waited for.
     std::deque<WindowChangeWatch> watches;
     Moves asked;
@@ -307,7 +336,8 @@ WindowWave::Moves WindowWave::askAndLook(const Moves& moves) {
         }
         const auto request = FrameArithmetic::request(move->target, move->facts->parts);
         watches.emplace_back(*m_context.connection, arrival(request, *move));
-        ClientMessage::moveResize(m_connection, move->window.window, request);
+        ClientMessage::moveResize(m_connection, move->window.window,
+                                  windowManager.needsSizes ? withSize(request, *move->facts) : request);
         asked.push_back(move);
     }
     xcb_flush(m_connection.xcb());

@@ -44,10 +44,13 @@ private:
         bool isTaken = false;
         // At the end; only if it has a place.
         bool hasPlace = false;
+        bool isTiled = false;
     };
     using Moves = std::vector<Move*>;
     using IsDone = std::function<bool(const Move&)>;
 
+    // Finds those that a tiling window manager tiles, in one round trip.
+    void noteTiled(const Moves& moves);
     // Looks at all of them in one round trip.
     void look(const Moves& moves, WindowScope scope);
     // What was sent just now may take this long: 1.0 second, and longer for many windows.

@@ -47,6 +47,7 @@ struct X11Atoms {
     xcb_atom_t netWmStateMaximizedVert = XCB_ATOM_NONE;
     xcb_atom_t netWmStateSkipTaskbar = XCB_ATOM_NONE;
 
+    xcb_atom_t i3FloatingWindow = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowType = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowTypeNormal = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowTypeDialog = XCB_ATOM_NONE;

@@ -22,6 +22,7 @@ struct X11Context {
     WindowMarks marks;
     DesktopEntries desktopEntries;
     // As found by the latest capture or by WindowManagerWatch.
+    static_assert(std::atomic<WindowManager>::is_always_lock_free);
     std::atomic<WindowManager> windowManager = WindowManager{};
 
     void noteWindowManager(const WindowManager& found) {

@@ -153,9 +153,18 @@ X11DeskReading::X11DeskReading(std::shared_ptr<X11Context> context) : m_context(
     const Root root(connection);
     const auto checked = PropertyValues::number(root.check, XCB_ATOM_WINDOW).value_or(connection.root());
     const auto checkCookie = WindowManager::askCheck(connection, checked);
+    const auto nameCookie = WindowManager::askName(connection, checked);
     readStack(root.stacking, root.currentDesktop);
     const auto check = ownReply(xcb_get_property_reply(connection.queryConnection(), checkCookie, nullptr));
-    const auto windowManager = WindowManager::from(root.check, check, root.supported, connection.atoms());
+    const auto name = ownReply(xcb_get_property_reply(connection.queryConnection(), nameCookie, nullptr));
+    const auto windowManager =
+        WindowManager::from(root.check, check, name, root.supported, connection.atoms());
+    if (windowManager.tiles) {
+        // Several desktops are visible at once, one per monitor; windows of others are unmapped.
+        for (Window& window : m_stacking) {
+            window.isOnScreen = isOnScreen(window.facts, std::nullopt);
+        }
+    }
     if (!windowManager.isPresent) {
         // The window lists are missing or stale.
         readStack(topLevelWindows(connection), std::nullopt);

@@ -2,6 +2,8 @@
 
 #include "Vantrel/platform/x11/XcbReply.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <tuple>
@@ -76,6 +78,9 @@ X11UserMoveWatch::X11UserMoveWatch(std::shared_ptr<X11Context> desk, xcb_window_
     m_moves = connection.onEvent(XCB_CONFIGURE_NOTIFY, [this](const xcb_generic_event_t& event) {
         noticeMove(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
     });
+    m_requests = connection.onEvent(XCB_CLIENT_MESSAGE, [this](const xcb_generic_event_t& event) {
+        noticeRequest(reinterpret_cast<const xcb_client_message_event_t&>(event));
+    });
     m_focusSelection = connection.selectEvents(client, XCB_EVENT_MASK_FOCUS_CHANGE);
     m_moveSelection = connection.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     connection.synchronize();
@@ -85,6 +90,7 @@ X11UserMoveWatch::~X11UserMoveWatch() {
     m_focusIn.reset();
     m_focusOut.reset();
     m_moves.reset();
+    m_requests.reset();
     if (m_pointer) {
         xcb_discard_reply(m_desk->connection->queryConnection(), m_pointer->sequence);
     }
@@ -112,6 +118,25 @@ void X11UserMoveWatch::noticeMove(const xcb_configure_notify_event_t& event) {
     if (!m_pointer) {
         m_pointer = xcb_query_pointer(connection.queryConnection(), connection.root());
         xcb_flush(connection.queryConnection());
+    }
+}
+
+void X11UserMoveWatch::noticeRequest(const xcb_client_message_event_t& message) {
+    const X11Atoms& atoms = m_desk->connection->atoms();
+    if (message.window != m_client) {
+        return;
+    }
+    // Other states, such as a demand for attention, leave the window in its place.
+    const std::array placing{atoms.netWmStateMaximizedHorz, atoms.netWmStateMaximizedVert,
+                             atoms.netWmStateFullscreen, atoms.netWmStateShaded};
+    const auto isPlacing = [&](xcb_atom_t state) {
+        return std::ranges::find(placing, state) != placing.end();
+    };
+    if (message.type == atoms.netMoveresizeWindow || message.type == atoms.netWmDesktop ||
+        message.type == atoms.wmChangeState ||
+        (message.type == atoms.netWmState &&
+         (isPlacing(message.data.data32[1]) || isPlacing(message.data.data32[2])))) {
+        m_isRequested = true;
     }
 }
 

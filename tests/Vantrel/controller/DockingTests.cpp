@@ -119,12 +119,37 @@ TEST_F(Docking, FollowUpPutsBackWhatTheWindowManagerMovesLateAndUpdatesTheHistor
         2);
 }
 
-TEST_F(Docking, FollowUpIgnoresWindowsThatItsRestoreDidNotPlace) {
-    story.desk.window(story.terminal).behaviour.refusesMoves = true;
+TEST_F(Docking, FollowUpTriesFailedWindowsAgainAndSaysWhichStayOutOfPlace) {
+    const auto refuses = [&](WindowID window, bool isOn) {
+        story.desk.window(window).behaviour.refusesMoves = isOn;
+    };
+    for (const bool detectsDrags : {true, false}) {
+        story.desk.detectsDrags = detectsDrags;
+        undock();
+        refuses(story.terminal, true);
+        refuses(story.browserRight, true);
+        ASSERT_TRUE(dockAndRestore());
+        story.runFor(10);
+        refuses(story.terminal, false);
+        story.runFor(10);
+        EXPECT_EQ(story.frame(story.terminal), home.at(story.terminal));
+        EXPECT_NE(story.frame(story.browserRight), home.at(story.browserRight));
+        refuses(story.browserRight, false);
+        story.move(story.browserRight, home.at(story.browserRight));
+        story.runFor(100);
+    }
+    EXPECT_EQ(story.logged("restore follow-up: put back 1 window"), 2U);
+    EXPECT_EQ(story.logged("restore follow-up: left 1 window out of place"), 2U);
+}
+
+TEST_F(Docking, FollowUpLeavesAWindowThatAnotherProgramHasHadMoved) {
     undock();
-    dock();
-    EXPECT_EQ(story.logged("restore follow-up: "), 0U);
-    EXPECT_THAT(story.messages(), Contains(HasSubstr("; failed: Terminal \"~\" (app rejected the move)")));
+    ASSERT_TRUE(dockAndRestore());
+    const Rect asked{{1700, 100}, {640, 400}};
+    story.desk.requestMove(story.terminal, asked);
+    story.runFor(20);
+    EXPECT_EQ(story.frame(story.terminal), asked);
+    EXPECT_EQ(story.logged("restore follow-up: left 1 window to another program"), 1U);
 }
 
 TEST_F(Docking, FollowUpLeavesAWindowThatTheUserDragsToTheUser) {
