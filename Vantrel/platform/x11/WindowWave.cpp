@@ -126,7 +126,8 @@ std::vector<WindowOutcome> WindowWave::run() {
         if (!move->facts) {
             continue;
         }
-        if (FrameArithmetic::isAt(move->target, frameOf(*move->facts)) && hasPlace(*move)) {
+        move->hasPlace = hasPlace(*move);
+        if (FrameArithmetic::isAt(move->target, frameOf(*move->facts)) && move->hasPlace) {
             move->isTaken = true;
         } else if (windowManager.moves && move->place) {
             places.push_back(move);
