@@ -14,7 +14,7 @@ std::vector<Kept> kept(const RestoreReport& report) {
         if (!move || kind == Kind::skipped) {
             continue;
         }
-        result.push_back({.window = move->window, .target = move->target, .item = i});
+        result.push_back({.window = move->window, .target = move->target, .place = move->place, .item = i});
         if (kind == Kind::failed) {
             result.back().failedAt = move->achieved.value_or(move->from);
         }

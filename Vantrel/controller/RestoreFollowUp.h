@@ -17,6 +17,8 @@ namespace vantrel::RestoreFollowUp {
 struct Kept {
     WindowID window{};
     Rect target;
+    // Its states and desktop, if they matter for reaching the target.
+    std::optional<PlaceTarget> place = std::nullopt;
     // The report's item for this window.
     std::size_t item = 0;
     // Reports whether the user has moved the window since; if so, it stays where it is, whatever else moves

@@ -32,6 +32,18 @@ Finding judge(const Kept& window, const std::optional<Rect>& frame) {
     return window.userMoves->hasSeenRequest() ? Finding::leftToProgram : Finding::missed;
 }
 
+// The frame to judge a window by; none when it is in nobody's way. Whoever has changed the states of a window
+// that had arrived wanted that.
+std::optional<Rect> frameToKeep(const Kept& kept, const DeskWindow& window) {
+    if (!kept.place) {
+        return VisibleWindows::ordinaryFrame(window);
+    }
+    const auto frame = VisibleWindows::placedFrame(window);
+    const bool isUntouched =
+        kept.place->isReached(window.states, window.desktop) || (frame && frame == kept.failedAt);
+    return isUntouched ? frame : std::nullopt;
+}
+
 // Puts displaced windows back. Returns the finding for each window, in order.
 std::vector<Finding> lookAt(const std::vector<Kept>& kept, RestoreEngine::Sizes sizes, Desk& desk,
                             const MovePermit& permit) {
@@ -40,19 +52,21 @@ std::vector<Finding> lookAt(const std::vector<Kept>& kept, RestoreEngine::Sizes 
     std::vector<std::size_t> ordered;
     const auto windows = desk.look(RestoreFollowUp::windowsOf(kept));
     for (std::size_t i = 0; i < kept.size(); ++i) {
-        const auto frame = windows[i] ? VisibleWindows::ordinaryFrame(*windows[i]) : std::nullopt;
+        const auto frame = windows[i] ? frameToKeep(kept[i], *windows[i]) : std::nullopt;
         if (!RestoreFollowUp::isDisplaced(frame, kept[i].target, sizes)) {
             continue;
         }
         findings[i] = judge(kept[i], frame);
         if (findings[i] == Finding::missed) {
             orders.push_back(RestoreEngine::place(kept[i].window, kept[i].target, sizes));
+            orders.back().place = kept[i].place;
             ordered.push_back(i);
         }
     }
     const auto outcomes = desk.arrange(orders, permit);
     for (std::size_t i = 0; i < ordered.size(); ++i) {
-        if (RestoreEngine::isReached(outcomes[i].frame, kept[ordered[i]].target, sizes)) {
+        if (outcomes[i].hasPlace &&
+            RestoreEngine::isReached(outcomes[i].frame, kept[ordered[i]].target, sizes)) {
             findings[ordered[i]] = Finding::putBack;
         }
     }

@@ -4,9 +4,10 @@ namespace vantrel {
 
 std::optional<PlaceTarget> PlaceTarget::of(const WindowRecord& saved, const WindowRecord& live) {
     PlaceTarget target{.states = saved.states, .desktop = saved.desktop, .normalFrame = saved.normalFrame};
-    // Such a window needs its states to reach its frame.
-    const bool isStretched = saved.states.isMaximized() || saved.states.isFullscreen;
-    if (!isStretched && target.isReached(live.states, live.desktop)) {
+    // Such a window is not where it belongs without its states.
+    const bool isSpecial =
+        saved.states.isMaximized() || saved.states.isFullscreen || saved.states.isMinimized;
+    if (!isSpecial && target.isReached(live.states, live.desktop)) {
         return std::nullopt;
     }
     return target;

@@ -65,7 +65,10 @@ void moveRules(StoreFile& file, const std::map<std::string, std::string>& displa
     }
     for (AppRule& rule : *file.rules) {
         auto* const forced = std::get_if<AppRule::ForceDisplay>(&rule.action);
-        const auto present = forced != nullptr ? displays.find(forced->uuid) : displays.end();
+        if (forced == nullptr) {
+            continue;
+        }
+        const auto present = displays.find(forced->uuid);
         if (present != displays.end()) {
             forced->uuid = present->second;
         }

@@ -87,6 +87,22 @@ TEST_F(EveryWindow, APlaceThatARestoreCouldNotReachIsKeptUntilTheWindowIsMovedOr
     EXPECT_EQ(story.frame(story.terminal), left);
 }
 
+TEST_F(EveryWindow, TheFollowUpMovesAMinimizedWindowBackWithoutShowingItAndLeavesOneThatWasShown) {
+    story.desk.window(story.browserRight).isMinimized = true;
+    story.desk.window(story.terminal).isMinimized = true;
+    story.learn();
+    undock();
+    story.desk.habits.meddlingDelays = {1.9};
+    story.desk.change(DeskSetup::named("laptop-and-monitor"));
+    ASSERT_TRUE(awaitRestore(true) && awaitRestore(false));
+    story.desk.window(story.terminal).isMinimized = false;
+    story.runFor(14);
+    EXPECT_EQ(story.frame(story.browserRight), home.at(story.browserRight));
+    EXPECT_TRUE(story.desk.window(story.browserRight).isMinimized);
+    EXPECT_FALSE(story.desk.window(story.terminal).isMinimized);
+    EXPECT_NE(story.frame(story.terminal), home.at(story.terminal)) << "the window manager's doing";
+}
+
 TEST_F(EveryWindow, ScenesAndStashesHoldWhatCanBeSeen) {
     story.desk.window(story.browserRight).isMinimized = true;
     story.controller->scenes().saveCurrentAsScene("Work", {});
