@@ -64,7 +64,7 @@ struct Word {
     Use use = Use::usual;
     // The option that cannot be given with this one, if any.
     const char* excluded = nullptr;
-    // The value of a number that was not typed.
+    // The value of a number that was left out.
     unsigned fallback = 0;
 };
 
@@ -76,7 +76,7 @@ struct Verb {
     std::vector<Word> words{};
     // The method's arguments; the words' values in their order unless stated.
     std::function<std::vector<std::string>(const Typed&)> arguments{};
-    // Printed below the help. A verb with examples only holds those below it.
+    // Printed below the help. A verb with examples does nothing itself; it only groups the verbs below it.
     const char* examples = nullptr;
 };
 

@@ -16,7 +16,7 @@ public:
     PendingReply(ControlReply reply, ErrorBoundary::Log log)
         : m_reply(std::move(reply)), m_log(std::move(log)) {}
 
-    // All references to the reply were dropped without an answer.
+    // Answers with an error if nothing else has answered.
     ~PendingReply() {
         answer(std::unexpected(
             ControlRefusal{ControlNames::failed, "An error stopped the command. See the log for details."}));

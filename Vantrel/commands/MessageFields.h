@@ -1,6 +1,6 @@
 // Writes and reads messages as JSON objects. A message lists its keys once, in a static member function
-// `fields(self, field)` that calls `field(key, self.member)` for each. Optional members are left out when
-// absent; reading throws JsonCoding::Error when another one is missing.
+// `fields(self, field)` that calls `field(key, self.member)` for each. Optional members without a value are
+// not written; reading throws JsonCoding::Error when any other member is missing.
 #pragma once
 
 #include "VantrelCore/model/JsonCoding.h"

@@ -52,7 +52,6 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
       m_stashes(m_context, m_runner, m_stores.stashes), m_sameDesk(m_context, m_stores),
       m_displaySwap(m_context, m_runner), m_automaticRestore(m_context, m_runner),
-
       m_displayChange(m_context, m_learning, m_runner, m_automaticRestore), m_sleepWake(m_context, m_runner),
       m_launchPlacement(m_context), m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
       m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),

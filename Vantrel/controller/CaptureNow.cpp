@@ -48,6 +48,7 @@ void perform(ControllerContext& context, DeskCapture::Reach reach, std::function
          began = context.gate.now()](const std::optional<DeskCapture::Picture>& picture) {
             Result result = std::unexpected(picture ? Kind::displaysChanging : Kind::captureFailed);
             if (picture && context.gate.isUndisturbed(began) && context.isDeskCurrent()) {
+                context.normalFrames.remember(picture->windows);
                 Layout layout = context.layoutOf(*picture, displays);
                 if (reach == DeskCapture::Reach::visible) {
                     layout.otherWindows.clear();

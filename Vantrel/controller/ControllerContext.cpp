@@ -93,8 +93,7 @@ Layout ControllerContext::fittedToDesk(const Layout& layout) {
 }
 
 Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,
-                                   const std::vector<DisplayInfo>& displays) {
-    m_normalFrames.remember(picture.windows);
+                                   const std::vector<DisplayInfo>& displays) const {
     Layout layout{.configID = state().configID,
                   .name = state().deskName(),
                   .layoutName = state().activeLayoutName,
@@ -103,7 +102,7 @@ Layout ControllerContext::layoutOf(const DeskCapture::Picture& picture,
                   .savedAt = picture.takenAt,
                   .pinned = std::nullopt};
     for (const LiveWindow& window : picture.windows) {
-        (window.isVisible ? layout.windows : layout.otherWindows).push_back(m_normalFrames.recordOf(window));
+        (window.isVisible ? layout.windows : layout.otherWindows).push_back(normalFrames.recordOf(window));
     }
     return layout;
 }

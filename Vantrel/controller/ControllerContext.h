@@ -44,6 +44,7 @@ public:
     WindowNotes notes;
     // Windows that the last restores could not put in place.
     StrayPlaces strays;
+    NormalFrames normalFrames;
 
     // This program's own bundle ID; its windows are never captured.
     std::optional<std::string> ownBundleID;
@@ -78,7 +79,7 @@ public:
     // Makes a layout from a capture of the current desk. Keeps the name that the user gave the desk. With
     // the other windows, its windows are in the order of the picture's.
     [[nodiscard]] Layout layoutOf(const DeskCapture::Picture& picture,
-                                  const std::vector<DisplayInfo>& displays);
+                                  const std::vector<DisplayInfo>& displays) const;
     [[nodiscard]] DeskCapture::Scope captureScope(std::vector<DisplayInfo> displays);
 
     // Publishes the desk and its stored layouts.
@@ -145,7 +146,6 @@ private:
     void publishStored(LayoutsTopic& layouts);
 
     AppLog& m_log;
-    NormalFrames m_normalFrames;
     // Continuations of the running background work, by work ID.
     std::map<std::uint64_t, std::function<void()>> m_waitingForWork;
     std::uint64_t m_nextWork = 0;

@@ -32,7 +32,8 @@ struct ControllerStores {
     [[nodiscard]] static std::expected<ControllerStores, std::error_code>
     open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock);
 
-    // Reads every file that is not in the cache: at once the first time, later in the background.
+    // Reads the files that are not in the cache. The first call reads them at once, later ones in the
+    // background.
     void readAll();
 };
 

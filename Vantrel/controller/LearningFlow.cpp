@@ -58,6 +58,7 @@ void LearningFlow::keepForAdoption(const Layout& layout, std::vector<LiveWindow>
 }
 
 void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<DisplayInfo>& displays) {
+    m_context.normalFrames.remember(picture.windows);
     const Layout actual = m_context.layoutOf(picture, displays);
     const Picture wanted{m_context.strays.corrected(actual.configID, picture.windows), picture.takenAt};
     const Layout layout = m_context.layoutOf(wanted, displays);

@@ -131,6 +131,7 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     if (request.purpose != RestorePurpose::undo) {
         m_context.notes.note(request.layout, result.report);
     }
+    m_context.normalFrames.remember(request.layout, result.report);
     if (request.purpose == RestorePurpose::restore &&
         request.layout.layoutName == m_context.state().activeLayoutName) {
         m_context.strays.note(request.layout, result.report);

@@ -22,6 +22,8 @@ struct PlaceStates {
 
     [[nodiscard]] bool isOrdinary() const { return *this == PlaceStates{}; }
     [[nodiscard]] bool isMaximized() const { return isMaximizedHorizontally || isMaximizedVertically; }
+    // Its frame is the display's rather than its own.
+    [[nodiscard]] bool isStretched() const { return isFullscreen || isMaximized(); }
 };
 
 // An array of the names of those that are set; unknown names are ignored.

@@ -5,8 +5,7 @@ namespace vantrel {
 std::optional<PlaceTarget> PlaceTarget::of(const WindowRecord& saved, const WindowRecord& live) {
     PlaceTarget target{.states = saved.states, .desktop = saved.desktop, .normalFrame = saved.normalFrame};
     // Such a window is not where it belongs without its states.
-    const bool isSpecial =
-        saved.states.isMaximized() || saved.states.isFullscreen || saved.states.isMinimized;
+    const bool isSpecial = saved.states.isStretched() || saved.states.isMinimized;
     if (!isSpecial && target.isReached(live.states, live.desktop)) {
         return std::nullopt;
     }
@@ -18,10 +17,10 @@ bool PlaceTarget::isReached(const PlaceStates& actual,
     const bool isOnDesktop = states.isOnAllDesktops
                                  ? actual.isOnAllDesktops
                                  : !desktop || (desktop == actualDesktop && !actual.isOnAllDesktops);
-    const bool isStretched =
+    const bool isMaximizedAlike =
         !states.isMaximized() || (states.isMaximizedHorizontally == actual.isMaximizedHorizontally &&
                                   states.isMaximizedVertically == actual.isMaximizedVertically);
-    return isOnDesktop && isStretched && states.isMinimized == actual.isMinimized &&
+    return isOnDesktop && isMaximizedAlike && states.isMinimized == actual.isMinimized &&
            states.isFullscreen == actual.isFullscreen && (!states.isShaded || actual.isShaded) &&
            (!states.isAbove || actual.isAbove);
 }

@@ -4,19 +4,11 @@
 
 namespace vantrel {
 
-namespace {
-
-bool isStretched(const PlaceStates& states) {
-    return states.isMaximized() || states.isFullscreen;
-}
-
-} // namespace
-
 void NormalFrames::remember(const std::vector<LiveWindow>& windows) {
     std::map<WindowID, Rect> frames;
     for (const LiveWindow& window : windows) {
         const auto known = m_frames.find(window.id);
-        if (!isStretched(window.record.states)) {
+        if (!window.record.states.isStretched()) {
             frames.emplace(window.id, window.record.frame);
         } else if (known != m_frames.end()) {
             frames.insert(*known);
@@ -25,10 +17,25 @@ void NormalFrames::remember(const std::vector<LiveWindow>& windows) {
     m_frames = std::move(frames);
 }
 
+void NormalFrames::remember(const Layout& layout, const RestoreReport& report) {
+    using enum RestoreReport::Kind;
+    for (const auto& [appName, bundleID, title, outcome, saved, move] : report.items) {
+        if (!saved || !move || (outcome.kind != restored && outcome.kind != retried)) {
+            continue;
+        }
+        const WindowRecord& record = layout.windows[*saved];
+        if (!record.states.isStretched()) {
+            m_frames.insert_or_assign(move->window, record.frame);
+        } else if (record.normalFrame) {
+            m_frames.insert_or_assign(move->window, *record.normalFrame);
+        }
+    }
+}
+
 WindowRecord NormalFrames::recordOf(const LiveWindow& window) const {
     WindowRecord record = window.record;
     const auto known = m_frames.find(window.id);
-    if (known != m_frames.end() && isStretched(record.states)) {
+    if (known != m_frames.end() && record.states.isStretched()) {
         record.normalFrame = known->second;
     }
     return record;

@@ -2,7 +2,9 @@
 // window was last seen as an ordinary one.
 #pragma once
 
+#include "VantrelCore/model/Layout.h"
 #include "VantrelCore/windows/LiveWindow.h"
+#include "VantrelCore/windows/RestoreReport.h"
 
 #include <map>
 #include <vector>
@@ -13,6 +15,8 @@ class NormalFrames {
 public:
     // Takes a capture of every window, front to back. Forgets windows that no longer exist.
     void remember(const std::vector<LiveWindow>& windows);
+    // Takes what a restore of the layout has put back, until the next capture.
+    void remember(const Layout& layout, const RestoreReport& report);
 
     // Fills in `normalFrame` for maximised and full-screen windows, where known.
     [[nodiscard]] WindowRecord recordOf(const LiveWindow& window) const;

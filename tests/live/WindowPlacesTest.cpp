@@ -1,4 +1,4 @@
-// Windows that are more than a frame: minimised, maximised, full screen, on another virtual desktop.
+// Windows whose place is more than a frame: minimised, maximised, full screen, on another virtual desktop.
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/VisibleWindows.h"

@@ -63,7 +63,7 @@ public:
     void setWallClock(Date date);
     // Called by ports whose call may have to wait for the disk or the display server.
     void noteWait(const std::string& what);
-    // What turns of the main queue, and not tests or background jobs, waited for outside a UserEdit.
+    // What the main queue's own work waited for, outside a UserEdit. Tests and background jobs may wait.
     [[nodiscard]] const std::vector<std::string>& mainThreadWaits() const { return m_mainThreadWaits; }
     // Whether the caller is a background job and so may sleep.
     [[nodiscard]] static bool isOnWorker();

@@ -24,7 +24,7 @@ ControlAnswer unknownApp(AppController& controller, const std::string& called) {
                                known.empty() ? "" : " Known applications: " + known + "."));
 }
 
-// Finds a display among connected and remembered ones.
+// Finds a display among the connected and the remembered ones.
 std::expected<DisplayInfo, std::string> display(AppController& controller, const std::string& called) {
     std::vector<std::vector<DisplayInfo>> desks{controller.published().displays};
     for (const Layout& layout : controller.allLayouts()) {

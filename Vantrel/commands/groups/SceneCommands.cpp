@@ -116,8 +116,8 @@ ControlAnswer setOpensMissingApps(const BusCall& call, const Scene& scene) {
                : refused("The argument opens must be \"true\" or \"false\".");
 }
 
-// Sets the wallpaper of one display, as DisplayLabels::resolve() finds it, or of all displays when `display`
-// is empty. An empty path removes it.
+// Sets the wallpaper of the display that DisplayLabels::resolve() finds, or of every display if `display` is
+// empty. An empty path removes the wallpaper.
 ControlAnswer setWallpaper(const BusCall& call, const Scene& scene) {
     const auto& [display, path] = std::tie(call[1], call[2]);
     SceneWallpaper wallpaper = scene.wallpaper.value_or(SceneWallpaper{});

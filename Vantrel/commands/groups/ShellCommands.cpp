@@ -23,7 +23,7 @@ ExitCode printManual(const VerbCall& call) {
     return ExitCode::done;
 }
 
-// Fails where the shell should offer files.
+// Exits with an error where the shell should complete file names instead.
 ExitCode complete(const VerbCall& call) {
     auto words = call.typed.all("WORD");
     if (words.empty()) {

@@ -24,6 +24,9 @@ enum class WindowScope : std::uint8_t {
 };
 
 struct WindowFacts {
+    // As the user sees it, in root coordinates.
+    [[nodiscard]] Rect frame() const { return FrameArithmetic::visibleFrame(parts); }
+
     FrameParts parts;
     // See WindowMarks.
     bool isMarked = false;

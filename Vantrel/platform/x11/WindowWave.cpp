@@ -36,10 +36,6 @@ std::vector<Rect> monitors(const X11Connection& connection) {
     return areas;
 }
 
-Rect frameOf(const WindowFacts& facts) {
-    return FrameArithmetic::visibleFrame(facts.parts);
-}
-
 bool isFinite(const FrameTarget& target) {
     const auto& [position, size] = target;
     return (!position || (std::isfinite(position->x) && std::isfinite(position->y))) &&
@@ -50,7 +46,7 @@ bool isFinite(const FrameTarget& target) {
 bool isAsCloseAsItGets(const FrameTarget& target, const WindowFacts& facts, const SizeHints& hints) {
     const auto request = FrameArithmetic::request(target, facts.parts);
     const Size actual = facts.parts.client.size;
-    return FrameArithmetic::isAt({.position = target.position}, frameOf(facts)) &&
+    return FrameArithmetic::isAt({.position = target.position}, facts.frame()) &&
            hints.explainWidth(request.width.value_or(0), actual.width) &&
            hints.explainHeight(request.height.value_or(0), actual.height);
 }
@@ -127,7 +123,7 @@ std::vector<WindowOutcome> WindowWave::run() {
             continue;
         }
         move->hasPlace = hasPlace(*move);
-        if (FrameArithmetic::isAt(move->target, frameOf(*move->facts)) && move->hasPlace) {
+        if (FrameArithmetic::isAt(move->target, move->facts->frame()) && move->hasPlace) {
             move->isTaken = true;
         } else if (windowManager.moves && move->place) {
             places.push_back(move);
@@ -155,7 +151,7 @@ std::vector<WindowOutcome> WindowWave::run() {
         outcomes.push_back({.isTaken = move.isTaken,
                             .isTiled = move.isTiled,
                             .frame = move.isTaken && move.facts && !m_permit.isRevoked()
-                                         ? std::optional(frameOf(*move.facts))
+                                         ? std::optional(move.facts->frame())
                                          : std::nullopt,
                             .hasPlace = !move.place || move.hasPlace});
     }
@@ -272,7 +268,7 @@ WindowWave::Moves WindowWave::moveMaximized(const Moves& moves) {
     // The borders of an ordinary window are known only once it is one.
     lookAfterFence(others);
     std::erase_if(others, [](Move* move) {
-        move->isTaken = move->facts && FrameArithmetic::isAt(move->target, frameOf(*move->facts));
+        move->isTaken = move->facts && FrameArithmetic::isAt(move->target, move->facts->frame());
         return !move->facts || move->isTaken;
     });
     return others;
@@ -299,7 +295,7 @@ void WindowWave::askToMoveMaximized(const Move& move) {
 void WindowWave::moveOrdinary(Moves moves) {
     constexpr int attempts = 2;
     for (Move* const move : moves) {
-        move->from = frameOf(*move->facts);
+        move->from = move->facts->frame();
     }
     for (int attempt = 0; attempt < attempts && !moves.empty() && !m_isWindowManagerStuck; ++attempt) {
         moves = askAndLook(moves);
@@ -316,16 +312,16 @@ void WindowWave::moveOrdinary(Moves moves) {
     }
     if (!slow.empty() && !m_isWindowManagerStuck) {
         lookUntil(slow,
-                  [](const Move& move) { return FrameArithmetic::isAt(move.target, frameOf(*move.facts)); });
+                  [](const Move& move) { return FrameArithmetic::isAt(move.target, move.facts->frame()); });
     }
     for (Move* const move : moves) {
-        move->isTaken = move->isTaken || (move->facts && frameOf(*move->facts) != move->from);
+        move->isTaken = move->isTaken || (move->facts && move->facts->frame() != move->from);
     }
 }
 
 WindowWave::Moves WindowWave::askAndLook(const Moves& moves) {
     const auto hasArrived = [](const Move& move) {
-        return FrameArithmetic::isAt(move.target, frameOf(*move.facts));
+        return FrameArithmetic::isAt(move.target, move.facts->frame());
     };
     const WindowManager windowManager = m_context.windowManager;
     // All requests are in flight before the first is waited for.

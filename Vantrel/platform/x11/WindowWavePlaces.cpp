@@ -12,14 +12,6 @@ namespace {
 
 using enum ClientMessage::Setting;
 
-bool isStretched(const PlaceStates& states) {
-    return states.isMaximized() || states.isFullscreen;
-}
-
-Rect frameOf(const WindowFacts& facts) {
-    return FrameArithmetic::visibleFrame(facts.parts);
-}
-
 std::optional<std::int64_t> desktopOf(const WindowFacts& facts) {
     return facts.desktop && *facts.desktop != allDesktops ? facts.desktop : std::nullopt;
 }
@@ -80,11 +72,11 @@ WindowWave::Moves WindowWave::beginPlaces(const Moves& moves) {
         if (!move->facts || m_permit.isRevoked()) {
             continue;
         }
-        if (isStretched(move->place->states)) {
+        if (move->place->states.isStretched()) {
             // xfwm4 4.18 returns from full screen to where the window was before it last left it at once.
             const bool isFullscreen = move->place->states.isFullscreen || move->facts->traits.isFullscreen;
             (isFullscreen ? stepwise : stretched).push_back(move);
-        } else if (FrameArithmetic::isAt(move->target, frameOf(*move->facts))) {
+        } else if (FrameArithmetic::isAt(move->target, move->facts->frame())) {
             move->isTaken = true;
         } else if (!move->facts->traits.isFullscreen) {
             others.push_back(move);
@@ -143,7 +135,7 @@ void WindowWave::leaveStates(const Move& move) {
 }
 
 void WindowWave::askForNormalFrame(const Move& move) {
-    const FrameTarget normal = normalTarget(move.target, *move.place, frameOf(*move.facts));
+    const FrameTarget normal = normalTarget(move.target, *move.place, move.facts->frame());
     MoveResize request = FrameArithmetic::request(normal, move.facts->parts);
     if (!normal.size) {
         request.width.reset();
@@ -189,8 +181,8 @@ void WindowWave::finishPlaces(const Moves& moves) {
     lookAfterFence(changed);
     Moves strayed;
     for (Move* const move : moves) {
-        if (move->facts && !isStretched(move->place->states) && !move->facts->traits.isMinimized() &&
-            !FrameArithmetic::isAt(move->target, frameOf(*move->facts)) &&
+        if (move->facts && !move->place->states.isStretched() && !move->facts->traits.isMinimized() &&
+            !FrameArithmetic::isAt(move->target, move->facts->frame()) &&
             std::ranges::find(changed, move) != changed.end()) {
             // A window that is shown again may be placed by the window manager.
             strayed.push_back(move);

@@ -280,7 +280,7 @@ DeskWindow X11DeskReading::describe(const Window& window) {
     result.appName = Unicode::validUtf8(window.app.localizedName.value_or(result.bundleID));
     result.title = Unicode::validUtf8(window.facts.title.value_or(""));
     result.kind = traits.kind();
-    result.frame = FrameArithmetic::visibleFrame(window.facts.parts);
+    result.frame = window.facts.frame();
     result.states = traits.placeStates();
     result.states.isOnAllDesktops = window.facts.desktop == allDesktops;
     result.isOnScreen = window.isOnScreen;

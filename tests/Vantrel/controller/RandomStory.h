@@ -1,7 +1,6 @@
-// A story that a seed makes up: displays come and go, programs misbehave, the user moves windows, saves and
-// restores, programs are launched, the machine sleeps or is locked, the disk fails, the permission is taken
-// away; and after every chapter
-// the laws of the controller are held against what really happened.
+// A story made from a seed: displays come and go, programs misbehave, the user moves windows, saves and
+// restores, programs are launched, the machine sleeps or is locked, the disk fails, the permission is
+// revoked. After every chapter the controller's laws are checked against what really happened.
 #pragma once
 
 #include "tests/Vantrel/controller/Story.h"
@@ -32,6 +31,9 @@ public:
 
 private:
     using Frames = std::vector<Rect>;
+
+    // Longer than learning stays suspended and than every late move of the window manager.
+    static constexpr double restSeconds = 26;
 
     [[nodiscard]] std::size_t below(std::size_t bound) { return m_random() % bound; }
     [[nodiscard]] bool happens(std::size_t percent) { return below(100) < percent; }

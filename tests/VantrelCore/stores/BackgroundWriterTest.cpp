@@ -56,7 +56,7 @@ protected:
     Lines onDisk() { return open(nullptr).load().lines; }
 };
 
-TEST_F(BackgroundWriterTest, WritesOnlyTheNewestContentAndTellsEveryChangeItsOutcome) {
+TEST_F(BackgroundWriterTest, WritesOnlyTheNewestContentAndReportsTheOutcomeOfEveryChange) {
     addLater("one");
     addLater("two");
     EXPECT_EQ(m_store.load().lines, (Lines{"one", "two"})) << "shown at once";
