@@ -5,7 +5,7 @@
 namespace vantrel {
 namespace {
 
-TEST(HeldKeys, APressBeginsOnceHoweverOftenItRepeatsAndAgainAfterItsReleaseSeenOrNot) {
+TEST(HeldKeys, IgnoresRepeatsButNoPressAfterARelease) {
     constexpr xcb_timestamp_t nearTheClocksEnd = 0xffffffffU - 500;
     HeldKeys keys;
     EXPECT_TRUE(keys.press(27, nearTheClocksEnd));

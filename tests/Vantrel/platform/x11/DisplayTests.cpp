@@ -1,9 +1,12 @@
+// The list of displays, and the identity data of monitors.
 #include "Vantrel/platform/x11/DisplayList.h"
-
+#include "Vantrel/platform/x11/Edid.h"
+#include "VantrelCore/displays/DisplayIdentity.h"
 #include "tools/desk/EdidBlock.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
+#include <span>
 #include <string>
 
 namespace vantrel {
@@ -13,6 +16,7 @@ using testing::ElementsAre;
 using testing::Field;
 using testing::SizeIs;
 using tools::edidBlock;
+using tools::EdidPlan;
 
 const Rect panelArea{{0, 0}, {1920, 1080}};
 const Rect deskArea{{1920, 0}, {2560, 1440}};
@@ -42,7 +46,7 @@ TEST(DisplayList, BeginsWithThePrimaryDisplayWhateverTheServersOrder) {
     EXPECT_EQ(DisplayList::displays(monitors), listed);
 }
 
-TEST(DisplayList, TellsLaptopPanelsByTheirConnector) {
+TEST(DisplayList, RecognisesLaptopPanelsByTheirConnector) {
     for (const char* connector : {"eDP-1", "eDP1", "eDP-1-1", "LVDS-1", "LVDS", "DSI-1"}) {
         EXPECT_TRUE(DisplayList::isBuiltinConnector(connector)) << connector;
     }
@@ -140,6 +144,59 @@ TEST(DisplayList, KeepsTheUsersDivisionOfAMonitor) {
 TEST(DisplayList, IsEmptyWithoutMonitorsAndSkipsAreasOfNoSize) {
     EXPECT_THAT(DisplayList::displays({}), SizeIs(0));
     EXPECT_THAT(DisplayList::displays({monitor({}, "DP-1"), monitor(deskArea, "DP-2")}), SizeIs(1));
+}
+
+Edid parsed(const EdidPlan& plan) {
+    return EdidBlock::parse(edidBlock(plan)).value_or(Edid{});
+}
+
+std::string edidUUIDOf(const EdidPlan& plan) {
+    const auto bytes = edidBlock(plan);
+    return EdidBlock::edidUUID(bytes, parsed(plan));
+}
+
+TEST(EdidBlock, ReadsTextsWithoutUnprintableCharacters) {
+    EXPECT_EQ(parsed({.manufacturer = "DEL",
+                      .product = 0xA0B1,
+                      .serialNumber = 0x12345678,
+                      .name = " A\tB\x07 C  ",
+                      .serialText = "CN0123456789A"}),
+              (Edid{"DEL", 0xA0B1, 0x12345678, "AB C", "CN0123456789A"}));
+}
+
+TEST(EdidBlock, RefusesDamagedAndTruncatedData) {
+    const auto good = edidBlock({.serialNumber = 5, .name = "Good"});
+    ASSERT_TRUE(EdidBlock::parse(good));
+    EXPECT_FALSE(EdidBlock::parse({}));
+    EXPECT_FALSE(EdidBlock::parse(std::span(good).first(127)));
+    for (const std::size_t at : {0U, 7U, 12U, 60U, 127U}) {
+        auto damaged = good;
+        damaged[at] ^= 0x10;
+        EXPECT_FALSE(EdidBlock::parse(damaged)) << at;
+    }
+}
+
+TEST(DisplayUUID, IsMadeOfTheWholeBlockAndTheConnector) {
+    const auto one = edidBlock({.serialNumber = 1});
+    auto extended = one;
+    extended.resize(256, 0);
+    EXPECT_NE(EdidBlock::displayUUID(one, ""), EdidBlock::displayUUID(extended, ""));
+    EXPECT_NE(EdidBlock::displayUUID(one, "DP-1"), EdidBlock::displayUUID(one, "DP-2"));
+    // Stored layouts depend on it: it may never change.
+    EXPECT_EQ(EdidBlock::displayUUID(edidBlock({}), "DP-1"), "BAE3E99F-0A17-833F-81B4-B9A0BB6632D6");
+}
+
+TEST(EdidUUID, CarriesTheSerialNumberInItsSecondAndThirdGroup) {
+    EXPECT_EQ(edidUUIDOf({.manufacturer = "DEL", .product = 0xD04A, .serialNumber = 0x11223344}),
+              "10AC4AD0-4433-2211-0C22-0104803C2200");
+}
+
+TEST(EdidUUID, ShowsThatTheSerialNumberIsMissing) {
+    using DisplayIdentity::serialFieldMissing;
+    EXPECT_TRUE(serialFieldMissing(edidUUIDOf({})));
+    EXPECT_TRUE(serialFieldMissing(edidUUIDOf({.serialNumber = 0x01010101})));
+    EXPECT_FALSE(serialFieldMissing(edidUUIDOf({.serialText = "XK77"})));
+    EXPECT_NE(edidUUIDOf({.serialText = "XK77"}), edidUUIDOf({.serialText = "XK78"}));
 }
 
 } // namespace
