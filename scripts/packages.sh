@@ -31,6 +31,7 @@ packages_build=(
 packages_run=(
     dbus
     fonts-dejavu-core
+    libqt6svg6
     tzdata
 )
 
@@ -41,6 +42,7 @@ packages_test=(
     featherpad
     fish
     fluxbox
+    fonts-inter
     galculator
     gsettings-desktop-schemas
     i3-wm

@@ -105,7 +105,7 @@ Label labelOn(const Rect& piece, const LabelOptions& options) {
     constexpr double heightShare = 0.46;
     constexpr double distance = 2.5;
     constexpr double padding = 5;
-    constexpr double margin = 3;
+    constexpr double margin = 2.5;
     const double wanted = std::clamp(std::min(piece.width() * widthShare, piece.height() * heightShare),
                                      options.smallestIcon, options.largestIcon);
     const double nameRoom = piece.width() - 2 * padding;

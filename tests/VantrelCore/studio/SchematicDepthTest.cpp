@@ -122,7 +122,7 @@ TEST(SchematicDepth, TheNameStandsBelowTheIconWhenBothFit) {
         {"too narrow for a name", {50, 60}, 90, 25, std::nullopt},
         {"short name in a narrow piece", {40, 60}, 28, 20, 28},
         {"too low for a name", {100, 30}, 40, 13.8, std::nullopt},
-        {"smallest", {13, 13}, 40, 7, std::nullopt},
+        {"smallest", {13, 13}, 40, 8, std::nullopt},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);

@@ -1,0 +1,9 @@
+// What assistive technology sees of a drawing: a list of its windows in reading order.
+#pragma once
+
+namespace vantrel::DeskAccessible {
+
+// Makes every DeskView accessible; further calls do nothing.
+void install();
+
+} // namespace vantrel::DeskAccessible

@@ -1,0 +1,13 @@
+// Reads the path data of SVG, in which our symbols are drawn.
+#pragma once
+
+#include <QPainterPath>
+
+#include <string_view>
+
+namespace vantrel {
+
+// Stops at the first command that is not path data.
+[[nodiscard]] QPainterPath svgPath(std::string_view data);
+
+} // namespace vantrel
