@@ -114,17 +114,6 @@ TEST(LicenseDocument, RejectsEveryForgery) {
     EXPECT_EQ(problemOf(text, {"license-0", "license-1"}), deactivated);
 }
 
-TEST(LicenseDocument, RejectsEverySingleChangedByte) {
-    const std::string text = good.dump();
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        for (const char flip : {'\x01', '\x20'}) {
-            auto changed = text;
-            changed[i] = static_cast<char>(changed[i] ^ flip);
-            EXPECT_NE(problemOf(changed), std::nullopt) << i << ": " << changed[i];
-        }
-    }
-}
-
 TEST(LicenseDocument, RejectsMalformedPublicKeys) {
     const std::string whole = TestLicense::publicKey();
     for (const auto& wrong : {std::string(), whole.substr(2), whole + "00", whole.substr(1) + "g"}) {

@@ -9,7 +9,6 @@
 #include <gmock/gmock.h>
 #include <iterator>
 #include <limits>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -141,33 +140,6 @@ TEST_F(JsonStoreTest, KeepsTheNewestFiveCopies) {
     EXPECT_EQ(open().load(), Notes{});
     EXPECT_EQ(copy(".4"), "damaged 3");
     EXPECT_EQ(copy(".2"), "damaged 6");
-}
-
-TEST_F(JsonStoreTest, NoFaultWhileMovingAFileAsideLosesACopy) {
-    const auto contents = [&] {
-        std::set<std::string> all;
-        for (const auto& file : m_files.files()) {
-            all.insert(m_files.content(file).value());
-        }
-        return all;
-    };
-    // Reading, listing and four renames.
-    for (std::size_t step = 0; step < 6; ++step) {
-        m_files.put(m_file, "newest");
-        m_files.put(m_corrupt, "second");
-        m_files.put(m_corrupt.string() + ".1", "third");
-        m_files.put(m_corrupt.string() + ".2", "fourth");
-        for (const char* const number : {".3", ".4"}) {
-            EXPECT_FALSE(m_files.remove(m_corrupt.string() + number));
-        }
-        const auto before = contents();
-        m_store = open();
-        m_files.failOnceAfter(step, std::errc::io_error);
-        EXPECT_EQ(m_store.load(), Notes{});
-        EXPECT_EQ(contents(), before) << step;
-        EXPECT_TRUE(add("one")) << "the next use moves it aside";
-        EXPECT_EQ(contents().size(), 5U) << step;
-    }
 }
 
 TEST_F(JsonStoreTest, PutsAnUnreadableFileBackAtTheNextUseOrStart) {

@@ -1,10 +1,8 @@
-// Moving windows: scripted ones for the order of calls, the simulated desk for workers that really wait.
+// Moving scripted windows: what is asked of them, in which order, and what is reported.
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/AXWindowHandle.h"
-#include "VantrelCore/windows/VisibleWindows.h"
 #include "VantrelCore/windows/WindowPairing.h"
 #include "tests/VantrelCore/windows/ScriptedWindow.h"
-#include "tests/simulated/SimulatedDesk.h"
 
 #include <algorithm>
 #include <fmt/ranges.h>
@@ -103,17 +101,6 @@ TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
     }
 }
 
-TEST(RestoreEngine, ABrokenWindowDoesNotAffectTheOthers) {
-    SavedDesk desk;
-    desk.add("app", "bad").doesThrow = true;
-    desk.add("app", "unreadable").attributes.size.reset();
-    const ScriptedWindow& good = desk.add("app", "good");
-    EXPECT_THAT(desk.restore({.raising = Raising::raise}).items,
-                ElementsAre(Field(&Item::outcome, rejected), Field(&Item::outcome, drifted),
-                            Field(&Item::outcome, restored)));
-    EXPECT_EQ(good.attributes.frame(), target);
-}
-
 TEST(RestoreEngine, RestoresAppsInByteOrderAndTheLastOnesInTheirOwnWave) {
     SavedDesk desk;
     desk.add("b", "b1");
@@ -183,14 +170,6 @@ TEST(RestoreEngine, ARevokedPermitMovesAndRaisesNothing) {
     EXPECT_FALSE(desk.permit.isUsed());
 }
 
-TEST(RestoreOrder, KeepsTheGivenOrderAndOmitsEmptyWaves) {
-    using Waves = std::vector<std::vector<std::string>>;
-    EXPECT_EQ(RestoreOrder::waves({}, {"a"}), Waves{});
-    EXPECT_EQ(RestoreOrder::waves({"b", "a"}, {}), (Waves{{"b", "a"}}));
-    EXPECT_EQ(RestoreOrder::waves({"c", "b", "a"}, {"c", "a"}), (Waves{{"b"}, {"c", "a"}}));
-    EXPECT_EQ(RestoreOrder::waves({"b", "a"}, {"a", "b"}), (Waves{{"b", "a"}}));
-}
-
 constexpr Rect slot{{740, 125}, {700, 600}};
 
 class DesignedPlacementTest : public testing::Test {
@@ -252,12 +231,6 @@ TEST_F(DesignedPlacementTest, FailsWhenAWindowStraysRejectsOrVanishes) {
     EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::failed());
 }
 
-TEST(SlotAnchor, CentresASmallerSizeAndAlignsALargerOneAtTheTopLeft) {
-    const Rect space{{100, 50}, {400, 300}};
-    EXPECT_EQ(SlotAnchor::anchor({200, 100}, space), (Rect{{200, 150}, {200, 100}}));
-    EXPECT_EQ(SlotAnchor::anchor({500, 900}, space), (Rect{{100, 50}, {500, 900}}));
-}
-
 class AXWindowHandleTest : public testing::Test {
 protected:
     Journal journal;
@@ -307,54 +280,6 @@ TEST_F(AXWindowHandleTest, RefusesInfiniteAndUndefinedNumbers) {
     EXPECT_FALSE(handle.setFrameSizeFirst({{0, infinity}, {10, 10}}));
     EXPECT_FALSE(handle.setPosition({nan, 0}));
     EXPECT_THAT(journal.events(), IsEmpty());
-}
-
-class RestoreOnASimulatedDesk : public testing::Test {
-protected:
-    WindowID openIn(const std::string& app, const simulated::WindowBehaviour& behaviour = {}) {
-        return desk.open(desk.launch("org.example." + app, app), app, {{100, 100}, {400, 300}}, behaviour);
-    }
-
-    // Outlives the desk, whose end waits for the jobs.
-    std::optional<RestoreReport> report;
-    MovePermit permit;
-    simulated::SimulatedTime time;
-    simulated::SimulatedDesk desk{time, simulated::DeskSetup::named("laptop-and-monitor")};
-};
-
-TEST_F(RestoreOnASimulatedDesk, ASlowAppDelaysNoOther) {
-    const auto quick = openIn("Quick");
-    const auto slow = openIn("Slow", {.answerSeconds = 0.3});
-    const auto drifting = openIn("Drifting", {.driftsBack = 2, .driftDelay = 0});
-    openIn("Refusing", {.refusesMoves = true});
-    const Rect place{{150, 150}, {400, 300}};
-    Layout layout;
-    for (const auto& window : desk.windows()) {
-        layout.windows.push_back({"org.example." + window->title, "", "", place, "", 0, std::nullopt});
-    }
-    time.run(WorkPriority::userInitiated, [&] {
-        const auto current = VisibleWindows::ordinary(desk.port().capture({}), {});
-        report = RestoreEngine::restore(layout, current, WindowPairing::pair(layout.windows, {}, current), {},
-                                        desk.port(), permit, time);
-    });
-
-    // Reading the slow application takes 0.3 seconds, each of its three writes and the check as long again.
-    ASSERT_TRUE(time.runUntil([&] { return desk.window(quick).frame == place; }, 5));
-    EXPECT_LT(time.monotonicSeconds(), 0.31);
-    EXPECT_NE(desk.window(slow).frame, place);
-
-    ASSERT_TRUE(time.runUntil([&] { return report.has_value(); }, 10));
-    std::map<std::string, Kind> outcomes;
-    for (const auto& item : report->items) {
-        outcomes[item.bundleID] = item.outcome.kind;
-    }
-    EXPECT_EQ(outcomes, (std::map<std::string, Kind>{{"org.example.Drifting", Kind::retried},
-                                                     {"org.example.Quick", Kind::restored},
-                                                     {"org.example.Refusing", Kind::failed},
-                                                     {"org.example.Slow", Kind::restored}}));
-    EXPECT_EQ(desk.window(slow).frame, place);
-    EXPECT_EQ(desk.window(drifting).frame, place);
-    EXPECT_NEAR(report->elapsed, 1.2, 0.001);
 }
 
 } // namespace

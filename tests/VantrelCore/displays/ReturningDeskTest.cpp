@@ -1,3 +1,5 @@
+// Desks that come back: on other connectors, or while nobody could move windows.
+#include "VantrelCore/displays/MissedRestore.h"
 #include "VantrelCore/displays/SameDesk.h"
 
 #include <gtest/gtest.h>
@@ -90,6 +92,23 @@ TEST(SameDesk, OneCertainDeskIsFoundAndOfSeveralTheLatestIsOnlyPossible) {
     EXPECT_EQ(SameDesk::find({possible, own}, "present", present),
               Found({"possible", "Name of possible", false}));
     EXPECT_EQ(SameDesk::find({own}, "present", present), Found());
+}
+
+TEST(MissedRestore, OnlyAWindowThatLeftItsPlaceHasMoved) {
+    const Rect here{{0, 0}, {400, 300}};
+    const Rect there{{900, 0}, {400, 300}};
+    using Windows = std::vector<WindowOutline>;
+    const std::tuple<Windows, Windows, bool> cases[] = {
+        {{{1, here}, {1, there}}, {{1, there}, {1, here}}, false},
+        {{{1, here}}, {{1, there}}, true},
+        {{{1, here}}, {{1, there}, {1, here}}, false},
+        {{{1, here}, {1, there}}, {{1, there}}, false},
+        {{{1, here}, {1, here}}, {{1, here}, {1, there}}, true},
+        {{{1, here}}, {{2, there}}, false},
+    };
+    for (const auto& [before, now, hasMoved] : cases) {
+        EXPECT_EQ(MissedRestore::hasAnyMoved(before, now), hasMoved) << (&before - &std::get<0>(cases[0]));
+    }
 }
 
 } // namespace
