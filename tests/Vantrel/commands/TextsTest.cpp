@@ -8,6 +8,7 @@
 #include "Vantrel/commands/terminal/DeskDrawing.h"
 #include "Vantrel/commands/terminal/SceneTexts.h"
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "tests/VantrelCore/DeskRecords.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -175,23 +176,15 @@ TEST(CommandTexts, ListsMarkTheActiveEntryAndFitTheColumns) {
               "3 windows moved away from Work. To put them back: vantrelctl scenes reapply\n");
 }
 
-DisplayInfo display(const std::string& uuid, const std::string& name, const Rect& frame) {
-    DisplayInfo info;
-    info.uuid = uuid;
-    info.name = name;
-    info.frame = frame;
-    return info;
-}
-
-const DisplayInfo laptop = display("A", "Laptop", {{0, 0}, {1200, 800}});
-const DisplayInfo monitor = display("B", "Monitor", {{1200, -400}, {2000, 1200}});
+const DisplayInfo laptop = displayOf("Laptop", {{0, 0}, {1200, 800}});
+const DisplayInfo monitor = displayOf("Monitor", {{1200, -400}, {2000, 1200}});
 
 WindowRecord window(const std::string& app, Rect frame, std::int64_t order, const std::string& title = {}) {
     return {.bundleID = app,
             .appName = app,
             .title = title,
             .frame = frame,
-            .displayUUID = "A",
+            .displayUUID = "Laptop",
             .zOrder = order,
             .isGhost = {}};
 }
@@ -211,10 +204,6 @@ int widest(const std::string& text) {
         columns = std::max(columns, TextCells::width(line));
     }
     return columns;
-}
-
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
 }
 
 TEST(DeskDrawing, DrawsDisplaysAndWindowsToScale) {
@@ -255,8 +244,8 @@ TEST(DeskDrawing, FrontWindowsCoverThoseBehind) {
 }
 
 TEST(DeskDrawing, StaysWithinItsColumnsAndRows) {
-    const auto tower = display("C", "高さ方向の画面", {{-1080, 0}, {1080, 19200}});
-    const auto speck = display("D", "a very long display name", {{3200, 0}, {10, 10}});
+    const auto tower = displayOf("高さ方向の画面", {{-1080, 0}, {1080, 19200}});
+    const auto speck = displayOf("a very long display name", {{3200, 0}, {10, 10}});
     std::vector<WindowRecord> windows;
     for (int i = 0; i < 40; ++i) {
         windows.push_back(
@@ -273,7 +262,7 @@ TEST(DeskDrawing, StaysWithinItsColumnsAndRows) {
         const auto listed = DeskDrawing::windowList(displays, windows, options);
         EXPECT_LE(widest(listed), columns);
         EXPECT_EQ(lines(listed).size(), windows.size());
-        EXPECT_FALSE(contains(drawn + listed, "\x1b"));
+        EXPECT_FALSE((drawn + listed).contains('\x1b'));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "VantrelCore/model/Layout.h"
 
 #include "VantrelCore/model/LayoutSummary.h"
+#include "tests/VantrelCore/DeskRecords.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -13,37 +14,21 @@ namespace {
 
 using testing::ElementsAre;
 
-WindowRecord window(const std::string& bundleID, const Rect& frame) {
-    WindowRecord record;
-    record.bundleID = bundleID;
-    record.appName = bundleID;
-    record.frame = frame;
-    return record;
-}
-
-Layout layoutOf(std::vector<WindowRecord> windows) {
-    Layout layout;
-    layout.configID = "desk";
-    layout.layoutName = Layout::defaultName;
-    layout.windows = std::move(windows);
-    return layout;
-}
-
 TEST(Layout, SignatureIsSortedAndInWholePoints) {
     EXPECT_THAT(
-        layoutOf({window("org.b", {{-0.9, -1.9}, {100.9, 50}}), window("org.a", {{9, 25}, {1440, 875}}),
-                  window("org.a", {{10, 25}, {1440, 875}}), window("Org.z", {{-1080, -420}, {1, 1}})})
+        layoutOf({windowOf("org.b", {{-0.9, -1.9}, {100.9, 50}}), windowOf("org.a", {{9, 25}, {1440, 875}}),
+                  windowOf("org.a", {{10, 25}, {1440, 875}}), windowOf("Org.z", {{-1080, -420}, {1, 1}})})
             .geometrySignature(),
         ElementsAre("Org.z|-1080,-420,1x1", "org.a|10,25,1440x875", "org.a|9,25,1440x875",
                     "org.b|0,-1,100x50"));
 }
 
 TEST(Layout, WindowsOutOfSightAndTheirStatesAreOptionalKeys) {
-    Layout layout = layoutOf({window("a", {{0, 0}, {100, 100}})});
+    Layout layout = layoutOf({windowOf("a", {{0, 0}, {100, 100}})});
     EXPECT_EQ(nlohmann::json(layout).dump().find("otherWindows"), std::string::npos);
     EXPECT_EQ(nlohmann::json(layout.windows[0]).size(), 6U);
     const Layout plain = layout;
-    layout.otherWindows = {window("b", {{5, 5}, {100, 100}})};
+    layout.otherWindows = {windowOf("b", {{5, 5}, {100, 100}})};
     layout.otherWindows[0].states = {.isMinimized = true, .isMaximizedVertically = true};
     layout.otherWindows[0].desktop = 2;
     layout.otherWindows[0].normalFrame = Rect{{1, 2}, {3, 4}};
@@ -64,7 +49,7 @@ TEST(Layout, WindowsOutOfSightAndTheirStatesAreOptionalKeys) {
 }
 
 TEST(Layout, IsEquivalentWhenDeskNameAndGeometryAgree) {
-    const auto layout = layoutOf({window("a", {{0, 0}, {100, 100}}), window("b", {{5, 5}, {100, 100}})});
+    const auto layout = layoutOf({windowOf("a", {{0, 0}, {100, 100}}), windowOf("b", {{5, 5}, {100, 100}})});
     Layout same = layout;
     same.windows[0].title = "Title";
     same.windows[0].zOrder = 7;
@@ -83,18 +68,18 @@ TEST(Layout, IsEquivalentWhenDeskNameAndGeometryAgree) {
 }
 
 TEST(Layout, GeometryMatchesWindowsOneToOne) {
-    const auto aLeft = window("a", {{0, 0}, {100, 100}});
-    const auto aNear = window("a", {{4, -4}, {96, 104}});
-    const auto aRight = window("a", {{500, 0}, {100, 100}});
-    const auto bLeft = window("b", aLeft.frame);
+    const auto aLeft = windowOf("a", {{0, 0}, {100, 100}});
+    const auto aNear = windowOf("a", {{4, -4}, {96, 104}});
+    const auto aRight = windowOf("a", {{500, 0}, {100, 100}});
+    const auto bLeft = windowOf("b", aLeft.frame);
     const auto saved = layoutOf({aLeft, aRight, bLeft});
     const std::tuple<const char*, std::vector<WindowRecord>, bool> rows[] = {
-        {"within the tolerance, in another order", {window("b", aNear.frame), aRight, aNear}, true},
-        {"beyond the tolerance", {window("a", {{4.5, 0}, {100, 100}}), aRight, bLeft}, false},
+        {"within the tolerance, in another order", {windowOf("b", aNear.frame), aRight, aNear}, true},
+        {"beyond the tolerance", {windowOf("a", {{4.5, 0}, {100, 100}}), aRight, bLeft}, false},
         {"two windows cannot share one counterpart", {aLeft, aLeft, bLeft}, false},
         {"one fewer", {aLeft, aRight}, false},
         {"one more", {aLeft, aRight, bLeft, bLeft}, false},
-        {"another application", {aLeft, aRight, window("c", aLeft.frame)}, false},
+        {"another application", {aLeft, aRight, windowOf("c", aLeft.frame)}, false},
     };
     for (const auto& [name, windows, matches] : rows) {
         EXPECT_EQ(saved.geometryMatches(layoutOf(windows), 4), matches) << name;
@@ -108,7 +93,7 @@ TEST(Layout, GeometryMatchesWindowsOneToOne) {
 }
 
 TEST(Layout, WithoutGhostsDropsOnlyGhosts) {
-    auto layout = layoutOf({window("a", {}), window("b", {}), window("c", {})});
+    auto layout = layoutOf({windowOf("a", {}), windowOf("b", {}), windowOf("c", {})});
     layout.windows[0].isGhost = true;
     layout.windows[1].isGhost = false;
     auto expected = layout;
@@ -118,7 +103,7 @@ TEST(Layout, WithoutGhostsDropsOnlyGhosts) {
 
 TEST(LayoutSummary, CountsWindowsPerAppMostFirst) {
     const auto named = [](const char* bundleID, const char* appName) {
-        auto record = window(bundleID, {});
+        auto record = windowOf(bundleID, {});
         record.appName = appName;
         return record;
     };

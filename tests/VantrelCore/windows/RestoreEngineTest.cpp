@@ -97,7 +97,7 @@ TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
         const RestoreReport report = desk.restore(options);
         EXPECT_THAT(report.items, ElementsAre(Field(&Item::outcome, outcome)));
         EXPECT_NEAR(report.elapsed, events.contains("sleep") ? 0.08 : 0, 1e-9);
-        EXPECT_EQ(fmt::format("{}. ", fmt::join(desk.journal.events(), ". ")), events);
+        EXPECT_EQ(fmt::format("{}. ", fmt::join(desk.journal, ". ")), events);
     }
 }
 
@@ -119,9 +119,9 @@ TEST(RestoreEngine, RaisesWindowsBackToFrontOnRequest) {
     desk.add("b", "back", 7);
     desk.add("a", "middle", 3);
     desk.restore();
-    EXPECT_THAT(desk.journal.events(), Not(Contains(testing::EndsWith("raise"))));
+    EXPECT_THAT(desk.journal, Not(Contains(testing::EndsWith("raise"))));
     desk.restore({.raising = Raising::raise});
-    auto events = desk.journal.events();
+    auto events = desk.journal;
     std::erase_if(events, [](const std::string& event) { return !event.ends_with("raise"); });
     EXPECT_THAT(events, ElementsAre("back: raise", "middle: raise", "front: raise"));
 }
@@ -146,7 +146,7 @@ TEST(RestoreEngine, SkipsClosedWindowsAndIgnoresUnknownOnes) {
     EXPECT_EQ(report.restoredCount(), 1U);
     EXPECT_EQ(report.skippedCount(), 1U);
     EXPECT_EQ(report.failedCount(), 0U);
-    EXPECT_THAT(desk.journal.events(), Not(Contains(testing::StartsWith("s: "))));
+    EXPECT_THAT(desk.journal, Not(Contains(testing::StartsWith("s: "))));
 }
 
 TEST(RestoreEngine, StrayWindowsOfOneWaveShareAPause) {
@@ -166,7 +166,7 @@ TEST(RestoreEngine, ARevokedPermitMovesAndRaisesNothing) {
     desk.permit.revoke();
     EXPECT_THAT(desk.restore({.raising = Raising::raise}).items,
                 ElementsAre(Field(&Item::outcome, rejected)));
-    EXPECT_THAT(desk.journal.events(), IsEmpty());
+    EXPECT_THAT(desk.journal, IsEmpty());
     EXPECT_FALSE(desk.permit.isUsed());
 }
 
@@ -197,8 +197,7 @@ protected:
 TEST_F(DesignedPlacementTest, PlacesAnObedientWindowAfterOnePause) {
     EXPECT_EQ(place(), RestoreEngine::DesignedPlacement::placed(slot));
     EXPECT_THAT(pauses, ElementsAre(RestoreEngine::settleSeconds));
-    EXPECT_THAT(desk.journal.events(),
-                ElementsAre("size position position", "look", "position", "look", "read"));
+    EXPECT_THAT(desk.journal, ElementsAre("size position position", "look", "position", "look", "read"));
 }
 
 TEST_F(DesignedPlacementTest, PutsAStrayingWindowBackOnceAfterALongerPause) {
@@ -268,7 +267,7 @@ TEST_F(AXWindowHandleTest, WritesPositionSizePositionAndOnlyTheLastMayFail) {
         EXPECT_EQ(handle.setPosition(target.origin), taken.front());
         window->taken.clear();
     }
-    auto events = journal.events();
+    auto events = journal;
     events.resize(3);
     EXPECT_THAT(events, ElementsAre("position size position", "size position position", "position"));
 }
@@ -279,7 +278,7 @@ TEST_F(AXWindowHandleTest, RefusesInfiniteAndUndefinedNumbers) {
     EXPECT_FALSE(handle.setFrame({{0, 0}, {nan, 10}}));
     EXPECT_FALSE(handle.setFrameSizeFirst({{0, infinity}, {10, 10}}));
     EXPECT_FALSE(handle.setPosition({nan, 0}));
-    EXPECT_THAT(journal.events(), IsEmpty());
+    EXPECT_THAT(journal, IsEmpty());
 }
 
 } // namespace

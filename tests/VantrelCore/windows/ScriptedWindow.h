@@ -11,7 +11,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -19,22 +18,7 @@
 namespace vantrel {
 
 // What happened, in order, over all windows and the clock of a test.
-class Journal {
-public:
-    void note(std::string event) {
-        const std::scoped_lock lock(m_lock);
-        m_events.push_back(std::move(event));
-    }
-
-    [[nodiscard]] std::vector<std::string> events() const {
-        const std::scoped_lock lock(m_lock);
-        return m_events;
-    }
-
-private:
-    mutable std::mutex m_lock;
-    std::vector<std::string> m_events;
-};
+using Journal = std::vector<std::string>;
 
 class ScriptedWindow : public WindowElement {
 public:
@@ -100,7 +84,9 @@ public:
     }
 
 private:
-    void note(const std::string& event) { m_journal.note(m_name.empty() ? event : m_name + ": " + event); }
+    void note(const std::string& event) {
+        m_journal.push_back(m_name.empty() ? event : m_name + ": " + event);
+    }
 
     void breakIfTold() const {
         if (doesThrow) {
@@ -122,7 +108,7 @@ public:
     double monotonicSeconds() override { return m_seconds; }
 
     void sleep(double seconds) override {
-        m_journal.note(fmt::format("sleep {}", seconds));
+        m_journal.push_back(fmt::format("sleep {}", seconds));
         m_seconds += seconds;
     }
 
