@@ -6,6 +6,7 @@
 #include "Vantrel/platform/macos/MacAccessibility.h"
 #include "Vantrel/platform/macos/MacDisplayServices.h"
 #include "Vantrel/platform/macos/MacUserDefaults.h"
+#include "VantrelCore/windows/AccessibilityDesk.h"
 #include "tests/Vantrel/controller/Story.h"
 #include "tests/macos/fake/Accessibility.h"
 

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
+#include <map>
+#include <set>
 
 namespace vantrel::simulated {
 
@@ -12,166 +15,28 @@ namespace {
 // Requests to an application time out after this many seconds, as in production.
 constexpr double messagingTimeout = 1.0;
 
+PlaceStates unstretched(PlaceStates states) {
+    states.isFullscreen = states.isMaximizedHorizontally = states.isMaximizedVertically = false;
+    return states;
+}
+
 } // namespace
 
 class SimulatedDesk::DragWatch final : public UserMoveWatch {
 public:
-    DragWatch(const SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id), m_begin(drags()) {}
+    DragWatch(const SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id), m_drags(drags()) {}
 
-    [[nodiscard]] bool hasSeenUser() override { return drags() > m_begin; }
-    [[nodiscard]] bool hasSeenRequest() const override {
-        return std::ranges::count(m_desk.m_requests, m_id) > m_requestsBefore;
-    }
+    [[nodiscard]] bool hasSeenUser() override { return drags() > m_drags; }
+    [[nodiscard]] bool hasSeenRequest() const override { return requests() > m_requests; }
 
 private:
     [[nodiscard]] std::ptrdiff_t drags() const { return std::ranges::count(m_desk.m_drags, m_id); }
+    [[nodiscard]] std::ptrdiff_t requests() const { return std::ranges::count(m_desk.m_requests, m_id); }
 
     const SimulatedDesk& m_desk;
     WindowID m_id;
-    std::ptrdiff_t m_begin;
-    std::ptrdiff_t m_requestsBefore = std::ranges::count(m_desk.m_requests, m_id);
-};
-
-class SimulatedDesk::Element final : public WindowElement {
-public:
-    Element(SimulatedDesk& desk, WindowID id) : m_desk(desk), m_id(id) {}
-
-    [[nodiscard]] bool isSameWindow(const WindowElement& other) const override {
-        const auto* const element = dynamic_cast<const Element*>(&other);
-        return element != nullptr && element->m_id == m_id;
-    }
-
-    [[nodiscard]] WindowAttributes read(AttributeGroup group) override {
-        if (!m_desk.awaitReply(m_id)) {
-            return {};
-        }
-        const SimulatedWindow& window = *m_desk.find(m_id);
-        WindowAttributes attributes{.title = std::nullopt,
-                                    .subrole = std::nullopt,
-                                    .isMinimized = std::nullopt,
-                                    .isFullscreen = std::nullopt,
-                                    .position = window.frame.origin,
-                                    .size = window.frame.size};
-        if (group == AttributeGroup::all) {
-            attributes.title = window.title;
-            attributes.subrole = window.behaviour.subrole;
-            attributes.isMinimized = window.isMinimized;
-            attributes.isFullscreen = false;
-        }
-        return attributes;
-    }
-
-    [[nodiscard]] std::vector<bool> write(std::span<const FrameWrite> writes) override {
-        std::vector<bool> results;
-        results.reserve(writes.size());
-        for (const auto& write : writes) {
-            results.push_back(m_desk.awaitReply(m_id) && m_desk.applyWrite(m_id, write));
-        }
-        return results;
-    }
-
-    [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override {
-        return m_desk.detectsDrags ? std::make_unique<DragWatch>(m_desk, m_id) : nullptr;
-    }
-
-    bool setMinimized(bool isMinimized) override {
-        if (!m_desk.awaitReply(m_id)) {
-            return false;
-        }
-        m_desk.window(m_id).isMinimized = isMinimized;
-        return true;
-    }
-
-    bool raise() override {
-        if (!m_desk.awaitReply(m_id)) {
-            return false;
-        }
-        m_desk.bringToFront(m_id);
-        return true;
-    }
-
-private:
-    SimulatedDesk& m_desk;
-    WindowID m_id;
-};
-
-class SimulatedDesk::Reading final : public DeskReading {
-public:
-    explicit Reading(SimulatedDesk& desk) : m_desk(desk) {}
-
-    [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override {
-        m_desk.passRequestTime();
-        std::vector<WindowListEntry> entries;
-        for (const auto& window : m_desk.m_windows) {
-            if (m_desk.isOnScreen(*window)) {
-                entries.push_back({normalWindowLayer, window->pid, window->frame});
-            }
-        }
-        return entries;
-    }
-
-    [[nodiscard]] std::vector<RunningApp> runningApps() override {
-        std::vector<RunningApp> apps;
-        for (const auto& app : m_desk.m_apps) {
-            apps.push_back(app.running);
-        }
-        return apps;
-    }
-
-    [[nodiscard]] std::vector<WindowReading> windows(const RunningApp& app) override {
-        if (!m_desk.awaitApplication(app.pid)) {
-            return {};
-        }
-        std::vector<WindowReading> readings;
-        for (const WindowID id : windowsOf(app.pid)) {
-            auto element = std::make_shared<Element>(m_desk, id);
-            WindowAttributes attributes = element->read(AttributeGroup::all);
-            readings.push_back({std::move(element), std::move(attributes)});
-        }
-        return readings;
-    }
-
-private:
-    // In the order of opening, which is the order that the application reports.
-    [[nodiscard]] std::vector<WindowID> windowsOf(std::int32_t pid) const {
-        std::vector<WindowID> ids;
-        for (const auto& window : m_desk.m_windows) {
-            if (window->pid == pid) {
-                ids.push_back(window->id);
-            }
-        }
-        std::ranges::sort(ids);
-        return ids;
-    }
-
-    SimulatedDesk& m_desk;
-};
-
-class SimulatedDesk::AccessibilityPort final : public Accessibility {
-public:
-    explicit AccessibilityPort(SimulatedDesk& desk) : m_desk(desk) {}
-
-    [[nodiscard]] bool isTrusted() override { return m_desk.m_isTrusted && m_desk.m_hasWindowManager; }
-
-    bool prompt() override { return isTrusted(); }
-
-    [[nodiscard]] std::unique_ptr<DeskReading> beginReading() override {
-        m_desk.m_captures.push_back(m_desk.m_time.monotonicSeconds());
-        if (m_desk.onCapture) {
-            m_desk.onCapture();
-        }
-        return std::make_unique<Reading>(m_desk);
-    }
-
-    bool awaitQuiet() override {
-        if (SimulatedTime::isOnWorker()) {
-            m_desk.m_time.sleep(m_desk.habits.rescueDelay);
-        }
-        return true;
-    }
-
-private:
-    SimulatedDesk& m_desk;
+    std::ptrdiff_t m_drags;
+    std::ptrdiff_t m_requests = requests();
 };
 
 class SimulatedDesk::DisplayPort final : public DisplayServices {
@@ -200,69 +65,58 @@ private:
 };
 
 SimulatedDesk::SimulatedDesk(SimulatedTime& time, const DeskSetup& setup)
-    : m_time(time), m_displays(setup.displays), m_accessibility(std::make_unique<AccessibilityPort>(*this)),
-      m_port(*m_accessibility, time), m_displayPort(std::make_unique<DisplayPort>(*this)) {}
+    : m_time(time), m_displays(setup.displays), m_displayPort(std::make_unique<DisplayPort>(*this)) {}
 
-SimulatedDesk::~SimulatedDesk() {
-    m_time.endJobs();
-}
-
-DisplayServices& SimulatedDesk::displayServices() {
-    return *m_displayPort;
+void SimulatedDesk::later(double seconds, std::function<void()> work) {
+    m_time.schedule(seconds, [alive = std::weak_ptr(m_alive), work = std::move(work)] {
+        if (!alive.expired()) {
+            work();
+        }
+    });
 }
 
 void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
-    const std::uint64_t thisChange = ++m_changes;
-    const auto isCurrent = [this, thisChange, alive = std::weak_ptr(m_alive)] {
-        return !alive.expired() && m_changes == thisChange;
+    const auto unlessOvertaken = [this, thisChange = ++m_changes](std::function<void()> work) {
+        return [this, thisChange, work = std::move(work)] {
+            if (m_changes == thisChange) {
+                work();
+            }
+        };
     };
     const int events = std::max(1, burst.events);
     const int middle = events / 2;
     for (int i = 0; i < events; ++i) {
-        m_time.schedule(i * burst.spacing, [this, isCurrent, i, middle, setup, burst] {
-            if (!isCurrent()) {
-                return;
-            }
-            if (i == middle) {
-                m_displays = setup.displays;
-            } else if (i < middle && burst.reportsNoDisplays) {
-                m_displays.clear();
-            }
-            emitEvent();
-        });
+        later(i * burst.spacing, unlessOvertaken([this, i, middle, setup, burst] {
+                  if (i == middle) {
+                      m_displays = setup.displays;
+                  } else if (i < middle && burst.reportsNoDisplays) {
+                      m_displays.clear();
+                  }
+                  if (m_reconfigurationHandler) {
+                      m_reconfigurationHandler();
+                  }
+              }));
     }
     std::vector<SimulatedDisplay> arrived;
     std::ranges::copy_if(setup.displays, std::back_inserter(arrived), [this](const auto& display) {
         return std::ranges::find(m_displays, display) == m_displays.end();
     });
     const double end = (events - 1) * burst.spacing;
-    m_time.schedule(end + habits.rescueDelay, [this, isCurrent] {
-        if (isCurrent()) {
-            rescueWindows();
-        }
-    });
+    later(end + habits.rescueDelay, unlessOvertaken([this] { rescueWindows(); }));
     for (const double delay : habits.meddlingDelays) {
-        m_time.schedule(end + delay, [this, isCurrent, arrived] {
-            if (isCurrent()) {
-                meddle(arrived);
-            }
-        });
+        later(end + delay, unlessOvertaken([this, arrived] { meddle(arrived); }));
     }
 }
 
 void SimulatedDesk::setWindowManagerRunning(bool isRunning) {
     m_hasWindowManager = isRunning;
-    m_time.schedule(habits.rescueDelay, [this, alive = std::weak_ptr(m_alive)] {
-        if (!alive.expired()) {
-            rescueWindows();
-        }
-    });
+    later(habits.rescueDelay, [this] { rescueWindows(); });
 }
 
 std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name) {
     m_apps.push_back({.running = {m_nextPid, ActivationPolicy::regular, bundleID, name}, .isHanging = false});
-    m_time.post([this, alive = std::weak_ptr(m_alive), running = m_apps.back().running] {
-        if (!alive.expired() && onLaunch) {
+    later(0, [this, running = m_apps.back().running] {
+        if (onLaunch) {
             onLaunch(running);
         }
     });
@@ -297,6 +151,7 @@ WindowID SimulatedDesk::open(std::int32_t pid, const std::string& title, const R
     window->pid = pid;
     window->title = title;
     window->frame = frame;
+    window->desktop = currentDesktop;
     window->behaviour = behaviour;
     m_windows.insert(m_windows.begin(), std::move(window));
     return m_windows.front()->id;
@@ -306,29 +161,28 @@ void SimulatedDesk::close(WindowID id) {
     std::erase_if(m_windows, [id](const auto& window) { return window->id == id; });
 }
 
-bool SimulatedDesk::exists(WindowID id) const {
-    return std::ranges::any_of(m_windows, [id](const auto& window) { return window->id == id; });
-}
-
-SimulatedWindow& SimulatedDesk::window(WindowID id) {
-    return *find(id);
+void SimulatedDesk::setStates(WindowID id, const PlaceStates& states) {
+    put(window(id), window(id).ordinaryFrame(), states);
 }
 
 void SimulatedDesk::drag(WindowID id, const Rect& frame) {
-    window(id).frame = frame;
+    put(window(id), frame, unstretched(window(id).states));
     m_drags.push_back(id);
 }
 
 void SimulatedDesk::requestMove(WindowID id, const Rect& frame) {
-    window(id).frame = frame;
+    put(window(id), frame, unstretched(window(id).states));
     m_requests.push_back(id);
 }
 
-void SimulatedDesk::bringToFront(WindowID id) {
-    const auto found = std::ranges::find_if(m_windows, [id](const auto& window) { return window->id == id; });
-    if (found != m_windows.end()) {
-        std::rotate(m_windows.begin(), found, found + 1);
+bool SimulatedDesk::restack(WindowID id, std::optional<WindowID> sibling) {
+    const auto found = position(id);
+    const auto front = sibling ? position(*sibling) : m_windows.begin();
+    if (found == m_windows.end() || front == m_windows.end()) {
+        return false;
     }
+    found < front ? std::rotate(found, found + 1, front) : std::rotate(front, found, found + 1);
+    return true;
 }
 
 SimulatedDesk::App* SimulatedDesk::app(std::int32_t pid) {
@@ -336,70 +190,199 @@ SimulatedDesk::App* SimulatedDesk::app(std::int32_t pid) {
     return found == m_apps.end() ? nullptr : &*found;
 }
 
+SimulatedDesk::Stack::iterator SimulatedDesk::position(WindowID id) {
+    return std::ranges::find(m_windows, id, [](const auto& window) { return window->id; });
+}
+
 SimulatedWindow* SimulatedDesk::find(WindowID id) {
-    const auto found = std::ranges::find_if(m_windows, [id](const auto& window) { return window->id == id; });
+    const auto found = position(id);
     return found == m_windows.end() ? nullptr : found->get();
 }
 
-bool SimulatedDesk::shows(Point point) const {
-    return std::ranges::any_of(
+const SimulatedDisplay* SimulatedDesk::displayAt(Point point) const {
+    const auto found = std::ranges::find_if(
         m_displays, [&](const SimulatedDisplay& display) { return display.frame.contains(point); });
+    return found == m_displays.end() ? nullptr : &*found;
 }
 
-void SimulatedDesk::passRequestTime() {
+DeskSnapshot SimulatedDesk::capture(const CaptureFilter& filter) {
+    m_captures.push_back(m_time.monotonicSeconds());
+    if (onCapture) {
+        onCapture();
+    }
+    DeskSnapshot snapshot;
+    std::ranges::transform(m_apps, std::back_inserter(snapshot.apps), &App::running);
+    std::vector<WindowID> ids;
+    for (const auto& window : m_windows) {
+        if (m_hasWindowManager && filter.includes(*app(window->pid)->running.bundleID)) {
+            ids.push_back(window->id);
+        }
+    }
+    for (auto& window : look(ids)) {
+        if (window) {
+            snapshot.windows.push_back(std::move(*window));
+        }
+    }
+    return snapshot;
+}
+
+std::vector<WindowOutline> SimulatedDesk::outlines() {
+    std::vector<WindowOutline> outlines;
+    for (const auto& window : m_windows) {
+        if (m_hasWindowManager && seen(*window).isOnScreen) {
+            outlines.push_back({window->pid, window->frame});
+        }
+    }
+    return outlines;
+}
+
+std::vector<std::optional<DeskWindow>> SimulatedDesk::look(std::span<const WindowID> windows) {
+    std::vector<std::optional<DeskWindow>> result(windows.size());
+    requestEach(windows, [&](std::size_t index, SimulatedWindow& window) { result[index] = seen(window); });
+    return result;
+}
+
+std::vector<WindowOutcome> SimulatedDesk::arrange(std::span<const WindowOrder> orders,
+                                                  const MovePermit& permit) {
+    std::vector<WindowOutcome> outcomes(orders.size());
+    std::vector<WindowID> windows;
+    std::ranges::transform(orders, std::back_inserter(windows), &WindowOrder::window);
+    std::set<WindowID> replied;
+    requestEach(windows, [&](std::size_t index, SimulatedWindow& window) {
+        const WindowOrder& order = orders[index];
+        replied.insert(order.window);
+        if (permit.isRevoked() || order.target == FrameTarget{}) {
+            return;
+        }
+        permit.noteUse();
+        if (carryOut(order)) {
+            const DeskWindow now = seen(window);
+            outcomes[index] = {.isTaken = true,
+                               .frame = now.frame,
+                               .hasPlace = !order.place || order.place->isReached(now.states, now.desktop)};
+        }
+    });
+    for (std::size_t i = 0; i < orders.size(); ++i) {
+        const WindowOrder& order = orders[i];
+        if ((order.raises || order.inFrontOf) && replied.contains(order.window) && !permit.isRevoked()) {
+            outcomes[i].isTaken = restack(order.window, order.inFrontOf) || outcomes[i].isTaken;
+        }
+    }
+    return outcomes;
+}
+
+bool SimulatedDesk::awaitQuiet() {
+    if (SimulatedTime::isOnWorker()) {
+        m_time.sleep(habits.rescueDelay);
+    }
+    return true;
+}
+
+std::vector<std::unique_ptr<UserMoveWatch>> SimulatedDesk::watchUserMoves(std::span<const WindowID> windows) {
+    std::vector<std::unique_ptr<UserMoveWatch>> watches(windows.size());
+    requestEach(windows, [&](std::size_t index, SimulatedWindow& window) {
+        watches[index] = detectsDrags ? std::make_unique<DragWatch>(*this, window.id) : nullptr;
+    });
+    return watches;
+}
+
+DeskWindow SimulatedDesk::seen(const SimulatedWindow& window) {
+    const RunningApp& running = app(window.pid)->running;
+    const bool isOnAll = window.states.isOnAllDesktops;
+    return {.id = window.id,
+            .pid = window.pid,
+            .bundleID = *running.bundleID,
+            .appName = *running.localizedName,
+            .title = window.title,
+            .kind = window.behaviour.kind,
+            .states = window.states,
+            .isOnScreen = !window.states.isMinimized && (isOnAll || window.desktop == currentDesktop),
+            .desktop = isOnAll ? std::nullopt : std::optional(window.desktop),
+            .frame = window.frame};
+}
+
+void SimulatedDesk::requestEach(std::span<const WindowID> windows,
+                                const std::function<void(std::size_t index, SimulatedWindow& window)>& work) {
     m_time.noteWait("the display server");
-    if (requestSeconds > 0 && SimulatedTime::isOnWorker()) {
-        m_time.sleep(requestSeconds);
+    // By the seconds until they reply.
+    std::multimap<double, std::size_t> replies;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (const SimulatedWindow* const window = find(windows[i])) {
+            const bool isHanging = app(window->pid)->isHanging;
+            replies.emplace(isHanging ? messagingTimeout
+                                      : std::min(window->behaviour.answerSeconds, messagingTimeout),
+                            i);
+        }
+    }
+    const auto pass = [&](double seconds) {
+        if (SimulatedTime::isOnWorker()) {
+            m_time.sleep(seconds);
+        }
+    };
+    pass(requestSeconds);
+    double passed = 0;
+    for (const auto& [seconds, index] : replies) {
+        pass(seconds - passed);
+        passed = seconds;
+        // The window may have closed meanwhile.
+        SimulatedWindow* const window = find(windows[index]);
+        if (seconds < messagingTimeout && window != nullptr) {
+            work(index, *window);
+        }
     }
 }
 
-bool SimulatedDesk::awaitApplication(std::int32_t pid) {
-    const App* owner = app(pid);
-    if (owner != nullptr && owner->isHanging && SimulatedTime::isOnWorker()) {
-        m_time.sleep(messagingTimeout);
-        return false;
+void SimulatedDesk::put(SimulatedWindow& window, const Rect& frame, const PlaceStates& states) {
+    const SimulatedDisplay* const display = displayAt(frame.center());
+    window.states = states;
+    window.frame = frame;
+    window.normalFrame.reset();
+    if (isStretched(states) && display != nullptr) {
+        window.frame =
+            stretched(states, states.isFullscreen ? display->frame : display->usableFrame(), frame);
+        window.normalFrame = frame;
     }
-    passRequestTime();
-    // The application may have quit meanwhile.
-    owner = app(pid);
-    return owner != nullptr && !owner->isHanging;
 }
 
-bool SimulatedDesk::awaitReply(WindowID id) {
-    m_time.noteWait("an application");
-    const SimulatedWindow* window = find(id);
-    if (window == nullptr) {
-        return false;
-    }
-    const App* owner = app(window->pid);
-    const bool isSilent = owner == nullptr || owner->isHanging;
-    const double seconds = isSilent ? messagingTimeout : window->behaviour.answerSeconds + requestSeconds;
-    if (seconds > 0 && SimulatedTime::isOnWorker()) {
-        m_time.sleep(std::min(seconds, messagingTimeout));
-    }
-    // The window may have closed during the wait.
-    return !isSilent && seconds < messagingTimeout && find(id) != nullptr;
-}
-
-bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
-    SimulatedWindow& window = *find(id);
+bool SimulatedDesk::carryOut(const WindowOrder& order) {
+    SimulatedWindow& window = *find(order.window);
     if (window.behaviour.vanishesWhenMoved) {
-        close(id);
-        return false;
-    }
-    if (window.behaviour.refusesMoves || !m_hasWindowManager) {
+        close(order.window);
         return false;
     }
     const Rect before = window.frame;
-    if (const auto* position = std::get_if<Point>(&write)) {
-        window.frame.origin = *position;
-    } else {
-        window.frame.size = window.acceptedSize(std::get<Size>(write));
+    const Rect target{order.target.position.value_or(before.origin), order.target.size.value_or(before.size)};
+    // Window managers do not move full-screen windows.
+    const bool isFixed = window.states.isFullscreen && !order.place && target != before;
+    if (window.behaviour.refusesMoves || !m_hasWindowManager || isFixed) {
+        return false;
     }
+    PlaceStates states = order.place ? order.place->states : window.states;
+    states.isShaded = states.isShaded || window.states.isShaded;
+    states.isAbove = states.isAbove || window.states.isAbove;
+    Rect normal = window.ordinaryFrame();
+    if (order.place) {
+        window.desktop = order.place->desktop.value_or(window.desktop);
+    }
+    if (order.place && isStretched(states)) {
+        const Rect inTarget = DisplayGeometry::clamp(order.place->normalFrame.value_or(normal), target);
+        normal = stretched(states, inTarget, target);
+    } else if (target == before && isStretched(window.states) && !window.states.isFullscreen) {
+        // It may stay maximised.
+        states.isMaximizedHorizontally = window.states.isMaximizedHorizontally;
+        states.isMaximizedVertically = window.states.isMaximizedVertically;
+    } else {
+        states = unstretched(states);
+        normal.origin = target.origin;
+        if (order.target.size) {
+            normal.size = window.acceptedSize(target.size);
+        }
+    }
+    put(window, normal, states);
     if (window.frame == before) {
         return true;
     }
-    m_moves.push_back(id);
+    m_moves.push_back(order.window);
     if (onMove) {
         onMove();
     }
@@ -409,23 +392,13 @@ bool SimulatedDesk::applyWrite(WindowID id, const FrameWrite& write) {
             window.frame = before;
             return true;
         }
-        m_time.schedule(window.behaviour.driftDelay, [this, alive = std::weak_ptr(m_alive), id, before] {
-            if (!alive.expired() && exists(id)) {
+        later(window.behaviour.driftDelay, [this, id = order.window, before] {
+            if (exists(id)) {
                 find(id)->frame = before;
             }
         });
     }
     return true;
-}
-
-bool SimulatedDesk::isOnScreen(const SimulatedWindow& window) {
-    return m_hasWindowManager && !window.isMinimized && app(window.pid) != nullptr;
-}
-
-void SimulatedDesk::emitEvent() {
-    if (m_reconfigurationHandler) {
-        m_reconfigurationHandler();
-    }
 }
 
 void SimulatedDesk::rescueWindows() {
@@ -434,7 +407,10 @@ void SimulatedDesk::rescueWindows() {
     }
     for (auto& window : m_windows) {
         if (!shows(window->frame.center())) {
-            window->frame = DisplayGeometry::clamp(window->frame, m_displays.front().usableFrame());
+            rescue(*window);
+        } else {
+            // A maximised one's display may have another size.
+            put(*window, window->ordinaryFrame(), window->states);
         }
     }
 }
@@ -444,13 +420,16 @@ void SimulatedDesk::meddle(const std::vector<SimulatedDisplay>& arrived) {
         return;
     }
     for (auto& window : m_windows) {
-        const bool isOnArrived = std::ranges::any_of(arrived, [&](const SimulatedDisplay& display) {
-            return display.frame.contains(window->frame.center());
-        });
-        if (isOnArrived) {
-            window->frame = DisplayGeometry::clamp(window->frame, m_displays.front().usableFrame());
+        const SimulatedDisplay* const display = displayAt(window->frame.center());
+        if (display != nullptr && std::ranges::find(arrived, *display) != arrived.end()) {
+            rescue(*window);
         }
     }
+}
+
+void SimulatedDesk::rescue(SimulatedWindow& window) {
+    put(window, DisplayGeometry::clamp(window.ordinaryFrame(), m_displays.front().usableFrame()),
+        window.states);
 }
 
 } // namespace vantrel::simulated

@@ -9,11 +9,13 @@
 #include "tests/simulated/SimulatedTime.h"
 #include "tests/simulated/SimulatedWindow.h"
 
+#include "VantrelCore/ports/Desk.h"
 #include "VantrelCore/ports/DisplayServices.h"
-#include "VantrelCore/windows/AccessibilityDesk.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -36,23 +38,21 @@ struct WindowManagerHabits {
     std::vector<double> meddlingDelays{};
 };
 
-class SimulatedDesk {
+class SimulatedDesk final : private Desk {
 public:
     SimulatedDesk(SimulatedTime& time, const DeskSetup& setup);
-    ~SimulatedDesk();
-    SimulatedDesk(const SimulatedDesk&) = delete;
-    SimulatedDesk& operator=(const SimulatedDesk&) = delete;
+    ~SimulatedDesk() override { m_time.endJobs(); }
 
     // The ports.
-    [[nodiscard]] Desk& port() { return m_port; }
-    [[nodiscard]] DisplayServices& displayServices();
+    [[nodiscard]] Desk& port() { return *this; }
+    [[nodiscard]] DisplayServices& displayServices() { return *m_displayPort; }
 
     // Displays. The change begins now; the new set is active from the middle of the burst.
     void change(const DeskSetup& setup, const Burst& burst = {});
     [[nodiscard]] const std::vector<SimulatedDisplay>& displays() const { return m_displays; }
     // Changes the displays at once, without an event.
     void changeSilently(const DeskSetup& setup) { m_displays = setup.displays; }
-    [[nodiscard]] bool shows(Point point) const;
+    [[nodiscard]] bool shows(Point point) const { return displayAt(point) != nullptr; }
     WindowManagerHabits habits;
 
     // Applications. Pids are never reused.
@@ -66,26 +66,33 @@ public:
     // Called from the main queue when an application starts.
     std::function<void(const RunningApp&)> onLaunch;
 
-    // Windows. New ones open in front.
+    // Windows. New ones open in front, on the current virtual desktop.
     WindowID open(std::int32_t pid, const std::string& title, const Rect& frame,
                   const WindowBehaviour& behaviour = {});
     void close(WindowID id);
-    [[nodiscard]] bool exists(WindowID id) const;
+    [[nodiscard]] bool exists(WindowID id) { return find(id) != nullptr; }
     // For reading, and for changing as the user or the application would; changes are not recorded in
     // moves(). Must exist.
-    [[nodiscard]] SimulatedWindow& window(WindowID id);
+    [[nodiscard]] SimulatedWindow& window(WindowID id) { return *find(id); }
+    // Gives the window these states as the user does: a maximised or full-screen one takes the area of its
+    // display, any other goes back to where it was. Must exist.
+    void setStates(WindowID id, const PlaceStates& states);
     // Moves the window as a drag by the user. Must exist.
     void drag(WindowID id, const Rect& frame);
     // Moves the window as the window manager does when another program asks it to. Must exist.
     void requestMove(WindowID id, const Rect& frame);
     // Whether the platform can tell drags from other moves.
     bool detectsDrags = true;
-    void bringToFront(WindowID id);
+    void bringToFront(WindowID id) { restack(id, std::nullopt); }
     // Front to back.
-    [[nodiscard]] const std::vector<std::unique_ptr<SimulatedWindow>>& windows() const { return m_windows; }
+    using Stack = std::vector<std::unique_ptr<SimulatedWindow>>;
+    [[nodiscard]] const Stack& windows() const { return m_windows; }
 
-    // Seconds that every request takes on a worker, plus what the window's behaviour adds. Lets other things
-    // happen in between.
+    // The virtual desktop whose windows can be seen.
+    std::int64_t currentDesktop = 0;
+
+    // Seconds that every capture, look or wave of orders takes on a worker, plus what the windows' behaviours
+    // add. Lets other things happen in between.
     double requestSeconds = 0;
 
     void setTrusted(bool isTrusted) { m_isTrusted = isTrusted; }
@@ -94,9 +101,9 @@ public:
 
     // What the program under test did.
 
-    // The windows whose frames were changed by writes through the port, one entry per write.
+    // The windows whose frames were changed by orders through the port, one entry per order.
     [[nodiscard]] const std::vector<WindowID>& moves() const { return m_moves; }
-    // Called on the writing thread when a write has changed a frame.
+    // Called on the ordering thread when an order has changed a frame.
     std::function<void()> onMove;
     // When captures were taken, in monotonic seconds.
     [[nodiscard]] const std::vector<double>& captures() const { return m_captures; }
@@ -104,10 +111,7 @@ public:
     std::function<void()> onCapture;
 
 private:
-    class Element;
-    class Reading;
     class DragWatch;
-    class AccessibilityPort;
     class DisplayPort;
 
     struct App {
@@ -115,23 +119,43 @@ private:
         bool isHanging = false;
     };
 
+    bool isTrusted() override { return m_isTrusted && m_hasWindowManager; }
+    bool prompt() override { return isTrusted(); }
+    DeskSnapshot capture(const CaptureFilter& filter) override;
+    std::vector<WindowOutline> outlines() override;
+    std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) override;
+    std::vector<WindowOutcome> arrange(std::span<const WindowOrder> orders,
+                                       const MovePermit& permit) override;
+    bool awaitQuiet() override;
+    std::vector<std::unique_ptr<UserMoveWatch>> watchUserMoves(std::span<const WindowID> windows) override;
+
     [[nodiscard]] App* app(std::int32_t pid);
+    [[nodiscard]] Stack::iterator position(WindowID id);
     [[nodiscard]] SimulatedWindow* find(WindowID id);
-    void passRequestTime();
-    // Returns false, after the timeout, if the application does not respond.
-    [[nodiscard]] bool awaitApplication(std::int32_t pid);
-    // Waits for the reply of the window's application; false if there is none.
-    [[nodiscard]] bool awaitReply(WindowID id);
-    [[nodiscard]] bool applyWrite(WindowID id, const FrameWrite& write);
-    [[nodiscard]] bool isOnScreen(const SimulatedWindow& window);
-    void emitEvent();
+    // Unless the desk is gone by then.
+    void later(double seconds, std::function<void()> work);
+    [[nodiscard]] const SimulatedDisplay* displayAt(Point point) const;
+    // As a capture shows it.
+    [[nodiscard]] DeskWindow seen(const SimulatedWindow& window);
+    // Sends a request to all these windows at once and calls `work` with the index and the window of each
+    // that replies, when it does.
+    void requestEach(std::span<const WindowID> windows,
+                     const std::function<void(std::size_t index, SimulatedWindow& window)>& work);
+    // As the window's application and the window manager do; false if they refuse or the window closes.
+    [[nodiscard]] bool carryOut(const WindowOrder& order);
+    // Puts the window at `frame` as an ordinary one, and from there into its states.
+    void put(SimulatedWindow& window, const Rect& frame, const PlaceStates& states);
+    // Puts the window directly in front of `sibling`, else in front of all; false if one of them is gone.
+    bool restack(WindowID id, std::optional<WindowID> sibling);
     void rescueWindows();
     void meddle(const std::vector<SimulatedDisplay>& arrived);
+    // Moves the window to the first display, as window managers do.
+    void rescue(SimulatedWindow& window);
 
     SimulatedTime& m_time;
     std::vector<SimulatedDisplay> m_displays;
     std::vector<App> m_apps;
-    std::vector<std::unique_ptr<SimulatedWindow>> m_windows;
+    Stack m_windows;
     std::int32_t m_nextPid = 100;
     std::uint64_t m_lastWindow = 0;
     std::uint64_t m_changes = 0;
@@ -142,9 +166,7 @@ private:
     std::vector<WindowID> m_drags;
     std::vector<WindowID> m_requests;
     std::vector<double> m_captures;
-    std::unique_ptr<AccessibilityPort> m_accessibility;
-    AccessibilityDesk m_port;
-    std::unique_ptr<DisplayPort> m_displayPort;
+    std::unique_ptr<DisplayServices> m_displayPort;
     // Expires with the desk, so that scheduled work does nothing after it.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

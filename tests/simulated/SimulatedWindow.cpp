@@ -19,4 +19,14 @@ Size SimulatedWindow::acceptedSize(Size wanted) const {
     return size;
 }
 
+bool isStretched(const PlaceStates& states) {
+    return states.isMaximized() || states.isFullscreen;
+}
+
+Rect stretched(const PlaceStates& states, const Rect& area, const Rect& normal) {
+    const Rect& across = states.isFullscreen || states.isMaximizedHorizontally ? area : normal;
+    const Rect& down = states.isFullscreen || states.isMaximizedVertically ? area : normal;
+    return {{across.minX(), down.minY()}, {across.width(), down.height()}};
+}
+
 } // namespace vantrel::simulated

@@ -49,8 +49,8 @@ bool SimulatedWorkspace::hide(const std::string& bundleID) {
     const auto pids = m_desk.pidsOf(bundleID);
     std::set<WindowID> hidden;
     for (const auto& window : m_desk.windows()) {
-        if (std::ranges::find(pids, window->pid) != pids.end() && !window->isMinimized) {
-            window->isMinimized = true;
+        if (std::ranges::find(pids, window->pid) != pids.end() && !window->states.isMinimized) {
+            window->states.isMinimized = true;
             hidden.insert(window->id);
         }
     }
@@ -65,8 +65,8 @@ bool SimulatedWorkspace::unhide(const std::string& bundleID) {
     m_time.noteWait("showing an application");
     bool isAnyShown = false;
     for (const WindowID id : std::exchange(m_hidden[bundleID], {})) {
-        if (m_desk.exists(id) && m_desk.window(id).isMinimized) {
-            m_desk.window(id).isMinimized = false;
+        if (m_desk.exists(id) && m_desk.window(id).states.isMinimized) {
+            m_desk.window(id).states.isMinimized = false;
             isAnyShown = true;
         }
     }

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <random>
+#include <tuple>
 
 namespace vantrel::simulated {
 namespace {
@@ -33,22 +34,45 @@ TEST_F(EveryWindow, TwinsKeepTheirPlacesWhenTitlesAndStackChangeWhileUndocked) {
 }
 
 TEST_F(EveryWindow, AWindowLearnedMinimizedComesBackMinimizedAtItsPlace) {
-    story.desk.window(story.browserRight).isMinimized = true;
+    story.desk.window(story.browserRight).states.isMinimized = true;
     story.learn();
     EXPECT_EQ(story.published().windowsLearned(), 4);
     undock();
-    story.desk.window(story.browserRight).isMinimized = false;
+    story.desk.window(story.browserRight).states.isMinimized = false;
     story.desk.window(story.browserRight).title = "Weather";
     story.desk.drag(story.browserRight, {{10, 40}, {300, 200}});
-    story.desk.window(story.browserLeft).isMinimized = true;
+    story.desk.window(story.browserLeft).states.isMinimized = true;
     dock();
     EXPECT_EQ(story.frames(), home);
-    EXPECT_TRUE(story.desk.window(story.browserRight).isMinimized);
-    EXPECT_FALSE(story.desk.window(story.browserLeft).isMinimized);
+    EXPECT_TRUE(story.desk.window(story.browserRight).states.isMinimized);
+    EXPECT_FALSE(story.desk.window(story.browserLeft).states.isMinimized);
     ASSERT_TRUE(undo());
-    EXPECT_FALSE(story.desk.window(story.browserRight).isMinimized);
-    EXPECT_TRUE(story.desk.window(story.browserLeft).isMinimized);
+    EXPECT_FALSE(story.desk.window(story.browserRight).states.isMinimized);
+    EXPECT_TRUE(story.desk.window(story.browserLeft).states.isMinimized);
     EXPECT_EQ(story.frame(story.browserRight), (Rect{{10, 40}, {300, 200}}));
+}
+
+TEST_F(EveryWindow, MaximizedFullScreenAndOtherDesktopsWindowsComeBackAsTheyWere) {
+    story.desk.setStates(story.browserRight,
+                         {.isMaximizedHorizontally = true, .isMaximizedVertically = true});
+    story.desk.setStates(story.mail, {.isMaximizedVertically = true});
+    story.desk.setStates(story.terminal, {.isFullscreen = true});
+    story.desk.window(story.browserLeft).desktop = 1;
+    story.learn();
+    const auto places = [this] {
+        std::map<WindowID, std::tuple<Rect, Rect, PlaceStates, std::int64_t>> result;
+        for (const auto& window : story.desk.windows()) {
+            result[window->id] = {window->frame, window->ordinaryFrame(), window->states, window->desktop};
+        }
+        return result;
+    };
+    const auto learned = places();
+    undock();
+    story.desk.setStates(story.terminal, {});
+    story.desk.drag(story.browserRight, {{10, 40}, {300, 200}});
+    story.desk.window(story.browserLeft).desktop = 0;
+    dock();
+    EXPECT_EQ(places(), learned);
 }
 
 TEST_F(EveryWindow, APlaceThatARestoreCouldNotReachIsKeptUntilTheWindowIsMovedOrSaved) {
@@ -88,30 +112,30 @@ TEST_F(EveryWindow, APlaceThatARestoreCouldNotReachIsKeptUntilTheWindowIsMovedOr
 }
 
 TEST_F(EveryWindow, TheFollowUpMovesAMinimizedWindowBackWithoutShowingItAndLeavesOneThatWasShown) {
-    story.desk.window(story.browserRight).isMinimized = true;
-    story.desk.window(story.terminal).isMinimized = true;
+    story.desk.window(story.browserRight).states.isMinimized = true;
+    story.desk.window(story.terminal).states.isMinimized = true;
     story.learn();
     undock();
     story.desk.habits.meddlingDelays = {1.9};
     story.desk.change(DeskSetup::named("laptop-and-monitor"));
     ASSERT_TRUE(awaitRestore(true) && awaitRestore(false));
-    story.desk.window(story.terminal).isMinimized = false;
+    story.desk.window(story.terminal).states.isMinimized = false;
     story.runFor(14);
     EXPECT_EQ(story.frame(story.browserRight), home.at(story.browserRight));
-    EXPECT_TRUE(story.desk.window(story.browserRight).isMinimized);
-    EXPECT_FALSE(story.desk.window(story.terminal).isMinimized);
+    EXPECT_TRUE(story.desk.window(story.browserRight).states.isMinimized);
+    EXPECT_FALSE(story.desk.window(story.terminal).states.isMinimized);
     EXPECT_NE(story.frame(story.terminal), home.at(story.terminal)) << "the window manager's doing";
 }
 
 TEST_F(EveryWindow, ScenesAndStashesHoldWhatCanBeSeen) {
-    story.desk.window(story.browserRight).isMinimized = true;
+    story.desk.window(story.browserRight).states.isMinimized = true;
     story.controller->scenes().saveCurrentAsScene("Work", {});
     story.runFor(1);
     EXPECT_THAT(story.published().scenes.at(0).layout.windows, SizeIs(3));
     EXPECT_THAT(story.published().scenes.at(0).layout.otherWindows, IsEmpty());
     ASSERT_TRUE(story.controller->applyScene(story.published().scenes.at(0)));
     story.runFor(5);
-    EXPECT_TRUE(story.desk.window(story.browserRight).isMinimized);
+    EXPECT_TRUE(story.desk.window(story.browserRight).states.isMinimized);
 }
 
 // Windows with equal titles, minimised or not, of three programs; while undocked the user retitles, restacks,
@@ -136,7 +160,7 @@ TEST(EveryWindowStories, AWindowThatLivesThroughACycleComesBackAsItWas) {
         }
         const auto open = [&] {
             const WindowID window = story.desk.open(programs[below(3)], title(), somewhere());
-            story.desk.window(window).isMinimized = below(4) == 0;
+            story.desk.window(window).states.isMinimized = below(4) == 0;
         };
         for (std::size_t i = 0; i < 9; ++i) {
             open();
@@ -151,7 +175,7 @@ TEST(EveryWindowStories, AWindowThatLivesThroughACycleComesBackAsItWas) {
         };
         std::map<WindowID, Place> learned;
         for (const auto& window : story.desk.windows()) {
-            learned[window->id] = {window->frame, window->isMinimized};
+            learned[window->id] = {window->frame, window->states.isMinimized};
         }
         story.connect("laptop");
         for (const WindowID window : story.stack()) {
@@ -166,7 +190,7 @@ TEST(EveryWindowStories, AWindowThatLivesThroughACycleComesBackAsItWas) {
                 story.desk.bringToFront(window);
                 break;
             case 3:
-                story.desk.window(window).isMinimized = !story.desk.window(window).isMinimized;
+                story.desk.window(window).states.isMinimized = !story.desk.window(window).states.isMinimized;
                 break;
             default:
                 break;
@@ -182,7 +206,7 @@ TEST(EveryWindowStories, AWindowThatLivesThroughACycleComesBackAsItWas) {
             const auto was = learned.find(window->id);
             if (was != learned.end()) {
                 EXPECT_EQ(window->frame, was->second.frame) << window->title;
-                EXPECT_EQ(window->isMinimized, was->second.isMinimized) << window->title;
+                EXPECT_EQ(window->states.isMinimized, was->second.isMinimized) << window->title;
             }
         }
         if (testing::Test::HasFailure()) {

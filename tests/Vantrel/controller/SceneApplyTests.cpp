@@ -174,7 +174,7 @@ TEST_F(ApplyingScenes, AppliedAgainWhileWaitingLeavesSeatedWindowsInPlace) {
 }
 
 TEST_F(ApplyingScenes, AMainWindowReplacesTheDialogSeatedBeforeIt) {
-    const WindowBehaviour dialog{.subrole = "AXDialog"};
+    const WindowBehaviour dialog{.kind = WindowKind::panel};
     addGhost(musicID, slot);
     addGhost("org.example.viewer", slot);
     installMusic(1, dialog);
@@ -259,8 +259,8 @@ TEST_F(ApplyingScenes, HidesOtherAppsOnRequestAndShowsThoseThatAScenePlaces) {
     const WindowID talk = story.desk.open(chat, "Talk", {{50, 50}, {300, 300}});
     const Scene quiet = work();
     apply(quiet);
-    EXPECT_TRUE(story.desk.window(talk).isMinimized);
-    EXPECT_FALSE(story.desk.window(story.mail).isMinimized);
+    EXPECT_TRUE(story.desk.window(talk).states.isMinimized);
+    EXPECT_FALSE(story.desk.window(story.mail).states.isMinimized);
     EXPECT_THAT(story.messages(), Contains("scene switch hid 1 app(s) the scene had hidden"));
     EXPECT_THAT(story.published().undoSlot->hiddenBundleIDs, ElementsAre("org.example.chat"));
 
@@ -268,8 +268,8 @@ TEST_F(ApplyingScenes, HidesOtherAppsOnRequestAndShowsThoseThatAScenePlaces) {
     talking.id = "talking";
     talking.layout.windows = {record("org.example.chat", {{200, 200}, {400, 400}}, "Talk")};
     EXPECT_EQ(apply(talking).report.restoredCount(), 1U);
-    EXPECT_FALSE(story.desk.window(talk).isMinimized);
-    EXPECT_TRUE(story.desk.window(story.mail).isMinimized);
+    EXPECT_FALSE(story.desk.window(talk).states.isMinimized);
+    EXPECT_TRUE(story.desk.window(story.mail).states.isMinimized);
 }
 
 } // namespace

@@ -81,7 +81,7 @@ void Story::scatter(double x) {
 
 void Story::minimizeAll(bool isMinimized) {
     for (const auto& window : desk.windows()) {
-        window->isMinimized = isMinimized;
+        window->states.isMinimized = isMinimized;
     }
 }
 

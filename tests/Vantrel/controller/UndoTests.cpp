@@ -101,7 +101,7 @@ TEST_F(Undo, ShowsTheAppsThatTheChangeHid) {
     story.controller->undo().noteHidden(hidden);
     EXPECT_EQ(story.published().undoSlot->hiddenBundleIDs, hidden);
     EXPECT_TRUE(undo());
-    EXPECT_FALSE(story.desk.window(story.mail).isMinimized);
+    EXPECT_FALSE(story.desk.window(story.mail).states.isMinimized);
     EXPECT_EQ(told.back().report.restoredCount(), 4U);
     EXPECT_EQ(story.frames(), home);
     EXPECT_EQ(story.logged("undo un-hid 2 app(s) the change had hidden"), 1U);

@@ -1,4 +1,4 @@
-// Moving scripted windows: what is asked of them, in which order, and what is reported.
+// Moving scripted windows: which calls are made, in which order, and what is reported.
 #include "VantrelCore/windows/RestoreEngine.h"
 #include "VantrelCore/windows/AXWindowHandle.h"
 #include "VantrelCore/windows/WindowPairing.h"
