@@ -46,6 +46,7 @@ packages_test=(
     galculator
     gsettings-desktop-schemas
     i3-wm
+    kwin-x11
     libbenchmark-dev
     libgmock-dev
     libgtest-dev

@@ -47,6 +47,7 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
                              const StoreFiles& files, AppLog& log, ControllerStores stores, Options options)
     : m_writer(std::move(writer)), m_stores(std::move(stores)),
       m_context(ports, log, m_stores.layouts, m_stores.scenes),
+      m_sessionNotes(m_context, m_stores.sessionNotes),
       m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
       m_learning(m_context), m_liveDesk(m_context), m_runner(m_context, m_history),
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
@@ -58,6 +59,7 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_suggestions(m_context), m_rules(m_context), m_nudge(m_context), m_wallpaper(m_context),
       m_hotKeys(m_context, m_scenes, hotKeyActions()) {
     m_files.onPutBack = [this] { showStored(); };
+    m_context.onNoted = [this] { m_sessionNotes.keep(); };
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
     m_context.onLayoutsChanged = [this] { m_pinned.layoutsChanged(); };

@@ -20,6 +20,7 @@
 #include "Vantrel/controller/SameDeskFlow.h"
 #include "Vantrel/controller/SceneApplyFlow.h"
 #include "Vantrel/controller/SceneFlow.h"
+#include "Vantrel/controller/SessionNotesFlow.h"
 #include "Vantrel/controller/SettlementFlow.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
 #include "Vantrel/controller/StashFlow.h"
@@ -220,6 +221,7 @@ private:
     std::unique_ptr<BackgroundWriter> m_writer;
     ControllerStores m_stores;
     ControllerContext m_context;
+    SessionNotesFlow m_sessionNotes;
     FilesFlow m_files;
     RestoreHistory m_history;
     LearningFlow m_learning;

@@ -54,6 +54,7 @@ void perform(ControllerContext& context, DeskCapture::Reach reach, std::function
                     layout.otherWindows.clear();
                 }
                 context.notes.note(layout, picture->windows);
+                context.onNoted();
                 result = layout.windows.empty() ? Result(std::unexpected(Kind::nothingToSave))
                                                 : Result(std::move(layout));
             }

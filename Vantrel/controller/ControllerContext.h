@@ -45,6 +45,8 @@ public:
     // Windows that the last restores could not put in place.
     StrayPlaces strays;
     NormalFrames normalFrames;
+    // Called when a flow has changed one of these three.
+    std::function<void()> onNoted = [] {};
 
     // This program's own bundle ID; its windows are never captured.
     std::optional<std::string> ownBundleID;

@@ -23,6 +23,7 @@ ControllerStores::open(const std::filesystem::path& directory, const StoreFiles&
     auto reliability = opened(AppReliabilityStore::open(directory, files));
     auto sizeBehavior = opened(AppSizeBehaviorStore::open(directory, files));
     auto stashes = opened(StashStore::open(directory, files, clock));
+    auto sessionNotes = opened(openSessionNotes(directory, files));
     if (failure) {
         return std::unexpected(failure);
     }
@@ -34,7 +35,8 @@ ControllerStores::open(const std::filesystem::path& directory, const StoreFiles&
                             .usage = std::move(*usage),
                             .reliability = std::move(*reliability),
                             .sizeBehavior = std::move(*sizeBehavior),
-                            .stashes = std::move(*stashes)};
+                            .stashes = std::move(*stashes),
+                            .sessionNotes = std::move(*sessionNotes)};
 }
 
 void ControllerStores::readAll() {
@@ -47,6 +49,7 @@ void ControllerStores::readAll() {
     reliability.read();
     sizeBehavior.read();
     stashes.read();
+    sessionNotes.read();
 }
 
 } // namespace vantrel

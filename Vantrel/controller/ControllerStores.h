@@ -7,6 +7,7 @@
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
+#include "VantrelCore/stores/SessionNotesStore.h"
 #include "VantrelCore/stores/StashStore.h"
 #include "VantrelCore/stores/TriggerStore.h"
 #include "VantrelCore/stores/UsageStatsStore.h"
@@ -27,6 +28,7 @@ struct ControllerStores {
     AppReliabilityStore reliability;
     AppSizeBehaviorStore sizeBehavior;
     StashStore stashes;
+    SessionNotesStore sessionNotes;
 
     // Creates the directory if it is missing. Reads nothing yet.
     [[nodiscard]] static std::expected<ControllerStores, std::error_code>

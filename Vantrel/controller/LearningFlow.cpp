@@ -75,6 +75,7 @@ void LearningFlow::finishSnapshotTick(const Picture& picture, const std::vector<
     const bool isLearned = stored && layout.hasSamePlaces(*stored);
     if (isLearned) {
         m_context.notes.note(*stored, wanted.windows);
+        m_context.onNoted();
         if (onLearnedDesk) {
             onLearnedDesk(*stored);
         }
@@ -122,6 +123,7 @@ void LearningFlow::saveLater(const Layout& layout, const std::vector<LiveWindow>
                              std::string success, std::string failure) {
     // At once: whether the file could be written or not, these are the windows.
     m_context.notes.note(layout, windows);
+    m_context.onNoted();
     m_context.store.save(layout, Saving::later([this, success = std::move(success),
                                                 failure = std::move(failure)](bool isSaved) {
                              m_context.log(isSaved ? success : failure);

@@ -136,6 +136,7 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
         request.layout.layoutName == m_context.state().activeLayoutName) {
         m_context.strays.note(request.layout, result.report);
     }
+    m_context.onNoted();
     m_context.log(ControllerText::restoreReport(result.report));
     // Callers waiting for the outcome need not wait for the files.
     request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});

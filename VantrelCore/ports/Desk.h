@@ -94,6 +94,11 @@ public:
     // Whether this process may read and move other applications' windows.
     [[nodiscard]] virtual bool isTrusted() = 0;
 
+    // Names the session in which windows keep their WindowID even when this program is restarted, and no
+    // later window gets it; a new log-in has another name. None where identities end with the program. Does
+    // not wait for the platform.
+    [[nodiscard]] virtual std::optional<std::string> session() const { return std::nullopt; }
+
     // Shows the system's permission dialog when not trusted, and returns the state the system reports.
     virtual bool prompt() = 0;
 

@@ -6,12 +6,14 @@ namespace vantrel {
 
 void NormalFrames::remember(const std::vector<LiveWindow>& windows) {
     std::map<WindowID, Rect> frames;
+    m_stretched.clear();
     for (const LiveWindow& window : windows) {
         const auto known = m_frames.find(window.id);
         if (!window.record.states.isStretched()) {
             frames.emplace(window.id, window.record.frame);
         } else if (known != m_frames.end()) {
             frames.insert(*known);
+            m_stretched.insert(window.id);
         }
     }
     m_frames = std::move(frames);
@@ -39,6 +41,13 @@ WindowRecord NormalFrames::recordOf(const LiveWindow& window) const {
         record.normalFrame = known->second;
     }
     return record;
+}
+
+void NormalFrames::keepIn(SessionNotes& notes) const {
+    notes.normalFrames.clear();
+    for (const WindowID window : m_stretched) {
+        notes.normalFrames.emplace(window, m_frames.at(window));
+    }
 }
 
 } // namespace vantrel

@@ -3,10 +3,12 @@
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/model/SessionNotes.h"
 #include "VantrelCore/windows/LiveWindow.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
 #include <map>
+#include <set>
 #include <vector>
 
 namespace vantrel {
@@ -21,8 +23,13 @@ public:
     // Fills in `normalFrame` for maximised and full-screen windows, where known.
     [[nodiscard]] WindowRecord recordOf(const LiveWindow& window) const;
 
+    // For the next run of this program in the same session. It sees for itself where ordinary windows are.
+    void keepIn(SessionNotes& notes) const;
+    void adopt(const SessionNotes& notes) { m_frames = notes.normalFrames; }
+
 private:
     std::map<WindowID, Rect> m_frames;
+    std::set<WindowID> m_stretched;
 };
 
 } // namespace vantrel

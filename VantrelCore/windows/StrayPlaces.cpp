@@ -27,6 +27,35 @@ void StrayPlaces::note(const Layout& layout, const RestoreReport& report) {
     }
 }
 
+void StrayPlaces::moveDesk(const std::string& from, const std::string& to,
+                           const std::map<std::string, std::string>& displays) {
+    for (auto& [window, stray] : std::exchange(m_strays[from], {})) {
+        const auto display = displays.find(stray.saved.displayUUID);
+        if (display != displays.end()) {
+            stray.saved.displayUUID = display->second;
+        }
+        m_strays[to].insert_or_assign(window, stray);
+    }
+    m_strays.erase(from);
+}
+
+void StrayPlaces::keepIn(SessionNotes& notes) const {
+    notes.strays.clear();
+    for (const auto& [configID, strays] : m_strays) {
+        for (const auto& [window, stray] : strays) {
+            notes.strays.push_back(
+                {.configID = configID, .window = window, .saved = stray.saved, .left = stray.left});
+        }
+    }
+}
+
+void StrayPlaces::adopt(const SessionNotes& notes) {
+    m_strays.clear();
+    for (const SessionNotes::Stray& stray : notes.strays) {
+        m_strays[stray.configID].insert_or_assign(stray.window, Stray{stray.saved, stray.left});
+    }
+}
+
 std::vector<LiveWindow> StrayPlaces::corrected(const std::string& configID, std::vector<LiveWindow> windows) {
     const auto desk = m_strays.find(configID);
     if (desk == m_strays.end()) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/model/SessionNotes.h"
 #include "VantrelCore/windows/LiveWindow.h"
 #include "VantrelCore/windows/RestoreReport.h"
 
@@ -19,6 +20,14 @@ public:
 
     // The user wants the desk as it is.
     void forget(const std::string& configID) { m_strays.erase(configID); }
+
+    // The desk has a new identifier, and so have its displays: new ones by their former ones.
+    void moveDesk(const std::string& from, const std::string& to,
+                  const std::map<std::string, std::string>& displays);
+
+    // For the next run of this program in the same session.
+    void keepIn(SessionNotes& notes) const;
+    void adopt(const SessionNotes& notes);
 
     // Takes a capture of the desk. Windows that still stand where a restore left them get their remembered
     // places; those that have moved since, or were closed, are strays no longer.

@@ -1,11 +1,13 @@
 #include "VantrelCore/windows/WindowNotes.h"
 
 #include <algorithm>
+#include <iterator>
+#include <ranges>
 
 namespace vantrel {
 
 // Files keep whole seconds.
-WindowNotes::Second WindowNotes::capturedAt(const Layout& layout) {
+Date WindowNotes::capturedAt(const Layout& layout) {
     return std::chrono::floor<std::chrono::seconds>(layout.savedAt);
 }
 
@@ -57,6 +59,16 @@ WindowPairing::Known WindowNotes::find(const Layout& layout) {
         }
     }
     return known;
+}
+
+void WindowNotes::keepIn(SessionNotes& notes) const {
+    notes.arrangements.clear();
+    std::ranges::copy(m_notes | std::views::take(keptForNextRun), std::back_inserter(notes.arrangements));
+}
+
+void WindowNotes::adopt(const SessionNotes& notes) {
+    m_notes.assign(notes.arrangements.begin(), notes.arrangements.end());
+    m_notes.resize(std::min(m_notes.size(), capacity));
 }
 
 } // namespace vantrel

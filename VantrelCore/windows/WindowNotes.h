@@ -3,6 +3,7 @@
 #pragma once
 
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/model/SessionNotes.h"
 #include "VantrelCore/windows/LiveWindow.h"
 #include "VantrelCore/windows/RestoreReport.h"
 #include "VantrelCore/windows/WindowPairing.h"
@@ -33,15 +34,15 @@ public:
     // One entry per window of `layout.windows`.
     [[nodiscard]] WindowPairing::Known find(const Layout& layout);
 
+    // The notes used last, up to this many, for the next run of this program in the same session.
+    static constexpr std::size_t keptForNextRun = 32;
+    void keepIn(SessionNotes& notes) const;
+    void adopt(const SessionNotes& notes);
+
 private:
-    using Second = std::chrono::sys_seconds;
+    using Note = SessionNotes::Arrangement;
 
-    struct Note {
-        Second capturedAt;
-        std::map<std::int64_t, WindowID> windowByOrder;
-    };
-
-    [[nodiscard]] static Second capturedAt(const Layout& layout);
+    [[nodiscard]] static Date capturedAt(const Layout& layout);
     // Puts the layout's note first. False when there is none.
     bool use(const Layout& layout);
     // Creates it if there is none.

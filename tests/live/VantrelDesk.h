@@ -64,6 +64,11 @@ inline auto windowManagers() {
     return ::testing::Values("openbox", "xfwm4");
 }
 
+// For what window managers do differently.
+inline auto fourWindowManagers() {
+    return ::testing::Values("openbox", "xfwm4", "fluxbox", "kwin");
+}
+
 inline std::string windowManagerName(const ::testing::TestParamInfo<const char*>& info) {
     return info.param;
 }

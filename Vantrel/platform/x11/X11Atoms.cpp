@@ -52,6 +52,8 @@ constexpr auto names = std::to_array<Name>({
     {&X11Atoms::netWmStateMaximizedVert, "_NET_WM_STATE_MAXIMIZED_VERT"},
     {&X11Atoms::netWmStateSkipTaskbar, "_NET_WM_STATE_SKIP_TASKBAR"},
     {&X11Atoms::i3FloatingWindow, "I3_FLOATING_WINDOW"},
+    {&X11Atoms::vantrelWindow, "_VANTREL_WINDOW"},
+    {&X11Atoms::vantrelSession, "_VANTREL_SESSION"},
     {&X11Atoms::netWmWindowType, "_NET_WM_WINDOW_TYPE"},
     {&X11Atoms::netWmWindowTypeNormal, "_NET_WM_WINDOW_TYPE_NORMAL"},
     {&X11Atoms::netWmWindowTypeDialog, "_NET_WM_WINDOW_TYPE_DIALOG"},

@@ -48,6 +48,9 @@ struct X11Atoms {
     xcb_atom_t netWmStateSkipTaskbar = XCB_ATOM_NONE;
 
     xcb_atom_t i3FloatingWindow = XCB_ATOM_NONE;
+    // Our own properties; see LastingMarks.
+    xcb_atom_t vantrelWindow = XCB_ATOM_NONE;
+    xcb_atom_t vantrelSession = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowType = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowTypeNormal = XCB_ATOM_NONE;
     xcb_atom_t netWmWindowTypeDialog = XCB_ATOM_NONE;

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/x11/X11DeskReading.h"
 
+#include "Vantrel/platform/x11/LastingMarks.h"
 #include "Vantrel/platform/x11/WindowQuery.h"
 #include "VantrelCore/text/Unicode.h"
 
@@ -217,15 +218,29 @@ void X11DeskReading::readStack(const std::vector<xcb_window_t>& ids,
     const X11Connection& connection = *m_context->connection;
     const auto asked = m_context->marks.now();
     m_stacking = read(*m_context, ids);
+    std::vector<xcb_window_t> fresh;
+    std::vector<Window*> freshWindows;
     for (Window& window : m_stacking) {
-        const xcb_window_t id = window.window.window;
-        const auto [mark, mustSelect] = m_context->marks.assign(id, window.facts.isMarked, asked);
-        window.window.mark = mark;
+        window.isOnScreen = isOnScreen(window.facts, currentDesktop);
+        if (const auto mark = m_context->marks.find(window.window.window, window.facts.isMarked, asked)) {
+            window.window.mark = *mark;
+        } else {
+            fresh.push_back(window.window.window);
+            freshWindows.push_back(&window);
+        }
+    }
+    const auto lasting = LastingMarks::read(connection, fresh);
+    for (std::size_t i = 0; i < fresh.size(); ++i) {
+        const auto [mark, mustSelect, mustWrite] =
+            m_context->marks.assign(fresh[i], freshWindows[i]->facts.isMarked, asked, lasting[i]);
+        freshWindows[i]->window.mark = mark;
         if (mustSelect) {
-            xcb_change_window_attributes(connection.queryConnection(), id, XCB_CW_EVENT_MASK,
+            xcb_change_window_attributes(connection.queryConnection(), fresh[i], XCB_CW_EVENT_MASK,
                                          &WindowMarks::eventMask);
         }
-        window.isOnScreen = isOnScreen(window.facts, currentDesktop);
+        if (mustWrite) {
+            LastingMarks::write(connection, fresh[i], mark);
+        }
     }
     xcb_flush(connection.queryConnection());
     m_context->marks.keepOnly(ids, asked);

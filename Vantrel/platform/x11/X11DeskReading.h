@@ -22,11 +22,11 @@ struct X11Window {
 
     bool operator==(const X11Window&) const = default;
 
-    // Marks count up from 1 and stay far below 2^32.
-    [[nodiscard]] WindowID id() const { return WindowID{mark << 32U | window}; }
+    [[nodiscard]] WindowID id() const { return WindowID{static_cast<std::uint64_t>(mark) << 32U | window}; }
     [[nodiscard]] static X11Window of(WindowID id) {
         const auto value = static_cast<std::uint64_t>(id);
-        return {.window = static_cast<xcb_window_t>(value), .mark = value >> 32U};
+        return {.window = static_cast<xcb_window_t>(value),
+                .mark = static_cast<WindowMarks::Mark>(value >> 32U)};
     }
 };
 

@@ -5,6 +5,7 @@
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
+#include "VantrelCore/stores/SessionNotesStore.h"
 #include "VantrelCore/stores/StashStore.h"
 #include "VantrelCore/stores/TriggerStore.h"
 #include "VantrelCore/stores/UsageStatsStore.h"
@@ -66,6 +67,7 @@ const StoreFile storeFiles[] = {
     {"restore-log.json", rewritten<RestoreLogStore::StoreFile>, {"items/0/reason", "sceneName"}},
     {"receipts.json", rewritten<RestoreReceipts>, {}},
     {"usage.json", rewritten<UsageStats>, {"firstRecordedAt"}},
+    {"session.json", rewritten<SessionNotes>, {}},
     {"app-reliability.json", rewritten<AppReliabilityStore::StoreFile>, {"lastFailureReason"}},
     {"app-size-behavior.json",
      rewritten<AppSizeBehaviorStore::StoreFile>,

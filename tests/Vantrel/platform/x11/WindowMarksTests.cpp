@@ -35,14 +35,22 @@ TEST(WindowMarks, TwoCapturesAtTheSameTimeAgreeOnAWindowAndCleaningUpSparesIt) {
     EXPECT_TRUE(marks.isSame(window, true, other.mark));
 }
 
-TEST(WindowMarks, AForgottenWindowIsNotTakenForItsOldSelfWhenItComesBack) {
+TEST(WindowMarks, AMarkThatAFormerRunLeftOnTheWindowIsTakenOver) {
     WindowMarks marks;
     const auto before = marks.assign(window, false, marks.now());
+    EXPECT_TRUE(before.mustWrite);
+    WindowMarks nextRun;
+    EXPECT_FALSE(nextRun.find(window, false, nextRun.now()));
+    const auto after = nextRun.assign(window, false, nextRun.now(), before.mark);
+    EXPECT_TRUE(after.mustSelect);
+    EXPECT_FALSE(after.mustWrite);
+    EXPECT_EQ(after.mark, before.mark);
+
+    // A window that was hidden for a while and forgotten, and a later one with its id, which bears no mark.
     marks.keepOnly({}, marks.now());
     EXPECT_FALSE(marks.isSame(window, true, before.mark));
-    const auto after = marks.assign(window, true, marks.now());
-    EXPECT_FALSE(after.mustSelect);
-    EXPECT_NE(after.mark, before.mark);
+    EXPECT_EQ(marks.assign(window, true, marks.now(), before.mark).mark, before.mark);
+    EXPECT_NE(marks.assign(window, false, marks.now()).mark, before.mark);
 }
 
 } // namespace
