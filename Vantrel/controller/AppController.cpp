@@ -293,12 +293,12 @@ bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) 
         if (hindrance == RestoreOutcome::Kind::displaysChanging) {
             m_context.log("restoreNow: the displays are changing");
         }
-        return RestoreOutcome::refuse(*hindrance, done);
+        return m_context.refuse(*hindrance, done);
     }
     const auto layout = m_context.layoutToRestore();
     if (!layout || layout->windows.empty()) {
         m_context.log("restoreNow: NO stored layout for current config");
-        return RestoreOutcome::refuse(RestoreOutcome::Kind::nothingStored, done);
+        return m_context.refuse(RestoreOutcome::Kind::nothingStored, done);
     }
     m_context.log(fmt::format("restoreNow: restoring {} windows (saved {})", layout->windows.size(),
                               iso8601Text(layout->savedAt)));
@@ -323,7 +323,7 @@ bool AppController::reapplyDriftScene(RestoreOutcome::Done done) {
     const auto nudge = published().driftNudge;
     const auto scene = nudge ? m_context.sceneStore.scene(nudge->sceneID) : std::nullopt;
     return scene ? applyScene(*scene, std::nullopt, std::move(done))
-                 : RestoreOutcome::refuse(RestoreOutcome::Kind::nothingStored, done);
+                 : m_context.refuse(RestoreOutcome::Kind::nothingStored, done);
 }
 
 bool AppController::setPinned(bool isPinned) {

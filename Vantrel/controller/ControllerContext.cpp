@@ -39,6 +39,16 @@ void ControllerContext::announce(const HUDEvent& event) const {
     }
 }
 
+bool ControllerContext::refuse(RestoreOutcome::Kind kind, const RestoreOutcome::Done& done) {
+    const RestoreOutcome outcome{.kind = kind, .report = {}};
+    const bool canSave = kind == RestoreOutcome::Kind::nothingStored;
+    announce(HUD::Refused{outcome.text(), canSave ? std::optional(settings.saveHotkey()) : std::nullopt});
+    if (done) {
+        done(outcome);
+    }
+    return false;
+}
+
 bool ControllerContext::entitledToRun() {
     const bool isEntitled = ports.license.entitlement().isEntitled();
     if (m_loggedEntitled != isEntitled) {

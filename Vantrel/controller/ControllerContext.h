@@ -58,6 +58,8 @@ public:
 
     void log(std::string_view message) { m_log.write(message); }
     void announce(const HUDEvent& event) const;
+    // Announces why nothing came of a request of the user's, and calls `done`, if set. Returns false.
+    bool refuse(RestoreOutcome::Kind kind, const RestoreOutcome::Done& done);
 
     [[nodiscard]] const PublishedState& state() const { return publisher.state(); }
 

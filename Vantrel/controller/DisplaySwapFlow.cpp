@@ -33,13 +33,13 @@ std::expected<void, std::string> DisplaySwapFlow::swap(const std::string& first,
     }
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
-        RestoreOutcome::refuse(*hindrance, done);
+        m_context.refuse(*hindrance, done);
         return {};
     }
     CaptureNow::perform(
         m_context, DeskCapture::Reach::every, [this, pair = *pair, done](const CaptureNow::Result& captured) {
             if (!captured) {
-                RestoreOutcome::refuse(kindFor(captured.error()), done);
+                m_context.refuse(kindFor(captured.error()), done);
                 return;
             }
             m_runner.perform({.layout = DisplaySwap::swapped(captured->withOtherWindows(), pair),

@@ -1,7 +1,11 @@
 // Events shown on the heads-up display as they happen.
 #pragma once
 
+#include "VantrelCore/model/HotKeyCombo.h"
+#include "VantrelCore/windows/RestoreTally.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -16,9 +20,9 @@ struct Restoring {
     bool operator==(const Restoring&) const = default;
 };
 struct Done {
-    std::int64_t windows = 0;
+    RestoreTally windows;
     double seconds = 0;
-    // As in Restoring, which may have been shown too briefly to read.
+    // As in Restoring, which may have been shown too briefly to read; "Undone" after an undo.
     std::string cause;
     bool operator==(const Done&) const = default;
 };
@@ -26,6 +30,21 @@ struct Done {
 struct Saved {
     std::int64_t windows = 0;
     bool operator==(const Saved&) const = default;
+};
+// The desk was put aside.
+struct Stashed {
+    std::int64_t windows = 0;
+    // Brings it back.
+    std::optional<HotKeyCombo> shortcut;
+    bool operator==(const Stashed&) const = default;
+};
+// Nothing came of a request of the user's.
+struct Refused {
+    // Sentences, the first of which says what prevents it.
+    std::string text;
+    // For a desk without a saved layout: saves it.
+    std::optional<HotKeyCombo> saveShortcut = std::nullopt;
+    bool operator==(const Refused&) const = default;
 };
 // A window of a newly started application was moved to its place.
 struct AppPlaced {
@@ -55,7 +74,7 @@ struct SceneSettled {
 
 } // namespace HUD
 
-using HUDEvent =
-    std::variant<HUD::Restoring, HUD::Done, HUD::Saved, HUD::AppPlaced, HUD::SceneApplied, HUD::SceneSettled>;
+using HUDEvent = std::variant<HUD::Restoring, HUD::Done, HUD::Saved, HUD::Stashed, HUD::Refused,
+                              HUD::AppPlaced, HUD::SceneApplied, HUD::SceneSettled>;
 
 } // namespace vantrel

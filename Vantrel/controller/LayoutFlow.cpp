@@ -35,21 +35,21 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
     using Kind = RestoreOutcome::Kind;
     if (m_context.gate.isRestoring()) {
         m_context.log("switch layout skipped: a restore is in flight");
-        return RestoreOutcome::refuse(Kind::restoreInFlight, done);
+        return m_context.refuse(Kind::restoreInFlight, done);
     }
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
-        return RestoreOutcome::refuse(*hindrance, done);
+        return m_context.refuse(*hindrance, done);
     }
     const std::string desk = m_context.state().configID;
     const std::string former = m_context.state().activeLayoutName;
     if (!m_context.store.layout(desk, name)) {
-        return RestoreOutcome::refuse(Kind::noSuchLayout, done);
+        return m_context.refuse(Kind::noSuchLayout, done);
     }
     std::function<void()> undone;
     if (name != former) {
         if (!m_context.store.setActiveLayout(name, desk)) {
-            return RestoreOutcome::refuse(Kind::writeFailed, done);
+            return m_context.refuse(Kind::writeFailed, done);
         }
         m_learning.adoptPreChangeSnapshotIfNeeded();
         m_context.log(fmt::format("switch layout: {} to {}", former, name));
@@ -82,7 +82,7 @@ void LayoutFlow::returnTo(const Left& left) {
 bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done) {
     const auto layout = m_context.layoutToRestore();
     if (!layout) {
-        return RestoreOutcome::refuse(RestoreOutcome::Kind::noSuchLayout, done);
+        return m_context.refuse(RestoreOutcome::Kind::noSuchLayout, done);
     }
     m_runner.perform({.layout = *layout,
                       .displays = m_context.state().displays,
@@ -97,11 +97,11 @@ bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcom
 bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& done) {
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
-        return RestoreOutcome::refuse(*hindrance, done);
+        return m_context.refuse(*hindrance, done);
     }
     Layout fitted = m_context.fittedToDesk(layout);
     if (fitted.windows.empty()) {
-        return RestoreOutcome::refuse(RestoreOutcome::Kind::emptyLayout, done);
+        return m_context.refuse(RestoreOutcome::Kind::emptyLayout, done);
     }
     m_runner.perform({.layout = std::move(fitted),
                       .displays = m_context.state().displays,
@@ -115,6 +115,9 @@ bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& d
 void LayoutFlow::saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done) {
     const auto tell = [this, done = std::move(done)](const SaveOutcome& outcome) {
         m_context.log("save layout: " + outcome.text());
+        if (outcome.kind != SaveOutcome::Kind::saved) {
+            m_context.announce(HUD::Refused{outcome.text()});
+        }
         if (done) {
             done(outcome);
         }

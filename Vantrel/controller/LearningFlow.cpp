@@ -143,6 +143,9 @@ void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
                             const SaveOutcome outcome =
                                 captured ? finishSave(*captured) : SaveOutcome{.kind = captured.error()};
                             m_context.log("save layout: " + outcome.text());
+                            if (outcome.kind != SaveOutcome::Kind::saved) {
+                                m_context.announce(HUD::Refused{outcome.text()});
+                            }
                             if (done) {
                                 done(outcome);
                             }

@@ -4,13 +4,6 @@
 
 namespace vantrel {
 
-bool RestoreOutcome::refuse(Kind kind, const Done& done) {
-    if (done) {
-        done({.kind = kind, .report = {}});
-    }
-    return false;
-}
-
 std::string RestoreOutcome::text() const {
     switch (kind) {
     case Kind::finished:

@@ -43,9 +43,6 @@ struct RestoreOutcome {
 
     bool operator==(const RestoreOutcome&) const = default;
 
-    // Calls `done`, if set, with the reason why nothing is going to move. Returns false.
-    static bool refuse(Kind kind, const Done& done);
-
     // A sentence for people.
     [[nodiscard]] std::string text() const;
 };

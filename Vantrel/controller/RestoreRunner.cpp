@@ -1,6 +1,7 @@
 #include "Vantrel/controller/RestoreRunner.h"
 
 #include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/windows/RestoreTally.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <utility>
@@ -47,6 +48,7 @@ void RestoreRunner::start(RestoreRequest request) {
         m_context.log(hindrance == Kind::displaysChanging ? "restore dropped: the displays have changed"
                                                           : "restore dropped: " + outcome.text());
         m_context.refreshStatus();
+        announceFailure(request, outcome);
         request.tell(outcome);
         return;
     }
@@ -169,7 +171,16 @@ void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind w
     m_context.gate.endRestore();
     m_context.showPhase({});
     m_context.refreshStatus();
-    request.tell({.kind = why, .report = {}});
+    const RestoreOutcome outcome{.kind = why, .report = {}};
+    announceFailure(request, outcome);
+    request.tell(outcome);
+}
+
+void RestoreRunner::announceFailure(const RestoreRequest& request, const RestoreOutcome& outcome) const {
+    // An automatic restore begins again when the displays have settled.
+    if (request.announcement == Announcement::announce && request.trigger == RestoreTrigger::manual) {
+        m_context.announce(HUD::Refused{outcome.text()});
+    }
 }
 
 void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreReport& report) {
@@ -184,7 +195,9 @@ void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreRe
     m_context.refreshStatus();
     // Scenes make their own announcement.
     if (request.announcement == Announcement::announce && !request.scene) {
-        m_context.announce(HUD::Done{restored, report.elapsed, request.announcedCause});
+        const bool isUndo = request.purpose == RestorePurpose::undo;
+        m_context.announce(
+            HUD::Done{RestoreTally::of(report), report.elapsed, isUndo ? "Undone" : request.announcedCause});
     }
 }
 

@@ -34,6 +34,7 @@ private:
     void endAbandoned(const RestoreRequest& request, const RestorePass::Result& result);
     void giveUp(const RestoreRequest& request, RestoreOutcome::Kind why);
     // Shows and announces the report.
+    void announceFailure(const RestoreRequest& request, const RestoreOutcome& outcome) const;
     void publishReport(const RestoreRequest& request, const RestoreReport& report);
     void runPending();
 

@@ -58,7 +58,7 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
                                 RestoreOutcome::Done done) {
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
-        return RestoreOutcome::refuse(*hindrance, done);
+        return m_context.refuse(*hindrance, done);
     }
     const auto& displays = m_context.state().displays;
     auto onDesk = SceneOnDesk::make(scene, m_context.state().configID, displays, m_context.store.rules());

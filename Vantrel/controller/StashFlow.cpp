@@ -73,6 +73,9 @@ void StashFlow::tell(const Result& result, const std::function<void(const Result
     m_context.log(
         result ? fmt::format("stash: {} put aside", ControllerText::windows(result->layout.windows.size()))
                : "stash: " + SaveOutcome{.kind = result.error()}.text());
+    m_context.announce(
+        result ? HUDEvent(HUD::Stashed{std::ssize(result->layout.windows), m_context.settings.stashHotkey()})
+               : HUD::Refused{SaveOutcome{.kind = result.error()}.text()});
     if (done) {
         done(result);
     }
@@ -83,12 +86,12 @@ bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done
     const auto stored = m_store.stash(stashID);
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
-        return RestoreOutcome::refuse(*hindrance, done);
+        return m_context.refuse(*hindrance, done);
     }
     dropExpired();
     const auto& published = m_context.state().stashes;
     if (!stored || std::ranges::find(published, stored->id, &Stash::id) == published.end()) {
-        return RestoreOutcome::refuse(RestoreOutcome::Kind::noSuchStash, done);
+        return m_context.refuse(RestoreOutcome::Kind::noSuchStash, done);
     }
     const Stash& stash = *stored;
     m_runner.perform({.layout = m_context.fittedToDesk(stash.layout),

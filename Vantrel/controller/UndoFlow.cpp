@@ -71,13 +71,13 @@ bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
     using Kind = RestoreOutcome::Kind;
     m_context.refreshStatus();
     if (const auto hindrance = m_context.hindranceToMoving()) {
-        return RestoreOutcome::refuse(*hindrance, done);
+        return m_context.refuse(*hindrance, done);
     }
     if (!m_slot || m_isUndoing) {
-        return RestoreOutcome::refuse(Kind::nothingToUndo, done);
+        return m_context.refuse(Kind::nothingToUndo, done);
     }
     if (m_context.state().applicableUndo() == nullptr) {
-        return RestoreOutcome::refuse(Kind::undoElsewhere, done);
+        return m_context.refuse(Kind::undoElsewhere, done);
     }
     m_isUndoing = true;
     RestoreRequest request{.layout = {},

@@ -1,11 +1,14 @@
 #include "Vantrel/interface/HUDOverlay.h"
 
+#include "Vantrel/interface/symbols/Symbols.h"
+
 #include <QBitmap>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 #include <chrono>
@@ -18,6 +21,8 @@ constexpr std::chrono::milliseconds shownFor{2200};
 // In pixels at 96 dots per inch.
 constexpr int padding = 22;
 constexpr int lineGap = 4;
+constexpr int symbolSize = 22;
+constexpr int symbolGap = 14;
 constexpr int narrowest = 180;
 constexpr int widest = 520;
 constexpr int distanceFromEdge = 96;
@@ -29,6 +34,12 @@ const QColor background(28, 30, 36, 235);
 const QColor border(255, 255, 255, 40);
 const QColor headlineColor(255, 255, 255);
 const QColor detailColor(200, 206, 218);
+
+QColor symbolColor(std::string_view symbol) {
+    return symbol == "check"  ? QColor(0x74, 0xcf, 0x97)
+           : symbol == "warn" ? QColor(0xf0, 0xb3, 0x5a)
+                              : QColor(0xa9, 0xc6, 0xff);
+}
 
 QFont headlineFont() {
     constexpr double larger = 1.25;
@@ -108,7 +119,8 @@ void HUDOverlay::place() {
     }
     const QRect area = screen->availableGeometry();
     const QSize size(
-        std::min(std::clamp(width + 2 * padding + roundingSlack, narrowest, widest), area.width()),
+        std::min(std::clamp(width + symbolSize + symbolGap + 2 * padding + roundingSlack, narrowest, widest),
+                 area.width()),
         height + 2 * padding - lineGap * 2);
     const int y = std::max(area.top(), area.bottom() - distanceFromEdge - size.height());
     setGeometry(QRect(QPoint(area.center().x() - size.width() / 2, y), size));
@@ -125,12 +137,20 @@ void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(border);
     painter.drawPath(shape);
 
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const int symbolLeft = isMirrored ? width() - padding - symbolSize : padding;
+    Symbols::paint(painter, m_text.symbol,
+                   QRectF(symbolLeft, (height() - symbolSize) / 2.0, symbolSize, symbolSize),
+                   symbolColor(m_text.symbol));
+    const int textLeft = isMirrored ? padding : padding + symbolSize + symbolGap;
+    const int textWidth = width() - 2 * padding - symbolSize - symbolGap;
     const auto line = [&](const std::string& text, const QFont& font, const QColor& color, int top) {
         const QFontMetrics metrics(font, this);
         painter.setFont(font);
         painter.setPen(color);
-        const QRect place(padding, top, width() - 2 * padding, metrics.height());
-        painter.drawText(place, Qt::AlignCenter, metrics.elidedText(qt(text), Qt::ElideRight, place.width()));
+        const QRect place(textLeft, top, textWidth, metrics.height());
+        painter.drawText(place, QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter),
+                         metrics.elidedText(qt(text), Qt::ElideRight, place.width()));
         return top + metrics.height() + lineGap;
     };
     const int below = line(m_text.headline, headlineFont(), headlineColor, padding - lineGap);

@@ -1,9 +1,10 @@
-// The text that the heads-up display shows for an event: a headline and a detail below it.
+// What the heads-up display shows for an event: a headline, a detail below it, and a symbol beside both.
 #pragma once
 
 #include "Vantrel/controller/HUDEvent.h"
 
 #include <string>
+#include <string_view>
 
 namespace vantrel {
 
@@ -11,6 +12,8 @@ struct HUDText {
     std::string headline;
     // Empty when the headline is enough.
     std::string detail;
+    // See Symbols.
+    std::string_view symbol;
 
     bool operator==(const HUDText&) const = default;
 

@@ -28,7 +28,7 @@ TEST_F(Restoring, PutsTheDeskBackInItsStackingOrderAndRecordsItBeforeShowingTheE
     EXPECT_EQ(story.stack().front(), order.front());
     ASSERT_EQ(shown.size(), 2U);
     EXPECT_EQ(shown.front(), HUDEvent(HUD::Restoring{}));
-    EXPECT_EQ(std::get<HUD::Done>(shown.back()).windows, 4);
+    EXPECT_EQ(std::get<HUD::Done>(shown.back()).windows.inPlace(), 4);
     EXPECT_EQ(recorded, 1U);
     EXPECT_THAT(story.messages(),
                 Contains(StartsWith("restoreNow: restoring 4 windows (saved 2026-03-02T00:")));
