@@ -4,10 +4,8 @@
 
 #include <csignal>
 #include <ctime>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -38,8 +36,7 @@ int endOfProbe(const std::filesystem::path& folder, const std::string& way, cons
 std::map<std::string, std::string> reportsIn(const std::filesystem::path& folder) {
     std::map<std::string, std::string> reports;
     for (const auto& entry : std::filesystem::directory_iterator(folder / CrashReportNames::folder)) {
-        std::ifstream stream(entry.path());
-        reports.emplace(entry.path().filename(), std::string(std::istreambuf_iterator<char>(stream), {}));
+        reports.emplace(entry.path().filename(), textOf(entry.path()));
     }
     return reports;
 }
@@ -131,7 +128,7 @@ TEST(CrashReporterItself, EndsTheProgramByTheFirstSignalWhenItsHandlerFaultsOrHa
 
 TEST(CrashReporterItself, DoesNotChangeTheEndWhenItsFolderCannotBeUsed) {
     const TemporaryFolder folder;
-    std::ofstream(folder.path() / CrashReportNames::folder) << "a file";
+    putText(folder.path() / CrashReportNames::folder, "a file");
     EXPECT_EQ(endOfProbe(folder.path(), "SIGFPE"), SIGFPE);
     EXPECT_EQ(endOfProbe(folder.path(), "exception"), SIGABRT);
     EXPECT_EQ(folder.names().size(), 1U);

@@ -22,7 +22,6 @@
 #include <cstring>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -40,15 +39,6 @@ constexpr auto forEver = std::numeric_limits<std::size_t>::max();
 bool isFull() {
     const char* const value = std::getenv("VANTREL_FAULTS");
     return value != nullptr && std::string_view(value) == "full";
-}
-
-std::string textOf(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void put(const std::filesystem::path& file, const std::string& text) {
-    std::ofstream(file) << text;
 }
 
 // Any store, with its records as JSON.
@@ -187,7 +177,7 @@ protected:
         const auto& name = GetParam().file;
         Session session(m_folder.path(), GetParam());
         if (name == settings) {
-            put(m_file, "settleDelay = 1.5\nuntouched = 3\n");
+            putText(m_file, "settleDelay = 1.5\nuntouched = 3\n");
         } else {
             const auto seed = std::filesystem::path(VANTREL_STORE_FILES) / name;
             ASSERT_TRUE(session.store->save(json::parse(textOf(seed))));
@@ -218,7 +208,7 @@ protected:
         for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
             std::filesystem::remove(entry.path());
         }
-        put(m_file, m_text);
+        putText(m_file, m_text);
         Session session(m_folder.path(), GetParam());
         if (operation == Operation::save) {
             std::ignore = session.store->load();

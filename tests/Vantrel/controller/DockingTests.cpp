@@ -227,16 +227,6 @@ TEST_F(Docking, FollowsTheSettingsForAutomaticRestoreAndSizes) {
     EXPECT_EQ(story.frame(story.terminal), (Rect{{1940, -290}, {300, 200}}));
 }
 
-TEST_F(Docking, LearningResumesAfterTheLaterOfTwoChanges) {
-    story.desk.change(DeskSetup::named("laptop"));
-    story.runFor(6);
-    story.desk.change(DeskSetup::named("laptop-and-monitor"));
-    story.runFor(9.9);
-    EXPECT_TRUE(story.controller->snapshotsSuspended());
-    story.runFor(1);
-    EXPECT_FALSE(story.controller->snapshotsSuspended());
-}
-
 TEST_F(Docking, RulesForceOneAppOntoItsDisplayAndLeaveAnotherAlone) {
     const DisplayInfo monitor = story.published().displays.back();
     setRule("org.example.mail", AppRule::ForceDisplay{monitor.uuid, monitor.name});

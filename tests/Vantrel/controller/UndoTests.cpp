@@ -187,15 +187,6 @@ TEST_F(Stashes, AFailedStashLosesNothing) {
     EXPECT_EQ(stash().error(), SaveOutcome::Kind::nothingToSave);
 }
 
-TEST_F(Stashes, TheToggleStashesAndBringsBackInTurn) {
-    for (const std::size_t kept : {1U, 0U, 1U}) {
-        EXPECT_EQ(toggle(), kept > 0);
-        EXPECT_EQ(story.published().stashes.size(), kept);
-        EXPECT_TRUE(kept > 0 || story.frames() == home);
-        story.scatter();
-    }
-}
-
 TEST_F(Stashes, TheToggleStashesAgainWhenNothingCanReturn) {
     const Stash gone = stash().value();
     for (const auto& [window, frame] : home) {

@@ -79,7 +79,7 @@ TEST(SameDesk, OnlyDisplaysWithoutAnIdentityOfTheirOwnAreCertainlyTheSame) {
     EXPECT_EQ(SameDesk::likeness({monitor("display-1", leftPlace)}, {renamedModel}), Likeness::different);
 }
 
-TEST(SameDesk, OneCertainDeskIsFoundAndOfSeveralTheLatestIsOnlyPossible) {
+TEST(SameDesk, FindsOneCertainDeskAndOfSeveralOffersTheLatest) {
     const SameDesk::Displays present{monitor("display-3", leftPlace)};
     const Layout first = layoutOn("first", {monitor("display-1", leftPlace)}, 2);
     const Layout second = layoutOn("second", {monitor("display-2", leftPlace)}, 1);

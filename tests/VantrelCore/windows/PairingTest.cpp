@@ -84,7 +84,7 @@ WindowRecord record(const std::string& title, std::int64_t zOrder, const PlaceSt
             .states = states};
 }
 
-TEST(WindowPairing, AWindowIsItselfWhateverItsTitleAndPlaceInTheStack) {
+TEST(WindowPairing, RecognisesAWindowUnderAnotherTitleAndAtAnotherDepth) {
     const std::vector saved{record("News", 0), record("Tickets", 1)};
     const std::vector<LiveWindow> live{{record("Tickets", 0), first}, {record("Weather", 1), second}};
     EXPECT_EQ(WindowPairing::pair(saved, {first, second}, live).pairs,

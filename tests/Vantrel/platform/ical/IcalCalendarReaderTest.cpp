@@ -3,7 +3,6 @@
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 
 #include <fmt/format.h>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
@@ -38,11 +37,6 @@ struct CalendarFolder : testing::Test {
 
     const CalendarQuery afternoon = query("2026-11-21T15:00:00Z");
 
-    static void write(const std::filesystem::path& file, const std::string& text) {
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file) << text;
-    }
-
     static std::string event(const std::string& title, const std::string& lines) {
         return fmt::format(
             "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:{0}\r\nSUMMARY:{0}\r\n{1}\r\nEND:VEVENT\r\n"
@@ -59,12 +53,12 @@ struct CalendarFolder : testing::Test {
 
 TEST_F(CalendarFolder, ReadsTheUsualFoldersOrThoseTheUserNames) {
     EXPECT_FALSE(reader.read(afternoon).hasAccess);
-    write(data / "evolution/calendar/system/calendar.ics", event("Evolution", "DTSTART:20261121T150030Z"));
-    write(data / "khal/calendars/home/a.ics", event("Khal", "DTSTART:20261121T150010Z"));
-    write(folder.path() / ".calendars/team/b.ics", event("Sync", "DTSTART:20261121T150020Z"));
-    write(folder.path() / ".calendars/team/.b.ics", event("Hidden", "DTSTART:20261121T150020Z"));
-    write(folder.path() / ".calendars/team/notes.txt", event("Text", "DTSTART:20261121T150020Z"));
-    write(folder.path() / "mine/c.ics", event("Mine", "DTSTART:20261121T150000Z"));
+    putText(data / "evolution/calendar/system/calendar.ics", event("Evolution", "DTSTART:20261121T150030Z"));
+    putText(data / "khal/calendars/home/a.ics", event("Khal", "DTSTART:20261121T150010Z"));
+    putText(folder.path() / ".calendars/team/b.ics", event("Sync", "DTSTART:20261121T150020Z"));
+    putText(folder.path() / ".calendars/team/.b.ics", event("Hidden", "DTSTART:20261121T150020Z"));
+    putText(folder.path() / ".calendars/team/notes.txt", event("Text", "DTSTART:20261121T150020Z"));
+    putText(folder.path() / "mine/c.ics", event("Mine", "DTSTART:20261121T150000Z"));
     EXPECT_THAT(titles(afternoon), ElementsAre("Khal", "Sync", "Evolution"));
     EXPECT_THAT(titles(query("2026-11-21T15:00:00Z", {"~/mine", "~/mine/c.ics"})), ElementsAre("Mine"));
     EXPECT_FALSE(reader.read(query("2026-11-21T15:00:00Z", {"/nowhere"})).hasAccess);
@@ -72,8 +66,8 @@ TEST_F(CalendarFolder, ReadsTheUsualFoldersOrThoseTheUserNames) {
 
 TEST_F(CalendarFolder, RereadsAChangedFileAndForEachDay) {
     const auto file = folder.path() / ".calendars/home/a.ics";
-    write(file, event("Daily", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
-    write(folder.path() / ".calendars/home/b.ics", event("Once", "DTSTART:20261121T150040Z"));
+    putText(file, event("Daily", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
+    putText(folder.path() / ".calendars/home/b.ics", event("Once", "DTSTART:20261121T150040Z"));
     EXPECT_THAT(titles(query("2026-11-21T08:00:00Z")), IsEmpty());
     EXPECT_EQ(reader.filesRead(), 2U);
     EXPECT_THAT(titles(afternoon), ElementsAre("Daily", "Once"));
@@ -83,7 +77,7 @@ TEST_F(CalendarFolder, RereadsAChangedFileAndForEachDay) {
     // The clock went back.
     EXPECT_THAT(titles(afternoon), ElementsAre("Daily", "Once"));
 
-    write(file, event("Renamed", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
+    putText(file, event("Renamed", "DTSTART:20260101T150030Z\r\nRRULE:FREQ=DAILY"));
     EXPECT_THAT(titles(afternoon), ElementsAre("Renamed", "Once"));
     EXPECT_EQ(reader.filesRead(), 1U);
     std::filesystem::remove(file);
@@ -91,7 +85,8 @@ TEST_F(CalendarFolder, RereadsAChangedFileAndForEachDay) {
 }
 
 TEST_F(CalendarFolder, RereadsAFileWhenItsZoneChanges) {
-    write(folder.path() / ".calendars/a.ics", event("Tomorrow", "DTSTART;TZID=Asia/Almaty:20261121T200030"));
+    putText(folder.path() / ".calendars/a.ics",
+            event("Tomorrow", "DTSTART;TZID=Asia/Almaty:20261121T200030"));
     zones.insert_or_assign("Asia/Almaty", TimeZone::posix("<+06>-6").value());
     EXPECT_THAT(titles(afternoon), IsEmpty());
     zones.insert_or_assign("Asia/Almaty", TimeZone::posix("<+05>-5").value());
@@ -105,8 +100,8 @@ TEST_F(CalendarFolder, ReadsAFileWithEndlessRulesInPartAndLogsItOnce) {
     for (int i = 0; i < 100; ++i) {
         rules += "RRULE:FREQ=HOURLY;COUNT=2000000000;BYMONTH=2;BYMONTHDAY=30\r\n";
     }
-    write(folder.path() / ".calendars/a.ics", event("Endless", rules + "LOCATION:A"));
-    write(folder.path() / ".calendars/b.ics", event("Once", "DTSTART:20261121T150030Z"));
+    putText(folder.path() / ".calendars/a.ics", event("Endless", rules + "LOCATION:A"));
+    putText(folder.path() / ".calendars/b.ics", event("Once", "DTSTART:20261121T150030Z"));
     ASSERT_EQ(mkfifo((folder.path() / ".calendars/pipe.ics").c_str(), 0600), 0);
     EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
     EXPECT_THAT(titles(afternoon), ElementsAre("Once"));
@@ -116,15 +111,15 @@ TEST_F(CalendarFolder, ReadsAFileWithEndlessRulesInPartAndLogsItOnce) {
 
 TEST_F(CalendarFolder, SkipsADamagedFileAndLogsItOnce) {
     const auto damaged = folder.path() / ".calendars/home/a.ics";
-    write(damaged, event("Half", "DTSTART:20261121T150030Z").substr(0, 70));
-    write(folder.path() / ".calendars/home/b.ics", event("Whole", "DTSTART:20261121T150030Z"));
+    putText(damaged, event("Half", "DTSTART:20261121T150030Z").substr(0, 70));
+    putText(folder.path() / ".calendars/home/b.ics", event("Whole", "DTSTART:20261121T150030Z"));
     for (const char* day : {"2026-11-21T15:00:00Z", "2026-11-21T15:00:00Z", "2026-12-21T15:00:00Z"}) {
         EXPECT_TRUE(reader.read(query(day)).hasAccess);
     }
     EXPECT_THAT(titles(afternoon), ElementsAre("Whole"));
     ASSERT_THAT(log, SizeIs(1));
     EXPECT_THAT(log.front(), HasSubstr("a.ics is skipped: it is not a calendar, or it is incomplete"));
-    write(damaged, event("Mended", "DTSTART:20261121T150030Z"));
+    putText(damaged, event("Mended", "DTSTART:20261121T150030Z"));
     EXPECT_THAT(titles(afternoon), ElementsAre("Mended", "Whole"));
 }
 

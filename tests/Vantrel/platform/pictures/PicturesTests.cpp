@@ -8,7 +8,6 @@
 #include <QBuffer>
 
 #include <fcntl.h>
-#include <fstream>
 #include <future>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -17,7 +16,7 @@
 namespace vantrel {
 namespace {
 
-TEST(RootPainting, TakesOfANoteWhatIsOfItsTypeAndLeavesOutTheRest) {
+TEST(RootPainting, ReadsValuesOfTheRightTypeAndSkipsOthers) {
     const RootPainting whole{.pixmap = 7, .base = 3, .pictures = {{"A", "file:///a.png"}}};
     EXPECT_EQ(RootPainting::parse(whole.note()), whole);
     const std::pair<const char*, RootPainting> notes[] = {
@@ -33,10 +32,10 @@ TEST(RootPainting, TakesOfANoteWhatIsOfItsTypeAndLeavesOutTheRest) {
     }
 }
 
-TEST(PictureFile, IsARegularFileOfBoundedSizeAndNobodyWaitsForAnythingElse) {
+TEST(PictureFile, ReadsOnlyRegularFilesOfBoundedSizeAndNeverBlocks) {
     const TemporaryFolder folder;
     const auto file = folder.path() / "a picture.png";
-    std::ofstream(file) << "12345";
+    putText(file, "12345");
     std::filesystem::create_symlink(file, folder.path() / "link");
     std::filesystem::create_symlink("/dev/zero", folder.path() / "device");
     const auto fifo = folder.path() / "fifo";
@@ -58,7 +57,7 @@ TEST(PictureFile, IsARegularFileOfBoundedSizeAndNobodyWaitsForAnythingElse) {
     }
 }
 
-TEST(XfceImages, AreReadFromAnAnswerOfTheirTypeOnly) {
+TEST(XfceImages, ReadsOnlyRepliesOfTheRightType) {
     g_log_set_always_fatal(G_LOG_LEVEL_CRITICAL);
     const auto images = [](const char* text) {
         GVariant* const answer = g_variant_parse(nullptr, text, nullptr, nullptr, nullptr);
@@ -74,7 +73,7 @@ TEST(XfceImages, AreReadFromAnAnswerOfTheirTypeOnly) {
     }
 }
 
-TEST(FittedImage, CutsTheEdgesThatAreTooLongBeforeItEnlarges) {
+TEST(FittedImage, CropsLongEdgesBeforeEnlarging) {
     QImage stripes(4, 20'000, QImage::Format_RGB32);
     stripes.fill(Qt::red);
     for (int row = 9'999; row <= 10'001; ++row) {

@@ -8,7 +8,6 @@
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 
 #include <atomic>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <thread>
@@ -78,7 +77,7 @@ TEST_F(PosixFileSystemTest, AFailedWriteLeavesNoTemporaryFile) {
 TEST_F(PosixFileSystemTest, RemovesAbandonedTemporaryFilesOnly) {
     for (const char* name : {".notes.json.tmp-a1b2c3", ".notes.json.tmp-d4e5f6", ".other.json.tmp-a1b2c3",
                              ".notes.json.tmp-of-somebody"}) {
-        std::ofstream(m_folder.path() / name) << "half";
+        putText(m_folder.path() / name, "half");
     }
     auto inUse = posix::TemporaryFile::create(m_file);
     ASSERT_TRUE(inUse.has_value());
@@ -189,7 +188,7 @@ TEST(InstanceLock, IsExclusiveAndNamesItsHolder) {
     const TemporaryFolder folder;
     {
         // What an earlier holder left does not count.
-        std::ofstream(folder.path() / InstanceLock::fileName) << std::string(500, 'x');
+        putText(folder.path() / InstanceLock::fileName, std::string(500, 'x'));
         const auto first = InstanceLock::take(folder.path(), noPatience);
         ASSERT_TRUE(first);
         EXPECT_FALSE(first->problem());
@@ -213,18 +212,17 @@ TEST(MachineIDFile, UsesTheFirstFileWithAValidIdentity) {
     const auto first = folder.path() / "first";
     const auto second = folder.path() / "second";
     MachineIDFile machine(files, {first, second});
-    const auto write = [](const auto& file, const std::string& text) { std::ofstream(file) << text; };
 
     EXPECT_EQ(machine.machineID(), std::nullopt);
     const std::string old(32, 'a');
-    write(second, old + "\n");
+    putText(second, old + "\n");
     EXPECT_EQ(machine.machineID(), old);
     for (const char* const nothing :
          {"", "uninitialized\n", "0123\n", "not-the-identity-of-any-computer\n"}) {
-        write(first, nothing);
+        putText(first, nothing);
         EXPECT_EQ(machine.machineID(), old) << nothing;
     }
-    write(first, std::string(32, '7') + "\n");
+    putText(first, std::string(32, '7') + "\n");
     EXPECT_EQ(machine.machineID(), std::string(32, '7'));
 }
 

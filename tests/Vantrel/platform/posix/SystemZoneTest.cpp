@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -146,8 +145,7 @@ TEST_F(TimeZones, FallsBackToUtcAndLogsItOnce) {
 }
 
 TEST_F(TimeZones, RefusesATruncatedZoneFile) {
-    std::ifstream stream(ZoneDatabase::systemFolder() / "Europe/Berlin", std::ios::binary);
-    const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+    const std::string whole = textOf(ZoneDatabase::systemFolder() / "Europe/Berlin");
     ASSERT_TRUE(ZoneFile::decode(whole).has_value());
     for (std::size_t size = 0; size < whole.size(); ++size) {
         EXPECT_FALSE(ZoneFile::decode(whole.substr(0, size)).has_value()) << size;

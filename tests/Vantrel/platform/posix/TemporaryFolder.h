@@ -1,13 +1,27 @@
-// A folder of a test's own, removed with everything in it.
+// A folder of a test's own, removed with everything in it, and small text files.
 #pragma once
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace vantrel {
+
+// Empty when there is no such file.
+[[nodiscard]] inline std::string textOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// Replaces the file's content, and creates its folder where it is missing.
+inline void putText(const std::filesystem::path& file, const std::string& text) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::trunc) << text;
+}
 
 class TemporaryFolder {
 public:

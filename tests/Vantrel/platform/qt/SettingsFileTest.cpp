@@ -9,9 +9,6 @@
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 using namespace vantrel;
 using namespace ::testing;
 using vantrel::testing::handlePending;
@@ -28,16 +25,6 @@ protected:
     [[nodiscard]] QtUserDefaults open() {
         return QtUserDefaults(file(), m_files, m_incidents,
                               [this](const std::string& message) { m_log.push_back(message); });
-    }
-
-    static void write(const std::filesystem::path& to, const std::string& text) {
-        std::filesystem::create_directories(to.parent_path());
-        std::ofstream(to, std::ios::trunc) << text;
-    }
-
-    static std::string read(const std::filesystem::path& from) {
-        std::ifstream stream(from);
-        return {std::istreambuf_iterator<char>(stream), {}};
     }
 
     TemporaryFolder m_folder;
@@ -113,7 +100,7 @@ TEST_F(QtUserDefaultsTest, CreatesTheFileWithTheFirstValue) {
         EXPECT_TRUE(defaults.set("gone", true));
         EXPECT_TRUE(defaults.remove("gone"));
     }
-    EXPECT_EQ(read(file()), SettingsText::heading() + "settleDelay = 0.75\n");
+    EXPECT_EQ(textOf(file()), SettingsText::heading() + "settleDelay = 0.75\n");
     EXPECT_EQ(open().number("settleDelay"), 0.75);
     EXPECT_THAT(m_log, IsEmpty());
 }
@@ -123,7 +110,7 @@ TEST_F(QtUserDefaultsTest, StoresDatesAndDataAsText) {
     auto defaults = open();
     EXPECT_TRUE(defaults.set("date", date));
     EXPECT_TRUE(defaults.set("data", DefaultsData{"[\"a\"]"}));
-    EXPECT_EQ(read(file()),
+    EXPECT_EQ(textOf(file()),
               SettingsText::heading() + "date = \"2026-03-02T09:30:00Z\"\ndata = \"[\\\"a\\\"]\"\n");
     EXPECT_EQ(defaults.date("date"), date);
     EXPECT_EQ(defaults.data("data"), DefaultsData{"[\"a\"]"});
@@ -131,7 +118,7 @@ TEST_F(QtUserDefaultsTest, StoresDatesAndDataAsText) {
 }
 
 TEST_F(QtUserDefaultsTest, AValueOfAnotherTypeIsAbsent) {
-    write(file(), "flag = true\nnumber = 1.5\nwhole = 2\ntext = \"true\"\n");
+    putText(file(), "flag = true\nnumber = 1.5\nwhole = 2\ntext = \"true\"\n");
     auto defaults = open();
     using Seen = std::tuple<std::optional<bool>, std::optional<std::int64_t>, std::optional<double>,
                             std::optional<std::string>>;
@@ -145,25 +132,25 @@ TEST_F(QtUserDefaultsTest, AValueOfAnotherTypeIsAbsent) {
 }
 
 TEST_F(QtUserDefaultsTest, NoticesEveryWayEditorsSave) {
-    write(file(), "settleDelay = 1\n");
+    putText(file(), "settleDelay = 1\n");
     auto defaults = open();
     int changes = 0;
     defaults.setChangeHandler([&] { ++changes; });
 
     // In place, as nano does.
-    write(file(), "settleDelay = 2\n");
+    putText(file(), "settleDelay = 2\n");
     EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == 2.0 && changes >= 1; }));
     // Another file put in its place, as vim and most others do; twice, since the watch has to move along.
     for (const double delay : {3.0, 4.0}) {
         const auto swap = file().parent_path() / "settings.conf~";
-        write(swap, "settleDelay = " + std::to_string(delay) + "\n");
+        putText(swap, "settleDelay = " + std::to_string(delay) + "\n");
         std::filesystem::rename(swap, file());
         EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == delay; })) << delay;
     }
     // Removed, and made anew.
     std::filesystem::remove(file());
     EXPECT_TRUE(waitFor([&] { return !defaults.number("settleDelay").has_value(); }));
-    write(file(), "settleDelay = 5\n");
+    putText(file(), "settleDelay = 5\n");
     EXPECT_TRUE(waitFor([&] { return defaults.number("settleDelay") == 5.0 && changes >= 5; }));
 }
 
@@ -182,17 +169,17 @@ TEST_F(QtUserDefaultsTest, ReportsItsOwnChangesOncePerRound) {
 }
 
 TEST_F(QtUserDefaultsTest, RereadsTheFileBeforeWriting) {
-    write(file(), "a = 1\n");
+    putText(file(), "a = 1\n");
     auto defaults = open();
-    write(file(), "# by hand\na = 2\n");
+    putText(file(), "# by hand\na = 2\n");
     EXPECT_TRUE(defaults.set("b", true));
-    EXPECT_EQ(read(file()), "# by hand\na = 2\nb = true\n");
+    EXPECT_EQ(textOf(file()), "# by hand\na = 2\nb = true\n");
     EXPECT_EQ(defaults.integer("a"), 2);
 }
 
 TEST_F(QtUserDefaultsTest, KeepsACopyOfAMalformedFile) {
     const std::string broken = "settleDelay = fast\nrestoreSizes = false\n{\"json\": 1}\n";
-    write(file(), broken);
+    putText(file(), broken);
     auto defaults = open();
     EXPECT_EQ(defaults.number("settleDelay"), std::nullopt);
     EXPECT_EQ(defaults.boolean("restoreSizes"), false);
@@ -200,21 +187,21 @@ TEST_F(QtUserDefaultsTest, KeepsACopyOfAMalformedFile) {
         m_log, ElementsAre(AllOf(HasSubstr("line 1"), HasSubstr("1 more"), HasSubstr("settleDelay = fast"))));
 
     EXPECT_TRUE(defaults.set("settleDelay", 1.0));
-    EXPECT_EQ(read(file().string() + ".corrupt"), broken);
-    EXPECT_EQ(read(file()), "settleDelay = 1.0\nrestoreSizes = false\n{\"json\": 1}\n");
+    EXPECT_EQ(textOf(file().string() + ".corrupt"), broken);
+    EXPECT_EQ(textOf(file()), "settleDelay = 1.0\nrestoreSizes = false\n{\"json\": 1}\n");
 }
 
 TEST_F(QtUserDefaultsTest, FollowsAndWatchesASymbolicLink) {
     const auto target = m_folder.path() / "dotfiles" / "vantrel.conf";
-    write(target, "a = 1\n");
+    putText(target, "a = 1\n");
     std::filesystem::create_directories(file().parent_path());
     std::filesystem::create_symlink(target, file());
     auto defaults = open();
     EXPECT_TRUE(defaults.set("a", std::int64_t{2}));
     EXPECT_TRUE(std::filesystem::is_symlink(file()));
-    EXPECT_EQ(read(target), "a = 2\n");
+    EXPECT_EQ(textOf(target), "a = 2\n");
 
-    write(m_folder.path() / "dotfiles" / "new", "a = 3\n");
+    putText(m_folder.path() / "dotfiles" / "new", "a = 3\n");
     std::filesystem::rename(m_folder.path() / "dotfiles" / "new", target);
     EXPECT_TRUE(waitFor([&] { return defaults.integer("a") == 3; }));
 }
