@@ -1,5 +1,6 @@
 // vantrel: the program itself, and the only place that chooses adapters and wires objects together.
 #include "Vantrel/Vendor.h"
+#include "Vantrel/commands/ControlClient.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
@@ -10,9 +11,11 @@
 #include "Vantrel/diagnostics/VendorServer.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
+#include "Vantrel/platform/icons/ThemeIcons.h"
 #include "Vantrel/platform/linux/HardwareModel.h"
 #include "Vantrel/platform/linux/ProgramBuild.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
@@ -52,6 +55,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDesktopServices>
+#include <QKeyEvent>
 #include <QUrl>
 
 #include <cstdio>
@@ -93,9 +97,13 @@ SystemDescription systemDescription() {
             .hardware = hardwareModel()};
 }
 
+bool isWaylandSession() {
+    return !environment("WAYLAND_DISPLAY").empty();
+}
+
 // Printed once, at startup. The meaning of the environment variables is up to the display server.
 void explainWayland() {
-    if (!environment("WAYLAND_DISPLAY").empty()) {
+    if (isWaylandSession()) {
         say("This is a Wayland session: only the windows of X11 programs can be seen and moved, not "
             "those of Wayland programs.");
     }
@@ -105,7 +113,12 @@ bool isServiceRegistered(const QDBusConnection& bus) {
     return bus.interface()->isServiceRegistered(ControlNames::service);
 }
 
-ExitCode complainAboutSecondInstance() {
+// Whoever starts it again wants to see it.
+ExitCode raiseFirstInstance() {
+    if (ControlClient::call("ShowPanel", {}, ControlClient::Patience::brief)) {
+        say("Vantrel is already running; its panel is open now.");
+        return ExitCode::done;
+    }
     return complain("Vantrel is already running. Check it with: vantrelctl status", ExitCode::alreadyRunning);
 }
 
@@ -203,7 +216,7 @@ private:
         }
         if (!m_bus.registerService(ControlNames::service)) {
             if (isServiceRegistered(m_bus)) {
-                return complainAboutSecondInstance();
+                return raiseFirstInstance();
             }
             return complain("The session bus refused the name " + std::string(ControlNames::service) + ": " +
                             m_bus.lastError().message().toStdString());
@@ -236,9 +249,11 @@ private:
     }
 
     void startSurfaces() {
+        startPanel();
         m_statusIcon.emplace(
             *m_controller,
             StatusIcon::Actions{
+                .openPanel = [this] { m_panel->toggle(); },
                 .purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
                 .checkForUpdates = [this] { m_updates.checkForUpdates(); },
                 .quit = [] { QCoreApplication::quit(); }});
@@ -252,6 +267,27 @@ private:
                                  .joined = [this](const QDBusConnection& bus) { joinBus(bus); },
                                  .log = [this](const std::string& message) { log(message); },
                              });
+    }
+
+    void startPanel() {
+        PanelPresenter::Services services;
+        services.icons = &m_icons;
+        services.keyCode = [this](const QKeyEvent& event) {
+            return m_hotKeys.virtualKeyCode(event.nativeScanCode());
+        };
+        services.trayIcon = [this] { return m_statusIcon ? m_statusIcon->place() : std::nullopt; };
+        services.permissionTitle = "No window manager";
+        services.permissionDetail =
+            "Windows cannot be moved without one. Start your desktop session, then check again.";
+        if (isWaylandSession()) {
+            services.sessionNotes.emplace_back("This is a Wayland session",
+                                               "Only programs that use X11 can be seen and moved.");
+        }
+        services.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
+        services.showUpdate = [this] { m_updates.checkForUpdates(); };
+        services.quit = [] { QCoreApplication::quit(); };
+        m_panel.emplace(*m_controller, std::move(services));
+        m_controller->setPanelHandler([this] { m_panel->open(); });
     }
 
     [[nodiscard]] bool serve() {
@@ -369,6 +405,9 @@ private:
     Registration m_loss;
     Registration m_eventErrors;
     std::optional<HUDOverlay> m_overlay;
+    ThemeIcons m_icons;
+    // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
+    std::optional<PanelPresenter> m_panel;
     std::optional<StatusIcon> m_statusIcon;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;
@@ -421,7 +460,7 @@ int main(int argumentCount, char** arguments) {
     }
     // Checked before touching anything that belongs to the running instance.
     if (isServiceRegistered(bus)) {
-        return static_cast<int>(complainAboutSecondInstance());
+        return static_cast<int>(raiseFirstInstance());
     }
     const auto folder = UserFolders::supportDirectory();
     if (const auto error = PosixFileSystem().createDirectories(folder)) {

@@ -345,6 +345,13 @@ Publisher::ObserverID AppController::addObserver(Publisher::Observer observer) {
     return m_context.publisher.add(std::move(observer));
 }
 
+bool AppController::showPanel() {
+    if (m_showPanel) {
+        m_showPanel();
+    }
+    return static_cast<bool>(m_showPanel);
+}
+
 void AppController::setHUDHandler(std::function<void(const HUDEvent&)> handler) {
     m_context.onHUDEvent = std::move(handler);
 }

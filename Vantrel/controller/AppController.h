@@ -191,6 +191,9 @@ public:
     // Publishes the live windows until the result is released; see LiveDeskFlow.
     [[nodiscard]] std::shared_ptr<void> watchLiveDesk() { return m_liveDesk.watch(); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
+    void setPanelHandler(std::function<void()> handler) { m_showPanel = std::move(handler); }
+    // False when there is no panel.
+    bool showPanel();
 
     // Returns when everything that is written in the background is on disk. The destructor does the same.
     void finishWriting() { m_writer->finishAll(); }
@@ -251,6 +254,7 @@ private:
     // The value last read from the settings; a choice that could not be written lasts for this run.
     std::optional<bool> m_storedEnabled;
     HotKeyFlow m_hotKeys;
+    std::function<void()> m_showPanel;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;
     std::unique_ptr<ScheduledWork> m_permissionTimer;
 };

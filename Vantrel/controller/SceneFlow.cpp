@@ -149,6 +149,13 @@ SceneFlow::EditResult SceneFlow::deleteScene(const std::string& id) {
     return *scene;
 }
 
+SceneFlow::EditResult SceneFlow::putBack(const Scene& scene) {
+    if (const auto problem = problemWithNewName(scene.name)) {
+        return std::unexpected(*problem);
+    }
+    return edited(scene.id, [&] { return m_store.add(scene); });
+}
+
 SceneFlow::EditResult SceneFlow::setPinned(bool isPinned, const std::string& id) {
     return edited(id, [&] { return m_store.setPinned(isPinned, id); });
 }

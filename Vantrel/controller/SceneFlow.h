@@ -28,13 +28,17 @@ public:
     // Saves the desk as a new scene, or updates an unpinned scene of this desk with the same name. `done` is
     // called once, on the main thread.
     void saveCurrentAsScene(const std::string& name, std::function<void(const SceneSaveOutcome&)> done);
+    // Why no new scene can have this name; nameUsed if one of this desk has it, which saving would update.
+    [[nodiscard]] std::optional<SceneProblem> problemWithNewName(std::string_view name);
     // Creates a scene of this desk without windows, to be filled in the editor.
     SceneSaveOutcome createEmptyScene(std::string_view name);
 
     EditResult updateSceneLayout(const std::string& id, const Layout& layout);
     EditResult rename(const std::string& id, std::string_view name);
-    // Deletes pinned scenes too: the caller must ask the user for confirmation.
+    // Deletes pinned scenes too: the caller must ask the user for confirmation, or offer to undo it.
     EditResult deleteScene(const std::string& id);
+    // Undoes deleteScene() with the scene that it returned.
+    EditResult putBack(const Scene& scene);
     EditResult setPinned(bool isPinned, const std::string& id);
     EditResult setOpensMissingApps(bool opens, const std::string& id);
     EditResult setWallpaper(const std::optional<SceneWallpaper>& wallpaper, const std::string& id);
@@ -53,7 +57,6 @@ public:
 private:
     // In the background; a failure is logged.
     [[nodiscard]] Saving later(std::string failure);
-    [[nodiscard]] std::optional<SceneProblem> problemWithNewName(std::string_view name);
     [[nodiscard]] SceneSaveOutcome add(std::string_view name, const Layout& layout);
     [[nodiscard]] SceneSaveOutcome save(std::string_view name, const Layout& layout);
     [[nodiscard]] bool isOnAnotherDesk(const Scene& scene) const;

@@ -27,6 +27,11 @@ public:
     // The bus that the icon was on has been lost: removes the icon until it is shown again.
     void leaveStatusNotifier();
 
+    // Where the icon is on the screen; none while it is not shown. Empty when the tray does not say.
+    [[nodiscard]] std::optional<QRect> place() const {
+        return m_icon ? std::optional(m_icon->geometry()) : std::nullopt;
+    }
+
     // Offers to fix Mission Control's settings; null withdraws the offer.
     void offerMissionControlFix(std::function<void()> fix) { m_menu.offerMissionControlFix(std::move(fix)); }
 

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QLoggingCategory>
 #include <QPixmap>
 #include <QStyle>
 #include <QStyleFactory>
@@ -44,7 +45,10 @@ QPalette palette(bool isDark) {
 bool paint(QWidget& widget, const QString& file) {
     widget.setAttribute(Qt::WA_DontShowOnScreen);
     widget.show();
-    QApplication::processEvents();
+    // Layouts settle in a few turns.
+    for (int turn = 0; turn < 4; ++turn) {
+        QApplication::processEvents();
+    }
     const bool isSaved = widget.grab().save(file);
     if (!isSaved) {
         std::fprintf(stderr, "vantrel_pictures: %s cannot be written.\n", qPrintable(file));
@@ -67,6 +71,8 @@ int main(int argumentCount, char** arguments) {
     CLI11_PARSE(app, argumentCount, arguments)
 
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // What the offscreen platform cannot do does not matter here.
+    QLoggingCategory::setFilterRules("qt.qpa.*=false\ndefault.warning=false");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
     QApplication application(argumentCount, arguments);
     if (QStyle* const style = QStyleFactory::create(QString::fromStdString(styleName))) {

@@ -90,6 +90,11 @@ BusHandler setPinned(bool isPinned) {
     };
 }
 
+ControlAnswer showPanel(const BusCall& call) {
+    return call.controller.showPanel() ? ControlAnswer(nlohmann::json::object())
+                                       : refused("This vantrel has no panel.");
+}
+
 ControlAnswer logPath(const BusCall& call) {
     return nlohmann::json((call.supportDirectory / "app.log").string());
 }
@@ -205,6 +210,10 @@ std::vector<Command> deskCommands() {
          .handler = setPinned(false),
          .verbs = {{"unpin", "Learn this desk's layout again"}},
          .text = VerbTexts::sentence("Unpinned layout \"{layoutName}\" of {configName}.")},
+        {.signature = "ShowPanel() empty",
+         .handler = showPanel,
+         .verbs = {{"panel", "Open the panel"}},
+         .text = VerbTexts::sentence("The panel is open.")},
         {.signature = "Ping() empty",
          .handler = [](const BusCall& /*call*/) { return ControlAnswer(nlohmann::json::object()); }},
         {.signature = "LogPath() path", .handler = logPath},

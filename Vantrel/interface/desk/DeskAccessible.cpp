@@ -29,7 +29,7 @@ public:
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name && isValid()
-                   ? QString::fromStdString(DeskReading::window(shown(), m_view->picture().displays))
+                   ? QString::fromStdString(DeskSpeech::window(shown(), m_view->picture().displays))
                    : QString();
     }
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}

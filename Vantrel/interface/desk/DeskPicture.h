@@ -56,7 +56,7 @@ struct DeskPicture {
 };
 
 // What screen readers read of a drawing.
-namespace DeskReading {
+namespace DeskSpeech {
 
 // "left half", "upper right quarter", "centre"; empty for an ordinary place.
 [[nodiscard]] std::string place(const Rect& window, const Rect& usable);
@@ -70,6 +70,6 @@ namespace DeskReading {
 // The windows in reading order: display by display from left to right, on each from the top left.
 [[nodiscard]] std::vector<std::size_t> order(const DeskPicture& picture);
 
-} // namespace DeskReading
+} // namespace DeskSpeech
 
 } // namespace vantrel

@@ -29,13 +29,13 @@ void DeskView::show(const DeskPicture& picture) {
     const bool hasOtherDisplays = picture.displays != m_picture.displays;
     const bool hasOtherWindows = picture.windows.size() != m_picture.windows.size();
     m_picture = picture;
-    m_order = DeskReading::order(m_picture);
+    m_order = DeskSpeech::order(m_picture);
     m_painter.reset();
     m_cache = {};
     if (hasOtherWindows) {
         m_emphasis = {};
     }
-    setAccessibleName(QString::fromStdString(DeskReading::desk(m_picture)));
+    setAccessibleName(QString::fromStdString(DeskSpeech::desk(m_picture)));
     if (hasOtherDisplays) {
         updateGeometry();
     }

@@ -1,5 +1,6 @@
 #include "Vantrel/platform/x11/X11HotKeys.h"
 
+#include "Vantrel/platform/x11/KeyPositions.h"
 #include "Vantrel/platform/x11/XcbReply.h"
 #include "Vantrel/platform/x11/XcbXkb.h"
 
@@ -107,6 +108,18 @@ std::unique_ptr<HotKey> X11HotKeys::add(std::uint32_t /*id*/, HotKeyCombo combo,
         return nullptr;
     }
     return std::make_unique<Grab>(*this, *key, std::move(action));
+}
+
+std::optional<std::int64_t> X11HotKeys::virtualKeyCode(std::uint32_t keyCode) const {
+    constexpr std::int64_t codes = 128;
+    for (std::int64_t code = 0; m_map && code < codes; ++code) {
+        const auto name = KeyPositions::name(code);
+        const auto found = name ? m_map->keyCodes.find(*name) : m_map->keyCodes.end();
+        if (found != m_map->keyCodes.end() && found->second == keyCode) {
+            return code;
+        }
+    }
+    return std::nullopt;
 }
 
 bool X11HotKeys::grab(const KeyboardMap::Key& key) const {

@@ -25,6 +25,8 @@ public:
 
     [[nodiscard]] std::unique_ptr<HotKey> add(std::uint32_t id, HotKeyCombo combo,
                                               std::function<void()> action) override;
+    // The virtual key code of a key of this keyboard; none for keys that shortcuts cannot use.
+    [[nodiscard]] std::optional<std::int64_t> virtualKeyCode(std::uint32_t keyCode) const;
     void setChangeHandler(std::function<void()> handler) override { m_changeHandler = std::move(handler); }
 
 private:

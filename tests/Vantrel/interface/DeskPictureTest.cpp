@@ -100,7 +100,7 @@ TEST(DeskPicture, ComparesWhatIsRememberedWithTheLiveWindows) {
     EXPECT_THAT(states(DeskPicture::ofCurrentDesk(state)), ElementsAre(State::seen));
 }
 
-TEST(DeskReading, NamesTheApplicationTheTitleAndThePlace) {
+TEST(DeskSpeech, NamesTheApplicationTheTitleAndThePlace) {
     const std::vector<DisplayInfo> displays{display("Wide", {{0, 0}, {1000, 800}}),
                                             display("Tall", {{1000, 0}, {600, 1200}})};
     struct Case {
@@ -121,20 +121,20 @@ TEST(DeskReading, NamesTheApplicationTheTitleAndThePlace) {
     for (const Case& one : cases) {
         DeskPicture::Window window{
             .bundleID = "t", .appName = "Terminal", .title = "build", .frame = one.frame};
-        EXPECT_EQ(DeskReading::window(window, displays), std::string("Terminal, build, ") + one.place);
+        EXPECT_EQ(DeskSpeech::window(window, displays), std::string("Terminal, build, ") + one.place);
     }
-    EXPECT_EQ(DeskReading::window({.bundleID = "t",
-                                   .appName = "Terminal",
-                                   .title = "",
-                                   .frame = left,
-                                   .state = State::notRunning,
-                                   .isOutOfSight = false,
-                                   .now = right},
-                                  displays),
+    EXPECT_EQ(DeskSpeech::window({.bundleID = "t",
+                                  .appName = "Terminal",
+                                  .title = "",
+                                  .frame = left,
+                                  .state = State::notRunning,
+                                  .isOutOfSight = false,
+                                  .now = right},
+                                 displays),
               "Terminal, left half of Wide, not running, has moved");
 }
 
-TEST(DeskReading, WalksDisplayByDisplayFromTheTopLeft) {
+TEST(DeskSpeech, WalksDisplayByDisplayFromTheTopLeft) {
     DeskPicture picture{
         .displays = {display("Right", {{1000, 0}, {1000, 800}}), display("Left", {{0, 0}, {1000, 800}})},
         .windows = {}};
@@ -142,8 +142,8 @@ TEST(DeskReading, WalksDisplayByDisplayFromTheTopLeft) {
                               Rect{{700, 10}, {100, 100}}, Rect{{10, 300}, {100, 100}}}) {
         picture.windows.push_back({.bundleID = "a", .appName = "A", .title = "", .frame = frame});
     }
-    EXPECT_THAT(DeskReading::order(picture), ElementsAre(2, 3, 1, 0));
-    EXPECT_EQ(DeskReading::desk(picture), "2 displays, 4 windows");
+    EXPECT_THAT(DeskSpeech::order(picture), ElementsAre(2, 3, 1, 0));
+    EXPECT_EQ(DeskSpeech::desk(picture), "2 displays, 4 windows");
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 #include <numeric>
 #include <tuple>
 
-namespace vantrel::DeskReading {
+namespace vantrel::DeskSpeech {
 
 namespace {
 
@@ -127,4 +127,4 @@ std::vector<std::size_t> order(const DeskPicture& picture) {
     return order;
 }
 
-} // namespace vantrel::DeskReading
+} // namespace vantrel::DeskSpeech

@@ -1,0 +1,28 @@
+// A row of the panel that is only there when there is something to say, with its actions and a dismissal.
+#pragma once
+
+#include "Vantrel/interface/panel/PanelActions.h"
+
+#include <QWidget>
+
+namespace vantrel {
+
+class MessageRow final : public QWidget {
+public:
+    // `actions` outlives the row.
+    MessageRow(const PanelContent::Message& message, const PanelActions& actions, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* actionButton(const PanelContent::Message::Action& action);
+    // Shows a field for the license key below the text.
+    void askForKey();
+
+    QLayout* m_column = nullptr;
+    PanelContent::Message m_message;
+    const PanelActions& m_actions;
+};
+
+} // namespace vantrel

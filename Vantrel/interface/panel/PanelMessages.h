@@ -1,0 +1,12 @@
+// The panel's rows that are only there when there is something to say, the most pressing first.
+#pragma once
+
+#include "Vantrel/interface/panel/PanelContent.h"
+
+namespace vantrel::PanelMessages {
+
+// `moved` is the number of windows that a restore would move now.
+[[nodiscard]] std::vector<PanelContent::Message> of(const PublishedState& state,
+                                                    const PanelContent::Context& context, std::size_t moved);
+
+} // namespace vantrel::PanelMessages

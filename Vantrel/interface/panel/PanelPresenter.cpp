@@ -1,0 +1,297 @@
+#include "Vantrel/interface/panel/PanelPresenter.h"
+
+#include "Vantrel/interface/Text.h"
+
+#include <QCursor>
+#include <QDateTime>
+
+#include <algorithm>
+#include <chrono>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::chrono::seconds agingInterval{30};
+// In milliseconds: a click on the icon arrives this soon after it has taken the focus away.
+constexpr qint64 clickAfterClose = 300;
+
+template <typename Value>
+PanelActions::Problem problemOf(const std::expected<Value, SceneProblem>& result) {
+    return result ? std::nullopt : std::optional(std::string(SceneProblems::panelText(result.error())));
+}
+
+} // namespace
+
+PanelPresenter::PanelPresenter(AppController& controller, Services services)
+    : m_controller(controller), m_services(std::move(services)), m_looks(m_services.icons) {
+    m_aging.setInterval(agingInterval);
+    m_aging.callOnTimeout([this] { refresh(); });
+}
+
+PanelPresenter::~PanelPresenter() {
+    if (m_window) {
+        m_window->onClosed = [] {};
+        closed();
+    }
+}
+
+void PanelPresenter::toggle() {
+    if (m_window) {
+        close();
+    } else if (QDateTime::currentMSecsSinceEpoch() - m_closedAt > clickAfterClose) {
+        open();
+    }
+}
+
+void PanelPresenter::open() {
+    if (m_window) {
+        m_window->raise();
+        m_window->activateWindow();
+        return;
+    }
+    const auto tray = m_services.trayIcon();
+    m_window = std::make_unique<PanelWindow>(m_looks, actions(),
+                                             tray ? PanelWindow::Kind::popover : PanelWindow::Kind::window);
+    m_window->onClosed = [this] { closed(); };
+    m_observer = m_controller.addObserver([this](Topics /*changed*/) { refresh(); });
+    m_live = m_controller.watchLiveDesk();
+    refresh();
+    // Some trays do not say where the icon is; then the pointer has just clicked on it.
+    m_window->open(tray && !tray->isEmpty() ? *tray : QRect(QCursor::pos(), QSize(1, 1)));
+    m_aging.start();
+}
+
+void PanelPresenter::close() {
+    if (m_window) {
+        m_window->close();
+    }
+}
+
+// The window is deleted later, as one of its own events may be closing it.
+void PanelPresenter::closed() {
+    m_closedAt = QDateTime::currentMSecsSinceEpoch();
+    m_aging.stop();
+    m_live.reset();
+    if (m_observer) {
+        m_controller.removeObserver(*std::exchange(m_observer, std::nullopt));
+    }
+    m_removed.reset();
+    m_looks.forget();
+    m_window.release()->deleteLater();
+}
+
+void PanelPresenter::refresh() {
+    if (!m_window) {
+        return;
+    }
+    const PanelContent::Context context{
+        .now = m_controller.now(),
+        .permissionTitle = m_services.permissionTitle,
+        .permissionDetail = m_services.permissionDetail,
+        .sessionNotes = m_services.sessionNotes,
+        .crashReports = m_services.sendCrashReports ? m_services.crashReports() : 0,
+        .offersPurchase = static_cast<bool>(m_services.purchase),
+        .dismissed = m_dismissed,
+    };
+    m_window->view().show(PanelContent::of(m_controller.published(), context));
+}
+
+void PanelPresenter::tell(const std::string& text, bool isProblem) {
+    if (m_window) {
+        m_window->view().tell({text, isProblem});
+    }
+}
+
+RestoreOutcome::Done PanelPresenter::tellRefusal() {
+    return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
+        using Kind = RestoreOutcome::Kind;
+        if (!alive.expired() && outcome.kind != Kind::finished && outcome.kind != Kind::superseded) {
+            tell(outcome.text());
+        }
+    };
+}
+
+std::optional<Scene> PanelPresenter::scene(const std::string& id) const {
+    const auto& scenes = m_controller.published().scenes;
+    const auto found = std::ranges::find(scenes, id, &Scene::id);
+    return found == scenes.end() ? std::nullopt : std::optional(*found);
+}
+
+PanelActions PanelPresenter::actions() {
+    const auto ifAlive = [this](auto handle) {
+        return [this, alive = std::weak_ptr(m_alive), handle](const auto& outcome) {
+            if (!alive.expired()) {
+                handle(*this, outcome);
+            }
+        };
+    };
+    const auto tellSaved = ifAlive([](PanelPresenter& panel, const SaveOutcome& outcome) {
+        panel.tell(outcome.text(), outcome.kind != SaveOutcome::Kind::saved);
+    });
+    PanelActions actions;
+    actions.setEnabled = [this](bool isOn) { m_controller.setEnabled(isOn); };
+    actions.renameDesk = [this](const std::string& name) -> PanelActions::Problem {
+        const auto change = m_controller.layouts().renameDesk(name);
+        return change.kind == LayoutChange::Kind::done ? std::nullopt : std::optional(change.text());
+    };
+    actions.perform = [this](PanelContent::Message::Deed deed, const std::string& typed) {
+        perform(deed, typed);
+    };
+    actions.dismiss = [this](PanelContent::Message::Kind kind) { dismiss(kind); };
+    actions.restore = [this] { m_controller.restoreNow(RestoreSource::menu, tellRefusal()); };
+    actions.save = [this, tellSaved] { m_controller.saveLayoutNow(tellSaved); };
+    actions.stash = [this, ifAlive] {
+        m_controller.stashes().stashOrBringBack(
+            {.stashed = ifAlive([](PanelPresenter& panel, const StashFlow::Result& stash) {
+                 panel.tell(stash ? vantrel::tr("This desk was put aside. Stash again brings it back.")
+                                  : SaveOutcome{.kind = stash.error()}.text(),
+                            !stash);
+             }),
+             .broughtBack = tellRefusal()});
+    };
+    actions.undo = [this] { m_controller.undoLastRestore(tellRefusal()); };
+    actions.switchLayout = [this](const std::string& name) {
+        m_controller.layouts().switchLayout(name, tellRefusal());
+    };
+    actions.saveLayoutAs = [this, tellSaved](const std::string& name) {
+        m_controller.layouts().saveLayoutAs(name, tellSaved);
+    };
+    actions.setPinned = [this](bool isPinned) {
+        if (!m_controller.setPinned(isPinned)) {
+            tell(vantrel::tr("The layout could not be written to disk. Nothing was changed."));
+            refresh();
+        }
+    };
+    actions.scenes = sceneActions();
+    actions.keyCode = m_services.keyCode;
+    actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
+    actions.openWorkbench = m_services.openWorkbench;
+    actions.openSettings = m_services.openSettings;
+    actions.showHistory = m_services.showHistory;
+    actions.quit = m_services.quit;
+    return actions;
+}
+
+PanelActions::Scenes PanelPresenter::sceneActions() {
+    PanelActions::Scenes scenes;
+    scenes.apply = [this](const std::string& id) {
+        if (const auto found = scene(id)) {
+            m_controller.applyScene(*found, std::nullopt, tellRefusal());
+        }
+    };
+    scenes.rename = [this](const std::string& id, const std::string& name) {
+        return problemOf(m_controller.scenes().rename(id, name));
+    };
+    const auto save = [this](const std::string& name) {
+        m_controller.scenes().saveCurrentAsScene(
+            name, [this, alive = std::weak_ptr(m_alive)](const SceneSaveOutcome& outcome) {
+                if (!alive.expired()) {
+                    tell(outcome.kind == SceneSaveOutcome::Kind::refused
+                             ? std::string(SceneProblems::panelText(outcome.problem))
+                             : outcome.text(),
+                         !outcome.isSaved());
+                }
+            });
+    };
+    scenes.update = [this, save](const std::string& id) {
+        if (const auto found = scene(id)) {
+            save(found->name);
+        }
+    };
+    scenes.remove = [this](const std::string& id) {
+        const auto removed = m_controller.scenes().deleteScene(id);
+        if (removed) {
+            m_removed = *removed;
+        }
+        return problemOf(removed);
+    };
+    scenes.putBack = [this] {
+        if (m_removed) {
+            if (const auto problem = problemOf(m_controller.scenes().putBack(*m_removed))) {
+                tell(*problem);
+            }
+            m_removed.reset();
+        }
+    };
+    scenes.setPinned = [this](const std::string& id, bool isPinned) {
+        if (const auto problem = problemOf(m_controller.scenes().setPinned(isPinned, id))) {
+            tell(*problem);
+        }
+    };
+    scenes.setHotkey = [this](const std::string& id,
+                              std::optional<HotKeyCombo> combo) -> PanelActions::Problem {
+        const auto stored = m_controller.setHotkey(HotKeySurface::scene(id), combo);
+        return stored ? std::nullopt : std::optional(stored.error());
+    };
+    scenes.save = save;
+    scenes.problemWithName = [this](const std::string& name) -> PanelActions::Problem {
+        const auto problem = m_controller.scenes().problemWithNewName(name);
+        return problem ? std::optional(std::string(SceneProblems::panelText(*problem))) : std::nullopt;
+    };
+    return scenes;
+}
+
+void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string& typed) {
+    using Deed = PanelContent::Message::Deed;
+    switch (deed) {
+    case Deed::checkAgain:
+        m_controller.refreshStatus();
+        break;
+    case Deed::purchase:
+        m_services.purchase();
+        break;
+    case Deed::enterKey:
+        m_controller.license().activate(typed, [this, alive = std::weak_ptr(m_alive)](
+                                                   const std::expected<void, std::string>& result) {
+            if (!alive.expired()) {
+                tell(result ? vantrel::tr("This computer is licensed. Thank you.") : result.error(), !result);
+            }
+        });
+        break;
+    case Deed::retryFiles:
+        m_controller.files().retry();
+        break;
+    case Deed::putBack:
+        m_controller.restoreNow(RestoreSource::menu, tellRefusal());
+        break;
+    case Deed::reapplyScene:
+        m_controller.reapplyDriftScene(tellRefusal());
+        break;
+    case Deed::joinDesks: {
+        const auto joining = m_controller.joinDesks("", "");
+        tell(joining.text(), joining.kind != DeskJoining::Kind::done);
+        break;
+    }
+    case Deed::saveAsScene:
+        m_window->view().startSavingScene();
+        break;
+    case Deed::stopSuggesting:
+        m_controller.suggestions().stop();
+        break;
+    case Deed::sendCrashReports:
+        m_services.sendCrashReports();
+        refresh();
+        break;
+    case Deed::showUpdate:
+        m_services.showUpdate();
+        break;
+    case Deed::fixMissionControl:
+    case Deed::none:
+        break;
+    }
+}
+
+void PanelPresenter::dismiss(PanelContent::Message::Kind kind) {
+    using Kind = PanelContent::Message::Kind;
+    if (kind == Kind::suggestion) {
+        m_controller.suggestions().snooze();
+    } else if (kind == Kind::drift && m_controller.published().driftNudge) {
+        m_controller.dismissDriftNudge();
+    } else {
+        m_dismissed.insert(kind);
+    }
+    refresh();
+}
+
+} // namespace vantrel

@@ -1,0 +1,88 @@
+// Opens and closes the panel, keeps it in step with what the controller publishes, and passes on what the
+// user does in it.
+#pragma once
+
+#include "Vantrel/controller/AppController.h"
+#include "Vantrel/interface/panel/PanelWindow.h"
+
+#include <QTimer>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vantrel {
+
+// Lives on the main thread; the controller outlives it. The window exists only while it is shown; only then
+// are the live windows captured.
+class PanelPresenter {
+public:
+    struct Services {
+        // Outlives the presenter; null draws every icon.
+        ApplicationIcons* icons = nullptr;
+        HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
+        // Where the tray icon is: none without one, empty when the tray does not say.
+        std::function<std::optional<QRect>()> trayIcon = [] { return std::nullopt; };
+        // What is missing when windows cannot be moved.
+        std::string permissionTitle{};
+        std::string permissionDetail{};
+        std::vector<std::pair<std::string, std::string>> sessionNotes{};
+        std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
+        // Null when there is nobody to send them to.
+        std::function<void()> sendCrashReports{};
+        std::function<void()> purchase{};
+        std::function<void()> showUpdate = [] {};
+        std::function<void()> openWorkbench{};
+        std::function<void()> openSettings{};
+        std::function<void()> showHistory{};
+        std::function<void()> quit = [] {};
+    };
+
+    PanelPresenter(AppController& controller, Services services);
+    ~PanelPresenter();
+    PanelPresenter(const PanelPresenter&) = delete;
+    PanelPresenter& operator=(const PanelPresenter&) = delete;
+
+    // Opens the panel, or raises it.
+    void open();
+    // For a click on the tray icon: opens it, or closes an open one.
+    void toggle();
+    void close();
+    [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
+    // Null while it is closed.
+    [[nodiscard]] PanelWindow* window() const { return m_window.get(); }
+
+private:
+    [[nodiscard]] PanelActions actions();
+    [[nodiscard]] PanelActions::Scenes sceneActions();
+    void perform(PanelContent::Message::Deed deed, const std::string& typed);
+    void dismiss(PanelContent::Message::Kind kind);
+    void refresh();
+    void closed();
+    void tell(const std::string& text, bool isProblem = true);
+    // Says why a restore did not happen.
+    [[nodiscard]] RestoreOutcome::Done tellRefusal();
+    [[nodiscard]] std::optional<Scene> scene(const std::string& id) const;
+
+    AppController& m_controller;
+    Services m_services;
+    ApplicationLooks m_looks;
+    std::set<PanelContent::Message::Kind> m_dismissed;
+    std::unique_ptr<PanelWindow> m_window;
+    std::shared_ptr<void> m_live;
+    std::optional<Publisher::ObserverID> m_observer;
+    // Lets ages grow while the panel is open.
+    QTimer m_aging;
+    // When it was last closed, since some epoch: the click that closes it may be one on the tray icon.
+    qint64 m_closedAt = 0;
+    std::optional<Scene> m_removed;
+    // Expires with this object, for restores that end later.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace vantrel
