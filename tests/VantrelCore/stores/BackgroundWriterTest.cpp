@@ -1,7 +1,6 @@
 // What stores write in the background.
-#include "VantrelCore/model/JsonCoding.h"
 #include "VantrelCore/stores/JsonStore.h"
-#include "tests/simulated/MemoryFileSystem.h"
+#include "tests/VantrelCore/stores/StoreTest.h"
 #include "tests/simulated/SimulatedTime.h"
 
 #include <gmock/gmock.h>
@@ -17,35 +16,22 @@ using Operation = MemoryFileSystem::Operation;
 using Lines = std::vector<std::string>;
 using Outcomes = std::vector<bool>;
 
-struct Diary {
-    std::int64_t version = 1;
-    Lines lines;
-};
-
-void to_json(nlohmann::json& json, const Diary& diary) {
-    json = {{"version", diary.version}, {"lines", diary.lines}};
-}
-
-void from_json(const nlohmann::json& json, Diary& diary) {
-    diary.lines = JsonCoding::required<Lines>(json, "lines");
-}
-
 class BackgroundWriterTest : public testing::Test {
 protected:
     simulated::SimulatedTime m_time;
     MemoryFileSystem m_files;
     FileIncidents m_incidents;
     BackgroundWriter m_writer{m_time, m_time};
-    JsonStore<Diary> m_store = open(&m_writer);
+    JsonStore<Notes> m_store = open(&m_writer);
     // Of the writes in the background, in the order they were told.
     Outcomes m_outcomes;
 
-    JsonStore<Diary> open(BackgroundWriter* writer) {
-        return JsonStore<Diary>::open("/v", "diary.json", {m_files, &m_incidents, writer}).value();
+    JsonStore<Notes> open(BackgroundWriter* writer) {
+        return JsonStore<Notes>::open("/v", "notes.json", {m_files, &m_incidents, writer}).value();
     }
 
     bool add(const std::string& line, const Saving& saving = {}) {
-        return m_store.update([&](Diary& diary) { diary.lines.push_back(line); }, saving);
+        return m_store.update([&](Notes& notes) { notes.lines.push_back(line); }, saving);
     }
 
     void addLater(const std::string& line) {
@@ -110,9 +96,9 @@ TEST_F(BackgroundWriterTest, FinishesBeforeItIsDestroyed) {
 }
 
 TEST_F(BackgroundWriterTest, ReadsAFileAgainOnlyInTheBackground) {
-    m_files.put("/v/diary.json", R"({"version": 1, "lines": ["old"]})");
-    m_files.failReading("/v/diary.json", std::errc::io_error);
-    m_files.failReading("/v/diary.json.corrupt", std::errc::io_error);
+    m_files.put("/v/notes.json", R"({"version": 1, "lines": ["old"]})");
+    m_files.failReading("/v/notes.json", std::errc::io_error);
+    m_files.failReading("/v/notes.json.corrupt", std::errc::io_error);
     m_store.read();
     m_files.stopFailing();
     EXPECT_EQ(m_store.load().lines, Lines{});

@@ -1,9 +1,8 @@
-// The pattern that every store follows, on a small record of its own.
+// The pattern that every store follows.
 #include "VantrelCore/stores/JsonStore.h"
 
 #include "VantrelCore/model/Date.h"
-#include "VantrelCore/model/JsonCoding.h"
-#include "tests/simulated/MemoryFileSystem.h"
+#include "tests/VantrelCore/stores/StoreTest.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -20,24 +19,6 @@ using simulated::MemoryFileSystem;
 using Kind = FileIncident::Kind;
 using Kinds = std::vector<Kind>;
 using Operation = MemoryFileSystem::Operation;
-
-struct Notes {
-    std::int64_t version = 3;
-    std::vector<std::string> lines;
-    double size = 0;
-
-    bool operator==(const Notes&) const = default;
-};
-
-void to_json(nlohmann::json& json, const Notes& notes) {
-    json = {{"version", notes.version}, {"lines", notes.lines}, {"size", notes.size}};
-}
-
-void from_json(const nlohmann::json& json, Notes& notes) {
-    notes = {.version = JsonCoding::required<std::int64_t>(json, "version"),
-             .lines = JsonCoding::required<std::vector<std::string>>(json, "lines"),
-             .size = JsonCoding::optional<double>(json, "size").value_or(0)};
-}
 
 constexpr const char* oneLine = R"({"version": 3, "lines": ["one"]})";
 
