@@ -75,6 +75,10 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
         m_sameDesk.arrive(configID, displays);
     };
     m_sameDesk.onMoved = [this] { showStored(); };
+    m_sameDesk.onDeskMoved = [this](const std::string& from, const std::string& to,
+                                    const std::vector<DisplayInfo>& displays) {
+        m_undo.moveDesk(from, to, displays);
+    };
     m_automaticRestore.onUnableToMove = [this] { watchForPermission(); };
     m_sleepWake.onReturn = [this] { m_automaticRestore.makeUp(); };
     m_displayChange.onSettled = [this] {

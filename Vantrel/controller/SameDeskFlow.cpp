@@ -1,5 +1,7 @@
 #include "Vantrel/controller/SameDeskFlow.h"
 
+#include "VantrelCore/model/DeskRenaming.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 #include <set>
@@ -54,12 +56,19 @@ void SameDeskFlow::arrive(const std::string& configID, const std::vector<Display
 // Layouts last: until they have moved, the desk is recognised again.
 bool SameDeskFlow::moveDesk(const std::string& from, const std::string& to,
                             const std::vector<DisplayInfo>& displays, const Saving& saving) {
+    const auto former = m_context.store.layouts(from);
     const bool isMoved = m_stores.scenes.moveDesk(from, to, displays, saving) &&
                          m_stores.stashes.moveDesk(from, to, displays, saving) &&
                          m_context.store.moveDesk(from, to, displays, saving);
     if (isMoved) {
         // Earlier captures belong to the desk's former identifiers.
         m_context.gate.noteEdit();
+        if (!former.empty()) {
+            m_context.strays.moveDesk(from, to,
+                                      DeskRenaming::counterparts(former.front().displays, displays));
+            m_context.onNoted();
+        }
+        onDeskMoved(from, to, displays);
         onMoved();
     }
     return isMoved;

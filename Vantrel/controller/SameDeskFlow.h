@@ -32,6 +32,10 @@ public:
 
     // Called when stored records have moved.
     std::function<void()> onMoved = [] {};
+    // Called when all that was stored for a desk has moved to another identifier.
+    std::function<void(const std::string& from, const std::string& to,
+                       const std::vector<DisplayInfo>& displays)>
+        onDeskMoved = [](const auto&...) {};
 
 private:
     bool moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays,

@@ -1,5 +1,6 @@
 #include "Vantrel/controller/UndoFlow.h"
 
+#include "VantrelCore/model/DeskRenaming.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <algorithm>
@@ -59,6 +60,18 @@ void UndoFlow::noteHidden(const std::vector<std::string>& bundleIDs) {
         }
     }
     setSlot(m_latest);
+}
+
+void UndoFlow::moveDesk(const std::string& from, const std::string& to,
+                        const std::vector<DisplayInfo>& displays) {
+    for (auto* const picture : {&m_latest, &m_slot}) {
+        if (*picture && (*picture)->slot.configID == from) {
+            UndoSlot& slot = (*picture)->slot;
+            slot.layout = DeskRenaming::renamed(slot.layout, to, displays);
+            slot.configID = to;
+        }
+    }
+    setSlot(m_slot);
 }
 
 void UndoFlow::setSlot(std::optional<Picture> picture) {

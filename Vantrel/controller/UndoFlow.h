@@ -28,6 +28,9 @@ public:
     // its `done` or later.
     void noteHidden(const std::vector<std::string>& bundleIDs);
 
+    // The desk has a new identifier, and so have its displays.
+    void moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays);
+
 private:
     struct Picture {
         UndoSlot slot;

@@ -53,7 +53,8 @@ std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMis
         {.isTrialOver = state.entitlement.kind == Entitlement::Kind::trialOver,
          .latestAvailable = state.latestAvailable,
          .isMissionControlLosing = isMissionControlLosing,
-         .troubles = troubles(state)});
+         .troubles = troubles(state),
+         .sameDesk = state.sameDeskOffer ? std::optional(state.sameDeskOffer->name) : std::nullopt});
 }
 
 bool isInformational(const StatusItemMenuEntry& entry) {
@@ -143,6 +144,7 @@ const std::function<void()>& StatusItemContextMenu::actionOf(StatusItem::Notice:
         return m_fixMissionControl;
     case StatusItem::Notice::Kind::trialEnded:
     case StatusItem::Notice::Kind::filesInTrouble:
+    case StatusItem::Notice::Kind::sameDesk:
     case StatusItem::Notice::Kind::updateAvailable:
     case StatusItem::Notice::Kind::checkForUpdates:
         break;
@@ -170,6 +172,13 @@ void StatusItemContextMenu::applyScene(const std::string& id) {
     }
 }
 
+void StatusItemContextMenu::joinOfferedDesk() {
+    const DeskJoining joining = m_controller.joinDesks("", "");
+    if (joining.kind != DeskJoining::Kind::done && m_icon) {
+        m_icon->showMessage("Vantrel", qt(joining.text()), m_icon->icon());
+    }
+}
+
 void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
     switch (entry.kind) {
     case StatusItemMenuEntry::Kind::scene:
@@ -188,7 +197,9 @@ void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
         m_actions.openSettings();
         break;
     case StatusItemMenuEntry::Kind::notice:
-        if (const auto& action = actionOf(entry.noticeEntry.kind)) {
+        if (entry.noticeEntry.kind == StatusItem::Notice::Kind::sameDesk) {
+            joinOfferedDesk();
+        } else if (const auto& action = actionOf(entry.noticeEntry.kind)) {
             action();
         }
         break;

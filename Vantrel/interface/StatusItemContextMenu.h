@@ -55,6 +55,7 @@ private:
     [[nodiscard]] bool isOffered(const StatusItemMenuEntry& entry) const;
     void perform(const StatusItemMenuEntry& entry);
     void applyScene(const std::string& id);
+    void joinOfferedDesk();
     // Shows a message next to the icon that says why an entry did nothing.
     [[nodiscard]] RestoreOutcome::Done showRefusal();
 

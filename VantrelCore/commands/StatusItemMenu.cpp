@@ -2,6 +2,8 @@
 
 #include "VantrelCore/updates/UpdateOffer.h"
 
+#include <fmt/format.h>
+
 namespace vantrel::StatusItemMenuBuilder {
 
 using Kind = StatusItemMenuEntry::Kind;
@@ -31,6 +33,10 @@ std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> en
     }
     for (const std::string& trouble : news.troubles) {
         above.push_back(StatusItemMenuEntry::notice(Notice::filesInTrouble, trouble));
+    }
+    if (news.sameDesk) {
+        above.push_back(
+            StatusItemMenuEntry::notice(Notice::sameDesk, fmt::format("Same Desk as “{}”", *news.sameDesk)));
     }
     if (news.latestAvailable) {
         above.push_back(StatusItemMenuEntry::notice(Notice::updateAvailable,

@@ -29,6 +29,8 @@ struct Notice {
         // Changes both Mission Control settings so that windows stay in place.
         fixMissionControl,
         checkForUpdates,
+        // Joins the current desk with the remembered one on offer.
+        sameDesk,
     };
 
     Kind kind = Kind::trialEnded;
@@ -84,6 +86,8 @@ struct News {
     bool isMissionControlLosing = false;
     // Failures of learning and problems with files.
     std::vector<std::string> troubles{};
+    // The name of the remembered desk that this one may be.
+    std::optional<std::string> sameDesk{};
 };
 
 // Adds notices above the entries, and the command that checks for updates before the last one.

@@ -42,11 +42,18 @@ TEST_F(TwinMonitors, AreRecognisedOnOtherConnectorsAndAllThatIsStoredFollows) {
     story.move(story.terminal, {{-1000, 300}, {640, 400}});
     story.learn();
     home = story.frames();
+    const auto undoable = [&] { return story.published().applicableUndo() != nullptr; };
+    EXPECT_TRUE(undoable());
     story.connect("laptop");
+    story.controller->setEnabled(false);
+    story.connect("laptop-and-twins");
+    EXPECT_TRUE(undoable()) << "the last restore moved windows of the same desk on the other connectors";
+    story.connect("laptop");
+    story.controller->setEnabled(true);
     story.connect("laptop-and-twins");
     EXPECT_EQ(story.published().configID, former);
     EXPECT_EQ(story.frames(), home) << "what was learned on the other connectors counts";
-    EXPECT_EQ(story.logged("desk recognised: "), 2U);
+    EXPECT_GE(story.logged("desk recognised: "), 2U);
     EXPECT_THAT(story.store().allLayouts(), SizeIs(1));
 }
 

@@ -116,12 +116,13 @@ TEST(StatusItemMenu, ListsScenesThenRestoreAndUndo) {
 }
 
 TEST(StatusItemMenu, PutsNoticesAboveTheEntries) {
-    const auto all = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt),
-                                                        {true, "1.2", true, {"It could not be saved"}});
-    EXPECT_THAT(titles(all),
-                ElementsAre("Trial ended", "Get Vantrel · $19", "It could not be saved",
-                            "Update available · v1.2", "Keep Spaces in Place", "-", "Restore now", "-",
-                            "Layouts…", "Settings…", "Check for Updates…", "Quit Vantrel"));
+    const auto all =
+        StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt),
+                                           {true, "1.2", true, {"It could not be saved"}, "Office"});
+    EXPECT_THAT(titles(all), ElementsAre("Trial ended", "Get Vantrel · $19", "It could not be saved",
+                                         "Same Desk as “Office”", "Update available · v1.2",
+                                         "Keep Spaces in Place", "-", "Restore now", "-", "Layouts…",
+                                         "Settings…", "Check for Updates…", "Quit Vantrel"));
     const auto none = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), {});
     EXPECT_THAT(titles(none), ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…",
                                           "Quit Vantrel"));
