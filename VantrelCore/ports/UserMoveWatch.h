@@ -17,8 +17,8 @@ public:
     [[nodiscard]] virtual bool hasSeenUser() = 0;
 
     // True once another program has asked the window manager to move or resize the window or to change its
-    // state, such as maximised. False where the platform cannot tell. Considers what happened before the last
-    // call of hasSeenUser().
+    // state, such as maximised, or has moved it in a way that no window manager does after a display change.
+    // False where the platform cannot tell. Considers what happened before the last call of hasSeenUser().
     [[nodiscard]] virtual bool hasSeenRequest() const { return false; }
 };
 

@@ -1,8 +1,10 @@
 // Telling windows that a user moves with pointer or keys from those that programs move.
+#include "Vantrel/platform/x11/LoneMoveEvidence.h"
 #include "tests/live/WindowDesk.h"
 
 #include <array>
 #include <fmt/format.h>
+#include <thread>
 #include <utility>
 
 namespace vantrel::live {
@@ -103,6 +105,11 @@ TEST_P(UserMove, IsToldFromAMoveByAProgram) {
         EXPECT_TRUE(watch->hasSeenUser());
         EXPECT_FALSE(otherWatch->hasSeenUser());
     }
+    // A script moves the other one with a plain ConfigureWindow once everything has been still for a while.
+    watch = watched(otherWindow);
+    std::this_thread::sleep_for(LoneMoveEvidence::stillness + LoneMoveEvidence::company);
+    xdotool(fmt::format("windowmove {} 500 300", other));
+    EXPECT_TRUE(eventually([&] { return !watch->hasSeenUser() && watch->hasSeenRequest(); }));
     desk.probe.destroy(users);
     EXPECT_TRUE(eventually([&] { return !seenWindow(desk.connection(), users); }));
     EXPECT_FALSE(watched(usersWindow));

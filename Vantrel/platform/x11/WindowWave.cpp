@@ -159,6 +159,7 @@ std::vector<WindowOutcome> WindowWave::run() {
 }
 
 void WindowWave::look(const Moves& moves, WindowScope scope) {
+    m_context.lastOwnMoves = steady_clock::now();
     std::vector<WindowQuery> queries;
     queries.reserve(moves.size());
     for (const Move* const move : moves) {

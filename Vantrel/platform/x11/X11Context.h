@@ -8,6 +8,7 @@
 #include "Vantrel/platform/x11/X11Connection.h"
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -24,6 +25,8 @@ struct X11Context {
     // As found by the latest capture or by WindowManagerWatch.
     static_assert(std::atomic<WindowManager>::is_always_lock_free);
     std::atomic<WindowManager> windowManager = WindowManager{};
+    // When a wave last asked for moves or looked at what came of them.
+    std::atomic<std::chrono::steady_clock::time_point> lastOwnMoves{};
 
     void noteWindowManager(const WindowManager& found) {
         windowManager = found;

@@ -65,7 +65,7 @@ std::unique_ptr<X11UserMoveWatch> X11UserMoveWatch::begin(std::shared_ptr<X11Con
 
 X11UserMoveWatch::X11UserMoveWatch(std::shared_ptr<X11Context> desk, xcb_window_t client, xcb_window_t frame,
                                    const Rect& area)
-    : m_desk(std::move(desk)), m_client(client), m_frame(frame), m_evidence(area) {
+    : m_desk(std::move(desk)), m_client(client), m_frame(frame), m_evidence(area), m_loneMoves(now()) {
     X11Connection& connection = *m_desk->connection;
     m_focusIn = connection.onEvent(XCB_FOCUS_IN, [this](const xcb_generic_event_t& event) {
         const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
@@ -107,13 +107,22 @@ void X11UserMoveWatch::noticeFocus(const xcb_focus_in_event_t& event, bool isGra
 
 void X11UserMoveWatch::noticeMove(const xcb_configure_notify_event_t& event) {
     const X11Connection& connection = *m_desk->connection;
-    if (event.window != m_frame || event.event != connection.root()) {
+    if (event.event != connection.root()) {
         return;
     }
     const std::lock_guard lock(m_mutex);
+    if (event.window != m_frame) {
+        // The fence moves windows of our own.
+        const xcb_setup_t& setup = *xcb_get_setup(connection.xcb());
+        if ((event.window & ~setup.resource_id_mask) != setup.resource_id_base) {
+            m_loneMoves.noteOther(now());
+        }
+        return;
+    }
     if (m_evidence.noteArea(areaOf(event), now()) != UserMoveEvidence::Mover::unknown) {
         return;
     }
+    m_loneMoves.noteMove(now(), m_desk->lastOwnMoves);
     takePointer();
     if (!m_pointer) {
         m_pointer = xcb_query_pointer(connection.queryConnection(), connection.root());
@@ -157,6 +166,11 @@ void X11UserMoveWatch::takePointer() {
     if (pointer && (pointer->mask & anyButton) != 0 && pointer->child == m_frame) {
         m_evidence.notePressedOver();
     }
+}
+
+bool X11UserMoveWatch::hasSeenRequest() const {
+    const std::lock_guard lock(m_mutex);
+    return m_isRequested || m_loneMoves.isSeen(now());
 }
 
 bool X11UserMoveWatch::hasSeenUser() {

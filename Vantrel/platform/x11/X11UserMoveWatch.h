@@ -1,6 +1,7 @@
 // Watches one window of the X server for moves by the user; see UserMoveEvidence.
 #pragma once
 
+#include "Vantrel/platform/x11/LoneMoveEvidence.h"
 #include "Vantrel/platform/x11/UserMoveEvidence.h"
 #include "Vantrel/platform/x11/X11Context.h"
 #include "VantrelCore/ports/UserMoveWatch.h"
@@ -26,8 +27,8 @@ public:
 
     // Requests that follow EWMH go to the root window, where everybody can see them; ClientMessage hides
     // ours. Requests in the way of ICCCM (ConfigureWindow, as by xdotool) are seen only by the window
-    // manager.
-    [[nodiscard]] bool hasSeenRequest() const override { return m_isRequested; }
+    // manager; LoneMoveEvidence infers them.
+    [[nodiscard]] bool hasSeenRequest() const override;
 
 private:
     X11UserMoveWatch(std::shared_ptr<X11Context> desk, xcb_window_t client, xcb_window_t frame,
@@ -43,8 +44,9 @@ private:
     xcb_window_t m_client;
     // The child of the root that contains the client, or the client itself.
     xcb_window_t m_frame;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     UserMoveEvidence m_evidence;
+    LoneMoveEvidence m_loneMoves;
     std::atomic<bool> m_isRequested = false;
     // The pointer query in flight, if any.
     std::optional<xcb_query_pointer_cookie_t> m_pointer;
