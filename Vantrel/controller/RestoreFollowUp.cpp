@@ -1,6 +1,7 @@
 #include "Vantrel/controller/RestoreFollowUp.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <iterator>
 
 namespace vantrel::RestoreFollowUp {
@@ -14,7 +15,11 @@ std::vector<Kept> kept(const RestoreReport& report) {
         if (!move || kind == Kind::skipped) {
             continue;
         }
-        result.push_back({.window = move->window, .target = move->target, .place = move->place, .item = i});
+        result.push_back({.window = move->window,
+                          .target = move->target,
+                          .place = move->place,
+                          .item = i,
+                          .name = fmt::format("{} \"{}\"", report.items[i].appName, report.items[i].title)});
         if (kind == Kind::failed) {
             result.back().failedAt = move->achieved.value_or(move->from);
         }

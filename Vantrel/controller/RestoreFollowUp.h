@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace vantrel::RestoreFollowUp {
@@ -21,6 +22,8 @@ struct Kept {
     std::optional<PlaceTarget> place = std::nullopt;
     // The report's item for this window.
     std::size_t item = 0;
+    // Application and title, for the log.
+    std::string name = {};
     // Reports whether the user has moved the window since; if so, it stays where it is, whatever else moves
     // it. Null while nothing watches, and where the platform cannot tell.
     std::shared_ptr<UserMoveWatch> userMoves = nullptr;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <iterator>
 #include <utility>
 
@@ -85,6 +86,16 @@ std::vector<std::size_t> itemsOf(const std::vector<Kept>& kept, const std::vecto
     return items;
 }
 
+std::string names(const std::vector<Kept>& kept, const std::vector<std::size_t>& items) {
+    std::vector<std::string> found;
+    for (const Kept& window : kept) {
+        if (std::ranges::find(items, window.item) != items.end()) {
+            found.push_back(window.name);
+        }
+    }
+    return fmt::format("{}", fmt::join(found, ", "));
+}
+
 } // namespace
 
 void RestoreFollowUpFlow::begin(std::vector<Kept> kept) {
@@ -138,7 +149,8 @@ void RestoreFollowUpFlow::look(bool isLast) {
             }
             const auto putBack = itemsOf(kept, *findings, Finding::putBack);
             if (!putBack.empty()) {
-                m_context.log("restore follow-up: put back " + ControllerText::windows(putBack.size()));
+                m_context.log(fmt::format("restore follow-up: put back {}: {}",
+                                          ControllerText::windows(putBack.size()), names(kept, putBack)));
                 m_onPutBack(putBack);
             }
             if (epoch != m_epoch) {
@@ -165,7 +177,8 @@ void RestoreFollowUpFlow::leaveAlone(const std::vector<std::size_t>& items, std:
     if (items.empty()) {
         return;
     }
-    m_context.log(fmt::format("restore follow-up: left {} {}", ControllerText::windows(items.size()), how));
+    m_context.log(fmt::format("restore follow-up: left {} {}: {}", ControllerText::windows(items.size()), how,
+                              names(m_kept, items)));
     std::erase_if(m_kept,
                   [&](const Kept& window) { return std::ranges::find(items, window.item) != items.end(); });
 }

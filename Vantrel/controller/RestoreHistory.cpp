@@ -149,7 +149,7 @@ void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t wi
 }
 
 void RestoreHistory::addFollowUp(const std::vector<std::size_t>& items) {
-    amend(items, RestoreLog::Outcome::retried);
+    amend(items, RestoreLog::Outcome::retried, "something moved it after the restore; it was put back");
 }
 
 void RestoreHistory::addSettled(const std::vector<std::size_t>& items,
@@ -173,14 +173,16 @@ void RestoreHistory::addSettled(const std::vector<std::size_t>& items,
     publishTotals();
 }
 
-void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome) {
+void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome,
+                           const std::optional<std::string>& note) {
     if (!m_latest || items.empty()) {
         return;
     }
-    for (const std::size_t item : items) {
-        m_latest->items.at(item).outcome = outcome;
-        m_latest->items.at(item).reason.reset();
-        m_latest->items.at(item).note.reset();
+    for (const std::size_t index : items) {
+        RestoreLog::Item& item = m_latest->items.at(index);
+        item.note = item.outcome == RestoreLog::Outcome::failed ? std::nullopt : note;
+        item.outcome = outcome;
+        item.reason.reset();
     }
     m_stores.restoreLog.replaceNewest(*m_latest, entryLater());
     m_context.publisher.publish<HistoryTopic>([](auto& history) { ++history.restoreLogVersion; });

@@ -44,7 +44,9 @@ public:
 private:
     void recordTotals(const RestoreRequest& request, std::int64_t windows, Date date);
     void publishTotals();
-    void amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome);
+    // `note` is for those that had not failed before.
+    void amend(const std::vector<std::size_t>& items, RestoreLog::Outcome outcome,
+               const std::optional<std::string>& note = std::nullopt);
     // In the background.
     [[nodiscard]] Saving later(const char* what);
     [[nodiscard]] Saving entryLater();

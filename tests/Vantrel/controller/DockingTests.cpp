@@ -117,6 +117,9 @@ TEST_F(Docking, FollowUpPutsBackWhatTheWindowManagerMovesLateAndUpdatesTheHistor
     EXPECT_EQ(
         std::ranges::count(log.entries[0].items, RestoreLog::Outcome::retried, &RestoreLog::Item::outcome),
         2);
+    EXPECT_EQ(std::ranges::count_if(log.entries[0].items,
+                                    [](const RestoreLog::Item& item) { return item.note.has_value(); }),
+              2);
 }
 
 TEST_F(Docking, FollowUpTriesFailedWindowsAgainAndSaysWhichStayOutOfPlace) {
