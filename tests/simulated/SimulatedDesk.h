@@ -121,6 +121,7 @@ private:
 
     bool isTrusted() override { return m_isTrusted && m_hasWindowManager; }
     bool prompt() override { return isTrusted(); }
+    [[nodiscard]] std::optional<std::string> session() const override { return "session 1"; }
     DeskSnapshot capture(const CaptureFilter& filter) override;
     std::vector<WindowOutline> outlines() override;
     std::vector<std::optional<DeskWindow>> look(std::span<const WindowID> windows) override;

@@ -1,8 +1,6 @@
 // Windows that are hard to recognise or cannot be seen come back like any other.
 #include "tests/Vantrel/controller/LearnedDesk.h"
 
-#include <cstdlib>
-#include <random>
 #include <tuple>
 
 namespace vantrel::simulated {
@@ -136,83 +134,6 @@ TEST_F(EveryWindow, ScenesAndStashesHoldWhatCanBeSeen) {
     ASSERT_TRUE(story.controller->applyScene(story.published().scenes.at(0)));
     story.runFor(5);
     EXPECT_TRUE(story.desk.window(story.browserRight).states.isMinimized);
-}
-
-// Windows with equal titles, minimised or not, of three programs; while undocked the user retitles, restacks,
-// minimises, closes and opens some.
-TEST(EveryWindowStories, AWindowThatLivesThroughACycleComesBackAsItWas) {
-    const char* const seeds = std::getenv("VANTREL_SEEDS");
-    const std::uint64_t count = seeds != nullptr ? std::stoull(seeds) : 40;
-    for (std::uint64_t seed = 0; seed < count; ++seed) {
-        SCOPED_TRACE(seed);
-        Story story("laptop-and-monitor", seed);
-        std::mt19937_64 random(seed);
-        const auto below = [&](std::size_t bound) { return random() % bound; };
-        const auto somewhere = [&] {
-            const double left = story.desk.displays().size() > 1 ? 1500 : 20;
-            return Rect{{left + static_cast<double>(below(500)), 30 + static_cast<double>(below(300))},
-                        {200 + static_cast<double>(below(400)), 150 + static_cast<double>(below(300))}};
-        };
-        const auto title = [&] { return "Window " + std::to_string(below(3)); };
-        std::vector<std::int32_t> programs;
-        for (const std::string name : {"browser", "editor", "terminal"}) {
-            programs.push_back(story.desk.launch("org.example." + name, name));
-        }
-        const auto open = [&] {
-            const WindowID window = story.desk.open(programs[below(3)], title(), somewhere());
-            story.desk.window(window).states.isMinimized = below(4) == 0;
-        };
-        for (std::size_t i = 0; i < 9; ++i) {
-            open();
-        }
-        story.desk.open(programs[0], "never minimised", somewhere());
-        story.start();
-        story.learn();
-        struct Place {
-            Rect frame;
-            bool isMinimized;
-            bool operator==(const Place&) const = default;
-        };
-        std::map<WindowID, Place> learned;
-        for (const auto& window : story.desk.windows()) {
-            learned[window->id] = {window->frame, window->states.isMinimized};
-        }
-        story.connect("laptop");
-        for (const WindowID window : story.stack()) {
-            switch (below(8)) {
-            case 0:
-                story.desk.close(window);
-                continue;
-            case 1:
-                story.desk.drag(window, somewhere());
-                break;
-            case 2:
-                story.desk.bringToFront(window);
-                break;
-            case 3:
-                story.desk.window(window).states.isMinimized = !story.desk.window(window).states.isMinimized;
-                break;
-            default:
-                break;
-            }
-            story.desk.window(window).title = title();
-        }
-        open();
-        if (below(2) == 0) {
-            story.learn();
-        }
-        story.connect("laptop-and-monitor");
-        for (const auto& window : story.desk.windows()) {
-            const auto was = learned.find(window->id);
-            if (was != learned.end()) {
-                EXPECT_EQ(window->frame, was->second.frame) << window->title;
-                EXPECT_EQ(window->states.isMinimized, was->second.isMinimized) << window->title;
-            }
-        }
-        if (testing::Test::HasFailure()) {
-            return;
-        }
-    }
 }
 
 } // namespace
