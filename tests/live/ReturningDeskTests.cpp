@@ -1,5 +1,8 @@
-// A desk that comes back while no window manager runs, and on another connector.
+// A desk that comes back while no window manager runs or nobody is there, and on another connector.
+#include "tests/live/BusVoice.h"
 #include "tests/live/VantrelDesk.h"
+
+#include <QCoreApplication>
 
 #include <gmock/gmock.h>
 #include <string>
@@ -11,7 +14,9 @@ using ReturningDeskUnder = UnderWindowManager;
 
 INSTANTIATE_TEST_SUITE_P(WindowManagers, ReturningDeskUnder, windowManagers(), windowManagerName);
 
-TEST_P(ReturningDeskUnder, IsRestoredLateWhenNoWindowManagerRanMeanwhileAndOnOtherConnectors) {
+TEST_P(ReturningDeskUnder, IsRestoredLateWhenNobodyWasThereAndOnOtherConnectors) {
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
     // Twins: their titles are equal.
     const std::vector<xcb_window_t> clients{desk.open({"mousepad", "--disable-server"}).client,
                                             desk.open({"mousepad", "--disable-server"}).client};
@@ -31,13 +36,28 @@ TEST_P(ReturningDeskUnder, IsRestoredLateWhenNoWindowManagerRanMeanwhileAndOnOth
     EXPECT_TRUE(desk.awaitLogged("restore report: 2 restored, 0 failed, 0 skipped"));
     EXPECT_TRUE(eventually([&] { return desk.frames(clients) == home; }));
 
+    desk.monitors().unplug(1);
+    ASSERT_TRUE(desk.awaitLogged("display settled: ", 3));
+    ASSERT_TRUE(eventually([&] { return desk.frames(clients) != home; }));
+    {
+        BusVoice saver(desk.bus().address(), "saver");
+        saver.say("/", "org.xfce.ScreenSaver", "ActiveChanged", {true});
+        ASSERT_TRUE(desk.awaitLogged("session locked: "));
+        desk.monitors().plug(1, right);
+        ASSERT_TRUE(desk.awaitLogged("restore: will be made up for when the user returns"));
+        saver.say("/", "org.xfce.ScreenSaver", "ActiveChanged", {false});
+    }
+    EXPECT_TRUE(desk.awaitLogged("restore: making up for the one missed", 2));
+    EXPECT_TRUE(eventually([&] { return desk.frames(clients) == home; }));
+
     // The monitors have no identity data, so another connector makes them another desk.
     desk.monitors().unplug(1);
     ASSERT_TRUE(eventually([&] { return desk.frames(clients) != home; }));
-    ASSERT_TRUE(desk.awaitLogged("display settled: ", 3));
+    ASSERT_TRUE(desk.awaitLogged("display settled: ", 5));
+    const auto restores = desk.logged("restore report: 2 restored, 0 failed, 0 skipped");
     desk.monitors().plug(2, right);
     EXPECT_TRUE(desk.awaitLogged("desk recognised: "));
-    EXPECT_TRUE(desk.awaitLogged("restore report: 2 restored, 0 failed, 0 skipped", 2));
+    EXPECT_TRUE(desk.awaitLogged("restore report: 2 restored, 0 failed, 0 skipped", restores + 1));
     EXPECT_TRUE(eventually([&] { return desk.frames(clients) == home; }));
     EXPECT_THAT(desk.refused({"desks", "same"}),
                 testing::HasSubstr("No remembered desk has the same displays on other connectors."));
