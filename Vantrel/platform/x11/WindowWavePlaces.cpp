@@ -22,6 +22,17 @@ PlaceStates statesOf(const WindowFacts& facts) {
     return states;
 }
 
+// Whether a window that has left its state can take the new one where it is: it will fill its monitor, which
+// is the right one, and nothing better is known about its ordinary place.
+bool isOnItsMonitor(const FrameTarget& target, const PlaceTarget& place, const WindowFacts& facts) {
+    const PlaceStates& states = place.states;
+    const bool fills =
+        states.isFullscreen || (states.isMaximizedHorizontally && states.isMaximizedVertically);
+    return fills && !place.normalFrame && target.position && target.size &&
+           !facts.traits.placeStates().isStretched() &&
+           Rect{*target.position, *target.size}.contains(facts.frame().center());
+}
+
 // Where a window that shall be maximised or full screen at `target` stands as an ordinary one: on the same
 // monitor, and in the directions that stay ordinary at the target itself. What is absent stays as it is.
 FrameTarget normalTarget(const FrameTarget& target, const PlaceTarget& place, const Rect& current) {
@@ -75,7 +86,8 @@ WindowWave::Moves WindowWave::beginPlaces(const Moves& moves) {
         if (move->place->states.isStretched()) {
             // xfwm4 4.18 returns from full screen to where the window was before it last left it at once.
             const bool isFullscreen = move->place->states.isFullscreen || move->facts->traits.isFullscreen;
-            (isFullscreen ? stepwise : stretched).push_back(move);
+            // Where it is as an ordinary window must be seen, unless it is known.
+            (isFullscreen || !move->place->normalFrame ? stepwise : stretched).push_back(move);
         } else if (FrameArithmetic::isAt(move->target, move->facts->frame())) {
             move->isTaken = true;
         } else if (!move->facts->traits.isFullscreen) {
@@ -135,6 +147,9 @@ void WindowWave::leaveStates(const Move& move) {
 }
 
 void WindowWave::askForNormalFrame(const Move& move) {
+    if (isOnItsMonitor(move.target, *move.place, *move.facts)) {
+        return;
+    }
     const FrameTarget normal = normalTarget(move.target, *move.place, move.facts->frame());
     MoveResize request = FrameArithmetic::request(normal, move.facts->parts);
     if (!normal.size) {
