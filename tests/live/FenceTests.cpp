@@ -11,8 +11,8 @@ namespace {
 
 class FenceUnder : public WindowsUnder {};
 
-INSTANTIATE_TEST_SUITE_P(WindowManagers, FenceUnder, ::testing::Values("openbox", "xfwm4", "fluxbox", "i3"),
-                         windowManagerName);
+INSTANTIATE_TEST_SUITE_P(WindowManagers, FenceUnder,
+                         ::testing::Values("openbox", "xfwm4", "fluxbox", "kwin", "i3"), windowManagerName);
 
 TEST_P(FenceUnder, AWindowManagerIsTriedOnceAndItsLateReplyCounts) {
     desk.probe.show({.title = "window"});

@@ -3,6 +3,7 @@
 #include "tools/demo/DemoWindows.h"
 
 #include <algorithm>
+#include <csignal>
 #include <fstream>
 #include <random>
 #include <thread>
@@ -10,7 +11,7 @@
 namespace vantrel::live {
 namespace {
 
-class ManyRounds : public UnderWindowManager {
+class DemoOnADesk : public UnderWindowManager {
 protected:
     // Application and frame of every window stored for the desk, sorted: the window manager may change the
     // stacking order while monitors come and go.
@@ -51,21 +52,32 @@ protected:
         return DemoTable::text(stories);
     }
 
+    void saveHome() {
+        desk.done({"save"});
+        for (DemoActor& actor : actors) {
+            actor.story.before = desk.frame(actor.client);
+            actor.story.stateBefore = stateOf(desk.connection(), actor.client);
+        }
+    }
+
+    [[nodiscard]] bool areBack() {
+        takeFrames();
+        return std::ranges::all_of(actors, DemoTable::isBack, &DemoActor::story);
+    }
+
     std::vector<DemoActor> actors = openDemo(desk);
     unsigned seed = std::random_device()();
     std::mt19937 random{seed};
 };
 
+using ManyRounds = DemoOnADesk;
+
 TEST_P(ManyRounds, BringEveryWindowBackAndLearnNothing) {
     SCOPED_TRACE(seed);
     const auto vantrel = desk.startVantrel();
-    desk.done({"save"});
+    saveHome();
     const auto learned = stored("Desk 24 + Side 27");
     ASSERT_EQ(learned.size(), actors.size());
-    for (DemoActor& actor : actors) {
-        actor.story.before = desk.frame(actor.client);
-        actor.story.stateBefore = stateOf(desk.connection(), actor.client);
-    }
 
     // Displays settle after 0.5 quiet seconds: every other round ends earlier, the rest may settle.
     for (int round = 0; round < 30; ++round) {
@@ -78,20 +90,41 @@ TEST_P(ManyRounds, BringEveryWindowBackAndLearnNothing) {
     // Each settled change starts one restore, which the next change may overtake. A monitor that is gone
     // again before its desk is named has no name.
     EXPECT_TRUE(waitUntil([&] {
-        takeFrames();
+        const bool areHome = areBack();
         const std::string log = desk.log();
         const auto settled = log.rfind("display settled:");
         return settled != std::string::npos && log.find("restore report:", settled) != std::string::npos &&
                desk.logged("restore report:") + desk.logged("restore abandoned:") +
                        desk.logged("restore dropped: the displays have changed") ==
                    desk.logged("(2 displays)") &&
-               std::ranges::all_of(actors, DemoTable::isBack, &DemoActor::story);
+               areHome;
     })) << table();
     EXPECT_EQ(stored("Desk 24 + Side 27"), learned);
     EXPECT_TRUE(stored("Desk 24").empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Live, ManyRounds, windowManagers(), windowManagerName);
+
+using LateWindowManager = DemoOnADesk;
+
+// jwm moves windows 1.4 seconds after a display change.
+TEST_P(LateWindowManager, LosesNoWindowAndNoState) {
+    const auto vantrel = desk.startVantrel();
+    saveHome();
+    desk.monitors().unplug(1);
+    ASSERT_TRUE(desk.awaitLogged("display settled: "));
+    const pid_t manager = desk.windowManagerPid();
+    kill(manager, SIGSTOP);
+    desk.monitors().plug(1, rightMonitor);
+    ASSERT_TRUE(desk.awaitLogged("display settled: ", 2));
+    std::this_thread::sleep_for(std::chrono::milliseconds(900));
+    kill(manager, SIGCONT);
+    EXPECT_TRUE(waitUntil([&] { return areBack(); })) << table();
+    desk.awaitStill();
+    EXPECT_TRUE(areBack()) << table();
+}
+
+INSTANTIATE_TEST_SUITE_P(Live, LateWindowManager, fourWindowManagers(), windowManagerName);
 
 } // namespace
 } // namespace vantrel::live
