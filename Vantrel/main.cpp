@@ -11,6 +11,7 @@
 #include "Vantrel/diagnostics/VendorServer.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
@@ -29,6 +30,7 @@
 #include "Vantrel/platform/posix/ThreadBackground.h"
 #include "Vantrel/platform/posix/ZoneDatabase.h"
 #include "Vantrel/platform/qt/BusMembership.h"
+#include "Vantrel/platform/qt/BusNotifications.h"
 #include "Vantrel/platform/qt/DBusSystemEvents.h"
 #include "Vantrel/platform/qt/GuardedApplication.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
@@ -150,8 +152,8 @@ std::optional<Running>& running() {
     return running;
 }
 
-// Qt's connection to the X server calls exit() when it is lost, possibly before ours has noticed, while every
-// object is still in use.
+// Qt's connection to the X server calls exit() when it is lost, possibly before ours has noticed, while
+// every object is still in use.
 void endWithTheServer() {
     if (running()) {
         complain(serverIsGone);
@@ -258,6 +260,7 @@ private:
                 .checkForUpdates = [this] { m_updates.checkForUpdates(); },
                 .quit = [] { QCoreApplication::quit(); }});
         watchNotifierHost();
+        tellOfProblems();
         m_xembedTray.emplace(m_connection, m_queue, [this] { m_statusIcon->show(StatusIcon::Tray::xembed); });
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
@@ -305,7 +308,15 @@ private:
         m_notifierHost.emplace(m_bus, [this] { m_statusIcon->show(StatusIcon::Tray::statusNotifier); });
     }
 
+    void tellOfProblems() {
+        m_notifications.emplace(m_bus, ownBundleID);
+        m_notifier.emplace(*m_controller, *m_notifications,
+                           ProblemNotifier::Panel{.isOpen = [this] { return m_panel && m_panel->isOpen(); },
+                                                  .open = [this] { m_controller->showPanel(); }});
+    }
+
     void leaveBus() {
+        m_notifier.reset();
         m_notifierHost.reset();
         m_statusIcon->leaveStatusNotifier();
     }
@@ -317,6 +328,7 @@ private:
         }
         m_systemEvents.setSessionBus(m_bus);
         watchNotifierHost();
+        tellOfProblems();
     }
 
     void endWithoutServer() {
@@ -411,6 +423,8 @@ private:
     std::optional<StatusIcon> m_statusIcon;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;
+    std::optional<BusNotifications> m_notifications;
+    std::optional<ProblemNotifier> m_notifier;
     std::optional<BusMembership> m_membership;
 };
 

@@ -164,6 +164,8 @@ struct HistoryTopic {
         // The cause, in words: "display change".
         std::string reason;
         RestoreReport report;
+        // The displays had changed.
+        bool isAutomatic = false;
 
         bool operator==(const LastRestore&) const = default;
     };

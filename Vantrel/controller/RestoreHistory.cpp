@@ -185,7 +185,15 @@ void RestoreHistory::amend(const std::vector<std::size_t>& items, RestoreLog::Ou
         item.reason.reset();
     }
     m_stores.restoreLog.replaceNewest(*m_latest, entryLater());
-    m_context.publisher.publish<HistoryTopic>([](auto& history) { ++history.restoreLogVersion; });
+    m_context.publisher.publish<HistoryTopic>([&](auto& history) {
+        ++history.restoreLogVersion;
+        // The newest entry can be an abandoned restore, whose report is not published.
+        if (history.lastRestore && history.lastRestore->report.items.size() == m_latest->items.size()) {
+            for (const std::size_t item : items) {
+                history.lastRestore->report.items.at(item).outcome = {RestoreReport::Kind::retried, {}};
+            }
+        }
+    });
 }
 
 } // namespace vantrel

@@ -126,7 +126,7 @@ std::optional<PanelContent::Result> resultLine(const PublishedState& state, Date
     if (!state.lastRestore || state.lastRestore->configID != state.configID) {
         return std::nullopt;
     }
-    const auto& [date, configID, reason, report] = *state.lastRestore;
+    const auto& [date, configID, reason, report, isAutomatic] = *state.lastRestore;
     const auto back = static_cast<std::int64_t>(report.restoredCount());
     const auto failed = static_cast<std::int64_t>(report.failedCount());
     const std::string age = " · " + RelativeTimeCaption::caption(date, now);
