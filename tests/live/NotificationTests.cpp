@@ -63,6 +63,8 @@ TEST(Notifications, TellOfAFileThatCannotBeReadAndAreWithdrawnAtTheEnd) {
     EXPECT_EQ(server.shown.value(1).toUInt(), 0U);
     EXPECT_THAT(server.shown.value(4).toString().toStdString(), testing::HasSubstr("scenes.json"));
     EXPECT_EQ(server.shown.value(5).toStringList(), (QStringList{"default", "Show", "0", "Show"}));
+    // It answers after it has received the reply to its notification.
+    desk.done({"status"});
     EXPECT_EQ(run.endedBy(SIGTERM).code, 0);
     EXPECT_TRUE(eventually([&] { return server.closed == 7; }));
 }
