@@ -81,13 +81,15 @@ packages_check=(
     shellcheck
 )
 
-# Only for scripts/mac/check-link and scripts/mac/icons; npm provides the compiler.
+# For scripts/mac/build --check. npm provides the linker; any installed npm will do.
 # shellcheck disable=SC2034
 packages_mac=(
     librsvg2-bin
     llvm-19
-    npm
+    python3-yaml
 )
+# shellcheck disable=SC2034
+command -v npm >/dev/null || packages_mac+=(npm)
 
 # Only for scripts/package.
 # shellcheck disable=SC2034

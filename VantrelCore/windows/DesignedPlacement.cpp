@@ -45,8 +45,9 @@ void moveInto(const std::vector<DesignedSlot>& slots, const std::vector<std::siz
         orders.back().sequence = WindowOrder::Sequence::sizeFirst;
         shifts.push_back(place(window, placement, Sizes::leave));
     }
-    desk.arrange(orders, permit);
-    desk.arrange(shifts, permit);
+    // The caller reads the frames afterwards.
+    static_cast<void>(desk.arrange(orders, permit));
+    static_cast<void>(desk.arrange(shifts, permit));
 }
 
 std::vector<std::optional<Rect>> framesOf(const std::vector<DesignedSlot>& slots,

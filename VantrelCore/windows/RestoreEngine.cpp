@@ -158,7 +158,7 @@ void raiseInOrder(const Pairs& pairs, const std::vector<WindowRecord>& saved,
             orders.push_back({.window = current[pair.current].id, .target = {}, .raises = true});
         }
     }
-    desk.arrange(orders, permit);
+    static_cast<void>(desk.arrange(orders, permit));
 }
 
 void restackMoved(const RestoreReport& report, const std::vector<WindowRecord>& saved,
@@ -185,7 +185,7 @@ void restackMoved(const RestoreReport& report, const std::vector<WindowRecord>& 
         orders.push_back({.window = window, .target = {}, .inFrontOf = sibling});
     }
     if (!orders.empty()) {
-        desk.arrange(orders, permit);
+        static_cast<void>(desk.arrange(orders, permit));
     }
 }
 

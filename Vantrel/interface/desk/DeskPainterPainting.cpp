@@ -313,9 +313,8 @@ void DeskPainter::paintDisplayLabel(QPainter& painter, std::size_t display) cons
     if (!label.hiddenText.isEmpty()) {
         painter.setFont(m_labelFont);
         painter.setPen(m_colors.secondText);
-        painter.drawText(label.hidden,
-                         Qt::AlignVCenter | (m_style.isRightToLeft ? Qt::AlignLeft : Qt::AlignRight) |
-                             Qt::TextDontClip,
+        const Qt::AlignmentFlag side = m_style.isRightToLeft ? Qt::AlignLeft : Qt::AlignRight;
+        painter.drawText(label.hidden, static_cast<int>(Qt::AlignVCenter) | side | Qt::TextDontClip,
                          label.hiddenText);
     }
 }

@@ -1,10 +1,10 @@
 #include "Vantrel/interface/symbols/SvgPath.h"
 
+#include <QByteArrayView>
 #include <QtMath>
 
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 #include <cmath>
 
 namespace vantrel {
@@ -120,11 +120,27 @@ private:
         m_data.remove_prefix(end == std::string_view::npos ? m_data.size() : end);
     }
 
+    // Apple's C++ library cannot read numbers with a fraction from characters. Numbers may follow each other
+    // without a space: a second point or a sign begins the next one.
     double number() {
         skipSpace();
-        double value = 0;
-        const auto result = std::from_chars(m_data.data(), m_data.data() + m_data.size(), value);
-        m_data.remove_prefix(static_cast<std::size_t>(result.ptr - m_data.data()));
+        std::size_t end = 0;
+        bool hasPoint = false;
+        bool hasExponent = false;
+        for (; end < m_data.size(); ++end) {
+            const char c = m_data[end];
+            const bool isAfterExponent = end > 0 && (m_data[end - 1] == 'e' || m_data[end - 1] == 'E');
+            if (c == '.' && !hasPoint && !hasExponent) {
+                hasPoint = true;
+            } else if ((c == 'e' || c == 'E') && end > 0 && !hasExponent) {
+                hasExponent = true;
+            } else if (!(c >= '0' && c <= '9') &&
+                       !((c == '-' || c == '+') && (end == 0 || isAfterExponent))) {
+                break;
+            }
+        }
+        const double value = QByteArrayView(m_data.data(), static_cast<qsizetype>(end)).toDouble();
+        m_data.remove_prefix(end);
         return value;
     }
 

@@ -9,8 +9,9 @@ namespace vantrel {
 
 class StandardUpdater final : public AppUpdater {
 public:
-    // Loads the framework from the application bundle and starts its updater. Returns null if the application
-    // was built without it.
+    // Loads the framework from the application bundle. Its updater, which may show windows, starts once
+    // launching has finished. Returns null if the application was built without the framework, or without the
+    // address and the key of its updates.
     [[nodiscard]] static std::unique_ptr<StandardUpdater> start();
 
     ~StandardUpdater() override;

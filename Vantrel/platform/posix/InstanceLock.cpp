@@ -20,7 +20,7 @@ using posix::lastError;
 constexpr std::chrono::milliseconds pause(50);
 constexpr std::size_t longestHolder = 100;
 
-std::error_code lock(const FileDescriptor& file, std::chrono::milliseconds patience) {
+std::error_code lockWithin(const FileDescriptor& file, std::chrono::milliseconds patience) {
     for (auto waited = pause.zero();; waited += pause) {
         if (::flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
             return {};
@@ -69,7 +69,7 @@ std::expected<InstanceLock, InstanceLock::Holder> InstanceLock::take(const std::
             return InstanceLock({}, problem);
         }
     }
-    const auto error = lock(file, patience);
+    const auto error = lockWithin(file, patience);
     if (error == std::errc::operation_would_block) {
         return std::unexpected(holderIn(file));
     }

@@ -27,8 +27,13 @@ void notifyEventLoop(int /*signal*/) {
 } // namespace
 
 TerminationSignals::TerminationSignals(std::function<void()> handler) {
-    if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    // macOS has no pipe2.
+    if (pipe(signalPipe.data()) != 0) {
         return;
+    }
+    for (const int end : signalPipe) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+        fcntl(end, F_SETFL, O_NONBLOCK);
     }
     m_notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),

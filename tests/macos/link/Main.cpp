@@ -1,4 +1,0 @@
-// Begins nothing: that everything links is what is asked.
-int main() {
-    return 0;
-}
