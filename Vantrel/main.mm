@@ -24,6 +24,7 @@
 #include "Vantrel/platform/macos/MacMainQueue.h"
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 #include "Vantrel/platform/macos/MacUserDefaults.h"
+#include "Vantrel/platform/macos/MacWork.h"
 #include "Vantrel/platform/macos/MacWorkspace.h"
 #include "Vantrel/platform/macos/MissionControlFixer.h"
 #include "Vantrel/platform/macos/MissionControlReader.h"
@@ -51,6 +52,10 @@
 #include <cstdlib>
 #include <fmt/format.h>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace {
 
 using namespace vantrel;
@@ -59,6 +64,8 @@ constexpr const char* ownBundleID = "org.vantrel.Vantrel";
 
 int complain(const std::string& sentence) {
     fmt::print(stderr, "Vantrel: {}\n", sentence);
+    // A menu-bar program's windows open behind those of the active one.
+    ProgramPresence::activate();
     QMessageBox::critical(nullptr, "Vantrel", QString::fromStdString(sentence));
     return 1;
 }
@@ -116,6 +123,7 @@ public:
         m_controller->setLatestAvailable(m_updates.latestAvailable());
         m_intents.emplace(*m_controller, [this](const auto& name) { m_focus.filterRan(name); });
         m_overlay.follow(*m_controller);
+        ProgramPresence::showOnEverySpace(m_overlay.winId());
         return std::nullopt;
     }
 
@@ -140,26 +148,34 @@ public:
         offerMissionControlFix();
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
+        m_log.write("network: " + QtHttpClient::tlsSupport());
         m_log.write("start: vantrel " VANTREL_VERSION);
     }
 
 private:
     void offerMissionControlFix() {
         using Classification = MissionControlConfig::Classification;
-        if (MissionControlReader::read().classification() != Classification::losing) {
-            m_statusIcon->offerMissionControlFix({});
+        using FixTime = StatusIcon::FixTime;
+        const MissionControlConfig config = MissionControlReader::read();
+        if (config.classification() != Classification::losing) {
+            m_statusIcon->offerMissionControlFix({}, FixTime::atOnce);
             return;
         }
-        m_statusIcon->offerMissionControlFix([this] {
+        const FixTime time = config.isFixedAtLogin() ? FixTime::nextLogin : FixTime::atOnce;
+        const auto fix = [this, time] {
             const bool isApplied = MissionControlFixer::apply();
-            m_log.write(isApplied ? "mission control: settings fixed so that windows stay in place"
-                                  : "mission control: the settings could not be written");
+            m_log.write(
+                !isApplied ? "mission control: the settings could not be written"
+                : time == FixTime::nextLogin
+                    ? "mission control: settings fixed; each display has its own Spaces after the next login"
+                    : "mission control: settings fixed so that windows stay in place");
             if (isApplied && !Settings(m_defaults).setMissionControlFixApplied(true)) {
                 m_log.write("mission control: the fix could not be recorded in the settings");
             }
             // Deferred: this call removes the action that is running.
             m_queue.post([this] { offerMissionControlFix(); });
-        });
+        };
+        m_statusIcon->offerMissionControlFix(fix, time);
     }
 
     void logSoon(const std::string& message) {
@@ -192,7 +208,7 @@ private:
     MacAccessibility m_accessibility{RunningApplications::read};
     MacDisplayServices m_displays{Screens::read};
     MacWorkspace m_workspace{[this](const std::string& message) { logSoon(message); }};
-    MacSystemEvents m_systemEvents{SessionState::isLocked};
+    MacSystemEvents m_systemEvents{SessionState::isLocked, SessionState::areScreensAsleep, m_queue};
     MacLocalZone m_localZone;
     MacCalendarReader m_calendar;
     FocusFilterReader m_focus;
@@ -200,7 +216,7 @@ private:
                                   [this](const std::string& message) { m_log.write(message); }};
     CarbonHotKeys m_hotKeys;
     // Destroyed before the adapters that its work uses.
-    ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
+    ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }, MacWork::perform};
     AccessibilityDesk m_desk{m_accessibility, m_background};
     CrashUploader m_crashUploader{m_files,
                                   m_defaults,

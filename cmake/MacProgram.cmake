@@ -41,12 +41,8 @@ target_link_libraries(
     PRIVATE VantrelCommands VantrelDiagnostics VantrelInterface VantrelLicensing VantrelMacos VantrelPosix
 )
 target_link_directories(Vantrel PRIVATE ${swiftLibraries})
-set_target_properties(
-    Vantrel
-    PROPERTIES
-        MACOSX_BUNDLE_INFO_PLIST "${CMAKE_CURRENT_BINARY_DIR}/Info.plist"
-        BUILD_RPATH "@executable_path/../Frameworks"
-)
+target_link_options(Vantrel PRIVATE "-Wl,-rpath,@executable_path/../Frameworks")
+set_target_properties(Vantrel PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${CMAKE_CURRENT_BINARY_DIR}/Info.plist")
 add_custom_command(
     TARGET Vantrel
     POST_BUILD

@@ -13,6 +13,7 @@ namespace vantrel {
 class StatusIcon {
 public:
     using Tray = StatusItemContextMenu::Tray;
+    using FixTime = StatusItemContextMenu::FixTime;
     using Actions = StatusItemContextMenu::Actions;
 
     StatusIcon(AppController& controller, Actions actions);
@@ -33,7 +34,9 @@ public:
     }
 
     // Offers to fix Mission Control's settings; null withdraws the offer.
-    void offerMissionControlFix(std::function<void()> fix) { m_menu.offerMissionControlFix(std::move(fix)); }
+    void offerMissionControlFix(std::function<void()> fix, FixTime time) {
+        m_menu.offerMissionControlFix(std::move(fix), time);
+    }
 
 private:
     void refresh();

@@ -40,7 +40,8 @@ std::vector<std::string> troubles(const PublishedState& state) {
     return found;
 }
 
-std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMissionControlLosing) {
+std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMissionControlLosing,
+                                         StatusItemContextMenu::FixTime fixTime) {
     std::vector<StatusItem::SceneEntry> scenes;
     for (const auto& scene : state.scenes) {
         if (scene.configID == state.configID) {
@@ -54,7 +55,8 @@ std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMis
          .latestAvailable = state.latestAvailable,
          .isMissionControlLosing = isMissionControlLosing,
          .troubles = troubles(state),
-         .sameDesk = state.sameDeskOffer ? std::optional(state.sameDeskOffer->name) : std::nullopt});
+         .sameDesk = state.sameDeskOffer ? std::optional(state.sameDeskOffer->name) : std::nullopt,
+         .isMissionControlFixedAtLogin = fixTime == StatusItemContextMenu::FixTime::nextLogin});
 }
 
 bool isInformational(const StatusItemMenuEntry& entry) {
@@ -69,7 +71,14 @@ StatusItemContextMenu::StatusItemContextMenu(AppController& controller, Actions 
     : m_controller(controller), m_actions(std::move(actions)),
       m_observer(controller.addObserver([this](Topics /*changed*/) { refresh(); })) {
     // Applies changes made while the menu was open. Queued, because only then does the menu count as closed.
-    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
+    QObject::connect(&m_menu, &QMenu::aboutToShow, &m_menu, [this] { m_isOpen = true; });
+    QObject::connect(
+        &m_menu, &QMenu::aboutToHide, &m_menu,
+        [this] {
+            m_isOpen = false;
+            refresh();
+        },
+        Qt::QueuedConnection);
     refresh();
 }
 
@@ -97,19 +106,20 @@ void StatusItemContextMenu::clicked() {
 void StatusItemContextMenu::refresh() {
     // An open menu keeps its entries, so that they do not change under the user's pointer.
     const auto wanted = wantedEntries();
-    if (m_shownEntries != wanted && !m_menu.isVisible()) {
+    if (m_shownEntries != wanted && !m_isOpen) {
         fill(m_menu, wanted, m_tray);
         m_shownEntries = wanted;
     }
 }
 
-void StatusItemContextMenu::offerMissionControlFix(std::function<void()> fix) {
+void StatusItemContextMenu::offerMissionControlFix(std::function<void()> fix, FixTime time) {
     m_fixMissionControl = std::move(fix);
+    m_fixTime = time;
     refresh();
 }
 
 std::vector<StatusItemMenuEntry> StatusItemContextMenu::wantedEntries() const {
-    return entries(m_controller.published(), static_cast<bool>(m_fixMissionControl));
+    return entries(m_controller.published(), static_cast<bool>(m_fixMissionControl), m_fixTime);
 }
 
 bool StatusItemContextMenu::isOffered(const StatusItemMenuEntry& entry) const {

@@ -44,8 +44,11 @@ public:
     // Handles a left click on the icon: opens the panel, or the menu while there is no panel.
     void clicked();
 
+    // When the fix of Mission Control's settings takes effect.
+    enum class FixTime : std::uint8_t { atOnce, nextLogin };
+
     // Offers to fix Mission Control's settings; null withdraws the offer.
-    void offerMissionControlFix(std::function<void()> fix);
+    void offerMissionControlFix(std::function<void()> fix, FixTime time);
 
 private:
     void refresh();
@@ -62,6 +65,7 @@ private:
     AppController& m_controller;
     Actions m_actions;
     std::function<void()> m_fixMissionControl;
+    FixTime m_fixTime = FixTime::atOnce;
     QMenu m_menu;
     // Opened by a left click while there is no panel.
     QMenu m_popup;
@@ -69,6 +73,8 @@ private:
     QSystemTrayIcon* m_icon = nullptr;
     Tray m_tray = Tray::xembed;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
+    // Tracked by signals: a menu that macOS shows in the menu bar does not count as visible.
+    bool m_isOpen = false;
     Publisher::ObserverID m_observer;
     // Expires with this object, for restores that end later.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

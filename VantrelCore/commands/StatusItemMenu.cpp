@@ -43,7 +43,10 @@ std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> en
                                                     UpdateOffer::caption(*news.latestAvailable)));
     }
     if (news.isMissionControlLosing) {
-        above.push_back(StatusItemMenuEntry::notice(Notice::fixMissionControl, "Keep Spaces in Place"));
+        above.push_back(StatusItemMenuEntry::notice(Notice::fixMissionControl,
+                                                    news.isMissionControlFixedAtLogin
+                                                        ? "Keep Spaces in Place (from the Next Login)"
+                                                        : "Keep Spaces in Place"));
     }
     if (!above.empty()) {
         above.push_back({Kind::separator});

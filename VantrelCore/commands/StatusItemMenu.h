@@ -88,6 +88,8 @@ struct News {
     std::vector<std::string> troubles{};
     // The name of the remembered desk that this one may be.
     std::optional<std::string> sameDesk{};
+    // `MissionControlConfig::isFixedAtLogin`.
+    bool isMissionControlFixedAtLogin = false;
 };
 
 // Adds notices above the entries, and the command that checks for updates before the last one.

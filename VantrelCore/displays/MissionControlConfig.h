@@ -18,6 +18,9 @@ struct MissionControlConfig {
 
     // One unfavourable value is enough to lose; winning needs both known and favourable.
     [[nodiscard]] Classification classification() const;
+
+    // Whether the system applies the favourable values only at the next login.
+    [[nodiscard]] bool isFixedAtLogin() const { return separateSpaces == false; }
 };
 
 } // namespace vantrel

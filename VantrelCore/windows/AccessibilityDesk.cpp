@@ -28,6 +28,13 @@ bool take(const WindowOrder& order, const AXWindowHandle& handle) {
                                                               : handle.setFrame({*position, *size});
 }
 
+// An application may refuse a size that its window has already.
+bool isInPlace(const FrameTarget& target, const AXWindowHandle& handle) {
+    constexpr double tolerance = 2;
+    const auto frame = target.size ? handle.frame() : std::nullopt;
+    return frame && approxEqual({target.position.value_or(frame->origin), *target.size}, *frame, tolerance);
+}
+
 std::vector<WindowID> windowsOf(std::span<const WindowOrder> orders) {
     std::vector<WindowID> windows;
     std::ranges::transform(orders, std::back_inserter(windows), &WindowOrder::window);
@@ -89,7 +96,7 @@ std::vector<WindowOutcome> AccessibilityDesk::arrange(std::span<const WindowOrde
             return;
         }
         permit.noteUse();
-        outcomes[index].isTaken = take(order, window.handle);
+        outcomes[index].isTaken = take(order, window.handle) || isInPlace(order.target, window.handle);
         if (!outcomes[index].isTaken || permit.isRevoked()) {
             return;
         }

@@ -1,8 +1,12 @@
 #include "Vantrel/platform/macos/MacAccessibility.h"
-#include "tests/macos/PlatformTest.h"
+#include "Vantrel/platform/macos/MacWork.h"
+#include "Vantrel/platform/posix/ThreadBackground.h"
+#include "VantrelCore/windows/AccessibilityDesk.h"
+#include "tests/macos/CocoaTest.h"
 #include "tests/macos/fake/Accessibility.h"
 #include "tests/macos/fake/WindowServer.h"
 
+#include <future>
 #include <gmock/gmock.h>
 
 namespace vantrel::fake {
@@ -14,7 +18,7 @@ using testing::SizeIs;
 
 constexpr CGWindowListOption onScreenWithoutDesktop = 0x11;
 
-struct MacDesk : PlatformTest {
+struct MacDesk : CocoaTest {
     MacAccessibility adapter{[this] { return apps; }};
     std::vector<RunningApp> apps;
     std::shared_ptr<Element> application = runApplication(100);
@@ -26,10 +30,7 @@ struct MacDesk : PlatformTest {
     void listTwo() {
         listWindows(*application, {makeWindow("a", {{0, 0}, {9, 9}}), makeWindow("b", {{0, 0}, {9, 9}})});
     }
-    void TearDown() override {
-        application.reset();
-        PlatformTest::TearDown();
-    }
+    void TearDown() override { application.reset(); }
 };
 
 TEST_F(MacDesk, PromptingShowsTheSystemsDialogUntilTrusted) {
@@ -54,6 +55,41 @@ TEST_F(MacDesk, TheProcessSetsItsTimeoutOnceAndEveryElementHasOne) {
     EXPECT_EQ(accessibility().processTimeouts, 1);
     EXPECT_EQ(accessibility().processTimeout, 1.0F);
     EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
+}
+
+TEST_F(MacDesk, BackgroundWorkHasAPoolForWhatTheSystemAutoreleasesAndIsNotSlowedDown) {
+    listTwo();
+    accessibility().isAutoreleasing = true;
+    std::promise<int> activities;
+    ThreadBackground background({}, MacWork::perform);
+    background.run(WorkPriority::utility, [&] {
+        EXPECT_THAT(windows(), SizeIs(2));
+        activities.set_value(mac().activities);
+    });
+    EXPECT_EQ(activities.get_future().get(), 1);
+}
+
+TEST_F(MacDesk, AWindowThatRefusesTheSizeThatItHasArrives) {
+    const auto fixed = makeWindow("Calculator", {{0, 0}, {200, 300}});
+    fixed->writeErrors["AXSize"] = kAXErrorIllegalArgument;
+    listWindows(*application, {fixed});
+    apps = {{.pid = 100,
+             .policy = ActivationPolicy::regular,
+             .bundleID = "com.apple.calculator",
+             .localizedName = {}}};
+    ThreadBackground background({}, MacWork::perform);
+    AccessibilityDesk desk(adapter, background);
+    const MovePermit permit;
+    const WindowID id = desk.capture({}).windows.at(0).id;
+    const auto arrange = [&](Size size) {
+        const std::vector<WindowOrder> orders{
+            {.window = id, .target = {.position = Point{50, 60}, .size = size}}};
+        return desk.arrange(orders, permit).at(0);
+    };
+    const auto arrived = arrange({200, 300});
+    EXPECT_TRUE(arrived.isTaken);
+    EXPECT_EQ(arrived.frame, (Rect{{50, 60}, {200, 300}}));
+    EXPECT_FALSE(arrange({400, 300}).isTaken);
 }
 
 TEST_F(MacDesk, AWindowListMayContainOtherThingsAndCostsOneCallPerWindow) {

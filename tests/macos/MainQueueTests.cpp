@@ -52,6 +52,23 @@ TEST_F(MainQueueOfTheMac, TimersFireUntilTheyAreCancelledOrDestroyed) {
     EXPECT_EQ(cocoa::scheduledTimers(), 0U);
 }
 
+TEST_F(MainQueueOfTheMac, AsksTheSystemNotToSlowDownWorkThatPeopleWaitFor) {
+    const auto repeated = m_queue.every(15, [] {});
+    const auto later = m_queue.after(3600, [] {});
+    EXPECT_EQ(mac().activities, 0);
+    auto soon = m_queue.after(2, [this] { m_ran.push_back(mac().activities); });
+    auto next = m_queue.after(20, [] {});
+    EXPECT_EQ(mac().activities, 2);
+    cocoa::advance(3);
+    EXPECT_THAT(m_ran, ElementsAre(1));
+    next->cancel();
+    EXPECT_EQ(mac().activities, 0);
+    next = m_queue.after(20, [] {});
+    next.reset();
+    soon.reset();
+    EXPECT_EQ(mac().activities, 0);
+}
+
 TEST_F(MainQueueOfTheMac, LogsWorkThatThrowsAndGoesOn) {
     std::vector<std::string> lines;
     MacMainQueue queue([&](const std::string& line) { lines.push_back(line); });

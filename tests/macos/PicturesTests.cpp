@@ -46,6 +46,20 @@ TEST_F(PicturesOfTheMac, AreReadByDisplayIdentity) {
     EXPECT_EQ(m_pictures.picture(display("unplugged")), std::nullopt);
 }
 
+TEST_F(PicturesOfTheMac, AreUnknownWhereTheyChangeByThemselves) {
+    for (const char* url :
+         {"file:///System/Library/CoreServices/DefaultDesktop.heic",
+          "file:///System/Library/Desktop%20Pictures/Sonoma.heic", "file:///Users/ada/Pictures/",
+          "file:///tmp", "https://example.com/a.png",
+          "file:///System/Library/Desktop%20Pictures/.wallpapers/Ventura/Ventura.madesktop",
+          "file:///Library/Application%20Support/com.apple.idleassetsd/Customer/4KSDR240FPS/A.mov"}) {
+        mac().screens[0].picture = url;
+        EXPECT_EQ(m_pictures.picture(display("UUID-1")), std::nullopt) << url;
+    }
+    mac().screens[0].picture = "file:///System/Library/Desktop%20Pictures/Solid%20Colors/Teal.png";
+    EXPECT_EQ(m_pictures.picture(display("UUID-1")), mac().screens[0].picture);
+}
+
 TEST_F(PicturesOfTheMac, AreSetByPathOrUrlAndKeepTheirScaling) {
     EXPECT_TRUE(m_pictures.setPicture(display("display-2"), "/Users/ada/My cat.png"));
     EXPECT_TRUE(m_pictures.setPicture(display("UUID-1"), "file:///other.png"));

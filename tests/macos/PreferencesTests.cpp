@@ -137,7 +137,8 @@ struct MissionControlSettings : PlatformTest {
 
 TEST_F(MissionControlSettings, AreReadFromTwoDomains) {
     using Config = MissionControlConfig;
-    EXPECT_EQ(MissionControlReader::read(), (Config{}));
+    // An untouched Mac.
+    EXPECT_EQ(MissionControlReader::read(), (Config{true, true}));
     EXPECT_EQ(with(boolean(false), boolean(true)), (Config{true, true}));
     EXPECT_EQ(with(boolean(true), boolean(false)), (Config{false, false}));
     EXPECT_EQ(with(number(0), number(1)), (Config{true, true}));

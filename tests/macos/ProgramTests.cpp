@@ -40,6 +40,7 @@ TEST_F(ProgramOnTheMac, ReportsUncaughtObjectiveCExceptions) {
     ObjCExceptions::reportUncaught([](const CrashReportText::UncaughtException& exception) {
         reported = {exception.name, exception.reason, exception.callStack};
     });
+    EXPECT_TRUE(mac().endsOnAnyException);
     cocoa::throwUncaught("NSRangeException", "no window named \"Letter to Anna\"", {"0 a", "1 b"});
     EXPECT_THAT(reported, ElementsAre("NSRangeException", "no window named …", "0 a\n1 b"));
     cocoa::throwUncaught("NSGenericException", std::nullopt, {});
@@ -57,16 +58,30 @@ TEST_F(ProgramOnTheMac, ShowsItselfAndOpensPages) {
                                          "open https://www.vantrel.example/download/"));
 }
 
-TEST_F(ProgramOnTheMac, StartsTheStandardUpdaterWhereThereIsOne) {
+TEST_F(ProgramOnTheMac, ShowsAWindowOnEverySpace) {
+    ProgramPresence::showOnEverySpace(cocoa::view());
+    EXPECT_EQ(mac().collectionBehavior, 0x113U);
+}
+
+TEST_F(ProgramOnTheMac, StartsTheStandardUpdaterOnceLaunchingHasFinished) {
+    const std::string load = "load /Applications/Vantrel.app/Contents/Frameworks/Sparkle.framework";
+    EXPECT_EQ(StandardUpdater::start(), nullptr);
+    mac().information["SUFeedURL"] = "https://www.vantrel.example/appcast.xml";
+    mac().information["SUPublicEDKey"] = "";
+    EXPECT_EQ(StandardUpdater::start(), nullptr);
+    mac().information["SUPublicEDKey"] = "key";
+    mac().calls.clear();
     const auto updater = StandardUpdater::start();
     ASSERT_NE(updater, nullptr);
+    cocoa::runMainQueue();
+    EXPECT_THAT(mac().calls, ElementsAre(load, "updater"));
+    cocoa::post(cocoa::Center::program, "NSApplicationDidFinishLaunchingNotification");
+    cocoa::runMainQueue();
     EXPECT_TRUE(updater->automaticallyChecksForUpdates());
     updater->setAutomaticallyChecksForUpdates(false);
     EXPECT_FALSE(updater->automaticallyChecksForUpdates());
     updater->checkForUpdates();
-    EXPECT_THAT(mac().calls,
-                ElementsAre("load /Applications/Vantrel.app/Contents/Frameworks/Sparkle.framework",
-                            "updater, started", "check for updates"));
+    EXPECT_THAT(mac().calls, ElementsAre(load, "updater", "updater, started", "check for updates"));
     objc::setClassHidden("SPUStandardUpdaterController", true);
     mac().frameworksPath = "/elsewhere";
     EXPECT_EQ(StandardUpdater::start(), nullptr);

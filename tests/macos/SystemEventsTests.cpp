@@ -1,7 +1,10 @@
+#include "Vantrel/platform/macos/MacMainQueue.h"
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 #include "Vantrel/platform/macos/SessionState.h"
 #include "tests/macos/CocoaTest.h"
+#include "tests/macos/fake/Preferences.h"
 #include "tests/macos/fake/Session.h"
+#include "tests/macos/fake/WindowServer.h"
 
 #include <gmock/gmock.h>
 #include <utility>
@@ -29,8 +32,35 @@ protected:
 
     bool m_isLocked = false;
     Calls m_told;
-    MacSystemEvents m_events{[this] { return m_isLocked; }};
+    MacMainQueue m_queue{[](const std::string&) {}};
+    MacSystemEvents m_events{[this] { return m_isLocked; }, SessionState::areScreensAsleep, m_queue};
 };
+
+TEST_F(SystemEventsOfTheMac, ReportALockAtOnceToAnInactiveProgram) {
+    listen();
+    mac().isActive = false;
+    postEverybody("com.apple.screenIsLocked");
+    EXPECT_THAT(m_told, ElementsAre("locked"));
+    postEverybody("com.apple.screenIsUnlocked");
+    EXPECT_THAT(m_told, ElementsAre("locked", "unlocked"));
+}
+
+TEST_F(SystemEventsOfTheMac, NoticeThatScreensAreOnWithoutBeingTold) {
+    windowServer().displays = {{.id = 1, .isAsleep = true}};
+    listen();
+    postWorkspace("ScreensDidSleep");
+    cocoa::runMainQueue();
+    cocoa::advance(60);
+    EXPECT_THAT(m_told, ElementsAre("locked"));
+    windowServer().displays.front().isAsleep = false;
+    cocoa::advance(15);
+    EXPECT_THAT(m_told, ElementsAre("locked", "unlocked"));
+    // The late notification changes nothing.
+    postWorkspace("ScreensDidWake");
+    cocoa::advance(60);
+    EXPECT_EQ(m_told.size(), 2U);
+    EXPECT_EQ(cocoa::scheduledTimers(), 0U);
+}
 
 TEST_F(SystemEventsOfTheMac, ReportSleepAndALockWhileAnythingKeepsTheUserAway) {
     listen();
@@ -44,6 +74,7 @@ TEST_F(SystemEventsOfTheMac, ReportSleepAndALockWhileAnythingKeepsTheUserAway) {
     cocoa::runMainQueue();
     EXPECT_THAT(m_told, ElementsAre("locked"));
     postWorkspace("SessionDidResignActive");
+    cocoa::runMainQueue();
     postEverybody("com.apple.screenIsUnlocked");
     cocoa::runMainQueue();
     EXPECT_THAT(m_told, ElementsAre("locked"));
@@ -71,7 +102,7 @@ TEST_F(SystemEventsOfTheMac, ReportNothingWithoutAHandler) {
     m_events.setHandlers({});
     cocoa::runMainQueue();
     EXPECT_THAT(m_told, IsEmpty());
-    EXPECT_EQ(cocoa::observers(), 0U);
+    EXPECT_EQ(cocoa::observers() + notificationObservers(), 0U);
     // Only what there is a handler for.
     SystemEvents::Handlers onlySleep;
     onlySleep.willSleep = [this] { m_events.setHandlers({}); };
@@ -96,6 +127,7 @@ TEST_F(SessionOfTheMac, IsLockedOnlyWhenTheWindowServerSaysSo) {
     }
     setSession({{{"kCGSSessionOnConsoleKey", boolean(true)}}});
     EXPECT_FALSE(SessionState::isLocked());
+    EXPECT_FALSE(SessionState::areScreensAsleep());
 }
 
 } // namespace

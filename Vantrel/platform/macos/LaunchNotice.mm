@@ -7,6 +7,10 @@
 #include <optional>
 #include <utility>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel {
 
 struct LaunchNotice::State {

@@ -4,6 +4,10 @@
 
 #import <ServiceManagement/ServiceManagement.h>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::LoginItem {
 
 namespace {

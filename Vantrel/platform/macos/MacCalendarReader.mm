@@ -11,6 +11,10 @@
 #include <mutex>
 #include <utility>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 // Available from macOS 14 on; older SDKs do not declare it.
 @protocol FullAccessToEvents
 - (void)requestFullAccessToEventsWithCompletion:(EKEventStoreRequestAccessCompletionHandler)completion;

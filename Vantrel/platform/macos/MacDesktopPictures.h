@@ -25,6 +25,7 @@ public:
     MacDesktopPictures(DisplayList activeDisplays, MainQueue& queue, Log log)
         : m_activeDisplays(std::move(activeDisplays)), m_queue(queue), m_log(std::move(log)) {}
 
+    // None for pictures that change by themselves, which the system cannot name.
     [[nodiscard]] std::optional<std::string> picture(const DisplayInfo& display) override;
     // Keeps the current scaling options.
     bool setPicture(const DisplayInfo& display, const std::string& picture) override;

@@ -4,6 +4,15 @@
 #include "Vantrel/platform/macos/MainThreadCall.h"
 #include "Vantrel/platform/macos/ScreenNumber.h"
 
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <string_view>
+
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel {
 
 namespace {
@@ -28,16 +37,31 @@ NSURL* urlOf(const std::string& picture) {
     return picture.starts_with('/') ? [NSURL fileURLWithPath:text] : [NSURL URLWithString:text];
 }
 
+// Whether the system shows just this file. For pictures that change by themselves (dynamic, rotating, aerial)
+// it gives a folder, a file of its own or a stand-in; setting that again would end the user's choice.
+bool isFixedPicture(NSURL* url) {
+    const std::string path = FoundationText::utf8(url.path).value_or("");
+    constexpr std::array systemFolders{
+        std::string_view("/System/Library/CoreServices/"), std::string_view("/System/Library/ExtensionKit/"),
+        std::string_view("/Library/Application Support/com.apple.idleassetsd/")};
+    const bool isSystems = std::ranges::any_of(
+        systemFolders, [&](std::string_view folder) { return path.find(folder) != std::string::npos; });
+    const bool isDynamic = path.starts_with("/System/Library/Desktop Pictures/") && path.ends_with(".heic");
+    std::error_code error;
+    return url.fileURL && !path.empty() && !isSystems && !isDynamic && !path.ends_with(".madesktop") &&
+           !url.hasDirectoryPath && !std::filesystem::is_directory(path, error);
+}
+
 } // namespace
 
 std::optional<std::string> MacDesktopPictures::picture(const DisplayInfo& display) {
     const auto read = [active = m_activeDisplays, uuid = display.uuid]() -> std::optional<std::string> {
         @autoreleasepool {
             NSScreen* const screen = screenOf(uuid, active());
-            return screen != nil
-                       ? FoundationText::utf8(
-                             [NSWorkspace.sharedWorkspace desktopImageURLForScreen:screen].absoluteString)
-                       : std::nullopt;
+            NSURL* const url =
+                screen != nil ? [NSWorkspace.sharedWorkspace desktopImageURLForScreen:screen] : nil;
+            return url != nil && isFixedPicture(url) ? FoundationText::utf8(url.absoluteString)
+                                                     : std::nullopt;
         }
     };
     return callOnMainThread(m_queue, deadline, read).value_or(std::nullopt);

@@ -2,6 +2,10 @@
 
 #include "Vantrel/platform/macos/FoundationText.h"
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::MacFolders {
 
 std::optional<std::filesystem::path> supportDirectory() {

@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <chrono>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel {
 
 namespace {

@@ -1,8 +1,15 @@
 #include "Vantrel/platform/macos/MacMainQueue.h"
 
+#include "Vantrel/platform/macos/Activity.h"
+
 #import <Foundation/Foundation.h>
 
+#include <optional>
 #include <utility>
+
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
 
 namespace vantrel {
 
@@ -11,14 +18,24 @@ namespace {
 // The fraction of its interval by which a repeating timer may be late, which saves wake-ups.
 constexpr double toleratedPart = 0.1;
 
+// People wait for work that is due within this time, such as what follows a change of displays. Repeating
+// work may be late.
+constexpr double awaitedSeconds = 60;
+
 class RunLoopTimer final : public ScheduledWork {
 public:
     RunLoopTimer(double seconds, bool repeats, std::function<void()> work) {
+        if (!repeats && seconds <= awaitedSeconds) {
+            m_activity.emplace();
+        }
         m_timer = [NSTimer timerWithTimeInterval:seconds
                                          repeats:repeats
-                                           block:[work = std::move(work)](NSTimer* /*timer*/) {
+                                           block:[this, repeats, work = std::move(work)](NSTimer* /*timer*/) {
                                                // The work may destroy the timer and with it this block.
                                                const auto called = work;
+                                               if (!repeats) {
+                                                   m_activity.reset();
+                                               }
                                                called();
                                            }];
         if (repeats) {
@@ -29,10 +46,16 @@ public:
 
     ~RunLoopTimer() override { RunLoopTimer::cancel(); }
 
-    void cancel() override { [m_timer invalidate]; }
+    void cancel() override {
+        @autoreleasepool {
+            [m_timer invalidate];
+            m_activity.reset();
+        }
+    }
 
 private:
     NSTimer* m_timer;
+    std::optional<Activity> m_activity;
 };
 
 std::unique_ptr<ScheduledWork> schedule(double seconds, bool repeats, std::function<void()> work) {

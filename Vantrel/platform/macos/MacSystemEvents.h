@@ -1,6 +1,7 @@
 // Reports sleep, wake and screen lock, from the workspace and the login window.
 #pragma once
 
+#include "VantrelCore/ports/MainQueue.h"
 #include "VantrelCore/ports/SystemEvents.h"
 
 #include <memory>
@@ -11,8 +12,8 @@ namespace vantrel {
 // nobody arranges windows then.
 class MacSystemEvents final : public SystemEvents {
 public:
-    // `isLocked` returns whether the screen is currently locked.
-    explicit MacSystemEvents(std::function<bool()> isLocked);
+    // `isLocked` and `areScreensAsleep` return the current state. The queue outlives this object.
+    MacSystemEvents(std::function<bool()> isLocked, std::function<bool()> areScreensAsleep, MainQueue& queue);
     ~MacSystemEvents() override;
 
     void setHandlers(Handlers handlers) override;
@@ -20,6 +21,8 @@ public:
 private:
     struct State;
     std::function<bool()> m_isLocked;
+    std::function<bool()> m_areScreensAsleep;
+    MainQueue& m_queue;
     // Null while there are no handlers.
     std::unique_ptr<State> m_state;
 };

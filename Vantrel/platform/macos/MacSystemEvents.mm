@@ -1,5 +1,6 @@
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 
+#include "Vantrel/platform/macos/CFText.h"
 #include "Vantrel/platform/macos/NotificationObserver.h"
 #include "VantrelCore/model/SessionLock.h"
 
@@ -9,22 +10,65 @@
 #include <utility>
 #include <vector>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel {
 
 namespace {
 
 // Distributed notifications of the login window. No framework declares these names.
-NSString* const screenIsLocked = @"com.apple.screenIsLocked";
-NSString* const screenIsUnlocked = @"com.apple.screenIsUnlocked";
+constexpr const char* screenIsLocked = "com.apple.screenIsLocked";
+constexpr const char* screenIsUnlocked = "com.apple.screenIsUnlocked";
 constexpr const char* lockedScreen = "locked screen";
+constexpr const char* sleepingScreens = "sleeping screens";
+constexpr double screensCheckSeconds = 15;
+
+// Observes a distributed notification on the main thread. Unlike NSNotificationCenter's blocks, it is called
+// at once even while the program is inactive, which a menu-bar program always is.
+class DistributedObserver {
+public:
+    DistributedObserver(const char* name, std::function<void()> react)
+        : m_name(CFText::make(name)), m_react(std::move(react)) {
+        CFNotificationCenterAddObserver(CFNotificationCenterGetDistributedCenter(), this, received,
+                                        m_name.get(), nullptr,
+                                        CFNotificationSuspensionBehaviorDeliverImmediately);
+    }
+    ~DistributedObserver() {
+        CFNotificationCenterRemoveObserver(CFNotificationCenterGetDistributedCenter(), this, m_name.get(),
+                                           nullptr);
+    }
+    DistributedObserver(const DistributedObserver&) = delete;
+    DistributedObserver& operator=(const DistributedObserver&) = delete;
+
+private:
+    static void received(CFNotificationCenterRef /*center*/, void* observer, CFNotificationName /*name*/,
+                         const void* /*object*/, CFDictionaryRef /*userInfo*/) {
+        // A copy: the handler may remove this observer.
+        const auto react = static_cast<DistributedObserver*>(observer)->m_react;
+        react();
+    }
+
+    CFRef<CFStringRef> m_name;
+    std::function<void()> m_react;
+};
 
 } // namespace
 
 struct MacSystemEvents::State {
     Handlers handlers;
+    std::function<bool()> areScreensAsleep;
+    MainQueue& queue;
     SessionLock lock;
+    // Runs while the screens are said to sleep.
+    std::unique_ptr<ScheduledWork> screensCheck;
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);
     std::vector<std::unique_ptr<NotificationObserver>> observers;
+    std::vector<std::unique_ptr<DistributedObserver>> distributed;
+
+    State(Handlers called, std::function<bool()> asleep, MainQueue& mainQueue)
+        : handlers(std::move(called)), areScreensAsleep(std::move(asleep)), queue(mainQueue) {}
 
     void call(const std::function<void()>& handler) const {
         if (handler) {
@@ -44,6 +88,29 @@ struct MacSystemEvents::State {
         observe(center, ends, [this, source] { setLocked(source, false); });
     }
 
+    void observeEverywhere(const char* name, std::function<void()> react) {
+        distributed.push_back(std::make_unique<DistributedObserver>(name, std::move(react)));
+    }
+
+    // The notification that the screens are on again may be missing, for example when they went to sleep with
+    // the lid closed. Nothing would ever be learned again.
+    void checkScreens() {
+        screensCheck = queue.every(screensCheckSeconds, [this] {
+            if (!areScreensAsleep()) {
+                setScreensAsleep(false);
+            }
+        });
+    }
+
+    void setScreensAsleep(bool areAsleep) {
+        if (areAsleep) {
+            checkScreens();
+        } else {
+            screensCheck.reset();
+        }
+        setLocked(sleepingScreens, areAsleep);
+    }
+
     void setLocked(const std::string& source, bool isLocked) {
         switch (lock.set(source, isLocked)) {
         case SessionLock::Change::locked:
@@ -58,7 +125,9 @@ struct MacSystemEvents::State {
     }
 };
 
-MacSystemEvents::MacSystemEvents(std::function<bool()> isLocked) : m_isLocked(std::move(isLocked)) {}
+MacSystemEvents::MacSystemEvents(std::function<bool()> isLocked, std::function<bool()> areScreensAsleep,
+                                 MainQueue& queue)
+    : m_isLocked(std::move(isLocked)), m_areScreensAsleep(std::move(areScreensAsleep)), m_queue(queue) {}
 
 MacSystemEvents::~MacSystemEvents() = default;
 
@@ -69,19 +138,20 @@ void MacSystemEvents::setHandlers(Handlers handlers) {
             !handlers.sessionUnlocked) {
             return;
         }
-        m_state = std::make_unique<State>();
-        m_state->handlers = std::move(handlers);
+        m_state = std::make_unique<State>(std::move(handlers), m_areScreensAsleep, m_queue);
         State& state = *m_state;
         NSNotificationCenter* const workspace = NSWorkspace.sharedWorkspace.notificationCenter;
         state.observe(workspace, NSWorkspaceWillSleepNotification,
                       [&] { state.call(state.handlers.willSleep); });
         state.observe(workspace, NSWorkspaceDidWakeNotification, [&] { state.call(state.handlers.didWake); });
-        state.observeLock(workspace, NSWorkspaceScreensDidSleepNotification,
-                          NSWorkspaceScreensDidWakeNotification, "sleeping screens");
+        state.observe(workspace, NSWorkspaceScreensDidSleepNotification,
+                      [&] { state.setScreensAsleep(true); });
+        state.observe(workspace, NSWorkspaceScreensDidWakeNotification,
+                      [&] { state.setScreensAsleep(false); });
         state.observeLock(workspace, NSWorkspaceSessionDidResignActiveNotification,
                           NSWorkspaceSessionDidBecomeActiveNotification, "another session");
-        state.observeLock(NSDistributedNotificationCenter.defaultCenter, screenIsLocked, screenIsUnlocked,
-                          lockedScreen);
+        state.observeEverywhere(screenIsLocked, [&] { state.setLocked(lockedScreen, true); });
+        state.observeEverywhere(screenIsUnlocked, [&] { state.setLocked(lockedScreen, false); });
         if (m_isLocked()) {
             // Post it, so that the caller can finish its setup first.
             [NSOperationQueue.mainQueue addOperationWithBlock:[alive = std::weak_ptr(state.alive), &state] {

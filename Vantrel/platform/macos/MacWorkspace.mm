@@ -9,6 +9,10 @@
 #include <utility>
 #include <vector>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel {
 
 struct MacWorkspace::State {

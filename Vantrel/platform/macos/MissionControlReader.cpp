@@ -11,10 +11,14 @@ using namespace MissionControlPreferences;
 
 namespace {
 
+// A key that was never written has the system's default.
 std::optional<bool> value(const Setting& setting) {
     // These preferences belong to another program, which may have changed them since the last read.
     CFPreferencesAppSynchronize(setting.domain);
     const auto stored = CFRef<CFTypeRef>::adopt(CFPreferencesCopyAppValue(setting.key, setting.domain));
+    if (!stored) {
+        return setting.isOnByDefault;
+    }
     if (const CFBooleanRef truth = cfCast<CFBooleanRef>(stored.get())) {
         return CFBooleanGetValue(truth) != 0;
     }

@@ -5,8 +5,8 @@
 
 namespace vantrel::MissionControlReader {
 
-// Reads the user's preferences. A value is absent if it was never written or is neither a boolean nor an
-// integer.
+// Reads the user's preferences. A setting that was never written has the system's default; a value is absent
+// if what was written is neither a boolean nor an integer.
 [[nodiscard]] MissionControlConfig read();
 
 } // namespace vantrel::MissionControlReader

@@ -5,7 +5,7 @@
 
 namespace vantrel::ObjCExceptions {
 
-// Calls `report` on the throwing thread before the process ends.
+// Calls `report` on the throwing thread before the process ends. Exceptions in event handlers end it, too.
 void reportUncaught(void (*report)(const CrashReportText::UncaughtException&));
 
 } // namespace vantrel::ObjCExceptions

@@ -2,6 +2,10 @@
 
 #include "Vantrel/platform/macos/FoundationText.h"
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::ObjCExceptions {
 
 namespace {
@@ -27,6 +31,11 @@ void handle(NSException* exception) {
 void reportUncaught(void (*report)(const CrashReportText::UncaughtException&)) {
     reportOne = report;
     NSSetUncaughtExceptionHandler(&handle);
+    @autoreleasepool {
+        // AppKit would catch what event handlers throw and go on, and nobody would learn of it.
+        NSDictionary* const defaults = @{@"NSApplicationCrashOnExceptions" : [NSNumber numberWithInt:1]};
+        [NSUserDefaults.standardUserDefaults registerDefaults:defaults];
+    }
 }
 
 } // namespace vantrel::ObjCExceptions

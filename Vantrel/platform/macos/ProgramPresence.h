@@ -1,6 +1,7 @@
 // The program's presence on the Mac: its Dock icon (the activation policy) and its activation.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace vantrel::ProgramPresence {
@@ -11,6 +12,10 @@ void setShown(bool isShown);
 
 // Brings the program to the front.
 void activate();
+
+// Shows a window of this program on every Space, also above full-screen windows. `view` is a native view, as
+// Qt's winId().
+void showOnEverySpace(std::uintptr_t view);
 
 // Opens a page in the user's browser. Returns false if the URL is not valid.
 bool openPage(const std::string& url);

@@ -4,6 +4,10 @@
 
 #import <AppKit/AppKit.h>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::ProgramPresence {
 
 void setShown(bool isShown) {
@@ -17,6 +21,16 @@ void setShown(bool isShown) {
 void activate() {
     @autoreleasepool {
         [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
+    }
+}
+
+void showOnEverySpace(std::uintptr_t view) {
+    @autoreleasepool {
+        NSView* const shown = (__bridge NSView*)reinterpret_cast<void*>(view);
+        NSWindow* const window = shown.window;
+        window.collectionBehavior |= NSWindowCollectionBehaviorCanJoinAllSpaces |
+                                     NSWindowCollectionBehaviorStationary |
+                                     NSWindowCollectionBehaviorFullScreenAuxiliary;
     }
 }
 

@@ -3,6 +3,10 @@
 #include "Vantrel/platform/macos/ApplicationFacts.h"
 #include "Vantrel/platform/macos/FoundationText.h"
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::RunningApplications {
 
 namespace {

@@ -3,6 +3,10 @@
 #include "Vantrel/platform/macos/FoundationText.h"
 #include "Vantrel/platform/macos/ScreenNumber.h"
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::Screens {
 
 namespace {

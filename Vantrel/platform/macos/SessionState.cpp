@@ -3,6 +3,7 @@
 #include "Vantrel/platform/macos/CFRef.h"
 
 #include <CoreGraphics/CGSession.h>
+#include <CoreGraphics/CoreGraphics.h>
 
 namespace vantrel::SessionState {
 
@@ -19,6 +20,11 @@ bool isLocked() {
     int number = 0;
     const auto stored = cfCast<CFNumberRef>(value);
     return stored && CFNumberGetValue(stored, kCFNumberIntType, &number) && number != 0;
+}
+
+bool areScreensAsleep() {
+    const CGDirectDisplayID main = CGMainDisplayID();
+    return main != kCGNullDirectDisplay && CGDisplayIsAsleep(main) != 0;
 }
 
 } // namespace vantrel::SessionState

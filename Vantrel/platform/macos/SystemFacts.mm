@@ -4,6 +4,10 @@
 
 #include <sys/sysctl.h>
 
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
 namespace vantrel::SystemFacts {
 
 namespace {

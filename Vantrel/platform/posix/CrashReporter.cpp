@@ -2,6 +2,7 @@
 
 #include "Vantrel/platform/posix/AlternateSignalStack.h"
 #include "Vantrel/platform/posix/CrashSignals.h"
+#include "Vantrel/platform/posix/CrashedFrames.h"
 #include "Vantrel/platform/posix/FileDescriptor.h"
 #include "Vantrel/platform/posix/FrameSymbols.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
@@ -126,7 +127,7 @@ void put(const posix::FileDescriptor& file, std::string_view text) {
 
 // Safe in a signal handler: uses only open, write, read, close, time and glibc's two backtrace functions. The
 // first call of `backtrace` loads a library and allocates, so `install` calls it early.
-void writeSignalReport(int signal) {
+void writeSignalReport(int signal, void* context) {
     if (!namePath(CrashReportNames::signalEnding)) {
         return;
     }
@@ -140,15 +141,16 @@ void writeSignalReport(int signal) {
     put(file, "\n");
     put(file, headerBuffer.view());
     put(file, CrashReportText::separator);
-    for (void* const frame : captureFrames()) {
+    for (void* const frame :
+         std::span(backtraceBuffer).first(posix::crashedFrames(context, backtraceBuffer))) {
         put(file, frameSymbols.line(frame));
         put(file, "\n");
     }
 }
 
-void handleSignal(int signal) {
+void handleSignal(int signal, siginfo_t* /*information*/, void* context) {
     claimReport(signal);
-    writeSignalReport(signal);
+    writeSignalReport(signal, context);
     endBy(signal);
 }
 
@@ -228,6 +230,34 @@ void rehearse() {
     }
 }
 
+void rehearseHandler(int /*signal*/, siginfo_t* /*information*/, void* context) {
+    for (void* const frame :
+         std::span(backtraceBuffer).first(posix::crashedFrames(context, backtraceBuffer))) {
+        [[maybe_unused]] const auto line = frameSymbols.line(frame);
+    }
+}
+
+struct sigaction onAlternateStack(void (*handler)(int, siginfo_t*, void*)) {
+    struct sigaction action{};
+    action.sa_sigaction = handler;
+    // A fault during a report must reach the handler, which then ends the process.
+    action.sa_flags = SA_ONSTACK | SA_NODEFER | SA_SIGINFO;
+    sigemptyset(&action.sa_mask);
+    return action;
+}
+
+// The same as a handler does, on the stack on which it will run.
+void rehearseOnAlternateStack() {
+    // Ignored by default.
+    constexpr int harmless = SIGURG;
+    const struct sigaction action = onAlternateStack(rehearseHandler);
+    struct sigaction former{};
+    if (::sigaction(harmless, &action, &former) == 0) {
+        std::raise(harmless);
+        ::sigaction(harmless, &former, nullptr);
+    }
+}
+
 } // namespace
 
 std::filesystem::path crashesDirectory(const std::filesystem::path& supportDirectory) {
@@ -249,12 +279,9 @@ void install(const std::filesystem::path& supportDirectory, const SystemDescript
     // Kept for the life of the main thread.
     static const auto* const stack = new posix::AlternateSignalStack();
     static_cast<void>(stack);
+    rehearseOnAlternateStack();
+    const struct sigaction action = onAlternateStack(handleSignal);
     for (const int signal : posix::crashSignals) {
-        struct sigaction action{};
-        action.sa_handler = handleSignal;
-        // A fault during a report must reach the handler, which then ends the process.
-        action.sa_flags = SA_ONSTACK | SA_NODEFER;
-        sigemptyset(&action.sa_mask);
         ::sigaction(signal, &action, nullptr);
     }
 }

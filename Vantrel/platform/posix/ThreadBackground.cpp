@@ -60,19 +60,21 @@ private:
     std::exception_ptr m_firstError;
 };
 
-posix::WorkerPool::Options pool(std::size_t threads, WorkPriority priority, const ErrorBoundary::Log& log) {
-    return {.maximumThreads = threads, .log = log, .prepareThread = [priority] {
-                posix::takePriority(priority);
-            }};
+posix::WorkerPool::Options pool(std::size_t threads, WorkPriority priority, const ErrorBoundary::Log& log,
+                                const ThreadBackground::Surround& surround) {
+    return {.maximumThreads = threads,
+            .log = log,
+            .prepareThread = [priority] { posix::takePriority(priority); },
+            .surroundWork = surround};
 }
 
 } // namespace
 
-ThreadBackground::ThreadBackground(const ErrorBoundary::Log& log)
-    : m_performers(pool(mostPerformers, WorkPriority::userInitiated, log)),
-      m_userInitiated(pool(threadsPerPriority, WorkPriority::userInitiated, log)),
-      m_utility(pool(threadsPerPriority, WorkPriority::utility, log)),
-      m_writing(pool(1, WorkPriority::writing, log)) {}
+ThreadBackground::ThreadBackground(const ErrorBoundary::Log& log, const Surround& surround)
+    : m_performers(pool(mostPerformers, WorkPriority::userInitiated, log, surround)),
+      m_userInitiated(pool(threadsPerPriority, WorkPriority::userInitiated, log, surround)),
+      m_utility(pool(threadsPerPriority, WorkPriority::utility, log, surround)),
+      m_writing(pool(1, WorkPriority::writing, log, surround)) {}
 
 ThreadBackground::~ThreadBackground() {
     m_stop.requestStop();

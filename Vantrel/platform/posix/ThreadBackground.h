@@ -9,8 +9,11 @@ namespace vantrel {
 // The destructor asks running work to stop and waits for it. Queued work is dropped.
 class ThreadBackground final : public Background {
 public:
-    // Calls `log` on the worker thread when work throws.
-    explicit ThreadBackground(const ErrorBoundary::Log& log = {});
+    using Surround = std::function<void(const std::function<void()>& work)>;
+
+    // Calls `log` on the worker thread when work throws. `surround`, if any, is called there with each piece
+    // of work, which it must run once.
+    explicit ThreadBackground(const ErrorBoundary::Log& log = {}, const Surround& surround = {});
     ~ThreadBackground() override;
     ThreadBackground(const ThreadBackground&) = delete;
     ThreadBackground& operator=(const ThreadBackground&) = delete;

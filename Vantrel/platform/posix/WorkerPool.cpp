@@ -63,10 +63,21 @@ void WorkerPool::serve() {
         auto work = std::move(m_queue.front());
         m_queue.pop_front();
         lock.unlock();
-        ErrorBoundary::run("background", m_options.log, work);
-        // Destroy the work before locking: its captured objects may submit more work when destroyed.
-        work = nullptr;
+        perform(std::move(work));
         lock.lock();
+    }
+}
+
+// Also destroys the work: its captured objects may submit more work when destroyed.
+void WorkerPool::perform(std::function<void()> work) const {
+    const auto run = [&] {
+        ErrorBoundary::run("background", m_options.log, work);
+        work = nullptr;
+    };
+    if (m_options.surroundWork) {
+        m_options.surroundWork(run);
+    } else {
+        run();
     }
 }
 

@@ -21,6 +21,8 @@ public:
         ErrorBoundary::Log log;
         // Optional. Called first on every thread.
         std::function<void()> prepareThread;
+        // Optional. Called with each piece of work, which it must run once.
+        std::function<void(const std::function<void()>& work)> surroundWork;
     };
 
     explicit WorkerPool(Options options);
@@ -36,6 +38,7 @@ public:
 
 private:
     void serve();
+    void perform(std::function<void()> work) const;
 
     Options m_options;
     std::mutex m_mutex;

@@ -6,6 +6,7 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QSslConfiguration>
+#include <QSslSocket>
 #include <QTimer>
 #include <QUrl>
 
@@ -190,6 +191,11 @@ private:
 } // namespace
 
 QtHttpClient::QtHttpClient(std::string userAgent) : m_userAgent(std::move(userAgent)) {}
+
+std::string QtHttpClient::tlsSupport() {
+    return QSslSocket::supportsSsl() ? "TLS by " + QSslSocket::activeBackend().toStdString()
+                                     : "no TLS library; servers cannot be reached";
+}
 
 std::unique_ptr<HttpExchange> QtHttpClient::send(const HttpRequest& request, Done done) {
     return std::make_unique<Exchange>(request, m_userAgent, std::move(done));

@@ -14,6 +14,10 @@ public:
     // `userAgent` identifies this program, for example "vantrel/1.2".
     explicit QtHttpClient(std::string userAgent);
 
+    // The library that encrypts connections, or that there is none; for the log. Without one, no server can
+    // be reached.
+    [[nodiscard]] static std::string tlsSupport();
+
     [[nodiscard]] std::unique_ptr<HttpExchange> send(const HttpRequest& request, Done done) override;
 
 private:

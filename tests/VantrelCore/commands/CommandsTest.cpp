@@ -123,6 +123,11 @@ TEST(StatusItemMenu, PutsNoticesAboveTheEntries) {
                                          "Same Desk as “Office”", "Update available · v1.2",
                                          "Keep Spaces in Place", "-", "Restore now", "-", "Layouts…",
                                          "Settings…", "Check for Updates…", "Quit Vantrel"));
+    StatusItemMenuBuilder::News news;
+    news.isMissionControlLosing = true;
+    news.isMissionControlFixedAtLogin = true;
+    const auto later = StatusItemMenuBuilder::withNotices({}, news);
+    EXPECT_EQ(titles(later).front(), "Keep Spaces in Place (from the Next Login)");
     const auto none = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), {});
     EXPECT_THAT(titles(none), ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…",
                                           "Quit Vantrel"));

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+extern "C" void fakeAutoreleaseAnObject();
+
 namespace vantrel::fake {
 
 namespace {
@@ -69,6 +71,13 @@ Element& addressed(AXUIElementRef reference, const char* function, std::string m
         fail(function, "requests to the system-wide element are not supported");
     }
     accessibility().calls.push_back(std::move(message));
+    if (auto& left = accessibility().requestsUntilRevoked; left && --*left < 0) {
+        left.reset();
+        accessibility().isTrusted = false;
+    }
+    if (accessibility().isAutoreleasing) {
+        fakeAutoreleaseAnObject();
+    }
     if (object.timeout != 1.0F) {
         ++accessibility().callsWithoutTimeout;
     }
@@ -128,6 +137,11 @@ void poison(T* out) {
 }
 
 } // namespace
+
+bool isSameElement(CFTypeRef one, CFTypeRef other) {
+    return as<ElementObject>(one, Kind::element, __func__)->element ==
+           as<ElementObject>(other, Kind::element, __func__)->element;
+}
 
 AccessibilityControl& accessibility() {
     static AccessibilityControl control;

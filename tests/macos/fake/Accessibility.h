@@ -38,12 +38,16 @@ enum class Batch : std::uint8_t {
 
 struct AccessibilityControl {
     bool isTrusted = true;
+    // The user revokes the trust after this many more requests.
+    std::optional<int> requestsUntilRevoked;
     // The user grants access when the dialog is shown.
     bool grantsOnPrompt = false;
     int prompts = 0;
     Batch batch = Batch::normal;
     // If set, the error of every batch request.
     std::optional<AXError> batchError;
+    // Every request autoreleases an object, as the real ones may.
+    bool isAutoreleasing = false;
     // No AXValue can be created.
     bool isOutOfValues = false;
     std::map<pid_t, std::shared_ptr<Element>> applications;

@@ -238,6 +238,8 @@ Boolean CFEqual(CFTypeRef one, CFTypeRef other) {
         return textOf(static_cast<CFStringRef>(one)) == textOf(static_cast<CFStringRef>(other));
     case Kind::number:
         return numberOf(one, __func__).value == numberOf(other, __func__).value;
+    case Kind::element:
+        return isSameElement(one, other);
     default:
         return false;
     }

@@ -70,4 +70,7 @@ struct UUIDObject : Object {
 // The UTF-8 form of any string, including constants.
 [[nodiscard]] std::string textOf(CFStringRef string);
 
+// Whether two references are to one accessibility element.
+[[nodiscard]] bool isSameElement(CFTypeRef one, CFTypeRef other);
+
 } // namespace vantrel::fake

@@ -7,9 +7,11 @@ namespace vantrel::fake {
 namespace {
 
 struct Observer {
+    CFNotificationCenterRef center = nullptr;
     const void* observer = nullptr;
     CFNotificationCallback callBack = nullptr;
     std::string name;
+    CFNotificationSuspensionBehavior behavior = CFNotificationSuspensionBehaviorDeliverImmediately;
 };
 
 std::vector<Observer>& observers() {
@@ -59,9 +61,21 @@ void postNotification(const std::string& name) {
     const auto notified = observers();
     const auto string = text(name);
     for (const Observer& each : notified) {
-        if (each.name == name) {
+        if (each.center == CFNotificationCenterGetLocalCenter() && each.name == name) {
             each.callBack(CFNotificationCenterGetLocalCenter(), const_cast<void*>(each.observer),
                           string.get(), nullptr, nullptr);
+        }
+    }
+}
+
+void deliverDistributed(const std::string& name, bool isSuspended) {
+    const auto notified = observers();
+    const auto string = text(name);
+    for (const Observer& each : notified) {
+        const bool isImmediate = each.behavior == CFNotificationSuspensionBehaviorDeliverImmediately;
+        if (each.center == CFNotificationCenterGetDistributedCenter() && each.name == name &&
+            (isImmediate || !isSuspended)) {
+            each.callBack(each.center, const_cast<void*>(each.observer), string.get(), nullptr, nullptr);
         }
     }
 }
@@ -106,17 +120,22 @@ CFNotificationCenterRef CFNotificationCenterGetLocalCenter() {
     return reinterpret_cast<CFNotificationCenterRef>(&centre);
 }
 
-void CFNotificationCenterAddObserver(CFNotificationCenterRef /*center*/, const void* observer,
-                                     CFNotificationCallback callBack, CFStringRef name,
-                                     const void* /*object*/,
-                                     CFNotificationSuspensionBehavior /*suspensionBehavior*/) {
-    observers().push_back({observer, callBack, textOf(name)});
+CFNotificationCenterRef CFNotificationCenterGetDistributedCenter() {
+    static int centre = 0;
+    return reinterpret_cast<CFNotificationCenterRef>(&centre);
 }
 
-void CFNotificationCenterRemoveObserver(CFNotificationCenterRef /*center*/, const void* observer,
+void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
+                                     CFNotificationCallback callBack, CFStringRef name,
+                                     const void* /*object*/,
+                                     CFNotificationSuspensionBehavior suspensionBehavior) {
+    observers().push_back({center, observer, callBack, textOf(name), suspensionBehavior});
+}
+
+void CFNotificationCenterRemoveObserver(CFNotificationCenterRef center, const void* observer,
                                         CFNotificationName name, const void* /*object*/) {
     std::erase_if(observers(), [&](const Observer& each) {
-        return each.observer == observer && each.name == textOf(name);
+        return each.center == center && each.observer == observer && each.name == textOf(name);
     });
 }
 

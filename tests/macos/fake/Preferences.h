@@ -26,5 +26,8 @@ struct PreferencesControl {
 [[nodiscard]] std::size_t notificationObservers();
 // Calls every observer of that name, as NSNotificationCenter's default centre would.
 void postNotification(const std::string& name);
+// Calls the distributed centre's observers of that name. The centre of an inactive program is suspended: it
+// then calls only those that asked for immediate delivery.
+void deliverDistributed(const std::string& name, bool isSuspended);
 
 } // namespace vantrel::fake

@@ -94,6 +94,15 @@ CGError CGGetActiveDisplayList(uint32_t maximum, CGDirectDisplayID* displays, ui
     return kCGErrorSuccess;
 }
 
+CGDirectDisplayID CGMainDisplayID() {
+    return windowServer().displays.empty() ? kCGNullDirectDisplay : windowServer().displays.front().id;
+}
+
+boolean_t CGDisplayIsAsleep(CGDirectDisplayID display) {
+    const Display* const found = find(display);
+    return found && found->isAsleep ? 1 : 0;
+}
+
 boolean_t CGDisplayIsBuiltin(CGDirectDisplayID display) {
     const Display* const found = find(display);
     return found && found->isBuiltin ? 1 : 0;

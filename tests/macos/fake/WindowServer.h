@@ -17,6 +17,7 @@ struct Display {
     bool isBuiltin = false;
     // None for a display without a UUID.
     std::optional<std::string> uuid = std::nullopt;
+    bool isAsleep = false;
 };
 
 struct WindowServerControl {

@@ -183,12 +183,6 @@ const NSRunLoopMode NSRunLoopCommonModes = @"kCFRunLoopCommonModes";
 }
 @end
 
-@implementation NSDistributedNotificationCenter
-+ (NSDistributedNotificationCenter*)defaultCenter {
-    return shared(self);
-}
-@end
-
 namespace vantrel::fake::cocoa {
 
 NSNotification* makeNotification(NSString* name, NSDictionary* userInfo) {

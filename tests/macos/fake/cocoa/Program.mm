@@ -22,6 +22,10 @@ id fakeBundleVersion() {
 
 } // namespace
 
+extern "C" void fakeAutoreleaseAnObject() {
+    [[NSObject new] autorelease];
+}
+
 int sysctlbyname(const char* name, void* value, size_t* size, void* /*newValue*/, size_t /*newSize*/) {
     const auto& model = vantrel::fake::cocoa::system().hardwareModel;
     if (std::strcmp(name, "hw.model") != 0 || !model) {
@@ -83,7 +87,35 @@ static std::string knownZone;
     return YES;
 }
 - (id)objectForInfoDictionaryKey:(NSString*)key {
-    return [key isEqualToString:@"CFBundleVersion"] ? fakeBundleVersion() : nil;
+    if ([key isEqualToString:@"CFBundleVersion"]) {
+        return fakeBundleVersion();
+    }
+    const auto& information = vantrel::fake::cocoa::system().information;
+    const auto found = information.find(std::string(text(key)));
+    return found != information.end() ? make(found->second) : nil;
+}
+@end
+
+@implementation NSUserDefaults
++ (NSUserDefaults*)standardUserDefaults {
+    return shared(self);
+}
+- (void)registerDefaults:(NSDictionary*)defaults {
+    vantrel::fake::cocoa::system().endsOnAnyException =
+        [[defaults objectForKey:@"NSApplicationCrashOnExceptions"] unsignedIntValue] != 0;
+}
+@end
+
+@implementation NSProcessInfo
++ (NSProcessInfo*)processInfo {
+    return shared(self);
+}
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason {
+    ++vantrel::fake::cocoa::system().activities;
+    return [[NSObject new] autorelease];
+}
+- (void)endActivity:(id<NSObject>)activity {
+    --vantrel::fake::cocoa::system().activities;
 }
 @end
 
@@ -130,6 +162,25 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 }
 @end
 
+@implementation NSWindow
+- (NSUInteger)collectionBehavior {
+    return vantrel::fake::cocoa::system().collectionBehavior;
+}
+- (void)setCollectionBehavior:(NSUInteger)behavior {
+    vantrel::fake::cocoa::system().collectionBehavior = behavior;
+}
+@end
+
+@implementation NSView
+- (NSWindow*)window {
+    return shared([NSWindow class]);
+}
+@end
+
+std::uintptr_t vantrel::fake::cocoa::view() {
+    return reinterpret_cast<std::uintptr_t>(shared([NSView class]));
+}
+
 @interface FakeUpdater : NSObject
 @end
 
@@ -162,6 +213,9 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 - (void)dealloc {
     [_updater release];
     [super dealloc];
+}
+- (void)startUpdater {
+    vantrel::fake::cocoa::system().calls.emplace_back("updater, started");
 }
 - (FakeUpdater*)updater {
     return _updater;

@@ -2,6 +2,7 @@
 // functions that advance it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -83,7 +84,11 @@ struct System {
     bool hasSupportFolder = true;
     std::string bundleID = "org.vantrel.Vantrel";
     std::string frameworksPath = "/Applications/Vantrel.app/Contents/Frameworks";
+    // Further strings in the bundle's Info.plist.
+    std::map<std::string, std::string> information;
     bool isFinishedLaunching = false;
+    // Whether the program is the active one; a menu-bar program rarely is.
+    bool isActive = true;
     // The bundle's build is a number instead of a string.
     bool isVersionNumber = false;
     std::optional<std::string> hardwareModel = "Mac14,2";
@@ -91,6 +96,12 @@ struct System {
     long loginItem = 0;
     bool acceptsLoginItems = true;
     bool approvesLoginItems = true;
+    // The program asked AppKit to let exceptions in event handlers end it.
+    bool endsOnAnyException = false;
+    // Of the program's only window.
+    unsigned long collectionBehavior = 2;
+    // Activities that keep the system from slowing the program down.
+    int activities = 0;
     // The updater's setting.
     bool checksForUpdates = true;
 };
@@ -99,6 +110,9 @@ struct System {
 [[nodiscard]] System& system();
 // Resets the machine and releases all shared instances.
 void reset();
+
+// The native view of the program's only window.
+[[nodiscard]] std::uintptr_t view();
 
 // Runs the blocks posted to the main queue.
 void runMainQueue();

@@ -267,6 +267,9 @@ Class NSClassFromString(NSString* name) {
 - (BOOL)isFileURL {
     return _text.starts_with("file://");
 }
+- (BOOL)hasDirectoryPath {
+    return _text.ends_with('/');
+}
 @end
 
 @implementation NSDate {

@@ -3,6 +3,8 @@
 
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
+#include "tests/macos/fake/Preferences.h"
+
 #include <algorithm>
 
 using namespace vantrel::fake::cocoa;
@@ -218,10 +220,14 @@ void post(Center center, const std::string& name, const std::shared_ptr<Applicat
     @autoreleasepool {
         NSDictionary* const userInfo =
             application ? makeDictionary({{NSWorkspaceApplicationKey, running(application)}}) : nil;
-        NSNotificationCenter* const posted =
-            center == Center::workspace ? NSWorkspace.sharedWorkspace.notificationCenter
-            : center == Center::program ? NSNotificationCenter.defaultCenter
-                                        : NSDistributedNotificationCenter.defaultCenter;
+        NSNotificationCenter* const posted = center == Center::workspace
+                                                 ? NSWorkspace.sharedWorkspace.notificationCenter
+                                             : center == Center::program ? NSNotificationCenter.defaultCenter
+                                                                         : nil;
+        if (posted == nil) {
+            deliverDistributed(name, !system().isActive);
+            return;
+        }
         deliver(posted, makeNotification(make(name), userInfo));
     }
 }

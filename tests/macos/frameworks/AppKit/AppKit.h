@@ -31,6 +31,20 @@ VANTREL_EXTERN NSString* const NSWorkspaceApplicationKey;
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOthers;
 @end
 
+typedef enum NSWindowCollectionBehavior : NSUInteger {
+    NSWindowCollectionBehaviorCanJoinAllSpaces = 1 << 0,
+    NSWindowCollectionBehaviorStationary = 1 << 4,
+    NSWindowCollectionBehaviorFullScreenAuxiliary = 1 << 8,
+} NSWindowCollectionBehavior;
+
+@interface NSWindow : NSObject
+@property NSUInteger collectionBehavior;
+@end
+
+@interface NSView : NSObject
+@property(nullable, readonly, assign) NSWindow* window;
+@end
+
 @interface NSScreen : NSObject
 @property(class, readonly, copy) NSArray<NSScreen*>* screens;
 @property(readonly) NSRect frame;

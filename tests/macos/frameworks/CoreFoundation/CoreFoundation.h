@@ -167,6 +167,8 @@ typedef CFIndex CFNotificationSuspensionBehavior;
 enum : CFNotificationSuspensionBehavior { CFNotificationSuspensionBehaviorDeliverImmediately = 4 };
 // The centre of this process, which is also NSNotificationCenter's default centre.
 VANTREL_EXTERN CF_RETURNS_NOT_RETAINED CFNotificationCenterRef CFNotificationCenterGetLocalCenter(void);
+// The centre of all programs of this user. Observers are called by the main run loop.
+VANTREL_EXTERN CF_RETURNS_NOT_RETAINED CFNotificationCenterRef CFNotificationCenterGetDistributedCenter(void);
 VANTREL_EXTERN void CFNotificationCenterAddObserver(CFNotificationCenterRef center,
                                                     const void* _Nullable observer,
                                                     CFNotificationCallback callBack,
@@ -176,5 +178,12 @@ VANTREL_EXTERN void CFNotificationCenterRemoveObserver(CFNotificationCenterRef c
                                                        const void* _Nullable observer,
                                                        CFNotificationName _Nullable name,
                                                        const void* _Nullable object);
+
+// Run loops.
+typedef CFStringRef CFRunLoopMode;
+typedef SInt32 CFRunLoopRunResult;
+VANTREL_EXTERN const CFRunLoopMode kCFRunLoopDefaultMode;
+VANTREL_EXTERN CFRunLoopRunResult CFRunLoopRunInMode(CFRunLoopMode mode, double seconds,
+                                                     Boolean returnAfterSourceHandled);
 
 #pragma clang assume_nonnull end

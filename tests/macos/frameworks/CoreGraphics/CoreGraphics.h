@@ -47,6 +47,7 @@ VANTREL_EXTERN CF_RETURNS_RETAINED CFArrayRef _Nullable CGWindowListCopyWindowIn
 
 // Displays.
 typedef uint32_t CGDirectDisplayID;
+#define kCGNullDirectDisplay ((CGDirectDisplayID)0)
 #if defined(__x86_64__)
 typedef unsigned int boolean_t;
 #else
@@ -54,6 +55,8 @@ typedef int boolean_t;
 #endif
 VANTREL_EXTERN CGError CGGetActiveDisplayList(uint32_t maximum, CGDirectDisplayID* _Nullable displays,
                                               uint32_t* _Nullable count) VANTREL_MACOS(10.0);
+VANTREL_EXTERN CGDirectDisplayID CGMainDisplayID(void);
+VANTREL_EXTERN boolean_t CGDisplayIsAsleep(CGDirectDisplayID display);
 VANTREL_EXTERN boolean_t CGDisplayIsBuiltin(CGDirectDisplayID display) VANTREL_MACOS(10.2);
 VANTREL_EXTERN CGRect CGDisplayBounds(CGDirectDisplayID display) VANTREL_MACOS(10.0);
 

@@ -103,6 +103,11 @@ typedef NSString* NSErrorDomain;
 - (nullable V)objectForKeyedSubscript:(K)key;
 @end
 
+@interface NSUserDefaults : NSObject
+@property(class, readonly, strong) NSUserDefaults* standardUserDefaults;
+- (void)registerDefaults:(NSDictionary<NSString*, id>*)defaults;
+@end
+
 @interface NSURL : NSObject
 + (NSURL*)fileURLWithPath:(NSString*)path;
 // Returns nil if the string is not a valid URL.
@@ -110,6 +115,7 @@ typedef NSString* NSErrorDomain;
 @property(nullable, readonly, copy) NSString* absoluteString;
 @property(nullable, readonly, copy) NSString* path;
 @property(readonly, getter=isFileURL) BOOL fileURL;
+@property(readonly) BOOL hasDirectoryPath VANTREL_MACOS(10.11);
 @end
 
 @interface NSDate : NSObject
@@ -189,6 +195,17 @@ VANTREL_EXTERN const NSRunLoopMode NSRunLoopCommonModes;
 @property(nullable, readonly, copy) NSDictionary* userInfo;
 @end
 
+typedef enum NSActivityOptions : uint64_t {
+    NSActivityUserInitiatedAllowingIdleSystemSleep = 0x00EFFFFF,
+} NSActivityOptions;
+
+@interface NSProcessInfo : NSObject
+@property(class, readonly, strong) NSProcessInfo* processInfo;
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options
+                                  reason:(NSString*)reason VANTREL_MACOS(10.9);
+- (void)endActivity:(id<NSObject>)activity VANTREL_MACOS(10.9);
+@end
+
 @interface NSNotificationCenter : NSObject
 @property(class, readonly, strong) NSNotificationCenter* defaultCenter;
 - (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
@@ -196,10 +213,6 @@ VANTREL_EXTERN const NSRunLoopMode NSRunLoopCommonModes;
                              queue:(nullable NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification* notification))block;
 - (void)removeObserver:(id)observer;
-@end
-
-@interface NSDistributedNotificationCenter : NSNotificationCenter
-+ (NSDistributedNotificationCenter*)defaultCenter;
 @end
 
 #pragma clang assume_nonnull end
