@@ -13,7 +13,6 @@ std::error_code failure(std::errc error) {
 } // namespace
 
 std::expected<std::string, std::error_code> MemoryFileSystem::read(const std::filesystem::path& file) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::read, file)) {
         return std::unexpected(error);
     }
@@ -32,7 +31,6 @@ std::expected<std::string, std::error_code> MemoryFileSystem::read(const std::fi
 
 std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& file,
                                                   std::string_view content) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::writeAtomically, file)) {
         return error;
     }
@@ -45,7 +43,6 @@ std::error_code MemoryFileSystem::writeAtomically(const std::filesystem::path& f
 }
 
 std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std::string_view content) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::append, file)) {
         return error;
     }
@@ -57,7 +54,6 @@ std::error_code MemoryFileSystem::append(const std::filesystem::path& file, std:
 }
 
 std::error_code MemoryFileSystem::rename(const std::filesystem::path& from, const std::filesystem::path& to) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::rename, from)) {
         return error;
     }
@@ -73,7 +69,6 @@ std::error_code MemoryFileSystem::rename(const std::filesystem::path& from, cons
 }
 
 std::error_code MemoryFileSystem::remove(const std::filesystem::path& file) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::remove, file)) {
         return error;
     }
@@ -85,7 +80,6 @@ std::error_code MemoryFileSystem::remove(const std::filesystem::path& file) {
 }
 
 std::error_code MemoryFileSystem::createDirectories(const std::filesystem::path& directory) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::createDirectories, directory)) {
         return error;
     }
@@ -100,7 +94,6 @@ std::error_code MemoryFileSystem::createDirectories(const std::filesystem::path&
 
 std::expected<std::vector<FileEntry>, std::error_code>
 MemoryFileSystem::list(const std::filesystem::path& directory) {
-    const std::scoped_lock lock(m_mutex);
     if (const auto error = enter(Operation::list, directory)) {
         return std::unexpected(error);
     }
@@ -116,31 +109,18 @@ MemoryFileSystem::list(const std::filesystem::path& directory) {
     return entries;
 }
 
-std::optional<std::uint64_t> MemoryFileSystem::size(const std::filesystem::path& file) {
-    const auto text = content(file);
-    return text ? std::optional<std::uint64_t>(text->size()) : std::nullopt;
-}
-
 void MemoryFileSystem::put(const std::filesystem::path& file, std::string_view content, Date modified) {
-    const std::scoped_lock lock(m_mutex);
     addDirectories(file.parent_path());
     m_files[file] = content;
     m_modified[file] = modified;
 }
 
-void MemoryFileSystem::putDirectory(const std::filesystem::path& directory) {
-    const std::scoped_lock lock(m_mutex);
-    addDirectories(directory);
-}
-
 std::optional<std::string> MemoryFileSystem::content(const std::filesystem::path& file) const {
-    const std::scoped_lock lock(m_mutex);
     const auto found = m_files.find(file);
     return found == m_files.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::vector<std::filesystem::path> MemoryFileSystem::files() const {
-    const std::scoped_lock lock(m_mutex);
     std::vector<std::filesystem::path> paths;
     for (const auto& [path, content] : m_files) {
         paths.push_back(path);
@@ -148,35 +128,17 @@ std::vector<std::filesystem::path> MemoryFileSystem::files() const {
     return paths;
 }
 
-bool MemoryFileSystem::isDirectory(const std::filesystem::path& path) const {
-    const std::scoped_lock lock(m_mutex);
-    return m_directories.contains(path);
-}
-
 std::size_t MemoryFileSystem::count(Operation operation) const {
-    const std::scoped_lock lock(m_mutex);
     const auto found = m_counts.find(operation);
     return found == m_counts.end() ? 0 : found->second;
 }
 
 void MemoryFileSystem::failOnceAfter(std::size_t skipped, std::errc error) {
-    const std::scoped_lock lock(m_mutex);
     m_skippedBeforeFailure = skipped;
     m_failOnceError = error;
 }
 
-void MemoryFileSystem::failAll(Operation operation, std::errc error) {
-    const std::scoped_lock lock(m_mutex);
-    m_failing[operation] = error;
-}
-
-void MemoryFileSystem::failReading(const std::filesystem::path& file, std::errc error) {
-    const std::scoped_lock lock(m_mutex);
-    m_unreadable[file] = error;
-}
-
 void MemoryFileSystem::stopFailing() {
-    const std::scoped_lock lock(m_mutex);
     m_skippedBeforeFailure.reset();
     m_failing.clear();
     m_unreadable.clear();

@@ -1,4 +1,4 @@
-// An in-memory file system that fails on command.
+// An in-memory file system that fails on command. For one thread at a time.
 #pragma once
 
 #include "VantrelCore/ports/FileSystem.h"
@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <functional>
 #include <map>
-#include <mutex>
 #include <set>
 #include <vector>
 
@@ -38,14 +37,19 @@ public:
     [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override;
     [[nodiscard]] std::expected<std::vector<FileEntry>, std::error_code>
     list(const std::filesystem::path& directory) override;
-    [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override;
+    [[nodiscard]] std::optional<std::uint64_t> size(const std::filesystem::path& file) override {
+        const auto text = content(file);
+        return text ? std::optional<std::uint64_t>(text->size()) : std::nullopt;
+    }
 
     // Access as by another program; never fails.
     void put(const std::filesystem::path& file, std::string_view content, Date modified = {});
-    void putDirectory(const std::filesystem::path& directory);
+    void putDirectory(const std::filesystem::path& directory) { addDirectories(directory); }
     [[nodiscard]] std::optional<std::string> content(const std::filesystem::path& file) const;
     [[nodiscard]] std::vector<std::filesystem::path> files() const;
-    [[nodiscard]] bool isDirectory(const std::filesystem::path& path) const;
+    [[nodiscard]] bool isDirectory(const std::filesystem::path& path) const {
+        return m_directories.contains(path);
+    }
 
     // Called on the caller's thread when the program starts an operation that may have to wait for a disk.
     std::function<void(const std::filesystem::path&)> onCall;
@@ -56,9 +60,9 @@ public:
     // Fails one operation, after `skipped` more of any kind.
     void failOnceAfter(std::size_t skipped, std::errc error);
     // Fails every operation of this kind until `stopFailing`.
-    void failAll(Operation operation, std::errc error);
+    void failAll(Operation operation, std::errc error) { m_failing[operation] = error; }
     // Fails reads of this file until `stopFailing`, although it exists.
-    void failReading(const std::filesystem::path& file, std::errc error);
+    void failReading(const std::filesystem::path& file, std::errc error) { m_unreadable[file] = error; }
     void stopFailing();
 
 private:
@@ -66,7 +70,6 @@ private:
     [[nodiscard]] std::error_code checkWritable(const std::filesystem::path& file) const;
     void addDirectories(const std::filesystem::path& directory);
 
-    mutable std::mutex m_mutex;
     std::map<std::filesystem::path, std::string> m_files;
     std::set<std::filesystem::path> m_directories;
     // Only for files that were `put` with a date.

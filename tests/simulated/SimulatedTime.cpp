@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <exception>
 #include <utility>
 
 namespace vantrel::simulated {
@@ -31,9 +30,6 @@ public:
 
     SimulatedTime& time;
     std::function<void()> work;
-    // The concurrentPerform jobs that this one waits for, and the first exception they threw.
-    std::size_t openChildren = 0;
-    std::exception_ptr childError;
     std::binary_semaphore baton{0};
     std::thread thread;
 
@@ -148,38 +144,6 @@ void SimulatedTime::run(WorkPriority priority, std::function<void()> work) {
         onRun(priority);
     }
     schedule(0, [this, work = std::move(work)]() mutable { start(std::move(work)); });
-}
-
-void SimulatedTime::concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) {
-    Worker* parent = Worker::current();
-    if (parent == nullptr || m_isEnding) {
-        for (std::size_t i = 0; i < count; ++i) {
-            work(i);
-        }
-        return;
-    }
-    if (count == 0) {
-        return;
-    }
-    parent->openChildren = count;
-    for (std::size_t i = 0; i < count; ++i) {
-        insert(0, Owner::job, [this, parent, &work, i] {
-            start([this, parent, &work, i] {
-                try {
-                    work(i);
-                } catch (...) {
-                    parent->childError = parent->childError ? parent->childError : std::current_exception();
-                }
-                if (--parent->openChildren == 0) {
-                    insert(0, Owner::job, [this, parent] { resume(*parent); });
-                }
-            });
-        });
-    }
-    handBack(*parent);
-    if (const auto error = std::exchange(parent->childError, nullptr)) {
-        std::rethrow_exception(error);
-    }
 }
 
 void SimulatedTime::runFor(double seconds) {

@@ -3,8 +3,8 @@
 //
 // The thread that creates this object is the main thread. Nothing happens unless it calls one of the run
 // functions. Each background job has its own thread, which runs only while it holds the baton. It returns the
-// baton when it sleeps, waits for its own workers or ends. So a display change can arrive in the middle of a
-// restore, and the same script always runs the same way.
+// baton when it sleeps or ends. So a display change can arrive in the middle of a restore, and the same
+// script always runs the same way.
 #pragma once
 
 #include "VantrelCore/ports/Background.h"
@@ -45,7 +45,12 @@ public:
 
     // Background.
     void run(WorkPriority priority, std::function<void()> work) override;
-    void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override;
+    // One after another, on the caller's thread.
+    void concurrentPerform(std::size_t count, const std::function<void(std::size_t)>& work) override {
+        for (std::size_t i = 0; i < count; ++i) {
+            work(i);
+        }
+    }
     [[nodiscard]] StopToken stopToken() const override { return {}; }
 
     // The control side, for tests.
