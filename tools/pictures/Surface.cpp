@@ -4,7 +4,7 @@ namespace vantrel::pictures {
 
 std::vector<Surface> everySurface() {
     std::vector<Surface> all;
-    for (auto* const some : {deskSurfaces, panelSurfaces}) {
+    for (auto* const some : {deskSurfaces, panelSurfaces, onboardingSurfaces}) {
         for (Surface& surface : some()) {
             all.push_back(std::move(surface));
         }

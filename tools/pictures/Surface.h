@@ -18,6 +18,7 @@ struct Surface {
 
 [[nodiscard]] std::vector<Surface> deskSurfaces();
 [[nodiscard]] std::vector<Surface> panelSurfaces();
+[[nodiscard]] std::vector<Surface> onboardingSurfaces();
 [[nodiscard]] std::vector<Surface> everySurface();
 
 } // namespace vantrel::pictures

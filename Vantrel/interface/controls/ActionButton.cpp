@@ -15,6 +15,8 @@ namespace {
 
 constexpr double padding = 10;
 constexpr double narrowPadding = 8;
+// A longer second text is elided, so that neighbours keep theirs.
+constexpr double widestDetail = 86;
 constexpr double symbolSide = 16;
 // In a line without a frame, the text stands under those of the rows above.
 double symbolGap(const ActionButton& button) {
@@ -61,7 +63,8 @@ QSize ActionButton::sizeHint() const {
     const int title = fontMetrics().horizontalAdvance(m_title) + 2;
     const int icon = m_symbol.empty() ? 0 : points(symbolSide + symbolGap(*this));
     if (m_form == Form::high) {
-        return {points(2 * narrowPadding) + icon + std::max(title, detail.horizontalAdvance(m_detail)) + 1,
+        return {points(2 * narrowPadding) + icon +
+                    std::max(title, std::min(detail.horizontalAdvance(m_detail), points(widestDetail))) + 1,
                 points(44)};
     }
     const int more = m_detail.isEmpty() ? 0 : points(12) + detail.horizontalAdvance(m_detail);

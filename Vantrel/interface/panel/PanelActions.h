@@ -56,6 +56,7 @@ struct PanelActions {
     std::function<void()> openWorkbench{};
     std::function<void()> openSettings{};
     std::function<void()> showHistory{};
+    std::function<void()> openIntroduction{};
     std::function<void()> quit = [] {};
 };
 

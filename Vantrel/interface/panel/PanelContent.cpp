@@ -8,6 +8,7 @@
 #include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/text/CountedNoun.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
+#include "VantrelCore/windows/RestoreTally.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -126,18 +127,17 @@ std::optional<PanelContent::Result> resultLine(const PublishedState& state, Date
     if (!state.lastRestore || state.lastRestore->configID != state.configID) {
         return std::nullopt;
     }
-    const auto& [date, configID, reason, report, isAutomatic] = *state.lastRestore;
-    const auto back = static_cast<std::int64_t>(report.restoredCount());
-    const auto failed = static_cast<std::int64_t>(report.failedCount());
-    const std::string age = " · " + RelativeTimeCaption::caption(date, now);
-    if (failed > 0) {
-        return {
-            {tr("Last restore: ") + countedNoun(failed, "window") + tr(" could not be moved") + age, true}};
+    const RestoreTally tally = RestoreTally::of(state.lastRestore->report);
+    const std::string age = " · " + RelativeTimeCaption::caption(state.lastRestore->date, now);
+    if (tally.failed > 0) {
+        return {{tr("Last restore: ") + countedNoun(tally.failed, "window") + tr(" could not be moved") + age,
+                 true}};
     }
-    if (back == 0) {
-        return {{tr("No windows were put back") + age}};
+    if (tally.moved > 0) {
+        return {{countedNoun(tally.moved, "window") + tr(" back in place") + age}};
     }
-    return {{countedNoun(back, "window") + tr(" back in place") + age}};
+    return {
+        {(tally.inPlace() > 0 ? tr("Every window was in its place") : tr("No windows were put back")) + age}};
 }
 
 } // namespace

@@ -81,6 +81,40 @@ void PanelPresenter::closed() {
     m_window.release()->deleteLater();
 }
 
+void PanelPresenter::openIntroduction() {
+    if (m_introduction) {
+        m_introduction->raise();
+        m_introduction->activateWindow();
+        return;
+    }
+    const Settings settings(m_controller.defaults());
+    OnboardingWindow::Actions actions;
+    actions.checks = [this] {
+        m_controller.refreshStatus();
+        return OnboardingContent::checks(m_controller.published(),
+                                         {.hasBus = true, .hasTray = m_services.trayIcon().has_value()});
+    };
+    actions.answer = [this](DockFrequency frequency) {
+        m_controller.defaults().set("dockFrequency", std::string(OnboardingContent::stored(frequency)));
+    };
+    actions.setStartsWithSession = [this](bool starts) {
+        m_controller.defaults().set("launchAtLogin", starts);
+    };
+    actions.save = [this] { m_controller.saveLayoutNow(); };
+    actions.finished = [this] {
+        Settings(m_controller.defaults()).setHasOnboarded(true);
+        // One of its own events is closing it.
+        m_introduction.release()->deleteLater();
+        open();
+    };
+    m_introduction = std::make_unique<OnboardingWindow>(
+        m_looks, OnboardingContent::shortcuts(m_controller.published()),
+        OnboardingContent::frequency(settings.dockFrequency().value_or("")), settings.launchAtLogin(),
+        std::move(actions));
+    m_introduction->show();
+    m_introduction->activateWindow();
+}
+
 void PanelPresenter::refresh() {
     if (!m_window) {
         return;
@@ -169,6 +203,7 @@ PanelActions PanelPresenter::actions() {
     actions.openWorkbench = m_services.openWorkbench;
     actions.openSettings = m_services.openSettings;
     actions.showHistory = m_services.showHistory;
+    actions.openIntroduction = [this] { openIntroduction(); };
     actions.quit = m_services.quit;
     return actions;
 }

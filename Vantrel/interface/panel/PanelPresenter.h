@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
+#include "Vantrel/interface/onboarding/OnboardingWindow.h"
 #include "Vantrel/interface/panel/PanelWindow.h"
 
 #include <QTimer>
@@ -53,6 +54,9 @@ public:
     // For a click on the tray icon: opens it, or closes an open one.
     void toggle();
     void close();
+    // Shows the introduction; the panel opens after it.
+    void openIntroduction();
+    [[nodiscard]] OnboardingWindow* introduction() const { return m_introduction.get(); }
     [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
     // Null while it is closed.
     [[nodiscard]] PanelWindow* window() const { return m_window.get(); }
@@ -74,6 +78,7 @@ private:
     ApplicationLooks m_looks;
     std::set<PanelContent::Message::Kind> m_dismissed;
     std::unique_ptr<PanelWindow> m_window;
+    std::unique_ptr<OnboardingWindow> m_introduction;
     std::shared_ptr<void> m_live;
     std::optional<Publisher::ObserverID> m_observer;
     // Lets ages grow while the panel is open.

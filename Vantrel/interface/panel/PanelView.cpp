@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyleOptionFrame>
 #include <QVBoxLayout>
 
 namespace vantrel {
@@ -89,7 +90,13 @@ QWidget* PanelView::header() {
     m_deskName->setFrame(false);
     m_deskName->setAccessibleName(qtr("Name of this desk"));
     m_deskName->setFont(Metrics::scaled(font(), 1.15, QFont::DemiBold));
-    m_deskName->setTextMargins(-2, 0, 0, 0);
+    // Flush with the line below it in every style.
+    QStyleOptionFrame frame;
+    frame.initFrom(m_deskName);
+    frame.rect = QRect(0, 0, points(200), points(30));
+    const int padding = style()->subElementRect(QStyle::SE_LineEditContents, &frame, m_deskName).left();
+    constexpr int ownMargin = 2;
+    m_deskName->setTextMargins(-padding - ownMargin, 0, 0, 0);
     // A label until somebody edits it.
     QPalette clear = m_deskName->palette();
     clear.setColor(QPalette::Base, Qt::transparent);
@@ -352,6 +359,9 @@ QWidget* PanelView::footer() {
     }
     if (m_actions.openSettings) {
         add("gear", qtr("Settings"), m_actions.openSettings);
+    }
+    if (m_actions.openIntroduction) {
+        add("info", qtr("Introduction"), m_actions.openIntroduction);
     }
     row->addStretch(1);
     add("power", qtr("Quit"), m_actions.quit);

@@ -38,6 +38,8 @@ public:
     void tell(const PanelContent::Result& result);
     // Puts the cursor into the field for a new scene.
     void startSavingScene();
+    // Gives the focus to the thing most people came for, if it can be done.
+    void focusMainButton();
     [[nodiscard]] std::vector<SceneRowView*> sceneRows() const;
     [[nodiscard]] DeskView& drawing() { return *m_drawing; }
 

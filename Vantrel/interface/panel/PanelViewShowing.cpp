@@ -71,7 +71,17 @@ void PanelView::startSavingScene() {
     m_sceneField->setFocus(Qt::OtherFocusReason);
 }
 
+void PanelView::focusMainButton() {
+    ActionButton* const main = m_content.isEmpty ? m_remember : m_restore;
+    QWidget* const target = main->isEnabled() ? static_cast<QWidget*>(main) : m_switch;
+    target->setFocus();
+}
+
 void PanelView::showMessages() {
+    // Else the focus would go to whatever comes next.
+    if (m_messages->isAncestorOf(focusWidget())) {
+        focusMainButton();
+    }
     clear(*m_messages->layout());
     for (const auto& message : m_content.messages) {
         m_messages->layout()->addWidget(new MessageRow(message, m_actions, m_messages));

@@ -48,6 +48,7 @@ PanelWindow::PanelWindow(ApplicationLooks& looks, PanelActions actions, Kind kin
 void PanelWindow::open(const QRect& anchor) {
     m_anchor = anchor;
     fit();
+    m_view->focusMainButton();
     show();
     raise();
     activateWindow();

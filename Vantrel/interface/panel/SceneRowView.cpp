@@ -175,7 +175,6 @@ void SceneRowView::show(const PanelContent::SceneRow& row) {
     m_line->setAccessibleName(qt(row.name));
     m_line->setAccessibleDescription(
         qt(row.detail + (row.isPinned ? ", pinned" : "") + (row.isCurrent ? ", applied last" : "")));
-    m_line->setToolTip(qtr("Apply"));
     showControls();
     m_line->update();
 }

@@ -211,6 +211,27 @@ TEST_F(PanelTest, TheSwitchTheNameAndTheLayoutsActAtOnce) {
     EXPECT_TRUE(story.published().activePinned);
 }
 
+TEST_F(PanelTest, TheIntroductionKeepsTheAnswersAndLeadsBackToThePanel) {
+    open();
+    click("Introduction");
+    OnboardingWindow* const introduction = panel->introduction();
+    ASSERT_NE(introduction, nullptr);
+    introduction->showPage(2);
+    for (auto* const button : introduction->findChildren<QAbstractButton*>()) {
+        if (button->text() == "Now and then" || button->accessibleName() == "Start with the session") {
+            button->click();
+        }
+    }
+    introduction->close();
+    settle();
+    const Settings settings(story.controller->defaults());
+    EXPECT_EQ(settings.dockFrequency(), "nowAndThen");
+    EXPECT_TRUE(settings.launchAtLogin());
+    EXPECT_TRUE(settings.hasOnboarded());
+    EXPECT_EQ(panel->introduction(), nullptr);
+    EXPECT_TRUE(panel->isOpen());
+}
+
 TEST_F(PanelTest, EveryControlHasANameAndIsReachedByTab) {
     open();
     saveScene("Write");

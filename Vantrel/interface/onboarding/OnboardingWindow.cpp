@@ -1,0 +1,343 @@
+#include "Vantrel/interface/onboarding/OnboardingWindow.h"
+
+#include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/Hairline.h"
+#include "Vantrel/interface/controls/Metrics.h"
+#include "Vantrel/interface/symbols/Symbols.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+// A symbol in front of a row.
+class Sign final : public QWidget {
+public:
+    Sign(std::string symbol, std::function<QColor(const DeskColors&)> color, QWidget* parent)
+        : QWidget(parent), m_symbol(std::move(symbol)), m_color(std::move(color)) {
+        const int side = Metrics::points(*this, 16);
+        setFixedSize(side, side);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        Symbols::paint(painter, m_symbol, rect(), m_color(DeskColors::of(palette())));
+    }
+
+private:
+    std::string m_symbol;
+    std::function<QColor(const DeskColors&)> m_color;
+};
+
+// One key of a shortcut.
+class Key final : public QWidget {
+public:
+    Key(const QString& name, QWidget* parent) : QWidget(parent), m_name(name) {
+        setFixedSize(fontMetrics().horizontalAdvance(name) + Metrics::points(*this, 16),
+                     Metrics::points(*this, 24));
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        const auto colors = DeskColors::of(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(DeskColors::translucent(colors.text, 0.16), 1));
+        painter.setBrush(colors.base);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+        painter.setPen(colors.text);
+        painter.drawText(rect(), Qt::AlignCenter, m_name);
+    }
+
+private:
+    QString m_name;
+};
+
+QVBoxLayout* titleAndDetail(const QString& title, const QString& detail, QWidget* parent) {
+    auto* const texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    auto* const first = new Label(Label::Role::strong, parent);
+    first->show(title);
+    auto* const second = new Label(Label::Role::second, parent);
+    second->show(detail);
+    texts->addWidget(first);
+    texts->addWidget(second);
+    return texts;
+}
+
+} // namespace
+
+// Where one is: a dot per page, the present one longer.
+class OnboardingWindow::Dots final : public QWidget {
+public:
+    explicit Dots(QWidget* parent) : QWidget(parent) {
+        setFixedSize(Metrics::points(*this, 66), Metrics::points(*this, 7));
+    }
+
+    void setPage(int page) {
+        m_page = page;
+        setAccessibleName(qtr("Page %1 of %2").arg(page + 1).arg(pageCount));
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        const auto colors = DeskColors::of(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        const double side = height();
+        double x = 0;
+        for (int i = 0; i < pageCount; ++i) {
+            const double length = i == m_page ? side * 2.8 : side;
+            const QRectF dot(x, 0, length, side);
+            painter.setBrush(i == m_page ? colors.accent : DeskColors::mix(colors.window, colors.text, 0.25));
+            painter.drawRoundedRect(
+                layoutDirection() == Qt::RightToLeft ? QRectF(width() - dot.right(), 0, length, side) : dot,
+                side / 2, side / 2);
+            x += length + side * 1.2;
+        }
+    }
+
+private:
+    int m_page = 0;
+};
+
+OnboardingWindow::OnboardingWindow(ApplicationLooks& looks,
+                                   const std::vector<OnboardingContent::Shortcut>& shortcuts,
+                                   std::optional<DockFrequency> answer, bool startsWithSession,
+                                   Actions actions)
+    : QWidget(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      m_actions(std::move(actions)), m_pages(new QStackedWidget(this)) {
+    setWindowTitle(qtr("Welcome to Vantrel"));
+    auto* const all = new QVBoxLayout(this);
+    all->setContentsMargins(points(32), points(28), points(24), points(20));
+    m_pages->addWidget(drawingPage(looks));
+    m_pages->addWidget(checksPage());
+    m_pages->addWidget(answersPage(answer, startsWithSession));
+    m_pages->addWidget(shortcutsPage(shortcuts));
+    all->addWidget(m_pages, 1);
+    auto* const foot = new QHBoxLayout;
+    m_dots = new Dots(this);
+    m_back = new ActionButton("", ActionButton::Form::plain, this);
+    m_back->setFlat(true);
+    m_forward = new ActionButton("", ActionButton::Form::plain, this);
+    m_forward->setFilled(true);
+    for (ActionButton* const button : {m_back, m_forward}) {
+        button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+    connect(m_back, &QPushButton::clicked, this, [this] { back(); });
+    connect(m_forward, &QPushButton::clicked, this, [this] { forward(); });
+    foot->addWidget(m_dots);
+    foot->addStretch(1);
+    foot->addWidget(m_back);
+    foot->addSpacing(points(8));
+    foot->addWidget(m_forward);
+    all->addLayout(foot);
+    setFixedSize(points(450), points(400));
+    showPage(0);
+}
+
+int OnboardingWindow::points(double length) const {
+    return Metrics::points(*this, length);
+}
+
+int OnboardingWindow::page() const {
+    return m_pages->currentIndex();
+}
+
+QWidget* OnboardingWindow::newPage(const QString& title, const QString& text, QVBoxLayout*& column) {
+    auto* const page = new QWidget(this);
+    column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, points(8), 0);
+    column->setSpacing(points(4));
+    auto* const heading = new Label(Label::Role::title, page);
+    heading->show(title);
+    auto* const below = new Label(Label::Role::text, page);
+    below->show(text);
+    column->addWidget(heading);
+    column->addWidget(below);
+    column->addSpacing(points(12));
+    return page;
+}
+
+QWidget* OnboardingWindow::drawingPage(ApplicationLooks& looks) {
+    QVBoxLayout* column = nullptr;
+    auto* const page = newPage(qtr("Your windows, where you left them"),
+                               qtr("A display goes, and windows pile up. It comes back, and Vantrel puts "
+                                   "every window where it was."),
+                               column);
+    auto* const drawing = new DeskView(looks, page);
+    drawing->setHighest(points(200));
+    drawing->show(OnboardingContent::picture());
+    column->addWidget(drawing);
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* OnboardingWindow::checksPage() {
+    QVBoxLayout* column = nullptr;
+    auto* const page = newPage(qtr("What it needs"), QString(), column);
+    m_checkSummary = page->findChildren<Label*>().at(1);
+    m_checks = new QWidget(page);
+    auto* const rows = new QVBoxLayout(m_checks);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(points(10));
+    column->addWidget(m_checks);
+    auto* const again = new ActionButton("", ActionButton::Form::plain, page);
+    again->setTexts(qtr("Check again"), "");
+    again->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(again, &QPushButton::clicked, this, [this] { showChecks(); });
+    column->addSpacing(points(8));
+    column->addWidget(again);
+    column->addStretch(1);
+    showChecks();
+    return page;
+}
+
+void OnboardingWindow::showChecks() {
+    qDeleteAll(m_checks->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+    const auto checks = m_actions.checks();
+    m_checkSummary->show(qt(OnboardingContent::checkSummary(checks)));
+    for (const auto& check : checks) {
+        auto* const line = new QWidget(m_checks);
+        line->setAccessibleName(
+            qt(check.title + (check.isThere ? vantrel::tr(", there") : vantrel::tr(", missing"))));
+        auto* const row = new QHBoxLayout(line);
+        row->setContentsMargins(0, 0, 0, 0);
+        row->setSpacing(points(12));
+        const bool isThere = check.isThere;
+        row->addWidget(
+            new Sign(
+                isThere ? "check" : "warn",
+                [isThere](const DeskColors& colors) { return isThere ? colors.good : colors.warning; }, line),
+            0, Qt::AlignTop);
+        row->addLayout(titleAndDetail(qt(check.title), qt(check.detail), line), 1);
+        m_checks->layout()->addWidget(line);
+        m_checks->layout()->addWidget(new Hairline(m_checks));
+    }
+}
+
+QWidget* OnboardingWindow::answersPage(std::optional<DockFrequency> answer, bool startsWithSession) {
+    QVBoxLayout* column = nullptr;
+    auto* const page = newPage(qtr("How you work"), qtr("How often do displays come and go?"), column);
+    auto* const group = new QButtonGroup(page);
+    for (const auto& each : OnboardingContent::answers()) {
+        auto* const button = new QRadioButton(qt(each.title), page);
+        button->setAccessibleDescription(qt(each.detail));
+        button->setChecked(answer == each.frequency);
+        group->addButton(button);
+        connect(button, &QRadioButton::clicked, this,
+                [this, frequency = each.frequency] { m_actions.answer(frequency); });
+        auto* const detail = new Label(Label::Role::second, page);
+        detail->show(qt(each.detail));
+        auto* const indented = new QHBoxLayout;
+        indented->addSpacing(points(24));
+        indented->addWidget(detail, 1);
+        column->addWidget(button);
+        column->addLayout(indented);
+        column->addSpacing(points(6));
+    }
+    column->addSpacing(points(4));
+    column->addWidget(new Hairline(page));
+    column->addSpacing(points(6));
+    auto* const row = new QHBoxLayout;
+    row->addLayout(titleAndDetail(qtr("Start with the session"),
+                                  qtr("So that the desk is kept from the first minute"), page),
+                   1);
+    auto* const starts = new Switch(page);
+    starts->setAccessibleName(qtr("Start with the session"));
+    starts->setChecked(startsWithSession);
+    connect(starts, &Switch::clicked, this, [this](bool isOn) { m_actions.setStartsWithSession(isOn); });
+    row->addWidget(starts);
+    column->addLayout(row);
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* OnboardingWindow::shortcutsPage(const std::vector<OnboardingContent::Shortcut>& shortcuts) {
+    QVBoxLayout* column = nullptr;
+    auto* const page = newPage(qtr("Three shortcuts"), qtr("They work in every program."), column);
+    column->setSpacing(points(8));
+    for (const auto& shortcut : shortcuts) {
+        auto* const row = new QHBoxLayout;
+        row->setSpacing(points(12));
+        row->addWidget(
+            new Sign(shortcut.symbol, [](const DeskColors& colors) { return colors.secondText; }, page));
+        row->addLayout(titleAndDetail(qt(shortcut.title), qt(shortcut.detail), page), 1);
+        auto* const keys = new QHBoxLayout;
+        keys->setSpacing(points(4));
+        for (const std::string& key : shortcut.keys) {
+            if (keys->count() > 0) {
+                auto* const plus = new Label(Label::Role::second, page);
+                plus->show("+");
+                keys->addWidget(plus);
+            }
+            keys->addWidget(new Key(qt(key), page));
+        }
+        row->addLayout(keys);
+        column->addLayout(row);
+        column->addWidget(new Hairline(page));
+    }
+    column->addStretch(1);
+    return page;
+}
+
+void OnboardingWindow::showPage(int page) {
+    m_pages->setCurrentIndex(page);
+    m_dots->setPage(page);
+    const bool isLast = page == pageCount - 1;
+    m_back->setTexts(page == 0 ? qtr("Skip") : isLast ? qtr("Not now") : qtr("Back"), "");
+    m_forward->setTexts(isLast ? qtr("Save this desk now") : qtr("Continue"), "");
+    m_forward->setFocus();
+}
+
+void OnboardingWindow::forward() {
+    if (page() == pageCount - 1) {
+        m_actions.save();
+        close();
+    } else {
+        showPage(page() + 1);
+    }
+}
+
+void OnboardingWindow::back() {
+    if (page() == 0 || page() == pageCount - 1) {
+        close();
+    } else {
+        showPage(page() - 1);
+    }
+}
+
+void OnboardingWindow::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        close();
+        break;
+    case Qt::Key_PageUp:
+        showPage(std::max(0, page() - 1));
+        break;
+    case Qt::Key_PageDown:
+        showPage(std::min(pageCount - 1, page() + 1));
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void OnboardingWindow::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    std::exchange(m_actions.finished, [] {})();
+}
+
+} // namespace vantrel

@@ -1,0 +1,33 @@
+// The introduction, page by page.
+#include "Vantrel/interface/onboarding/OnboardingWindow.h"
+#include "tools/pictures/SampleDesks.h"
+#include "tools/pictures/StandInIcons.h"
+#include "tools/pictures/Surface.h"
+
+namespace vantrel::pictures {
+
+namespace {
+
+std::unique_ptr<QWidget> window(int page) {
+    static StandInIcons icons;
+    static ApplicationLooks looks(&icons);
+    const auto state = SampleDesks::state();
+    OnboardingWindow::Actions actions;
+    actions.checks = [state] { return OnboardingContent::checks(state, {.hasBus = true, .hasTray = false}); };
+    auto window = std::make_unique<OnboardingWindow>(looks, OnboardingContent::shortcuts(state),
+                                                     DockFrequency::onceADay, true, actions);
+    window->showPage(page);
+    return window;
+}
+
+} // namespace
+
+std::vector<Surface> onboardingSurfaces() {
+    std::vector<Surface> surfaces;
+    for (int page = 0; page < OnboardingWindow::pageCount; ++page) {
+        surfaces.push_back({"onboarding-" + std::to_string(page + 1), [page] { return window(page); }});
+    }
+    return surfaces;
+}
+
+} // namespace vantrel::pictures
