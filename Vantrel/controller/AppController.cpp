@@ -53,7 +53,7 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
       m_stashes(m_context, m_runner, m_stores.stashes), m_sameDesk(m_context, m_stores),
       m_displaySwap(m_context, m_runner), m_automaticRestore(m_context, m_runner),
-      m_displayChange(m_context, m_learning, m_runner, m_automaticRestore), m_sleepWake(m_context, m_runner),
+      m_displayChange(m_context, m_learning, m_automaticRestore), m_sleepWake(m_context, m_runner),
       m_launchPlacement(m_context), m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
       m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),
       m_suggestions(m_context), m_rules(m_context), m_nudge(m_context), m_wallpaper(m_context),
@@ -63,8 +63,9 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
     m_context.onLayoutsChanged = [this] { m_pinned.layoutsChanged(); };
-    m_runner.onFinished = [this](const RestoreRequest& request, const RestorePass::Result& result) {
-        m_undo.remember(request, result);
+    m_runner.onFinished = [this](const RestoreRequest& request, const RestoreCallbacks& callbacks,
+                                 const RestorePass::Result& result) {
+        m_undo.remember(request, callbacks, result);
         m_automaticRestore.restored(request);
         if (!result.isAbandoned) {
             m_pinned.restored(request);
@@ -144,7 +145,7 @@ AppController::~AppController() {
     m_context.ports.systemEvents.setHandlers({});
     m_context.ports.workspace.setLaunchHandler({});
     m_context.ports.defaults.setChangeHandler({});
-    m_runner.abandonMoves();
+    m_context.moves.abandon();
     // While everything that hears of the end of a write still exists.
     finishWriting();
 }
@@ -310,8 +311,8 @@ bool AppController::restoreNow(RestoreSource source, RestoreOutcome::Done done) 
                       .displays = published().displays,
                       .reason = fmt::format("restore now ({})", sourceName(source)),
                       .announcement = Announcement::announce,
-                      .raising = RestoreEngine::Raising::raise,
-                      .done = std::move(done)});
+                      .raising = RestoreEngine::Raising::raise},
+                     {.done = std::move(done)});
     return true;
 }
 

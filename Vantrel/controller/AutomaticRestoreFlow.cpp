@@ -63,12 +63,12 @@ void AutomaticRestoreFlow::perform(const Layout& layout, const std::string& reco
                       .trigger = RestoreTrigger::automatic,
                       .announcement = Announcement::announce,
                       .announcedCause = reconnected,
-                      .isCheck = m_missed.has_value(),
-                      .done = [this, desk = m_desk, reconnected](const RestoreOutcome& outcome) {
-                          if (desk == m_desk) {
-                              ended(reconnected, outcome);
-                          }
-                      }});
+                      .isCheck = m_missed.has_value()},
+                     {.done = [this, desk = m_desk, reconnected](const RestoreOutcome& outcome) {
+                         if (desk == m_desk) {
+                             ended(reconnected, outcome);
+                         }
+                     }});
 }
 
 void AutomaticRestoreFlow::ended(const std::string& reconnected, const RestoreOutcome& outcome) {

@@ -23,7 +23,8 @@ ControllerContext::ControllerContext(const ControllerPorts& controllerPorts, App
                                      LayoutStore& layouts, SceneStore& scenes)
     : ports(controllerPorts), settings(controllerPorts.defaults), store(layouts), sceneStore(scenes),
       publisher(controllerPorts.mainQueue),
-      gate(ports.mainQueue, ports.clock, [this](const std::string& line) { log(line); }), m_log(appLog) {}
+      gate(ports.mainQueue, ports.clock, [this](const std::string& line) { log(line); }),
+      moves(gate, [this](const std::string& line) { log(line); }), m_log(appLog) {}
 
 void ControllerContext::workEnded(std::uint64_t id, const std::string& problem) {
     if (!problem.empty()) {

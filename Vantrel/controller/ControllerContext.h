@@ -1,5 +1,5 @@
-// State shared by the controller's flows: ports, settings, log, layouts, published state, and the gate that
-// keeps captures and restores apart.
+// State shared by the controller's flows: ports, settings, log, layouts, published state, and the gate and
+// the scheduler that keep captures and moves apart.
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"
@@ -7,6 +7,7 @@
 #include "Vantrel/controller/DeskCapture.h"
 #include "Vantrel/controller/DeskGate.h"
 #include "Vantrel/controller/HUDEvent.h"
+#include "Vantrel/controller/MoveScheduler.h"
 #include "Vantrel/controller/Publisher.h"
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
@@ -40,6 +41,7 @@ public:
     SceneStore& sceneStore;
     Publisher publisher;
     DeskGate gate;
+    MoveScheduler moves;
     // Which live window each remembered one is.
     WindowNotes notes;
     // Windows that the last restores could not put in place.
@@ -136,6 +138,15 @@ public:
             gate.endPass();
         });
         gate.beginPass();
+    }
+
+    // Like runPass(), for a move that is smaller than a restore and whose turn has come
+    // (MoveScheduler::inTurn). `work` gets the move's permit.
+    template <typename Work, typename Done>
+    void runMove(Work work, Done done) {
+        runPass(
+            WorkPriority::userInitiated,
+            [work = std::move(work), permit = moves.newPermit()] { return work(*permit); }, std::move(done));
     }
 
     // Runs `work`. Exceptions are logged and not propagated. Returns false when `work` threw.

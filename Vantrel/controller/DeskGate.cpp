@@ -61,12 +61,4 @@ void DeskGate::endPass() {
     }
 }
 
-std::shared_ptr<const MovePermit> DeskGate::validPermit() {
-    return m_permit->isRevoked() ? issuePermit() : m_permit;
-}
-
-std::shared_ptr<const MovePermit> DeskGate::issuePermit() {
-    return m_permit = std::make_shared<MovePermit>();
-}
-
 } // namespace vantrel

@@ -4,7 +4,6 @@
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
 #include "VantrelCore/ports/Clock.h"
 #include "VantrelCore/ports/MainQueue.h"
-#include "VantrelCore/ports/MovePermit.h"
 
 #include <cstdint>
 #include <functional>
@@ -80,7 +79,7 @@ public:
     void beginPass() { m_isPassUnderWay = true; }
     void endPass();
     [[nodiscard]] bool isPassUnderWay() const { return m_isPassUnderWay; }
-    // Called when a pass has ended.
+    // Called when a pass has ended. Set by MoveScheduler, which lets the next move begin.
     std::function<void()> onPassEnded = [] {};
     // Runs `work` once when the current pass has ended, after onPassEnded.
     void afterPass(std::function<void()> work) { m_afterPass.push_back(std::move(work)); }
@@ -89,13 +88,6 @@ public:
     [[nodiscard]] bool isIdle() const { return !m_isRestoring && !m_isPassUnderWay; }
     // The desk may be captured to learn from it.
     [[nodiscard]] bool mayCapture() const { return !m_isLearningSuspended && isIdle(); }
-
-    // The permit of the last restore and of what follows it.
-    [[nodiscard]] std::shared_ptr<const MovePermit> permit() const { return m_permit; }
-    // The same, or a new permit if that one has been revoked.
-    [[nodiscard]] std::shared_ptr<const MovePermit> validPermit();
-    [[nodiscard]] std::shared_ptr<const MovePermit> issuePermit();
-    void revokePermit() { m_permit->revoke(); }
 
 private:
     MainQueue& m_mainQueue;
@@ -108,7 +100,6 @@ private:
     bool m_isLocked = false;
     bool m_isRestoring = false;
     bool m_isPassUnderWay = false;
-    std::shared_ptr<MovePermit> m_permit = std::make_shared<MovePermit>();
     std::vector<std::function<void()>> m_afterPass;
     std::unique_ptr<ScheduledWork> m_resume;
     // On the monotonic clock, in seconds.

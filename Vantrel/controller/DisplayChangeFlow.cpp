@@ -9,8 +9,8 @@
 namespace vantrel {
 
 DisplayChangeFlow::DisplayChangeFlow(ControllerContext& context, LearningFlow& learning,
-                                     RestoreRunner& runner, AutomaticRestoreFlow& automaticRestore)
-    : m_context(context), m_learning(learning), m_runner(runner), m_automaticRestore(automaticRestore) {
+                                     AutomaticRestoreFlow& automaticRestore)
+    : m_context(context), m_learning(learning), m_automaticRestore(automaticRestore) {
     m_learning.onUnannouncedChange = [this] {
         if (m_watcher) {
             m_watcher->handleReconfigurationEvent();
@@ -63,7 +63,7 @@ void DisplayChangeFlow::applySettleDelay() {
 void DisplayChangeFlow::changeBegan() {
     m_context.gate.displaysBeganChanging();
     m_automaticRestore.displaysBeganChanging();
-    m_runner.abandonMoves();
+    m_context.moves.abandon();
     m_learning.adoptPreChangeSnapshotIfNeeded();
 }
 

@@ -5,7 +5,6 @@
 #include "Vantrel/controller/AutomaticRestoreFlow.h"
 #include "Vantrel/controller/ControllerContext.h"
 #include "Vantrel/controller/LearningFlow.h"
-#include "Vantrel/controller/RestoreRunner.h"
 #include "VantrelCore/displays/DisplayWatcher.h"
 
 #include <functional>
@@ -18,7 +17,7 @@ public:
     // Seconds from a settled change until learning resumes.
     static constexpr double resumeDelay = AutomaticRestoreFlow::restlessTime;
 
-    DisplayChangeFlow(ControllerContext& context, LearningFlow& learning, RestoreRunner& runner,
+    DisplayChangeFlow(ControllerContext& context, LearningFlow& learning,
                       AutomaticRestoreFlow& automaticRestore);
 
     // Takes the present displays as the current desk and starts watching them.
@@ -41,7 +40,6 @@ private:
 
     ControllerContext& m_context;
     LearningFlow& m_learning;
-    RestoreRunner& m_runner;
     AutomaticRestoreFlow& m_automaticRestore;
     std::unique_ptr<DisplayWatcher> m_watcher;
     double m_installedSettleDelay = 0;

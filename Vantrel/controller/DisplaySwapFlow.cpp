@@ -45,8 +45,8 @@ std::expected<void, std::string> DisplaySwapFlow::swap(const std::string& first,
             m_runner.perform({.layout = DisplaySwap::swapped(captured->withOtherWindows(), pair),
                               .displays = m_context.state().displays,
                               .reason = "swap displays",
-                              .announcement = Announcement::announce,
-                              .done = done});
+                              .announcement = Announcement::announce},
+                             {.done = done});
         });
     return {};
 }

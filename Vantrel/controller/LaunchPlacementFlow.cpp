@@ -62,8 +62,14 @@ void LaunchPlacementFlow::handleAppLaunched(const RunningApp& app) {
 }
 
 void LaunchPlacementFlow::lookAfter(const Key& key, double seconds) {
-    m_launches.at(key).next =
-        m_context.ports.mainQueue.after(seconds, [this, key] { attemptPlacement(key); });
+    m_launches.at(key).next = m_context.ports.mainQueue.after(seconds, [this, key] { awaitTurn(key); });
+}
+
+void LaunchPlacementFlow::awaitTurn(const Key& key) {
+    auto turn = m_context.moves.inTurn([this, key] { attemptPlacement(key); });
+    if (turn) {
+        m_launches.at(key).next = std::move(turn);
+    }
 }
 
 bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
@@ -80,8 +86,7 @@ bool LaunchPlacementFlow::isWanted(const RunningApp& app) {
 }
 
 bool LaunchPlacementFlow::isHeldUp() {
-    return m_context.gate.isRestoring() || !m_context.isDeskCurrent() ||
-           !AXPermission::isGranted(m_context.ports.desk);
+    return !m_context.isDeskCurrent() || !AXPermission::isGranted(m_context.ports.desk);
 }
 
 void LaunchPlacementFlow::attemptPlacement(const Key& key) {
@@ -99,13 +104,10 @@ void LaunchPlacementFlow::attemptPlacement(const Key& key) {
         m_launches.erase(found);
     } else if (isHeld) {
         lookAfter(key, holdDelay);
-    } else if (m_context.gate.isPassUnderWay()) {
-        m_context.gate.afterPass([this, key] { attemptPlacement(key); });
     } else {
-        m_context.runPass(
-            WorkPriority::userInitiated,
-            [task = task(launch.app), ports = m_context.ports] {
-                return LaunchPlacementPass::run(task, ports.desk, ports.clock);
+        m_context.runMove(
+            [task = task(launch.app), ports = m_context.ports](const MovePermit& permit) {
+                return LaunchPlacementPass::run(task, ports.desk, permit, ports.clock);
             },
             [this, key](const std::optional<LaunchPlacementPass::Result>& result) {
                 // A failed check saw no window; the next one may see one.
@@ -128,8 +130,7 @@ LaunchPlacementPass::Task LaunchPlacementFlow::task(const RunningApp& app) {
                                         : std::nullopt,
             .displays = m_context.state().displays,
             .sizes = m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore
-                                                       : RestoreEngine::Sizes::leave,
-            .permit = m_context.gate.validPermit()};
+                                                       : RestoreEngine::Sizes::leave};
 }
 
 void LaunchPlacementFlow::finish(const Key& key, const LaunchPlacementPass::Result& result) {

@@ -48,6 +48,7 @@ private:
 
     void noteLayouts();
     void lookAfter(const Key& key, double seconds);
+    void awaitTurn(const Key& key);
     void attemptPlacement(const Key& key);
     // False when nothing is to be placed, now or later.
     [[nodiscard]] bool isWanted(const RunningApp& app);

@@ -42,7 +42,7 @@ Windows read(const Task& task, Desk& desk) {
 
 } // namespace
 
-Result run(const Task& task, Desk& desk, Clock& clock) {
+Result run(const Task& task, Desk& desk, const MovePermit& permit, Clock& clock) {
     const Windows windows = read(task, desk);
     std::vector<Rect> frames;
     for (const LiveWindow& window : windows.fresh) {
@@ -60,12 +60,12 @@ Result run(const Task& task, Desk& desk, Clock& clock) {
         places.windows.push_back(windows.fresh[i].record);
         places.windows.back().frame = *targets[i];
     }
-    const auto report = RestoreEngine::restore(places, windows.fresh, matched, {.sizes = task.sizes}, desk,
-                                               *task.permit, clock);
+    const auto report =
+        RestoreEngine::restore(places, windows.fresh, matched, {.sizes = task.sizes}, desk, permit, clock);
     return {.windows = frames.size(),
             .moved = report.restoredCount(),
             .failed = report.failedCount(),
-            .isAbandoned = task.permit->isRevoked()};
+            .isAbandoned = permit.isRevoked()};
 }
 
 } // namespace vantrel::LaunchPlacementPass

@@ -8,7 +8,6 @@
 #include "VantrelCore/windows/RestoreEngine.h"
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -22,7 +21,6 @@ struct Task {
     std::optional<Layout> layout;
     std::vector<DisplayInfo> displays;
     RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
-    std::shared_ptr<const MovePermit> permit;
 };
 
 struct Result {
@@ -34,6 +32,6 @@ struct Result {
     bool isAbandoned = false;
 };
 
-[[nodiscard]] Result run(const Task& task, Desk& desk, Clock& clock);
+[[nodiscard]] Result run(const Task& task, Desk& desk, const MovePermit& permit, Clock& clock);
 
 } // namespace vantrel::LaunchPlacementPass

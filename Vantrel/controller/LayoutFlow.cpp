@@ -88,9 +88,8 @@ bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcom
                       .displays = m_context.state().displays,
                       .reason = fmt::format("switch layout ({})", layout->layoutName),
                       .announcement = Announcement::announce,
-                      .raising = RestoreEngine::Raising::raise,
-                      .undone = std::move(undone),
-                      .done = done});
+                      .raising = RestoreEngine::Raising::raise},
+                     {.undone = std::move(undone), .done = done});
     return true;
 }
 
@@ -107,8 +106,8 @@ bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& d
                       .displays = m_context.state().displays,
                       .reason = fmt::format("apply layout ({})", layout.layoutName),
                       .announcement = Announcement::announce,
-                      .raising = RestoreEngine::Raising::raise,
-                      .done = done});
+                      .raising = RestoreEngine::Raising::raise},
+                     {.done = done});
     return true;
 }
 

@@ -107,11 +107,7 @@ void RestoreFollowUpFlow::begin(std::vector<Kept> kept) {
     m_begin = m_context.gate.now();
     for (const double seconds : lookTimes) {
         const bool isLast = seconds == std::rbegin(lookTimes)[0];
-        m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, isLast, epoch = m_epoch] {
-            if (epoch == m_epoch) {
-                look(isLast);
-            }
-        }));
+        m_looks.push_back(m_context.ports.mainQueue.after(seconds, [this, isLast] { awaitTurn(isLast); }));
     }
 }
 
@@ -119,29 +115,25 @@ void RestoreFollowUpFlow::end() {
     ++m_epoch;
     m_kept.clear();
     m_looks.clear();
+    m_turn.reset();
+}
+
+void RestoreFollowUpFlow::awaitTurn(bool isLast) {
+    m_turn = m_context.moves.inTurn([this, isLast] { look(isLast); });
 }
 
 void RestoreFollowUpFlow::look(bool isLast) {
-    DeskGate& gate = m_context.gate;
+    const DeskGate& gate = m_context.gate;
     if (!m_context.state().enabled || gate.isAway() || !gate.isSameDesk(m_begin) ||
         !gate.isUnedited(m_begin)) {
         end();
         return;
     }
-    if (gate.isPassUnderWay()) {
-        gate.afterPass([this, isLast, epoch = m_epoch] {
-            if (epoch == m_epoch) {
-                look(isLast);
-            }
-        });
-        return;
-    }
     const auto sizes =
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
-    m_context.runPass(
-        WorkPriority::userInitiated,
-        [kept = m_kept, sizes, &desk = m_context.ports.desk, permit = gate.permit()] {
-            return lookAt(kept, sizes, desk, *permit);
+    m_context.runMove(
+        [kept = m_kept, sizes, &desk = m_context.ports.desk](const MovePermit& permit) {
+            return lookAt(kept, sizes, desk, permit);
         },
         [this, isLast, epoch = m_epoch, kept = m_kept](const std::optional<std::vector<Finding>>& findings) {
             if (!findings) {

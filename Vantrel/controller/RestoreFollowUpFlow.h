@@ -29,6 +29,7 @@ public:
     void end();
 
 private:
+    void awaitTurn(bool isLast);
     void look(bool isLast);
     // Stops checking these windows.
     void leaveAlone(const std::vector<std::size_t>& items, std::string_view how);
@@ -39,6 +40,8 @@ private:
     std::vector<RestoreFollowUp::Kept> m_kept;
     DeskGate::Moment m_begin;
     std::vector<std::unique_ptr<ScheduledWork>> m_looks;
+    // The newest look that waits for its turn.
+    std::unique_ptr<ScheduledWork> m_turn;
     std::int64_t m_epoch = 0;
 };
 

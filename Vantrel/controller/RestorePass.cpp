@@ -27,8 +27,10 @@ std::vector<std::string> hide(std::vector<std::string> bundleIDs, Workspace& wor
 } // namespace
 
 Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
-    const std::size_t unhidden = unhide(task.unhides, workspace);
-    if (task.trigger == RestoreTrigger::automatic || unhidden > 0) {
+    const RestoreRequest& request = task.request;
+    const bool isUndo = request.purpose == RestorePurpose::undo;
+    const std::size_t unhidden = unhide(request.unhides, workspace);
+    if (request.trigger == RestoreTrigger::automatic || unhidden > 0) {
         // After the displays settle, the window manager moves windows itself in response to the change.
         desk.awaitQuiet();
     }
@@ -36,22 +38,22 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
         return {.report = {}, .kept = {}, .sizes = {}, .isAbandoned = true};
     }
     const auto [live, matched] =
-        task.known ? LiveWindows::known(task.layout, *task.known, task.scope, desk)
-                   : LiveWindows::found(task.layout, task.identities, task.scope, task.reach, desk, clock);
+        isUndo ? LiveWindows::known(request.layout, request.windows, task.scope, desk)
+               : LiveWindows::found(request.layout, task.identities, task.scope, task.reach, desk, clock);
     Result result;
     result.unhidden = unhidden;
-    result.changedNothing = RestoreEngine::isInPlace(task.layout, live, matched, task.options);
-    if (!task.known) {
+    result.changedNothing = RestoreEngine::isInPlace(request.layout, live, matched, task.options);
+    if (!isUndo) {
         result.before = Before{live, clock.now()};
     }
     result.report =
-        RestoreEngine::restore(task.layout, live, matched, task.options, desk, *task.permit, clock);
+        RestoreEngine::restore(request.layout, live, matched, task.options, desk, *task.permit, clock);
     result.kept = RestoreFollowUp::kept(result.report);
     if (task.options.sizes == RestoreEngine::Sizes::restore) {
         result.sizes = AchievedSizes::of(result.report);
     }
-    if (task.scene) {
-        result.scene = ScenePass::run(*task.scene,
+    if (request.scene) {
+        result.scene = ScenePass::run(*request.scene,
                                       {.live = live,
                                        .matched = matched,
                                        .scope = task.scope,
@@ -64,7 +66,7 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
                               std::back_inserter(result.sizes));
         }
     }
-    if (task.trigger == RestoreTrigger::automatic) {
+    if (request.trigger == RestoreTrigger::automatic) {
         // Before the end is announced: user moves count from then on.
         auto watches = desk.watchUserMoves(RestoreFollowUp::windowsOf(result.kept));
         for (std::size_t i = 0; i < watches.size(); ++i) {
@@ -72,9 +74,9 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
         }
     }
     result.isAbandoned = task.permit->isRevoked();
-    if (result.scene && task.hidesAllBut && !result.isAbandoned) {
+    if (result.scene && request.hidesAllBut && !result.isAbandoned) {
         result.hiddenBundleIDs =
-            hide(SceneSwitchPolicy::bundleIDsToHide(result.scene->runningBundleIDs, *task.hidesAllBut,
+            hide(SceneSwitchPolicy::bundleIDsToHide(result.scene->runningBundleIDs, *request.hidesAllBut,
                                                     task.scope.filter.excludedBundleID.value_or("")),
                  workspace);
     }

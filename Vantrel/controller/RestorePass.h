@@ -12,23 +12,15 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace vantrel::RestorePass {
 
-// Values only, so that a worker can own it. The request's callbacks stay on the main thread.
+// Values only, so that a worker can own it.
 struct Task {
-    Layout layout;
-    RestoreTrigger trigger = RestoreTrigger::manual;
-    // See RestoreRequest.
-    std::vector<std::string> unhides;
-    std::optional<std::set<std::string>> hidesAllBut;
-    std::optional<SceneOnDesk> scene;
-    // For an undo: the live windows that correspond to the layout's windows, index by index.
-    std::optional<std::vector<WindowID>> known;
-    // Otherwise: the live windows that some of the layout's windows are known to be.
+    RestoreRequest request;
+    // Except for an undo, which names its windows: those that some of the layout's windows are known to be.
     WindowPairing::Known identities;
     DeskCapture::Reach reach = DeskCapture::Reach::visible;
     RestoreEngine::Options options;

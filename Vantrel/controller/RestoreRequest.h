@@ -1,4 +1,5 @@
-// A request for one restore, waiting or running.
+// A request for one restore: a value, of which a worker may have a copy, and the callbacks of whoever wants
+// it, which never leave the main thread.
 #pragma once
 
 #include "Vantrel/controller/RestoreOutcome.h"
@@ -44,20 +45,23 @@ struct RestoreRequest {
     // For an undo: the live windows that correspond to the layout's windows, index by index. Otherwise the
     // windows are matched.
     std::vector<WindowID> windows = {};
-    // If set, called on the main thread when its turn comes, before anything is read or moved. May change
-    // what is restored, but not the desk.
-    std::function<void(RestoreRequest&)> prepare = {};
     // Applications to show before anything is captured, if an earlier scene has hidden them.
     std::vector<std::string> unhides = {};
     // If set, hides all other regular applications once everything is in place. Only for a scene.
     std::optional<std::set<std::string>> hidesAllBut = std::nullopt;
     // Not announced, nor recorded, if every window turns out to be in place.
     bool isCheck = false;
-    // If set, called when an undo has reverted this restore.
+};
+
+// Each is called if it is set.
+struct RestoreCallbacks {
+    // Called when its turn comes, before anything is read or moved. May change what is restored, but not the
+    // desk.
+    std::function<void(RestoreRequest&, RestoreCallbacks&)> prepare = {};
+    // Called when an undo has reverted this restore.
     std::function<void()> undone = {};
-    // If set, called at the end of the restore, before `done` and the history; may add to the report.
+    // Called at the end of the restore, before `done` and the history; may add to the report.
     std::function<void(RestorePass::Result&)> finished = {};
-    // If set, called with the outcome.
     RestoreOutcome::Done done = {};
 
     void tell(const RestoreOutcome& outcome) const {

@@ -11,36 +11,31 @@ namespace vantrel {
 RestoreRunner::RestoreRunner(ControllerContext& context, RestoreHistory& history)
     : m_context(context), m_history(history),
       m_followUp(context, [this](const std::vector<std::size_t>& items) { m_history.addFollowUp(items); }) {
-    m_context.gate.onPassEnded = [this] { runPending(); };
+    m_context.moves.onAbandoned = [this] { m_followUp.end(); };
 }
 
-void RestoreRunner::perform(RestoreRequest request) {
+void RestoreRunner::perform(RestoreRequest request, RestoreCallbacks callbacks) {
     if (m_context.gate.isRestoring()) {
         m_context.log("restore queued: another restore is in flight");
-        queue(std::move(request));
     } else if (m_context.gate.isPassUnderWay()) {
         m_context.log("restore queued: a capture is in flight");
-        // The capture may be a follow-up, which this restore ends.
-        abandonMoves();
-        queue(std::move(request));
-    } else {
-        start(std::move(request));
     }
+    const auto job = std::make_shared<Job>(std::move(request), std::move(callbacks));
+    m_context.moves.request(
+        {.start =
+             [this, job] {
+                 const bool hasStarted = m_context.guarded([&] { start(job); });
+                 if (!hasStarted && !m_context.gate.isRestoring()) {
+                     job->callbacks.tell({.kind = RestoreOutcome::Kind::failed, .report = {}});
+                 }
+             },
+         .replaced =
+             [job] { job->callbacks.tell({.kind = RestoreOutcome::Kind::superseded, .report = {}}); }});
 }
 
-void RestoreRunner::queue(RestoreRequest request) {
-    if (const auto replaced = std::exchange(m_pending, std::move(request))) {
-        replaced->tell({.kind = RestoreOutcome::Kind::superseded, .report = {}});
-    }
-}
-
-void RestoreRunner::abandonMoves() {
-    m_followUp.end();
-    m_context.gate.revokePermit();
-}
-
-void RestoreRunner::start(RestoreRequest request) {
+void RestoreRunner::start(const std::shared_ptr<Job>& job) {
     using Kind = RestoreOutcome::Kind;
+    RestoreRequest& request = job->request;
     const bool isOfThisDesk = request.layout.configID == m_context.state().configID;
     const auto hindrance = isOfThisDesk ? m_context.hindranceToMoving() : Kind::displaysChanging;
     if (hindrance) {
@@ -49,87 +44,77 @@ void RestoreRunner::start(RestoreRequest request) {
                                                           : "restore dropped: " + outcome.text());
         m_context.refreshStatus();
         announceFailure(request, outcome);
-        request.tell(outcome);
+        job->callbacks.tell(outcome);
         return;
     }
-    if (request.prepare) {
-        request.prepare(request);
+    if (job->callbacks.prepare) {
+        job->callbacks.prepare(request, job->callbacks);
     }
-    abandonMoves();
-    const bool doesSizes = m_context.settings.restoreSizes();
-    RestorePass::Task task{
-        .layout = request.layout,
-        .trigger = request.trigger,
-        .unhides = request.unhides,
-        .hidesAllBut = request.hidesAllBut,
-        .scene = request.scene,
-        .known = {},
-        .identities = m_context.notes.find(request.layout),
-        .reach = request.purpose == RestorePurpose::restore ? DeskCapture::Reach::every
-                                                            : DeskCapture::Reach::visible,
-        .options = {.sizes = doesSizes ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave,
-                    .stubbornBundleIDs = m_history.stubbornBundleIDs(),
-                    .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
-        .scope = {},
-        .permit = m_context.gate.issuePermit()};
-    if (request.purpose == RestorePurpose::undo) {
-        task.known = request.windows;
-    }
-    task.options.raising =
-        request.raising == RestoreEngine::Raising::leave && request.purpose == RestorePurpose::restore
-            ? RestoreEngine::Raising::amongMoved
-            : request.raising;
-    task.scope = m_context.captureScope(request.displays);
+    m_followUp.end();
     const auto count = static_cast<std::int64_t>(request.layout.windows.size());
-    const bool isAnnounced = request.announcement == Announcement::announce && !request.isCheck;
-    const auto cause = request.announcedCause;
     m_context.inBackground(
         WorkPriority::userInitiated,
-        [task = std::move(task), ports = m_context.ports] {
+        [task = task(request), ports = m_context.ports] {
             return RestorePass::run(task, ports.desk, ports.workspace, ports.clock);
         },
-        [this, request = std::move(request)](std::optional<RestorePass::Result> result) {
-            finish(request, std::move(result));
-        });
+        [this, job](std::optional<RestorePass::Result> result) { finish(*job, std::move(result)); });
     // From here on finish() is guaranteed to be called.
     m_context.gate.beginRestore();
     m_context.showPhase({Phase::Restoring{count}});
-    if (isAnnounced) {
-        m_context.announce(HUD::Restoring{cause});
+    if (request.announcement == Announcement::announce && !request.isCheck) {
+        m_context.announce(HUD::Restoring{request.announcedCause});
     }
 }
 
-void RestoreRunner::finish(const RestoreRequest& request, std::optional<RestorePass::Result> result) {
+RestorePass::Task RestoreRunner::task(const RestoreRequest& request) {
+    using RestoreEngine::Raising, RestoreEngine::Sizes;
+    const bool isRestore = request.purpose == RestorePurpose::restore;
+    return {.request = request,
+            .identities = m_context.notes.find(request.layout),
+            .reach = isRestore ? DeskCapture::Reach::every : DeskCapture::Reach::visible,
+            .options = {.sizes = m_context.settings.restoreSizes() ? Sizes::restore : Sizes::leave,
+                        .raising = isRestore && request.raising == Raising::leave ? Raising::amongMoved
+                                                                                  : request.raising,
+                        .stubbornBundleIDs = m_history.stubbornBundleIDs(),
+                        .restoreLast = RuleApplication::restoreLastBundleIDs(m_context.store.rules())},
+            .scope = m_context.captureScope(request.displays),
+            .permit = m_context.moves.newPermit()};
+}
+
+void RestoreRunner::finish(const Job& job, std::optional<RestorePass::Result> result) {
     m_context.gate.noteWindowsMoved();
     const bool isDone = m_context.guarded([&] {
         if (!result) {
-            giveUp(request, RestoreOutcome::Kind::failed);
+            giveUp(job, RestoreOutcome::Kind::failed);
         } else if (result->isAbandoned) {
-            endAbandoned(request, *result);
+            endAbandoned(job, *result);
         } else {
-            conclude(request, *result);
+            conclude(job, *result);
         }
     });
     if (!isDone) {
         m_context.gate.endRestore();
     }
-    runPending();
-    if (!m_context.gate.isRestoring()) {
+    m_context.moves.startNext();
+    if (m_context.gate.isPassUnderWay()) {
+        m_context.gate.afterPass(m_context.onDeskArranged);
+    } else if (!m_context.gate.isRestoring()) {
         m_context.onDeskArranged();
     }
 }
 
-void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result& result) {
+void RestoreRunner::conclude(const Job& job, RestorePass::Result& result) {
     const bool isTakenUp = m_context.guarded([&] {
-        onFinished(request, result);
-        if (request.finished) {
-            request.finished(result);
+        onFinished(job.request, job.callbacks, result);
+        if (job.callbacks.finished) {
+            job.callbacks.finished(result);
         }
     });
     if (!isTakenUp) {
-        giveUp(request, RestoreOutcome::Kind::failed);
+        giveUp(job, RestoreOutcome::Kind::failed);
         return;
     }
+    const RestoreRequest& request = job.request;
     if (request.purpose != RestorePurpose::undo) {
         m_context.notes.note(request.layout, result.report);
     }
@@ -141,7 +126,7 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     m_context.onNoted();
     m_context.log(ControllerText::restoreReport(result.report));
     // Callers waiting for the outcome need not wait for the files.
-    request.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
+    job.callbacks.tell({.kind = RestoreOutcome::Kind::finished, .report = result.report});
     if (request.isCheck && result.changedNothing) {
         m_context.gate.endRestore();
         m_context.showPhase({});
@@ -156,24 +141,24 @@ void RestoreRunner::conclude(const RestoreRequest& request, RestorePass::Result&
     }
 }
 
-void RestoreRunner::endAbandoned(const RestoreRequest& request, const RestorePass::Result& result) {
+void RestoreRunner::endAbandoned(const Job& job, const RestorePass::Result& result) {
     m_context.log("restore abandoned: the displays changed meanwhile");
     if (result.hasMovedWindows) {
         m_context.guarded([&] {
-            onFinished(request, result);
-            m_history.record(request, result);
+            onFinished(job.request, job.callbacks, result);
+            m_history.record(job.request, result);
         });
     }
-    giveUp(request, RestoreOutcome::Kind::displaysChanging);
+    giveUp(job, RestoreOutcome::Kind::displaysChanging);
 }
 
-void RestoreRunner::giveUp(const RestoreRequest& request, RestoreOutcome::Kind why) {
+void RestoreRunner::giveUp(const Job& job, RestoreOutcome::Kind why) {
     m_context.gate.endRestore();
     m_context.showPhase({});
     m_context.refreshStatus();
     const RestoreOutcome outcome{.kind = why, .report = {}};
-    announceFailure(request, outcome);
-    request.tell(outcome);
+    announceFailure(job.request, outcome);
+    job.callbacks.tell(outcome);
 }
 
 void RestoreRunner::announceFailure(const RestoreRequest& request, const RestoreOutcome& outcome) const {
@@ -200,12 +185,6 @@ void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreRe
         const bool isUndo = request.purpose == RestorePurpose::undo;
         m_context.announce(
             HUD::Done{RestoreTally::of(report), report.elapsed, isUndo ? "Undone" : request.announcedCause});
-    }
-}
-
-void RestoreRunner::runPending() {
-    if (m_pending && m_context.gate.isIdle()) {
-        start(*std::exchange(m_pending, std::nullopt));
     }
 }
 

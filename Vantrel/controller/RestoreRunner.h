@@ -1,4 +1,4 @@
-// Runs all restores, one at a time, and queues the newest request that arrives meanwhile.
+// Runs all restores: each in its turn, with its report, its place in the history and its follow-up.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -7,6 +7,7 @@
 #include "Vantrel/controller/RestorePass.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace vantrel {
@@ -17,31 +18,32 @@ public:
 
     // Starts at once, or after the running restore or pass, replacing any request that is already queued. A
     // request whose desk is no longer current when its turn comes is dropped.
-    void perform(RestoreRequest request);
+    void perform(RestoreRequest request, RestoreCallbacks callbacks = {});
 
     // Called with the request and its result when a restore has ended, before its `done`, and when one was
     // abandoned after it had moved windows.
-    std::function<void(const RestoreRequest&, const RestorePass::Result&)> onFinished = [](const auto&...) {};
-
-    // Stops all moves for the current desk, which is about to change.
-    void abandonMoves();
+    std::function<void(const RestoreRequest&, const RestoreCallbacks&, const RestorePass::Result&)>
+        onFinished = [](const auto&...) {};
 
 private:
-    void queue(RestoreRequest request);
-    void start(RestoreRequest request);
-    void finish(const RestoreRequest& request, std::optional<RestorePass::Result> result);
-    void conclude(const RestoreRequest& request, RestorePass::Result& result);
-    void endAbandoned(const RestoreRequest& request, const RestorePass::Result& result);
-    void giveUp(const RestoreRequest& request, RestoreOutcome::Kind why);
+    struct Job {
+        RestoreRequest request;
+        RestoreCallbacks callbacks;
+    };
+
+    void start(const std::shared_ptr<Job>& job);
+    [[nodiscard]] RestorePass::Task task(const RestoreRequest& request);
+    void finish(const Job& job, std::optional<RestorePass::Result> result);
+    void conclude(const Job& job, RestorePass::Result& result);
+    void endAbandoned(const Job& job, const RestorePass::Result& result);
+    void giveUp(const Job& job, RestoreOutcome::Kind why);
     // Shows and announces the report.
     void announceFailure(const RestoreRequest& request, const RestoreOutcome& outcome) const;
     void publishReport(const RestoreRequest& request, const RestoreReport& report);
-    void runPending();
 
     ControllerContext& m_context;
     RestoreHistory& m_history;
     RestoreFollowUpFlow m_followUp;
-    std::optional<RestoreRequest> m_pending;
 };
 
 } // namespace vantrel

@@ -71,12 +71,12 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
                       .announcement = Announcement::announce,
                       .sceneName = scene.name,
                       .scene = std::move(onDesk),
-                      .raising = RestoreEngine::Raising::raise,
-                      .prepare =
-                          [this, scene](RestoreRequest& request) {
+                      .raising = RestoreEngine::Raising::raise},
+                     {.prepare =
+                          [this, scene](RestoreRequest& request, RestoreCallbacks& callbacks) {
                               request.unhides = request.scene->bundleIDs;
                               hideOthers(request, scene);
-                              rememberFormer(request, scene.id);
+                              rememberFormer(callbacks, scene.id);
                           },
                       .finished = [this, scene](RestorePass::Result& result) { finish(scene, result); },
                       .done = std::move(done)});
@@ -85,10 +85,10 @@ bool SceneApplyFlow::applyScene(const Scene& scene, const std::optional<std::str
 
 // Undo makes the previously applied scene the last applied one again. Reapplying a scene keeps the earlier
 // undo target.
-void SceneApplyFlow::rememberFormer(RestoreRequest& request, const std::string& id) {
+void SceneApplyFlow::rememberFormer(RestoreCallbacks& callbacks, const std::string& id) {
     const auto former = m_context.state().lastAppliedSceneID;
     if (former != id) {
-        request.undone = [this, former] {
+        callbacks.undone = [this, former] {
             m_scenes.setLastApplied(former);
             if (onUndone) {
                 onUndone();

@@ -35,7 +35,7 @@ public:
 
 private:
     void hideOthers(RestoreRequest& request, const Scene& scene);
-    void rememberFormer(RestoreRequest& request, const std::string& id);
+    void rememberFormer(RestoreCallbacks& callbacks, const std::string& id);
     void finish(const Scene& scene, RestorePass::Result& result);
     [[nodiscard]] std::vector<SceneSettlement::LaunchedApp> launchMissing(const Scene& scene,
                                                                           const ScenePass::Result& pass);

@@ -28,7 +28,6 @@ struct Look {
     std::vector<SettlementFlow::Seated> seated;
     DeskCapture::Scope scope;
     RestoreEngine::Sizes sizes = RestoreEngine::Sizes::restore;
-    std::shared_ptr<const MovePermit> permit;
 };
 
 // Leaves out windows that are already in their places.
@@ -93,18 +92,16 @@ bool SettlementFlow::isExpired() {
 }
 
 void SettlementFlow::schedulePoll() {
-    m_poll = m_context.ports.mainQueue.after(pollInterval,
-                                             [this, token = m_pending->settlement.token] { poll(token); });
+    m_turn.reset();
+    m_poll = m_context.ports.mainQueue.after(pollInterval, [this] { awaitTurn(); });
 }
 
-void SettlementFlow::poll(std::int64_t token) {
-    if (!m_pending || m_pending->settlement.token != token) {
-        return;
-    }
-    if (!m_context.gate.isIdle()) {
-        // The restore may be of the same scene, which then continues here.
-        schedulePoll();
-    } else if (isOvertaken()) {
+void SettlementFlow::awaitTurn() {
+    m_turn = m_context.moves.inTurn([this] { poll(); });
+}
+
+void SettlementFlow::poll() {
+    if (isOvertaken()) {
         cancel("the desk has changed");
     } else if (m_context.hindranceToMoving()) {
         cancel("windows may no longer be moved");
@@ -127,15 +124,13 @@ std::vector<SceneSlot> SettlementFlow::expectedSlots() const {
 void SettlementFlow::look() {
     const auto sizes =
         m_context.settings.restoreSizes() ? RestoreEngine::Sizes::restore : RestoreEngine::Sizes::leave;
-    m_context.runPass(
-        WorkPriority::userInitiated,
+    m_context.runMove(
         [look = Look{.slots = expectedSlots(),
                      .panelsOf = bundleIDsWithEligiblePanels(),
                      .seated = m_pending->seated,
                      .scope = m_context.captureScope(m_context.state().displays),
-                     .sizes = sizes,
-                     .permit = m_context.gate.permit()},
-         ports = m_context.ports] {
+                     .sizes = sizes},
+         ports = m_context.ports](const MovePermit& permit) {
             auto found = candidates(look, ports.desk);
             Seen seen;
             for (const LiveWindow& panel : found.panels) {
@@ -146,7 +141,7 @@ void SettlementFlow::look() {
             });
             // Applications without a window yet are still starting, not missing.
             seen.slots = SlotFilling::fill(look.slots, found, {}, look.scope.displays, look.sizes, ports.desk,
-                                           *look.permit, ports.clock);
+                                           permit, ports.clock);
             return seen;
         },
         [this, token = m_pending->settlement.token](const std::optional<Seen>& seen) {
@@ -260,6 +255,7 @@ void SettlementFlow::markPlaced(const SlotFilling::Result& result) {
 // Windows now in their slots become part of the scene.
 void SettlementFlow::keepWhatWasFilled() {
     m_poll.reset();
+    m_turn.reset();
     m_scenes.solidify(m_pending->settlement.sceneID, m_pending->filled, m_pending->placed);
 }
 

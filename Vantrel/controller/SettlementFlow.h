@@ -79,7 +79,8 @@ private:
     };
 
     void schedulePoll();
-    void poll(std::int64_t token);
+    void awaitTurn();
+    void poll();
     struct Seen;
     void look();
     void settle(const Seen& seen);
@@ -102,6 +103,7 @@ private:
     std::optional<Pending> m_pending;
     std::int64_t m_token = 0;
     std::unique_ptr<ScheduledWork> m_poll;
+    std::unique_ptr<ScheduledWork> m_turn;
 };
 
 } // namespace vantrel

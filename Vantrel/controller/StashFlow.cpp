@@ -99,8 +99,8 @@ bool StashFlow::bringBack(const std::string& stashID, const RestoreOutcome::Done
                       .reason = "stash",
                       .purpose = RestorePurpose::stashReturn,
                       .announcement = Announcement::announce,
-                      .raising = RestoreEngine::Raising::raise,
-                      .undone =
+                      .raising = RestoreEngine::Raising::raise},
+                     {.undone =
                           [this, stash] {
                               if (!m_store.stash(stash.id)) {
                                   m_store.add(stash, Saving::later([this](bool) { showStored(); }));

@@ -9,7 +9,8 @@
 
 namespace vantrel {
 
-void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result& result) {
+void UndoFlow::remember(const RestoreRequest& request, const RestoreCallbacks& callbacks,
+                        const RestorePass::Result& result) {
     if (!result.before) {
         m_unhidden = result.unhidden;
         // An interrupted undo can be repeated when its desk is back.
@@ -29,13 +30,13 @@ void UndoFlow::remember(const RestoreRequest& request, const RestorePass::Result
                                 .hiddenBundleIDs = {}},
                        .windows = {},
                        .raising = request.raising,
-                       .undone = isWindowsOnly ? nullptr : request.undone};
+                       .undone = isWindowsOnly ? nullptr : callbacks.undone};
     // Use the restore's desk, not the one that has replaced it meanwhile.
     m_latest->slot.layout.configID = request.layout.configID;
     for (const LiveWindow& window : before.windows) {
         m_latest->windows.push_back(window.id);
     }
-    if (!result.changedNothing || request.undone) {
+    if (!result.changedNothing || callbacks.undone) {
         setSlot(m_latest);
     }
 }
@@ -97,17 +98,17 @@ bool UndoFlow::undoLastRestore(const RestoreOutcome::Done& done) {
                            .displays = m_context.state().displays,
                            .reason = "",
                            .purpose = RestorePurpose::undo,
-                           .announcement = Announcement::announce,
-                           .prepare = [this](RestoreRequest& due) { prepare(due); },
-                           .done =
-                               [this, done](const RestoreOutcome& outcome) {
-                                   finish(outcome);
-                                   if (done) {
-                                       done(outcome);
-                                   }
-                               }};
+                           .announcement = Announcement::announce};
     fill(request);
-    m_runner.perform(std::move(request));
+    m_runner.perform(std::move(request),
+                     {.prepare = [this](RestoreRequest& due, RestoreCallbacks&) { prepare(due); },
+                      .done =
+                          [this, done](const RestoreOutcome& outcome) {
+                              finish(outcome);
+                              if (done) {
+                                  done(outcome);
+                              }
+                          }});
     return true;
 }
 

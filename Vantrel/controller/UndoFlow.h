@@ -18,7 +18,8 @@ public:
     UndoFlow(ControllerContext& context, RestoreRunner& runner) : m_context(context), m_runner(runner) {}
 
     // Called when a restore has finished, or was abandoned after it had moved windows.
-    void remember(const RestoreRequest& request, const RestorePass::Result& result);
+    void remember(const RestoreRequest& request, const RestoreCallbacks& callbacks,
+                  const RestorePass::Result& result);
 
     // Moves every window back and shows the applications passed to noteHidden(). Returns false when nothing
     // is going to move.

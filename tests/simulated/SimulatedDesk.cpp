@@ -102,15 +102,15 @@ void SimulatedDesk::change(const DeskSetup& setup, const Burst& burst) {
         return std::ranges::find(m_displays, display) == m_displays.end();
     });
     const double end = (events - 1) * burst.spacing;
-    later(end + habits.rescueDelay, unlessOvertaken([this] { rescueWindows(); }));
+    later(end + habits.rescueDelay, unlessOvertaken([this] { rescueWindows({}); }));
     for (const double delay : habits.meddlingDelays) {
-        later(end + delay, unlessOvertaken([this, arrived] { meddle(arrived); }));
+        later(end + delay, unlessOvertaken([this, arrived] { rescueWindows(arrived); }));
     }
 }
 
 void SimulatedDesk::setWindowManagerRunning(bool isRunning) {
     m_hasWindowManager = isRunning;
-    later(habits.rescueDelay, [this] { rescueWindows(); });
+    later(habits.rescueDelay, [this] { rescueWindows({}); });
 }
 
 std::int32_t SimulatedDesk::launch(const std::string& bundleID, const std::string& name) {
@@ -401,35 +401,18 @@ bool SimulatedDesk::carryOut(const WindowOrder& order) {
     return true;
 }
 
-void SimulatedDesk::rescueWindows() {
+void SimulatedDesk::rescueWindows(const std::vector<SimulatedDisplay>& shunned) {
     if (m_displays.empty() || !m_hasWindowManager) {
         return;
     }
     for (auto& window : m_windows) {
-        if (!shows(window->frame.center())) {
-            rescue(*window);
-        } else {
-            // A maximised one's display may have another size.
-            put(*window, window->ordinaryFrame(), window->states);
-        }
-    }
-}
-
-void SimulatedDesk::meddle(const std::vector<SimulatedDisplay>& arrived) {
-    if (!m_hasWindowManager) {
-        return;
-    }
-    for (auto& window : m_windows) {
         const SimulatedDisplay* const display = displayAt(window->frame.center());
-        if (display != nullptr && std::ranges::find(arrived, *display) != arrived.end()) {
-            rescue(*window);
-        }
+        const bool stays = display != nullptr && std::ranges::find(shunned, *display) == shunned.end();
+        const Rect frame = window->ordinaryFrame();
+        // The display of a maximised window that stays may have another size.
+        put(*window, stays ? frame : DisplayGeometry::clamp(frame, m_displays.front().usableFrame()),
+            window->states);
     }
-}
-
-void SimulatedDesk::rescue(SimulatedWindow& window) {
-    put(window, DisplayGeometry::clamp(window.ordinaryFrame(), m_displays.front().usableFrame()),
-        window.states);
 }
 
 } // namespace vantrel::simulated

@@ -148,10 +148,8 @@ private:
     void put(SimulatedWindow& window, const Rect& frame, const PlaceStates& states);
     // Puts the window directly in front of `sibling`, else in front of all; false if one of them is gone.
     bool restack(WindowID id, std::optional<WindowID> sibling);
-    void rescueWindows();
-    void meddle(const std::vector<SimulatedDisplay>& arrived);
-    // Moves the window to the first display, as window managers do.
-    void rescue(SimulatedWindow& window);
+    // Moves windows that are on no display, or on one of these, to the first, as window managers do.
+    void rescueWindows(const std::vector<SimulatedDisplay>& shunned);
 
     SimulatedTime& m_time;
     std::vector<SimulatedDisplay> m_displays;

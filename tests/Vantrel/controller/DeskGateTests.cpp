@@ -91,15 +91,6 @@ TEST_F(OfADesk, AMomentKnowsWhatHasHappenedSince) {
     }
 }
 
-TEST_F(OfADesk, ARevokedPermitStaysRevokedAndLaunchesGetANewOne) {
-    const auto first = gate.issuePermit();
-    EXPECT_EQ(gate.validPermit(), first);
-    gate.revokePermit();
-    EXPECT_EQ(gate.permit(), first);
-    const auto second = gate.validPermit();
-    EXPECT_EQ(std::tuple(first->isRevoked(), second->isRevoked()), std::tuple(true, false));
-}
-
 TEST_F(OfADesk, WaitingWorkRunsOnceAfterThePassEvenWhenSomeOfItThrows) {
     std::vector<std::string> done;
     gate.onPassEnded = [&] { done.emplace_back(gate.isPassUnderWay() ? "still under way" : "ended"); };
