@@ -33,7 +33,6 @@ constexpr Step beginRestore = [](DeskGate& gate) { gate.beginRestore(); };
 constexpr Step moved = [](DeskGate& gate) { gate.noteWindowsMoved(); };
 constexpr Step endRestore = [](DeskGate& gate) { gate.endRestore(); };
 constexpr Step beginPass = [](DeskGate& gate) { gate.beginPass(); };
-constexpr Step endPass = [](DeskGate& gate) { gate.endPass(); };
 constexpr Step edit = [](DeskGate& gate) { gate.noteEdit(); };
 
 TEST(DeskGate, OnlyAPromiseThatStillHoldsResumesLearning) {

@@ -85,7 +85,7 @@ TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
              {true, true, true, false},
              {},
              retried,
-             move + "position size position. read. "},
+             move + "position size position. look. look. "},
             {"obeys once made small", obeyingAfter(6), {}, {}, retried, move + move + sizeFirst},
         };
     for (const auto& [name, respond, taken, options, outcome, events] : cases) {
