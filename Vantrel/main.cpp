@@ -40,6 +40,7 @@
 #include "Vantrel/platform/qt/StatusNotifierHost.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
 #include "Vantrel/platform/qt/UserFolders.h"
+#include "Vantrel/platform/qtx11/OwnWindows.h"
 #include "Vantrel/platform/x11/DesktopLauncher.h"
 #include "Vantrel/platform/x11/Registration.h"
 #include "Vantrel/platform/x11/UnrestrictedStart.h"
@@ -466,6 +467,7 @@ int main(int argumentCount, char** arguments) {
     application.setQuitOnLastWindowClosed(false);
     application.setApplicationDisplayName("Vantrel");
     application.setDesktopFileName(ownBundleID);
+    const OwnWindows ownWindows(ownBundleID);
     std::atexit(endWithTheServer);
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {

@@ -106,7 +106,8 @@ void StatusItemContextMenu::clicked() {
 void StatusItemContextMenu::refresh() {
     // An open menu keeps its entries, so that they do not change under the user's pointer.
     const auto wanted = wantedEntries();
-    if (m_shownEntries != wanted && !m_isOpen) {
+    const bool isOpen = m_tray == Tray::menuBar ? m_isOpen : m_menu.isVisible();
+    if (m_shownEntries != wanted && !isOpen) {
         fill(m_menu, wanted, m_tray);
         m_shownEntries = wanted;
     }

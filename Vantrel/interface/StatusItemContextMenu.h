@@ -73,7 +73,8 @@ private:
     QSystemTrayIcon* m_icon = nullptr;
     Tray m_tray = Tray::xembed;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
-    // Tracked by signals: a menu that macOS shows in the menu bar does not count as visible.
+    // For the menu bar: a menu that macOS shows there does not count as visible. Elsewhere this is not
+    // reliable, as trays need not say that they have closed the menu.
     bool m_isOpen = false;
     Publisher::ObserverID m_observer;
     // Expires with this object, for restores that end later.
