@@ -149,7 +149,9 @@ void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {
         painter.setFont(font);
         painter.setPen(color);
         const QRect place(textLeft, top, textWidth, metrics.height());
-        painter.drawText(place, QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter),
+        const Qt::Alignment alignment =
+            QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
+        painter.drawText(place, static_cast<int>(alignment),
                          metrics.elidedText(qt(text), Qt::ElideRight, place.width()));
         return top + metrics.height() + lineGap;
     };

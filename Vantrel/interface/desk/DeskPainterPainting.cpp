@@ -32,7 +32,9 @@ void hatch(QPainter& painter, const QRectF& area, double radius, const QColor& c
     shape.addRoundedRect(area, radius, radius);
     painter.setClipPath(shape, Qt::IntersectClip);
     painter.setPen(QPen(color, 1.6));
-    for (double x = area.left() - area.height(); x < area.right(); x += period) {
+    const int lines = static_cast<int>(std::ceil((area.width() + area.height()) / period));
+    for (int line = 0; line < lines; ++line) {
+        const double x = area.left() - area.height() + line * period;
         painter.drawLine(QPointF(x, area.bottom()), QPointF(x + area.height(), area.top()));
     }
     painter.restore();

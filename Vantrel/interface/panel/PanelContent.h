@@ -131,19 +131,13 @@ struct PanelContent {
     };
 
     std::string deskName;
-    // A desk has a name once something is remembered for it.
-    bool canRename = false;
     Phase phase;
     std::string phaseText;
-    bool isOn = true;
     std::vector<Message> messages;
     DeskPicture drawing;
-    // Nothing is remembered for this desk yet.
-    bool isEmpty = false;
     Button restore;
     Button save;
     Button stash;
-    bool isStashed = false;
     Button undo;
     // None while nothing is remembered.
     std::optional<Layouts> layouts;
@@ -151,8 +145,14 @@ struct PanelContent {
     // "3 scenes on other desks"; empty without any.
     std::string otherScenesText;
     std::vector<SceneGroup> otherScenes;
-    bool canSaveScene = true;
     std::optional<Result> lastResult;
+    // A desk has a name once something is remembered for it.
+    bool canRename = false;
+    bool isOn = true;
+    // Nothing is remembered for this desk yet.
+    bool isEmpty = false;
+    bool isStashed = false;
+    bool canSaveScene = true;
 
     bool operator==(const PanelContent&) const = default;
 

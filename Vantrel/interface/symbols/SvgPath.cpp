@@ -139,7 +139,7 @@ private:
                 break;
             }
         }
-        const double value = QByteArrayView(m_data.data(), static_cast<qsizetype>(end)).toDouble();
+        const double value = QByteArrayView(m_data.substr(0, end)).toDouble();
         m_data.remove_prefix(end);
         return value;
     }

@@ -15,6 +15,8 @@ struct Frame {
 std::size_t walk(std::uintptr_t programCounter, std::uintptr_t framePointer, const Stack& stack,
                  std::span<void*> frames) {
     std::size_t count = 0;
+    // Registers and the stack hold addresses as integers.
+    // NOLINTBEGIN(performance-no-int-to-ptr)
     const auto add = [&](std::uintptr_t address) { frames[count++] = reinterpret_cast<void*>(address); };
     if (!frames.empty()) {
         add(programCounter);
@@ -30,6 +32,7 @@ std::size_t walk(std::uintptr_t programCounter, std::uintptr_t framePointer, con
         lowest = framePointer + sizeof(Frame);
         framePointer = frame->next;
     }
+    // NOLINTEND(performance-no-int-to-ptr)
     return count;
 }
 
