@@ -32,8 +32,6 @@ Context usual() {
 std::unique_ptr<PanelWindow> window(const PublishedState& state, const Context& context,
                                     PanelWindow::Kind kind = PanelWindow::Kind::popover) {
     PanelActions actions;
-    actions.openWorkbench = [] {};
-    actions.openSettings = [] {};
     actions.scenes.problemWithName = [](const std::string& name) {
         return name == "Write" ? PanelActions::Problem("That name is used by another scene.") : std::nullopt;
     };
