@@ -48,7 +48,7 @@ private:
     Publisher::ObserverID m_observer;
     // The last values signaled.
     Phase m_phase;
-    std::optional<PublishedState::LastRestore> m_lastRestore;
+    std::optional<LastRestore> m_lastRestore;
     // Expires with the service, so that later outcomes are ignored.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

@@ -154,21 +154,21 @@ struct StashesTopic {
     bool operator==(const StashesTopic&) const = default;
 };
 
+struct LastRestore {
+    Date date;
+    std::string configID;
+    // The cause, in words: "display change".
+    std::string reason;
+    RestoreReport report;
+    // The displays had changed.
+    bool isAutomatic = false;
+
+    bool operator==(const LastRestore&) const = default;
+};
+
 // What restores did, and what undo would do.
 struct HistoryTopic {
     static constexpr Topic topic = Topic::history;
-
-    struct LastRestore {
-        Date date;
-        std::string configID;
-        // The cause, in words: "display change".
-        std::string reason;
-        RestoreReport report;
-        // The displays had changed.
-        bool isAutomatic = false;
-
-        bool operator==(const LastRestore&) const = default;
-    };
 
     std::optional<LastRestore> lastRestore;
     // Incremented when the restore history changes.

@@ -171,12 +171,11 @@ void RestoreRunner::announceFailure(const RestoreRequest& request, const Restore
 void RestoreRunner::publishReport(const RestoreRequest& request, const RestoreReport& report) {
     const auto restored = static_cast<std::int64_t>(report.restoredCount());
     m_context.publisher.publish<HistoryTopic>([&](auto& history) {
-        history.lastRestore =
-            PublishedState::LastRestore{.date = m_context.ports.clock.now(),
-                                        .configID = request.layout.configID,
-                                        .reason = request.reason,
-                                        .report = report,
-                                        .isAutomatic = request.trigger == RestoreTrigger::automatic};
+        history.lastRestore = LastRestore{.date = m_context.ports.clock.now(),
+                                          .configID = request.layout.configID,
+                                          .reason = request.reason,
+                                          .report = report,
+                                          .isAutomatic = request.trigger == RestoreTrigger::automatic};
     });
     m_context.showPhase({Phase::Restored{restored, report.elapsed}});
     m_context.refreshStatus();

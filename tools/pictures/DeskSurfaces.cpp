@@ -69,7 +69,8 @@ DeskPicture sixDisplays() {
     std::vector<DisplayInfo> displays;
     std::vector<SampleDesks::Placed> windows;
     for (int i = 0; i < 6; ++i) {
-        const Point corner{(i % 3) * 1920.0, (i / 3) * 1080.0};
+        const int row = i / 3;
+        const Point corner{(i % 3) * 1920.0, row * 1080.0};
         displays.push_back(SampleDesks::display("Monitor " + std::to_string(i + 1), {corner, {1920, 1080}}));
         windows.push_back({SampleDesks::everyday()[static_cast<std::size_t>(i)].app,
                            "Window",
@@ -93,7 +94,7 @@ DeskPicture moved() {
 } // namespace
 
 std::vector<Surface> deskSurfaces() {
-    constexpr QSize small(200, 140);
+    static constexpr QSize small(200, 140);
     std::vector<Surface> surfaces{
         surface("everyday", everyday(), {900, 330}),
         surface("panel-width", DeskPicture::ofCurrentDesk(SampleDesks::state()), {348, 150}),

@@ -55,8 +55,9 @@ void addLastRestore(PublishedState& state, std::size_t restored, std::size_t fai
     last.configID = state.configID;
     last.report.items.resize(restored + failed);
     for (std::size_t i = 0; i < restored; ++i) {
-        auto& move = last.report.items[i].move.emplace();
+        RestoreReport::Move move;
         move.achieved = Rect{{100, 100}, {400, 300}};
+        last.report.items[i].move = move;
     }
     for (std::size_t i = restored; i < restored + failed; ++i) {
         last.report.items[i].outcome.kind = RestoreReport::Kind::failed;

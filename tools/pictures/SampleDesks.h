@@ -10,8 +10,8 @@
 namespace vantrel::pictures::SampleDesks {
 
 struct Placed {
-    const char* app;
-    const char* title;
+    const char* app = "";
+    const char* title = "";
     Rect frame;
 };
 
