@@ -79,7 +79,7 @@ TEST(RestoreEngine, RetriesAtOnceThenAfterAPauseWithTheSizeFirst) {
             {"stubborn", landingOff(5, 0), {}, stubborn, drifted, move + sizeFirst},
             {"position", ScriptedWindow::obey, {}, noSizes, restored, shift},
             {"position too far off", landingOff(5, 0), {}, noSizes, drifted, shift + shift + pause + shift},
-            {"rejects the move", obeyingAfter(0), {true, false}, {}, rejected, "position size position. "},
+            {"rejects the move", obeyingAfter(0), {true, false}, {}, rejected, move},
             {"obeys later, but says no",
              obeyingAfter(3),
              {true, true, true, false},
