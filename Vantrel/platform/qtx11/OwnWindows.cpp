@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <string_view>
 #include <utility>
 #include <xcb/xcb.h>
 
@@ -20,10 +19,10 @@ xcb_connection_t* connection() {
     return native != nullptr ? native->connection() : nullptr;
 }
 
-xcb_atom_t atom(xcb_connection_t* xcb, std::string_view name) {
+xcb_atom_t atom(xcb_connection_t* xcb, const std::string& name) {
     const auto length = static_cast<std::uint16_t>(name.size());
     const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
-        xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, 0, length, name.data()), nullptr), &std::free);
+        xcb_intern_atom_reply(xcb, xcb_intern_atom(xcb, 0, length, name.c_str()), nullptr), &std::free);
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
