@@ -1,5 +1,5 @@
 // State shared by the controller's flows: ports, settings, log, layouts, published state, and the gate and
-// the scheduler that keep captures and moves apart.
+// the scheduler that keep captures and moves from overlapping.
 #pragma once
 
 #include "Vantrel/controller/AppLog.h"

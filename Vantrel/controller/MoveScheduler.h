@@ -17,11 +17,11 @@ namespace vantrel {
 // Lives on the main thread.
 class MoveScheduler {
 public:
-    // Exactly one of the two is called.
+    // The scheduler calls exactly one of these, once.
     struct Restore {
-        // Its turn has come; may begin the restore.
+        // It is this restore's turn; may begin it.
         std::function<void()> start;
-        // A newer restore waits in its place.
+        // A newer restore has taken its place.
         std::function<void()> replaced;
     };
 

@@ -40,7 +40,7 @@ private:
     std::vector<RestoreFollowUp::Kept> m_kept;
     DeskGate::Moment m_begin;
     std::vector<std::unique_ptr<ScheduledWork>> m_looks;
-    // The newest look that waits for its turn.
+    // The last look that is still waiting for its turn.
     std::unique_ptr<ScheduledWork> m_turn;
     std::int64_t m_epoch = 0;
 };

@@ -20,7 +20,7 @@ namespace vantrel::RestorePass {
 // Values only, so that a worker can own it.
 struct Task {
     RestoreRequest request;
-    // Except for an undo, which names its windows: those that some of the layout's windows are known to be.
+    // The live windows that are known to be some of the layout's. Unused by an undo, which names its windows.
     WindowPairing::Known identities;
     DeskCapture::Reach reach = DeskCapture::Reach::visible;
     RestoreEngine::Options options;

@@ -113,7 +113,7 @@ private:
     std::vector<Rect> m_areas;
 };
 
-TEST_P(EveryWindowUnder, PassesFewPlacesWhenItIsMaximisedAndReturnsToItsOrdinaryOne) {
+TEST_P(EveryWindowUnder, MovesFewTimesWhileMaximizedAndKeepsItsOrdinaryPlace) {
     const xcb_window_t client = desk.open({"mousepad", "--disable-server"}).client;
     desk.drag(client, {1500, 200});
     desk.connection().tellWindowManager(client, "_NET_WM_STATE",

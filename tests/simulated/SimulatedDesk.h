@@ -74,8 +74,8 @@ public:
     // For reading, and for changing as the user or the application would; changes are not recorded in
     // moves(). Must exist.
     [[nodiscard]] SimulatedWindow& window(WindowID id) { return *find(id); }
-    // Gives the window these states as the user does: a maximised or full-screen one takes the area of its
-    // display, any other goes back to where it was. Must exist.
+    // Sets the window's states as the user would: maximised or full screen, it fills its display; otherwise
+    // it returns to where it was. Must exist.
     void setStates(WindowID id, const PlaceStates& states);
     // Moves the window as a drag by the user. Must exist.
     void drag(WindowID id, const Rect& frame);

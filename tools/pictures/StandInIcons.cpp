@@ -1,8 +1,8 @@
 #include "tools/pictures/StandInIcons.h"
 
+#include "Vantrel/interface/symbols/PaintedIconEngine.h"
 #include "Vantrel/interface/symbols/SvgPath.h"
 
-#include <QIconEngine>
 #include <QPainter>
 
 #include <algorithm>
@@ -114,7 +114,7 @@ QColor color(const char* name) {
     return QString::fromLatin1(name) == QLatin1String("none") ? QColor(Qt::transparent) : QColor(name);
 }
 
-class Engine final : public QIconEngine {
+class Engine final : public PaintedIconEngine {
 public:
     explicit Engine(const std::vector<Shape>& shapes) : m_shapes(shapes) {}
 
@@ -131,14 +131,6 @@ public:
             painter->drawPath(svgPath(shape.path));
         }
         painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return new Engine(m_shapes); }

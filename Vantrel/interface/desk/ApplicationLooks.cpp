@@ -1,7 +1,8 @@
 #include "Vantrel/interface/desk/ApplicationLooks.h"
 
+#include "Vantrel/interface/symbols/PaintedIconEngine.h"
+
 #include <QGuiApplication>
-#include <QIconEngine>
 #include <QImage>
 #include <QPainter>
 
@@ -24,7 +25,7 @@ int hueOf(const std::string& text) {
 }
 
 // A rounded plate with the application's first letter.
-class LetterEngine final : public QIconEngine {
+class LetterEngine final : public PaintedIconEngine {
 public:
     LetterEngine(QString letter, QColor plate) : m_letter(std::move(letter)), m_plate(plate) {}
 
@@ -45,14 +46,6 @@ public:
         painter->setPen(Qt::white);
         painter->drawText(plate, Qt::AlignCenter, m_letter);
         painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return new LetterEngine(m_letter, m_plate); }

@@ -19,7 +19,7 @@ struct DeskPicture {
             remembered,
             // A slot kept for an application that has no window.
             notRunning,
-            // The application runs, but none of its windows is this one.
+            // The application is running, but this window is not open.
             noWindow,
             // The last restore could not put it in its place.
             couldNotMove,

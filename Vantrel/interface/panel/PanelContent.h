@@ -121,7 +121,7 @@ struct PanelContent {
         // What is missing when windows cannot be moved, on this system.
         std::string permissionTitle{};
         std::string permissionDetail{};
-        // What somebody should know about this session: "Only X11 programs can be moved".
+        // What the user should know about this session: "Only X11 programs can be moved".
         std::vector<std::pair<std::string, std::string>> sessionNotes{};
         std::size_t crashReports = 0;
         bool offersMissionControlFix = false;

@@ -1,9 +1,9 @@
 #include "Vantrel/interface/symbols/Symbols.h"
 
+#include "Vantrel/interface/symbols/PaintedIconEngine.h"
 #include "Vantrel/interface/symbols/SvgPath.h"
 
 #include <QGuiApplication>
-#include <QIconEngine>
 #include <QPainter>
 
 #include <algorithm>
@@ -124,7 +124,7 @@ const QPainterPath& path(std::string_view name) {
         .first->second;
 }
 
-class Engine final : public QIconEngine {
+class Engine final : public PaintedIconEngine {
 public:
     Engine(std::string name, QPalette::ColorRole role) : m_name(std::move(name)), m_role(role) {}
 
@@ -135,14 +135,6 @@ public:
         const QRectF square(rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2, side,
                             side);
         Symbols::paint(*painter, m_name, square, QGuiApplication::palette().color(group, role));
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return new Engine(m_name, m_role); }

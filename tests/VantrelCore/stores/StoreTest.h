@@ -12,7 +12,7 @@
 
 namespace vantrel {
 
-// A small record, for what all stores have in common.
+// A small record for testing what all stores have in common.
 struct Notes {
     std::int64_t version = 3;
     std::vector<std::string> lines;

@@ -1,0 +1,21 @@
+// An icon that is drawn for every size: a pixmap is what paint() draws.
+#pragma once
+
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmap>
+
+namespace vantrel {
+
+class PaintedIconEngine : public QIconEngine {
+public:
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+};
+
+} // namespace vantrel
