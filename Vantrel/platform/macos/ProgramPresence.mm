@@ -26,6 +26,8 @@ void activate() {
 
 void showOnEverySpace(std::uintptr_t view) {
     @autoreleasepool {
+        // Qt's window identifier on a Mac is the address of its view.
+        // NOLINTNEXTLINE(bugprone-casting-through-void, performance-no-int-to-ptr)
         NSView* const shown = (__bridge NSView*)reinterpret_cast<void*>(view);
         NSWindow* const window = shown.window;
         window.collectionBehavior |= NSWindowCollectionBehaviorCanJoinAllSpaces |
