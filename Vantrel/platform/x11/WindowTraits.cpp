@@ -32,7 +32,8 @@ PlaceStates WindowTraits::placeStates() const {
             .isMaximizedHorizontally = isMaximizedHorizontally,
             .isMaximizedVertically = isMaximizedVertically,
             .isShaded = isShaded,
-            .isAbove = isAbove};
+            // fluxbox may report it of a full-screen window that nobody put above the others.
+            .isAbove = isAbove && !isFullscreen};
 }
 
 } // namespace vantrel
