@@ -81,6 +81,7 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
         m_undo.moveDesk(from, to, displays);
     };
     m_automaticRestore.onUnableToMove = [this] { watchForPermission(); };
+    m_context.onPermissionLost = [this] { watchForPermission(); };
     m_sleepWake.onReturn = [this] { m_automaticRestore.makeUp(); };
     m_displayChange.onSettled = [this] {
         m_pinned.layoutsChanged();

@@ -46,7 +46,10 @@ void perform(ControllerContext& context, DeskCapture::Reach reach, std::function
         },
         [&context, displays, reach, done = std::move(done),
          began = context.gate.now()](const std::optional<DeskCapture::Picture>& picture) {
-            Result result = std::unexpected(picture ? Kind::displaysChanging : Kind::captureFailed);
+            Result result =
+                std::unexpected(picture                                       ? Kind::displaysChanging
+                                : AXPermission::isGranted(context.ports.desk) ? Kind::captureFailed
+                                                                              : Kind::needsPermission);
             if (picture && context.gate.isUndisturbed(began) && context.isDeskCurrent()) {
                 context.normalFrames.remember(picture->windows);
                 Layout layout = context.layoutOf(*picture, displays);

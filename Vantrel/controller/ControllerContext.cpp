@@ -174,8 +174,20 @@ void ControllerContext::showStoredScenes() {
     }
 }
 
+bool ControllerContext::hasLostPermission() {
+    if (AXPermission::isGranted(ports.desk)) {
+        return false;
+    }
+    refreshStatus();
+    onPermissionLost();
+    return true;
+}
+
 void ControllerContext::refreshStatus() {
     const bool hasPermission = AXPermission::isGranted(ports.desk);
+    if (state().hasPermission && !hasPermission) {
+        log("permission revoked: nothing is remembered or restored until it is granted again");
+    }
     publisher.publish<StatusTopic>([&](auto& status) {
         status.hasPermission = hasPermission;
         const Phase resting = StatusPhase::resting(hasPermission, state().enabled, state().windowsLearned());

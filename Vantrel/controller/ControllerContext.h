@@ -99,6 +99,10 @@ public:
     void showStoredScenes();
     // Called after showStoredScenes() has published the scenes.
     std::function<void()> onScenesChanged;
+    // Whether the permission is missing, after work that needed it. If so, the phase shows it at once.
+    [[nodiscard]] bool hasLostPermission();
+    // Called when work found the permission missing.
+    std::function<void()> onPermissionLost = [] {};
     // Publishes the resting phase, unless a restore is running or has just finished.
     void refreshStatus();
     void showPhase(const Phase& phase);
@@ -130,10 +134,14 @@ public:
     }
 
     // Like inBackground(), for a capture or another pass over the windows. Only one pass runs at a time, and
-    // none during a restore. The pass ends after `done`, even if that throws.
+    // none during a restore. The pass ends after `done`, even if that throws. `done` gets no result if the
+    // permission was revoked meanwhile: the desk then looks emptier than it is.
     template <typename Work, typename Done>
     void runPass(WorkPriority priority, Work work, Done done) {
         inBackground(priority, std::move(work), [this, done = std::move(done)](auto result) {
+            if (hasLostPermission()) {
+                result.reset();
+            }
             guarded([&] { done(std::move(result)); });
             gate.endPass();
         });

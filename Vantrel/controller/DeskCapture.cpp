@@ -11,7 +11,8 @@ std::vector<LiveWindow> windows(Desk& desk, const Scope& scope, Reach reach) {
 }
 
 Picture picture(Desk& desk, Clock& clock, const Scope& scope) {
-    Picture result{.windows = windows(desk, scope, Reach::every), .takenAt = {}};
+    Picture result{.windows = VisibleWindows::remembered(desk.capture(scope.filter), scope.displays),
+                   .takenAt = {}};
     result.takenAt = clock.now();
     return result;
 }

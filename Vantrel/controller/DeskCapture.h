@@ -17,7 +17,7 @@ struct Scope {
 };
 
 struct Picture {
-    // Every ordinary window, the visible ones first.
+    // Every ordinary window, the visible ones first, those that cannot be arranged last.
     std::vector<LiveWindow> windows;
     Date takenAt;
 };

@@ -86,8 +86,10 @@ void RestoreRunner::finish(const Job& job, std::optional<RestorePass::Result> re
     const bool isDone = m_context.guarded([&] {
         if (!result) {
             giveUp(job, RestoreOutcome::Kind::failed);
+        } else if (m_context.hasLostPermission()) {
+            endAbandoned(job, *result, RestoreOutcome::Kind::needsPermission);
         } else if (result->isAbandoned) {
-            endAbandoned(job, *result);
+            endAbandoned(job, *result, RestoreOutcome::Kind::displaysChanging);
         } else {
             conclude(job, *result);
         }
@@ -141,15 +143,18 @@ void RestoreRunner::conclude(const Job& job, RestorePass::Result& result) {
     }
 }
 
-void RestoreRunner::endAbandoned(const Job& job, const RestorePass::Result& result) {
-    m_context.log("restore abandoned: the displays changed meanwhile");
+void RestoreRunner::endAbandoned(const Job& job, const RestorePass::Result& result,
+                                 RestoreOutcome::Kind why) {
+    m_context.log(why == RestoreOutcome::Kind::needsPermission
+                      ? "restore abandoned: the permission was revoked meanwhile"
+                      : "restore abandoned: the displays changed meanwhile");
     if (result.hasMovedWindows) {
         m_context.guarded([&] {
             onFinished(job.request, job.callbacks, result);
             m_history.record(job.request, result);
         });
     }
-    giveUp(job, RestoreOutcome::Kind::displaysChanging);
+    giveUp(job, why);
 }
 
 void RestoreRunner::giveUp(const Job& job, RestoreOutcome::Kind why) {

@@ -35,7 +35,7 @@ private:
     [[nodiscard]] RestorePass::Task task(const RestoreRequest& request);
     void finish(const Job& job, std::optional<RestorePass::Result> result);
     void conclude(const Job& job, RestorePass::Result& result);
-    void endAbandoned(const Job& job, const RestorePass::Result& result);
+    void endAbandoned(const Job& job, const RestorePass::Result& result, RestoreOutcome::Kind why);
     void giveUp(const Job& job, RestoreOutcome::Kind why);
     // Shows and announces the report.
     void announceFailure(const RestoreRequest& request, const RestoreOutcome& outcome) const;

@@ -28,6 +28,8 @@ inline constexpr std::int64_t normalWindowLayer = 0;
 struct WindowReading {
     std::shared_ptr<WindowElement> element;
     WindowAttributes attributes;
+    // False for a window that the application no longer lists although it exists: it is on another Space.
+    bool isListed = true;
 };
 
 // One pass over the desk. Where the platform can read everything at once (X11: two round trips), all values

@@ -51,6 +51,7 @@ DeskSnapshot AccessibilityDesk::capture(const CaptureFilter& filter) {
     std::map<std::int32_t, const RunningApp*> appOf;
     for (const RunningApp& app : WindowSnapshotter::appsToRead(snapshot.apps, filter)) {
         apps.push_back({app, reading->windows(app)});
+        addUnlisted(app, apps.back().windows);
     }
     for (const auto& read : apps) {
         appOf[read.app.pid] = &read.app;
@@ -62,7 +63,44 @@ DeskSnapshot AccessibilityDesk::capture(const CaptureFilter& filter) {
         snapshot.windows.push_back(std::move(window));
     }
     forgetOthers(snapshot.apps, seen);
+    for (const auto& read : apps) {
+        const std::scoped_lock lock(m_mutex);
+        m_captured[read.app.pid].clear();
+    }
+    for (const DeskWindow& window : snapshot.windows) {
+        const std::scoped_lock lock(m_mutex);
+        m_captured[window.pid].insert(window.id);
+    }
     return snapshot;
+}
+
+// On a Mac, an application lists the windows of the current Space only; those of other Spaces still answer.
+// One request is enough to see that an application does not respond, or that a window has been closed.
+void AccessibilityDesk::addUnlisted(const RunningApp& app, std::vector<WindowReading>& windows) {
+    std::vector<AXWindowHandle> captured;
+    {
+        const std::scoped_lock lock(m_mutex);
+        for (const WindowID id : m_captured[app.pid]) {
+            if (const auto known = m_known.find(id); known != m_known.end()) {
+                captured.push_back(known->second.handle);
+            }
+        }
+    }
+    const bool mayNotRespond = windows.empty();
+    for (const AXWindowHandle& handle : captured) {
+        const auto isSame = [&](const WindowReading& window) {
+            return window.element->isSameWindow(*handle.element());
+        };
+        if (std::ranges::any_of(windows, isSame)) {
+            continue;
+        }
+        const WindowAttributes attributes = handle.attributes();
+        if (attributes.frame()) {
+            windows.push_back({.element = handle.element(), .attributes = attributes, .isListed = false});
+        } else if (mayNotRespond) {
+            return;
+        }
+    }
 }
 
 std::vector<WindowOutline> AccessibilityDesk::outlines() {
@@ -154,6 +192,7 @@ void AccessibilityDesk::forgetOthers(const std::vector<RunningApp>& running, con
     std::ranges::transform(running, std::inserter(pids, pids.end()), &RunningApp::pid);
     const std::scoped_lock lock(m_mutex);
     std::erase_if(m_known, [&](const auto& entry) { return !pids.contains(entry.second.app.pid); });
+    std::erase_if(m_captured, [&](const auto& entry) { return !pids.contains(entry.first); });
     // The oldest first: identities count upwards.
     for (auto entry = m_known.begin(); m_known.size() > mostKnown && entry != m_known.end();) {
         entry = seen.contains(entry->first) ? std::next(entry) : m_known.erase(entry);

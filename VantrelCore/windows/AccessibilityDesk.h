@@ -48,6 +48,9 @@ private:
     };
 
     [[nodiscard]] std::optional<Known> find(WindowID window);
+    // Adds the windows that the last capture had and that the application no longer lists, but that still
+    // exist.
+    void addUnlisted(const RunningApp& app, std::vector<WindowReading>& windows);
     void forgetOthers(const std::vector<RunningApp>& running, const std::set<WindowID>& seen);
     enum class Purpose : std::uint8_t { read, move };
     // Calls `work` with the index and the window of each that is known; those of one process in turn.
@@ -59,6 +62,8 @@ private:
     std::mutex m_mutex;
     std::uint64_t m_last = 0;
     std::map<WindowID, Known> m_known;
+    // The windows of each process in its last capture.
+    std::map<std::int32_t, std::set<WindowID>> m_captured;
 };
 
 } // namespace vantrel

@@ -102,6 +102,17 @@ std::vector<LiveWindow> every(const DeskSnapshot& snapshot, const std::vector<Di
     return result;
 }
 
+std::vector<LiveWindow> remembered(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
+    std::vector<LiveWindow> result = every(snapshot, displays);
+    for (const DeskWindow& window : snapshot.windows) {
+        const auto frame = placedFrame(window);
+        if (frame && !canBeSeen(window) && !window.isReachable) {
+            append(result, window, *frame, displays);
+        }
+    }
+    return result;
+}
+
 std::vector<LiveWindow> panels(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
     return visible(WindowKind::panel, snapshot, displays);
 }

@@ -41,6 +41,10 @@ namespace vantrel::VisibleWindows {
 [[nodiscard]] std::vector<LiveWindow> every(const DeskSnapshot& snapshot,
                                             const std::vector<DisplayInfo>& displays);
 
+// These, and last those that exist but cannot be arranged, such as windows on a Mac's other Spaces.
+[[nodiscard]] std::vector<LiveWindow> remembered(const DeskSnapshot& snapshot,
+                                                 const std::vector<DisplayInfo>& displays);
+
 // The visible panels and dialogs.
 [[nodiscard]] std::vector<LiveWindow> panels(const DeskSnapshot& snapshot,
                                              const std::vector<DisplayInfo>& displays);

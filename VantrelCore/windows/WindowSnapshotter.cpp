@@ -107,9 +107,9 @@ std::vector<CurrentWindow> currentWindows(const std::vector<AppWindows>& apps,
     std::vector<Placed> placed;
     for (const auto& [app, windows] : apps) {
         const auto ownEntries = entriesOf.find(app.pid);
-        for (const auto& [element, attributes] : windows) {
+        for (const auto& [element, attributes, isListed] : windows) {
             CurrentWindow current{deskWindow(app, attributes), AXWindowHandle(element)};
-            const auto order = current.window.frame && ownEntries != entriesOf.end()
+            const auto order = isListed && current.window.frame && ownEntries != entriesOf.end()
                                    ? captureDecision(app.pid, *current.window.frame, ownEntries->second)
                                    : std::nullopt;
             current.window.isOnScreen = order.has_value();

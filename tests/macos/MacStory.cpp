@@ -70,6 +70,22 @@ std::map<std::string, Rect> MacStory::frames() const {
     return result;
 }
 
+void MacStory::showOnThisSpace(const std::string& title, bool isShown) {
+    if (isShown) {
+        m_elsewhere.erase(title);
+    } else {
+        m_elsewhere.insert(title);
+    }
+    const auto pid = m_windows.at(title)->pid;
+    std::vector<std::shared_ptr<Element>> listed;
+    for (const auto& [each, element] : m_windows) {
+        if (element->pid == pid && !m_elsewhere.contains(each)) {
+            listed.push_back(element);
+        }
+    }
+    listWindows(*accessibility().applications.at(pid), listed);
+}
+
 void MacStory::start() {
     auto created = AppController::create(
         {.desk = m_desk,
@@ -143,6 +159,9 @@ Value MacStory::windowList() const {
     // The menu bar comes first, as on every Mac.
     std::vector<Value> items{listItem({.layer = number(24), .pid = number(1), .bounds = rectangle({})})};
     for (const auto& [title, element] : m_windows) {
+        if (m_elsewhere.contains(title)) {
+            continue;
+        }
         items.push_back(listItem(
             {.layer = number(0), .pid = number(element->pid), .bounds = rectangle(fake::frameOf(*element))}));
     }

@@ -12,6 +12,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,10 @@ public:
     [[nodiscard]] Element& window(const std::string& title) { return *m_windows.at(title); }
     [[nodiscard]] std::map<std::string, Rect> frames() const;
 
+    // Shows the window on the current Space, or on another one, where neither the application nor the window
+    // server lists it.
+    void showOnThisSpace(const std::string& title, bool isShown);
+
     // The controller begins.
     void start();
     // Plugs and unplugs, and lets everything that follows come to rest. Windows on a display that goes are
@@ -49,6 +54,8 @@ private:
     std::vector<RunningApp> m_apps;
     // By title.
     std::map<std::string, std::shared_ptr<Element>> m_windows;
+    // Titles of windows on other Spaces.
+    std::set<std::string> m_elsewhere;
     MacUserDefaults m_defaults{time};
     MacAccessibility m_accessibility{[this] { return m_apps; }};
     AccessibilityDesk m_desk{m_accessibility, time};

@@ -29,6 +29,11 @@ struct MainJob : PlatformTest {
         story->start();
         story->learn();
     }
+    // The number of windows in the layout of this desk.
+    [[nodiscard]] std::size_t remembered() const {
+        const Layout& layout = *story->published().activeLayout();
+        return layout.windows.size() + layout.otherWindows.size();
+    }
     void TearDown() override {
         story.reset();
         browser.reset();
@@ -61,6 +66,54 @@ TEST_F(MainJob, BringsEveryWindowBackAfterUndockingAndDocking) {
     EXPECT_THAT(story->messages(), Contains(StartsWith("restore report: 4 restored, 0 failed, 0 skipped, ")));
     EXPECT_EQ(story->controller->published().lastRestore.value().reason, "Studio Display reconnected");
     EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
+}
+
+TEST_F(MainJob, RemembersWindowsOfOtherSpaces) {
+    learn();
+    const auto docked = story->frames();
+    story->showOnThisSpace("Tickets", false);
+    story->time.runFor(90);
+    EXPECT_EQ(remembered(), 4U);
+    story->showOnThisSpace("Tickets", true);
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    EXPECT_EQ(story->frames(), docked);
+
+    // One that was closed there is forgotten.
+    story->time.runFor(90);
+    story->showOnThisSpace("Tickets", false);
+    story->window("Tickets").isDead = true;
+    story->time.runFor(90);
+    EXPECT_EQ(remembered(), 3U);
+}
+
+TEST_F(MainJob, LearnsNothingOnceThePermissionIsRevokedAndMakesUpForItLater) {
+    learn();
+    const auto docked = story->frames();
+    story->connect("laptop");
+    // Between the capture and the last move.
+    story->changes();
+    accessibility().requestsUntilRevoked = 9;
+    story->connect("laptop-and-monitor");
+    EXPECT_FALSE(accessibility().isTrusted);
+    EXPECT_EQ(story->logged("permission revoked: "), 1U);
+    EXPECT_EQ(story->logged("restore report: "), 0U);
+    EXPECT_TRUE(story->published().phase.is<Phase::NeedsPermission>());
+    story->time.runFor(60);
+    EXPECT_EQ(story->logged("permission revoked: "), 1U);
+    accessibility().isTrusted = true;
+    story->time.runFor(20);
+    EXPECT_EQ(story->frames(), docked);
+    EXPECT_THAT(story->messages(), Contains(StartsWith("restore report: ")));
+
+    // A capture that was interrupted.
+    story->time.runFor(60);
+    accessibility().requestsUntilRevoked = 3;
+    story->time.runFor(60);
+    EXPECT_FALSE(accessibility().isTrusted);
+    accessibility().isTrusted = true;
+    story->time.runFor(60);
+    EXPECT_EQ(remembered(), 4U);
 }
 
 TEST_F(MainJob, ReportsProgramsThatHangOrRefuseAndRestoresTheOthers) {
