@@ -5,6 +5,7 @@
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
+#include "Vantrel/controller/DefaultsWithNotes.h"
 #include "Vantrel/diagnostics/CrashTest.h"
 #include "Vantrel/diagnostics/CrashUploader.h"
 #include "Vantrel/diagnostics/UpdateChecker.h"
@@ -164,10 +165,10 @@ void endWithTheServer() {
     }
 }
 
-void openPage(const std::string& url) {
-    if (!UnrestrictedStart::isNeeded() || !UnrestrictedStart::run({"xdg-open", url})) {
-        QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
-    }
+// A page or a file; false if no program opens it.
+bool openPage(const std::string& url) {
+    return (UnrestrictedStart::isNeeded() && UnrestrictedStart::run({"xdg-open", url})) ||
+           QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
 }
 
 // All objects of the program, in order of construction: each outlives those that use it.
@@ -288,6 +289,10 @@ private:
                                                "Only programs that use X11 can be seen and moved.");
         }
         services.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
+        services.openFile = [](const std::filesystem::path& file) {
+            const auto url = QUrl::fromLocalFile(QString::fromStdString(file.string()));
+            return openPage(url.toString().toStdString());
+        };
         services.showUpdate = [this] { m_updates.checkForUpdates(); };
         services.quit = [] { QCoreApplication::quit(); };
         m_panel.emplace(*m_controller, std::move(services));
@@ -358,8 +363,9 @@ private:
     QtMainQueue m_queue{[this](const std::string& message) { log(message); }};
     AppLog m_log{m_supportDirectory, m_files, m_clock};
     FileIncidents m_incidents{[this](const std::string& message) { log(message); }};
-    QtUserDefaults m_defaults{UserFolders::settingsFile(), m_files, m_incidents,
-                              [this](const std::string& message) { log(message); }};
+    QtUserDefaults m_settingsFile{UserFolders::settingsFile(), m_files, m_incidents,
+                                  [this](const std::string& message) { log(message); }};
+    DefaultsWithNotes m_defaults{m_settingsFile, m_supportDirectory, {m_files, &m_incidents}, m_queue};
     QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
     MachineIDFile m_machine{m_files};
     Vendor m_vendor = vendor();

@@ -85,6 +85,9 @@ StatusMessage status(const PublishedState& state, const std::filesystem::path& s
     for (const auto& incident : state.fileIncidents) {
         message.fileIncidents.push_back(fileIncident(incident));
     }
+    if (!state.settingMistakes.empty()) {
+        message.settingMistakes = SettingMistakes::texts(state.settingMistakes);
+    }
     if (state.sameDeskOffer) {
         message.sameDeskOffer = state.sameDeskOffer->name;
     }

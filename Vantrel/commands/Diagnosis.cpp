@@ -108,6 +108,9 @@ void addIncidents(const StatusMessage& status, Lines& lines) {
     for (const auto& incident : status.fileIncidents) {
         lines.push_back({filesArea, !incident.isTrouble, incident.text});
     }
+    for (const std::string& mistake : status.settingMistakes.value_or(std::vector<std::string>())) {
+        lines.push_back({filesArea, false, mistake});
+    }
     if (status.learningFailed) {
         lines.push_back({filesArea, false, "The last attempt to save the current desk failed."});
     }

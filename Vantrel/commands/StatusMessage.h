@@ -84,6 +84,8 @@ struct StatusMessage {
     bool learningFailed = false;
     // Problems with the program's files.
     std::vector<FileIncidentMessage> fileIncidents;
+    // The lines of the settings file that are ignored, one sentence each; absent if none.
+    std::optional<std::vector<std::string>> settingMistakes;
     // The name of a remembered desk that the current one may be, on other connectors.
     std::optional<std::string> sameDeskOffer;
     // The newer version on offer.
@@ -111,6 +113,7 @@ struct StatusMessage {
         field("license", self.license);
         field("learningFailed", self.learningFailed);
         field("fileIncidents", self.fileIncidents);
+        field("settingMistakes", self.settingMistakes);
         field("sameDeskOffer", self.sameDeskOffer);
         field("latestAvailable", self.latestAvailable);
         field("crashReports", self.crashReports);

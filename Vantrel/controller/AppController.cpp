@@ -216,6 +216,7 @@ void AppController::userDefaultsChanged() {
     m_hotKeys.settingsChanged();
     applyLaunchAtLogin();
     m_suggestions.refresh();
+    m_nudge.settingsChanged();
     refreshStatus();
 }
 
@@ -234,11 +235,21 @@ void AppController::setLatestAvailable(std::optional<std::string> version) {
 
 void AppController::showSettings() {
     const bool isEnabled = m_context.settings.enabled();
+    const auto file = defaults().file();
+    auto mistakes = file ? SettingMistakes::in(*file) : std::vector<SettingMistake>();
+    for (const SettingMistake& mistake : mistakes) {
+        const auto isSame = [&](const SettingMistake& known) { return known.sentence == mistake.sentence; };
+        if (std::ranges::none_of(published().settingMistakes, isSame)) {
+            m_context.log("settings: " + mistake.text());
+        }
+    }
     m_context.publisher.publish<SettingsTopic>([&](auto& settings) {
         if (std::exchange(m_storedEnabled, isEnabled) != isEnabled) {
             settings.enabled = isEnabled;
         }
         settings.hideOthersOnSceneSwitch = m_context.settings.hideOthersOnSceneSwitch();
+        settings.preferences = m_context.settings.preferences();
+        settings.settingMistakes = std::move(mistakes);
     });
 }
 

@@ -49,6 +49,12 @@ void NudgeFlow::publish(const std::optional<DriftNudgeInfo>& nudge) {
     }
 }
 
+void NudgeFlow::settingsChanged() {
+    if (!m_context.settings.quietNudgesEnabled()) {
+        publish(std::nullopt);
+    }
+}
+
 void NudgeFlow::clear() {
     m_dismissedDriftKey.reset();
     publish(std::nullopt);

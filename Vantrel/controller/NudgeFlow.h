@@ -17,6 +17,8 @@ public:
 
     // `fresh` is the desk as just captured.
     void checkSceneDrift(const Layout& fresh);
+    // Removes the notice if the user does not want it.
+    void settingsChanged();
     // Removes the notice: a scene was applied, or the desk changed.
     void clear();
     // The user dismissed the notice; the same drift is not reported again.

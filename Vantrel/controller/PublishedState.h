@@ -4,6 +4,7 @@
 #include "Vantrel/controller/DriftNudgeInfo.h"
 #include "Vantrel/controller/Phase.h"
 #include "Vantrel/controller/PinPause.h"
+#include "Vantrel/controller/SettingMistakes.h"
 #include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/displays/SameDesk.h"
@@ -23,8 +24,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantrel {
@@ -192,6 +195,10 @@ struct SettingsTopic {
     bool hideOthersOnSceneSwitch = false;
     // Every stored shortcut, fixed commands first.
     std::vector<HotKeyStatus> hotKeys;
+    // The preferences that have a value, by key; the default where none is stored.
+    std::map<std::string_view, DefaultsValue> preferences;
+    // The lines of the settings file that are ignored.
+    std::vector<SettingMistake> settingMistakes;
 
     bool operator==(const SettingsTopic&) const = default;
 };

@@ -1,14 +1,19 @@
 #include "Vantrel/controller/SettingKey.h"
 
 #include "VantrelCore/model/HotKeyCombo.h"
+#include "VantrelCore/text/SafeText.h"
+#include "VantrelCore/text/SimilarName.h"
+#include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <fmt/format.h>
 #include <ios>
+#include <iterator>
 #include <locale>
 #include <sstream>
+#include <vector>
 
 namespace vantrel {
 
@@ -41,19 +46,21 @@ const std::array table{
                "move the windows of newly started programs to their places"},
     SettingKey{"hideOthersOnSceneSwitch", boolean, false,
                "applying a scene hides the applications that are not in it"},
-    SettingKey{"quietNudgesEnabled", boolean, true, "notify when windows have moved away from the scene"},
+    SettingKey{"quietNudgesEnabled", boolean, true,
+               "say in the panel when windows have moved away from the scene"},
     SettingKey{"patternSuggestionsStopped", boolean, false,
                "never suggest saving a recurring arrangement as a scene"},
     SettingKey{
         "calendarFolders", text, std::nullopt,
         "folders of .ics files for calendar triggers, separated by colons; absent: the usual folders of "
         "calendar programs"},
-    SettingKey{"showHUD", boolean, true, "show the result of a restore or scene as an overlay"},
+    SettingKey{"showHUD", boolean, true, "show the outcome of commands and restores as an overlay"},
     SettingKey{"sendCrashReports", boolean, std::nullopt,
                "send reports of vantrel's own crashes to its vendor; absent: if this build has a vendor"},
-    SettingKey{"showWindowPreviews", boolean, false, "draw previews of windows"},
+    SettingKey{"showWindowPreviews", boolean, false, "draw previews of windows, which are not available yet"},
     SettingKey{"launchAtLogin", boolean, false, "start with the session"},
-    SettingKey{"showDockIcon", boolean, std::nullopt, "show an icon in the dock; absent: none"},
+    SettingKey{"showDockIcon", boolean, std::nullopt,
+               "on macOS: show an icon in the Dock, from the next start; absent: none"},
     code("restoreKeyCode", HotKeyDefaults::restore.keyCode, "the key that restores, as a key code"),
     modifiers("restoreModifiers", HotKeyDefaults::restore.modifiers,
               "its modifiers: the sum of 256 command, 512 shift, 2048 option, 4096 control"),
@@ -122,6 +129,19 @@ std::optional<DefaultsValue> valueOf(SettingKey::Type type, const std::string& w
     return std::nullopt;
 }
 
+// Long values are cut.
+std::string shown(std::string_view written) {
+    constexpr std::size_t limit = 60;
+    const auto start = Unicode::prefix(written, limit);
+    return SafeText::line(start) + (start.size() < written.size() ? "…" : "");
+}
+
+std::string refusal(std::string_view written, const SettingKey& key) {
+    const bool isQuoted = written.starts_with('"');
+    return fmt::format("{0}{1}{0} is not a valid value for {2}, which takes {3}.", isQuoted ? "" : "\"",
+                       shown(written), key.name, key.typeText());
+}
+
 struct TypeOf {
     SettingKey::Type operator()(bool /*value*/) const { return boolean; }
     SettingKey::Type operator()(std::int64_t /*value*/) const { return integer; }
@@ -149,10 +169,20 @@ bool SettingKey::admits(const DefaultsValue& value) const {
 std::expected<DefaultsValue, std::string> SettingKey::read(const std::string& written) const {
     auto value = valueOf(type, written);
     if (!value || !admits(*value)) {
-        return std::unexpected(
-            fmt::format("\"{}\" is not a valid value for {}, which takes {}.", written, name, typeText()));
+        return std::unexpected(refusal(written, *this));
     }
     return *std::move(value);
+}
+
+std::optional<std::string> SettingKey::problemWith(const SettingsLine& line) const {
+    if (line.value && admits(*line.value)) {
+        return std::nullopt;
+    }
+    const auto* const string = line.value ? std::get_if<std::string>(&*line.value) : nullptr;
+    const bool needsQuotes = type == text && !line.written.starts_with('"') && !line.written.empty();
+    return refusal(line.written, *this) + (needsQuotes                          ? " Put it in double quotes."
+                                           : string != nullptr && read(*string) ? " Write it without quotes."
+                                                                                : "");
 }
 
 std::optional<DefaultsValue> SettingKey::stored(UserDefaults& defaults) const {
@@ -202,6 +232,14 @@ std::span<const SettingKey> SettingKeys::all() {
 const SettingKey* SettingKeys::named(std::string_view name) {
     const auto found = std::ranges::find(table, name, &SettingKey::name);
     return found == table.end() ? nullptr : &*found;
+}
+
+std::string SettingKeys::unknown(std::string_view name) {
+    std::vector<std::string_view> names;
+    std::ranges::transform(table, std::back_inserter(names), &SettingKey::name);
+    const auto meant = SimilarName::of(name, names);
+    return fmt::format("There is no setting \"{}\".{}", shown(name),
+                       meant ? fmt::format(" Did you mean \"{}\"?", *meant) : "");
 }
 
 } // namespace vantrel

@@ -34,11 +34,14 @@ struct SettingKey {
     // Whether the value has this key's type and is in range. Whole numbers are also valid for number keys.
     [[nodiscard]] bool admits(const DefaultsValue& value) const;
 
-    // Parses a value that a person wrote. The error is a sentence that says what is wrong with it.
+    // Parses a value that a person typed. The error is a sentence that says what is wrong with it.
     [[nodiscard]] std::expected<DefaultsValue, std::string> read(const std::string& text) const;
 
     // The stored value, if there is a valid one.
     [[nodiscard]] std::optional<DefaultsValue> stored(UserDefaults& defaults) const;
+
+    // Why a line of the settings file is ignored, as a sentence; none if its value is valid.
+    [[nodiscard]] std::optional<std::string> problemWith(const SettingsLine& line) const;
 
     // "true or false", "a whole number", "a number from 0 to 60", "a string",
     // "a date like 2026-03-02T09:30:00Z".
@@ -52,6 +55,10 @@ namespace SettingKeys {
 
 // Null when there is no such key.
 [[nodiscard]] const SettingKey* named(std::string_view name);
+
+// For whoever wrote the name of a key that does not exist: "There is no setting "setleDelay". Did you mean
+// "settleDelay"?"
+[[nodiscard]] std::string unknown(std::string_view name);
 
 } // namespace SettingKeys
 

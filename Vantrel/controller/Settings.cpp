@@ -3,8 +3,37 @@
 #include "VantrelCore/model/JsonCoding.h"
 
 #include <cmath>
+#include <fmt/format.h>
 
 namespace vantrel {
+
+static std::expected<void, std::string> written(bool isWritten) {
+    return isWritten ? std::expected<void, std::string>()
+                     : std::unexpected("The settings could not be written to disk. Nothing was changed.");
+}
+
+std::expected<void, std::string> Settings::set(const SettingKey& key, const DefaultsValue& value) {
+    if (!key.admits(value)) {
+        return std::unexpected(fmt::format("{} takes {}.", key.name, key.typeText()));
+    }
+    return written(m_defaults.set(key.name, value));
+}
+
+std::expected<void, std::string> Settings::reset(const SettingKey& key) {
+    return written(m_defaults.remove(key.name));
+}
+
+std::map<std::string_view, DefaultsValue> Settings::preferences() const {
+    std::map<std::string_view, DefaultsValue> all;
+    for (const SettingKey& key : SettingKeys::all()) {
+        if (key.purpose == SettingKey::Purpose::preference) {
+            if (auto found = value(key.name)) {
+                all.emplace(key.name, *std::move(found));
+            }
+        }
+    }
+    return all;
+}
 
 std::optional<DefaultsValue> Settings::value(std::string_view name) const {
     const SettingKey* const key = SettingKeys::named(name);

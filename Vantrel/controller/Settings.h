@@ -7,8 +7,11 @@
 #include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/model/WallpaperMemory.h"
 
+#include <expected>
+#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantrel {
@@ -22,6 +25,14 @@ public:
     static constexpr const char* restoreSizesKey = "restoreSizes";
 
     explicit Settings(UserDefaults& defaults) : m_defaults(defaults) {}
+
+    // Stores a value that is valid for `key`, and removes a stored value. On failure nothing has changed and
+    // the error is a sentence for the user.
+    std::expected<void, std::string> set(const SettingKey& key, const DefaultsValue& value);
+    std::expected<void, std::string> reset(const SettingKey& key);
+
+    // The preferences that have a value, by key; the default where none is stored.
+    [[nodiscard]] std::map<std::string_view, DefaultsValue> preferences() const;
 
     // Learn and restore layouts.
     [[nodiscard]] bool enabled() const { return boolean("enabled"); }

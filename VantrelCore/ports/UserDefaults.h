@@ -4,12 +4,15 @@
 
 #include "VantrelCore/model/Date.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace vantrel {
 
@@ -23,6 +26,26 @@ struct DefaultsData {
 // Platforms without date or data settings store them as strings: dates in ISO 8601 with whole seconds, data
 // bytes unchanged.
 using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Date, DefaultsData>;
+
+// A line of a settings file that people edit, unless it is empty or a comment.
+struct SettingsLine {
+    // Starts at 1.
+    std::size_t number = 0;
+    // Empty if the line is not of the form key = value.
+    std::string key;
+    // The value as it is written, or the entire line without a key.
+    std::string written;
+    // None if the file format does not know such a value.
+    std::optional<DefaultsValue> value;
+
+    bool operator==(const SettingsLine&) const = default;
+};
+
+struct SettingsFile {
+    std::filesystem::path path;
+    // If a key occurs twice, the last line wins.
+    std::vector<SettingsLine> lines;
+};
 
 // Used on the main thread.
 class UserDefaults {
@@ -43,6 +66,9 @@ public:
     // False when the value could not be made durable.
     virtual bool set(std::string_view key, const DefaultsValue& value) = 0;
     virtual bool remove(std::string_view key) = 0;
+
+    // The file that people edit, as last read; none on systems that keep settings elsewhere.
+    [[nodiscard]] virtual std::optional<SettingsFile> file() { return std::nullopt; }
 
     // Calls `handler` on the main thread after any change, from inside or outside the process.
     virtual void setChangeHandler(std::function<void()> handler) = 0;

@@ -3,6 +3,7 @@
 #include "VantrelCore/stores/AppReliabilityStore.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 #include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/ProgramNotesStore.h"
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
@@ -34,6 +35,7 @@ const std::map<std::string, JsonFile::Decode>& decoders() {
         {"restore-log.json", decode<RestoreLogStore::StoreFile>},
         {"receipts.json", decode<RestoreReceipts>},
         {"usage.json", decode<UsageStats>},
+        {"notes.json", decode<ProgramNotes>},
         {"app-reliability.json", decode<AppReliabilityStore::StoreFile>},
         {"app-size-behavior.json", decode<AppSizeBehaviorStore::StoreFile>}};
     return byName;

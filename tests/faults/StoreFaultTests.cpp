@@ -5,6 +5,7 @@
 #include "VantrelCore/stores/AppReliabilityStore.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 #include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/ProgramNotesStore.h"
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
@@ -130,6 +131,7 @@ const std::vector<Kind>& kinds() {
         kindOf<RestoreLogStore::StoreFile>("restore-log.json"),
         kindOf<RestoreReceipts>("receipts.json"),
         kindOf<UsageStats>("usage.json"),
+        kindOf<ProgramNotes>("notes.json"),
         kindOf<AppReliabilityStore::StoreFile>("app-reliability.json"),
         kindOf<AppSizeBehaviorStore::StoreFile>("app-size-behavior.json"),
         {settings,

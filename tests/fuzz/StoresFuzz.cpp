@@ -3,6 +3,7 @@
 #include "VantrelCore/stores/AppReliabilityStore.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 #include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/ProgramNotesStore.h"
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
@@ -89,6 +90,10 @@ void use(UsageStatsStore store) {
     require(store.write(stats), "any totals can be written");
 }
 
+void use(ProgramNotesStore store) {
+    require(store.update([](ProgramNotes& notes) { notes.notes["a"] = 1; }), "any notes can grow");
+}
+
 void use(AppReliabilityStore store) {
     for (const auto& app : store.all()) {
         require(store.record({{app.appName, app.bundleID, "", RestoreLog::Outcome::failed, {}}}, Date{}),
@@ -152,6 +157,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     feed<RestoreLogStore::StoreFile>("restore-log.json", "log", bytes, RestoreLogStore::open);
     feed<RestoreReceipts>("receipts.json", "entries", bytes, openRestoreReceipts);
     feed<UsageStats>("usage.json", "restores", bytes, openUsageStats);
+    feed<ProgramNotes>("notes.json", "notes", bytes, openProgramNotes);
     feed<AppReliabilityStore::StoreFile>("app-reliability.json", "apps", bytes, AppReliabilityStore::open);
     feed<AppSizeBehaviorStore::StoreFile>("app-size-behavior.json", "behaviors", bytes,
                                           AppSizeBehaviorStore::open);

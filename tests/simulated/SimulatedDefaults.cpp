@@ -29,6 +29,16 @@ bool SimulatedDefaults::remove(std::string_view key) {
     return true;
 }
 
+void SimulatedDefaults::edit(const SettingsFile& file) {
+    m_file = file;
+    for (const SettingsLine& line : file.lines) {
+        if (line.value) {
+            m_values.insert_or_assign(line.key, *line.value);
+        }
+    }
+    notify();
+}
+
 void SimulatedDefaults::notify() {
     m_queue.post([this] {
         if (m_handler) {

@@ -30,6 +30,11 @@ public:
     bool remove(std::string_view key) override;
     void setChangeHandler(std::function<void()> handler) override { m_handler = std::move(handler); }
 
+    [[nodiscard]] std::optional<SettingsFile> file() override { return m_file; }
+
+    // As if a person had edited a file with these lines.
+    void edit(const SettingsFile& file);
+
     // From now on, keys whose name contains `part` cannot be written.
     void failWrites(const std::string& part = "") { m_unwritable = part; }
 
@@ -44,6 +49,7 @@ private:
 
     MainQueue& m_queue;
     std::map<std::string, DefaultsValue, std::less<>> m_values;
+    std::optional<SettingsFile> m_file;
     std::function<void()> m_handler;
     std::optional<std::string> m_unwritable;
 };

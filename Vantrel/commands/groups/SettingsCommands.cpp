@@ -15,8 +15,6 @@ namespace {
 using namespace ControlAnswers;
 using JsonCoding::required;
 
-constexpr const char* notWritten = "The settings could not be written to disk. Nothing was changed.";
-
 struct Shown {
     template <typename Plain>
     nlohmann::json operator()(const Plain& plain) const {
@@ -44,7 +42,7 @@ nlohmann::json describe(const SettingKey& key, UserDefaults& defaults) {
 }
 
 std::string unknown(const std::string& name) {
-    return fmt::format("There is no setting \"{}\". See: vantrelctl settings", name);
+    return SettingKeys::unknown(name) + " See: vantrelctl settings";
 }
 
 ControlAnswer settings(const BusCall& call) {
@@ -52,7 +50,12 @@ ControlAnswer settings(const BusCall& call) {
     for (const SettingKey& key : SettingKeys::all()) {
         all.push_back(describe(key, call.controller.defaults()));
     }
-    return nlohmann::json{{"settings", all}};
+    nlohmann::json answer{{"settings", all}};
+    if (const auto mistakes = SettingMistakes::texts(call.controller.published().settingMistakes);
+        !mistakes.empty()) {
+        answer["mistakes"] = mistakes;
+    }
+    return answer;
 }
 
 ControlAnswer set(const BusCall& call) {
@@ -65,7 +68,8 @@ ControlAnswer set(const BusCall& call) {
         return refused(value.error());
     }
     UserDefaults& defaults = call.controller.defaults();
-    return defaults.set(call[0], *value) ? ControlAnswer(describe(*key, defaults)) : refused(notWritten);
+    const auto stored = Settings(defaults).set(*key, *value);
+    return stored ? ControlAnswer(describe(*key, defaults)) : refused(stored.error());
 }
 
 ControlAnswer unset(const BusCall& call) {
@@ -74,7 +78,8 @@ ControlAnswer unset(const BusCall& call) {
         return refused(unknown(call[0]));
     }
     UserDefaults& defaults = call.controller.defaults();
-    return defaults.remove(call[0]) ? ControlAnswer(describe(*key, defaults)) : refused(notWritten);
+    const auto removed = Settings(defaults).reset(*key);
+    return removed ? ControlAnswer(describe(*key, defaults)) : refused(removed.error());
 }
 
 // As in the settings file, but without the quotes around strings.
@@ -91,8 +96,12 @@ std::string list(const nlohmann::json& answer, const VerbCall& call) {
                             required<std::string>(setting, "description")});
         }
     }
-    return TextColumns::lines(rows, call.environment.drawing().columns) +
-           "\n* marks settings that were set; the others have their defaults.\n";
+    std::string text = TextColumns::lines(rows, call.environment.drawing().columns) +
+                       "\n* marks settings that were set; the others have their defaults.\n";
+    for (const auto& mistake : answer.value("mistakes", std::vector<std::string>())) {
+        text += "! " + mistake + '\n';
+    }
+    return text;
 }
 
 std::string description(const nlohmann::json& setting, const VerbCall& /*call*/) {

@@ -85,6 +85,9 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
     if (!status.fileIncidents.empty()) {
         text += "For details: vantrelctl doctor\n";
     }
+    for (const std::string& mistake : status.settingMistakes.value_or(std::vector<std::string>())) {
+        text += "! " + mistake + '\n';
+    }
     if (status.crashReports) {
         add("crashes", countedNoun(*status.crashReports, "report") + " not sent");
     }

@@ -28,6 +28,7 @@ public:
         session();
         license();
         files();
+        settings();
         if (m_state.learningFailed) {
             add({.kind = Kind::learning,
                  .tone = Tone::warning,
@@ -122,6 +123,23 @@ private:
             }
             add(std::move(message));
         }
+    }
+
+    void settings() {
+        const auto& mistakes = m_state.settingMistakes;
+        if (mistakes.empty()) {
+            return;
+        }
+        const auto more = mistakes.size() - 1;
+        add({.kind = Kind::settings,
+             .tone = Tone::warning,
+             .symbol = "warn",
+             .title = tr("The settings file has a mistake"),
+             .detail = mistakes.front().text() +
+                       (more > 1    ? fmt::format(fmt::runtime(tr(" {} more lines are ignored.")), more)
+                        : more == 1 ? tr(" One more line is ignored.")
+                                    : ""),
+             .actions = {{Deed::openSettingsFile, tr("Open file")}}});
     }
 
     void missionControl() {

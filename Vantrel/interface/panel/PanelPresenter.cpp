@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fmt/format.h>
 
 namespace vantrel {
 
@@ -118,6 +119,10 @@ void PanelPresenter::openIntroduction() {
 void PanelPresenter::refresh() {
     if (!m_window) {
         return;
+    }
+    // What is wrong later is news.
+    if (m_controller.published().settingMistakes.empty()) {
+        m_dismissed.erase(PanelContent::Message::Kind::settings);
     }
     const PanelContent::Context context{
         .now = m_controller.now(),
@@ -286,6 +291,11 @@ void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string
         break;
     case Deed::retryFiles:
         m_controller.files().retry();
+        break;
+    case Deed::openSettingsFile:
+        if (const auto file = m_controller.defaults().file(); file && !m_services.openFile(file->path)) {
+            tell(fmt::format(fmt::runtime(vantrel::tr("No editor opens {}.")), file->path.string()));
+        }
         break;
     case Deed::putBack:
         m_controller.restoreNow(RestoreSource::menu, tellRefusal());

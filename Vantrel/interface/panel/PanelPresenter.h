@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -38,6 +39,8 @@ public:
         std::function<void()> sendCrashReports{};
         std::function<void()> purchase{};
         std::function<void()> showUpdate = [] {};
+        // Opens the settings file in an editor; false if that is not possible.
+        std::function<bool(const std::filesystem::path& file)> openFile = [](const auto&) { return false; };
         std::function<void()> openWorkbench{};
         std::function<void()> openSettings{};
         std::function<void()> showHistory{};

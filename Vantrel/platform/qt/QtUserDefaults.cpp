@@ -137,9 +137,9 @@ void QtUserDefaults::setChangeHandler(std::function<void()> handler) {
 }
 
 bool QtUserDefaults::reload() {
-    const auto before = m_content.values;
+    const auto before = m_content;
     const bool readable = read();
-    if (m_handler && m_content.values != before) {
+    if (m_handler && m_content != before) {
         m_notify.start();
     }
     return readable;
@@ -157,29 +157,21 @@ bool QtUserDefaults::read() {
     }
     m_text = missing ? std::string() : std::move(*text);
     m_content = SettingsText::parse(m_text);
-    if (std::exchange(m_isUnreadable, false) || m_content.invalidLines.empty()) {
+    if (std::exchange(m_isUnreadable, false) || m_content.invalidLines().empty()) {
         m_incidents.clear(m_file, FileIncident::Topic::content);
     }
-    std::string complaint;
-    if (!m_content.invalidLines.empty()) {
-        const auto& first = m_content.invalidLines.front();
-        const auto more = m_content.invalidLines.size() - 1;
-        complaint = fmt::format("settings: ignoring invalid line {} of {}{}: {}", first.line, m_file.string(),
-                                more == 0 ? "" : fmt::format(" (and {} more)", more), first.text);
-    }
-    complain(std::move(complaint));
     return true;
 }
 
 bool QtUserDefaults::write(const std::string& text) {
-    if (!m_complaint.empty() && m_keptFor != m_complaint) {
+    if (auto invalid = m_content.invalidLines(); !invalid.empty() && m_keptFor != invalid) {
         if (const auto error = SetAside::keep(m_files, m_file, m_text)) {
             report(FileIncident::Kind::notWritten, "could not keep a copy: " + error.message());
             return false;
         }
         report(FileIncident::Kind::undecodable, "some of its lines are invalid",
                SetAside::newestCopy(m_file));
-        m_keptFor = m_complaint;
+        m_keptFor = std::move(invalid);
     }
     const auto error = m_files.writeAtomically(m_file, text);
     if (error) {
@@ -212,13 +204,6 @@ void QtUserDefaults::watch() {
             m_watcher.addPath(name);
         }
     }
-}
-
-void QtUserDefaults::complain(std::string complaint) {
-    if (complaint != m_complaint && !complaint.empty()) {
-        m_log(complaint);
-    }
-    m_complaint = std::move(complaint);
 }
 
 } // namespace vantrel

@@ -13,15 +13,14 @@
 
 namespace vantrel {
 
-// Invalid lines are ignored and logged but stay in the file. Before the first write to such a file, a copy is
-// kept beside it (SetAside). A file that cannot be read stays in place and is not written until it can be
-// read.
+// Invalid lines are ignored but stay in the file. Before the first write to such a file, a copy is kept
+// beside it (SetAside). A file that cannot be read stays in place and is not written until it can be read.
 class QtUserDefaults final : public UserDefaults {
 public:
     using Log = std::function<void(const std::string&)>;
 
-    // Reports invalid lines to `log` and failed reads and writes to `incidents`. `files` and `incidents` must
-    // outlive it.
+    // Reports a missing folder to `log` and failed reads and writes to `incidents`. `files` and `incidents`
+    // must outlive it.
     QtUserDefaults(std::filesystem::path file, FileSystem& files, FileIncidents& incidents, Log log);
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) override;
@@ -32,6 +31,9 @@ public:
     [[nodiscard]] std::optional<DefaultsData> data(std::string_view key) override;
     bool set(std::string_view key, const DefaultsValue& value) override;
     bool remove(std::string_view key) override;
+    [[nodiscard]] std::optional<SettingsFile> file() override {
+        return SettingsFile{m_file, m_content.lines};
+    }
 
     // Calls the handler from the event loop, once for changes made together.
     void setChangeHandler(std::function<void()> handler) override;
@@ -44,7 +46,6 @@ private:
     bool setPlain(std::string_view key, const DefaultsValue& value);
     bool write(const std::string& text);
     void watch();
-    void complain(std::string complaint);
     void report(FileIncident::Kind kind, std::string reason, std::filesystem::path copy = {});
 
     std::filesystem::path m_file;
@@ -53,11 +54,9 @@ private:
     Log m_log;
     std::string m_text;
     SettingsText::Content m_content;
-    // What was last logged about the file, so that each problem is logged once.
-    std::string m_complaint;
     bool m_isUnreadable = false;
-    // The complaint for which a copy has been kept.
-    std::string m_keptFor;
+    // The invalid lines of which a copy has been kept.
+    std::vector<SettingsLine> m_keptFor;
     std::function<void()> m_handler;
     QFileSystemWatcher m_watcher;
     // Editors truncate, write and rename in quick succession, so wait for a pause before reading.

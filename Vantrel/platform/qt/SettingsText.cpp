@@ -43,18 +43,12 @@ std::optional<DefaultsValue> scalar(std::string_view text) {
 }
 
 struct Line {
+    // Empty if the line is not of the form key = value.
     std::string_view key;
-    DefaultsValue value;
-    // Starts with #; empty if there is none.
+    std::string_view written;
+    std::optional<DefaultsValue> value;
+    // Starts with #; empty if there is none, or no value before it.
     std::string_view comment;
-};
-
-enum class LineKind : std::uint8_t { silent, setting, unknown };
-
-struct ReadLine {
-    LineKind kind = LineKind::silent;
-    // For an unknown line, at most the key is set.
-    Line setting;
 };
 
 // The end of the value at the start of `text`: after its closing quote, or where a comment begins.
@@ -72,30 +66,28 @@ std::size_t valueEnd(std::string_view text) {
     return text.size();
 }
 
-ReadLine readLine(std::string_view line) {
+// None for an empty line or a comment.
+std::optional<Line> readLine(std::string_view line) {
     const auto text = trimmed(line);
     if (text.empty() || text.front() == '#') {
-        return {};
+        return std::nullopt;
     }
-    ReadLine read{.kind = LineKind::unknown, .setting = {}};
     const auto equals = text.find('=');
-    if (equals == std::string_view::npos) {
-        return read;
+    const auto key = trimmed(text.substr(0, equals));
+    if (equals == std::string_view::npos || key.empty()) {
+        return Line{.key = {}, .written = text, .value = {}, .comment = {}};
     }
-    read.setting.key = trimmed(text.substr(0, equals));
     const auto rest = trimmed(text.substr(equals + 1));
-    if (read.setting.key.empty()) {
-        return read;
-    }
     const auto end = valueEnd(rest);
     const auto comment = trimmed(rest.substr(end));
-    auto value = scalar(trimmed(rest.substr(0, end)));
-    if (value && (comment.empty() || comment.front() == '#')) {
-        read.kind = LineKind::setting;
-        read.setting.value = std::move(*value);
-        read.setting.comment = comment;
+    if (comment.empty() || comment.front() == '#') {
+        const auto written = trimmed(rest.substr(0, end));
+        if (auto value = scalar(written)) {
+            return Line{key, written, std::move(value), comment};
+        }
+        return Line{.key = key, .written = written, .value = {}, .comment = {}};
     }
-    return read;
+    return Line{.key = key, .written = rest, .value = {}, .comment = {}};
 }
 
 std::vector<std::string_view> lines(std::string_view text) {
@@ -138,14 +130,21 @@ Content parse(std::string_view text) {
     std::size_t number = 0;
     for (const auto line : lines(text)) {
         ++number;
-        auto read = readLine(line);
-        if (read.kind == LineKind::setting) {
-            content.values.insert_or_assign(std::string(read.setting.key), std::move(read.setting.value));
-        } else if (read.kind == LineKind::unknown) {
-            content.invalidLines.push_back({number, std::string(trimmed(line))});
+        if (auto read = readLine(line)) {
+            if (read->value) {
+                content.values.insert_or_assign(std::string(read->key), *read->value);
+            }
+            content.lines.push_back(
+                {number, std::string(read->key), std::string(read->written), std::move(read->value)});
         }
     }
     return content;
+}
+
+std::vector<SettingsLine> Content::invalidLines() const {
+    auto invalid = lines;
+    std::erase_if(invalid, [](const SettingsLine& line) { return line.value.has_value(); });
+    return invalid;
 }
 
 std::string withValue(std::string_view text, std::string_view key, const DefaultsValue& value) {
@@ -153,8 +152,8 @@ std::string withValue(std::string_view text, std::string_view key, const Default
     bool replaced = false;
     for (const auto line : lines(text)) {
         const auto read = readLine(line);
-        if (read.kind != LineKind::silent && read.setting.key == key) {
-            result += settingLine(key, value, read.setting.comment);
+        if (read && read->key == key) {
+            result += settingLine(key, value, read->comment);
             replaced = true;
         } else {
             result.append(line) += '\n';
@@ -170,7 +169,7 @@ std::string withoutKey(std::string_view text, std::string_view key) {
     std::string result;
     for (const auto line : lines(text)) {
         const auto read = readLine(line);
-        if (read.kind == LineKind::silent || read.setting.key != key) {
+        if (!read || read->key != key) {
             result.append(line) += '\n';
         }
     }

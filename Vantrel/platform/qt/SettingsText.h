@@ -5,7 +5,6 @@
 
 #include "VantrelCore/ports/UserDefaults.h"
 
-#include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
@@ -13,22 +12,15 @@
 
 namespace vantrel::SettingsText {
 
-// A line that is neither a comment nor a setting.
-struct InvalidLine {
-    // Starts at 1.
-    std::size_t line = 0;
-    // The trimmed line.
-    std::string text;
-
-    bool operator==(const InvalidLine&) const = default;
-};
-
 struct Content {
     // If a key occurs twice, the last line wins.
     std::map<std::string, DefaultsValue, std::less<>> values;
-    std::vector<InvalidLine> invalidLines;
+    std::vector<SettingsLine> lines;
 
     bool operator==(const Content&) const = default;
+
+    // The lines without a value that can be used.
+    [[nodiscard]] std::vector<SettingsLine> invalidLines() const;
 };
 
 [[nodiscard]] Content parse(std::string_view text);

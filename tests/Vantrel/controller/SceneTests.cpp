@@ -190,6 +190,11 @@ TEST_F(Nudges, ReportsNothingWhenDisabledElsewhereOrWithoutTheScene) {
     story.defaults.set("quietNudgesEnabled", true);
     story.runFor(16);
     EXPECT_TRUE(isNudged());
+    story.defaults.set("quietNudgesEnabled", false);
+    story.runFor(0.1);
+    EXPECT_FALSE(isNudged()) << "at once";
+    story.defaults.set("quietNudgesEnabled", true);
+    story.runFor(16);
     story.connect("three-monitors");
     EXPECT_FALSE(isNudged());
     story.connect("laptop");

@@ -1,4 +1,6 @@
+#include "Vantrel/controller/DefaultsWithNotes.h"
 #include "tests/Vantrel/controller/LearnedDesk.h"
+#include "tests/simulated/MemoryFileSystem.h"
 
 #include <limits>
 
@@ -59,6 +61,124 @@ TEST_F(StoredSettings, ReadWhatAPersonTypesByTheirTypeOrSayWhatTheyTake) {
     EXPECT_EQ(SettingKeys::named("settledelay"), nullptr);
 }
 
+struct Notes : testing::Test {
+    Notes() {
+        defaults.set("restoreSizes", false);
+        defaults.set("hasOnboarded", true);
+        defaults.set("patternSuggestionSnoozedUntil", 1.5e9);
+        defaults.set("updateChecker.lastCheck", time.now());
+        Settings(defaults).savePatternObservations(observations);
+        defaults.set("wallpaperMemory", DefaultsData{"not JSON"});
+    }
+
+    [[nodiscard]] DefaultsWithNotes open() { return {defaults, "/v", files, time}; }
+    // Whether all notes can be read.
+    [[nodiscard]] bool areThere() {
+        auto opened = open();
+        const Settings settings(opened);
+        return settings.hasOnboarded() && settings.updateCheckerLastCheck() == time.now() &&
+               settings.patternSuggestionSnoozedUntil() == dateAfter(Date{}, 1.5e9) &&
+               settings.loadPatternObservations() == observations && !settings.restoreSizes() &&
+               settings.wallpaperMemory() == WallpaperMemory{};
+    }
+
+    const std::vector<DailyLayoutObservation> observations{{"desk", "2026-03-02", {"a|1,2,3x4"}}};
+    SimulatedTime time{0, dateFromIso8601("2026-03-02T09:30:00Z").value()};
+    SimulatedDefaults defaults{time};
+    MemoryFileSystem files;
+};
+
+TEST_F(Notes, MoveOnceToAFileOfTheirOwnAndStayThere) {
+    EXPECT_TRUE(areThere());
+    EXPECT_FALSE(defaults.boolean("hasOnboarded") || defaults.data("patternObservations"));
+    EXPECT_EQ(defaults.boolean("restoreSizes"), false);
+    const auto written = files.content("/v/notes.json");
+    EXPECT_TRUE(areThere());
+    EXPECT_EQ(files.content("/v/notes.json"), written);
+
+    auto opened = open();
+    time.runFor(0.1);
+    int changes = 0;
+    opened.setChangeHandler([&] { ++changes; });
+    EXPECT_TRUE(opened.set("hasOnboarded", false) && opened.remove("wallpaperMemory"));
+    time.runFor(0.1);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(opened.boolean("hasOnboarded"), false);
+    EXPECT_FALSE(opened.data("wallpaperMemory") || defaults.boolean("hasOnboarded"));
+    EXPECT_TRUE(opened.set("showHUD", false));
+    EXPECT_EQ(defaults.boolean("showHUD"), false);
+
+    files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    EXPECT_FALSE(opened.set("hasOnboarded", true));
+    EXPECT_EQ(opened.boolean("hasOnboarded"), false);
+}
+
+TEST_F(Notes, SurviveAMoveThatIsInterrupted) {
+    files.failAll(MemoryFileSystem::Operation::writeAtomically, std::errc::no_space_on_device);
+    EXPECT_TRUE(areThere()) << "the new file cannot be written";
+    EXPECT_TRUE(defaults.data("patternObservations"));
+    files.stopFailing();
+    // As after a kill before the old ones were removed.
+    defaults.failWrites();
+    EXPECT_TRUE(areThere());
+    EXPECT_TRUE(defaults.data("patternObservations"));
+    {
+        auto opened = open();
+        EXPECT_TRUE(Settings(opened).savePatternObservations({}));
+    }
+    defaults.failWrites("nothing");
+    auto opened = open();
+    EXPECT_TRUE(Settings(opened).loadPatternObservations().empty()) << "the newer ones";
+    EXPECT_FALSE(defaults.data("patternObservations"));
+}
+
+// Lines of a settings file, as the platform reads them.
+SettingsFile
+edited(const std::vector<std::tuple<std::string, std::string, std::optional<DefaultsValue>>>& lines) {
+    SettingsFile file{.path = "/home/me/settings.conf", .lines = {}};
+    for (const auto& [key, written, value] : lines) {
+        file.lines.push_back({file.lines.size() + 1, key, written, value});
+    }
+    return file;
+}
+
+TEST(SettingMistakes, SayWhatIsWrongAndWhatWasProbablyMeant) {
+    const auto mistakes = SettingMistakes::in(edited({
+        {"setleDelay", "1", std::int64_t{1}},
+        {"RestoreSize", "true", true},
+        {"colour", "\"red\"", std::string("red")},
+        {"settleDelay", "600", std::int64_t{600}},
+        {"showHUD", "no", std::nullopt},
+        {"saveKeyCode", "\"12\"", std::string("12")},
+        {"calendarFolders", "~/calendars", std::nullopt},
+        {"", "autoRestore: true", std::nullopt},
+        {"enabled", "true", true},
+        {"enabled", "false", false},
+        {"dockFrequency", "\"daily\"", std::string("daily")},
+    }));
+    EXPECT_THAT(
+        SettingMistakes::texts(mistakes),
+        testing::ElementsAre(
+            "Line 1 of settings.conf: There is no setting \"setleDelay\". Did you mean \"settleDelay\"?",
+            "Line 2 of settings.conf: There is no setting \"RestoreSize\". Did you mean \"restoreSizes\"?",
+            "Line 3 of settings.conf: There is no setting \"colour\".",
+            "Line 4 of settings.conf: \"600\" is not a valid value for settleDelay, which takes a number "
+            "from 0 "
+            "to 60.",
+            "Line 5 of settings.conf: \"no\" is not a valid value for showHUD, which takes true or false.",
+            "Line 6 of settings.conf: \"12\" is not a valid value for saveKeyCode, which takes a whole "
+            "number "
+            "from 0 to 127. Write it without quotes.",
+            "Line 7 of settings.conf: \"~/calendars\" is not a valid value for calendarFolders, which takes "
+            "a "
+            "string. Put it in double quotes.",
+            "Line 8 of settings.conf: It is not of the form key = value.",
+            "Line 9 of settings.conf: Line 10 sets enabled again and takes precedence.",
+            "Line 11 of settings.conf: dockFrequency is vantrel's own note and belongs in notes.json. Remove "
+            "this "
+            "line; to change the note: vantrelctl settings set dockFrequency VALUE"));
+}
+
 struct ChangingSettings : LearnedDesk {
     ChangingSettings() : LearnedDesk("laptop-and-monitor") {}
 };
@@ -79,6 +199,22 @@ TEST_F(ChangingSettings, ReinstallTheWatcherOnceAndOnlyForAnotherSettleDelay) {
     EXPECT_EQ(story.logged("display settled: "), 0U);
     story.runFor(0.2);
     EXPECT_EQ(story.logged("display settled: "), 1U);
+}
+
+TEST_F(ChangingSettings, AreLoggedOncePerMistakeAndPublishedWithTheirValues) {
+    const auto wrong = std::tuple("showHud", "false", DefaultsValue(false));
+    story.defaults.edit(edited({wrong}));
+    story.runFor(0.1);
+    story.defaults.edit(edited({{"restoreSizes", "false", false}, wrong}));
+    story.runFor(0.1);
+    EXPECT_EQ(story.logged("settings: Line 1 of settings.conf: There is no setting \"showHud\"."), 1U);
+    EXPECT_EQ(story.logged("settings: Line "), 1U);
+    EXPECT_EQ(story.published().settingMistakes.at(0).line, 2U);
+    EXPECT_EQ(story.published().preferences.at("restoreSizes"), DefaultsValue(false));
+    EXPECT_EQ(story.published().preferences.at("settleDelay"), DefaultsValue(0.5));
+    story.defaults.edit(edited({{"restoreSizes", "false", false}}));
+    story.runFor(0.1);
+    EXPECT_TRUE(story.published().settingMistakes.empty());
 }
 
 TEST_F(ChangingSettings, DisablingSurvivesARestartAndFollowsOtherPrograms) {

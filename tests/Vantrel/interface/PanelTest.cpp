@@ -211,6 +211,32 @@ TEST_F(PanelTest, TheSwitchTheNameAndTheLayoutsActAtOnce) {
     EXPECT_TRUE(story.published().activePinned);
 }
 
+TEST_F(PanelTest, AMistakeInTheSettingsFileIsShownWithTheFileUntilItIsRight) {
+    std::vector<std::filesystem::path> opened;
+    panel.emplace(*story.controller, PanelPresenter::Services{.openFile = [&](const auto& file) {
+        opened.push_back(file);
+        return true;
+    }});
+    open();
+    const SettingsLine wrong{1, "showHud", "false", false};
+    const SettingsLine right{2, "settleDelay", "1.5", 1.5};
+    story.defaults.edit({"/home/me/settings.conf", {wrong, right}});
+    settle();
+    ASSERT_EQ(content().messages.size(), 1U);
+    EXPECT_EQ(content().messages[0].detail,
+              "Line 1 of settings.conf: There is no setting \"showHud\". Did you mean \"showHUD\"?");
+    press("Open file");
+    EXPECT_THAT(opened, ElementsAre("/home/me/settings.conf"));
+    click("Dismiss");
+    EXPECT_THAT(content().messages, testing::IsEmpty());
+    for (const auto& lines : {std::vector{right}, std::vector{wrong, wrong}}) {
+        story.defaults.edit({"/home/me/settings.conf", lines});
+        settle();
+    }
+    ASSERT_EQ(content().messages.size(), 1U) << "a later mistake is news";
+    EXPECT_THAT(content().messages[0].detail, HasSubstr(" One more line is ignored."));
+}
+
 TEST_F(PanelTest, TheIntroductionKeepsTheAnswersAndLeadsBackToThePanel) {
     open();
     click("Introduction");

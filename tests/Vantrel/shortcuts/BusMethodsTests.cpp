@@ -105,7 +105,7 @@ TEST_F(BusMethods, SettingsAcceptOnlyValuesOfTheirType) {
     EXPECT_EQ(call("SetSetting", {"settleDelay", "2"})->at("value"), 2.0);
     EXPECT_FALSE(call("SetSetting", {"settleDelay", "-1"}));
     EXPECT_EQ(refusal("SetSetting", {"setleDelay", "1"}),
-              "There is no setting \"setleDelay\". See: vantrelctl settings");
+              "There is no setting \"setleDelay\". Did you mean \"settleDelay\"? See: vantrelctl settings");
     EXPECT_EQ(story.defaults.number("settleDelay"), 2);
     EXPECT_EQ(call("UnsetSetting", {"settleDelay"})->at("value"), 0.5);
     EXPECT_FALSE(call("UnsetSetting", {"setleDelay"}));

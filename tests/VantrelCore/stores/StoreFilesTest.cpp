@@ -2,6 +2,7 @@
 #include "VantrelCore/stores/AppReliabilityStore.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
 #include "VantrelCore/stores/LayoutStore.h"
+#include "VantrelCore/stores/ProgramNotesStore.h"
 #include "VantrelCore/stores/RestoreLogStore.h"
 #include "VantrelCore/stores/RestoreReceiptsStore.h"
 #include "VantrelCore/stores/SceneStore.h"
@@ -187,6 +188,10 @@ Changes changes(UsageStatsStore& store) {
     return {store.update([](UsageStats& usage) { usage.recordUndo(1, "desk", day); })};
 }
 
+Changes changes(ProgramNotesStore& store) {
+    return {store.update([](ProgramNotes& notes) { notes.notes["hasOnboarded"] = false; })};
+}
+
 Changes changes(AppReliabilityStore& store) {
     return {store.record({{}}, day), store.clear()};
 }
@@ -217,6 +222,7 @@ TEST(StoreFiles, ReportAFailedWriteAndKeepWhatWasStored) {
     check("restore-log.json", RestoreLogStore::open);
     check("receipts.json", openRestoreReceipts);
     check("usage.json", openUsageStats);
+    check("notes.json", openProgramNotes);
     check("app-reliability.json", AppReliabilityStore::open);
     check("app-size-behavior.json", AppSizeBehaviorStore::open);
 }

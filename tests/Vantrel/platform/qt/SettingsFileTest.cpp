@@ -46,7 +46,7 @@ TEST(SettingsText, ParsesCommentsSpacesAndTypes) {
                                        {"settleDelay", 1.5},
                                        {"dockFrequency", std::string("daily # not a comment")},
                                        {"saveKeyCode", std::int64_t{12}}}));
-    EXPECT_TRUE(content.invalidLines.empty());
+    EXPECT_TRUE(content.invalidLines().empty());
     // Lines of other systems, and none at the end.
     EXPECT_EQ(SettingsText::parse("a = 1\r\nb = true").values,
               (Entries{{"a", std::int64_t{1}}, {"b", true}}));
@@ -56,15 +56,15 @@ TEST(SettingsText, ReportsUnreadableLines) {
     const auto content = SettingsText::parse("autoRestore = yes\nrestoreSizes = true\nshowHUD\n= 5\n"
                                              "a = [1]\nb = \"open\nc = \xff\n");
     EXPECT_EQ(content.values, (Entries{{"restoreSizes", true}}));
-    std::vector<std::size_t> lines;
-    for (const auto& found : content.invalidLines) {
-        lines.push_back(found.line);
-    }
-    EXPECT_EQ(lines, (std::vector<std::size_t>{1, 3, 4, 5, 6, 7}));
-    EXPECT_EQ(content.invalidLines.at(0).text, "autoRestore = yes");
+    using Line = SettingsLine;
+    EXPECT_THAT(content.invalidLines(),
+                ElementsAre(Line{1, "autoRestore", "yes", {}}, Line{3, "", "showHUD", {}},
+                            Line{4, "", "= 5", {}}, Line{5, "a", "[1]", {}}, Line{6, "b", "\"open", {}},
+                            Line{7, "c", "\xff", {}}));
+    EXPECT_EQ(content.lines.at(1), (Line{2, "restoreSizes", "true", true}));
     // Searching it again from every # on would take minutes.
     const std::string endless = "a = \"" + std::string(1'000'000, '#');
-    EXPECT_EQ(SettingsText::parse(endless).invalidLines.size(), 1U);
+    EXPECT_EQ(SettingsText::parse(endless).invalidLines().size(), 1U);
 }
 
 TEST(SettingsText, ChangesOneValueAndKeepsEveryOtherLine) {
@@ -183,9 +183,6 @@ TEST_F(QtUserDefaultsTest, KeepsACopyOfAMalformedFile) {
     auto defaults = open();
     EXPECT_EQ(defaults.number("settleDelay"), std::nullopt);
     EXPECT_EQ(defaults.boolean("restoreSizes"), false);
-    EXPECT_THAT(
-        m_log, ElementsAre(AllOf(HasSubstr("line 1"), HasSubstr("1 more"), HasSubstr("settleDelay = fast"))));
-
     EXPECT_TRUE(defaults.set("settleDelay", 1.0));
     EXPECT_EQ(textOf(file().string() + ".corrupt"), broken);
     EXPECT_EQ(textOf(file()), "settleDelay = 1.0\nrestoreSizes = false\n{\"json\": 1}\n");
