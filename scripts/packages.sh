@@ -1,12 +1,12 @@
 # shellcheck shell=bash
-# The Debian 12 packages that Vantrel needs, by purpose. Sourced by scripts/setup; docs/dependencies.md explains why
-# each library is needed.
+# The Debian 12 packages that Vantrel needs, in sets by purpose. Sourced by scripts/setup; docs/dependencies.md
+# explains why each library is needed.
 
+# For compiling the programs.
 # shellcheck disable=SC2034 # read by scripts/setup
 packages_build=(
     cmake
     g++
-    git
     libcli11-dev
     libfmt-dev
     libglib2.0-dev
@@ -14,12 +14,9 @@ packages_build=(
     libicu-dev
     libsodium-dev
     libxcb-icccm4-dev
-    libxcb-keysyms1-dev
     libxcb-randr0-dev
     libxcb-res0-dev
-    libxcb-util-dev
     libxcb-xkb-dev
-    libxcb-xtest0-dev
     libxcb1-dev
     ninja-build
     nlohmann-json3-dev
@@ -30,52 +27,59 @@ packages_build=(
 # shellcheck disable=SC2034
 packages_run=(
     dbus
-    fonts-dejavu-core
     libqt6svg6
     tzdata
 )
 
+# For the demo on a private desk, beside the above.
+# shellcheck disable=SC2034
+packages_demo=(
+    featherpad
+    fonts-dejavu-core
+    galculator
+    gsettings-desktop-schemas
+    libpng-dev
+    mousepad
+    openbox
+    x11-xkb-utils
+    xserver-xorg-core
+    xserver-xorg-video-dummy
+    xterm
+)
+
+# For compiling and running the tests and benchmarks; clang compiles the macOS adapter.
 # shellcheck disable=SC2034
 packages_test=(
     appstream
+    clang-19
     desktop-file-utils
-    featherpad
     fish
     fluxbox
     fonts-inter
-    galculator
-    gsettings-desktop-schemas
     i3-wm
     kwin-x11
     libbenchmark-dev
+    libclang-rt-19-dev
     libgmock-dev
     libgtest-dev
-    libpng-dev
     librapidcheck-dev
     man-db
-    mousepad
-    openbox
     trayer
     wmctrl
     x11-utils
-    x11-xkb-utils
     x11-xserver-utils
     xdotool
     xfce4-panel
     xfce4-terminal
     xfwm4
-    xserver-xorg-core
-    xserver-xorg-video-dummy
-    xterm
     zsh
 )
 
 # shellcheck disable=SC2034
 packages_check=(
-    clang-19
     clang-format-19
     clang-tidy-19
-    libclang-rt-19-dev
+    git
     llvm
     python3
     shellcheck
