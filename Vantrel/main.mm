@@ -8,10 +8,13 @@
 #include "Vantrel/diagnostics/UpdateChecker.h"
 #include "Vantrel/diagnostics/VendorServer.h"
 #include "Vantrel/interface/HUDOverlay.h"
+#include "Vantrel/interface/ShownWindows.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
 #include "Vantrel/platform/macos/FocusFilterReader.h"
+#include "Vantrel/platform/macos/FocusReturn.h"
 #include "Vantrel/platform/macos/LaunchNotice.h"
 #include "Vantrel/platform/macos/LoginItem.h"
 #include "Vantrel/platform/macos/MacAccessibility.h"
@@ -22,6 +25,7 @@
 #include "Vantrel/platform/macos/MacLocalZone.h"
 #include "Vantrel/platform/macos/MacMachineIdentity.h"
 #include "Vantrel/platform/macos/MacMainQueue.h"
+#include "Vantrel/platform/macos/MacMenuBarItem.h"
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 #include "Vantrel/platform/macos/MacUserDefaults.h"
 #include "Vantrel/platform/macos/MacWork.h"
@@ -30,6 +34,7 @@
 #include "Vantrel/platform/macos/MissionControlReader.h"
 #include "Vantrel/platform/macos/ObjCExceptions.h"
 #include "Vantrel/platform/macos/ProgramPresence.h"
+#include "Vantrel/platform/macos/ReopenNotice.h"
 #include "Vantrel/platform/macos/RunningApplications.h"
 #include "Vantrel/platform/macos/Screens.h"
 #include "Vantrel/platform/macos/SessionState.h"
@@ -47,6 +52,7 @@
 #include "VantrelCore/windows/AccessibilityDesk.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include <cstdlib>
@@ -137,14 +143,7 @@ public:
         }
         m_controller->watchForPermission();
         m_controller->startEngine();
-        m_statusIcon.emplace(
-            *m_controller,
-            StatusIcon::Actions{
-                .purchase =
-                    [this] { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
-                .checkForUpdates = [this] { m_updates.checkForUpdates(); },
-                .quit = [] { QCoreApplication::quit(); }});
-        m_statusIcon->show(StatusIcon::Tray::menuBar);
+        startSurfaces();
         offerMissionControlFix();
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
@@ -153,6 +152,33 @@ public:
     }
 
 private:
+    void startSurfaces() {
+        PanelPresenter::Services services;
+        services.keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); };
+        services.trayIcon = [this] { return m_statusIcon ? m_statusIcon->place() : std::nullopt; };
+        services.permissionTitle = "Vantrel needs Accessibility access";
+        services.permissionDetail =
+            "Allow Vantrel in System Settings, Privacy & Security, Accessibility, then check again.";
+        services.purchase = [this] { purchase(); };
+        services.showUpdate = [this] { m_updates.checkForUpdates(); };
+        services.quit = [] { QCoreApplication::quit(); };
+        m_panel.emplace(*m_controller, std::move(services));
+        m_controller->setPanelHandler([this] { m_panel->open(); });
+        m_statusIcon.emplace(
+            *m_controller,
+            StatusIcon::Actions{
+                .openPanel = [this] { m_panel->toggle(); },
+                .purchase = [this] { purchase(); },
+                .checkForUpdates = [this] { m_updates.checkForUpdates(); },
+                .quit = [] { QCoreApplication::quit(); },
+                .tell = [this](const std::string& text) { m_overlay.show({text, "", "warn"}); }});
+        m_menuBarItem.emplace();
+        m_statusIcon->showInMenuBar(*m_menuBarItem);
+        m_reopen.emplace([this] { m_panel->open(); });
+    }
+
+    void purchase() { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); }
+
     void offerMissionControlFix() {
         using Classification = MissionControlConfig::Classification;
         using FixTime = StatusIcon::FixTime;
@@ -241,7 +267,14 @@ private:
     HUDOverlay m_overlay;
     std::unique_ptr<AppController> m_controller;
     std::optional<IntentsBridge> m_intents;
+    FocusReturn m_focusReturn;
+    ShownWindows m_shownWindows{{.shown = [this] { m_focusReturn.windowShown(); },
+                                 .lastClosed = [this] { m_focusReturn.lastWindowClosed(); }}};
+    // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
+    std::optional<PanelPresenter> m_panel;
+    std::optional<MacMenuBarItem> m_menuBarItem;
     std::optional<StatusIcon> m_statusIcon;
+    std::optional<ReopenNotice> m_reopen;
 };
 
 } // namespace
@@ -262,10 +295,11 @@ int main(int argumentCount, char** arguments) {
     // Held until everything that writes files has been destroyed.
     const auto lock = InstanceLock::take(*supportDirectory);
     if (!lock) {
-        return complain(
-            fmt::format("Vantrel is already running{}. Two would overwrite each other's files in {}, "
-                        "so this one quits.",
-                        lock.error().empty() ? "" : " (" + lock.error() + ")", supportDirectory->string()));
+        // Whoever starts it again wants to see it.
+        ReopenNotice::send();
+        fmt::print(stderr, "Vantrel is already running{}; its panel is open now.\n",
+                   lock.error().empty() ? "" : " (" + lock.error() + ")");
+        return 0;
     }
     Program program(*supportDirectory, system);
     if (const auto problem = program.construct()) {

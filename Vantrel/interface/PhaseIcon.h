@@ -6,6 +6,8 @@
 #include <QIcon>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace vantrel::PhaseIcon {
 
@@ -17,5 +19,9 @@ enum class Tone : std::uint8_t { dark, light };
 [[nodiscard]] Tone toneOfDesktop();
 
 [[nodiscard]] QIcon icon(const Phase& phase, Tone tone);
+
+// The same for a menu bar that colours its icons: PNG data for one, two and three pixels per point, where
+// only the opacity counts. So the badge's shape says what its colour says elsewhere.
+[[nodiscard]] std::vector<std::string> masks(const Phase& phase);
 
 } // namespace vantrel::PhaseIcon

@@ -16,6 +16,9 @@ StatusIcon::StatusIcon(AppController& controller, Actions actions)
 
 StatusIcon::~StatusIcon() {
     m_controller.removeObserver(m_observer);
+    if (m_item != nullptr) {
+        m_item->setHandlers({});
+    }
 }
 
 void StatusIcon::show(Tray tray) {
@@ -34,6 +37,23 @@ void StatusIcon::show(Tray tray) {
     m_icon->show();
 }
 
+void StatusIcon::showInMenuBar(MenuBarItem& item) {
+    m_item = &item;
+    item.setHandlers(
+        {.clicked = [this] { m_menu.clicked(); }, .menu = [this] { return m_menu.menuBarEntries(); }});
+    refresh();
+}
+
+std::optional<QRect> StatusIcon::place() const {
+    if (m_item != nullptr) {
+        const auto frame = m_item->frame();
+        return frame ? QRectF(frame->origin.x, frame->origin.y, frame->size.width, frame->size.height)
+                           .toAlignedRect()
+                     : QRect();
+    }
+    return m_icon ? std::optional(m_icon->geometry()) : std::nullopt;
+}
+
 void StatusIcon::leaveStatusNotifier() {
     if (m_tray == Tray::statusNotifier) {
         m_menu.uninstall();
@@ -44,11 +64,18 @@ void StatusIcon::leaveStatusNotifier() {
 
 void StatusIcon::refresh() {
     const auto& state = m_controller.published();
-    if (m_icon && m_shownPhase != state.phase) {
-        m_shownPhase = state.phase;
-        m_icon->setIcon(PhaseIcon::icon(state.phase, PhaseIcon::toneOfDesktop()));
-        m_icon->setToolTip(QString::fromStdString("Vantrel: " + StatusPhase::text(state.phase)));
+    if (m_shownPhase == state.phase || (!m_icon && m_item == nullptr)) {
+        return;
     }
+    m_shownPhase = state.phase;
+    const std::string description = "Vantrel: " + StatusPhase::text(state.phase);
+    if (m_item != nullptr) {
+        m_item->setPicture(PhaseIcon::masks(state.phase));
+        m_item->setDescription(description);
+        return;
+    }
+    m_icon->setIcon(PhaseIcon::icon(state.phase, PhaseIcon::toneOfDesktop()));
+    m_icon->setToolTip(QString::fromStdString(description));
 }
 
 } // namespace vantrel

@@ -1,4 +1,4 @@
-// The status item: a tray icon that shows the phase and has the context menu.
+// The status item: an icon in the tray or in the menu bar that shows the phase and has the context menu.
 #pragma once
 
 #include "Vantrel/interface/StatusItemContextMenu.h"
@@ -25,13 +25,14 @@ public:
     // reappears automatically when the tray goes away and comes back.
     void show(Tray tray);
 
+    // The same in a menu bar, which is a Mac's. `item` outlives this.
+    void showInMenuBar(MenuBarItem& item);
+
     // The bus that the icon was on has been lost: removes the icon until it is shown again.
     void leaveStatusNotifier();
 
     // Where the icon is on the screen; none while it is not shown. Empty when the tray does not say.
-    [[nodiscard]] std::optional<QRect> place() const {
-        return m_icon ? std::optional(m_icon->geometry()) : std::nullopt;
-    }
+    [[nodiscard]] std::optional<QRect> place() const;
 
     // Offers to fix Mission Control's settings; null withdraws the offer.
     void offerMissionControlFix(std::function<void()> fix, FixTime time) {
@@ -45,6 +46,7 @@ private:
     StatusItemContextMenu m_menu;
     Tray m_tray = Tray::xembed;
     std::optional<QSystemTrayIcon> m_icon;
+    MenuBarItem* m_item = nullptr;
     std::optional<Phase> m_shownPhase;
     Publisher::ObserverID m_observer;
 };

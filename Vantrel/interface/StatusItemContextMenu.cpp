@@ -1,6 +1,8 @@
 #include "Vantrel/interface/StatusItemContextMenu.h"
 
 #include <QCursor>
+#include <QPointer>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <utility>
@@ -71,14 +73,7 @@ StatusItemContextMenu::StatusItemContextMenu(AppController& controller, Actions 
     : m_controller(controller), m_actions(std::move(actions)),
       m_observer(controller.addObserver([this](Topics /*changed*/) { refresh(); })) {
     // Applies changes made while the menu was open. Queued, because only then does the menu count as closed.
-    QObject::connect(&m_menu, &QMenu::aboutToShow, &m_menu, [this] { m_isOpen = true; });
-    QObject::connect(
-        &m_menu, &QMenu::aboutToHide, &m_menu,
-        [this] {
-            m_isOpen = false;
-            refresh();
-        },
-        Qt::QueuedConnection);
+    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
     refresh();
 }
 
@@ -94,6 +89,29 @@ void StatusItemContextMenu::install(QSystemTrayIcon& icon, Tray tray) {
     icon.setContextMenu(&m_menu);
 }
 
+std::vector<MenuBarItem::Entry> StatusItemContextMenu::menuBarEntries() {
+    m_tray = Tray::menuBar;
+    fill(m_menu, wantedEntries(), m_tray);
+    std::vector<MenuBarItem::Entry> found;
+    for (QAction* const action : m_menu.actions()) {
+        if (action->isSeparator()) {
+            found.emplace_back();
+            continue;
+        }
+        // Without the mark of the letter that Qt would underline.
+        const QString title = action->text().section('\t', 0, 0);
+        found.push_back({.title = QString(title).replace(QRegularExpression("&(.)"), "\\1").toStdString(),
+                         .isEnabled = action->isEnabled(),
+                         .isChecked = action->isChecked(),
+                         .perform = [chosen = QPointer(action)] {
+                             if (chosen) {
+                                 chosen->trigger();
+                             }
+                         }});
+    }
+    return found;
+}
+
 void StatusItemContextMenu::clicked() {
     if (m_actions.openPanel) {
         m_actions.openPanel();
@@ -106,8 +124,8 @@ void StatusItemContextMenu::clicked() {
 void StatusItemContextMenu::refresh() {
     // An open menu keeps its entries, so that they do not change under the user's pointer.
     const auto wanted = wantedEntries();
-    const bool isOpen = m_tray == Tray::menuBar ? m_isOpen : m_menu.isVisible();
-    if (m_shownEntries != wanted && !isOpen) {
+    // That of a menu bar is filled when it opens.
+    if (m_tray != Tray::menuBar && m_shownEntries != wanted && !m_menu.isVisible()) {
         fill(m_menu, wanted, m_tray);
         m_shownEntries = wanted;
     }
@@ -163,13 +181,21 @@ const std::function<void()>& StatusItemContextMenu::actionOf(StatusItem::Notice:
     return m_actions.checkForUpdates;
 }
 
+void StatusItemContextMenu::tell(const std::string& text) {
+    if (m_actions.tell) {
+        m_actions.tell(text);
+    } else if (m_icon) {
+        m_icon->showMessage("Vantrel", qt(text), m_icon->icon());
+    }
+}
+
 RestoreOutcome::Done StatusItemContextMenu::showRefusal() {
     using Kind = RestoreOutcome::Kind;
     return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
         // A user who requested something else meanwhile does not need the message.
         const bool isSilent = outcome.kind == Kind::finished || outcome.kind == Kind::superseded;
-        if (!isSilent && !alive.expired() && m_icon) {
-            m_icon->showMessage("Vantrel", qt(outcome.text()), m_icon->icon());
+        if (!isSilent && !alive.expired()) {
+            tell(outcome.text());
         }
     };
 }
@@ -185,8 +211,8 @@ void StatusItemContextMenu::applyScene(const std::string& id) {
 
 void StatusItemContextMenu::joinOfferedDesk() {
     const DeskJoining joining = m_controller.joinDesks("", "");
-    if (joining.kind != DeskJoining::Kind::done && m_icon) {
-        m_icon->showMessage("Vantrel", qt(joining.text()), m_icon->icon());
+    if (joining.kind != DeskJoining::Kind::done) {
+        tell(joining.text());
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/commands/StatusItemMenu.h"
+#include "VantrelCore/ports/MenuBarItem.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -18,7 +19,7 @@ namespace vantrel {
 // Lives on the main thread; the controller outlives it.
 class StatusItemContextMenu {
 public:
-    // The menu bar is macOS's; there Qt opens the menu itself on every kind of click.
+    // The menu bar is macOS's, which opens a native menu with menuBarEntries().
     enum class Tray : std::uint8_t { statusNotifier, xembed, menuBar };
 
     struct Actions {
@@ -30,6 +31,8 @@ public:
         std::function<void()> purchase{};
         std::function<void()> checkForUpdates{};
         std::function<void()> quit{};
+        // Says why an entry did nothing; null shows a message next to the icon.
+        std::function<void(const std::string&)> tell{};
     };
 
     StatusItemContextMenu(AppController& controller, Actions actions);
@@ -40,6 +43,9 @@ public:
     // Attaches the menu to the icon of a tray of this kind, until uninstall().
     void install(QSystemTrayIcon& icon, Tray tray);
     void uninstall() { m_icon = nullptr; }
+
+    // Fills the menu for a menu bar that opens it now. The entries work until the next call.
+    [[nodiscard]] std::vector<MenuBarItem::Entry> menuBarEntries();
 
     // Handles a left click on the icon: opens the panel, or the menu while there is no panel.
     void clicked();
@@ -59,7 +65,8 @@ private:
     void perform(const StatusItemMenuEntry& entry);
     void applyScene(const std::string& id);
     void joinOfferedDesk();
-    // Shows a message next to the icon that says why an entry did nothing.
+    // Says why an entry did nothing.
+    void tell(const std::string& text);
     [[nodiscard]] RestoreOutcome::Done showRefusal();
 
     AppController& m_controller;
@@ -73,9 +80,6 @@ private:
     QSystemTrayIcon* m_icon = nullptr;
     Tray m_tray = Tray::xembed;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
-    // For the menu bar: a menu that macOS shows there does not count as visible. Elsewhere this is not
-    // reliable, as trays need not say that they have closed the menu.
-    bool m_isOpen = false;
     Publisher::ObserverID m_observer;
     // Expires with this object, for restores that end later.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

@@ -132,6 +132,14 @@ void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void*
     observers().push_back({center, observer, callBack, textOf(name), suspensionBehavior});
 }
 
+void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFNotificationName name,
+                                          const void* /*object*/, CFDictionaryRef /*userInfo*/,
+                                          Boolean /*deliverImmediately*/) {
+    if (center == CFNotificationCenterGetDistributedCenter()) {
+        deliverDistributed(textOf(name), true);
+    }
+}
+
 void CFNotificationCenterRemoveObserver(CFNotificationCenterRef center, const void* observer,
                                         CFNotificationName name, const void* /*object*/) {
     std::erase_if(observers(), [&](const Observer& each) {

@@ -159,6 +159,18 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 }
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOthers {
     vantrel::fake::cocoa::system().calls.push_back(ignoringOthers ? "activate, ignoring others" : "activate");
+    vantrel::fake::cocoa::system().isActive = true;
+    vantrel::fake::cocoa::system().frontmost.reset();
+}
+- (BOOL)isActive {
+    return vantrel::fake::cocoa::system().isActive;
+}
+- (NSEvent*)currentEvent {
+    return shared([NSEvent class]);
+}
+- (void)yieldActivationToApplication:(NSRunningApplication*)application {
+    vantrel::fake::cocoa::system().calls.push_back("yield to " +
+                                                   std::to_string(application.processIdentifier));
 }
 @end
 
@@ -168,6 +180,9 @@ const NSNotificationName NSApplicationDidFinishLaunchingNotification =
 }
 - (void)setCollectionBehavior:(NSUInteger)behavior {
     vantrel::fake::cocoa::system().collectionBehavior = behavior;
+}
+- (NSRect)frame {
+    return {{1200, 876}, {30, 24}};
 }
 @end
 

@@ -64,6 +64,24 @@ struct Event {
     long status = 0;
 };
 
+// The program's item in the menu bar.
+struct MenuBar {
+    bool hasItem = false;
+    std::string toolTip;
+    std::string label;
+    std::size_t resolutions = 0;
+    bool isTemplate = false;
+    // The entries of the menu that was opened last.
+    std::vector<std::string> opened;
+    // Called while the menu is open; then the user chooses the entry of this title.
+    std::function<void()> whileOpen;
+    std::string chosen;
+
+    bool isRightClickSent = false;
+    bool isRightClick = false;
+    bool isControlHeld = false;
+};
+
 struct System {
     std::vector<Screen> screens;
     std::vector<std::shared_ptr<Application>> applications;
@@ -89,6 +107,9 @@ struct System {
     bool isFinishedLaunching = false;
     // Whether the program is the active one; a menu-bar program rarely is.
     bool isActive = true;
+    // The active application, if it is another one.
+    std::shared_ptr<Application> frontmost;
+    MenuBar menuBar;
     // The bundle's build is a number instead of a string.
     bool isVersionNumber = false;
     std::optional<std::string> hardwareModel = "Mac14,2";
@@ -123,6 +144,11 @@ void advance(double seconds);
 // Calls the program's handler for an uncaught NSException, as the runtime does.
 void throwUncaught(const std::string& name, const std::optional<std::string>& reason,
                    const std::vector<std::string>& callStack);
+
+enum class Click : std::uint8_t { left, right, control };
+void clickMenuBarItem(Click click);
+// The user opens the running program again, in the Finder or the Dock.
+void reopen();
 
 // Posts a notification to the workspace's, the program's own or the distributed centre.
 enum class Center { workspace, program, distributed };

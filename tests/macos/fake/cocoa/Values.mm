@@ -187,6 +187,9 @@ Class NSClassFromString(NSString* name) {
 - (NSUInteger)count {
     return _objects.size();
 }
+- (id)firstObject {
+    return _objects.empty() ? nil : _objects.front();
+}
 - (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
                                   objects:(id __unsafe_unretained[])buffer
                                     count:(NSUInteger)count {

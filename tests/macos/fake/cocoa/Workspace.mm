@@ -99,6 +99,13 @@ NSRect rect(const Area& area) {
     _shown->isHidden = _shown->isHidden && !_shown->obeys;
     return _shown->obeys;
 }
+- (BOOL)activateWithOptions:(NSUInteger)options {
+    auto& mac = vantrel::fake::cocoa::system();
+    mac.calls.push_back("activate " + std::to_string(_shown->pid));
+    mac.isActive = false;
+    mac.frontmost = _shown;
+    return YES;
+}
 @end
 
 @implementation NSWorkspaceOpenConfiguration
@@ -160,6 +167,10 @@ NSRunningApplication* running(const std::shared_ptr<Application>& application) {
         made.push_back(running(application));
     }
     return makeArray(made);
+}
+- (NSRunningApplication*)frontmostApplication {
+    const auto& frontmost = vantrel::fake::cocoa::system().frontmost;
+    return frontmost ? running(frontmost) : nil;
 }
 - (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier {
     const auto& installed = vantrel::fake::cocoa::system().installed;

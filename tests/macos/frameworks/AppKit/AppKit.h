@@ -25,8 +25,26 @@ VANTREL_EXTERN const NSNotificationName NSWorkspaceSessionDidBecomeActiveNotific
 VANTREL_EXTERN const NSNotificationName NSWorkspaceSessionDidResignActiveNotification;
 VANTREL_EXTERN NSString* const NSWorkspaceApplicationKey;
 
+typedef enum NSEventType : NSUInteger {
+    NSEventTypeLeftMouseDown = 1,
+    NSEventTypeRightMouseDown = 3,
+} NSEventType;
+typedef unsigned long long NSEventMask;
+enum : NSEventMask {
+    NSEventMaskLeftMouseDown = 1ULL << NSEventTypeLeftMouseDown,
+    NSEventMaskRightMouseDown = 1ULL << NSEventTypeRightMouseDown,
+};
+enum : NSUInteger { NSEventModifierFlagControl = 1 << 18 };
+
+@interface NSEvent : NSObject
+@property(readonly) NSEventType type;
+@property(readonly) NSUInteger modifierFlags;
+@end
+
 @interface NSApplication : NSObject
 @property(class, readonly, strong) NSApplication* sharedApplication;
+@property(readonly, getter=isActive) BOOL active;
+@property(nullable, readonly, strong) NSEvent* currentEvent;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy;
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOthers;
 @end
@@ -39,6 +57,7 @@ typedef enum NSWindowCollectionBehavior : NSUInteger {
 
 @interface NSWindow : NSObject
 @property NSUInteger collectionBehavior;
+@property(readonly) NSRect frame;
 @end
 
 @interface NSView : NSObject
@@ -65,6 +84,7 @@ typedef enum NSWindowCollectionBehavior : NSUInteger {
 @property(readonly, getter=isFinishedLaunching) BOOL finishedLaunching;
 - (BOOL)hide;
 - (BOOL)unhide;
+- (BOOL)activateWithOptions:(NSUInteger)options;
 @end
 
 VANTREL_MACOS(10.15)
@@ -78,6 +98,7 @@ VANTREL_MACOS(10.15)
 @property(class, readonly, strong) NSWorkspace* sharedWorkspace;
 @property(readonly, strong) NSNotificationCenter* notificationCenter;
 @property(readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
+@property(nullable, readonly, strong) NSRunningApplication* frontmostApplication;
 - (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;
 - (void)openApplicationAtURL:(NSURL*)url
                configuration:(NSWorkspaceOpenConfiguration*)configuration
@@ -91,6 +112,58 @@ VANTREL_MACOS(10.15)
                  forScreen:(NSScreen*)screen
                    options:(NSDictionary<NSWorkspaceDesktopImageOptionKey, id>*)options
                      error:(NSError* _Nullable* _Nullable)error;
+@end
+
+@interface NSBitmapImageRep : NSObject
++ (nullable instancetype)imageRepWithData:(NSData*)data;
+@property NSSize size;
+@end
+
+@interface NSImage : NSObject
+- (instancetype)initWithSize:(NSSize)size;
+- (void)addRepresentation:(NSBitmapImageRep*)representation;
+@property(getter=isTemplate, setter=setTemplate:) BOOL isTemplate;
+@end
+
+typedef NSInteger NSControlStateValue;
+enum : NSControlStateValue { NSControlStateValueOff = 0, NSControlStateValueOn = 1 };
+
+@interface NSMenuItem : NSObject
+@property(class, readonly) NSMenuItem* separatorItem;
+- (instancetype)initWithTitle:(NSString*)title
+                       action:(nullable SEL)action
+                keyEquivalent:(NSString*)keyEquivalent;
+@property(nullable, weak) id target;
+@property(getter=isEnabled) BOOL enabled;
+@property NSControlStateValue state;
+@end
+
+@interface NSMenu : NSObject
+- (void)addItem:(NSMenuItem*)item;
+@property BOOL autoenablesItems;
+@end
+
+@interface NSStatusBarButton : NSView
+@property(nullable, strong) NSImage* image;
+@property(nullable, copy) NSString* toolTip;
+@property(nullable, copy) NSString* accessibilityLabel VANTREL_MACOS(10.10);
+@property(nullable, weak) id target;
+@property(nullable) SEL action;
+- (NSInteger)sendActionOn:(NSEventMask)mask;
+- (void)performClick:(nullable id)sender;
+@end
+
+static const double NSSquareStatusItemLength = -2.0;
+
+@interface NSStatusItem : NSObject
+@property(nullable, readonly, strong) NSStatusBarButton* button VANTREL_MACOS(10.10);
+@property(nullable, strong) NSMenu* menu;
+@end
+
+@interface NSStatusBar : NSObject
+@property(class, readonly, strong) NSStatusBar* systemStatusBar;
+- (NSStatusItem*)statusItemWithLength:(double)length;
+- (void)removeStatusItem:(NSStatusItem*)item;
 @end
 
 #pragma clang assume_nonnull end

@@ -174,6 +174,11 @@ VANTREL_EXTERN void CFNotificationCenterAddObserver(CFNotificationCenterRef cent
                                                     CFNotificationCallback callBack,
                                                     CFStringRef _Nullable name, const void* _Nullable object,
                                                     CFNotificationSuspensionBehavior suspensionBehavior);
+VANTREL_EXTERN void CFNotificationCenterPostNotification(CFNotificationCenterRef center,
+                                                         CFNotificationName name,
+                                                         const void* _Nullable object,
+                                                         CFDictionaryRef _Nullable userInfo,
+                                                         Boolean deliverImmediately);
 VANTREL_EXTERN void CFNotificationCenterRemoveObserver(CFNotificationCenterRef center,
                                                        const void* _Nullable observer,
                                                        CFNotificationName _Nullable name,
@@ -182,7 +187,13 @@ VANTREL_EXTERN void CFNotificationCenterRemoveObserver(CFNotificationCenterRef c
 // Run loops.
 typedef CFStringRef CFRunLoopMode;
 typedef SInt32 CFRunLoopRunResult;
+typedef struct CF_BRIDGED_TYPE(id) __CFRunLoop* CFRunLoopRef;
+typedef struct CF_BRIDGED_TYPE(id) __CFRunLoopSource* CFRunLoopSourceRef;
 VANTREL_EXTERN const CFRunLoopMode kCFRunLoopDefaultMode;
+VANTREL_EXTERN const CFRunLoopMode kCFRunLoopCommonModes;
+VANTREL_EXTERN CF_RETURNS_NOT_RETAINED CFRunLoopRef CFRunLoopGetMain(void);
+VANTREL_EXTERN void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode);
+VANTREL_EXTERN void CFRunLoopRemoveSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode);
 VANTREL_EXTERN CFRunLoopRunResult CFRunLoopRunInMode(CFRunLoopMode mode, double seconds,
                                                      Boolean returnAfterSourceHandled);
 

@@ -19,6 +19,7 @@ typedef long NSInteger;
 typedef unsigned long NSUInteger;
 typedef double NSTimeInterval;
 typedef CGRect NSRect;
+typedef CGSize NSSize;
 
 #pragma clang assume_nonnull begin
 
@@ -91,6 +92,7 @@ typedef NSString* NSErrorDomain;
 @interface NSArray<__covariant T> : NSObject <NSFastEnumeration>
 + (instancetype)arrayWithObjects:(const T _Nonnull[_Nullable])objects count:(NSUInteger)count;
 @property(readonly) NSUInteger count;
+@property(nullable, readonly) T firstObject;
 @end
 
 @interface NSDictionary<__covariant K, __covariant V> : NSObject
@@ -213,6 +215,25 @@ typedef enum NSActivityOptions : uint64_t {
                              queue:(nullable NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification* notification))block;
 - (void)removeObserver:(id)observer;
+@end
+
+@interface NSData : NSObject
++ (instancetype)dataWithBytes:(const void* _Nullable)bytes length:(NSUInteger)length;
+@end
+
+// Apple events.
+enum : FourCharCode { kCoreEventClass = 'aevt', kAEReopenApplication = 'rapp' };
+
+@interface NSAppleEventDescriptor : NSObject
+@end
+
+@interface NSAppleEventManager : NSObject
+@property(class, readonly, strong) NSAppleEventManager* sharedAppleEventManager;
+- (void)setEventHandler:(id)handler
+            andSelector:(SEL)selector
+          forEventClass:(FourCharCode)eventClass
+             andEventID:(FourCharCode)eventID;
+- (void)removeEventHandlerForEventClass:(FourCharCode)eventClass andEventID:(FourCharCode)eventID;
 @end
 
 #pragma clang assume_nonnull end

@@ -1,0 +1,165 @@
+#include "Vantrel/platform/macos/MacMenuBarItem.h"
+
+#include "Vantrel/platform/macos/FoundationText.h"
+
+#import <AppKit/AppKit.h>
+
+#include <utility>
+
+#if !__has_feature(objc_arc)
+#error "compile this with -fobjc-arc"
+#endif
+
+// Runs work when AppKit sends it an action.
+@interface VantrelActionTarget : NSObject {
+@public
+    std::function<void()> m_work;
+}
+- (void)perform:(id)sender;
+@end
+
+@implementation VantrelActionTarget
+- (void)perform:(id)sender {
+    // A copy: the work may end the owner of this object.
+    if (const auto work = m_work) {
+        work();
+    }
+}
+@end
+
+namespace vantrel {
+
+namespace {
+
+// In points, as Apple recommends for menu bar icons.
+constexpr double pictureSide = 18;
+
+VantrelActionTarget* target(std::function<void()> work) {
+    VantrelActionTarget* const made = [[VantrelActionTarget alloc] init];
+    made->m_work = std::move(work);
+    return made;
+}
+
+bool asksForMenu(NSEvent* event) {
+    return event.type == NSEventTypeRightMouseDown ||
+           (event.type == NSEventTypeLeftMouseDown &&
+            (event.modifierFlags & NSEventModifierFlagControl) != 0);
+}
+
+} // namespace
+
+struct MacMenuBarItem::State {
+    Handlers handlers;
+    NSStatusItem* item = nil;
+    VantrelActionTarget* click = nil;
+    // Of the menu that was opened last: AppKit does not retain them and may send an action after the menu has
+    // closed.
+    std::vector<VantrelActionTarget*> targets;
+
+    void clicked() {
+        if (asksForMenu(NSApplication.sharedApplication.currentEvent)) {
+            openMenu();
+        } else if (handlers.clicked) {
+            handlers.clicked();
+        }
+    }
+
+    // While the item has a menu, every click opens that. So it gets a new one each time, and only until that
+    // closes, which is when performClick: returns.
+    void openMenu() {
+        if (!handlers.menu || item.menu != nil) {
+            return;
+        }
+        NSMenu* const menu = [[NSMenu alloc] init];
+        menu.autoenablesItems = NO;
+        targets.clear();
+        for (auto& entry : handlers.menu()) {
+            [menu addItem:menuItem(std::move(entry))];
+        }
+        item.menu = menu;
+        [item.button performClick:nil];
+        item.menu = nil;
+    }
+
+    NSMenuItem* menuItem(Entry entry) {
+        NSString* const title = FoundationText::make(entry.title);
+        if (title.length == 0) {
+            return NSMenuItem.separatorItem;
+        }
+        NSMenuItem* const made = [[NSMenuItem alloc] initWithTitle:title
+                                                            action:@selector(perform:)
+                                                     keyEquivalent:@""];
+        targets.push_back(target(std::move(entry.perform)));
+        made.target = targets.back();
+        made.enabled = entry.isEnabled;
+        made.state = entry.isChecked ? NSControlStateValueOn : NSControlStateValueOff;
+        return made;
+    }
+};
+
+MacMenuBarItem::MacMenuBarItem() : m_state(std::make_shared<State>()) {
+    @autoreleasepool {
+        m_state->item = [NSStatusBar.systemStatusBar statusItemWithLength:NSSquareStatusItemLength];
+        m_state->click = target([state = std::weak_ptr(m_state)] {
+            // Kept alive: an entry of the menu may quit the program.
+            if (const auto kept = state.lock()) {
+                kept->clicked();
+            }
+        });
+        NSStatusBarButton* const button = m_state->item.button;
+        button.target = m_state->click;
+        button.action = @selector(perform:);
+        [button sendActionOn:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown];
+    }
+}
+
+MacMenuBarItem::~MacMenuBarItem() {
+    @autoreleasepool {
+        m_state->item.button.target = nil;
+        [NSStatusBar.systemStatusBar removeStatusItem:m_state->item];
+    }
+}
+
+void MacMenuBarItem::setHandlers(Handlers handlers) {
+    m_state->handlers = std::move(handlers);
+}
+
+void MacMenuBarItem::setPicture(const std::vector<std::string>& resolutions) {
+    @autoreleasepool {
+        const NSSize size{pictureSide, pictureSide};
+        NSImage* const image = [[NSImage alloc] initWithSize:size];
+        for (const std::string& png : resolutions) {
+            NSData* const data = [NSData dataWithBytes:png.data() length:png.size()];
+            if (NSBitmapImageRep* const picture = [NSBitmapImageRep imageRepWithData:data]) {
+                picture.size = size;
+                [image addRepresentation:picture];
+            }
+        }
+        [image setTemplate:YES];
+        m_state->item.button.image = image;
+    }
+}
+
+void MacMenuBarItem::setDescription(const std::string& text) {
+    @autoreleasepool {
+        NSString* const shown = FoundationText::make(text);
+        m_state->item.button.toolTip = shown;
+        m_state->item.button.accessibilityLabel = shown;
+    }
+}
+
+std::optional<Rect> MacMenuBarItem::frame() {
+    @autoreleasepool {
+        NSWindow* const window = m_state->item.button.window;
+        NSScreen* const primary = NSScreen.screens.firstObject;
+        if (window == nil || primary == nil) {
+            return std::nullopt;
+        }
+        const NSRect area = window.frame;
+        // AppKit counts from the bottom of the primary display.
+        return Rect{{area.origin.x, primary.frame.size.height - area.origin.y - area.size.height},
+                    {area.size.width, area.size.height}};
+    }
+}
+
+} // namespace vantrel

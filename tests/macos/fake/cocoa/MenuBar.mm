@@ -1,0 +1,281 @@
+// Fake menu bar: the status item, its button and menu, pictures, and the events of clicks.
+#import "tests/macos/fake/cocoa/Cocoa.h"
+
+#import <AppKit/AppKit.h>
+
+extern "C" void objc_msgSend();
+
+using namespace vantrel::fake::cocoa;
+
+namespace {
+
+MenuBar& menuBar() {
+    return vantrel::fake::cocoa::system().menuBar;
+}
+
+void send(id target, SEL action, id sender) {
+    if (target != nil && action != nullptr) {
+        reinterpret_cast<void (*)(id, SEL, id)>(objc_msgSend)(target, action, sender);
+    }
+}
+
+} // namespace
+
+@implementation NSEvent
+- (NSEventType)type {
+    return menuBar().isRightClick ? NSEventTypeRightMouseDown : NSEventTypeLeftMouseDown;
+}
+- (NSUInteger)modifierFlags {
+    return menuBar().isControlHeld ? NSEventModifierFlagControl : 0;
+}
+@end
+
+@implementation NSData {
+@public
+    std::string _bytes;
+}
++ (instancetype)dataWithBytes:(const void*)bytes length:(NSUInteger)length {
+    NSData* const made = [[NSData new] autorelease];
+    made->_bytes.assign(static_cast<const char*>(bytes), length);
+    return made;
+}
+@end
+
+@implementation NSBitmapImageRep {
+@public
+    std::string _bytes;
+}
+- (NSSize)size {
+    return {};
+}
+- (void)setSize:(NSSize)size {
+}
++ (instancetype)imageRepWithData:(NSData*)data {
+    if (!data->_bytes.starts_with("\x89PNG")) {
+        return nil;
+    }
+    NSBitmapImageRep* const made = [[NSBitmapImageRep new] autorelease];
+    made->_bytes = data->_bytes;
+    return made;
+}
+@end
+
+@implementation NSImage {
+    std::vector<NSBitmapImageRep*> _pictures;
+}
+@synthesize isTemplate = _isTemplate;
+- (instancetype)initWithSize:(NSSize)size {
+    return self;
+}
+- (void)dealloc {
+    for (NSBitmapImageRep* const picture : _pictures) {
+        [picture release];
+    }
+    [super dealloc];
+}
+- (void)addRepresentation:(NSBitmapImageRep*)picture {
+    _pictures.push_back([picture retain]);
+}
+- (NSUInteger)resolutions {
+    return _pictures.size();
+}
+@end
+
+@implementation NSMenuItem {
+@public
+    std::string _title;
+    SEL _action;
+    // Not retained.
+    id _target;
+    BOOL _enabled;
+}
+@synthesize enabled = _enabled;
+@synthesize state = _state;
++ (NSMenuItem*)separatorItem {
+    return [[NSMenuItem new] autorelease];
+}
+- (instancetype)initWithTitle:(NSString*)title action:(SEL)action keyEquivalent:(NSString*)keyEquivalent {
+    _title = text(title);
+    _action = action;
+    _enabled = YES;
+    return self;
+}
+- (id)target {
+    return _target;
+}
+- (void)setTarget:(id)target {
+    _target = target;
+}
+@end
+
+@implementation NSMenu {
+@public
+    std::vector<NSMenuItem*> _items;
+}
+@synthesize autoenablesItems = _autoenablesItems;
+- (void)dealloc {
+    for (NSMenuItem* const item : _items) {
+        [item release];
+    }
+    [super dealloc];
+}
+- (void)addItem:(NSMenuItem*)item {
+    _items.push_back([item retain]);
+}
+@end
+
+@implementation NSStatusBarButton {
+@public
+    NSImage* _image;
+    // Not retained.
+    id _target;
+    SEL _action;
+}
+- (void)dealloc {
+    [_image release];
+    [super dealloc];
+}
+- (id)target {
+    return _target;
+}
+- (void)setTarget:(id)target {
+    _target = target;
+}
+- (SEL)action {
+    return _action;
+}
+- (void)setAction:(SEL)action {
+    _action = action;
+}
+- (NSImage*)image {
+    return _image;
+}
+- (void)setImage:(NSImage*)image {
+    [image retain];
+    [_image release];
+    _image = image;
+    menuBar().resolutions = [image resolutions];
+    menuBar().isTemplate = image.isTemplate;
+}
+- (NSString*)toolTip {
+    return nil;
+}
+- (void)setToolTip:(NSString*)toolTip {
+    menuBar().toolTip = text(toolTip);
+}
+- (NSString*)accessibilityLabel {
+    return nil;
+}
+- (void)setAccessibilityLabel:(NSString*)label {
+    menuBar().label = text(label);
+}
+- (NSInteger)sendActionOn:(NSEventMask)mask {
+    menuBar().isRightClickSent = (mask & NSEventMaskRightMouseDown) != 0;
+    return 0;
+}
+- (void)performClick:(id)sender {
+    NSMenu* const menu = [[static_cast<NSStatusItem*>(shared([NSStatusItem class])).menu retain] autorelease];
+    if (menu == nil) {
+        send(_target, _action, self);
+        return;
+    }
+    // Returns when the user has chosen an entry or closed the menu.
+    menuBar().opened.clear();
+    for (NSMenuItem* const item : menu->_items) {
+        menuBar().opened.push_back((item.enabled ? "" : "disabled ") + item->_title);
+    }
+    if (menuBar().whileOpen) {
+        menuBar().whileOpen();
+    }
+    for (NSMenuItem* const item : menu->_items) {
+        if (!item->_title.empty() && item->_title == menuBar().chosen && item.enabled) {
+            send(item->_target, item->_action, item);
+        }
+    }
+}
+@end
+
+@implementation NSStatusItem {
+    NSMenu* _menu;
+}
+- (void)dealloc {
+    [_menu release];
+    [super dealloc];
+}
+- (NSMenu*)menu {
+    return _menu;
+}
+- (void)setMenu:(NSMenu*)menu {
+    [menu retain];
+    [_menu release];
+    _menu = menu;
+}
+- (NSStatusBarButton*)button {
+    return shared([NSStatusBarButton class]);
+}
+@end
+
+@implementation NSStatusBar
++ (NSStatusBar*)systemStatusBar {
+    return shared(self);
+}
+- (NSStatusItem*)statusItemWithLength:(double)length {
+    menuBar().hasItem = true;
+    return shared([NSStatusItem class]);
+}
+- (void)removeStatusItem:(NSStatusItem*)item {
+    menuBar().hasItem = false;
+}
+@end
+
+@implementation NSAppleEventDescriptor
+@end
+
+@implementation NSAppleEventManager {
+@public
+    // Not retained.
+    id _handler;
+    SEL _selector;
+}
++ (NSAppleEventManager*)sharedAppleEventManager {
+    return shared(self);
+}
+- (void)setEventHandler:(id)handler
+            andSelector:(SEL)selector
+          forEventClass:(FourCharCode)eventClass
+             andEventID:(FourCharCode)eventID {
+    if (eventClass == kCoreEventClass && eventID == kAEReopenApplication) {
+        _handler = handler;
+        _selector = selector;
+    }
+}
+- (void)removeEventHandlerForEventClass:(FourCharCode)eventClass andEventID:(FourCharCode)eventID {
+    _handler = nil;
+}
+@end
+
+namespace vantrel::fake::cocoa {
+
+void clickMenuBarItem(Click click) {
+    @autoreleasepool {
+        menuBar().isRightClick = click == Click::right;
+        menuBar().isControlHeld = click == Click::control;
+        NSStatusBarButton* const button = shared([NSStatusBarButton class]);
+        // AppKit opens the menu of an item that has one, whatever the button.
+        if (click != Click::right || menuBar().isRightClickSent) {
+            [button performClick:nil];
+        }
+    }
+}
+
+void reopen() {
+    @autoreleasepool {
+        NSAppleEventManager* const manager = NSAppleEventManager.sharedAppleEventManager;
+        if (manager->_handler != nil) {
+            reinterpret_cast<void (*)(id, SEL, id, id)>(objc_msgSend)(
+                manager->_handler, manager->_selector, [[NSAppleEventDescriptor new] autorelease], nil);
+        }
+    }
+}
+
+} // namespace vantrel::fake::cocoa
