@@ -231,7 +231,7 @@ private:
         m_queue,
         m_http,
         m_machine};
-    MacAccessibility m_accessibility{RunningApplications::read};
+    MacAccessibility m_accessibility{RunningApplications::read, m_clock};
     MacDisplayServices m_displays{Screens::read};
     MacWorkspace m_workspace{[this](const std::string& message) { logSoon(message); }};
     MacSystemEvents m_systemEvents{SessionState::isLocked, SessionState::areScreensAsleep, m_queue};

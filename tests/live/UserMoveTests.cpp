@@ -1,5 +1,5 @@
 // Telling windows that a user moves with pointer or keys from those that programs move.
-#include "Vantrel/platform/x11/LoneMoveEvidence.h"
+#include "VantrelCore/windows/LoneMoveEvidence.h"
 #include "tests/live/WindowDesk.h"
 
 #include <array>

@@ -5,6 +5,7 @@
 #include "tests/macos/CocoaTest.h"
 #include "tests/macos/fake/Accessibility.h"
 #include "tests/macos/fake/WindowServer.h"
+#include "tests/simulated/SimulatedTime.h"
 
 #include <future>
 #include <gmock/gmock.h>
@@ -19,7 +20,8 @@ using testing::SizeIs;
 constexpr CGWindowListOption onScreenWithoutDesktop = 0x11;
 
 struct MacDesk : CocoaTest {
-    MacAccessibility adapter{[this] { return apps; }};
+    simulated::SimulatedTime time;
+    MacAccessibility adapter{[this] { return apps; }, time};
     std::vector<RunningApp> apps;
     std::shared_ptr<Element> application = runApplication(100);
 

@@ -19,7 +19,9 @@ struct MainJob : PlatformTest {
     std::unique_ptr<MacStory> story = std::make_unique<MacStory>("laptop-and-monitor");
     std::shared_ptr<Element> browser;
 
-    MainJob() {
+    MainJob() : MainJob(Unkindness()) {}
+    explicit MainJob(const Unkindness& unkindness) {
+        story->unkindness = unkindness;
         browser = story->run("org.example.browser", "Browser",
                              {{"News", {{40, 60}, {700, 500}}}, {"Tickets", {{1800, -300}, {800, 600}}}});
         story->run("org.example.mail", "Mail",
@@ -116,6 +118,45 @@ TEST_F(MainJob, LearnsNothingOnceThePermissionIsRevokedAndMakesUpForItLater) {
     EXPECT_EQ(remembered(), 4U);
 }
 
+TEST_F(MainJob, LeavesWindowsWhereTheUserOrAProgramPutThemAfterDocking) {
+    learn();
+    auto expected = story->frames();
+    const auto put = [&](const std::string& title, double x) {
+        CGRect frame = frameOf(story->window(title));
+        frame.origin.x = x;
+        setFrame(story->window(title), frame);
+        return Rect{{x, frame.origin.y}, {frame.size.width, frame.size.height}};
+    };
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    EXPECT_EQ(story->frames(), expected);
+
+    // The system moves a window while the user drags another one, and two more later.
+    accessibility().mouse = {.isDown = true, .location = {130, 70}};
+    expected["News"] = put("News", 120);
+    put("Draft", 30);
+    story->time.runFor(0.5);
+    accessibility().mouse = {};
+    // A program moves its window.
+    expected["Tickets"] = put("Tickets", 2000);
+    story->time.runFor(0.5);
+    put("Inbox", 40);
+    put("Draft", 60);
+    story->time.runFor(5);
+    EXPECT_EQ(story->frames(), expected);
+    EXPECT_EQ(story->logged("restore follow-up: left 1 window to the user: Browser \"News\""), 1U);
+    EXPECT_EQ(story->logged("restore follow-up: left 1 window to another program: Browser \"Tickets\""), 1U);
+    EXPECT_EQ(moveObservers(), 0U);
+
+    // An application that does not report moves.
+    accessibility().isMoveUnreported = true;
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    const Rect moved = put("Inbox", 40);
+    story->time.runFor(5);
+    EXPECT_EQ(story->frames().at("Inbox"), moved);
+}
+
 TEST_F(MainJob, ReportsProgramsThatHangOrRefuseAndRestoresTheOthers) {
     learn();
     const auto docked = story->frames();
@@ -130,6 +171,86 @@ TEST_F(MainJob, ReportsProgramsThatHangOrRefuseAndRestoresTheOthers) {
     EXPECT_THAT(story->messages(), Contains(HasSubstr("failed: Mail \"Draft\" (app rejected the move)")));
     EXPECT_THAT(story->messages(), Contains(StartsWith("restore report: 1 restored, 1 failed, 2 skipped, ")));
 }
+
+TEST_F(MainJob, MakesUpForDockingWhileLockedOrAsleep) {
+    learn();
+    const auto docked = story->frames();
+    story->lock();
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    EXPECT_NE(story->frames(), docked);
+    story->unlock();
+    EXPECT_EQ(story->frames(), docked);
+
+    // Undocked, the lid closed and opened at the desk again.
+    story->connect("laptop");
+    story->learn();
+    EXPECT_NE(story->frames(), docked);
+    story->connectAsleep("laptop-and-monitor");
+    EXPECT_EQ(story->frames(), docked);
+    story->connectAsleep("laptop");
+    story->connectAsleep("laptop-and-monitor");
+    EXPECT_EQ(story->frames(), docked);
+}
+
+TEST_F(MainJob, LearnsNoThumbnails) {
+    learn();
+    const auto docked = story->frames();
+    story->unkindness.hasStageManager = true;
+    story->time.runFor(120);
+    EXPECT_EQ(remembered(), 4U);
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    EXPECT_EQ(story->frames().at("News"), docked.at("News"));
+    EXPECT_EQ(story->frames().at("Tickets"), docked.at("Tickets"));
+    // The others are not on the stage.
+    story->time.runFor(120);
+    EXPECT_EQ(remembered(), 4U);
+}
+
+struct UnkindMac {
+    const char* name;
+    Unkindness unkindness;
+};
+
+struct OnAnUnkindMac : MainJob, testing::WithParamInterface<UnkindMac> {
+    OnAnUnkindMac() : MainJob(GetParam().unkindness) {}
+};
+
+TEST_P(OnAnUnkindMac, BringsEveryWindowBack) {
+    browser->attributes["AXEnhancedUserInterface"] = boolean(true);
+    story->start();
+    story->time.runFor(70 * story->unkindness.timerStretch);
+    EXPECT_EQ(remembered(), 4U);
+    const auto docked = story->frames();
+    for (int round = 0; round < 2; ++round) {
+        story->connect("laptop");
+        EXPECT_NE(story->frames(), docked);
+        story->connect("laptop-and-monitor");
+        EXPECT_EQ(story->frames(), docked);
+    }
+    EXPECT_EQ(story->published().configName, "Studio Display + Built-in Display");
+    // Nothing else was learned meanwhile.
+    story->time.runFor(70 * story->unkindness.timerStretch);
+    EXPECT_EQ(remembered(), 4U);
+    EXPECT_EQ(story->frames(), docked);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryDay, OnAnUnkindMac,
+                         testing::Values(UnkindMac{"LateArrival", {.lateArrival = 0.2}},
+                                         UnkindMac{"AnimatedWindows", {.animates = true}},
+                                         UnkindMac{"LaggingWindowList", {.listLag = 0.5}},
+                                         UnkindMac{"HelperWindows", {.hasHelperWindows = true}},
+                                         UnkindMac{"LateScreens", {.screensLate = 0.3}},
+                                         UnkindMac{"StretchedTimers", {.timerStretch = 2.5}},
+                                         UnkindMac{"Everything",
+                                                   {.lateArrival = 0.1,
+                                                    .animates = true,
+                                                    .listLag = 0.3,
+                                                    .hasHelperWindows = true,
+                                                    .screensLate = 0.3,
+                                                    .timerStretch = 1.5}}),
+                         [](const auto& each) { return each.param.name; });
 
 } // namespace
 } // namespace vantrel::fake

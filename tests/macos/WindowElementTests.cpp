@@ -2,6 +2,7 @@
 #include "VantrelCore/windows/AXWindowHandle.h"
 #include "tests/macos/PlatformTest.h"
 #include "tests/macos/fake/Accessibility.h"
+#include "tests/simulated/SimulatedTime.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -16,13 +17,15 @@ using testing::IsEmpty;
 using Calls = std::vector<std::string>;
 
 struct MacWindow : PlatformTest {
+    simulated::SimulatedTime time;
+    std::shared_ptr<OwnMoves> ownMoves = std::make_shared<OwnMoves>(time);
     std::shared_ptr<Element> application = runApplication(100);
     std::shared_ptr<Element> window = makeWindow("Letter", {{10, 20}, {300, 200}});
     std::shared_ptr<WindowElement> element;
 
     MacWindow() {
         listWindows(*application, {window});
-        const auto app = std::make_shared<MacApplication>(100);
+        const auto app = std::make_shared<MacApplication>(100, ownMoves);
         element = std::make_shared<MacWindowElement>(app->windows().at(0), app);
         accessibility().calls.clear();
     }
@@ -99,7 +102,7 @@ TEST_F(MacWindow, MishapsLeaveTheSameInABatchAndOneByOne) {
             broken->readErrors[mishap.attribute] = std::get<AXError>(mishap.cause);
         }
         listWindows(*application, {broken});
-        const auto app = std::make_shared<MacApplication>(100);
+        const auto app = std::make_shared<MacApplication>(100, ownMoves);
         MacWindowElement read(app->windows().at(0), app);
         for (const Batch batch :
              {Batch::normal, Batch::nullsForErrors, Batch::unsupported, Batch::tooFewValues}) {
@@ -196,6 +199,39 @@ TEST_F(EnhancedInterface, IsLeftAloneWhereItIsOff) {
     EXPECT_TRUE(handle().setPosition({1, 2}));
     EXPECT_THAT(writes(), ElementsAre("set AXPosition 1,2"));
     EXPECT_EQ(accessibility().callsWithoutTimeout, 0);
+}
+
+TEST_F(MacWindow, IsMovedByTheUserIfTheButtonIsDownOnItAndVantrelDidNotMoveIt) {
+    struct Case {
+        const char* name;
+        double afterOwnMove;
+        Mouse mouse;
+        bool isUsers;
+    };
+    const CGPoint on{60, 30};
+    const Case cases[] = {
+        {"dragged", 0.3, {.isDown = true, .location = on}, true},
+        {"just dropped", 0.3, {.secondsSinceUp = 0.2, .location = on}, true},
+        {"dropped long ago", 0.3, {.secondsSinceUp = 0.3, .location = on}, false},
+        {"resized at its edge", 0.3, {.isDown = true, .location = {356, 30}}, true},
+        {"another window is dragged", 0.3, {.isDown = true, .location = {400, 30}}, false},
+        {"moved by Vantrel", 0.2, {.isDown = true, .location = on}, false},
+    };
+    for (const Case& each : cases) {
+        time.runFor(1);
+        accessibility().mouse = each.mouse;
+        const auto watch = element->watchUserMoves();
+        ASSERT_NE(watch, nullptr);
+        const FrameWrite away[] = {Point{10, 20}};
+        static_cast<void>(element->write(away));
+        deliverMoves();
+        time.runFor(each.afterOwnMove);
+        setFrame(*window, {{50, 20}, {300, 200}});
+        deliverMoves();
+        EXPECT_EQ(watch->hasSeenUser(), each.isUsers) << each.name;
+        EXPECT_EQ(watch->hasSeenUser(), each.isUsers) << each.name;
+    }
+    EXPECT_EQ(moveObservers(), 0U);
 }
 
 } // namespace

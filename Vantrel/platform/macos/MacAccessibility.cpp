@@ -12,7 +12,8 @@ namespace {
 // Reads everything on request; caches nothing.
 class MacDeskReading final : public DeskReading {
 public:
-    explicit MacDeskReading(MacAccessibility::AppList runningApps) : m_runningApps(std::move(runningApps)) {}
+    MacDeskReading(MacAccessibility::AppList runningApps, std::shared_ptr<OwnMoves> ownMoves)
+        : m_runningApps(std::move(runningApps)), m_ownMoves(std::move(ownMoves)) {}
 
     [[nodiscard]] std::vector<WindowListEntry> onScreenWindows() override {
         return QuartzWindowList::onScreen();
@@ -21,7 +22,7 @@ public:
     [[nodiscard]] std::vector<RunningApp> runningApps() override { return m_runningApps(); }
 
     [[nodiscard]] std::vector<WindowReading> windows(const RunningApp& app) override {
-        const auto application = std::make_shared<MacApplication>(app.pid);
+        const auto application = std::make_shared<MacApplication>(app.pid, m_ownMoves);
         std::vector<WindowReading> result;
         for (auto& window : application->windows()) {
             auto element = std::make_shared<MacWindowElement>(std::move(window), application);
@@ -33,11 +34,13 @@ public:
 
 private:
     MacAccessibility::AppList m_runningApps;
+    std::shared_ptr<OwnMoves> m_ownMoves;
 };
 
 } // namespace
 
-MacAccessibility::MacAccessibility(AppList runningApps) : m_runningApps(std::move(runningApps)) {
+MacAccessibility::MacAccessibility(AppList runningApps, Clock& clock)
+    : m_runningApps(std::move(runningApps)), m_ownMoves(std::make_shared<OwnMoves>(clock)) {
     const auto everything = CFRef<AXUIElementRef>::adopt(AXUIElementCreateSystemWide());
     AXUIElementSetMessagingTimeout(everything.get(), MacApplication::messagingTimeoutSeconds);
 }
@@ -56,7 +59,7 @@ bool MacAccessibility::prompt() {
 }
 
 std::unique_ptr<DeskReading> MacAccessibility::beginReading() {
-    return std::make_unique<MacDeskReading>(m_runningApps);
+    return std::make_unique<MacDeskReading>(m_runningApps, m_ownMoves);
 }
 
 } // namespace vantrel

@@ -1,6 +1,7 @@
 // The live desk on macOS: windows from Accessibility, their stacking order from Quartz.
 #pragma once
 
+#include "Vantrel/platform/macos/OwnMoves.h"
 #include "VantrelCore/ports/Accessibility.h"
 
 #include <functional>
@@ -13,8 +14,9 @@ class MacAccessibility final : public Accessibility {
 public:
     using AppList = std::function<std::vector<RunningApp>()>;
 
-    // Sets the messaging timeout of the whole process. `runningApps` may be called on any thread.
-    explicit MacAccessibility(AppList runningApps);
+    // Sets the messaging timeout of the whole process. `runningApps` may be called on any thread; the clock
+    // outlives this and what it returned.
+    MacAccessibility(AppList runningApps, Clock& clock);
 
     [[nodiscard]] bool isTrusted() override;
     bool prompt() override;
@@ -25,6 +27,7 @@ public:
 
 private:
     AppList m_runningApps;
+    std::shared_ptr<OwnMoves> m_ownMoves;
 };
 
 } // namespace vantrel

@@ -35,8 +35,9 @@ private:
     bool m_wasEnhanced = false;
 };
 
-MacApplication::MacApplication(std::int32_t pid)
-    : m_element(CFRef<AXUIElementRef>::adopt(AXUIElementCreateApplication(pid))) {
+MacApplication::MacApplication(std::int32_t pid, std::shared_ptr<OwnMoves> ownMoves)
+    : m_element(CFRef<AXUIElementRef>::adopt(AXUIElementCreateApplication(pid))),
+      m_ownMoves(std::move(ownMoves)) {
     AXUIElementSetMessagingTimeout(m_element.get(), messagingTimeoutSeconds);
 }
 

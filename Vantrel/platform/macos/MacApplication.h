@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/platform/macos/AXAttribute.h"
+#include "Vantrel/platform/macos/OwnMoves.h"
 
 #include <cstdint>
 #include <memory>
@@ -16,7 +17,8 @@ public:
     // Requests to an application time out after this long.
     static constexpr float messagingTimeoutSeconds = 1.0F;
 
-    explicit MacApplication(std::int32_t pid);
+    // `ownMoves` must not be null.
+    MacApplication(std::int32_t pid, std::shared_ptr<OwnMoves> ownMoves);
 
     // In the application's order. Empty if it gives no list. Skips items that are not elements.
     [[nodiscard]] std::vector<CFRef<AXUIElementRef>> windows() const;
@@ -26,10 +28,13 @@ public:
     // while anyone holds a result, and then switched back on if it was on.
     [[nodiscard]] std::shared_ptr<void> beginMoves();
 
+    [[nodiscard]] const std::shared_ptr<OwnMoves>& ownMoves() const { return m_ownMoves; }
+
 private:
     class PlainInterface;
 
     CFRef<AXUIElementRef> m_element;
+    std::shared_ptr<OwnMoves> m_ownMoves;
     std::mutex m_lock;
     std::weak_ptr<PlainInterface> m_plain;
 };

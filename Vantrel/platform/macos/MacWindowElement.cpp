@@ -1,6 +1,7 @@
 #include "Vantrel/platform/macos/MacWindowElement.h"
 
 #include "Vantrel/platform/macos/CFText.h"
+#include "Vantrel/platform/macos/MacUserMoveWatch.h"
 
 #include <array>
 #include <functional>
@@ -89,8 +90,13 @@ std::vector<bool> MacWindowElement::write(std::span<const FrameWrite> writes) {
         const AXError error =
             AXUIElementSetAttributeValue(m_element.get(), prepared[i].name, prepared[i].value.get());
         results[i] = error == kAXErrorSuccess;
+        m_application->ownMoves()->note();
     }
     return results;
+}
+
+std::unique_ptr<UserMoveWatch> MacWindowElement::watchUserMoves() {
+    return MacUserMoveWatch::begin(m_element, m_application->ownMoves());
 }
 
 bool MacWindowElement::setMinimized(bool isMinimized) {

@@ -26,6 +26,8 @@ public:
 
     [[nodiscard]] std::shared_ptr<void> beginMoves() override { return m_application->beginMoves(); }
 
+    [[nodiscard]] std::unique_ptr<UserMoveWatch> watchUserMoves() override;
+
 private:
     CFRef<AXUIElementRef> m_element;
     std::shared_ptr<MacApplication> m_application;

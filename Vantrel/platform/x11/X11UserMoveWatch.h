@@ -1,10 +1,10 @@
 // Watches one window of the X server for moves by the user; see UserMoveEvidence.
 #pragma once
 
-#include "Vantrel/platform/x11/LoneMoveEvidence.h"
 #include "Vantrel/platform/x11/UserMoveEvidence.h"
 #include "Vantrel/platform/x11/X11Context.h"
 #include "VantrelCore/ports/UserMoveWatch.h"
+#include "VantrelCore/windows/LoneMoveEvidence.h"
 
 #include <atomic>
 #include <memory>

@@ -19,6 +19,9 @@ class RandomStory {
 public:
     explicit RandomStory(std::uint64_t seed);
 
+    // For what else takes part, before the story begins.
+    [[nodiscard]] Story& story() { return m_story; }
+
     // Tells all chapters, or up to the first that breaks a law.
     void tell();
     // Seven days of thirty dockings, each with something else in between, and the nights locked.

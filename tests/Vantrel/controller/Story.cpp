@@ -43,8 +43,8 @@ void Story::openPrograms() {
 void Story::construct() {
     controller.reset();
     auto created = AppController::create(
-        {.desk = desk.port(),
-         .displays = desk.displayServices(),
+        {.desk = deskPort != nullptr ? *deskPort : desk.port(),
+         .displays = displayPort != nullptr ? *displayPort : desk.displayServices(),
          .workspace = workspace,
          .systemEvents = system,
          .defaults = defaults,

@@ -43,6 +43,9 @@ public:
     AppLog log;
     FileIncidents incidents{[this](const std::string& message) { log.write(message); }};
     std::unique_ptr<AppController> controller;
+    // What the controller gets instead of the simulated desk's own ports.
+    Desk* deskPort = nullptr;
+    DisplayServices* displayPort = nullptr;
 
     // A browser with two windows, a terminal and a mail program, spread over the displays.
     void openPrograms();

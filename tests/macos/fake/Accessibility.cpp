@@ -3,6 +3,9 @@
 #include "tests/macos/PlatformTest.h"
 
 #include <cstdio>
+#include <mutex>
+#include <set>
+#include <utility>
 
 extern "C" void fakeAutoreleaseAnObject();
 
@@ -23,7 +26,67 @@ struct AXValueObject : Object {
     AXError error;
 };
 
-[[maybe_unused]] const PlatformPart part([] { accessibility() = {}; });
+struct ObserverObject : Object {
+    AXObserverCallback callback;
+    Value source;
+
+    // Its registrations end with it.
+    ~ObserverObject();
+};
+
+struct SourceObject : Object {};
+
+struct EventObject : Object {
+    CGPoint location;
+};
+
+struct Registration {
+    const ObserverObject* observer;
+    const Element* element;
+    std::string notification;
+    void* context;
+};
+
+// Of observers whose source is in the main run loop.
+struct Observers {
+    std::recursive_mutex mutex;
+    std::vector<Registration> registrations;
+    std::set<const void*> sources;
+    std::vector<std::pair<const Element*, std::string>> moves;
+};
+
+Observers& observers() {
+    static Observers all;
+    return all;
+}
+
+ObserverObject::~ObserverObject() {
+    const std::scoped_lock lock(observers().mutex);
+    std::erase_if(observers().registrations, [&](const Registration& each) { return each.observer == this; });
+}
+
+[[maybe_unused]] const PlatformPart part([] {
+    accessibility() = {};
+    observers().moves.clear();
+});
+
+// An attribute of a window has changed.
+void noteChange(const Element& element, const std::string& attribute) {
+    if (attribute != "AXPosition" && attribute != "AXSize") {
+        return;
+    }
+    {
+        const std::scoped_lock lock(observers().mutex);
+        if (observers().registrations.empty()) {
+            return;
+        }
+        observers().moves.emplace_back(&element,
+                                       attribute == "AXPosition" ? "AXWindowMoved" : "AXWindowResized");
+    }
+    if (accessibility().onMove) {
+        accessibility().onMove();
+    }
+}
 
 ElementObject* makeReference(std::shared_ptr<Element> element) {
     auto* const object = make<ElementObject>(Kind::element);
@@ -81,12 +144,19 @@ Element& addressed(AXUIElementRef reference, const char* function, std::string m
     if (object.timeout != 1.0F) {
         ++accessibility().callsWithoutTimeout;
     }
+    if (object.element->onRequest) {
+        object.element->onRequest();
+    }
     return *object.element;
+}
+
+bool isTrusted() {
+    return accessibility().trust ? accessibility().trust() : accessibility().isTrusted;
 }
 
 // The error with which an element rejects every request.
 AXError generalError(const Element& element) {
-    if (!accessibility().isTrusted) {
+    if (!isTrusted()) {
         return kAXErrorAPIDisabled;
     }
     if (element.isHanging) {
@@ -205,6 +275,35 @@ CGRect frameOf(const Element& window) {
 void setFrame(Element& window, const CGRect& frame) {
     window.attributes["AXPosition"] = pointValue(frame.origin.x, frame.origin.y);
     window.attributes["AXSize"] = sizeValue(frame.size.width, frame.size.height);
+    noteChange(window, "AXPosition");
+    noteChange(window, "AXSize");
+}
+
+void deliverMoves() {
+    std::vector<std::pair<Registration, Value>> called;
+    {
+        const std::scoped_lock lock(observers().mutex);
+        for (const auto& [element, notification] : std::exchange(observers().moves, {})) {
+            for (const Registration& each : observers().registrations) {
+                if (each.element == element && each.notification == notification &&
+                    observers().sources.contains(each.observer->source.get())) {
+                    called.emplace_back(each, Value::retain(each.observer));
+                }
+            }
+        }
+    }
+    for (const auto& [each, kept] : called) {
+        // The reference is not the one that the program has.
+        const Value element = adopted(makeReference(nullptr));
+        each.observer->callback(static_cast<AXObserverRef>(kept.get()),
+                                static_cast<AXUIElementRef>(element.get()), text(each.notification).get(),
+                                each.context);
+    }
+}
+
+std::size_t moveObservers() {
+    const std::scoped_lock lock(observers().mutex);
+    return observers().sources.size();
 }
 
 } // namespace vantrel::fake
@@ -216,7 +315,7 @@ extern "C" {
 const CFStringRef kAXTrustedCheckOptionPrompt = CFSTR("AXTrustedCheckOptionPrompt");
 
 Boolean AXIsProcessTrusted() {
-    return accessibility().isTrusted;
+    return isTrusted();
 }
 
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
@@ -320,15 +419,95 @@ AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attri
     if (const AXError error = errorFor(element.writeErrors, name); error != kAXErrorSuccess) {
         return error;
     }
+    if (element.onWrite) {
+        return element.onWrite(name, Value::retain(value));
+    }
     element.attributes[name] = Value::retain(value);
+    noteChange(element, name);
     return kAXErrorSuccess;
 }
 
 AXError AXUIElementPerformAction(AXUIElementRef reference, CFStringRef action) {
     const std::string name = textOf(action);
     const Element& element = addressed(reference, __func__, "do " + name);
-    const AXError error = generalError(element);
-    return error == kAXErrorSuccess ? errorFor(element.actionErrors, name) : error;
+    if (const AXError error = generalError(element); error != kAXErrorSuccess) {
+        return error;
+    }
+    return element.onAction ? element.onAction(name) : errorFor(element.actionErrors, name);
+}
+
+AXError AXUIElementGetPid(AXUIElementRef reference, pid_t* pid) {
+    const auto& object = *as<ElementObject>(reference, Kind::element, __func__);
+    *pid = object.element->pid;
+    return kAXErrorSuccess;
+}
+
+AXError AXObserverCreate(pid_t /*application*/, AXObserverCallback callback, AXObserverRef* observer) {
+    poison(observer);
+    if (!isTrusted()) {
+        return kAXErrorAPIDisabled;
+    }
+    auto* const object = make<ObserverObject>(Kind::observer);
+    object->callback = callback;
+    object->source = adopted(make<SourceObject>(Kind::runLoopSource));
+    *observer = static_cast<AXObserverRef>(static_cast<void*>(object));
+    return kAXErrorSuccess;
+}
+
+AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef reference, CFStringRef notification,
+                                  void* context) {
+    const std::string name = textOf(notification);
+    const Element& element = addressed(reference, __func__, "get " + name + " notices");
+    if (const AXError error = generalError(element); error != kAXErrorSuccess) {
+        return error;
+    }
+    if (accessibility().isMoveUnreported) {
+        return kAXErrorNotificationUnsupported;
+    }
+    const std::scoped_lock lock(observers().mutex);
+    observers().registrations.push_back(
+        {as<ObserverObject>(observer, Kind::observer, __func__), &element, name, context});
+    return kAXErrorSuccess;
+}
+
+CFRunLoopSourceRef AXObserverGetRunLoopSource(AXObserverRef observer) {
+    return static_cast<CFRunLoopSourceRef>(
+        const_cast<void*>(as<ObserverObject>(observer, Kind::observer, __func__)->source.get()));
+}
+
+const CFRunLoopMode kCFRunLoopCommonModes = CFSTR("kCFRunLoopCommonModes");
+
+CFRunLoopRef CFRunLoopGetMain() {
+    static int loop = 0;
+    return reinterpret_cast<CFRunLoopRef>(&loop);
+}
+
+void CFRunLoopAddSource(CFRunLoopRef /*loop*/, CFRunLoopSourceRef source, CFRunLoopMode /*mode*/) {
+    const std::scoped_lock lock(observers().mutex);
+    observers().sources.insert(source);
+}
+
+void CFRunLoopRemoveSource(CFRunLoopRef /*loop*/, CFRunLoopSourceRef source, CFRunLoopMode /*mode*/) {
+    const std::scoped_lock lock(observers().mutex);
+    observers().sources.erase(source);
+}
+
+CGEventRef CGEventCreate(CGEventSourceRef /*source*/) {
+    auto* const object = make<EventObject>(Kind::event);
+    object->location = accessibility().mouse.location;
+    return static_cast<CGEventRef>(static_cast<void*>(object));
+}
+
+CGPoint CGEventGetLocation(CGEventRef event) {
+    return as<EventObject>(event, Kind::event, __func__)->location;
+}
+
+bool CGEventSourceButtonState(CGEventSourceStateID /*state*/, CGMouseButton button) {
+    return button == kCGMouseButtonLeft && accessibility().mouse.isDown;
+}
+
+double CGEventSourceSecondsSinceLastEventType(CGEventSourceStateID /*state*/, CGEventType type) {
+    return type == kCGEventLeftMouseUp ? accessibility().mouse.secondsSinceUp : 0;
 }
 
 CFTypeID AXValueGetTypeID() {

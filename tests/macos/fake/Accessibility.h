@@ -5,6 +5,7 @@
 #include "tests/macos/fake/CoreFoundationObjects.h"
 
 #include <ApplicationServices/ApplicationServices.h>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -25,6 +26,12 @@ struct Element {
     bool isDead = false;
     // Its application does not respond.
     bool isHanging = false;
+
+    // Called at the start of every request, for example to bring the attributes up to date.
+    std::function<void()> onRequest;
+    // Does what a write or an action does otherwise.
+    std::function<AXError(const std::string& attribute, const Value& value)> onWrite;
+    std::function<AXError(const std::string& action)> onAction;
 };
 
 // How applications respond to batch requests.
@@ -36,8 +43,17 @@ enum class Batch : std::uint8_t {
     tooFewValues,
 };
 
+// The pointer and its main button.
+struct Mouse {
+    bool isDown = false;
+    double secondsSinceUp = 3600;
+    CGPoint location{};
+};
+
 struct AccessibilityControl {
     bool isTrusted = true;
+    // If set, says that instead.
+    std::function<bool()> trust;
     // The user revokes the trust after this many more requests.
     std::optional<int> requestsUntilRevoked;
     // The user grants access when the dialog is shown.
@@ -51,6 +67,11 @@ struct AccessibilityControl {
     // No AXValue can be created.
     bool isOutOfValues = false;
     std::map<pid_t, std::shared_ptr<Element>> applications;
+    Mouse mouse;
+    // Applications report neither moves nor changes of size.
+    bool isMoveUnreported = false;
+    // Called when there is something for deliverMoves() to do.
+    std::function<void()> onMove;
 
     // All requests, such as "get AXTitle", "get AXPosition AXSize", "set AXSize 300x200", "do AXRaise".
     std::vector<std::string> calls;
@@ -75,5 +96,9 @@ void listWindows(Element& application, const std::vector<std::shared_ptr<Element
 [[nodiscard]] Value errorValue(AXError error);
 [[nodiscard]] CGRect frameOf(const Element& window);
 void setFrame(Element& window, const CGRect& frame);
+
+// Moves that observers have not been told of yet are reported now, as the main run loop does a little later.
+void deliverMoves();
+[[nodiscard]] std::size_t moveObservers();
 
 } // namespace vantrel::fake

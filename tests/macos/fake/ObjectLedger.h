@@ -29,6 +29,9 @@ enum class Kind : std::uint32_t {
     data,
     element,
     axValue,
+    observer,
+    runLoopSource,
+    event,
     // An object of an Objective-C class that is not a Core Foundation type.
     objectiveC,
     // The number of kinds.

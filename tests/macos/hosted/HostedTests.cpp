@@ -16,6 +16,7 @@
 #include "Vantrel/platform/macos/Screens.h"
 #include "Vantrel/platform/macos/SessionState.h"
 #include "Vantrel/platform/macos/SystemFacts.h"
+#include "Vantrel/platform/posix/SystemClock.h"
 
 #include <gtest/gtest.h>
 
@@ -94,7 +95,8 @@ TEST(OnTheMac, SeesDisplaysScreensAndApplications) {
 }
 
 TEST(OnTheMac, LivesWithoutPermissions) {
-    MacAccessibility accessibility(RunningApplications::read);
+    SystemClock clock;
+    MacAccessibility accessibility(RunningApplications::read, clock);
     static_cast<void>(accessibility.isTrusted());
     const auto reading = accessibility.beginReading();
     static_cast<void>(reading->onScreenWindows());

@@ -20,6 +20,7 @@ enum : AXError {
     kAXErrorCannotComplete = -25204,
     kAXErrorAttributeUnsupported = -25205,
     kAXErrorActionUnsupported = -25206,
+    kAXErrorNotificationUnsupported = -25207,
     kAXErrorNotImplemented = -25208,
     kAXErrorAPIDisabled = -25211,
     kAXErrorNoValue = -25212,
@@ -57,6 +58,20 @@ VANTREL_EXTERN AXError AXUIElementPerformAction(AXUIElementRef element, CFString
 // On the system-wide element, sets the timeout for all elements of this process without their own.
 VANTREL_EXTERN AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds)
     VANTREL_MACOS(10.4);
+
+VANTREL_EXTERN AXError AXUIElementGetPid(AXUIElementRef element, pid_t* pid);
+
+// Observers. Their callback is called by the run loop that has their source.
+typedef const struct CF_BRIDGED_TYPE(id) __AXObserver* AXObserverRef;
+typedef void (*AXObserverCallback)(AXObserverRef observer, AXUIElementRef element, CFStringRef notification,
+                                   void* _Nullable context);
+#define kAXWindowMovedNotification CFSTR("AXWindowMoved")
+#define kAXWindowResizedNotification CFSTR("AXWindowResized")
+VANTREL_EXTERN AXError AXObserverCreate(pid_t application, AXObserverCallback callback,
+                                        AXObserverRef _Nullable* _Nonnull CF_RETURNS_RETAINED observer);
+VANTREL_EXTERN AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef element,
+                                                 CFStringRef notification, void* _Nullable context);
+VANTREL_EXTERN CF_RETURNS_NOT_RETAINED CFRunLoopSourceRef AXObserverGetRunLoopSource(AXObserverRef observer);
 
 // Values that are not property lists.
 typedef UInt32 AXValueType;

@@ -30,6 +30,23 @@ enum : CGError {
     kCGErrorCannotComplete = 1004,
 };
 
+// The mouse. Locations are in global coordinates, origin at the top left of the primary display.
+typedef struct CF_BRIDGED_TYPE(id) __CGEvent* CGEventRef;
+typedef struct CF_BRIDGED_TYPE(id) __CGEventSource* CGEventSourceRef;
+typedef int32_t CGEventSourceStateID;
+enum : CGEventSourceStateID { kCGEventSourceStateCombinedSessionState = 0 };
+typedef uint32_t CGMouseButton;
+enum : CGMouseButton { kCGMouseButtonLeft = 0 };
+typedef uint32_t CGEventType;
+enum : CGEventType { kCGEventLeftMouseUp = 2 };
+VANTREL_EXTERN CF_RETURNS_RETAINED CGEventRef _Nullable CGEventCreate(CGEventSourceRef _Nullable source)
+    VANTREL_MACOS(10.4);
+VANTREL_EXTERN CGPoint CGEventGetLocation(CGEventRef event) VANTREL_MACOS(10.4);
+VANTREL_EXTERN bool CGEventSourceButtonState(CGEventSourceStateID state, CGMouseButton button)
+    VANTREL_MACOS(10.4);
+VANTREL_EXTERN double CGEventSourceSecondsSinceLastEventType(CGEventSourceStateID state, CGEventType type)
+    VANTREL_MACOS(10.4);
+
 // The window list.
 typedef uint32_t CGWindowID;
 typedef uint32_t CGWindowListOption;

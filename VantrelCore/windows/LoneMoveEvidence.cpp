@@ -1,4 +1,4 @@
-#include "Vantrel/platform/x11/LoneMoveEvidence.h"
+#include "VantrelCore/windows/LoneMoveEvidence.h"
 
 namespace vantrel {
 
