@@ -67,7 +67,7 @@ struct MacMenuBarItem::State {
     // While the item has a menu, every click opens that. So it gets a new one each time, and only until that
     // closes, which is when performClick: returns.
     void openMenu() {
-        if (!handlers.menu || item.menu != nil) {
+        if (!handlers.menu) {
             return;
         }
         NSMenu* const menu = [[NSMenu alloc] init];

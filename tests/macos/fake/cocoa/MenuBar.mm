@@ -13,6 +13,12 @@ MenuBar& menuBar() {
     return vantrel::fake::cocoa::system().menuBar;
 }
 
+// The action of the chosen entry, which is sent after the menu has gone. Does not retain the target.
+std::pair<id, SEL>& chosen() {
+    static std::pair<id, SEL> action;
+    return action;
+}
+
 void send(id target, SEL action, id sender) {
     if (target != nil && action != nullptr) {
         reinterpret_cast<void (*)(id, SEL, id)>(objc_msgSend)(target, action, sender);
@@ -184,12 +190,9 @@ void send(id target, SEL action, id sender) {
     for (NSMenuItem* const item : menu->_items) {
         menuBar().opened.push_back((item.enabled ? "" : "disabled ") + item->_title);
     }
-    if (menuBar().whileOpen) {
-        menuBar().whileOpen();
-    }
     for (NSMenuItem* const item : menu->_items) {
         if (!item->_title.empty() && item->_title == menuBar().chosen && item.enabled) {
-            send(item->_target, item->_action, item);
+            chosen() = {item->_target, item->_action};
         }
     }
 }
@@ -265,6 +268,10 @@ void clickMenuBarItem(Click click) {
         if (click != Click::right || menuBar().isRightClickSent) {
             [button performClick:nil];
         }
+    }
+    @autoreleasepool {
+        const auto [target, action] = std::exchange(chosen(), {});
+        send(target, action, nil);
     }
 }
 

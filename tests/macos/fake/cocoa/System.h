@@ -73,8 +73,7 @@ struct MenuBar {
     bool isTemplate = false;
     // The entries of the menu that was opened last.
     std::vector<std::string> opened;
-    // Called while the menu is open; then the user chooses the entry of this title.
-    std::function<void()> whileOpen;
+    // The title of the entry that the user chooses.
     std::string chosen;
 
     bool isRightClickSent = false;
