@@ -10,6 +10,7 @@
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/ShownWindows.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
@@ -26,6 +27,7 @@
 #include "Vantrel/platform/macos/MacMachineIdentity.h"
 #include "Vantrel/platform/macos/MacMainQueue.h"
 #include "Vantrel/platform/macos/MacMenuBarItem.h"
+#include "Vantrel/platform/macos/MacNotifications.h"
 #include "Vantrel/platform/macos/MacSystemEvents.h"
 #include "Vantrel/platform/macos/MacUserDefaults.h"
 #include "Vantrel/platform/macos/MacWork.h"
@@ -175,6 +177,9 @@ private:
         m_menuBarItem.emplace();
         m_statusIcon->showInMenuBar(*m_menuBarItem);
         m_reopen.emplace([this] { m_panel->open(); });
+        m_notifier.emplace(*m_controller, m_notifications,
+                           ProblemNotifier::Panel{.isOpen = [this] { return m_panel->isOpen(); },
+                                                  .open = [this] { m_controller->showPanel(); }});
     }
 
     void purchase() { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); }
@@ -275,6 +280,8 @@ private:
     std::optional<MacMenuBarItem> m_menuBarItem;
     std::optional<StatusIcon> m_statusIcon;
     std::optional<ReopenNotice> m_reopen;
+    MacNotifications m_notifications;
+    std::optional<ProblemNotifier> m_notifier;
 };
 
 } // namespace

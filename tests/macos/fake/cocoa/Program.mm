@@ -77,7 +77,8 @@ static std::string knownZone;
     return made;
 }
 - (NSString*)bundleIdentifier {
-    return make(vantrel::fake::cocoa::system().bundleID);
+    const std::string& identifier = vantrel::fake::cocoa::system().bundleID;
+    return identifier.empty() ? nil : make(identifier);
 }
 - (NSString*)privateFrameworksPath {
     return make(vantrel::fake::cocoa::system().frameworksPath);

@@ -81,6 +81,12 @@ struct MenuBar {
     bool isControlHeld = false;
 };
 
+// The notification that is shown, and its buttons.
+struct NotificationCenter {
+    std::string shown;
+    std::vector<std::string> buttons;
+};
+
 struct System {
     std::vector<Screen> screens;
     std::vector<std::shared_ptr<Application>> applications;
@@ -109,6 +115,7 @@ struct System {
     // The active application, if it is another one.
     std::shared_ptr<Application> frontmost;
     MenuBar menuBar;
+    NotificationCenter notifications;
     // The bundle's build is a number instead of a string.
     bool isVersionNumber = false;
     std::optional<std::string> hardwareModel = "Mac14,2";
@@ -146,6 +153,9 @@ void throwUncaught(const std::string& name, const std::optional<std::string>& re
 
 enum class Click : std::uint8_t { left, right, control };
 void clickMenuBarItem(Click click);
+// The user answers whether notifications may be shown, clicks one, or one of its buttons.
+void answerNotificationPermission(bool isGranted);
+void clickNotification(const std::string& button);
 // The user opens the running program again, in the Finder or the Dock.
 void reopen();
 

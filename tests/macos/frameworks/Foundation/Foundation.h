@@ -105,6 +105,10 @@ typedef NSString* NSErrorDomain;
 - (nullable V)objectForKeyedSubscript:(K)key;
 @end
 
+@interface NSSet<__covariant T> : NSObject
++ (instancetype)setWithObject:(T)object;
+@end
+
 @interface NSUserDefaults : NSObject
 @property(class, readonly, strong) NSUserDefaults* standardUserDefaults;
 - (void)registerDefaults:(NSDictionary<NSString*, id>*)defaults;
