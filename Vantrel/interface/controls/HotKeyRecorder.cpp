@@ -5,6 +5,7 @@
 #include "Vantrel/interface/desk/DeskColors.h"
 #include "VantrelCore/commands/HotKeyText.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -13,11 +14,15 @@ namespace vantrel {
 namespace {
 
 std::int64_t modifiersOf(Qt::KeyboardModifiers held) {
+    // Qt on a Mac calls the Command key Control, and the Control key Meta.
+    const bool isMac = QGuiApplication::platformName() == "cocoa";
+    const auto control = isMac ? Qt::MetaModifier : Qt::ControlModifier;
+    const auto command = isMac ? Qt::ControlModifier : Qt::MetaModifier;
     std::int64_t mask = 0;
-    for (const auto& [modifier, bit] : {std::pair(Qt::ControlModifier, HotKeyModifiers::control),
-                                        std::pair(Qt::AltModifier, HotKeyModifiers::option),
-                                        std::pair(Qt::ShiftModifier, HotKeyModifiers::shift),
-                                        std::pair(Qt::MetaModifier, HotKeyModifiers::command)}) {
+    for (const auto& [modifier, bit] :
+         {std::pair(control, HotKeyModifiers::control), std::pair(Qt::AltModifier, HotKeyModifiers::option),
+          std::pair(Qt::ShiftModifier, HotKeyModifiers::shift),
+          std::pair(command, HotKeyModifiers::command)}) {
         mask |= held.testFlag(modifier) ? bit : 0;
     }
     return mask;
