@@ -135,15 +135,12 @@ AXError AccessibleDesk::write(WindowID window, const std::string& attribute, con
 
 Value AccessibleDesk::windowList() {
     std::vector<Value> items;
-    for (const auto& window : m_desk.windows()) {
-        const bool isShown = window->states.isOnAllDesktops || window->desktop == m_desk.currentDesktop;
-        if (!window->states.isMinimized && isShown) {
-            const Rect& frame = window->frame;
-            items.push_back(listItem(
-                {.layer = number(0),
-                 .pid = number(window->pid),
-                 .bounds = rectangle({{frame.minX(), frame.minY()}, {frame.width(), frame.height()}})}));
-        }
+    for (const WindowOutline& window : m_desk.port().outlines()) {
+        const Rect& frame = window.frame;
+        items.push_back(
+            listItem({.layer = number(0),
+                      .pid = number(window.pid),
+                      .bounds = rectangle({{frame.minX(), frame.minY()}, {frame.width(), frame.height()}})}));
     }
     return array(std::move(items));
 }

@@ -40,6 +40,12 @@ namespace {
 // There is only one, so that a new one replaces it.
 NSString* const identifier = @"problem";
 
+// Empty if the text is not valid UTF-8.
+NSString* shownText(const std::string& text) {
+    NSString* const made = FoundationText::make(text);
+    return made != nil ? made : @"";
+}
+
 std::string nameOf(std::size_t action) {
     return "action-" + std::to_string(action);
 }
@@ -47,21 +53,21 @@ std::string nameOf(std::size_t action) {
 UNNotificationCategory* categoryOf(const std::vector<Notifications::Action>& actions) {
     std::vector<UNNotificationAction*> offered;
     for (std::size_t i = 0; i < actions.size(); ++i) {
-        offered.push_back([UNNotificationAction actionWithIdentifier:FoundationText::make(nameOf(i))
-                                                               title:FoundationText::make(actions[i].text)
+        offered.push_back([UNNotificationAction actionWithIdentifier:shownText(nameOf(i))
+                                                               title:shownText(actions[i].text)
                                                              options:UNNotificationActionOptionForeground]);
     }
     return [UNNotificationCategory categoryWithIdentifier:identifier
                                                   actions:[NSArray arrayWithObjects:offered.data()
                                                                               count:offered.size()]
-                                        intentIdentifiers:@[]
+                                        intentIdentifiers:[NSArray arrayWithObjects:nullptr count:0]
                                                   options:0];
 }
 
 UNNotificationRequest* requestOf(const std::string& title, const std::string& body) {
     UNMutableNotificationContent* const content = [[UNMutableNotificationContent alloc] init];
-    content.title = FoundationText::make(title);
-    content.body = FoundationText::make(body);
+    content.title = shownText(title);
+    content.body = shownText(body);
     content.categoryIdentifier = identifier;
     return [UNNotificationRequest requestWithIdentifier:identifier content:content trigger:nil];
 }
