@@ -3,6 +3,8 @@
 
 #import <UserNotifications/UserNotifications.h>
 
+#include "tests/macos/fake/ObjectLedger.h"
+
 #include <thread>
 
 // What the program's delegate may have.
@@ -132,6 +134,9 @@ NSString* const UNNotificationDefaultActionIdentifier = @"com.apple.UNNotificati
     void (^_asked)(BOOL, NSError*);
 }
 + (UNUserNotificationCenter*)currentNotificationCenter {
+    if (vantrel::fake::cocoa::system().bundleID.empty()) {
+        vantrel::fake::fail("currentNotificationCenter", "the program is not in a bundle");
+    }
     return shared(self);
 }
 - (void)dealloc {
