@@ -118,6 +118,8 @@ public:
     [[nodiscard]] SuggestionFlow& suggestions() { return m_suggestions; }
     // The rules per application.
     [[nodiscard]] RuleFlow& rules() { return m_rules; }
+    // Scenes, layouts, rules and triggers that were deleted and can be put back.
+    [[nodiscard]] RecentDeletions& deletions() { return m_context.deletions; }
     // Problems with the stores' files; published.
     [[nodiscard]] FilesFlow& files() { return m_files; }
 

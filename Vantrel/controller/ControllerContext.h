@@ -9,6 +9,7 @@
 #include "Vantrel/controller/HUDEvent.h"
 #include "Vantrel/controller/MoveScheduler.h"
 #include "Vantrel/controller/Publisher.h"
+#include "Vantrel/controller/RecentDeletions.h"
 #include "Vantrel/controller/RestoreOutcome.h"
 #include "Vantrel/controller/Settings.h"
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
@@ -42,6 +43,7 @@ public:
     Publisher publisher;
     DeskGate gate;
     MoveScheduler moves;
+    RecentDeletions deletions;
     // Which live window each remembered one is.
     WindowNotes notes;
     // Windows that the last restores could not put in place.

@@ -122,8 +122,8 @@ void LayoutFlow::saveLayoutAs(const std::string& name, std::function<void(const 
         }
     };
     const auto wanted = validName(name);
-    if (!wanted) {
-        tell({.kind = SaveOutcome::Kind::invalidName});
+    if (const auto problem = problemWithNewName(name)) {
+        tell(*problem);
         return;
     }
     CaptureNow::perform(
@@ -132,12 +132,24 @@ void LayoutFlow::saveLayoutAs(const std::string& name, std::function<void(const 
         });
 }
 
+std::optional<SaveOutcome> LayoutFlow::problemWithNewName(const std::string& name) const {
+    const auto wanted = validName(name);
+    if (!wanted) {
+        return SaveOutcome{.kind = SaveOutcome::Kind::invalidName};
+    }
+    const PublishedState& state = m_context.state();
+    const auto stored = m_context.store.layout(state.configID, *wanted);
+    return stored && stored->isPinned() && state.activeLayoutName != *wanted
+               ? std::optional(SaveOutcome{.kind = SaveOutcome::Kind::pinned})
+               : std::nullopt;
+}
+
 SaveOutcome LayoutFlow::store(Layout layout, const std::string& name) {
-    const bool isActive = layout.layoutName == name;
+    // It may have been pinned since.
+    if (const auto problem = problemWithNewName(name)) {
+        return *problem;
+    }
     if (const auto stored = m_context.store.layout(layout.configID, name)) {
-        if (stored->isPinned() && !isActive) {
-            return {.kind = SaveOutcome::Kind::pinned};
-        }
         layout.pinned = stored->pinned;
     }
     layout.layoutName = name;
@@ -177,17 +189,22 @@ LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newN
     return {Kind::done};
 }
 
+std::optional<LayoutChange> LayoutFlow::problemWithDeskName(const std::string& newName) const {
+    using Kind = LayoutChange::Kind;
+    if (!validName(newName)) {
+        return LayoutChange{Kind::invalidName};
+    }
+    return m_context.store.layouts(m_context.state().configID).empty()
+               ? std::optional(LayoutChange{Kind::noLayout})
+               : std::nullopt;
+}
+
 LayoutChange LayoutFlow::renameDesk(const std::string& newName) {
     using Kind = LayoutChange::Kind;
-    const auto wanted = validName(newName);
-    if (!wanted) {
-        return {Kind::invalidName};
+    if (const auto problem = problemWithDeskName(newName)) {
+        return *problem;
     }
-    const std::string desk = m_context.state().configID;
-    if (m_context.store.layouts(desk).empty()) {
-        return {Kind::noLayout};
-    }
-    if (!m_context.store.renameDesk(desk, *wanted)) {
+    if (!m_context.store.renameDesk(m_context.state().configID, validName(newName).value())) {
         return {Kind::writeFailed};
     }
     layoutsChanged();
@@ -198,22 +215,46 @@ LayoutChange LayoutFlow::remove(const std::string& name) {
     using Kind = LayoutChange::Kind;
     const std::string desk = m_context.state().configID;
     const bool isActive = name == m_context.state().activeLayoutName;
-    if (!m_context.store.layout(desk, name)) {
+    const auto layout = m_context.store.layout(desk, name);
+    if (!layout) {
         return {Kind::noSuchLayout};
     }
     if (isActive && m_context.gate.isRestoring()) {
         return {Kind::restoreInFlight};
     }
+    const bool isOnlyOne = m_context.store.layouts(desk).size() == 1;
     m_context.store.deleteLayout(desk, name);
     if (m_context.store.layout(desk, name)) {
         return {Kind::writeFailed};
     }
+    m_context.deletions.add(
+        fmt::format("the layout \"{}\"", layout->layoutName),
+        [this, deleted = Deleted{*layout, isActive, isOnlyOne}] { return putBack(deleted); });
     layoutsChanged();
     // Otherwise the windows, still arranged as in the deleted layout, would be learned into the next one.
     if (isActive && !m_context.hindranceToMoving()) {
         restoreActive({}, {});
     }
     return {Kind::done};
+}
+
+std::expected<void, std::string> LayoutFlow::putBack(const Deleted& deleted) {
+    using Kind = LayoutChange::Kind;
+    const auto& [layout, wasActive, wasOnlyOne] = deleted;
+    if (!wasOnlyOne && m_context.store.layout(layout.configID, layout.layoutName)) {
+        return std::unexpected(LayoutChange{Kind::nameTaken}.text());
+    }
+    if (!m_context.store.save(layout)) {
+        return std::unexpected(LayoutChange{Kind::writeFailed}.text());
+    }
+    layoutsChanged();
+    if (wasActive && layout.configID != m_context.state().configID) {
+        m_context.store.setActiveLayout(layout.layoutName, layout.configID);
+    } else if (wasActive) {
+        // Otherwise the windows as they are now would be learned into it.
+        switchLayout(layout.layoutName, {});
+    }
+    return {};
 }
 
 } // namespace vantrel

@@ -8,6 +8,7 @@
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/SaveOutcome.h"
 
+#include <expected>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,6 +33,8 @@ public:
     // desk's. The active layout does not change. Returns false when nothing is going to move.
     bool applyLayout(const Layout& layout, const RestoreOutcome::Done& done);
 
+    // Why the desk cannot be saved under this name; none if it can.
+    [[nodiscard]] std::optional<SaveOutcome> problemWithNewName(const std::string& name) const;
     // Saves the desk under this name and makes that layout the active one. `done` is called once.
     void saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done);
 
@@ -40,10 +43,13 @@ public:
     std::function<void(const std::string& configID, const std::string& name, const std::string& newName)>
         onRenamed = [](const auto&...) {};
 
+    // Why the current desk cannot have this name; none if it can.
+    [[nodiscard]] std::optional<LayoutChange> problemWithDeskName(const std::string& newName) const;
     // Gives the current desk a name chosen by the user, which then stays.
     [[nodiscard]] LayoutChange renameDesk(const std::string& newName);
 
-    // If it was the active layout, another one becomes active and is restored.
+    // If it was the active layout, another one becomes active and is restored. Undone by RecentDeletions,
+    // which then restores its windows.
     [[nodiscard]] LayoutChange remove(const std::string& name);
 
 private:
@@ -56,6 +62,14 @@ private:
         std::optional<Layout> layout;
     };
 
+    struct Deleted {
+        Layout layout;
+        bool wasActive = false;
+        // The desk had no other layout. It then learns one at once, under the default name.
+        bool wasOnlyOne = false;
+    };
+
+    std::expected<void, std::string> putBack(const Deleted& deleted);
     [[nodiscard]] SaveOutcome store(Layout layout, const std::string& name);
     // False when no layout is active.
     bool restoreActive(std::function<void()> undone, const RestoreOutcome::Done& done);

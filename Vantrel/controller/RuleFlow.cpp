@@ -3,6 +3,7 @@
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <map>
 
 namespace vantrel {
@@ -23,14 +24,28 @@ std::expected<void, RuleProblem> RuleFlow::setRule(const AppRule& rule) {
 
 std::expected<void, RuleProblem> RuleFlow::removeRule(const std::string& bundleID) {
     const auto known = rules();
-    if (std::ranges::find(known, bundleID, &AppRule::bundleID) == known.end()) {
+    const auto found = std::ranges::find(known, bundleID, &AppRule::bundleID);
+    if (found == known.end()) {
         return std::unexpected(RuleProblem::notFound);
     }
-    if (!m_context.store.removeRule(bundleID)) {
+    if (!m_context.store.removeRule(found->bundleID)) {
         return std::unexpected(RuleProblem::writeFailed);
     }
+    m_context.deletions.add(
+        fmt::format("the rule for {}", found->appName),
+        [this, rule = *found]() -> std::expected<void, std::string> {
+            const auto present = rules();
+            if (std::ranges::find(present, rule.bundleID, &AppRule::bundleID) != present.end()) {
+                return std::unexpected(
+                    fmt::format("{} has another rule by now. Remove that one first.", rule.appName));
+            }
+            if (const auto back = setRule(rule); !back) {
+                return std::unexpected(text(back.error()));
+            }
+            return {};
+        });
     m_context.gate.noteEdit();
-    m_context.log("rule removed: " + bundleID);
+    m_context.log("rule removed: " + found->bundleID);
     return {};
 }
 

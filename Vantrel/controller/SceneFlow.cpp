@@ -7,6 +7,7 @@
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/stores/UserEdit.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <map>
 #include <set>
@@ -123,37 +124,64 @@ SceneFlow::EditResult SceneFlow::updateSceneLayout(const std::string& id, const 
     return edited(id, [&] { return m_store.updateSceneLayout(id, layout); });
 }
 
+std::optional<SceneProblem> SceneFlow::problemWithRename(const std::string& id, std::string_view name) {
+    if (!SceneStore::isValidName(name)) {
+        return SceneProblems::from(SceneStoreError::invalidName, name);
+    }
+    const auto scene = m_store.scene(id);
+    if (!scene) {
+        return SceneProblem::notFound;
+    }
+    const auto other = m_store.sceneNamed(name);
+    if (!other || other->id == id) {
+        return std::nullopt;
+    }
+    return SceneDeskComparison::isCrossDesk(other->configID, scene->configID)
+               ? SceneProblem::nameUsedOnAnotherDesk
+               : SceneProblem::nameUsed;
+}
+
 SceneFlow::EditResult SceneFlow::rename(const std::string& id, std::string_view name) {
+    if (const auto problem = problemWithRename(id, name)) {
+        return std::unexpected(*problem);
+    }
     const auto renamed = m_store.rename(id, name);
     if (!renamed) {
-        const SceneProblem problem = SceneProblems::from(renamed.error(), name);
-        const auto other = m_store.sceneNamed(name);
-        const auto scene = m_store.scene(id);
-        const bool isElsewhere = problem == SceneProblem::nameUsed && other && scene &&
-                                 SceneDeskComparison::isCrossDesk(other->configID, scene->configID);
-        return std::unexpected(isElsewhere ? SceneProblem::nameUsedOnAnotherDesk : problem);
+        return std::unexpected(SceneProblems::from(renamed.error(), name));
     }
     m_context.showStoredScenes();
     return *renamed;
 }
 
 SceneFlow::EditResult SceneFlow::deleteScene(const std::string& id) {
-    const auto scene = m_store.scene(id);
-    if (!scene) {
+    const auto scenes = m_store.allScenes();
+    const auto found = std::ranges::find(scenes, id, &Scene::id);
+    if (found == scenes.end()) {
         return std::unexpected(SceneProblem::notFound);
     }
-    if (!m_store.deleteScene(id)) {
+    const Scene& scene = *found;
+    if (!m_store.deleteScene(scene.id)) {
         return std::unexpected(SceneProblem::writeFailed);
     }
+    const auto index = static_cast<std::size_t>(found - scenes.begin());
+    m_context.deletions.add(fmt::format("the scene \"{}\"", scene.name),
+                            [this, scene, index]() -> std::expected<void, std::string> {
+                                if (const auto back = putBack(scene, index); !back) {
+                                    return std::unexpected(
+                                        std::string(SceneProblems::panelText(back.error())));
+                                }
+                                return {};
+                            });
     m_context.showStoredScenes();
-    return *scene;
+    return scene;
 }
 
-SceneFlow::EditResult SceneFlow::putBack(const Scene& scene) {
+// Its triggers have stayed in their store.
+SceneFlow::EditResult SceneFlow::putBack(const Scene& scene, std::size_t index) {
     if (const auto problem = problemWithNewName(scene.name)) {
         return std::unexpected(*problem);
     }
-    return edited(scene.id, [&] { return m_store.add(scene); });
+    return edited(scene.id, [&] { return m_store.add(scene, index); });
 }
 
 SceneFlow::EditResult SceneFlow::setPinned(bool isPinned, const std::string& id) {

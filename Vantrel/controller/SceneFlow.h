@@ -5,6 +5,7 @@
 #include "Vantrel/controller/SceneSaveOutcome.h"
 #include "Vantrel/controller/SlotFilling.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <expected>
 #include <functional>
@@ -30,15 +31,16 @@ public:
     void saveCurrentAsScene(const std::string& name, std::function<void(const SceneSaveOutcome&)> done);
     // Why no new scene can have this name; nameUsed if one of this desk has it, which saving would update.
     [[nodiscard]] std::optional<SceneProblem> problemWithNewName(std::string_view name);
+    // Why this scene cannot have this name.
+    [[nodiscard]] std::optional<SceneProblem> problemWithRename(const std::string& id, std::string_view name);
     // Creates a scene of this desk without windows, to be filled in the editor.
     SceneSaveOutcome createEmptyScene(std::string_view name);
 
     EditResult updateSceneLayout(const std::string& id, const Layout& layout);
     EditResult rename(const std::string& id, std::string_view name);
-    // Deletes pinned scenes too: the caller must ask the user for confirmation, or offer to undo it.
+    // Deletes pinned scenes too: the caller must ask the user for confirmation, or offer to undo it
+    // (RecentDeletions).
     EditResult deleteScene(const std::string& id);
-    // Undoes deleteScene() with the scene that it returned.
-    EditResult putBack(const Scene& scene);
     EditResult setPinned(bool isPinned, const std::string& id);
     EditResult setOpensMissingApps(bool opens, const std::string& id);
     EditResult setWallpaper(const std::optional<SceneWallpaper>& wallpaper, const std::string& id);
@@ -60,6 +62,7 @@ private:
     [[nodiscard]] SceneSaveOutcome add(std::string_view name, const Layout& layout);
     [[nodiscard]] SceneSaveOutcome save(std::string_view name, const Layout& layout);
     [[nodiscard]] bool isOnAnotherDesk(const Scene& scene) const;
+    EditResult putBack(const Scene& scene, std::size_t index);
     template <typename Change>
     EditResult edited(const std::string& id, Change&& change);
 

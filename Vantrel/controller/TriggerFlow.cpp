@@ -232,14 +232,26 @@ TriggerFlow::Result<void> TriggerFlow::setTriggerEnabled(const std::string& id, 
 }
 
 TriggerFlow::Result<void> TriggerFlow::deleteTrigger(const std::string& id) {
-    if (!m_triggers.trigger(id)) {
+    const auto triggers = m_triggers.allTriggers();
+    const auto found = std::ranges::find(triggers, id, &SceneTrigger::id);
+    if (found == triggers.end()) {
         return std::unexpected(TriggerProblem::notFound);
     }
     m_triggers.deleteTrigger(id);
     if (m_triggers.trigger(id)) {
         return std::unexpected(TriggerProblem::writeFailed);
     }
-    m_fired.erase(id);
+    const auto index = static_cast<std::size_t>(found - triggers.begin());
+    SceneTrigger deleted = *found;
+    deleted.lastFiredAt = lastFiredAt(deleted);
+    m_context.deletions.add(fmt::format("the trigger \"{}\"", SceneTriggerFormatting::title(deleted.kind)),
+                            [this, deleted, index]() -> std::expected<void, std::string> {
+                                if (const auto back = changed(m_triggers.addAll({deleted}, index)); !back) {
+                                    return std::unexpected(text(back.error()));
+                                }
+                                return {};
+                            });
+    m_fired.erase(deleted.id);
     showStored();
     return {};
 }

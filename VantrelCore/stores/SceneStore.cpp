@@ -52,7 +52,7 @@ bool SceneStore::isValidName(std::string_view name) {
     return !trimmed.empty() && Unicode::characterCount(trimmed) <= maxNameLength;
 }
 
-SceneStore::Result<Scene> SceneStore::add(Scene scene) {
+SceneStore::Result<Scene> SceneStore::add(Scene scene, std::optional<std::size_t> at) {
     if (!isValidName(scene.name)) {
         return std::unexpected(SceneStoreError::invalidName);
     }
@@ -60,7 +60,10 @@ SceneStore::Result<Scene> SceneStore::add(Scene scene) {
         return std::unexpected(SceneStoreError::capReached);
     }
     scene.name = std::string(Unicode::trimmed(scene.name));
-    if (!m_file.update([&](StoreFile& file) { file.scenes.push_back(scene); })) {
+    if (!m_file.update([&](StoreFile& file) {
+            const std::size_t index = std::min(at.value_or(file.scenes.size()), file.scenes.size());
+            file.scenes.insert(file.scenes.begin() + static_cast<std::ptrdiff_t>(index), scene);
+        })) {
         return std::unexpected(SceneStoreError::writeFailed);
     }
     return scene;

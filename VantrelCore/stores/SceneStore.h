@@ -54,8 +54,9 @@ public:
 
     // On error, file and store are unchanged. See Saving for the exception.
 
-    // Stores the scene under its trimmed name, which another scene may already have.
-    [[nodiscard]] Result<Scene> add(Scene scene);
+    // Stores the scene under its trimmed name, which another scene may already have. `at` is its index; the
+    // last one unless stated.
+    [[nodiscard]] Result<Scene> add(Scene scene, std::optional<std::size_t> at = {});
     // invalidName also if another scene has the name, ignoring case.
     [[nodiscard]] Result<Scene> rename(const std::string& id, std::string_view name);
     // Refused for a pinned scene.

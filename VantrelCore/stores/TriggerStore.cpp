@@ -32,12 +32,15 @@ TriggerStore::Result<SceneTrigger> TriggerStore::add(const SceneTrigger& trigger
     return added ? Result<SceneTrigger>(trigger) : std::unexpected(added.error());
 }
 
-TriggerStore::Result<void> TriggerStore::addAll(const std::vector<SceneTrigger>& triggers) {
+TriggerStore::Result<void> TriggerStore::addAll(const std::vector<SceneTrigger>& triggers,
+                                                std::optional<std::size_t> at) {
     if (m_file.load().triggers.size() + triggers.size() > maxTriggers) {
         return std::unexpected(TriggerStoreError::capReached);
     }
     if (!m_file.update([&](StoreFile& file) {
-            file.triggers.insert(file.triggers.end(), triggers.begin(), triggers.end());
+            const std::size_t index = std::min(at.value_or(file.triggers.size()), file.triggers.size());
+            file.triggers.insert(file.triggers.begin() + static_cast<std::ptrdiff_t>(index), triggers.begin(),
+                                 triggers.end());
         })) {
         return std::unexpected(TriggerStoreError::writeFailed);
     }

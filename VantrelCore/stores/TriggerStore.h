@@ -43,8 +43,9 @@ public:
     // On error, file and store are unchanged. See Saving for the exception.
 
     [[nodiscard]] Result<SceneTrigger> add(const SceneTrigger& trigger);
-    // All of them or none.
-    [[nodiscard]] Result<void> addAll(const std::vector<SceneTrigger>& triggers);
+    // All of them or none. `at` is the index of the first; after all others unless stated.
+    [[nodiscard]] Result<void> addAll(const std::vector<SceneTrigger>& triggers,
+                                      std::optional<std::size_t> at = {});
     [[nodiscard]] Result<void> setEnabled(const std::string& id, bool enabled);
     [[nodiscard]] Result<void> recordFired(const std::string& id, Date at, const Saving& saving = {});
     // An unknown id changes nothing.

@@ -105,8 +105,8 @@ std::vector<Command> layoutCommands() {
          .verbs = {{"layouts delete",
                     "Delete a layout; if it was active, another one is restored in its place",
                     {name}}},
-         .text =
-             VerbTexts::sentence("Deleted layout \"{:name}\". The active layout is \"{activeLayoutName}\".")},
+         .text = VerbTexts::sentence("Deleted layout \"{:name}\". The active layout is "
+                                     "\"{activeLayoutName}\". To put it back: vantrelctl undelete")},
     };
 }
 

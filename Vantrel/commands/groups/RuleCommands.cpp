@@ -154,7 +154,7 @@ std::vector<Command> ruleCommands() {
          .verbs = {{"rules remove",
                     "Remove an application's rule",
                     {{"APP", "The application's name or ID", ValueKind::ruledApplication}}}},
-         .text = VerbTexts::sentence("Removed the rule for {appName}.")},
+         .text = VerbTexts::sentence("Removed the rule for {appName}. To put it back: vantrelctl undelete")},
     };
 }
 

@@ -259,7 +259,7 @@ std::vector<Command> sceneCommands() {
         {.signature = "DeleteScene(scene) scene",
          .handler = editing(deleteScene),
          .verbs = {{"scenes delete", "Delete a scene", {scene}}},
-         .text = VerbTexts::sentence("Deleted the scene \"{name}\".")},
+         .text = VerbTexts::sentence("Deleted the scene \"{name}\". To put it back: vantrelctl undelete")},
         {.signature = "PinScene(scene) scene",
          .handler = setPinned(true),
          .verbs = {{"scenes pin", "Protect a scene from being overwritten or deleted", {scene}}},

@@ -66,6 +66,11 @@ void bringBack(const BusCall& call) {
     }
 }
 
+ControlAnswer undelete(const BusCall& call) {
+    const auto what = call.controller.deletions().putBack();
+    return what ? ControlAnswer(nlohmann::json{{"what", *what}}) : refused(what.error());
+}
+
 // The reply to a toggle is a stash or a report.
 std::string stashedText(const nlohmann::json& reply, const VerbCall& call) {
     return reply.contains("restored")
@@ -83,6 +88,10 @@ std::vector<Command> stashCommands() {
          .handler = undo,
          .verbs = {{"undo", "Return the windows to where they were before the last restore or switch"}},
          .text = VerbTexts::report},
+        {.signature = "Undelete() putBack",
+         .handler = undelete,
+         .verbs = {{"undelete", "Put back the scene, layout, rule or trigger that was deleted last"}},
+         .text = VerbTexts::sentence("Put back {what}.")},
         {.signature = "Stashes() stashes",
          .handler = stashes,
          .verbs = {{"stash", "List stashes, stash this desk, bring a stash back"},

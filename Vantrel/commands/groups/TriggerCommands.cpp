@@ -244,7 +244,7 @@ std::vector<Command> triggerCommands() {
         {.signature = "DeleteTrigger(trigger) trigger",
          .handler = deleteTrigger,
          .verbs = {{"triggers delete", "Delete a trigger", {trigger}}},
-         .text = VerbTexts::sentence("{title} is deleted.")},
+         .text = VerbTexts::sentence("{title} is deleted. To put it back: vantrelctl undelete")},
     };
 }
 

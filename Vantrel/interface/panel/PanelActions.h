@@ -17,6 +17,10 @@ struct PanelActions {
 
     std::function<void(bool)> setEnabled = [](bool) {};
     std::function<Problem(const std::string& name)> renameDesk = [](const auto&) { return std::nullopt; };
+    // While the name is typed, as are the others called so.
+    std::function<Problem(const std::string& name)> problemWithDeskName = [](const auto&) {
+        return std::nullopt;
+    };
     // The last argument is what was typed, if the deed needs that.
     std::function<void(PanelContent::Message::Deed, const std::string&)> perform = [](auto, const auto&) {};
     std::function<void(PanelContent::Message::Kind)> dismiss = [](auto) {};
@@ -28,6 +32,9 @@ struct PanelActions {
 
     std::function<void(const std::string& name)> switchLayout = [](const auto&) {};
     std::function<void(const std::string& name)> saveLayoutAs = [](const auto&) {};
+    std::function<Problem(const std::string& name)> problemWithLayoutName = [](const auto&) {
+        return std::nullopt;
+    };
     std::function<void(bool)> setPinned = [](bool) {};
 
     struct Scenes {
@@ -43,10 +50,11 @@ struct PanelActions {
             [](const auto&, auto) { return std::nullopt; };
         // Saves the desk under this name.
         std::function<void(const std::string& name)> save = [](const auto&) {};
-        // While the name is typed.
         std::function<Problem(const std::string& name)> problemWithName = [](const auto&) {
             return std::nullopt;
         };
+        std::function<Problem(const std::string& id, const std::string& name)> problemWithRename =
+            [](const auto&, const auto&) { return std::nullopt; };
     };
     Scenes scenes{};
     HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };

@@ -17,6 +17,16 @@ constexpr std::chrono::seconds agingInterval{30};
 // In milliseconds: a click on the icon arrives this soon after it has taken the focus away.
 constexpr qint64 clickAfterClose = 300;
 
+PanelActions::Problem textOf(const std::optional<SceneProblem>& problem) {
+    return problem ? std::optional(std::string(SceneProblems::panelText(*problem))) : std::nullopt;
+}
+
+// Of an outcome that says what it is.
+template <typename Outcome>
+PanelActions::Problem textOf(const std::optional<Outcome>& problem) {
+    return problem ? std::optional(problem->text()) : std::nullopt;
+}
+
 template <typename Value>
 PanelActions::Problem problemOf(const std::expected<Value, SceneProblem>& result) {
     return result ? std::nullopt : std::optional(std::string(SceneProblems::panelText(result.error())));
@@ -174,6 +184,12 @@ PanelActions PanelPresenter::actions() {
         const auto change = m_controller.layouts().renameDesk(name);
         return change.kind == LayoutChange::Kind::done ? std::nullopt : std::optional(change.text());
     };
+    actions.problemWithDeskName = [this](const std::string& name) {
+        return textOf(m_controller.layouts().problemWithDeskName(name));
+    };
+    actions.problemWithLayoutName = [this](const std::string& name) {
+        return textOf(m_controller.layouts().problemWithNewName(name));
+    };
     actions.perform = [this](PanelContent::Message::Deed deed, const std::string& typed) {
         perform(deed, typed);
     };
@@ -242,14 +258,14 @@ PanelActions::Scenes PanelPresenter::sceneActions() {
     scenes.remove = [this](const std::string& id) {
         const auto removed = m_controller.scenes().deleteScene(id);
         if (removed) {
-            m_removed = *removed;
+            m_removed = m_controller.deletions().newest();
         }
         return problemOf(removed);
     };
     scenes.putBack = [this] {
         if (m_removed) {
-            if (const auto problem = problemOf(m_controller.scenes().putBack(*m_removed))) {
-                tell(*problem);
+            if (const auto back = m_controller.deletions().putBack(m_removed); !back) {
+                tell(back.error());
             }
             m_removed.reset();
         }
@@ -265,9 +281,11 @@ PanelActions::Scenes PanelPresenter::sceneActions() {
         return stored ? std::nullopt : std::optional(stored.error());
     };
     scenes.save = save;
-    scenes.problemWithName = [this](const std::string& name) -> PanelActions::Problem {
-        const auto problem = m_controller.scenes().problemWithNewName(name);
-        return problem ? std::optional(std::string(SceneProblems::panelText(*problem))) : std::nullopt;
+    scenes.problemWithName = [this](const std::string& name) {
+        return textOf(m_controller.scenes().problemWithNewName(name));
+    };
+    scenes.problemWithRename = [this](const std::string& id, const std::string& name) {
+        return textOf(m_controller.scenes().problemWithRename(id, name));
     };
     return scenes;
 }

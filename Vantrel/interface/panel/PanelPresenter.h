@@ -88,7 +88,7 @@ private:
     QTimer m_aging;
     // When it was last closed, since some epoch: the click that closes it may be one on the tray icon.
     qint64 m_closedAt = 0;
-    std::optional<Scene> m_removed;
+    std::optional<RecentDeletions::ID> m_removed;
     // Expires with this object, for restores that end later.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

@@ -102,6 +102,11 @@ QWidget* PanelView::header() {
     clear.setColor(QPalette::Base, Qt::transparent);
     m_deskName->setPalette(clear);
     m_deskName->installEventFilter(this);
+    connect(m_deskName, &QLineEdit::textEdited, this, [this](const QString& name) {
+        const auto problem = m_actions.problemWithDeskName(name.trimmed().toStdString());
+        m_deskProblem->show(qt(problem.value_or("")));
+        m_deskProblem->setVisible(problem.has_value());
+    });
     connect(m_deskName, &QLineEdit::editingFinished, this, [this] {
         const std::string name = m_deskName->text().trimmed().toStdString();
         if (name != m_content.deskName && m_content.canRename) {
@@ -233,10 +238,25 @@ void PanelView::addLayouts(QBoxLayout& parts) {
     m_layoutName->setAccessibleName(qtr("Name of the new layout"));
     m_layoutName->setMinimumHeight(points(30));
     m_layoutName->installEventFilter(this);
-    connect(m_layoutName, &QLineEdit::returnPressed, this, [this] {
-        m_actions.saveLayoutAs(m_layoutName->text().trimmed().toStdString());
-        m_layoutName->clear();
-        m_layoutField->hide();
+    m_layoutProblem = new Label(Label::Role::problem, m_layoutField);
+    m_layoutProblem->setContentsMargins(points(2), points(4), 0, 0);
+    m_layoutProblem->hide();
+    m_layoutField->layout()->addWidget(m_layoutProblem);
+    const auto problem = [this] {
+        const std::string typed = m_layoutName->text().trimmed().toStdString();
+        return typed.empty() ? std::nullopt : m_actions.problemWithLayoutName(typed);
+    };
+    connect(m_layoutName, &QLineEdit::textChanged, this, [this, problem] {
+        const auto found = problem();
+        m_layoutProblem->show(qt(found.value_or("")));
+        m_layoutProblem->setVisible(found.has_value());
+    });
+    connect(m_layoutName, &QLineEdit::returnPressed, this, [this, problem] {
+        if (!problem()) {
+            m_actions.saveLayoutAs(m_layoutName->text().trimmed().toStdString());
+            m_layoutName->clear();
+            m_layoutField->hide();
+        }
     });
     group->addWidget(m_layoutField);
     parts.addWidget(m_layouts);

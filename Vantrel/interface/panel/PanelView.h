@@ -101,6 +101,7 @@ private:
     SymbolButton* m_layoutPin = nullptr;
     QWidget* m_layoutField = nullptr;
     QLineEdit* m_layoutName = nullptr;
+    Label* m_layoutProblem = nullptr;
     QWidget* m_sceneList = nullptr;
     Label* m_scenesHint = nullptr;
     QWidget* m_undoLine = nullptr;

@@ -160,6 +160,9 @@ void SceneRowView::build() {
             [this](bool isChecked) { m_actions.scenes.setPinned(m_row.id, isChecked); });
     connect(m_more, &QToolButton::clicked, this, [this] { showMenu(); });
     connect(m_field, &QLineEdit::returnPressed, this, [this] { endRenaming(true); });
+    connect(m_field, &QLineEdit::textEdited, this, [this](const QString& name) {
+        showProblem(m_actions.scenes.problemWithRename(m_row.id, name.trimmed().toStdString()).value_or(""));
+    });
     connect(qApp, &QApplication::focusChanged, this, [this] { showControls(); });
     setAttribute(Qt::WA_Hover);
 }

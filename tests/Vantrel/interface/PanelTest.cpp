@@ -67,6 +67,11 @@ protected:
         }
         ADD_FAILURE() << "no button " << text;
     }
+    bool says(const char* text) {
+        const auto labels = view().findChildren<QLabel*>();
+        return std::ranges::any_of(
+            labels, [&](const QLabel* label) { return label->isVisible() && label->text() == text; });
+    }
     void saveScene(const char* name) {
         auto* const field = find<QLineEdit>("Save this desk as a scene");
         field->clear();
@@ -131,10 +136,7 @@ TEST_F(PanelTest, ASceneIsSavedRenamedGivenAShortcutDeletedAndBroughtBack) {
     auto* const field = find<QLineEdit>("Save this desk as a scene");
     QTest::keyClicks(field, "write");
     settle();
-    const auto labels = view().findChildren<QLabel*>();
-    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
-        return label->isVisible() && label->text() == "That name is used by another scene.";
-    }));
+    EXPECT_TRUE(says("That name is used by another scene."));
     QTest::keyClick(field, Qt::Key_Return);
     settle();
     EXPECT_EQ(content().scenes.size(), 2U);
@@ -142,6 +144,9 @@ TEST_F(PanelTest, ASceneIsSavedRenamedGivenAShortcutDeletedAndBroughtBack) {
     SceneRowView& row = *view().sceneRows()[0];
     row.startRenaming();
     auto* const name = row.findChild<QLineEdit*>();
+    name->clear();
+    QTest::keyClicks(name, "code");
+    EXPECT_TRUE(says("That name is used by another scene."));
     name->setText("Letters");
     QTest::keyClick(name, Qt::Key_Return);
     settle();
@@ -199,6 +204,10 @@ TEST_F(PanelTest, TheSwitchTheNameAndTheLayoutsActAtOnce) {
     click("Save the desk as another layout");
     auto* const layout = find<QLineEdit>("Name of the new layout");
     ASSERT_NE(layout, nullptr);
+    layout->setText(QString(61, 'x'));
+    QTest::keyClick(layout, Qt::Key_Return);
+    EXPECT_TRUE(says("The name must have between 1 and 60 characters."));
+    layout->clear();
     QTest::keyClicks(layout, "Evening");
     QTest::keyClick(layout, Qt::Key_Return);
     settle();
