@@ -1,5 +1,6 @@
 #include "Vantrel/controller/ControllerText.h"
 
+#include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/windows/RestoreEngine.h"
 
@@ -18,7 +19,7 @@ std::string displaySettled(const std::string& configID, const std::vector<Displa
 
 std::string reconnected(const std::vector<DisplayInfo>& before, const std::vector<DisplayInfo>& after) {
     std::string names;
-    for (const auto& display : after) {
+    for (const auto& display : DisplayLabels::labelled(after)) {
         if (std::ranges::find(before, display.uuid, &DisplayInfo::uuid) == before.end()) {
             names += (names.empty() ? "" : " and ") + display.name;
         }
