@@ -5,7 +5,6 @@
 #include "Vantrel/controller/Phase.h"
 #include "Vantrel/controller/PinPause.h"
 #include "Vantrel/controller/SettingMistakes.h"
-#include "Vantrel/controller/WorkbenchTab.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/displays/SameDesk.h"
 #include "VantrelCore/model/DeskSnapshot.h"
@@ -31,6 +30,9 @@
 #include <vector>
 
 namespace vantrel {
+
+// The tabs of the workbench, the window in which the user manages scenes, desks and rules.
+enum class WorkbenchTab : std::uint8_t { scenes, desks, history, rules, settings };
 
 // A recurring arrangement of the current desk that is not a scene yet.
 struct PatternSuggestionInfo {

@@ -1,13 +1,26 @@
 // The scene rail: the current desk's scenes first, then other desks, each under its name.
 #pragma once
 
-#include "VantrelCore/model/SceneDeskGroup.h"
+#include "VantrelCore/model/Scene.h"
 
 #include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace vantrel {
+
+// The scenes of another desk, and its name.
+struct SceneDeskGroup {
+    std::string configID;
+    std::string deskName;
+    std::vector<Scene> scenes;
+
+    bool operator==(const SceneDeskGroup&) const = default;
+};
+
+} // namespace vantrel
 
 namespace vantrel::SceneRail {
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "VantrelCore/model/Date.h"
-#include "VantrelCore/scenes/SettlementSummary.h"
 
 #include <cstdint>
 #include <map>
@@ -11,6 +10,16 @@
 #include <vector>
 
 namespace vantrel {
+
+// How a scene settlement ended.
+struct SettlementSummary {
+    std::int64_t opened = 0;
+    std::int64_t placed = 0;
+    // Names of the applications still awaited, sorted.
+    std::vector<std::string> stragglers;
+
+    bool operator==(const SettlementSummary&) const = default;
+};
 
 struct SceneSettlement {
     struct LaunchedApp {

@@ -1,7 +1,6 @@
 #include "VantrelCore/windows/WindowMatcher.h"
 
 #include "VantrelCore/windows/NearTitle.h"
-#include "VantrelCore/windows/TitleBuckets.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -2,13 +2,25 @@
 // and a separate on-screen list, which has the order but cannot move windows.
 #pragma once
 
+#include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/ports/Accessibility.h"
 #include "VantrelCore/ports/Desk.h"
-#include "VantrelCore/windows/CurrentWindow.h"
+#include "VantrelCore/windows/AXWindowHandle.h"
 
 #include <cstdint>
 #include <optional>
 #include <vector>
+
+namespace vantrel {
+
+// A live window with the element that moves it.
+struct CurrentWindow {
+    // Without an identity: elements have none of their own.
+    DeskWindow window;
+    AXWindowHandle handle;
+};
+
+} // namespace vantrel
 
 namespace vantrel::WindowSnapshotter {
 
