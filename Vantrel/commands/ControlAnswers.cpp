@@ -3,8 +3,10 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 #include <tuple>
 
@@ -51,6 +53,19 @@ FileIncidentMessage fileIncident(const FileIncident& incident) {
 
 ControlAnswer refused(std::string sentence) {
     return std::unexpected(ControlRefusal{ControlNames::refused, std::move(sentence)});
+}
+
+std::expected<Scene, std::string> sceneCalled(const PublishedState& state, const std::string& called) {
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    const auto found = std::ranges::find_if(state.scenes, [&](const Scene& scene) {
+        return Unicode::lowercased(scene.name) == wanted || Unicode::lowercased(scene.id) == wanted;
+    });
+    if (found != state.scenes.end()) {
+        return *found;
+    }
+    return std::unexpected(state.scenes.empty()
+                               ? "There are no scenes yet. Save one with: vantrelctl save-scene NAME"
+                               : fmt::format("There is no scene \"{}\".", called));
 }
 
 PhaseMessage phase(const Phase& phase) {

@@ -9,6 +9,7 @@
 #include "Vantrel/controller/SaveOutcome.h"
 #include "VantrelCore/model/RestoreLog.h"
 
+#include <expected>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -21,6 +22,11 @@ class AppController;
 namespace vantrel::ControlAnswers {
 
 [[nodiscard]] ControlAnswer refused(std::string sentence);
+
+// Finds a scene by name or ID, ignoring case and white space around the name. When there is none, the error
+// is a sentence for the user.
+[[nodiscard]] std::expected<Scene, std::string> sceneCalled(const PublishedState& state,
+                                                            const std::string& called);
 
 [[nodiscard]] PhaseMessage phase(const Phase& phase);
 

@@ -117,15 +117,4 @@ std::vector<SceneEntity> Intents::scenes() const {
     return entities;
 }
 
-std::vector<SceneEntity> Intents::scenes(const std::vector<std::string>& ids) const {
-    const auto existing = scenes();
-    std::vector<SceneEntity> found;
-    for (const auto& id : ids) {
-        if (const auto entity = std::ranges::find(existing, id, &SceneEntity::id); entity != existing.end()) {
-            found.push_back(*entity);
-        }
-    }
-    return found;
-}
-
 } // namespace vantrel

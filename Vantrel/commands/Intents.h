@@ -73,8 +73,6 @@ public:
 
     // The choices for the scene parameter of Apply Scene; empty while nothing is running.
     [[nodiscard]] std::vector<SceneEntity> scenes() const;
-    // The existing scenes among these IDs, in the order given.
-    [[nodiscard]] std::vector<SceneEntity> scenes(const std::vector<std::string>& ids) const;
 
 private:
     // Returns null after telling `done` that Vantrel is not running.

@@ -48,19 +48,15 @@ ControlAnswer hotKeys(const BusCall& call) {
     return nlohmann::json{{"hotKeys", std::move(list)}};
 }
 
-// Finds a fixed command or a scene by name.
+// Finds a fixed command by its name, or a scene.
 std::optional<HotKeySurface> surface(const AppController& controller, const std::string& name) {
     for (const auto& [kind, fixed] : fixedNames) {
         if (name == fixed) {
             return HotKeySurface{kind, {}};
         }
     }
-    for (const auto& scene : controller.published().scenes) {
-        if (scene.name == name) {
-            return HotKeySurface::scene(scene.id);
-        }
-    }
-    return std::nullopt;
+    const auto scene = sceneCalled(controller.published(), name);
+    return scene ? std::optional(HotKeySurface::scene(scene->id)) : std::nullopt;
 }
 
 ControlAnswer change(const BusCall& call, std::optional<HotKeyCombo> combo) {

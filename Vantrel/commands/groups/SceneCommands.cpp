@@ -1,7 +1,6 @@
 // The commands for scenes, and for the drift from the scene last applied.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
-#include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ScenesMessage.h"
 #include "Vantrel/commands/terminal/SceneTexts.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
@@ -52,22 +51,6 @@ ControlAnswer scenes(const BusCall& call) {
     return nlohmann::json(result);
 }
 
-// Finds a scene by name or ID, ignoring case.
-std::expected<Scene, ControlRefusal> sceneCalled(AppController& controller, const std::string& called) {
-    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
-    const auto& all = controller.published().scenes;
-    const auto found = std::ranges::find_if(all, [&](const Scene& scene) {
-        return Unicode::lowercased(scene.name) == wanted || Unicode::lowercased(scene.id) == wanted;
-    });
-    if (found != all.end()) {
-        return *found;
-    }
-    return std::unexpected(
-        ControlRefusal{ControlNames::refused,
-                       all.empty() ? "There are no scenes yet. Save one with: vantrelctl save-scene NAME"
-                                   : fmt::format("There is no scene \"{}\".", called)});
-}
-
 ControlAnswer edited(AppController& controller, const SceneFlow::EditResult& result) {
     return result ? ControlAnswer(message(controller, *result))
                   : refused(std::string(SceneProblems::panelText(result.error())));
@@ -97,10 +80,10 @@ ControlAnswer create(const BusCall& call) {
 }
 
 void apply(const BusCall& call) {
-    if (const auto scene = sceneCalled(call.controller, call[0])) {
+    if (const auto scene = sceneCalled(call.controller.published(), call[0])) {
         call.controller.applyScene(*scene, std::nullopt, restoreReply(call.reply));
     } else {
-        call.reply(std::unexpected(scene.error()));
+        call.reply(refused(scene.error()));
     }
 }
 
@@ -156,8 +139,8 @@ void reapply(const BusCall& call) {
 template <typename Edit>
 BusHandler editing(Edit edit) {
     return [edit](const BusCall& call) {
-        const auto scene = sceneCalled(call.controller, call[0]);
-        return scene ? edit(call, *scene) : std::unexpected(scene.error());
+        const auto scene = sceneCalled(call.controller.published(), call[0]);
+        return scene ? edit(call, *scene) : refused(scene.error());
     };
 }
 

@@ -90,18 +90,11 @@ std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string&
         if (!each.is_string()) {
             return std::unexpected("The scenes must be a JSON array of strings.");
         }
-        const auto called = each.get<std::string>();
-        const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
-        const auto found = std::ranges::find_if(state.scenes, [&](const Scene& scene) {
-            return scene.id == called || Unicode::lowercased(scene.name) == wanted;
-        });
-        if (found == state.scenes.end()) {
-            return std::unexpected(
-                state.scenes.empty()
-                    ? std::string("There are no scenes yet. Save one with: vantrelctl save-scene NAME")
-                    : fmt::format("There is no scene \"{}\". See: vantrelctl scenes", called));
+        const auto scene = sceneCalled(state, each.get<std::string>());
+        if (!scene) {
+            return std::unexpected(scene.error() + (state.scenes.empty() ? "" : " See: vantrelctl scenes"));
         }
-        ids.push_back(found->id);
+        ids.push_back(scene->id);
     }
     return ids;
 }

@@ -3,6 +3,7 @@
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/text/CountedNoun.h"
 
 #include <fmt/format.h>
 
@@ -27,7 +28,7 @@ VerbText sentence(std::string pattern) {
 std::string saved(const nlohmann::json& reply, const VerbCall& /*call*/) {
     const auto windows = JsonCoding::required<std::int64_t>(reply, "windows");
     const auto layout = JsonCoding::required<std::string>(reply, "layoutName");
-    return fmt::format("Saved {} {} for {}{}.\n", windows, windows == 1 ? "window" : "windows",
+    return fmt::format("Saved {} for {}{}.\n", countedNoun(windows, "window"),
                        JsonCoding::required<std::string>(reply, "configName"),
                        layout == Layout::defaultName ? "" : " as \"" + layout + '"');
 }
