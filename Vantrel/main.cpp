@@ -14,6 +14,7 @@
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
+#include "Vantrel/interface/switcher/QuickSwitcher.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
@@ -297,6 +298,7 @@ private:
         services.quit = [] { QCoreApplication::quit(); };
         m_panel.emplace(*m_controller, std::move(services));
         m_controller->setPanelHandler([this] { m_panel->open(); });
+        m_switcher.emplace(*m_controller, QuickSwitcher::Services{.icons = &m_icons, .keyboard = &m_hotKeys});
     }
 
     [[nodiscard]] bool serve() {
@@ -427,6 +429,7 @@ private:
     ThemeIcons m_icons;
     // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
     std::optional<PanelPresenter> m_panel;
+    std::optional<QuickSwitcher> m_switcher;
     std::optional<StatusIcon> m_statusIcon;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;

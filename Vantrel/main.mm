@@ -12,6 +12,7 @@
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
+#include "Vantrel/interface/switcher/QuickSwitcher.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
 #include "Vantrel/platform/macos/FocusFilterReader.h"
@@ -166,6 +167,7 @@ private:
         services.quit = [] { QCoreApplication::quit(); };
         m_panel.emplace(*m_controller, std::move(services));
         m_controller->setPanelHandler([this] { m_panel->open(); });
+        m_switcher.emplace(*m_controller, QuickSwitcher::Services{});
         m_statusIcon.emplace(
             *m_controller,
             StatusIcon::Actions{
@@ -277,6 +279,7 @@ private:
                                  .lastClosed = [this] { m_focusReturn.lastWindowClosed(); }}};
     // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
     std::optional<PanelPresenter> m_panel;
+    std::optional<QuickSwitcher> m_switcher;
     std::optional<MacMenuBarItem> m_menuBarItem;
     std::optional<StatusIcon> m_statusIcon;
     std::optional<ReopenNotice> m_reopen;

@@ -18,6 +18,7 @@ packages_build=(
     libxcb-res0-dev
     libxcb-xkb-dev
     libxcb1-dev
+    libxkbcommon-x11-dev
     ninja-build
     nlohmann-json3-dev
     pkg-config

@@ -133,6 +133,12 @@ HotKeyFlow::Actions AppController::hotKeyActions() {
             .save = [this] { saveLayoutNow(); },
             .stash = [this] { m_stashes.stashOrBringBack({}); },
             .undo = [this] { undoLastRestore(); },
+            .showQuickSwitcher =
+                [this] {
+                    if (m_showQuickSwitcher) {
+                        m_showQuickSwitcher();
+                    }
+                },
             .applyScene =
                 [this](const std::string& id) {
                     if (const auto scene = m_stores.scenes.scene(id)) {

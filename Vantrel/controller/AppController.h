@@ -194,6 +194,8 @@ public:
     [[nodiscard]] std::shared_ptr<void> watchLiveDesk() { return m_liveDesk.watch(); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
     void setPanelHandler(std::function<void()> handler) { m_showPanel = std::move(handler); }
+    // `handler` is called on every press of the quick switcher's shortcut.
+    void setQuickSwitcherHandler(std::function<void()> handler) { m_showQuickSwitcher = std::move(handler); }
     // False when there is no panel.
     bool showPanel();
 
@@ -257,6 +259,7 @@ private:
     std::optional<bool> m_storedEnabled;
     HotKeyFlow m_hotKeys;
     std::function<void()> m_showPanel;
+    std::function<void()> m_showQuickSwitcher;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;
     std::unique_ptr<ScheduledWork> m_permissionTimer;
 };

@@ -168,6 +168,7 @@ void ControllerContext::showStoredScenes() {
         ++scenes.scenesVersion;
         scenes.scenes = sceneStore.allScenes();
         scenes.lastAppliedSceneID = sceneStore.lastAppliedSceneID(state().configID);
+        scenes.recentlyAppliedSceneIDs = sceneStore.recentlyApplied();
     });
     if (onScenesChanged) {
         onScenesChanged();

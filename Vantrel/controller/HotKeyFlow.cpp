@@ -82,7 +82,7 @@ void HotKeyFlow::syncUndoHotkey() {
 }
 
 void HotKeyFlow::syncQuickSwitcherHotkey() {
-    sync(Kind::quickSwitcher, {});
+    sync(Kind::quickSwitcher, m_actions.showQuickSwitcher);
 }
 
 void HotKeyFlow::syncSceneHotKeys() {
@@ -179,9 +179,6 @@ bool HotKeyFlow::write(const HotKeySurface& surface, std::optional<HotKeyCombo> 
 
 HotKeyStatus::State HotKeyFlow::stateOf(const HotKeySurface& surface) const {
     using State = HotKeyStatus::State;
-    if (!surface.isAvailable()) {
-        return State::notAvailableYet;
-    }
     const auto& refused = m_scenes.refused();
     const bool isRefused = surface.kind == Kind::scene
                                ? std::ranges::find(refused, surface.sceneID) != refused.end()

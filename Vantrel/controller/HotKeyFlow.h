@@ -24,6 +24,7 @@ public:
         std::function<void()> save;
         std::function<void()> stash;
         std::function<void()> undo;
+        std::function<void()> showQuickSwitcher;
         std::function<void(const std::string& sceneID)> applyScene;
     };
 
@@ -43,7 +44,6 @@ public:
     void syncSaveHotKey();
     void syncStashHotKey();
     void syncUndoHotkey();
-    // Registers nothing: the quick switcher does not exist yet.
     void syncQuickSwitcherHotkey();
     void syncSceneHotKeys();
 

@@ -48,9 +48,6 @@ struct HotKeyStatus {
         registered,
         // The system refused it: another program holds it, or this keyboard has no such key.
         refused,
-        // Stored for a command that this version does not have; not registered, so other programs can use the
-        // keys.
-        notAvailableYet,
     };
 
     TakenHotKey taken;
@@ -135,6 +132,8 @@ struct ScenesTopic {
     std::int64_t scenesVersion = 0;
     // For the current desk; the scene may have been deleted since.
     std::optional<std::string> lastAppliedSceneID;
+    // On all desks, newest first; scenes may have been deleted since.
+    std::vector<std::string> recentlyAppliedSceneIDs;
     // The windows of the current desk have moved away from that scene.
     std::optional<DriftNudgeInfo> driftNudge;
     // Oldest first; their scenes may have been deleted since.

@@ -1,12 +1,10 @@
 #include "Vantrel/interface/HUDOverlay.h"
 
+#include "Vantrel/interface/controls/DarkSurface.h"
 #include "Vantrel/interface/symbols/Symbols.h"
 
-#include <QBitmap>
-#include <QCursor>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QStyle>
 
@@ -30,15 +28,10 @@ constexpr int distanceFromEdge = 96;
 constexpr int roundingSlack = 12;
 constexpr double radius = 14;
 
-const QColor background(28, 30, 36, 235);
-const QColor border(255, 255, 255, 40);
-const QColor headlineColor(255, 255, 255);
-const QColor detailColor(200, 206, 218);
-
 QColor symbolColor(std::string_view symbol) {
     return symbol == "check"  ? QColor(0x74, 0xcf, 0x97)
            : symbol == "warn" ? QColor(0xf0, 0xb3, 0x5a)
-                              : QColor(0xa9, 0xc6, 0xff);
+                              : DarkSurface::linkText;
 }
 
 QFont headlineFont() {
@@ -52,17 +45,6 @@ QFont headlineFont() {
     }
     font.setWeight(QFont::DemiBold);
     return font;
-}
-
-// Includes pixels that the rounded corners cover only in part.
-QBitmap everythingDrawn(QSize size) {
-    QBitmap mask(size);
-    mask.clear();
-    QPainter painter(&mask);
-    painter.setPen(Qt::color1);
-    painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(QRect(QPoint(), size).adjusted(0, 0, -1, -1), radius, radius);
-    return mask;
 }
 
 QString qt(const std::string& text) {
@@ -110,10 +92,7 @@ void HUDOverlay::place() {
         width = std::max(width, detail.horizontalAdvance(qt(m_text.detail)));
         height += lineGap + detail.height();
     }
-    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
-    if (screen == nullptr) {
-        screen = QGuiApplication::primaryScreen();
-    }
+    const QScreen* const screen = DarkSurface::screen();
     if (screen == nullptr) {
         return;
     }
@@ -124,18 +103,12 @@ void HUDOverlay::place() {
         height + 2 * padding - lineGap * 2);
     const int y = std::max(area.top(), area.bottom() - distanceFromEdge - size.height());
     setGeometry(QRect(QPoint(area.center().x() - size.width() / 2, y), size));
-    // Without a compositor, transparent pixels would be black, so the mask removes them.
-    setMask(everythingDrawn(size));
+    setMask(DarkSurface::mask(size, radius));
 }
 
 void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath shape;
-    shape.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    painter.fillPath(shape, background);
-    painter.setPen(border);
-    painter.drawPath(shape);
+    DarkSurface::paint(painter, size(), radius);
 
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const int symbolLeft = isMirrored ? width() - padding - symbolSize : padding;
@@ -155,9 +128,9 @@ void HUDOverlay::paintEvent(QPaintEvent* /*event*/) {
                          metrics.elidedText(qt(text), Qt::ElideRight, place.width()));
         return top + metrics.height() + lineGap;
     };
-    const int below = line(m_text.headline, headlineFont(), headlineColor, padding - lineGap);
+    const int below = line(m_text.headline, headlineFont(), DarkSurface::text, padding - lineGap);
     if (!m_text.detail.empty()) {
-        line(m_text.detail, QGuiApplication::font(), detailColor, below);
+        line(m_text.detail, QGuiApplication::font(), DarkSurface::secondText, below);
     }
 }
 

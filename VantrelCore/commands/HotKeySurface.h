@@ -16,9 +16,6 @@ struct HotKeySurface {
     // The scene's id; empty for fixed commands.
     std::string sceneID;
 
-    // False for a command that this version lacks: its combination is stored but not registered.
-    [[nodiscard]] bool isAvailable() const { return kind != Kind::quickSwitcher; }
-
     [[nodiscard]] static HotKeySurface scene(std::string id) { return {Kind::scene, std::move(id)}; }
 
     bool operator==(const HotKeySurface&) const = default;

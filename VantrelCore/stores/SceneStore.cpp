@@ -132,8 +132,16 @@ std::optional<std::string> SceneStore::lastAppliedSceneID(const std::string& con
 
 bool SceneStore::setLastAppliedScene(const std::string& id, const std::string& configID,
                                      const Saving& saving) {
-    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.insert_or_assign(configID, id); },
-                         saving);
+    return m_file.update(
+        [&](StoreFile& file) {
+            file.lastAppliedByConfig.insert_or_assign(configID, id);
+            std::erase_if(file.recentlyApplied, [&](const std::string& applied) {
+                return applied == id ||
+                       std::ranges::find(file.scenes, applied, &Scene::id) == file.scenes.end();
+            });
+            file.recentlyApplied.insert(file.recentlyApplied.begin(), id);
+        },
+        saving);
 }
 
 bool SceneStore::forgetLastAppliedScene(const std::string& configID, const Saving& saving) {
@@ -185,6 +193,9 @@ void to_json(nlohmann::json& json, const SceneStore::StoreFile& file) {
     json = {{"version", file.version},
             {"scenes", file.scenes},
             {"lastAppliedByConfig", file.lastAppliedByConfig}};
+    if (!file.recentlyApplied.empty()) {
+        json["recentlyApplied"] = file.recentlyApplied;
+    }
 }
 
 void from_json(const nlohmann::json& json, SceneStore::StoreFile& file) {
@@ -192,7 +203,9 @@ void from_json(const nlohmann::json& json, SceneStore::StoreFile& file) {
     file = {.version = JsonCoding::required<std::int64_t>(json, "version"),
             .scenes = JsonCoding::required<std::vector<Scene>>(json, "scenes"),
             .lastAppliedByConfig =
-                JsonCoding::optional<SceneOfDesk>(json, "lastAppliedByConfig").value_or(SceneOfDesk())};
+                JsonCoding::optional<SceneOfDesk>(json, "lastAppliedByConfig").value_or(SceneOfDesk()),
+            .recentlyApplied = JsonCoding::optional<std::vector<std::string>>(json, "recentlyApplied")
+                                   .value_or(std::vector<std::string>())};
 }
 
 } // namespace vantrel

@@ -28,6 +28,8 @@ public:
         std::vector<Scene> scenes;
         // configID to scene id; may be missing in the file.
         std::map<std::string, std::string> lastAppliedByConfig;
+        // The scenes in the order in which they were last applied, newest first; may be missing in the file.
+        std::vector<std::string> recentlyApplied;
 
         bool operator==(const StoreFile&) const = default;
     };
@@ -78,6 +80,8 @@ public:
                                             const std::string& id);
 
     [[nodiscard]] std::optional<std::string> lastAppliedSceneID(const std::string& configID);
+    // Newest first, on all desks together.
+    [[nodiscard]] std::vector<std::string> recentlyApplied() { return m_file.load().recentlyApplied; }
     // False when the write failed.
     bool setLastAppliedScene(const std::string& id, const std::string& configID, const Saving& saving = {});
     // Clears the desk's last applied scene. False when the write failed.

@@ -72,11 +72,6 @@ TEST_P(HotKeys, RunTheirActionOnceWhateverTheLocksTheLayoutAndTheKeyCodes) {
     EXPECT_THAT(desk.done({"hotkeys"}), testing::HasSubstr("refused"));
     desk.done({"hotkeys", "set", "undo", "Control+Alt+Shift+F9"});
     EXPECT_THAT(desk.done({"hotkeys"}), testing::Not(testing::HasSubstr("refused")));
-    EXPECT_THAT(desk.refused({"hotkeys", "set", "quickSwitcher", "Super+F9"}),
-                testing::HasSubstr("Quick switcher is not available yet"));
-    desk.done({"settings", "set", "quickSwitcherKeyCode", "101"});
-    desk.done({"settings", "set", "quickSwitcherModifiers", "256"});
-    EXPECT_TRUE(waitUntil([&] { return desk.done({"hotkeys"}).contains("(not available yet)"); }));
 
     // X has two sets of key codes, with a different code for the up arrow in each.
     desk.done({"hotkeys", "set", "save", "Super+Control+Up"});

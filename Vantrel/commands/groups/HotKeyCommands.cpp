@@ -33,7 +33,8 @@ nlohmann::json message(const HotKeyStatus& status) {
                         {"keyCode", taken.combo.keyCode},
                         {"modifiers", taken.combo.modifiers},
                         {"refused", status.state == HotKeyStatus::State::refused},
-                        {"available", status.state != HotKeyStatus::State::notAvailableYet}};
+                        // Once false for the quick switcher; kept for other programs.
+                        {"available", true}};
     if (taken.surface.kind == Kind::scene) {
         json["sceneID"] = taken.surface.sceneID;
     }
@@ -63,11 +64,7 @@ ControlAnswer change(const BusCall& call, std::optional<HotKeyCombo> combo) {
     const auto found = surface(call.controller, call[0]);
     if (!found) {
         return refused("There is no command or scene \"" + call[0] +
-                       "\". The commands are restore, save, stash and undo.");
-    }
-    if (combo && !found->isAvailable()) {
-        return refused(std::string(HotKeyRecording::commandLabel(found->kind)) +
-                       " is not available yet. Nothing was changed.");
+                       "\". The commands are restore, save, stash, undo and quickSwitcher.");
     }
     const auto changed = call.controller.setHotkey(*found, combo);
     return changed ? hotKeys(call) : refused(changed.error());
@@ -83,9 +80,6 @@ ControlAnswer clear(const BusCall& call) {
 }
 
 const char* remark(const nlohmann::json& hotKey) {
-    if (!hotKey.value("available", true)) {
-        return "  (not available yet)";
-    }
     return hotKey.at("refused").get<bool>()
                ? "  (refused: another program holds it, or this keyboard has no such key)"
                : "";
@@ -100,7 +94,8 @@ std::string hotKeysText(const nlohmann::json& reply, const VerbCall& /*call*/) {
     return text;
 }
 
-constexpr Word command{"command", "restore, save, stash, undo, or a scene's name", ValueKind::shortcut};
+constexpr Word command{"command", "restore, save, stash, undo, quickSwitcher, or a scene's name",
+                       ValueKind::shortcut};
 
 } // namespace
 

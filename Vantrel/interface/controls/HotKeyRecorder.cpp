@@ -1,32 +1,17 @@
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
 
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/KeyModifiers.h"
 #include "Vantrel/interface/controls/Metrics.h"
 #include "Vantrel/interface/desk/DeskColors.h"
 #include "VantrelCore/commands/HotKeyText.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
 namespace vantrel {
 
 namespace {
-
-std::int64_t modifiersOf(Qt::KeyboardModifiers held) {
-    // Qt on a Mac calls the Command key Control, and the Control key Meta.
-    const bool isMac = QGuiApplication::platformName() == "cocoa";
-    const auto control = isMac ? Qt::MetaModifier : Qt::ControlModifier;
-    const auto command = isMac ? Qt::ControlModifier : Qt::MetaModifier;
-    std::int64_t mask = 0;
-    for (const auto& [modifier, bit] :
-         {std::pair(control, HotKeyModifiers::control), std::pair(Qt::AltModifier, HotKeyModifiers::option),
-          std::pair(Qt::ShiftModifier, HotKeyModifiers::shift),
-          std::pair(command, HotKeyModifiers::command)}) {
-        mask |= held.testFlag(modifier) ? bit : 0;
-    }
-    return mask;
-}
 
 bool isModifier(int key) {
     switch (key) {
@@ -146,7 +131,8 @@ void HotKeyRecorder::keyPressEvent(QKeyEvent* event) {
                 : event->key() == Qt::Key_Control ? Qt::ControlModifier
                 : event->key() == Qt::Key_Alt     ? Qt::AltModifier
                                                   : Qt::MetaModifier;
-        const QString text = qt(HotKeyText::text({.keyCode = 0, .modifiers = modifiersOf(held)}));
+        const QString text =
+            qt(HotKeyText::text({.keyCode = 0, .modifiers = KeyModifiers::ofShortcut(held)}));
         m_held = text.left(text.lastIndexOf('+') + 1);
         showText();
         return;
@@ -154,7 +140,7 @@ void HotKeyRecorder::keyPressEvent(QKeyEvent* event) {
     constexpr std::int64_t escape = 53;
     const auto keyCode = event->key() == Qt::Key_Escape ? std::optional(escape) : m_handlers.keyCode(*event);
     if (keyCode) {
-        record({.keyCode = *keyCode, .modifiers = modifiersOf(event->modifiers())});
+        record({.keyCode = *keyCode, .modifiers = KeyModifiers::ofShortcut(event->modifiers())});
     } else {
         m_handlers.problem(vantrel::tr("This key cannot be used in a shortcut."));
     }

@@ -117,12 +117,14 @@ void DeskPainter::placeName(Box& box, const DeskPicture::Window& window) const {
     const QFontMetricsF metrics(m_nameFont);
     const QString name = QString::fromStdString(window.appName);
     // A pixel more, because elidedText() may need it for the same text.
-    const auto label =
-        SchematicDepth::labelOn(plain(*box.piece), {.nameWidth = metrics.horizontalAdvance(name) + 1,
-                                                    .nameHeight = metrics.height(),
-                                                    .smallestIcon = 12 * m_unit,
-                                                    .largestIcon = 40 * m_unit,
-                                                    .narrowestName = 46 * m_unit});
+    const double largestIcon = m_style.hasNames ? 40 : 22;
+    const auto label = SchematicDepth::labelOn(
+        plain(*box.piece), {.nameWidth = metrics.horizontalAdvance(name) + 1,
+                            // A name as high as the whole piece never fits.
+                            .nameHeight = m_style.hasNames ? metrics.height() : box.piece->height(),
+                            .smallestIcon = 12 * m_unit,
+                            .largestIcon = largestIcon * m_unit,
+                            .narrowestName = 46 * m_unit});
     box.icon = qt(label.icon);
     if (label.name) {
         box.nameFrame = qt(*label.name);

@@ -30,6 +30,8 @@ public:
         bool isRightToLeft = false;
         // The displays' names and sizes, and what is hidden.
         bool hasLabels = true;
+        // The applications' names.
+        bool hasNames = true;
     };
 
     struct Emphasis {

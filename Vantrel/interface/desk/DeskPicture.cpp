@@ -95,4 +95,18 @@ DeskPicture DeskPicture::ofCurrentDesk(const PublishedState& state) {
     return picture;
 }
 
+DeskPicture DeskPicture::ofScene(const Scene& scene, const PublishedState& state) {
+    DeskPicture picture{.displays = DisplayLabels::labelled(scene.layout.displays), .windows = {}};
+    for (const WindowRecord& record : frontToBack(scene.layout)) {
+        Window window = drawn(record);
+        const bool isRunning = state.liveWindows
+                                   ? std::ranges::find(*state.liveWindows, record.bundleID,
+                                                       &DeskWindow::bundleID) != state.liveWindows->end()
+                                   : !record.isGhost.value_or(false);
+        window.state = isRunning ? State::remembered : State::notRunning;
+        picture.windows.push_back(std::move(window));
+    }
+    return picture;
+}
+
 } // namespace vantrel

@@ -12,6 +12,7 @@
 namespace vantrel {
 
 struct PublishedState;
+struct Scene;
 
 struct DeskPicture {
     struct Window {
@@ -53,6 +54,10 @@ struct DeskPicture {
     // The active layout of the current desk, compared with the live windows as far as they are known; without
     // a layout, the live windows.
     [[nodiscard]] static DeskPicture ofCurrentDesk(const PublishedState& state);
+
+    // A scene on the displays it was saved on. Whether its applications are running is told as far as the
+    // live windows are known.
+    [[nodiscard]] static DeskPicture ofScene(const Scene& scene, const PublishedState& state);
 };
 
 // What screen readers read of a drawing.

@@ -79,6 +79,7 @@ bool readModifiers(xcb_connection_t* xcb, KeyboardMap& map) {
     for (std::uint16_t modifier = 0; modifier < modifierCount; ++modifier) {
         const auto mask = static_cast<std::uint16_t>(1U << modifier);
         for (std::uint16_t i = 0; i < perModifier; ++i) {
+            map.modifierKeys[codes[modifier * perModifier + i]] |= mask;
             for (const auto symbol : symbols(*mapping, first, codes[modifier * perModifier + i])) {
                 // The first modifier that has the key wins.
                 const auto take = [mask](std::uint16_t& place) { place = place == 0 ? mask : place; };

@@ -16,6 +16,8 @@ namespace vantrel {
 struct KeyboardMap {
     // Keyed by X Keyboard Extension name, including aliases.
     std::map<std::string, xcb_keycode_t, std::less<>> keyCodes;
+    // The modifier that each modifier key sets, as a mask.
+    std::map<xcb_keycode_t, std::uint16_t> modifierKeys;
     // Modifier masks; zero if no key sets the modifier.
     std::uint16_t alt = 0;
     std::uint16_t super = 0;

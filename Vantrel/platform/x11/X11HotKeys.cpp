@@ -41,6 +41,67 @@ private:
     std::function<void()> m_action;
 };
 
+// The whole keyboard, as this connection has it from the server.
+class X11HotKeys::KeyboardGrab final : public HeldKeyboard::Hold {
+public:
+    KeyboardGrab(X11HotKeys& owner, KeyboardMap::Key shortcut, HeldKeyboard::Handlers handlers)
+        : m_owner(owner), m_reader(owner.m_connection, shortcut), m_handlers(std::move(handlers)) {
+        const auto withoutShift = static_cast<std::uint16_t>(shortcut.modifiers & ~XCB_MOD_MASK_SHIFT);
+        m_modifiers = withoutShift != 0 ? withoutShift : shortcut.modifiers;
+        m_owner.m_hold = this;
+        m_owner.m_isHeld = true;
+    }
+
+    ~KeyboardGrab() override {
+        m_owner.m_hold = nullptr;
+        m_owner.m_isHeld = false;
+        xcb_ungrab_keyboard(m_owner.m_connection->xcb(), XCB_CURRENT_TIME);
+        xcb_flush(m_owner.m_connection->xcb());
+    }
+
+    KeyboardGrab(const KeyboardGrab&) = delete;
+    KeyboardGrab& operator=(const KeyboardGrab&) = delete;
+
+    void pressed(xcb_keycode_t code, std::uint16_t state) {
+        if (const auto key = m_reader.read(code, state)) {
+            // A copy: the handler may destroy this object.
+            const auto handler = m_handlers.pressed;
+            handler(*key);
+        }
+    }
+
+    void keyReleased(xcb_keycode_t code) {
+        const auto& modifierKeys = m_owner.m_map->modifierKeys;
+        const auto modifier = modifierKeys.find(code);
+        if (modifier != modifierKeys.end() && (modifier->second & m_modifiers) != 0) {
+            released();
+        }
+    }
+
+    void released() {
+        if (!std::exchange(m_isReleased, true)) {
+            const auto handler = m_handlers.released;
+            handler();
+        }
+    }
+
+    // Releases before the grab went to other programs; all later ones come as events.
+    [[nodiscard]] bool wasReleasedBefore() const {
+        xcb_connection_t* const xcb = m_owner.m_connection->xcb();
+        const auto pointer = ownReply(
+            xcb_query_pointer_reply(xcb, xcb_query_pointer(xcb, m_owner.m_connection->root()), nullptr));
+        return !pointer || (pointer->mask & m_modifiers) != m_modifiers;
+    }
+
+private:
+    X11HotKeys& m_owner;
+    HeldKeyReader m_reader;
+    HeldKeyboard::Handlers m_handlers;
+    // Those whose release counts.
+    std::uint16_t m_modifiers = 0;
+    bool m_isReleased = false;
+};
+
 X11HotKeys::X11HotKeys(std::shared_ptr<X11Connection> connection, MainQueue& queue)
     : m_connection(std::move(connection)), m_queue(queue) {
     const auto xkbEvents = useXkb();
@@ -48,7 +109,7 @@ X11HotKeys::X11HotKeys(std::shared_ptr<X11Connection> connection, MainQueue& que
         keyPressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
     });
     m_releases = m_connection->onEvent(XCB_KEY_RELEASE, [this](const xcb_generic_event_t& event) {
-        m_held.release(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+        keyReleased(reinterpret_cast<const xcb_key_release_event_t&>(event));
     });
     if (xkbEvents) {
         m_changes = m_connection->onEvent(
@@ -110,6 +171,32 @@ std::unique_ptr<HotKey> X11HotKeys::add(std::uint32_t /*id*/, HotKeyCombo combo,
     return std::make_unique<Grab>(*this, *key, std::move(action));
 }
 
+std::unique_ptr<HeldKeyboard::Hold> X11HotKeys::hold(HotKeyCombo combo, HeldKeyboard::Handlers handlers) {
+    const auto key = m_map ? m_map->key(combo) : std::nullopt;
+    if (!key || m_hold != nullptr) {
+        return nullptr;
+    }
+    xcb_connection_t* const xcb = m_connection->xcb();
+    const auto grabbed =
+        ownReply(xcb_grab_keyboard_reply(xcb,
+                                         xcb_grab_keyboard(xcb, 0, m_connection->root(), XCB_CURRENT_TIME,
+                                                           XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                         nullptr));
+    if (!grabbed || grabbed->status != XCB_GRAB_STATUS_SUCCESS) {
+        return nullptr;
+    }
+    auto hold = std::make_unique<KeyboardGrab>(*this, *key, std::move(handlers));
+    if (hold->wasReleasedBefore()) {
+        // After the presses that are queued already.
+        m_queue.post([this, alive = std::weak_ptr(m_alive), releasing = hold.get()] {
+            if (alive.lock() && m_hold == releasing) {
+                m_hold->released();
+            }
+        });
+    }
+    return hold;
+}
+
 std::optional<std::int64_t> X11HotKeys::virtualKeyCode(std::uint32_t keyCode) const {
     constexpr std::int64_t codes = 128;
     for (std::int64_t code = 0; m_map && code < codes; ++code) {
@@ -156,6 +243,10 @@ void X11HotKeys::keyPressed(const xcb_key_press_event_t& event) {
         if (!alive.lock() || !m_map) {
             return;
         }
+        if (m_hold != nullptr) {
+            m_hold->pressed(code, state);
+            return;
+        }
         constexpr std::uint16_t realModifiers = 0xff;
         const auto locks = static_cast<std::uint16_t>(XCB_MOD_MASK_LOCK | m_map->numLock | m_map->scrollLock);
         const KeyboardMap::Key pressed{
@@ -165,6 +256,18 @@ void X11HotKeys::keyPressed(const xcb_key_press_event_t& event) {
             // A copy: the action may remove its own hot key.
             const auto action = (*found)->action();
             action();
+        }
+    });
+}
+
+void X11HotKeys::keyReleased(const xcb_key_release_event_t& event) {
+    m_held.release(event.detail);
+    if (!m_isHeld) {
+        return;
+    }
+    m_queue.post([this, alive = std::weak_ptr(m_alive), code = event.detail] {
+        if (alive.lock() && m_hold != nullptr && m_map) {
+            m_hold->keyReleased(code);
         }
     });
 }

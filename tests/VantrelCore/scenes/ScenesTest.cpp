@@ -1,5 +1,6 @@
 // Decisions around scenes: switching, settling, triggers, wallpaper.
 #include "VantrelCore/scenes/MeetingLinks.h"
+#include "VantrelCore/scenes/QuickSwitcherStrip.h"
 #include "VantrelCore/scenes/SceneApplyCaption.h"
 #include "VantrelCore/scenes/SceneDrift.h"
 #include "VantrelCore/scenes/SceneIconography.h"
@@ -55,6 +56,55 @@ TEST(SceneDrift, CountsSavedWindowsWithoutANearbyLiveOne) {
         EXPECT_EQ(SceneDrift::movedWindowCount(layoutOf(saved), layoutOf(live), 24), movedCount) << name;
         EXPECT_EQ(SceneDrift::hasDrifted(layoutOf(saved), layoutOf(live), 24), movedCount >= 3) << name;
     }
+}
+
+TEST(QuickSwitcherStrip, BeginsWithTheSceneBeforeTheLastAppliedAndFilters) {
+    std::vector<Scene> scenes;
+    for (const char* const name : {"Write", "Code", "Team Meeting", "Música"}) {
+        scenes.push_back(scene(name, "desk", 0));
+        scenes.back().id = name;
+    }
+    QuickSwitcherStrip strip(scenes, {"elsewhere", "Code", "Música", "Write"}, "Write");
+    const auto names = [&] {
+        std::vector<std::string> shown;
+        for (const Scene* const each : strip.shown()) {
+            shown.push_back(each->name);
+        }
+        return shown;
+    };
+    const auto selected = [&] { return strip.selectedScene() == nullptr ? "" : strip.selectedScene()->name; };
+    EXPECT_THAT(names(), ElementsAre("Write", "Code", "Música", "Team Meeting"));
+    EXPECT_EQ(selected(), "Code");
+    strip.go(-2);
+    EXPECT_EQ(selected(), "Team Meeting");
+    strip.go(1);
+    EXPECT_EQ(selected(), "Write");
+    strip.type("3");
+    EXPECT_EQ(selected(), "Música");
+    strip.type("9");
+    EXPECT_EQ(selected(), "Música");
+
+    strip.type("M");
+    EXPECT_THAT(names(), ElementsAre("Música", "Team Meeting"));
+    EXPECT_EQ(selected(), "Música");
+    strip.type("e");
+    EXPECT_THAT(names(), ElementsAre("Team Meeting"));
+    strip.erase();
+    strip.type("Ú");
+    EXPECT_EQ(selected(), "Música");
+    strip.type(" x");
+    EXPECT_EQ(strip.selected(), std::nullopt);
+    strip.go(1);
+    strip.goToLast();
+    EXPECT_EQ(selected(), "");
+    for (int times = 0; times < 5; ++times) {
+        strip.erase();
+    }
+    EXPECT_EQ(names().size(), 4U);
+
+    // Nothing was applied here yet, or what was applied is gone: the first is selected.
+    EXPECT_EQ(QuickSwitcherStrip(scenes, {}, "gone").selected(), 0U);
+    EXPECT_TRUE(QuickSwitcherStrip().isEmpty());
 }
 
 TEST(SceneRail, ListsADesksScenesOldestFirst) {
