@@ -138,8 +138,8 @@ void QuickSwitcher::apply() {
     // As it is now: it may have changed while the switcher was open.
     const auto& scenes = m_controller.published().scenes;
     if (const auto found = std::ranges::find(scenes, id, &Scene::id); found != scenes.end()) {
-        const Scene scene = *found;
-        m_controller.applyScene(scene);
+        // A copy: applying it publishes the scenes anew.
+        m_controller.applyScene(Scene(*found));
     }
 }
 

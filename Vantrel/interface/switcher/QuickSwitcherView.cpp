@@ -270,7 +270,7 @@ void QuickSwitcherView::paintCard(QPainter& painter, std::size_t index, const Sc
         painter.drawRoundedRect(QRectF(frame).adjusted(1, 1, -1, -1), cardRadius, cardRadius);
     }
     painter.save();
-    painter.translate(frame.left() + (frame.width() - each.drawing.width()) / 2,
+    painter.translate(frame.left() + (frame.width() - each.drawing.width()) / 2.0,
                       frame.top() + each.cardPadding);
     drawing(scene).paint(painter, {});
     painter.restore();
