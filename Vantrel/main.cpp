@@ -17,6 +17,7 @@
 #include "Vantrel/interface/switcher/QuickSwitcher.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
+#include "Vantrel/platform/gio/DesktopMotion.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/icons/ThemeIcons.h"
 #include "Vantrel/platform/linux/HardwareModel.h"
@@ -72,6 +73,9 @@ namespace {
 using namespace vantrel;
 
 enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, alreadyRunning = 3 };
+
+// In seconds. At login, a panel may come up long after the programs of the session.
+constexpr double patienceWithTrays = 10;
 
 constexpr const char* ownBundleID = "org.vantrel.Vantrel";
 
@@ -260,13 +264,17 @@ private:
             StatusIcon::Actions{
                 .openPanel = [this] { m_panel->toggle(); },
                 .purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
-                .checkForUpdates = [this] { m_updates.checkForUpdates(); },
+                .checkForUpdates = VendorServer::isReal(m_vendor.apiServer)
+                                       ? std::function<void()>([this] { m_updates.checkForUpdates(); })
+                                       : nullptr,
                 .quit = [] { QCoreApplication::quit(); }});
         watchNotifierHost();
         tellOfProblems();
-        m_xembedTray.emplace(m_connection, m_queue, [this] { m_statusIcon->show(StatusIcon::Tray::xembed); });
+        m_xembedTray.emplace(m_connection, m_queue, [this] { showIn(StatusIcon::Tray::xembed); });
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
+        m_panel->welcome();
+        m_trayWait = m_queue.after(patienceWithTrays, [this] { m_panel->openWithoutTray(); });
         m_membership.emplace(m_bus, ControlNames::service,
                              BusMembership::Handlers{
                                  .lost = [this] { leaveBus(); },
@@ -286,8 +294,21 @@ private:
         services.permissionDetail =
             "Windows cannot be moved without one. Start your desktop session, then check again.";
         if (isWaylandSession()) {
-            services.sessionNotes.emplace_back("This is a Wayland session",
-                                               "Only programs that use X11 can be seen and moved.");
+            services.sessionNotes.push_back(
+                {"This is a Wayland session", "Only programs that use X11 can be seen and moved."});
+        }
+        if (m_lock.problem()) {
+            services.sessionNotes.push_back(
+                {"The data folder cannot be locked",
+                 "A second Vantrel on another session bus would overwrite what this one remembers.",
+                 PanelContent::Message::Kind::sharedFolder});
+        }
+        services.wantsMotion = DesktopMotion::isWanted;
+        if (VendorServer::isReal(m_vendor.apiServer)) {
+            services.crashReports = [this] { return m_crashUploader.pendingReports(); };
+            services.sendCrashReports = [this](std::function<void()> done) {
+                m_crashUploader.sendPendingReports(std::move(done));
+            };
         }
         services.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
         services.openFile = [](const std::filesystem::path& file) {
@@ -313,7 +334,12 @@ private:
     }
 
     void watchNotifierHost() {
-        m_notifierHost.emplace(m_bus, [this] { m_statusIcon->show(StatusIcon::Tray::statusNotifier); });
+        m_notifierHost.emplace(m_bus, [this] { showIn(StatusIcon::Tray::statusNotifier); });
+    }
+
+    void showIn(StatusIcon::Tray tray) {
+        m_statusIcon->show(tray);
+        m_panel->refresh();
     }
 
     void tellOfProblems() {
@@ -433,6 +459,7 @@ private:
     std::optional<StatusIcon> m_statusIcon;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;
+    std::unique_ptr<ScheduledWork> m_trayWait;
     std::optional<BusNotifications> m_notifications;
     std::optional<ProblemNotifier> m_notifier;
     std::optional<BusMembership> m_membership;

@@ -173,7 +173,9 @@ private:
             StatusIcon::Actions{
                 .openPanel = [this] { m_panel->toggle(); },
                 .purchase = [this] { purchase(); },
-                .checkForUpdates = [this] { m_updates.checkForUpdates(); },
+                .checkForUpdates = m_updater || VendorServer::isReal(m_vendor.apiServer)
+                                       ? std::function<void()>([this] { m_updates.checkForUpdates(); })
+                                       : nullptr,
                 .quit = [] { QCoreApplication::quit(); },
                 .tell = [this](const std::string& text) { m_overlay.show({text, "", "warn"}); }});
         m_menuBarItem.emplace();
@@ -182,6 +184,7 @@ private:
         m_notifier.emplace(*m_controller, m_notifications,
                            ProblemNotifier::Panel{.isOpen = [this] { return m_panel->isOpen(); },
                                                   .open = [this] { m_controller->showPanel(); }});
+        m_panel->welcome();
     }
 
     void purchase() { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); }
@@ -192,6 +195,7 @@ private:
         const MissionControlConfig config = MissionControlReader::read();
         if (config.classification() != Classification::losing) {
             m_statusIcon->offerMissionControlFix({}, FixTime::atOnce);
+            m_panel->offerMissionControlFix({});
             return;
         }
         const FixTime time = config.isFixedAtLogin() ? FixTime::nextLogin : FixTime::atOnce;
@@ -209,6 +213,7 @@ private:
             m_queue.post([this] { offerMissionControlFix(); });
         };
         m_statusIcon->offerMissionControlFix(fix, time);
+        m_panel->offerMissionControlFix(fix);
     }
 
     void logSoon(const std::string& message) {

@@ -52,11 +52,13 @@ packages_demo=(
 # shellcheck disable=SC2034
 packages_test=(
     appstream
+    at-spi2-core
     clang-19
     desktop-file-utils
     fish
     fluxbox
     fonts-inter
+    gir1.2-atspi-2.0
     i3-wm
     kwin-x11
     libbenchmark-dev
@@ -65,6 +67,8 @@ packages_test=(
     libgtest-dev
     librapidcheck-dev
     man-db
+    python3-gi
+    tint2
     trayer
     wmctrl
     x11-utils

@@ -61,6 +61,8 @@ const std::array table{
     SettingKey{"launchAtLogin", boolean, false, "start with the session"},
     SettingKey{"showDockIcon", boolean, std::nullopt,
                "on macOS: show an icon in the Dock, from the next start; absent: none"},
+    SettingKey{"showPanelWithoutTray", boolean, true,
+               "open the panel at start on a desktop that shows no tray icons"},
     code("restoreKeyCode", HotKeyDefaults::restore.keyCode, "the key that restores, as a key code"),
     modifiers("restoreModifiers", HotKeyDefaults::restore.modifiers,
               "its modifiers: the sum of 256 command, 512 shift, 2048 option, 4096 control"),

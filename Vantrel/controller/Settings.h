@@ -60,6 +60,9 @@ public:
     // Unset means no icon.
     [[nodiscard]] std::optional<bool> showDockIcon() const { return optionalBoolean("showDockIcon"); }
 
+    // Open the panel at start on a desktop that shows no tray icons.
+    [[nodiscard]] bool showPanelWithoutTray() const { return boolean("showPanelWithoutTray"); }
+
     // Unset means the build's default.
     [[nodiscard]] std::optional<bool> sendCrashReports() const { return optionalBoolean("sendCrashReports"); }
 

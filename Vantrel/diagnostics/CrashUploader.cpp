@@ -25,6 +25,25 @@ void CrashUploader::uploadPendingReportsAfterDelay() {
 }
 
 void CrashUploader::uploadPendingReports() {
+    queuePendingReports();
+    if (isSendingAllowed()) {
+        uploadNext();
+    }
+}
+
+void CrashUploader::sendPendingReports(std::function<void()> done) {
+    m_done = std::move(done);
+    queuePendingReports();
+    uploadNext();
+}
+
+std::size_t CrashUploader::pendingReports() const {
+    return PendingCrashReports::plan(
+               m_files.list(m_options.crashesDirectory).value_or(std::vector<FileEntry>{}))
+        .pending.size();
+}
+
+void CrashUploader::queuePendingReports() {
     m_exchange.reset();
     const auto plan = PendingCrashReports::plan(
         m_files.list(m_options.crashesDirectory).value_or(std::vector<FileEntry>{}));
@@ -32,9 +51,6 @@ void CrashUploader::uploadPendingReports() {
         ignoreFailure(m_files.remove(report));
     }
     m_pending.assign(plan.pending.begin(), plan.pending.end());
-    if (isSendingAllowed()) {
-        uploadNext();
-    }
 }
 
 bool CrashUploader::isSendingAllowed() const {
@@ -47,6 +63,9 @@ void CrashUploader::uploadNext() {
         const auto report = std::move(m_pending.front());
         m_pending.pop_front();
         isUnderWay = upload(report);
+    }
+    if (!isUnderWay) {
+        std::exchange(m_done, [] {})();
     }
 }
 

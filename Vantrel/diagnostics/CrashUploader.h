@@ -11,6 +11,7 @@
 
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -34,11 +35,16 @@ public:
     void uploadPendingReportsAfterDelay();
     // Replaces the queue of an earlier call.
     void uploadPendingReports();
+    // At the user's request, so whatever the setting says. Calls `done` when every report has been tried.
+    void sendPendingReports(std::function<void()> done);
+    // Reads the folder.
+    [[nodiscard]] std::size_t pendingReports() const;
 
 private:
     // Reads the setting once the delay is over. If unset, reports are sent only to a real server. At most
     // five reports are kept in any case.
     [[nodiscard]] bool isSendingAllowed() const;
+    void queuePendingReports();
     void uploadNext();
     // Returns false when the report cannot be read.
     [[nodiscard]] bool upload(const std::filesystem::path& report);
@@ -52,6 +58,7 @@ private:
     std::deque<std::filesystem::path> m_pending;
     std::unique_ptr<ScheduledWork> m_start;
     std::unique_ptr<HttpExchange> m_exchange;
+    std::function<void()> m_done = [] {};
 };
 
 } // namespace vantrel

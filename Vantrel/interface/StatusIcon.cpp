@@ -2,9 +2,30 @@
 
 #include "Vantrel/interface/PhaseIcon.h"
 
+#include <QApplication>
+#include <QEvent>
+
 #include <utility>
 
 namespace vantrel {
+
+// Draws the icon again when the desktop becomes dark or light.
+class StatusIcon::PaletteWatch final : public QObject {
+public:
+    explicit PaletteWatch(StatusIcon& icon) : m_icon(icon) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object == qApp && event->type() == QEvent::ApplicationPaletteChange) {
+            m_icon.m_shownPhase.reset();
+            m_icon.refresh();
+        }
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    StatusIcon& m_icon;
+};
 
 StatusIcon::StatusIcon(AppController& controller, Actions actions)
     : m_controller(controller), m_menu(controller, std::move(actions)),
@@ -12,7 +33,8 @@ StatusIcon::StatusIcon(AppController& controller, Actions actions)
           if (changed.contains(Topic::status)) {
               refresh();
           }
-      })) {}
+      })),
+      m_paletteWatch(std::make_unique<PaletteWatch>(*this)) {}
 
 StatusIcon::~StatusIcon() {
     m_controller.removeObserver(m_observer);

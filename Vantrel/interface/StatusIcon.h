@@ -4,6 +4,7 @@
 #include "Vantrel/interface/StatusItemContextMenu.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace vantrel {
@@ -40,6 +41,8 @@ public:
     }
 
 private:
+    class PaletteWatch;
+
     void refresh();
 
     AppController& m_controller;
@@ -49,6 +52,7 @@ private:
     MenuBarItem* m_item = nullptr;
     std::optional<Phase> m_shownPhase;
     Publisher::ObserverID m_observer;
+    std::unique_ptr<PaletteWatch> m_paletteWatch;
 };
 
 } // namespace vantrel

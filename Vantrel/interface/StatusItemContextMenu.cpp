@@ -1,5 +1,9 @@
 #include "Vantrel/interface/StatusItemContextMenu.h"
 
+#include "Vantrel/interface/Text.h"
+#include "VantrelCore/commands/HotKeyText.h"
+
+#include <QActionGroup>
 #include <QCursor>
 #include <QPointer>
 #include <QRegularExpression>
@@ -11,21 +15,35 @@ namespace vantrel {
 
 namespace {
 
-QString qt(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
-// An ampersand would underline the next letter. When Qt 6.4 passes a menu to a StatusNotifierItem host, it
-// turns the first ampersand that is followed by something into an underscore, which the host treats as the
-// accelerator mark.
-QString menuTitle(const std::string& text, StatusItemContextMenu::Tray tray) {
-    QString title = qt(text);
+// An ampersand underlines the next letter. When Qt 6.4 passes a menu to a StatusNotifierItem host, it turns
+// the first ampersand that is followed by something into an underscore, which the host treats as the mark of
+// the mnemonic, and leaves the others as they are.
+QString menuTitle(const std::string& text, std::optional<std::size_t> mnemonic,
+                  StatusItemContextMenu::Tray tray) {
+    const QString before = qt(text.substr(0, mnemonic.value_or(0)));
+    const QString after = qt(text.substr(mnemonic.value_or(0)));
+    const QString mark = mnemonic ? "&" : "";
     if (tray != StatusItemContextMenu::Tray::statusNotifier) {
-        return title.replace('&', "&&");
+        const auto escaped = [](QString part) { return part.replace('&', "&&"); };
+        return escaped(before) + mark + escaped(after);
     }
-    title.replace('_', "__");
+    const auto escaped = [](QString part) { return part.replace('_', "__"); };
+    if (mnemonic && !before.contains('&')) {
+        return escaped(before) + mark + escaped(after);
+    }
+    // No letter is marked, but the first ampersand would be taken for a mark.
+    QString title = escaped(before) + escaped(after);
     const auto first = title.indexOf('&');
     return first < 0 || first == title.size() - 1 ? title : title.insert(first, '&');
+}
+
+// Only shown: the system's own shortcut is what acts.
+QKeySequence keySequence(HotKeyCombo combo, StatusItemContextMenu::Tray tray) {
+    QString text = qt(HotKeyText::text(combo));
+    // Qt calls a Mac's Command key Control, and its Control key Meta.
+    const bool isMac = tray == StatusItemContextMenu::Tray::menuBar;
+    text.replace("Control", isMac ? "Meta" : "Ctrl").replace("Super", isMac ? "Ctrl" : "Meta");
+    return QKeySequence::fromString(text, QKeySequence::PortableText);
 }
 
 // Short, as menu entries should be; `vantrelctl status` has the full sentences.
@@ -42,29 +60,40 @@ std::vector<std::string> troubles(const PublishedState& state) {
     return found;
 }
 
-std::vector<StatusItemMenuEntry> entries(const PublishedState& state, bool isMissionControlLosing,
-                                         StatusItemContextMenu::FixTime fixTime) {
+StatusItemMenuBuilder::Situation situation(const PublishedState& state) {
+    StatusItemMenuBuilder::Situation situation{
+        .isTrialOver = state.entitlement.kind == Entitlement::Kind::trialOver,
+        .latestAvailable = state.latestAvailable,
+        .troubles = troubles(state),
+        .sameDesk = state.sameDeskOffer ? std::optional(state.sameDeskOffer->name) : std::nullopt,
+        .isStashed = state.activeStash() != nullptr,
+        .isOn = state.enabled,
+        .appliedSceneID = state.lastAppliedSceneID,
+    };
+    for (const HotKeyStatus& status : state.hotKeys) {
+        if (status.state == HotKeyStatus::State::registered) {
+            situation.shortcuts.push_back(status.taken);
+        }
+    }
+    return situation;
+}
+
+std::vector<StatusItem::SceneEntry> scenes(const PublishedState& state) {
     std::vector<StatusItem::SceneEntry> scenes;
     for (const auto& scene : state.scenes) {
         if (scene.configID == state.configID) {
             scenes.push_back({scene.id, scene.name});
         }
     }
-    const auto* const undo = state.applicableUndo();
-    return StatusItemMenuBuilder::withNotices(
-        StatusItemMenuBuilder::build(scenes, undo != nullptr ? std::optional(undo->reason) : std::nullopt),
-        {.isTrialOver = state.entitlement.kind == Entitlement::Kind::trialOver,
-         .latestAvailable = state.latestAvailable,
-         .isMissionControlLosing = isMissionControlLosing,
-         .troubles = troubles(state),
-         .sameDesk = state.sameDeskOffer ? std::optional(state.sameDeskOffer->name) : std::nullopt,
-         .isMissionControlFixedAtLogin = fixTime == StatusItemContextMenu::FixTime::nextLogin});
+    return scenes;
 }
 
 bool isInformational(const StatusItemMenuEntry& entry) {
     using Notice = StatusItem::Notice::Kind;
-    return entry.kind == StatusItemMenuEntry::Kind::notice &&
-           (entry.noticeEntry.kind == Notice::trialEnded || entry.noticeEntry.kind == Notice::filesInTrouble);
+    return entry.kind == StatusItemMenuEntry::Kind::heading ||
+           (entry.kind == StatusItemMenuEntry::Kind::notice &&
+            (entry.noticeEntry.kind == Notice::trialEnded ||
+             entry.noticeEntry.kind == Notice::filesInTrouble));
 }
 
 } // namespace
@@ -72,8 +101,13 @@ bool isInformational(const StatusItemMenuEntry& entry) {
 StatusItemContextMenu::StatusItemContextMenu(AppController& controller, Actions actions)
     : m_controller(controller), m_actions(std::move(actions)),
       m_observer(controller.addObserver([this](Topics /*changed*/) { refresh(); })) {
-    // Applies changes made while the menu was open. Queued, because only then does the menu count as closed.
-    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { refresh(); }, Qt::QueuedConnection);
+    constexpr int longestOpen = 20'000;
+    m_openEnds.setSingleShot(true);
+    m_openEnds.setInterval(longestOpen);
+    m_openEnds.callOnTimeout([this] { hasClosed(); });
+    QObject::connect(&m_menu, &QMenu::aboutToShow, &m_menu, [this] { willOpen(); });
+    // Queued, because only then does the menu count as closed.
+    QObject::connect(&m_menu, &QMenu::aboutToHide, &m_menu, [this] { hasClosed(); }, Qt::QueuedConnection);
     refresh();
 }
 
@@ -125,10 +159,24 @@ void StatusItemContextMenu::refresh() {
     // An open menu keeps its entries, so that they do not change under the user's pointer.
     const auto wanted = wantedEntries();
     // That of a menu bar is filled when it opens.
-    if (m_tray != Tray::menuBar && m_shownEntries != wanted && !m_menu.isVisible()) {
+    if (m_tray != Tray::menuBar && m_shownEntries != wanted && !m_isOpen && !m_menu.isVisible()) {
         fill(m_menu, wanted, m_tray);
         m_shownEntries = wanted;
     }
+}
+
+// Up to date even if nobody has said that it was closed before.
+void StatusItemContextMenu::willOpen() {
+    m_isOpen = false;
+    refresh();
+    m_isOpen = true;
+    m_openEnds.start();
+}
+
+void StatusItemContextMenu::hasClosed() {
+    m_isOpen = false;
+    m_openEnds.stop();
+    refresh();
 }
 
 void StatusItemContextMenu::offerMissionControlFix(std::function<void()> fix, FixTime time) {
@@ -138,7 +186,18 @@ void StatusItemContextMenu::offerMissionControlFix(std::function<void()> fix, Fi
 }
 
 std::vector<StatusItemMenuEntry> StatusItemContextMenu::wantedEntries() const {
-    return entries(m_controller.published(), static_cast<bool>(m_fixMissionControl), m_fixTime);
+    const PublishedState& state = m_controller.published();
+    const auto* const undo = state.applicableUndo();
+    auto now = situation(state);
+    now.isMissionControlLosing = static_cast<bool>(m_fixMissionControl);
+    now.isMissionControlFixedAtLogin = m_fixTime == FixTime::nextLogin;
+    now.canCheckForUpdates = static_cast<bool>(m_actions.checkForUpdates);
+    auto all = StatusItemMenuBuilder::complete(
+        StatusItemMenuBuilder::build(scenes(state),
+                                     undo != nullptr ? std::optional(undo->reason) : std::nullopt),
+        now);
+    std::erase_if(all, [this](const StatusItemMenuEntry& entry) { return !isOffered(entry); });
+    return all;
 }
 
 bool StatusItemContextMenu::isOffered(const StatusItemMenuEntry& entry) const {
@@ -154,14 +213,29 @@ bool StatusItemContextMenu::isOffered(const StatusItemMenuEntry& entry) const {
 
 void StatusItemContextMenu::fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& wanted, Tray tray) {
     menu.clear();
-    for (const auto& entry : wanted) {
+    const auto mnemonics = StatusItemMenuBuilder::mnemonics(wanted);
+    delete menu.findChild<QActionGroup*>();
+    auto* const scenes = new QActionGroup(&menu);
+    scenes->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        const auto& entry = wanted[i];
         if (entry.kind == StatusItemMenuEntry::Kind::separator) {
             menu.addSeparator();
-        } else if (isOffered(entry)) {
-            QAction* const action = menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry), tray));
-            action->setEnabled(!isInformational(entry));
-            QObject::connect(action, &QAction::triggered, [this, entry] { perform(entry); });
+            continue;
         }
+        QAction* const action =
+            menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry), mnemonics[i], tray));
+        action->setEnabled(!isInformational(entry));
+        if (entry.shortcut) {
+            action->setShortcut(keySequence(*entry.shortcut, tray));
+            action->setShortcutVisibleInContextMenu(true);
+        }
+        if (entry.kind == StatusItemMenuEntry::Kind::scene) {
+            action->setCheckable(true);
+            action->setChecked(entry.isApplied);
+            scenes->addAction(action);
+        }
+        QObject::connect(action, &QAction::triggered, &menu, [this, entry] { perform(entry); });
     }
 }
 
@@ -217,6 +291,11 @@ void StatusItemContextMenu::joinOfferedDesk() {
 }
 
 void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
+    // The click has moved the mark, whatever becomes of the scene; and it has closed the menu, whose actions
+    // must live until it has been handled.
+    m_shownEntries.reset();
+    m_isOpen = true;
+    QTimer::singleShot(0, &m_openEnds, [this] { hasClosed(); });
     switch (entry.kind) {
     case StatusItemMenuEntry::Kind::scene:
         applyScene(entry.sceneEntry.id);
@@ -226,6 +305,17 @@ void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
         break;
     case StatusItemMenuEntry::Kind::undoLastRestore:
         m_controller.undoLastRestore(showRefusal());
+        break;
+    case StatusItemMenuEntry::Kind::saveNow:
+        m_controller.saveLayoutNow();
+        break;
+    case StatusItemMenuEntry::Kind::stash:
+    case StatusItemMenuEntry::Kind::bringBack:
+        m_controller.stashes().stashOrBringBack();
+        break;
+    case StatusItemMenuEntry::Kind::pause:
+    case StatusItemMenuEntry::Kind::resume:
+        m_controller.setEnabled(entry.kind == StatusItemMenuEntry::Kind::resume);
         break;
     case StatusItemMenuEntry::Kind::layouts:
         m_actions.openLayouts();
@@ -245,6 +335,7 @@ void StatusItemContextMenu::perform(const StatusItemMenuEntry& entry) {
             m_actions.quit();
         }
         break;
+    case StatusItemMenuEntry::Kind::heading:
     case StatusItemMenuEntry::Kind::separator:
         break;
     }

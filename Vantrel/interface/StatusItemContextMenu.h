@@ -7,6 +7,7 @@
 
 #include <QMenu>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -29,6 +30,7 @@ public:
         std::function<void()> openLayouts{};
         std::function<void()> openSettings{};
         std::function<void()> purchase{};
+        // Null when there is nobody to ask.
         std::function<void()> checkForUpdates{};
         std::function<void()> quit{};
         // Says why an entry did nothing; null shows a message next to the icon.
@@ -58,6 +60,8 @@ public:
 
 private:
     void refresh();
+    void willOpen();
+    void hasClosed();
     void fill(QMenu& menu, const std::vector<StatusItemMenuEntry>& entries, Tray tray);
     [[nodiscard]] std::vector<StatusItemMenuEntry> wantedEntries() const;
     [[nodiscard]] const std::function<void()>& actionOf(StatusItem::Notice::Kind kind) const;
@@ -80,6 +84,10 @@ private:
     QSystemTrayIcon* m_icon = nullptr;
     Tray m_tray = Tray::xembed;
     std::optional<std::vector<StatusItemMenuEntry>> m_shownEntries;
+    // A menu that a tray shows does not count as visible.
+    bool m_isOpen = false;
+    // Trays need not say that they have closed the menu.
+    QTimer m_openEnds;
     Publisher::ObserverID m_observer;
     // Expires with this object, for restores that end later.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

@@ -2,7 +2,10 @@
 
 #include "VantrelCore/updates/UpdateOffer.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <set>
+#include <utility>
 
 namespace vantrel::StatusItemMenuBuilder {
 
@@ -24,37 +27,132 @@ std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>
     return entries;
 }
 
-std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries, const News& news) {
+static std::vector<StatusItemMenuEntry> notices(const Situation& situation) {
     using Notice = StatusItem::Notice::Kind;
-    std::vector<StatusItemMenuEntry> above;
-    if (news.isTrialOver) {
-        above.push_back(StatusItemMenuEntry::notice(Notice::trialEnded, "Trial ended"));
-        above.push_back(StatusItemMenuEntry::notice(Notice::purchase, "Get Vantrel · $19"));
+    std::vector<StatusItemMenuEntry> found;
+    const auto add = [&](Notice kind, std::string title) {
+        found.push_back(StatusItemMenuEntry::notice(kind, std::move(title)));
+    };
+    if (situation.isTrialOver) {
+        add(Notice::trialEnded, "Trial ended");
+        add(Notice::purchase, "Get Vantrel · $19");
     }
-    for (const std::string& trouble : news.troubles) {
-        above.push_back(StatusItemMenuEntry::notice(Notice::filesInTrouble, trouble));
+    for (const std::string& trouble : situation.troubles) {
+        add(Notice::filesInTrouble, trouble);
     }
-    if (news.sameDesk) {
-        above.push_back(
-            StatusItemMenuEntry::notice(Notice::sameDesk, fmt::format("Same Desk as “{}”", *news.sameDesk)));
+    if (situation.sameDesk) {
+        add(Notice::sameDesk, fmt::format("Same Desk as “{}”", *situation.sameDesk));
     }
-    if (news.latestAvailable) {
-        above.push_back(StatusItemMenuEntry::notice(Notice::updateAvailable,
-                                                    UpdateOffer::caption(*news.latestAvailable)));
+    if (situation.latestAvailable) {
+        add(Notice::updateAvailable, UpdateOffer::caption(*situation.latestAvailable));
     }
-    if (news.isMissionControlLosing) {
-        above.push_back(StatusItemMenuEntry::notice(Notice::fixMissionControl,
-                                                    news.isMissionControlFixedAtLogin
-                                                        ? "Keep Spaces in Place (from the Next Login)"
-                                                        : "Keep Spaces in Place"));
+    if (situation.isMissionControlLosing) {
+        add(Notice::fixMissionControl, situation.isMissionControlFixedAtLogin
+                                           ? "Keep Spaces in Place (from the Next Login)"
+                                           : "Keep Spaces in Place");
     }
-    if (!above.empty()) {
-        above.push_back({Kind::separator});
+    if (!found.empty()) {
+        found.push_back({Kind::separator});
     }
-    const auto last = entries.empty() ? entries.end() : entries.end() - 1;
-    entries.insert(last, StatusItemMenuEntry::notice(Notice::checkForUpdates, "Check for Updates…"));
-    entries.insert(entries.begin(), above.begin(), above.end());
-    return entries;
+    return found;
+}
+
+// What has shortcuts.
+static std::optional<HotKeySurface> surface(const StatusItemMenuEntry& entry) {
+    using Surface = HotKeySurface::Kind;
+    switch (entry.kind) {
+    case Kind::scene:
+        return HotKeySurface::scene(entry.sceneEntry.id);
+    case Kind::restoreNow:
+        return HotKeySurface{Surface::fixedRestore, {}};
+    case Kind::saveNow:
+        return HotKeySurface{Surface::fixedSave, {}};
+    case Kind::stash:
+    case Kind::bringBack:
+        return HotKeySurface{Surface::stash, {}};
+    case Kind::undoLastRestore:
+        return HotKeySurface{Surface::undo, {}};
+    default:
+        return std::nullopt;
+    }
+}
+
+static std::optional<HotKeyCombo> shortcut(const StatusItemMenuEntry& entry, const Situation& situation) {
+    const auto wanted = surface(entry);
+    const auto found = std::ranges::find_if(
+        situation.shortcuts, [&](const TakenHotKey& taken) { return taken.surface == wanted; });
+    return found == situation.shortcuts.end() ? std::nullopt : std::optional(found->combo);
+}
+
+std::vector<StatusItemMenuEntry> complete(const std::vector<StatusItemMenuEntry>& entries,
+                                          const Situation& situation) {
+    auto all = notices(situation);
+    if (!entries.empty() && entries.front().kind == Kind::scene) {
+        all.push_back({Kind::heading});
+    }
+    for (const StatusItemMenuEntry& entry : entries) {
+        if (entry.kind == Kind::restoreNow && !all.empty() && all.back().kind == Kind::scene) {
+            all.push_back({Kind::separator});
+        } else if (entry.kind == Kind::separator) {
+            all.push_back({situation.isOn ? Kind::pause : Kind::resume});
+        } else if (entry.kind == Kind::quit && situation.canCheckForUpdates) {
+            all.push_back(
+                StatusItemMenuEntry::notice(StatusItem::Notice::Kind::checkForUpdates, "Check for Updates…"));
+        }
+        all.push_back(entry);
+        if (entry.kind == Kind::scene) {
+            all.back().isApplied = entry.sceneEntry.id == situation.appliedSceneID;
+        } else if (entry.kind == Kind::restoreNow) {
+            all.push_back({Kind::saveNow});
+            all.push_back({situation.isStashed ? Kind::bringBack : Kind::stash});
+        }
+    }
+    for (StatusItemMenuEntry& entry : all) {
+        entry.shortcut = shortcut(entry, situation);
+    }
+    return all;
+}
+
+static char lower(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+std::vector<std::optional<std::size_t>> mnemonics(const std::vector<StatusItemMenuEntry>& entries) {
+    std::vector<std::optional<std::size_t>> places(entries.size());
+    std::set<char> taken;
+    const auto choose = [&](std::size_t index) {
+        const std::string text = title(entries[index]);
+        const auto isFree = [&](std::size_t at) {
+            const char letter = lower(text[at]);
+            const bool isPlain = (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
+            return isPlain && !taken.contains(letter);
+        };
+        const auto find = [&](bool onlyFirstLetters) -> std::optional<std::size_t> {
+            for (std::size_t at = 0; at < text.size(); ++at) {
+                if (isFree(at) && (!onlyFirstLetters || at == 0 || text[at - 1] == ' ')) {
+                    return at;
+                }
+            }
+            return std::nullopt;
+        };
+        places[index] = find(true);
+        if (!places[index]) {
+            places[index] = find(false);
+        }
+        if (places[index]) {
+            taken.insert(lower(text[*places[index]]));
+        }
+    };
+    // Scenes come last, so that they never change a command's letter.
+    for (const bool isScenesTurn : {false, true}) {
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const bool isChosen = entries[i].kind != Kind::separator && entries[i].kind != Kind::heading;
+            if (isChosen && (entries[i].kind == Kind::scene) == isScenesTurn) {
+                choose(i);
+            }
+        }
+    }
+    return places;
 }
 
 // An ellipsis marks entries that open a window.
@@ -74,6 +172,18 @@ std::string title(const StatusItemMenuEntry& entry) {
         return "Quit Vantrel";
     case Kind::notice:
         return entry.noticeEntry.title;
+    case Kind::heading:
+        return "Scenes";
+    case Kind::saveNow:
+        return "Save now";
+    case Kind::stash:
+        return "Stash";
+    case Kind::bringBack:
+        return "Bring back";
+    case Kind::pause:
+        return "Pause";
+    case Kind::resume:
+        return "Resume";
     case Kind::separator:
         break;
     }

@@ -1,6 +1,9 @@
 // The status item's context menu: its entries, their order and titles.
 #pragma once
 
+#include "VantrelCore/commands/HotKeyCollisions.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -50,6 +53,13 @@ struct StatusItemMenuEntry {
         settings,
         quit,
         notice,
+        // "Scenes"; does nothing.
+        heading,
+        saveNow,
+        stash,
+        bringBack,
+        pause,
+        resume,
     };
 
     Kind kind = Kind::separator;
@@ -59,6 +69,10 @@ struct StatusItemMenuEntry {
     std::string reason{};
     // Only for a notice.
     StatusItem::Notice noticeEntry{};
+    // The scene that was last applied on this desk.
+    bool isApplied = false;
+    // Only those that work now.
+    std::optional<HotKeyCombo> shortcut{};
 
     [[nodiscard]] static StatusItemMenuEntry scene(std::string id, std::string name) {
         return {.kind = Kind::scene, .sceneEntry = {std::move(id), std::move(name)}};
@@ -79,9 +93,10 @@ namespace StatusItemMenuBuilder {
 [[nodiscard]] std::vector<StatusItemMenuEntry> build(const std::vector<StatusItem::SceneEntry>& scenes,
                                                      const std::optional<std::string>& undoReason);
 
-struct News {
+// What the menu says and offers beyond its permanent entries.
+struct Situation {
     bool isTrialOver = false;
-    std::optional<std::string> latestAvailable;
+    std::optional<std::string> latestAvailable{};
     // `MissionControlConfig::Classification::losing`.
     bool isMissionControlLosing = false;
     // Failures of learning and problems with files.
@@ -90,11 +105,24 @@ struct News {
     std::optional<std::string> sameDesk{};
     // `MissionControlConfig::isFixedAtLogin`.
     bool isMissionControlFixedAtLogin = false;
+    // There is somebody to ask for updates.
+    bool canCheckForUpdates = true;
+    bool isStashed = false;
+    // Learning and restoring are switched on.
+    bool isOn = true;
+    std::optional<std::string> appliedSceneID{};
+    // Those that are registered.
+    std::vector<TakenHotKey> shortcuts{};
 };
 
-// Adds notices above the entries, and the command that checks for updates before the last one.
-[[nodiscard]] std::vector<StatusItemMenuEntry> withNotices(std::vector<StatusItemMenuEntry> entries,
-                                                           const News& news);
+// Adds notices above the entries, a heading above the scenes, the remaining commands, and shortcuts.
+[[nodiscard]] std::vector<StatusItemMenuEntry> complete(const std::vector<StatusItemMenuEntry>& entries,
+                                                        const Situation& situation);
+
+// For each entry, the place in its title of the letter that chooses it; no two letters are the same. None for
+// what cannot be chosen, and when all letters of a title are taken.
+[[nodiscard]] std::vector<std::optional<std::size_t>>
+mnemonics(const std::vector<StatusItemMenuEntry>& entries);
 
 // For a scene its own name; empty for a separator.
 [[nodiscard]] std::string title(const StatusItemMenuEntry& entry);

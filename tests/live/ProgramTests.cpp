@@ -110,7 +110,7 @@ TEST(Program, RestoresWhatItSavedBeforeARestart) {
     desk.done({"settings", "set", "launchAtLogin", "true"});
     ASSERT_TRUE(waitUntil([&] { return std::filesystem::exists(entry); }));
     EXPECT_EQ(desk.run({"desktop-file-validate", entry.string()}).output, "");
-    desk.home().write("config/vantrel/settings.conf", "# Somebody else wrote this.\n");
+    desk.home().writeSettings("# Somebody else wrote this.\n");
     EXPECT_TRUE(waitUntil([&] { return !std::filesystem::exists(entry); }));
 }
 

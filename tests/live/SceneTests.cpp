@@ -34,7 +34,7 @@ TEST_P(Scenes, StartAMissingProgramAndHideOthersUntilUndone) {
     constexpr Point calculatorCorner{1700, 250};
     install(desk, "galculator", "Name=Galculator\nExec=galculator\n");
     install(desk, "notes", "Name=Notes\nStartupWMClass=notes\nExec=xterm -class notes -T notes\n");
-    desk.home().write("config/vantrel/settings.conf", "hideOthersOnSceneSwitch = true\n");
+    desk.home().writeSettings("hideOthersOnSceneSwitch = true\n");
     const auto notes = desk.open({"xterm", "-class", "notes", "-T", "notes"}).client;
     auto& calculator = desk.start({"galculator"});
     ASSERT_TRUE(eventually([&] { return titled("galculator") != XCB_WINDOW_NONE; }));

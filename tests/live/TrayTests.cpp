@@ -1,5 +1,5 @@
 // The status item in real trays: its icon appears, a real click opens its menu, and its entries act.
-#include "tests/live/VantrelDesk.h"
+#include "tests/live/UserAtDesk.h"
 #include "tools/desk/Panel.h"
 #include "tools/desk/Picture.h"
 
@@ -12,27 +12,6 @@ namespace {
 
 class Tray : public testing::Test {
 protected:
-    // Waits until something is drawn at the start of the tray and stays as it is.
-    Rect icon() {
-        constexpr double widest = 60;
-        constexpr double end = 200;
-        std::optional<Rect> area;
-        const bool isThere = waitUntil([&] {
-            const auto before = area;
-            const auto picture = Picture::take(desk.connection());
-            const auto ground = picture.colourAt(static_cast<std::size_t>(end),
-                                                 static_cast<std::size_t>(Panel::thickness / 2));
-            const bool isPainted = ground != Picture::Colour{} &&
-                                   !picture.drawnOn(ground, {{widest, 0}, {end - widest, Panel::thickness}});
-            area = isPainted ? picture.drawnOn(ground, {{0, 0}, {widest, Panel::thickness}}) : std::nullopt;
-            return area && area == before;
-        });
-        if (!isThere) {
-            throw std::runtime_error("There is no icon in the tray.");
-        }
-        return *area;
-    }
-
     // The bus name of the item that the panel shows; empty while there is none.
     std::string item() {
         const auto items = desk.callOnBus("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
@@ -69,27 +48,28 @@ protected:
         return menu;
     }
 
-    void click(Point place, const char* button) {
-        const auto x = fmt::format("{:.0f}", place.x);
-        const auto y = fmt::format("{:.0f}", place.y);
-        ASSERT_EQ(desk.run({"xdotool", "mousemove", x, y, "click", button}).code, 0);
-    }
+    enum class Way : std::uint8_t { click, keys };
 
-    // Opens the icon's menu with the right button and clicks its first entry, again until `isDone`:
+    // Opens the icon's menu with the right button and chooses its first entry, again until `isDone`:
     // xfce4-panel 4.18 shows a menu of its own until it has received the item's.
-    void clickFirstEntry(const std::string& picture, const std::function<bool()>& isDone) {
+    void chooseFirstEntry(Way way, const std::string& picture, const std::function<bool()>& isDone) {
         constexpr double middleOfFirstEntry = 14;
         constexpr double secondsToAct = 3;
         ASSERT_TRUE(waitUntil([&] {
-            const auto place = icon().center();
+            const auto place = trayIcon(desk).center();
             keepPicture(picture + "-icon");
-            click(place, "3");
+            click(desk, place, 3);
             const auto menu = openMenu();
             if (!menu) {
                 return false;
             }
             keepPicture(picture);
-            click({menu->minX() + menu->width() / 3, menu->minY() + middleOfFirstEntry}, "1");
+            if (way == Way::click) {
+                click(desk, {menu->minX() + menu->width() / 3, menu->minY() + middleOfFirstEntry});
+            } else {
+                // The heading above it cannot be chosen.
+                desk.run({"xdotool", "key", "Down", "Return"});
+            }
             return waitUntil(isDone, secondsToAct) || (desk.run({"xdotool", "key", "Escape"}), false);
         }));
     }
@@ -99,7 +79,7 @@ protected:
     }
 
     void clickRestore(const std::string& picture) {
-        clickFirstEntry(picture, [&, before = desk.logged("restore report:")] {
+        chooseFirstEntry(Way::click, picture, [&, before = desk.logged("restore report:")] {
             return desk.logged("restore report:") > before;
         });
     }
@@ -124,19 +104,19 @@ TEST_F(Tray, OnAPanelTheMenuActsOrSaysWhyNotAlsoAfterThePanelRestarts) {
     Panel panel(desk, Panel::Look::light);
     panel.start();
     const auto vantrel = startVantrel();
-    expectTitles({"Restore now", "Check for Updates…", "Quit Vantrel"});
+    expectTitles({"_Restore now", "_Save now", "S_tash", "_Pause", "_Quit Vantrel"});
     clickRestore("tray-restore");
 
-    // The panel takes an underscore in the title for the mark of a mnemonic, as Qt takes an ampersand.
+    // The panel takes an underscore for the mark of a mnemonic, as Qt takes an ampersand.
     // Undo appears only after a restore that moved a window.
     desk.done({"save-scene", "R&D_lab & co"});
     const Rect home = desk.frame(window);
     desk.drag(window, {100, 200});
-    clickFirstEntry("tray-scene", [&] { return desk.frame(window) == home; });
-    expectTitles(
-        {"R_&D__lab & co", "Restore now", "Undo last restore", "Check for Updates…", "Quit Vantrel"});
+    chooseFirstEntry(Way::keys, "tray-scene", [&] { return desk.frame(window) == home; });
+    expectTitles({"Scenes", "R_&D__lab & co", "_Restore now", "_Save now", "S_tash", "_Undo last restore",
+                  "_Pause", "_Quit Vantrel"});
     EXPECT_TRUE(waitUntil([&] {
-        click(icon().center(), "3");
+        click(desk, trayIcon(desk).center(), 3);
         return openMenu().has_value();
     }));
     keepPicture("tray-undo");
@@ -146,7 +126,8 @@ TEST_F(Tray, OnAPanelTheMenuActsOrSaysWhyNotAlsoAfterThePanelRestarts) {
     EXPECT_TRUE(waitUntil([&] { return !item().empty(); }));
     const ProgramRun monitor(desk, {"dbus-monitor", "interface='org.freedesktop.Notifications'"});
     desk.done({"settings", "set", "enabled", "false"});
-    clickFirstEntry("tray-refused", [&] { return monitor.output().contains("Restoring is switched off."); });
+    chooseFirstEntry(Way::keys, "tray-refused",
+                     [&] { return monitor.output().contains("Restoring is switched off."); });
 }
 
 TEST_F(Tray, FindsAPanelThatStartsLater) {

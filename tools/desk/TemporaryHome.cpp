@@ -77,6 +77,7 @@ TemporaryHome::TemporaryHome() {
         std::filesystem::create_directory(m_path / folder);
     }
     std::filesystem::permissions(m_path / "runtime", std::filesystem::perms::owner_all);
+    writeSettings("");
 }
 
 TemporaryHome::~TemporaryHome() {
@@ -129,6 +130,10 @@ std::vector<std::string> TemporaryHome::environment() const {
         }
     }
     return result;
+}
+
+void TemporaryHome::writeSettings(const std::string& more) const {
+    write("config/vantrel/settings.conf", "hasOnboarded = true\nshowPanelWithoutTray = false\n" + more);
 }
 
 void TemporaryHome::write(const std::filesystem::path& relative, const std::string& content) const {

@@ -32,6 +32,10 @@ public:
     // A complete environment as "NAME=value": this home, no accessibility bus, settings kept in memory.
     [[nodiscard]] std::vector<std::string> environment() const;
 
+    // Replaces vantrel's settings, one "key = value" per line. A new home has settings too: with these,
+    // vantrel opens no window when it starts.
+    void writeSettings(const std::string& more) const;
+
     // Writes a file in the home, creating folders.
     void write(const std::filesystem::path& relative, const std::string& content) const;
 

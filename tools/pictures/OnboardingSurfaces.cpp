@@ -14,8 +14,12 @@ std::unique_ptr<QWidget> window(int page) {
     const auto state = SampleDesks::state();
     OnboardingWindow::Actions actions;
     actions.checks = [state] { return OnboardingContent::checks(state, {.hasBus = true, .hasTray = false}); };
-    auto window = std::make_unique<OnboardingWindow>(looks, OnboardingContent::shortcuts(state),
-                                                     DockFrequency::onceADay, true, actions);
+    actions.shortcuts = [state] { return OnboardingContent::shortcuts(state); };
+    auto window = std::make_unique<OnboardingWindow>(
+        looks,
+        OnboardingWindow::Start{
+            .answer = DockFrequency::onceADay, .startsWithSession = true, .wantsMotion = false},
+        actions);
     window->showPage(page);
     return window;
 }

@@ -141,6 +141,7 @@ std::vector<Surface> panelSurfaces() {
     reports.crashReports = 2;
     reports.sessionNotes = {
         {"This is a Wayland session", "Only programs that use X11 can be seen and moved."}};
+    reports.opensWithoutTray = true;
     std::vector<Surface> surfaces{
         surface("usual", usualDay()),       surface("first-day", firstDay()),
         surface("problems", broken()),      surface("crowded", crowded(), reports),

@@ -1,4 +1,5 @@
 // vantrel_pictures: paints every surface of the interface in every state, offscreen, as PNG files.
+#include "tools/pictures/LongTexts.h"
 #include "tools/pictures/Surface.h"
 
 #include <QApplication>
@@ -64,9 +65,14 @@ int main(int argumentCount, char** arguments) {
     std::string styleName = "Fusion";
     std::string only;
     double scale = 1;
+    int fontSize = 10;
+    bool hasLongTexts = false;
     app.add_option("DIR", folder, "Where the pictures go")->required();
     app.add_option("--scale", scale, "Pixels per point");
     app.add_option("--style", styleName, "The style of the controls");
+    app.add_option("--font-size", fontSize, "The size of the interface's font in points")
+        ->capture_default_str();
+    app.add_flag("--long-texts", hasLongTexts, "Makes every text 40 % longer");
     app.add_option("--only", only, "Only surfaces whose name contains this");
     CLI11_PARSE(app, argumentCount, arguments)
 
@@ -81,9 +87,12 @@ int main(int argumentCount, char** arguments) {
         std::fprintf(stderr, "vantrel_pictures: there is no style %s here.\n", styleName.c_str());
         return 1;
     }
-    constexpr int usualSize = 10;
-    QFont font(QFontDatabase::hasFamily("Inter") ? "Inter" : QApplication::font().family(), usualSize);
+    QFont font(QFontDatabase::hasFamily("Inter") ? "Inter" : QApplication::font().family(), fontSize);
     QApplication::setFont(font);
+    pictures::LongTexts longTexts;
+    if (hasLongTexts) {
+        QApplication::installTranslator(&longTexts);
+    }
 
     const QDir target(QString::fromStdString(folder));
     bool isComplete = target.mkpath(".");

@@ -13,6 +13,10 @@ namespace vantrel {
 
 namespace {
 
+// Between two key caps, and inside each.
+constexpr double capGap = 16;
+constexpr double capPadding = 16;
+
 bool isModifier(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -38,6 +42,7 @@ HotKeyRecorder::HotKeyRecorder(HotKeySurface surface, HotKeyRecording::Place pla
       m_handlers(std::move(handlers)) {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
     connect(this, &QAbstractButton::clicked, this, [this] { startRecording(); });
     showText();
 }
@@ -46,6 +51,11 @@ HotKeyRecorder::~HotKeyRecorder() {
     if (m_isRecording) {
         releaseKeyboard();
     }
+}
+
+void HotKeyRecorder::setTitle(const QString& title) {
+    m_title = title;
+    showText();
 }
 
 void HotKeyRecorder::setShortcut(const QString& shortcut) {
@@ -72,8 +82,25 @@ QString HotKeyRecorder::shownText() const {
     return m_shortcut.isEmpty() && m_isProminent ? qtr("Shortcut…") : m_shortcut;
 }
 
+void HotKeyRecorder::setHasKeyCaps(bool hasKeyCaps) {
+    m_hasKeyCaps = hasKeyCaps;
+    updateGeometry();
+    update();
+}
+
+QStringList HotKeyRecorder::keyCaps() const {
+    if (!m_hasKeyCaps || m_isRecording || m_shortcut.isEmpty()) {
+        return {};
+    }
+    // The last key may itself be a plus sign.
+    QStringList keys = m_shortcut.chopped(1).split('+');
+    keys.last() += m_shortcut.last(1);
+    return keys;
+}
+
 void HotKeyRecorder::showText() {
-    setAccessibleName(m_shortcut.isEmpty() ? qtr("Shortcut") : qtr("Shortcut") + " " + m_shortcut);
+    const QString name = m_title.isEmpty() ? qtr("Shortcut") : qtr("Shortcut for “%1”").arg(m_title);
+    setAccessibleName(m_shortcut.isEmpty() ? name : name + " " + m_shortcut);
     setAccessibleDescription(m_isRefused ? qtr("Another program has taken this shortcut.") : QString());
     setToolTip(m_isRefused ? qtr("Another program has taken this shortcut.") : QString());
     updateGeometry();
@@ -188,16 +215,52 @@ void HotKeyRecorder::hideEvent(QHideEvent* event) {
 }
 
 QSize HotKeyRecorder::sizeHint() const {
+    if (const QStringList keys = keyCaps(); !keys.isEmpty()) {
+        int width = 0;
+        for (const QString& key : keys) {
+            width += (width > 0 ? Metrics::points(*this, capGap) : 0) + fontMetrics().horizontalAdvance(key) +
+                     Metrics::points(*this, capPadding);
+        }
+        return {width, Metrics::points(*this, 28)};
+    }
     const QFontMetrics metrics(Metrics::scaled(font(), 0.85, QFont::Medium));
     const QString text = shownText();
     const int frame = m_isProminent || m_isRecording ? Metrics::points(*this, 14) : 2;
     return {text.isEmpty() ? 0 : metrics.horizontalAdvance(text) + frame, Metrics::points(*this, 26)};
 }
 
+// From left to right in every language, as on the keyboard.
+void HotKeyRecorder::paintKeyCaps(QPainter& painter, const QStringList& keys) const {
+    const auto colors = DeskColors::of(palette());
+    const double height = Metrics::points(*this, 24);
+    const double gap = Metrics::points(*this, capGap);
+    double left = 0;
+    for (const QString& key : keys) {
+        if (left > 0) {
+            painter.setPen(colors.secondText);
+            painter.drawText(QRectF(left, 0, gap, this->height()), Qt::AlignCenter, "+");
+            left += gap;
+        }
+        const double width = fontMetrics().horizontalAdvance(key) + Metrics::points(*this, capPadding);
+        const QRectF cap(left, (this->height() - height) / 2, width, height);
+        painter.setPen(hasFocus() || underMouse() ? QPen(colors.accent, hasFocus() ? 1.5 : 1)
+                                                  : QPen(DeskColors::translucent(colors.text, 0.16), 1));
+        painter.setBrush(colors.base);
+        painter.drawRoundedRect(cap.adjusted(0.75, 0.75, -0.75, -0.75), 4, 4);
+        painter.setPen(m_isRefused ? colors.warning : colors.text);
+        painter.drawText(cap, Qt::AlignCenter, key);
+        left += width;
+    }
+}
+
 void HotKeyRecorder::paintEvent(QPaintEvent* /*event*/) {
     const auto colors = DeskColors::of(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (const QStringList keys = keyCaps(); !keys.isEmpty()) {
+        paintKeyCaps(painter, keys);
+        return;
+    }
     const QString text = shownText();
     if (text.isEmpty()) {
         return;

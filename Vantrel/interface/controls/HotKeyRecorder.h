@@ -5,6 +5,7 @@
 #include "VantrelCore/commands/HotKeyRecording.h"
 
 #include <QAbstractButton>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -32,12 +33,16 @@ public:
                    QWidget* parent = nullptr);
     ~HotKeyRecorder() override;
 
+    // What the shortcut does, for screen readers; needed where no other widget around it says so.
+    void setTitle(const QString& title);
     // "Super+2"; empty without a shortcut.
     void setShortcut(const QString& shortcut);
     // Another program holds it.
     void setRefused(bool isRefused);
     // Whether it looks like something to click.
     void setProminent(bool isProminent);
+    // Draws each key of the shortcut by itself, like the keys of a keyboard.
+    void setHasKeyCaps(bool hasKeyCaps);
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     void startRecording();
     void stopRecording();
@@ -55,16 +60,21 @@ protected:
 
 private:
     void showText();
+    // The keys to draw one by one; empty for a text in one piece.
+    [[nodiscard]] QStringList keyCaps() const;
+    void paintKeyCaps(QPainter& painter, const QStringList& keys) const;
     [[nodiscard]] QString shownText() const;
     void record(HotKeyCombo combo);
 
     HotKeySurface m_surface;
     HotKeyRecording::Place m_place;
     Handlers m_handlers;
+    QString m_title;
     QString m_shortcut;
     QString m_held;
     bool m_isRefused = false;
     bool m_isProminent = false;
+    bool m_hasKeyCaps = false;
     bool m_isRecording = false;
 };
 

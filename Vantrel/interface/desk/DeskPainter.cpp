@@ -81,6 +81,10 @@ void DeskPainter::placeBoxes() {
         m_boxes.push_back({.frame = qt(m_geometry.toCanvas(window.frame)), .display = display});
         Box& box = m_boxes.back();
         box.strip = m_colors.strip(m_looks.of(window.bundleID, window.appName).color);
+        if (window.flight) {
+            placeFlying(box, window);
+            continue;
+        }
         if (window.now) {
             m_hasMoved = true;
             box.now = qt(m_geometry.toCanvas(*window.now));
@@ -111,6 +115,16 @@ void DeskPainter::placeBoxes() {
             m_boxes[i].piece.reset();
         }
     }
+}
+
+// On the canvas, as displays have gaps between them there.
+void DeskPainter::placeFlying(Box& box, const DeskPicture::Window& window) {
+    const QRectF from = qt(m_geometry.toCanvas(window.now.value_or(window.frame)));
+    const auto between = [share = *window.flight](double a, double b) { return a + (b - a) * share; };
+    box.frame = QRectF(between(from.x(), box.frame.x()), between(from.y(), box.frame.y()),
+                       between(from.width(), box.frame.width()), between(from.height(), box.frame.height()));
+    box.piece = box.frame.adjusted(0, m_strip, 0, 0);
+    placeName(box, window);
 }
 
 void DeskPainter::placeName(Box& box, const DeskPicture::Window& window) const {

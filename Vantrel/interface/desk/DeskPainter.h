@@ -91,6 +91,10 @@ private:
     };
 
     void placeBoxes();
+    void placeFlying(Box& box, const DeskPicture::Window& window);
+    [[nodiscard]] double opacityOf(std::size_t display) const {
+        return m_picture.displayOpacity.empty() ? 1 : m_picture.displayOpacity[display];
+    }
     void placeName(Box& box, const DeskPicture::Window& window) const;
     void placeDisplayLabel(std::size_t display);
     void drawWays();

@@ -76,7 +76,11 @@ void DeskPainter::paint(QPainter& painter, const Emphasis& emphasis) const {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
                            QPainter::TextAntialiasing);
     for (std::size_t i = 0; i < m_geometry.regions().size(); ++i) {
+        painter.setOpacity(opacityOf(i));
         paintDisplay(painter, i);
+        if (opacityOf(i) < 1) {
+            paintRim(painter, i);
+        }
     }
     const auto lifted = emphasis.lifted ? emphasis.lifted : emphasis.selected;
     const auto opacity = [&](std::size_t window) {
@@ -120,11 +124,16 @@ void DeskPainter::paint(QPainter& painter, const Emphasis& emphasis) const {
         paintName(painter, *lifted);
     }
     for (std::size_t i = 0; i < m_geometry.regions().size(); ++i) {
-        paintRim(painter, i);
+        painter.setOpacity(opacityOf(i));
+        // The rim of one that is coming or going would be drawn across windows on their way.
+        if (opacityOf(i) == 1) {
+            paintRim(painter, i);
+        }
         if (m_style.hasLabels) {
             paintDisplayLabel(painter, i);
         }
     }
+    painter.setOpacity(1);
 }
 
 void DeskPainter::paintDisplay(QPainter& painter, std::size_t display) const {
@@ -170,7 +179,9 @@ void DeskPainter::paintBox(QPainter& painter, std::size_t window) const {
     const QRectF& frame = box.frame;
     const QColor edge = m_colors.edge(box.strip);
     painter.save();
-    painter.setClipPath(displayShape(box.display), Qt::IntersectClip);
+    if (!m_picture.windows[window].flight) {
+        painter.setClipPath(displayShape(box.display), Qt::IntersectClip);
+    }
     const auto rounded = [&](const QRectF& rect, double radius, const QColor& color, const QPen& pen) {
         painter.setPen(pen);
         painter.setBrush(color);

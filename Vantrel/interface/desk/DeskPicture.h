@@ -38,6 +38,8 @@ struct DeskPicture {
         bool isOutOfSight = false;
         // Where it is now, if that is somewhere else.
         std::optional<Rect> now{};
+        // On its way there: the share of the way that is done. It is drawn there, and not where it is now.
+        std::optional<double> flight{};
 
         bool operator==(const Window&) const = default;
     };
@@ -46,6 +48,8 @@ struct DeskPicture {
     std::vector<DisplayInfo> displays;
     // Front to back.
     std::vector<Window> windows;
+    // For displays that come and go: one per display, or none for all of them to be there.
+    std::vector<double> displayOpacity{};
 
     bool operator==(const DeskPicture&) const = default;
 

@@ -35,7 +35,10 @@ void DeskView::show(const DeskPicture& picture) {
     if (hasOtherWindows) {
         m_emphasis = {};
     }
-    setAccessibleName(QString::fromStdString(DeskSpeech::desk(m_picture)));
+    // Setting the same name again would be read out again.
+    if (const auto name = QString::fromStdString(DeskSpeech::desk(m_picture)); name != accessibleName()) {
+        setAccessibleName(name);
+    }
     if (hasOtherDisplays) {
         updateGeometry();
     }

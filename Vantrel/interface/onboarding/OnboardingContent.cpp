@@ -17,28 +17,6 @@ constexpr std::array<std::pair<DockFrequency, std::string_view>, 3> names{{
     {DockFrequency::nowAndThen, "nowAndThen"},
 }};
 
-std::vector<std::string> keys(const PublishedState& state, HotKeySurface::Kind kind) {
-    const auto found = std::ranges::find_if(
-        state.hotKeys, [&](const HotKeyStatus& status) { return status.taken.surface.kind == kind; });
-    std::vector<std::string> parts;
-    if (found == state.hotKeys.end() || found->state != HotKeyStatus::State::registered) {
-        return parts;
-    }
-    std::string text = HotKeyText::text(found->taken.combo);
-    // The last key may itself be a plus sign.
-    for (auto plus = text.find('+'); plus != std::string::npos && plus + 1 < text.size();
-         plus = text.find('+')) {
-        parts.push_back(text.substr(0, plus));
-        text.erase(0, plus + 1);
-    }
-    parts.push_back(text);
-    return parts;
-}
-
-DeskPicture::Window window(const char* app, const Rect& home, const Rect& now) {
-    return {.bundleID = app, .appName = app, .title = "", .frame = home, .now = now};
-}
-
 } // namespace
 
 std::vector<OnboardingContent::Check> OnboardingContent::checks(const PublishedState& state,
@@ -55,7 +33,10 @@ std::vector<OnboardingContent::Check> OnboardingContent::checks(const PublishedS
         desktop.hasTray
             ? Check{tr("Tray"), tr("A click on the icon opens the panel.")}
             : Check{tr("Tray"),
-                    tr("This desktop shows no tray icons. Start Vantrel once more to open the panel."),
+                    desktop.opensPanelAtStart
+                        ? tr("This desktop shows no tray icons. The panel opens as a window instead, when "
+                             "Vantrel starts and whenever you start it again.")
+                        : tr("This desktop shows no tray icons. Start Vantrel once more to open the panel."),
                     false},
     };
 }
@@ -74,38 +55,42 @@ std::string OnboardingContent::checkSummary(const std::vector<Check>& checks) {
 }
 
 std::vector<OnboardingContent::Answer> OnboardingContent::answers() {
-    return {
-        {DockFrequency::severalTimesADay, tr("Several times a day"), tr("At a desk, in meetings, at home")},
-        {DockFrequency::onceADay, tr("About once a day"), tr("To work and back")},
-        {DockFrequency::nowAndThen, tr("Now and then"), tr("The displays mostly stay as they are")}};
+    return {{DockFrequency::severalTimesADay, tr("Several times a day"),
+             tr("Windows go back half a second after a display comes")},
+            {DockFrequency::onceADay, tr("About once a day"), tr("The same, and suggests scenes that recur")},
+            {DockFrequency::nowAndThen, tr("Now and then"),
+             tr("Gives displays a second longer, and speaks up less")}};
+}
+
+OnboardingContent::Suggestion OnboardingContent::suggestion(DockFrequency frequency) {
+    switch (frequency) {
+    case DockFrequency::severalTimesADay:
+        return {.suggestsScenes = false};
+    case DockFrequency::onceADay:
+        return {};
+    case DockFrequency::nowAndThen:
+        break;
+    }
+    // A display that is rarely there, such as a projector, takes its time.
+    return {.settleDelay = 1.5, .suggestsScenes = false, .nudges = false};
 }
 
 std::vector<OnboardingContent::Shortcut> OnboardingContent::shortcuts(const PublishedState& state) {
     using Kind = HotKeySurface::Kind;
-    return {{"restore", tr("Restore now"), tr("Every window goes back to its place"),
-             keys(state, Kind::fixedRestore)},
-            {"save", tr("Save now"), tr("This is how the desk should be"), keys(state, Kind::fixedSave)},
-            {"stash", tr("Stash"), tr("Puts the desk aside, once more brings it back"),
-             keys(state, Kind::stash)}};
-}
-
-DeskPicture OnboardingContent::picture() {
-    DeskPicture picture;
-    const auto display = [&](const char* name, const Rect& frame, bool isBuiltin) {
-        DisplayInfo& info = picture.displays.emplace_back();
-        info.uuid = info.name = name;
-        info.frame = frame;
-        info.visibleFrame = Rect{{frame.minX(), frame.minY() + 44}, {frame.width(), frame.height() - 44}};
-        info.isBuiltin = isBuiltin;
-    };
-    display("Studio Display", {{0, 0}, {2560, 1440}}, false);
-    display("Built-in Display", {{2560, 458}, {1512, 982}}, true);
-    picture.windows = {
-        window("Code", {{24, 68}, {1140, 1348}}, {{2700, 560}, {640, 520}}),
-        window("Firefox", {{1188, 68}, {1348, 860}}, {{2790, 650}, {640, 520}}),
-        window("Terminal", {{1188, 952}, {1348, 464}}, {{2880, 740}, {640, 520}}),
-    };
-    return picture;
+    std::vector<Shortcut> shortcuts{
+        {{Kind::fixedRestore, {}}, "restore", tr("Restore now"), tr("Every window goes back to its place")},
+        {{Kind::fixedSave, {}}, "save", tr("Save now"), tr("This is how the desk should be")},
+        {{Kind::stash, {}}, "stash", tr("Stash"), tr("Puts the desk aside, once more brings it back")}};
+    for (Shortcut& shortcut : shortcuts) {
+        const auto found = std::ranges::find_if(state.hotKeys, [&](const HotKeyStatus& status) {
+            return status.taken.surface == shortcut.surface;
+        });
+        if (found != state.hotKeys.end()) {
+            shortcut.keys = HotKeyText::text(found->taken.combo);
+            shortcut.isRefused = found->state == HotKeyStatus::State::refused;
+        }
+    }
+    return shortcuts;
 }
 
 std::string_view OnboardingContent::stored(DockFrequency frequency) {

@@ -2,8 +2,6 @@
 #pragma once
 
 #include "Vantrel/controller/PublishedState.h"
-#include "Vantrel/interface/desk/DeskPicture.h"
-
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -27,15 +25,32 @@ struct OnboardingContent {
     struct Answer {
         DockFrequency frequency = DockFrequency::onceADay;
         std::string title;
+        // What its suggestion means.
         std::string detail;
     };
 
+    // The settings that suit an answer.
+    struct Suggestion {
+        // In seconds.
+        double settleDelay = 0.5;
+        bool startsWithSession = true;
+        // Offers to save recurring arrangements as scenes.
+        bool suggestsScenes = true;
+        // Says when windows have moved away from a scene.
+        bool nudges = true;
+
+        bool operator==(const Suggestion&) const = default;
+    };
+
     struct Shortcut {
+        HotKeySurface surface;
         std::string symbol;
         std::string title;
         std::string detail;
-        // "Super", "Shift", "R"; empty without one.
-        std::vector<std::string> keys;
+        // "Super+Shift+R".
+        std::string keys{};
+        // Another program holds it.
+        bool isRefused = false;
 
         bool operator==(const Shortcut&) const = default;
     };
@@ -44,16 +59,16 @@ struct OnboardingContent {
     struct Desktop {
         bool hasBus = true;
         bool hasTray = true;
+        // Without a tray, the panel opens at start.
+        bool opensPanelAtStart = true;
     };
 
     [[nodiscard]] static std::vector<Check> checks(const PublishedState& state, const Desktop& desktop);
     // "Three things of your desktop. Two are there."
     [[nodiscard]] static std::string checkSummary(const std::vector<Check>& checks);
     [[nodiscard]] static std::vector<Answer> answers();
+    [[nodiscard]] static Suggestion suggestion(DockFrequency frequency);
     [[nodiscard]] static std::vector<Shortcut> shortcuts(const PublishedState& state);
-    // A display has come back, and the windows are about to go home.
-    [[nodiscard]] static DeskPicture picture();
-
     // As stored: "onceADay".
     [[nodiscard]] static std::string_view stored(DockFrequency frequency);
     [[nodiscard]] static std::optional<DockFrequency> frequency(std::string_view stored);

@@ -3,6 +3,8 @@
 #include "Vantrel/interface/Text.h"
 #include "Vantrel/interface/controls/Hairline.h"
 #include "Vantrel/interface/controls/Metrics.h"
+#include "Vantrel/interface/onboarding/OnboardingFilm.h"
+#include "Vantrel/interface/onboarding/OnboardingStory.h"
 #include "Vantrel/interface/symbols/Symbols.h"
 
 #include <QButtonGroup>
@@ -10,6 +12,7 @@
 #include <QPainter>
 #include <QRadioButton>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -37,30 +40,6 @@ protected:
 private:
     std::string m_symbol;
     std::function<QColor(const DeskColors&)> m_color;
-};
-
-// One key of a shortcut.
-class Key final : public QWidget {
-public:
-    Key(const QString& name, QWidget* parent) : QWidget(parent), m_name(name) {
-        setFixedSize(fontMetrics().horizontalAdvance(name) + Metrics::points(*this, 16),
-                     Metrics::points(*this, 24));
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        const auto colors = DeskColors::of(palette());
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(DeskColors::translucent(colors.text, 0.16), 1));
-        painter.setBrush(colors.base);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-        painter.setPen(colors.text);
-        painter.drawText(rect(), Qt::AlignCenter, m_name);
-    }
-
-private:
-    QString m_name;
 };
 
 QVBoxLayout* titleAndDetail(const QString& title, const QString& detail, QWidget* parent) {
@@ -113,19 +92,16 @@ private:
     int m_page = 0;
 };
 
-OnboardingWindow::OnboardingWindow(ApplicationLooks& looks,
-                                   const std::vector<OnboardingContent::Shortcut>& shortcuts,
-                                   std::optional<DockFrequency> answer, bool startsWithSession,
-                                   Actions actions)
+OnboardingWindow::OnboardingWindow(ApplicationLooks& looks, const Start& start, Actions actions)
     : QWidget(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       m_actions(std::move(actions)), m_pages(new QStackedWidget(this)) {
     setWindowTitle(qtr("Welcome to Vantrel"));
     auto* const all = new QVBoxLayout(this);
     all->setContentsMargins(points(32), points(28), points(24), points(20));
-    m_pages->addWidget(drawingPage(looks));
+    m_pages->addWidget(drawingPage(looks, start.wantsMotion));
     m_pages->addWidget(checksPage());
-    m_pages->addWidget(answersPage(answer, startsWithSession));
-    m_pages->addWidget(shortcutsPage(shortcuts));
+    m_pages->addWidget(answersPage(start));
+    m_pages->addWidget(shortcutsPage());
     all->addWidget(m_pages, 1);
     auto* const foot = new QHBoxLayout;
     m_dots = new Dots(this);
@@ -144,7 +120,8 @@ OnboardingWindow::OnboardingWindow(ApplicationLooks& looks,
     foot->addSpacing(points(8));
     foot->addWidget(m_forward);
     all->addLayout(foot);
-    setFixedSize(points(450), points(400));
+    // The last page has the longest buttons.
+    showPage(pageCount - 1);
     showPage(0);
 }
 
@@ -171,7 +148,7 @@ QWidget* OnboardingWindow::newPage(const QString& title, const QString& text, QV
     return page;
 }
 
-QWidget* OnboardingWindow::drawingPage(ApplicationLooks& looks) {
+QWidget* OnboardingWindow::drawingPage(ApplicationLooks& looks, bool wantsMotion) {
     QVBoxLayout* column = nullptr;
     auto* const page = newPage(qtr("Your windows, where you left them"),
                                qtr("A display goes, and windows pile up. It comes back, and Vantrel puts "
@@ -179,7 +156,11 @@ QWidget* OnboardingWindow::drawingPage(ApplicationLooks& looks) {
                                column);
     auto* const drawing = new DeskView(looks, page);
     drawing->setHighest(points(200));
-    drawing->show(OnboardingContent::picture());
+    if (wantsMotion) {
+        new OnboardingFilm(*drawing);
+    } else {
+        drawing->show(OnboardingStory::still());
+    }
     column->addWidget(drawing);
     column->addStretch(1);
     return page;
@@ -201,7 +182,6 @@ QWidget* OnboardingWindow::checksPage() {
     column->addSpacing(points(8));
     column->addWidget(again);
     column->addStretch(1);
-    showChecks();
     return page;
 }
 
@@ -228,21 +208,24 @@ void OnboardingWindow::showChecks() {
     }
 }
 
-QWidget* OnboardingWindow::answersPage(std::optional<DockFrequency> answer, bool startsWithSession) {
+QWidget* OnboardingWindow::answersPage(const Start& start) {
     QVBoxLayout* column = nullptr;
     auto* const page = newPage(qtr("How you work"), qtr("How often do displays come and go?"), column);
     auto* const group = new QButtonGroup(page);
     for (const auto& each : OnboardingContent::answers()) {
         auto* const button = new QRadioButton(qt(each.title), page);
         button->setAccessibleDescription(qt(each.detail));
-        button->setChecked(answer == each.frequency);
+        button->setChecked(start.answer == each.frequency);
         group->addButton(button);
-        connect(button, &QRadioButton::clicked, this,
-                [this, frequency = each.frequency] { m_actions.answer(frequency); });
+        connect(button, &QRadioButton::clicked, this, [this, frequency = each.frequency] {
+            m_actions.answer(frequency);
+            m_startsWithSession->setChecked(OnboardingContent::suggestion(frequency).startsWithSession);
+        });
         auto* const detail = new Label(Label::Role::second, page);
         detail->show(qt(each.detail));
         auto* const indented = new QHBoxLayout;
-        indented->addSpacing(points(24));
+        indented->addSpacing(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) +
+                             style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
         indented->addWidget(detail, 1);
         column->addWidget(button);
         column->addLayout(indented);
@@ -255,51 +238,109 @@ QWidget* OnboardingWindow::answersPage(std::optional<DockFrequency> answer, bool
     row->addLayout(titleAndDetail(qtr("Start with the session"),
                                   qtr("So that the desk is kept from the first minute"), page),
                    1);
-    auto* const starts = new Switch(page);
-    starts->setAccessibleName(qtr("Start with the session"));
-    starts->setChecked(startsWithSession);
-    connect(starts, &Switch::clicked, this, [this](bool isOn) { m_actions.setStartsWithSession(isOn); });
-    row->addWidget(starts);
+    m_startsWithSession = new Switch(page);
+    m_startsWithSession->setAccessibleName(qtr("Start with the session"));
+    m_startsWithSession->setChecked(start.startsWithSession);
+    connect(m_startsWithSession, &Switch::clicked, this,
+            [this](bool isOn) { m_actions.setStartsWithSession(isOn); });
+    row->addWidget(m_startsWithSession);
     column->addLayout(row);
     column->addStretch(1);
     return page;
 }
 
-QWidget* OnboardingWindow::shortcutsPage(const std::vector<OnboardingContent::Shortcut>& shortcuts) {
+QWidget* OnboardingWindow::shortcutsPage() {
     QVBoxLayout* column = nullptr;
-    auto* const page = newPage(qtr("Three shortcuts"), qtr("They work in every program."), column);
+    auto* const page = newPage(qtr("Three shortcuts"),
+                               qtr("They work in every program. Click one to record other keys."), column);
     column->setSpacing(points(8));
-    for (const auto& shortcut : shortcuts) {
-        auto* const row = new QHBoxLayout;
-        row->setSpacing(points(12));
-        row->addWidget(
-            new Sign(shortcut.symbol, [](const DeskColors& colors) { return colors.secondText; }, page));
-        row->addLayout(titleAndDetail(qt(shortcut.title), qt(shortcut.detail), page), 1);
-        auto* const keys = new QHBoxLayout;
-        keys->setSpacing(points(4));
-        for (const std::string& key : shortcut.keys) {
-            if (keys->count() > 0) {
-                auto* const plus = new Label(Label::Role::second, page);
-                plus->show("+");
-                keys->addWidget(plus);
-            }
-            keys->addWidget(new Key(qt(key), page));
-        }
-        row->addLayout(keys);
-        column->addLayout(row);
+    for (std::size_t i = 0; i < m_actions.shortcuts().size(); ++i) {
+        column->addWidget(shortcutRow(i, page));
         column->addWidget(new Hairline(page));
     }
     column->addStretch(1);
+    showShortcuts();
     return page;
+}
+
+QWidget* OnboardingWindow::shortcutRow(std::size_t index, QWidget* page) {
+    const auto shortcut = m_actions.shortcuts()[index];
+    auto* const line = new QWidget(page);
+    auto* const rows = new QVBoxLayout(line);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(points(2));
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(points(12));
+    row->addWidget(
+        new Sign(shortcut.symbol, [](const DeskColors& colors) { return colors.secondText; }, line));
+    row->addLayout(titleAndDetail(qt(shortcut.title), qt(shortcut.detail), line), 1);
+    ShortcutRow& widgets = m_shortcuts.emplace_back();
+    widgets.problem = new Label(Label::Role::problem, line);
+    widgets.problem->hide();
+    widgets.recorder =
+        new HotKeyRecorder(shortcut.surface, HotKeyRecording::Place::settings,
+                           {.keyCode = m_actions.keyCode,
+                            .taken = m_actions.takenHotKeys,
+                            .store =
+                                [this, surface = shortcut.surface](std::optional<HotKeyCombo> combo) {
+                                    auto problem = m_actions.setHotkey(surface, combo);
+                                    showShortcuts();
+                                    return problem;
+                                },
+                            .problem =
+                                [label = widgets.problem](const std::string& problem) {
+                                    label->show(qt(problem));
+                                    label->setVisible(!problem.empty());
+                                }},
+                           line);
+    widgets.recorder->setProminent(true);
+    widgets.recorder->setHasKeyCaps(true);
+    widgets.recorder->setTitle(qt(shortcut.title));
+    row->addWidget(widgets.recorder);
+    rows->addLayout(row);
+    rows->addWidget(widgets.problem);
+    return line;
+}
+
+void OnboardingWindow::showShortcuts() {
+    const auto shortcuts = m_actions.shortcuts();
+    for (std::size_t i = 0; i < m_shortcuts.size(); ++i) {
+        m_shortcuts[i].recorder->setShortcut(qt(shortcuts[i].keys));
+        m_shortcuts[i].recorder->setRefused(shortcuts[i].isRefused);
+        m_shortcuts[i].problem->show(shortcuts[i].isRefused ? qtr("Another program has taken this shortcut.")
+                                                            : QString());
+        m_shortcuts[i].problem->setVisible(shortcuts[i].isRefused);
+    }
 }
 
 void OnboardingWindow::showPage(int page) {
     m_pages->setCurrentIndex(page);
     m_dots->setPage(page);
     const bool isLast = page == pageCount - 1;
+    // Trays may have come since, and another program may have let go of a shortcut.
+    if (page == 1) {
+        showChecks();
+    } else if (isLast) {
+        showShortcuts();
+    }
     m_back->setTexts(page == 0 ? qtr("Skip") : isLast ? qtr("Not now") : qtr("Back"), "");
     m_forward->setTexts(isLast ? qtr("Save this desk now") : qtr("Continue"), "");
     m_forward->setFocus();
+    fit();
+}
+
+void OnboardingWindow::fit() {
+    const QMargins margins = layout()->contentsMargins();
+    const int buttons = m_dots->width() + m_back->sizeHint().width() + m_forward->sizeHint().width();
+    const int width =
+        std::max({points(450), minimumWidth(), margins.left() + buttons + points(24) + margins.right()});
+    int highest = 0;
+    for (int i = 0; i < m_pages->count(); ++i) {
+        highest = std::max(highest, m_pages->widget(i)->layout()->totalHeightForWidth(width - margins.left() -
+                                                                                      margins.right()));
+    }
+    const int foot = layout()->spacing() + m_forward->sizeHint().height();
+    setFixedSize(width, std::max(points(400), margins.top() + highest + foot + margins.bottom()));
 }
 
 void OnboardingWindow::forward() {

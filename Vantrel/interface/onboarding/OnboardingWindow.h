@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Vantrel/interface/controls/ActionButton.h"
+#include "Vantrel/interface/controls/HotKeyRecorder.h"
 #include "Vantrel/interface/controls/Label.h"
 #include "Vantrel/interface/controls/Switch.h"
 #include "Vantrel/interface/desk/DeskView.h"
@@ -23,17 +24,32 @@ public:
         std::function<std::vector<OnboardingContent::Check>()> checks = [] {
             return std::vector<OnboardingContent::Check>();
         };
+        // Also takes the suggestion that goes with the answer.
         std::function<void(DockFrequency)> answer = [](auto) {};
         std::function<void(bool)> setStartsWithSession = [](bool) {};
+        std::function<std::vector<OnboardingContent::Shortcut>()> shortcuts = [] {
+            return std::vector<OnboardingContent::Shortcut>();
+        };
+        HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
+        std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };
+        // None resets it to its default. Returns why that is not possible.
+        std::function<std::optional<std::string>(const HotKeySurface&, std::optional<HotKeyCombo>)>
+            setHotkey = [](const auto&, auto) { return std::nullopt; };
         // The user has seen it through or skipped it.
         std::function<void()> finished = [] {};
         std::function<void()> save = [] {};
     };
 
+    struct Start {
+        std::optional<DockFrequency> answer{};
+        bool startsWithSession = false;
+        // Plays the story on the first page.
+        bool wantsMotion = true;
+    };
+
     static constexpr int pageCount = 4;
 
-    OnboardingWindow(ApplicationLooks& looks, const std::vector<OnboardingContent::Shortcut>& shortcuts,
-                     std::optional<DockFrequency> answer, bool startsWithSession, Actions actions);
+    OnboardingWindow(ApplicationLooks& looks, const Start& start, Actions actions);
 
     [[nodiscard]] int page() const;
     void showPage(int page);
@@ -46,11 +62,15 @@ private:
     class Dots;
 
     [[nodiscard]] QWidget* newPage(const QString& title, const QString& text, QVBoxLayout*& column);
-    [[nodiscard]] QWidget* drawingPage(ApplicationLooks& looks);
+    [[nodiscard]] QWidget* drawingPage(ApplicationLooks& looks, bool wantsMotion);
     [[nodiscard]] QWidget* checksPage();
-    [[nodiscard]] QWidget* answersPage(std::optional<DockFrequency> answer, bool startsWithSession);
-    [[nodiscard]] QWidget* shortcutsPage(const std::vector<OnboardingContent::Shortcut>& shortcuts);
+    [[nodiscard]] QWidget* answersPage(const Start& start);
+    [[nodiscard]] QWidget* shortcutsPage();
+    [[nodiscard]] QWidget* shortcutRow(std::size_t index, QWidget* page);
     void showChecks();
+    void showShortcuts();
+    // Grows to the height that the highest page needs.
+    void fit();
     void forward();
     void back();
     [[nodiscard]] int points(double length) const;
@@ -60,6 +80,13 @@ private:
     Dots* m_dots = nullptr;
     Label* m_checkSummary = nullptr;
     QWidget* m_checks = nullptr;
+    Switch* m_startsWithSession = nullptr;
+    struct ShortcutRow {
+        Label* detail = nullptr;
+        HotKeyRecorder* recorder = nullptr;
+        Label* problem = nullptr;
+    };
+    std::vector<ShortcutRow> m_shortcuts;
     ActionButton* m_back = nullptr;
     ActionButton* m_forward = nullptr;
 };

@@ -76,6 +76,9 @@ QWidget* MessageRow::actionButton(const PanelContent::Message::Action& action) {
     auto* const button = new QPushButton(qt(action.text), this);
     button->setAutoDefault(false);
     button->setFixedHeight(Metrics::points(*this, controlHeight));
+    // Some styles leave short texts no air.
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) +
+                            Metrics::points(*this, 22));
     connect(button, &QPushButton::clicked, this, [this, deed = action.deed] {
         if (deed == PanelContent::Message::Deed::enterKey) {
             askForKey();

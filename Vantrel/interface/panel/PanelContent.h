@@ -19,6 +19,8 @@ struct PanelContent {
         enum class Kind : std::uint8_t {
             permission,
             session,
+            sharedFolder,
+            tray,
             license,
             files,
             settings,
@@ -35,6 +37,7 @@ struct PanelContent {
         enum class Deed : std::uint8_t {
             none,
             checkAgain,
+            stayClosed,
             purchase,
             enterKey,
             retryFiles,
@@ -117,14 +120,22 @@ struct PanelContent {
         bool operator==(const Result&) const = default;
     };
 
+    // What the user should know about this session: "Only X11 programs can be moved".
+    struct SessionNote {
+        std::string title;
+        std::string detail;
+        Message::Kind kind = Message::Kind::session;
+    };
+
     // What published state does not say.
     struct Context {
         Date now;
         // What is missing when windows cannot be moved, on this system.
         std::string permissionTitle{};
         std::string permissionDetail{};
-        // What the user should know about this session: "Only X11 programs can be moved".
-        std::vector<std::pair<std::string, std::string>> sessionNotes{};
+        std::vector<SessionNote> sessionNotes{};
+        // The panel opens at start, because this desktop shows no tray icons.
+        bool opensWithoutTray = false;
         std::size_t crashReports = 0;
         bool offersMissionControlFix = false;
         bool offersPurchase = true;

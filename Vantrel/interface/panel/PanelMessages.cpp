@@ -66,12 +66,19 @@ private:
     }
 
     void session() {
-        for (const auto& [title, detail] : m_context.sessionNotes) {
-            add({.kind = Kind::session,
+        for (const auto& note : m_context.sessionNotes) {
+            add({.kind = note.kind,
                  .tone = Tone::warning,
                  .symbol = "info",
-                 .title = title,
-                 .detail = detail});
+                 .title = note.title,
+                 .detail = note.detail});
+        }
+        if (m_context.opensWithoutTray) {
+            add({.kind = Kind::tray,
+                 .symbol = "info",
+                 .title = tr("No tray on this desktop"),
+                 .detail = tr("So Vantrel opens this window when it starts. Start it again to see it again."),
+                 .actions = {{Deed::stayClosed, tr("Not at start")}}});
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include "Vantrel/interface/Text.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QDateTime>
 
@@ -45,6 +46,8 @@ PanelPresenter::~PanelPresenter() {
         m_window->onClosed = [] {};
         closed();
     }
+    // They use what is destroyed here.
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void PanelPresenter::toggle() {
@@ -56,6 +59,10 @@ void PanelPresenter::toggle() {
 }
 
 void PanelPresenter::open() {
+    if (m_introduction) {
+        openIntroduction();
+        return;
+    }
     if (m_window) {
         m_window->raise();
         m_window->activateWindow();
@@ -67,6 +74,7 @@ void PanelPresenter::open() {
     m_window->onClosed = [this] { closed(); };
     m_observer = m_controller.addObserver([this](Topics /*changed*/) { refresh(); });
     m_live = m_controller.watchLiveDesk();
+    countCrashReports();
     refresh();
     // Some trays do not say where the icon is; then the pointer has just clicked on it.
     m_window->open(tray && !tray->isEmpty() ? *tray : QRect(QCursor::pos(), QSize(1, 1)));
@@ -92,38 +100,86 @@ void PanelPresenter::closed() {
     m_window.release()->deleteLater();
 }
 
-void PanelPresenter::openIntroduction() {
-    if (m_introduction) {
-        m_introduction->raise();
-        m_introduction->activateWindow();
-        return;
+void PanelPresenter::welcome() {
+    if (!Settings(m_controller.defaults()).hasOnboarded()) {
+        openIntroduction();
     }
-    const Settings settings(m_controller.defaults());
+}
+
+void PanelPresenter::openWithoutTray() {
+    if (!m_services.trayIcon() && Settings(m_controller.defaults()).showPanelWithoutTray()) {
+        open();
+    }
+}
+
+void PanelPresenter::take(DockFrequency answer) {
+    const auto suggestion = OnboardingContent::suggestion(answer);
+    UserDefaults& defaults = m_controller.defaults();
+    defaults.set("dockFrequency", std::string(OnboardingContent::stored(answer)));
+    defaults.set(Settings::autoRestoreKey, true);
+    defaults.set(Settings::settleDelayKey, suggestion.settleDelay);
+    defaults.set("patternSuggestionsStopped", !suggestion.suggestsScenes);
+    defaults.set("quietNudgesEnabled", suggestion.nudges);
+    defaults.set("launchAtLogin", suggestion.startsWithSession);
+}
+
+OnboardingWindow::Actions PanelPresenter::introductionActions() {
     OnboardingWindow::Actions actions;
     actions.checks = [this] {
         m_controller.refreshStatus();
+        const bool opensAtStart = Settings(m_controller.defaults()).showPanelWithoutTray();
         return OnboardingContent::checks(m_controller.published(),
-                                         {.hasBus = true, .hasTray = m_services.trayIcon().has_value()});
+                                         {.hasBus = true,
+                                          .hasTray = m_services.trayIcon().has_value(),
+                                          .opensPanelAtStart = opensAtStart});
     };
-    actions.answer = [this](DockFrequency frequency) {
-        m_controller.defaults().set("dockFrequency", std::string(OnboardingContent::stored(frequency)));
-    };
+    actions.answer = [this](DockFrequency frequency) { take(frequency); };
     actions.setStartsWithSession = [this](bool starts) {
         m_controller.defaults().set("launchAtLogin", starts);
+    };
+    actions.shortcuts = [this] { return OnboardingContent::shortcuts(m_controller.published()); };
+    actions.keyCode = m_services.keyCode;
+    actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
+    actions.setHotkey = [this](const HotKeySurface& surface,
+                               std::optional<HotKeyCombo> combo) -> std::optional<std::string> {
+        const auto stored = m_controller.setHotkey(surface, combo);
+        return stored ? std::nullopt : std::optional(stored.error());
     };
     actions.save = [this] { m_controller.saveLayoutNow(); };
     actions.finished = [this] {
         Settings(m_controller.defaults()).setHasOnboarded(true);
         // One of its own events is closing it.
         m_introduction.release()->deleteLater();
-        open();
+        // Not while the program quits, which closes its windows.
+        QTimer::singleShot(0, &m_aging, [this] { open(); });
     };
-    m_introduction = std::make_unique<OnboardingWindow>(
-        m_looks, OnboardingContent::shortcuts(m_controller.published()),
-        OnboardingContent::frequency(settings.dockFrequency().value_or("")), settings.launchAtLogin(),
-        std::move(actions));
-    m_introduction->show();
+    return actions;
+}
+
+void PanelPresenter::openIntroduction() {
+    if (!m_introduction) {
+        const Settings settings(m_controller.defaults());
+        m_introduction = std::make_unique<OnboardingWindow>(
+            m_looks,
+            OnboardingWindow::Start{.answer =
+                                        OnboardingContent::frequency(settings.dockFrequency().value_or("")),
+                                    .startsWithSession = settings.launchAtLogin(),
+                                    .wantsMotion = m_services.wantsMotion()},
+            introductionActions());
+        m_introduction->show();
+    }
+    m_introduction->raise();
     m_introduction->activateWindow();
+}
+
+void PanelPresenter::offerMissionControlFix(std::function<void()> fix) {
+    m_fixMissionControl = std::move(fix);
+    refresh();
+}
+
+// Not at every refresh, as it reads a folder.
+void PanelPresenter::countCrashReports() {
+    m_crashReports = m_services.sendCrashReports ? m_services.crashReports() : 0;
 }
 
 void PanelPresenter::refresh() {
@@ -139,7 +195,10 @@ void PanelPresenter::refresh() {
         .permissionTitle = m_services.permissionTitle,
         .permissionDetail = m_services.permissionDetail,
         .sessionNotes = m_services.sessionNotes,
-        .crashReports = m_services.sendCrashReports ? m_services.crashReports() : 0,
+        .opensWithoutTray =
+            !m_services.trayIcon() && Settings(m_controller.defaults()).showPanelWithoutTray(),
+        .crashReports = m_crashReports,
+        .offersMissionControlFix = static_cast<bool>(m_fixMissionControl),
         .offersPurchase = static_cast<bool>(m_services.purchase),
         .dismissed = m_dismissed,
     };
@@ -333,13 +392,27 @@ void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string
         m_controller.suggestions().stop();
         break;
     case Deed::sendCrashReports:
-        m_services.sendCrashReports();
+        m_services.sendCrashReports([this, alive = std::weak_ptr(m_alive)] {
+            if (!alive.expired()) {
+                countCrashReports();
+                tell(m_crashReports == 0 ? vantrel::tr("The crash reports were sent.")
+                                         : vantrel::tr("The crash reports could not be sent. They are kept."),
+                     m_crashReports > 0);
+                refresh();
+            }
+        });
+        break;
+    case Deed::stayClosed:
+        m_controller.defaults().set("showPanelWithoutTray", false);
+        tell(vantrel::tr("Vantrel no longer opens this window when it starts."), false);
         refresh();
         break;
     case Deed::showUpdate:
         m_services.showUpdate();
         break;
     case Deed::fixMissionControl:
+        m_fixMissionControl();
+        break;
     case Deed::none:
         break;
     }

@@ -33,10 +33,12 @@ public:
         // What is missing when windows cannot be moved.
         std::string permissionTitle{};
         std::string permissionDetail{};
-        std::vector<std::pair<std::string, std::string>> sessionNotes{};
+        std::vector<PanelContent::SessionNote> sessionNotes{};
         std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
-        // Null when there is nobody to send them to.
-        std::function<void()> sendCrashReports{};
+        // Null when there is nobody to send them to. Calls back when it has tried them all.
+        std::function<void(std::function<void()> done)> sendCrashReports{};
+        // Whether the desktop wants anything to move by itself.
+        std::function<bool()> wantsMotion = [] { return true; };
         std::function<void()> purchase{};
         std::function<void()> showUpdate = [] {};
         // Opens the settings file in an editor; false if that is not possible.
@@ -52,8 +54,17 @@ public:
     PanelPresenter(const PanelPresenter&) = delete;
     PanelPresenter& operator=(const PanelPresenter&) = delete;
 
-    // Opens the panel, or raises it.
+    // Opens the panel, or raises it; while the introduction is shown, raises that.
     void open();
+    // At the start of the program: shows the introduction to those who have not seen it.
+    void welcome();
+    // At the start of the program on a desktop without a tray: opens the panel, unless the user does not want
+    // that.
+    void openWithoutTray();
+    // Shows what has changed outside of published state, such as the tray.
+    void refresh();
+    // Offers to fix Mission Control's settings; null withdraws the offer.
+    void offerMissionControlFix(std::function<void()> fix);
     // For a click on the tray icon: opens it, or closes an open one.
     void toggle();
     void close();
@@ -69,7 +80,9 @@ private:
     [[nodiscard]] PanelActions::Scenes sceneActions();
     void perform(PanelContent::Message::Deed deed, const std::string& typed);
     void dismiss(PanelContent::Message::Kind kind);
-    void refresh();
+    void countCrashReports();
+    void take(DockFrequency answer);
+    [[nodiscard]] OnboardingWindow::Actions introductionActions();
     void closed();
     void tell(const std::string& text, bool isProblem = true);
     // Says why a restore did not happen.
@@ -89,6 +102,8 @@ private:
     // When it was last closed, since some epoch: the click that closes it may be one on the tray icon.
     qint64 m_closedAt = 0;
     std::optional<RecentDeletions::ID> m_removed;
+    std::size_t m_crashReports = 0;
+    std::function<void()> m_fixMissionControl;
     // Expires with this object, for restores that end later.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

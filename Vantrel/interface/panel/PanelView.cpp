@@ -113,7 +113,11 @@ QWidget* PanelView::header() {
             const auto problem = m_actions.renameDesk(name);
             m_deskProblem->show(qt(problem.value_or("")));
             m_deskProblem->setVisible(problem.has_value());
+            if (problem) {
+                return;
+            }
         }
+        showDeskName();
     });
     m_phase = new Label(Label::Role::second, header);
     m_phase->setElided(true);
@@ -282,6 +286,7 @@ void PanelView::addScenes(QBoxLayout& parts) {
     m_undoText = new Label(Label::Role::second, m_undoLine);
     m_undoText->setElided(true);
     auto* const undo = new QPushButton(qtr("Undo"), m_undoLine);
+    undo->setAccessibleName(qtr("Undo the deletion"));
     undo->setAutoDefault(false);
     undo->setFixedHeight(points(26));
     connect(undo, &QPushButton::clicked, this, [this] {
@@ -307,10 +312,11 @@ void PanelView::addScenes(QBoxLayout& parts) {
     m_sceneField->setPlaceholderText(qtr("Save this desk as a scene…"));
     m_sceneField->setAccessibleName(qtr("Save this desk as a scene"));
     m_sceneField->setMinimumHeight(points(30));
-    m_sceneField->addAction(Symbols::icon("plus", QPalette::Text), QLineEdit::LeadingPosition);
+    m_sceneField->addAction(Symbols::icon("plus", QPalette::Text), QLineEdit::LeadingPosition)
+        ->setText(qtr("New scene"));
     m_sceneSave =
         m_sceneField->addAction(Symbols::icon("check", QPalette::Text), QLineEdit::TrailingPosition);
-    m_sceneSave->setToolTip(qtr("Save"));
+    m_sceneSave->setText(qtr("Save"));
     m_sceneSave->setVisible(false);
     m_sceneField->installEventFilter(this);
     const auto save = [this] {
@@ -393,6 +399,10 @@ bool PanelView::eventFilter(QObject* object, QEvent* event) {
     if (object == m_body && event->type() == QEvent::LayoutRequest) {
         // Later, as the layouts are only now being told.
         QTimer::singleShot(0, this, [this] { onHeightChanged(); });
+    }
+    if (object == m_deskName && (event->type() == QEvent::Resize ||
+                                 (event->type() == QEvent::FocusIn && !m_deskName->isModified()))) {
+        showDeskName();
     }
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         // Escape first takes back what was typed, and only then closes the panel.

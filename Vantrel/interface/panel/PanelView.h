@@ -62,6 +62,8 @@ private:
     void addLayouts(QBoxLayout& column);
     void addScenes(QBoxLayout& column);
     void addResult(QBoxLayout& column);
+    // Elided while nobody edits it.
+    void showDeskName();
     void showMessages();
     void showButtons();
     void showLayouts();

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -36,12 +37,10 @@ void PanelView::show(const PanelContent& content) {
     const bool isFirst = m_phase->text().isEmpty();
     const PanelContent before = std::exchange(m_content, content);
     if (isFirst || (before.deskName != content.deskName && !m_deskName->isModified())) {
-        m_deskName->setText(qt(content.deskName));
-        m_deskName->setCursorPosition(0);
+        showDeskName();
     }
     m_deskName->setReadOnly(!content.canRename);
     m_deskName->setFocusPolicy(content.canRename ? Qt::StrongFocus : Qt::NoFocus);
-    m_deskName->setToolTip(content.canRename ? qtr("Click to rename this desk") : QString());
     m_phase->show(qt(content.phaseText));
     m_symbol->update();
     m_switch->setChecked(content.isOn);
@@ -60,6 +59,18 @@ void PanelView::show(const PanelContent& content) {
         m_told.reset();
     }
     showResult();
+}
+
+void PanelView::showDeskName() {
+    const QString name = qt(m_content.deskName);
+    const int room =
+        m_deskName->width() - 2 * m_deskName->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) - points(4);
+    const QString shown =
+        m_deskName->hasFocus() ? name : m_deskName->fontMetrics().elidedText(name, Qt::ElideRight, room);
+    m_deskName->setText(shown);
+    m_deskName->setCursorPosition(0);
+    const QString hint = m_content.canRename ? qtr("Click to rename this desk") : QString();
+    m_deskName->setToolTip(shown == name ? hint : name);
 }
 
 void PanelView::tell(const PanelContent::Result& result) {
@@ -96,9 +107,14 @@ void PanelView::showButtons() {
     showButton(*m_stash, m_content.stash);
     showButton(*m_undo, m_content.undo);
     m_emptyHint->setVisible(m_content.isEmpty);
+    const bool hadFocus = m_remember->hasFocus() || m_restore->hasFocus();
     m_remember->setVisible(m_content.isEmpty);
     m_restore->setVisible(!m_content.isEmpty);
     m_secondary->setVisible(!m_content.isEmpty);
+    // One takes the other's place when the desk is remembered.
+    if (hadFocus) {
+        focusMainButton();
+    }
 }
 
 void PanelView::showLayouts() {

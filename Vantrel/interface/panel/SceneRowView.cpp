@@ -171,10 +171,13 @@ void SceneRowView::show(const PanelContent::SceneRow& row) {
     m_row = row;
     m_name->show(qt(row.name));
     m_detail->show(qt(row.detail));
+    m_recorder->setTitle(qt(row.name));
     m_recorder->setShortcut(qt(row.shortcut));
     m_recorder->setRefused(row.isShortcutRefused);
     m_pin->setChecked(row.isPinned);
     m_pin->setText(row.isPinned ? qtr("Unpin") : qtr("Pin"));
+    m_pin->setAccessibleDescription(qt(row.name));
+    m_more->setAccessibleDescription(qt(row.name));
     m_line->setAccessibleName(qt(row.name));
     m_line->setAccessibleDescription(
         qt(row.detail + (row.isPinned ? ", pinned" : "") + (row.isCurrent ? ", applied last" : "")));

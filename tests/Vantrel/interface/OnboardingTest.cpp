@@ -1,13 +1,27 @@
+#include "Vantrel/interface/onboarding/OnboardingFilm.h"
+#include "Vantrel/interface/onboarding/OnboardingStory.h"
 #include "Vantrel/interface/onboarding/OnboardingWindow.h"
 
 #include <QRadioButton>
 #include <QTest>
 
+#include <algorithm>
 #include <gmock/gmock.h>
+#include <stdexcept>
 
 namespace vantrel {
 
 namespace {
+
+template <typename Child>
+Child& first(const QObject& parent) {
+    for (QObject* const child : parent.findChildren<QObject*>()) {
+        if (auto* const found = dynamic_cast<Child*>(child)) {
+            return *found;
+        }
+    }
+    throw std::logic_error("there is none");
+}
 
 TEST(Onboarding, ChecksSayWhatIsMissing) {
     PublishedState state;
@@ -26,27 +40,54 @@ TEST(Onboarding, ChecksSayWhatIsMissing) {
     EXPECT_EQ(OnboardingContent::frequency("never"), std::nullopt);
 }
 
+// What rest() promises must be true, or the film would stop or jump.
+TEST(Onboarding, TheFilmRestsOnlyWhileNothingMovesAndBringsEveryWindowHome) {
+    namespace Story = OnboardingStory;
+    constexpr double step = 0.02;
+    const DeskPicture home = Story::at(0);
+    bool hasPiledUp = false;
+    for (double time = 0; time < Story::length; time += step) {
+        const DeskPicture now = Story::at(time);
+        if (Story::rest(time) > step) {
+            EXPECT_EQ(Story::at(time + step), now) << time;
+        }
+        hasPiledUp |= std::ranges::all_of(now.windows, [&](const auto& window) {
+            return !window.flight && now.displays[1].frame.contains(window.frame.center());
+        });
+    }
+    EXPECT_TRUE(hasPiledUp);
+    EXPECT_EQ(Story::at(Story::length - step), home);
+    EXPECT_EQ(Story::still().movedCount(), home.windows.size());
+}
+
 TEST(Onboarding, IsGoneThroughByKeyboardAlone) {
     PublishedState state;
     state.hotKeys = {{.taken = {.surface = {HotKeySurface::Kind::fixedRestore, {}},
                                 .combo = HotKeyDefaults::restore,
                                 .label = "Restore now"}}};
     const auto shortcuts = OnboardingContent::shortcuts(state);
-    EXPECT_THAT(shortcuts[0].keys, testing::ElementsAre("Shift", "Super", "R"));
-    EXPECT_THAT(shortcuts[1].keys, testing::IsEmpty());
+    EXPECT_EQ(shortcuts[0].keys, "Shift+Super+R");
+    EXPECT_EQ(shortcuts[1].keys, "");
 
     ApplicationLooks looks(nullptr);
     std::optional<DockFrequency> answered;
     int saved = 0;
     int finished = 0;
     int checked = 0;
-    OnboardingWindow window(looks, shortcuts, std::nullopt, false,
+    std::optional<HotKeyCombo> recorded;
+    OnboardingWindow window(looks, {},
                             {.checks =
                                  [&] {
                                      ++checked;
                                      return OnboardingContent::checks(state, {});
                                  },
                              .answer = [&](DockFrequency frequency) { answered = frequency; },
+                             .shortcuts = [&] { return OnboardingContent::shortcuts(state); },
+                             .keyCode = [](const QKeyEvent&) { return std::optional<std::int64_t>(19); },
+                             .setHotkey = [&](const auto&, auto combo) -> std::optional<std::string> {
+                                 recorded = combo;
+                                 return std::nullopt;
+                             },
                              .finished = [&] { ++finished; },
                              .save = [&] { ++saved; }});
     window.show();
@@ -56,6 +97,7 @@ TEST(Onboarding, IsGoneThroughByKeyboardAlone) {
     press(Qt::Key_Space);
     EXPECT_EQ(window.page(), 1);
     EXPECT_EQ(checked, 1);
+    EXPECT_FALSE(first<OnboardingFilm>(window).isRunning());
     press(Qt::Key_Space);
     EXPECT_EQ(window.page(), 2);
     window.findChildren<QRadioButton*>()[1]->setFocus();
@@ -63,6 +105,13 @@ TEST(Onboarding, IsGoneThroughByKeyboardAlone) {
     EXPECT_EQ(answered, DockFrequency::onceADay);
     press(Qt::Key_PageUp);
     EXPECT_EQ(window.page(), 1);
+    EXPECT_TRUE(first<Switch>(window).isChecked());
+    window.showPage(3);
+    first<HotKeyRecorder>(window).setFocus();
+    press(Qt::Key_Space);
+    QTest::keyClick(window.focusWidget(), Qt::Key_2, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(recorded,
+              (HotKeyCombo{.keyCode = 19, .modifiers = HotKeyModifiers::control | HotKeyModifiers::option}));
     window.showPage(3);
     press(Qt::Key_Space);
     EXPECT_FALSE(window.isVisible());

@@ -23,6 +23,7 @@ protected:
         story.start();
         story.openPrograms();
         story.learn();
+        story.controller->defaults().set("showPanelWithoutTray", false);
         panel.emplace(*story.controller, PanelPresenter::Services{.keyCode = [](const QKeyEvent& event) {
             return event.key() == Qt::Key_2 ? std::optional<std::int64_t>(19) : std::nullopt;
         }});
@@ -246,10 +247,20 @@ TEST_F(PanelTest, AMistakeInTheSettingsFileIsShownWithTheFileUntilItIsRight) {
     EXPECT_THAT(content().messages[0].detail, HasSubstr(" One more line is ignored."));
 }
 
-TEST_F(PanelTest, TheIntroductionKeepsTheAnswersAndLeadsBackToThePanel) {
-    open();
+TEST_F(PanelTest, TheIntroductionIsShownOnceKeepsTheAnswersAndLeadsToThePanel) {
+    panel->welcome();
+    OnboardingWindow* introduction = panel->introduction();
+    ASSERT_NE(introduction, nullptr);
+    panel->open();
+    EXPECT_FALSE(panel->isOpen());
+    introduction->close();
+    settle();
+    EXPECT_TRUE(panel->isOpen());
+    panel->welcome();
+    EXPECT_EQ(panel->introduction(), nullptr);
+
     click("Introduction");
-    OnboardingWindow* const introduction = panel->introduction();
+    introduction = panel->introduction();
     ASSERT_NE(introduction, nullptr);
     introduction->showPage(2);
     for (auto* const button : introduction->findChildren<QAbstractButton*>()) {
@@ -261,10 +272,24 @@ TEST_F(PanelTest, TheIntroductionKeepsTheAnswersAndLeadsBackToThePanel) {
     settle();
     const Settings settings(story.controller->defaults());
     EXPECT_EQ(settings.dockFrequency(), "nowAndThen");
-    EXPECT_TRUE(settings.launchAtLogin());
-    EXPECT_TRUE(settings.hasOnboarded());
-    EXPECT_EQ(panel->introduction(), nullptr);
-    EXPECT_TRUE(panel->isOpen());
+    EXPECT_EQ(settings.settleDelay(), 1.5);
+    EXPECT_FALSE(settings.quietNudgesEnabled());
+    // The answer suggests it; the click took that back.
+    EXPECT_FALSE(settings.launchAtLogin());
+}
+
+TEST_F(PanelTest, WithoutATrayItOpensAtStartUntilTheUserDeclines) {
+    story.controller->defaults().set("showPanelWithoutTray", true);
+    panel->openWithoutTray();
+    settle();
+    ASSERT_TRUE(panel->isOpen());
+    EXPECT_EQ(panel->window()->kind(), PanelWindow::Kind::window);
+    EXPECT_EQ(content().messages.at(0).kind, PanelContent::Message::Kind::tray);
+    press("Not at start");
+    EXPECT_THAT(content().messages, testing::IsEmpty());
+    panel->close();
+    panel->openWithoutTray();
+    EXPECT_FALSE(panel->isOpen());
 }
 
 TEST_F(PanelTest, EveryControlHasANameAndIsReachedByTab) {

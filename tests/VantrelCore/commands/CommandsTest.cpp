@@ -115,22 +115,57 @@ TEST(StatusItemMenu, ListsScenesThenRestoreAndUndo) {
     EXPECT_EQ(entries[3], StatusItemMenuEntry::undoLastRestore("Display change"));
 }
 
-TEST(StatusItemMenu, PutsNoticesAboveTheEntries) {
-    const auto all =
-        StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt),
-                                           {true, "1.2", true, {"It could not be saved"}, "Office"});
-    EXPECT_THAT(titles(all), ElementsAre("Trial ended", "Get Vantrel · $19", "It could not be saved",
-                                         "Same Desk as “Office”", "Update available · v1.2",
-                                         "Keep Spaces in Place", "-", "Restore now", "-", "Layouts…",
-                                         "Settings…", "Check for Updates…", "Quit Vantrel"));
-    StatusItemMenuBuilder::News news;
-    news.isMissionControlLosing = true;
-    news.isMissionControlFixedAtLogin = true;
-    const auto later = StatusItemMenuBuilder::withNotices({}, news);
-    EXPECT_EQ(titles(later).front(), "Keep Spaces in Place (from the Next Login)");
-    const auto none = StatusItemMenuBuilder::withNotices(StatusItemMenuBuilder::build({}, std::nullopt), {});
-    EXPECT_THAT(titles(none), ElementsAre("Restore now", "-", "Layouts…", "Settings…", "Check for Updates…",
-                                          "Quit Vantrel"));
+TEST(StatusItemMenu, AddsNoticesCommandsShortcutsAndTheMarkOfTheAppliedScene) {
+    StatusItemMenuBuilder::Situation situation{
+        .isTrialOver = true,
+        .latestAvailable = "1.2",
+        .isMissionControlLosing = true,
+        .troubles = {"It could not be saved"},
+        .sameDesk = "Office",
+        .isStashed = true,
+        .isOn = false,
+        .appliedSceneID = "A",
+        .shortcuts = taken,
+    };
+    const auto all = StatusItemMenuBuilder::complete(
+        StatusItemMenuBuilder::build({{"C", "Reading"}, {"A", "Writing"}}, "Display change"), situation);
+    EXPECT_THAT(titles(all),
+                ElementsAre("Trial ended", "Get Vantrel · $19", "It could not be saved",
+                            "Same Desk as “Office”", "Update available · v1.2", "Keep Spaces in Place", "-",
+                            "Scenes", "Reading", "Writing", "-", "Restore now", "Save now", "Bring back",
+                            "Undo last restore", "Resume", "-", "Layouts…", "Settings…", "Check for Updates…",
+                            "Quit Vantrel"));
+    EXPECT_FALSE(all[8].isApplied);
+    EXPECT_TRUE(all[9].isApplied);
+    EXPECT_EQ(all[8].shortcut, std::nullopt);
+    EXPECT_EQ(all[9].shortcut, commandShiftS);
+    EXPECT_EQ(all[11].shortcut, commandShiftR);
+
+    situation = {
+        .isMissionControlLosing = true, .isMissionControlFixedAtLogin = true, .canCheckForUpdates = false};
+    const auto few =
+        StatusItemMenuBuilder::complete(StatusItemMenuBuilder::build({}, std::nullopt), situation);
+    EXPECT_THAT(titles(few),
+                ElementsAre("Keep Spaces in Place (from the Next Login)", "-", "Restore now", "Save now",
+                            "Stash", "Pause", "-", "Layouts…", "Settings…", "Quit Vantrel"));
+}
+
+TEST(StatusItemMenu, EveryEntryHasALetterOfItsOwnAndCommandsKeepTheirs) {
+    const auto letters = [](const std::vector<StatusItem::SceneEntry>& scenes) {
+        const auto entries = StatusItemMenuBuilder::complete(StatusItemMenuBuilder::build(scenes, "x"), {});
+        const auto places = StatusItemMenuBuilder::mnemonics(entries);
+        std::vector<std::string> marked;
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            if (places[i]) {
+                marked.push_back(StatusItemMenuBuilder::title(entries[i]).insert(*places[i], "&"));
+            }
+        }
+        return marked;
+    };
+    EXPECT_THAT(letters({{"1", "R&D_lab"}, {"2", "réunion"}, {"3", "sss"}}),
+                ElementsAre("R&&D_lab", "réu&nion", "&Restore now", "&Save now", "S&tash",
+                            "&Undo last restore", "&Pause", "&Layouts…", "S&ettings…", "&Check for Updates…",
+                            "&Quit Vantrel"));
 }
 
 } // namespace
