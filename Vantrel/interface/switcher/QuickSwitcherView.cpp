@@ -7,6 +7,7 @@
 #include "VantrelCore/scenes/SceneIconography.h"
 
 #include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPainter>
@@ -70,6 +71,12 @@ std::optional<HeldKeyboard::Key> meaning(const QKeyEvent& event) {
     return isCharacter ? std::optional(HeldKeyboard::Key{
                              .kind = Kind::text, .text = QString(QChar(event.key())).toLower().toStdString()})
                        : std::nullopt;
+}
+
+// Without a role of its own, a window is only a client area to assistive technology.
+QAccessibleInterface* accessible(const QString& /*key*/, QObject* object) {
+    auto* const view = dynamic_cast<QuickSwitcherView*>(object);
+    return view != nullptr ? new QAccessibleWidget(view, QAccessible::Dialog) : nullptr;
 }
 
 Qt::KeyboardModifier modifierOf(int key) {
@@ -139,6 +146,10 @@ QuickSwitcherView::Lengths QuickSwitcherView::lengths() const {
 
 QuickSwitcherView::QuickSwitcherView(ApplicationLooks& looks, Kind kind, Handlers handlers)
     : QWidget(nullptr, flagsFor(kind)), m_looks(looks), m_kind(kind), m_handlers(std::move(handlers)) {
+    [[maybe_unused]] static const bool isInstalled = [] {
+        QAccessible::installFactory(accessible);
+        return true;
+    }();
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating, kind == Kind::held);
     setFocusPolicy(Qt::StrongFocus);

@@ -54,11 +54,10 @@ private:
 
     void visit(QWidget& widget) {
         const bool isInField = qobject_cast<QLineEdit*>(widget.parentWidget()) != nullptr;
-        const bool isControl =
-            !isInField && !widget.isWindow() &&
-            (qobject_cast<QAbstractButton*>(&widget) != nullptr ||
-             qobject_cast<QLineEdit*>(&widget) != nullptr || qobject_cast<QComboBox*>(&widget) != nullptr ||
-             (widget.focusPolicy() & Qt::TabFocus) != 0);
+        const bool isControl = !isInField && (qobject_cast<QAbstractButton*>(&widget) != nullptr ||
+                                              qobject_cast<QLineEdit*>(&widget) != nullptr ||
+                                              qobject_cast<QComboBox*>(&widget) != nullptr ||
+                                              (widget.focusPolicy() & Qt::TabFocus) != 0);
         if (isControl) {
             const auto* const accessible = QAccessible::queryAccessibleInterface(&widget);
             if (accessible == nullptr || accessible->role() == QAccessible::NoRole ||
