@@ -16,11 +16,14 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace vantrel {
 
 namespace {
+
+constexpr std::chrono::seconds checkInterval{1};
 
 // A symbol in front of a row.
 class Sign final : public QWidget {
@@ -100,6 +103,8 @@ OnboardingWindow::OnboardingWindow(ApplicationLooks& looks, const Start& start, 
     all->setContentsMargins(points(32), points(28), points(24), points(20));
     m_pages->addWidget(drawingPage(looks, start.wantsMotion));
     m_pages->addWidget(checksPage());
+    m_checking.setInterval(checkInterval);
+    m_checking.callOnTimeout([this] { showChecks(); });
     m_pages->addWidget(answersPage(start));
     m_pages->addWidget(shortcutsPage());
     all->addWidget(m_pages, 1);
@@ -186,8 +191,11 @@ QWidget* OnboardingWindow::checksPage() {
 }
 
 void OnboardingWindow::showChecks() {
+    auto checks = m_actions.checks();
+    if (checks == m_shownChecks) {
+        return;
+    }
     qDeleteAll(m_checks->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
-    const auto checks = m_actions.checks();
     m_checkSummary->show(qt(OnboardingContent::checkSummary(checks)));
     for (const auto& check : checks) {
         auto* const line = new QWidget(m_checks);
@@ -206,6 +214,7 @@ void OnboardingWindow::showChecks() {
         m_checks->layout()->addWidget(line);
         m_checks->layout()->addWidget(new Hairline(m_checks));
     }
+    m_shownChecks = std::move(checks);
 }
 
 QWidget* OnboardingWindow::answersPage(const Start& start) {
@@ -317,9 +326,11 @@ void OnboardingWindow::showPage(int page) {
     m_pages->setCurrentIndex(page);
     m_dots->setPage(page);
     const bool isLast = page == pageCount - 1;
-    // Trays may have come since, and another program may have let go of a shortcut.
+    // Trays may come at any time, and another program may have let go of a shortcut.
+    m_checking.stop();
     if (page == 1) {
         showChecks();
+        m_checking.start();
     } else if (isLast) {
         showShortcuts();
     }

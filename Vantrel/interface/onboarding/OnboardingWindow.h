@@ -9,6 +9,7 @@
 #include "Vantrel/interface/desk/DeskView.h"
 #include "Vantrel/interface/onboarding/OnboardingContent.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -80,6 +81,9 @@ private:
     Dots* m_dots = nullptr;
     Label* m_checkSummary = nullptr;
     QWidget* m_checks = nullptr;
+    std::vector<OnboardingContent::Check> m_shownChecks;
+    // While the checks are on the page.
+    QTimer m_checking;
     Switch* m_startsWithSession = nullptr;
     struct ShortcutRow {
         Label* detail = nullptr;
