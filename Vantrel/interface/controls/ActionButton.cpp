@@ -45,12 +45,17 @@ void ActionButton::setTexts(const QString& title, const QString& detail) {
 
 void ActionButton::setFilled(bool isFilled) {
     m_isFilled = isFilled;
+    updateGeometry();
     update();
 }
 
 void ActionButton::setSymbol(const std::string& symbol) {
     m_symbol = symbol;
     update();
+}
+
+QFont ActionButton::titleFont() const {
+    return Metrics::scaled(font(), 1, m_isFilled && isEnabled() ? QFont::Medium : QFont::Normal);
 }
 
 QFont ActionButton::detailFont() const {
@@ -60,7 +65,7 @@ QFont ActionButton::detailFont() const {
 QSize ActionButton::sizeHint() const {
     const auto points = [this](double length) { return Metrics::points(*this, length); };
     const QFontMetrics detail(detailFont());
-    const int title = fontMetrics().horizontalAdvance(m_title) + 2;
+    const int title = QFontMetrics(titleFont()).horizontalAdvance(m_title) + 2;
     const int icon = m_symbol.empty() ? 0 : points(symbolSide + symbolGap(*this));
     if (m_form == Form::high) {
         return {points(2 * narrowPadding) + icon +
@@ -73,7 +78,8 @@ QSize ActionButton::sizeHint() const {
 
 QSize ActionButton::minimumSizeHint() const {
     const int icon = m_symbol.empty() ? 0 : Metrics::points(*this, symbolSide + symbolGap(*this));
-    return {Metrics::points(*this, 2 * padding) + icon + fontMetrics().horizontalAdvance(m_title) + 2,
+    return {Metrics::points(*this, 2 * padding) + icon +
+                QFontMetrics(titleFont()).horizontalAdvance(m_title) + 2,
             sizeHint().height()};
 }
 
@@ -136,7 +142,7 @@ void ActionButton::paintEvent(QPaintEvent* /*event*/) {
                          QFontMetrics(font).elidedText(text, Qt::ElideRight, rect.width()));
     };
     if (m_form == Form::plain) {
-        const int width = fontMetrics().horizontalAdvance(m_title) + 2 +
+        const int width = QFontMetrics(titleFont()).horizontalAdvance(m_title) + 2 +
                           (m_symbol.empty() ? 0 : points(symbolSide + symbolGap(*this)));
         area = QRect(0, 0, std::min(width, area.width()), height());
         area.moveCenter(rect().center());
@@ -148,20 +154,20 @@ void ActionButton::paintEvent(QPaintEvent* /*event*/) {
         Symbols::paint(painter, m_symbol, visual(square), tone);
         area.setLeft(area.left() + points(symbolSide + symbolGap(*this)));
     }
-    const QFont titleFont = Metrics::scaled(font(), 1, isFilled ? QFont::Medium : QFont::Normal);
+    const QFont forTitle = titleFont();
     if (m_form == Form::high) {
-        const QFontMetrics titleMetrics(titleFont);
+        const QFontMetrics titleMetrics(forTitle);
         const QFontMetrics detailMetrics(detailFont());
         const int top = (height() - titleMetrics.height() - detailMetrics.height()) / 2;
-        write({area.left(), top, area.width(), titleMetrics.height()}, m_title, titleFont, title,
+        write({area.left(), top, area.width(), titleMetrics.height()}, m_title, forTitle, title,
               Qt::AlignLeft | Qt::AlignVCenter);
         write({area.left(), top + titleMetrics.height(), area.width(), detailMetrics.height()}, m_detail,
               detailFont(), detail, Qt::AlignLeft | Qt::AlignVCenter);
         return;
     }
-    write(area, m_title, titleFont, title, Qt::AlignLeft | Qt::AlignVCenter);
+    write(area, m_title, forTitle, title, Qt::AlignLeft | Qt::AlignVCenter);
     if (!m_detail.isEmpty()) {
-        const int taken = QFontMetrics(titleFont).horizontalAdvance(m_title) + points(12);
+        const int taken = QFontMetrics(forTitle).horizontalAdvance(m_title) + points(12);
         write(area.adjusted(taken, 0, 0, 0), m_detail, detailFont(), detail,
               Qt::AlignRight | Qt::AlignVCenter);
     }

@@ -26,6 +26,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] QFont titleFont() const;
     [[nodiscard]] QFont detailFont() const;
     void paintGround(QPainter& painter);
 

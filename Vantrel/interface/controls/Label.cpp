@@ -13,7 +13,14 @@ Label::Label(Role role, QWidget* parent) : QLabel(parent), m_role(role) {
     setTextFormat(Qt::PlainText);
     // On a button it would be the button's.
     setForegroundRole(QPalette::WindowText);
+    align();
     dress();
+}
+
+// QLabel aligns each text by its own script. A row keeps one edge only if all follow the layout.
+void Label::align() {
+    setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter |
+                 (layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft));
 }
 
 void Label::setElided(bool isElided) {
@@ -61,6 +68,9 @@ void Label::resizeEvent(QResizeEvent* event) {
 void Label::changeEvent(QEvent* event) {
     QLabel::changeEvent(event);
     const auto type = event->type();
+    if (type == QEvent::LayoutDirectionChange) {
+        align();
+    }
     if (!m_isDressing &&
         (type == QEvent::PaletteChange || type == QEvent::FontChange ||
          type == QEvent::ApplicationPaletteChange || type == QEvent::ApplicationFontChange)) {

@@ -1,6 +1,7 @@
 #include "Vantrel/interface/onboarding/OnboardingWindow.h"
 
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/ChoiceButton.h"
 #include "Vantrel/interface/controls/Hairline.h"
 #include "Vantrel/interface/controls/Metrics.h"
 #include "Vantrel/interface/onboarding/OnboardingFilm.h"
@@ -10,7 +11,6 @@
 #include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QRadioButton>
 #include <QStackedWidget>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -180,12 +180,6 @@ QWidget* OnboardingWindow::checksPage() {
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(points(10));
     column->addWidget(m_checks);
-    auto* const again = new ActionButton("", ActionButton::Form::plain, page);
-    again->setTexts(qtr("Check again"), "");
-    again->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(again, &QPushButton::clicked, this, [this] { showChecks(); });
-    column->addSpacing(points(8));
-    column->addWidget(again);
     column->addStretch(1);
     return page;
 }
@@ -222,23 +216,14 @@ QWidget* OnboardingWindow::answersPage(const Start& start) {
     auto* const page = newPage(qtr("How you work"), qtr("How often do displays come and go?"), column);
     auto* const group = new QButtonGroup(page);
     for (const auto& each : OnboardingContent::answers()) {
-        auto* const button = new QRadioButton(qt(each.title), page);
-        button->setAccessibleDescription(qt(each.detail));
+        auto* const button = new ChoiceButton(qt(each.title), qt(each.detail), page);
         button->setChecked(start.answer == each.frequency);
         group->addButton(button);
-        connect(button, &QRadioButton::clicked, this, [this, frequency = each.frequency] {
+        connect(button, &ChoiceButton::clicked, this, [this, frequency = each.frequency] {
             m_actions.answer(frequency);
             m_startsWithSession->setChecked(OnboardingContent::suggestion(frequency).startsWithSession);
         });
-        auto* const detail = new Label(Label::Role::second, page);
-        detail->show(qt(each.detail));
-        auto* const indented = new QHBoxLayout;
-        indented->addSpacing(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) +
-                             style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
-        indented->addWidget(detail, 1);
         column->addWidget(button);
-        column->addLayout(indented);
-        column->addSpacing(points(6));
     }
     column->addSpacing(points(4));
     column->addWidget(new Hairline(page));

@@ -32,12 +32,13 @@ MessageRow::MessageRow(const PanelContent::Message& message, const PanelActions&
     setAccessibleDescription(qt(message.detail));
     // Spaces are mirrored, margins are not.
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, points(6), points(6),
+    row->setContentsMargins(0, points(6), 0,
                             points(message.detail.empty() && message.actions.size() < 2 ? 6 : 10));
     row->setSpacing(0);
     row->addSpacing(points(leftMargin + symbolSide + symbolGap));
     auto* const column = new QVBoxLayout;
     row->addLayout(column, 1);
+    row->addSpacing(points(6));
     m_column = column;
     column->setSpacing(points(4));
     auto* const top = new QHBoxLayout;

@@ -87,6 +87,9 @@ QWidget* PanelView::header() {
     row->addWidget(m_symbol, 0, Qt::AlignVCenter);
     auto* const texts = column(nullptr, 0);
     m_deskName = new QLineEdit(header);
+    // Above the phase, whatever its script.
+    m_deskName->setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter |
+                             (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
     m_deskName->setFrame(false);
     m_deskName->setAccessibleName(qtr("Name of this desk"));
     m_deskName->setFont(Metrics::scaled(font(), 1.15, QFont::DemiBold));
@@ -96,7 +99,8 @@ QWidget* PanelView::header() {
     frame.rect = QRect(0, 0, points(200), points(30));
     const int padding = style()->subElementRect(QStyle::SE_LineEditContents, &frame, m_deskName).left();
     constexpr int ownMargin = 2;
-    m_deskName->setTextMargins(-padding - ownMargin, 0, 0, 0);
+    const int before = -padding - ownMargin;
+    m_deskName->setTextMargins(isRightToLeft() ? 0 : before, 0, isRightToLeft() ? before : 0, 0);
     // A label until somebody edits it.
     QPalette clear = m_deskName->palette();
     clear.setColor(QPalette::Base, Qt::transparent);
@@ -272,7 +276,7 @@ void PanelView::addScenes(QBoxLayout& parts) {
     group->setContentsMargins(points(8), points(10), points(8), points(14));
     auto* const heading = new Label(Label::Role::group, m_body);
     heading->show(qtr("Scenes"));
-    heading->setContentsMargins(points(10), 0, 0, points(6));
+    heading->setContentsMargins(points(10), 0, points(10), points(6));
     m_scenesHint = new Label(Label::Role::text, m_body);
     m_scenesHint->show(
         qtr("A scene is a desk you can call back by name: one for writing, one for meetings."));

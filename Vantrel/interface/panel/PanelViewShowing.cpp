@@ -190,7 +190,7 @@ void PanelView::showScenes() {
     for (const auto& group : m_content.otherScenes) {
         auto* const heading = new Label(Label::Role::group, m_otherList);
         heading->show(qt(group.deskName));
-        heading->setContentsMargins(points(10), points(8), 0, points(4));
+        heading->setContentsMargins(points(10), points(8), points(10), points(4));
         column.addWidget(heading);
         heading->QWidget::show();
         fillScenes(column, group.scenes);

@@ -1,0 +1,33 @@
+// One of several answers of which exactly one holds: a title with a sentence below it, the chosen one on a
+// ground of its own.
+#pragma once
+
+#include <QRadioButton>
+
+namespace vantrel {
+
+class ChoiceButton final : public QRadioButton {
+public:
+    ChoiceButton(const QString& title, const QString& detail, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
+
+private:
+    // From the leading edge to the texts.
+    [[nodiscard]] int indent() const;
+    [[nodiscard]] QFont titleFont() const;
+    [[nodiscard]] QFont detailFont() const;
+    // The height of the wrapped detail.
+    [[nodiscard]] int detailHeight(int width) const;
+
+    QString m_detail;
+};
+
+} // namespace vantrel
