@@ -8,6 +8,7 @@
 #include "Vantrel/diagnostics/UpdateChecker.h"
 #include "Vantrel/diagnostics/VendorServer.h"
 #include "Vantrel/interface/HUDOverlay.h"
+#include "Vantrel/interface/ShortcutText.h"
 #include "Vantrel/interface/ShownWindows.h"
 #include "Vantrel/interface/StatusIcon.h"
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
@@ -298,6 +299,7 @@ int main(int argumentCount, char** arguments) {
     QApplication application(argumentCount, arguments);
     application.setQuitOnLastWindowClosed(false);
     application.setApplicationDisplayName("Vantrel");
+    ShortcutText::use(ShortcutText::Style::glyphs);
     const auto supportDirectory = MacFolders::supportDirectory();
     if (!supportDirectory) {
         return complain("macOS provides no Application Support folder for the layouts.");

@@ -1,6 +1,6 @@
 #include "Vantrel/interface/HUDText.h"
 
-#include "VantrelCore/commands/HotKeyText.h"
+#include "Vantrel/interface/ShortcutText.h"
 #include "VantrelCore/scenes/SceneApplyCaption.h"
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
 #include "VantrelCore/text/CountedNoun.h"
@@ -84,7 +84,7 @@ struct Text {
     HUDText operator()(const HUD::Stashed& stashed) const {
         return {"Desk put aside",
                 joined({countedNoun(stashed.windows, "window"),
-                        stashed.shortcut ? HotKeyText::text(*stashed.shortcut) + " brings it back" : ""}),
+                        stashed.shortcut ? ShortcutText::of(*stashed.shortcut) + " brings it back" : ""}),
                 "stash"};
     }
 
@@ -95,7 +95,7 @@ struct Text {
         return {
             withoutFullStop(text.substr(0, end)),
             joined({isOne ? "" : withoutFullStop(text.substr(end + 2)),
-                    refused.saveShortcut ? HotKeyText::text(*refused.saveShortcut) + " remembers it" : ""}),
+                    refused.saveShortcut ? ShortcutText::of(*refused.saveShortcut) + " remembers it" : ""}),
             "info"};
     }
 

@@ -38,11 +38,9 @@ QString menuTitle(const std::string& text, std::optional<std::size_t> mnemonic,
 }
 
 // Only shown: the system's own shortcut is what acts.
-QKeySequence keySequence(HotKeyCombo combo, StatusItemContextMenu::Tray tray) {
+QKeySequence keySequence(HotKeyCombo combo) {
     QString text = qt(HotKeyText::text(combo));
-    // Qt calls a Mac's Command key Control, and its Control key Meta.
-    const bool isMac = tray == StatusItemContextMenu::Tray::menuBar;
-    text.replace("Control", isMac ? "Meta" : "Ctrl").replace("Super", isMac ? "Ctrl" : "Meta");
+    text.replace("Control", "Ctrl").replace("Super", "Meta");
     return QKeySequence::fromString(text, QKeySequence::PortableText);
 }
 
@@ -125,9 +123,11 @@ void StatusItemContextMenu::install(QSystemTrayIcon& icon, Tray tray) {
 
 std::vector<MenuBarItem::Entry> StatusItemContextMenu::menuBarEntries() {
     m_tray = Tray::menuBar;
-    fill(m_menu, wantedEntries(), m_tray);
+    const auto wanted = wantedEntries();
+    fill(m_menu, wanted, m_tray);
     std::vector<MenuBarItem::Entry> found;
-    for (QAction* const action : m_menu.actions()) {
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        QAction* const action = m_menu.actions()[static_cast<qsizetype>(i)];
         if (action->isSeparator()) {
             found.emplace_back();
             continue;
@@ -137,6 +137,7 @@ std::vector<MenuBarItem::Entry> StatusItemContextMenu::menuBarEntries() {
         found.push_back({.title = QString(title).replace(QRegularExpression("&(.)"), "\\1").toStdString(),
                          .isEnabled = action->isEnabled(),
                          .isChecked = action->isChecked(),
+                         .shortcut = wanted[i].shortcut,
                          .perform = [chosen = QPointer(action)] {
                              if (chosen) {
                                  chosen->trigger();
@@ -226,8 +227,8 @@ void StatusItemContextMenu::fill(QMenu& menu, const std::vector<StatusItemMenuEn
         QAction* const action =
             menu.addAction(menuTitle(StatusItemMenuBuilder::title(entry), mnemonics[i], tray));
         action->setEnabled(!isInformational(entry));
-        if (entry.shortcut) {
-            action->setShortcut(keySequence(*entry.shortcut, tray));
+        if (entry.shortcut && tray != Tray::menuBar) {
+            action->setShortcut(keySequence(*entry.shortcut));
             action->setShortcutVisibleInContextMenu(true);
         }
         if (entry.kind == StatusItemMenuEntry::Kind::scene) {

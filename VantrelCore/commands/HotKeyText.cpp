@@ -106,11 +106,15 @@ std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
                         rest));
     }
     combo.keyCode = *code;
-    if ((combo.modifiers & ~HotKeyModifiers::shift) == 0 && !isFunctionKey(*code)) {
+    if (blocksTyping(combo)) {
         return std::unexpected(
             "A shortcut needs Control, Alt or Super; otherwise no other program could use the key.");
     }
     return combo;
+}
+
+bool blocksTyping(HotKeyCombo combo) {
+    return (combo.modifiers & ~HotKeyModifiers::shift) == 0 && !isFunctionKey(combo.keyCode);
 }
 
 } // namespace vantrel::HotKeyText

@@ -21,4 +21,7 @@ inline constexpr std::size_t maxLength = 100;
 // shortcut that would block an ordinary key in every program, or too long a text.
 [[nodiscard]] std::expected<HotKeyCombo, std::string> parse(std::string_view text);
 
+// True if the shortcut would block an ordinary key in every program.
+[[nodiscard]] bool blocksTyping(HotKeyCombo combo);
+
 } // namespace vantrel::HotKeyText

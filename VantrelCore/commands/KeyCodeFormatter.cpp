@@ -69,4 +69,14 @@ std::int64_t carbonModifiers(std::uint64_t eventFlags) {
     return mask;
 }
 
+std::uint64_t eventFlags(std::int64_t carbonModifiers) {
+    std::uint64_t flags = 0;
+    for (const auto& modifier : modifierTable) {
+        if ((carbonModifiers & modifier.mask) != 0) {
+            flags |= modifier.eventFlag;
+        }
+    }
+    return flags;
+}
+
 } // namespace vantrel::KeyCodeFormatter

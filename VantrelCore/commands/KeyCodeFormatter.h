@@ -29,4 +29,7 @@ inline constexpr std::uint64_t command = 1U << 20U;
 // The Carbon mask of a key event's modifiers; Caps Lock, Fn and every other flag are ignored.
 [[nodiscard]] std::int64_t carbonModifiers(std::uint64_t eventFlags);
 
+// The inverse, for the four modifiers.
+[[nodiscard]] std::uint64_t eventFlags(std::int64_t carbonModifiers);
+
 } // namespace vantrel::KeyCodeFormatter

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VantrelCore/model/Geometry.h"
+#include "VantrelCore/model/HotKeyCombo.h"
 
 #include <functional>
 #include <optional>
@@ -18,6 +19,8 @@ public:
         std::string title;
         bool isEnabled = true;
         bool isChecked = false;
+        // Shown beside the title, and works while the menu is open.
+        std::optional<HotKeyCombo> shortcut{};
         std::function<void()> perform;
     };
 

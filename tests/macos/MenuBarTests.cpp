@@ -26,6 +26,7 @@ TEST_F(InTheMenuBar, OpensThePanelWithOneButtonAndAnUnchangingMenuWithTheOther) 
                               const auto number = std::to_string(++filled);
                               return std::vector<MenuBarItem::Entry>{
                                   {.title = "Restore " + number,
+                                   .shortcut = HotKeyCombo{.keyCode = 15, .modifiers = 768},
                                    .perform = [&, number] { done.push_back("restore " + number); }},
                                   {},
                                   {.title = "Trial ended", .isEnabled = false, .perform = {}}};
@@ -39,9 +40,10 @@ TEST_F(InTheMenuBar, OpensThePanelWithOneButtonAndAnUnchangingMenuWithTheOther) 
     cocoa::clickMenuBarItem(Click::right);
     EXPECT_EQ(filled, 1);
     EXPECT_EQ(done.back(), "restore 1");
-    EXPECT_THAT(bar.opened, ElementsAre("Restore 1", "disabled ", "disabled Trial ended"));
+    EXPECT_THAT(bar.opened, ElementsAre("Restore 1 [1179648 r]", "disabled ", "disabled Trial ended"));
+
     cocoa::clickMenuBarItem(Click::control);
-    EXPECT_EQ(bar.opened.front(), "Restore 2");
+    EXPECT_EQ(bar.opened.front(), "Restore 2 [1179648 r]");
     cocoa::clickMenuBarItem(Click::left);
     EXPECT_EQ(done.back(), "panel");
 }

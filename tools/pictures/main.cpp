@@ -1,4 +1,5 @@
 // vantrel_pictures: paints every surface of the interface in every state, offscreen, as PNG files.
+#include "Vantrel/interface/ShortcutText.h"
 #include "tools/pictures/LongTexts.h"
 #include "tools/pictures/Surface.h"
 
@@ -67,12 +68,14 @@ int main(int argumentCount, char** arguments) {
     double scale = 1;
     int fontSize = 10;
     bool hasLongTexts = false;
+    bool hasSigns = false;
     app.add_option("DIR", folder, "Where the pictures go")->required();
     app.add_option("--scale", scale, "Pixels per point");
     app.add_option("--style", styleName, "The style of the controls");
     app.add_option("--font-size", fontSize, "The size of the interface's font in points")
         ->capture_default_str();
     app.add_flag("--long-texts", hasLongTexts, "Makes every text 40 % longer");
+    app.add_flag("--mac-shortcuts", hasSigns, "Writes shortcuts as on a Mac");
     app.add_option("--only", only, "Only surfaces whose name contains this");
     CLI11_PARSE(app, argumentCount, arguments)
 
@@ -89,6 +92,9 @@ int main(int argumentCount, char** arguments) {
     }
     QFont font(QFontDatabase::hasFamily("Inter") ? "Inter" : QApplication::font().family(), fontSize);
     QApplication::setFont(font);
+    if (hasSigns) {
+        ShortcutText::use(ShortcutText::Style::glyphs);
+    }
     pictures::LongTexts longTexts;
     if (hasLongTexts) {
         QApplication::installTranslator(&longTexts);

@@ -1,5 +1,6 @@
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
 
+#include "Vantrel/interface/ShortcutText.h"
 #include "Vantrel/interface/Text.h"
 #include "Vantrel/interface/controls/KeyModifiers.h"
 #include "Vantrel/interface/controls/Metrics.h"
@@ -13,9 +14,14 @@ namespace vantrel {
 
 namespace {
 
-// Between two key caps, and inside each.
-constexpr double capGap = 16;
+// Inside each key cap, and between two: with a plus sign, and without.
 constexpr double capPadding = 16;
+constexpr double wideCapGap = 16;
+constexpr double narrowCapGap = 4;
+
+double capGap() {
+    return ShortcutText::separator().isEmpty() ? narrowCapGap : wideCapGap;
+}
 
 bool isModifier(int key) {
     switch (key) {
@@ -92,10 +98,7 @@ QStringList HotKeyRecorder::keyCaps() const {
     if (!m_hasKeyCaps || m_isRecording || m_shortcut.isEmpty()) {
         return {};
     }
-    // The last key may itself be a plus sign.
-    QStringList keys = m_shortcut.chopped(1).split('+');
-    keys.last() += m_shortcut.last(1);
-    return keys;
+    return ShortcutText::keys(m_shortcut);
 }
 
 void HotKeyRecorder::showText() {
@@ -158,9 +161,7 @@ void HotKeyRecorder::keyPressEvent(QKeyEvent* event) {
                 : event->key() == Qt::Key_Control ? Qt::ControlModifier
                 : event->key() == Qt::Key_Alt     ? Qt::AltModifier
                                                   : Qt::MetaModifier;
-        const QString text =
-            qt(HotKeyText::text({.keyCode = 0, .modifiers = KeyModifiers::ofShortcut(held)}));
-        m_held = text.left(text.lastIndexOf('+') + 1);
+        m_held = qt(ShortcutText::ofModifiers(KeyModifiers::ofShortcut(held)));
         showText();
         return;
     }
@@ -191,14 +192,11 @@ void HotKeyRecorder::record(HotKeyCombo combo) {
         return;
     }
     const auto* const change = std::get_if<HotKeyRecording::Store>(&outcome);
-    if (change != nullptr && change->combo) {
-        // Refuses what would block an ordinary key in every program.
-        if (const auto usable = HotKeyText::parse(HotKeyText::text(combo)); !usable) {
-            m_handlers.problem(usable.error());
-            m_held.clear();
-            showText();
-            return;
-        }
+    if (change != nullptr && change->combo && HotKeyText::blocksTyping(combo)) {
+        m_handlers.problem(ShortcutText::needsModifier());
+        m_held.clear();
+        showText();
+        return;
     }
     stopRecording();
     m_handlers.problem(change != nullptr ? m_handlers.store(change->combo).value_or("") : "");
@@ -218,8 +216,8 @@ QSize HotKeyRecorder::sizeHint() const {
     if (const QStringList keys = keyCaps(); !keys.isEmpty()) {
         int width = 0;
         for (const QString& key : keys) {
-            width += (width > 0 ? Metrics::points(*this, capGap) : 0) + fontMetrics().horizontalAdvance(key) +
-                     Metrics::points(*this, capPadding);
+            width += (width > 0 ? Metrics::points(*this, capGap()) : 0) +
+                     fontMetrics().horizontalAdvance(key) + Metrics::points(*this, capPadding);
         }
         return {width, Metrics::points(*this, 28)};
     }
@@ -233,12 +231,13 @@ QSize HotKeyRecorder::sizeHint() const {
 void HotKeyRecorder::paintKeyCaps(QPainter& painter, const QStringList& keys) const {
     const auto colors = DeskColors::of(palette());
     const double height = Metrics::points(*this, 24);
-    const double gap = Metrics::points(*this, capGap);
+    const double gap = Metrics::points(*this, capGap());
     double left = 0;
     for (const QString& key : keys) {
         if (left > 0) {
             painter.setPen(colors.secondText);
-            painter.drawText(QRectF(left, 0, gap, this->height()), Qt::AlignCenter, "+");
+            painter.drawText(QRectF(left, 0, gap, this->height()), Qt::AlignCenter,
+                             ShortcutText::separator());
             left += gap;
         }
         const double width = fontMetrics().horizontalAdvance(key) + Metrics::points(*this, capPadding);

@@ -46,6 +46,8 @@ public:
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     void startRecording();
     void stopRecording();
+    // What it says now: the shortcut, or what is held while one is recorded.
+    [[nodiscard]] QString shownText() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -63,7 +65,6 @@ private:
     // The keys to draw one by one; empty for a text in one piece.
     [[nodiscard]] QStringList keyCaps() const;
     void paintKeyCaps(QPainter& painter, const QStringList& keys) const;
-    [[nodiscard]] QString shownText() const;
     void record(HotKeyCombo combo);
 
     HotKeySurface m_surface;

@@ -1,7 +1,7 @@
 #include "Vantrel/interface/onboarding/OnboardingContent.h"
 
+#include "Vantrel/interface/ShortcutText.h"
 #include "Vantrel/interface/Text.h"
-#include "VantrelCore/commands/HotKeyText.h"
 
 #include <algorithm>
 #include <array>
@@ -86,7 +86,7 @@ std::vector<OnboardingContent::Shortcut> OnboardingContent::shortcuts(const Publ
             return status.taken.surface == shortcut.surface;
         });
         if (found != state.hotKeys.end()) {
-            shortcut.keys = HotKeyText::text(found->taken.combo);
+            shortcut.keys = ShortcutText::of(found->taken.combo);
             shortcut.isRefused = found->state == HotKeyStatus::State::refused;
         }
     }

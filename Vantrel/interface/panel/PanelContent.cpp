@@ -1,8 +1,8 @@
 #include "Vantrel/interface/panel/PanelContent.h"
 
+#include "Vantrel/interface/ShortcutText.h"
 #include "Vantrel/interface/Text.h"
 #include "Vantrel/interface/panel/PanelMessages.h"
-#include "VantrelCore/commands/HotKeyText.h"
 #include "VantrelCore/scenes/SceneIconography.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/stores/SceneStore.h"
@@ -26,7 +26,7 @@ const HotKeyStatus* hotKey(const PublishedState& state, const HotKeySurface& sur
 std::string shortcut(const PublishedState& state, HotKeySurface::Kind kind) {
     const auto* const status = hotKey(state, {kind, {}});
     return status != nullptr && status->state == HotKeyStatus::State::registered
-               ? HotKeyText::text(status->taken.combo)
+               ? ShortcutText::of(status->taken.combo)
                : "";
 }
 
@@ -100,7 +100,7 @@ PanelContent::SceneRow row(const Scene& scene, const PublishedState& state) {
             .name = scene.name,
             .symbol = std::string(SceneIconography::symbol(scene.name)),
             .detail = sceneDetail(scene, state),
-            .shortcut = combo ? HotKeyText::text(*combo) : "",
+            .shortcut = combo ? ShortcutText::of(*combo) : "",
             .isShortcutRefused = key != nullptr && key->state == HotKeyStatus::State::refused,
             .isPinned = scene.isPinned(),
             .isCurrent = state.lastAppliedSceneID == scene.id};

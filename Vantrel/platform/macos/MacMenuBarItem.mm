@@ -1,9 +1,14 @@
 #include "Vantrel/platform/macos/MacMenuBarItem.h"
 
 #include "Vantrel/platform/macos/FoundationText.h"
+#include "VantrelCore/commands/KeyCodeFormatter.h"
 
 #import <AppKit/AppKit.h>
 
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <string_view>
 #include <utility>
 
 #if !__has_feature(objc_arc)
@@ -38,6 +43,39 @@ VantrelActionTarget* target(std::function<void()> work) {
     VantrelActionTarget* const made = [[VantrelActionTarget alloc] init];
     made->m_work = std::move(work);
     return made;
+}
+
+// What AppKit shows and compares for a key; empty for a key without a name here.
+std::string keyEquivalent(std::int64_t keyCode) {
+    // AppKit's NSUpArrowFunctionKey is U+F700, and so on.
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 19> named{{{"Space", " "},
+                                                                                   {"Return", "\r"},
+                                                                                   {"Tab", "\t"},
+                                                                                   {"↑", "\uF700"},
+                                                                                   {"↓", "\uF701"},
+                                                                                   {"←", "\uF702"},
+                                                                                   {"→", "\uF703"},
+                                                                                   {"F1", "\uF704"},
+                                                                                   {"F2", "\uF705"},
+                                                                                   {"F3", "\uF706"},
+                                                                                   {"F4", "\uF707"},
+                                                                                   {"F5", "\uF708"},
+                                                                                   {"F6", "\uF709"},
+                                                                                   {"F7", "\uF70A"},
+                                                                                   {"F8", "\uF70B"},
+                                                                                   {"F9", "\uF70C"},
+                                                                                   {"F10", "\uF70D"},
+                                                                                   {"F11", "\uF70E"},
+                                                                                   {"F12", "\uF70F"}}};
+    const std::string glyph = KeyCodeFormatter::keyGlyph(keyCode);
+    const auto* const found = std::ranges::find(named, glyph, [](const auto& each) { return each.first; });
+    if (found != named.end()) {
+        return std::string(found->second);
+    }
+    // A capital letter would add Shift.
+    return glyph.size() == 1
+               ? std::string(1, static_cast<char>(std::tolower(static_cast<unsigned char>(glyph.front()))))
+               : "";
 }
 
 bool asksForMenu(NSEvent* event) {
@@ -91,6 +129,10 @@ struct MacMenuBarItem::State {
                                                      keyEquivalent:@""];
         targets.push_back(target(std::move(entry.perform)));
         made.target = targets.back();
+        if (entry.shortcut) {
+            made.keyEquivalent = FoundationText::make(keyEquivalent(entry.shortcut->keyCode));
+            made.keyEquivalentModifierMask = KeyCodeFormatter::eventFlags(entry.shortcut->modifiers);
+        }
         made.enabled = entry.isEnabled;
         made.state = entry.isChecked ? NSControlStateValueOn : NSControlStateValueOff;
         return made;

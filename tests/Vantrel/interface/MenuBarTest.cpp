@@ -50,6 +50,9 @@ TEST(MenuBar, ShowsThePhaseThePanelAndAMenuThatWorks) {
         EXPECT_EQ(item.pictures.size(), 2U);
         // Chosen after the menu's content has changed.
         ASSERT_FALSE(entries.empty());
+        const auto restore = std::ranges::find(entries, "Restore now", &MenuBarItem::Entry::title);
+        ASSERT_NE(restore, entries.end());
+        EXPECT_EQ(restore->shortcut, HotKeyDefaults::restore);
         EXPECT_THAT(entries.front().title, testing::Not(testing::HasSubstr("&")));
         entries.back().perform();
         EXPECT_EQ(done.back(), "quit");

@@ -94,9 +94,11 @@ void send(id target, SEL action, id sender) {
     // Not retained.
     id _target;
     BOOL _enabled;
+    std::string _key;
 }
 @synthesize enabled = _enabled;
 @synthesize state = _state;
+@synthesize keyEquivalentModifierMask = _keyEquivalentModifierMask;
 + (NSMenuItem*)separatorItem {
     return [[NSMenuItem new] autorelease];
 }
@@ -111,6 +113,16 @@ void send(id target, SEL action, id sender) {
 }
 - (void)setTarget:(id)target {
     _target = target;
+}
+- (NSString*)keyEquivalent {
+    return make(_key);
+}
+- (void)setKeyEquivalent:(NSString*)key {
+    _key = text(key);
+}
+- (std::string)shown {
+    const std::string flags = std::to_string(_keyEquivalentModifierMask);
+    return (_enabled ? "" : "disabled ") + _title + (_key.empty() ? "" : " [" + flags + " " + _key + "]");
 }
 @end
 
@@ -188,7 +200,7 @@ void send(id target, SEL action, id sender) {
     // Returns when the user has chosen an entry or closed the menu.
     menuBar().opened.clear();
     for (NSMenuItem* const item : menu->_items) {
-        menuBar().opened.push_back((item.enabled ? "" : "disabled ") + item->_title);
+        menuBar().opened.push_back([item shown]);
     }
     for (NSMenuItem* const item : menu->_items) {
         if (!item->_title.empty() && item->_title == menuBar().chosen && item.enabled) {

@@ -71,7 +71,7 @@ struct MenuBar {
     std::string label;
     std::size_t resolutions = 0;
     bool isTemplate = false;
-    // The entries of the menu that was opened last.
+    // The entries of the menu that was opened last, with their key equivalents: "Restore [1048576 r]".
     std::vector<std::string> opened;
     // The title of the entry that the user chooses.
     std::string chosen;

@@ -136,6 +136,8 @@ enum : NSControlStateValue { NSControlStateValueOff = 0, NSControlStateValueOn =
 @property(nullable, weak) id target;
 @property(getter=isEnabled) BOOL enabled;
 @property NSControlStateValue state;
+@property(copy) NSString* keyEquivalent;
+@property NSUInteger keyEquivalentModifierMask;
 @end
 
 @interface NSMenu : NSObject
