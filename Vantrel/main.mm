@@ -11,10 +11,13 @@
 #include "Vantrel/interface/ShortcutText.h"
 #include "Vantrel/interface/ShownWindows.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/desk/PictureIcons.h"
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/interface/switcher/QuickSwitcher.h"
+#include "Vantrel/interface/symbols/Symbols.h"
 #include "Vantrel/licensing/LicenseManager.h"
+#include "Vantrel/platform/macos/ApplicationPictures.h"
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
 #include "Vantrel/platform/macos/FocusFilterReader.h"
 #include "Vantrel/platform/macos/FocusReturn.h"
@@ -31,6 +34,7 @@
 #include "Vantrel/platform/macos/MacMenuBarItem.h"
 #include "Vantrel/platform/macos/MacNotifications.h"
 #include "Vantrel/platform/macos/MacSystemEvents.h"
+#include "Vantrel/platform/macos/MacSystemSymbols.h"
 #include "Vantrel/platform/macos/MacUserDefaults.h"
 #include "Vantrel/platform/macos/MacWork.h"
 #include "Vantrel/platform/macos/MacWorkspace.h"
@@ -158,6 +162,7 @@ public:
 private:
     void startSurfaces() {
         PanelPresenter::Services services;
+        services.icons = &m_icons;
         services.keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); };
         services.trayIcon = [this] { return m_statusIcon ? m_statusIcon->place() : std::nullopt; };
         services.permissionTitle = "Vantrel needs Accessibility access";
@@ -168,7 +173,7 @@ private:
         services.quit = [] { QCoreApplication::quit(); };
         m_panel.emplace(*m_controller, std::move(services));
         m_controller->setPanelHandler([this] { m_panel->open(); });
-        m_switcher.emplace(*m_controller, QuickSwitcher::Services{});
+        m_switcher.emplace(*m_controller, QuickSwitcher::Services{.icons = &m_icons});
         m_statusIcon.emplace(
             *m_controller,
             StatusIcon::Actions{
@@ -280,6 +285,7 @@ private:
     HUDOverlay m_overlay;
     std::unique_ptr<AppController> m_controller;
     std::optional<IntentsBridge> m_intents;
+    PictureIcons m_icons{ApplicationPictures::read};
     FocusReturn m_focusReturn;
     ShownWindows m_shownWindows{{.shown = [this] { m_focusReturn.windowShown(); },
                                  .lastClosed = [this] { m_focusReturn.lastWindowClosed(); }}};
@@ -300,6 +306,8 @@ int main(int argumentCount, char** arguments) {
     application.setQuitOnLastWindowClosed(false);
     application.setApplicationDisplayName("Vantrel");
     ShortcutText::use(ShortcutText::Style::glyphs);
+    MacSystemSymbols symbols;
+    Symbols::useSystem(&symbols);
     const auto supportDirectory = MacFolders::supportDirectory();
     if (!supportDirectory) {
         return complain("macOS provides no Application Support folder for the layouts.");

@@ -4,10 +4,13 @@
 #include "Vantrel/interface/symbols/SvgPath.h"
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -95,23 +98,120 @@ constexpr std::pair<const char*, const char*> drawings[] = {
                      ".9-.9zM6.8 5.2v3.6L10 7zM5.2 13.6h5.6"},
 };
 
-// The system symbols that SceneIconography chooses, as we draw them.
+// What the system calls a symbol like ours. The names of scenes' symbols are among them, so that each of
+// these names belongs to one drawing.
 constexpr std::pair<std::string_view, std::string_view> systemNames[] = {
-    {"chevron.left.forwardslash.chevron.right", "code"},
-    {"brain.head.profile", "brain"},
-    {"paintbrush", "brush"},
-    {"magnifyingglass", "search"},
-    {"bubble.left", "bubble"},
-    {"play.rectangle", "presentation"},
+    {"code", "chevron.left.forwardslash.chevron.right"},
+    {"brain", "brain.head.profile"},
+    {"brush", "paintbrush"},
+    {"search", "magnifyingglass"},
+    {"bubble", "bubble.left"},
+    {"presentation", "play.rectangle"},
     {"pencil", "pencil"},
     {"envelope", "envelope"},
-    {"music.note", "note"},
-    {"dot.radiowaves.left.and.right", "broadcast"},
-    {"video", "phone"},
-    {"gamecontroller", "game"},
+    {"note", "music.note"},
+    {"broadcast", "dot.radiowaves.left.and.right"},
+    {"phone", "video"},
+    {"game", "gamecontroller"},
     {"briefcase", "briefcase"},
     {"house", "house"},
+    {"scenes", "rectangle.3.group"},
+    {"monitor", "display"},
+    {"laptop", "laptopcomputer"},
+    {"clock", "clock"},
+    {"rules", "slider.horizontal.3"},
+    {"gear", "gearshape"},
+    {"pin", "pin"},
+    {"dots", "ellipsis"},
+    {"plus", "plus"},
+    {"close", "xmark"},
+    {"check", "checkmark"},
+    {"warn", "exclamationmark.triangle"},
+    {"info", "info.circle"},
+    {"restore", "arrow.uturn.backward"},
+    {"undo", "arrow.uturn.backward"},
+    {"save", "square.and.arrow.down"},
+    {"stash", "tray"},
+    {"down", "chevron.down"},
+    {"right", "chevron.right"},
+    {"left", "chevron.left"},
+    {"keyboard", "keyboard"},
+    {"bolt", "bolt"},
+    {"calendar", "calendar"},
+    {"trash", "trash"},
+    {"copy", "doc.on.doc"},
+    {"folder", "folder"},
+    {"power", "power"},
+    {"play", "play"},
+    {"window", "macwindow"},
+    {"move", "arrow.right"},
+    {"moon", "moon"},
+    {"key", "key"},
+    {"download", "arrow.down.to.line"},
+    {"eye", "eye"},
+    {"shield", "shield"},
+    {"lock", "lock"},
 };
+
+struct Mask {
+    QImage image;
+    // In units of the font's size.
+    QSizeF size;
+};
+
+struct System {
+    SystemSymbols* symbols = nullptr;
+    // By our names; none for those that the system lacks.
+    std::map<std::string, std::optional<Mask>, std::less<>> known;
+};
+
+System& system() {
+    static System system;
+    return system;
+}
+
+std::optional<Mask> readMask(SystemSymbols& symbols, std::string_view name) {
+    const auto* const named =
+        std::ranges::find(systemNames, name, &std::pair<std::string_view, std::string_view>::first);
+    const auto picture =
+        named == std::end(systemNames) ? std::nullopt : symbols.picture(std::string(named->second));
+    if (!picture || picture->size.width <= 0 || picture->size.height <= 0) {
+        return std::nullopt;
+    }
+    const auto image = QImage::fromData(QByteArray::fromStdString(picture->png), "PNG");
+    return image.isNull() ? std::nullopt
+                          : std::optional(Mask{image, {picture->size.width, picture->size.height}});
+}
+
+const std::optional<Mask>& mask(std::string_view name) {
+    static const std::optional<Mask> none;
+    if (system().symbols == nullptr) {
+        return none;
+    }
+    if (const auto found = system().known.find(name); found != system().known.end()) {
+        return found->second;
+    }
+    return system().known.emplace(name, readMask(*system().symbols, name)).first->second;
+}
+
+void paintMask(QPainter& painter, const Mask& mask, const QRectF& square, const QColor& color) {
+    // Of the square's side: what the font has that suits our drawings.
+    constexpr double share = 0.8;
+    const double font = square.height() * std::min({share, 1 / mask.size.width(), 1 / mask.size.height()});
+    QRectF place(QPointF(), mask.size * font);
+    place.moveCenter(square.center());
+    const double resolution = painter.deviceTransform().m22();
+    const QSize pixels = (place.size() * std::abs(resolution)).toSize().expandedTo(QSize(1, 1));
+    // Averages the pixels, which the painter itself would not do.
+    QImage tinted = mask.image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter tint(&tinted);
+    tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    tint.fillRect(tinted.rect(), color);
+    tint.end();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(place, tinted);
+}
 
 const QPainterPath& path(std::string_view name) {
     static std::map<std::string, QPainterPath, std::less<>> known;
@@ -148,6 +248,11 @@ private:
 
 void paint(QPainter& painter, std::string_view name, const QRectF& square, const QColor& color) {
     painter.save();
+    if (const auto& shown = mask(name)) {
+        paintMask(painter, *shown, square, color);
+        painter.restore();
+        return;
+    }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(square.topLeft());
     painter.scale(square.width() / grid, square.height() / grid);
@@ -168,8 +273,12 @@ bool exists(std::string_view name) {
 
 std::string_view ofSystemSymbol(std::string_view name) {
     const auto* const found =
-        std::ranges::find(systemNames, name, &std::pair<std::string_view, std::string_view>::first);
-    return found == std::end(systemNames) ? "scenes" : found->second;
+        std::ranges::find(systemNames, name, &std::pair<std::string_view, std::string_view>::second);
+    return found == std::end(systemNames) ? "scenes" : found->first;
+}
+
+void useSystem(SystemSymbols* symbols) {
+    system() = {.symbols = symbols, .known = {}};
 }
 
 } // namespace vantrel::Symbols

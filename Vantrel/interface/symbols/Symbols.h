@@ -1,5 +1,8 @@
-// The interface's symbols: line drawings on a grid of 16 units, in any colour and at any size.
+// The interface's symbols, in any colour and at any size: the system's where it has them, else line drawings
+// on a grid of 16 units.
 #pragma once
+
+#include "VantrelCore/ports/SystemSymbols.h"
 
 #include <QColor>
 #include <QIcon>
@@ -17,9 +20,13 @@ void paint(QPainter& painter, std::string_view name, const QRectF& square, const
 // In a colour of the application's palette, which it follows.
 [[nodiscard]] QIcon icon(std::string_view name, QPalette::ColorRole role = QPalette::ButtonText);
 
+// Whether there is a drawing.
 [[nodiscard]] bool exists(std::string_view name);
 
 // Our symbol for one that SceneIconography has chosen.
 [[nodiscard]] std::string_view ofSystemSymbol(std::string_view name);
+
+// Takes symbols from the system, which outlives their use; null for drawings only.
+void useSystem(SystemSymbols* symbols);
 
 } // namespace vantrel::Symbols

@@ -1,7 +1,10 @@
 #include "Vantrel/interface/desk/DeskView.h"
+#include "Vantrel/interface/desk/PictureIcons.h"
 #include "Vantrel/interface/symbols/Symbols.h"
 
 #include <QAccessible>
+#include <QBuffer>
+#include <QPainter>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -135,6 +138,60 @@ TEST(Symbols, EverySystemSymbolHasADrawing) {
         }
         EXPECT_GT(drawn, 30) << name;
     }
+}
+
+struct FakeSymbols final : SystemSymbols {
+    std::optional<Picture> picture(const std::string& name) override {
+        asked.push_back(name);
+        if (name != "paintbrush") {
+            return std::nullopt;
+        }
+        QImage bar(40, 20, QImage::Format_ARGB32);
+        bar.fill(Qt::black);
+        QByteArray png;
+        QBuffer buffer(&png);
+        bar.save(&buffer, "PNG");
+        return Picture{png.toStdString(), {2, 1}};
+    }
+
+    std::vector<std::string> asked;
+};
+
+TEST(Symbols, OfTheSystemAreColouredAndOthersDrawn) {
+    const auto painted = [](const char* name) {
+        QImage image(32, 32, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        Symbols::paint(painter, name, QRectF(0, 0, 32, 32), Qt::red);
+        return image;
+    };
+    FakeSymbols system;
+    const QImage drawn = painted("gear");
+    Symbols::useSystem(&system);
+    const QImage brush = painted("brush");
+    EXPECT_EQ(brush, painted("brush"));
+    EXPECT_EQ(painted("gear"), drawn);
+    Symbols::useSystem(nullptr);
+    // As wide as the square, half as high, in its middle.
+    EXPECT_EQ(brush.pixelColor(1, 16), QColor(Qt::red));
+    EXPECT_EQ(brush.pixelColor(30, 10), QColor(Qt::red));
+    EXPECT_EQ(brush.pixelColor(16, 5).alpha(), 0);
+    EXPECT_EQ(system.asked, (std::vector<std::string>{"paintbrush", "gearshape"}));
+    EXPECT_NE(painted("brush"), brush);
+}
+
+TEST(PictureIcons, HaveEveryReadableSize) {
+    QImage square(32, 32, QImage::Format_ARGB32);
+    square.fill(Qt::blue);
+    QByteArray png;
+    QBuffer buffer(&png);
+    square.save(&buffer, "PNG");
+    PictureIcons icons([&](const std::string& bundleID) {
+        return bundleID == "org.example.Mail" ? std::vector{std::string("broken"), png.toStdString()}
+                                              : std::vector<std::string>();
+    });
+    EXPECT_EQ(icons.icon("org.example.Mail").availableSizes(), QList<QSize>{QSize(32, 32)});
+    EXPECT_TRUE(icons.icon("org.example.Files").isNull());
 }
 
 } // namespace

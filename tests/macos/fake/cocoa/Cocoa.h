@@ -5,6 +5,8 @@
 
 #import <Foundation/Foundation.h>
 
+@class NSImage;
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +22,9 @@ namespace vantrel::fake::cocoa {
 [[nodiscard]] NSArray* makeArray(const std::vector<id>& objects);
 [[nodiscard]] NSDictionary* makeDictionary(const std::vector<std::pair<id, id>>& entries);
 [[nodiscard]] NSNotification* makeNotification(NSString* name, NSDictionary* userInfo);
+
+[[nodiscard]] NSImage* makeImage(const std::string& shown);
+[[nodiscard]] std::size_t resolutions(NSImage* image);
 
 [[nodiscard]] std::string_view text(NSString* string);
 

@@ -1,4 +1,4 @@
-// Fake menu bar: the status item, its button and menu, pictures, and the events of clicks.
+// Fake menu bar: the status item, its button and menu, and the events of clicks.
 #import "tests/macos/fake/cocoa/Cocoa.h"
 
 #import <AppKit/AppKit.h>
@@ -33,57 +33,6 @@ void send(id target, SEL action, id sender) {
 }
 - (NSUInteger)modifierFlags {
     return menuBar().isControlHeld ? NSEventModifierFlagControl : 0;
-}
-@end
-
-@implementation NSData {
-@public
-    std::string _bytes;
-}
-+ (instancetype)dataWithBytes:(const void*)bytes length:(NSUInteger)length {
-    NSData* const made = [[NSData new] autorelease];
-    made->_bytes.assign(static_cast<const char*>(bytes), length);
-    return made;
-}
-@end
-
-@implementation NSBitmapImageRep {
-@public
-    std::string _bytes;
-}
-- (NSSize)size {
-    return {};
-}
-- (void)setSize:(NSSize)size {
-}
-+ (instancetype)imageRepWithData:(NSData*)data {
-    if (!data->_bytes.starts_with("\x89PNG")) {
-        return nil;
-    }
-    NSBitmapImageRep* const made = [[NSBitmapImageRep new] autorelease];
-    made->_bytes = data->_bytes;
-    return made;
-}
-@end
-
-@implementation NSImage {
-    std::vector<NSBitmapImageRep*> _pictures;
-}
-@synthesize isTemplate = _isTemplate;
-- (instancetype)initWithSize:(NSSize)size {
-    return self;
-}
-- (void)dealloc {
-    for (NSBitmapImageRep* const picture : _pictures) {
-        [picture release];
-    }
-    [super dealloc];
-}
-- (void)addRepresentation:(NSBitmapImageRep*)picture {
-    _pictures.push_back([picture retain]);
-}
-- (NSUInteger)resolutions {
-    return _pictures.size();
 }
 @end
 
@@ -172,7 +121,7 @@ void send(id target, SEL action, id sender) {
     [image retain];
     [_image release];
     _image = image;
-    menuBar().resolutions = [image resolutions];
+    menuBar().resolutions = resolutions(image);
     menuBar().isTemplate = image.isTemplate;
 }
 - (NSString*)toolTip {

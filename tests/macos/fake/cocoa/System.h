@@ -48,6 +48,8 @@ struct InstalledApplication {
     // As shown in the Finder.
     std::string name;
     bool starts = true;
+    // None if its file is damaged.
+    bool hasIcon = true;
 };
 
 struct Event {
@@ -92,6 +94,8 @@ struct System {
     std::vector<std::shared_ptr<Application>> applications;
     // By bundle identifier.
     std::map<std::string, InstalledApplication> installed;
+    // By name: the size that each has in a font of one point.
+    std::map<std::string, Area> symbols;
     // What the program did, in order, such as "launch /Applications/A.app activates=0", "hide 12".
     std::vector<std::string> calls;
 

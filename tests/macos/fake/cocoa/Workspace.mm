@@ -177,6 +177,12 @@ NSRunningApplication* running(const std::shared_ptr<Application>& application) {
     const auto found = installed.find(std::string(text(bundleIdentifier)));
     return found == installed.end() ? nil : [NSURL fileURLWithPath:make(found->second.path)];
 }
+- (NSImage*)iconForFile:(NSString*)path {
+    const auto& installed = vantrel::fake::cocoa::system().installed;
+    const auto found = std::ranges::find(installed, std::string(text(path)),
+                                         [](const auto& each) { return each.second.path; });
+    return makeImage(found != installed.end() && found->second.hasIcon ? found->second.name : "");
+}
 - (void)openApplicationAtURL:(NSURL*)url
                configuration:(NSWorkspaceOpenConfiguration*)configuration
            completionHandler:(void (^)(NSRunningApplication*, NSError*))handler {

@@ -6,6 +6,8 @@
 
 #pragma clang assume_nonnull begin
 
+@class NSImage;
+
 typedef enum NSApplicationActivationPolicy : NSInteger {
     NSApplicationActivationPolicyRegular = 0,
     NSApplicationActivationPolicyAccessory = 1,
@@ -100,6 +102,7 @@ VANTREL_MACOS(10.15)
 @property(readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
 @property(nullable, readonly, strong) NSRunningApplication* frontmostApplication;
 - (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;
+- (NSImage*)iconForFile:(NSString*)fullPath;
 - (void)openApplicationAtURL:(NSURL*)url
                configuration:(NSWorkspaceOpenConfiguration*)configuration
            completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app,
@@ -114,13 +117,40 @@ VANTREL_MACOS(10.15)
                      error:(NSError* _Nullable* _Nullable)error;
 @end
 
+typedef enum NSBitmapImageFileType : NSUInteger {
+    NSBitmapImageFileTypePNG = 4,
+} NSBitmapImageFileType;
+typedef NSString* NSBitmapImageRepPropertyKey;
+
 @interface NSBitmapImageRep : NSObject
 + (nullable instancetype)imageRepWithData:(NSData*)data;
+- (instancetype)initWithCGImage:(CGImageRef)cgImage;
+- (nullable NSData*)representationUsingType:(NSBitmapImageFileType)storageType
+                                 properties:(NSDictionary<NSBitmapImageRepPropertyKey, id>*)properties;
 @property NSSize size;
+@end
+
+typedef CGFloat NSFontWeight;
+VANTREL_EXTERN const NSFontWeight NSFontWeightRegular VANTREL_MACOS(10.11);
+
+VANTREL_MACOS(11.0)
+@interface NSImageSymbolConfiguration : NSObject
++ (instancetype)configurationWithPointSize:(CGFloat)pointSize weight:(NSFontWeight)weight;
+@end
+
+@interface NSGraphicsContext : NSObject
 @end
 
 @interface NSImage : NSObject
 - (instancetype)initWithSize:(NSSize)size;
++ (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
+                          accessibilityDescription:(nullable NSString*)description VANTREL_MACOS(11.0);
+- (nullable NSImage*)imageWithSymbolConfiguration:(NSImageSymbolConfiguration*)configuration
+    VANTREL_MACOS(11.0);
+- (nullable CGImageRef)CGImageForProposedRect:(nullable NSRect*)proposedDestRect
+                                      context:(nullable NSGraphicsContext*)context
+                                        hints:(nullable NSDictionary<NSString*, id>*)hints;
+@property NSSize size;
 - (void)addRepresentation:(NSBitmapImageRep*)representation;
 @property(getter=isTemplate, setter=setTemplate:) BOOL isTemplate;
 @end

@@ -19,6 +19,8 @@ typedef struct CGRect {
     CGSize size;
 } CGRect;
 
+typedef struct CF_BRIDGED_TYPE(id) CGImage* CGImageRef;
+
 VANTREL_EXTERN bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef _Nullable dictionary,
                                                            CGRect* _Nullable rect) VANTREL_MACOS(10.5);
 

@@ -223,6 +223,8 @@ typedef enum NSActivityOptions : uint64_t {
 
 @interface NSData : NSObject
 + (instancetype)dataWithBytes:(const void* _Nullable)bytes length:(NSUInteger)length;
+@property(readonly) NSUInteger length;
+@property(readonly) const void* bytes __attribute__((objc_returns_inner_pointer));
 @end
 
 // Apple events.
