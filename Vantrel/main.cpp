@@ -20,6 +20,7 @@
 #include "Vantrel/platform/gio/DesktopMotion.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/icons/ThemeIcons.h"
+#include "Vantrel/platform/linux/GettextTranslation.h"
 #include "Vantrel/platform/linux/HardwareModel.h"
 #include "Vantrel/platform/linux/ProgramBuild.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
@@ -62,6 +63,9 @@
 #include <QDBusConnectionInterface>
 #include <QDesktopServices>
 #include <QKeyEvent>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 #include <QUrl>
 
 #include <cstdio>
@@ -500,6 +504,14 @@ int main(int argumentCount, char** arguments) {
             running()->log.write(line);
         }
     });
+    // Until the process ends: texts are kept by address.
+    static const GettextTranslation translation(
+        GettextTranslation::folder(QCoreApplication::applicationFilePath().toStdString()));
+    setTranslation(&translation);
+    QTranslator standardTexts;
+    if (standardTexts.load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&standardTexts);
+    }
     application.setQuitOnLastWindowClosed(false);
     application.setApplicationDisplayName("Vantrel");
     application.setDesktopFileName(ownBundleID);

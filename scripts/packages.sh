@@ -7,6 +7,7 @@
 packages_build=(
     cmake
     g++
+    gettext
     libcli11-dev
     libfmt-dev
     libglib2.0-dev
@@ -84,6 +85,7 @@ packages_test=(
 packages_check=(
     clang-format-19
     clang-tidy-19
+    gettext
     git
     llvm
     python3

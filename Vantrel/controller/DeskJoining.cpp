@@ -1,4 +1,5 @@
 #include "Vantrel/controller/DeskJoining.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -7,23 +8,23 @@ namespace vantrel {
 std::string DeskJoining::text() const {
     switch (kind) {
     case Kind::done:
-        return "From now on, the two are one desk.";
+        return tr("From now on, the two are one desk.");
     case Kind::noSuchDesk:
-        return fmt::format("No desk, or more than one, is called \"{}\". Nothing was changed. "
-                           "To list the desks with their IDs: vantrelctl desks --json",
-                           name);
+        return trf("No desk, or more than one, is called \"{}\". Nothing was changed. "
+                   "To list the desks with their IDs: vantrelctl desks --json",
+                   name);
     case Kind::alreadyOne:
-        return "These are already one desk.";
+        return tr("These are already one desk.");
     case Kind::nothingOffered:
-        return "No remembered desk has the same displays on other connectors.";
+        return tr("No remembered desk has the same displays on other connectors.");
     case Kind::differentDisplays:
-        return "These desks have displays of other models, sizes or places. Nothing was changed.";
+        return tr("These desks have displays of other models, sizes or places. Nothing was changed.");
     case Kind::restoreInFlight:
-        return "A restore is running. Nothing was changed; try again when it has finished.";
+        return tr("A restore is running. Nothing was changed; try again when it has finished.");
     case Kind::writeFailed:
         break;
     }
-    return "The desks could not be written. Nothing was changed.";
+    return tr("The desks could not be written. Nothing was changed.");
 }
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 
 #include "VantrelCore/commands/HotKeyRecording.h"
 #include "VantrelCore/commands/HotKeyText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <array>
@@ -149,7 +150,7 @@ std::expected<void, std::string> HotKeyFlow::setHotkey(const HotKeySurface& surf
         }
     }
     if (!write(surface, combo)) {
-        return std::unexpected("The shortcut could not be written to disk.");
+        return std::unexpected(tr("The shortcut could not be written to disk."));
     }
     syncEverything();
     return {};

@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/stores/UserEdit.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <fmt/format.h>
@@ -228,7 +229,7 @@ LayoutChange LayoutFlow::remove(const std::string& name) {
         return {Kind::writeFailed};
     }
     m_context.deletions.add(
-        fmt::format("the layout \"{}\"", layout->layoutName),
+        trf("the layout \"{}\"", layout->layoutName),
         [this, deleted = Deleted{*layout, isActive, isOnlyOne}] { return putBack(deleted); });
     layoutsChanged();
     // Otherwise the windows, still arranged as in the deleted layout, would be learned into the next one.

@@ -1,6 +1,5 @@
 #include "Vantrel/controller/Phase.h"
-
-#include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -8,22 +7,21 @@ namespace vantrel::StatusPhase {
 
 namespace {
 
-std::string counted(std::int64_t windows) {
-    return ControllerText::windows(static_cast<std::size_t>(windows));
-}
-
 struct Text {
-    std::string operator()(const Phase::Saved& saved) const { return counted(saved.windows) + " remembered"; }
+    std::string operator()(const Phase::Saved& saved) const {
+        return trn("{} window remembered", "{} windows remembered", saved.windows);
+    }
     std::string operator()(const Phase::Restoring& restoring) const {
-        return "putting back " + counted(restoring.windows);
+        return trn("putting back {} window", "putting back {} windows", restoring.windows);
     }
     std::string operator()(const Phase::Restored& restored) const {
-        return fmt::format("{} put back in {:.1f} s", counted(restored.windows), restored.seconds);
+        return trn("{0} window put back in {1:.1f} s", "{0} windows put back in {1:.1f} s", restored.windows,
+                   restored.seconds);
     }
-    std::string operator()(const Phase::Off&) const { return "switched off"; }
-    std::string operator()(const Phase::Empty&) const { return "nothing remembered for this desk yet"; }
+    std::string operator()(const Phase::Off&) const { return tr("switched off"); }
+    std::string operator()(const Phase::Empty&) const { return tr("nothing remembered for this desk yet"); }
     std::string operator()(const Phase::NeedsPermission&) const {
-        return "permission to move windows is missing";
+        return tr("permission to move windows is missing");
     }
 };
 

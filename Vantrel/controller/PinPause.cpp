@@ -1,12 +1,13 @@
 #include "Vantrel/controller/PinPause.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
 namespace vantrel {
 
 std::string PinPause::text() const {
-    return fmt::format("paused until the {}: {}",
-                       cause == Cause::gaveUp ? "layout changes" : "displays change", reason);
+    return cause == Cause::gaveUp ? trf("paused until the layout changes: {}", reason)
+                                  : trf("paused until the displays change: {}", reason);
 }
 
 } // namespace vantrel

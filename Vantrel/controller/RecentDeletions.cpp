@@ -1,4 +1,5 @@
 #include "Vantrel/controller/RecentDeletions.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,7 +20,7 @@ std::optional<RecentDeletions::ID> RecentDeletions::newest() const {
 std::expected<std::string, std::string> RecentDeletions::putBack(std::optional<ID> id) {
     const auto found = std::ranges::find(m_deletions, id ? id : newest(), &Deletion::id);
     if (found == m_deletions.end()) {
-        return std::unexpected("Nothing was deleted since Vantrel started that could be put back.");
+        return std::unexpected(tr("Nothing was deleted since Vantrel started that could be put back."));
     }
     // A copy, as putting back may lead to other deletions.
     Deletion deletion = *found;

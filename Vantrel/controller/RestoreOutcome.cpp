@@ -1,41 +1,42 @@
 #include "Vantrel/controller/RestoreOutcome.h"
 
-#include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/text/Translation.h"
 
 namespace vantrel {
 
 std::string RestoreOutcome::text() const {
     switch (kind) {
     case Kind::finished:
-        return ControllerText::windows(report.restoredCount()) + " put back.";
+        return trn("{} window put back.", "{} windows put back.",
+                   static_cast<std::int64_t>(report.restoredCount()));
     case Kind::switchedOff:
-        return "Restoring is switched off.";
+        return tr("Restoring is switched off.");
     case Kind::needsPermission:
-        return "The permission to read and move windows is missing.";
+        return tr("The permission to read and move windows is missing.");
     case Kind::notEntitled:
-        return "The license does not allow moving windows.";
+        return tr("The license does not allow moving windows.");
     case Kind::displaysChanging:
-        return "The displays are changing. Try again when they have settled.";
+        return tr("The displays are changing. Try again when they have settled.");
     case Kind::nothingStored:
-        return "Nothing is remembered for this desk yet.";
+        return tr("Nothing is remembered for this desk yet.");
     case Kind::noSuchLayout:
-        return "There is no layout with that name.";
+        return tr("There is no layout with that name.");
     case Kind::noSuchStash:
-        return "That stash no longer exists.";
+        return tr("That stash no longer exists.");
     case Kind::emptyLayout:
-        return "It contains no windows.";
+        return tr("It contains no windows.");
     case Kind::restoreInFlight:
-        return "A restore is running. Try again when it has finished.";
+        return tr("A restore is running. Try again when it has finished.");
     case Kind::writeFailed:
-        return "The change could not be written to disk. Nothing was changed.";
+        return tr("The change could not be written to disk. Nothing was changed.");
     case Kind::nothingToUndo:
-        return "There is nothing to undo.";
+        return tr("There is nothing to undo.");
     case Kind::undoElsewhere:
-        return "There is nothing to undo on this desk. The last restore was on another one.";
+        return tr("There is nothing to undo on this desk. The last restore was on another one.");
     case Kind::superseded:
-        return "A newer restore took its place.";
+        return tr("A newer restore took its place.");
     case Kind::failed:
-        return "An error stopped the restore. Some windows may have been moved. See the log for details.";
+        return tr("An error stopped the restore. Some windows may have been moved. See the log for details.");
     }
     return "";
 }

@@ -1,5 +1,6 @@
 #include "Vantrel/controller/RuleFlow.h"
 
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -9,8 +10,9 @@
 namespace vantrel {
 
 std::string text(RuleProblem problem) {
-    return problem == RuleProblem::notFound ? "There is no rule for that application."
-                                            : "The rule could not be written to disk. Nothing was changed.";
+    return problem == RuleProblem::notFound
+               ? tr("There is no rule for that application.")
+               : tr("The rule could not be written to disk. Nothing was changed.");
 }
 
 std::expected<void, RuleProblem> RuleFlow::setRule(const AppRule& rule) {
@@ -32,12 +34,11 @@ std::expected<void, RuleProblem> RuleFlow::removeRule(const std::string& bundleI
         return std::unexpected(RuleProblem::writeFailed);
     }
     m_context.deletions.add(
-        fmt::format("the rule for {}", found->appName),
-        [this, rule = *found]() -> std::expected<void, std::string> {
+        trf("the rule for {}", found->appName), [this, rule = *found]() -> std::expected<void, std::string> {
             const auto present = rules();
             if (std::ranges::find(present, rule.bundleID, &AppRule::bundleID) != present.end()) {
                 return std::unexpected(
-                    fmt::format("{} has another rule by now. Remove that one first.", rule.appName));
+                    trf("{} has another rule by now. Remove that one first.", rule.appName));
             }
             if (const auto back = setRule(rule); !back) {
                 return std::unexpected(text(back.error()));

@@ -6,6 +6,7 @@
 #include "VantrelCore/scenes/SceneGhostPlan.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/stores/UserEdit.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -164,14 +165,13 @@ SceneFlow::EditResult SceneFlow::deleteScene(const std::string& id) {
         return std::unexpected(SceneProblem::writeFailed);
     }
     const auto index = static_cast<std::size_t>(found - scenes.begin());
-    m_context.deletions.add(fmt::format("the scene \"{}\"", scene.name),
-                            [this, scene, index]() -> std::expected<void, std::string> {
-                                if (const auto back = putBack(scene, index); !back) {
-                                    return std::unexpected(
-                                        std::string(SceneProblems::panelText(back.error())));
-                                }
-                                return {};
-                            });
+    m_context.deletions.add(
+        trf("the scene \"{}\"", scene.name), [this, scene, index]() -> std::expected<void, std::string> {
+            if (const auto back = putBack(scene, index); !back) {
+                return std::unexpected(std::string(SceneProblems::panelText(back.error())));
+            }
+            return {};
+        });
     m_context.showStoredScenes();
     return scene;
 }

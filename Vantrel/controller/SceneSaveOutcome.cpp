@@ -1,6 +1,5 @@
 #include "Vantrel/controller/SceneSaveOutcome.h"
-
-#include "Vantrel/controller/ControllerText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -12,12 +11,14 @@ std::string SceneSaveOutcome::text() const {
     }
     if (kind == Kind::noDesk) {
         return hindrance == SaveOutcome::Kind::needsPermission
-                   ? "Vantrel needs Accessibility permission to read the desk."
+                   ? tr("Vantrel needs Accessibility permission to read the desk.")
                    : SaveOutcome{.kind = hindrance}.text();
     }
-    const std::string windows = ControllerText::windows(scene->layout.windows.size());
-    return kind == Kind::added ? fmt::format("{} saved as the scene \"{}\".", windows, scene->name)
-                               : fmt::format("The scene \"{}\" was updated with {}.", scene->name, windows);
+    const auto windows = std::ssize(scene->layout.windows);
+    return kind == Kind::added ? trn("{0} window saved as the scene \"{1}\".",
+                                     "{0} windows saved as the scene \"{1}\".", windows, scene->name)
+                               : trn("The scene \"{1}\" was updated with {0} window.",
+                                     "The scene \"{1}\" was updated with {0} windows.", windows, scene->name);
 }
 
 } // namespace vantrel

@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/SettingKey.h"
 #include "VantrelCore/text/SafeText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -16,17 +17,16 @@ namespace {
 
 std::optional<std::string> problem(const SettingsLine& line) {
     if (line.key.empty()) {
-        return "It is not of the form key = value.";
+        return tr("It is not of the form key = value.");
     }
     const SettingKey* const key = SettingKeys::named(line.key);
     if (key == nullptr) {
         return SettingKeys::unknown(line.key);
     }
     if (key->purpose == SettingKey::Purpose::note) {
-        return fmt::format(
-            "{0} is vantrel's own note and belongs in notes.json. Remove this line; to change the "
-            "note: vantrelctl settings set {0} VALUE",
-            key->name);
+        return trf("{0} is vantrel's own note and belongs in notes.json. Remove this line; to change the "
+                   "note: vantrelctl settings set {0} VALUE",
+                   key->name);
     }
     return key->problemWith(line);
 }
@@ -34,7 +34,7 @@ std::optional<std::string> problem(const SettingsLine& line) {
 } // namespace
 
 std::string SettingMistake::text() const {
-    return fmt::format("Line {} of {}: {}", line, file, sentence);
+    return trf("Line {} of {}: {}", line, file, sentence);
 }
 
 std::vector<SettingMistake> SettingMistakes::in(const SettingsFile& file) {
@@ -46,8 +46,8 @@ std::vector<SettingMistake> SettingMistakes::in(const SettingsFile& file) {
     for (const SettingsLine& line : file.lines) {
         auto sentence = problem(line);
         if (!sentence && lastLine.at(line.key) != line.number) {
-            sentence = fmt::format("Line {} sets {} again and takes precedence.", lastLine.at(line.key),
-                                   SafeText::line(line.key));
+            sentence = trf("Line {} sets {} again and takes precedence.", lastLine.at(line.key),
+                           SafeText::line(line.key));
         }
         if (sentence) {
             mistakes.push_back({file.path.filename().string(), line.number, *std::move(sentence)});

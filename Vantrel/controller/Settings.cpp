@@ -1,6 +1,7 @@
 #include "Vantrel/controller/Settings.h"
 
 #include "VantrelCore/model/JsonCoding.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <cmath>
 #include <fmt/format.h>
@@ -9,7 +10,7 @@ namespace vantrel {
 
 static std::expected<void, std::string> written(bool isWritten) {
     return isWritten ? std::expected<void, std::string>()
-                     : std::unexpected("The settings could not be written to disk. Nothing was changed.");
+                     : std::unexpected(tr("The settings could not be written to disk. Nothing was changed."));
 }
 
 std::expected<void, std::string> Settings::set(const SettingKey& key, const DefaultsValue& value) {

@@ -5,6 +5,7 @@
 #include "VantrelCore/scenes/MeetingLinks.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 #include "VantrelCore/scenes/TriggerEvaluator.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -244,7 +245,7 @@ TriggerFlow::Result<void> TriggerFlow::deleteTrigger(const std::string& id) {
     const auto index = static_cast<std::size_t>(found - triggers.begin());
     SceneTrigger deleted = *found;
     deleted.lastFiredAt = lastFiredAt(deleted);
-    m_context.deletions.add(fmt::format("the trigger \"{}\"", SceneTriggerFormatting::title(deleted.kind)),
+    m_context.deletions.add(trf("the trigger \"{}\"", SceneTriggerFormatting::title(deleted.kind)),
                             [this, deleted, index]() -> std::expected<void, std::string> {
                                 if (const auto back = changed(m_triggers.addAll({deleted}, index)); !back) {
                                     return std::unexpected(text(back.error()));

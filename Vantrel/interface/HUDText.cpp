@@ -3,7 +3,7 @@
 #include "Vantrel/interface/ShortcutText.h"
 #include "VantrelCore/scenes/SceneApplyCaption.h"
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 #include <initializer_list>
@@ -16,7 +16,7 @@ namespace {
 constexpr double noticeableSeconds = 1;
 
 std::string duration(double seconds) {
-    return seconds < noticeableSeconds ? "" : fmt::format("in {:.1f} seconds", seconds);
+    return seconds < noticeableSeconds ? "" : trf("in {:.1f} seconds", seconds);
 }
 
 // Joins the non-empty parts into one caption.
@@ -31,30 +31,31 @@ std::string joined(std::initializer_list<std::string> parts) {
 std::string headlineOf(const RestoreTally& windows) {
     const std::int64_t inPlace = windows.inPlace();
     if (inPlace == 0) {
-        return "No windows were put back";
+        return tr("No windows were put back");
     }
     if (inPlace < windows.windows()) {
-        return fmt::format("{} of {} {}", inPlace, countedNoun(windows.windows(), "window"),
-                           windows.moved == 0 ? "already in place" : "back");
+        return windows.moved == 0
+                   ? trn("{1} of {0} window already in place", "{1} of {0} windows already in place",
+                         windows.windows(), inPlace)
+                   : trn("{1} of {0} window back", "{1} of {0} windows back", windows.windows(), inPlace);
     }
     if (windows.moved == 0) {
-        return inPlace == 1 ? "1 window, already in place"
-                            : fmt::format("All {} windows already in place", inPlace);
+        return trn("{} window, already in place", "All {} windows already in place", inPlace);
     }
-    return windows.alreadyRight == 0
-               ? countedNoun(inPlace, "window") + " back in place"
-               : fmt::format("{} moved, {} already right", windows.moved, windows.alreadyRight);
+    return windows.alreadyRight == 0 ? trn("{} window back in place", "{} windows back in place", inPlace)
+                                     : trf("{} moved, {} already right", windows.moved, windows.alreadyRight);
 }
 
 std::string problemsOf(const RestoreTally& windows) {
     std::string closed;
     if (windows.appsNotOpen > 0) {
-        closed = countedNoun(windows.appsNotOpen, "app") + " not open";
+        closed = trn("{} app not open", "{} apps not open", windows.appsNotOpen);
     } else if (windows.closed > 0) {
-        closed = countedNoun(windows.closed, "window") + " closed";
+        closed = trn("{} window closed", "{} windows closed", windows.closed);
     }
-    return joined(
-        {closed, windows.failed == 0 ? "" : countedNoun(windows.failed, "window") + " could not be moved"});
+    return joined({closed, windows.failed == 0 ? ""
+                                               : trn("{} window could not be moved",
+                                                     "{} windows could not be moved", windows.failed)});
 }
 
 std::string withoutFullStop(std::string_view sentence) {
@@ -63,7 +64,7 @@ std::string withoutFullStop(std::string_view sentence) {
 
 struct Text {
     HUDText operator()(const HUD::Restoring& restoring) const {
-        constexpr const char* putting = "Putting windows back…";
+        const char* const putting = tr("Putting windows back…");
         return restoring.cause.empty() ? HUDText{putting, "", "restore"}
                                        : HUDText{restoring.cause, putting, "restore"};
     }
@@ -78,25 +79,26 @@ struct Text {
     }
 
     HUDText operator()(const HUD::Saved& saved) const {
-        return {"Layout saved", countedNoun(saved.windows, "window"), "check"};
+        return {tr("Layout saved"), trn("{} window", "{} windows", saved.windows), "check"};
     }
 
     HUDText operator()(const HUD::Stashed& stashed) const {
-        return {"Desk put aside",
-                joined({countedNoun(stashed.windows, "window"),
-                        stashed.shortcut ? ShortcutText::of(*stashed.shortcut) + " brings it back" : ""}),
-                "stash"};
+        return {
+            tr("Desk put aside"),
+            joined({trn("{} window", "{} windows", stashed.windows),
+                    stashed.shortcut ? trf("{} brings it back", ShortcutText::of(*stashed.shortcut)) : ""}),
+            "stash"};
     }
 
     HUDText operator()(const HUD::Refused& refused) const {
         const std::string_view text = refused.text;
         const auto end = text.find(". ");
         const bool isOne = end == std::string_view::npos;
-        return {
-            withoutFullStop(text.substr(0, end)),
-            joined({isOne ? "" : withoutFullStop(text.substr(end + 2)),
-                    refused.saveShortcut ? ShortcutText::of(*refused.saveShortcut) + " remembers it" : ""}),
-            "info"};
+        return {withoutFullStop(text.substr(0, end)),
+                joined({isOne ? "" : withoutFullStop(text.substr(end + 2)),
+                        refused.saveShortcut ? trf("{} remembers it", ShortcutText::of(*refused.saveShortcut))
+                                             : ""}),
+                "info"};
     }
 
     HUDText operator()(const HUD::SceneApplied& scene) const {
@@ -104,7 +106,7 @@ struct Text {
     }
 
     HUDText operator()(const HUD::AppPlaced& placed) const {
-        return {placed.app + " is in its place", placed.desk, "check"};
+        return {trf("{} is in its place", placed.app), placed.desk, "check"};
     }
 
     HUDText operator()(const HUD::SceneSettled& scene) const {

@@ -1,6 +1,7 @@
-// The one place that the interface's texts go through on their way to people, so that a translation is a
-// file.
+// Translated texts as Qt's strings.
 #pragma once
+
+#include "VantrelCore/text/Translation.h"
 
 #include <QString>
 
@@ -8,9 +9,9 @@
 
 namespace vantrel {
 
-// The translation, or the text itself.
-[[nodiscard]] std::string tr(const char* text);
-[[nodiscard]] QString qtr(const char* text);
+[[nodiscard]] inline QString qtr(const char* english) {
+    return QString::fromUtf8(tr(english));
+}
 
 [[nodiscard]] inline QString qt(const std::string& text) {
     return QString::fromStdString(text);

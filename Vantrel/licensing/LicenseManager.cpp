@@ -5,6 +5,7 @@
 #include "VantrelCore/licensing/LicenseLease.h"
 #include "VantrelCore/licensing/LicenseNonce.h"
 #include "VantrelCore/licensing/LicensedMachine.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <utility>
@@ -180,7 +181,7 @@ void LicenseManager::activate(const std::string& key, Done done) {
     }
     const auto typed = LicenseAnswers::key(key);
     if (!typed) {
-        done(std::unexpected("That is not a license key."));
+        done(std::unexpected(tr("That is not a license key.")));
         return;
     }
     const auto request = newRequest();
@@ -194,7 +195,7 @@ void LicenseManager::deactivate(Done done) {
         return;
     }
     if (!m_license) {
-        done(std::unexpected("There is no license on this computer."));
+        done(std::unexpected(tr("There is no license on this computer.")));
         return;
     }
     send(LicenseAnswers::deactivation(m_options.apiServer, *m_license), done,
@@ -235,8 +236,8 @@ std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& r
     m_options.log("license: activated");
     return isWritten
                ? std::expected<void, std::string>{}
-               : std::unexpected("The license is valid only until Vantrel quits, because it could not be "
-                                 "written to disk. Fix the disk problem and activate it again.");
+               : std::unexpected(tr("The license is valid only until Vantrel quits, because it could not be "
+                                    "written to disk. Fix the disk problem and activate it again."));
 }
 
 std::expected<void, std::string> LicenseManager::dropLicense(const HttpResult& result) {
@@ -248,9 +249,9 @@ std::expected<void, std::string> LicenseManager::dropLicense(const HttpResult& r
     record.document.reset();
     const bool isWritten = keep(std::move(record), std::nullopt);
     m_options.log("license: deactivated");
-    return isWritten
-               ? std::expected<void, std::string>{}
-               : std::unexpected("The license was returned, but the change could not be written to disk.");
+    return isWritten ? std::expected<void, std::string>{}
+                     : std::unexpected(
+                           tr("The license was returned, but the change could not be written to disk."));
 }
 
 } // namespace vantrel

@@ -1,22 +1,23 @@
 #include "VantrelCore/commands/HotKeyRecording.h"
+#include "VantrelCore/text/Translation.h"
 
 namespace vantrel::HotKeyRecording {
 
 std::string_view prompt(const HotKeySurface& surface, Place place) {
     if (place == Place::menuPanelScene) {
-        return "Press keys… (Esc cancels)";
+        return tr("Press keys… (Esc cancels)");
     }
     switch (surface.kind) {
     case HotKeySurface::Kind::fixedRestore:
     case HotKeySurface::Kind::fixedSave:
     case HotKeySurface::Kind::stash:
-        return "Press keys… (Esc resets)";
+        return tr("Press keys… (Esc resets)");
     case HotKeySurface::Kind::scene:
     case HotKeySurface::Kind::quickSwitcher:
     case HotKeySurface::Kind::undo:
         break;
     }
-    return "Press keys… (Esc clears)";
+    return tr("Press keys… (Esc clears)");
 }
 
 Outcome outcome(HotKeyCombo pressed, const HotKeySurface& surface, Place place,
@@ -32,21 +33,21 @@ Outcome outcome(HotKeyCombo pressed, const HotKeySurface& surface, Place place,
 }
 
 std::string conflictMessage(const TakenHotKey& other) {
-    return "Already used by " + other.label;
+    return trf("Already used by {}", other.label);
 }
 
 std::string_view commandLabel(HotKeySurface::Kind kind) {
     switch (kind) {
     case HotKeySurface::Kind::fixedRestore:
-        return "Restore now";
+        return tr("Restore now");
     case HotKeySurface::Kind::fixedSave:
-        return "Save layout now";
+        return tr("Save layout now");
     case HotKeySurface::Kind::stash:
-        return "Stash";
+        return tr("Stash");
     case HotKeySurface::Kind::quickSwitcher:
-        return "Quick switcher";
+        return tr("Quick switcher");
     case HotKeySurface::Kind::undo:
-        return "Undo last restore";
+        return tr("Undo last restore");
     case HotKeySurface::Kind::scene:
         break;
     }

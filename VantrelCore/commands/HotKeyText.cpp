@@ -1,6 +1,7 @@
 #include "VantrelCore/commands/HotKeyText.h"
 
 #include "VantrelCore/commands/KeyCodeFormatter.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <array>
@@ -82,8 +83,7 @@ std::string text(HotKeyCombo combo) {
 
 std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
     if (text.size() > maxLength) {
-        return std::unexpected(
-            fmt::format("A shortcut has at most {} characters, like Super+Shift+R.", maxLength));
+        return std::unexpected(trf("A shortcut has at most {} characters, like Super+Shift+R.", maxLength));
     }
     HotKeyCombo combo;
     std::string_view rest = text;
@@ -92,23 +92,21 @@ std::expected<HotKeyCombo, std::string> parse(std::string_view text) {
         const auto known = std::ranges::find(modifierNames, lower(word),
                                              [](const ModifierName& each) { return lower(each.name); });
         if (known == modifierNames.end()) {
-            return std::unexpected(
-                fmt::format("\"{}\" is not a modifier. Use Control, Alt, Shift or Super.", word));
+            return std::unexpected(trf("\"{}\" is not a modifier. Use Control, Alt, Shift or Super.", word));
         }
         combo.modifiers |= known->mask;
         rest.remove_prefix(plus + 1);
     }
     const auto code = keyCode(rest);
     if (!code) {
-        return std::unexpected(
-            fmt::format("There is no key \"{}\". Keys are A to Z, 0 to 9, F1 to F12, Space, "
-                        "Return, Tab, Left, Right, Up and Down.",
-                        rest));
+        return std::unexpected(trf("There is no key \"{}\". Keys are A to Z, 0 to 9, F1 to F12, Space, "
+                                   "Return, Tab, Left, Right, Up and Down.",
+                                   rest));
     }
     combo.keyCode = *code;
     if (blocksTyping(combo)) {
         return std::unexpected(
-            "A shortcut needs Control, Alt or Super; otherwise no other program could use the key.");
+            tr("A shortcut needs Control, Alt or Super; otherwise no other program could use the key."));
     }
     return combo;
 }

@@ -1,5 +1,6 @@
 #include "VantrelCore/commands/StatusItemMenu.h"
 
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
 #include <algorithm>
@@ -34,22 +35,22 @@ static std::vector<StatusItemMenuEntry> notices(const Situation& situation) {
         found.push_back(StatusItemMenuEntry::notice(kind, std::move(title)));
     };
     if (situation.isTrialOver) {
-        add(Notice::trialEnded, "Trial ended");
-        add(Notice::purchase, "Get Vantrel · $19");
+        add(Notice::trialEnded, tr("Trial ended"));
+        add(Notice::purchase, tr("Get Vantrel · $19"));
     }
     for (const std::string& trouble : situation.troubles) {
         add(Notice::filesInTrouble, trouble);
     }
     if (situation.sameDesk) {
-        add(Notice::sameDesk, fmt::format("Same Desk as “{}”", *situation.sameDesk));
+        add(Notice::sameDesk, trf("Same Desk as “{}”", *situation.sameDesk));
     }
     if (situation.latestAvailable) {
         add(Notice::updateAvailable, UpdateOffer::caption(*situation.latestAvailable));
     }
     if (situation.isMissionControlLosing) {
         add(Notice::fixMissionControl, situation.isMissionControlFixedAtLogin
-                                           ? "Keep Spaces in Place (from the Next Login)"
-                                           : "Keep Spaces in Place");
+                                           ? tr("Keep Spaces in Place (from the Next Login)")
+                                           : tr("Keep Spaces in Place"));
     }
     if (!found.empty()) {
         found.push_back({Kind::separator});
@@ -96,8 +97,8 @@ std::vector<StatusItemMenuEntry> complete(const std::vector<StatusItemMenuEntry>
         } else if (entry.kind == Kind::separator) {
             all.push_back({situation.isOn ? Kind::pause : Kind::resume});
         } else if (entry.kind == Kind::quit && situation.canCheckForUpdates) {
-            all.push_back(
-                StatusItemMenuEntry::notice(StatusItem::Notice::Kind::checkForUpdates, "Check for Updates…"));
+            all.push_back(StatusItemMenuEntry::notice(StatusItem::Notice::Kind::checkForUpdates,
+                                                      tr("Check for Updates…")));
         }
         all.push_back(entry);
         if (entry.kind == Kind::scene) {
@@ -161,29 +162,29 @@ std::string title(const StatusItemMenuEntry& entry) {
     case Kind::scene:
         return entry.sceneEntry.name;
     case Kind::undoLastRestore:
-        return "Undo last restore";
+        return tr("Undo last restore");
     case Kind::restoreNow:
-        return "Restore now";
+        return tr("Restore now");
     case Kind::layouts:
-        return "Layouts…";
+        return tr("Layouts…");
     case Kind::settings:
-        return "Settings…";
+        return tr("Settings…");
     case Kind::quit:
-        return "Quit Vantrel";
+        return tr("Quit Vantrel");
     case Kind::notice:
         return entry.noticeEntry.title;
     case Kind::heading:
-        return "Scenes";
+        return tr("Scenes");
     case Kind::saveNow:
-        return "Save now";
+        return tr("Save now");
     case Kind::stash:
-        return "Stash";
+        return tr("Stash");
     case Kind::bringBack:
-        return "Bring back";
+        return tr("Bring back");
     case Kind::pause:
-        return "Pause";
+        return tr("Pause");
     case Kind::resume:
-        return "Resume";
+        return tr("Resume");
     case Kind::separator:
         break;
     }

@@ -1,6 +1,7 @@
 #include "VantrelCore/displays/DisplayLabels.h"
 
 #include "VantrelCore/displays/DisplayNaming.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -76,8 +77,8 @@ std::vector<std::string> texts(const Candidates& shown) {
 std::expected<DisplayInfo, std::string> only(std::string_view called, const Candidates& found,
                                              const Candidates& all) {
     if (found.size() > 1) {
-        return std::unexpected(fmt::format("\"{}\" matches more than one display: {}. Name one of them.",
-                                           called, fmt::join(texts(found), ", ")));
+        return std::unexpected(trf("\"{}\" matches more than one display: {}. Name one of them.", called,
+                                   fmt::format("{}", fmt::join(texts(found), ", "))));
     }
     // Prefer its label on the current desk.
     const auto first = std::ranges::find_if(
@@ -127,9 +128,9 @@ std::expected<DisplayInfo, std::string> resolve(std::string_view called,
         }
     }
     const auto known = texts(fitting(all, [](const Candidate&) { return true; }));
-    return std::unexpected(
-        fmt::format("No display \"{}\" is known.{}", called,
-                    known.empty() ? "" : fmt::format(" Known displays: {}.", fmt::join(known, ", "))));
+    return std::unexpected(known.empty() ? trf("No display \"{}\" is known.", called)
+                                         : trf("No display \"{}\" is known. Known displays: {}.", called,
+                                               fmt::format("{}", fmt::join(known, ", "))));
 }
 
 } // namespace vantrel::DisplayLabels

@@ -1,6 +1,7 @@
 #include "VantrelCore/licensing/LicenseAnswers.h"
 
 #include "VantrelCore/model/StrictJson.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 
 constexpr std::size_t longestKey = 128;
 constexpr std::size_t longestSentence = 200;
-constexpr const char* unchanged = "Nothing was changed.";
+constexpr const char* unchanged = marked("Nothing was changed.");
 // HTTP status: the server no longer has the licence.
 constexpr int gone = 410;
 
@@ -50,15 +51,15 @@ std::optional<std::string> serversSentence(const std::string& body) {
 std::string refusal(const HttpResponse& response) {
     if (response.status >= 400 && response.status < 500) {
         return serversSentence(response.body)
-            .value_or(fmt::format("The server does not accept this key ({}).", response.status));
+            .value_or(trf("The server does not accept this key ({}).", response.status));
     }
-    return fmt::format("The server has a problem ({}). {} Try again later.", response.status, unchanged);
+    return trf("The server has a problem ({}). Nothing was changed. Try again later.", response.status);
 }
 
 // Success if the server agreed, else a sentence for the user.
 std::expected<void, std::string> agreed(const HttpResult& result) {
     if (!result) {
-        return std::unexpected(fmt::format("{} {}", result.error().sentence, unchanged));
+        return std::unexpected(fmt::format("{} {}", result.error().sentence, tr(unchanged)));
     }
     if (result->status < 200 || result->status > 299) {
         return std::unexpected(refusal(*result));
@@ -94,7 +95,7 @@ std::expected<LicenseDocument, std::string> activated(const HttpResult& result) 
     }
     auto document = LicenseDocuments::parse(result->body);
     if (!document) {
-        return std::unexpected(fmt::format("The server's reply is not a license. {}", unchanged));
+        return std::unexpected(trf("The server's reply is not a license. Nothing was changed."));
     }
     return *std::move(document);
 }

@@ -1,7 +1,7 @@
 #include "VantrelCore/licensing/LicenseDecision.h"
 
 #include "VantrelCore/licensing/LicenseLease.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -37,27 +37,30 @@ LicenseRecord knownRecord(const AtStart& at) {
 
 std::string sentence(const License& license, bool isWithdrawn, const LicenseLease::Standing& standing) {
     using LicenseLease::Term;
-    constexpr const char* noMore = "the vendor's server no longer renews it. If that is a mistake, "
-                                   "activate your key again.";
     if (standing.term == Term::ended && isWithdrawn) {
-        return fmt::format("The license ended on {}: {}", dayText(*standing.until), noMore);
+        return trf("The license ended on {}: the vendor's server no longer renews it. If that is a mistake, "
+                   "activate your key again.",
+                   dayText(*standing.until));
     }
     if (standing.term == Term::ended) {
-        return fmt::format(
-            "The license ended on {} because it was not renewed. It becomes valid again as soon as "
-            "this computer reaches the vendor's server. If this computer's clock is wrong, set it "
-            "right.",
-            dayText(*standing.until));
+        return trf("The license ended on {} because it was not renewed. It becomes valid again as soon as "
+                   "this computer reaches the vendor's server. If this computer's clock is wrong, set it "
+                   "right.",
+                   dayText(*standing.until));
     }
     if (isWithdrawn) {
-        return fmt::format("The license for this computer ends on {}: {}", dayText(*standing.until), noMore);
+        return trf(
+            "The license for this computer ends on {}: the vendor's server no longer renews it. If that "
+            "is a mistake, activate your key again.",
+            dayText(*standing.until));
     }
-    auto text = fmt::format("Licensed for this computer{}.",
-                            license.expiresAt ? " until " + dayText(*license.expiresAt) : "");
+    std::string text = license.expiresAt
+                           ? trf("Licensed for this computer until {}.", dayText(*license.expiresAt))
+                           : tr("Licensed for this computer.");
     if (standing.term == Term::inGrace) {
-        text += fmt::format(
-            " The license was due for renewal by {}: connect this computer to the internet before {}.",
-            dayText(*license.leasedUntil), dayText(*standing.until));
+        text += " ";
+        text += trf("The license was due for renewal by {}: connect this computer to the internet before {}.",
+                    dayText(*license.leasedUntil), dayText(*standing.until));
     }
     return text;
 }
@@ -118,7 +121,7 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
     const Date present = effectiveNow(record, license, now);
     if (license && license->expiresAt && present >= *license->expiresAt) {
         return {.kind = Kind::refused,
-                .reason = fmt::format("The license expired on {}.", dayText(*license->expiresAt)),
+                .reason = trf("The license expired on {}.", dayText(*license->expiresAt)),
                 .license = license};
     }
     if (license) {
@@ -126,22 +129,22 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
     }
     if (record.problem) {
         return {.kind = Kind::refused,
-                .reason = LicenseProblems::sentence(*record.problem) +
+                .reason = LicenseProblems::sentence(*record.problem) + " " +
                           (record.problem == LicenseProblem::unreadable
-                               ? " Look at its permissions."
-                               : " It is kept as license.json.corrupt. Activate your key again.")};
+                               ? tr("Look at its permissions.")
+                               : tr("It is kept as license.json.corrupt. Activate your key again."))};
     }
     const Date end = record.trialStartedAt + trialLength;
     if (present >= end) {
-        return {
-            .kind = Kind::trialOver,
-            .reason =
-                "The trial has ended. Your saved data is kept; a license brings back restoring and learning.",
-            .trialEndsAt = end};
+        return {.kind = Kind::trialOver,
+                .reason =
+                    tr("The trial has ended. Your saved data is kept; a license brings back restoring and "
+                       "learning."),
+                .trialEndsAt = end};
     }
     const auto days = std::chrono::ceil<std::chrono::days>(end - present).count();
     return {.kind = Kind::trial,
-            .reason = fmt::format("The trial ends in {}.", countedNoun(days, "day")),
+            .reason = trn("The trial ends in {} day.", "The trial ends in {} days.", days),
             .trialEndsAt = end,
             .trialDaysLeft = days,
             .changesAt = end};
@@ -149,7 +152,7 @@ Entitlement entitlement(const LicenseRecord& record, const std::optional<License
 
 Entitlement notNeeded() {
     return {.kind = Entitlement::Kind::notNeeded,
-            .reason = "This build contains no vendor key and needs no license."};
+            .reason = tr("This build contains no vendor key and needs no license.")};
 }
 
 } // namespace vantrel::LicenseDecision

@@ -1,6 +1,7 @@
 #include "VantrelCore/scenes/SceneProblem.h"
 
 #include "VantrelCore/stores/SceneStore.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 namespace vantrel::SceneProblems {
@@ -27,33 +28,33 @@ SceneProblem from(SceneStoreError error, std::string_view name) {
 std::string_view panelText(SceneProblem problem) {
     switch (problem) {
     case SceneProblem::capReached:
-        return "12 scenes max. Delete one to add another.";
+        return tr("12 scenes max. Delete one to add another.");
     case SceneProblem::emptyName:
-        return "A scene needs a name.";
+        return tr("A scene needs a name.");
     case SceneProblem::nameTooLong:
-        return "Name must be 30 characters or fewer.";
+        return tr("Name must be 30 characters or fewer.");
     case SceneProblem::nameUsed:
-        return "That name is used by another scene.";
+        return tr("That name is used by another scene.");
     case SceneProblem::nameUsedOnAnotherDesk:
-        return "That name is used by a scene on another desk.";
+        return tr("That name is used by a scene on another desk.");
     case SceneProblem::pinned:
-        return "That scene is pinned. Unpin it to update it.";
+        return tr("That scene is pinned. Unpin it to update it.");
     case SceneProblem::notFound:
-        return "That scene no longer exists.";
+        return tr("That scene no longer exists.");
     case SceneProblem::writeFailed:
         break;
     }
-    return "The scene could not be saved. Check the free space on your disk.";
+    return tr("The scene could not be saved. Check the free space on your disk.");
 }
 
 std::string_view actionText(SceneProblem problem) {
     switch (problem) {
     case SceneProblem::capReached:
-        return "This desk already has the maximum number of scenes.";
+        return tr("This desk already has the maximum number of scenes.");
     case SceneProblem::nameUsedOnAnotherDesk:
-        return "A scene on another desk already has that name.";
+        return tr("A scene on another desk already has that name.");
     case SceneProblem::pinned:
-        return "That scene is pinned, so its layout never changes.";
+        return tr("That scene is pinned, so its layout never changes.");
     default:
         return panelText(problem);
     }
@@ -62,9 +63,9 @@ std::string_view actionText(SceneProblem problem) {
 std::string_view nameFieldText(SceneProblem problem) {
     switch (problem) {
     case SceneProblem::emptyName:
-        return "Empty scene name";
+        return tr("Empty scene name");
     case SceneProblem::nameUsedOnAnotherDesk:
-        return "That name is used on another desk.";
+        return tr("That name is used on another desk.");
     default:
         return panelText(problem);
     }

@@ -1,6 +1,7 @@
 #include "VantrelCore/scenes/SceneRail.h"
 
 #include "VantrelCore/scenes/SceneDeskComparison.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ std::string groupName(const std::string& configID, const std::vector<Scene>& sce
         return *known;
     }
     const std::string& noted = scenes.back().layout.name;
-    return noted.empty() ? "Unknown desk" : noted;
+    return noted.empty() ? tr("Unknown desk") : noted;
 }
 
 } // namespace
@@ -61,7 +62,7 @@ std::size_t otherDeskCount(const std::string& currentConfigID, const std::vector
 }
 
 std::string otherDesksLabel(std::size_t count) {
-    return count == 1 ? "1 scene on another desk" : fmt::format("{} scenes on other desks", count);
+    return trn("{} scene on another desk", "{} scenes on other desks", static_cast<std::int64_t>(count));
 }
 
 } // namespace vantrel::SceneRail

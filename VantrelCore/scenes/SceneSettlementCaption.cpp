@@ -1,4 +1,5 @@
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -11,18 +12,18 @@ std::string nameList(const std::vector<std::string>& names) {
     case 1:
         return names[0];
     case 2:
-        return fmt::format("{} and {}", names[0], names[1]);
+        return trf("{} and {}", names[0], names[1]);
     default:
-        return fmt::format("{} and {} more", names[0], names.size() - 1);
+        return trf("{} and {} more", names[0], names.size() - 1);
     }
 }
 
 } // namespace
 
 std::string detail(std::int64_t opened, std::int64_t placed, const std::vector<std::string>& stragglers) {
-    std::string caption = fmt::format("opened {}, placed {}", opened, placed);
+    std::string caption = trf("opened {}, placed {}", opened, placed);
     if (!stragglers.empty()) {
-        caption += fmt::format(" · {} did not finish opening", nameList(stragglers));
+        caption += " · " + trf("{} did not finish opening", nameList(stragglers));
     }
     return caption;
 }

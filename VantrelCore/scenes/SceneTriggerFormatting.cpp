@@ -1,5 +1,6 @@
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <charconv>
@@ -9,7 +10,8 @@ namespace vantrel::SceneTriggerFormatting {
 
 std::string timeString(std::int64_t hour, std::int64_t minute) {
     const std::int64_t onTheDial = hour % 12;
-    return fmt::format("{}:{:02} {}", onTheDial == 0 ? 12 : onTheDial, minute, hour < 12 ? "AM" : "PM");
+    // Languages that use the 24-hour clock format the last two arguments.
+    return trf("{0}:{1:02} {2}", onTheDial == 0 ? 12 : onTheDial, minute, hour < 12 ? "AM" : "PM", hour);
 }
 
 std::optional<ScheduleTrigger> scheduleOf(std::string_view text) {
@@ -43,9 +45,9 @@ std::string title(const SceneTrigger::Kind& kind) {
         return timeString(schedule->hour, schedule->minute);
     }
     if (const auto* focus = std::get_if<SceneTrigger::FocusMode>(&kind)) {
-        return focus->name + " focus turns on";
+        return trf("{} focus turns on", focus->name);
     }
-    return std::string(calendarVideoEventTitle);
+    return tr(calendarVideoEventTitle);
 }
 
 } // namespace vantrel::SceneTriggerFormatting

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VantrelCore/model/SceneTrigger.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,15 +11,15 @@
 
 namespace vantrel::SceneTriggerFormatting {
 
-inline constexpr std::string_view deleteQuestion = "Delete this trigger?";
-inline constexpr std::string_view noTriggers =
-    "No triggers yet. Add one below to apply a scene automatically.";
-inline constexpr std::string_view calendarVideoEventTitle = "A calendar event with a video link starts";
-inline constexpr std::string_view calendarVideoEventExplanation =
-    "Fires when a calendar event with a video link is about to start.";
-inline constexpr std::string_view noScenes = "Save a scene first from the menu panel.";
+inline constexpr const char* deleteQuestion = marked("Delete this trigger?");
+inline constexpr const char* noTriggers =
+    marked("No triggers yet. Add one below to apply a scene automatically.");
+inline constexpr const char* calendarVideoEventTitle = marked("A calendar event with a video link starts");
+inline constexpr const char* calendarVideoEventExplanation =
+    marked("Fires when a calendar event with a video link is about to start.");
+inline constexpr const char* noScenes = marked("Save a scene first from the menu panel.");
 // Shown beside a calendar trigger that cannot fire without access.
-inline constexpr std::string_view calendarAccessNeeded = "Calendar access needed";
+inline constexpr const char* calendarAccessNeeded = marked("Calendar access needed");
 
 // On the 12-hour clock: "12:05 AM", "1:30 PM".
 [[nodiscard]] std::string timeString(std::int64_t hour, std::int64_t minute);

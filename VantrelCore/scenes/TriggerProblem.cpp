@@ -2,6 +2,7 @@
 
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 #include "VantrelCore/stores/TriggerStore.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -22,19 +23,19 @@ TriggerProblem triggerProblem(TriggerStoreError error) {
 std::string text(TriggerProblem problem) {
     switch (problem) {
     case TriggerProblem::capReached:
-        return fmt::format("{} triggers max. Delete one to add another.", TriggerStore::maxTriggers);
+        return trf("{} triggers max. Delete one to add another.", TriggerStore::maxTriggers);
     case TriggerProblem::notFound:
-        return "That trigger no longer exists.";
+        return tr("That trigger no longer exists.");
     case TriggerProblem::writeFailed:
-        return "The triggers could not be written to disk. Nothing was changed.";
+        return tr("The triggers could not be written to disk. Nothing was changed.");
     case TriggerProblem::noScene:
-        return std::string(SceneTriggerFormatting::noScenes);
+        return tr(SceneTriggerFormatting::noScenes);
     case TriggerProblem::sceneNotFound:
-        return "That scene no longer exists.";
+        return tr("That scene no longer exists.");
     case TriggerProblem::invalidTime:
-        return "A time needs an hour from 0 to 23 and a minute from 0 to 59.";
+        return tr("A time needs an hour from 0 to 23 and a minute from 0 to 59.");
     case TriggerProblem::noFocusName:
-        return "A Focus needs a name.";
+        return tr("A Focus needs a name.");
     }
     return "";
 }

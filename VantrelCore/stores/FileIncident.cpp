@@ -1,4 +1,5 @@
 #include "VantrelCore/stores/FileIncident.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -55,13 +56,13 @@ std::string headline(const FileIncident& incident) {
     const std::string file = incident.file.filename().string();
     switch (incident.topic()) {
     case FileIncident::Topic::writing:
-        return file + " could not be saved";
+        return trf("{} could not be saved", file);
     case FileIncident::Topic::copy:
-        return "A copy of " + file + " was kept";
+        return trf("A copy of {} was kept", file);
     case FileIncident::Topic::content:
         break;
     }
-    return incident.isTrouble() ? file + " could not be read" : file + " can be read again";
+    return incident.isTrouble() ? trf("{} could not be read", file) : trf("{} can be read again", file);
 }
 
 std::string sentence(const FileIncident& incident) {
@@ -70,32 +71,29 @@ std::string sentence(const FileIncident& incident) {
     const std::string& reason = incident.reason;
     switch (incident.kind) {
     case Kind::unreadable:
-        return fmt::format(
-            "{} could not be read ({}). It was moved to {} and will be put back once it can be "
-            "read, unless something new is saved first.",
-            file, reason, copy);
+        return trf("{} could not be read ({}). It was moved to {} and will be put back once it can be "
+                   "read, unless something new is saved first.",
+                   file, reason, copy);
     case Kind::undecodable:
-        return fmt::format("{} is damaged ({}). Its content was kept as {}.", file, reason, copy);
+        return trf("{} is damaged ({}). Its content was kept as {}.", file, reason, copy);
     case Kind::stuck:
-        return fmt::format("{} cannot be used ({}). It is left as it is, and nothing is saved to it until it "
-                           "can be read or moved aside.",
-                           file, reason);
+        return trf("{} cannot be used ({}). It is left as it is, and nothing is saved to it until it "
+                   "can be read or moved aside.",
+                   file, reason);
     case Kind::putBack:
-        return fmt::format("{} can be read again and is back in use.", file);
+        return trf("{} can be read again and is back in use.", file);
     case Kind::notWritten:
-        return fmt::format("{} could not be written ({}). The last change was not saved.", file, reason);
+        return trf("{} could not be written ({}). The last change was not saved.", file, reason);
     case Kind::notFlushed:
-        return fmt::format(
-            "{} was written, but the disk has not confirmed it. The last change may be lost if "
-            "the computer stops now.",
-            file);
+        return trf("{} was written, but the disk has not confirmed it. The last change may be lost if "
+                   "the computer stops now.",
+                   file);
     case Kind::newerKept:
-        return fmt::format("{} was written by a newer version of Vantrel. A copy was kept as {}.", file,
-                           copy);
+        return trf("{} was written by a newer version of Vantrel. A copy was kept as {}.", file, copy);
     case Kind::expiredKept:
-        return fmt::format("More than half of {} was dropped because of its age. A copy was kept as {} "
-                           "in case the clock was wrong.",
-                           file, copy);
+        return trf("More than half of {} was dropped because of its age. A copy was kept as {} "
+                   "in case the clock was wrong.",
+                   file, copy);
     }
     return "";
 }

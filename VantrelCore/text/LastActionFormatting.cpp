@@ -1,15 +1,15 @@
 #include "VantrelCore/text/LastActionFormatting.h"
 
-#include "VantrelCore/text/CountedNoun.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
 namespace vantrel::LastActionFormatting {
 
 std::string line(const LastAction& action, Date now) {
-    return fmt::format("Restored {} · {}", countedNoun(action.windowCount, "window"),
-                       RelativeTimeCaption::caption(action.date, now));
+    return trn("Restored {0} window · {1}", "Restored {0} windows · {1}", action.windowCount,
+               RelativeTimeCaption::caption(action.date, now));
 }
 
 } // namespace vantrel::LastActionFormatting

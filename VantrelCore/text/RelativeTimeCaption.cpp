@@ -1,4 +1,5 @@
 #include "VantrelCore/text/RelativeTimeCaption.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -8,15 +9,15 @@ std::string caption(Date from, Date now) {
     using namespace std::chrono;
     const auto age = now - from;
     if (age < minutes{1}) {
-        return "just now";
+        return tr("just now");
     }
     if (age < hours{1}) {
-        return fmt::format("{}m ago", duration_cast<minutes>(age).count());
+        return trf("{}m ago", duration_cast<minutes>(age).count());
     }
     if (age < days{1}) {
-        return fmt::format("{}h ago", duration_cast<hours>(age).count());
+        return trf("{}h ago", duration_cast<hours>(age).count());
     }
-    return fmt::format("{}d ago", duration_cast<days>(age).count());
+    return trf("{}d ago", duration_cast<days>(age).count());
 }
 
 } // namespace vantrel::RelativeTimeCaption

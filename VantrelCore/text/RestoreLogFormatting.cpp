@@ -1,4 +1,5 @@
 #include "VantrelCore/text/RestoreLogFormatting.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <array>
@@ -23,19 +24,31 @@ bool wasClosed(const RestoreLog::Item& item) {
     return !item.reason || item.reason->empty() || (*item.reason == closedReason && !item.note);
 }
 
-void addCount(std::vector<std::string>& parts, std::int64_t count, std::string_view phrase) {
+void add(std::vector<std::string>& parts, std::int64_t count, std::string text) {
     if (count > 0) {
-        parts.push_back(fmt::format("{}{}", count, phrase));
+        parts.push_back(std::move(text));
     }
 }
 
-void addClosedCount(std::vector<std::string>& parts, std::int64_t count) {
-    addCount(parts, count, count == 1 ? " was already closed" : " were already closed");
+void addPutBack(std::vector<std::string>& parts, std::int64_t count) {
+    add(parts, count, trn("{} put back", "{} put back", count));
+}
+
+void addRetried(std::vector<std::string>& parts, std::int64_t count) {
+    add(parts, count, trn("{} needed a retry", "{} needed a retry", count));
+}
+
+void addFailed(std::vector<std::string>& parts, std::int64_t count) {
+    add(parts, count, trn("{} could not move", "{} could not move", count));
+}
+
+void addClosed(std::vector<std::string>& parts, std::int64_t count) {
+    add(parts, count, trn("{} was already closed", "{} were already closed", count));
 }
 
 std::string withReason(std::string_view label, const RestoreLog::Item& item) {
     const auto& said = item.note ? item.note : item.reason;
-    return said && !said->empty() ? fmt::format("{}: {}", label, *said) : std::string(label);
+    return said && !said->empty() ? fmt::format("{}: {}", label, tr(said->c_str())) : std::string(label);
 }
 
 std::string joined(const std::vector<std::string>& parts) {
@@ -47,29 +60,29 @@ std::string joined(const std::vector<std::string>& parts) {
 std::string summary(const RestoreLog::Entry& entry) {
     const std::int64_t retried = countOf(entry, Outcome::retried);
     std::vector<std::string> parts;
-    addCount(parts, countOf(entry, Outcome::restored) + retried, " put back");
-    addCount(parts, retried, " needed a retry");
-    addCount(parts, countOf(entry, Outcome::failed), " could not move");
+    addPutBack(parts, countOf(entry, Outcome::restored) + retried);
+    addRetried(parts, retried);
+    addFailed(parts, countOf(entry, Outcome::failed));
     const std::int64_t closed = std::ranges::count_if(
         entry.items, [](const auto& item) { return item.outcome == Outcome::skipped && wasClosed(item); });
-    addClosedCount(parts, closed);
+    addClosed(parts, closed);
     const std::int64_t skipped = countOf(entry, Outcome::skipped) - closed;
-    addCount(parts, skipped, skipped == 1 ? " was skipped" : " were skipped");
-    return parts.empty() ? "Nothing to put back" : joined(parts);
+    add(parts, skipped, trn("{} was skipped", "{} were skipped", skipped));
+    return parts.empty() ? tr("Nothing to put back") : joined(parts);
 }
 
 std::string label(const RestoreLog::Item& item) {
     switch (item.outcome) {
     case Outcome::restored:
-        return "Put back";
+        return tr("Put back");
     case Outcome::retried:
-        return "Put back after a retry";
+        return tr("Put back after a retry");
     case Outcome::failed:
-        return withReason("Could not move", item);
+        return withReason(tr("Could not move"), item);
     case Outcome::skipped:
         break;
     }
-    return wasClosed(item) ? "Already closed" : withReason("Skipped", item);
+    return wasClosed(item) ? tr("Already closed") : withReason(tr("Skipped"), item);
 }
 
 bool hasProblems(const RestoreLog::Entry& entry) {
@@ -87,20 +100,20 @@ std::vector<RestoreLog::Item> ordered(std::vector<RestoreLog::Item> items) {
 
 std::string reliabilitySummary(const AppReliability& app) {
     if (app.attempts() <= 0) {
-        return "Nothing to put back yet";
+        return tr("Nothing to put back yet");
     }
     std::vector<std::string> parts;
-    addCount(parts, app.landed(), " put back");
-    addCount(parts, app.failedCount, " could not move");
+    addPutBack(parts, app.landed());
+    addFailed(parts, app.failedCount);
     return joined(parts);
 }
 
 std::string reliabilityDetail(const AppReliability& app) {
     std::vector<std::string> parts;
-    addCount(parts, app.retriedCount, " needed a retry");
-    addClosedCount(parts, app.skippedCount);
+    addRetried(parts, app.retriedCount);
+    addClosed(parts, app.skippedCount);
     if (app.failedCount > 0 && app.lastFailureReason && !app.lastFailureReason->empty()) {
-        parts.push_back("Last problem: " + *app.lastFailureReason);
+        parts.push_back(trf("Last problem: {}", tr(app.lastFailureReason->c_str())));
     }
     return joined(parts);
 }
@@ -110,10 +123,10 @@ std::string elapsedCaption(double seconds) {
     const double duration = std::isnan(seconds) ? 0 : std::clamp(seconds, 0.0, 3.2e9);
     const std::int64_t tenths = std::llround(duration * 10);
     if (tenths < 100) {
-        return fmt::format("{}.{} s", tenths / 10, tenths % 10);
+        return trf("{}.{} s", tenths / 10, tenths % 10);
     }
     const std::int64_t whole = std::llround(duration);
-    return whole < 60 ? fmt::format("{} s", whole) : fmt::format("{} min {} s", whole / 60, whole % 60);
+    return whole < 60 ? trf("{} s", whole) : trf("{} min {} s", whole / 60, whole % 60);
 }
 
 } // namespace vantrel::RestoreLogFormatting

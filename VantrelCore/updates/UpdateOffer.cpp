@@ -1,6 +1,7 @@
 #include "VantrelCore/updates/UpdateOffer.h"
 
 #include "VantrelCore/text/SemVer.h"
+#include "VantrelCore/text/Translation.h"
 
 namespace vantrel::UpdateOffer {
 
@@ -25,7 +26,7 @@ std::optional<std::string> latestAvailable(const std::string& latest, std::strin
 }
 
 std::string caption(std::string_view version) {
-    return "Update available · v" + std::string(version);
+    return trf("Update available · v{}", version);
 }
 
 } // namespace vantrel::UpdateOffer

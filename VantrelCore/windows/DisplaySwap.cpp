@@ -2,6 +2,7 @@
 
 #include "VantrelCore/displays/DisplayGeometry.h"
 #include "VantrelCore/displays/DisplayLabels.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/RuleApplication.h"
 
 #include <utility>
@@ -24,9 +25,9 @@ std::expected<Pair, std::string> twins(const Displays& displays) {
     if (found.size() == 1) {
         return found.front();
     }
-    return std::unexpected(std::string(found.empty() ? "This desk has no two equal displays."
-                                                     : "This desk has more than two equal displays.") +
-                           " Name the two to swap; to list them: vantrelctl displays");
+    return std::unexpected(std::string(found.empty() ? tr("This desk has no two equal displays.")
+                                                     : tr("This desk has more than two equal displays.")) +
+                           " " + tr("Name the two to swap; to list them: vantrelctl displays"));
 }
 
 void move(WindowRecord& window, const DisplayInfo& from, const DisplayInfo& to) {
@@ -52,7 +53,7 @@ std::expected<Pair, std::string> choose(const Displays& displays, const std::str
         return std::unexpected(a ? b.error() : a.error());
     }
     if (a->uuid == b->uuid) {
-        return std::unexpected("These are the same display.");
+        return std::unexpected(tr("These are the same display."));
     }
     return Pair{*a, *b};
 }

@@ -1,14 +1,12 @@
 #include "tools/pictures/LongTexts.h"
 
-#include <string_view>
+#include <QStringList>
 
 namespace vantrel::pictures {
 
-QString LongTexts::translate(const char* context, const char* text, const char* /*disambiguation*/,
-                             int /*count*/) const {
-    if (std::string_view(context) != "Vantrel") {
-        return {};
-    }
+namespace {
+
+std::string lengthened(const char* text) {
     // Words as long as the text's own, because a longer text is not one longer word.
     constexpr double longer = 1.4;
     const QString original = QString::fromUtf8(text);
@@ -20,9 +18,25 @@ QString LongTexts::translate(const char* context, const char* text, const char* 
         }
         result += " " + word;
     }
-    return result.size() <= wanted || original.contains(' ')
-               ? result
-               : original + original.left(wanted - original.size());
+    // A format grows by whole words only.
+    return (result.size() <= wanted || original.contains(' ') || original.contains('{')
+                ? result
+                : original + original.left(wanted - original.size()))
+        .toStdString();
+}
+
+} // namespace
+
+const char* LongTexts::text(const char* english) const {
+    const auto [found, isNew] = m_longer.try_emplace(english);
+    if (isNew) {
+        found->second = lengthened(english);
+    }
+    return found->second.c_str();
+}
+
+const char* LongTexts::plural(const char* one, const char* many, std::int64_t count) const {
+    return text(count == 1 ? one : many);
 }
 
 } // namespace vantrel::pictures

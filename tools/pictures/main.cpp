@@ -97,7 +97,7 @@ int main(int argumentCount, char** arguments) {
     }
     pictures::LongTexts longTexts;
     if (hasLongTexts) {
-        QApplication::installTranslator(&longTexts);
+        setTranslation(&longTexts);
     }
 
     const QDir target(QString::fromStdString(folder));

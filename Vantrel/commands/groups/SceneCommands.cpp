@@ -88,7 +88,7 @@ void apply(const BusCall& call) {
 }
 
 ControlAnswer deleteScene(const BusCall& call, const Scene& scene) {
-    return scene.isPinned() ? refused(std::string(SceneExplanations::pinnedIsProtected))
+    return scene.isPinned() ? refused(tr(SceneExplanations::pinnedIsProtected))
                             : edited(call.controller, call.controller.scenes().deleteScene(scene.id));
 }
 

@@ -154,7 +154,7 @@ std::string remark(const nlohmann::json& trigger, bool isAccessNeeded, const Ver
         return "off";
     }
     if (isAccessNeeded && trigger.at("kind").contains("calendarVideoEvent")) {
-        return std::string(SceneTriggerFormatting::calendarAccessNeeded);
+        return tr(SceneTriggerFormatting::calendarAccessNeeded);
     }
     const auto fired = JsonCoding::optional<Date>(trigger, "lastFiredAt");
     return fired ? "last on " + call.environment.localDate(*fired) : "";

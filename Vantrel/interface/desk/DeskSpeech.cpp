@@ -1,6 +1,6 @@
 #include "Vantrel/interface/desk/DeskPicture.h"
 
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/VisibleWindows.h"
 
 #include <algorithm>
@@ -26,43 +26,41 @@ struct Part {
 constexpr double third = 1.0 / 3;
 
 constexpr std::array parts{
-    Part{"all", 0, 0, 1, 1},
-    Part{"left half", 0, 0, 0.5, 1},
-    Part{"right half", 0.5, 0, 0.5, 1},
-    Part{"upper half", 0, 0, 1, 0.5},
-    Part{"lower half", 0, 0.5, 1, 0.5},
-    Part{"left third", 0, 0, third, 1},
-    Part{"middle third", third, 0, third, 1},
-    Part{"right third", 2 * third, 0, third, 1},
-    Part{"left two thirds", 0, 0, 2 * third, 1},
-    Part{"right two thirds", third, 0, 2 * third, 1},
-    Part{"upper left quarter", 0, 0, 0.5, 0.5},
-    Part{"upper right quarter", 0.5, 0, 0.5, 0.5},
-    Part{"lower left quarter", 0, 0.5, 0.5, 0.5},
-    Part{"lower right quarter", 0.5, 0.5, 0.5, 0.5},
+    Part{marked("all"), 0, 0, 1, 1},
+    Part{marked("left half"), 0, 0, 0.5, 1},
+    Part{marked("right half"), 0.5, 0, 0.5, 1},
+    Part{marked("upper half"), 0, 0, 1, 0.5},
+    Part{marked("lower half"), 0, 0.5, 1, 0.5},
+    Part{marked("left third"), 0, 0, third, 1},
+    Part{marked("middle third"), third, 0, third, 1},
+    Part{marked("right third"), 2 * third, 0, third, 1},
+    Part{marked("left two thirds"), 0, 0, 2 * third, 1},
+    Part{marked("right two thirds"), third, 0, 2 * third, 1},
+    Part{marked("upper left quarter"), 0, 0, 0.5, 0.5},
+    Part{marked("upper right quarter"), 0.5, 0, 0.5, 0.5},
+    Part{marked("lower left quarter"), 0, 0.5, 0.5, 0.5},
+    Part{marked("lower right quarter"), 0.5, 0.5, 0.5, 0.5},
 };
 
 // In which third of the display the window's centre lies.
 std::string side(const Rect& window, const Rect& usable) {
     const double x = (window.center().x - usable.minX()) / usable.width();
     const double y = (window.center().y - usable.minY()) / usable.height();
-    const std::string vertical = y < third ? "upper" : y > 2 * third ? "lower" : "";
-    const std::string horizontal = x < third ? "left" : x > 2 * third ? "right" : "";
-    if (vertical.empty() && horizontal.empty()) {
-        return "centre";
-    }
-    const bool isCorner = !vertical.empty() && !horizontal.empty();
-    return vertical + (isCorner ? " " : "") + horizontal + (isCorner ? "" : " side");
+    constexpr std::array names{marked("upper left"), marked("upper side"), marked("upper right"),
+                               marked("left side"),  marked("centre"),     marked("right side"),
+                               marked("lower left"), marked("lower side"), marked("lower right")};
+    const auto of = [](double share) { return share < third ? 0U : share > 2 * third ? 2U : 1U; };
+    return tr(names.at(3 * of(y) + of(x)));
 }
 
 std::string stateText(DeskPicture::Window::State state) {
     switch (state) {
     case DeskPicture::Window::State::notRunning:
-        return "not running";
+        return tr("not running");
     case DeskPicture::Window::State::noWindow:
-        return "no such window is open";
+        return tr("no such window is open");
     case DeskPicture::Window::State::couldNotMove:
-        return "could not be moved";
+        return tr("could not be moved");
     case DeskPicture::Window::State::remembered:
     case DeskPicture::Window::State::seen:
         break;
@@ -86,7 +84,7 @@ std::string place(const Rect& window, const Rect& usable) {
         return std::abs(left - part.left) < tolerance && std::abs(top - part.top) < tolerance &&
                std::abs(width - part.width) < tolerance && std::abs(height - part.height) < tolerance;
     });
-    return found != parts.end() ? found->name : side(window, usable);
+    return found != parts.end() ? tr(found->name) : side(window, usable);
 }
 
 std::string window(const DeskPicture::Window& window, const std::vector<DisplayInfo>& displays) {
@@ -97,11 +95,11 @@ std::string window(const DeskPicture::Window& window, const std::vector<DisplayI
     const auto display =
         std::ranges::find(displays, VisibleWindows::displayUUID(window.frame, displays), &DisplayInfo::uuid);
     if (display != displays.end()) {
-        text += fmt::format(", {} of {}", place(window.frame, display->usableFrame()), display->name);
+        text += ", " + trf("{} of {}", place(window.frame, display->usableFrame()), display->name);
     }
     for (const std::string& more :
-         {stateText(window.state), std::string(window.isOutOfSight ? "out of sight" : ""),
-          std::string(window.now ? "has moved" : "")}) {
+         {stateText(window.state), std::string(window.isOutOfSight ? tr("out of sight") : ""),
+          std::string(window.now ? tr("has moved") : "")}) {
         if (!more.empty()) {
             text += ", " + more;
         }
@@ -110,8 +108,8 @@ std::string window(const DeskPicture::Window& window, const std::vector<DisplayI
 }
 
 std::string desk(const DeskPicture& picture) {
-    return countedNoun(static_cast<std::int64_t>(picture.displays.size()), "display") + ", " +
-           countedNoun(static_cast<std::int64_t>(picture.windows.size()), "window");
+    return trn("{} display", "{} displays", std::ssize(picture.displays)) + ", " +
+           trn("{} window", "{} windows", std::ssize(picture.windows));
 }
 
 std::vector<std::size_t> order(const DeskPicture& picture) {

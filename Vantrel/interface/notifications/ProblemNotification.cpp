@@ -1,7 +1,7 @@
 #include "Vantrel/interface/notifications/ProblemNotification.h"
 
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -31,7 +31,7 @@ std::string applications(const RestoreReport& report) {
     for (std::size_t index = 0; index < shown; ++index) {
         text += (index == 0 ? "" : ", ") + names[index];
     }
-    return names.size() > most ? fmt::format("{} and {} more.", text, names.size() - most) : text + ".";
+    return names.size() > most ? trf("{} and {} more.", text, names.size() - most) : text + ".";
 }
 
 } // namespace
@@ -42,8 +42,8 @@ std::optional<ProblemNotification> ProblemNotification::of(const PublishedState&
     const bool isOver = restore && restore->isAutomatic && secondsBetween(restore->date, now) >= patience;
     const bool hasFailed = isOver && restore->configID == state.configID && restore->report.failedCount() > 0;
     if (hasFailed) {
-        problems.push_back({countedNoun(static_cast<std::int64_t>(restore->report.failedCount()), "window") +
-                                " could not be put back",
+        problems.push_back({trn("{} window could not be put back", "{} windows could not be put back",
+                                static_cast<std::int64_t>(restore->report.failedCount())),
                             applications(restore->report)});
     }
     for (const FileIncident& incident : state.fileIncidents) {
@@ -53,7 +53,7 @@ std::optional<ProblemNotification> ProblemNotification::of(const PublishedState&
     }
     if (state.calendarAccessNeeded) {
         problems.push_back(
-            {"A calendar cannot be read", std::string(SceneTriggerFormatting::calendarAccessNeeded)});
+            {tr("A calendar cannot be read"), tr(SceneTriggerFormatting::calendarAccessNeeded)});
     }
     if (problems.empty()) {
         return std::nullopt;

@@ -6,8 +6,8 @@
 #include "VantrelCore/scenes/SceneIconography.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/stores/SceneStore.h"
-#include "VantrelCore/text/CountedNoun.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/RestoreTally.h"
 
 #include <algorithm>
@@ -77,7 +77,7 @@ void addButtons(PanelContent& content, const PublishedState& state) {
 }
 
 std::string sceneDetail(const Scene& scene, const PublishedState& state) {
-    std::string text = countedNoun(static_cast<std::int64_t>(scene.layout.windows.size()), "window");
+    std::string text = trn("{} window", "{} windows", std::ssize(scene.layout.windows));
     if (!state.liveWindows) {
         return text;
     }
@@ -89,8 +89,7 @@ std::string sceneDetail(const Scene& scene, const PublishedState& state) {
         closed.erase(window.bundleID);
     }
     return closed.empty() ? text
-                          : text + " · " + countedNoun(static_cast<std::int64_t>(closed.size()), "app") +
-                                tr(" not open");
+                          : text + " · " + trn("{} app not open", "{} apps not open", std::ssize(closed));
 }
 
 PanelContent::SceneRow row(const Scene& scene, const PublishedState& state) {
@@ -130,14 +129,17 @@ std::optional<PanelContent::Result> resultLine(const PublishedState& state, Date
     const RestoreTally tally = RestoreTally::of(state.lastRestore->report);
     const std::string age = " · " + RelativeTimeCaption::caption(state.lastRestore->date, now);
     if (tally.failed > 0) {
-        return {{tr("Last restore: ") + countedNoun(tally.failed, "window") + tr(" could not be moved") + age,
+        return {{trn("Last restore: {} window could not be moved",
+                     "Last restore: {} windows could not be moved", tally.failed) +
+                     age,
                  true}};
     }
     if (tally.moved > 0) {
-        return {{countedNoun(tally.moved, "window") + tr(" back in place") + age}};
+        return {{trn("{} window back in place", "{} windows back in place", tally.moved) + age}};
     }
-    return {
-        {(tally.inPlace() > 0 ? tr("Every window was in its place") : tr("No windows were put back")) + age}};
+    return {{std::string(tally.inPlace() > 0 ? tr("Every window was in its place")
+                                             : tr("No windows were put back")) +
+             age}};
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "Vantrel/interface/panel/PanelMessages.h"
 
 #include "Vantrel/interface/Text.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
 #include <fmt/format.h>
@@ -94,8 +94,8 @@ private:
             if (!entitlement.trialDaysLeft || *entitlement.trialDaysLeft > lastDaysOfTrial) {
                 return;
             }
-            message.title = fmt::format(fmt::runtime(tr("{} left of your trial")),
-                                        countedNoun(*entitlement.trialDaysLeft, "day"));
+            message.title =
+                trn("{} day left of your trial", "{} days left of your trial", *entitlement.trialDaysLeft);
             break;
         case Entitlement::Kind::trialOver:
             message.title = tr("Your trial is over");
@@ -143,9 +143,9 @@ private:
              .symbol = "warn",
              .title = tr("The settings file has a mistake"),
              .detail = mistakes.front().text() +
-                       (more > 1    ? fmt::format(fmt::runtime(tr(" {} more lines are ignored.")), more)
-                        : more == 1 ? tr(" One more line is ignored.")
-                                    : ""),
+                       (more == 0 ? ""
+                                  : " " + trn("{} more line is ignored.", "{} more lines are ignored.",
+                                              static_cast<std::int64_t>(more))),
              .actions = {{Deed::openSettingsFile, tr("Open file")}}});
     }
 
@@ -165,21 +165,19 @@ private:
             !m_state.entitlement.isEntitled() || !m_state.enabled) {
             return;
         }
-        const auto text = [](std::int64_t count, const std::string& rest) {
-            return countedNoun(count, "window") + (count == 1 ? tr(" has moved") : tr(" have moved")) + rest;
-        };
         if (const auto& nudge = m_state.driftNudge) {
             add({.kind = Kind::drift,
                  .tone = Tone::accent,
                  .symbol = "move",
-                 .title =
-                     text(nudge->movedCount, fmt::format(fmt::runtime(tr(" since “{}”")), nudge->sceneName)),
+                 .title = trn("{0} window has moved since “{1}”", "{0} windows have moved since “{1}”",
+                              nudge->movedCount, nudge->sceneName),
                  .actions = {{Deed::reapplyScene, tr("Put back")}}});
         } else if (moved > 0) {
             add({.kind = Kind::drift,
                  .tone = Tone::accent,
                  .symbol = "move",
-                 .title = text(static_cast<std::int64_t>(moved), ""),
+                 .title =
+                     trn("{} window has moved", "{} windows have moved", static_cast<std::int64_t>(moved)),
                  .actions = {{Deed::putBack, tr("Put back")}}});
         }
     }
@@ -189,7 +187,7 @@ private:
             add({.kind = Kind::sameDesk,
                  .tone = Tone::accent,
                  .symbol = "monitor",
-                 .title = fmt::format(fmt::runtime(tr("Is this “{}”?")), offer->name),
+                 .title = trf("Is this “{}”?", offer->name),
                  .detail = tr("The displays look the same, but are connected differently."),
                  .actions = {{Deed::joinDesks, tr("It is the same")}}});
         }
@@ -221,8 +219,8 @@ private:
         if (m_context.crashReports > 0) {
             add({.kind = Kind::crashReports,
                  .symbol = "info",
-                 .title = countedNoun(static_cast<std::int64_t>(m_context.crashReports), "crash report") +
-                          tr(" waiting"),
+                 .title = trn("{} crash report waiting", "{} crash reports waiting",
+                              static_cast<std::int64_t>(m_context.crashReports)),
                  .detail = tr("They say where the program failed, nothing about your windows."),
                  .actions = {{Deed::sendCrashReports, tr("Send")}}});
         }

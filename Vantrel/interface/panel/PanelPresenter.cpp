@@ -1,6 +1,7 @@
 #include "Vantrel/interface/panel/PanelPresenter.h"
 
 #include "Vantrel/interface/Text.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -371,7 +372,7 @@ void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string
         break;
     case Deed::openSettingsFile:
         if (const auto file = m_controller.defaults().file(); file && !m_services.openFile(file->path)) {
-            tell(fmt::format(fmt::runtime(vantrel::tr("No editor opens {}.")), file->path.string()));
+            tell(trf("No editor opens {}.", file->path.string()));
         }
         break;
     case Deed::putBack:

@@ -109,11 +109,11 @@ protected:
         QApplication::setFont(font);
         QApplication::setLayoutDirection(GetParam().direction);
         if (GetParam().hasLongTexts) {
-            QApplication::installTranslator(&m_longTexts);
+            setTranslation(&m_longTexts);
         }
     }
     void TearDown() override {
-        QApplication::removeTranslator(&m_longTexts);
+        setTranslation(nullptr);
         QApplication::setLayoutDirection(Qt::LeftToRight);
         QApplication::setFont(m_font);
     }

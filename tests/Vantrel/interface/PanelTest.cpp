@@ -244,7 +244,7 @@ TEST_F(PanelTest, AMistakeInTheSettingsFileIsShownWithTheFileUntilItIsRight) {
         settle();
     }
     ASSERT_EQ(content().messages.size(), 1U) << "a later mistake is news";
-    EXPECT_THAT(content().messages[0].detail, HasSubstr(" One more line is ignored."));
+    EXPECT_THAT(content().messages[0].detail, HasSubstr(" 1 more line is ignored."));
 }
 
 TEST_F(PanelTest, TheIntroductionIsShownOnceKeepsTheAnswersAndLeadsToThePanel) {
