@@ -1,12 +1,12 @@
 // vantrelctl: queries a running vantrel and gives it commands.
 #include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/verbs/UsageMistake.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "Vantrel/commands/verbs/VerbTable.h"
 #include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
-#include "VantrelCore/text/SafeText.h"
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
@@ -58,6 +58,10 @@ std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
 // Exits without running destructors: while statics are destroyed, Qt 6.4's bus thread processes messages of
 // types that no longer exist, and prints warnings about them.
 [[noreturn]] void leave(ExitCode code) {
+    const bool isWritten = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (!isWritten) {
+        code = VerbPrinting::complain("The output could not be written.", ExitCode::failed);
+    }
     std::fflush(nullptr);
     std::_Exit(static_cast<int>(code));
 }
@@ -67,9 +71,14 @@ std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
 int main(int argumentCount, char** arguments) {
     CLI::App app("Queries and controls the running vantrel.", "vantrelctl");
     app.footer(std::string(VerbPrinting::exitCodes) + "\n" + examples);
-    app.set_version_flag("--version", "vantrelctl " VANTREL_VERSION);
+    app.set_help_flag("-h,--help", "Show this help");
+    app.set_version_flag("-V,--version", "vantrelctl " VANTREL_VERSION, "Show the version");
     app.require_subcommand(1);
-    app.get_formatter()->column_width(26);
+    const auto formatter = app.get_formatter();
+    formatter->column_width(26);
+    formatter->label("SUBCOMMAND", "COMMAND");
+    formatter->label("Positionals", "Arguments");
+    formatter->label("REQUIRED", "");
 
     const VerbTable verbs(app, everyCommand());
 
@@ -77,19 +86,18 @@ int main(int argumentCount, char** arguments) {
         fmt::print(stderr, "{}", app.help());
         return static_cast<int>(ExitCode::usage);
     }
-    if (const std::string name = arguments[1];
-        !name.starts_with('-') &&
-        app.get_subcommands([&](const CLI::App* known) { return known->get_name() == name; }).empty()) {
-        return static_cast<int>(VerbPrinting::complain(
-            fmt::format("There is no command \"{}\". See: vantrelctl --help", name), ExitCode::usage));
-    }
-    app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
-        return fmt::format("vantrelctl: {}. See: vantrelctl --help\n", SafeText::line(error.what()));
-    });
     try {
         app.parse(argumentCount, arguments);
+    } catch (const CLI::Success& question) {
+        app.exit(question);
+        leave(ExitCode::done);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? static_cast<int>(ExitCode::done) : static_cast<int>(ExitCode::usage);
+        const std::string known = UsageMistake::command(app);
+        const std::string topic = known.substr(known.find(' ') + 1);
+        leave(VerbPrinting::complain(fmt::format("{} See: vantrelctl help{}{}",
+                                                 UsageMistake::sentence(app, error),
+                                                 topic == known ? "" : " ", topic == known ? "" : topic),
+                                     ExitCode::usage));
     }
 
     const QCoreApplication application(argumentCount, arguments);

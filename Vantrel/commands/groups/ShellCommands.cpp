@@ -23,6 +23,15 @@ ExitCode printManual(const VerbCall& call) {
     return ExitCode::done;
 }
 
+ExitCode help(const VerbCall& call) {
+    const auto text = call.help(call.typed.all("COMMAND"));
+    if (!text) {
+        return VerbPrinting::complain(text.error(), ExitCode::usage);
+    }
+    VerbPrinting::print(*text);
+    return ExitCode::done;
+}
+
 // Exits with an error where the shell should complete file names instead.
 ExitCode complete(const VerbCall& call) {
     auto words = call.typed.all("WORD");
@@ -57,6 +66,12 @@ ExitCode complete(const VerbCall& call) {
 
 std::vector<Command> shellCommands() {
     return {
+        {.verbs =
+             {{"help",
+               "Show the help of a command",
+               {{.name = "COMMAND", .help = "The command, with all its words", .use = Word::Use::rest}}}},
+         .run = help,
+         .hasJson = false},
         {.verbs = {{"completion",
                     "Print a shell's completion script",
                     {{"shell", "bash, zsh or fish", ValueKind::shell}}}},

@@ -69,6 +69,9 @@ struct VerbCall {
     VerbOutput output = VerbOutput::text;
     // The whole command line, for completion and the manual page.
     std::function<CommandShape()> program{};
+    // The help of the command with this path, such as {"scenes", "rename"}; if there is none, a sentence that
+    // says so.
+    std::function<std::expected<std::string, std::string>(const std::vector<std::string>&)> help{};
 };
 
 // Formats a reply, whose strings are safe to print.

@@ -1,5 +1,6 @@
 #include "Vantrel/commands/verbs/VerbTable.h"
 
+#include "Vantrel/commands/verbs/UsageMistake.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 
 #include <CLI/CLI.hpp>
@@ -27,6 +28,7 @@ void VerbTable::add(const Command& command, const Verb& verb) {
         name.erase(0, blank + 1);
     }
     auto& parsed = *parent->add_subcommand(name, verb.help);
+    parsed.group("Commands");
     if (verb.examples != nullptr) {
         parsed.require_subcommand(1)->footer(verb.examples);
         return;
@@ -92,12 +94,15 @@ ExitCode VerbTable::run(const VerbEnvironment& environment) const {
             const VerbCall call{.environment = environment,
                                 .typed = words,
                                 .output = m_asJson ? VerbOutput::json : VerbOutput::text,
-                                .program = [this] {
-                                    return CommandShape::of(m_app, [this](const CLI::Option& option) {
-                                        const auto word = m_words.find(&option);
-                                        return word == m_words.end() ? ValueKind::text : word->second->kind;
-                                    });
-                                }};
+                                .program =
+                                    [this] {
+                                        return CommandShape::of(m_app, [this](const CLI::Option& option) {
+                                            const auto word = m_words.find(&option);
+                                            return word == m_words.end() ? ValueKind::text
+                                                                         : word->second->kind;
+                                        });
+                                    },
+                                .help = [this](const auto& path) { return UsageMistake::help(m_app, path); }};
             try {
                 return added.command->run ? added.command->run(call)
                                           : VerbPrinting::run(*added.command, *added.verb, call);

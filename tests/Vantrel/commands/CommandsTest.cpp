@@ -1,13 +1,17 @@
 // The bus service and the command line: replies, calls, doctor, logs, settings, output.
+#include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlMethod.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/Diagnosis.h"
 #include "Vantrel/commands/terminal/LogReader.h"
+#include "Vantrel/commands/verbs/UsageMistake.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
+#include "Vantrel/commands/verbs/VerbTable.h"
 #include "tests/Vantrel/platform/posix/TemporaryFolder.h"
 #include "tests/simulated/MemoryFileSystem.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -218,6 +222,32 @@ TEST(VerbPrinting, EscapesEverythingFromOutside) {
     const auto json = printed([&] { show(answer, sentence, call); });
     EXPECT_EQ(json.find_first_of("\x1b\x07\xc2\xe2"), std::string::npos) << json;
     EXPECT_EQ(nlohmann::json::parse(json), answer);
+}
+
+TEST(UsageMistake, NamesTheMistakeAndWhatWasProbablyMeant) {
+    const auto complaint = [](const std::string& line) -> std::string {
+        CLI::App app("", "vantrelctl");
+        app.require_subcommand(1);
+        const VerbTable verbs(app, everyCommand());
+        try {
+            app.parse(line);
+        } catch (const CLI::ParseError& error) {
+            return UsageMistake::sentence(app, error);
+        }
+        return "";
+    };
+    EXPECT_EQ(complaint("restor"), R"(There is no command "vantrelctl restor". Did you mean "restore"?)");
+    EXPECT_EQ(complaint("frobnicate"), R"(There is no command "vantrelctl frobnicate".)");
+    EXPECT_EQ(complaint("stash togle"),
+              R"(There is no command "vantrelctl stash togle". Did you mean "toggle"?)");
+    EXPECT_EQ(complaint("layouts --jsn"),
+              R"("vantrelctl layouts" has no option --jsn. Did you mean "--json"?)");
+    EXPECT_EQ(complaint("apply Work now"), R"("now" is one word too many for "vantrelctl apply".)");
+    EXPECT_EQ(complaint("settings set showHUD"), R"("vantrelctl settings set" needs the argument VALUE.)");
+    EXPECT_EQ(complaint("log -n many"), R"(--lines takes a whole number, not "many".)");
+    EXPECT_EQ(complaint("log -n"), "--lines needs a value.");
+    EXPECT_EQ(complaint("completion ksh"), R"(shell is one of bash, fish, zsh, not "ksh".)");
+    EXPECT_EQ(complaint("log -n 5"), "");
 }
 
 } // namespace
