@@ -1,4 +1,5 @@
 #include "Vantrel/controller/Phase.h"
+#include "VantrelCore/text/NumberText.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
@@ -15,8 +16,8 @@ struct Text {
         return trn("putting back {} window", "putting back {} windows", restoring.windows);
     }
     std::string operator()(const Phase::Restored& restored) const {
-        return trn("{0} window put back in {1:.1f} s", "{0} windows put back in {1:.1f} s", restored.windows,
-                   restored.seconds);
+        return trn("{0} window put back in {1} s", "{0} windows put back in {1} s", restored.windows,
+                   NumberText::oneDecimal(restored.seconds));
     }
     std::string operator()(const Phase::Off&) const { return tr("switched off"); }
     std::string operator()(const Phase::Empty&) const { return tr("nothing remembered for this desk yet"); }

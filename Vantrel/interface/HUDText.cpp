@@ -3,6 +3,7 @@
 #include "Vantrel/interface/ShortcutText.h"
 #include "VantrelCore/scenes/SceneApplyCaption.h"
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
+#include "VantrelCore/text/NumberText.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
@@ -16,7 +17,7 @@ namespace {
 constexpr double noticeableSeconds = 1;
 
 std::string duration(double seconds) {
-    return seconds < noticeableSeconds ? "" : trf("in {:.1f} seconds", seconds);
+    return seconds < noticeableSeconds ? "" : trf("in {} seconds", NumberText::oneDecimal(seconds));
 }
 
 // Joins the non-empty parts into one caption.

@@ -10,7 +10,7 @@ namespace vantrel::SceneTriggerFormatting {
 
 std::string timeString(std::int64_t hour, std::int64_t minute) {
     const std::int64_t onTheDial = hour % 12;
-    // Languages that use the 24-hour clock format the last two arguments.
+    // translators: {2} is AM or PM; {3} is the hour of the 24-hour clock, as in {3:02}:{1:02}.
     return trf("{0}:{1:02} {2}", onTheDial == 0 ? 12 : onTheDial, minute, hour < 12 ? "AM" : "PM", hour);
 }
 

@@ -17,7 +17,7 @@ std::string caption(Date from, Date now) {
     if (age < days{1}) {
         return trf("{}h ago", duration_cast<hours>(age).count());
     }
-    return trf("{}d ago", duration_cast<days>(age).count());
+    return trn("{}d ago", "{}d ago", duration_cast<days>(age).count());
 }
 
 } // namespace vantrel::RelativeTimeCaption

@@ -1,4 +1,5 @@
 #include "VantrelCore/text/RestoreLogFormatting.h"
+#include "VantrelCore/text/NumberText.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
@@ -123,7 +124,7 @@ std::string elapsedCaption(double seconds) {
     const double duration = std::isnan(seconds) ? 0 : std::clamp(seconds, 0.0, 3.2e9);
     const std::int64_t tenths = std::llround(duration * 10);
     if (tenths < 100) {
-        return trf("{}.{} s", tenths / 10, tenths % 10);
+        return trf("{} s", NumberText::oneDecimal(static_cast<double>(tenths) / 10));
     }
     const std::int64_t whole = std::llround(duration);
     return whole < 60 ? trf("{} s", whole) : trf("{} min {} s", whole / 60, whole % 60);

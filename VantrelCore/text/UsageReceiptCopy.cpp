@@ -1,4 +1,5 @@
 #include "VantrelCore/text/UsageReceiptCopy.h"
+#include "VantrelCore/text/NumberText.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
@@ -30,13 +31,7 @@ std::string sentence(const UsageStats& stats) {
 }
 
 std::string grouped(std::int64_t number) {
-    std::string text = std::to_string(number);
-    const std::size_t firstDigit = number < 0 ? 1 : 0;
-    for (std::size_t at = text.size(); at > firstDigit + 3;) {
-        at -= 3;
-        text.insert(at, ",");
-    }
-    return text;
+    return NumberText::grouped(number);
 }
 
 std::string join(const std::vector<std::string>& parts) {
