@@ -219,7 +219,8 @@ private:
             {.supportDirectory = m_supportDirectory,
              .ownBundleID = ownBundleID,
              .version = VANTREL_VERSION,
-             .setLaunchAtLogin = [this](bool launches) { return m_autostart.setLaunchAtLogin(launches); }});
+             .setLaunchAtLogin = [this](bool launches) { return m_autostart.setLaunchAtLogin(launches); },
+             .settingsWithoutEffect = {"showDockIcon", "missionControlFixApplied", "showWindowPreviews"}});
         if (!controller) {
             return complain(folderIsUnusable(m_supportDirectory, controller.error()));
         }

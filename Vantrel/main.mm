@@ -124,11 +124,13 @@ public:
         const ControllerPorts ports{m_desk,  m_displays, m_workspace,  m_systemEvents, m_defaults,
                                     m_clock, m_queue,    m_background, m_localZone,    m_calendar,
                                     m_focus, m_pictures, m_hotKeys,    m_license};
-        auto controller = AppController::create(ports, {m_files, &m_incidents}, m_log,
-                                                {.supportDirectory = m_supportDirectory,
-                                                 .ownBundleID = ownBundleID,
-                                                 .version = VANTREL_VERSION,
-                                                 .setLaunchAtLogin = LoginItem::setLaunchAtLogin});
+        auto controller = AppController::create(
+            ports, {m_files, &m_incidents}, m_log,
+            {.supportDirectory = m_supportDirectory,
+             .ownBundleID = ownBundleID,
+             .version = VANTREL_VERSION,
+             .setLaunchAtLogin = LoginItem::setLaunchAtLogin,
+             .settingsWithoutEffect = {"calendarFolders", "showPanelWithoutTray", "showWindowPreviews"}});
         if (!controller) {
             return folderIsUnusable(m_supportDirectory, controller.error());
         }

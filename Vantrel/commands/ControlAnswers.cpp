@@ -68,6 +68,38 @@ std::expected<Scene, std::string> sceneCalled(const PublishedState& state, const
                                : fmt::format("There is no scene \"{}\".", called));
 }
 
+std::expected<RememberedDesk, std::string> deskCalled(const PublishedState& state,
+                                                      const std::string& called) {
+    const auto& desks = state.desks;
+    if (called.empty() && state.configID.empty()) {
+        return std::unexpected("No display is awake.");
+    }
+    if (called.empty()) {
+        return RememberedDesk{
+            .configID = state.configID, .name = state.deskName(), .displays = state.displays, .layouts = {}};
+    }
+    if (const auto found = std::ranges::find(desks, called, &RememberedDesk::configID);
+        found != desks.end()) {
+        return *found;
+    }
+    const std::string wanted = Unicode::lowercased(Unicode::trimmed(called));
+    const auto isCalled = [&](const RememberedDesk& desk) {
+        return Unicode::lowercased(desk.name) == wanted;
+    };
+    const auto found = std::ranges::find_if(desks, isCalled);
+    if (found == desks.end()) {
+        return std::unexpected(
+            fmt::format("There is no remembered desk \"{}\". See: vantrelctl desks", called));
+    }
+    if (std::ranges::count_if(desks, isCalled) > 1) {
+        return std::unexpected(
+            fmt::format("More than one desk is called \"{}\". To list the desks with their "
+                        "IDs: vantrelctl desks --json",
+                        called));
+    }
+    return *found;
+}
+
 PhaseMessage phase(const Phase& phase) {
     auto message = std::visit(PhaseParts{}, phase.value);
     message.text = StatusPhase::text(phase);
@@ -114,13 +146,19 @@ DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layou
                    const std::function<std::string(const std::string&)>& activeLayoutName) {
     DesksMessage message;
     if (!state.configID.empty()) {
-        message.desks.push_back({state.configID, state.deskName(), true, state.activeLayoutName, {}});
+        message.desks.push_back({.configID = state.configID,
+                                 .name = state.deskName(),
+                                 .isCurrent = true,
+                                 .activeLayoutName = state.activeLayoutName,
+                                 .layouts = {}});
     }
     for (const auto& layout : layouts) {
         auto desk = std::ranges::find(message.desks, layout.configID, &DeskMessage::configID);
         if (desk == message.desks.end()) {
-            desk = message.desks.insert(
-                desk, {layout.configID, layout.name, false, activeLayoutName(layout.configID), {}});
+            desk = message.desks.insert(desk, {.configID = layout.configID,
+                                               .name = layout.name,
+                                               .activeLayoutName = activeLayoutName(layout.configID),
+                                               .layouts = {}});
         }
         if (desk->isCurrent && desk->layouts.empty()) {
             // The name that the user gave it.
@@ -139,8 +177,17 @@ DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layou
 }
 
 DesksMessage desks(AppController& controller) {
-    return desks(controller.published(), controller.allLayouts(),
-                 [&controller](const auto& desk) { return controller.activeLayoutName(desk); });
+    const PublishedState& state = controller.published();
+    auto message = desks(state, controller.allLayouts(),
+                         [&controller](const auto& desk) { return controller.activeLayoutName(desk); });
+    for (DeskMessage& desk : message.desks) {
+        const auto known = std::ranges::find(state.desks, desk.configID, &RememberedDesk::configID);
+        if (known != state.desks.end()) {
+            desk.stashes = static_cast<std::int64_t>(known->stashes);
+            desk.lastSeen = known->lastSeen;
+        }
+    }
+    return message;
 }
 
 nlohmann::json history(const RestoreLog& log, const RestoreReceipts& receipts, Date now) {

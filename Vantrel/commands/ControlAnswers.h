@@ -28,6 +28,11 @@ namespace vantrel::ControlAnswers {
 [[nodiscard]] std::expected<Scene, std::string> sceneCalled(const PublishedState& state,
                                                             const std::string& called);
 
+// Finds a remembered desk by its configID or its name, ignoring case; an empty string means the current desk.
+// When there is none, or more than one, the error is a sentence for the user.
+[[nodiscard]] std::expected<RememberedDesk, std::string> deskCalled(const PublishedState& state,
+                                                                    const std::string& called);
+
 [[nodiscard]] PhaseMessage phase(const Phase& phase);
 
 [[nodiscard]] StatusMessage status(const PublishedState& state,
@@ -37,6 +42,7 @@ namespace vantrel::ControlAnswers {
 [[nodiscard]] DesksMessage desks(const PublishedState& state, const std::vector<Layout>& layouts,
                                  const std::function<std::string(const std::string&)>& activeLayoutName);
 
+// With the number of stashes and the date last seen.
 [[nodiscard]] DesksMessage desks(AppController& controller);
 
 // The restore log, and the number of windows restored in the last seven days.

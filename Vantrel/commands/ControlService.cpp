@@ -4,6 +4,7 @@
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
+#include "Vantrel/commands/ScenesMessage.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -14,13 +15,21 @@ namespace vantrel {
 
 namespace {
 
-constexpr const char* signalsXml = R"(    <signal name="PhaseChanged">
-      <arg name="phase" type="s"/>
-    </signal>
-    <signal name="RestoreFinished">
-      <arg name="report" type="s"/>
-    </signal>
-)";
+// Their names, and what their argument is called.
+constexpr std::pair<const char*, const char*> signalNames[] = {
+    {"PhaseChanged", "phase"},     {"RestoreFinished", "report"}, {"ScenesChanged", "scenes"},
+    {"LayoutsChanged", "layouts"}, {"DriftChanged", "drift"},     {"SettingsChanged", "settings"},
+    {"DesksChanged", "desks"},     {"RulesChanged", "rules"},
+};
+
+std::string signalsXml() {
+    std::string text;
+    for (const auto& [name, argument] : signalNames) {
+        text += fmt::format("    <signal name=\"{}\">\n      <arg name=\"{}\" type=\"s\"/>\n    </signal>\n",
+                            name, argument);
+    }
+    return text;
+}
 
 std::string xml(const ControlMethod& method) {
     std::string text = fmt::format("    <method name=\"{}\">\n", method.name);
@@ -58,12 +67,10 @@ ControlService::ControlService(AppController& controller, const std::filesystem:
       m_interfaces{
           {ControlNames::interface, methodsOf(everyCommand(), controller, supportDirectory)},
           {ControlNames::actionsInterface, methodsOf(actionCommands(), controller, supportDirectory)}},
-      m_bus(bus), m_log(std::move(log)), m_observer(controller.addObserver([this](Topics changed) {
-          if (changed.containsAnyOf({Topic::status, Topic::history})) {
-              signalChanges();
-          }
-      })),
-      m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore) {}
+      m_bus(bus), m_log(std::move(log)),
+      m_observer(controller.addObserver([this](Topics changed) { signalChanges(changed); })),
+      m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore),
+      m_driftNudge(controller.published().driftNudge), m_preferences(controller.published().preferences) {}
 
 ControlService::~ControlService() {
     m_controller.removeObserver(m_observer);
@@ -84,7 +91,7 @@ QString ControlService::introspect(const QString& path) const {
         for (const auto& method : interface.methods) {
             text += xml(method);
         }
-        text += std::string(&interface == &m_interfaces.front() ? signalsXml : "") + "  </interface>\n";
+        text += (&interface == &m_interfaces.front() ? signalsXml() : "") + "  </interface>\n";
     }
     return QString::fromStdString(text);
 }
@@ -127,7 +134,7 @@ ControlReply ControlService::replyTo(const QDBusMessage& request) {
     };
 }
 
-void ControlService::signalChanges() {
+void ControlService::signalChanges(Topics changed) {
     const auto& state = m_controller.published();
     if (m_phase != state.phase) {
         m_phase = state.phase;
@@ -141,6 +148,41 @@ void ControlService::signalChanges() {
             report["configID"] = m_lastRestore->configID;
             sendSignal("RestoreFinished", report);
         }
+    }
+    if (m_driftNudge != state.driftNudge) {
+        m_driftNudge = state.driftNudge;
+        sendSignal("DriftChanged", m_driftNudge ? nlohmann::json(*m_driftNudge) : nlohmann::json::object());
+    }
+    if (m_preferences != state.preferences) {
+        auto keys = nlohmann::json::array();
+        for (const auto& [key, value] : state.preferences) {
+            const auto former = m_preferences.find(key);
+            if (former == m_preferences.end() || former->second != value) {
+                keys.push_back(key);
+            }
+        }
+        for (const auto& [key, value] : m_preferences) {
+            if (!state.preferences.contains(key)) {
+                keys.push_back(key);
+            }
+        }
+        m_preferences = state.preferences;
+        sendSignal("SettingsChanged", {{"keys", std::move(keys)}});
+    }
+    // What has changed can be asked for.
+    if (changed.contains(Topic::scenes)) {
+        sendSignal("ScenesChanged", {{"version", state.scenesVersion + state.triggersVersion}});
+    }
+    if (changed.contains(Topic::layouts)) {
+        sendSignal("LayoutsChanged", {{"configID", state.configID},
+                                      {"activeLayoutName", state.activeLayoutName},
+                                      {"activePinned", state.activePinned}});
+    }
+    if (changed.contains(Topic::desks)) {
+        sendSignal("DesksChanged", {{"version", state.desksVersion}});
+    }
+    if (changed.contains(Topic::rules)) {
+        sendSignal("RulesChanged", {{"version", state.rulesVersion}});
     }
 }
 

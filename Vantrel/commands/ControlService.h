@@ -11,6 +11,7 @@
 #include <QDBusVirtualObject>
 
 #include <filesystem>
+#include <map>
 #include <nlohmann/json_fwd.hpp>
 #include <vector>
 
@@ -38,7 +39,7 @@ private:
     // Null when there is no such method.
     [[nodiscard]] const ControlMethod* find(const QDBusMessage& message) const;
     [[nodiscard]] ControlReply replyTo(const QDBusMessage& request);
-    void signalChanges();
+    void signalChanges(Topics changed);
     void sendSignal(const char* name, const nlohmann::json& content);
 
     AppController& m_controller;
@@ -49,6 +50,8 @@ private:
     // The last values signaled.
     Phase m_phase;
     std::optional<LastRestore> m_lastRestore;
+    std::optional<DriftNudgeInfo> m_driftNudge;
+    std::map<std::string_view, DefaultsValue> m_preferences;
     // Expires with the service, so that later outcomes are ignored.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

@@ -4,6 +4,8 @@
 #include "Vantrel/commands/MessageFields.h"
 #include "VantrelCore/model/Layout.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +18,10 @@ struct DeskMessage {
     std::string activeLayoutName;
     // "Default" first.
     std::vector<Layout> layouts;
+    // None in replies of older versions.
+    std::optional<std::int64_t> stashes{};
+    // None also if nothing was ever learned there.
+    std::optional<Date> lastSeen{};
 
     bool operator==(const DeskMessage&) const = default;
 
@@ -26,6 +32,8 @@ struct DeskMessage {
         field("isCurrent", self.isCurrent);
         field("activeLayoutName", self.activeLayoutName);
         field("layouts", self.layouts);
+        field("stashes", self.stashes);
+        field("lastSeen", self.lastSeen);
     }
 
     // The active layout, else the first; null if there are none.

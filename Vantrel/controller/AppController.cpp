@@ -51,18 +51,25 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
       m_learning(m_context), m_liveDesk(m_context), m_runner(m_context, m_history),
       m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
-      m_stashes(m_context, m_runner, m_stores.stashes), m_sameDesk(m_context, m_stores),
-      m_displaySwap(m_context, m_runner), m_automaticRestore(m_context, m_runner),
-      m_displayChange(m_context, m_learning, m_automaticRestore), m_sleepWake(m_context, m_runner),
-      m_launchPlacement(m_context), m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
-      m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),
-      m_suggestions(m_context), m_rules(m_context), m_nudge(m_context), m_wallpaper(m_context),
-      m_hotKeys(m_context, m_scenes, hotKeyActions()) {
+      m_desks(m_context, m_stores), m_stashes(m_context, m_runner, m_stores.stashes),
+      m_sameDesk(m_context, m_stores), m_displaySwap(m_context, m_runner), m_previews(m_context),
+      m_automaticRestore(m_context, m_runner), m_displayChange(m_context, m_learning, m_automaticRestore),
+      m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
+      m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
+      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context, m_stores),
+      m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
     m_files.onPutBack = [this] { showStored(); };
+    m_context.deletions.onChanged = [this] {
+        m_context.publisher.publish<DeletionsTopic>(
+            [this](auto& topic) { topic.newestDeletion = m_context.deletions.newestInfo(); });
+    };
     m_context.onNoted = [this] { m_sessionNotes.keep(); };
     m_context.onScenesChanged = [this] { m_hotKeys.syncSceneHotKeys(); };
     m_context.onDeskArranged = [this] { m_learning.snapshotIfChanged(); };
-    m_context.onLayoutsChanged = [this] { m_pinned.layoutsChanged(); };
+    m_context.onLayoutsChanged = [this, showDesks = std::move(m_context.onLayoutsChanged)] {
+        showDesks();
+        m_pinned.layoutsChanged();
+    };
     m_runner.onFinished = [this](const RestoreRequest& request, const RestoreCallbacks& callbacks,
                                  const RestorePass::Result& result) {
         m_undo.remember(request, callbacks, result);
@@ -75,6 +82,8 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
                                        const std::vector<DisplayInfo>& displays) {
         m_sameDesk.arrive(configID, displays);
     };
+    m_desks.onStoredChanged = [this] { showStored(); };
+    m_desks.onPresentDeskPutBack = [this] { m_layouts.restoreActiveLayout(); };
     m_sameDesk.onMoved = [this] { showStored(); };
     m_sameDesk.onDeskMoved = [this](const std::string& from, const std::string& to,
                                     const std::vector<DisplayInfo>& displays) {
@@ -91,6 +100,11 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
     m_layouts.onRenamed = [this](const std::string& configID, const std::string& name,
                                  const std::string& newName) {
         m_launchPlacement.layoutRenamed(configID, name, newName);
+    };
+    m_layouts.onPinned = [this](const std::string& configID, const std::string& name) {
+        if (configID == published().configID && name == published().activeLayoutName) {
+            m_pinned.endPauseForUser();
+        }
     };
     m_triggers.onFire = [this](const Scene& scene, const std::string& reason) { applyScene(scene, reason); };
     m_launchPlacement.isAwaitedBySettlement = [this](const std::string& bundleID) {
@@ -120,6 +134,7 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
     };
     m_context.ownBundleID = std::move(options.ownBundleID);
     m_setLaunchAtLogin = std::move(options.setLaunchAtLogin);
+    m_settingsWithoutEffect = std::move(options.settingsWithoutEffect);
     m_context.publisher.publish<StatusTopic>([&](auto& status) {
         status.version = std::move(options.version);
         status.entitlement = m_context.ports.license.entitlement();
@@ -202,6 +217,7 @@ void AppController::showStored() {
     m_context.showStoredScenes();
     m_stashes.showStored();
     m_triggers.showStored();
+    m_rules.showStored();
     m_history.showStored();
     refreshStatus();
 }
@@ -255,6 +271,8 @@ void AppController::showSettings() {
         }
         settings.hideOthersOnSceneSwitch = m_context.settings.hideOthersOnSceneSwitch();
         settings.preferences = m_context.settings.preferences();
+        std::erase_if(settings.preferences,
+                      [this](const auto& each) { return m_settingsWithoutEffect.contains(each.first); });
         settings.settingMistakes = std::move(mistakes);
     });
 }
@@ -350,14 +368,8 @@ bool AppController::reapplyDriftScene(RestoreOutcome::Done done) {
 }
 
 bool AppController::setPinned(bool isPinned) {
-    if (!m_context.store.setPinned(isPinned, published().configID, published().activeLayoutName)) {
-        return false;
-    }
-    m_context.showStoredLayouts();
-    if (isPinned) {
-        m_pinned.endPauseForUser();
-    }
-    return true;
+    const auto change = m_layouts.setPinned(isPinned, published().configID, published().activeLayoutName);
+    return change.kind == LayoutChange::Kind::done;
 }
 
 void AppController::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {

@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/AutomaticRestoreFlow.h"
 #include "Vantrel/controller/ControllerContext.h"
+#include "Vantrel/controller/DeskFlow.h"
 #include "Vantrel/controller/DisplayChangeFlow.h"
 #include "Vantrel/controller/DisplaySwapFlow.h"
 #include "Vantrel/controller/FilesFlow.h"
@@ -15,6 +16,7 @@
 #include "Vantrel/controller/NudgeFlow.h"
 #include "Vantrel/controller/PinnedFlow.h"
 #include "Vantrel/controller/RestoreHistory.h"
+#include "Vantrel/controller/RestorePreviewFlow.h"
 #include "Vantrel/controller/RestoreRunner.h"
 #include "Vantrel/controller/RuleFlow.h"
 #include "Vantrel/controller/SameDeskFlow.h"
@@ -34,7 +36,9 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -55,6 +59,9 @@ public:
         // Turns launch at login on or off and returns a line for the log, empty for none. Called when the
         // engine starts and whenever the setting changes.
         std::function<std::string(bool)> setLaunchAtLogin{};
+        // The names of settings that do nothing here: those of other systems, and those for what this build
+        // does not have. They stay where they are stored, but are neither shown nor offered.
+        std::set<std::string_view> settingsWithoutEffect{};
     };
 
     // Opens the stores. Fails when the directory cannot be created. Everything passed by reference must
@@ -77,6 +84,10 @@ public:
 
     void setHideOthersOnSceneSwitch(bool hides);
 
+    // Whether the setting does anything here.
+    [[nodiscard]] bool hasEffect(const SettingKey& key) const {
+        return !m_settingsWithoutEffect.contains(key.name);
+    }
     // The stored settings. Writes through this are noticed like any outside change.
     [[nodiscard]] UserDefaults& defaults() { return m_context.ports.defaults; }
 
@@ -104,11 +115,16 @@ public:
     // Exchanges the windows of two displays.
     [[nodiscard]] DisplaySwapFlow& displaySwap() { return m_displaySwap; }
 
+    // What restores would do.
+    [[nodiscard]] RestorePreviewFlow& previews() { return m_previews; }
+
     // The user's scenes. Stored scenes are published.
     [[nodiscard]] SceneFlow& scenes() { return m_scenes; }
     // Undoes the last restore or switch.
     [[nodiscard]] UndoFlow& undo() { return m_undo; }
-    // The named layouts of this desk.
+    // Every remembered desk; published.
+    [[nodiscard]] DeskFlow& desks() { return m_desks; }
+    // The named layouts of desks.
     [[nodiscard]] LayoutFlow& layouts() { return m_layouts; }
     // Desks that were set aside. Stored stashes are published.
     [[nodiscard]] StashFlow& stashes() { return m_stashes; }
@@ -118,7 +134,7 @@ public:
     [[nodiscard]] SuggestionFlow& suggestions() { return m_suggestions; }
     // The rules per application.
     [[nodiscard]] RuleFlow& rules() { return m_rules; }
-    // Scenes, layouts, rules and triggers that were deleted and can be put back.
+    // What was deleted and can be put back; the newest is published.
     [[nodiscard]] RecentDeletions& deletions() { return m_context.deletions; }
     // Problems with the stores' files; published.
     [[nodiscard]] FilesFlow& files() { return m_files; }
@@ -142,6 +158,8 @@ public:
     // The restores of the last days.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
+    // The user's time zone.
+    [[nodiscard]] TimeZone zone() { return m_context.ports.localZone.current(); }
 
     // The keyboard shortcuts. On failure the setters return a sentence that says why. Passing no combination
     // clears the shortcut; restore, save and stash return to their default instead.
@@ -237,9 +255,11 @@ private:
     PinnedFlow m_pinned;
     UndoFlow m_undo;
     LayoutFlow m_layouts;
+    DeskFlow m_desks;
     StashFlow m_stashes;
     SameDeskFlow m_sameDesk;
     DisplaySwapFlow m_displaySwap;
+    RestorePreviewFlow m_previews;
     AutomaticRestoreFlow m_automaticRestore;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
@@ -253,6 +273,7 @@ private:
     NudgeFlow m_nudge;
     WallpaperFlow m_wallpaper;
     std::function<std::string(bool)> m_setLaunchAtLogin;
+    std::set<std::string_view> m_settingsWithoutEffect;
     // The value last passed to m_setLaunchAtLogin.
     std::optional<bool> m_launchAtLogin;
     // The value last read from the settings; a choice that could not be written lasts for this run.

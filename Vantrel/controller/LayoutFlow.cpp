@@ -11,19 +11,14 @@
 
 namespace vantrel {
 
-namespace {
-
-// The name as it is stored, or none when it is invalid.
-std::optional<std::string> validName(const std::string& name) {
+std::optional<std::string> LayoutFlow::validName(const std::string& name) {
     const std::string valid = Unicode::validUtf8(name);
     const std::string_view trimmed = Unicode::trimmed(valid);
-    if (trimmed.empty() || Unicode::characterCount(trimmed) > LayoutFlow::maxNameLength) {
+    if (trimmed.empty() || Unicode::characterCount(trimmed) > maxNameLength) {
         return std::nullopt;
     }
     return std::string(trimmed);
 }
-
-} // namespace
 
 // Earlier captures belong to another name or layout.
 void LayoutFlow::layoutsChanged() {
@@ -92,6 +87,12 @@ bool LayoutFlow::restoreActive(std::function<void()> undone, const RestoreOutcom
                       .raising = RestoreEngine::Raising::raise},
                      {.undone = std::move(undone), .done = done});
     return true;
+}
+
+void LayoutFlow::restoreActiveLayout() {
+    if (!m_context.hindranceToMoving()) {
+        restoreActive({}, {});
+    }
 }
 
 bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& done) {
@@ -163,13 +164,15 @@ SaveOutcome LayoutFlow::store(Layout layout, const std::string& name) {
     return {.kind = SaveOutcome::Kind::saved, .windows = layout.windows.size()};
 }
 
-LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newName) {
+LayoutChange LayoutFlow::rename(const std::string& configID, const std::string& name,
+                                const std::string& newName) {
     using Kind = LayoutChange::Kind;
     const auto wanted = validName(newName);
     if (!wanted) {
         return {Kind::invalidName};
     }
-    const std::string desk = m_context.state().configID;
+    // May refer to published state, which changes below.
+    const std::string desk = configID;
     if (!m_context.store.layout(desk, name)) {
         return {Kind::noSuchLayout};
     }
@@ -190,42 +193,39 @@ LayoutChange LayoutFlow::rename(const std::string& name, const std::string& newN
     return {Kind::done};
 }
 
-std::optional<LayoutChange> LayoutFlow::problemWithDeskName(const std::string& newName) const {
+LayoutChange LayoutFlow::setPinned(bool isPinned, const std::string& configID, const std::string& name) {
     using Kind = LayoutChange::Kind;
-    if (!validName(newName)) {
-        return LayoutChange{Kind::invalidName};
+    // Both may refer to published state, which changes below.
+    const std::string desk = configID;
+    const std::string layout = name;
+    if (!m_context.store.layout(desk, layout)) {
+        return {Kind::noSuchLayout};
     }
-    return m_context.store.layouts(m_context.state().configID).empty()
-               ? std::optional(LayoutChange{Kind::noLayout})
-               : std::nullopt;
-}
-
-LayoutChange LayoutFlow::renameDesk(const std::string& newName) {
-    using Kind = LayoutChange::Kind;
-    if (const auto problem = problemWithDeskName(newName)) {
-        return *problem;
-    }
-    if (!m_context.store.renameDesk(m_context.state().configID, validName(newName).value())) {
+    if (!m_context.store.setPinned(isPinned, desk, layout)) {
         return {Kind::writeFailed};
     }
-    layoutsChanged();
+    m_context.showStoredLayouts();
+    if (isPinned) {
+        onPinned(desk, layout);
+    }
     return {Kind::done};
 }
 
-LayoutChange LayoutFlow::remove(const std::string& name) {
+LayoutChange LayoutFlow::remove(const std::string& configID, const std::string& name) {
     using Kind = LayoutChange::Kind;
-    const std::string desk = m_context.state().configID;
-    const bool isActive = name == m_context.state().activeLayoutName;
+    const std::string desk = configID;
+    const bool isActive = name == m_context.store.activeLayoutName(desk);
+    const bool isShown = isActive && desk == m_context.state().configID;
     const auto layout = m_context.store.layout(desk, name);
     if (!layout) {
         return {Kind::noSuchLayout};
     }
-    if (isActive && m_context.gate.isRestoring()) {
+    if (isShown && m_context.gate.isRestoring()) {
         return {Kind::restoreInFlight};
     }
     const bool isOnlyOne = m_context.store.layouts(desk).size() == 1;
-    m_context.store.deleteLayout(desk, name);
-    if (m_context.store.layout(desk, name)) {
+    m_context.store.deleteLayout(desk, layout->layoutName);
+    if (m_context.store.layout(desk, layout->layoutName)) {
         return {Kind::writeFailed};
     }
     m_context.deletions.add(
@@ -233,8 +233,8 @@ LayoutChange LayoutFlow::remove(const std::string& name) {
         [this, deleted = Deleted{*layout, isActive, isOnlyOne}] { return putBack(deleted); });
     layoutsChanged();
     // Otherwise the windows, still arranged as in the deleted layout, would be learned into the next one.
-    if (isActive && !m_context.hindranceToMoving()) {
-        restoreActive({}, {});
+    if (isShown) {
+        restoreActiveLayout();
     }
     return {Kind::done};
 }

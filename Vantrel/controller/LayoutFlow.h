@@ -1,5 +1,5 @@
-// The named layouts of a desk: switches between them, applies any layout, saves under a new name, renames and
-// deletes.
+// The named layouts of desks: switches between those of this desk, applies any layout, saves under a new
+// name, renames, pins and deletes.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"
@@ -38,19 +38,36 @@ public:
     // Saves the desk under this name and makes that layout the active one. `done` is called once.
     void saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done);
 
-    [[nodiscard]] LayoutChange rename(const std::string& name, const std::string& newName);
+    // The name as it is stored, or none when it is invalid. The same rules hold for names of desks.
+    [[nodiscard]] static std::optional<std::string> validName(const std::string& name);
+
+    // These take any remembered desk; without one, they mean the current desk.
+    [[nodiscard]] LayoutChange rename(const std::string& configID, const std::string& name,
+                                      const std::string& newName);
+    [[nodiscard]] LayoutChange rename(const std::string& name, const std::string& newName) {
+        return rename(m_context.state().configID, name, newName);
+    }
     // Called when a layout of that desk has been renamed.
     std::function<void(const std::string& configID, const std::string& name, const std::string& newName)>
         onRenamed = [](const auto&...) {};
 
-    // Why the current desk cannot have this name; none if it can.
-    [[nodiscard]] std::optional<LayoutChange> problemWithDeskName(const std::string& newName) const;
-    // Gives the current desk a name chosen by the user, which then stays.
-    [[nodiscard]] LayoutChange renameDesk(const std::string& newName);
+    // If it was the active layout, another one becomes active; on the current desk, that is restored. Undone
+    // by RecentDeletions, which then restores its windows.
+    [[nodiscard]] LayoutChange remove(const std::string& configID, const std::string& name);
+    [[nodiscard]] LayoutChange remove(const std::string& name) {
+        return remove(m_context.state().configID, name);
+    }
 
-    // If it was the active layout, another one becomes active and is restored. Undone by RecentDeletions,
-    // which then restores its windows.
-    [[nodiscard]] LayoutChange remove(const std::string& name);
+    // A pinned layout is not overwritten by learning, and while it is active on the current desk, it is
+    // restored when the windows drift from it.
+    [[nodiscard]] LayoutChange setPinned(bool isPinned, const std::string& configID, const std::string& name);
+    // Called when a layout has been pinned, even if it was pinned before.
+    std::function<void(const std::string& configID, const std::string& name)> onPinned = [](const auto&...) {
+    };
+
+    // Restores the active layout of this desk, as if it had just been switched to, unless windows may not be
+    // moved now.
+    void restoreActiveLayout();
 
 private:
     // The layout that the last switch left; undo makes it active again.

@@ -4,13 +4,16 @@
 #include "Vantrel/controller/DriftNudgeInfo.h"
 #include "Vantrel/controller/Phase.h"
 #include "Vantrel/controller/PinPause.h"
+#include "Vantrel/controller/RecentDeletions.h"
 #include "Vantrel/controller/SettingMistakes.h"
 #include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/displays/SameDesk.h"
+#include "VantrelCore/model/AppRule.h"
 #include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/model/Entitlement.h"
 #include "VantrelCore/model/LastAction.h"
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/model/RememberedDesk.h"
 #include "VantrelCore/model/RestoreReceipts.h"
 #include "VantrelCore/model/Scene.h"
 #include "VantrelCore/model/SceneTrigger.h"
@@ -65,10 +68,13 @@ enum class Topic : std::uint8_t {
     settings,
     status,
     workbench,
-    live
+    live,
+    desks,
+    rules,
+    deletions
 };
 
-inline constexpr std::size_t topicCount = 9;
+inline constexpr std::size_t topicCount = 12;
 
 class Topics {
 public:
@@ -126,7 +132,7 @@ struct LayoutsTopic {
 struct ScenesTopic {
     static constexpr Topic topic = Topic::scenes;
 
-    // The scenes of all desks, in the order of creation.
+    // The scenes of all desks, in the user's order; new ones last.
     std::vector<Scene> scenes;
     // Incremented when the scene store changes.
     std::int64_t scenesVersion = 0;
@@ -140,6 +146,9 @@ struct ScenesTopic {
     std::vector<SceneTrigger> triggers;
     // Incremented when the trigger store changes.
     std::int64_t triggersVersion = 0;
+    // When each schedule trigger that is on fires next, by its ID. While the program may not restore, it does
+    // not fire even then.
+    std::map<std::string, Date> nextFirings;
     // A calendar trigger exists, but calendars may not be read.
     bool calendarAccessNeeded = false;
     std::optional<PatternSuggestionInfo> patternSuggestion;
@@ -244,6 +253,40 @@ struct LiveTopic {
     bool operator==(const LiveTopic&) const = default;
 };
 
+// Every desk that is remembered.
+struct DesksTopic {
+    static constexpr Topic topic = Topic::desks;
+
+    // The present one first, even while nothing is stored for it, then by name.
+    std::vector<RememberedDesk> desks;
+    // Incremented when they change.
+    std::int64_t desksVersion = 0;
+
+    bool operator==(const DesksTopic&) const = default;
+};
+
+// The user's rules per application.
+struct RulesTopic {
+    static constexpr Topic topic = Topic::rules;
+
+    // Sorted by application name.
+    std::vector<AppRule> rules;
+    // Incremented when they change.
+    std::int64_t rulesVersion = 0;
+
+    bool operator==(const RulesTopic&) const = default;
+};
+
+// What was deleted and can be put back.
+struct DeletionsTopic {
+    static constexpr Topic topic = Topic::deletions;
+
+    // The last one that has not been put back.
+    std::optional<DeletionInfo> newestDeletion;
+
+    bool operator==(const DeletionsTopic&) const = default;
+};
+
 struct PublishedState : DeskTopic,
                         LayoutsTopic,
                         ScenesTopic,
@@ -252,7 +295,10 @@ struct PublishedState : DeskTopic,
                         SettingsTopic,
                         StatusTopic,
                         WorkbenchTopic,
-                        LiveTopic {
+                        LiveTopic,
+                        DesksTopic,
+                        RulesTopic,
+                        DeletionsTopic {
     bool operator==(const PublishedState&) const = default;
 
     // The number of windows in the current desk's active layout, none without such a layout.

@@ -10,6 +10,14 @@
 
 namespace vantrel {
 
+struct DeletionInfo {
+    std::uint64_t id = 0;
+    // In words, as in a sentence: "the scene "Work"".
+    std::string what;
+
+    bool operator==(const DeletionInfo&) const = default;
+};
+
 class RecentDeletions {
 public:
     static constexpr std::size_t limit = 20;
@@ -18,12 +26,15 @@ public:
     // The error is a sentence for the user.
     using PutBack = std::function<std::expected<void, std::string>()>;
 
-    // `what` names it in a sentence: "the scene "Work"". Of more than `limit` deletions the oldest is
-    // forgotten.
+    // `what` as in DeletionInfo. Of more than `limit` deletions the oldest is forgotten.
     void add(std::string what, PutBack putBack);
 
     // The newest deletion that has not been undone.
     [[nodiscard]] std::optional<ID> newest() const;
+    [[nodiscard]] std::optional<DeletionInfo> newestInfo() const;
+
+    // Called after something was added or put back.
+    std::function<void()> onChanged = [] {};
 
     // Undoes the deletion with this ID, or the newest one. Returns what was put back. After a failure it can
     // be tried again.
@@ -31,8 +42,7 @@ public:
 
 private:
     struct Deletion {
-        ID id = 0;
-        std::string what;
+        DeletionInfo info;
         PutBack putBack;
     };
 

@@ -1,7 +1,9 @@
 #include "Vantrel/controller/RuleFlow.h"
 
+#include "VantrelCore/text/LocalizedComparison.h"
 #include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
+#include "VantrelCore/windows/AXPermission.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -15,12 +17,30 @@ std::string text(RuleProblem problem) {
                : tr("The rule could not be written to disk. Nothing was changed.");
 }
 
+RuleFlow::RuleFlow(ControllerContext& context, ControllerStores& stores)
+    : m_context(context), m_stores(stores) {
+    m_context.publisher.publish<RulesTopic>([&](auto& topic) { topic.rules = rules(); });
+}
+
+void RuleFlow::showStored() {
+    m_context.publisher.publish<RulesTopic>([&](auto& topic) {
+        topic.rules = rules();
+        ++topic.rulesVersion;
+    });
+}
+
+void RuleFlow::rulesChanged() {
+    // Earlier captures were made with other rules.
+    m_context.gate.noteEdit();
+    showStored();
+}
+
 std::expected<void, RuleProblem> RuleFlow::setRule(const AppRule& rule) {
     if (!m_context.store.setRule(rule)) {
         return std::unexpected(RuleProblem::writeFailed);
     }
-    m_context.gate.noteEdit();
     m_context.log("rule set: " + rule.bundleID);
+    rulesChanged();
     return {};
 }
 
@@ -45,9 +65,51 @@ std::expected<void, RuleProblem> RuleFlow::removeRule(const std::string& bundleI
             }
             return {};
         });
-    m_context.gate.noteEdit();
     m_context.log("rule removed: " + found->bundleID);
+    rulesChanged();
     return {};
+}
+
+std::vector<AppFacts> RuleFlow::facts() {
+    const auto& live = m_context.state().liveWindows;
+    std::map<std::string, AppReliability> reliability;
+    for (AppReliability& app : m_stores.reliability.all()) {
+        reliability.insert_or_assign(app.bundleID, std::move(app));
+    }
+    std::vector<AppFacts> facts;
+    for (const KnownApp& app : knownApps()) {
+        const auto recorded = reliability.find(app.bundleID);
+        facts.push_back(
+            {.bundleID = app.bundleID,
+             .appName = app.appName,
+             .sizes = m_stores.sizeBehavior.classification(app.bundleID),
+             .reliability = recorded == reliability.end() ? std::nullopt : std::optional(recorded->second),
+             .isRunning =
+                 live && std::ranges::find(*live, app.bundleID, &DeskWindow::bundleID) != live->end()});
+    }
+    return facts;
+}
+
+void RuleFlow::findRuledWindows(std::function<void(const RuledWindows&)> done) {
+    if (!m_context.gate.mayCapture() || !AXPermission::isGranted(m_context.ports.desk)) {
+        done({});
+        return;
+    }
+    CaptureFilter filter{.excludedBundleID = m_context.ownBundleID, .onlyBundleIDs = std::set<std::string>()};
+    for (const AppRule& rule : rules()) {
+        filter.onlyBundleIDs->insert(rule.bundleID);
+    }
+    m_context.inBackground(
+        WorkPriority::userInitiated, [filter, &desk = m_context.ports.desk] { return desk.capture(filter); },
+        [done = std::move(done)](const std::optional<DeskSnapshot>& snapshot) {
+            RuledWindows windows;
+            for (const DeskWindow& window : snapshot ? snapshot->windows : std::vector<DeskWindow>()) {
+                if (window.kind == WindowKind::ordinary) {
+                    windows[window.bundleID].push_back(window);
+                }
+            }
+            done(windows);
+        });
 }
 
 std::vector<RuleFlow::KnownApp> RuleFlow::knownApps() {
@@ -68,7 +130,9 @@ std::vector<RuleFlow::KnownApp> RuleFlow::knownApps() {
     for (const auto& [bundleID, appName] : names) {
         apps.push_back({bundleID, appName});
     }
-    std::ranges::stable_sort(apps, {}, &KnownApp::appName);
+    std::ranges::stable_sort(apps, [](const KnownApp& a, const KnownApp& b) {
+        return LocalizedComparison::caseInsensitive(a.appName, b.appName) < 0;
+    });
     return apps;
 }
 

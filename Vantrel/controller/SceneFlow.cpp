@@ -2,6 +2,8 @@
 
 #include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
+#include "VantrelCore/model/FreshUUID.h"
+#include "VantrelCore/scenes/SceneCopy.h"
 #include "VantrelCore/scenes/SceneDeskComparison.h"
 #include "VantrelCore/scenes/SceneGhostPlan.h"
 #include "VantrelCore/scenes/SceneRail.h"
@@ -119,6 +121,28 @@ SceneFlow::EditResult SceneFlow::edited(const std::string& id, Change&& change) 
     const auto scene = m_store.scene(id);
     m_context.showStoredScenes();
     return scene ? EditResult(*scene) : std::unexpected(SceneProblem::notFound);
+}
+
+SceneFlow::EditResult SceneFlow::duplicate(const std::string& id) {
+    const auto scenes = m_store.allScenes();
+    const auto found = std::ranges::find(scenes, id, &Scene::id);
+    if (found == scenes.end()) {
+        return std::unexpected(SceneProblem::notFound);
+    }
+    Scene copy = *found;
+    const auto isTaken = [this](const std::string& name) { return m_store.sceneNamed(name).has_value(); };
+    copy.name = SceneCopy::name(copy.name, isTaken);
+    copy.id = freshUUID();
+    copy.createdAt = m_context.ports.clock.now();
+    copy.hotkeyKeyCode.reset();
+    copy.hotkeyModifiers.reset();
+    copy.pinned.reset();
+    const auto index = static_cast<std::size_t>(found - scenes.begin()) + 1;
+    return edited(copy.id, [&] { return m_store.add(copy, index); });
+}
+
+SceneFlow::EditResult SceneFlow::move(const std::string& id, std::size_t position) {
+    return edited(id, [&] { return m_store.move(id, position); });
 }
 
 SceneFlow::EditResult SceneFlow::updateSceneLayout(const std::string& id, const Layout& layout) {

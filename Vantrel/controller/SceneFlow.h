@@ -36,6 +36,12 @@ public:
     // Creates a scene of this desk without windows, to be filled in the editor.
     SceneSaveOutcome createEmptyScene(std::string_view name);
 
+    // Adds a copy after the scene, on the same desk, without its shortcut and not pinned. Triggers keep
+    // applying the original.
+    EditResult duplicate(const std::string& id);
+    // Gives the scene this position among the scenes of its desk, or the last one.
+    EditResult move(const std::string& id, std::size_t position);
+
     EditResult updateSceneLayout(const std::string& id, const Layout& layout);
     EditResult rename(const std::string& id, std::string_view name);
     // Deletes pinned scenes too: the caller must ask the user for confirmation, or offer to undo it

@@ -4,6 +4,7 @@
 #include "Vantrel/controller/ControllerText.h"
 #include "VantrelCore/model/FreshUUID.h"
 #include "VantrelCore/stores/UserEdit.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -136,6 +137,24 @@ void StashFlow::returned(const Stash& stash, const RestoreOutcome& outcome) {
                        }
                    }));
     showStored();
+}
+
+bool StashFlow::discard(const std::string& stashID) {
+    const auto stash = m_store.stash(stashID);
+    if (!stash || !m_store.remove(stash->id)) {
+        return false;
+    }
+    m_context.log(fmt::format("stash: {} discarded", ControllerText::windows(stash->layout.windows.size())));
+    m_context.deletions.add(trf("the stash of {}", stash->deskName),
+                            [this, stash = *stash]() -> std::expected<void, std::string> {
+                                if (!m_store.putBackAll({stash})) {
+                                    return std::unexpected(tr("The stash could not be written to disk."));
+                                }
+                                showStored();
+                                return {};
+                            });
+    showStored();
+    return true;
 }
 
 void StashFlow::stashOrBringBack(const Told& told) {

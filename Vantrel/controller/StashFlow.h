@@ -29,6 +29,10 @@ public:
     // desk's. The stash is then removed; undo restores it. Returns false when nothing is going to move.
     bool bringBack(const std::string& stashID, const RestoreOutcome::Done& done);
 
+    // Removes a stash without bringing it back. Undone by RecentDeletions. False when there is none with that
+    // ID, or when it could not be written.
+    bool discard(const std::string& stashID);
+
     // The callbacks for the outcome; exactly one of them is called, once.
     struct Told {
         std::function<void(const Result&)> stashed;

@@ -5,6 +5,7 @@
 #include "VantrelCore/scenes/MeetingLinks.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 #include "VantrelCore/scenes/TriggerEvaluator.h"
+#include "VantrelCore/scenes/TriggerSchedule.h"
 #include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
@@ -53,8 +54,10 @@ std::string logLine(const std::string& area, const std::string& cause, const Fir
 
 TriggerFlow::TriggerFlow(ControllerContext& context, TriggerStore& triggers)
     : m_context(context), m_triggers(triggers) {
-    m_context.publisher.publish<ScenesTopic>(
-        [&](auto& scenes) { scenes.triggers = m_triggers.allTriggers(); });
+    m_context.publisher.publish<ScenesTopic>([&](auto& scenes) {
+        scenes.triggers = m_triggers.allTriggers();
+        scenes.nextFirings = nextFirings(scenes.triggers);
+    });
 }
 
 TriggerFlow::~TriggerFlow() {
@@ -87,6 +90,28 @@ void TriggerFlow::checkScheduleTriggers() {
                                                                        lastFiredAt(trigger), zone);
     };
     fireWhere(isDue, "schedule trigger", "trigger schedule");
+    showNextFirings();
+}
+
+std::map<std::string, Date> TriggerFlow::nextFirings(const std::vector<SceneTrigger>& triggers) {
+    const Date now = m_context.ports.clock.now();
+    const TimeZone zone = m_context.ports.localZone.current();
+    std::map<std::string, Date> next;
+    for (SceneTrigger trigger : triggers) {
+        trigger.lastFiredAt = lastFiredAt(trigger);
+        if (const auto date = TriggerSchedule::nextFiring(trigger, now, zone)) {
+            next[trigger.id] = *date;
+        }
+    }
+    return next;
+}
+
+// Time goes on, and the user's zone may change.
+void TriggerFlow::showNextFirings() {
+    auto next = nextFirings(m_context.state().triggers);
+    if (next != m_context.state().nextFirings) {
+        m_context.publisher.publish<ScenesTopic>([&](auto& scenes) { scenes.nextFirings = std::move(next); });
+    }
 }
 
 void TriggerFlow::checkCalendarTriggers() {
@@ -175,7 +200,7 @@ void TriggerFlow::fireWhere(const Condition& isDue, const std::string& area, con
 }
 
 std::optional<TriggerProblem> TriggerFlow::problemWith(const SceneTrigger::Kind& kind,
-                                                       const std::vector<std::string>& sceneIDs) {
+                                                       const std::vector<std::string>& sceneIDs) const {
     const auto* const time = std::get_if<SceneTrigger::Schedule>(&kind);
     if (time != nullptr && (time->hour < 0 || time->hour > 23 || time->minute < 0 || time->minute > 59)) {
         return TriggerProblem::invalidTime;
@@ -193,9 +218,6 @@ std::optional<TriggerProblem> TriggerFlow::problemWith(const SceneTrigger::Kind&
     };
     if (!std::ranges::all_of(sceneIDs, exists)) {
         return TriggerProblem::sceneNotFound;
-    }
-    if (m_triggers.allTriggers().size() + sceneIDs.size() > TriggerStore::maxTriggers) {
-        return TriggerProblem::capReached;
     }
     return std::nullopt;
 }
@@ -219,13 +241,36 @@ TriggerFlow::addTrigger(const SceneTrigger::Kind& kind, const std::vector<std::s
     }
     showStored();
     if (std::holds_alternative<SceneTrigger::CalendarVideoEvent>(kind)) {
-        m_context.ports.calendar.requestAccessIfNeeded([this, alive = std::weak_ptr(m_alive)] {
-            if (alive.lock()) {
-                checkCalendarTriggers();
-            }
-        });
+        readCalendarSoon();
     }
     return added;
+}
+
+void TriggerFlow::readCalendarSoon() {
+    m_context.ports.calendar.requestAccessIfNeeded([this, alive = std::weak_ptr(m_alive)] {
+        if (alive.lock()) {
+            checkCalendarTriggers();
+        }
+    });
+}
+
+TriggerFlow::Result<void> TriggerFlow::update(const SceneTrigger& trigger) {
+    const auto stored = m_triggers.trigger(trigger.id);
+    if (!stored) {
+        return std::unexpected(TriggerProblem::notFound);
+    }
+    if (const auto problem = problemWith(trigger.kind, {trigger.sceneID})) {
+        return std::unexpected(*problem);
+    }
+    SceneTrigger changedTrigger = *stored;
+    changedTrigger.kind = trigger.kind;
+    changedTrigger.sceneID = trigger.sceneID;
+    changedTrigger.enabled = trigger.enabled;
+    const auto result = changed(m_triggers.update(changedTrigger));
+    if (result && trigger.enabled && isCalendarTrigger(trigger)) {
+        readCalendarSoon();
+    }
+    return result;
 }
 
 TriggerFlow::Result<void> TriggerFlow::setTriggerEnabled(const std::string& id, bool isEnabled) {
@@ -269,6 +314,7 @@ void TriggerFlow::showStored() {
     m_context.publisher.publish<ScenesTopic>([&](auto& scenes) {
         ++scenes.triggersVersion;
         scenes.triggers = m_triggers.allTriggers();
+        scenes.nextFirings = nextFirings(scenes.triggers);
         scenes.calendarAccessNeeded = scenes.calendarAccessNeeded && waitForCalendar(scenes.triggers);
     });
 }

@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,11 +45,17 @@ public:
     // Adds one trigger per scene, all or none.
     Result<std::vector<SceneTrigger>> addTrigger(const SceneTrigger::Kind& kind,
                                                  const std::vector<std::string>& sceneIDs);
+    // Changes what fires the trigger with this ID, the scene that it applies and whether it is on. Dates are
+    // kept; but with another time of day it may fire today although it has fired today.
+    Result<void> update(const SceneTrigger& trigger);
     Result<void> setTriggerEnabled(const std::string& id, bool isEnabled);
     Result<void> deleteTrigger(const std::string& id);
 
     // Publishes the triggers after the store has changed.
     void showStored();
+    // Why there can be no such trigger; none if there can.
+    [[nodiscard]] std::optional<TriggerProblem> problemWith(const SceneTrigger::Kind& kind,
+                                                            const std::vector<std::string>& sceneIDs) const;
 
 private:
     using Condition = std::function<bool(const SceneTrigger& trigger)>;
@@ -63,8 +70,10 @@ private:
     // Fires the enabled triggers that meet the condition. The log says "`area`: `cause`".
     void fireWhere(const Condition& isDue, const std::string& area, const std::string& reason,
                    const std::string& cause = {});
-    [[nodiscard]] std::optional<TriggerProblem> problemWith(const SceneTrigger::Kind& kind,
-                                                            const std::vector<std::string>& sceneIDs);
+    // When each trigger fires next, by ID.
+    [[nodiscard]] std::map<std::string, Date> nextFirings(const std::vector<SceneTrigger>& triggers);
+    void showNextFirings();
+    void readCalendarSoon();
     Result<void> changed(const TriggerStore::Result<void>& change);
 
     ControllerContext& m_context;

@@ -14,14 +14,14 @@ namespace vantrel::SceneRail {
 
 namespace {
 
-// `scenes` is not empty and oldest first.
+// `scenes` is not empty.
 std::string groupName(const std::string& configID, const std::vector<Scene>& scenes,
                       const DeskName& deskName) {
     const auto known = deskName(configID);
     if (known && !known->empty()) {
         return *known;
     }
-    const std::string& noted = scenes.back().layout.name;
+    const std::string& noted = std::ranges::max_element(scenes, {}, &Scene::createdAt)->layout.name;
     return noted.empty() ? tr("Unknown desk") : noted;
 }
 
@@ -31,7 +31,6 @@ std::vector<Scene> scenes(const std::string& configID, const std::vector<Scene>&
     std::vector<Scene> ofDesk;
     std::ranges::copy_if(all, std::back_inserter(ofDesk),
                          [&](const Scene& scene) { return scene.configID == configID; });
-    std::ranges::stable_sort(ofDesk, {}, &Scene::createdAt);
     return ofDesk;
 }
 

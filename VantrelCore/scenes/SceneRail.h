@@ -27,11 +27,10 @@ namespace vantrel::SceneRail {
 // A desk's display name, or none if the desk is unknown.
 using DeskName = std::function<std::optional<std::string>(const std::string& configID)>;
 
-// The desk's scenes, oldest first, then in stored order, so that scenes keep their place when they are
-// renamed, pinned or updated.
+// The desk's scenes in stored order, which is the user's.
 [[nodiscard]] std::vector<Scene> scenes(const std::string& configID, const std::vector<Scene>& all);
 
-// One group per other desk, its scenes ordered as above. Groups are ordered by desk name ignoring case, then
+// One group per other desk, its scenes in stored order. Groups are ordered by desk name ignoring case, then
 // by name in byte order, then by configID. A desk without a name takes the one recorded in its newest scene,
 // else "Unknown desk".
 [[nodiscard]] std::vector<SceneDeskGroup>

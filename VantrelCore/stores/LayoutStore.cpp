@@ -86,6 +86,16 @@ void noteSameDesk(StoreFile& file, const std::string& from, const std::string& t
     sameDesks.erase(to);
 }
 
+void forget(StoreFile& file, const std::string& configID) {
+    std::erase_if(file.layouts, [&](const Layout& layout) { return layout.configID == configID; });
+    if (file.activeLayouts) {
+        file.activeLayouts->erase(configID);
+    }
+    if (file.sameDesks) {
+        std::erase_if(*file.sameDesks, [&](const auto& known) { return known.second == configID; });
+    }
+}
+
 // Never empty: "Default" if nothing is left.
 std::string firstRemainingName(const StoreFile& file, const std::string& configID) {
     std::optional<std::string> first;
@@ -241,6 +251,42 @@ bool LayoutStore::moveDesk(const std::string& from, const std::string& to,
     moveRules(file, counterparts);
     noteSameDesk(file, from, to);
     return m_file.write(std::move(file), saving);
+}
+
+LayoutStore::DeskRecords LayoutStore::deskRecords(const std::string& configID) {
+    const StoreFile& file = m_file.load();
+    DeskRecords records;
+    std::ranges::copy_if(file.layouts, std::back_inserter(records.layouts),
+                         [&](const Layout& layout) { return layout.configID == configID; });
+    if (file.activeLayouts && file.activeLayouts->contains(configID)) {
+        records.activeLayout = file.activeLayouts->at(configID);
+    }
+    for (const auto& [former, present] : file.sameDesks.value_or(std::map<std::string, std::string>())) {
+        if (present == configID) {
+            records.formerIDs.push_back(former);
+        }
+    }
+    return records;
+}
+
+bool LayoutStore::forgetDesk(const std::string& configID) {
+    return m_file.update([&](StoreFile& file) { forget(file, configID); });
+}
+
+bool LayoutStore::putBackDesk(const std::string& configID, const DeskRecords& records) {
+    return m_file.update([&](StoreFile& file) {
+        forget(file, configID);
+        std::ranges::copy(records.layouts, std::back_inserter(file.layouts));
+        if (records.activeLayout) {
+            setActiveName(file, configID, *records.activeLayout);
+        }
+        for (const std::string& former : records.formerIDs) {
+            if (!file.sameDesks) {
+                file.sameDesks.emplace();
+            }
+            file.sameDesks->try_emplace(former, configID);
+        }
+    });
 }
 
 std::optional<std::string> LayoutStore::presentDesk(const std::string& configID) {

@@ -71,6 +71,20 @@ public:
     // another name. False, without writing, if `from` has no layouts.
     bool moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays,
                   const Saving& saving = {});
+    // All that the file has of one desk.
+    struct DeskRecords {
+        std::vector<Layout> layouts;
+        std::optional<std::string> activeLayout;
+        // The other configIDs under which it was known.
+        std::vector<std::string> formerIDs;
+
+        bool operator==(const DeskRecords&) const = default;
+    };
+    [[nodiscard]] DeskRecords deskRecords(const std::string& configID);
+    bool forgetDesk(const std::string& configID);
+    // Replaces what the file has of the desk.
+    bool putBackDesk(const std::string& configID, const DeskRecords& records);
+
     // Where the layouts of a desk have moved to, if they have.
     [[nodiscard]] std::optional<std::string> presentDesk(const std::string& configID);
 

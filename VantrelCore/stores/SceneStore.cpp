@@ -94,6 +94,37 @@ SceneStore::Result<Scene> SceneStore::updateLayout(const std::string& id, const 
     return changeScene(id, [&](Scene& scene) { scene.layout = layout; }, saving);
 }
 
+SceneStore::Result<void> SceneStore::move(const std::string& id, std::size_t position) {
+    StoreFile file = m_file.load();
+    const auto found = std::ranges::find(file.scenes, id, &Scene::id);
+    if (found == file.scenes.end()) {
+        return std::unexpected(SceneStoreError::notFound);
+    }
+    // The desk's scenes in their new order, and the places that they fill.
+    std::vector<Scene> ofDesk;
+    std::vector<Scene*> places;
+    const Scene moved = *found;
+    for (Scene& scene : file.scenes) {
+        if (scene.configID == moved.configID) {
+            places.push_back(&scene);
+            if (scene.id != id) {
+                ofDesk.push_back(scene);
+            }
+        }
+    }
+    ofDesk.insert(ofDesk.begin() + static_cast<std::ptrdiff_t>(std::min(position, ofDesk.size())), moved);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        *places[i] = ofDesk[i];
+    }
+    if (file == m_file.load()) {
+        return {};
+    }
+    if (!m_file.write(std::move(file))) {
+        return std::unexpected(SceneStoreError::writeFailed);
+    }
+    return {};
+}
+
 bool SceneStore::deleteScene(const std::string& id) {
     return m_file.update([&](StoreFile& file) {
         std::erase_if(file.scenes, [&](const Scene& scene) { return scene.id == id; });
@@ -142,6 +173,10 @@ bool SceneStore::setLastAppliedScene(const std::string& id, const std::string& c
             file.recentlyApplied.insert(file.recentlyApplied.begin(), id);
         },
         saving);
+}
+
+bool SceneStore::putBackLastAppliedScene(const std::string& id, const std::string& configID) {
+    return m_file.update([&](StoreFile& file) { file.lastAppliedByConfig.insert_or_assign(configID, id); });
 }
 
 bool SceneStore::forgetLastAppliedScene(const std::string& configID, const Saving& saving) {

@@ -24,7 +24,7 @@ public:
 
     struct StoreFile {
         std::int64_t version = schemaVersion;
-        // In creation order.
+        // In the user's order; new ones are added at the end.
         std::vector<Scene> scenes;
         // configID to scene id; may be missing in the file.
         std::map<std::string, std::string> lastAppliedByConfig;
@@ -68,6 +68,9 @@ public:
                                                   const Saving& saving = {}) {
         return updateLayout(id, layout, saving);
     }
+    // Gives the scene this position among the scenes of its desk, or the last one. Scenes of other desks stay
+    // where they are.
+    [[nodiscard]] Result<void> move(const std::string& id, std::size_t position);
     // Deletes pinned scenes too; protecting them is up to the interface. False when the write failed.
     bool deleteScene(const std::string& id);
     [[nodiscard]] Result<void> setPinned(bool pinned, const std::string& id);
@@ -84,6 +87,8 @@ public:
     [[nodiscard]] std::vector<std::string> recentlyApplied() { return m_file.load().recentlyApplied; }
     // False when the write failed.
     bool setLastAppliedScene(const std::string& id, const std::string& configID, const Saving& saving = {});
+    // Sets it again after it was cleared; the order of recentlyApplied() stays. False when the write failed.
+    bool putBackLastAppliedScene(const std::string& id, const std::string& configID);
     // Clears the desk's last applied scene. False when the write failed.
     bool forgetLastAppliedScene(const std::string& configID, const Saving& saving = {});
 

@@ -84,6 +84,23 @@ bool StashStore::remove(const std::string& id, const Saving& saving) {
         saving);
 }
 
+bool StashStore::removeAllOf(const std::string& configID) {
+    return m_file.update([&](StoreFile& file) {
+        std::erase_if(file.stashes, [&](const Stash& stash) { return stash.configID == configID; });
+    });
+}
+
+bool StashStore::putBackAll(const std::vector<Stash>& stashes) {
+    return m_file.update([&](StoreFile& file) {
+        for (const Stash& stash : stashes) {
+            if (std::ranges::find(file.stashes, stash.id, &Stash::id) == file.stashes.end()) {
+                file.stashes.push_back(stash);
+            }
+        }
+        enforceCap(file.stashes);
+    });
+}
+
 bool StashStore::moveDesk(const std::string& from, const std::string& to,
                           const std::vector<DisplayInfo>& displays, const Saving& saving) {
     StoreFile file = m_file.load();

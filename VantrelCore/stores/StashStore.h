@@ -49,6 +49,10 @@ public:
     // False when the write failed; see Saving for the exception.
     bool remove(const std::string& id, const Saving& saving = {});
 
+    bool removeAllOf(const std::string& configID);
+    // Those that are still kept are left as they are. The oldest beyond the tenth are dropped.
+    bool putBackAll(const std::vector<Stash>& stashes);
+
     // The desk `from` is now known as `to`, with these displays in the same places; see LayoutStore.
     bool moveDesk(const std::string& from, const std::string& to, const std::vector<DisplayInfo>& displays,
                   const Saving& saving = {});

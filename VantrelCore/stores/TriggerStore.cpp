@@ -51,6 +51,10 @@ TriggerStore::Result<void> TriggerStore::setEnabled(const std::string& id, bool 
     return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.enabled = enabled; });
 }
 
+TriggerStore::Result<void> TriggerStore::update(const SceneTrigger& trigger) {
+    return changeTrigger(trigger.id, [&](SceneTrigger& stored) { stored = trigger; });
+}
+
 TriggerStore::Result<void> TriggerStore::recordFired(const std::string& id, Date at, const Saving& saving) {
     return changeTrigger(id, [&](SceneTrigger& trigger) { trigger.lastFiredAt = at; }, saving);
 }

@@ -47,6 +47,8 @@ public:
     [[nodiscard]] Result<void> addAll(const std::vector<SceneTrigger>& triggers,
                                       std::optional<std::size_t> at = {});
     [[nodiscard]] Result<void> setEnabled(const std::string& id, bool enabled);
+    // Replaces the trigger with the same id.
+    [[nodiscard]] Result<void> update(const SceneTrigger& trigger);
     [[nodiscard]] Result<void> recordFired(const std::string& id, Date at, const Saving& saving = {});
     // An unknown id changes nothing.
     void deleteTrigger(const std::string& id);

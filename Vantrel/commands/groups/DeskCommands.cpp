@@ -1,6 +1,7 @@
 // The commands for the current desk and its active layout, and the log.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/PreviewMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/terminal/HistoryText.h"
 #include "Vantrel/commands/terminal/LogReader.h"
@@ -9,6 +10,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/diagnostics/CrashReportNames.h"
 #include "VantrelCore/displays/DisplayLabels.h"
+#include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
 #include <chrono>
@@ -42,12 +44,24 @@ ControlAnswer allDesks(const BusCall& call) {
     return nlohmann::json(desks(call.controller));
 }
 
-ControlAnswer renameDesk(const BusCall& call) {
-    const auto change = call.controller.layouts().renameDesk(call[0]);
-    const auto& state = call.controller.published();
+// Replies with the desk and the name that it has or had.
+ControlAnswer changedDesk(const RememberedDesk& desk, LayoutChange change, const std::string& name) {
     return change.kind == LayoutChange::Kind::done
-               ? ControlAnswer({{"configID", state.configID}, {"name", state.deskName()}})
+               ? ControlAnswer({{"configID", desk.configID}, {"name", name}})
                : refused(change.text());
+}
+
+ControlAnswer renameDesk(const BusCall& call) {
+    const auto desk = deskCalled(call.controller.published(), call[0]);
+    return desk ? changedDesk(*desk, call.controller.desks().rename(desk->configID, call[1]),
+                              std::string(Unicode::trimmed(call[1])))
+                : refused(desk.error());
+}
+
+ControlAnswer forgetDesk(const BusCall& call) {
+    const auto desk = deskCalled(call.controller.published(), call[0]);
+    return desk ? changedDesk(*desk, call.controller.desks().forget(desk->configID), desk->name)
+                : refused(desk.error());
 }
 
 ControlAnswer joinDesks(const BusCall& call) {
@@ -170,8 +184,16 @@ std::vector<Command> deskCommands() {
          .text = VerbTexts::saved},
         {.signature = "Restore() report",
          .handler = restore,
-         .verbs = {{"restore", "Restore the windows of this desk, wait, and report on every window"}},
-         .text = VerbTexts::report},
+         .verbs = {{"restore",
+                    "Restore the windows of this desk, wait, and report on every window",
+                    {PreviewMessage::dryRun}}},
+         .run =
+             [](const VerbCall& call) { return PreviewMessage::run(call, "Restore", "PreviewRestore", {}); }},
+        {.signature = "PreviewRestore() preview",
+         .handler =
+             [](const BusCall& call) {
+                 call.controller.previews().preview(PreviewMessage::reply(call.reply));
+             }},
         {.signature = "Desks() desks",
          .handler = allDesks,
          .verbs = {{"desks", "Draw every remembered desk with its windows"},
@@ -179,10 +201,20 @@ std::vector<Command> deskCommands() {
          .text = VerbTexts::of<DesksMessage>(
              CommandTexts::desks, "No desks are saved yet. Save this one with: vantrelctl save\n")},
         {.verbs = {{"displays", "List the displays by the labels used in other commands"}}, .run = displays},
-        {.signature = "RenameDesk(name) desk",
+        {.signature = "RenameDesk(desk, name) desk",
          .handler = renameDesk,
-         .verbs = {{"desks rename", "Give this desk a name of your own", {{"name", "Its new name"}}}},
-         .text = VerbTexts::sentence("This desk is now called \"{name}\".")},
+         .verbs = {{"desks rename",
+                    "Give a desk a name of your own",
+                    {{"name", "Its new name"},
+                     {"--desk", "The desk, by name or ID; defaults to this desk", ValueKind::desk}},
+                    [](const Typed& typed) { return std::vector{typed["--desk"], typed["name"]}; }}},
+         .text = VerbTexts::sentence("The desk is now called \"{name}\".")},
+        {.signature = "ForgetDesk(desk) desk",
+         .handler = forgetDesk,
+         .verbs = {{"desks forget",
+                    "Forget a desk with its layouts and stashes; scenes stay",
+                    {{"desk", "The desk, by name or ID", ValueKind::desk}}}},
+         .text = VerbTexts::sentence("Forgot the desk \"{name}\". To put it back: vantrelctl undelete")},
         {.signature = "JoinDesks(first, second) joined",
          .handler = joinDesks,
          .verbs = {{"desks same",

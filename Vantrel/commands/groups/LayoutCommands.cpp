@@ -1,6 +1,7 @@
-// The commands for the current desk's named layouts.
+// The commands for the named layouts of desks.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/PreviewMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
@@ -20,11 +21,12 @@ ControlAnswer layouts(const BusCall& call) {
     return isAny ? ControlAnswer(message.desks.front()) : refused("No display is awake.");
 }
 
-// The desk is an ID or a name; empty means the current desk.
-void apply(const BusCall& call) {
-    const auto& [desk, name] = std::tie(call[0], call[1]);
-    const auto all = call.controller.allLayouts();
-    const std::string wanted = desk.empty() ? call.controller.published().configID : desk;
+// The desk is an ID or a name; empty means the current desk. None if there is no
+// such layout.
+std::optional<Layout> layoutCalled(AppController& controller, const std::string& desk,
+                                   const std::string& name) {
+    const auto all = controller.allLayouts();
+    const std::string wanted = desk.empty() ? controller.published().configID : desk;
     const auto find = [&](auto deskOf) {
         return std::ranges::find_if(
             all, [&](const Layout& layout) { return layout.*deskOf == wanted && layout.layoutName == name; });
@@ -33,22 +35,63 @@ void apply(const BusCall& call) {
     if (found == all.end() && !desk.empty()) {
         found = find(&Layout::name);
     }
-    if (found == all.end()) {
-        call.reply(refused("There is no layout with that name."));
+    return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
+void apply(const BusCall& call) {
+    if (const auto layout = layoutCalled(call.controller, call[0], call[1])) {
+        call.controller.layouts().applyLayout(*layout, restoreReply(call.reply));
     } else {
-        call.controller.layouts().applyLayout(*found, restoreReply(call.reply));
+        call.reply(refused("There is no layout with that name."));
     }
 }
 
-// `name` is the layout's name after the change.
-ControlAnswer changed(const BusCall& call, LayoutChange change, const std::string& name) {
-    const auto& state = call.controller.published();
-    return change.kind == LayoutChange::Kind::done
-               ? ControlAnswer({{"configID", state.configID},
-                                {"configName", state.deskName()},
+void preview(const BusCall& call) {
+    if (const auto layout = layoutCalled(call.controller, call[0], call[1])) {
+        call.controller.previews().previewLayout(*layout, PreviewMessage::reply(call.reply));
+    } else {
+        call.reply(refused("There is no layout with that name."));
+    }
+}
+
+// Calls `change` with the desk that the first argument names. `name` is the layout's name after the change.
+template <typename Change>
+ControlAnswer changed(const BusCall& call, const std::string& name, Change&& change) {
+    const auto desk = deskCalled(call.controller.published(), call[0]);
+    if (!desk) {
+        return refused(desk.error());
+    }
+    const LayoutChange result = change(call.controller.layouts(), desk->configID);
+    return result.kind == LayoutChange::Kind::done
+               ? ControlAnswer({{"configID", desk->configID},
+                                {"configName", desk->name},
                                 {"layoutName", name},
-                                {"activeLayoutName", state.activeLayoutName}})
-               : refused(change.text());
+                                {"activeLayoutName", call.controller.activeLayoutName(desk->configID)}})
+               : refused(result.text());
+}
+
+ControlAnswer rename(const BusCall& call) {
+    return changed(call, std::string(Unicode::trimmed(call[2])),
+                   [&](LayoutFlow& flow, const auto& desk) { return flow.rename(desk, call[1], call[2]); });
+}
+
+ControlAnswer remove(const BusCall& call) {
+    return changed(call, call[1],
+                   [&](LayoutFlow& flow, const auto& desk) { return flow.remove(desk, call[1]); });
+}
+
+BusHandler setPinned(bool isPinned) {
+    return [isPinned](const BusCall& call) {
+        return changed(call, call[1], [&](LayoutFlow& flow, const auto& desk) {
+            return flow.setPinned(isPinned, desk, call[1]);
+        });
+    };
+}
+
+constexpr Word desk{"--desk", "The layout's desk, by name or ID; defaults to this desk", ValueKind::desk};
+
+std::vector<std::string> deskAndName(const Typed& typed) {
+    return {typed["--desk"], typed["name"]};
 }
 
 constexpr Word name{"name", "The layout's name", ValueKind::layout};
@@ -75,10 +118,12 @@ std::vector<Command> layoutCommands() {
          .handler = apply,
          .verbs = {{"layouts apply",
                     "Arrange the windows as in a layout, even one of another desk",
-                    {name,
-                     {"--desk", "The layout's desk, by name or ID; defaults to this desk", ValueKind::desk}},
-                    [](const Typed& typed) { return std::vector{typed["--desk"], typed["name"]}; }}},
-         .text = VerbTexts::report},
+                    {name, desk, PreviewMessage::dryRun}}},
+         .run =
+             [](const VerbCall& call) {
+                 return PreviewMessage::run(call, "ApplyLayout", "PreviewLayout", deskAndName(call.typed));
+             }},
+        {.signature = "PreviewLayout(desk, name) preview", .handler = preview},
         {.signature = "SaveLayoutAs(name) saved",
          .handler =
              [](const BusCall& call) {
@@ -89,22 +134,29 @@ std::vector<Command> layoutCommands() {
                     "Save the windows under this name and make it the active layout",
                     {name}}},
          .text = VerbTexts::saved},
-        {.signature = "RenameLayout(name, newName) layout",
-         .handler =
-             [](const BusCall& call) {
-                 return changed(call, call.controller.layouts().rename(call[0], call[1]),
-                                std::string(Unicode::trimmed(call[1])));
-             },
-         .verbs = {{"layouts rename", "Rename a layout", {name, {"new-name", "Its new name"}}}},
+        {.signature = "RenameLayout(desk, name, newName) layout",
+         .handler = rename,
+         .verbs = {{"layouts rename",
+                    "Rename a layout",
+                    {name, {"new-name", "Its new name"}, desk},
+                    [](const Typed& typed) {
+                        return std::vector{typed["--desk"], typed["name"], typed["new-name"]};
+                    }}},
          .text = VerbTexts::sentence("Layout \"{:name}\" is now called \"{layoutName}\".")},
-        {.signature = "DeleteLayout(name) layout",
-         .handler =
-             [](const BusCall& call) {
-                 return changed(call, call.controller.layouts().remove(call[0]), call[0]);
-             },
+        {.signature = "PinLayout(desk, name) layout",
+         .handler = setPinned(true),
+         .verbs = {{"layouts pin", "Keep a layout as saved", {name, desk}, deskAndName}},
+         .text = VerbTexts::sentence("Pinned layout \"{layoutName}\" of {configName}.")},
+        {.signature = "UnpinLayout(desk, name) layout",
+         .handler = setPinned(false),
+         .verbs = {{"layouts unpin", "Learn a layout again", {name, desk}, deskAndName}},
+         .text = VerbTexts::sentence("Unpinned layout \"{layoutName}\" of {configName}.")},
+        {.signature = "DeleteLayout(desk, name) layout",
+         .handler = remove,
          .verbs = {{"layouts delete",
                     "Delete a layout; if it was active, another one is restored in its place",
-                    {name}}},
+                    {name, desk},
+                    deskAndName}},
          .text = VerbTexts::sentence("Deleted layout \"{:name}\". The active layout is "
                                      "\"{activeLayoutName}\". To put it back: vantrelctl undelete")},
     };

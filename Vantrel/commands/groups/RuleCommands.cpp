@@ -6,6 +6,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/model/AppRule.h"
+#include "VantrelCore/text/CountedNoun.h"
 
 #include <fmt/format.h>
 
@@ -37,16 +38,48 @@ std::expected<DisplayInfo, std::string> display(AppController& controller, const
 }
 
 // Connected displays are shown with their current labels.
-ControlAnswer rules(const BusCall& call) {
-    const auto labels = DisplayLabels::of(call.controller.published().displays);
-    auto rules = call.controller.rules().rules();
+std::vector<AppRule> labelledRules(AppController& controller) {
+    const auto labels = DisplayLabels::of(controller.published().displays);
+    auto rules = controller.rules().rules();
     for (AppRule& rule : rules) {
         if (auto* const forced = std::get_if<AppRule::ForceDisplay>(&rule.action)) {
             const auto label = labels.find(forced->uuid);
             forced->displayName = label == labels.end() ? forced->displayName : label->second;
         }
     }
-    return nlohmann::json{{"rules", std::move(rules)}};
+    return rules;
+}
+
+void rules(const BusCall& call) {
+    call.controller.rules().findRuledWindows(
+        [reply = call.reply, rules = labelledRules(call.controller)](const RuleFlow::RuledWindows& windows) {
+            auto all = nlohmann::json::array();
+            for (const AppRule& rule : rules) {
+                all.push_back(rule);
+                auto titles = nlohmann::json::array();
+                if (const auto open = windows.find(rule.bundleID); open != windows.end()) {
+                    for (const DeskWindow& window : open->second) {
+                        titles.push_back(window.title);
+                    }
+                }
+                all.back()["windows"] = std::move(titles);
+            }
+            reply(nlohmann::json{{"rules", std::move(all)}});
+        });
+}
+
+ControlAnswer apps(const BusCall& call) {
+    auto all = nlohmann::json::array();
+    for (const AppFacts& facts : call.controller.rules().facts()) {
+        all.push_back({{"bundleID", facts.bundleID},
+                       {"appName", facts.appName},
+                       {"sizes", facts.sizes},
+                       {"learned", AppFactsText::summary(facts)}});
+        if (facts.reliability) {
+            all.back()["reliability"] = *facts.reliability;
+        }
+    }
+    return nlohmann::json{{"apps", std::move(all)}};
 }
 
 // `action` is "ignore", "display" or "none"; `displayName` matters only for "display". An empty ID matches no
@@ -109,11 +142,25 @@ std::string meaning(const AppRule& rule) {
 
 std::string list(const nlohmann::json& reply, const DeskDrawing::Options& drawing) {
     std::vector<std::vector<std::string>> rows;
-    for (const auto& rule : JsonCoding::required<std::vector<AppRule>>(reply, "rules")) {
-        rows.push_back({rule.appName, meaning(rule), rule.bundleID});
+    for (const auto& each : reply.at("rules")) {
+        const auto rule = JsonCoding::value<AppRule>(each);
+        const auto windows = static_cast<std::int64_t>(each.value("windows", nlohmann::json::array()).size());
+        rows.push_back({rule.appName, meaning(rule),
+                        windows == 0 ? "no window open" : countedNoun(windows, "window") + " open",
+                        rule.bundleID});
     }
     return rows.empty() ? "There are no rules. Make one with: vantrelctl rules set APP --ignore\n"
                         : TextColumns::lines(rows, drawing.columns);
+}
+
+std::string appList(const nlohmann::json& reply, const DeskDrawing::Options& drawing) {
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& app : reply.at("apps")) {
+        rows.push_back({JsonCoding::required<std::string>(app, "appName"),
+                        JsonCoding::required<std::string>(app, "learned"),
+                        JsonCoding::required<std::string>(app, "bundleID")});
+    }
+    return TextColumns::lines(rows, drawing.columns);
 }
 
 std::string ruleText(const AppRule& rule) {
@@ -135,6 +182,10 @@ std::vector<Command> ruleCommands() {
          .verbs = {{"rules", "List the rules that leave applications alone or keep them on a display"},
                    {"rules list", "List the rules"}},
          .text = VerbTexts::of<nlohmann::json>(list)},
+        {.signature = "Apps() apps",
+         .handler = apps,
+         .verbs = {{"rules apps", "List the applications seen, and what was learned about them"}},
+         .text = VerbTexts::of<nlohmann::json>(appList, "No application has been seen yet.\n")},
         {.signature = "SetRule(application, action, display, restoreLast) rule",
          .handler = setRule,
          .verbs = {{"rules set",

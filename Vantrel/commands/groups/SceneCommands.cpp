@@ -1,6 +1,7 @@
 // The commands for scenes, and for the drift from the scene last applied.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/PreviewMessage.h"
 #include "Vantrel/commands/ScenesMessage.h"
 #include "Vantrel/commands/terminal/SceneTexts.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
@@ -13,6 +14,7 @@
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <fmt/format.h>
 #include <tuple>
@@ -87,6 +89,14 @@ void apply(const BusCall& call) {
     }
 }
 
+void preview(const BusCall& call) {
+    if (const auto scene = sceneCalled(call.controller.published(), call[0])) {
+        call.controller.previews().previewScene(*scene, PreviewMessage::reply(call.reply));
+    } else {
+        call.reply(refused(scene.error()));
+    }
+}
+
 ControlAnswer deleteScene(const BusCall& call, const Scene& scene) {
     return scene.isPinned() ? refused(tr(SceneExplanations::pinnedIsProtected))
                             : edited(call.controller, call.controller.scenes().deleteScene(scene.id));
@@ -146,6 +156,20 @@ BusHandler editing(Edit edit) {
 
 ControlAnswer renameScene(const BusCall& call, const Scene& scene) {
     return edited(call.controller, call.controller.scenes().rename(scene.id, call[1]));
+}
+
+ControlAnswer duplicateScene(const BusCall& call, const Scene& scene) {
+    return edited(call.controller, call.controller.scenes().duplicate(scene.id));
+}
+
+// Positions begin at 1.
+ControlAnswer moveScene(const BusCall& call, const Scene& scene) {
+    std::size_t position = 0;
+    const char* const end = call[1].data() + call[1].size();
+    const auto parsed = std::from_chars(call[1].data(), end, position);
+    return parsed.ec == std::errc{} && parsed.ptr == end && position > 0
+               ? edited(call.controller, call.controller.scenes().move(scene.id, position - 1))
+               : refused("The position must be a number from 1.");
 }
 
 BusHandler setPinned(bool isPinned) {
@@ -224,8 +248,14 @@ std::vector<Command> sceneCommands() {
          .text = VerbTexts::sentence("Created the empty scene \"{name}\".")},
         {.signature = "ApplyScene(scene) report",
          .handler = apply,
-         .verbs = {{"apply", "Arrange the desk as saved in a scene, even one of another desk", {scene}}},
-         .text = VerbTexts::report},
+         .verbs = {{"apply",
+                    "Arrange the desk as saved in a scene, even one of another desk",
+                    {scene, PreviewMessage::dryRun}}},
+         .run =
+             [](const VerbCall& call) {
+                 return PreviewMessage::run(call, "ApplyScene", "PreviewScene", {call.typed["scene"]});
+             }},
+        {.signature = "PreviewScene(scene) preview", .handler = preview},
         {.signature = "SaveScene(name) scene",
          .handler = save,
          .verbs = {{"scenes update", "Save the desk to an existing scene of this desk", {scene}},
@@ -239,6 +269,16 @@ std::vector<Command> sceneCommands() {
                     "Rename a scene",
                     {scene, {"name", "Its new name, of 30 characters or fewer"}}}},
          .text = VerbTexts::sentence("The scene is now called \"{name}\".")},
+        {.signature = "DuplicateScene(scene) scene",
+         .handler = editing(duplicateScene),
+         .verbs = {{"scenes duplicate", "Add a copy of a scene after it", {scene}}},
+         .text = VerbTexts::sentence("Added the scene \"{name}\".")},
+        {.signature = "MoveScene(scene, position) scene",
+         .handler = editing(moveScene),
+         .verbs = {{"scenes move",
+                    "Move a scene to another position in its desk's list",
+                    {scene, {"position", "1 for the first, 2 for the second and so on", ValueKind::number}}}},
+         .text = VerbTexts::sentence("Moved the scene \"{name}\".")},
         {.signature = "DeleteScene(scene) scene",
          .handler = editing(deleteScene),
          .verbs = {{"scenes delete", "Delete a scene", {scene}}},

@@ -48,7 +48,9 @@ std::string unknown(const std::string& name) {
 ControlAnswer settings(const BusCall& call) {
     auto all = nlohmann::json::array();
     for (const SettingKey& key : SettingKeys::all()) {
-        all.push_back(describe(key, call.controller.defaults()));
+        if (call.controller.hasEffect(key)) {
+            all.push_back(describe(key, call.controller.defaults()));
+        }
     }
     nlohmann::json answer{{"settings", all}};
     if (const auto mistakes = SettingMistakes::texts(call.controller.published().settingMistakes);
@@ -62,6 +64,9 @@ ControlAnswer set(const BusCall& call) {
     const SettingKey* const key = SettingKeys::named(call[0]);
     if (key == nullptr) {
         return refused(unknown(call[0]));
+    }
+    if (!call.controller.hasEffect(*key)) {
+        return refused(fmt::format("The setting \"{}\" has no effect on this system.", key->name));
     }
     const auto value = key->read(call[1]);
     if (!value) {

@@ -8,6 +8,7 @@
 #include "VantrelCore/text/CountedNoun.h"
 
 #include <algorithm>
+#include <expected>
 #include <fmt/format.h>
 
 namespace vantrel {
@@ -47,23 +48,46 @@ void toggle(const BusCall& call) {
         {.stashed = stashReply(call.reply), .broughtBack = restoreReply(call.reply)});
 }
 
-// The argument is an unambiguous prefix of the ID; empty means the current desk's newest stash.
-void bringBack(const BusCall& call) {
-    const auto& state = call.controller.published();
-    const std::string& wanted = call[0];
+// The ID that begins like the argument; an empty argument means the current desk's newest stash.
+std::expected<std::string, std::string> stashCalled(const PublishedState& state, const std::string& wanted) {
     const auto isMeant = [&](const Stash& stash) { return stash.id.starts_with(wanted); };
     const auto found = std::ranges::find_if(state.stashes, isMeant);
-    const Stash* const active = state.activeStash();
-    if (wanted.empty() && active == nullptr) {
-        call.reply(refused("Nothing is stashed on this desk."));
-    } else if (!wanted.empty() && std::ranges::count_if(state.stashes, isMeant) > 1) {
-        call.reply(refused("More than one stash ID begins with \"" + wanted + "\"."));
-    } else {
-        call.controller.stashes().bringBack(wanted.empty()                 ? active->id
-                                            : found == state.stashes.end() ? wanted
-                                                                           : found->id,
-                                            restoreReply(call.reply));
+    if (wanted.empty()) {
+        const Stash* const active = state.activeStash();
+        return active != nullptr ? std::expected<std::string, std::string>(active->id)
+                                 : std::unexpected("Nothing is stashed on this desk.");
     }
+    if (std::ranges::count_if(state.stashes, isMeant) > 1) {
+        return std::unexpected("More than one stash ID begins with \"" + wanted + "\".");
+    }
+    return found == state.stashes.end() ? wanted : found->id;
+}
+
+void bringBack(const BusCall& call) {
+    if (const auto id = stashCalled(call.controller.published(), call[0])) {
+        call.controller.stashes().bringBack(*id, restoreReply(call.reply));
+    } else {
+        call.reply(refused(id.error()));
+    }
+}
+
+ControlAnswer discard(const BusCall& call) {
+    const auto& stashes = call.controller.published().stashes;
+    const auto id = stashCalled(call.controller.published(), call[0]);
+    if (!id) {
+        return refused(id.error());
+    }
+    const auto found = std::ranges::find(stashes, *id, &Stash::id);
+    if (found == stashes.end()) {
+        return refused(fmt::format("There is no stash \"{}\". See: vantrelctl stash list", call[0]));
+    }
+    const Stash stash = *found;
+    return call.controller.stashes().discard(stash.id)
+               ? ControlAnswer({{"id", stash.id},
+                                {"windows", stash.windowCount},
+                                {"configID", stash.configID},
+                                {"configName", stash.deskName}})
+               : refused("The stash could not be deleted from disk. Nothing was changed.");
 }
 
 ControlAnswer undelete(const BusCall& call) {
@@ -90,7 +114,8 @@ std::vector<Command> stashCommands() {
          .text = VerbTexts::report},
         {.signature = "Undelete() putBack",
          .handler = undelete,
-         .verbs = {{"undelete", "Put back the scene, layout, rule or trigger that was deleted last"}},
+         .verbs = {{"undelete",
+                    "Put back the scene, layout, desk, stash, rule or trigger that was deleted last"}},
          .text = VerbTexts::sentence("Put back {what}.")},
         {.signature = "Stashes() stashes",
          .handler = stashes,
@@ -113,6 +138,13 @@ std::vector<Command> stashCommands() {
                     {{"stash", "The beginning of the stash's ID; defaults to this desk's newest",
                       ValueKind::stash, Word::Use::optional}}}},
          .text = VerbTexts::report},
+        {.signature = "DeleteStash(stash) stash",
+         .handler = discard,
+         .verbs = {{"stash delete",
+                    "Delete a stash without bringing it back",
+                    {{"stash", "The beginning of the stash's ID", ValueKind::stash}}}},
+         .text =
+             VerbTexts::sentence("Deleted the stash of {configName}. To put it back: vantrelctl undelete")},
     };
 }
 

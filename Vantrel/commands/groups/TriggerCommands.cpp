@@ -29,6 +29,9 @@ nlohmann::json describe(const SceneTrigger& trigger, const PublishedState& state
     if (scene != state.scenes.end()) {
         json["sceneName"] = scene->name;
     }
+    if (const auto next = state.nextFirings.find(trigger.id); next != state.nextFirings.end()) {
+        JsonCoding::put(json, "nextFiring", next->second);
+    }
     return json;
 }
 
@@ -130,6 +133,29 @@ ControlAnswer changed(const BusCall& call, Change&& change) {
                   : refused(text(result.error()));
 }
 
+// An empty kind keeps what fires it, an empty scene the scene that it applies.
+ControlAnswer edit(const BusCall& call) {
+    const auto& state = call.controller.published();
+    const auto kind =
+        call[1].empty() ? std::expected<SceneTrigger::Kind, std::string>() : kindOf(call[1], call[2]);
+    if (!kind) {
+        return refused(kind.error());
+    }
+    std::string sceneID;
+    if (!call[3].empty()) {
+        const auto scene = sceneCalled(state, call[3]);
+        if (!scene) {
+            return refused(scene.error());
+        }
+        sceneID = scene->id;
+    }
+    return changed(call, [&](TriggerFlow& flow, SceneTrigger& trigger) {
+        trigger.kind = call[1].empty() ? trigger.kind : *kind;
+        trigger.sceneID = sceneID.empty() ? trigger.sceneID : sceneID;
+        return flow.update(trigger);
+    });
+}
+
 BusHandler setEnabled(bool isEnabled) {
     return [isEnabled](const BusCall& call) {
         return changed(call, [&](TriggerFlow& flow, SceneTrigger& trigger) {
@@ -156,8 +182,14 @@ std::string remark(const nlohmann::json& trigger, bool isAccessNeeded, const Ver
     if (isAccessNeeded && trigger.at("kind").contains("calendarVideoEvent")) {
         return tr(SceneTriggerFormatting::calendarAccessNeeded);
     }
-    const auto fired = JsonCoding::optional<Date>(trigger, "lastFiredAt");
-    return fired ? "last on " + call.environment.localDate(*fired) : "";
+    std::string text;
+    if (const auto next = JsonCoding::optional<Date>(trigger, "nextFiring")) {
+        text = "next on " + call.environment.localDate(*next);
+    }
+    if (const auto fired = JsonCoding::optional<Date>(trigger, "lastFiredAt")) {
+        text += (text.empty() ? "last on " : ", last on ") + call.environment.localDate(*fired);
+    }
+    return text;
 }
 
 std::string list(const nlohmann::json& answer, const VerbCall& call) {
@@ -189,6 +221,16 @@ auto addArguments(const char* kind, const char* detail) {
     return [kind, detail](const Typed& typed) {
         return std::vector<std::string>{kind, typed[detail], nlohmann::json(typed.all("SCENE")).dump()};
     };
+}
+
+// The kind follows from the option that says what fires the trigger.
+std::vector<std::string> editArguments(const Typed& typed) {
+    const std::string time = typed["--time"];
+    const std::string kind = !time.empty()             ? "schedule"
+                             : typed.has("--calendar") ? "calendar"
+                             : typed.has("--focus")    ? "focus"
+                                                       : "";
+    return {typed["TRIGGER"], kind, time.empty() ? typed["--focus"] : time, typed["--scene"]};
 }
 
 constexpr Word scenes{"SCENE", "A scene's name; give several for several desks", ValueKind::scene,
@@ -226,6 +268,23 @@ std::vector<Command> triggerCommands() {
                     {scenes, {"--name", "The Focus; defaults to the desktop's \"do not disturb\""}},
                     addArguments("focus", "--name")}},
          .text = added},
+        {.signature = "EditTrigger(trigger, kind, detail, scene) trigger",
+         .handler = edit,
+         .verbs = {{"triggers edit",
+                    "Change what fires a trigger, or the scene that it applies",
+                    {trigger,
+                     {.name = "--time", .help = "A time of day: 9:30, 21:30 or \"9:30 PM\""},
+                     {.name = "--calendar",
+                      .help = "A minute before an event with a link to a video call",
+                      .kind = ValueKind::flag,
+                      .excluded = "--time"},
+                     {.name = "--focus", .help = "When this Focus turns on", .excluded = "--time"},
+                     {"--scene", "The scene's name", ValueKind::scene}},
+                    editArguments}},
+         .text =
+             [](const nlohmann::json& reply, const VerbCall& call) {
+                 return added({{"triggers", nlohmann::json::array({reply})}}, call);
+             }},
         {.signature = "EnableTrigger(trigger) trigger",
          .handler = setEnabled(true),
          .verbs = {{"triggers enable", "Enable a trigger", {trigger}}},

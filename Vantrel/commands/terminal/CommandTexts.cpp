@@ -39,6 +39,20 @@ std::string layoutLine(const Layout& layout, const DeskDrawing::Options& options
                       dateText(layout.savedAt), layout.isPinned(), options);
 }
 
+// "", " (this desk)", " (last seen 1 Mar 2026, 2 stashes)".
+std::string remarks(const DeskMessage& desk, const DateText& dateText) {
+    std::vector<std::string> remarks;
+    if (desk.isCurrent) {
+        remarks.emplace_back("this desk");
+    } else if (desk.lastSeen) {
+        remarks.push_back("last seen " + dateText(*desk.lastSeen));
+    }
+    if (desk.stashes.value_or(0) > 0) {
+        remarks.push_back(fmt::format("{} {}", *desk.stashes, *desk.stashes == 1 ? "stash" : "stashes"));
+    }
+    return remarks.empty() ? "" : fmt::format(" ({})", fmt::join(remarks, ", "));
+}
+
 } // namespace
 
 std::string status(const StatusMessage& status, const DeskDrawing::Options& options,
@@ -140,7 +154,7 @@ std::string desks(const DesksMessage& message, const DeskDrawing::Options& optio
         if (!text.empty()) {
             text += '\n';
         }
-        text += line(desk.name + (desk.isCurrent ? " (this desk)" : ""), options);
+        text += line(desk.name + remarks(desk, dateText), options);
         const auto* const shown = desk.shownLayout();
         if (shown == nullptr) {
             text += "no layout saved yet\n";

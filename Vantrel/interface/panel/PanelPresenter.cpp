@@ -241,11 +241,11 @@ PanelActions PanelPresenter::actions() {
     PanelActions actions;
     actions.setEnabled = [this](bool isOn) { m_controller.setEnabled(isOn); };
     actions.renameDesk = [this](const std::string& name) -> PanelActions::Problem {
-        const auto change = m_controller.layouts().renameDesk(name);
+        const auto change = m_controller.desks().rename(m_controller.published().configID, name);
         return change.kind == LayoutChange::Kind::done ? std::nullopt : std::optional(change.text());
     };
     actions.problemWithDeskName = [this](const std::string& name) {
-        return textOf(m_controller.layouts().problemWithDeskName(name));
+        return textOf(m_controller.desks().problemWithName(m_controller.published().configID, name));
     };
     actions.problemWithLayoutName = [this](const std::string& name) {
         return textOf(m_controller.layouts().problemWithNewName(name));

@@ -199,7 +199,7 @@ TEST_F(Learning, ObserversAreCalledOncePerChangeUntilRemoved) {
     });
     story.learn();
     EXPECT_EQ(heard, 1);
-    EXPECT_EQ(heardOf, (Topics{Topic::layouts, Topic::status}));
+    EXPECT_EQ(heardOf, (Topics{Topic::layouts, Topic::status, Topic::desks}));
     story.controller->removeObserver(observer);
     story.controller->setEnabled(false);
     story.runFor(1);
@@ -293,7 +293,8 @@ TEST_F(Pinned, RestoringOrPinningAgainEndsThePause) {
     for (const auto& request : requests) {
         ASSERT_TRUE(controller.layouts().applyLayout(other, {}));
         story.runFor(5);
-        EXPECT_EQ(controller.layouts().renameDesk("Studio").kind, LayoutChange::Kind::done);
+        EXPECT_EQ(controller.desks().rename(controller.published().configID, "Studio").kind,
+                  LayoutChange::Kind::done);
         EXPECT_TRUE(story.published().pinPause);
         request();
         EXPECT_FALSE(story.published().pinPause);

@@ -51,6 +51,41 @@ TEST_F(Scenes, RefusesInvalidNamesAndUnreadableDesks) {
     EXPECT_EQ(flow().rename(other, "WORK").error(), nameUsedOnAnotherDesk);
 }
 
+TEST_F(Scenes, AreDuplicatedAndMovedWithinTheirDesk) {
+    const auto write = save("Write").scene.value().id;
+    story.connect("laptop-and-monitor");
+    const auto elsewhere = flow().createEmptyScene("Elsewhere").scene.value().id;
+    story.connect("laptop");
+    ASSERT_TRUE(flow().createEmptyScene("Code").isSaved());
+    ASSERT_TRUE(flow().setPinned(true, write));
+    ASSERT_TRUE(story.controller->setHotkey(HotKeySurface::scene(write), HotKeyCombo{19, 768}));
+    const auto names = [&] {
+        std::vector<std::string> all;
+        std::ranges::transform(story.published().scenes, std::back_inserter(all), &Scene::name);
+        return all;
+    };
+    const auto copy = flow().duplicate(write);
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(copy->name, "Write copy");
+    EXPECT_EQ(copy->layout, story.published().scenes.front().layout);
+    EXPECT_FALSE(copy->isPinned() || copy->hotkey());
+    EXPECT_THAT(names(), ElementsAre("Write", "Write copy", "Elsewhere", "Code"));
+
+    EXPECT_TRUE(flow().move(write, 1));
+    EXPECT_THAT(names(), ElementsAre("Write copy", "Write", "Elsewhere", "Code"));
+    EXPECT_TRUE(flow().move(write, 9));
+    EXPECT_THAT(names(), ElementsAre("Write copy", "Code", "Elsewhere", "Write"));
+    EXPECT_TRUE(flow().move(elsewhere, 0));
+    EXPECT_TRUE(flow().move(write, 0));
+    EXPECT_THAT(names(), ElementsAre("Write", "Write copy", "Elsewhere", "Code"));
+    EXPECT_EQ(flow().duplicate("gone").error(), SceneProblem::notFound);
+    EXPECT_EQ(flow().move("gone", 0).error(), SceneProblem::notFound);
+    while (story.published().scenes.size() < SceneStore::maxScenes) {
+        ASSERT_TRUE(flow().duplicate(write));
+    }
+    EXPECT_EQ(flow().duplicate(write).error(), SceneProblem::capReached);
+}
+
 struct SceneWallpapers : LearnedDesk {
     using Pictures = std::map<std::string, std::string>;
     const std::string first = story.published().displays.at(0).uuid;

@@ -155,6 +155,39 @@ TEST_F(Triggers, OneAddedDuringACalendarReadIsCheckedRightAfter) {
     EXPECT_EQ(fired("calendar"), 2U);
 }
 
+TEST_F(Triggers, AnEditedOneFiresAtItsNewTimeWhichIsPublished) {
+    const std::string first = newScene("First");
+    const std::string second = newScene("Second");
+    const std::string id = add(SceneTrigger::Schedule{1, 0}, {first});
+    const auto next = [&] {
+        const auto& firings = story.published().nextFirings;
+        return firings.contains(id) ? iso8601Text(firings.at(id)) : "";
+    };
+    EXPECT_EQ(next(), "2026-03-02T01:00:00Z");
+    runUntil(1, 1);
+    ASSERT_EQ(fired("schedule"), 1U);
+    EXPECT_EQ(next(), "2026-03-03T01:00:00Z");
+    SceneTrigger edited = story.published().triggers.front();
+    edited.kind = SceneTrigger::Schedule{2, 0};
+    edited.sceneID = second;
+    edited.createdAt = {};
+    ASSERT_TRUE(triggers().update(edited));
+    EXPECT_NE(story.published().triggers.front().createdAt, Date{}) << "only what can be edited";
+    EXPECT_EQ(next(), "2026-03-02T02:00:00Z");
+    runUntil(2, 1);
+    EXPECT_EQ(story.logged("schedule trigger fired: 2:00 AM: \"Second\""), 1U);
+    story.zone.zone = TimeZone::posix("IST-5:30").value();
+    runUntil(2, 2);
+    EXPECT_EQ(next(), "2026-03-02T20:30:00Z") << "by the zone that is now the user's";
+    edited.enabled = false;
+    ASSERT_TRUE(triggers().update(edited));
+    EXPECT_EQ(next(), "");
+    edited.sceneID = "gone";
+    EXPECT_EQ(triggers().update(edited).error(), TriggerProblem::sceneNotFound);
+    edited.id = "gone";
+    EXPECT_EQ(triggers().update(edited).error(), TriggerProblem::notFound);
+}
+
 TEST_F(Triggers, RefuseInvalidChangesWithTheProblem) {
     const std::string scene = newScene("Any");
     const auto problem = [&](const SceneTrigger::Kind& kind, const std::vector<std::string>& scenes) {

@@ -266,7 +266,7 @@ TEST_F(Layouts, UndoingASwitchFindsARenamedAndRecreatesADeletedLayout) {
     ASSERT_TRUE(undo());
     EXPECT_EQ(story.published().activeLayoutName, "Travel");
     EXPECT_EQ(names(), (Names{"Default", "Travel"}));
-    EXPECT_EQ(layouts().renameDesk("Studio").kind, Change::done);
+    EXPECT_EQ(story.controller->desks().rename(story.published().configID, "Studio").kind, Change::done);
     story.learn();
     ASSERT_TRUE(switchTo("Default"));
     EXPECT_EQ(story.frames(), home);

@@ -50,11 +50,28 @@ TEST_F(BusMethods, ADeskIsRenamedAlsoWhileItsActiveLayoutIsMissing) {
     story.files.put(file, layouts.dump());
     story.start();
     ASSERT_EQ(story.published().activeLayout(), nullptr);
-    EXPECT_EQ(call("RenameDesk", {" Studio "})->at("name"), "Studio");
+    EXPECT_EQ(call("RenameDesk", {"", " Studio "})->at("name"), "Studio");
     EXPECT_EQ(call("Desks")->at("desks")[0].at("name"), "Studio");
     EXPECT_EQ(call("Status")->at("configName"), "Studio");
     EXPECT_FALSE(call("Pin"));
     EXPECT_FALSE(call("Restore"));
+}
+
+TEST_F(BusMethods, DesksThatAreNotPresentAreNamedByNameOrID) {
+    ASSERT_TRUE(call("RenameDesk", {"", "Office"}));
+    const std::string office = story.published().configID;
+    story.connect("laptop");
+    story.learn();
+    EXPECT_EQ(call("RenameLayout", {"office", "Default", "Everyday"})->at("configName"), "Office");
+    EXPECT_TRUE(call("PinLayout", {office, "Everyday"}));
+    EXPECT_EQ(refusal("DeleteLayout", {"Office", "Default"}), "This desk has no layout with that name.");
+    EXPECT_EQ(refusal("ForgetDesk", {"Home"}), "There is no remembered desk \"Home\". See: vantrelctl desks");
+    ASSERT_TRUE(call("RenameDesk", {"", "office"}));
+    EXPECT_THAT(refusal("ForgetDesk", {"Office"}), HasSubstr("More than one desk is called"));
+    EXPECT_TRUE(call("ForgetDesk", {office}));
+    EXPECT_EQ(call("Desks")->at("desks").size(), 1U);
+    EXPECT_EQ(call("Undelete")->at("what"), "the desk \"Office\"");
+    EXPECT_EQ(call("Desks")->at("desks")[1].at("layouts")[0].at("layoutName"), "Everyday");
 }
 
 TEST_F(BusMethods, OneOfTwinDisplaysIsNamedByItsLabelAndNothingElse) {
@@ -83,10 +100,10 @@ TEST_F(BusMethods, OneOfTwinDisplaysIsNamedByItsLabelAndNothingElse) {
 TEST_F(BusMethods, ArgumentsBeyondReasonAreRefusedBeforeAnythingReadsThem) {
     const auto all = methods();
     const auto& method = *std::ranges::find(all, "RenameDesk", &ControlMethod::name);
-    EXPECT_EQ(refusalOf({{std::string(maxArgumentLength, 'x')}}, method), std::nullopt);
-    EXPECT_EQ(refusalOf({{std::string(maxArgumentLength + 1, 'x')}}, method),
+    EXPECT_EQ(refusalOf({{"", std::string(maxArgumentLength, 'x')}}, method), std::nullopt);
+    EXPECT_EQ(refusalOf({{"", std::string(maxArgumentLength + 1, 'x')}}, method),
               "RenameDesk takes strings of at most 16384 bytes.");
-    EXPECT_EQ(refusalOf(std::nullopt, method), "RenameDesk takes 1 string argument.");
+    EXPECT_EQ(refusalOf(std::nullopt, method), "RenameDesk takes 2 string arguments.");
     ASSERT_TRUE(call("SaveScene", {"Work"}));
     const std::string nested = std::string(8000, '[') + std::string(8000, ']');
     EXPECT_EQ(refusal("AddTrigger", {"calendar", "", nested}), "The scenes must be a JSON array of strings.");

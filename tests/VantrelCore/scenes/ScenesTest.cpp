@@ -2,6 +2,7 @@
 #include "VantrelCore/scenes/MeetingLinks.h"
 #include "VantrelCore/scenes/QuickSwitcherStrip.h"
 #include "VantrelCore/scenes/SceneApplyCaption.h"
+#include "VantrelCore/scenes/SceneCopy.h"
 #include "VantrelCore/scenes/SceneDrift.h"
 #include "VantrelCore/scenes/SceneIconography.h"
 #include "VantrelCore/scenes/SceneRail.h"
@@ -11,10 +12,12 @@
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 #include "VantrelCore/scenes/SystemWallpaperCatalog.h"
 #include "VantrelCore/scenes/TriggerEvaluator.h"
+#include "VantrelCore/scenes/TriggerSchedule.h"
 #include "VantrelCore/scenes/WallpaperBaseline.h"
 #include "tests/VantrelCore/DeskRecords.h"
 
 #include <gmock/gmock.h>
+#include <set>
 
 namespace vantrel {
 namespace {
@@ -107,10 +110,10 @@ TEST(QuickSwitcherStrip, BeginsWithTheSceneBeforeTheLastAppliedAndFilters) {
     EXPECT_TRUE(QuickSwitcherStrip().isEmpty());
 }
 
-TEST(SceneRail, ListsADesksScenesOldestFirst) {
+TEST(SceneRail, ListsADesksScenesInTheUsersOrder) {
     const std::vector all{scene("late", "d1", 3), scene("other", "d2", 1), scene("early", "d1", 1),
                           scene("twin", "d1", 3)};
-    EXPECT_THAT(SceneRail::scenes("d1", all), ElementsAre(all[2], all[0], all[3]));
+    EXPECT_THAT(SceneRail::scenes("d1", all), ElementsAre(all[0], all[2], all[3]));
     EXPECT_EQ(SceneRail::otherDeskCount("d1", all), 1U);
 }
 
@@ -125,10 +128,23 @@ TEST(SceneRail, GroupsOtherDesksByName) {
     });
     EXPECT_THAT(groups, ElementsAre(SceneDeskGroup{"d4", "attic", {all[5]}},
                                     SceneDeskGroup{"d3", "Forgotten", {all[3]}},
-                                    SceneDeskGroup{"d2", "Old", {all[2], all[1]}},
+                                    SceneDeskGroup{"d2", "Old", {all[1], all[2]}},
                                     SceneDeskGroup{"d5", "Unknown desk", {all[4]}}));
     EXPECT_EQ(SceneRail::otherDesksLabel(1), "1 scene on another desk");
     EXPECT_EQ(SceneRail::otherDesksLabel(11), "11 scenes on other desks");
+}
+
+TEST(SceneCopy, TakesTheFirstFreeNameThatIsShortEnough) {
+    const std::set<std::string> taken{"Write copy", "Write copy 2", "A scene with a very long copy"};
+    const auto copyOf = [&](const char* name) {
+        return SceneCopy::name(name, [&](const std::string& each) { return taken.contains(each); });
+    };
+    EXPECT_EQ(copyOf("Code"), "Code copy");
+    EXPECT_EQ(copyOf("Write"), "Write copy 3");
+    EXPECT_EQ(copyOf("Write copy 2"), "Write copy 3");
+    EXPECT_EQ(copyOf("Level 42"), "Level 42 copy");
+    EXPECT_EQ(copyOf(" copy"), "copy copy");
+    EXPECT_EQ(copyOf("A scene with a very long name!"), "A scene with a very lon copy 2");
 }
 
 TEST(SceneApplyCaption, LeadsWithWhatHappened) {
@@ -235,6 +251,34 @@ TEST(TriggerEvaluator, AScheduleFiresOnceADayInItsMinuteAcrossDaylightSaving) {
     for (const auto& [name, hour, now, lastFired, fires] : cases) {
         const auto last = lastFired ? std::optional(at(lastFired)) : std::nullopt;
         EXPECT_EQ(TriggerEvaluator::shouldFireSchedule(hour, 30, at(now), last, berlin()), fires) << name;
+    }
+}
+
+TEST(TriggerSchedule, TheNextFiringIsTheNextMinuteThatFires) {
+    struct Case {
+        const char* name;
+        std::int64_t hour;
+        const char* now;
+        const char* lastFired;
+        const char* next;
+    };
+    const Case cases[] = {
+        {"later today", 7, "2025-06-02T04:00:00Z", nullptr, "2025-06-02T05:30:00Z"},
+        {"now", 7, "2025-06-02T05:30:40Z", nullptr, "2025-06-02T05:30:00Z"},
+        {"fired just now", 7, "2025-06-02T05:30:40Z", "2025-06-02T05:30:10Z", "2025-06-03T05:30:00Z"},
+        {"tomorrow", 7, "2025-06-02T05:31:00Z", nullptr, "2025-06-03T05:30:00Z"},
+        {"over a change of the clocks", 7, "2025-10-25T12:00:00Z", nullptr, "2025-10-26T06:30:00Z"},
+        {"skipped in spring", 2, "2025-03-29T12:00:00Z", nullptr, "2025-03-31T00:30:00Z"},
+        {"the second time in autumn", 2, "2025-10-26T00:45:00Z", nullptr, "2025-10-26T01:30:00Z"},
+        {"not twice in autumn", 2, "2025-10-26T00:45:00Z", "2025-10-26T00:30:00Z", "2025-10-27T01:30:00Z"},
+    };
+    for (const auto& [name, hour, now, lastFired, next] : cases) {
+        SceneTrigger trigger;
+        trigger.kind = SceneTrigger::Schedule{hour, 30};
+        trigger.lastFiredAt = lastFired ? std::optional(at(lastFired)) : std::nullopt;
+        EXPECT_EQ(TriggerSchedule::nextFiring(trigger, at(now), berlin()), at(next)) << name;
+        trigger.enabled = false;
+        EXPECT_EQ(TriggerSchedule::nextFiring(trigger, at(now), berlin()), std::nullopt);
     }
 }
 
