@@ -7,6 +7,7 @@
 #include "VantrelCore/model/JsonCoding.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace vantrel {
 
@@ -71,14 +72,14 @@ RestorePreviewFlow::Done reply(const ControlReply& reply) {
 
 std::string text(const nlohmann::json& preview, const DeskDrawing::Options& drawing) {
     std::vector<std::vector<std::string>> rows;
+    std::vector<std::vector<std::string>> inPlace;
     for (const auto& window : preview.at("windows")) {
-        rows.push_back({required<std::string>(window, "text"), required<std::string>(window, "appName"),
+        const bool isInPlace = required<std::string>(window, "fate") == nameOf(RestorePreview::Fate::inPlace);
+        (isInPlace ? inPlace : rows)
+            .push_back({required<std::string>(window, "text"), required<std::string>(window, "appName"),
                         required<std::string>(window, "title"), window.value("pairedBy", "")});
     }
-    const auto isInPlace = [](const auto& row) {
-        return row.front() == RestorePreviews::text(RestorePreview::Fate::inPlace);
-    };
-    std::ranges::stable_partition(rows, [&](const auto& row) { return !isInPlace(row); });
+    std::ranges::move(inPlace, std::back_inserter(rows));
     for (const auto& window : preview.at("unremembered")) {
         rows.push_back({"not remembered", required<std::string>(window, "appName"),
                         required<std::string>(window, "title")});
