@@ -15,6 +15,7 @@
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/interface/switcher/QuickSwitcher.h"
+#include "Vantrel/interface/workbench/Workbench.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/gio/DesktopMotion.h"
@@ -263,11 +264,14 @@ private:
     }
 
     void startSurfaces() {
+        startWorkbench();
         startPanel();
         m_statusIcon.emplace(
             *m_controller,
             StatusIcon::Actions{
                 .openPanel = [this] { m_panel->toggle(); },
+                .openLayouts = openTab(WorkbenchTab::desks),
+                .openSettings = openTab(WorkbenchTab::settings),
                 .purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
                 .checkForUpdates = VendorServer::isReal(m_vendor.apiServer)
                                        ? std::function<void()>([this] { m_updates.checkForUpdates(); })
@@ -321,10 +325,35 @@ private:
             return openPage(url.toString().toStdString());
         };
         services.showUpdate = [this] { m_updates.checkForUpdates(); };
+        services.openWorkbench = [this] { m_controller->showWorkbench({}); };
+        services.openSettings = openTab(WorkbenchTab::settings);
+        services.showHistory = [this] { showHistory(); };
         services.quit = [] { QCoreApplication::quit(); };
         m_panel.emplace(*m_controller, std::move(services));
         m_controller->setPanelHandler([this] { m_panel->open(); });
         m_switcher.emplace(*m_controller, QuickSwitcher::Services{.icons = &m_icons, .keyboard = &m_hotKeys});
+    }
+
+    void startWorkbench() {
+        m_workbench.emplace(*m_controller,
+                            Workbench::Services{.icons = &m_icons, .keyCode = [this](const QKeyEvent& event) {
+                                                    return m_hotKeys.virtualKeyCode(event.nativeScanCode());
+                                                }});
+        m_controller->setWorkbenchHandler(
+            [this](std::optional<WorkbenchTab> tab) { return m_workbench->open(tab); });
+    }
+
+    // Null when there is no such tab.
+    [[nodiscard]] std::function<void()> openTab(WorkbenchTab tab) {
+        return Workbench::has(tab) ? std::function<void()>([this, tab] { m_controller->showWorkbench(tab); })
+                                   : nullptr;
+    }
+
+    // The panel has its own line for the last restore.
+    void showHistory() {
+        if (!m_controller->showWorkbench(WorkbenchTab::history)) {
+            m_controller->showPanel();
+        }
     }
 
     [[nodiscard]] bool serve() {
@@ -351,7 +380,7 @@ private:
         m_notifications.emplace(m_bus, ownBundleID);
         m_notifier.emplace(*m_controller, *m_notifications,
                            ProblemNotifier::Panel{.isOpen = [this] { return m_panel && m_panel->isOpen(); },
-                                                  .open = [this] { m_controller->showPanel(); }});
+                                                  .open = [this] { showHistory(); }});
     }
 
     void leaveBus() {
@@ -458,6 +487,7 @@ private:
     Registration m_eventErrors;
     std::optional<HUDOverlay> m_overlay;
     ThemeIcons m_icons;
+    std::optional<Workbench> m_workbench;
     // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
     std::optional<PanelPresenter> m_panel;
     std::optional<QuickSwitcher> m_switcher;

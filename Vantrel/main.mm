@@ -16,6 +16,7 @@
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/interface/switcher/QuickSwitcher.h"
 #include "Vantrel/interface/symbols/Symbols.h"
+#include "Vantrel/interface/workbench/Workbench.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/macos/ApplicationPictures.h"
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
@@ -163,6 +164,7 @@ public:
 
 private:
     void startSurfaces() {
+        startWorkbench();
         PanelPresenter::Services services;
         services.icons = &m_icons;
         services.keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); };
@@ -172,6 +174,9 @@ private:
             "Allow Vantrel in System Settings, Privacy & Security, Accessibility, then check again.";
         services.purchase = [this] { purchase(); };
         services.showUpdate = [this] { m_updates.checkForUpdates(); };
+        services.openWorkbench = [this] { m_controller->showWorkbench({}); };
+        services.openSettings = openTab(WorkbenchTab::settings);
+        services.showHistory = [this] { showHistory(); };
         services.quit = [] { QCoreApplication::quit(); };
         m_panel.emplace(*m_controller, std::move(services));
         m_controller->setPanelHandler([this] { m_panel->open(); });
@@ -180,6 +185,8 @@ private:
             *m_controller,
             StatusIcon::Actions{
                 .openPanel = [this] { m_panel->toggle(); },
+                .openLayouts = openTab(WorkbenchTab::desks),
+                .openSettings = openTab(WorkbenchTab::settings),
                 .purchase = [this] { purchase(); },
                 .checkForUpdates = m_updater || VendorServer::isReal(m_vendor.apiServer)
                                        ? std::function<void()>([this] { m_updates.checkForUpdates(); })
@@ -191,8 +198,37 @@ private:
         m_reopen.emplace([this] { m_panel->open(); });
         m_notifier.emplace(*m_controller, m_notifications,
                            ProblemNotifier::Panel{.isOpen = [this] { return m_panel->isOpen(); },
-                                                  .open = [this] { m_controller->showPanel(); }});
+                                                  .open = [this] { showHistory(); }});
         m_panel->welcome();
+    }
+
+    // The Dock has an icon while it is open.
+    void startWorkbench() {
+        m_workbench.emplace(
+            *m_controller,
+            Workbench::Services{
+                .icons = &m_icons,
+                .keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); },
+                .openChanged =
+                    [this](bool isOpen) {
+                        ProgramPresence::setShown(isOpen ||
+                                                  Settings(m_defaults).showDockIcon().value_or(false));
+                    }});
+        m_controller->setWorkbenchHandler(
+            [this](std::optional<WorkbenchTab> tab) { return m_workbench->open(tab); });
+    }
+
+    // Null when there is no such tab.
+    [[nodiscard]] std::function<void()> openTab(WorkbenchTab tab) {
+        return Workbench::has(tab) ? std::function<void()>([this, tab] { m_controller->showWorkbench(tab); })
+                                   : nullptr;
+    }
+
+    // The panel has its own line for the last restore.
+    void showHistory() {
+        if (!m_controller->showWorkbench(WorkbenchTab::history)) {
+            m_controller->showPanel();
+        }
     }
 
     void purchase() { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); }
@@ -292,6 +328,7 @@ private:
     ShownWindows m_shownWindows{{.shown = [this] { m_focusReturn.windowShown(); },
                                  .lastClosed = [this] { m_focusReturn.lastWindowClosed(); }}};
     // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
+    std::optional<Workbench> m_workbench;
     std::optional<PanelPresenter> m_panel;
     std::optional<QuickSwitcher> m_switcher;
     std::optional<MacMenuBarItem> m_menuBarItem;

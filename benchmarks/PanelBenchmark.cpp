@@ -2,6 +2,7 @@
 // closed.
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "benchmarks/HeavyDesk.h"
+#include "benchmarks/PaintWatch.h"
 
 #include <QApplication>
 
@@ -10,33 +11,15 @@
 namespace vantrel {
 namespace {
 
+using bench::PaintWatch;
 using bench::secondsOf;
-
-// Notices when a window is painted.
-class PaintWatch final : public QObject {
-public:
-    [[nodiscard]] bool hasPainted() const { return m_hasPainted; }
-
-protected:
-    bool eventFilter(QObject* object, QEvent* event) override {
-        m_hasPainted = m_hasPainted || event->type() == QEvent::Paint;
-        return QObject::eventFilter(object, event);
-    }
-
-private:
-    bool m_hasPainted = false;
-};
 
 // False when nothing was painted.
 bool openUntilPainted(PanelPresenter& panel) {
     PaintWatch watch;
     panel.open();
     panel.window()->view().drawing().installEventFilter(&watch);
-    // The windows' own platform paints on its own time; offscreen, a few turns suffice.
-    for (int turn = 0; turn < 100 && !watch.hasPainted(); ++turn) {
-        QApplication::processEvents();
-    }
-    return watch.hasPainted();
+    return watch.awaitPaint();
 }
 
 void closeEntirely(PanelPresenter& panel) {

@@ -294,11 +294,14 @@ void AppController::setHideOthersOnSceneSwitch(bool hides) {
     showSettings();
 }
 
-void AppController::showWorkbench(WorkbenchTab tab) {
-    m_context.publisher.publish<WorkbenchTopic>([&](auto& workbench) {
-        workbench.workbenchTab = tab;
-        workbench.pendingQuickSwitcherArm = false;
-    });
+bool AppController::showWorkbench(std::optional<WorkbenchTab> tab) {
+    if (tab) {
+        m_context.publisher.publish<WorkbenchTopic>([&](auto& workbench) {
+            workbench.workbenchTab = *tab;
+            workbench.pendingQuickSwitcherArm = false;
+        });
+    }
+    return m_showWorkbench && m_showWorkbench(tab);
 }
 
 void AppController::armQuickSwitcherRecorder() {
@@ -306,6 +309,9 @@ void AppController::armQuickSwitcherRecorder() {
         workbench.workbenchTab = WorkbenchTab::settings;
         workbench.pendingQuickSwitcherArm = true;
     });
+    if (m_showWorkbench) {
+        m_showWorkbench(WorkbenchTab::settings);
+    }
 }
 
 AppController::HotKeyResult AppController::setHotkey(const HotKeySurface& surface,

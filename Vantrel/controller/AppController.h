@@ -157,6 +157,8 @@ public:
 
     // The restores of the last days.
     [[nodiscard]] RestoreLog restoreLog() { return m_history.log(); }
+    // How restoring the windows of each application went, worst first.
+    [[nodiscard]] std::vector<AppReliability> appReliability() { return m_history.reliability(); }
     [[nodiscard]] Date now() { return m_context.ports.clock.now(); }
     // The user's time zone.
     [[nodiscard]] TimeZone zone() { return m_context.ports.localZone.current(); }
@@ -190,7 +192,9 @@ public:
     }
     [[nodiscard]] std::vector<TakenHotKey> takenHotKeys() const { return m_hotKeys.takenHotKeys(); }
 
-    void showWorkbench(WorkbenchTab tab);
+    // Opens the workbench at this tab, or at the one it was closed with. False when there is no workbench or
+    // no such tab.
+    bool showWorkbench(std::optional<WorkbenchTab> tab);
     // Shows the settings with the quick switcher's recorder waiting for keys, until a shortcut is recorded or
     // another tab is shown.
     void armQuickSwitcherRecorder();
@@ -212,6 +216,10 @@ public:
     [[nodiscard]] std::shared_ptr<void> watchLiveDesk() { return m_liveDesk.watch(); }
     void setHUDHandler(std::function<void(const HUDEvent&)> handler);
     void setPanelHandler(std::function<void()> handler) { m_showPanel = std::move(handler); }
+    // `handler` shows the workbench; see showWorkbench.
+    void setWorkbenchHandler(std::function<bool(std::optional<WorkbenchTab>)> handler) {
+        m_showWorkbench = std::move(handler);
+    }
     // `handler` is called on every press of the quick switcher's shortcut.
     void setQuickSwitcherHandler(std::function<void()> handler) { m_showQuickSwitcher = std::move(handler); }
     // False when there is no panel.
@@ -280,6 +288,7 @@ private:
     std::optional<bool> m_storedEnabled;
     HotKeyFlow m_hotKeys;
     std::function<void()> m_showPanel;
+    std::function<bool(std::optional<WorkbenchTab>)> m_showWorkbench;
     std::function<void()> m_showQuickSwitcher;
     std::unique_ptr<ScheduledWork> m_snapshotTimer;
     std::unique_ptr<ScheduledWork> m_permissionTimer;

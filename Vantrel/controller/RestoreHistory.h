@@ -39,6 +39,9 @@ public:
         return m_stores.reliability.stubbornBundleIDs();
     }
 
+    // Worst first.
+    [[nodiscard]] std::vector<AppReliability> reliability() { return m_stores.reliability.all(); }
+
     [[nodiscard]] RestoreLog log() { return m_stores.restoreLog.load(); }
 
 private:

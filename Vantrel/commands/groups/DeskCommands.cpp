@@ -8,6 +8,7 @@
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
+#include "Vantrel/controller/WorkbenchTabs.h"
 #include "VantrelCore/diagnostics/CrashReportNames.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/text/Unicode.h"
@@ -107,6 +108,15 @@ BusHandler setPinned(bool isPinned) {
 ControlAnswer showPanel(const BusCall& call) {
     return call.controller.showPanel() ? ControlAnswer(nlohmann::json::object())
                                        : refused("This vantrel has no panel.");
+}
+
+ControlAnswer showWorkbench(const BusCall& call) {
+    const auto tab = WorkbenchTabs::named(call[0]);
+    if (!tab && !call[0].empty()) {
+        return refused(fmt::format("The workbench has no tab \"{}\".", call[0]));
+    }
+    return call.controller.showWorkbench(tab) ? ControlAnswer(nlohmann::json::object())
+                                              : refused("This vantrel cannot show that.");
 }
 
 ControlAnswer logPath(const BusCall& call) {
@@ -246,6 +256,13 @@ std::vector<Command> deskCommands() {
          .handler = showPanel,
          .verbs = {{"panel", "Open the panel"}},
          .text = VerbTexts::sentence("The panel is open.")},
+        {.signature = "ShowWorkbench(tab) empty",
+         .handler = showWorkbench,
+         .verbs = {{"workbench",
+                    "Open the window for scenes, desks, history, rules and settings",
+                    {{"tab", "By default the one it was closed with", ValueKind::workbenchTab,
+                      Word::Use::optional}}}},
+         .text = VerbTexts::sentence("The workbench is open.")},
         {.signature = "Ping() empty",
          .handler = [](const BusCall& /*call*/) { return ControlAnswer(nlohmann::json::object()); }},
         {.signature = "LogPath() path", .handler = logPath},

@@ -172,6 +172,7 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
         std::ranges::move(of(ValueKind::scene, typed, sources), std::back_inserter(candidates));
         return candidates;
     }
+    case ValueKind::workbenchTab:
     case ValueKind::yesOrNo:
     case ValueKind::shell: {
         Candidates candidates;

@@ -32,6 +32,7 @@ enum class ValueKind : std::uint8_t {
     settingValue,
     // A command that can have a keyboard shortcut, or a scene.
     shortcut,
+    workbenchTab,
     yesOrNo,
     shell,
 };
@@ -40,7 +41,9 @@ enum class ValueKind : std::uint8_t {
 [[nodiscard]] inline std::vector<std::string> choicesOf(ValueKind kind) {
     return kind == ValueKind::yesOrNo ? std::vector<std::string>{"yes", "no"}
            : kind == ValueKind::shell ? std::vector<std::string>{"bash", "fish", "zsh"}
-                                      : std::vector<std::string>();
+           : kind == ValueKind::workbenchTab
+               ? std::vector<std::string>{"scenes", "desks", "history", "rules", "settings"}
+               : std::vector<std::string>();
 }
 
 } // namespace vantrel

@@ -59,6 +59,11 @@ HotKeyRecorder::~HotKeyRecorder() {
     }
 }
 
+void HotKeyRecorder::setSurface(HotKeySurface surface) {
+    stopRecording();
+    m_surface = std::move(surface);
+}
+
 void HotKeyRecorder::setTitle(const QString& title) {
     m_title = title;
     showText();

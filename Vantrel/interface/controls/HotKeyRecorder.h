@@ -33,6 +33,8 @@ public:
                    QWidget* parent = nullptr);
     ~HotKeyRecorder() override;
 
+    // Records for something else from now on.
+    void setSurface(HotKeySurface surface);
     // What the shortcut does, for screen readers; needed where no other widget around it says so.
     void setTitle(const QString& title);
     // "Super+2"; empty without a shortcut.

@@ -100,6 +100,10 @@ void Label::dress() {
     case Role::strong:
         setFont(Metrics::scaled(font, 1, QFont::Medium));
         break;
+    case Role::quiet:
+        setFont(font);
+        color = colors.secondText;
+        break;
     case Role::second:
         setFont(Metrics::scaled(font, 0.92, QFont::Normal));
         color = colors.secondText;

@@ -16,6 +16,8 @@ public:
         group,
         text,
         strong,
+        // As large as text, in the second colour.
+        quiet,
         // Smaller and in the second colour.
         second,
         problem,

@@ -1,6 +1,7 @@
 // What the panel asks of the program.
 #pragma once
 
+#include "Vantrel/interface/SceneActions.h"
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
 #include "Vantrel/interface/panel/PanelContent.h"
 
@@ -12,8 +13,7 @@
 namespace vantrel {
 
 struct PanelActions {
-    // Why something is not possible, as a sentence for the user; none when it was done.
-    using Problem = std::optional<std::string>;
+    using Problem = SceneActions::Problem;
 
     std::function<void(bool)> setEnabled = [](bool) {};
     std::function<Problem(const std::string& name)> renameDesk = [](const auto&) { return std::nullopt; };
@@ -37,26 +37,7 @@ struct PanelActions {
     };
     std::function<void(bool)> setPinned = [](bool) {};
 
-    struct Scenes {
-        std::function<void(const std::string& id)> apply = [](const auto&) {};
-        std::function<Problem(const std::string& id, const std::string& name)> rename =
-            [](const auto&, const auto&) { return std::nullopt; };
-        std::function<void(const std::string& id)> update = [](const auto&) {};
-        std::function<Problem(const std::string& id)> remove = [](const auto&) { return std::nullopt; };
-        // Brings back the scene that was removed last.
-        std::function<void()> putBack = [] {};
-        std::function<void(const std::string& id, bool)> setPinned = [](const auto&, bool) {};
-        std::function<Problem(const std::string& id, std::optional<HotKeyCombo>)> setHotkey =
-            [](const auto&, auto) { return std::nullopt; };
-        // Saves the desk under this name.
-        std::function<void(const std::string& name)> save = [](const auto&) {};
-        std::function<Problem(const std::string& name)> problemWithName = [](const auto&) {
-            return std::nullopt;
-        };
-        std::function<Problem(const std::string& id, const std::string& name)> problemWithRename =
-            [](const auto&, const auto&) { return std::nullopt; };
-    };
-    Scenes scenes{};
+    SceneActions scenes{};
     HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
     std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };
 

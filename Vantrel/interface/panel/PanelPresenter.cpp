@@ -19,19 +19,10 @@ constexpr std::chrono::seconds agingInterval{30};
 // In milliseconds: a click on the icon arrives this soon after it has taken the focus away.
 constexpr qint64 clickAfterClose = 300;
 
-PanelActions::Problem textOf(const std::optional<SceneProblem>& problem) {
-    return problem ? std::optional(std::string(SceneProblems::panelText(*problem))) : std::nullopt;
-}
-
 // Of an outcome that says what it is.
 template <typename Outcome>
 PanelActions::Problem textOf(const std::optional<Outcome>& problem) {
     return problem ? std::optional(problem->text()) : std::nullopt;
-}
-
-template <typename Value>
-PanelActions::Problem problemOf(const std::expected<Value, SceneProblem>& result) {
-    return result ? std::nullopt : std::optional(std::string(SceneProblems::panelText(result.error())));
 }
 
 } // namespace
@@ -96,7 +87,6 @@ void PanelPresenter::closed() {
     if (m_observer) {
         m_controller.removeObserver(*std::exchange(m_observer, std::nullopt));
     }
-    m_removed.reset();
     m_looks.forget();
     m_window.release()->deleteLater();
 }
@@ -213,18 +203,8 @@ void PanelPresenter::tell(const std::string& text, bool isProblem) {
 }
 
 RestoreOutcome::Done PanelPresenter::tellRefusal() {
-    return [this, alive = std::weak_ptr(m_alive)](const RestoreOutcome& outcome) {
-        using Kind = RestoreOutcome::Kind;
-        if (!alive.expired() && outcome.kind != Kind::finished && outcome.kind != Kind::superseded) {
-            tell(outcome.text());
-        }
-    };
-}
-
-std::optional<Scene> PanelPresenter::scene(const std::string& id) const {
-    const auto& scenes = m_controller.published().scenes;
-    const auto found = std::ranges::find(scenes, id, &Scene::id);
-    return found == scenes.end() ? std::nullopt : std::optional(*found);
+    return vantrel::tellRefusal(m_alive,
+                                [this](const std::string& text, bool isProblem) { tell(text, isProblem); });
 }
 
 PanelActions PanelPresenter::actions() {
@@ -278,7 +258,8 @@ PanelActions PanelPresenter::actions() {
             refresh();
         }
     };
-    actions.scenes = sceneActions();
+    actions.scenes = SceneActions::of(
+        m_controller, m_alive, [this](const std::string& text, bool isProblem) { tell(text, isProblem); });
     actions.keyCode = m_services.keyCode;
     actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
     actions.openWorkbench = m_services.openWorkbench;
@@ -287,67 +268,6 @@ PanelActions PanelPresenter::actions() {
     actions.openIntroduction = [this] { openIntroduction(); };
     actions.quit = m_services.quit;
     return actions;
-}
-
-PanelActions::Scenes PanelPresenter::sceneActions() {
-    PanelActions::Scenes scenes;
-    scenes.apply = [this](const std::string& id) {
-        if (const auto found = scene(id)) {
-            m_controller.applyScene(*found, std::nullopt, tellRefusal());
-        }
-    };
-    scenes.rename = [this](const std::string& id, const std::string& name) {
-        return problemOf(m_controller.scenes().rename(id, name));
-    };
-    const auto save = [this](const std::string& name) {
-        m_controller.scenes().saveCurrentAsScene(
-            name, [this, alive = std::weak_ptr(m_alive)](const SceneSaveOutcome& outcome) {
-                if (!alive.expired()) {
-                    tell(outcome.kind == SceneSaveOutcome::Kind::refused
-                             ? std::string(SceneProblems::panelText(outcome.problem))
-                             : outcome.text(),
-                         !outcome.isSaved());
-                }
-            });
-    };
-    scenes.update = [this, save](const std::string& id) {
-        if (const auto found = scene(id)) {
-            save(found->name);
-        }
-    };
-    scenes.remove = [this](const std::string& id) {
-        const auto removed = m_controller.scenes().deleteScene(id);
-        if (removed) {
-            m_removed = m_controller.deletions().newest();
-        }
-        return problemOf(removed);
-    };
-    scenes.putBack = [this] {
-        if (m_removed) {
-            if (const auto back = m_controller.deletions().putBack(m_removed); !back) {
-                tell(back.error());
-            }
-            m_removed.reset();
-        }
-    };
-    scenes.setPinned = [this](const std::string& id, bool isPinned) {
-        if (const auto problem = problemOf(m_controller.scenes().setPinned(isPinned, id))) {
-            tell(*problem);
-        }
-    };
-    scenes.setHotkey = [this](const std::string& id,
-                              std::optional<HotKeyCombo> combo) -> PanelActions::Problem {
-        const auto stored = m_controller.setHotkey(HotKeySurface::scene(id), combo);
-        return stored ? std::nullopt : std::optional(stored.error());
-    };
-    scenes.save = save;
-    scenes.problemWithName = [this](const std::string& name) {
-        return textOf(m_controller.scenes().problemWithNewName(name));
-    };
-    scenes.problemWithRename = [this](const std::string& id, const std::string& name) {
-        return textOf(m_controller.scenes().problemWithRename(id, name));
-    };
-    return scenes;
 }
 
 void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string& typed) {

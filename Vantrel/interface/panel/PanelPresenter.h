@@ -77,7 +77,6 @@ public:
 
 private:
     [[nodiscard]] PanelActions actions();
-    [[nodiscard]] PanelActions::Scenes sceneActions();
     void perform(PanelContent::Message::Deed deed, const std::string& typed);
     void dismiss(PanelContent::Message::Kind kind);
     void countCrashReports();
@@ -87,7 +86,6 @@ private:
     void tell(const std::string& text, bool isProblem = true);
     // Says why a restore did not happen.
     [[nodiscard]] RestoreOutcome::Done tellRefusal();
-    [[nodiscard]] std::optional<Scene> scene(const std::string& id) const;
 
     AppController& m_controller;
     Services m_services;
@@ -101,7 +99,6 @@ private:
     QTimer m_aging;
     // When it was last closed, since some epoch: the click that closes it may be one on the tray icon.
     qint64 m_closedAt = 0;
-    std::optional<RecentDeletions::ID> m_removed;
     std::size_t m_crashReports = 0;
     std::function<void()> m_fixMissionControl;
     // Expires with this object, for restores that end later.

@@ -1,0 +1,28 @@
+// A small picture of a file, read off the main thread. It takes its room at once; the picture arrives later.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include <memory>
+#include <string>
+
+namespace vantrel {
+
+class Thumbnail final : public QWidget {
+public:
+    Thumbnail(const std::string& path, QSize size, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void load(const std::string& path);
+
+    QImage m_image;
+    bool m_isMissing = false;
+    // Expires with this object, which the reading may outlive.
+    std::shared_ptr<Thumbnail*> m_self = std::make_shared<Thumbnail*>(this);
+};
+
+} // namespace vantrel

@@ -1,0 +1,222 @@
+#include "Vantrel/interface/workbench/Workbench.h"
+
+#include "Vantrel/controller/WorkbenchTabs.h"
+#include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/workbench/history/HistoryPage.h"
+#include "Vantrel/interface/workbench/scenes/ScenesPage.h"
+#include "VantrelCore/scenes/SceneTriggerFormatting.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QScreen>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <fmt/format.h>
+
+namespace vantrel {
+
+namespace {
+
+constexpr std::chrono::seconds agingInterval{30};
+constexpr const char* tabKey = "workbenchTab";
+constexpr const char* sizeKey = "workbenchSize";
+constexpr std::array shownTabs{WorkbenchTab::scenes, WorkbenchTab::history};
+
+} // namespace
+
+Workbench::Workbench(AppController& controller, Services services)
+    : m_controller(controller), m_services(std::move(services)), m_looks(m_services.icons) {
+    m_aging.setInterval(agingInterval);
+    m_aging.callOnTimeout([this] { refresh({Topic::status}); });
+}
+
+Workbench::~Workbench() {
+    if (m_window) {
+        m_window->onClosed = [] {};
+        closed();
+    }
+    // It uses what is destroyed here.
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool Workbench::has(WorkbenchTab tab) {
+    return std::ranges::find(shownTabs, tab) != shownTabs.end();
+}
+
+bool Workbench::open(std::optional<WorkbenchTab> tab) {
+    if (tab && !has(*tab)) {
+        return false;
+    }
+    const bool isNew = !m_window;
+    if (isNew) {
+        make();
+    }
+    if (tab || isNew) {
+        m_window->choose(tab.value_or(rememberedTab()));
+    }
+    m_window->QWidget::show();
+    m_window->raise();
+    m_window->activateWindow();
+    return true;
+}
+
+void Workbench::make() {
+    m_window = std::make_unique<WorkbenchWindow>();
+    m_window->add(WorkbenchTab::scenes, [this](QWidget* parent) { return scenesPage(parent); });
+    m_window->add(WorkbenchTab::history, [this](QWidget* parent) { return historyPage(parent); });
+    m_window->onTab = [this] { watch(); };
+    m_window->onClosed = [this] { closed(); };
+    m_window->resize(rememberedSize());
+    m_offered = m_controller.deletions().newest();
+    m_observer = m_controller.addObserver([this](Topics changed) { refresh(changed); });
+    refresh({});
+    m_aging.start();
+    m_services.openChanged(true);
+}
+
+void Workbench::close() {
+    if (m_window) {
+        m_window->close();
+    }
+}
+
+// The window is deleted later, as one of its own events may be closing it.
+void Workbench::closed() {
+    remember();
+    m_aging.stop();
+    m_live.reset();
+    if (m_observer) {
+        m_controller.removeObserver(*std::exchange(m_observer, std::nullopt));
+    }
+    m_looks.forget();
+    m_window.release()->deleteLater();
+    m_services.openChanged(false);
+}
+
+WorkbenchTab Workbench::rememberedTab() {
+    const auto tab = WorkbenchTabs::named(m_controller.defaults().text(tabKey).value_or(""));
+    return tab && has(*tab) ? *tab : shownTabs.front();
+}
+
+QSize Workbench::rememberedSize() {
+    const QString text = qt(m_controller.defaults().text(sizeKey).value_or(""));
+    const QStringList parts = text.split('x');
+    QSize size = m_window->usualSize();
+    if (parts.size() == 2 && parts[0].toInt() > 0 && parts[1].toInt() > 0) {
+        size = QSize(parts[0].toInt(), parts[1].toInt());
+    }
+    const QScreen* const screen = QApplication::primaryScreen();
+    return screen != nullptr ? size.boundedTo(screen->availableSize()) : size;
+}
+
+void Workbench::remember() {
+    UserDefaults& defaults = m_controller.defaults();
+    defaults.set(tabKey, std::string(WorkbenchTabs::name(m_window->tab())));
+    if (!m_window->isMaximized() && !m_window->isFullScreen()) {
+        defaults.set(sizeKey, fmt::format("{}x{}", m_window->width(), m_window->height()));
+    }
+}
+
+void Workbench::refresh(Topics changed) {
+    m_window->show(m_controller.published(), changed);
+    offerUndo();
+}
+
+void Workbench::watch() {
+    const WorkbenchPage* const page = m_window->page();
+    if (page != nullptr && page->wantsLiveWindows()) {
+        m_live = m_live ? m_live : m_controller.watchLiveDesk();
+    } else {
+        m_live.reset();
+    }
+}
+
+// Whoever has deleted it: this window, the panel, or a command.
+void Workbench::offerUndo() {
+    const auto newest = m_controller.deletions().newest();
+    if (newest == m_offered) {
+        return;
+    }
+    const bool isNews = newest && (!m_offered || *newest > *m_offered);
+    if (!isNews) {
+        // It was put back by somebody else.
+        if (m_window->notices().offersUndo()) {
+            m_window->notices().dismiss();
+        }
+        m_offered = newest;
+        return;
+    }
+    m_offered = newest;
+    std::string what = m_controller.deletions().what(*newest).value_or("");
+    if (!what.empty()) {
+        what.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(what.front())));
+    }
+    m_window->notices().offerUndo(qt(trf("{} was deleted.", what)), [this, id = *newest] {
+        if (const auto back = m_controller.deletions().putBack(id); !back) {
+            say(back.error(), true);
+        }
+    });
+}
+
+void Workbench::say(const std::string& text, bool isProblem) {
+    if (m_window) {
+        m_window->notices().say(qt(text), isProblem ? NoticeBar::Tone::problem : NoticeBar::Tone::plain);
+    }
+}
+
+WorkbenchPage* Workbench::scenesPage(QWidget* parent) {
+    const auto tell = [this](const std::string& text, bool isProblem) { say(text, isProblem); };
+    ScenesActions actions;
+    actions.scenes = SceneActions::of(m_controller, m_alive, tell, SceneProblems::nameFieldText);
+    actions.addTime = [this](const std::string& id, const std::string& time) -> ScenesActions::Problem {
+        const auto schedule = SceneTriggerFormatting::scheduleOf(time);
+        if (!schedule) {
+            return text(TriggerProblem::invalidTime);
+        }
+        const auto added = m_controller.triggers().addTrigger(*schedule, {id});
+        return added ? std::nullopt : ScenesActions::Problem(text(added.error()));
+    };
+    actions.removeTrigger = [this](const std::string& id) {
+        if (const auto removed = m_controller.triggers().deleteTrigger(id); !removed) {
+            say(text(removed.error()), true);
+        }
+    };
+    actions.keyCode = m_services.keyCode;
+    actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
+    actions.context = [this] {
+        return ScenesContent::Context{
+            .now = m_controller.now(), .zone = m_controller.zone(), .history = m_controller.restoreLog()};
+    };
+    return new ScenesPage(m_looks, std::move(actions), parent);
+}
+
+WorkbenchPage* Workbench::historyPage(QWidget* parent) {
+    HistoryActions actions;
+    actions.context = [this] {
+        HistoryContent::Context context{.now = m_controller.now(),
+                                        .zone = m_controller.zone(),
+                                        .log = m_controller.restoreLog(),
+                                        .apps = m_controller.appReliability()};
+        for (const Layout& layout : m_controller.allLayouts()) {
+            context.desks.try_emplace(layout.configID, layout.name, layout.displays);
+        }
+        const PublishedState& state = m_controller.published();
+        if (!state.configID.empty()) {
+            context.desks[state.configID] = {state.deskName(), state.displays};
+        }
+        return context;
+    };
+    actions.undo = [this] {
+        m_controller.undoLastRestore(
+            tellRefusal(m_alive, [this](const std::string& text, bool isProblem) { say(text, isProblem); }));
+    };
+    actions.copy = [this](const std::string& text) {
+        QApplication::clipboard()->setText(qt(text));
+        say(vantrel::tr("Copied."), false);
+    };
+    return new HistoryPage(m_looks, std::move(actions), parent);
+}
+
+} // namespace vantrel

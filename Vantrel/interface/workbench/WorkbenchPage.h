@@ -1,0 +1,37 @@
+// What a tab of the workbench shows. A page is made when its tab is first shown and lives as long as the
+// window, so half-typed text, selection and scroll position survive a change of tab.
+#pragma once
+
+#include "Vantrel/controller/PublishedState.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <utility>
+#include <vector>
+
+namespace vantrel {
+
+class WorkbenchPage : public QWidget {
+public:
+    using QWidget::QWidget;
+    using QWidget::show;
+
+    // Called before the page is first seen, after every change of what is published while it is seen, and
+    // when it is seen again; `changed` is what has changed since the last call.
+    virtual void show(const PublishedState& state, Topics changed) = 0;
+
+    // Puts the cursor into the search field.
+    virtual void focusSearch() {}
+
+    // Gives the focus to where the keyboard starts.
+    virtual void focusFirst() = 0;
+
+    // Whether the live windows are captured while the page is seen.
+    [[nodiscard]] virtual bool wantsLiveWindows() const { return false; }
+
+    // The page's own keys and what they do, for the help: "Alt+Up" and "Move the scene up".
+    [[nodiscard]] virtual std::vector<std::pair<QString, QString>> keys() const { return {}; }
+};
+
+} // namespace vantrel

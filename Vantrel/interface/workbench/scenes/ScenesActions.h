@@ -1,0 +1,28 @@
+// What the tab Scenes asks of the program.
+#pragma once
+
+#include "Vantrel/interface/SceneActions.h"
+#include "Vantrel/interface/controls/HotKeyRecorder.h"
+#include "Vantrel/interface/workbench/scenes/ScenesContent.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+struct ScenesActions {
+    using Problem = SceneActions::Problem;
+
+    SceneActions scenes{};
+    // Has the scene applied every day at the time that was typed.
+    std::function<Problem(const std::string& id, const std::string& time)> addTime =
+        [](const auto&, const auto&) { return std::nullopt; };
+    std::function<void(const std::string& trigger)> removeTrigger = [](const auto&) {};
+    HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
+    std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };
+    // The moment, the zone and the history; what is searched and chosen is left empty.
+    std::function<ScenesContent::Context()> context = [] { return ScenesContent::Context{.now = {}}; };
+};
+
+} // namespace vantrel

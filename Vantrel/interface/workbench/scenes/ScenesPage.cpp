@@ -1,0 +1,290 @@
+#include "Vantrel/interface/workbench/scenes/ScenesPage.h"
+
+#include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/Hairline.h"
+#include "Vantrel/interface/controls/Metrics.h"
+#include "Vantrel/interface/symbols/Symbols.h"
+#include "Vantrel/interface/workbench/scenes/SceneDetailView.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace vantrel {
+
+namespace {
+
+constexpr double railWidth = 236;
+
+bool isItem(const ListRow& row) {
+    return row.kind == ListRow::Kind::item;
+}
+
+} // namespace
+
+ScenesPage::ScenesPage(ApplicationLooks& looks, ScenesActions actions, QWidget* parent)
+    : WorkbenchPage(parent), m_actions(std::move(actions)) {
+    auto* const all = new QHBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addWidget(railSide());
+    all->addSpacing(1);
+    m_scroll = new QScrollArea(this);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_detail = new SceneDetailView(looks, m_actions, this);
+    m_detail->onMenu = [this](QPoint place) { showMenu(place); };
+    m_scroll->setWidget(m_detail);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_detail->setAutoFillBackground(false);
+    all->addWidget(m_scroll, 1);
+    m_empty = emptyHint();
+    all->addWidget(m_empty, 1);
+}
+
+QWidget* ScenesPage::railSide() {
+    const auto points = [this](double length) { return Metrics::points(*this, length); };
+    auto* const side = new QWidget(this);
+    side->setFixedWidth(points(railWidth));
+    auto* const column = new QVBoxLayout(side);
+    column->setContentsMargins(0, points(10), 0, points(12));
+    column->setSpacing(0);
+    const auto inset = [&](QWidget* widget, double margin) {
+        auto* const framed = new QHBoxLayout;
+        framed->setContentsMargins(points(margin), 0, points(margin), 0);
+        framed->addWidget(widget);
+        column->addLayout(framed, qobject_cast<QAbstractItemView*>(widget) != nullptr ? 1 : 0);
+    };
+    m_search = new QLineEdit(side);
+    m_search->setPlaceholderText(qtr("Search scenes"));
+    m_search->setAccessibleName(qtr("Search scenes"));
+    m_search->setClearButtonEnabled(true);
+    m_search->setMinimumHeight(points(30));
+    m_search->addAction(Symbols::icon("search", QPalette::Text), QLineEdit::LeadingPosition)
+        ->setText(qtr("Search"));
+    m_search->installEventFilter(this);
+    connect(m_search, &QLineEdit::textChanged, this, [this] { refresh(); });
+    inset(m_search, 12);
+    column->addSpacing(points(8));
+    m_rail = new ListRowsView(nullptr, side);
+    m_rail->setAccessibleName(qtr("Scenes"));
+    m_rail->installEventFilter(this);
+    m_rail->onChosen = [this](const std::string& id) {
+        m_chosen = id;
+        refresh();
+    };
+    m_rail->onActivated = [this](const std::string& id) { m_actions.scenes.apply(id); };
+    m_rail->onMenu = [this](const std::string& id, QPoint place) {
+        m_rail->choose(id);
+        m_chosen = id;
+        refresh();
+        showMenu(place);
+    };
+    inset(m_rail, 8);
+    column->addWidget(new Hairline(side));
+    column->addSpacing(points(12));
+    m_name = new QLineEdit(side);
+    m_name->setPlaceholderText(qtr("Save this desk as a scene…"));
+    m_name->setAccessibleName(qtr("Save this desk as a scene"));
+    m_name->setMinimumHeight(points(30));
+    m_name->addAction(Symbols::icon("plus", QPalette::Text), QLineEdit::LeadingPosition)
+        ->setText(qtr("New scene"));
+    m_name->installEventFilter(this);
+    connect(m_name, &QLineEdit::textChanged, this, [this] { nameEdited(); });
+    connect(m_name, &QLineEdit::returnPressed, this, [this] { saveScene(); });
+    inset(m_name, 12);
+    m_nameProblem = new Label(Label::Role::problem, side);
+    m_nameProblem->setContentsMargins(0, points(4), 0, 0);
+    m_nameProblem->hide();
+    inset(m_nameProblem, 14);
+    m_room = new Label(Label::Role::second, side);
+    m_room->setContentsMargins(0, points(4), 0, 0);
+    inset(m_room, 14);
+    return side;
+}
+
+QWidget* ScenesPage::emptyHint() {
+    const auto points = [this](double length) { return Metrics::points(*this, length); };
+    auto* const hint = new QWidget(this);
+    auto* const column = new QVBoxLayout(hint);
+    column->setContentsMargins(points(48), points(24), points(48), points(24));
+    column->setSpacing(points(8));
+    m_emptyTitle = new Label(Label::Role::heading, hint);
+    m_emptyText = new Label(Label::Role::text, hint);
+    column->addStretch(2);
+    column->addWidget(m_emptyTitle);
+    column->addWidget(m_emptyText);
+    column->addStretch(3);
+    return hint;
+}
+
+void ScenesPage::show(const PublishedState& state, Topics changed) {
+    m_state = &state;
+    if (changed.containsAnyOf({Topic::desk, Topic::layouts, Topic::scenes, Topic::history, Topic::settings,
+                               Topic::status, Topic::live})) {
+        refresh();
+    }
+}
+
+void ScenesPage::refresh() {
+    if (m_state == nullptr) {
+        return;
+    }
+    if (m_chosen.empty()) {
+        m_chosen = m_state->lastAppliedSceneID.value_or("");
+    }
+    ScenesContent::Context context = m_actions.context();
+    context.search = m_search->text().toStdString();
+    context.chosen = m_chosen;
+    auto content = ScenesContent::of(*m_state, context);
+    if (content.detail && content.detail->id != m_chosen && context.search.empty()) {
+        context.chosen = neighbourOfChosen(content);
+        content = ScenesContent::of(*m_state, context);
+    }
+    m_content = std::move(content);
+    m_rail->show(m_content.rail);
+    m_detail->setVisible(m_content.detail.has_value());
+    m_scroll->setVisible(m_content.detail.has_value());
+    m_empty->setVisible(!m_content.detail.has_value());
+    if (m_content.detail) {
+        // A search shows the first scene found, and afterwards again the one chosen before.
+        if (context.search.empty()) {
+            m_chosen = m_content.detail->id;
+        }
+        m_rail->choose(m_content.detail->id);
+        m_detail->show(*m_content.detail);
+    } else {
+        m_emptyTitle->show(m_content.isEmpty ? qtr("No scenes yet") : qtr("No scene found"));
+        m_emptyText->show(m_content.isEmpty
+                              ? qtr("A scene is a desk you can call back by name: one for writing, one for "
+                                    "meetings. Arrange "
+                                    "your windows, type a name below the list, and press Return.")
+                              : qtr("Names of scenes and of their apps are searched."));
+    }
+    m_name->setEnabled(m_content.canSave);
+    m_room->show(qt(m_content.room));
+    m_room->setVisible(!m_content.room.empty());
+}
+
+std::string ScenesPage::neighbourOfChosen(const ScenesContent& content) const {
+    const auto& before = m_content.rail;
+    const auto old = std::ranges::find(before, m_chosen, &ListRow::id);
+    if (old == before.end()) {
+        return "";
+    }
+    auto index = std::count_if(before.begin(), old, isItem);
+    std::string last;
+    for (const ListRow& row : content.rail) {
+        if (isItem(row)) {
+            last = row.id;
+            if (index-- == 0) {
+                break;
+            }
+        }
+    }
+    return last;
+}
+
+void ScenesPage::focusSearch() {
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void ScenesPage::focusFirst() {
+    QWidget* const first = m_content.rail.empty() ? static_cast<QWidget*>(m_name) : m_rail;
+    first->setFocus(Qt::OtherFocusReason);
+}
+
+std::vector<std::pair<QString, QString>> ScenesPage::keys() const {
+    return {
+        {qtr("Return"), qtr("Apply the scene")},
+        {qtr("F2"), qtr("Rename the scene")},
+        {qtr("Delete"), qtr("Delete the scene")},
+    };
+}
+
+void ScenesPage::nameEdited() {
+    const std::string name = m_name->text().trimmed().toStdString();
+    const auto problem = name.empty() ? std::nullopt : m_actions.scenes.problemWithName(name);
+    m_nameProblem->show(qt(problem.value_or("")));
+    m_nameProblem->setVisible(problem.has_value());
+}
+
+void ScenesPage::saveScene() {
+    const std::string name = m_name->text().trimmed().toStdString();
+    if (!name.empty() && !m_actions.scenes.problemWithName(name)) {
+        m_actions.scenes.save(name);
+        m_name->clear();
+    }
+}
+
+void ScenesPage::remove() {
+    if (m_content.detail && m_content.detail->remove.isPossible) {
+        m_actions.scenes.remove(m_content.detail->id);
+    }
+}
+
+void ScenesPage::showMenu(QPoint place) {
+    if (!m_content.detail) {
+        return;
+    }
+    // A copy, as the menu stays open while the state changes.
+    const auto detail = *m_content.detail;
+    QMenu menu(this);
+    menu.setToolTipsVisible(true);
+    const auto add = [&](const QString& text, const ScenesContent::Deed& deed, auto act) {
+        QAction* const action = menu.addAction(text, this, act);
+        action->setEnabled(deed.isPossible);
+        action->setToolTip(qt(deed.reason));
+    };
+    add(qtr("&Apply"), detail.apply, [this, detail] { m_actions.scenes.apply(detail.id); });
+    add(qtr("&Update to the desk as it is"), detail.update,
+        [this, detail] { m_actions.scenes.update(detail.id); });
+    add(qtr("&Rename"), {}, [this] { m_detail->startRenaming(); });
+    menu.addSeparator();
+    add(qtr("&Delete"), detail.remove, [this, detail] { m_actions.scenes.remove(detail.id); });
+    menu.exec(place);
+}
+
+bool ScenesPage::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) {
+        return WorkbenchPage::eventFilter(object, event);
+    }
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    auto* const field = object == m_search || object == m_name ? static_cast<QLineEdit*>(object) : nullptr;
+    if (field != nullptr && key == Qt::Key_Escape && !field->text().isEmpty()) {
+        field->clear();
+        return true;
+    }
+    if (object == m_search && (key == Qt::Key_Down || key == Qt::Key_Return)) {
+        m_rail->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    if (object == m_rail && key == Qt::Key_F2 && m_content.detail) {
+        m_detail->startRenaming();
+        return true;
+    }
+    if (object == m_rail && key == Qt::Key_Delete) {
+        remove();
+        return true;
+    }
+    return WorkbenchPage::eventFilter(object, event);
+}
+
+void ScenesPage::paintEvent(QPaintEvent* /*event*/) {
+    const auto colors = DeskColors::of(palette());
+    QPainter painter(this);
+    painter.fillRect(rect(), colors.base);
+    const QRect line(Metrics::points(*this, railWidth), 0, 1, height());
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), line), colors.hairline);
+}
+
+} // namespace vantrel

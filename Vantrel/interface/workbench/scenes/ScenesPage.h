@@ -1,0 +1,66 @@
+// The tab Scenes: the rail on the left, the chosen scene in the large drawing with everything about it.
+#pragma once
+
+#include "Vantrel/interface/controls/Label.h"
+#include "Vantrel/interface/lists/ListRowsView.h"
+#include "Vantrel/interface/workbench/WorkbenchPage.h"
+#include "Vantrel/interface/workbench/scenes/ScenesActions.h"
+
+#include <string>
+
+class QLineEdit;
+class QScrollArea;
+
+namespace vantrel {
+
+class SceneDetailView;
+
+class ScenesPage final : public WorkbenchPage {
+public:
+    // `looks` outlives the page.
+    ScenesPage(ApplicationLooks& looks, ScenesActions actions, QWidget* parent = nullptr);
+
+    void show(const PublishedState& state, Topics changed) override;
+    using WorkbenchPage::show;
+    void focusSearch() override;
+    void focusFirst() override;
+    [[nodiscard]] bool wantsLiveWindows() const override { return true; }
+    [[nodiscard]] std::vector<std::pair<QString, QString>> keys() const override;
+
+    [[nodiscard]] const ScenesContent& content() const { return m_content; }
+    [[nodiscard]] ListRowsView& rail() { return *m_rail; }
+    [[nodiscard]] SceneDetailView& detail() { return *m_detail; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* railSide();
+    [[nodiscard]] QWidget* emptyHint();
+    void refresh();
+    // The scene to show when the chosen one has gone: the one that took its place in the rail.
+    [[nodiscard]] std::string neighbourOfChosen(const ScenesContent& content) const;
+    void nameEdited();
+    void saveScene();
+    void showMenu(QPoint place);
+    void remove();
+
+    ScenesActions m_actions;
+    const PublishedState* m_state = nullptr;
+    ScenesContent m_content;
+    // Empty before the first state.
+    std::string m_chosen;
+    QLineEdit* m_search = nullptr;
+    ListRowsView* m_rail = nullptr;
+    QLineEdit* m_name = nullptr;
+    Label* m_nameProblem = nullptr;
+    Label* m_room = nullptr;
+    QScrollArea* m_scroll = nullptr;
+    SceneDetailView* m_detail = nullptr;
+    QWidget* m_empty = nullptr;
+    Label* m_emptyTitle = nullptr;
+    Label* m_emptyText = nullptr;
+};
+
+} // namespace vantrel
