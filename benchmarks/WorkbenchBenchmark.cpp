@@ -12,7 +12,7 @@ namespace {
 using bench::PaintWatch;
 using bench::secondsOf;
 
-constexpr std::array tabs{WorkbenchTab::scenes, WorkbenchTab::history};
+constexpr std::array tabs{WorkbenchTab::scenes, WorkbenchTab::desks, WorkbenchTab::history};
 
 // False when nothing was painted.
 bool openUntilPainted(Workbench& workbench, WorkbenchTab tab) {

@@ -22,11 +22,6 @@ std::optional<DeletionInfo> RecentDeletions::newestInfo() const {
     return m_deletions.empty() ? std::nullopt : std::optional(m_deletions.back().info);
 }
 
-std::optional<std::string> RecentDeletions::what(ID id) const {
-    const auto found = std::ranges::find(m_deletions, id, &Deletion::id);
-    return found == m_deletions.end() ? std::nullopt : std::optional(found->what);
-}
-
 std::expected<std::string, std::string> RecentDeletions::putBack(std::optional<ID> id) {
     const auto isWanted = [wanted = id ? id : newest()](const Deletion& each) {
         return each.info.id == wanted;

@@ -36,9 +36,6 @@ public:
     // Called after something was added or put back.
     std::function<void()> onChanged = [] {};
 
-    // What was deleted, as in add(); none once it has been put back or forgotten.
-    [[nodiscard]] std::optional<std::string> what(ID id) const;
-
     // Undoes the deletion with this ID, or the newest one. Returns what was put back. After a failure it can
     // be tried again.
     std::expected<std::string, std::string> putBack(std::optional<ID> id = {});

@@ -81,6 +81,12 @@ SceneActions SceneActions::of(AppController& controller, const std::weak_ptr<boo
             tell(*problem, true);
         }
     };
+    actions.duplicate = [&controller, tellProblem](const std::string& id) {
+        tellProblem(problemOf(controller.scenes().duplicate(id), words));
+    };
+    actions.move = [&controller, tellProblem](const std::string& id, std::size_t position) {
+        tellProblem(problemOf(controller.scenes().move(id, position), words));
+    };
     actions.setPinned = [&controller, tellProblem](const std::string& id, bool isPinned) {
         tellProblem(problemOf(controller.scenes().setPinned(isPinned, id), words));
     };

@@ -3,6 +3,7 @@
 
 #include "Vantrel/controller/AppController.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -20,6 +21,9 @@ struct SceneActions {
         [](const auto&, const auto&) { return std::nullopt; };
     std::function<void(const std::string& id)> update = [](const auto&) {};
     std::function<Problem(const std::string& id)> remove = [](const auto&) { return std::nullopt; };
+    std::function<void(const std::string& id)> duplicate = [](const auto&) {};
+    // Among the scenes of its desk.
+    std::function<void(const std::string& id, std::size_t position)> move = [](const auto&, std::size_t) {};
     // Brings back the scene that was removed last.
     std::function<void()> putBack = [] {};
     std::function<void(const std::string& id, bool)> setPinned = [](const auto&, bool) {};

@@ -74,5 +74,30 @@ TEST_P(WorkbenchStories, ASceneIsMadeGivenATimeAppliedDeletedAndBroughtBackByKey
     EXPECT_THAT(desk.done({"desks"}), Not(HasSubstr("vantrel"))) << "our own window is never learned";
 }
 
+TEST_P(WorkbenchStories, AnAbsentDeskIsForgottenAndBroughtBackAndThenRestoredAsBefore) {
+    const auto window = desk.open({"galculator"}).client;
+    desk.drag(window, {1500, 200});
+    const Rect home = desk.frame(window);
+    const auto vantrel = user.startVantrel();
+    desk.done({"save"});
+    desk.done({"desks", "rename", "Office"});
+    desk.monitors().unplug(1);
+    ASSERT_TRUE(desk.awaitLogged("display settled", 1));
+    desk.done({"save"});
+    open("desks", "If it were restored now");
+    user.clickOn("Office");
+    user.await("If it were applied here now");
+    keepPicture("desks");
+    user.press({"Delete"});
+    user.await("The desk \"Office\" was deleted.");
+    EXPECT_THAT(desk.done({"desks"}), Not(HasSubstr("Office")));
+    user.clickOn("Undo the deletion");
+    user.await("Office");
+    user.press({"ctrl+w"});
+    EXPECT_TRUE(user.awaitNone("Search desks"));
+    desk.monitors().plug(1, {1280, 0, 1024, 768});
+    EXPECT_TRUE(desk.connection().waitUntil([&] { return desk.frame(window) == home; }));
+}
+
 } // namespace
 } // namespace vantrel::live

@@ -2,8 +2,10 @@
 // wrong.
 #include "tools/pictures/WorkbenchSurfaces.h"
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/workbench/desks/DesksPage.h"
 #include "Vantrel/interface/workbench/history/HistoryPage.h"
 #include "Vantrel/interface/workbench/scenes/ScenesPage.h"
+#include "VantrelCore/windows/VisibleWindows.h"
 #include "tools/pictures/SampleDesks.h"
 #include "tools/pictures/StandInIcons.h"
 #include "tools/pictures/Surface.h"
@@ -38,6 +40,91 @@ WorkbenchPage* scenesPage(QWidget* parent) {
     };
     actions.context = [] { return ScenesContent::Context{.now = workbenchNow, .history = history()}; };
     return new ScenesPage(workbenchLooks(), actions, parent);
+}
+
+Layout layoutOf(const char* configID, const char* desk, const char* name,
+                const std::vector<DisplayInfo>& displays, const std::vector<SampleDesks::Placed>& windows) {
+    Layout layout = SampleDesks::layout(name, displays, windows);
+    layout.configID = configID;
+    layout.name = desk;
+    return layout;
+}
+
+std::vector<Layout> everyLayout(const PublishedState& state) {
+    const auto all = SampleDesks::everyday();
+    const std::vector laptop{SampleDesks::display("Built-in Display", {{0, 0}, {1512, 982}}, true)};
+    const std::vector room{SampleDesks::display("Projector", {{0, 0}, {1920, 1080}}),
+                           SampleDesks::display("Built-in Display", {{200, 1080}, {1512, 982}}, true)};
+    const std::vector home{SampleDesks::display("Left", {{0, 0}, {2560, 1440}}),
+                           SampleDesks::display("Right", {{2560, -200}, {1200, 1920}})};
+    std::vector<Layout> layouts = state.currentLayouts;
+    for (Layout& layout : layouts) {
+        layout.name = state.configName;
+    }
+    layouts.push_back(layoutOf("home", "Home office", "Default", home, {all[2], all[3], all[0]}));
+    layouts.push_back(
+        layoutOf("travel", "Built-in", "Default", laptop,
+                 {{"Mail", "Inbox", {{500, 200}, {800, 600}}}, {"Firefox", "", {{40, 80}, {900, 700}}}}));
+    layouts.push_back(
+        layoutOf("room", "Meeting room", "Default", room, {{"Documents", "", {{300, 100}, {1200, 860}}}}));
+    return layouts;
+}
+
+// As many desks as nobody has.
+std::vector<Layout> manyLayouts(const PublishedState& state) {
+    std::vector<Layout> layouts = everyLayout(state);
+    const auto windows = layouts.front().windows;
+    while (layouts.size() < 101) {
+        Layout more = layouts[layouts.size() % 4];
+        more.configID = "many" + std::to_string(layouts.size());
+        more.name = "Besprechungszimmer im Obergeschoss " + std::to_string(layouts.size());
+        while (more.windows.size() < 60) {
+            WindowRecord window = windows[more.windows.size() % windows.size()];
+            window.frame.origin.x += static_cast<double>(more.windows.size());
+            more.windows.push_back(window);
+        }
+        layouts.push_back(more);
+    }
+    return layouts;
+}
+
+void addDesks(PublishedState& state, const std::vector<Layout>& layouts) {
+    state.desks = RememberedDesks::of(
+        {.layouts = layouts,
+         .stashes = state.stashes,
+         .log = {},
+         .activeLayoutName =
+             [](const auto& configID) {
+                 return std::string(configID == SampleDesks::state().configID ? "Everyday" : "Default");
+             }},
+        {.configID = state.configID, .name = state.configName, .displays = state.displays});
+    for (RememberedDesk& desk : state.desks) {
+        for (auto& layout : desk.layouts) {
+            layout.learned = workbenchNow - std::chrono::seconds(40);
+        }
+        desk.lastSeen = workbenchNow - std::chrono::hours(50);
+    }
+}
+
+WorkbenchPage* desksPage(QWidget* parent, const PublishedState& state) {
+    DesksActions actions;
+    actions.now = [] { return workbenchNow; };
+    actions.layouts = [&state] { return state.desks.size() > 10 ? manyLayouts(state) : everyLayout(state); };
+    actions.preview = [&state](const auto& /*desk*/, const auto& /*layout*/,
+                               const DesksActions::PreviewDone& done) {
+        if (!state.hasPermission) {
+            done(std::unexpected("The permission to read and move windows is missing."));
+            return;
+        }
+        const auto live = VisibleWindows::every({.apps = {}, .windows = *state.liveWindows}, state.displays);
+        std::set<std::string> running;
+        for (const LiveWindow& window : live) {
+            running.insert(window.record.bundleID);
+        }
+        done(RestorePreviews::of(state.currentLayouts.front(), {}, {live, running},
+                                 RestoreEngine::Sizes::restore));
+    };
+    return new DesksPage(workbenchLooks(), actions, parent);
 }
 
 SceneTrigger trigger(const char* id, const SceneTrigger::Kind& kind, bool isEnabled = true) {
@@ -150,6 +237,13 @@ PublishedState usual() {
     state.usage.restores = 12;
     state.usage.sceneSwitches = 3;
     state.usage.windowsVantrel = 1240;
+    Stash stash;
+    stash.id = "stash";
+    stash.createdAt = workbenchNow - std::chrono::hours(15);
+    stash.configID = state.configID;
+    stash.windowCount = 11;
+    state.stashes = {stash};
+    addDesks(state, everyLayout(state));
     auto& undo = state.undoSlot.emplace();
     undo.configID = state.configID;
     undo.reason = "Studio Display reconnected";
@@ -162,6 +256,9 @@ PublishedState empty() {
     state.scenes.clear();
     state.triggers.clear();
     state.lastAppliedSceneID.reset();
+    state.stashes.clear();
+    state.currentLayouts.clear();
+    addDesks(state, {});
     return state;
 }
 
@@ -176,6 +273,7 @@ PublishedState crowded() {
         first.layout.windows.push_back(window);
     }
     state.configName = "Besprechungszimmer im zweiten Obergeschoss links";
+    addDesks(state, manyLayouts(state));
     for (int i = 0; state.scenes.size() < 12; ++i) {
         Scene more = state.scenes[static_cast<std::size_t>(i)];
         more.id = "more" + std::to_string(i);
@@ -233,6 +331,7 @@ ApplicationLooks& workbenchLooks() {
 std::unique_ptr<WorkbenchWindow> workbench(const PublishedState& state, WorkbenchTab tab) {
     auto window = std::make_unique<WorkbenchWindow>();
     window->add(WorkbenchTab::scenes, scenesPage);
+    window->add(WorkbenchTab::desks, [&state](QWidget* parent) { return desksPage(parent, state); });
     const bool isEmpty = state.scenes.empty();
     const bool showsApps = !state.hasPermission;
     window->add(WorkbenchTab::history,
@@ -245,6 +344,7 @@ std::unique_ptr<WorkbenchWindow> workbench(const PublishedState& state, Workbenc
 
 std::vector<Surface> workbenchSurfaces() {
     constexpr auto scenes = WorkbenchTab::scenes;
+    constexpr auto desks = WorkbenchTab::desks;
     constexpr auto history = WorkbenchTab::history;
     return {
         surface("scenes", scenes, usual()),
@@ -258,6 +358,17 @@ std::vector<Surface> workbenchSurfaces() {
         surface("scenes-deleted", scenes, usual(),
                 [](WorkbenchWindow& window) {
                     window.notices().offerUndo(qtr("The scene “Monitor” was deleted."), [] {});
+                }),
+        surface("desks", desks, usual()),
+        surface("desks-empty", desks, empty()),
+        surface("desks-crowded", desks, crowded()),
+        surface("desks-broken", desks, broken(),
+                [](WorkbenchWindow& window) { window.resize(window.usualSize() * 0.78); }),
+        surface("desks-absent", desks, usual(),
+                [](WorkbenchWindow& window) {
+                    auto& page = dynamic_cast<DesksPage&>(*window.page());
+                    page.cards().choose("home");
+                    page.cards().onChosen("home");
                 }),
         surface("history", history, usual()),
         surface("history-empty", history, empty()),

@@ -95,6 +95,12 @@ DeskPicture DeskPicture::ofCurrentDesk(const PublishedState& state) {
     return picture;
 }
 
+DeskPicture DeskPicture::ofLayout(const Layout& layout) {
+    DeskPicture picture{.displays = DisplayLabels::labelled(layout.displays), .windows = {}};
+    std::ranges::transform(frontToBack(layout), std::back_inserter(picture.windows), drawn);
+    return picture;
+}
+
 DeskPicture DeskPicture::ofScene(const Scene& scene, const PublishedState& state) {
     DeskPicture picture{.displays = DisplayLabels::labelled(scene.layout.displays), .windows = {}};
     for (const WindowRecord& record : frontToBack(scene.layout)) {

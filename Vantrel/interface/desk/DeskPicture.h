@@ -11,6 +11,7 @@
 
 namespace vantrel {
 
+struct Layout;
 struct PublishedState;
 struct Scene;
 
@@ -58,6 +59,9 @@ struct DeskPicture {
     // The active layout of the current desk, compared with the live windows as far as they are known; without
     // a layout, the live windows.
     [[nodiscard]] static DeskPicture ofCurrentDesk(const PublishedState& state);
+
+    // A layout as it was remembered.
+    [[nodiscard]] static DeskPicture ofLayout(const Layout& layout);
 
     // A scene on the displays it was saved on. Whether its applications are running is told as far as the
     // live windows are known.

@@ -185,10 +185,11 @@ void ListRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setFont(isTable ? option.font : detailFont(option.font));
     painter->setPen(isTable ? colors.secondText : warning);
     drawText(*painter, places.detail, row.detail, option.direction);
-    painter->setPen(isTable ? warning : colors.secondText);
+    const QColor noted = row.tone == ListRow::Tone::accent ? colors.accent : warning;
+    painter->setPen(isTable ? noted : colors.secondText);
     drawText(*painter, places.note, row.note, option.direction);
     if (!row.noteSymbol.empty()) {
-        Symbols::paint(*painter, row.noteSymbol, places.noteSymbol, warning);
+        Symbols::paint(*painter, row.noteSymbol, places.noteSymbol, noted);
     }
     if (isTable) {
         painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),

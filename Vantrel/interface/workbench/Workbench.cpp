@@ -2,6 +2,7 @@
 
 #include "Vantrel/controller/WorkbenchTabs.h"
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/workbench/desks/DesksPage.h"
 #include "Vantrel/interface/workbench/history/HistoryPage.h"
 #include "Vantrel/interface/workbench/scenes/ScenesPage.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
@@ -22,7 +23,7 @@ namespace {
 constexpr std::chrono::seconds agingInterval{30};
 constexpr const char* tabKey = "workbenchTab";
 constexpr const char* sizeKey = "workbenchSize";
-constexpr std::array shownTabs{WorkbenchTab::scenes, WorkbenchTab::history};
+constexpr std::array shownTabs{WorkbenchTab::scenes, WorkbenchTab::desks, WorkbenchTab::history};
 
 } // namespace
 
@@ -65,6 +66,7 @@ bool Workbench::open(std::optional<WorkbenchTab> tab) {
 void Workbench::make() {
     m_window = std::make_unique<WorkbenchWindow>();
     m_window->add(WorkbenchTab::scenes, [this](QWidget* parent) { return scenesPage(parent); });
+    m_window->add(WorkbenchTab::desks, [this](QWidget* parent) { return desksPage(parent); });
     m_window->add(WorkbenchTab::history, [this](QWidget* parent) { return historyPage(parent); });
     m_window->onTab = [this] { watch(); };
     m_window->onClosed = [this] { closed(); };
@@ -135,25 +137,25 @@ void Workbench::watch() {
 
 // Whoever has deleted it: this window, the panel, or a command.
 void Workbench::offerUndo() {
-    const auto newest = m_controller.deletions().newest();
-    if (newest == m_offered) {
+    const auto& newest = m_controller.published().newestDeletion;
+    const std::optional<RecentDeletions::ID> id = newest ? std::optional(newest->id) : std::nullopt;
+    if (id == m_offered) {
         return;
     }
-    const bool isNews = newest && (!m_offered || *newest > *m_offered);
+    const bool isNews = id && (!m_offered || *id > *m_offered);
+    m_offered = id;
     if (!isNews) {
         // It was put back by somebody else.
         if (m_window->notices().offersUndo()) {
             m_window->notices().dismiss();
         }
-        m_offered = newest;
         return;
     }
-    m_offered = newest;
-    std::string what = m_controller.deletions().what(*newest).value_or("");
+    std::string what = newest->what;
     if (!what.empty()) {
         what.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(what.front())));
     }
-    m_window->notices().offerUndo(qt(trf("{} was deleted.", what)), [this, id = *newest] {
+    m_window->notices().offerUndo(qt(trf("{} was deleted.", what)), [this, id = newest->id] {
         if (const auto back = m_controller.deletions().putBack(id); !back) {
             say(back.error(), true);
         }
@@ -192,6 +194,89 @@ WorkbenchPage* Workbench::scenesPage(QWidget* parent) {
     return new ScenesPage(m_looks, std::move(actions), parent);
 }
 
+WorkbenchPage* Workbench::desksPage(QWidget* parent) {
+    const auto tell = [this](const std::string& text, bool isProblem) { say(text, isProblem); };
+    const auto refusal = tellRefusal(m_alive, tell);
+    const auto problem = [](const LayoutChange& change) {
+        return change.kind == LayoutChange::Kind::done ? std::nullopt : DesksActions::Problem(change.text());
+    };
+    const auto tellChange = [tell, problem](const LayoutChange& change) {
+        if (const auto text = problem(change)) {
+            tell(*text, true);
+        }
+    };
+    const auto layout = [this](const std::string& configID, const std::string& name) {
+        const auto all = m_controller.allLayouts();
+        const auto found = std::ranges::find_if(
+            all, [&](const Layout& each) { return each.configID == configID && each.layoutName == name; });
+        return found == all.end() ? std::nullopt : std::optional(*found);
+    };
+    DesksActions actions;
+    actions.layouts = [this] { return m_controller.allLayouts(); };
+    actions.now = [this] { return m_controller.now(); };
+    actions.zone = [this] { return m_controller.zone(); };
+    actions.problemWithName = [this](const std::string& configID, const std::string& name) {
+        const auto found = m_controller.desks().problemWithName(configID, name);
+        return found ? DesksActions::Problem(found->text()) : std::nullopt;
+    };
+    actions.rename = [this, problem](const std::string& configID, const std::string& name) {
+        return problem(m_controller.desks().rename(configID, name));
+    };
+    actions.forget = [this, tellChange](const std::string& configID) {
+        tellChange(m_controller.desks().forget(configID));
+    };
+    actions.switchLayout = [this, refusal](const std::string& name) {
+        m_controller.layouts().switchLayout(name, refusal);
+    };
+    actions.saveLayoutAs = [this, alive = std::weak_ptr(m_alive), tell](const std::string& name) {
+        m_controller.layouts().saveLayoutAs(name, [alive, tell](const SaveOutcome& outcome) {
+            if (!alive.expired()) {
+                tell(outcome.text(), outcome.kind != SaveOutcome::Kind::saved);
+            }
+        });
+    };
+    actions.problemWithLayoutName = [this](const std::string& name) {
+        const auto found = m_controller.layouts().problemWithNewName(name);
+        return found ? DesksActions::Problem(found->text()) : std::nullopt;
+    };
+    actions.restore = [this, refusal] { m_controller.restoreNow(RestoreSource::menu, refusal); };
+    actions.applyLayout = [this, refusal, layout](const std::string& configID, const std::string& name) {
+        if (const auto found = layout(configID, name)) {
+            m_controller.layouts().applyLayout(*found, refusal);
+        }
+    };
+    actions.renameLayout = [this, problem](const std::string& configID, const std::string& name,
+                                           const std::string& newName) {
+        return problem(m_controller.layouts().rename(configID, name, newName));
+    };
+    actions.removeLayout = [this, tellChange](const std::string& configID, const std::string& name) {
+        tellChange(m_controller.layouts().remove(configID, name));
+    };
+    actions.setPinned = [this, tellChange](const std::string& configID, const std::string& name,
+                                           bool isPinned) {
+        tellChange(m_controller.layouts().setPinned(isPinned, configID, name));
+    };
+    actions.bringBack = [this, refusal](const std::string& stash) {
+        m_controller.stashes().bringBack(stash, refusal);
+    };
+    actions.discardStash = [this, tell](const std::string& stash) {
+        if (!m_controller.stashes().discard(stash)) {
+            tell(vantrel::tr("The stash could not be deleted."), true);
+        }
+    };
+    actions.preview = [this, layout](const std::string& configID, const std::string& name,
+                                     const DesksActions::PreviewDone& done) {
+        if (configID == m_controller.published().configID) {
+            m_controller.previews().preview(done);
+        } else if (const auto found = layout(configID, name)) {
+            m_controller.previews().previewLayout(*found, done);
+        } else {
+            done(std::unexpected(LayoutChange{LayoutChange::Kind::noSuchLayout}.text()));
+        }
+    };
+    return new DesksPage(m_looks, std::move(actions), parent);
+}
+
 WorkbenchPage* Workbench::historyPage(QWidget* parent) {
     HistoryActions actions;
     actions.context = [this] {
@@ -199,12 +284,8 @@ WorkbenchPage* Workbench::historyPage(QWidget* parent) {
                                         .zone = m_controller.zone(),
                                         .log = m_controller.restoreLog(),
                                         .apps = m_controller.appReliability()};
-        for (const Layout& layout : m_controller.allLayouts()) {
-            context.desks.try_emplace(layout.configID, layout.name, layout.displays);
-        }
-        const PublishedState& state = m_controller.published();
-        if (!state.configID.empty()) {
-            context.desks[state.configID] = {state.deskName(), state.displays};
+        for (const RememberedDesk& desk : m_controller.published().desks) {
+            context.desks[desk.configID] = {desk.name, desk.displays};
         }
         return context;
     };

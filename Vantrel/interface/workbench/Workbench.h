@@ -52,6 +52,7 @@ private:
     [[nodiscard]] WorkbenchTab rememberedTab();
     [[nodiscard]] QSize rememberedSize();
     [[nodiscard]] WorkbenchPage* scenesPage(QWidget* parent);
+    [[nodiscard]] WorkbenchPage* desksPage(QWidget* parent);
     [[nodiscard]] WorkbenchPage* historyPage(QWidget* parent);
 
     AppController& m_controller;

@@ -1,5 +1,6 @@
 // The workbench on a simulated desk: what its tabs show, and what a click, a key or a typed name does.
 #include "Vantrel/interface/workbench/Workbench.h"
+#include "Vantrel/interface/workbench/desks/DesksPage.h"
 #include "Vantrel/interface/workbench/history/HistoryPage.h"
 #include "Vantrel/interface/workbench/scenes/SceneDetailView.h"
 #include "Vantrel/interface/workbench/scenes/ScenesPage.h"
@@ -156,6 +157,17 @@ TEST_F(WorkbenchTest, ASceneIsMadeRenamedGivenATimeAppliedDeletedAndBroughtBack)
     EXPECT_EQ(story.frame(story.mail), home);
     EXPECT_TRUE(says("Every window is in its place"));
 
+    const auto first = story.published().scenes[0].id;
+    scenes().rail().setFocus();
+    QTest::keyClick(&scenes().rail(), Qt::Key_Down, Qt::AltModifier);
+    settle();
+    EXPECT_THAT(rail(), ElementsAre("# This desk", "Code", "Letters"));
+    EXPECT_EQ(scenes().rail().chosen(), first);
+    QTest::keyClick(&scenes().rail(), Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(&scenes().rail(), Qt::Key_Up, Qt::AltModifier);
+    settle();
+    EXPECT_THAT(rail(), ElementsAre("# This desk", "Letters", "Code"));
+
     // The next one takes its place; Undo brings it back with everything that belongs to it.
     const auto before = story.published().scenes;
     scenes().rail().setFocus();
@@ -203,6 +215,82 @@ TEST_F(WorkbenchTest, SearchesScenesAndTheirAppsAndReturnsToTheChosenOne) {
     EXPECT_TRUE(says("No scene found"));
     QTest::keyClick(search, Qt::Key_Escape);
     EXPECT_EQ(scenes().content().detail->name, "Code");
+}
+
+TEST_F(WorkbenchTest, DesksSaysWhatARestoreWouldDoAndKeepsLayoutsAndStashes) {
+    open(WorkbenchTab::desks);
+    auto& page = dynamic_cast<DesksPage&>(*window().page());
+    const auto& content = page.content();
+    const auto detail = [&]() -> const DesksContent::Detail& { return content.detail.value(); };
+    EXPECT_THAT(detail().subtitle, testing::StartsWith("Here now · 4 windows · learned "));
+    EXPECT_THAT(detail().lines, IsEmpty());
+    EXPECT_EQ(detail().inPlace, "4 windows are in place");
+    const Rect home = story.frame(story.mail);
+    story.move(story.mail, {{300, 200}, home.size});
+    settle();
+    ASSERT_EQ(detail().lines.size(), 1U);
+    EXPECT_EQ(detail().lines[0].title, "Mail");
+    EXPECT_EQ(detail().lines[0].note, "would move, the same window");
+    EXPECT_EQ(detail().drawing.windows.at(detail().drawn.at(detail().lines[0].id)).appName, "Mail");
+    click("Restore");
+    EXPECT_EQ(story.frame(story.mail), home);
+    EXPECT_THAT(detail().lines, IsEmpty());
+
+    enter("Name of the desk", "Office");
+    EXPECT_EQ(story.published().deskName(), "Office");
+    story.controller->stashes().stashNow([](const auto&) {});
+    settle();
+    EXPECT_TRUE(says("Stash of 4 windows"));
+    click("Delete the stash");
+    EXPECT_FALSE(says("Stash of 4 windows"));
+    click("Undo the deletion");
+    EXPECT_TRUE(says("Stash of 4 windows"));
+    click("Keep this layout as it is");
+    EXPECT_TRUE(story.published().activePinned);
+    click("Learn this layout again");
+    EXPECT_FALSE(story.published().activePinned);
+}
+
+TEST_F(WorkbenchTest, AnAbsentDeskIsRenamedAppliedForgottenAndBroughtBack) {
+    ASSERT_EQ(story.controller->desks().rename(story.published().configID, "Office").kind,
+              LayoutChange::Kind::done);
+    const std::string office = story.published().configID;
+    story.connect("laptop");
+    story.learn();
+    open(WorkbenchTab::desks);
+    auto& page = dynamic_cast<DesksPage&>(*window().page());
+    const auto& content = page.content();
+    ASSERT_EQ(content.cards.size(), 2U);
+    EXPECT_TRUE(content.detail->isPresent);
+    page.cards().setFocus();
+    QTest::keyClick(&page.cards(), Qt::Key_Right);
+    settle();
+    ASSERT_EQ(content.detail->configID, office);
+    EXPECT_EQ(content.detail->drawing.displays.size(), 2U);
+    EXPECT_EQ(content.detail->previewTitle, "If it were applied here now");
+    EXPECT_FALSE(content.detail->lines.empty());
+    enter("Name of the desk", "Studio");
+    EXPECT_EQ(content.detail->name, "Studio");
+
+    type("Search desks", "STUDIO");
+    EXPECT_EQ(content.cards.size(), 1U);
+    type("Search desks", "mail");
+    EXPECT_EQ(content.cards.size(), 2U);
+    type("Search desks", "nothing like it");
+    EXPECT_EQ(content.detail, std::nullopt);
+    find<QLineEdit>("Search desks")->clear();
+    settle();
+    ASSERT_EQ(content.detail->configID, office);
+
+    const auto remembered = story.published().desks;
+    page.cards().setFocus();
+    QTest::keyClick(&page.cards(), Qt::Key_Delete);
+    settle();
+    EXPECT_EQ(content.cards.size(), 1U);
+    EXPECT_THAT(window().notices().text().toStdString(), HasSubstr("Studio"));
+    click("Undo the deletion");
+    EXPECT_EQ(content.cards.size(), 2U);
+    EXPECT_EQ(story.published().desks, remembered);
 }
 
 TEST_F(WorkbenchTest, TheHistoryShowsEveryWindowFiltersAndUndoesTheNewest) {

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
 
 namespace vantrel {
 
@@ -88,6 +89,7 @@ QWidget* ScenesPage::railSide() {
         refresh();
         showMenu(place);
     };
+    m_rail->setMovable([this](const std::string& id, const std::string& before) { reorder(id, before); });
     inset(m_rail, 8);
     column->addWidget(new Hairline(side));
     column->addSpacing(points(12));
@@ -193,6 +195,22 @@ std::string ScenesPage::neighbourOfChosen(const ScenesContent& content) const {
     return last;
 }
 
+// A search hides scenes, so positions in the rail say nothing then.
+void ScenesPage::reorder(const std::string& id, const std::string& before) {
+    const auto& rail = m_content.rail;
+    const auto moved = std::ranges::find(rail, id, &ListRow::id);
+    if (moved == rail.end() || !m_search->text().isEmpty()) {
+        return;
+    }
+    const auto first = std::find_if_not(std::make_reverse_iterator(moved), rail.rend(), isItem).base();
+    const auto last = std::find_if_not(moved, rail.end(), isItem);
+    const auto target = std::ranges::find(rail, before, &ListRow::id);
+    // Above its desk's scenes means first, below them last.
+    auto position = std::clamp(target, first, last) - first;
+    position -= target > moved ? 1 : 0;
+    m_actions.scenes.move(id, static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, position)));
+}
+
 void ScenesPage::focusSearch() {
     m_search->setFocus(Qt::ShortcutFocusReason);
     m_search->selectAll();
@@ -204,10 +222,13 @@ void ScenesPage::focusFirst() {
 }
 
 std::vector<std::pair<QString, QString>> ScenesPage::keys() const {
+    const auto altUp = QKeySequence(Qt::ALT | Qt::Key_Up).toString(QKeySequence::NativeText);
+    const auto altDown = QKeySequence(Qt::ALT | Qt::Key_Down).toString(QKeySequence::NativeText);
     return {
         {qtr("Return"), qtr("Apply the scene")},
         {qtr("F2"), qtr("Rename the scene")},
         {qtr("Delete"), qtr("Delete the scene")},
+        {altUp + ", " + altDown, qtr("Move the scene up or down")},
     };
 }
 
@@ -246,9 +267,10 @@ void ScenesPage::showMenu(QPoint place) {
         action->setToolTip(qt(deed.reason));
     };
     add(qtr("&Apply"), detail.apply, [this, detail] { m_actions.scenes.apply(detail.id); });
-    add(qtr("&Update to the desk as it is"), detail.update,
+    add(qtr("Update to the desk as &it is"), detail.update,
         [this, detail] { m_actions.scenes.update(detail.id); });
     add(qtr("&Rename"), {}, [this] { m_detail->startRenaming(); });
+    add(qtr("D&uplicate"), {}, [this, detail] { m_actions.scenes.duplicate(detail.id); });
     menu.addSeparator();
     add(qtr("&Delete"), detail.remove, [this, detail] { m_actions.scenes.remove(detail.id); });
     menu.exec(place);

@@ -41,6 +41,8 @@ private:
     void refresh();
     // The scene to show when the chosen one has gone: the one that took its place in the rail.
     [[nodiscard]] std::string neighbourOfChosen(const ScenesContent& content) const;
+    // Moves a scene in front of another one, or to the end of its desk's.
+    void reorder(const std::string& id, const std::string& before);
     void nameEdited();
     void saveScene();
     void showMenu(QPoint place);
