@@ -68,10 +68,8 @@ LayoutChange DeskFlow::rename(const std::string& configID, const std::string& ne
     return {Kind::done};
 }
 
-LayoutChange DeskFlow::forget(const std::string& desk) {
+LayoutChange DeskFlow::forget(const std::string& configID) {
     using Kind = LayoutChange::Kind;
-    // `desk` may refer to published state, which changes below.
-    const std::string configID = desk;
     const bool isPresent = configID == m_context.state().configID;
     Forgotten forgotten{.records = m_stores.layouts.deskRecords(configID),
                         .stashes = m_stores.stashes.allStashes(),
@@ -93,15 +91,16 @@ LayoutChange DeskFlow::forget(const std::string& desk) {
     m_stores.scenes.forgetLastAppliedScene(configID);
     m_context.strays.forget(configID);
     m_context.onNoted();
-    const auto& offer = m_context.state().sameDeskOffer;
-    if (offer && offer->configID == configID) {
-        m_context.publisher.publish<DeskTopic>([](auto& topic) { topic.sameDeskOffer.reset(); });
-    }
     const std::string name = forgotten.records.layouts.front().name;
     m_context.log(fmt::format("desk forgotten: {} ({})", name, configID));
     m_context.deletions.add(trf("the desk \"{}\"", name), [this, configID, forgotten = std::move(forgotten)] {
         return putBack(configID, forgotten);
     });
+    // `configID` may refer to published state, which changes from here on.
+    const auto& offer = m_context.state().sameDeskOffer;
+    if (offer && offer->configID == configID) {
+        m_context.publisher.publish<DeskTopic>([](auto& topic) { topic.sameDeskOffer.reset(); });
+    }
     storedChanged();
     return {Kind::done};
 }

@@ -171,61 +171,57 @@ LayoutChange LayoutFlow::rename(const std::string& configID, const std::string& 
     if (!wanted) {
         return {Kind::invalidName};
     }
-    // May refer to published state, which changes below.
-    const std::string desk = configID;
-    if (!m_context.store.layout(desk, name)) {
+    if (!m_context.store.layout(configID, name)) {
         return {Kind::noSuchLayout};
     }
     if (*wanted == name) {
         return {Kind::done};
     }
-    if (m_context.store.layout(desk, *wanted)) {
+    if (m_context.store.layout(configID, *wanted)) {
         return {Kind::nameTaken};
     }
-    if (!m_context.store.renameLayout(desk, name, *wanted)) {
+    if (!m_context.store.renameLayout(configID, name, *wanted)) {
         return {Kind::writeFailed};
     }
-    if (m_left && m_left->desk == desk && m_left->name == name) {
+    if (m_left && m_left->desk == configID && m_left->name == name) {
         m_left->name = *wanted;
     }
-    onRenamed(desk, name, *wanted);
+    onRenamed(configID, name, *wanted);
     layoutsChanged();
     return {Kind::done};
 }
 
 LayoutChange LayoutFlow::setPinned(bool isPinned, const std::string& configID, const std::string& name) {
     using Kind = LayoutChange::Kind;
-    // Both may refer to published state, which changes below.
-    const std::string desk = configID;
-    const std::string layout = name;
-    if (!m_context.store.layout(desk, layout)) {
+    if (!m_context.store.layout(configID, name)) {
         return {Kind::noSuchLayout};
     }
-    if (!m_context.store.setPinned(isPinned, desk, layout)) {
+    if (!m_context.store.setPinned(isPinned, configID, name)) {
         return {Kind::writeFailed};
     }
+    // Both may refer to published state, which changes here.
+    const std::pair changed(configID, name);
     m_context.showStoredLayouts();
     if (isPinned) {
-        onPinned(desk, layout);
+        onPinned(changed.first, changed.second);
     }
     return {Kind::done};
 }
 
 LayoutChange LayoutFlow::remove(const std::string& configID, const std::string& name) {
     using Kind = LayoutChange::Kind;
-    const std::string desk = configID;
-    const bool isActive = name == m_context.store.activeLayoutName(desk);
-    const bool isShown = isActive && desk == m_context.state().configID;
-    const auto layout = m_context.store.layout(desk, name);
+    const bool isActive = name == m_context.store.activeLayoutName(configID);
+    const bool isShown = isActive && configID == m_context.state().configID;
+    const auto layout = m_context.store.layout(configID, name);
     if (!layout) {
         return {Kind::noSuchLayout};
     }
     if (isShown && m_context.gate.isRestoring()) {
         return {Kind::restoreInFlight};
     }
-    const bool isOnlyOne = m_context.store.layouts(desk).size() == 1;
-    m_context.store.deleteLayout(desk, layout->layoutName);
-    if (m_context.store.layout(desk, layout->layoutName)) {
+    const bool isOnlyOne = m_context.store.layouts(configID).size() == 1;
+    m_context.store.deleteLayout(configID, layout->layoutName);
+    if (m_context.store.layout(configID, layout->layoutName)) {
         return {Kind::writeFailed};
     }
     m_context.deletions.add(
