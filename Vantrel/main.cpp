@@ -181,6 +181,11 @@ bool openPage(const std::string& url) {
            QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
 }
 
+// A file or folder; false if no program opens it.
+bool openFile(const std::filesystem::path& file) {
+    return openPage(QUrl::fromLocalFile(QString::fromStdString(file.string())).toString().toStdString());
+}
+
 // All objects of the program, in order of construction: each outlives those that use it.
 class Program {
 public:
@@ -320,10 +325,7 @@ private:
             };
         }
         services.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
-        services.openFile = [](const std::filesystem::path& file) {
-            const auto url = QUrl::fromLocalFile(QString::fromStdString(file.string()));
-            return openPage(url.toString().toStdString());
-        };
+        services.openFile = [](const std::filesystem::path& file) { return openFile(file); };
         services.showUpdate = [this] { m_updates.checkForUpdates(); };
         services.openWorkbench = [this] { m_controller->showWorkbench({}); };
         services.openSettings = openTab(WorkbenchTab::settings);
@@ -335,10 +337,22 @@ private:
     }
 
     void startWorkbench() {
-        m_workbench.emplace(*m_controller,
-                            Workbench::Services{.icons = &m_icons, .keyCode = [this](const QKeyEvent& event) {
-                                                    return m_hotKeys.virtualKeyCode(event.nativeScanCode());
-                                                }});
+        Workbench::Services services{.icons = &m_icons, .keyCode = [this](const QKeyEvent& event) {
+                                         return m_hotKeys.virtualKeyCode(event.nativeScanCode());
+                                     }};
+        services.settings.keyCode = services.keyCode;
+        services.settings.supportDirectory = m_supportDirectory;
+        services.settings.open = [](const std::filesystem::path& file) { return openFile(file); };
+        if (VendorServer::isReal(m_vendor.apiServer)) {
+            services.settings.crashReports = [this] { return m_crashUploader.pendingReports(); };
+            services.settings.sendCrashReports = [this](std::function<void()> done) {
+                m_crashUploader.sendPendingReports(std::move(done));
+            };
+            services.settings.checkForUpdates = [this] { m_updates.checkForUpdates(); };
+            services.settings.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
+        }
+        services.settings.showIntroduction = [this] { m_panel->openIntroduction(); };
+        m_workbench.emplace(*m_controller, std::move(services));
         m_controller->setWorkbenchHandler(
             [this](std::optional<WorkbenchTab> tab) { return m_workbench->open(tab); });
     }

@@ -209,6 +209,12 @@ private:
             Workbench::Services{
                 .icons = &m_icons,
                 .keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); },
+                .settings = {.keyCode =
+                                 [](const QKeyEvent& event) {
+                                     return std::optional(event.nativeVirtualKey());
+                                 },
+                             .supportDirectory = m_supportDirectory,
+                             .showIntroduction = [this] { m_panel->openIntroduction(); }},
                 .openChanged =
                     [this](bool isOpen) {
                         ProgramPresence::setShown(isOpen ||

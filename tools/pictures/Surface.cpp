@@ -4,8 +4,8 @@ namespace vantrel::pictures {
 
 std::vector<Surface> everySurface() {
     std::vector<Surface> all;
-    for (auto* const some :
-         {deskSurfaces, panelSurfaces, onboardingSurfaces, switcherSurfaces, workbenchSurfaces}) {
+    for (auto* const some : {deskSurfaces, panelSurfaces, onboardingSurfaces, switcherSurfaces,
+                             workbenchSurfaces, rulesAndSettingsSurfaces}) {
         for (Surface& surface : some()) {
             all.push_back(std::move(surface));
         }

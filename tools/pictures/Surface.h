@@ -21,6 +21,7 @@ struct Surface {
 [[nodiscard]] std::vector<Surface> onboardingSurfaces();
 [[nodiscard]] std::vector<Surface> switcherSurfaces();
 [[nodiscard]] std::vector<Surface> workbenchSurfaces();
+[[nodiscard]] std::vector<Surface> rulesAndSettingsSurfaces();
 [[nodiscard]] std::vector<Surface> everySurface();
 
 } // namespace vantrel::pictures

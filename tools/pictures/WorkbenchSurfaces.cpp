@@ -336,6 +336,8 @@ std::unique_ptr<WorkbenchWindow> workbench(const PublishedState& state, Workbenc
     const bool showsApps = !state.hasPermission;
     window->add(WorkbenchTab::history,
                 [=](QWidget* parent) { return historyPage(parent, isEmpty, showsApps); });
+    window->add(WorkbenchTab::rules, rulesPage);
+    window->add(WorkbenchTab::settings, settingsPage);
     window->show(state, {});
     window->choose(tab);
     window->resize(window->usualSize());

@@ -17,4 +17,8 @@ inline constexpr Date workbenchNow{std::chrono::sys_days(std::chrono::year(2026)
 // The window with every tab, one of them chosen. `state` outlives it.
 [[nodiscard]] std::unique_ptr<WorkbenchWindow> workbench(const PublishedState& state, WorkbenchTab tab);
 
+// Pages on sample data.
+[[nodiscard]] WorkbenchPage* rulesPage(QWidget* parent);
+[[nodiscard]] WorkbenchPage* settingsPage(QWidget* parent);
+
 } // namespace vantrel::pictures

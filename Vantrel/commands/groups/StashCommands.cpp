@@ -81,12 +81,13 @@ ControlAnswer discard(const BusCall& call) {
     if (found == stashes.end()) {
         return refused(fmt::format("There is no stash \"{}\". See: vantrelctl stash list", call[0]));
     }
-    const Stash stash = *found;
-    return call.controller.stashes().discard(stash.id)
-               ? ControlAnswer({{"id", stash.id},
-                                {"windows", stash.windowCount},
-                                {"configID", stash.configID},
-                                {"configName", stash.deskName}})
+    // The stash is gone afterwards.
+    const ControlAnswer deleted({{"id", found->id},
+                                 {"windows", found->windowCount},
+                                 {"configID", found->configID},
+                                 {"configName", found->deskName}});
+    return call.controller.stashes().discard(*id)
+               ? deleted
                : refused("The stash could not be deleted from disk. Nothing was changed.");
 }
 

@@ -4,7 +4,9 @@
 #include "Vantrel/interface/Text.h"
 #include "Vantrel/interface/workbench/desks/DesksPage.h"
 #include "Vantrel/interface/workbench/history/HistoryPage.h"
+#include "Vantrel/interface/workbench/rules/RulesPage.h"
 #include "Vantrel/interface/workbench/scenes/ScenesPage.h"
+#include "Vantrel/interface/workbench/settings/SettingsPage.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 
 #include <QApplication>
@@ -23,7 +25,8 @@ namespace {
 constexpr std::chrono::seconds agingInterval{30};
 constexpr const char* tabKey = "workbenchTab";
 constexpr const char* sizeKey = "workbenchSize";
-constexpr std::array shownTabs{WorkbenchTab::scenes, WorkbenchTab::desks, WorkbenchTab::history};
+constexpr std::array shownTabs{WorkbenchTab::scenes, WorkbenchTab::desks, WorkbenchTab::history,
+                               WorkbenchTab::rules, WorkbenchTab::settings};
 
 } // namespace
 
@@ -68,6 +71,15 @@ void Workbench::make() {
     m_window->add(WorkbenchTab::scenes, [this](QWidget* parent) { return scenesPage(parent); });
     m_window->add(WorkbenchTab::desks, [this](QWidget* parent) { return desksPage(parent); });
     m_window->add(WorkbenchTab::history, [this](QWidget* parent) { return historyPage(parent); });
+    const auto tell = [this](const std::string& text, bool isProblem) { say(text, isProblem); };
+    m_window->add(WorkbenchTab::rules, [this, tell](QWidget* parent) {
+        const auto problem = [tell](const std::string& text) { tell(text, true); };
+        return new RulesPage(m_looks, RulesActions::of(m_controller, problem), parent);
+    });
+    m_window->add(WorkbenchTab::settings, [this, tell](QWidget* parent) {
+        return new SettingsPage(SettingsActions::of(m_controller, m_services.settings, m_alive, tell),
+                                parent);
+    });
     m_window->onTab = [this] { watch(); };
     m_window->onClosed = [this] { closed(); };
     m_window->resize(rememberedSize());

@@ -5,6 +5,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
 #include "Vantrel/interface/workbench/WorkbenchWindow.h"
+#include "Vantrel/interface/workbench/settings/SettingsActions.h"
 
 #include <QTimer>
 
@@ -23,6 +24,7 @@ public:
         // Outlives the workbench; null draws every icon.
         ApplicationIcons* icons = nullptr;
         HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
+        SettingsActions::Services settings{};
         // Called when the window opens and when it has closed.
         std::function<void(bool isOpen)> openChanged = [](bool) {};
     };

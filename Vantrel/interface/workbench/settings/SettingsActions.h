@@ -1,0 +1,96 @@
+// What the user can do in the tab Settings.
+#pragma once
+
+#include "Vantrel/controller/AppController.h"
+#include "Vantrel/interface/controls/HotKeyRecorder.h"
+#include "Vantrel/interface/workbench/settings/SettingsContent.h"
+#include "VantrelCore/commands/HotKeyCollisions.h"
+#include "VantrelCore/model/HotKeyCombo.h"
+#include "VantrelCore/model/SceneTrigger.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantrel {
+
+struct SettingsActions {
+    // Why it was not done, as a sentence; none if it was.
+    using Problem = std::optional<std::string>;
+    using Done = std::function<void(const Problem&)>;
+
+    std::function<SettingsContent::Context()> context = [] { return SettingsContent::Context{}; };
+    std::function<Problem(std::string_view key, bool isOn)> set = [](auto, bool) { return std::nullopt; };
+    std::function<Problem(double seconds)> setSettleDelay = [](double) { return std::nullopt; };
+
+    HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
+    std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };
+    // None clears the shortcut, or returns it to its default.
+    std::function<Problem(const HotKeySurface&, std::optional<HotKeyCombo>)> setHotkey =
+        [](const auto&, auto) { return std::nullopt; };
+
+    std::function<Problem(const SceneTrigger::Kind&, const std::string& sceneID)> addTrigger =
+        [](const auto&, const auto&) { return std::nullopt; };
+    // Takes a time as people write it.
+    std::function<Problem(const std::string& id, const std::string& time)> setTriggerTime =
+        [](const auto&, const auto&) { return std::nullopt; };
+    std::function<Problem(const std::string& id, const std::string& sceneID)> setTriggerScene =
+        [](const auto&, const auto&) { return std::nullopt; };
+    std::function<Problem(const std::string& id, bool isOn)> setTriggerEnabled = [](const auto&, bool) {
+        return std::nullopt;
+    };
+    std::function<void(const std::string& id)> deleteTrigger = [](const auto&) {};
+
+    std::function<void()> swapDisplays = [] {};
+    std::function<void()> joinDesks = [] {};
+
+    // How many crash reports wait.
+    std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
+    // Null where there is nobody to send them to.
+    std::function<void(std::function<void()> done)> sendCrashReports{};
+    // Null where these cannot be opened.
+    std::function<void()> openCrashReports{};
+    std::function<void()> openLog{};
+    std::function<void()> openFolder{};
+    std::function<void()> openSettingsFile{};
+
+    std::function<void(const std::string& key, Done done)> activate = [](const auto&, const auto&) {};
+    std::function<void(Done done)> deactivate = [](const auto&) {};
+    // Null where nothing can be bought.
+    std::function<void()> purchase{};
+
+    // Null where the system updates the program.
+    std::function<void()> checkForUpdates{};
+    std::function<void()> showIntroduction{};
+
+    // What the program outside of the controller does.
+    struct Services {
+        HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
+        std::filesystem::path supportDirectory{};
+        // Opens a file or folder; null where that is not possible.
+        std::function<bool(const std::filesystem::path&)> open{};
+        std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
+        // Null where there is nobody to send them to.
+        std::function<void(std::function<void()> done)> sendCrashReports{};
+        // Null where nothing can be bought.
+        std::function<void()> purchase{};
+        // Null where the system updates the program.
+        std::function<void()> checkForUpdates{};
+        std::function<void()> showIntroduction{};
+    };
+
+    // `tell` says what became of a request, while `alive` lives.
+    [[nodiscard]] static SettingsActions
+    of(AppController& controller, const Services& services, const std::weak_ptr<bool>& alive,
+       const std::function<void(const std::string&, bool isProblem)>& tell);
+
+    std::function<std::string()> rememberedSection = [] { return std::string(); };
+    std::function<void(const std::string& name)> rememberSection = [](const auto&) {};
+};
+
+} // namespace vantrel
