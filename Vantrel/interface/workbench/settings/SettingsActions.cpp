@@ -91,7 +91,7 @@ SettingsActions SettingsActions::of(AppController& controller, const Services& s
                                     const std::weak_ptr<bool>& alive,
                                     const std::function<void(const std::string&, bool)>& tell) {
     SettingsActions actions;
-    actions.context = [&controller] {
+    actions.context = [&controller, canSend = services.sendCrashReports != nullptr] {
         return SettingsContent::Context{.dateText =
                                             [&controller](Date date) {
                                                 const TimeZone zone = controller.zone();
@@ -99,9 +99,10 @@ SettingsActions SettingsActions::of(AppController& controller, const Services& s
                                                        DayText::time(date, zone);
                                             },
                                         .hasEffect =
-                                            [&controller](std::string_view name) {
+                                            [&controller, canSend](std::string_view name) {
                                                 const SettingKey* const key = SettingKeys::named(name);
-                                                return key != nullptr && controller.hasEffect(*key);
+                                                return key != nullptr && controller.hasEffect(*key) &&
+                                                       (canSend || name != "sendCrashReports");
                                             }};
     };
     actions.set = [&controller](std::string_view key, bool isOn) {

@@ -30,12 +30,14 @@ struct Offered {
     const char* title;
     const char* detail = "";
     bool isInverted = false;
+    // For a setting whose absence has a meaning of its own.
+    bool isOnUnlessSet = false;
 };
 
-bool isOn(const PublishedState& state, std::string_view key) {
-    const auto found = state.preferences.find(key);
+bool isOn(const PublishedState& state, const Offered& offered) {
+    const auto found = state.preferences.find(offered.key);
     const bool* const value = found == state.preferences.end() ? nullptr : std::get_if<bool>(&found->second);
-    return value != nullptr && *value;
+    return value != nullptr ? *value : offered.isOnUnlessSet;
 }
 
 std::vector<Toggle> toggles(std::initializer_list<Offered> offered, const PublishedState& state,
@@ -46,7 +48,7 @@ std::vector<Toggle> toggles(std::initializer_list<Offered> offered, const Publis
             shown.push_back({.key = each.key,
                              .title = tr(each.title),
                              .detail = *each.detail == '\0' ? "" : tr(each.detail),
-                             .isOn = isOn(state, each.key) != each.isInverted,
+                             .isOn = isOn(state, each) != each.isInverted,
                              .isInverted = each.isInverted});
         }
     }
@@ -201,9 +203,10 @@ SettingsContent SettingsContent::of(const PublishedState& state, const Context& 
         content.scenes.push_back({scene.id, scene.name});
     }
     addDisplays(content, state);
-    content.privacy = toggles({{"sendCrashReports", marked("Send crash reports"),
-                                marked("Only of Vantrel itself. They say where in it the fault was.")}},
-                              state, context);
+    content.privacy =
+        toggles({{"sendCrashReports", marked("Send crash reports"),
+                  marked("Only of Vantrel itself. They say where in it the fault was."), false, true}},
+                state, context);
     content.license = state.entitlement.reason;
     content.isLicensed = state.entitlement.kind == Entitlement::Kind::licensed;
     content.canActivate = state.entitlement.kind != Entitlement::Kind::notNeeded && !content.isLicensed;
