@@ -3,8 +3,6 @@
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlNames.h"
-#include "Vantrel/commands/ReportMessage.h"
-#include "Vantrel/commands/ScenesMessage.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -15,16 +13,9 @@ namespace vantrel {
 
 namespace {
 
-// Their names, and what their argument is called.
-constexpr std::pair<const char*, const char*> signalNames[] = {
-    {"PhaseChanged", "phase"},     {"RestoreFinished", "report"}, {"ScenesChanged", "scenes"},
-    {"LayoutsChanged", "layouts"}, {"DriftChanged", "drift"},     {"SettingsChanged", "settings"},
-    {"DesksChanged", "desks"},     {"RulesChanged", "rules"},
-};
-
 std::string signalsXml() {
     std::string text;
-    for (const auto& [name, argument] : signalNames) {
+    for (const auto& [name, argument] : BusSignals::names) {
         text += fmt::format("    <signal name=\"{}\">\n      <arg name=\"{}\" type=\"s\"/>\n    </signal>\n",
                             name, argument);
     }
@@ -67,10 +58,12 @@ ControlService::ControlService(AppController& controller, const std::filesystem:
       m_interfaces{
           {ControlNames::interface, methodsOf(everyCommand(), controller, supportDirectory)},
           {ControlNames::actionsInterface, methodsOf(actionCommands(), controller, supportDirectory)}},
-      m_bus(bus), m_log(std::move(log)),
-      m_observer(controller.addObserver([this](Topics changed) { signalChanges(changed); })),
-      m_phase(controller.published().phase), m_lastRestore(controller.published().lastRestore),
-      m_driftNudge(controller.published().driftNudge), m_preferences(controller.published().preferences) {}
+      m_bus(bus), m_log(std::move(log)), m_observer(controller.addObserver([this](Topics changed) {
+          for (const auto& signal : m_signals.after(m_controller.published(), changed)) {
+              sendSignal(signal.name, signal.content);
+          }
+      })),
+      m_signals(controller.published()) {}
 
 ControlService::~ControlService() {
     m_controller.removeObserver(m_observer);
@@ -132,58 +125,6 @@ ControlReply ControlService::replyTo(const QDBusMessage& request) {
                           : request.createErrorReply(answer.error().error,
                                                      QString::fromStdString(answer.error().sentence)));
     };
-}
-
-void ControlService::signalChanges(Topics changed) {
-    const auto& state = m_controller.published();
-    if (m_phase != state.phase) {
-        m_phase = state.phase;
-        sendSignal("PhaseChanged", ControlAnswers::phase(state.phase));
-    }
-    if (m_lastRestore != state.lastRestore) {
-        m_lastRestore = state.lastRestore;
-        if (m_lastRestore) {
-            nlohmann::json report = m_lastRestore->report;
-            report["reason"] = m_lastRestore->reason;
-            report["configID"] = m_lastRestore->configID;
-            sendSignal("RestoreFinished", report);
-        }
-    }
-    if (m_driftNudge != state.driftNudge) {
-        m_driftNudge = state.driftNudge;
-        sendSignal("DriftChanged", m_driftNudge ? nlohmann::json(*m_driftNudge) : nlohmann::json::object());
-    }
-    if (m_preferences != state.preferences) {
-        auto keys = nlohmann::json::array();
-        for (const auto& [key, value] : state.preferences) {
-            const auto former = m_preferences.find(key);
-            if (former == m_preferences.end() || former->second != value) {
-                keys.push_back(key);
-            }
-        }
-        for (const auto& [key, value] : m_preferences) {
-            if (!state.preferences.contains(key)) {
-                keys.push_back(key);
-            }
-        }
-        m_preferences = state.preferences;
-        sendSignal("SettingsChanged", {{"keys", std::move(keys)}});
-    }
-    // What has changed can be asked for.
-    if (changed.contains(Topic::scenes)) {
-        sendSignal("ScenesChanged", {{"version", state.scenesVersion + state.triggersVersion}});
-    }
-    if (changed.contains(Topic::layouts)) {
-        sendSignal("LayoutsChanged", {{"configID", state.configID},
-                                      {"activeLayoutName", state.activeLayoutName},
-                                      {"activePinned", state.activePinned}});
-    }
-    if (changed.contains(Topic::desks)) {
-        sendSignal("DesksChanged", {{"version", state.desksVersion}});
-    }
-    if (changed.contains(Topic::rules)) {
-        sendSignal("RulesChanged", {{"version", state.rulesVersion}});
-    }
 }
 
 void ControlService::sendSignal(const char* name, const nlohmann::json& content) {

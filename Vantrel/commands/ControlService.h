@@ -2,6 +2,7 @@
 // interface is documented in docs/dbus.md.
 #pragma once
 
+#include "Vantrel/commands/BusSignals.h"
 #include "Vantrel/commands/ControlMethod.h"
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/diagnostics/ErrorBoundary.h"
@@ -11,7 +12,6 @@
 #include <QDBusVirtualObject>
 
 #include <filesystem>
-#include <map>
 #include <nlohmann/json_fwd.hpp>
 #include <vector>
 
@@ -39,7 +39,6 @@ private:
     // Null when there is no such method.
     [[nodiscard]] const ControlMethod* find(const QDBusMessage& message) const;
     [[nodiscard]] ControlReply replyTo(const QDBusMessage& request);
-    void signalChanges(Topics changed);
     void sendSignal(const char* name, const nlohmann::json& content);
 
     AppController& m_controller;
@@ -47,11 +46,7 @@ private:
     QDBusConnection m_bus;
     ErrorBoundary::Log m_log;
     Publisher::ObserverID m_observer;
-    // The last values signaled.
-    Phase m_phase;
-    std::optional<LastRestore> m_lastRestore;
-    std::optional<DriftNudgeInfo> m_driftNudge;
-    std::map<std::string_view, DefaultsValue> m_preferences;
+    BusSignals m_signals;
     // Expires with the service, so that later outcomes are ignored.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

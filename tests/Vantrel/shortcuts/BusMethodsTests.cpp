@@ -1,11 +1,13 @@
 // What can be asked over the session bus, on a controller with a simulated desk: hostile and ambiguous
 // arguments.
+#include "Vantrel/commands/BusSignals.h"
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/shell/CompletionValues.h"
 #include "tests/Vantrel/controller/Story.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace vantrel::simulated {
 namespace {
@@ -95,6 +97,34 @@ TEST_F(BusMethods, OneOfTwinDisplaysIsNamedByItsLabelAndNothingElse) {
     // A display that is not there keeps the label it had.
     story.connect("laptop");
     EXPECT_EQ(ruleDisplay(), "Office 24 (right)");
+}
+
+TEST_F(BusMethods, OtherProgramsHearWhatHasChanged) {
+    BusSignals signals(story.published());
+    std::set<std::string> heard;
+    nlohmann::json last;
+    const auto observer = story.controller->addObserver([&](Topics changed) {
+        for (const auto& signal : signals.after(story.published(), changed)) {
+            heard.insert(signal.name);
+            last = signal.content;
+        }
+    });
+    const auto changes = [&](const char* method, const std::vector<std::string>& arguments) {
+        heard.clear();
+        EXPECT_TRUE(call(method, arguments)) << method;
+        return heard;
+    };
+    EXPECT_EQ(changes("SetSetting", {"settleDelay", "2"}), (std::set<std::string>{"SettingsChanged"}));
+    EXPECT_EQ(last.at("keys").dump(), "[\"settleDelay\"]");
+    EXPECT_EQ(changes("SetRule", {"Mail", "ignore", "", "false"}), (std::set<std::string>{"RulesChanged"}));
+    EXPECT_EQ(changes("CreateEmptyScene", {"Work"}), (std::set<std::string>{"ScenesChanged"}));
+    EXPECT_EQ(changes("RenameDesk", {"", "Office"}),
+              (std::set<std::string>{"DesksChanged", "LayoutsChanged"}));
+    EXPECT_TRUE(changes("Restore", {}).contains("RestoreFinished"));
+    // Until the phase no longer tells of it.
+    story.runFor(10);
+    EXPECT_EQ(changes("Desks", {}), std::set<std::string>());
+    story.controller->removeObserver(observer);
 }
 
 TEST_F(BusMethods, ArgumentsBeyondReasonAreRefusedBeforeAnythingReadsThem) {
