@@ -24,8 +24,11 @@ RuleFlow::RuleFlow(ControllerContext& context, ControllerStores& stores)
 
 void RuleFlow::showStored() {
     m_context.publisher.publish<RulesTopic>([&](auto& topic) {
-        topic.rules = rules();
-        ++topic.rulesVersion;
+        const auto stored = rules();
+        if (stored != topic.rules) {
+            topic.rules = stored;
+            ++topic.rulesVersion;
+        }
     });
 }
 
