@@ -1,5 +1,6 @@
 // vantrelctl: queries a running vantrel and gives it commands.
 #include "Vantrel/commands/CommandTable.h"
+#include "Vantrel/commands/verbs/TranslatedHelp.h"
 #include "Vantrel/commands/verbs/UsageMistake.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "Vantrel/commands/verbs/VerbTable.h"
@@ -7,6 +8,8 @@
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/Terminal.h"
 #include "Vantrel/platform/qt/UserFolders.h"
+#include "VantrelCore/ports/SessionLanguage.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
@@ -20,14 +23,15 @@ namespace {
 
 using namespace vantrel;
 
-constexpr const char* examples = "Examples:\n"
-                                 "  vantrelctl save            remember where the windows are now\n"
-                                 "  vantrelctl restore         put them back and list the result for each\n"
-                                 "  vantrelctl undo            return them to where they were before\n"
-                                 "  vantrelctl save-scene Work save the desk as a scene\n"
-                                 "  vantrelctl apply Work      arrange the desk as saved in the scene\n"
-                                 "  vantrelctl desks           draw every remembered desk\n"
-                                 "  vantrelctl log --follow    watch what vantrel does";
+constexpr const char* examples =
+    marked("Examples:\n"
+           "  vantrelctl save            remember where the windows are now\n"
+           "  vantrelctl restore         put them back and list the result for each\n"
+           "  vantrelctl undo            return them to where they were before\n"
+           "  vantrelctl save-scene Work save the desk as a scene\n"
+           "  vantrelctl apply Work      arrange the desk as saved in the scene\n"
+           "  vantrelctl desks           draw every remembered desk\n"
+           "  vantrelctl log --follow    watch what vantrel does");
 
 std::string localDate(Date date) {
     const auto seconds = std::chrono::system_clock::to_time_t(
@@ -60,7 +64,7 @@ std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
 [[noreturn]] void leave(ExitCode code) {
     const bool isWritten = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
     if (!isWritten) {
-        code = VerbPrinting::complain("The output could not be written.", ExitCode::failed);
+        code = VerbPrinting::complain(tr("The output could not be written."), ExitCode::failed);
     }
     std::fflush(nullptr);
     std::_Exit(static_cast<int>(code));
@@ -69,16 +73,13 @@ std::expected<std::shared_ptr<void>, std::string> lockSupportDirectory() {
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    CLI::App app("Queries and controls the running vantrel.", "vantrelctl");
-    app.footer(std::string(VerbPrinting::exitCodes) + "\n" + examples);
-    app.set_help_flag("-h,--help", "Show this help");
-    app.set_version_flag("-V,--version", "vantrelctl " VANTREL_VERSION, "Show the version");
+    useSessionLanguage();
+    CLI::App app(marked("Queries and controls the running vantrel."), "vantrelctl");
+    app.formatter(std::make_shared<TranslatedHelp>());
+    app.footer(fmt::format("{}\n{}", tr(VerbPrinting::exitCodes), tr(examples)));
+    app.set_help_flag("-h,--help", marked("Show this help"));
+    app.set_version_flag("-V,--version", "vantrelctl " VANTREL_VERSION, marked("Show the version"));
     app.require_subcommand(1);
-    const auto formatter = app.get_formatter();
-    formatter->column_width(26);
-    formatter->label("SUBCOMMAND", "COMMAND");
-    formatter->label("Positionals", "Arguments");
-    formatter->label("REQUIRED", "");
 
     const VerbTable verbs(app, everyCommand());
 
@@ -94,9 +95,8 @@ int main(int argumentCount, char** arguments) {
     } catch (const CLI::ParseError& error) {
         const std::string known = UsageMistake::command(app);
         const std::string topic = known.substr(known.find(' ') + 1);
-        leave(VerbPrinting::complain(fmt::format("{} See: vantrelctl help{}{}",
-                                                 UsageMistake::sentence(app, error),
-                                                 topic == known ? "" : " ", topic == known ? "" : topic),
+        leave(VerbPrinting::complain(trf("{} See: vantrelctl help{}{}", UsageMistake::sentence(app, error),
+                                         topic == known ? "" : " ", topic == known ? "" : topic),
                                      ExitCode::usage));
     }
 

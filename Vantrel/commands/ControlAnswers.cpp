@@ -3,6 +3,7 @@
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -63,16 +64,17 @@ std::expected<Scene, std::string> sceneCalled(const PublishedState& state, const
     if (found != state.scenes.end()) {
         return *found;
     }
-    return std::unexpected(state.scenes.empty()
-                               ? "There are no scenes yet. Save one with: vantrelctl save-scene NAME"
-                               : fmt::format("There is no scene \"{}\".", called));
+    return std::unexpected(
+        state.scenes.empty()
+            ? std::string(tr("There are no scenes yet. Save one with: vantrelctl save-scene NAME"))
+            : trf("There is no scene \"{}\".", called));
 }
 
 std::expected<RememberedDesk, std::string> deskCalled(const PublishedState& state,
                                                       const std::string& called) {
     const auto& desks = state.desks;
     if (called.empty() && state.configID.empty()) {
-        return std::unexpected("No display is awake.");
+        return std::unexpected(tr("No display is awake."));
     }
     if (called.empty()) {
         return RememberedDesk{
@@ -88,14 +90,12 @@ std::expected<RememberedDesk, std::string> deskCalled(const PublishedState& stat
     };
     const auto found = std::ranges::find_if(desks, isCalled);
     if (found == desks.end()) {
-        return std::unexpected(
-            fmt::format("There is no remembered desk \"{}\". See: vantrelctl desks", called));
+        return std::unexpected(trf("There is no remembered desk \"{}\". See: vantrelctl desks", called));
     }
     if (std::ranges::count_if(desks, isCalled) > 1) {
-        return std::unexpected(
-            fmt::format("More than one desk is called \"{}\". To list the desks with their "
-                        "IDs: vantrelctl desks --json",
-                        called));
+        return std::unexpected(trf("More than one desk is called \"{}\". To list the desks with their "
+                                   "IDs: vantrelctl desks --json",
+                                   called));
     }
     return *found;
 }

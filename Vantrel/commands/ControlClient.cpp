@@ -1,6 +1,7 @@
 #include "Vantrel/commands/ControlClient.h"
 
 #include "Vantrel/commands/ControlNames.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -28,10 +29,10 @@ ControlFailure failure(const QDBusMessage& reply) {
     const auto name = reply.errorName();
     if (name == QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown") ||
         name == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner")) {
-        return {ControlFailure::Kind::notRunning, "vantrel is not running. Start it with: vantrel"};
+        return {ControlFailure::Kind::notRunning, tr("vantrel is not running. Start it with: vantrel")};
     }
     if (name == QLatin1String("org.freedesktop.DBus.Error.NoReply")) {
-        return {ControlFailure::Kind::failed, "vantrel quit or did not reply."};
+        return {ControlFailure::Kind::failed, tr("vantrel quit or did not reply.")};
     }
     return {ControlFailure::Kind::failed, reply.errorMessage().toStdString()};
 }
@@ -82,7 +83,7 @@ ControlClient::call(const char* method, const std::vector<std::string>& argument
     if (!bus.isConnected()) {
         return std::unexpected(ControlFailure{
             ControlFailure::Kind::notRunning,
-            "There is no session bus here (DBUS_SESSION_BUS_ADDRESS), so vantrel cannot be reached."});
+            tr("There is no session bus here (DBUS_SESSION_BUS_ADDRESS), so vantrel cannot be reached.")});
     }
     auto request = message(method);
     for (const auto& argument : arguments) {
@@ -92,8 +93,8 @@ ControlClient::call(const char* method, const std::vector<std::string>& argument
     if (!reply) {
         return std::unexpected(ControlFailure{
             ControlFailure::Kind::failed,
-            "vantrel is running but does not reply: it is suspended or very busy. Try again, or restart "
-            "it."});
+            tr("vantrel is running but does not reply: it is suspended or very busy. Try again, or restart "
+               "it.")});
     }
     if (reply->type() != QDBusMessage::ReplyMessage) {
         return std::unexpected(failure(*reply));
@@ -101,8 +102,8 @@ ControlClient::call(const char* method, const std::vector<std::string>& argument
     const auto text = reply->arguments().value(0).toString().toStdString();
     auto answer = nlohmann::json::parse(text, nullptr, false);
     if (!answer.is_object()) {
-        return std::unexpected(ControlFailure{ControlFailure::Kind::failed,
-                                              "vantrel sent a reply that vantrelctl does not understand."});
+        return std::unexpected(ControlFailure{
+            ControlFailure::Kind::failed, tr("vantrel sent a reply that vantrelctl does not understand.")});
     }
     return answer;
 }

@@ -1,6 +1,7 @@
 #include "Vantrel/commands/ControlMethod.h"
 
 #include "Vantrel/commands/ControlNames.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -18,8 +19,8 @@ public:
 
     // Answers with an error if nothing else has answered.
     ~PendingReply() {
-        answer(std::unexpected(
-            ControlRefusal{ControlNames::failed, "An error stopped the command. See the log for details."}));
+        answer(std::unexpected(ControlRefusal{ControlNames::failed,
+                                              tr("An error stopped the command. See the log for details.")}));
     }
 
     PendingReply(const PendingReply&) = delete;

@@ -1,10 +1,13 @@
 #include "Vantrel/commands/Diagnosis.h"
 
+#include "Vantrel/commands/terminal/TextColumns.h"
 #include "VantrelCore/model/JsonCoding.h"
 #include "VantrelCore/stores/SetAside.h"
 #include "VantrelCore/stores/StoreInspection.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
+#include <array>
 #include <fmt/format.h>
 #include <set>
 #include <tuple>
@@ -19,39 +22,39 @@ namespace {
 
 using Lines = std::vector<Diagnosis::Line>;
 
-constexpr const char* filesArea = "files";
-constexpr const char* foldersArea = "folders";
-constexpr const char* busArea = "bus";
-constexpr const char* windowManagerArea = "window manager";
+constexpr const char* filesArea = marked("files");
+constexpr const char* foldersArea = marked("folders");
+constexpr const char* busArea = marked("bus");
+constexpr const char* windowManagerArea = marked("window manager");
 
 void examineFolder(const Doctor::Patient& patient, const std::filesystem::path& folder, Lines& lines) {
     const auto entries = patient.files.list(folder);
     if (!entries && entries.error() == std::errc::no_such_file_or_directory) {
-        lines.push_back({foldersArea, true, fmt::format("{} will be created when needed", folder.string())});
+        lines.push_back({foldersArea, true, trf("{} will be created when needed", folder.string())});
         return;
     }
     if (!entries) {
-        lines.push_back({foldersArea, false,
-                         fmt::format("{} cannot be read ({})", folder.string(), entries.error().message())});
+        lines.push_back(
+            {foldersArea, false, trf("{} cannot be read ({})", folder.string(), entries.error().message())});
         return;
     }
     const auto probe = folder / ".doctor";
     const std::error_code error = patient.files.writeAtomically(probe, "Can this folder be written?\n");
     std::ignore = patient.files.remove(probe);
     lines.push_back({foldersArea, !error,
-                     error ? fmt::format("{} cannot be written ({})", folder.string(), error.message())
-                           : fmt::format("{} can be read and written", folder.string())});
+                     error ? trf("{} cannot be written ({})", folder.string(), error.message())
+                           : trf("{} can be read and written", folder.string())});
 }
 
 Diagnosis::Line describeCopy(const Doctor::Patient& patient, const StoreInspection::Finding& copy,
                              bool isInUse) {
     const std::string name = copy.file.filename().string();
-    const std::string what = fmt::format("{} is a copy of {} from {}", name,
-                                         copy.original.filename().string(), patient.localDate(copy.modified));
+    const std::string what = trf("{} is a copy of {} from {}", name, copy.original.filename().string(),
+                                 patient.localDate(copy.modified));
     if (!copy.problem.empty()) {
-        return {filesArea, isInUse, fmt::format("{}; it cannot be used ({})", what, copy.problem)};
+        return {filesArea, isInUse, trf("{}; it cannot be used ({})", what, copy.problem)};
     }
-    return {filesArea, isInUse, fmt::format("{}; it can be put back", what),
+    return {filesArea, isInUse, trf("{}; it can be put back", what),
             fmt::format("vantrelctl doctor --put-back {}", name)};
 }
 
@@ -70,11 +73,11 @@ void examineStores(const Doctor::Patient& patient, Lines& lines) {
         if (!finding.isCopy() && !finding.problem.empty()) {
             lines.push_back(
                 {filesArea, false,
-                 fmt::format("{} cannot be used ({})", finding.file.filename().string(), finding.problem)});
+                 trf("{} cannot be used ({})", finding.file.filename().string(), finding.problem)});
         }
     }
-    lines.push_back({filesArea, sound == present.size(),
-                     fmt::format("{} of {} stores are sound", sound, present.size())});
+    lines.push_back(
+        {filesArea, sound == present.size(), trf("{} of {} stores are sound", sound, present.size())});
     for (const auto& finding : *findings) {
         if (finding.isCopy()) {
             // A copy is a problem only if the original file is missing.
@@ -89,16 +92,16 @@ void examineFile(const Doctor::Patient& patient, const std::filesystem::path& fi
         return;
     }
     lines.push_back(
-        {filesArea, false, fmt::format("{} cannot be read ({})", file.string(), content.error().message())});
+        {filesArea, false, trf("{} cannot be read ({})", file.string(), content.error().message())});
 }
 
 // Copies of files other than stores are only listed.
 void nameOtherCopies(const Doctor::Patient& patient, const std::filesystem::path& file, Lines& lines) {
     for (const auto& entry : patient.files.list(file.parent_path()).value_or(std::vector<FileEntry>())) {
         if (SetAside::original(entry.file) == file) {
-            lines.push_back({filesArea, true,
-                             fmt::format("{} is a copy from {}", entry.file.string(),
-                                         patient.localDate(entry.modified))});
+            lines.push_back(
+                {filesArea, true,
+                 trf("{} is a copy from {}", entry.file.string(), patient.localDate(entry.modified))});
         }
     }
 }
@@ -112,7 +115,7 @@ void addIncidents(const StatusMessage& status, Lines& lines) {
         lines.push_back({filesArea, false, mistake});
     }
     if (status.learningFailed) {
-        lines.push_back({filesArea, false, "The last attempt to save the current desk failed."});
+        lines.push_back({filesArea, false, tr("The last attempt to save the current desk failed.")});
     }
 }
 
@@ -121,11 +124,11 @@ void examineProgram(const Doctor::Patient& patient, Lines& lines) {
         lines.push_back({busArea, false, patient.status.error()});
         return;
     }
-    lines.push_back({busArea, true, fmt::format("vantrel {} responds", patient.status->version)});
+    lines.push_back({busArea, true, trf("vantrel {} responds", patient.status->version)});
     const bool hasPermission = patient.status->phase.name != "needsPermission";
-    lines.push_back(
-        {windowManagerArea, hasPermission,
-         hasPermission ? "windows can be moved" : "no window manager that can move windows is running"});
+    lines.push_back({windowManagerArea, hasPermission,
+                     hasPermission ? tr("windows can be moved")
+                                   : tr("no window manager that can move windows is running")});
 }
 
 } // namespace
@@ -149,11 +152,14 @@ Diagnosis examine(const Patient& patient) {
 }
 
 std::string text(const Diagnosis& diagnosis) {
+    constexpr std::array areas{filesArea, foldersArea, busArea, windowManagerArea};
+    const int columns = TextColumns::widthOf(areas, 14);
     std::string text;
     for (const auto& line : diagnosis.lines) {
-        text += fmt::format("{} {:<14} {}\n", line.isSound ? "ok" : "! ", line.area, line.text);
+        text += fmt::format("{} {:<{}} {}\n", line.isSound ? "ok" : "! ", tr(line.area.c_str()), columns,
+                            line.text);
         if (line.command) {
-            text += fmt::format("   {:<14} {}\n", "", *line.command);
+            text += fmt::format("   {:<{}} {}\n", "", columns, *line.command);
         }
     }
     return text;

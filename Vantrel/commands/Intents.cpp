@@ -1,6 +1,6 @@
 #include "Vantrel/commands/Intents.h"
 
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -11,10 +11,6 @@ namespace {
 
 void reportNothingHappened(const Intents::Done& done, std::string message) {
     done(std::unexpected(VantrelIntentError{VantrelIntentError::Kind::nothingHappened, std::move(message)}));
-}
-
-std::string windows(std::int64_t count) {
-    return count == 0 ? "No windows" : countedNoun(count, "window");
 }
 
 // Reports the result of a restore once it has ended. If it did not begin, the message is `refusal`, or the
@@ -38,7 +34,7 @@ AppController* Intents::controller(const Done& done) const {
     AppController* const running = m_shared();
     if (running == nullptr) {
         done(std::unexpected(
-            VantrelIntentError{VantrelIntentError::Kind::notRunning, std::string(vantrelIsNotRunning)}));
+            VantrelIntentError{VantrelIntentError::Kind::notRunning, tr(vantrelIsNotRunning)}));
     }
     return running;
 }
@@ -48,9 +44,13 @@ void Intents::restoreNow(const Done& done) {
         running->restoreNow(
             RestoreSource::shortcut,
             reportOutcome(
-                done, [](std::int64_t count) { return windows(count) + " put back."; },
-                "Nothing moved. This desk has no saved layout yet, or Vantrel is paused, missing "
-                "Accessibility permission, or past its trial."));
+                done,
+                [](std::int64_t count) {
+                    return count == 0 ? tr("No windows put back.")
+                                      : trn("{} window put back.", "{} windows put back.", count);
+                },
+                tr("Nothing moved. This desk has no saved layout yet, or Vantrel is paused, missing "
+                   "Accessibility permission, or past its trial.")));
     }
 }
 
@@ -59,16 +59,16 @@ void Intents::applyScene(const std::string& sceneID, const Done& done) {
         const auto& scenes = running->published().scenes;
         const auto scene = std::ranges::find(scenes, sceneID, &Scene::id);
         if (scene == scenes.end()) {
-            reportNothingHappened(done, "That scene no longer exists.");
+            reportNothingHappened(done, tr("That scene no longer exists."));
             return;
         }
         // A copy, because applying the scene changes the published scenes.
         running->applyScene(
             Scene(*scene), "Shortcuts",
             reportOutcome(
-                done, [name = scene->name](std::int64_t) { return fmt::format("Applied \"{}\".", name); },
-                "Nothing moved. Vantrel may be paused, missing Accessibility permission, or past its "
-                "trial."));
+                done, [name = scene->name](std::int64_t) { return trf("Applied \"{}\".", name); },
+                tr("Nothing moved. Vantrel may be paused, missing Accessibility permission, or past its "
+                   "trial.")));
     }
 }
 
@@ -76,7 +76,7 @@ void Intents::saveScene(const std::string& name, const Done& done) {
     if (AppController* const running = controller(done)) {
         running->scenes().saveCurrentAsScene(name, [done](const SceneSaveOutcome& outcome) {
             if (outcome.isSaved()) {
-                done(fmt::format("Saved the desk as \"{}\".", outcome.scene ? outcome.scene->name : ""));
+                done(trf("Saved the desk as \"{}\".", outcome.scene ? outcome.scene->name : ""));
             } else {
                 reportNothingHappened(done, outcome.text());
             }
@@ -90,20 +90,28 @@ void Intents::stash(const Done& done) {
             {.stashed =
                  [done](const StashFlow::Result& stash) {
                      if (stash) {
-                         done(windows(stash->windowCount) + " put aside.");
+                         done(stash->windowCount == 0
+                                  ? tr("No windows put aside.")
+                                  : trn("{} window put aside.", "{} windows put aside.", stash->windowCount));
                      } else {
                          reportNothingHappened(done, SaveOutcome{.kind = stash.error()}.text());
                      }
                  },
              .broughtBack = reportOutcome(
-                 done, [](std::int64_t count) { return windows(count) + " brought back."; }, "")});
+                 done,
+                 [](std::int64_t count) {
+                     return count == 0 ? tr("No windows brought back.")
+                                       : trn("{} window brought back.", "{} windows brought back.", count);
+                 },
+                 "")});
     }
 }
 
 void Intents::undoLastRestore(const Done& done) {
     if (AppController* const running = controller(done)) {
         running->undoLastRestore(reportOutcome(
-            done, [](std::int64_t) { return "Undid the last restore."; }, "There is nothing to undo."));
+            done, [](std::int64_t) { return std::string(tr("Undid the last restore.")); },
+            tr("There is nothing to undo.")));
     }
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <array>
 #include <cstdint>
@@ -50,7 +51,7 @@ public:
     using Result = std::expected<std::string, VantrelIntentError>;
     using Done = std::function<void(const Result&)>;
 
-    static constexpr std::string_view vantrelIsNotRunning = "Vantrel is not running.";
+    static constexpr const char* vantrelIsNotRunning = marked("Vantrel is not running.");
 
     static constexpr std::array<IntentDescription, 5> all{{
         {"RestoreNowIntent", "Restore Now", "", "Restore my windows with %1", "arrow.uturn.backward"},

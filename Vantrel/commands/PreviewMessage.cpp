@@ -5,6 +5,7 @@
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "VantrelCore/model/JsonCoding.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <iterator>
@@ -81,7 +82,7 @@ std::string text(const nlohmann::json& preview, const DeskDrawing::Options& draw
     }
     std::ranges::move(inPlace, std::back_inserter(rows));
     for (const auto& window : preview.at("unremembered")) {
-        rows.push_back({"not remembered", required<std::string>(window, "appName"),
+        rows.push_back({tr("not remembered"), required<std::string>(window, "appName"),
                         required<std::string>(window, "title")});
     }
     return required<std::string>(preview, "summary") + '\n' + TextColumns::lines(rows, drawing.columns);

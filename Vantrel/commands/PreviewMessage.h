@@ -3,6 +3,7 @@
 
 #include "Vantrel/commands/Command.h"
 #include "Vantrel/controller/RestorePreviewFlow.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <nlohmann/json_fwd.hpp>
 #include <string>
@@ -21,7 +22,8 @@ namespace PreviewMessage {
 [[nodiscard]] std::string text(const nlohmann::json& preview, const DeskDrawing::Options& drawing);
 
 // The word --dry-run of a verb that moves windows.
-inline constexpr Word dryRun{"--dry-run", "Print what would happen, and move nothing", ValueKind::flag};
+inline constexpr Word dryRun{"--dry-run", marked("Print what would happen, and move nothing"),
+                             ValueKind::flag};
 
 // What such a verb does: calls `method` and prints its report, or calls `preview`. Both take `arguments`.
 [[nodiscard]] ExitCode run(const VerbCall& call, const char* method, const char* preview,

@@ -1,5 +1,6 @@
 #include "Vantrel/controller/AppController.h"
 
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/AXPermission.h"
 
 #include <fmt/format.h>
@@ -259,10 +260,12 @@ void AppController::showSettings() {
     const bool isEnabled = m_context.settings.enabled();
     const auto file = defaults().file();
     auto mistakes = file ? SettingMistakes::in(*file) : std::vector<SettingMistake>();
-    for (const SettingMistake& mistake : mistakes) {
-        const auto isSame = [&](const SettingMistake& known) { return known.sentence == mistake.sentence; };
+    for (std::size_t index = 0; index < mistakes.size(); ++index) {
+        const auto isSame = [&](const SettingMistake& known) {
+            return known.sentence == mistakes[index].sentence;
+        };
         if (std::ranges::none_of(published().settingMistakes, isSame)) {
-            m_context.log("settings: " + mistake.text());
+            m_context.log("settings: " + inEnglish([&] { return SettingMistakes::in(*file)[index].text(); }));
         }
     }
     m_context.publisher.publish<SettingsTopic>([&](auto& settings) {

@@ -115,7 +115,7 @@ bool LayoutFlow::applyLayout(const Layout& layout, const RestoreOutcome::Done& d
 
 void LayoutFlow::saveLayoutAs(const std::string& name, std::function<void(const SaveOutcome&)> done) {
     const auto tell = [this, done = std::move(done)](const SaveOutcome& outcome) {
-        m_context.log("save layout: " + outcome.text());
+        m_context.log("save layout: " + inEnglish([&] { return outcome.text(); }));
         if (outcome.kind != SaveOutcome::Kind::saved) {
             m_context.announce(HUD::Refused{outcome.text()});
         }

@@ -3,6 +3,7 @@
 #include "Vantrel/controller/CaptureNow.h"
 #include "VantrelCore/displays/DisplayTopology.h"
 #include "VantrelCore/stores/UserEdit.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/AXPermission.h"
 
 #include <fmt/format.h>
@@ -142,7 +143,7 @@ void LearningFlow::saveLayoutNow(std::function<void(const SaveOutcome&)> done) {
                         [this, done = std::move(done)](const CaptureNow::Result& captured) {
                             const SaveOutcome outcome =
                                 captured ? finishSave(*captured) : SaveOutcome{.kind = captured.error()};
-                            m_context.log("save layout: " + outcome.text());
+                            m_context.log("save layout: " + inEnglish([&] { return outcome.text(); }));
                             if (outcome.kind != SaveOutcome::Kind::saved) {
                                 m_context.announce(HUD::Refused{outcome.text()});
                             }

@@ -1,5 +1,6 @@
 #include "Vantrel/controller/PinnedFlow.h"
 
+#include "VantrelCore/text/Translation.h"
 #include <fmt/format.h>
 
 namespace vantrel {
@@ -12,15 +13,15 @@ constexpr double driftTolerance = 2;
 std::string reasonFor(const RestoreRequest& request) {
     switch (request.purpose) {
     case RestorePurpose::sceneSwitch:
-        return fmt::format("the scene \"{}\" was applied", request.sceneName.value_or(""));
+        return trf("the scene \"{}\" was applied", request.sceneName.value_or(""));
     case RestorePurpose::stashReturn:
-        return "a stash was brought back";
+        return tr("a stash was brought back");
     case RestorePurpose::undo:
-        return "a restore was undone";
+        return tr("a restore was undone");
     case RestorePurpose::restore:
         break;
     }
-    return "another layout was applied";
+    return tr("another layout was applied");
 }
 
 // Ignores the layout's name.
@@ -71,7 +72,7 @@ void PinnedFlow::enforce(const Layout& pinned) {
         return;
     }
     if (m_strikes == maxStrikes) {
-        publish(PinPause{PinPause::Cause::gaveUp, "its windows did not stay in place"});
+        publish(PinPause{PinPause::Cause::gaveUp, tr("its windows did not stay in place")});
         m_context.log("pinned drift persists after 3 enforcements, pausing until the layout changes");
         return;
     }
@@ -99,10 +100,10 @@ void PinnedFlow::restored(const RestoreRequest& request) {
         endPauseForUser();
         return;
     }
-    const PinPause pause{PinPause::Cause::userAskedForAnother, reasonFor(request)};
+    const auto pause = [&] { return PinPause{PinPause::Cause::userAskedForAnother, reasonFor(request)}; };
     m_driftGuard.reset();
-    publish(pause);
-    m_context.log("pinned layout: " + pause.text());
+    publish(pause());
+    m_context.log("pinned layout: " + inEnglish([&] { return pause().text(); }));
 }
 
 void PinnedFlow::endPauseForUser() {

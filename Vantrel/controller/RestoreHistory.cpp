@@ -1,5 +1,7 @@
 #include "Vantrel/controller/RestoreHistory.h"
 
+#include "VantrelCore/text/Translation.h"
+
 #include <fmt/format.h>
 #include <tuple>
 #include <utility>
@@ -149,7 +151,8 @@ void RestoreHistory::recordTotals(const RestoreRequest& request, std::int64_t wi
 }
 
 void RestoreHistory::addFollowUp(const std::vector<std::size_t>& items) {
-    amend(items, RestoreLog::Outcome::retried, "something moved it after the restore; it was put back");
+    amend(items, RestoreLog::Outcome::retried,
+          marked("something moved it after the restore; it was put back"));
 }
 
 void RestoreHistory::addSettled(const std::vector<std::size_t>& items,

@@ -82,7 +82,7 @@ SceneSaveOutcome SceneFlow::save(std::string_view name, const Layout& layout) {
 void SceneFlow::saveCurrentAsScene(const std::string& name,
                                    std::function<void(const SceneSaveOutcome&)> done) {
     const auto tell = [this, done = std::move(done)](const SceneSaveOutcome& outcome) {
-        m_context.log("save scene: " + outcome.text());
+        m_context.log("save scene: " + inEnglish([&] { return outcome.text(); }));
         if (done) {
             done(outcome);
         }

@@ -3,6 +3,7 @@
 #include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/text/SafeText.h"
 #include "VantrelCore/text/SimilarName.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -36,62 +37,69 @@ SettingKey modifiers(std::string_view name, std::optional<std::int64_t> fallback
 }
 
 const std::array table{
-    SettingKey{"enabled", boolean, true, "learn and restore layouts"},
-    SettingKey{"autoRestore", boolean, true, "put windows back when the displays have settled"},
+    SettingKey{"enabled", boolean, true, marked("learn and restore layouts")},
+    SettingKey{"autoRestore", boolean, true, marked("put windows back when the displays have settled")},
     SettingKey{"settleDelay", number, 0.5,
-               "seconds without a display event before the displays count as settled", preference,
+               marked("seconds without a display event before the displays count as settled"), preference,
                std::pair{0.0, 60.0}},
-    SettingKey{"restoreSizes", boolean, true, "put sizes back as well as positions"},
+    SettingKey{"restoreSizes", boolean, true, marked("put sizes back as well as positions")},
     SettingKey{"placeNewAppsEnabled", boolean, true,
-               "move the windows of newly started programs to their places"},
+               marked("move the windows of newly started programs to their places")},
     SettingKey{"hideOthersOnSceneSwitch", boolean, false,
-               "applying a scene hides the applications that are not in it"},
+               marked("applying a scene hides the applications that are not in it")},
     SettingKey{"quietNudgesEnabled", boolean, true,
-               "say in the panel when windows have moved away from the scene"},
+               marked("say in the panel when windows have moved away from the scene")},
     SettingKey{"patternSuggestionsStopped", boolean, false,
-               "never suggest saving a recurring arrangement as a scene"},
+               marked("never suggest saving a recurring arrangement as a scene")},
     SettingKey{
         "calendarFolders", text, std::nullopt,
-        "folders of .ics files for calendar triggers, separated by colons; absent: the usual folders of "
-        "calendar programs"},
-    SettingKey{"showHUD", boolean, true, "show the outcome of commands and restores as an overlay"},
-    SettingKey{"sendCrashReports", boolean, std::nullopt,
-               "send reports of vantrel's own crashes to its vendor; absent: if this build has a vendor"},
-    SettingKey{"showWindowPreviews", boolean, false, "draw previews of windows"},
-    SettingKey{"launchAtLogin", boolean, false, "start with the session"},
+        marked(
+            "folders of .ics files for calendar triggers, separated by colons; absent: the usual folders of "
+            "calendar programs")},
+    SettingKey{"showHUD", boolean, true, marked("show the outcome of commands and restores as an overlay")},
+    SettingKey{
+        "sendCrashReports", boolean, std::nullopt,
+        marked("send reports of vantrel's own crashes to its vendor; absent: if this build has a vendor")},
+    SettingKey{"showWindowPreviews", boolean, false, marked("draw previews of windows")},
+    SettingKey{"launchAtLogin", boolean, false, marked("start with the session")},
     SettingKey{"showDockIcon", boolean, std::nullopt,
-               "show an icon in the Dock, from the next start; absent: none"},
+               marked("show an icon in the Dock, from the next start; absent: none")},
     SettingKey{"showPanelWithoutTray", boolean, true,
-               "open the panel at start on a desktop that shows no tray icons"},
-    code("restoreKeyCode", HotKeyDefaults::restore.keyCode, "the key that restores, as a key code"),
+               marked("open the panel at start on a desktop that shows no tray icons")},
+    code("restoreKeyCode", HotKeyDefaults::restore.keyCode, marked("the key that restores, as a key code")),
     modifiers("restoreModifiers", HotKeyDefaults::restore.modifiers,
-              "its modifiers: the sum of 256 command, 512 shift, 2048 option, 4096 control"),
-    code("saveKeyCode", HotKeyDefaults::save.keyCode, "the key that saves the layout"),
-    modifiers("saveModifiers", HotKeyDefaults::save.modifiers, "its modifiers"),
-    code("stashKeyCode", HotKeyDefaults::stash.keyCode, "the key that stashes the desk or brings it back"),
-    modifiers("stashModifiers", HotKeyDefaults::stash.modifiers, "its modifiers"),
-    code("undoKeyCode", std::nullopt, "the key that undoes the last restore; absent: none"),
-    modifiers("undoModifiers", std::nullopt, "its modifiers"),
-    code("quickSwitcherKeyCode", std::nullopt, "the key of the quick switcher; absent: none"),
-    modifiers("quickSwitcherModifiers", std::nullopt, "its modifiers"),
+              marked("its modifiers: the sum of 256 command, 512 shift, 2048 option, 4096 control")),
+    code("saveKeyCode", HotKeyDefaults::save.keyCode, marked("the key that saves the layout")),
+    modifiers("saveModifiers", HotKeyDefaults::save.modifiers, marked("its modifiers")),
+    code("stashKeyCode", HotKeyDefaults::stash.keyCode,
+         marked("the key that stashes the desk or brings it back")),
+    modifiers("stashModifiers", HotKeyDefaults::stash.modifiers, marked("its modifiers")),
+    code("undoKeyCode", std::nullopt, marked("the key that undoes the last restore; absent: none")),
+    modifiers("undoModifiers", std::nullopt, marked("its modifiers")),
+    code("quickSwitcherKeyCode", std::nullopt, marked("the key of the quick switcher; absent: none")),
+    modifiers("quickSwitcherModifiers", std::nullopt, marked("its modifiers")),
     SettingKey{"settingsSelectedSection", text, std::nullopt,
-               "the section that the settings open with; absent: the first", note},
-    SettingKey{"missionControlFixApplied", boolean, false, "the Mission Control fix was applied", note},
-    SettingKey{"patternObservations", data, std::nullopt, "recent daily arrangements of the desks, as JSON",
+               marked("the section that the settings open with; absent: the first"), note},
+    SettingKey{"missionControlFixApplied", boolean, false, marked("the Mission Control fix was applied"),
                note},
+    SettingKey{"patternObservations", data, std::nullopt,
+               marked("recent daily arrangements of the desks, as JSON"), note},
     SettingKey{"patternSuggestionSnoozedUntil", number, std::nullopt,
-               "when suggestions resume, in seconds since 1970; absent: now", note},
-    SettingKey{"wallpaperMemory", data, std::nullopt, "the wallpapers from before a scene, as JSON", note},
-    SettingKey{"wallpaperRecents", data, std::nullopt, "recently chosen wallpapers, as JSON", note},
-    SettingKey{"workbenchTab", text, std::nullopt, "the tab that the workbench was closed with", note},
+               marked("when suggestions resume, in seconds since 1970; absent: now"), note},
+    SettingKey{"wallpaperMemory", data, std::nullopt, marked("the wallpapers from before a scene, as JSON"),
+               note},
+    SettingKey{"wallpaperRecents", data, std::nullopt, marked("recently chosen wallpapers, as JSON"), note},
+    SettingKey{"workbenchTab", text, std::nullopt, marked("the tab that the workbench was closed with"),
+               note},
     SettingKey{"workbenchSize", text, std::nullopt,
-               "the size of the workbench in points, as \"1180x688\"; absent: the usual one", note},
-    SettingKey{"hasOnboarded", boolean, false, "the introduction was shown", note},
+               marked("the size of the workbench in points, as \"1180x688\"; absent: the usual one"), note},
+    SettingKey{"hasOnboarded", boolean, false, marked("the introduction was shown"), note},
     SettingKey{"dockFrequency", text, std::nullopt,
-               "how often the user docks, as answered in the introduction", note},
-    SettingKey{"quickSwitcherHintDismissed", boolean, false, "the quick switcher's tip was dismissed", note},
+               marked("how often the user docks, as answered in the introduction"), note},
+    SettingKey{"quickSwitcherHintDismissed", boolean, false, marked("the quick switcher's tip was dismissed"),
+               note},
     SettingKey{"updateChecker.lastCheck", date, std::nullopt,
-               "when the program last checked for updates; absent: never", note},
+               marked("when the program last checked for updates; absent: never"), note},
 };
 
 // Parses the entire string as an integer.
@@ -142,8 +150,8 @@ std::string shown(std::string_view written) {
 
 std::string refusal(std::string_view written, const SettingKey& key) {
     const bool isQuoted = written.starts_with('"');
-    return fmt::format("{0}{1}{0} is not a valid value for {2}, which takes {3}.", isQuoted ? "" : "\"",
-                       shown(written), key.name, key.typeText());
+    return trf("{0}{1}{0} is not a valid value for {2}, which takes {3}.", isQuoted ? "" : "\"",
+               shown(written), key.name, key.typeText());
 }
 
 struct TypeOf {
@@ -184,9 +192,10 @@ std::optional<std::string> SettingKey::problemWith(const SettingsLine& line) con
     }
     const auto* const string = line.value ? std::get_if<std::string>(&*line.value) : nullptr;
     const bool needsQuotes = type == text && !line.written.starts_with('"') && !line.written.empty();
-    return refusal(line.written, *this) + (needsQuotes                          ? " Put it in double quotes."
-                                           : string != nullptr && read(*string) ? " Write it without quotes."
-                                                                                : "");
+    return refusal(line.written, *this) + (needsQuotes ? std::string(" ") + tr("Put it in double quotes.")
+                                           : string != nullptr && read(*string)
+                                               ? std::string(" ") + tr("Write it without quotes.")
+                                               : "");
 }
 
 std::optional<DefaultsValue> SettingKey::stored(UserDefaults& defaults) const {
@@ -220,13 +229,13 @@ std::optional<DefaultsValue> SettingKey::stored(UserDefaults& defaults) const {
 }
 
 std::string SettingKey::typeText() const {
-    const char* const kind = type == boolean   ? "true or false"
-                             : type == integer ? "a whole number"
-                             : type == number  ? "a number"
-                             : type == date    ? "a date like 2026-03-02T09:30:00Z"
+    const char* const kind = type == boolean   ? tr("true or false")
+                             : type == integer ? tr("a whole number")
+                             : type == number  ? tr("a number")
+                             : type == date    ? tr("a date like 2026-03-02T09:30:00Z")
                              : type == data    ? "JSON"
-                                               : "a string";
-    return range ? fmt::format("{} from {} to {}", kind, range->first, range->second) : kind;
+                                               : tr("a string");
+    return range ? trf("{} from {} to {}", kind, range->first, range->second) : kind;
 }
 
 std::span<const SettingKey> SettingKeys::all() {
@@ -242,8 +251,8 @@ std::string SettingKeys::unknown(std::string_view name) {
     std::vector<std::string_view> names;
     std::ranges::transform(table, std::back_inserter(names), &SettingKey::name);
     const auto meant = SimilarName::of(name, names);
-    return fmt::format("There is no setting \"{}\".{}", shown(name),
-                       meant ? fmt::format(" Did you mean \"{}\"?", *meant) : "");
+    const std::string sentence = trf("There is no setting \"{}\".", shown(name));
+    return meant ? sentence + " " + trf("Did you mean \"{}\"?", *meant) : sentence;
 }
 
 } // namespace vantrel

@@ -15,7 +15,7 @@ static std::expected<void, std::string> written(bool isWritten) {
 
 std::expected<void, std::string> Settings::set(const SettingKey& key, const DefaultsValue& value) {
     if (!key.admits(value)) {
-        return std::unexpected(fmt::format("{} takes {}.", key.name, key.typeText()));
+        return std::unexpected(trf("{} takes {}.", key.name, key.typeText()));
     }
     return written(m_defaults.set(key.name, value));
 }

@@ -4,6 +4,7 @@
 #include "VantrelCore/scenes/SceneApplyCaption.h"
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
 #include "VantrelCore/text/NumberText.h"
+#include "VantrelCore/text/RestoreReasonCaption.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
@@ -66,14 +67,16 @@ std::string withoutFullStop(std::string_view sentence) {
 struct Text {
     HUDText operator()(const HUD::Restoring& restoring) const {
         const char* const putting = tr("Putting windows back…");
-        return restoring.cause.empty() ? HUDText{putting, "", "restore"}
-                                       : HUDText{restoring.cause, putting, "restore"};
+        return restoring.cause.empty()
+                   ? HUDText{putting, "", "restore"}
+                   : HUDText{RestoreReasonCaption::caption(restoring.cause), putting, "restore"};
     }
 
     HUDText operator()(const HUD::Done& done) const {
         const std::string problems = problemsOf(done.windows);
         return {headlineOf(done.windows),
-                joined({done.cause, problems.empty() ? duration(done.seconds) : problems}),
+                joined({RestoreReasonCaption::caption(done.cause),
+                        problems.empty() ? duration(done.seconds) : problems}),
                 done.windows.failed > 0       ? "warn"
                 : done.windows.inPlace() == 0 ? "info"
                                               : "check"};

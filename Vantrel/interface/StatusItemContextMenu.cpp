@@ -48,7 +48,7 @@ QKeySequence keySequence(HotKeyCombo combo) {
 std::vector<std::string> troubles(const PublishedState& state) {
     std::vector<std::string> found;
     if (state.learningFailed) {
-        found.emplace_back("This desk could not be remembered");
+        found.emplace_back(vantrel::tr("This desk could not be remembered"));
     }
     for (const auto& incident : state.fileIncidents) {
         if (incident.isTrouble()) {

@@ -40,7 +40,7 @@ void LicenseManager::start() {
         return;
     }
     if (!m_key) {
-        m_entitlement.reason = "This build's vendor key is invalid.";
+        m_entitlement.reason = tr("This build's vendor key is invalid.");
         return;
     }
     const LicenseDecision::AtStart at{
@@ -55,7 +55,9 @@ void LicenseManager::start() {
     m_lastTick = m_clock.monotonicSeconds();
     m_nextRenewal = m_lastTick + firstRenewal;
     keep(std::move(decided.record), std::move(decided.license));
-    m_options.log("license: " + m_entitlement.reason);
+    m_options.log("license: " + inEnglish([this] {
+                      return LicenseDecision::entitlement(m_record, m_license, m_clock.now()).reason;
+                  }));
     scheduleTick();
     scheduleReading();
 }
@@ -151,7 +153,8 @@ bool LicenseManager::isLockedOut() const {
 void LicenseManager::takeRenewal(const HttpResult& result, const LicenseAcceptance::Request& request) {
     auto present = request;
     present.now = m_clock.now();
-    auto renewal = LicenseAcceptance::renewal(m_record, result, present);
+    // For the log.
+    auto renewal = inEnglish([&] { return LicenseAcceptance::renewal(m_record, result, present); });
     if (renewal.record != m_record) {
         keep(std::move(renewal.record), std::move(renewal.license));
     }
@@ -166,10 +169,10 @@ std::optional<std::string> LicenseManager::hindrance() const {
         return m_entitlement.reason;
     }
     if (m_machine.empty()) {
-        return "This computer has no machine ID to which a license can be bound.";
+        return tr("This computer has no machine ID to which a license can be bound.");
     }
     if (m_exchange) {
-        return "A request to the server is already in progress.";
+        return tr("A request to the server is already in progress.");
     }
     return std::nullopt;
 }
@@ -227,8 +230,9 @@ std::expected<void, std::string> LicenseManager::takeLicense(const HttpResult& r
     present.now = m_clock.now();
     auto accepted = LicenseAcceptance::accept(m_record, *document, present);
     if (!accepted) {
-        return std::unexpected("The server's response was not accepted. " +
-                               LicenseProblems::sentence(accepted.error()) + " Nothing was changed.");
+        return std::unexpected(fmt::format("{} {} {}", tr("The server's response was not accepted."),
+                                           LicenseProblems::sentence(accepted.error()),
+                                           tr("Nothing was changed.")));
     }
     const bool isWritten = keep(std::move(accepted->record), std::move(accepted->license));
     m_failedRenewals = 0;

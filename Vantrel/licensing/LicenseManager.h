@@ -9,6 +9,7 @@
 #include "VantrelCore/ports/LicenseGate.h"
 #include "VantrelCore/ports/MachineIdentity.h"
 #include "VantrelCore/ports/MainQueue.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <filesystem>
 #include <functional>
@@ -78,7 +79,7 @@ private:
     LicenseRecord m_record;
     std::optional<License> m_license;
     Entitlement m_entitlement{.kind = Entitlement::Kind::refused,
-                              .reason = "The license has not been read yet."};
+                              .reason = tr("The license has not been read yet.")};
     std::function<void()> m_handler;
     // On the monotonic clock, in seconds.
     double m_lastTick = 0;

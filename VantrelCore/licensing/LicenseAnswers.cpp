@@ -59,7 +59,7 @@ std::string refusal(const HttpResponse& response) {
 // Success if the server agreed, else a sentence for the user.
 std::expected<void, std::string> agreed(const HttpResult& result) {
     if (!result) {
-        return std::unexpected(fmt::format("{} {}", result.error().sentence, tr(unchanged)));
+        return std::unexpected(fmt::format("{} {}", tr(result.error().sentence.c_str()), tr(unchanged)));
     }
     if (result->status < 200 || result->status > 299) {
         return std::unexpected(refusal(*result));

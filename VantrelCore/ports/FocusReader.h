@@ -1,6 +1,8 @@
 // Port: the user's Focus mode, which silences notifications ("Do Not Disturb", "Work").
 #pragma once
 
+#include "VantrelCore/text/Translation.h"
+
 #include <functional>
 #include <string>
 
@@ -10,7 +12,7 @@ namespace vantrel {
 class FocusReader {
 public:
     // The name used on desktops with a single, unnamed mode.
-    static constexpr const char* unnamed = "Do Not Disturb";
+    static constexpr const char* unnamed = marked("Do Not Disturb");
 
     FocusReader() = default;
     FocusReader(const FocusReader&) = delete;

@@ -61,7 +61,7 @@ struct HttpFailure {
     };
 
     Kind kind = Kind::broken;
-    // For the user: what went wrong, without the URL.
+    // For the user: what went wrong, without the URL. In English, translated when it is shown.
     std::string sentence;
 
     bool operator==(const HttpFailure&) const = default;

@@ -1,5 +1,6 @@
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
 
+#include "VantrelCore/ports/FocusReader.h"
 #include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
@@ -45,7 +46,8 @@ std::string title(const SceneTrigger::Kind& kind) {
         return timeString(schedule->hour, schedule->minute);
     }
     if (const auto* focus = std::get_if<SceneTrigger::FocusMode>(&kind)) {
-        return trf("{} focus turns on", focus->name);
+        return trf("{} focus turns on",
+                   focus->name == FocusReader::unnamed ? tr(FocusReader::unnamed) : focus->name);
     }
     return tr(calendarVideoEventTitle);
 }

@@ -1,5 +1,6 @@
 #include "VantrelCore/stores/FileIncidents.h"
 
+#include "VantrelCore/text/Translation.h"
 #include <algorithm>
 
 namespace vantrel {
@@ -12,7 +13,7 @@ void FileIncidents::report(FileIncident incident) {
         return known.file == incident.file && known.topic() == incident.topic();
     });
     if (m_log) {
-        m_log("files: " + FileIncidentText::sentence(incident));
+        m_log("files: " + inEnglish([&] { return FileIncidentText::sentence(incident); }));
     }
     m_incidents.push_back(std::move(incident));
     if (onChange) {

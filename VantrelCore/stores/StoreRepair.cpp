@@ -2,6 +2,7 @@
 
 #include "VantrelCore/stores/SetAside.h"
 #include "VantrelCore/stores/StoreInspection.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -12,16 +13,14 @@ putBack(FileSystem& files, const std::filesystem::path& directory, const std::st
     const std::filesystem::path copy = directory / std::filesystem::path(copyName).filename();
     auto original = SetAside::original(copy);
     if (copy.filename() != copyName || !StoreInspection::isStore(original)) {
-        return std::unexpected(
-            fmt::format("\"{}\" is not the name of a copy. See: vantrelctl doctor", copyName));
+        return std::unexpected(trf("\"{}\" is not the name of a copy. See: vantrelctl doctor", copyName));
     }
     if (const auto problem = StoreInspection::problemWith(files, copy, original); !problem.empty()) {
-        return std::unexpected(
-            fmt::format("{} cannot be used ({}). Nothing was changed.", copyName, problem));
+        return std::unexpected(trf("{} cannot be used ({}). Nothing was changed.", copyName, problem));
     }
     if (const auto error = SetAside::putBack(files, copy, original)) {
         return std::unexpected(
-            fmt::format("{} could not be put back ({}). Nothing was changed.", copyName, error.message()));
+            trf("{} could not be put back ({}). Nothing was changed.", copyName, error.message()));
     }
     return original;
 }

@@ -15,7 +15,7 @@ std::string grouped(std::int64_t number) {
 }
 
 std::string oneDecimal(double number) {
-    const std::string digits = fmt::format("{:.1f}", number);
+    std::string digits = fmt::format("{:.1f}", number);
     const auto point = digits.find('.');
     if (point == std::string::npos) {
         return digits; // not a finite number

@@ -1,5 +1,6 @@
 #include "VantrelCore/text/RestoreCauseCaption.h"
 
+#include "VantrelCore/text/RestoreReasonCaption.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <string_view>
@@ -45,7 +46,8 @@ std::string title(const RestoreLog::Entry& entry) {
     const std::string_view reason = cause(entry.reason);
     switch (kind(entry)) {
     case Kind::displays:
-        return reason.starts_with("display change") ? tr("The displays changed") : std::string(reason);
+        return reason.starts_with("display change") ? tr("The displays changed")
+                                                    : RestoreReasonCaption::caption(reason);
     case Kind::scene:
         return trf("Scene “{}”", *entry.sceneName);
     case Kind::asked:
@@ -61,7 +63,7 @@ std::string title(const RestoreLog::Entry& entry) {
     case Kind::other:
         break;
     }
-    return entry.reason.empty() ? tr("Restore") : entry.reason;
+    return entry.reason.empty() ? tr("Restore") : RestoreReasonCaption::caption(entry.reason);
 }
 
 } // namespace vantrel::RestoreCauseCaption

@@ -1,5 +1,7 @@
 #include "VantrelCore/text/Translation.h"
 
+#include <utility>
+
 namespace vantrel {
 
 namespace {
@@ -9,7 +11,20 @@ const Translation*& current() {
     return translation;
 }
 
+thread_local bool isEnglish = false;
+
+// Null for English.
+const Translation* wanted() {
+    return isEnglish ? nullptr : current();
+}
+
 } // namespace
+
+EnglishTexts::EnglishTexts() : m_before(std::exchange(isEnglish, true)) {}
+
+EnglishTexts::~EnglishTexts() {
+    isEnglish = m_before;
+}
 
 void setTranslation(const Translation* translation) {
     current() = translation;
@@ -17,7 +32,8 @@ void setTranslation(const Translation* translation) {
 
 const char* tr(const char* english) {
     // Catalogues keep their header under the empty text.
-    return current() == nullptr || *english == '\0' ? english : current()->text(english);
+    const Translation* const translation = wanted();
+    return translation == nullptr || *english == '\0' ? english : translation->text(english);
 }
 
 namespace TranslatedText {
@@ -31,7 +47,8 @@ std::string formatted(const char* translated, fmt::string_view english, fmt::for
 }
 
 const char* plural(const char* one, const char* many, std::int64_t count) {
-    return current() == nullptr ? (count == 1 ? one : many) : current()->plural(one, many, count);
+    const Translation* const translation = wanted();
+    return translation == nullptr ? (count == 1 ? one : many) : translation->plural(one, many, count);
 }
 
 } // namespace TranslatedText

@@ -2,9 +2,11 @@
 // shown where there is none. Log lines and everything that programs read stay in English.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <fmt/format.h>
 #include <string>
+#include <utility>
 
 namespace vantrel {
 
@@ -23,6 +25,25 @@ public:
 void setTranslation(const Translation* translation);
 
 [[nodiscard]] const char* tr(const char* english);
+
+// While it exists, this thread gets texts in English.
+class EnglishTexts {
+public:
+    EnglishTexts();
+    ~EnglishTexts();
+    EnglishTexts(const EnglishTexts&) = delete;
+    EnglishTexts& operator=(const EnglishTexts&) = delete;
+
+private:
+    const bool m_before;
+};
+
+// What `text` returns, with its texts in English: for log lines.
+template <std::invocable Function>
+[[nodiscard]] auto inEnglish(Function&& text) {
+    const EnglishTexts english;
+    return std::forward<Function>(text)();
+}
 
 // Marks a text that is translated elsewhere, where `tr` gets it from a table.
 [[nodiscard]] constexpr const char* marked(const char* english) {

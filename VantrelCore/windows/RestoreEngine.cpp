@@ -16,7 +16,7 @@ using Kind = RestoreReport::Kind;
 using Outcome = RestoreReport::Outcome;
 using Pairs = std::vector<MatchResult::Pair>;
 
-constexpr const char* rejectedReason = "app rejected the move";
+constexpr const char* rejectedReason = marked("app rejected the move");
 
 RestoreReport::Item itemFor(const Layout& layout, std::size_t index, Outcome outcome) {
     const WindowRecord& saved = layout.windows[index];

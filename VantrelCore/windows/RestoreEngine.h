@@ -5,6 +5,7 @@
 #include "VantrelCore/model/Layout.h"
 #include "VantrelCore/ports/Clock.h"
 #include "VantrelCore/ports/Desk.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/LiveWindow.h"
 #include "VantrelCore/windows/RestoreReport.h"
 #include "VantrelCore/windows/WindowMatcher.h"
@@ -24,16 +25,16 @@ inline constexpr double tolerance = 2.0;
 inline constexpr double settleSeconds = 0.08;
 
 // The reason when a window accepted the move but did not stay in place.
-inline constexpr const char* driftedReason = "window drifted after move";
+inline constexpr const char* driftedReason = marked("window drifted after move");
 
 // The reason when a saved window has no live one and is skipped.
-inline constexpr const char* goneReason = "window no longer exists";
+inline constexpr const char* goneReason = marked("window no longer exists");
 
 // The reason when the system arranges a window itself, as tiling window managers do, and it is skipped.
-inline constexpr const char* tiledReason = "the window manager tiles it";
+inline constexpr const char* tiledReason = marked("the window manager tiles it");
 
 // The note added to the reason of a window that is gone when the window is expected to open.
-inline constexpr const char* openingNote = "its application is being started";
+inline constexpr const char* openingNote = marked("its application is being started");
 
 enum class Attempt : std::uint8_t { place, settle, placeSizeFirst };
 

@@ -11,6 +11,7 @@
 #include "Vantrel/controller/WorkbenchTabs.h"
 #include "VantrelCore/diagnostics/CrashReportNames.h"
 #include "VantrelCore/displays/DisplayLabels.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -100,23 +101,23 @@ BusHandler setPinned(bool isPinned) {
                                   {"pinned", state.activePinned}});
         }
         return refused(state.activeLayout() == nullptr
-                           ? "No layout is saved for this desk yet."
-                           : "The layout could not be written to disk. Nothing was changed.");
+                           ? tr("No layout is saved for this desk yet.")
+                           : tr("The layout could not be written to disk. Nothing was changed."));
     };
 }
 
 ControlAnswer showPanel(const BusCall& call) {
     return call.controller.showPanel() ? ControlAnswer(nlohmann::json::object())
-                                       : refused("This vantrel has no panel.");
+                                       : refused(tr("This vantrel has no panel."));
 }
 
 ControlAnswer showWorkbench(const BusCall& call) {
     const auto tab = WorkbenchTabs::named(call[0]);
     if (!tab && !call[0].empty()) {
-        return refused(fmt::format("The workbench has no tab \"{}\".", call[0]));
+        return refused(trf("The workbench has no tab \"{}\".", call[0]));
     }
     return call.controller.showWorkbench(tab) ? ControlAnswer(nlohmann::json::object())
-                                              : refused("This vantrel cannot show that.");
+                                              : refused(tr("This vantrel cannot show that."));
 }
 
 ControlAnswer logPath(const BusCall& call) {
@@ -131,7 +132,7 @@ ControlClient::Result<nlohmann::json> labelledDisplays() {
     }
     const auto displays = JsonCoding::value<StatusMessage>(*answer).displays;
     if (displays.empty()) {
-        return std::unexpected(ControlFailure{ControlFailure::Kind::failed, "No display is awake."});
+        return std::unexpected(ControlFailure{ControlFailure::Kind::failed, tr("No display is awake.")});
     }
     const auto labels = DisplayLabels::of(displays);
     auto list = nlohmann::json::array();
@@ -165,8 +166,8 @@ ExitCode printLog(const VerbCall& call) {
     const bool isFollowing = call.typed.has("-f,--follow");
     std::error_code ignored;
     if (!isFollowing && !std::filesystem::exists(file, ignored)) {
-        return VerbPrinting::complain(
-            fmt::format("There is no log yet; vantrel writes it to {}.", file.string()), ExitCode::failed);
+        return VerbPrinting::complain(trf("There is no log yet; vantrel writes it to {}.", file.string()),
+                                      ExitCode::failed);
     }
     VerbPrinting::print(last);
     while (isFollowing) {
@@ -186,16 +187,16 @@ std::vector<Command> deskCommands() {
     return {
         {.signature = "Status() status",
          .handler = currentStatus,
-         .verbs = {{"status", "Show the current desk and what vantrel is doing"}},
+         .verbs = {{"status", marked("Show the current desk and what vantrel is doing")}},
          .text = VerbTexts::of<StatusMessage>(CommandTexts::status)},
         {.signature = "Save() saved",
          .handler = save,
-         .verbs = {{"save", "Save the windows of this desk as they are now"}},
+         .verbs = {{"save", marked("Save the windows of this desk as they are now")}},
          .text = VerbTexts::saved},
         {.signature = "Restore() report",
          .handler = restore,
          .verbs = {{"restore",
-                    "Restore the windows of this desk, wait, and report on every window",
+                    marked("Restore the windows of this desk, wait, and report on every window"),
                     {PreviewMessage::dryRun}}},
          .run =
              [](const VerbCall& call) { return PreviewMessage::run(call, "Restore", "PreviewRestore", {}); }},
@@ -206,71 +207,77 @@ std::vector<Command> deskCommands() {
              }},
         {.signature = "Desks() desks",
          .handler = allDesks,
-         .verbs = {{"desks", "Draw every remembered desk with its windows"},
-                   {"desks list", "Draw every remembered desk with its windows"}},
+         .verbs = {{"desks", marked("Draw every remembered desk with its windows")},
+                   {"desks list", marked("Draw every remembered desk with its windows")}},
          .text = VerbTexts::of<DesksMessage>(
-             CommandTexts::desks, "No desks are saved yet. Save this one with: vantrelctl save\n")},
-        {.verbs = {{"displays", "List the displays by the labels used in other commands"}}, .run = displays},
+             CommandTexts::desks, marked("No desks are saved yet. Save this one with: vantrelctl save\n"))},
+        {.verbs = {{"displays", marked("List the displays by the labels used in other commands")}},
+         .run = displays},
         {.signature = "RenameDesk(desk, name) desk",
          .handler = renameDesk,
          .verbs = {{"desks rename",
-                    "Give a desk a name of your own",
-                    {{"name", "Its new name"},
-                     {"--desk", "The desk, by name or ID; defaults to this desk", ValueKind::desk}},
+                    marked("Give a desk a name of your own"),
+                    {{"name", marked("Its new name")},
+                     {"--desk", marked("The desk, by name or ID; defaults to this desk"), ValueKind::desk}},
                     [](const Typed& typed) { return std::vector{typed["--desk"], typed["name"]}; }}},
-         .text = VerbTexts::sentence("The desk is now called \"{name}\".")},
+         .text = VerbTexts::sentence(marked("The desk is now called \"{name}\"."))},
         {.signature = "ForgetDesk(desk) desk",
          .handler = forgetDesk,
          .verbs = {{"desks forget",
-                    "Forget a desk with its layouts and stashes; scenes stay",
-                    {{"desk", "The desk, by name or ID", ValueKind::desk}}}},
-         .text = VerbTexts::sentence("Forgot the desk \"{name}\". To put it back: vantrelctl undelete")},
+                    marked("Forget a desk with its layouts and stashes; scenes stay"),
+                    {{"desk", marked("The desk, by name or ID"), ValueKind::desk}}}},
+         .text =
+             VerbTexts::sentence(marked("Forgot the desk \"{name}\". To put it back: vantrelctl undelete"))},
         {.signature = "JoinDesks(first, second) joined",
          .handler = joinDesks,
-         .verbs = {{"desks same",
-                    "Join two desks that are one on other connectors, by default those that status names",
-                    {{"first", "A desk, by name or ID", ValueKind::desk, Word::Use::optional},
-                     {"second", "The other one", ValueKind::desk, Word::Use::optional}}}},
+         .verbs =
+             {{"desks same",
+               marked("Join two desks that are one on other connectors, by default those that status names"),
+               {{"first", marked("A desk, by name or ID"), ValueKind::desk, Word::Use::optional},
+                {"second", marked("The other one"), ValueKind::desk, Word::Use::optional}}}},
          .text = VerbTexts::sentence("{text}")},
         {.signature = "SwapDisplays(first, second) report",
          .handler = swapDisplays,
          .verbs = {{"desks swap",
-                    "Exchange the windows of two displays, by default of the two equal ones",
-                    {{"first", "A display's label", ValueKind::display, Word::Use::optional},
-                     {"second", "The other one's label", ValueKind::display, Word::Use::optional}}}},
+                    marked("Exchange the windows of two displays, by default of the two equal ones"),
+                    {{"first", marked("A display's label"), ValueKind::display, Word::Use::optional},
+                     {"second", marked("The other one's label"), ValueKind::display, Word::Use::optional}}}},
          .text = VerbTexts::report},
         {.signature = "History() history",
          .handler = restores,
-         .verbs = {{"history", "List the last restores with the outcome for every window"}},
-         .text =
-             VerbTexts::of<RestoreLog>(historyText, "No windows were restored in the last seven days.\n")},
+         .verbs = {{"history", marked("List the last restores with the outcome for every window")}},
+         .text = VerbTexts::of<RestoreLog>(historyText,
+                                           marked("No windows were restored in the last seven days.\n"))},
         {.signature = "Pin() layout",
          .handler = setPinned(true),
-         .verbs = {{"pin", "Keep this desk's layout as saved: do not learn, put drifting windows back"}},
-         .text = VerbTexts::sentence("Pinned layout \"{layoutName}\" of {configName}.")},
+         .verbs = {{"pin",
+                    marked("Keep this desk's layout as saved: do not learn, put drifting windows back")}},
+         .text = VerbTexts::sentence(marked("Pinned layout \"{layoutName}\" of {configName}."))},
         {.signature = "Unpin() layout",
          .handler = setPinned(false),
-         .verbs = {{"unpin", "Learn this desk's layout again"}},
-         .text = VerbTexts::sentence("Unpinned layout \"{layoutName}\" of {configName}.")},
+         .verbs = {{"unpin", marked("Learn this desk's layout again")}},
+         .text = VerbTexts::sentence(marked("Unpinned layout \"{layoutName}\" of {configName}."))},
         {.signature = "ShowPanel() empty",
          .handler = showPanel,
-         .verbs = {{"panel", "Open the panel"}},
-         .text = VerbTexts::sentence("The panel is open.")},
+         .verbs = {{"panel", marked("Open the panel")}},
+         .text = VerbTexts::sentence(marked("The panel is open."))},
         {.signature = "ShowWorkbench(tab) empty",
          .handler = showWorkbench,
          .verbs = {{"workbench",
-                    "Open the window for scenes, desks, history, rules and settings",
-                    {{"tab", "By default the one it was closed with", ValueKind::workbenchTab,
+                    marked("Open the window for scenes, desks, history, rules and settings"),
+                    {{"tab", marked("By default the one it was closed with"), ValueKind::workbenchTab,
                       Word::Use::optional}}}},
-         .text = VerbTexts::sentence("The workbench is open.")},
+         .text = VerbTexts::sentence(marked("The workbench is open."))},
         {.signature = "Ping() empty",
          .handler = [](const BusCall& /*call*/) { return ControlAnswer(nlohmann::json::object()); }},
         {.signature = "LogPath() path", .handler = logPath},
-        {.verbs =
-             {{"log",
-               "Print the last lines of vantrel's log",
-               {{.name = "-n,--lines", .help = "How many lines", .kind = ValueKind::number, .fallback = 20},
-                {"-f,--follow", "Keep printing new lines until interrupted", ValueKind::flag}}}},
+        {.verbs = {{"log",
+                    marked("Print the last lines of vantrel's log"),
+                    {{.name = "-n,--lines",
+                      .help = marked("How many lines"),
+                      .kind = ValueKind::number,
+                      .fallback = 20},
+                     {"-f,--follow", marked("Keep printing new lines until interrupted"), ValueKind::flag}}}},
          .run = printLog,
          .hasJson = false},
     };

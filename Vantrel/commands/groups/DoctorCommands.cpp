@@ -7,8 +7,10 @@
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/stores/StoreRepair.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
+#include <optional>
 
 namespace vantrel {
 
@@ -25,8 +27,8 @@ ControlAnswer putBack(const BusCall& call) {
     return file ? ControlAnswer(replaced(call[0], *file)) : refused(file.error());
 }
 
-const VerbText replacedText =
-    VerbTexts::sentence("{file} is in use again. The file it replaced, if any, is kept as {file}.replaced.");
+const VerbText replacedText = VerbTexts::sentence(
+    marked("{file} is in use again. The file it replaced, if any, is kept as {file}.replaced."));
 
 ExitCode putBack(const VerbCall& call, const std::string& copy) {
     const auto answer = ControlClient::call("PutBackFile", {copy});
@@ -37,8 +39,8 @@ ExitCode putBack(const VerbCall& call, const std::string& copy) {
     const auto lock = call.environment.lockSupportDirectory();
     if (!lock) {
         return VerbPrinting::complain(
-            fmt::format("Another vantrel is using these files ({}). Stop it first. Nothing was changed.",
-                        lock.error()),
+            trf("Another vantrel is using these files ({}). Stop it first. Nothing was changed.",
+                lock.error()),
             ExitCode::failed);
     }
     const auto file = StoreRepair::putBack(call.environment.files, call.environment.supportDirectory, copy);
@@ -49,6 +51,10 @@ ExitCode putBack(const VerbCall& call, const std::string& copy) {
 }
 
 ExitCode examine(const VerbCall& call) {
+    std::optional<EnglishTexts> english;
+    if (call.output == VerbOutput::json) {
+        english.emplace();
+    }
     std::expected<StatusMessage, std::string> status = std::unexpected("");
     const auto answer = ControlClient::call("Status");
     try {
@@ -59,7 +65,7 @@ ExitCode examine(const VerbCall& call) {
         }
     } catch (const std::exception& error) {
         status = std::unexpected(
-            fmt::format("vantrel sent a reply that vantrelctl does not understand ({})", error.what()));
+            trf("vantrel sent a reply that vantrelctl does not understand ({})", error.what()));
     }
     const Diagnosis diagnosis = Doctor::examine({.files = call.environment.files,
                                                  .supportDirectory = call.environment.supportDirectory,
@@ -85,8 +91,8 @@ std::vector<Command> doctorCommands() {
     return {{.signature = "PutBackFile(copy) file",
              .handler = [](const BusCall& call) { return putBack(call); },
              .verbs = {{"doctor",
-                        "Check vantrel's files, the bus and the window manager",
-                        {{"--put-back", "Put this copy of a file back; the current file is kept",
+                        marked("Check vantrel's files, the bus and the window manager"),
+                        {{"--put-back", marked("Put this copy of a file back; the current file is kept"),
                           ValueKind::storeCopy}}}},
              .run = doctor}};
 }

@@ -4,6 +4,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/commands/HotKeyRecording.h"
 #include "VantrelCore/commands/HotKeyText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <array>
@@ -63,8 +64,10 @@ std::optional<HotKeySurface> surface(const AppController& controller, const std:
 ControlAnswer change(const BusCall& call, std::optional<HotKeyCombo> combo) {
     const auto found = surface(call.controller, call[0]);
     if (!found) {
-        return refused("There is no command or scene \"" + call[0] +
-                       "\". The commands are restore, save, stash, undo and quickSwitcher.");
+        return refused(
+            trf("There is no command or scene \"{}\". The commands are restore, save, stash, undo and "
+                "quickSwitcher.",
+                call[0]));
     }
     const auto changed = call.controller.setHotkey(*found, combo);
     return changed ? hotKeys(call) : refused(changed.error());
@@ -79,9 +82,10 @@ ControlAnswer clear(const BusCall& call) {
     return change(call, std::nullopt);
 }
 
-const char* remark(const nlohmann::json& hotKey) {
+std::string remark(const nlohmann::json& hotKey) {
     return hotKey.at("refused").get<bool>()
-               ? "  (refused: another program holds it, or this keyboard has no such key)"
+               ? fmt::format("  ({})",
+                             tr("refused: another program holds it, or this keyboard has no such key"))
                : "";
 }
 
@@ -94,7 +98,7 @@ std::string hotKeysText(const nlohmann::json& reply, const VerbCall& /*call*/) {
     return text;
 }
 
-constexpr Word command{"command", "restore, save, stash, undo, quickSwitcher, or a scene's name",
+constexpr Word command{"command", marked("restore, save, stash, undo, quickSwitcher, or a scene's name"),
                        ValueKind::shortcut};
 
 } // namespace
@@ -103,18 +107,18 @@ std::vector<Command> hotKeyCommands() {
     return {
         {.signature = "HotKeys() hotKeys",
          .handler = hotKeys,
-         .verbs = {{"hotkeys", "List the keyboard shortcuts; set or clear one"}},
+         .verbs = {{"hotkeys", marked("List the keyboard shortcuts; set or clear one")}},
          .text = hotKeysText},
         {.signature = "SetHotKey(command, keys) hotKeys",
          .handler = set,
          .verbs = {{"hotkeys set",
-                    "Give a command or scene a shortcut",
-                    {command, {"keys", "Like Super+Shift+R or F9"}}}},
+                    marked("Give a command or scene a shortcut"),
+                    {command, {"keys", marked("Like Super+Shift+R or F9")}}}},
          .text = hotKeysText},
         {.signature = "ClearHotKey(command) hotKeys",
          .handler = clear,
          .verbs = {{"hotkeys clear",
-                    "Clear a shortcut; restore, save and stash return to their defaults",
+                    marked("Clear a shortcut; restore, save and stash return to their defaults"),
                     {command}}},
          .text = hotKeysText},
     };

@@ -5,6 +5,7 @@
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ using namespace ControlAnswers;
 ControlAnswer layouts(const BusCall& call) {
     const auto message = desks(call.controller);
     const bool isAny = !message.desks.empty() && message.desks.front().isCurrent;
-    return isAny ? ControlAnswer(message.desks.front()) : refused("No display is awake.");
+    return isAny ? ControlAnswer(message.desks.front()) : refused(tr("No display is awake."));
 }
 
 // The desk is an ID or a name; empty means the current desk. None if there is no
@@ -42,7 +43,7 @@ void apply(const BusCall& call) {
     if (const auto layout = layoutCalled(call.controller, call[0], call[1])) {
         call.controller.layouts().applyLayout(*layout, restoreReply(call.reply));
     } else {
-        call.reply(refused("There is no layout with that name."));
+        call.reply(refused(tr("There is no layout with that name.")));
     }
 }
 
@@ -50,7 +51,7 @@ void preview(const BusCall& call) {
     if (const auto layout = layoutCalled(call.controller, call[0], call[1])) {
         call.controller.previews().previewLayout(*layout, PreviewMessage::reply(call.reply));
     } else {
-        call.reply(refused("There is no layout with that name."));
+        call.reply(refused(tr("There is no layout with that name.")));
     }
 }
 
@@ -88,13 +89,14 @@ BusHandler setPinned(bool isPinned) {
     };
 }
 
-constexpr Word desk{"--desk", "The layout's desk, by name or ID; defaults to this desk", ValueKind::desk};
+constexpr Word desk{"--desk", marked("The layout's desk, by name or ID; defaults to this desk"),
+                    ValueKind::desk};
 
 std::vector<std::string> deskAndName(const Typed& typed) {
     return {typed["--desk"], typed["name"]};
 }
 
-constexpr Word name{"name", "The layout's name", ValueKind::layout};
+constexpr Word name{"name", marked("The layout's name"), ValueKind::layout};
 
 } // namespace
 
@@ -102,22 +104,22 @@ std::vector<Command> layoutCommands() {
     return {
         {.signature = "Layouts() layouts",
          .handler = layouts,
-         .verbs = {{"layouts", "List and manage this desk's layouts"},
-                   {"layouts list", "List this desk's layouts; the active one has a star"}},
+         .verbs = {{"layouts", marked("List and manage this desk's layouts")},
+                   {"layouts list", marked("List this desk's layouts; the active one has a star")}},
          .text = VerbTexts::of<DeskMessage>(
              CommandTexts::layouts,
-             "No layout is saved for this desk yet. Save one with: vantrelctl save\n")},
+             marked("No layout is saved for this desk yet. Save one with: vantrelctl save\n"))},
         {.signature = "SwitchLayout(name) report",
          .handler =
              [](const BusCall& call) {
                  call.controller.layouts().switchLayout(call[0], restoreReply(call.reply));
              },
-         .verbs = {{"layouts switch", "Make a layout active and restore its windows", {name}}},
+         .verbs = {{"layouts switch", marked("Make a layout active and restore its windows"), {name}}},
          .text = VerbTexts::report},
         {.signature = "ApplyLayout(desk, name) report",
          .handler = apply,
          .verbs = {{"layouts apply",
-                    "Arrange the windows as in a layout, even one of another desk",
+                    marked("Arrange the windows as in a layout, even one of another desk"),
                     {name, desk, PreviewMessage::dryRun}}},
          .run =
              [](const VerbCall& call) {
@@ -131,34 +133,34 @@ std::vector<Command> layoutCommands() {
                                                         saveReply(call.controller.published(), call.reply));
              },
          .verbs = {{"layouts save",
-                    "Save the windows under this name and make it the active layout",
+                    marked("Save the windows under this name and make it the active layout"),
                     {name}}},
          .text = VerbTexts::saved},
         {.signature = "RenameLayout(desk, name, newName) layout",
          .handler = rename,
          .verbs = {{"layouts rename",
-                    "Rename a layout",
-                    {name, {"new-name", "Its new name"}, desk},
+                    marked("Rename a layout"),
+                    {name, {"new-name", marked("Its new name")}, desk},
                     [](const Typed& typed) {
                         return std::vector{typed["--desk"], typed["name"], typed["new-name"]};
                     }}},
-         .text = VerbTexts::sentence("Layout \"{:name}\" is now called \"{layoutName}\".")},
+         .text = VerbTexts::sentence(marked("Layout \"{:name}\" is now called \"{layoutName}\"."))},
         {.signature = "PinLayout(desk, name) layout",
          .handler = setPinned(true),
-         .verbs = {{"layouts pin", "Keep a layout as saved", {name, desk}, deskAndName}},
-         .text = VerbTexts::sentence("Pinned layout \"{layoutName}\" of {configName}.")},
+         .verbs = {{"layouts pin", marked("Keep a layout as saved"), {name, desk}, deskAndName}},
+         .text = VerbTexts::sentence(marked("Pinned layout \"{layoutName}\" of {configName}."))},
         {.signature = "UnpinLayout(desk, name) layout",
          .handler = setPinned(false),
-         .verbs = {{"layouts unpin", "Learn a layout again", {name, desk}, deskAndName}},
-         .text = VerbTexts::sentence("Unpinned layout \"{layoutName}\" of {configName}.")},
+         .verbs = {{"layouts unpin", marked("Learn a layout again"), {name, desk}, deskAndName}},
+         .text = VerbTexts::sentence(marked("Unpinned layout \"{layoutName}\" of {configName}."))},
         {.signature = "DeleteLayout(desk, name) layout",
          .handler = remove,
          .verbs = {{"layouts delete",
-                    "Delete a layout; if it was active, another one is restored in its place",
+                    marked("Delete a layout; if it was active, another one is restored in its place"),
                     {name, desk},
                     deskAndName}},
-         .text = VerbTexts::sentence("Deleted layout \"{:name}\". The active layout is "
-                                     "\"{activeLayoutName}\". To put it back: vantrelctl undelete")},
+         .text = VerbTexts::sentence(marked("Deleted layout \"{:name}\". The active layout is "
+                                            "\"{activeLayoutName}\". To put it back: vantrelctl undelete"))},
     };
 }
 

@@ -2,9 +2,12 @@
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/LicenseMessage.h"
+#include "Vantrel/commands/terminal/TextColumns.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/text/Translation.h"
 
+#include <array>
 #include <fmt/format.h>
 
 namespace vantrel {
@@ -35,26 +38,28 @@ void deactivate(const BusCall& call) {
 
 std::string licenseText(const LicenseMessage& license, const DeskDrawing::Options& /*drawing*/,
                         const std::function<std::string(Date)>& localDate) {
+    constexpr std::array labels{marked("plan"),  marked("holder"),  marked("license"),
+                                marked("until"), marked("renewed"), marked("trial")};
+    const int columns = TextColumns::widthOf(labels, 9);
     std::string text = license.reason + '\n';
-    const auto line = [&](std::string_view label, const std::optional<std::string>& value) {
+    const auto line = [&](const char* label, const std::optional<std::string>& value) {
         if (value) {
-            text += fmt::format("{:<9} {}\n", label, *value);
+            text += fmt::format("{:<{}} {}\n", tr(label), columns, *value);
         }
     };
-    const auto dateLine = [&](std::string_view label, std::string_view before,
-                              const std::optional<Date>& date) {
-        if (date) {
-            text += fmt::format("{:<9} {}{}\n", label, before, localDate(*date));
-        }
+    const auto shown = [&](const std::optional<Date>& date) { return date ? localDate(*date) : ""; };
+    const auto ifAny = [](const std::optional<Date>& date, std::string sentence) {
+        return date ? std::optional(std::move(sentence)) : std::nullopt;
     };
     line("plan", license.plan);
     line("holder", license.holder);
     line("license", license.id);
-    dateLine("until", "", license.expiresAt);
-    dateLine("renewed", "until ", license.leasedUntil);
-    dateLine("trial", license.entitled ? "until " : "ended ", license.trialEndsAt);
+    line("until", ifAny(license.expiresAt, shown(license.expiresAt)));
+    line("renewed", ifAny(license.leasedUntil, trf("until {}", shown(license.leasedUntil))));
+    line("trial", ifAny(license.trialEndsAt, license.entitled ? trf("until {}", shown(license.trialEndsAt))
+                                                              : trf("ended {}", shown(license.trialEndsAt))));
     if (!license.plan && license.state != "notNeeded") {
-        text += "Activate a key with: vantrelctl license activate KEY\n";
+        text += tr("Activate a key with: vantrelctl license activate KEY\n");
     }
     return text;
 }
@@ -65,18 +70,19 @@ std::vector<Command> licenseCommands() {
     return {
         {.signature = "License() license",
          .handler = license,
-         .verbs = {{"license", "Show or change the state of trial and license"},
-                   {"license show", "Show the state of trial and license"}},
+         .verbs = {{"license", marked("Show or change the state of trial and license")},
+                   {"license show", marked("Show the state of trial and license")}},
          .text = VerbTexts::of<LicenseMessage>(licenseText)},
         {.signature = "ActivateLicense(key) license",
          .handler = activate,
          .verbs = {{"license activate",
-                    "Activate a license on this computer with the key you bought",
-                    {{"KEY", "The key, as the vendor sent it"}}}},
+                    marked("Activate a license on this computer with the key you bought"),
+                    {{"KEY", marked("The key, as the vendor sent it")}}}},
          .text = VerbTexts::of<LicenseMessage>(licenseText)},
         {.signature = "DeactivateLicense() license",
          .handler = deactivate,
-         .verbs = {{"license deactivate", "Return this computer's license, to use the key on another one"}},
+         .verbs = {{"license deactivate",
+                    marked("Return this computer's license, to use the key on another one")}},
          .text = VerbTexts::of<LicenseMessage>(licenseText)},
     };
 }

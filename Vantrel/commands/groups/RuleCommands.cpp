@@ -6,7 +6,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/model/AppRule.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -21,8 +21,9 @@ ControlAnswer unknownApp(AppController& controller, const std::string& called) {
     for (const auto& app : controller.rules().knownApps()) {
         known += fmt::format("{}{} ({})", known.empty() ? "" : ", ", app.appName, app.bundleID);
     }
-    return refused(fmt::format("There is no known application \"{}\".{}", called,
-                               known.empty() ? "" : " Known applications: " + known + "."));
+    return refused(known.empty()
+                       ? trf("There is no known application \"{}\".", called)
+                       : trf("There is no known application \"{}\". Known applications: {}.", called, known));
 }
 
 // Finds a display among the connected and the remembered ones.
@@ -99,16 +100,15 @@ ControlAnswer setRule(const BusCall& call) {
     } else if (call[1] == "none") {
         rule.action = AppRule::ForceDisplay{};
     } else if (call[1] != "ignore") {
-        return refused(
-            fmt::format("The action must be \"ignore\", \"display\" or \"none\", not \"{}\".", call[1]));
+        return refused(trf("The action must be \"ignore\", \"display\" or \"none\", not \"{}\".", call[1]));
     }
     if (call[3] == "true") {
         rule.restoreLast = true;
     } else if (call[3] != "false") {
-        return refused("The argument restoreLast must be \"true\" or \"false\".");
+        return refused(tr("The argument restoreLast must be \"true\" or \"false\"."));
     }
     if (call[1] == "none" && !rule.restoreLast) {
-        return refused("That rule would do nothing. To remove a rule: vantrelctl rules remove");
+        return refused(tr("That rule would do nothing. To remove a rule: vantrelctl rules remove"));
     }
     if (const auto result = call.controller.rules().setRule(rule); !result) {
         return refused(text(result.error()));
@@ -130,12 +130,12 @@ ControlAnswer removeRule(const BusCall& call) {
 std::string meaning(const AppRule& rule) {
     std::string text;
     if (std::holds_alternative<AppRule::Ignore>(rule.action)) {
-        text = "is left alone";
+        text = tr("is left alone");
     } else if (const auto& forced = std::get<AppRule::ForceDisplay>(rule.action); !forced.uuid.empty()) {
-        text = "stays on " + forced.displayName;
+        text = trf("stays on {}", forced.displayName);
     }
     if (rule.restoreLast.value_or(false)) {
-        text += text.empty() ? "is placed last" : ", is placed last";
+        text += text.empty() ? tr("is placed last") : std::string(", ") + tr("is placed last");
     }
     return text;
 }
@@ -145,11 +145,12 @@ std::string list(const nlohmann::json& reply, const DeskDrawing::Options& drawin
     for (const auto& each : reply.at("rules")) {
         const auto rule = JsonCoding::value<AppRule>(each);
         const auto windows = static_cast<std::int64_t>(each.value("windows", nlohmann::json::array()).size());
-        rows.push_back({rule.appName, meaning(rule),
-                        windows == 0 ? "no window open" : countedNoun(windows, "window") + " open",
-                        rule.bundleID});
+        rows.push_back(
+            {rule.appName, meaning(rule),
+             windows == 0 ? tr("no window open") : trn("{} window open", "{} windows open", windows),
+             rule.bundleID});
     }
-    return rows.empty() ? "There are no rules. Make one with: vantrelctl rules set APP --ignore\n"
+    return rows.empty() ? tr("There are no rules. Make one with: vantrelctl rules set APP --ignore\n")
                         : TextColumns::lines(rows, drawing.columns);
 }
 
@@ -179,33 +180,35 @@ std::vector<Command> ruleCommands() {
     return {
         {.signature = "Rules() rules",
          .handler = rules,
-         .verbs = {{"rules", "List the rules that leave applications alone or keep them on a display"},
-                   {"rules list", "List the rules"}},
+         .verbs = {{"rules",
+                    marked("List the rules that leave applications alone or keep them on a display")},
+                   {"rules list", marked("List the rules")}},
          .text = VerbTexts::of<nlohmann::json>(list)},
         {.signature = "Apps() apps",
          .handler = apps,
-         .verbs = {{"rules apps", "List the applications seen, and what was learned about them"}},
-         .text = VerbTexts::of<nlohmann::json>(appList, "No application has been seen yet.\n")},
+         .verbs = {{"rules apps", marked("List the applications seen, and what was learned about them")}},
+         .text = VerbTexts::of<nlohmann::json>(appList, marked("No application has been seen yet.\n"))},
         {.signature = "SetRule(application, action, display, restoreLast) rule",
          .handler = setRule,
          .verbs = {{"rules set",
-                    "Set an application's rule, replacing any previous one",
-                    {{"APP", "The application's name or ID, as shown by desks and rules",
+                    marked("Set an application's rule, replacing any previous one"),
+                    {{"APP", marked("The application's name or ID, as shown by desks and rules"),
                       ValueKind::application},
-                     {"--ignore", "Neither learn nor move its windows", ValueKind::flag},
+                     {"--ignore", marked("Neither learn nor move its windows"), ValueKind::flag},
                      {.name = "--display",
-                      .help = "Keep its windows on this display, by its label (vantrelctl displays)",
+                      .help = marked("Keep its windows on this display, by its label (vantrelctl displays)"),
                       .kind = ValueKind::display,
                       .excluded = "--ignore"},
-                     {"--last", "Place its windows after all others", ValueKind::flag}},
+                     {"--last", marked("Place its windows after all others"), ValueKind::flag}},
                     setArguments}},
          .text = VerbTexts::of<AppRule>(ruleText)},
         {.signature = "RemoveRule(application) rule",
          .handler = removeRule,
          .verbs = {{"rules remove",
-                    "Remove an application's rule",
-                    {{"APP", "The application's name or ID", ValueKind::ruledApplication}}}},
-         .text = VerbTexts::sentence("Removed the rule for {appName}. To put it back: vantrelctl undelete")},
+                    marked("Remove an application's rule"),
+                    {{"APP", marked("The application's name or ID"), ValueKind::ruledApplication}}}},
+         .text = VerbTexts::sentence(
+             marked("Removed the rule for {appName}. To put it back: vantrelctl undelete"))},
     };
 }
 

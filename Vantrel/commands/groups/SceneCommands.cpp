@@ -9,8 +9,8 @@
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/scenes/SceneRail.h"
-#include "VantrelCore/text/CountedNoun.h"
 #include "VantrelCore/text/SceneExplanations.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -106,7 +106,7 @@ ControlAnswer setOpensMissingApps(const BusCall& call, const Scene& scene) {
     return call[1] == "true" || call[1] == "false"
                ? edited(call.controller,
                         call.controller.scenes().setOpensMissingApps(call[1] == "true", scene.id))
-               : refused("The argument opens must be \"true\" or \"false\".");
+               : refused(tr("The argument opens must be \"true\" or \"false\"."));
 }
 
 // Sets the wallpaper of the display that DisplayLabels::resolve() finds, or of every display if `display` is
@@ -141,7 +141,7 @@ void reapply(const BusCall& call) {
     if (call.controller.published().driftNudge) {
         call.controller.reapplyDriftScene(restoreReply(call.reply));
     } else {
-        call.reply(refused("No windows have moved away from a scene."));
+        call.reply(refused(tr("No windows have moved away from a scene.")));
     }
 }
 
@@ -169,7 +169,7 @@ ControlAnswer moveScene(const BusCall& call, const Scene& scene) {
     const auto parsed = std::from_chars(call[1].data(), end, position);
     return parsed.ec == std::errc{} && parsed.ptr == end && position > 0
                ? edited(call.controller, call.controller.scenes().move(scene.id, position - 1))
-               : refused("The position must be a number from 1.");
+               : refused(tr("The position must be a number from 1."));
 }
 
 BusHandler setPinned(bool isPinned) {
@@ -180,17 +180,17 @@ BusHandler setPinned(bool isPinned) {
 
 std::string savedText(const nlohmann::json& saved, const VerbCall& /*call*/) {
     const auto message = JsonCoding::value<SceneMessage>(saved);
-    const auto windows = countedNoun(std::ssize(message.scene.layout.windows), "window");
+    const auto windows = trn("{} window", "{} windows", std::ssize(message.scene.layout.windows));
     return JsonCoding::required<bool>(saved, "isNew")
-               ? fmt::format("Saved {} as the scene \"{}\".\n", windows, message.scene.name)
-               : fmt::format("Updated the scene \"{}\" with {}.\n", message.scene.name, windows);
+               ? trf("Saved {} as the scene \"{}\".\n", windows, message.scene.name)
+               : trf("Updated the scene \"{}\" with {}.\n", message.scene.name, windows);
 }
 
 std::string opensText(const SceneMessage& message) {
-    return fmt::format("The scene \"{}\" opens {}.\n", message.scene.name,
-                       message.scene.effectiveOpensMissingApps()
-                           ? "missing apps"
-                           : "no missing apps, except those it keeps places for");
+    return message.scene.effectiveOpensMissingApps()
+               ? trf("The scene \"{}\" opens missing apps.\n", message.scene.name)
+               : trf("The scene \"{}\" opens no missing apps, except those it keeps places for.\n",
+                     message.scene.name);
 }
 
 // Searches the scenes that the program knows.
@@ -203,10 +203,9 @@ ExitCode show(const VerbCall& call) {
             return Unicode::lowercased(each.value("name", "")) == wanted ||
                    Unicode::lowercased(each.value("id", "")) == wanted;
         });
-        answer = found != all.end()
-                     ? ControlClient::Result<nlohmann::json>(*found)
-                     : std::unexpected(ControlFailure{
-                           .message = fmt::format("There is no scene \"{}\".", call.typed["scene"])});
+        answer = found != all.end() ? ControlClient::Result<nlohmann::json>(*found)
+                                    : std::unexpected(ControlFailure{
+                                          .message = trf("There is no scene \"{}\".", call.typed["scene"])});
     }
     return VerbPrinting::show(answer, VerbTexts::of<SceneMessage>(SceneTexts::scene), call);
 }
@@ -218,18 +217,17 @@ ExitCode wallpaper(const VerbCall& call) {
         std::error_code ignored;
         path = std::filesystem::absolute(call.typed["picture"], ignored).string();
         if (!std::filesystem::is_regular_file(path, ignored)) {
-            return VerbPrinting::complain(fmt::format("There is no picture file {}.", path),
-                                          ExitCode::failed);
+            return VerbPrinting::complain(trf("There is no picture file {}.", path), ExitCode::failed);
         }
     }
     return VerbPrinting::show(
         ControlClient::call("SetSceneWallpaper", {call.typed["scene"], call.typed["--display"], path}),
-        VerbTexts::sentence(path.empty() ? "The scene \"{name}\" does not change the wallpaper."
-                                         : "The wallpaper of the scene \"{name}\" is set."),
+        VerbTexts::sentence(path.empty() ? marked("The scene \"{name}\" does not change the wallpaper.")
+                                         : marked("The wallpaper of the scene \"{name}\" is set.")),
         call);
 }
 
-constexpr Word scene{"scene", "The scene's name", ValueKind::scene};
+constexpr Word scene{"scene", marked("The scene's name"), ValueKind::scene};
 
 } // namespace
 
@@ -237,19 +235,23 @@ std::vector<Command> sceneCommands() {
     return {
         {.signature = "Scenes() scenes",
          .handler = scenes,
-         .verbs = {{"scenes", "List and manage the scenes of every desk"},
-                   {"scenes list", "List the scenes of every desk; a star marks the one last applied here"}},
+         .verbs = {{"scenes", marked("List and manage the scenes of every desk")},
+                   {"scenes list",
+                    marked("List the scenes of every desk; a star marks the one last applied here")}},
          .text = VerbTexts::of<ScenesMessage>(
-             SceneTexts::list, "There are no scenes yet. Save one with: vantrelctl save-scene NAME\n")},
-        {.verbs = {{"scenes show", "Draw a scene", {scene}}}, .run = show},
+             SceneTexts::list,
+             marked("There are no scenes yet. Save one with: vantrelctl save-scene NAME\n"))},
+        {.verbs = {{"scenes show", marked("Draw a scene"), {scene}}}, .run = show},
         {.signature = "CreateEmptyScene(name) scene",
          .handler = create,
-         .verbs = {{"scenes new", "Create a scene without windows, to be filled in the editor", {scene}}},
-         .text = VerbTexts::sentence("Created the empty scene \"{name}\".")},
+         .verbs = {{"scenes new",
+                    marked("Create a scene without windows, to be filled in the editor"),
+                    {scene}}},
+         .text = VerbTexts::sentence(marked("Created the empty scene \"{name}\"."))},
         {.signature = "ApplyScene(scene) report",
          .handler = apply,
          .verbs = {{"apply",
-                    "Arrange the desk as saved in a scene, even one of another desk",
+                    marked("Arrange the desk as saved in a scene, even one of another desk"),
                     {scene, PreviewMessage::dryRun}}},
          .run =
              [](const VerbCall& call) {
@@ -258,44 +260,47 @@ std::vector<Command> sceneCommands() {
         {.signature = "PreviewScene(scene) preview", .handler = preview},
         {.signature = "SaveScene(name) scene",
          .handler = save,
-         .verbs = {{"scenes update", "Save the desk to an existing scene of this desk", {scene}},
+         .verbs = {{"scenes update", marked("Save the desk to an existing scene of this desk"), {scene}},
                    {"save-scene",
-                    "Save the desk as a scene",
-                    {{"name", "The scene's name, of 30 characters or fewer", ValueKind::scene}}}},
+                    marked("Save the desk as a scene"),
+                    {{"name", marked("The scene's name, of 30 characters or fewer"), ValueKind::scene}}}},
          .text = savedText},
         {.signature = "RenameScene(scene, name) scene",
          .handler = editing(renameScene),
          .verbs = {{"scenes rename",
-                    "Rename a scene",
-                    {scene, {"name", "Its new name, of 30 characters or fewer"}}}},
-         .text = VerbTexts::sentence("The scene is now called \"{name}\".")},
+                    marked("Rename a scene"),
+                    {scene, {"name", marked("Its new name, of 30 characters or fewer")}}}},
+         .text = VerbTexts::sentence(marked("The scene is now called \"{name}\"."))},
         {.signature = "DuplicateScene(scene) scene",
          .handler = editing(duplicateScene),
-         .verbs = {{"scenes duplicate", "Add a copy of a scene after it", {scene}}},
-         .text = VerbTexts::sentence("Added the scene \"{name}\".")},
+         .verbs = {{"scenes duplicate", marked("Add a copy of a scene after it"), {scene}}},
+         .text = VerbTexts::sentence(marked("Added the scene \"{name}\"."))},
         {.signature = "MoveScene(scene, position) scene",
          .handler = editing(moveScene),
          .verbs = {{"scenes move",
-                    "Move a scene to another position in its desk's list",
-                    {scene, {"position", "1 for the first, 2 for the second and so on", ValueKind::number}}}},
-         .text = VerbTexts::sentence("Moved the scene \"{name}\".")},
+                    marked("Move a scene to another position in its desk's list"),
+                    {scene,
+                     {"position", marked("1 for the first, 2 for the second and so on"),
+                      ValueKind::number}}}},
+         .text = VerbTexts::sentence(marked("Moved the scene \"{name}\"."))},
         {.signature = "DeleteScene(scene) scene",
          .handler = editing(deleteScene),
-         .verbs = {{"scenes delete", "Delete a scene", {scene}}},
-         .text = VerbTexts::sentence("Deleted the scene \"{name}\". To put it back: vantrelctl undelete")},
+         .verbs = {{"scenes delete", marked("Delete a scene"), {scene}}},
+         .text = VerbTexts::sentence(
+             marked("Deleted the scene \"{name}\". To put it back: vantrelctl undelete"))},
         {.signature = "PinScene(scene) scene",
          .handler = setPinned(true),
-         .verbs = {{"scenes pin", "Protect a scene from being overwritten or deleted", {scene}}},
-         .text = VerbTexts::sentence("Pinned the scene \"{name}\".")},
+         .verbs = {{"scenes pin", marked("Protect a scene from being overwritten or deleted"), {scene}}},
+         .text = VerbTexts::sentence(marked("Pinned the scene \"{name}\"."))},
         {.signature = "UnpinScene(scene) scene",
          .handler = setPinned(false),
-         .verbs = {{"scenes unpin", "Allow a scene to be changed again", {scene}}},
-         .text = VerbTexts::sentence("Unpinned the scene \"{name}\".")},
+         .verbs = {{"scenes unpin", marked("Allow a scene to be changed again"), {scene}}},
+         .text = VerbTexts::sentence(marked("Unpinned the scene \"{name}\"."))},
         {.signature = "SetSceneOpensMissingApps(scene, opens) scene",
          .handler = editing(setOpensMissingApps),
          .verbs = {{"scenes open-apps",
-                    "Choose whether applying a scene starts its applications that are not running",
-                    {scene, {"opens", "yes or no", ValueKind::yesOrNo}},
+                    marked("Choose whether applying a scene starts its applications that are not running"),
+                    {scene, {"opens", marked("yes or no"), ValueKind::yesOrNo}},
                     [](const Typed& typed) {
                         return std::vector<std::string>{typed["scene"],
                                                         typed["opens"] == "yes" ? "true" : "false"};
@@ -304,20 +309,21 @@ std::vector<Command> sceneCommands() {
         {.signature = "SetSceneWallpaper(scene, display, path) scene",
          .handler = editing(setWallpaper),
          .verbs = {{"scenes wallpaper",
-                    "Choose a scene's wallpaper",
+                    marked("Choose a scene's wallpaper"),
                     {scene,
-                     {"picture", "The picture file; omit it to remove the wallpaper", ValueKind::file,
+                     {"picture", marked("The picture file; omit it to remove the wallpaper"), ValueKind::file,
                       Word::Use::optional},
-                     {"--display", "A display of the scene, by label; defaults to all displays",
+                     {"--display", marked("A display of the scene, by label; defaults to all displays"),
                       ValueKind::display}}}},
          .run = wallpaper},
         {.signature = "ReapplyDriftScene() report",
          .handler = reapply,
-         .verbs = {{"scenes reapply", "Reapply the scene that windows have moved away from"}},
+         .verbs = {{"scenes reapply", marked("Reapply the scene that windows have moved away from")}},
          .text = VerbTexts::report},
         {.signature = "DismissDriftNudge() scenes",
          .handler = dismiss,
-         .verbs = {{"scenes dismiss", "Dismiss the notice that windows have moved away from the scene"}},
+         .verbs = {{"scenes dismiss",
+                    marked("Dismiss the notice that windows have moved away from the scene")}},
          .text = VerbTexts::of<ScenesMessage>(SceneTexts::list)},
     };
 }

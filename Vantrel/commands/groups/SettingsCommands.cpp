@@ -5,6 +5,7 @@
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/SettingKey.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
@@ -36,13 +37,13 @@ nlohmann::json describe(const SettingKey& key, UserDefaults& defaults) {
             {"value", json(stored ? stored : key.fallback)},
             {"default", json(key.fallback)},
             {"isSet", stored.has_value()},
-            {"takes", key.typeText()},
+            {"takes", inEnglish([&key] { return key.typeText(); })},
             {"description", key.description},
             {"isNote", key.purpose == SettingKey::Purpose::note}};
 }
 
 std::string unknown(const std::string& name) {
-    return SettingKeys::unknown(name) + " See: vantrelctl settings";
+    return SettingKeys::unknown(name) + " " + tr("See: vantrelctl settings");
 }
 
 ControlAnswer settings(const BusCall& call) {
@@ -66,7 +67,7 @@ ControlAnswer set(const BusCall& call) {
         return refused(unknown(call[0]));
     }
     if (!call.controller.hasEffect(*key)) {
-        return refused(fmt::format("The setting \"{}\" has no effect on this system.", key->name));
+        return refused(trf("The setting \"{}\" has no effect on this system.", key->name));
     }
     const auto value = key->read(call[1]);
     if (!value) {
@@ -98,11 +99,11 @@ std::string list(const nlohmann::json& answer, const VerbCall& call) {
         if (call.typed.has("--all") || !required<bool>(setting, "isNote")) {
             rows.push_back({required<bool>(setting, "isSet") ? "*" : " ",
                             required<std::string>(setting, "key"), value(setting.at("value")),
-                            required<std::string>(setting, "description")});
+                            tr(required<std::string>(setting, "description").c_str())});
         }
     }
     std::string text = TextColumns::lines(rows, call.environment.drawing().columns) +
-                       "\n* marks settings that were set; the others have their defaults.\n";
+                       tr("\n* marks settings that were set; the others have their defaults.\n");
     for (const auto& mistake : answer.value("mistakes", std::vector<std::string>())) {
         text += "! " + mistake + '\n';
     }
@@ -111,15 +112,18 @@ std::string list(const nlohmann::json& answer, const VerbCall& call) {
 
 std::string description(const nlohmann::json& setting, const VerbCall& /*call*/) {
     const auto& fallback = setting.at("default");
-    return fmt::format("{} = {}\n{}\nTakes {}. {}\n", required<std::string>(setting, "key"),
-                       value(setting.at("value")), required<std::string>(setting, "description"),
-                       required<std::string>(setting, "takes"),
-                       fallback.is_null() ? "Absent by default." : "Default: " + value(fallback) + ".");
+    const auto name = required<std::string>(setting, "key");
+    const SettingKey* const known = SettingKeys::named(name);
+    return trf("{} = {}\n{}\nTakes {}. {}\n", name, value(setting.at("value")),
+               tr(required<std::string>(setting, "description").c_str()),
+               known != nullptr ? known->typeText() : required<std::string>(setting, "takes"),
+               fallback.is_null() ? std::string(tr("Absent by default."))
+                                  : trf("Default: {}.", value(fallback)));
 }
 
 std::string changed(const nlohmann::json& setting, const VerbCall& /*call*/) {
     return fmt::format("{} = {}{}\n", required<std::string>(setting, "key"), value(setting.at("value")),
-                       required<bool>(setting, "isSet") ? "" : " (the default)");
+                       required<bool>(setting, "isSet") ? "" : fmt::format(" ({})", tr("the default")));
 }
 
 // Picks the setting with the key that was typed from all settings.
@@ -135,8 +139,8 @@ ExitCode get(const VerbCall& call) {
     return VerbPrinting::show(answer, description, call);
 }
 
-constexpr Word all{"--all", "Also list vantrel's own records", ValueKind::flag};
-constexpr Word key{"KEY", "The setting's name", ValueKind::settingKey};
+constexpr Word all{"--all", marked("Also list vantrel's own records"), ValueKind::flag};
+constexpr Word key{"KEY", marked("The setting's name"), ValueKind::settingKey};
 
 } // namespace
 
@@ -145,19 +149,19 @@ std::vector<Command> settingsCommands() {
     return {
         {.signature = "Settings() settings",
          .handler = settings,
-         .verbs = {{"settings", "List, show and change settings", {all}, none},
-                   {"settings list", "List every setting with its value", {all}, none}},
+         .verbs = {{"settings", marked("List, show and change settings"), {all}, none},
+                   {"settings list", marked("List every setting with its value"), {all}, none}},
          .text = list},
-        {.verbs = {{"settings get", "Show a setting's meaning and valid values", {key}}}, .run = get},
+        {.verbs = {{"settings get", marked("Show a setting's meaning and valid values"), {key}}}, .run = get},
         {.signature = "SetSetting(key, value) setting",
          .handler = set,
          .verbs = {{"settings set",
-                    "Change a setting; takes effect at once",
-                    {key, {"VALUE", "true, false, a number or a string", ValueKind::settingValue}}}},
+                    marked("Change a setting; takes effect at once"),
+                    {key, {"VALUE", marked("true, false, a number or a string"), ValueKind::settingValue}}}},
          .text = changed},
         {.signature = "UnsetSetting(key) setting",
          .handler = unset,
-         .verbs = {{"settings unset", "Reset a setting to its default", {key}}},
+         .verbs = {{"settings unset", marked("Reset a setting to its default"), {key}}},
          .text = changed},
     };
 }

@@ -4,6 +4,7 @@
 #include "Vantrel/commands/shell/CompletionValues.h"
 #include "Vantrel/commands/shell/ManualPage.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -66,18 +67,21 @@ ExitCode complete(const VerbCall& call) {
 
 std::vector<Command> shellCommands() {
     return {
-        {.verbs =
-             {{"help",
-               "Show the help of a command",
-               {{.name = "COMMAND", .help = "The command, with all its words", .use = Word::Use::rest}}}},
+        {.verbs = {{"help",
+                    marked("Show the help of a command"),
+                    {{.name = "COMMAND",
+                      .help = marked("The command, with all its words"),
+                      .use = Word::Use::rest}}}},
          .run = help,
          .hasJson = false},
         {.verbs = {{"completion",
-                    "Print a shell's completion script",
-                    {{"shell", "bash, zsh or fish", ValueKind::shell}}}},
+                    marked("Print a shell's completion script"),
+                    {{"shell", marked("bash, zsh or fish"), ValueKind::shell}}}},
          .run = completion,
          .hasJson = false},
-        {.verbs = {{"manual", "Print the manual page, for man(1)"}}, .run = printManual, .hasJson = false},
+        {.verbs = {{"manual", marked("Print the manual page, for man(1)")}},
+         .run = printManual,
+         .hasJson = false},
         {.verbs = {{Completion::verb, "", {{.name = "WORD", .use = Word::Use::rest}}}},
          .run = complete,
          .hasJson = false},

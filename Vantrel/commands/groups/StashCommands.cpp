@@ -5,7 +5,7 @@
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <expected>
@@ -55,10 +55,10 @@ std::expected<std::string, std::string> stashCalled(const PublishedState& state,
     if (wanted.empty()) {
         const Stash* const active = state.activeStash();
         return active != nullptr ? std::expected<std::string, std::string>(active->id)
-                                 : std::unexpected("Nothing is stashed on this desk.");
+                                 : std::unexpected(tr("Nothing is stashed on this desk."));
     }
     if (std::ranges::count_if(state.stashes, isMeant) > 1) {
-        return std::unexpected("More than one stash ID begins with \"" + wanted + "\".");
+        return std::unexpected(trf("More than one stash ID begins with \"{}\".", wanted));
     }
     return found == state.stashes.end() ? wanted : found->id;
 }
@@ -79,7 +79,7 @@ ControlAnswer discard(const BusCall& call) {
     }
     const auto found = std::ranges::find(stashes, *id, &Stash::id);
     if (found == stashes.end()) {
-        return refused(fmt::format("There is no stash \"{}\". See: vantrelctl stash list", call[0]));
+        return refused(trf("There is no stash \"{}\". See: vantrelctl stash list", call[0]));
     }
     // The stash is gone afterwards.
     const ControlAnswer deleted({{"id", found->id},
@@ -88,7 +88,7 @@ ControlAnswer discard(const BusCall& call) {
                                  {"configName", found->deskName}});
     return call.controller.stashes().discard(*id)
                ? deleted
-               : refused("The stash could not be deleted from disk. Nothing was changed.");
+               : refused(tr("The stash could not be deleted from disk. Nothing was changed."));
 }
 
 ControlAnswer undelete(const BusCall& call) {
@@ -100,9 +100,9 @@ ControlAnswer undelete(const BusCall& call) {
 std::string stashedText(const nlohmann::json& reply, const VerbCall& call) {
     return reply.contains("restored")
                ? VerbTexts::report(reply, call)
-               : fmt::format("Stashed {} of {} for 7 days. Bring them back with: vantrelctl stash back\n",
-                             countedNoun(JsonCoding::required<std::int64_t>(reply, "windows"), "window"),
-                             JsonCoding::required<std::string>(reply, "configName"));
+               : trf("Stashed {} of {} for 7 days. Bring them back with: vantrelctl stash back\n",
+                     trn("{} window", "{} windows", JsonCoding::required<std::int64_t>(reply, "windows")),
+                     JsonCoding::required<std::string>(reply, "configName"));
 }
 
 } // namespace
@@ -111,41 +111,46 @@ std::vector<Command> stashCommands() {
     return {
         {.signature = "Undo() report",
          .handler = undo,
-         .verbs = {{"undo", "Return the windows to where they were before the last restore or switch"}},
+         .verbs = {{"undo",
+                    marked("Return the windows to where they were before the last restore or switch")}},
          .text = VerbTexts::report},
         {.signature = "Undelete() putBack",
          .handler = undelete,
          .verbs = {{"undelete",
-                    "Put back the scene, layout, desk, stash, rule or trigger that was deleted last"}},
-         .text = VerbTexts::sentence("Put back {what}.")},
+                    marked(
+                        "Put back the scene, layout, desk, stash, rule or trigger that was deleted last")}},
+         .text = VerbTexts::sentence(marked("Put back {what}."))},
         {.signature = "Stashes() stashes",
          .handler = stashes,
-         .verbs = {{"stash", "List stashes, stash this desk, bring a stash back"},
-                   {"stash list", "List the stashes; a star marks the one that \"back\" brings back"}},
+         .verbs = {{"stash", marked("List stashes, stash this desk, bring a stash back")},
+                   {"stash list",
+                    marked("List the stashes; a star marks the one that \"back\" brings back")}},
          .text = VerbTexts::of<StashesMessage>(
-             CommandTexts::stashes, "Nothing is stashed. Stash this desk with: vantrelctl stash now\n")},
+             CommandTexts::stashes,
+             marked("Nothing is stashed. Stash this desk with: vantrelctl stash now\n"))},
         {.signature = "Stash() stash",
          .handler = stash,
-         .verbs = {{"stash now", "Stash this desk as it is for 7 days"}},
+         .verbs = {{"stash now", marked("Stash this desk as it is for 7 days")}},
          .text = stashedText},
         {.signature = "ToggleStash() stashOrReport",
          .handler = toggle,
-         .verbs = {{"stash toggle", "Bring this desk's newest stash back; without one, stash the desk"}},
+         .verbs = {{"stash toggle",
+                    marked("Bring this desk's newest stash back; without one, stash the desk")}},
          .text = stashedText},
         {.signature = "BringBack(stash) report",
          .handler = bringBack,
          .verbs = {{"stash back",
-                    "Bring a stash back",
-                    {{"stash", "The beginning of the stash's ID; defaults to this desk's newest",
+                    marked("Bring a stash back"),
+                    {{"stash", marked("The beginning of the stash's ID; defaults to this desk's newest"),
                       ValueKind::stash, Word::Use::optional}}}},
          .text = VerbTexts::report},
         {.signature = "DeleteStash(stash) stash",
          .handler = discard,
          .verbs = {{"stash delete",
-                    "Delete a stash without bringing it back",
-                    {{"stash", "The beginning of the stash's ID", ValueKind::stash}}}},
-         .text =
-             VerbTexts::sentence("Deleted the stash of {configName}. To put it back: vantrelctl undelete")},
+                    marked("Delete a stash without bringing it back"),
+                    {{"stash", marked("The beginning of the stash's ID"), ValueKind::stash}}}},
+         .text = VerbTexts::sentence(
+             marked("Deleted the stash of {configName}. To put it back: vantrelctl undelete"))},
     };
 }
 

@@ -3,6 +3,7 @@
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
+#include "VantrelCore/text/Translation.h"
 
 namespace vantrel {
 
@@ -24,20 +25,21 @@ nlohmann::json describe(const PublishedState& state) {
 // `otherwise` while there is no suggestion.
 Command command(const char* signature, bool (*change)(SuggestionFlow&), const Verb& verb,
                 const char* otherwise) {
-    const auto arranged = VerbTexts::sentence(
-        "{configName} was arranged like this on several days. Save it with: vantrelctl save-scene NAME");
+    const auto arranged = VerbTexts::sentence(marked(
+        "{configName} was arranged like this on several days. Save it with: vantrelctl save-scene NAME"));
     return {.signature = signature,
             .handler =
                 [change](const BusCall& call) {
                     return change(call.controller.suggestions())
                                ? ControlAnswer(describe(call.controller.published()))
-                               : refused("The settings could not be written to disk.");
+                               : refused(tr("The settings could not be written to disk."));
                 },
             .verbs = {verb},
             .text =
                 [arranged, otherwise](const nlohmann::json& reply, const VerbCall& call) {
-                    return JsonCoding::required<bool>(reply, "isSuggested") ? arranged(reply, call)
-                                                                            : std::string(otherwise) + '\n';
+                    return JsonCoding::required<bool>(reply, "isSuggested")
+                               ? arranged(reply, call)
+                               : std::string(tr(otherwise)) + '\n';
                 }};
 }
 
@@ -47,18 +49,19 @@ std::vector<Command> suggestionCommands() {
     return {
         command(
             "Suggestion() suggestion", [](SuggestionFlow& /*unchanged*/) { return true; },
-            {"suggestion", "Show whether this arrangement recurs and should be saved as a scene"},
-            "There is no suggestion."),
+            {"suggestion", marked("Show whether this arrangement recurs and should be saved as a scene")},
+            marked("There is no suggestion.")),
         command(
             "SnoozeSuggestions() suggestion", [](SuggestionFlow& flow) { return flow.snooze(); },
-            {"suggestion snooze", "Pause suggestions for a week"}, "Suggestions are paused for a week."),
+            {"suggestion snooze", marked("Pause suggestions for a week")},
+            marked("Suggestions are paused for a week.")),
         command(
             "StopSuggestions() suggestion", [](SuggestionFlow& flow) { return flow.stop(); },
-            {"suggestion stop", "Stop suggestions"}, "Suggestions are stopped."),
+            {"suggestion stop", marked("Stop suggestions")}, marked("Suggestions are stopped.")),
         command(
             "ResumeSuggestions() suggestion", [](SuggestionFlow& flow) { return flow.resume(); },
-            {"suggestion resume", "Resume suggestions"},
-            "Suggestions are resumed. There is none at the moment."),
+            {"suggestion resume", marked("Resume suggestions")},
+            marked("Suggestions are resumed. There is none at the moment.")),
     };
 }
 

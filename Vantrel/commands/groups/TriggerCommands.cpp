@@ -6,6 +6,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/ports/FocusReader.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/text/Unicode.h"
 
 #include <algorithm>
@@ -69,13 +70,13 @@ std::expected<SceneTrigger::Kind, std::string> kindOf(const std::string& kind, c
         return SceneTrigger::FocusMode{name.empty() ? FocusReader::unnamed : name};
     }
     if (kind != "schedule") {
-        return std::unexpected(fmt::format(
-            "The trigger kind must be \"schedule\", \"calendar\" or \"focus\", not \"{}\".", kind));
+        return std::unexpected(
+            trf("The trigger kind must be \"schedule\", \"calendar\" or \"focus\", not \"{}\".", kind));
     }
     const auto time = SceneTriggerFormatting::scheduleOf(detail);
     if (!time) {
         return std::unexpected(
-            fmt::format("\"{}\" is not a valid time. Use a format like 9:30, 21:30 or \"9:30 PM\".", detail));
+            trf("\"{}\" is not a valid time. Use a format like 9:30, 21:30 or \"9:30 PM\".", detail));
     }
     return *time;
 }
@@ -85,17 +86,19 @@ std::expected<std::vector<std::string>, std::string> sceneIDs(const std::string&
                                                               const PublishedState& state) {
     const auto list = nlohmann::json::parse(names, nullptr, false);
     if (!list.is_array()) {
-        return std::unexpected("The scenes must be a JSON array of strings.");
+        return std::unexpected(tr("The scenes must be a JSON array of strings."));
     }
     std::vector<std::string> ids;
     for (const auto& each : list) {
         // The element is not printed: it may be nested too deeply for that.
         if (!each.is_string()) {
-            return std::unexpected("The scenes must be a JSON array of strings.");
+            return std::unexpected(tr("The scenes must be a JSON array of strings."));
         }
         const auto scene = sceneCalled(state, each.get<std::string>());
         if (!scene) {
-            return std::unexpected(scene.error() + (state.scenes.empty() ? "" : " See: vantrelctl scenes"));
+            return std::unexpected(scene.error() + (state.scenes.empty()
+                                                        ? ""
+                                                        : std::string(" ") + tr("See: vantrelctl scenes")));
         }
         ids.push_back(scene->id);
     }
@@ -126,7 +129,7 @@ template <typename Change>
 ControlAnswer changed(const BusCall& call, Change&& change) {
     auto trigger = triggerCalled(call[0], call.controller.published());
     if (!trigger) {
-        return refused(fmt::format("There is no trigger \"{}\". See: vantrelctl triggers", call[0]));
+        return refused(trf("There is no trigger \"{}\". See: vantrelctl triggers", call[0]));
     }
     const auto result = change(call.controller.triggers(), *trigger);
     return result ? ControlAnswer(describe(*trigger, call.controller.published()))
@@ -172,22 +175,22 @@ ControlAnswer deleteTrigger(const BusCall& call) {
 
 std::string sceneName(const nlohmann::json& trigger) {
     const auto name = JsonCoding::optional<std::string>(trigger, "sceneName");
-    return name ? "\"" + *name + "\"" : "a scene that no longer exists";
+    return name ? trf("\"{}\"", *name) : tr("a scene that no longer exists");
 }
 
 std::string remark(const nlohmann::json& trigger, bool isAccessNeeded, const VerbCall& call) {
     if (!required<bool>(trigger, "enabled")) {
-        return "off";
+        return tr("off");
     }
     if (isAccessNeeded && trigger.at("kind").contains("calendarVideoEvent")) {
         return tr(SceneTriggerFormatting::calendarAccessNeeded);
     }
     std::string text;
     if (const auto next = JsonCoding::optional<Date>(trigger, "nextFiring")) {
-        text = "next on " + call.environment.localDate(*next);
+        text = trf("next on {}", call.environment.localDate(*next));
     }
     if (const auto fired = JsonCoding::optional<Date>(trigger, "lastFiredAt")) {
-        text += (text.empty() ? "last on " : ", last on ") + call.environment.localDate(*fired);
+        text += (text.empty() ? "" : ", ") + trf("last on {}", call.environment.localDate(*fired));
     }
     return text;
 }
@@ -200,18 +203,18 @@ std::string list(const nlohmann::json& answer, const VerbCall& call) {
                         sceneName(trigger), remark(trigger, isAccessNeeded, call)});
     }
     if (rows.empty()) {
-        return "There are no triggers. Add one with: vantrelctl triggers add --help\n";
+        return tr("There are no triggers. Add one with: vantrelctl triggers add --help\n");
     }
     const auto text = TextColumns::lines(rows, call.environment.drawing().columns);
-    return isAccessNeeded ? text + "\nNo calendar was found. Set its folder with: vantrelctl settings set "
-                                   "calendarFolders FOLDER\n"
+    return isAccessNeeded ? text + tr("\nNo calendar was found. Set its folder with: vantrelctl settings set "
+                                      "calendarFolders FOLDER\n")
                           : text;
 }
 
 std::string added(const nlohmann::json& answer, const VerbCall& /*call*/) {
     std::string text;
     for (const auto& trigger : answer.at("triggers")) {
-        text += fmt::format("{}: applies {}.\n", required<std::string>(trigger, "title"), sceneName(trigger));
+        text += trf("{}: applies {}.\n", required<std::string>(trigger, "title"), sceneName(trigger));
     }
     return text;
 }
@@ -233,9 +236,9 @@ std::vector<std::string> editArguments(const Typed& typed) {
     return {typed["TRIGGER"], kind, time.empty() ? typed["--focus"] : time, typed["--scene"]};
 }
 
-constexpr Word scenes{"SCENE", "A scene's name; give several for several desks", ValueKind::scene,
+constexpr Word scenes{"SCENE", marked("A scene's name; give several for several desks"), ValueKind::scene,
                       Word::Use::repeated};
-constexpr Word trigger{"TRIGGER", "The trigger's number in the list, or its ID", ValueKind::trigger};
+constexpr Word trigger{"TRIGGER", marked("The trigger's number in the list, or its ID"), ValueKind::trigger};
 
 } // namespace
 
@@ -243,43 +246,43 @@ std::vector<Command> triggerCommands() {
     return {
         {.signature = "Triggers() triggers",
          .handler = triggers,
-         .verbs = {{"triggers", "List and manage the triggers that apply scenes automatically"},
-                   {"triggers list", "List the triggers"}},
+         .verbs = {{"triggers", marked("List and manage the triggers that apply scenes automatically")},
+                   {"triggers list", marked("List the triggers")}},
          .text = list},
         {.signature = "AddTrigger(kind, detail, scenes) triggers",
          .handler = add,
          .verbs = {{.path = "triggers add",
-                    .help = "Apply a scene at a time of day, before a video call, or with a Focus",
-                    .examples =
+                    .help = marked("Apply a scene at a time of day, before a video call, or with a Focus"),
+                    .examples = marked(
                         "With several scenes, the one saved on the current desk is applied.\nExamples:\n"
                         "  vantrelctl triggers add schedule 9:00 Work Home\n"
                         "  vantrelctl triggers add calendar Call\n"
-                        "  vantrelctl triggers add focus Quiet"},
+                        "  vantrelctl triggers add focus Quiet")},
                    {"triggers add schedule",
-                    "Every day at a given time",
-                    {{"TIME", "9:30, 21:30 or \"9:30 PM\""}, scenes},
+                    marked("Every day at a given time"),
+                    {{"TIME", marked("9:30, 21:30 or \"9:30 PM\"")}, scenes},
                     addArguments("schedule", "TIME")},
                    {"triggers add calendar",
-                    "A minute before an event with a link to a video call",
+                    marked("A minute before an event with a link to a video call"),
                     {scenes},
                     addArguments("calendar", "")},
                    {"triggers add focus",
-                    "When a Focus turns on",
-                    {scenes, {"--name", "The Focus; defaults to the desktop's \"do not disturb\""}},
+                    marked("When a Focus turns on"),
+                    {scenes, {"--name", marked("The Focus; defaults to the desktop's \"do not disturb\"")}},
                     addArguments("focus", "--name")}},
          .text = added},
         {.signature = "EditTrigger(trigger, kind, detail, scene) trigger",
          .handler = edit,
          .verbs = {{"triggers edit",
-                    "Change what fires a trigger, or the scene that it applies",
+                    marked("Change what fires a trigger, or the scene that it applies"),
                     {trigger,
-                     {.name = "--time", .help = "A time of day: 9:30, 21:30 or \"9:30 PM\""},
+                     {.name = "--time", .help = marked("A time of day: 9:30, 21:30 or \"9:30 PM\"")},
                      {.name = "--calendar",
-                      .help = "A minute before an event with a link to a video call",
+                      .help = marked("A minute before an event with a link to a video call"),
                       .kind = ValueKind::flag,
                       .excluded = "--time"},
-                     {.name = "--focus", .help = "When this Focus turns on", .excluded = "--time"},
-                     {"--scene", "The scene's name", ValueKind::scene}},
+                     {.name = "--focus", .help = marked("When this Focus turns on"), .excluded = "--time"},
+                     {"--scene", marked("The scene's name"), ValueKind::scene}},
                     editArguments}},
          .text =
              [](const nlohmann::json& reply, const VerbCall& call) {
@@ -287,16 +290,16 @@ std::vector<Command> triggerCommands() {
              }},
         {.signature = "EnableTrigger(trigger) trigger",
          .handler = setEnabled(true),
-         .verbs = {{"triggers enable", "Enable a trigger", {trigger}}},
-         .text = VerbTexts::sentence("{title} is on.")},
+         .verbs = {{"triggers enable", marked("Enable a trigger"), {trigger}}},
+         .text = VerbTexts::sentence(marked("{title} is on."))},
         {.signature = "DisableTrigger(trigger) trigger",
          .handler = setEnabled(false),
-         .verbs = {{"triggers disable", "Disable a trigger without deleting it", {trigger}}},
-         .text = VerbTexts::sentence("{title} is off.")},
+         .verbs = {{"triggers disable", marked("Disable a trigger without deleting it"), {trigger}}},
+         .text = VerbTexts::sentence(marked("{title} is off."))},
         {.signature = "DeleteTrigger(trigger) trigger",
          .handler = deleteTrigger,
-         .verbs = {{"triggers delete", "Delete a trigger", {trigger}}},
-         .text = VerbTexts::sentence("{title} is deleted. To put it back: vantrelctl undelete")},
+         .verbs = {{"triggers delete", marked("Delete a trigger"), {trigger}}},
+         .text = VerbTexts::sentence(marked("{title} is deleted. To put it back: vantrelctl undelete"))},
     };
 }
 

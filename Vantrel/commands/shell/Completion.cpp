@@ -1,6 +1,7 @@
 #include "Vantrel/commands/shell/Completion.h"
 
 #include "VantrelCore/text/SafeText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <cctype>
@@ -138,7 +139,7 @@ Expected expected(const CommandShape& program, const std::vector<std::string>& w
     const bool isOption = current.starts_with('-') && !typed.areOptionsOver;
     if (!isOption && typed.arguments == 0) {
         for (const CommandShape& below : typed.command->commands) {
-            expected.words.push_back({below.name, below.description});
+            expected.words.push_back({below.name, tr(below.description.c_str())});
         }
     }
     if (const OptionShape* const argument = argumentAt(*typed.command, typed.arguments);
@@ -149,7 +150,7 @@ Expected expected(const CommandShape& program, const std::vector<std::string>& w
         for (const OptionShape& option : typed.command->options) {
             for (const auto& name : option.names) {
                 if (!option.isPositional) {
-                    expected.words.push_back({name, option.description});
+                    expected.words.push_back({name, tr(option.description.c_str())});
                 }
             }
         }

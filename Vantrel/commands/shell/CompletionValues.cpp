@@ -4,6 +4,7 @@
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/model/JsonCoding.h"
 #include "VantrelCore/stores/StoreInspection.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -57,7 +58,7 @@ Candidates layouts(const std::string& deskName, const Sources& sources) {
 Candidates deskNames(const Sources& sources) {
     Candidates candidates;
     for (const DeskMessage& desk : desks(sources)) {
-        candidates.push_back({desk.name, desk.isCurrent ? "this desk" : ""});
+        candidates.push_back({desk.name, desk.isCurrent ? tr("this desk") : ""});
     }
     return candidates;
 }
@@ -113,12 +114,12 @@ Candidates settingValues(const std::string& key, const Sources& sources) {
         if (text(setting, "takes") == "true or false") {
             return {{"true", ""}, {"false", ""}};
         }
-        for (const char* const which : {"value", "default"}) {
+        for (const char* const which : {marked("value"), marked("default")}) {
             const auto& value = setting.at(which);
             const std::string word = value.is_string() ? value.get<std::string>() : value.dump();
             if (!value.is_null() &&
                 std::ranges::find(candidates, word, &Completion::Candidate::word) == candidates.end()) {
-                candidates.push_back({word, which});
+                candidates.push_back({word, tr(which)});
             }
         }
     }
@@ -163,8 +164,13 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
         return applications(sources);
     case ValueKind::ruledApplication:
         return listed(sources, "Rules", "rules", "appName", "bundleID");
-    case ValueKind::settingKey:
-        return listed(sources, "Settings", "settings", "key", "description");
+    case ValueKind::settingKey: {
+        Candidates keys = listed(sources, "Settings", "settings", "key", "description");
+        for (auto& key : keys) {
+            key.description = tr(key.description.c_str());
+        }
+        return keys;
+    }
     case ValueKind::settingValue:
         return settingValues(valueOf(typed, "KEY"), sources);
     case ValueKind::shortcut: {

@@ -2,9 +2,11 @@
 
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "Vantrel/commands/terminal/TextColumns.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/stores/StashStore.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/NumberText.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
 #include <algorithm>
@@ -20,18 +22,21 @@ namespace {
 using DeskDrawing::ellipsis, DeskDrawing::line, DeskDrawing::separator;
 
 std::string duration(double seconds) {
-    return seconds < 1 ? fmt::format("{:.0f} ms", std::ceil(seconds * 1000))
-                       : fmt::format("{:.1f} s", seconds);
+    return seconds < 1 ? trf("{} ms", static_cast<std::int64_t>(std::ceil(seconds * 1000)))
+                       : trf("{} s", NumberText::oneDecimal(seconds));
 }
 
 // Windows that were not restored come first: they are what the reader looks for.
 constexpr std::array listOrder{RestoreReport::Kind::failed, RestoreReport::Kind::skipped,
                                RestoreReport::Kind::retried, RestoreReport::Kind::restored};
 
+constexpr std::array outcomeNames{marked("restored"), marked("failed"), marked("skipped"), marked("retried")};
+
 std::string layoutLine(const std::string& name, std::int64_t windows, const std::string& date, bool isPinned,
                        const DeskDrawing::Options& options) {
-    return fmt::format("{0}{1}{2}{1}saved {3}{4}", name, separator(options), countedNoun(windows, "window"),
-                       date, isPinned ? std::string(separator(options)) + "pinned" : "");
+    return fmt::format("{0}{1}{2}{1}{3}{4}", name, separator(options),
+                       trn("{} window", "{} windows", windows), trf("saved {}", date),
+                       isPinned ? std::string(separator(options)) + tr("pinned") : "");
 }
 
 std::string layoutLine(const Layout& layout, const DeskDrawing::Options& options, const DateText& dateText) {
@@ -43,12 +48,12 @@ std::string layoutLine(const Layout& layout, const DeskDrawing::Options& options
 std::string remarks(const DeskMessage& desk, const DateText& dateText) {
     std::vector<std::string> remarks;
     if (desk.isCurrent) {
-        remarks.emplace_back("this desk");
+        remarks.emplace_back(tr("this desk"));
     } else if (desk.lastSeen) {
-        remarks.push_back("last seen " + dateText(*desk.lastSeen));
+        remarks.push_back(trf("last seen {}", dateText(*desk.lastSeen)));
     }
     if (desk.stashes.value_or(0) > 0) {
-        remarks.push_back(fmt::format("{} {}", *desk.stashes, *desk.stashes == 1 ? "stash" : "stashes"));
+        remarks.push_back(trn("{} stash", "{} stashes", *desk.stashes));
     }
     return remarks.empty() ? "" : fmt::format(" ({})", fmt::join(remarks, ", "));
 }
@@ -58,21 +63,24 @@ std::string remarks(const DeskMessage& desk, const DateText& dateText) {
 std::string status(const StatusMessage& status, const DeskDrawing::Options& options,
                    const DateText& dateText) {
     std::string text;
-    const auto add = [&](std::string_view label, const std::string& value) {
-        text += line(fmt::format("{:<9} {}", label, value), options);
+    constexpr std::array labels{marked("state"), marked("learning"), marked("desk"),     marked("layout"),
+                                marked("pin"),   marked("layouts"),  marked("displays"), marked("license"),
+                                marked("files"), marked("crashes")};
+    const int columns = TextColumns::widthOf(labels, 9);
+    const auto add = [&](const char* label, const std::string& value) {
+        text += line(fmt::format("{:<{}} {}", tr(label), columns, value), options);
     };
     add("state", status.phase.text);
     if (status.learningFailed) {
-        add("learning", "could not be saved; will retry while the windows differ from the saved layout");
+        add("learning", tr("could not be saved; will retry while the windows differ from the saved layout"));
     }
     if (status.configID.empty()) {
-        add("desk", "no display is awake");
+        add("desk", tr("no display is awake"));
     } else {
         add("desk", status.configName);
     }
     if (status.sameDeskOffer) {
-        add("", fmt::format("the same desk as \"{}\"? Then join them: vantrelctl desks same",
-                            *status.sameDeskOffer));
+        add("", trf("the same desk as \"{}\"? Then join them: vantrelctl desks same", *status.sameDeskOffer));
     }
     if (status.savedWindows && status.savedAt) {
         add("layout", layoutLine(status.activeLayoutName, *status.savedWindows, dateText(*status.savedAt),
@@ -84,11 +92,11 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
     if (status.layoutNames.size() > 1) {
         add("layouts", fmt::format("{}", fmt::join(status.layoutNames, ", ")));
     }
-    std::string_view label = "displays";
+    const char* label = "displays";
     for (const auto& display : DisplayLabels::labelled(status.displays)) {
-        add(label, fmt::format("{} {}x{} at {},{}", display.name, wholePoints(display.frame.width()),
-                               wholePoints(display.frame.height()), wholePoints(display.frame.minX()),
-                               wholePoints(display.frame.minY())));
+        add(label, trf("{} {}x{} at {},{}", display.name, wholePoints(display.frame.width()),
+                       wholePoints(display.frame.height()), wholePoints(display.frame.minX()),
+                       wholePoints(display.frame.minY())));
         label = "";
     }
     add("license", status.license.reason);
@@ -97,13 +105,13 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
         text += (incident.isTrouble ? "! " : "") + incident.text + '\n';
     }
     if (!status.fileIncidents.empty()) {
-        text += "For details: vantrelctl doctor\n";
+        text += tr("For details: vantrelctl doctor\n");
     }
     for (const std::string& mistake : status.settingMistakes.value_or(std::vector<std::string>())) {
         text += "! " + mistake + '\n';
     }
     if (status.crashReports) {
-        add("crashes", countedNoun(*status.crashReports, "report") + " not sent");
+        add("crashes", trn("{} report not sent", "{} reports not sent", *status.crashReports));
     }
     if (status.latestAvailable) {
         text += UpdateOffer::caption(*status.latestAvailable) + '\n';
@@ -113,21 +121,21 @@ std::string status(const StatusMessage& status, const DeskDrawing::Options& opti
 
 std::string report(const RestoreReport& report, const DeskDrawing::Options& options) {
     if (report.items.empty()) {
-        return "The saved layout contains no windows.\n";
+        return tr("The saved layout contains no windows.\n");
     }
     const auto retried = std::ranges::count(report.items, RestoreReport::Kind::retried,
                                             [](const auto& item) { return item.outcome.kind; });
-    std::string text = fmt::format("Restored {} of {} in {}", report.restoredCount(),
-                                   countedNoun(static_cast<std::int64_t>(report.expectedCount()), "window"),
-                                   duration(report.elapsed));
+    std::string text = trn("Restored {1} of {0} window in {2}", "Restored {1} of {0} windows in {2}",
+                           static_cast<std::int64_t>(report.expectedCount()), report.restoredCount(),
+                           duration(report.elapsed));
     if (retried > 0) {
-        text += fmt::format(", {} after a retry", retried);
+        text += trf(", {} after a retry", retried);
     }
     if (report.skippedCount() > 0) {
-        text += fmt::format(", {} skipped", report.skippedCount());
+        text += trf(", {} skipped", report.skippedCount());
     }
     if (report.failedCount() > 0) {
-        text += fmt::format(", {} failed", report.failedCount());
+        text += trf(", {} failed", report.failedCount());
     }
     text += ".\n";
 
@@ -135,12 +143,15 @@ std::string report(const RestoreReport& report, const DeskDrawing::Options& opti
     std::ranges::stable_sort(
         items, {}, [](const auto& item) { return std::ranges::find(listOrder, item.outcome.kind); });
     constexpr int appColumns = 20;
+    const int outcomeColumns = TextColumns::widthOf(outcomeNames, 8);
     for (const auto& item : items) {
-        auto entry = fmt::format("  {:<8}  {}  ", outcomeName(item.outcome.kind),
-                                 TextCells::padded(item.appName, appColumns, ellipsis(options)));
+        auto entry =
+            fmt::format("  {:<{}}  {}  ", tr(std::string(outcomeName(item.outcome.kind)).c_str()),
+                        outcomeColumns, TextCells::padded(item.appName, appColumns, ellipsis(options)));
         const auto& [kind, reason, note] = item.outcome;
         if (!reason.empty()) {
-            entry += reason + (note.empty() ? "" : " (" + note + ")") + (item.title.empty() ? "" : ": ");
+            entry += tr(reason.c_str()) + (note.empty() ? "" : fmt::format(" ({})", tr(note.c_str()))) +
+                     (item.title.empty() ? "" : ": ");
         }
         text += line(entry + item.title, options);
     }
@@ -157,7 +168,7 @@ std::string desks(const DesksMessage& message, const DeskDrawing::Options& optio
         text += line(desk.name + remarks(desk, dateText), options);
         const auto* const shown = desk.shownLayout();
         if (shown == nullptr) {
-            text += "no layout saved yet\n";
+            text += tr("no layout saved yet\n");
             continue;
         }
         text += line(layoutLine(*shown, options, dateText), options);
@@ -165,7 +176,7 @@ std::string desks(const DesksMessage& message, const DeskDrawing::Options& optio
         text += DeskDrawing::windowList(shown->displays, shown->windows, options);
         for (const auto& layout : desk.layouts) {
             if (&layout != shown) {
-                text += line("also: " + layoutLine(layout, options, dateText), options);
+                text += line(trf("also: {}", layoutLine(layout, options, dateText)), options);
             }
         }
     }
@@ -187,13 +198,14 @@ std::string stashes(const StashesMessage& message, const DeskDrawing::Options& o
     constexpr std::size_t shortID = 8;
     std::string text;
     for (const Stash& stash : message.stashes) {
-        auto entry = fmt::format("{} {}  {}{}kept until {}{}{}", stash.id == message.activeStash ? '*' : ' ',
-                                 stash.id.substr(0, shortID), countedNoun(stash.windowCount, "window"),
-                                 separator(options),
-                                 dateText(stash.createdAt + std::chrono::days{StashStore::retentionDays}),
-                                 separator(options), stash.deskName);
+        auto entry = fmt::format(
+            "{} {}  {}{}{}{}{}", stash.id == message.activeStash ? '*' : ' ', stash.id.substr(0, shortID),
+            trn("{} window", "{} windows", stash.windowCount), separator(options),
+            trf("kept until {}", dateText(stash.createdAt + std::chrono::days{StashStore::retentionDays})),
+            separator(options), stash.deskName);
         if (stash.appliedSceneName) {
-            entry += fmt::format("{}scene {}", separator(options), *stash.appliedSceneName);
+            entry += separator(options);
+            entry += trf("scene {}", *stash.appliedSceneName);
         }
         text += line(entry, options);
     }

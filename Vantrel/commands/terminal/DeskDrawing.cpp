@@ -3,6 +3,7 @@
 #include "Vantrel/commands/terminal/CellCanvas.h"
 #include "Vantrel/commands/terminal/TextCells.h"
 #include "VantrelCore/displays/DisplayLabels.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -180,10 +181,11 @@ std::string windowList(const std::vector<DisplayInfo>& sameNamed, const std::vec
     for (const auto index : frontToBack(windows)) {
         const auto& window = windows[index];
         const auto display = std::ranges::find(displays, window.displayUUID, &DisplayInfo::uuid);
-        auto place = fmt::format("{} at {},{}", sizeText(window.frame.size, options),
-                                 wholePoints(window.frame.minX()), wholePoints(window.frame.minY()));
+        auto place = trf("{} at {},{}", sizeText(window.frame.size, options),
+                         wholePoints(window.frame.minX()), wholePoints(window.frame.minY()));
         if (displays.size() > 1 && display != displays.end()) {
-            place += " on " + TextCells::fitted(display->name, displayColumns, style(options).ellipsis);
+            place = trf("{} on {}", place,
+                        TextCells::fitted(display->name, displayColumns, style(options).ellipsis));
         }
         const auto head = fmt::format("{:>3} {} ", ++number,
                                       TextCells::padded(window.appName, appColumns, style(options).ellipsis));

@@ -3,6 +3,7 @@
 #include "Vantrel/commands/terminal/TextCells.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
 #include "VantrelCore/text/RestoreLogFormatting.h"
+#include "VantrelCore/text/RestoreReasonCaption.h"
 
 #include <fmt/format.h>
 
@@ -22,7 +23,8 @@ std::string shown(std::string text, const DeskDrawing::Options& options) {
 }
 
 std::string entryLine(const RestoreLog::Entry& entry, Date now) {
-    auto line = fmt::format("{} · {}", RelativeTimeCaption::caption(entry.date, now), entry.reason);
+    auto line = fmt::format("{} · {}", RelativeTimeCaption::caption(entry.date, now),
+                            RestoreReasonCaption::caption(entry.reason));
     if (entry.sceneName) {
         line += fmt::format(" · {}", *entry.sceneName);
     }

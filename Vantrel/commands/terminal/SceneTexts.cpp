@@ -2,7 +2,7 @@
 
 #include "Vantrel/commands/terminal/TextCells.h"
 #include "VantrelCore/displays/DisplayLabels.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -15,16 +15,16 @@ using DeskDrawing::line, DeskDrawing::separator;
 
 std::string traits(const SceneMessage& message, const DeskDrawing::Options& options) {
     const Scene& scene = message.scene;
-    std::string text = countedNoun(std::ssize(scene.layout.windows), "window");
+    std::string text = trn("{} window", "{} windows", std::ssize(scene.layout.windows));
     const auto add = [&](bool holds, std::string_view trait) {
         if (holds) {
             text += fmt::format("{}{}", separator(options), trait);
         }
     };
     add(!message.isCurrentDesk, message.deskName);
-    add(scene.isPinned(), "pinned");
-    add(!scene.effectiveOpensMissingApps(), "opens no apps");
-    add(scene.hasWallpaper(), "wallpaper");
+    add(scene.isPinned(), tr("pinned"));
+    add(!scene.effectiveOpensMissingApps(), tr("opens no apps"));
+    add(scene.hasWallpaper(), tr("wallpaper"));
     return text;
 }
 
@@ -43,9 +43,9 @@ std::string list(const ScenesMessage& message, const DeskDrawing::Options& optio
                      options);
     }
     if (message.driftNudge) {
-        text += line(fmt::format("{} moved away from {}. To put them back: vantrelctl scenes reapply",
-                                 countedNoun(message.driftNudge->movedCount, "window"),
-                                 message.driftNudge->sceneName),
+        text += line(trn("{0} window moved away from {1}. To put them back: vantrelctl scenes reapply",
+                         "{0} windows moved away from {1}. To put them back: vantrelctl scenes reapply",
+                         message.driftNudge->movedCount, message.driftNudge->sceneName),
                      options);
     }
     return text;
@@ -55,8 +55,8 @@ std::string scene(const SceneMessage& message, const DeskDrawing::Options& optio
                   const std::function<std::string(Date)>& dateText) {
     const Scene& scene = message.scene;
     std::string text =
-        line(fmt::format("{}{}{}{}saved {}", scene.name, separator(options), traits(message, options),
-                         separator(options), dateText(scene.layout.savedAt)),
+        line(fmt::format("{}{}{}{}{}", scene.name, separator(options), traits(message, options),
+                         separator(options), trf("saved {}", dateText(scene.layout.savedAt))),
              options);
     text += DeskDrawing::drawing(scene.layout.displays, scene.layout.windows, options);
     text += DeskDrawing::windowList(scene.layout.displays, scene.layout.windows, options);
@@ -64,9 +64,9 @@ std::string scene(const SceneMessage& message, const DeskDrawing::Options& optio
         const auto labels = DisplayLabels::of(scene.layout.displays);
         for (const auto& [display, path] : scene.wallpaper->perDisplay) {
             const auto label = labels.find(display);
-            text += line(
-                fmt::format("wallpaper{}: {}", label == labels.end() ? "" : " on " + label->second, path),
-                options);
+            text += line(label == labels.end() ? trf("wallpaper: {}", path)
+                                               : trf("wallpaper on {}: {}", label->second, path),
+                         options);
         }
     }
     return text;

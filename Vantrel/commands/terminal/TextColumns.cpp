@@ -1,6 +1,7 @@
 #include "Vantrel/commands/terminal/TextColumns.h"
 
 #include "Vantrel/commands/terminal/TextCells.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 
@@ -24,6 +25,13 @@ std::string lines(const std::vector<std::vector<std::string>>& rows, int columns
         text += TextCells::fitted(line, columns, "...") + '\n';
     }
     return text;
+}
+
+int widthOf(std::span<const char* const> labels, int least) {
+    for (const char* const label : labels) {
+        least = std::max(least, TextCells::width(tr(label)));
+    }
+    return least;
 }
 
 } // namespace vantrel::TextColumns

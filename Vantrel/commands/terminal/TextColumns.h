@@ -1,6 +1,7 @@
 // Lays out rows of strings in columns, each as wide as its widest cell.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -8,5 +9,8 @@ namespace vantrel::TextColumns {
 
 // One line per row, with two blanks between columns. Lines wider than `columns` are cut at the end.
 [[nodiscard]] std::string lines(const std::vector<std::vector<std::string>>& rows, int columns);
+
+// How many columns the widest of these labels takes once translated; at least `least`.
+[[nodiscard]] int widthOf(std::span<const char* const> labels, int least);
 
 } // namespace vantrel::TextColumns

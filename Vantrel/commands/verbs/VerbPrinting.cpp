@@ -1,6 +1,7 @@
 #include "Vantrel/commands/verbs/VerbPrinting.h"
 
 #include "VantrelCore/text/SafeText.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <cstdio>
 #include <fmt/format.h>
@@ -52,9 +53,9 @@ void printJson(const nlohmann::json& json) {
 }
 
 ExitCode complainAboutReply(const std::exception& error) {
-    return complain(fmt::format("vantrel sent a reply that vantrelctl does not understand ({}). Do vantrel "
-                                "and vantrelctl have the same version?",
-                                error.what()),
+    return complain(trf("vantrel sent a reply that vantrelctl does not understand ({}). Do vantrel "
+                        "and vantrelctl have the same version?",
+                        error.what()),
                     ExitCode::failed);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/commands/Command.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <string>
 #include <string_view>
@@ -10,8 +11,9 @@ namespace vantrel {
 
 namespace VerbPrinting {
 
-inline constexpr const char* exitCodes = "Exit codes: 0 done, 1 failed (or a window could not be restored), "
-                                         "2 usage error, 3 vantrel is not running.";
+inline constexpr const char* exitCodes = marked(
+    "Exit codes: 0 done, 1 failed (or a window could not be restored), 2 usage error, 3 vantrel is not "
+    "running.");
 
 // Prints lines for people.
 void print(std::string_view text);

@@ -1,7 +1,9 @@
 #include "Vantrel/commands/verbs/VerbTable.h"
 
+#include "Vantrel/commands/verbs/TranslatedHelp.h"
 #include "Vantrel/commands/verbs/UsageMistake.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <CLI/CLI.hpp>
 
@@ -28,17 +30,17 @@ void VerbTable::add(const Command& command, const Verb& verb) {
         name.erase(0, blank + 1);
     }
     auto& parsed = *parent->add_subcommand(name, verb.help);
-    parsed.group("Commands");
+    parsed.group(TranslatedHelp::commands);
     if (verb.examples != nullptr) {
-        parsed.require_subcommand(1)->footer(verb.examples);
+        parsed.require_subcommand(1)->footer(tr(verb.examples));
         return;
     }
-    parsed.footer(VerbPrinting::exitCodes);
+    parsed.footer(tr(VerbPrinting::exitCodes));
     if (*verb.help == '\0') {
         parsed.group("");
     }
     if (command.hasJson) {
-        parsed.add_flag("--json", m_asJson, "Print JSON, for programs");
+        parsed.add_flag("--json", m_asJson, marked("Print JSON, for programs"));
     }
     for (const Word& word : verb.words) {
         addWord(parsed, word);

@@ -3,14 +3,15 @@
 #include "Vantrel/commands/ReportMessage.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "VantrelCore/model/Layout.h"
-#include "VantrelCore/text/CountedNoun.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <fmt/format.h>
 
 namespace vantrel::VerbTexts {
 
-VerbText sentence(std::string pattern) {
-    return [pattern = std::move(pattern)](const nlohmann::json& reply, const VerbCall& call) {
+VerbText sentence(const char* english) {
+    return [english](const nlohmann::json& reply, const VerbCall& call) {
+        const std::string pattern = tr(english);
         std::string text;
         std::size_t at = 0;
         for (auto open = pattern.find('{'); open != std::string::npos; open = pattern.find('{', at)) {
@@ -28,9 +29,10 @@ VerbText sentence(std::string pattern) {
 std::string saved(const nlohmann::json& reply, const VerbCall& /*call*/) {
     const auto windows = JsonCoding::required<std::int64_t>(reply, "windows");
     const auto layout = JsonCoding::required<std::string>(reply, "layoutName");
-    return fmt::format("Saved {} for {}{}.\n", countedNoun(windows, "window"),
-                       JsonCoding::required<std::string>(reply, "configName"),
-                       layout == Layout::defaultName ? "" : " as \"" + layout + '"');
+    const auto desk = JsonCoding::required<std::string>(reply, "configName");
+    const std::string counted = trn("{} window", "{} windows", windows);
+    return layout == Layout::defaultName ? trf("Saved {} for {}.\n", counted, desk)
+                                         : trf("Saved {} for {} as \"{}\".\n", counted, desk, layout);
 }
 
 std::string report(const nlohmann::json& reply, const VerbCall& call) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Vantrel/commands/verbs/VerbCall.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <concepts>
 #include <string>
@@ -10,9 +11,9 @@
 
 namespace vantrel::VerbTexts {
 
-// A line with the reply's strings in place of "{key}", and what the user typed for a word in place of
-// "{:word}".
-[[nodiscard]] VerbText sentence(std::string pattern);
+// A line, translated, with the reply's strings in place of "{key}", and what the user typed for a word in
+// place of "{:word}".
+[[nodiscard]] VerbText sentence(const char* english);
 
 // What was saved.
 [[nodiscard]] std::string saved(const nlohmann::json& reply, const VerbCall& call);
@@ -21,10 +22,10 @@ namespace vantrel::VerbTexts {
 [[nodiscard]] std::string report(const nlohmann::json& reply, const VerbCall& call);
 
 // Passes the message to `format`, with as much of the drawing options and the date format as it takes. Prints
-// `otherwise` if that returns nothing.
+// `otherwise` if that returns nothing, translated.
 template <typename Message, typename Format>
-VerbText of(Format format, std::string otherwise = {}) {
-    return [format, otherwise = std::move(otherwise)](const nlohmann::json& reply, const VerbCall& call) {
+VerbText of(Format format, const char* otherwise = "") {
+    return [format, otherwise](const nlohmann::json& reply, const VerbCall& call) {
         const auto message = JsonCoding::value<Message>(reply);
         std::string text;
         if constexpr (std::invocable<Format, const Message&>) {
@@ -34,7 +35,7 @@ VerbText of(Format format, std::string otherwise = {}) {
         } else {
             text = format(message, call.environment.drawing(), call.environment.localDate);
         }
-        return text.empty() ? otherwise : text;
+        return text.empty() ? tr(otherwise) : text;
     };
 }
 

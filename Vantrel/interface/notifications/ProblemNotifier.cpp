@@ -1,5 +1,7 @@
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
 
+#include "VantrelCore/text/Translation.h"
+
 #include <chrono>
 #include <utility>
 
@@ -39,9 +41,9 @@ void ProblemNotifier::refresh() {
     if (!problem) {
         m_notifications.withdraw();
     } else if (!m_panel.isOpen()) {
-        std::vector<Notifications::Action> actions{{"Show", m_panel.open}};
+        std::vector<Notifications::Action> actions{{tr("Show"), m_panel.open}};
         if (problem->offersUndo) {
-            actions.push_back({"Undo", [this] { m_controller.undoLastRestore(); }});
+            actions.push_back({tr("Undo"), [this] { m_controller.undoLastRestore(); }});
         }
         m_notifications.show(problem->title, problem->body, std::move(actions));
     }

@@ -7,6 +7,7 @@
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
+#include "VantrelCore/text/RestoreReasonCaption.h"
 #include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/RestoreTally.h"
 
@@ -72,7 +73,8 @@ void addButtons(PanelContent& content, const PublishedState& state) {
         disabled({content.isStashed ? tr("Bring back") : tr("Stash"), shortcut(state, Kind::stash)},
                  content.isStashed ? restoring : moving);
     const UndoSlot* const undo = state.applicableUndo();
-    content.undo = {tr("Undo"), undo != nullptr ? undo->reason : tr("Nothing yet")};
+    content.undo = {tr("Undo"),
+                    undo != nullptr ? RestoreReasonCaption::caption(undo->reason) : tr("Nothing yet")};
     content.undo = disabled(content.undo, undo == nullptr ? tr("There is nothing to undo.") : moving);
 }
 

@@ -179,8 +179,8 @@ void SceneRowView::show(const PanelContent::SceneRow& row) {
     m_pin->setAccessibleDescription(qt(row.name));
     m_more->setAccessibleDescription(qt(row.name));
     m_line->setAccessibleName(qt(row.name));
-    m_line->setAccessibleDescription(
-        qt(row.detail + (row.isPinned ? ", pinned" : "") + (row.isCurrent ? ", applied last" : "")));
+    m_line->setAccessibleDescription(qt(row.detail + (row.isPinned ? vantrel::tr(", pinned") : "") +
+                                        (row.isCurrent ? vantrel::tr(", applied last") : "")));
     showControls();
     m_line->update();
 }

@@ -1,5 +1,7 @@
 #include "Vantrel/platform/qt/QtHttpClient.h"
 
+#include "VantrelCore/text/Translation.h"
+
 #include <QHostAddress>
 #include <QNetworkAccessManager>
 #include <QNetworkProxyFactory>
@@ -41,12 +43,12 @@ public:
 // Why the URL is refused; none if it is allowed.
 std::optional<HttpFailure> objection(const QUrl& url) {
     if (!url.isValid() || url.host().isEmpty()) {
-        return HttpFailure{Kind::refused, "The server address is not valid."};
+        return HttpFailure{Kind::refused, marked("The server address is not valid.")};
     }
     const bool isProtected = url.scheme() == QLatin1String("https") ||
                              (url.scheme() == QLatin1String("http") && isThisMachine(url.host()));
     if (!isProtected || !url.userInfo().isEmpty()) {
-        return HttpFailure{Kind::refused, "Servers are only contacted over https."};
+        return HttpFailure{Kind::refused, marked("Servers are only contacted over https.")};
     }
     return std::nullopt;
 }
@@ -81,14 +83,14 @@ QNetworkRequest qtRequest(const HttpRequest& request, const QUrl& url, const std
 HttpFailure failureOf(QNetworkReply::NetworkError error) {
     switch (error) {
     case QNetworkReply::HostNotFoundError:
-        return {Kind::unreachable, "The server was not found. Is this computer online?"};
+        return {Kind::unreachable, marked("The server was not found. Is this computer online?")};
     case QNetworkReply::SslHandshakeFailedError:
-        return {Kind::untrusted, "The server could not prove its identity."};
+        return {Kind::untrusted, marked("The server could not prove its identity.")};
     case QNetworkReply::TooManyRedirectsError:
     case QNetworkReply::InsecureRedirectError:
-        return {Kind::redirected, "The server redirected to another address."};
+        return {Kind::redirected, marked("The server redirected to another address.")};
     case QNetworkReply::TimeoutError:
-        return {Kind::timedOut, "The server did not answer in time."};
+        return {Kind::timedOut, marked("The server did not answer in time.")};
     case QNetworkReply::ConnectionRefusedError:
     case QNetworkReply::TemporaryNetworkFailureError:
     case QNetworkReply::NetworkSessionFailedError:
@@ -99,9 +101,9 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
     case QNetworkReply::ProxyTimeoutError:
     case QNetworkReply::ProxyAuthenticationRequiredError:
     case QNetworkReply::UnknownProxyError:
-        return {Kind::unreachable, "The server cannot be reached."};
+        return {Kind::unreachable, marked("The server cannot be reached.")};
     default:
-        return {Kind::broken, "The server's response could not be understood."};
+        return {Kind::broken, marked("The server's response could not be understood.")};
     }
 }
 
@@ -148,7 +150,7 @@ public:
 private:
     void endIfTooLarge() {
         if (m_reply->bytesAvailable() > m_largestBody) {
-            end(std::unexpected(HttpFailure{Kind::tooLarge, "The server's response is too long."}));
+            end(std::unexpected(HttpFailure{Kind::tooLarge, marked("The server's response is too long.")}));
         }
     }
 

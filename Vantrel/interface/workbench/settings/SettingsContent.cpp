@@ -8,6 +8,7 @@
 #include "VantrelCore/scenes/SceneIconography.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
+#include "VantrelCore/text/NumberText.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
 #include <algorithm>
@@ -160,9 +161,9 @@ void addDisplays(SettingsContent& content, const PublishedState& state) {
 }
 
 std::string delayText(double seconds) {
-    return seconds < 0.05
-               ? tr("Windows are put back as soon as the displays change.")
-               : trf("Windows are put back when the displays have been still for {:.1f} seconds.", seconds);
+    return seconds < 0.05 ? tr("Windows are put back as soon as the displays change.")
+                          : trf("Windows are put back when the displays have been still for {} seconds.",
+                                NumberText::oneDecimal(seconds));
 }
 
 } // namespace
