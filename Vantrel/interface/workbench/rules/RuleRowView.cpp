@@ -72,6 +72,7 @@ RuleRowView::RuleRowView(ApplicationLooks& looks, Columns columns, QWidget* pare
         } else if (wanted.choice != m_row.choice) {
             onChanged(wanted);
         }
+        showStored();
     });
     line->addWidget(m_choice);
     auto* const end = new QHBoxLayout;
@@ -82,6 +83,7 @@ RuleRowView::RuleRowView(ApplicationLooks& looks, Columns columns, QWidget* pare
         RulesContent::Row wanted = m_row;
         wanted.isPlacedLast = isLast;
         onChanged(wanted);
+        showStored();
     });
     end->addStretch(1);
     end->addWidget(m_last);
@@ -98,6 +100,8 @@ void RuleRowView::show(const RulesContent::Row& row, const std::vector<DisplayIn
     if (!isNew) {
         return;
     }
+    const bool isChoiceSame = m_choice->count() > 0 && m_displays == displays && m_row.choice == row.choice &&
+                              m_row.displayUUID == row.displayUUID && m_row.displayName == row.displayName;
     m_row = row;
     m_displays = displays;
     const QString name = qt(row.appName);
@@ -106,8 +110,11 @@ void RuleRowView::show(const RulesContent::Row& row, const std::vector<DisplayIn
     m_choice->setAccessibleName(qt(trf("When {} is restored", row.appName)));
     m_last->setAccessibleName(qt(trf("Place {} last", row.appName)));
     m_last->setToolTip(m_last->accessibleName());
-    fillChoices();
-    m_last->setChecked(row.isPlacedLast);
+    // An open list stays open while only what was learned changes.
+    if (!isChoiceSame) {
+        fillChoices();
+    }
+    showStored();
     // An application that is left alone is not placed at all.
     m_last->setEnabled(row.choice != Choice::leaveAlone);
     m_picker->show(name, displays, row.displayUUID);
@@ -136,11 +143,18 @@ void RuleRowView::fillChoices() {
     if (m_row.choice == Choice::keepOnDisplay && !isHere) {
         add(m_row.displayUUID, keepOn(m_row.displayName));
     }
+    showStored();
+}
+
+// Until the change has been stored, and if it cannot be, the controls say what is.
+void RuleRowView::showStored() {
+    const QSignalBlocker quiet(m_choice);
     m_choice->setCurrentIndex(m_row.choice == Choice::putBack ? putBackItem
                               : m_row.choice == Choice::leaveAlone
                                   ? leaveAloneItem
                                   : m_choice->findData(qt(m_row.displayUUID)));
     m_choice->setToolTip(m_choice->currentText());
+    m_last->setChecked(m_row.isPlacedLast);
 }
 
 void RuleRowView::chooseDisplay(const std::string& uuid) {

@@ -44,6 +44,7 @@ protected:
 
 private:
     void fillChoices();
+    void showStored();
     void chooseDisplay(const std::string& uuid);
     // The drawn displays stand there only where they say something, or where the pointer or the focus is.
     void showPicker();

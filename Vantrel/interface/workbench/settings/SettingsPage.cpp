@@ -75,9 +75,11 @@ void SettingsPage::show(const PublishedState& state, Topics changed) {
     } else if (changed.containsAnyOf({Topic::settings, Topic::scenes, Topic::desk, Topic::status})) {
         refresh();
     }
-    if (state.pendingQuickSwitcherArm) {
+    // Once: who turns to something else does not want to be called back by every change.
+    if (state.pendingQuickSwitcherArm && !m_wasArmed) {
         armQuickSwitcher();
     }
+    m_wasArmed = state.pendingQuickSwitcherArm;
 }
 
 void SettingsPage::choose(SettingsSection section) {

@@ -37,6 +37,7 @@ private:
     SettingsActions m_actions;
     const PublishedState* m_state = nullptr;
     SettingsSection m_section = SettingsSection::general;
+    bool m_wasArmed = false;
     ListRowsView* m_sections = nullptr;
     Label* m_title = nullptr;
     QStackedWidget* m_stack = nullptr;

@@ -199,9 +199,17 @@ void TriggersView::update(Line& line, const SettingsContent::Trigger& trigger) {
 
 void TriggersView::fillScenes(QComboBox& box, const std::string& chosen) const {
     const QSignalBlocker quiet(&box);
-    box.clear();
-    for (const auto& scene : m_scenes) {
-        box.addItem(qt(scene.name), qt(scene.id));
+    bool isFilled = box.count() == static_cast<int>(m_scenes.size());
+    for (int i = 0; isFilled && i < box.count(); ++i) {
+        const auto& scene = m_scenes[static_cast<std::size_t>(i)];
+        isFilled = box.itemData(i) == qt(scene.id) && box.itemText(i) == qt(scene.name);
+    }
+    // An open list stays open.
+    if (!isFilled) {
+        box.clear();
+        for (const auto& scene : m_scenes) {
+            box.addItem(qt(scene.name), qt(scene.id));
+        }
     }
     const int index = box.findData(qt(chosen));
     box.setCurrentIndex(index >= 0 || &box != m_scene ? index : 0);
