@@ -8,12 +8,15 @@ namespace {
 
 using Problem = SceneActions::Problem;
 
-Problem textOf(const std::optional<SceneProblem>& problem, SceneActions::Words words) {
-    return problem ? Problem(std::string(words(*problem))) : std::nullopt;
+// For everything but typed names.
+constexpr SceneActions::Words words = SceneProblems::panelText;
+
+Problem textOf(const std::optional<SceneProblem>& problem, SceneActions::Words worded) {
+    return problem ? Problem(std::string(worded(*problem))) : std::nullopt;
 }
 
-Problem problemOf(const SceneFlow::EditResult& result, SceneActions::Words words) {
-    return result ? std::nullopt : Problem(std::string(words(result.error())));
+Problem problemOf(const SceneFlow::EditResult& result, SceneActions::Words worded) {
+    return result ? std::nullopt : Problem(std::string(worded(result.error())));
 }
 
 std::optional<Scene> sceneOf(const AppController& controller, const std::string& id) {
@@ -35,7 +38,6 @@ RestoreOutcome::Done tellRefusal(const std::weak_ptr<bool>& alive, const SceneAc
 
 SceneActions SceneActions::of(AppController& controller, const std::weak_ptr<bool>& alive, const Tell& tell,
                               Words names) {
-    constexpr Words words = SceneProblems::panelText;
     SceneActions actions;
     actions.apply = [&controller, alive, tell](const std::string& id) {
         if (const auto found = sceneOf(controller, id)) {

@@ -65,8 +65,7 @@ TEST_P(WorkbenchStories, ASceneIsMadeGivenATimeAppliedDeletedAndBroughtBackByKey
     user.await("The scene \"Work\" was deleted.");
     EXPECT_THAT(desk.done({"scenes"}), Not(HasSubstr("Work")));
     keepPicture("deleted");
-    user.tabTo("Undo the deletion");
-    user.press({"space"});
+    user.press({"ctrl+z"});
     EXPECT_TRUE(user.awaitNone("The scene \"Work\" was deleted."));
     EXPECT_THAT(desk.done({"scenes"}), HasSubstr("Work"));
     user.press({"ctrl+w"});

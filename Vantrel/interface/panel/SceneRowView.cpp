@@ -4,6 +4,7 @@
 #include "Vantrel/interface/controls/Metrics.h"
 #include "Vantrel/interface/desk/DeskColors.h"
 #include "Vantrel/interface/symbols/Symbols.h"
+#include "VantrelCore/text/SceneExplanations.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -239,7 +240,7 @@ void SceneRowView::showMenu() {
         });
     }
     menu.addSeparator();
-    menu.addAction(qtr("&Delete"), this, [this] {
+    QAction* const remove = menu.addAction(qtr("&Delete"), this, [this] {
         const std::string name = m_row.name;
         const auto removed = onRemoved;
         if (const auto problem = m_actions.scenes.remove(m_row.id)) {
@@ -248,6 +249,9 @@ void SceneRowView::showMenu() {
             removed(name);
         }
     });
+    remove->setEnabled(!m_row.isPinned);
+    remove->setToolTip(m_row.isPinned ? qtr(SceneExplanations::pinnedIsProtected) : QString());
+    menu.setToolTipsVisible(true);
     m_hasMenu = true;
     menu.exec(m_more->mapToGlobal(QPoint(0, m_more->height())));
     m_hasMenu = false;

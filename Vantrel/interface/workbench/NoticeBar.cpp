@@ -58,13 +58,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QWidget(parent) {
     m_button->setTexts(qtr("Undo"), "");
     m_button->setAccessibleName(qtr("Undo the deletion"));
     m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(m_button, &QPushButton::clicked, this, [this] {
-        const auto undo = std::exchange(m_undo, nullptr);
-        dismiss();
-        if (undo) {
-            undo();
-        }
-    });
+    connect(m_button, &QPushButton::clicked, this, [this] { undo(); });
     auto* const close = new SymbolButton("close", qtr("Dismiss"), 26, this);
     connect(close, &QToolButton::clicked, this, [this] { dismiss(); });
     row->addWidget(m_sign);
@@ -99,6 +93,13 @@ void NoticeBar::say(const QString& text, Tone tone) {
 void NoticeBar::offerUndo(const QString& text, std::function<void()> undo) {
     m_undo = std::move(undo);
     appear(text, "trash", Tone::plain);
+}
+
+void NoticeBar::undo() {
+    if (const auto undo = std::exchange(m_undo, nullptr)) {
+        dismiss();
+        undo();
+    }
 }
 
 void NoticeBar::dismiss() {

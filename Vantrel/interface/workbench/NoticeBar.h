@@ -23,6 +23,8 @@ public:
     void say(const QString& text, Tone tone = Tone::plain);
     // For ten seconds; `undo` is called at most once.
     void offerUndo(const QString& text, std::function<void()> undo);
+    // Does what is offered, if anything is.
+    void undo();
     void dismiss();
     [[nodiscard]] QString text() const;
     [[nodiscard]] bool offersUndo() const { return static_cast<bool>(m_undo); }

@@ -26,6 +26,7 @@ constexpr double leastWidth = 740;
 constexpr double leastHeight = 420;
 
 constexpr QKeyCombination findKey = Qt::CTRL | Qt::Key_F;
+constexpr QKeyCombination undoKey = Qt::CTRL | Qt::Key_Z;
 constexpr QKeyCombination closeKey = Qt::CTRL | Qt::Key_W;
 constexpr Qt::Key helpKey = Qt::Key_F1;
 
@@ -175,6 +176,8 @@ void WorkbenchWindow::addKeys() {
             page()->focusSearch();
         }
     });
+    // A button would be many Tabs away.
+    on(undoKey, [this] { m_notices->undo(); });
     on(closeKey, [this] { close(); });
     on(helpKey, [this] { toggleHelp(); });
 }
@@ -267,6 +270,7 @@ void WorkbenchWindow::toggleHelp() {
     for (const auto& key : page() != nullptr ? page()->keys() : decltype(keys)()) {
         keys.push_back(key);
     }
+    keys.emplace_back(text(undoKey), qtr("Undo the deletion"));
     keys.emplace_back(text(closeKey), qtr("Close the window"));
     for (const auto& [key, deed] : keys) {
         const int row = grid->rowCount();

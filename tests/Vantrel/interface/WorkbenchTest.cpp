@@ -126,7 +126,10 @@ TEST_F(WorkbenchTest, ASceneIsMadeRenamedGivenATimeAppliedDeletedAndBroughtBack)
     type("Save this desk as a scene", "write");
     EXPECT_TRUE(says("That name is used by another scene."));
 
-    // What is half typed stays while something else changes.
+    // What is half typed stays while something else changes and another tab is shown.
+    QTest::keyClick(&window(), Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(window().tab(), WorkbenchTab::history);
+    QTest::keyClick(&window(), Qt::Key_1, Qt::ControlModifier);
     ASSERT_EQ(scenes().content().detail->name, "Write");
     type("Name of the scene", "Let");
     ASSERT_TRUE(story.controller->scenes().setPinned(true, story.published().scenes[1].id));
@@ -179,7 +182,8 @@ TEST_F(WorkbenchTest, ASceneIsMadeRenamedGivenATimeAppliedDeletedAndBroughtBack)
     QTest::keyClick(&scenes().rail(), Qt::Key_Delete);
     settle();
     EXPECT_EQ(window().notices().text().toStdString(), "The scene \"Letters\" was deleted.");
-    click("Undo the deletion");
+    QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
+    settle();
     EXPECT_EQ(story.published().scenes, before);
     EXPECT_TRUE(window().notices().isHidden());
 }

@@ -47,7 +47,7 @@ ScenesPage::ScenesPage(ApplicationLooks& looks, ScenesActions actions, QWidget* 
     m_scroll->viewport()->setAutoFillBackground(false);
     m_detail->setAutoFillBackground(false);
     all->addWidget(m_scroll, 1);
-    m_empty = emptyHint();
+    m_empty = emptyHint(looks);
     all->addWidget(m_empty, 1);
 }
 
@@ -113,15 +113,19 @@ QWidget* ScenesPage::railSide() {
     return side;
 }
 
-QWidget* ScenesPage::emptyHint() {
+QWidget* ScenesPage::emptyHint(ApplicationLooks& looks) {
     const auto points = [this](double length) { return Metrics::points(*this, length); };
     auto* const hint = new QWidget(this);
     auto* const column = new QVBoxLayout(hint);
     column->setContentsMargins(points(48), points(24), points(48), points(24));
     column->setSpacing(points(8));
+    m_emptyDrawing = new DeskView(looks, hint);
+    m_emptyDrawing->setHighest(points(260));
     m_emptyTitle = new Label(Label::Role::heading, hint);
     m_emptyText = new Label(Label::Role::text, hint);
     column->addStretch(2);
+    column->addWidget(m_emptyDrawing);
+    column->addSpacing(points(16));
     column->addWidget(m_emptyTitle);
     column->addWidget(m_emptyText);
     column->addStretch(3);
@@ -164,6 +168,10 @@ void ScenesPage::refresh() {
         m_rail->choose(m_content.detail->id);
         m_detail->show(*m_content.detail);
     } else {
+        m_emptyDrawing->setVisible(m_content.isEmpty);
+        if (m_content.isEmpty) {
+            m_emptyDrawing->show(DeskPicture::ofCurrentDesk(*m_state));
+        }
         m_emptyTitle->show(m_content.isEmpty ? qtr("No scenes yet") : qtr("No scene found"));
         m_emptyText->show(m_content.isEmpty
                               ? qtr("A scene is a desk you can call back by name: one for writing, one for "
@@ -261,7 +269,7 @@ void ScenesPage::showMenu(QPoint place) {
     const auto detail = *m_content.detail;
     QMenu menu(this);
     menu.setToolTipsVisible(true);
-    const auto add = [&](const QString& text, const ScenesContent::Deed& deed, auto act) {
+    const auto add = [&](const QString& text, const ScenesContent::Deed& deed, const auto& act) {
         QAction* const action = menu.addAction(text, this, act);
         action->setEnabled(deed.isPossible);
         action->setToolTip(qt(deed.reason));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/interface/controls/Label.h"
+#include "Vantrel/interface/desk/DeskView.h"
 #include "Vantrel/interface/lists/ListRowsView.h"
 #include "Vantrel/interface/workbench/WorkbenchPage.h"
 #include "Vantrel/interface/workbench/scenes/ScenesActions.h"
@@ -37,7 +38,7 @@ protected:
 
 private:
     [[nodiscard]] QWidget* railSide();
-    [[nodiscard]] QWidget* emptyHint();
+    [[nodiscard]] QWidget* emptyHint(ApplicationLooks& looks);
     void refresh();
     // The scene to show when the chosen one has gone: the one that took its place in the rail.
     [[nodiscard]] std::string neighbourOfChosen(const ScenesContent& content) const;
@@ -61,6 +62,8 @@ private:
     QScrollArea* m_scroll = nullptr;
     SceneDetailView* m_detail = nullptr;
     QWidget* m_empty = nullptr;
+    // What a first scene would keep.
+    DeskView* m_emptyDrawing = nullptr;
     Label* m_emptyTitle = nullptr;
     Label* m_emptyText = nullptr;
 };
