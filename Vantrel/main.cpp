@@ -1,6 +1,8 @@
 // vantrel: the program itself, and the only place that chooses adapters and wires objects together.
+#include "Vantrel/StartChecks.h"
+#include "Vantrel/StartSentences.h"
 #include "Vantrel/Vendor.h"
-#include "Vantrel/commands/ControlClient.h"
+#include "Vantrel/VendorServices.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ControlService.h"
 #include "Vantrel/controller/AppController.h"
@@ -9,13 +11,7 @@
 #include "Vantrel/diagnostics/CrashTest.h"
 #include "Vantrel/diagnostics/CrashUploader.h"
 #include "Vantrel/diagnostics/UpdateChecker.h"
-#include "Vantrel/diagnostics/VendorServer.h"
-#include "Vantrel/interface/HUDOverlay.h"
-#include "Vantrel/interface/StatusIcon.h"
-#include "Vantrel/interface/notifications/ProblemNotifier.h"
-#include "Vantrel/interface/panel/PanelPresenter.h"
-#include "Vantrel/interface/switcher/QuickSwitcher.h"
-#include "Vantrel/interface/workbench/Workbench.h"
+#include "Vantrel/interface/Surfaces.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/gio/DesktopMotion.h"
@@ -61,7 +57,6 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QLibraryInfo>
@@ -77,7 +72,9 @@ namespace {
 
 using namespace vantrel;
 
-enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, alreadyRunning = 3 };
+using StartChecks::complain;
+using StartChecks::ExitCode;
+using StartChecks::say;
 
 // In seconds. At login, a panel may come up long after the programs of the session.
 constexpr double patienceWithTrays = 10;
@@ -89,66 +86,11 @@ constexpr const char* footer =
     "Settings: $XDG_CONFIG_HOME/vantrel/settings.conf   Layouts and log: $XDG_DATA_HOME/Vantrel\n"
     "Exit codes: 0 stopped on request, 1 failed, 2 usage error, 3 another vantrel is already running.";
 
-void say(const std::string& sentence) {
-    fmt::print(stderr, "vantrel: {}\n", sentence);
-}
-
-ExitCode complain(const std::string& sentence, ExitCode code = ExitCode::failed) {
-    say(sentence);
-    return code;
-}
-
-// Empty when the variable is not set.
-std::string environment(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr ? value : "";
-}
-
 SystemDescription systemDescription() {
     return {.version = VANTREL_VERSION,
             .build = programBuild(),
             .operatingSystem = operatingSystemName(),
             .hardware = hardwareModel()};
-}
-
-bool isWaylandSession() {
-    return !environment("WAYLAND_DISPLAY").empty();
-}
-
-// Printed once, at startup. The meaning of the environment variables is up to the display server.
-void explainWayland() {
-    if (isWaylandSession()) {
-        say("This is a Wayland session: only the windows of X11 programs can be seen and moved, not "
-            "those of Wayland programs.");
-    }
-}
-
-bool isServiceRegistered(const QDBusConnection& bus) {
-    return bus.interface()->isServiceRegistered(ControlNames::service);
-}
-
-// Whoever starts it again wants to see it.
-ExitCode raiseFirstInstance() {
-    if (ControlClient::call("ShowPanel", {}, ControlClient::Patience::brief)) {
-        say("Vantrel is already running; its panel is open now.");
-        return ExitCode::done;
-    }
-    return complain("Vantrel is already running. Check it with: vantrelctl status", ExitCode::alreadyRunning);
-}
-
-std::string folderIsUnusable(const std::filesystem::path& folder, const std::error_code& error) {
-    return fmt::format("The folder {} cannot be used: {}.", folder.string(), error.message());
-}
-
-// The holder must be on another bus: its name was not found on this one.
-ExitCode complainAboutSharedFolder(const std::filesystem::path& folder, const InstanceLock::Holder& holder) {
-    return complain(
-        fmt::format(
-            "Another vantrel{} is already running on a different session bus and keeps its layouts in "
-            "{}. Two would overwrite each other's files, so this one quits. Stop the other one, or "
-            "give this one its own folder with XDG_DATA_HOME.",
-            holder.empty() ? "" : " (" + holder + ")", folder.string()),
-        ExitCode::alreadyRunning);
 }
 
 constexpr const char* serverIsGone = "The connection to the X server was lost.";
@@ -200,7 +142,7 @@ public:
             return *refusal;
         }
         startEngine();
-        startSurfaces();
+        showSurfaces();
         fmt::print("vantrel is watching this desk. Log: {}\n", m_log.file().string());
         std::fflush(stdout);
         QApplication::exec();
@@ -235,8 +177,8 @@ private:
             return complain(objectIsRefused());
         }
         if (!m_bus.registerService(ControlNames::service)) {
-            if (isServiceRegistered(m_bus)) {
-                return raiseFirstInstance();
+            if (StartChecks::isServiceRegistered(m_bus)) {
+                return StartChecks::raiseFirstInstance();
             }
             return complain("The session bus refused the name " + std::string(ControlNames::service) + ": " +
                             m_bus.lastError().message().toStdString());
@@ -255,8 +197,6 @@ private:
         }
         CrashReporter::installExceptionHandler();
         m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
-        m_overlay.emplace();
-        m_overlay->follow(*m_controller);
         m_log.write("start: vantrel " VANTREL_VERSION);
         if (const auto& problem = m_lock.problem()) {
             m_log.write("start: the data folder cannot be locked; a second vantrel on another session bus "
@@ -264,31 +204,19 @@ private:
                         problem.message());
         }
         running().emplace(m_log, *m_controller);
+        m_surfaces.emplace(*m_controller, surfaceServices());
+        m_surfaces->panel().welcome();
         m_controller->watchForPermission();
         m_controller->startEngine();
     }
 
-    void startSurfaces() {
-        startWorkbench();
-        startPanel();
-        m_statusIcon.emplace(
-            *m_controller,
-            StatusIcon::Actions{
-                .openPanel = [this] { m_panel->toggle(); },
-                .openLayouts = openTab(WorkbenchTab::desks),
-                .openSettings = openTab(WorkbenchTab::settings),
-                .purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); },
-                .checkForUpdates = VendorServer::isReal(m_vendor.apiServer)
-                                       ? std::function<void()>([this] { m_updates.checkForUpdates(); })
-                                       : nullptr,
-                .quit = [] { QCoreApplication::quit(); }});
+    void showSurfaces() {
         watchNotifierHost();
         tellOfProblems();
         m_xembedTray.emplace(m_connection, m_queue, [this] { showIn(StatusIcon::Tray::xembed); });
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
-        m_panel->welcome();
-        m_trayWait = m_queue.after(patienceWithTrays, [this] { m_panel->openWithoutTray(); });
+        m_trayWait = m_queue.after(patienceWithTrays, [this] { m_surfaces->panel().openWithoutTray(); });
         m_membership.emplace(m_bus, ControlNames::service,
                              BusMembership::Handlers{
                                  .lost = [this] { leaveBus(); },
@@ -297,77 +225,32 @@ private:
                              });
     }
 
-    void startPanel() {
-        PanelPresenter::Services services;
-        services.icons = &m_icons;
-        services.keyCode = [this](const QKeyEvent& event) {
+    Surfaces::Services surfaceServices() {
+        Surfaces::Services services{.keyboard = &m_hotKeys};
+        offerVendor(services, m_vendor, m_updates, m_crashUploader, openPage);
+        PanelPresenter::Services& panel = services.panel;
+        panel.icons = &m_icons;
+        panel.keyCode = [this](const QKeyEvent& event) {
             return m_hotKeys.virtualKeyCode(event.nativeScanCode());
         };
-        services.trayIcon = [this] { return m_statusIcon ? m_statusIcon->place() : std::nullopt; };
-        services.permissionTitle = "No window manager";
-        services.permissionDetail =
+        panel.permissionTitle = "No window manager";
+        panel.permissionDetail =
             "Windows cannot be moved without one. Start your desktop session, then check again.";
-        if (isWaylandSession()) {
-            services.sessionNotes.push_back(
+        if (StartChecks::isWaylandSession()) {
+            panel.sessionNotes.push_back(
                 {"This is a Wayland session", "Only programs that use X11 can be seen and moved."});
         }
         if (m_lock.problem()) {
-            services.sessionNotes.push_back(
+            panel.sessionNotes.push_back(
                 {"The data folder cannot be locked",
                  "A second Vantrel on another session bus would overwrite what this one remembers.",
                  PanelContent::Message::Kind::sharedFolder});
         }
-        services.wantsMotion = DesktopMotion::isWanted;
-        if (VendorServer::isReal(m_vendor.apiServer)) {
-            services.crashReports = [this] { return m_crashUploader.pendingReports(); };
-            services.sendCrashReports = [this](std::function<void()> done) {
-                m_crashUploader.sendPendingReports(std::move(done));
-            };
-        }
-        services.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
-        services.openFile = [](const std::filesystem::path& file) { return openFile(file); };
-        services.showUpdate = [this] { m_updates.checkForUpdates(); };
-        services.openWorkbench = [this] { m_controller->showWorkbench({}); };
-        services.openSettings = openTab(WorkbenchTab::settings);
-        services.showHistory = [this] { showHistory(); };
-        services.quit = [] { QCoreApplication::quit(); };
-        m_panel.emplace(*m_controller, std::move(services));
-        m_controller->setPanelHandler([this] { m_panel->open(); });
-        m_switcher.emplace(*m_controller, QuickSwitcher::Services{.icons = &m_icons, .keyboard = &m_hotKeys});
-    }
-
-    void startWorkbench() {
-        Workbench::Services services{.icons = &m_icons, .keyCode = [this](const QKeyEvent& event) {
-                                         return m_hotKeys.virtualKeyCode(event.nativeScanCode());
-                                     }};
-        services.settings.keyCode = services.keyCode;
+        panel.wantsMotion = DesktopMotion::isWanted;
+        panel.openFile = openFile;
         services.settings.supportDirectory = m_supportDirectory;
-        services.settings.open = [](const std::filesystem::path& file) { return openFile(file); };
-        if (VendorServer::isReal(m_vendor.apiServer)) {
-            services.settings.crashReports = [this] { return m_crashUploader.pendingReports(); };
-            services.settings.sendCrashReports = [this](std::function<void()> done) {
-                m_crashUploader.sendPendingReports(std::move(done));
-            };
-            services.settings.checkForUpdates = [this] { m_updates.checkForUpdates(); };
-            services.settings.purchase = [this] { openPage(VendorServer::purchasePage(m_vendor.apiServer)); };
-        }
-        services.settings.showIntroduction = [this] { m_panel->openIntroduction(); };
-        m_workbench.emplace(*m_controller, std::move(services));
-        m_controller->setWorkbenchHandler(
-            [this](std::optional<WorkbenchTab> tab) { return m_workbench->open(tab); });
-    }
-
-    // Null when there is no such tab.
-    [[nodiscard]] std::function<void()> openTab(WorkbenchTab tab) {
-        return Workbench::has(tab) ? std::function<void()>([this, tab] { m_controller->showWorkbench(tab); })
-                                   : nullptr;
-    }
-
-    // The panel has its own line for the last restore.
-    void showHistory() {
-        if (!m_controller->showWorkbench(WorkbenchTab::history)) {
-            m_controller->showPanel();
-        }
+        services.settings.open = openFile;
+        return services;
     }
 
     [[nodiscard]] bool serve() {
@@ -386,21 +269,20 @@ private:
     }
 
     void showIn(StatusIcon::Tray tray) {
-        m_statusIcon->show(tray);
-        m_panel->refresh();
+        m_surfaces->statusIcon().show(tray);
+        m_surfaces->panel().refresh();
     }
 
     void tellOfProblems() {
+        m_surfaces->stopTelling();
         m_notifications.emplace(m_bus, ownBundleID);
-        m_notifier.emplace(*m_controller, *m_notifications,
-                           ProblemNotifier::Panel{.isOpen = [this] { return m_panel && m_panel->isOpen(); },
-                                                  .open = [this] { showHistory(); }});
+        m_surfaces->tellProblems(*m_notifications);
     }
 
     void leaveBus() {
-        m_notifier.reset();
+        m_surfaces->stopTelling();
         m_notifierHost.reset();
-        m_statusIcon->leaveStatusNotifier();
+        m_surfaces->statusIcon().leaveStatusNotifier();
     }
 
     void joinBus(const QDBusConnection& bus) {
@@ -470,7 +352,7 @@ private:
                                   [this](const std::string& name) { return m_zones.named(name); },
                                   [this](const std::string& message) { logSoon(message); }};
     std::unique_ptr<DesktopPictures> m_pictures =
-        desktopPictures(environment("XDG_CURRENT_DESKTOP"), m_connection);
+        desktopPictures(StartChecks::environment("XDG_CURRENT_DESKTOP"), m_connection);
     X11HotKeys m_hotKeys{m_connection, m_queue};
     // Destroyed before the adapters that its work uses.
     ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
@@ -499,18 +381,12 @@ private:
     TerminationSignals m_termination{[] { QCoreApplication::quit(); }};
     Registration m_loss;
     Registration m_eventErrors;
-    std::optional<HUDOverlay> m_overlay;
     ThemeIcons m_icons;
-    std::optional<Workbench> m_workbench;
-    // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
-    std::optional<PanelPresenter> m_panel;
-    std::optional<QuickSwitcher> m_switcher;
-    std::optional<StatusIcon> m_statusIcon;
+    std::optional<BusNotifications> m_notifications;
+    std::optional<Surfaces> m_surfaces;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;
     std::unique_ptr<ScheduledWork> m_trayWait;
-    std::optional<BusNotifications> m_notifications;
-    std::optional<ProblemNotifier> m_notifier;
     std::optional<BusMembership> m_membership;
 };
 
@@ -537,7 +413,7 @@ int main(int argumentCount, char** arguments) {
 
     const SystemDescription system = systemDescription();
     CrashReporter::install(UserFolders::supportDirectory(), system);
-    explainWayland();
+    StartChecks::explainWayland();
     auto connection = X11Connection::open();
     if (!connection) {
         return static_cast<int>(complain(connection.error()));
@@ -562,22 +438,14 @@ int main(int argumentCount, char** arguments) {
     application.setDesktopFileName(ownBundleID);
     const OwnWindows ownWindows(ownBundleID);
     std::atexit(endWithTheServer);
-    auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        return static_cast<int>(complain("There is no session bus (DBUS_SESSION_BUS_ADDRESS): " +
-                                         bus.lastError().message().toStdString()));
-    }
     // Checked before touching anything that belongs to the running instance.
-    if (isServiceRegistered(bus)) {
-        return static_cast<int>(raiseFirstInstance());
+    const auto bus = StartChecks::joinSessionBus();
+    if (!bus) {
+        return static_cast<int>(bus.error());
     }
-    const auto folder = UserFolders::supportDirectory();
-    if (const auto error = PosixFileSystem().createDirectories(folder)) {
-        return static_cast<int>(complain(folderIsUnusable(folder, error)));
-    }
-    auto lock = InstanceLock::take(folder);
+    auto lock = StartChecks::lockFolder(UserFolders::supportDirectory());
     if (!lock) {
-        return static_cast<int>(complainAboutSharedFolder(folder, lock.error()));
+        return static_cast<int>(lock.error());
     }
-    return static_cast<int>(Program(std::move(*lock), *connection, bus, system).run());
+    return static_cast<int>(Program(std::move(*lock), *connection, *bus, system).run());
 }

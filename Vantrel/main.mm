@@ -1,22 +1,18 @@
 // Vantrel on macOS: the program itself, and the only place that chooses adapters and wires objects together.
+#include "Vantrel/StartSentences.h"
 #include "Vantrel/Vendor.h"
+#include "Vantrel/VendorServices.h"
 #include "Vantrel/commands/IntentsBridge.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/diagnostics/CrashTest.h"
 #include "Vantrel/diagnostics/CrashUploader.h"
 #include "Vantrel/diagnostics/UpdateChecker.h"
-#include "Vantrel/diagnostics/VendorServer.h"
-#include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/ShortcutText.h"
 #include "Vantrel/interface/ShownWindows.h"
-#include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/Surfaces.h"
 #include "Vantrel/interface/desk/PictureIcons.h"
-#include "Vantrel/interface/notifications/ProblemNotifier.h"
-#include "Vantrel/interface/panel/PanelPresenter.h"
-#include "Vantrel/interface/switcher/QuickSwitcher.h"
 #include "Vantrel/interface/symbols/Symbols.h"
-#include "Vantrel/interface/workbench/Workbench.h"
 #include "Vantrel/licensing/LicenseManager.h"
 #include "Vantrel/platform/macos/ApplicationPictures.h"
 #include "Vantrel/platform/macos/CarbonHotKeys.h"
@@ -85,10 +81,6 @@ int complain(const std::string& sentence) {
     return 1;
 }
 
-std::string folderIsUnusable(const std::filesystem::path& folder, const std::error_code& error) {
-    return fmt::format("The folder {} cannot be used: {}.", folder.string(), error.message());
-}
-
 SystemDescription systemDescription() {
     return {.version = VANTREL_VERSION,
             .build = SystemFacts::programBuild(),
@@ -139,8 +131,8 @@ public:
         m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
         m_controller->setLatestAvailable(m_updates.latestAvailable());
         m_intents.emplace(*m_controller, [this](const auto& name) { m_focus.filterRan(name); });
-        m_overlay.follow(*m_controller);
-        ProgramPresence::showOnEverySpace(m_overlay.winId());
+        m_surfaces.emplace(*m_controller, surfaceServices());
+        ProgramPresence::showOnEverySpace(m_surfaces->overlay().winId());
         return std::nullopt;
     }
 
@@ -152,9 +144,10 @@ public:
         if (!AXPermission::isGranted(m_desk)) {
             AXPermission::prompt(m_desk);
         }
+        m_surfaces->panel().welcome();
         m_controller->watchForPermission();
         m_controller->startEngine();
-        startSurfaces();
+        showSurfaces();
         offerMissionControlFix();
         m_crashUploader.uploadPendingReportsAfterDelay();
         m_crashTest = CrashTest::schedule(m_queue, std::getenv(CrashTest::environmentVariable));
@@ -163,89 +156,37 @@ public:
     }
 
 private:
-    void startSurfaces() {
-        startWorkbench();
-        PanelPresenter::Services services;
-        services.icons = &m_icons;
-        services.keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); };
-        services.trayIcon = [this] { return m_statusIcon ? m_statusIcon->place() : std::nullopt; };
-        services.permissionTitle = "Vantrel needs Accessibility access";
-        services.permissionDetail =
+    Surfaces::Services surfaceServices() {
+        Surfaces::Services services{.refusals = Surfaces::Services::Refusals::onTheOverlay};
+        offerVendor(services, m_vendor, m_updates, m_crashUploader, ProgramPresence::openPage,
+                    m_updater != nullptr);
+        PanelPresenter::Services& panel = services.panel;
+        panel.icons = &m_icons;
+        panel.keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); };
+        panel.permissionTitle = "Vantrel needs Accessibility access";
+        panel.permissionDetail =
             "Allow Vantrel in System Settings, Privacy & Security, Accessibility, then check again.";
-        services.purchase = [this] { purchase(); };
-        services.showUpdate = [this] { m_updates.checkForUpdates(); };
-        services.openWorkbench = [this] { m_controller->showWorkbench({}); };
-        services.openSettings = openTab(WorkbenchTab::settings);
-        services.showHistory = [this] { showHistory(); };
-        services.quit = [] { QCoreApplication::quit(); };
-        m_panel.emplace(*m_controller, std::move(services));
-        m_controller->setPanelHandler([this] { m_panel->open(); });
-        m_switcher.emplace(*m_controller, QuickSwitcher::Services{.icons = &m_icons});
-        m_statusIcon.emplace(
-            *m_controller,
-            StatusIcon::Actions{
-                .openPanel = [this] { m_panel->toggle(); },
-                .openLayouts = openTab(WorkbenchTab::desks),
-                .openSettings = openTab(WorkbenchTab::settings),
-                .purchase = [this] { purchase(); },
-                .checkForUpdates = m_updater || VendorServer::isReal(m_vendor.apiServer)
-                                       ? std::function<void()>([this] { m_updates.checkForUpdates(); })
-                                       : nullptr,
-                .quit = [] { QCoreApplication::quit(); },
-                .tell = [this](const std::string& text) { m_overlay.show({text, "", "warn"}); }});
+        services.settings.supportDirectory = m_supportDirectory;
+        // The Dock has an icon while it is open.
+        services.workbenchOpenChanged = [this](bool isOpen) {
+            ProgramPresence::setShown(isOpen || Settings(m_defaults).showDockIcon().value_or(false));
+        };
+        return services;
+    }
+
+    void showSurfaces() {
         m_menuBarItem.emplace();
-        m_statusIcon->showInMenuBar(*m_menuBarItem);
-        m_reopen.emplace([this] { m_panel->open(); });
-        m_notifier.emplace(*m_controller, m_notifications,
-                           ProblemNotifier::Panel{.isOpen = [this] { return m_panel->isOpen(); },
-                                                  .open = [this] { showHistory(); }});
-        m_panel->welcome();
+        m_surfaces->statusIcon().showInMenuBar(*m_menuBarItem);
+        m_reopen.emplace([this] { m_surfaces->panel().open(); });
+        m_surfaces->tellProblems(m_notifications);
     }
-
-    // The Dock has an icon while it is open.
-    void startWorkbench() {
-        m_workbench.emplace(
-            *m_controller,
-            Workbench::Services{
-                .icons = &m_icons,
-                .keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); },
-                .settings = {.keyCode =
-                                 [](const QKeyEvent& event) {
-                                     return std::optional(event.nativeVirtualKey());
-                                 },
-                             .supportDirectory = m_supportDirectory,
-                             .showIntroduction = [this] { m_panel->openIntroduction(); }},
-                .openChanged =
-                    [this](bool isOpen) {
-                        ProgramPresence::setShown(isOpen ||
-                                                  Settings(m_defaults).showDockIcon().value_or(false));
-                    }});
-        m_controller->setWorkbenchHandler(
-            [this](std::optional<WorkbenchTab> tab) { return m_workbench->open(tab); });
-    }
-
-    // Null when there is no such tab.
-    [[nodiscard]] std::function<void()> openTab(WorkbenchTab tab) {
-        return Workbench::has(tab) ? std::function<void()>([this, tab] { m_controller->showWorkbench(tab); })
-                                   : nullptr;
-    }
-
-    // The panel has its own line for the last restore.
-    void showHistory() {
-        if (!m_controller->showWorkbench(WorkbenchTab::history)) {
-            m_controller->showPanel();
-        }
-    }
-
-    void purchase() { ProgramPresence::openPage(VendorServer::purchasePage(m_vendor.apiServer)); }
 
     void offerMissionControlFix() {
         using Classification = MissionControlConfig::Classification;
         using FixTime = StatusIcon::FixTime;
         const MissionControlConfig config = MissionControlReader::read();
         if (config.classification() != Classification::losing) {
-            m_statusIcon->offerMissionControlFix({}, FixTime::atOnce);
-            m_panel->offerMissionControlFix({});
+            m_surfaces->offerMissionControlFix({}, FixTime::atOnce);
             return;
         }
         const FixTime time = config.isFixedAtLogin() ? FixTime::nextLogin : FixTime::atOnce;
@@ -262,8 +203,7 @@ private:
             // Deferred: this call removes the action that is running.
             m_queue.post([this] { offerMissionControlFix(); });
         };
-        m_statusIcon->offerMissionControlFix(fix, time);
-        m_panel->offerMissionControlFix(fix);
+        m_surfaces->offerMissionControlFix(fix, time);
     }
 
     void logSoon(const std::string& message) {
@@ -326,22 +266,16 @@ private:
                             m_queue,
                             m_http,
                             m_log};
-    HUDOverlay m_overlay;
     std::unique_ptr<AppController> m_controller;
     std::optional<IntentsBridge> m_intents;
     PictureIcons m_icons{ApplicationPictures::read};
     FocusReturn m_focusReturn;
     ShownWindows m_shownWindows{{.shown = [this] { m_focusReturn.windowShown(); },
                                  .lastClosed = [this] { m_focusReturn.lastWindowClosed(); }}};
-    // Before the icon that opens it; what it asks of the icon, it asks only while both exist.
-    std::optional<Workbench> m_workbench;
-    std::optional<PanelPresenter> m_panel;
-    std::optional<QuickSwitcher> m_switcher;
-    std::optional<MacMenuBarItem> m_menuBarItem;
-    std::optional<StatusIcon> m_statusIcon;
-    std::optional<ReopenNotice> m_reopen;
     MacNotifications m_notifications;
-    std::optional<ProblemNotifier> m_notifier;
+    std::optional<MacMenuBarItem> m_menuBarItem;
+    std::optional<Surfaces> m_surfaces;
+    std::optional<ReopenNotice> m_reopen;
 };
 
 } // namespace

@@ -1,0 +1,38 @@
+// What is checked before the program touches a desk, and what it says to the terminal that started it.
+#pragma once
+
+#include "Vantrel/platform/posix/InstanceLock.h"
+
+#include <QDBusConnection>
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <string>
+
+namespace vantrel::StartChecks {
+
+enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, alreadyRunning = 3 };
+
+void say(const std::string& sentence);
+// Says it and returns the code.
+ExitCode complain(const std::string& sentence, ExitCode code = ExitCode::failed);
+
+// Empty when the variable is not set.
+[[nodiscard]] std::string environment(const char* variable);
+
+[[nodiscard]] bool isWaylandSession();
+// Says in a Wayland session what can be seen there.
+void explainWayland();
+
+// Fails if there is none, or if another instance is on it, whose panel is then opened.
+[[nodiscard]] std::expected<QDBusConnection, ExitCode> joinSessionBus();
+
+// Whether an instance is on the bus; its panel is opened by raiseFirstInstance().
+[[nodiscard]] bool isServiceRegistered(const QDBusConnection& bus);
+ExitCode raiseFirstInstance();
+
+// Creates the folder if it is missing. Fails if another instance on another bus uses it.
+[[nodiscard]] std::expected<InstanceLock, ExitCode> lockFolder(const std::filesystem::path& folder);
+
+} // namespace vantrel::StartChecks
