@@ -164,8 +164,9 @@ private:
         panel.icons = &m_icons;
         panel.keyCode = [](const QKeyEvent& event) { return std::optional(event.nativeVirtualKey()); };
         panel.permissionTitle = "Vantrel needs Accessibility access";
-        panel.permissionDetail =
-            "Allow Vantrel in System Settings, Privacy & Security, Accessibility, then check again.";
+        panel.permissionDetail = "Allow Vantrel in System Settings, Privacy & Security, Accessibility.";
+        panel.openPermissionSettings = ProgramPresence::openAccessibilitySettings;
+        panel.wantsMotion = ProgramPresence::wantsMotion;
         services.settings.supportDirectory = m_supportDirectory;
         // The Dock has an icon while it is open.
         services.workbenchOpenChanged = [this](bool isOpen) {

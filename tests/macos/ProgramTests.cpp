@@ -56,6 +56,11 @@ TEST_F(ProgramOnTheMac, ShowsItselfAndOpensPages) {
     EXPECT_FALSE(ProgramPresence::openPage("\xff"));
     EXPECT_THAT(mac().calls, ElementsAre("policy 1", "policy 0", "activate, ignoring others",
                                          "open https://www.vantrel.example/download/"));
+    ProgramPresence::openAccessibilitySettings();
+    EXPECT_THAT(mac().calls.back(), testing::EndsWith("?Privacy_Accessibility"));
+    EXPECT_TRUE(ProgramPresence::wantsMotion());
+    mac().reducesMotion = true;
+    EXPECT_FALSE(ProgramPresence::wantsMotion());
 }
 
 TEST_F(ProgramOnTheMac, ShowsAWindowOnEverySpace) {

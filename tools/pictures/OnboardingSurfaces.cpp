@@ -8,12 +8,19 @@ namespace vantrel::pictures {
 
 namespace {
 
-std::unique_ptr<QWidget> window(int page) {
+enum class System : std::uint8_t { desktop, mac };
+
+std::unique_ptr<QWidget> window(int page, System system = System::desktop) {
     static StandInIcons icons;
     static ApplicationLooks looks(&icons);
     const auto state = SampleDesks::state();
     OnboardingWindow::Actions actions;
-    actions.checks = [state] { return OnboardingContent::checks(state, {.hasBus = true, .hasTray = false}); };
+    actions.checks = [state, system] {
+        auto missing = state;
+        missing.hasPermission = false;
+        return system == System::mac ? OnboardingContent::macChecks(missing, true)
+                                     : OnboardingContent::checks(state, {.hasBus = true, .hasTray = false});
+    };
     actions.shortcuts = [state] { return OnboardingContent::shortcuts(state); };
     auto window = std::make_unique<OnboardingWindow>(
         looks,
@@ -31,6 +38,7 @@ std::vector<Surface> onboardingSurfaces() {
     for (int page = 0; page < OnboardingWindow::pageCount; ++page) {
         surfaces.push_back({"onboarding-" + std::to_string(page + 1), [page] { return window(page); }});
     }
+    surfaces.push_back({"onboarding-2-mac", [] { return window(1, System::mac); }});
     return surfaces;
 }
 

@@ -41,17 +41,31 @@ std::vector<OnboardingContent::Check> OnboardingContent::checks(const PublishedS
     };
 }
 
+std::vector<OnboardingContent::Check> OnboardingContent::macChecks(const PublishedState& state,
+                                                                   bool isIconShown) {
+    return {
+        state.hasPermission
+            ? Check{tr("Accessibility access"), tr("Windows can be seen and moved.")}
+            : Check{tr("Accessibility access"), tr("Without it, no window can be seen or moved."), false,
+                    tr("Open System Settings")},
+        isIconShown
+            ? Check{tr("Menu bar"), tr("A click on the icon opens the panel.")}
+            : Check{tr("Menu bar"),
+                    tr("It has no room for the icon. Open Vantrel once more to open the panel."), false},
+    };
+}
+
 std::string OnboardingContent::checkSummary(const std::vector<Check>& checks) {
-    switch (std::ranges::count(checks, true, &Check::isThere)) {
-    case 3:
-        return tr("Three things of your desktop. All are there.");
-    case 2:
-        return tr("Three things of your desktop. Two are there.");
-    case 1:
-        return tr("Three things of your desktop. One is there.");
-    default:
-        return tr("Three things of your desktop. None is there.");
+    const auto there = std::ranges::count(checks, true, &Check::isThere);
+    if (checks.size() == 2) {
+        return there == 2   ? tr("Two things of your Mac. Both are there.")
+               : there == 1 ? tr("Two things of your Mac. One is there.")
+                            : tr("Two things of your Mac. None is there.");
     }
+    return there == 3   ? tr("Three things of your desktop. All are there.")
+           : there == 2 ? tr("Three things of your desktop. Two are there.")
+           : there == 1 ? tr("Three things of your desktop. One is there.")
+                        : tr("Three things of your desktop. None is there.");
 }
 
 std::vector<OnboardingContent::Answer> OnboardingContent::answers() {

@@ -18,6 +18,8 @@ struct OnboardingContent {
         std::string title;
         std::string detail;
         bool isThere = true;
+        // Of the button that leads to where it can be permitted; empty without one.
+        std::string action{};
 
         bool operator==(const Check&) const = default;
     };
@@ -64,6 +66,8 @@ struct OnboardingContent {
     };
 
     [[nodiscard]] static std::vector<Check> checks(const PublishedState& state, const Desktop& desktop);
+    // On a Mac. The icon is not shown where the menu bar has no room for it.
+    [[nodiscard]] static std::vector<Check> macChecks(const PublishedState& state, bool isIconShown);
     // "Three things of your desktop. Two are there."
     [[nodiscard]] static std::string checkSummary(const std::vector<Check>& checks);
     [[nodiscard]] static std::vector<Answer> answers();

@@ -205,6 +205,13 @@ void OnboardingWindow::showChecks() {
                 [isThere](const DeskColors& colors) { return isThere ? colors.good : colors.warning; }, line),
             0, Qt::AlignTop);
         row->addLayout(titleAndDetail(qt(check.title), qt(check.detail), line), 1);
+        if (!check.action.empty()) {
+            auto* const button = new ActionButton("", ActionButton::Form::plain, line);
+            button->setTexts(qt(check.action), "");
+            button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+            connect(button, &QPushButton::clicked, this, [this] { m_actions.openPermissionSettings(); });
+            row->addWidget(button);
+        }
         m_checks->layout()->addWidget(line);
         m_checks->layout()->addWidget(new Hairline(m_checks));
     }

@@ -25,6 +25,8 @@ public:
         std::function<std::vector<OnboardingContent::Check>()> checks = [] {
             return std::vector<OnboardingContent::Check>();
         };
+        // Opens the system's settings where what is missing can be permitted.
+        std::function<void()> openPermissionSettings = [] {};
         // Also takes the suggestion that goes with the answer.
         std::function<void(DockFrequency)> answer = [](auto) {};
         std::function<void(bool)> setStartsWithSession = [](bool) {};

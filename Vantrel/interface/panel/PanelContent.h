@@ -37,6 +37,7 @@ struct PanelContent {
         enum class Deed : std::uint8_t {
             none,
             checkAgain,
+            openPermissionSettings,
             stayClosed,
             purchase,
             enterKey,
@@ -133,6 +134,8 @@ struct PanelContent {
         // What is missing when windows cannot be moved, on this system.
         std::string permissionTitle{};
         std::string permissionDetail{};
+        // The user permits it in the system's settings; it is noticed without asking again.
+        bool hasPermissionSettings = false;
         std::vector<SessionNote> sessionNotes{};
         // The panel opens at start, because this desktop shows no tray icons.
         bool opensWithoutTray = false;

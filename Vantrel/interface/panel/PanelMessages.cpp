@@ -60,7 +60,9 @@ private:
                  .symbol = "warn",
                  .title = m_context.permissionTitle,
                  .detail = m_context.permissionDetail,
-                 .actions = {{Deed::checkAgain, tr("Check again")}},
+                 .actions = {m_context.hasPermissionSettings
+                                 ? Message::Action{Deed::openPermissionSettings, tr("Open System Settings")}
+                                 : Message::Action{Deed::checkAgain, tr("Check again")}},
                  .isDismissible = false});
         }
     }

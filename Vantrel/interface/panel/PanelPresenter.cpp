@@ -118,12 +118,17 @@ OnboardingWindow::Actions PanelPresenter::introductionActions() {
     OnboardingWindow::Actions actions;
     actions.checks = [this] {
         m_controller.refreshStatus();
+        if (m_services.openPermissionSettings) {
+            const auto icon = m_services.trayIcon();
+            return OnboardingContent::macChecks(m_controller.published(), icon && !icon->isEmpty());
+        }
         const bool opensAtStart = Settings(m_controller.defaults()).showPanelWithoutTray();
         return OnboardingContent::checks(m_controller.published(),
                                          {.hasBus = true,
                                           .hasTray = m_services.trayIcon().has_value(),
                                           .opensPanelAtStart = opensAtStart});
     };
+    actions.openPermissionSettings = [this] { m_services.openPermissionSettings(); };
     actions.answer = [this](DockFrequency frequency) { take(frequency); };
     actions.setStartsWithSession = [this](bool starts) {
         m_controller.defaults().set("launchAtLogin", starts);
@@ -185,6 +190,7 @@ void PanelPresenter::refresh() {
         .now = m_controller.now(),
         .permissionTitle = m_services.permissionTitle,
         .permissionDetail = m_services.permissionDetail,
+        .hasPermissionSettings = static_cast<bool>(m_services.openPermissionSettings),
         .sessionNotes = m_services.sessionNotes,
         .opensWithoutTray =
             !m_services.trayIcon() && Settings(m_controller.defaults()).showPanelWithoutTray(),
@@ -322,6 +328,9 @@ void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string
                 refresh();
             }
         });
+        break;
+    case Deed::openPermissionSettings:
+        m_services.openPermissionSettings();
         break;
     case Deed::stayClosed:
         m_controller.defaults().set("showPanelWithoutTray", false);

@@ -33,6 +33,9 @@ public:
         // What is missing when windows cannot be moved.
         std::string permissionTitle{};
         std::string permissionDetail{};
+        // Opens the system's settings where the user permits it; null on systems that do not ask for that.
+        // Where they do, the introduction checks what a Mac needs.
+        std::function<void()> openPermissionSettings{};
         std::vector<PanelContent::SessionNote> sessionNotes{};
         std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
         // Null when there is nobody to send them to. Calls back when it has tried them all.

@@ -44,4 +44,14 @@ bool openPage(const std::string& url) {
     }
 }
 
+void openAccessibilitySettings() {
+    openPage("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+}
+
+bool wantsMotion() {
+    @autoreleasepool {
+        return !NSWorkspace.sharedWorkspace.accessibilityDisplayShouldReduceMotion;
+    }
+}
+
 } // namespace vantrel::ProgramPresence

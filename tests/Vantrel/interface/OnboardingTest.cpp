@@ -33,6 +33,12 @@ TEST(Onboarding, ChecksSayWhatIsMissing) {
     EXPECT_EQ(OnboardingContent::checkSummary(checks), "Three things of your desktop. One is there.");
     EXPECT_FALSE(checks[0].isThere);
     EXPECT_FALSE(checks[2].isThere);
+    EXPECT_EQ(OnboardingContent::checkSummary(OnboardingContent::macChecks(state, true)),
+              "Two things of your Mac. One is there.");
+    EXPECT_EQ(OnboardingContent::macChecks(state, true)[0].action, "Open System Settings");
+    state.hasPermission = true;
+    EXPECT_EQ(OnboardingContent::checkSummary(OnboardingContent::macChecks(state, true)),
+              "Two things of your Mac. Both are there.");
     for (const auto& answer : OnboardingContent::answers()) {
         EXPECT_EQ(OnboardingContent::frequency(OnboardingContent::stored(answer.frequency)),
                   answer.frequency);

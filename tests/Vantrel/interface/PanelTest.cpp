@@ -360,6 +360,10 @@ TEST(PanelContent, SaysWhatIsMissingAndRefusesOnlyWhatMoves) {
 
     state.hasPermission = false;
     EXPECT_EQ(kinds().front(), Kind::permission);
+    const auto deed = [&] { return PanelContent::of(state, context).messages.front().actions.front().deed; };
+    EXPECT_EQ(deed(), PanelContent::Message::Deed::checkAgain);
+    context.hasPermissionSettings = true;
+    EXPECT_EQ(deed(), PanelContent::Message::Deed::openPermissionSettings);
     EXPECT_FALSE(PanelContent::of(state, context).save.isEnabled);
 
     state.currentLayouts.clear();

@@ -129,6 +129,8 @@ struct System {
     bool approvesLoginItems = true;
     // The program asked AppKit to let exceptions in event handlers end it.
     bool endsOnAnyException = false;
+    // The user's setting.
+    bool reducesMotion = false;
     // Of the program's only window.
     unsigned long collectionBehavior = 2;
     // Activities that keep the system from slowing the program down.

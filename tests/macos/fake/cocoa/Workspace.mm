@@ -204,6 +204,9 @@ NSRunningApplication* running(const std::shared_ptr<Application>& application) {
     vantrel::fake::cocoa::system().calls.push_back("open " + std::string(text(url.absoluteString)));
     return YES;
 }
+- (BOOL)accessibilityDisplayShouldReduceMotion {
+    return vantrel::fake::cocoa::system().reducesMotion;
+}
 - (NSURL*)desktopImageURLForScreen:(NSScreen*)screen {
     const Screen* const shown = shownBy(screen);
     return shown != nullptr && shown->picture ? makeURL(*shown->picture) : nil;

@@ -108,6 +108,7 @@ VANTREL_MACOS(10.15)
            completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app,
                                                 NSError* _Nullable error))handler VANTREL_MACOS(10.15);
 - (BOOL)openURL:(NSURL*)url;
+@property(readonly) BOOL accessibilityDisplayShouldReduceMotion VANTREL_MACOS(10.12);
 - (nullable NSURL*)desktopImageURLForScreen:(NSScreen*)screen;
 - (nullable NSDictionary<NSWorkspaceDesktopImageOptionKey, id>*)desktopImageOptionsForScreen:
     (NSScreen*)screen;
