@@ -55,10 +55,11 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
       m_desks(m_context, m_stores), m_stashes(m_context, m_runner, m_stores.stashes),
       m_sameDesk(m_context, m_stores), m_displaySwap(m_context, m_runner), m_previews(m_context),
       m_automaticRestore(m_context, m_runner), m_displayChange(m_context, m_learning, m_automaticRestore),
-      m_sleepWake(m_context, m_runner), m_launchPlacement(m_context), m_scenes(m_context),
-      m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
-      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context, m_stores),
-      m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
+      m_sleepWake(m_context, m_runner), m_strayReturn(m_context), m_launchPlacement(m_context),
+      m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
+      m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),
+      m_suggestions(m_context), m_rules(m_context, m_stores), m_nudge(m_context), m_wallpaper(m_context),
+      m_hotKeys(m_context, m_scenes, hotKeyActions()) {
     m_files.onPutBack = [this] { showStored(); };
     m_context.deletions.onChanged = [this] {
         m_context.publisher.publish<DeletionsTopic>(
@@ -193,7 +194,8 @@ void AppController::startEngine() {
     m_context.ports.systemEvents.setHandlers({.willSleep = [this] { m_sleepWake.willSleep(); },
                                               .didWake = [this] { m_sleepWake.handleWake(); },
                                               .sessionLocked = [this] { m_sleepWake.sessionLocked(); },
-                                              .sessionUnlocked = [this] { m_sleepWake.sessionUnlocked(); }});
+                                              .sessionUnlocked = [this] { m_sleepWake.sessionUnlocked(); },
+                                              .spaceChanged = [this] { m_strayReturn.spaceChanged(); }});
     m_context.ports.workspace.setLaunchHandler(
         [this](const RunningApp& app) { m_launchPlacement.handleAppLaunched(app); });
     m_learning.snapshotIfChanged();

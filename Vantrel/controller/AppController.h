@@ -26,6 +26,7 @@
 #include "Vantrel/controller/SettlementFlow.h"
 #include "Vantrel/controller/SleepWakeFlow.h"
 #include "Vantrel/controller/StashFlow.h"
+#include "Vantrel/controller/StrayReturnFlow.h"
 #include "Vantrel/controller/SuggestionFlow.h"
 #include "Vantrel/controller/TriggerFlow.h"
 #include "Vantrel/controller/UndoFlow.h"
@@ -271,6 +272,7 @@ private:
     AutomaticRestoreFlow m_automaticRestore;
     DisplayChangeFlow m_displayChange;
     SleepWakeFlow m_sleepWake;
+    StrayReturnFlow m_strayReturn;
     LaunchPlacementFlow m_launchPlacement;
     SceneFlow m_scenes;
     SettlementFlow m_settlement;

@@ -5,7 +5,10 @@
 namespace vantrel::DeskCapture {
 
 std::vector<LiveWindow> windows(Desk& desk, const Scope& scope, Reach reach) {
-    const DeskSnapshot snapshot = desk.capture(scope.filter);
+    return windows(desk.capture(scope.filter), scope, reach);
+}
+
+std::vector<LiveWindow> windows(const DeskSnapshot& snapshot, const Scope& scope, Reach reach) {
     return reach == Reach::every ? VisibleWindows::every(snapshot, scope.displays)
                                  : VisibleWindows::ordinary(snapshot, scope.displays);
 }

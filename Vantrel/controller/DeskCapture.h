@@ -30,6 +30,7 @@ enum class Reach : std::uint8_t {
 };
 
 [[nodiscard]] std::vector<LiveWindow> windows(Desk& desk, const Scope& scope, Reach reach);
+[[nodiscard]] std::vector<LiveWindow> windows(const DeskSnapshot& snapshot, const Scope& scope, Reach reach);
 
 [[nodiscard]] Picture picture(Desk& desk, Clock& clock, const Scope& scope);
 

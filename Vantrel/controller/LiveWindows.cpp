@@ -15,10 +15,38 @@ namespace {
 // long again.
 constexpr double promptCapture = 0.5;
 
+std::vector<StrayPlaces::Unreached> unreached(const std::vector<WindowRecord>& saved,
+                                              const WindowPairing::Known& identities,
+                                              const std::vector<std::size_t>& unmatched,
+                                              const std::vector<LiveWindow>& elsewhere) {
+    if (unmatched.empty() || elsewhere.empty()) {
+        return {};
+    }
+    std::vector<WindowRecord> records;
+    WindowPairing::Known known;
+    for (const std::size_t index : unmatched) {
+        records.push_back(saved[index]);
+        if (!identities.empty()) {
+            known.push_back(identities[index]);
+        }
+    }
+    std::vector<StrayPlaces::Unreached> found;
+    for (const auto& pair : WindowPairing::pair(records, known, elsewhere).pairs) {
+        const LiveWindow& window = elsewhere[pair.current];
+        found.push_back({unmatched[pair.saved], window.id, window.record.frame});
+    }
+    return found;
+}
+
 Paired capture(const std::vector<WindowRecord>& saved, const WindowPairing::Known& identities,
                const DeskCapture::Scope& scope, DeskCapture::Reach reach, Desk& desk) {
-    Paired result{.current = DeskCapture::windows(desk, scope, reach), .matched = {}};
+    const DeskSnapshot snapshot = desk.capture(scope.filter);
+    Paired result{.current = DeskCapture::windows(snapshot, scope, reach), .matched = {}};
     result.matched = WindowPairing::pair(saved, identities, result.current);
+    if (reach == DeskCapture::Reach::every) {
+        result.unreached = unreached(saved, identities, result.matched.unmatchedSaved,
+                                     VisibleWindows::elsewhere(snapshot, scope.displays));
+    }
     return result;
 }
 

@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/DeskCapture.h"
 #include "VantrelCore/model/Layout.h"
+#include "VantrelCore/windows/StrayPlaces.h"
 #include "VantrelCore/windows/WindowPairing.h"
 
 #include <vector>
@@ -14,6 +15,8 @@ struct Paired {
     std::vector<LiveWindow> current;
     // Pairs the layout's windows with `current`.
     MatchResult matched;
+    // The others of the layout's windows that are there, but cannot be reached.
+    std::vector<StrayPlaces::Unreached> unreached = {};
 };
 
 // Captures the desk and pairs its windows with the layout's, of which those in `identities` are known.

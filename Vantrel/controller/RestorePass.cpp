@@ -35,13 +35,14 @@ Result run(const Task& task, Desk& desk, Workspace& workspace, Clock& clock) {
         desk.awaitQuiet();
     }
     if (task.permit->isRevoked()) {
-        return {.report = {}, .kept = {}, .sizes = {}, .isAbandoned = true};
+        return {.report = {}, .kept = {}, .sizes = {}, .unreached = {}, .isAbandoned = true};
     }
-    const auto [live, matched] =
+    const auto [live, matched, unreached] =
         isUndo ? LiveWindows::known(request.layout, request.windows, task.scope, desk)
                : LiveWindows::found(request.layout, task.identities, task.scope, task.reach, desk, clock);
     Result result;
     result.unhidden = unhidden;
+    result.unreached = unreached;
     result.changedNothing = RestoreEngine::isInPlace(request.layout, live, matched, task.options);
     if (!isUndo) {
         result.before = Before{live, clock.now()};

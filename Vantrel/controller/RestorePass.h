@@ -7,6 +7,7 @@
 #include "Vantrel/controller/ScenePass.h"
 #include "VantrelCore/ports/Workspace.h"
 #include "VantrelCore/stores/AppSizeBehaviorStore.h"
+#include "VantrelCore/windows/StrayPlaces.h"
 #include "VantrelCore/windows/WindowPairing.h"
 
 #include <cstddef>
@@ -40,6 +41,8 @@ struct Result {
     std::vector<RestoreFollowUp::Kept> kept;
     // Empty unless the restore set sizes.
     std::vector<AppSizeBehaviorStore::Observation> sizes;
+    // The windows that are there, but could not be reached.
+    std::vector<StrayPlaces::Unreached> unreached = {};
     // The permit was revoked before the end, so the report does not describe the desk.
     bool isAbandoned = false;
     // None for an undo, which names its windows.

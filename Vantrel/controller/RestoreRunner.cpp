@@ -123,7 +123,7 @@ void RestoreRunner::conclude(const Job& job, RestorePass::Result& result) {
     m_context.normalFrames.remember(request.layout, result.report);
     if (request.purpose == RestorePurpose::restore &&
         request.layout.layoutName == m_context.state().activeLayoutName) {
-        m_context.strays.note(request.layout, result.report);
+        m_context.strays.note(request.layout, result.report, result.unreached);
     }
     m_context.onNoted();
     m_context.log(ControllerText::restoreReport(result.report));

@@ -1,4 +1,4 @@
-// Port: sleep, wake and session lock.
+// Port: sleep, wake, session lock, and going to another Space.
 #pragma once
 
 #include <functional>
@@ -15,6 +15,9 @@ public:
         std::function<void()> didWake;
         std::function<void()> sessionLocked;
         std::function<void()> sessionUnlocked;
+        // The user has gone to another Space, where windows can be reached that could not be before. Not
+        // called where every window can always be reached.
+        std::function<void()> spaceChanged{};
     };
 
     SystemEvents() = default;

@@ -11,7 +11,12 @@ constexpr double tolerance = 2;
 
 } // namespace
 
-void StrayPlaces::note(const Layout& layout, const RestoreReport& report) {
+bool StrayPlaces::Stray::isLeft(const Rect& frame) const {
+    return approxEqual(frame, left, tolerance);
+}
+
+void StrayPlaces::note(const Layout& layout, const RestoreReport& report,
+                       const std::vector<Unreached>& unreached) {
     auto& strays = m_strays[layout.configID];
     for (const RestoreReport::Item& item : report.items) {
         if (!item.saved || !item.move) {
@@ -24,6 +29,20 @@ void StrayPlaces::note(const Layout& layout, const RestoreReport& report) {
         } else {
             strays.erase(item.move->window);
         }
+    }
+    for (const auto& [saved, window, frame] : unreached) {
+        strays.insert_or_assign(window, Stray{layout.windows[saved], frame});
+    }
+}
+
+std::map<WindowID, StrayPlaces::Stray> StrayPlaces::of(const std::string& configID) const {
+    const auto found = m_strays.find(configID);
+    return found == m_strays.end() ? std::map<WindowID, Stray>() : found->second;
+}
+
+void StrayPlaces::settle(const std::string& configID, const std::vector<WindowID>& windows) {
+    for (const WindowID window : windows) {
+        m_strays[configID].erase(window);
     }
 }
 
@@ -67,9 +86,12 @@ std::vector<LiveWindow> StrayPlaces::corrected(const std::string& configID, std:
         if (found == desk->second.end()) {
             continue;
         }
-        const auto& [saved, left] = found->second;
+        auto& [saved, left] = found->second;
         WindowRecord& record = window.record;
-        if (approxEqual(record.frame, left, tolerance)) {
+        if (!window.isVisible && !record.states.isMinimized && !record.states.isFullscreen) {
+            left = record.frame;
+        }
+        if (found->second.isLeft(record.frame)) {
             record.frame = saved.frame;
             record.displayUUID = saved.displayUUID;
             record.states = saved.states;

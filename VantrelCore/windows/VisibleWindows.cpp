@@ -113,6 +113,17 @@ std::vector<LiveWindow> remembered(const DeskSnapshot& snapshot, const std::vect
     return result;
 }
 
+std::vector<LiveWindow> elsewhere(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
+    std::vector<LiveWindow> result;
+    for (const DeskWindow& window : snapshot.windows) {
+        const auto frame = ordinaryFrame(window);
+        if (frame && !canBeSeen(window) && !window.isReachable) {
+            append(result, window, *frame, displays);
+        }
+    }
+    return result;
+}
+
 std::vector<LiveWindow> panels(const DeskSnapshot& snapshot, const std::vector<DisplayInfo>& displays) {
     return visible(WindowKind::panel, snapshot, displays);
 }

@@ -46,6 +46,10 @@ namespace vantrel::VisibleWindows {
                                                  const std::vector<DisplayInfo>& displays);
 
 // The visible panels and dialogs.
+// The ordinary windows that the platform cannot arrange now, as they are on another Space.
+[[nodiscard]] std::vector<LiveWindow> elsewhere(const DeskSnapshot& snapshot,
+                                                const std::vector<DisplayInfo>& displays);
+
 [[nodiscard]] std::vector<LiveWindow> panels(const DeskSnapshot& snapshot,
                                              const std::vector<DisplayInfo>& displays);
 

@@ -89,6 +89,38 @@ TEST_F(MainJob, RemembersWindowsOfOtherSpaces) {
     EXPECT_EQ(remembered(), 3U);
 }
 
+TEST_F(MainJob, PutsWindowsOfAnotherSpaceInPlaceOnceTheUserGoesThereUnlessTheyHaveMoved) {
+    learn();
+    const auto docked = story->frames();
+    for (const char* const title : {"Tickets", "Draft"}) {
+        story->showOnThisSpace(title, false);
+    }
+    story->time.runFor(90);
+    story->connect("laptop");
+    story->connect("laptop-and-monitor");
+    EXPECT_NE(story->frames().at("Tickets"), docked.at("Tickets"));
+    // Where they are now is not learned.
+    story->time.runFor(120);
+
+    for (const char* const title : {"Tickets", "Draft"}) {
+        story->showOnThisSpace(title, true);
+    }
+    const CGRect moved{{300, 200}, {640, 400}};
+    setFrame(story->window("Draft"), moved);
+    story->system.changeSpace();
+    story->time.runFor(3);
+    EXPECT_EQ(story->frames().at("Tickets"), docked.at("Tickets"));
+    EXPECT_EQ(story->frames().at("Draft"), (Rect{{300, 200}, {640, 400}}));
+    EXPECT_THAT(story->messages(),
+                Contains("restore: put 1 window of this Space in place: Browser \"Tickets\""));
+
+    // From now on it belongs to the user again.
+    setFrame(story->window("Tickets"), moved);
+    story->system.changeSpace();
+    story->time.runFor(3);
+    EXPECT_EQ(story->frames().at("Tickets"), (Rect{{300, 200}, {640, 400}}));
+}
+
 TEST_F(MainJob, LearnsNothingOnceThePermissionIsRevokedAndMakesUpForItLater) {
     learn();
     const auto docked = story->frames();

@@ -21,7 +21,8 @@ protected:
         m_events.setHandlers({.willSleep = [this] { m_told.emplace_back("sleep"); },
                               .didWake = [this] { m_told.emplace_back("wake"); },
                               .sessionLocked = [this] { m_told.emplace_back("locked"); },
-                              .sessionUnlocked = [this] { m_told.emplace_back("unlocked"); }});
+                              .sessionUnlocked = [this] { m_told.emplace_back("unlocked"); },
+                              .spaceChanged = [this] { m_told.emplace_back("Space"); }});
     }
 
     static void postWorkspace(const char* name) {
@@ -68,6 +69,8 @@ TEST_F(SystemEventsOfTheMac, ReportSleepAndALockWhileAnythingKeepsTheUserAway) {
     postWorkspace("DidWake");
     cocoa::runMainQueue();
     EXPECT_EQ(std::exchange(m_told, {}), (Calls{"sleep", "wake"}));
+    postWorkspace("ActiveSpaceDidChange");
+    EXPECT_EQ(std::exchange(m_told, {}), Calls{"Space"});
     postWorkspace("ScreensDidSleep");
     postEverybody("com.apple.screenIsLocked");
     postWorkspace("ScreensDidWake");

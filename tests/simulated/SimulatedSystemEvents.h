@@ -17,6 +17,11 @@ public:
     void setLocked(bool isLocked) {
         change(m_isLocked, isLocked, m_handlers.sessionLocked, m_handlers.sessionUnlocked);
     }
+    void changeSpace() {
+        if (m_handlers.spaceChanged) {
+            m_handlers.spaceChanged();
+        }
+    }
     [[nodiscard]] bool isAway() const { return m_isAsleep || m_isLocked; }
 
 private:

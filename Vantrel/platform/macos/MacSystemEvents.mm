@@ -106,7 +106,7 @@ void MacSystemEvents::setHandlers(Handlers handlers) {
     @autoreleasepool {
         m_state.reset();
         if (!handlers.willSleep && !handlers.didWake && !handlers.sessionLocked &&
-            !handlers.sessionUnlocked) {
+            !handlers.sessionUnlocked && !handlers.spaceChanged) {
             return;
         }
         m_state = std::make_unique<State>(std::move(handlers), m_areScreensAsleep, m_queue);
@@ -115,6 +115,8 @@ void MacSystemEvents::setHandlers(Handlers handlers) {
         state.observe(workspace, NSWorkspaceWillSleepNotification,
                       [&] { state.call(state.handlers.willSleep); });
         state.observe(workspace, NSWorkspaceDidWakeNotification, [&] { state.call(state.handlers.didWake); });
+        state.observe(workspace, NSWorkspaceActiveSpaceDidChangeNotification,
+                      [&] { state.call(state.handlers.spaceChanged); });
         state.observe(workspace, NSWorkspaceScreensDidSleepNotification,
                       [&] { state.setScreensAsleep(true); });
         state.observe(workspace, NSWorkspaceScreensDidWakeNotification,

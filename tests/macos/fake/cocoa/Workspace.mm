@@ -121,6 +121,8 @@ NSRect rect(const Area& area) {
 
 const NSNotificationName NSWorkspaceDidLaunchApplicationNotification =
     @"NSWorkspaceDidLaunchApplicationNotification";
+const NSNotificationName NSWorkspaceActiveSpaceDidChangeNotification =
+    @"NSWorkspaceActiveSpaceDidChangeNotification";
 const NSNotificationName NSWorkspaceWillSleepNotification = @"NSWorkspaceWillSleepNotification";
 const NSNotificationName NSWorkspaceDidWakeNotification = @"NSWorkspaceDidWakeNotification";
 const NSNotificationName NSWorkspaceScreensDidSleepNotification = @"NSWorkspaceScreensDidSleepNotification";
