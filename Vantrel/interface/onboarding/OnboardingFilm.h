@@ -1,5 +1,5 @@
-// Shows the introduction's story in a drawing while that is visible, a few times and then no more; only the
-// still picture where the desktop wants no motion.
+// Plays the introduction's story in a drawing a few times while the drawing is visible. Where the desktop
+// wants no motion, shows a still picture.
 #pragma once
 
 #include "Vantrel/interface/desk/DeskView.h"

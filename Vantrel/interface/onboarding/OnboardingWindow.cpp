@@ -227,7 +227,7 @@ QWidget* OnboardingWindow::answersPage(const Start& start) {
         button->setChecked(start.answer == each.frequency);
         group->addButton(button);
         connect(button, &ChoiceButton::clicked, this, [this, frequency = each.frequency] {
-            m_actions.answer(frequency);
+            showAnswerProblem(m_actions.answer(frequency));
             m_startsWithSession->setChecked(OnboardingContent::suggestion(frequency).startsWithSession);
         });
         column->addWidget(button);
@@ -243,11 +243,20 @@ QWidget* OnboardingWindow::answersPage(const Start& start) {
     m_startsWithSession->setAccessibleName(qtr("Start with the session"));
     m_startsWithSession->setChecked(start.startsWithSession);
     connect(m_startsWithSession, &Switch::clicked, this,
-            [this](bool isOn) { m_actions.setStartsWithSession(isOn); });
+            [this](bool isOn) { showAnswerProblem(m_actions.setStartsWithSession(isOn)); });
     row->addWidget(m_startsWithSession);
     column->addLayout(row);
+    m_answerProblem = new Label(Label::Role::problem, page);
+    m_answerProblem->hide();
+    column->addWidget(m_answerProblem);
     column->addStretch(1);
     return page;
+}
+
+void OnboardingWindow::showAnswerProblem(const std::optional<std::string>& problem) {
+    m_answerProblem->show(qt(problem.value_or("")));
+    m_answerProblem->setVisible(problem.has_value());
+    fit();
 }
 
 QWidget* OnboardingWindow::shortcutsPage() {

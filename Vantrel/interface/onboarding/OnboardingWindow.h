@@ -27,9 +27,12 @@ public:
         };
         // Opens the system's settings where what is missing can be permitted.
         std::function<void()> openPermissionSettings = [] {};
-        // Also takes the suggestion that goes with the answer.
-        std::function<void(DockFrequency)> answer = [](auto) {};
-        std::function<void(bool)> setStartsWithSession = [](bool) {};
+        // Stores the answer and the settings that suit it. Returns why that is not possible, as does the
+        // next.
+        std::function<std::optional<std::string>(DockFrequency)> answer = [](auto) { return std::nullopt; };
+        std::function<std::optional<std::string>(bool)> setStartsWithSession = [](bool) {
+            return std::nullopt;
+        };
         std::function<std::vector<OnboardingContent::Shortcut>()> shortcuts = [] {
             return std::vector<OnboardingContent::Shortcut>();
         };
@@ -71,6 +74,7 @@ private:
     [[nodiscard]] QWidget* shortcutsPage();
     [[nodiscard]] QWidget* shortcutRow(std::size_t index, QWidget* page);
     void showChecks();
+    void showAnswerProblem(const std::optional<std::string>& problem);
     void showShortcuts();
     // Grows to the height that the highest page needs.
     void fit();
@@ -82,6 +86,7 @@ private:
     QStackedWidget* m_pages;
     Dots* m_dots = nullptr;
     Label* m_checkSummary = nullptr;
+    Label* m_answerProblem = nullptr;
     QWidget* m_checks = nullptr;
     std::vector<OnboardingContent::Check> m_shownChecks;
     // While the checks are on the page.

@@ -103,15 +103,25 @@ void PanelPresenter::openWithoutTray() {
     }
 }
 
-void PanelPresenter::take(DockFrequency answer) {
+PanelActions::Problem PanelPresenter::take(DockFrequency answer) {
     const auto suggestion = OnboardingContent::suggestion(answer);
-    UserDefaults& defaults = m_controller.defaults();
-    defaults.set("dockFrequency", std::string(OnboardingContent::stored(answer)));
-    defaults.set(Settings::autoRestoreKey, true);
-    defaults.set(Settings::settleDelayKey, suggestion.settleDelay);
-    defaults.set("patternSuggestionsStopped", !suggestion.suggestsScenes);
-    defaults.set("quietNudgesEnabled", suggestion.nudges);
-    defaults.set("launchAtLogin", suggestion.startsWithSession);
+    return store({{"dockFrequency", std::string(OnboardingContent::stored(answer))},
+                  {Settings::autoRestoreKey, true},
+                  {Settings::settleDelayKey, suggestion.settleDelay},
+                  {"patternSuggestionsStopped", !suggestion.suggestsScenes},
+                  {"quietNudgesEnabled", suggestion.nudges},
+                  {"launchAtLogin", suggestion.startsWithSession}});
+}
+
+PanelActions::Problem
+PanelPresenter::store(std::initializer_list<std::pair<const char*, DefaultsValue>> settings) {
+    for (const auto& [name, value] : settings) {
+        const SettingKey* const key = SettingKeys::named(name);
+        if (const auto stored = Settings(m_controller.defaults()).set(*key, value); !stored) {
+            return stored.error();
+        }
+    }
+    return std::nullopt;
 }
 
 OnboardingWindow::Actions PanelPresenter::introductionActions() {
@@ -129,10 +139,8 @@ OnboardingWindow::Actions PanelPresenter::introductionActions() {
                                           .opensPanelAtStart = opensAtStart});
     };
     actions.openPermissionSettings = [this] { m_services.openPermissionSettings(); };
-    actions.answer = [this](DockFrequency frequency) { take(frequency); };
-    actions.setStartsWithSession = [this](bool starts) {
-        m_controller.defaults().set("launchAtLogin", starts);
-    };
+    actions.answer = [this](DockFrequency frequency) { return take(frequency); };
+    actions.setStartsWithSession = [this](bool starts) { return store({{"launchAtLogin", starts}}); };
     actions.shortcuts = [this] { return OnboardingContent::shortcuts(m_controller.published()); };
     actions.keyCode = m_services.keyCode;
     actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
@@ -333,8 +341,11 @@ void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string
         m_services.openPermissionSettings();
         break;
     case Deed::stayClosed:
-        m_controller.defaults().set("showPanelWithoutTray", false);
-        tell(vantrel::tr("Vantrel no longer opens this window when it starts."), false);
+        if (const auto problem = store({{"showPanelWithoutTray", false}})) {
+            tell(*problem);
+        } else {
+            tell(vantrel::tr("Vantrel no longer opens this window when it starts."), false);
+        }
         refresh();
         break;
     case Deed::showUpdate:

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <set>
@@ -83,7 +84,11 @@ private:
     void perform(PanelContent::Message::Deed deed, const std::string& typed);
     void dismiss(PanelContent::Message::Kind kind);
     void countCrashReports();
-    void take(DockFrequency answer);
+    // Stores the settings that suit the answer.
+    [[nodiscard]] PanelActions::Problem take(DockFrequency answer);
+    // Stops at the first setting that cannot be stored.
+    [[nodiscard]] PanelActions::Problem
+    store(std::initializer_list<std::pair<const char*, DefaultsValue>> settings);
     [[nodiscard]] OnboardingWindow::Actions introductionActions();
     void closed();
     void tell(const std::string& text, bool isProblem = true);

@@ -87,7 +87,10 @@ TEST(Onboarding, IsGoneThroughByKeyboardAlone) {
                                      ++checked;
                                      return OnboardingContent::checks(state, {});
                                  },
-                             .answer = [&](DockFrequency frequency) { answered = frequency; },
+                             .answer = [&](DockFrequency frequency) -> std::optional<std::string> {
+                                 answered = frequency;
+                                 return "The settings could not be written.";
+                             },
                              .shortcuts = [&] { return OnboardingContent::shortcuts(state); },
                              .keyCode = [](const QKeyEvent&) { return std::optional<std::int64_t>(19); },
                              .setHotkey = [&](const auto&, auto combo) -> std::optional<std::string> {
@@ -109,6 +112,9 @@ TEST(Onboarding, IsGoneThroughByKeyboardAlone) {
     window.findChildren<QRadioButton*>()[1]->setFocus();
     press(Qt::Key_Space);
     EXPECT_EQ(answered, DockFrequency::onceADay);
+    EXPECT_TRUE(std::ranges::any_of(window.findChildren<Label*>(), [](const Label* label) {
+        return label->isVisible() && label->text() == "The settings could not be written.";
+    }));
     press(Qt::Key_PageUp);
     EXPECT_EQ(window.page(), 1);
     EXPECT_TRUE(first<Switch>(window).isChecked());
