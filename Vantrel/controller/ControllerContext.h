@@ -101,9 +101,10 @@ public:
     void showStoredScenes();
     // Called after showStoredScenes() has published the scenes.
     std::function<void()> onScenesChanged;
-    // Whether the permission is missing, after work that needed it. If so, the phase shows it at once.
+    // Checks after a capture or move whether the permission has been revoked meanwhile. If so, publishes that
+    // phase at once.
     [[nodiscard]] bool hasLostPermission();
-    // Called when work found the permission missing.
+    // Called when hasLostPermission() finds the permission missing.
     std::function<void()> onPermissionLost = [] {};
     // Publishes the resting phase, unless a restore is running or has just finished.
     void refreshStatus();

@@ -1,5 +1,5 @@
-// The user's settings where they are a file that people edit: the program's own notes are in a file of their
-// own.
+// User defaults for systems where the settings are a text file that people edit. Keeps the program's own
+// notes in a separate file.
 #pragma once
 
 #include "VantrelCore/ports/MainQueue.h"
@@ -14,10 +14,9 @@
 
 namespace vantrel {
 
-// Keeps the keys with SettingKey::Purpose::note in "notes.json" and leaves all others to `settings`. Notes
-// that an older version has left in `settings` are moved when it is constructed: they are removed there once
-// the new file has been written, and if either fails, the next start tries again. What is in "notes.json"
-// takes precedence.
+// Stores keys with SettingKey::Purpose::note in "notes.json" and passes all others on to `settings`. The
+// constructor moves notes that an older version left in `settings`; it removes them there only after writing
+// the new file. If either step fails, the next start tries again. "notes.json" takes precedence.
 class DefaultsWithNotes final : public UserDefaults {
 public:
     // `settings`, `files` and `queue` must outlive it.

@@ -56,8 +56,8 @@ bool LayoutFlow::switchLayout(const std::string& name, const RestoreOutcome::Don
     return restoreActive(std::move(undone), done);
 }
 
-// Recreates the layout if it was deleted since. Otherwise the windows, arranged as it had them, would be
-// learned into another layout.
+// Recreates the layout if it has been deleted since. Without that, its window positions would be learned into
+// another layout.
 void LayoutFlow::returnTo(const Left& left) {
     if (left.layout && !m_context.store.layout(left.desk, left.name)) {
         Layout layout = *left.layout;
@@ -228,7 +228,7 @@ LayoutChange LayoutFlow::remove(const std::string& configID, const std::string& 
         trf("the layout \"{}\"", layout->layoutName),
         [this, deleted = Deleted{*layout, isActive, isOnlyOne}] { return putBack(deleted); });
     layoutsChanged();
-    // Otherwise the windows, still arranged as in the deleted layout, would be learned into the next one.
+    // Without that, the deleted layout's window positions would be learned into the next one.
     if (isShown) {
         restoreActiveLayout();
     }
@@ -248,7 +248,7 @@ std::expected<void, std::string> LayoutFlow::putBack(const Deleted& deleted) {
     if (wasActive && layout.configID != m_context.state().configID) {
         m_context.store.setActiveLayout(layout.layoutName, layout.configID);
     } else if (wasActive) {
-        // Otherwise the windows as they are now would be learned into it.
+        // Also restores it. Without that, the current window positions would be learned into it.
         switchLayout(layout.layoutName, {});
     }
     return {};

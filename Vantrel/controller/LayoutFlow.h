@@ -51,8 +51,8 @@ public:
     std::function<void(const std::string& configID, const std::string& name, const std::string& newName)>
         onRenamed = [](const auto&...) {};
 
-    // If it was the active layout, another one becomes active; on the current desk, that is restored. Undone
-    // by RecentDeletions, which then restores its windows.
+    // If the layout was active, another one becomes active, and is restored if the desk is the current one.
+    // RecentDeletions can undo the removal and then restores the layout's windows.
     [[nodiscard]] LayoutChange remove(const std::string& configID, const std::string& name);
     [[nodiscard]] LayoutChange remove(const std::string& name) {
         return remove(m_context.state().configID, name);

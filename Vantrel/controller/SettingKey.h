@@ -56,8 +56,7 @@ namespace SettingKeys {
 // Null when there is no such key.
 [[nodiscard]] const SettingKey* named(std::string_view name);
 
-// For whoever wrote the name of a key that does not exist: "There is no setting "setleDelay". Did you mean
-// "settleDelay"?"
+// The sentence for a key that does not exist: "There is no setting "setleDelay". Did you mean "settleDelay"?"
 [[nodiscard]] std::string unknown(std::string_view name);
 
 } // namespace SettingKeys

@@ -26,9 +26,10 @@ public:
 
     explicit Settings(UserDefaults& defaults) : m_defaults(defaults) {}
 
-    // Stores a value that is valid for `key`, and removes a stored value. On failure nothing has changed and
-    // the error is a sentence for the user.
+    // Stores a value, which must be valid for `key`. On failure nothing changes, and the error is a sentence
+    // for the user.
     std::expected<void, std::string> set(const SettingKey& key, const DefaultsValue& value);
+    // Removes the stored value, so that the default applies. Fails like set().
     std::expected<void, std::string> reset(const SettingKey& key);
 
     // The preferences that have a value, by key; the default where none is stored.

@@ -1,4 +1,4 @@
-// What the heads-up display shows for an event: a headline, a detail below it, and a symbol beside both.
+// The heads-up display's text for an event: a headline, a detail below it, and a symbol.
 #pragma once
 
 #include "Vantrel/controller/HUDEvent.h"

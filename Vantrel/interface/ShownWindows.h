@@ -1,4 +1,4 @@
-// Reports when the program shows a window that takes the keyboard, and when the last of them has been closed.
+// Reports when the program opens a window that takes keyboard focus, and when the last such window closes.
 #pragma once
 
 #include <QObject>

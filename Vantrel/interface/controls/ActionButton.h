@@ -1,5 +1,5 @@
 // A push button with a symbol and a second text: beside the title in a wide one, below it in a high one. A
-// filled one is the thing most people came for; there is at most one on a surface.
+// filled one marks the main action; a surface has at most one.
 #pragma once
 
 #include <QPushButton>

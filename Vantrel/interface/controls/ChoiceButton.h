@@ -1,5 +1,4 @@
-// One of several answers of which exactly one holds: a title with a sentence below it, the chosen one on a
-// ground of its own.
+// A radio button with a title and a sentence below it; the chosen one has a background.
 #pragma once
 
 #include <QRadioButton>

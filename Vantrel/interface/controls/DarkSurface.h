@@ -1,5 +1,5 @@
-// What lies over other programs' windows for a moment, the HUD and the quick switcher: dark in either
-// palette, with rounded corners.
+// The look of short-lived overlays (the HUD, the quick switcher): dark in light and dark palettes, with
+// rounded corners.
 #pragma once
 
 #include <QBitmap>

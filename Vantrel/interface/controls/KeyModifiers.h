@@ -1,5 +1,5 @@
-// Between Qt's modifiers and those of shortcuts. Qt on a Mac calls the Command key Control, and the Control
-// key Meta.
+// Converts between Qt's modifiers and those of shortcuts. On a Mac, Qt calls the Command key Control and the
+// Control key Meta.
 #pragma once
 
 #include "VantrelCore/model/HotKeyCombo.h"

@@ -1,4 +1,4 @@
-// Lengths that follow the font: they are given for one of 13 pixels.
+// Lengths that scale with the font. They are given for a font of 13 pixels.
 #pragma once
 
 #include <QFont>

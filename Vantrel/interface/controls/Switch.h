@@ -1,4 +1,4 @@
-// A check box painted as a switch, for what acts at once.
+// A check box painted as a switch, for settings that take effect at once.
 #pragma once
 
 #include <QCheckBox>

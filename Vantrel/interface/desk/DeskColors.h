@@ -1,5 +1,4 @@
-// The colours of the interface that a palette does not have: mixtures of its roles, legible in light and
-// dark.
+// Colours that a palette lacks, mixed from its roles; legible in light and dark palettes.
 #pragma once
 
 #include <QColor>

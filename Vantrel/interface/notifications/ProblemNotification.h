@@ -1,5 +1,5 @@
-// What must not be missed while nobody looks: windows that could not be put back after docking, files that
-// cannot be read or written, calendars that may not be read. Never a success.
+// The notification for problems that the user must not miss: windows that could not be put back after
+// docking, files that cannot be read or written, calendars without access. Never reports a success.
 #pragma once
 
 #include "Vantrel/controller/PublishedState.h"

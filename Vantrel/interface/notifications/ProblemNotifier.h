@@ -1,4 +1,4 @@
-// Shows the notification of what must not be missed, and withdraws it when the problem is gone.
+// Shows the notification for a problem, and withdraws it when the problem has been solved.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"

@@ -1,4 +1,4 @@
-// A row of the panel that is only there when there is something to say, with its actions and a dismissal.
+// A message in the panel, with its actions and a button that dismisses it.
 #pragma once
 
 #include "Vantrel/interface/panel/PanelActions.h"

@@ -1,4 +1,4 @@
-// The panel's rows that are only there when there is something to say, the most pressing first.
+// Chooses the panel's messages, the most urgent first.
 #pragma once
 
 #include "Vantrel/interface/panel/PanelContent.h"

@@ -1,4 +1,4 @@
-// The panel: the desk at a glance, and everything that can be done with it.
+// The panel: shows the desk at a glance and offers every action on it.
 #pragma once
 
 #include "Vantrel/interface/controls/ActionButton.h"

@@ -1,4 +1,4 @@
-// An icon that is drawn for every size: a pixmap is what paint() draws.
+// Base class of icons that are painted at any size; pixmaps come from paint().
 #pragma once
 
 #include <QIconEngine>

@@ -1,4 +1,4 @@
-// Reads the path data of SVG, in which our symbols are drawn.
+// Parses SVG path data, the format of our symbols.
 #pragma once
 
 #include <QPainterPath>

@@ -1,4 +1,4 @@
-// While one exists, the system does not slow this program down because it shows no window (App Nap).
+// Prevents App Nap, which slows down programs without visible windows, while an object exists.
 // Objective-C++ only.
 #pragma once
 

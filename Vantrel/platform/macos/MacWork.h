@@ -1,4 +1,4 @@
-// What macOS needs around work that people wait for.
+// Wraps background work on macOS in an autorelease pool and an activity.
 #pragma once
 
 #include <functional>

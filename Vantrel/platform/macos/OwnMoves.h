@@ -1,4 +1,4 @@
-// When Vantrel last moved a window of another application.
+// Records when Vantrel last moved a window of one application.
 #pragma once
 
 #include "VantrelCore/ports/Clock.h"

@@ -1,4 +1,4 @@
-// Reports that the user opens the program again: in the Finder, in the Dock, or by starting it a second time.
+// Reports when the user reopens the running program: in the Finder, in the Dock, or by starting it again.
 #pragma once
 
 #include <functional>

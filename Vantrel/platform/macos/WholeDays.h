@@ -1,4 +1,4 @@
-// Helps with the end of whole-day events.
+// Computes the end of all-day events.
 #pragma once
 
 #include "VantrelCore/model/Date.h"
