@@ -52,6 +52,7 @@
 #include "Vantrel/platform/x11/X11Workspace.h"
 #include "Vantrel/platform/x11/XEmbedTray.h"
 #include "VantrelCore/ports/PatientFileSystem.h"
+#include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/AXPermission.h"
 
 #include <CLI/CLI.hpp>
@@ -233,17 +234,17 @@ private:
         panel.keyCode = [this](const QKeyEvent& event) {
             return m_hotKeys.virtualKeyCode(event.nativeScanCode());
         };
-        panel.permissionTitle = "No window manager";
+        panel.permissionTitle = tr("No window manager");
         panel.permissionDetail =
-            "Windows cannot be moved without one. Start your desktop session, then check again.";
+            tr("Windows cannot be moved without one. Start your desktop session, then check again.");
         if (StartChecks::isWaylandSession()) {
             panel.sessionNotes.push_back(
-                {"This is a Wayland session", "Only programs that use X11 can be seen and moved."});
+                {tr("This is a Wayland session"), tr("Only programs that use X11 can be seen and moved.")});
         }
         if (m_lock.problem()) {
             panel.sessionNotes.push_back(
-                {"The data folder cannot be locked",
-                 "A second Vantrel on another session bus would overwrite what this one remembers.",
+                {tr("The data folder cannot be locked"),
+                 tr("A second Vantrel on another session bus would overwrite what this one remembers."),
                  PanelContent::Message::Kind::sharedFolder});
         }
         panel.wantsMotion = DesktopMotion::isWanted;
