@@ -103,7 +103,7 @@ SceneStore::Result<void> SceneStore::move(const std::string& id, std::size_t pos
     // The desk's scenes in their new order, and the places that they fill.
     std::vector<Scene> ofDesk;
     std::vector<Scene*> places;
-    const Scene moved = *found;
+    const Scene& moved = *found;
     for (Scene& scene : file.scenes) {
         if (scene.configID == moved.configID) {
             places.push_back(&scene);
