@@ -18,7 +18,8 @@ const CLI::App& innermost(const CLI::App& app) {
     return inside.empty() ? app : innermost(*inside.front());
 }
 
-std::string withGuess(std::string sentence, const std::string& typed, const std::vector<std::string>& known) {
+std::string withGuess(const std::string& sentence, const std::string& typed,
+                      const std::vector<std::string>& known) {
     const auto meant = SimilarName::of(typed, {known.begin(), known.end()});
     return meant ? sentence + " " + trf("Did you mean \"{}\"?", *meant) : sentence;
 }
