@@ -38,6 +38,7 @@
 #include "Vantrel/platform/qt/QtHttpClient.h"
 #include "Vantrel/platform/qt/QtMainQueue.h"
 #include "Vantrel/platform/qt/QtUserDefaults.h"
+#include "Vantrel/platform/qt/SecondStartWatch.h"
 #include "Vantrel/platform/qt/StatusNotifierHost.h"
 #include "Vantrel/platform/qt/TerminationSignals.h"
 #include "Vantrel/platform/qt/UserFolders.h"
@@ -211,7 +212,16 @@ private:
         m_controller->startEngine();
     }
 
+    void tellOfSecondStart() {
+        log("start: a second vantrel was started on another session bus and has quit");
+        m_surfaces->panel().addSessionNote(
+            {tr("Vantrel was started in another session too"),
+             tr("Both sessions share one data folder, so it runs only in this one."),
+             PanelContent::Message::Kind::sharedFolder});
+    }
+
     void showSurfaces() {
+        m_secondStart.emplace(m_supportDirectory, [this] { tellOfSecondStart(); });
         watchNotifierHost();
         tellOfProblems();
         m_xembedTray.emplace(m_connection, m_queue, [this] { showIn(StatusIcon::Tray::xembed); });
@@ -385,6 +395,7 @@ private:
     ThemeIcons m_icons;
     std::optional<BusNotifications> m_notifications;
     std::optional<Surfaces> m_surfaces;
+    std::optional<SecondStartWatch> m_secondStart;
     std::optional<StatusNotifierHost> m_notifierHost;
     std::optional<XEmbedTray> m_xembedTray;
     std::unique_ptr<ScheduledWork> m_trayWait;

@@ -26,6 +26,7 @@ TEST(Instance, OnlyOneRunsPerDataFolderAlsoOnAnotherBus) {
     EXPECT_THAT(second.output, AllOf(HasSubstr(process), HasSubstr(desk.vantrelFolder().string())));
     EXPECT_TRUE(first.process().isRunning());
     EXPECT_EQ(desk.logged("start: vantrel"), 1U);
+    EXPECT_TRUE(desk.awaitLogged("start: a second vantrel was started on another session bus"));
 
     // With a data folder of its own it runs.
     ProgramRun elsewhere(

@@ -70,6 +70,7 @@ TEST_F(SystemEventsOfTheMac, ReportSleepAndALockWhileAnythingKeepsTheUserAway) {
     cocoa::runMainQueue();
     EXPECT_EQ(std::exchange(m_told, {}), (Calls{"sleep", "wake"}));
     postWorkspace("ActiveSpaceDidChange");
+    cocoa::runMainQueue();
     EXPECT_EQ(std::exchange(m_told, {}), Calls{"Space"});
     postWorkspace("ScreensDidSleep");
     postEverybody("com.apple.screenIsLocked");

@@ -81,8 +81,11 @@ QWidget* MessageRow::actionButton(const PanelContent::Message::Action& action) {
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) +
                             Metrics::points(*this, 22));
     connect(button, &QPushButton::clicked, this, [this, deed = action.deed] {
-        if (deed == PanelContent::Message::Deed::enterKey) {
+        using Deed = PanelContent::Message::Deed;
+        if (deed == Deed::enterKey) {
             askForKey();
+        } else if (deed == Deed::recordSwitcherShortcut) {
+            recordSwitcherShortcut();
         } else {
             m_actions.perform(deed, "");
         }
@@ -104,6 +107,29 @@ void MessageRow::askForKey() {
     });
     m_column->addWidget(field);
     field->setFocus();
+}
+
+void MessageRow::recordSwitcherShortcut() {
+    if (m_recorder == nullptr) {
+        auto* const problem = new Label(Label::Role::problem, this);
+        problem->hide();
+        m_recorder = new HotKeyRecorder(HotKeySurface{HotKeySurface::Kind::quickSwitcher, {}},
+                                        HotKeyRecording::Place::settings,
+                                        {.keyCode = m_actions.keyCode,
+                                         .taken = m_actions.takenHotKeys,
+                                         .store = m_actions.setSwitcherHotkey,
+                                         .problem =
+                                             [problem](const std::string& text) {
+                                                 problem->show(qt(text));
+                                                 problem->setVisible(!text.empty());
+                                             }},
+                                        this);
+        m_recorder->setTitle(qtr("Quick switcher"));
+        m_recorder->setProminent(true);
+        m_column->addWidget(m_recorder);
+        m_column->addWidget(problem);
+    }
+    m_recorder->startRecording();
 }
 
 void MessageRow::paintEvent(QPaintEvent* /*event*/) {

@@ -19,8 +19,11 @@ private:
     [[nodiscard]] QWidget* actionButton(const PanelContent::Message::Action& action);
     // Shows a field for the license key below the text.
     void askForKey();
+    // Shows a recorder for the quick switcher's shortcut below the text, and begins to record.
+    void recordSwitcherShortcut();
 
     QLayout* m_column = nullptr;
+    HotKeyRecorder* m_recorder = nullptr;
     PanelContent::Message m_message;
     const PanelActions& m_actions;
 };

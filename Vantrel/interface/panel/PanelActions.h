@@ -35,9 +35,18 @@ struct PanelActions {
     std::function<Problem(const std::string& name)> problemWithLayoutName = [](const auto&) {
         return std::nullopt;
     };
+    std::function<Problem(const std::string& name)> problemWithLayoutRename = [](const auto&) {
+        return std::nullopt;
+    };
+    std::function<Problem(const std::string& name, const std::string& newName)> renameLayout =
+        [](const auto&, const auto&) { return std::nullopt; };
+    std::function<Problem(const std::string& name)> removeLayout = [](const auto&) { return std::nullopt; };
+    // Brings back the layout that was removed last.
+    std::function<void()> putBackLayout = [] {};
     std::function<void(bool)> setPinned = [](bool) {};
 
     SceneActions scenes{};
+    std::function<Problem(std::optional<HotKeyCombo>)> setSwitcherHotkey = [](auto) { return std::nullopt; };
     HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
     std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };
 

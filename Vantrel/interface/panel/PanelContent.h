@@ -30,6 +30,7 @@ struct PanelContent {
             sameDesk,
             suggestion,
             calendar,
+            switcherTip,
             crashReports,
             update,
         };
@@ -49,6 +50,7 @@ struct PanelContent {
             joinDesks,
             saveAsScene,
             stopSuggesting,
+            recordSwitcherShortcut,
             sendCrashReports,
             showUpdate,
         };
@@ -142,6 +144,8 @@ struct PanelContent {
         std::size_t crashReports = 0;
         bool offersMissionControlFix = false;
         bool offersPurchase = true;
+        // The user does not want to hear of the quick switcher again.
+        bool isSwitcherTipDismissed = false;
         // Dismissed until the program restarts.
         std::set<Message::Kind> dismissed{};
     };

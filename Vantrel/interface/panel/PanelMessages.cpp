@@ -1,9 +1,11 @@
 #include "Vantrel/interface/panel/PanelMessages.h"
 
 #include "Vantrel/interface/Text.h"
+#include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/text/Translation.h"
 #include "VantrelCore/updates/UpdateOffer.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace vantrel::PanelMessages {
@@ -41,6 +43,7 @@ public:
         sameDesk();
         suggestion();
         calendar();
+        switcherTip();
         crashReports();
         update();
         return std::move(m_messages);
@@ -214,6 +217,21 @@ private:
                  .symbol = "calendar",
                  .title = tr("The calendar cannot be read"),
                  .detail = tr("Scenes that wait for a video call are not applied.")});
+        }
+    }
+
+    void switcherTip() {
+        const bool hasShortcut = std::ranges::any_of(m_state.hotKeys, [](const HotKeyStatus& status) {
+            return status.taken.surface.kind == HotKeySurface::Kind::quickSwitcher;
+        });
+        if (!m_context.isSwitcherTipDismissed && !hasShortcut &&
+            SceneRail::scenes(m_state.configID, m_state.scenes).size() >= 2) {
+            add({.kind = Kind::switcherTip,
+                 .tone = Tone::accent,
+                 .symbol = "scenes",
+                 .title = tr("Switch scenes with one shortcut"),
+                 .detail = tr("Hold it, choose a scene, release."),
+                 .actions = {{Deed::recordSwitcherShortcut, tr("Record shortcut")}}});
         }
     }
 

@@ -87,6 +87,7 @@ void PanelPresenter::closed() {
     if (m_observer) {
         m_controller.removeObserver(*std::exchange(m_observer, std::nullopt));
     }
+    m_removedLayout.reset();
     m_looks.forget();
     m_window.release()->deleteLater();
 }
@@ -205,9 +206,17 @@ void PanelPresenter::refresh() {
         .crashReports = m_crashReports,
         .offersMissionControlFix = static_cast<bool>(m_fixMissionControl),
         .offersPurchase = static_cast<bool>(m_services.purchase),
+        .isSwitcherTipDismissed = Settings(m_controller.defaults()).quickSwitcherHintDismissed(),
         .dismissed = m_dismissed,
     };
     m_window->view().show(PanelContent::of(m_controller.published(), context));
+}
+
+void PanelPresenter::addSessionNote(const PanelContent::SessionNote& note) {
+    m_dismissed.erase(note.kind);
+    std::erase_if(m_services.sessionNotes, [&](const auto& other) { return other.title == note.title; });
+    m_services.sessionNotes.push_back(note);
+    refresh();
 }
 
 void PanelPresenter::tell(const std::string& text, bool isProblem) {
@@ -219,6 +228,39 @@ void PanelPresenter::tell(const std::string& text, bool isProblem) {
 RestoreOutcome::Done PanelPresenter::tellRefusal() {
     return vantrel::tellRefusal(m_alive,
                                 [this](const std::string& text, bool isProblem) { tell(text, isProblem); });
+}
+
+void PanelPresenter::addLayoutChanges(PanelActions& actions) {
+    const auto problemOf = [](const LayoutChange& change) -> PanelActions::Problem {
+        return change.kind == LayoutChange::Kind::done ? std::nullopt : std::optional(change.text());
+    };
+    actions.problemWithLayoutRename = [this](const std::string& name) -> PanelActions::Problem {
+        using Kind = LayoutChange::Kind;
+        const auto valid = LayoutFlow::validName(name);
+        const bool isTaken =
+            valid && std::ranges::any_of(m_controller.published().currentLayouts,
+                                         [&](const Layout& layout) { return layout.layoutName == *valid; });
+        return valid && !isTaken
+                   ? std::nullopt
+                   : std::optional(LayoutChange{valid ? Kind::nameTaken : Kind::invalidName}.text());
+    };
+    actions.renameLayout = [this, problemOf](const std::string& name, const std::string& newName) {
+        return problemOf(m_controller.layouts().rename(name, newName));
+    };
+    actions.removeLayout = [this, problemOf](const std::string& name) {
+        const auto problem = problemOf(m_controller.layouts().remove(name));
+        if (!problem) {
+            m_removedLayout = m_controller.deletions().newest();
+        }
+        return problem;
+    };
+    actions.putBackLayout = [this] {
+        if (const auto removed = std::exchange(m_removedLayout, std::nullopt)) {
+            if (const auto back = m_controller.deletions().putBack(removed); !back) {
+                tell(back.error());
+            }
+        }
+    };
 }
 
 PanelActions PanelPresenter::actions() {
@@ -272,8 +314,13 @@ PanelActions PanelPresenter::actions() {
             refresh();
         }
     };
+    addLayoutChanges(actions);
     actions.scenes = SceneActions::of(
         m_controller, m_alive, [this](const std::string& text, bool isProblem) { tell(text, isProblem); });
+    actions.setSwitcherHotkey = [this](std::optional<HotKeyCombo> combo) -> PanelActions::Problem {
+        const auto stored = m_controller.setHotkey({HotKeySurface::Kind::quickSwitcher, {}}, combo);
+        return stored ? std::nullopt : std::optional(stored.error());
+    };
     actions.keyCode = m_services.keyCode;
     actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
     actions.openWorkbench = m_services.openWorkbench;
@@ -354,6 +401,7 @@ void PanelPresenter::perform(PanelContent::Message::Deed deed, const std::string
     case Deed::fixMissionControl:
         m_fixMissionControl();
         break;
+    case Deed::recordSwitcherShortcut:
     case Deed::none:
         break;
     }
@@ -365,6 +413,9 @@ void PanelPresenter::dismiss(PanelContent::Message::Kind kind) {
         m_controller.suggestions().snooze();
     } else if (kind == Kind::drift && m_controller.published().driftNudge) {
         m_controller.dismissDriftNudge();
+    } else if (const auto problem =
+                   kind == Kind::switcherTip ? store({{"quickSwitcherHintDismissed", true}}) : std::nullopt) {
+        tell(*problem);
     } else {
         m_dismissed.insert(kind);
     }

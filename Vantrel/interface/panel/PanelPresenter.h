@@ -67,6 +67,8 @@ public:
     void openWithoutTray();
     // Shows what has changed outside of published state, such as the tray.
     void refresh();
+    // Shows a note among those about the session, again if it was dismissed.
+    void addSessionNote(const PanelContent::SessionNote& note);
     // Offers to fix Mission Control's settings; null withdraws the offer.
     void offerMissionControlFix(std::function<void()> fix);
     // For a click on the tray icon: opens it, or closes an open one.
@@ -81,6 +83,7 @@ public:
 
 private:
     [[nodiscard]] PanelActions actions();
+    void addLayoutChanges(PanelActions& actions);
     void perform(PanelContent::Message::Deed deed, const std::string& typed);
     void dismiss(PanelContent::Message::Kind kind);
     void countCrashReports();
@@ -107,6 +110,8 @@ private:
     QTimer m_aging;
     // When it was last closed, since some epoch: the click that closes it may be one on the tray icon.
     qint64 m_closedAt = 0;
+    // The layout that was deleted in the open panel.
+    std::optional<RecentDeletions::ID> m_removedLayout;
     std::size_t m_crashReports = 0;
     std::function<void()> m_fixMissionControl;
     // Expires with this object, for restores that end later.

@@ -8,7 +8,6 @@
 #include "Vantrel/interface/symbols/Symbols.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -206,67 +205,8 @@ void PanelView::addButtons(QBoxLayout& parts) {
 }
 
 void PanelView::addLayouts(QBoxLayout& parts) {
-    m_layouts = new QWidget(m_body);
-    auto* const group = column(m_layouts, 0);
-    group->addWidget(new Hairline(m_layouts));
-    auto* const row = new QHBoxLayout;
-    row->setContentsMargins(points(margin), points(10), points(margin), points(10));
-    row->setSpacing(points(8));
-    auto* const name = new Label(Label::Role::text, m_layouts);
-    name->setElided(true);
-    name->show(qtr("Layout"));
-    m_layoutBox = new QComboBox(m_layouts);
-    m_layoutBox->setAccessibleName(qtr("Layout"));
-    m_layoutBox->setMinimumHeight(points(30));
-    m_layoutBox->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(m_layoutBox, &QComboBox::activated, this,
-            [this](int index) { m_actions.switchLayout(m_layoutBox->itemText(index).toStdString()); });
-    m_layoutPin = new SymbolButton("pin", qtr("Keep this layout as it is"), 30, m_layouts);
-    m_layoutPin->setAutoRaise(false);
-    m_layoutPin->setCheckable(true);
-    connect(m_layoutPin, &QToolButton::clicked, this, [this](bool isOn) { m_actions.setPinned(isOn); });
-    auto* const add = new SymbolButton("plus", qtr("Save the desk as another layout"), 30, m_layouts);
-    add->setAutoRaise(false);
-    connect(add, &QToolButton::clicked, this, [this] {
-        m_layoutField->setVisible(m_layoutField->isHidden());
-        m_layoutName->setFocus();
-    });
-    row->addWidget(name);
-    row->addSpacing(points(8));
-    row->addWidget(m_layoutBox, 1);
-    row->addWidget(m_layoutPin);
-    row->addWidget(add);
-    group->addLayout(row);
-    m_layoutField = new QWidget(m_layouts);
-    m_layoutName = new QLineEdit(m_layoutField);
-    column(m_layoutField, 0)->setContentsMargins(points(margin), 0, points(margin), points(10));
-    m_layoutField->layout()->addWidget(m_layoutName);
-    m_layoutField->hide();
-    m_layoutName->setPlaceholderText(qtr("Name of the new layout"));
-    m_layoutName->setAccessibleName(qtr("Name of the new layout"));
-    m_layoutName->setMinimumHeight(points(30));
-    m_layoutName->installEventFilter(this);
-    m_layoutProblem = new Label(Label::Role::problem, m_layoutField);
-    m_layoutProblem->setContentsMargins(points(2), points(4), 0, 0);
-    m_layoutProblem->hide();
-    m_layoutField->layout()->addWidget(m_layoutProblem);
-    const auto problem = [this] {
-        const std::string typed = m_layoutName->text().trimmed().toStdString();
-        return typed.empty() ? std::nullopt : m_actions.problemWithLayoutName(typed);
-    };
-    connect(m_layoutName, &QLineEdit::textChanged, this, [this, problem] {
-        const auto found = problem();
-        m_layoutProblem->show(qt(found.value_or("")));
-        m_layoutProblem->setVisible(found.has_value());
-    });
-    connect(m_layoutName, &QLineEdit::returnPressed, this, [this, problem] {
-        if (!problem()) {
-            m_actions.saveLayoutAs(m_layoutName->text().trimmed().toStdString());
-            m_layoutName->clear();
-            m_layoutField->hide();
-        }
-    });
-    group->addWidget(m_layoutField);
+    m_layouts = new LayoutRow(m_actions, m_body);
+    m_layouts->onRemoved = [this](const std::string& name) { offerUndo(name, m_actions.putBackLayout); };
     parts.addWidget(m_layouts);
 }
 
@@ -295,7 +235,7 @@ void PanelView::addScenes(QBoxLayout& parts) {
     undo->setFixedHeight(points(26));
     connect(undo, &QPushButton::clicked, this, [this] {
         m_undoLine->hide();
-        m_actions.scenes.putBack();
+        m_undoDeletion();
     });
     line->addWidget(m_undoText, 1);
     line->addWidget(undo);
@@ -416,11 +356,6 @@ bool PanelView::eventFilter(QObject* object, QEvent* event) {
         }
         if (object == m_sceneField && !m_sceneField->text().isEmpty()) {
             m_sceneField->clear();
-            return true;
-        }
-        if (object == m_layoutName) {
-            m_layoutName->clear();
-            m_layoutField->hide();
             return true;
         }
     }

@@ -6,6 +6,7 @@
 #include "Vantrel/interface/controls/Switch.h"
 #include "Vantrel/interface/controls/SymbolButton.h"
 #include "Vantrel/interface/desk/DeskView.h"
+#include "Vantrel/interface/panel/LayoutRow.h"
 #include "Vantrel/interface/panel/PanelActions.h"
 #include "Vantrel/interface/panel/SceneRowView.h"
 
@@ -17,7 +18,6 @@
 #include <vector>
 
 class QBoxLayout;
-class QComboBox;
 class QLineEdit;
 class QScrollArea;
 
@@ -70,7 +70,7 @@ private:
     void showScenes();
     void showResult();
     void fillScenes(QBoxLayout& column, const std::vector<PanelContent::SceneRow>& rows);
-    void offerUndo(const std::string& name);
+    void offerUndo(const std::string& name, std::function<void()> undo);
     void sceneNameEdited();
     [[nodiscard]] int points(double length) const;
 
@@ -98,17 +98,14 @@ private:
     ActionButton* m_undo = nullptr;
     QWidget* m_secondary = nullptr;
     ActionButton* m_remember = nullptr;
-    QWidget* m_layouts = nullptr;
-    QComboBox* m_layoutBox = nullptr;
-    SymbolButton* m_layoutPin = nullptr;
-    QWidget* m_layoutField = nullptr;
-    QLineEdit* m_layoutName = nullptr;
-    Label* m_layoutProblem = nullptr;
+    LayoutRow* m_layouts = nullptr;
     QWidget* m_sceneList = nullptr;
     Label* m_scenesHint = nullptr;
     QWidget* m_undoLine = nullptr;
     Label* m_undoText = nullptr;
     QTimer m_undoEnds;
+    // Brings back what the undo line names.
+    std::function<void()> m_undoDeletion = [] {};
     ActionButton* m_others = nullptr;
     QWidget* m_otherList = nullptr;
     QLineEdit* m_sceneField = nullptr;

@@ -3,9 +3,7 @@
 #include "Vantrel/interface/panel/PanelView.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QLineEdit>
-#include <QSignalBlocker>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -119,26 +117,9 @@ void PanelView::showButtons() {
 
 void PanelView::showLayouts() {
     m_layouts->setVisible(m_content.layouts.has_value());
-    if (!m_content.layouts) {
-        return;
+    if (m_content.layouts) {
+        m_layouts->setLayouts(*m_content.layouts);
     }
-    QStringList names;
-    for (const std::string& name : m_content.layouts->names) {
-        names.append(qt(name));
-    }
-    QStringList shown;
-    for (int i = 0; i < m_layoutBox->count(); ++i) {
-        shown.append(m_layoutBox->itemText(i));
-    }
-    const QSignalBlocker quiet(m_layoutBox);
-    if (names != shown) {
-        m_layoutBox->clear();
-        m_layoutBox->addItems(names);
-    }
-    m_layoutBox->setCurrentIndex(static_cast<int>(names.indexOf(qt(m_content.layouts->active))));
-    m_layoutPin->setChecked(m_content.layouts->isPinned);
-    m_layoutPin->setText(m_content.layouts->isPinned ? qtr("Learn this layout again")
-                                                     : qtr("Keep this layout as it is"));
 }
 
 // Rows stay, so that focus and half-typed names survive.
@@ -147,7 +128,7 @@ void PanelView::fillScenes(QBoxLayout& column, const std::vector<PanelContent::S
         SceneRowView*& view = m_rows[row.id];
         if (view == nullptr) {
             view = new SceneRowView(row, m_actions, m_body);
-            view->onRemoved = [this](const std::string& name) { offerUndo(name); };
+            view->onRemoved = [this](const std::string& name) { offerUndo(name, m_actions.scenes.putBack); };
         } else {
             view->show(row);
         }
@@ -197,7 +178,8 @@ void PanelView::showScenes() {
     }
 }
 
-void PanelView::offerUndo(const std::string& name) {
+void PanelView::offerUndo(const std::string& name, std::function<void()> undo) {
+    m_undoDeletion = std::move(undo);
     m_undoText->show(qtr("“%1” was deleted.").arg(qt(name)));
     m_undoLine->show();
     m_undoEnds.start();

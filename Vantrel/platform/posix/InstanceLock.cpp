@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <string_view>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -71,6 +72,8 @@ std::expected<InstanceLock, InstanceLock::Holder> InstanceLock::take(const std::
     }
     const auto error = lockWithin(file, patience);
     if (error == std::errc::operation_would_block) {
+        // Only the time of the last change: the content is the holder's.
+        ::futimens(file.get(), nullptr);
         return std::unexpected(holderIn(file));
     }
     if (error) {

@@ -21,8 +21,8 @@ public:
     using Holder = std::string;
 
     // Waits up to `patience`, because the other program may be about to exit. Fails only if another program
-    // holds the lock. If locking is impossible, succeeds with a problem(), because running without a lock is
-    // better than not running.
+    // holds the lock; changes the file's times, which the holder may watch. If locking is impossible,
+    // succeeds with a problem(), because running without a lock is better than not running.
     [[nodiscard]] static std::expected<InstanceLock, Holder>
     take(const std::filesystem::path& folder, std::chrono::milliseconds patience = std::chrono::seconds(2));
 

@@ -221,6 +221,68 @@ TEST_F(PanelTest, TheSwitchTheNameAndTheLayoutsActAtOnce) {
     EXPECT_TRUE(story.published().activePinned);
 }
 
+TEST_F(PanelTest, TheQuickSwitchersTipRecordsItsShortcutAndIsDismissedForGood) {
+    open();
+    EXPECT_TRUE(content().messages.empty());
+    for (const char* const name : {"Letters", "Code"}) {
+        saveScene(name);
+    }
+    ASSERT_EQ(content().messages.size(), 1U);
+    press("Record shortcut");
+    auto* const recorder = find<QAbstractButton>("Shortcut for “Quick switcher”");
+    ASSERT_NE(recorder, nullptr);
+    QTest::keyClick(recorder, Qt::Key_2, Qt::ControlModifier | Qt::AltModifier);
+    settle();
+    EXPECT_TRUE(Settings(story.controller->defaults()).quickSwitcherHotkey());
+    EXPECT_TRUE(content().messages.empty());
+
+    ASSERT_TRUE(story.controller->setHotkey({HotKeySurface::Kind::quickSwitcher, {}}, std::nullopt));
+    settle();
+    click("Dismiss");
+    EXPECT_TRUE(content().messages.empty());
+    EXPECT_TRUE(Settings(story.controller->defaults()).quickSwitcherHintDismissed());
+}
+
+TEST_F(PanelTest, ASecondStartInAnotherSessionIsSaidAgainAfterADismissal) {
+    open();
+    for (int time = 0; time < 2; ++time) {
+        panel->addSessionNote(
+            {"Started a second time", "elsewhere", PanelContent::Message::Kind::sharedFolder});
+        ASSERT_EQ(content().messages.size(), 1U);
+        click("Dismiss");
+        EXPECT_TRUE(content().messages.empty());
+    }
+}
+
+TEST_F(PanelTest, ALayoutIsRenamedDeletedAndBroughtBack) {
+    open();
+    story.controller->layouts().saveLayoutAs("Evening", [](const auto&) {});
+    settle();
+    const auto choose = [&](Qt::Key letter) {
+        QTimer::singleShot(0, [letter] { QTest::keyClick(QApplication::activePopupWidget(), letter); });
+        click("Change this layout");
+    };
+    choose(Qt::Key_R);
+    auto* const name = find<QLineEdit>("Name of this layout");
+    ASSERT_NE(name, nullptr);
+    EXPECT_EQ(name->text(), "Evening");
+    name->setText(Layout::defaultName);
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_TRUE(says(LayoutChange{LayoutChange::Kind::nameTaken}.text().c_str()));
+    name->setText("Night");
+    QTest::keyClick(name, Qt::Key_Return);
+    settle();
+    EXPECT_FALSE(name->isVisible());
+    EXPECT_EQ(story.published().activeLayoutName, "Night");
+
+    choose(Qt::Key_D);
+    EXPECT_EQ(story.published().activeLayoutName, Layout::defaultName);
+    EXPECT_TRUE(says("“Night” was deleted."));
+    click("Undo the deletion");
+    settle();
+    EXPECT_EQ(story.published().activeLayoutName, "Night");
+}
+
 TEST_F(PanelTest, AMistakeInTheSettingsFileIsShownWithTheFileUntilItIsRight) {
     std::vector<std::filesystem::path> opened;
     panel.emplace(*story.controller, PanelPresenter::Services{.openFile = [&](const auto& file) {

@@ -1,10 +1,9 @@
 #include "tests/macos/fake/Accessibility.h"
 
 #include "tests/macos/PlatformTest.h"
+#include "tests/macos/fake/AccessibilityElements.h"
 
 #include <cstdio>
-#include <mutex>
-#include <set>
 #include <utility>
 
 extern "C" void fakeAutoreleaseAnObject();
@@ -13,12 +12,6 @@ namespace vantrel::fake {
 
 namespace {
 
-struct ElementObject : Object {
-    // Null for the system-wide element.
-    std::shared_ptr<Element> element;
-    float timeout;
-};
-
 struct AXValueObject : Object {
     AXValueType type;
     CGPoint point;
@@ -26,82 +19,12 @@ struct AXValueObject : Object {
     AXError error;
 };
 
-struct ObserverObject : Object {
-    AXObserverCallback callback;
-    Value source;
-
-    // Its registrations end with it.
-    ~ObserverObject();
-};
-
-struct SourceObject : Object {};
-
-struct EventObject : Object {
-    CGPoint location;
-};
-
-struct Registration {
-    const ObserverObject* observer;
-    const Element* element;
-    std::string notification;
-    void* context;
-};
-
-// Of observers whose source is in the main run loop.
-struct Observers {
-    std::recursive_mutex mutex;
-    std::vector<Registration> registrations;
-    std::set<const void*> sources;
-    std::vector<std::pair<const Element*, std::string>> moves;
-};
-
-Observers& observers() {
-    static Observers all;
-    return all;
-}
-
-ObserverObject::~ObserverObject() {
-    const std::scoped_lock lock(observers().mutex);
-    std::erase_if(observers().registrations, [&](const Registration& each) { return each.observer == this; });
-}
-
-[[maybe_unused]] const PlatformPart part([] {
-    accessibility() = {};
-    observers().moves.clear();
-});
-
-// An attribute of a window has changed.
-void noteChange(const Element& element, const std::string& attribute) {
-    if (attribute != "AXPosition" && attribute != "AXSize") {
-        return;
-    }
-    {
-        const std::scoped_lock lock(observers().mutex);
-        if (observers().registrations.empty()) {
-            return;
-        }
-        observers().moves.emplace_back(&element,
-                                       attribute == "AXPosition" ? "AXWindowMoved" : "AXWindowResized");
-    }
-    if (accessibility().onMove) {
-        accessibility().onMove();
-    }
-}
-
-ElementObject* makeReference(std::shared_ptr<Element> element) {
-    auto* const object = make<ElementObject>(Kind::element);
-    object->element = std::move(element);
-    return object;
-}
+[[maybe_unused]] const PlatformPart part([] { accessibility() = {}; });
 
 AXValueObject* makeValue(AXValueType type) {
     auto* const object = make<AXValueObject>(Kind::axValue);
     object->type = type;
     return object;
-}
-
-Value adopted(Object* object) {
-    return Value::adopt(object);
 }
 
 const AXValueObject& valueOf(CFTypeRef value, const char* function) {
@@ -125,44 +48,6 @@ std::string shown(CFTypeRef value) {
     default:
         return buffer;
     }
-}
-
-// Returns the element that a message is sent to, and records the message.
-Element& addressed(AXUIElementRef reference, const char* function, std::string message) {
-    const auto& object = *as<ElementObject>(reference, Kind::element, function);
-    if (!object.element) {
-        fail(function, "requests to the system-wide element are not supported");
-    }
-    accessibility().calls.push_back(std::move(message));
-    if (auto& left = accessibility().requestsUntilRevoked; left && --*left < 0) {
-        left.reset();
-        accessibility().isTrusted = false;
-    }
-    if (accessibility().isAutoreleasing) {
-        fakeAutoreleaseAnObject();
-    }
-    if (object.timeout != 1.0F) {
-        ++accessibility().callsWithoutTimeout;
-    }
-    if (object.element->onRequest) {
-        object.element->onRequest();
-    }
-    return *object.element;
-}
-
-bool isTrusted() {
-    return accessibility().trust ? accessibility().trust() : accessibility().isTrusted;
-}
-
-// The error with which an element rejects every request.
-AXError generalError(const Element& element) {
-    if (!isTrusted()) {
-        return kAXErrorAPIDisabled;
-    }
-    if (element.isHanging) {
-        return kAXErrorCannotComplete;
-    }
-    return element.isDead ? kAXErrorInvalidUIElement : kAXErrorSuccess;
 }
 
 AXError errorFor(const std::map<std::string, AXError>& errors, const std::string& name) {
@@ -200,13 +85,53 @@ AXError read(const Element& element, const std::string& name, Value& result) {
     return kAXErrorSuccess;
 }
 
-// Out parameters are undefined after an error; using one crashes the test.
-template <typename T>
-void poison(T* out) {
-    *out = reinterpret_cast<T>(std::uintptr_t{0xbadbadbadba0});
+} // namespace
+
+ElementObject* makeReference(std::shared_ptr<Element> element) {
+    auto* const object = make<ElementObject>(Kind::element);
+    object->element = std::move(element);
+    return object;
 }
 
-} // namespace
+Value adopted(Object* object) {
+    return Value::adopt(object);
+}
+
+Element& addressed(AXUIElementRef reference, const char* function, std::string message) {
+    const auto& object = *as<ElementObject>(reference, Kind::element, function);
+    if (!object.element) {
+        fail(function, "requests to the system-wide element are not supported");
+    }
+    accessibility().calls.push_back(std::move(message));
+    if (auto& left = accessibility().requestsUntilRevoked; left && --*left < 0) {
+        left.reset();
+        accessibility().isTrusted = false;
+    }
+    if (accessibility().isAutoreleasing) {
+        fakeAutoreleaseAnObject();
+    }
+    if (object.timeout != 1.0F) {
+        ++accessibility().callsWithoutTimeout;
+    }
+    if (object.element->onRequest) {
+        object.element->onRequest();
+    }
+    return *object.element;
+}
+
+bool isTrusted() {
+    return accessibility().trust ? accessibility().trust() : accessibility().isTrusted;
+}
+
+AXError generalError(const Element& element) {
+    if (!isTrusted()) {
+        return kAXErrorAPIDisabled;
+    }
+    if (element.isHanging) {
+        return kAXErrorCannotComplete;
+    }
+    return element.isDead ? kAXErrorInvalidUIElement : kAXErrorSuccess;
+}
 
 bool isSameElement(CFTypeRef one, CFTypeRef other) {
     return as<ElementObject>(one, Kind::element, __func__)->element ==
@@ -277,33 +202,6 @@ void setFrame(Element& window, const CGRect& frame) {
     window.attributes["AXSize"] = sizeValue(frame.size.width, frame.size.height);
     noteChange(window, "AXPosition");
     noteChange(window, "AXSize");
-}
-
-void deliverMoves() {
-    std::vector<std::pair<Registration, Value>> called;
-    {
-        const std::scoped_lock lock(observers().mutex);
-        for (const auto& [element, notification] : std::exchange(observers().moves, {})) {
-            for (const Registration& each : observers().registrations) {
-                if (each.element == element && each.notification == notification &&
-                    observers().sources.contains(each.observer->source.get())) {
-                    called.emplace_back(each, Value::retain(each.observer));
-                }
-            }
-        }
-    }
-    for (const auto& [each, kept] : called) {
-        // The reference is not the one that the program has.
-        const Value element = adopted(makeReference(nullptr));
-        each.observer->callback(static_cast<AXObserverRef>(kept.get()),
-                                static_cast<AXUIElementRef>(element.get()), text(each.notification).get(),
-                                each.context);
-    }
-}
-
-std::size_t moveObservers() {
-    const std::scoped_lock lock(observers().mutex);
-    return observers().sources.size();
 }
 
 } // namespace vantrel::fake
@@ -440,74 +338,6 @@ AXError AXUIElementGetPid(AXUIElementRef reference, pid_t* pid) {
     const auto& object = *as<ElementObject>(reference, Kind::element, __func__);
     *pid = object.element->pid;
     return kAXErrorSuccess;
-}
-
-AXError AXObserverCreate(pid_t /*application*/, AXObserverCallback callback, AXObserverRef* observer) {
-    poison(observer);
-    if (!isTrusted()) {
-        return kAXErrorAPIDisabled;
-    }
-    auto* const object = make<ObserverObject>(Kind::observer);
-    object->callback = callback;
-    object->source = adopted(make<SourceObject>(Kind::runLoopSource));
-    *observer = static_cast<AXObserverRef>(static_cast<void*>(object));
-    return kAXErrorSuccess;
-}
-
-AXError AXObserverAddNotification(AXObserverRef observer, AXUIElementRef reference, CFStringRef notification,
-                                  void* context) {
-    const std::string name = textOf(notification);
-    const Element& element = addressed(reference, __func__, "get " + name + " notices");
-    if (const AXError error = generalError(element); error != kAXErrorSuccess) {
-        return error;
-    }
-    if (accessibility().isMoveUnreported) {
-        return kAXErrorNotificationUnsupported;
-    }
-    const std::scoped_lock lock(observers().mutex);
-    observers().registrations.push_back(
-        {as<ObserverObject>(observer, Kind::observer, __func__), &element, name, context});
-    return kAXErrorSuccess;
-}
-
-CFRunLoopSourceRef AXObserverGetRunLoopSource(AXObserverRef observer) {
-    return static_cast<CFRunLoopSourceRef>(
-        const_cast<void*>(as<ObserverObject>(observer, Kind::observer, __func__)->source.get()));
-}
-
-const CFRunLoopMode kCFRunLoopCommonModes = CFSTR("kCFRunLoopCommonModes");
-
-CFRunLoopRef CFRunLoopGetMain() {
-    static int loop = 0;
-    return reinterpret_cast<CFRunLoopRef>(&loop);
-}
-
-void CFRunLoopAddSource(CFRunLoopRef /*loop*/, CFRunLoopSourceRef source, CFRunLoopMode /*mode*/) {
-    const std::scoped_lock lock(observers().mutex);
-    observers().sources.insert(source);
-}
-
-void CFRunLoopRemoveSource(CFRunLoopRef /*loop*/, CFRunLoopSourceRef source, CFRunLoopMode /*mode*/) {
-    const std::scoped_lock lock(observers().mutex);
-    observers().sources.erase(source);
-}
-
-CGEventRef CGEventCreate(CGEventSourceRef /*source*/) {
-    auto* const object = make<EventObject>(Kind::event);
-    object->location = accessibility().mouse.location;
-    return static_cast<CGEventRef>(static_cast<void*>(object));
-}
-
-CGPoint CGEventGetLocation(CGEventRef event) {
-    return as<EventObject>(event, Kind::event, __func__)->location;
-}
-
-bool CGEventSourceButtonState(CGEventSourceStateID /*state*/, CGMouseButton button) {
-    return button == kCGMouseButtonLeft && accessibility().mouse.isDown;
-}
-
-double CGEventSourceSecondsSinceLastEventType(CGEventSourceStateID /*state*/, CGEventType type) {
-    return type == kCGEventLeftMouseUp ? accessibility().mouse.secondsSinceUp : 0;
 }
 
 CFTypeID AXValueGetTypeID() {

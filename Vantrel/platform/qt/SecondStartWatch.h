@@ -1,0 +1,21 @@
+// Reports when a second instance was refused because of this one's lock (InstanceLock).
+#pragma once
+
+#include <QFileSystemWatcher>
+
+#include <filesystem>
+#include <functional>
+
+namespace vantrel {
+
+// Lives on the main thread. Sees second instances on this computer only.
+class SecondStartWatch {
+public:
+    // `folder` is locked by this program.
+    SecondStartWatch(const std::filesystem::path& folder, std::function<void()> started);
+
+private:
+    QFileSystemWatcher m_watcher;
+};
+
+} // namespace vantrel
