@@ -104,7 +104,8 @@ TEST_F(Tray, OnAPanelTheMenuActsOrSaysWhyNotAlsoAfterThePanelRestarts) {
     Panel panel(desk, Panel::Look::light);
     panel.start();
     const auto vantrel = startVantrel();
-    expectTitles({"_Restore now", "_Save now", "S_tash", "_Pause", "_Quit Vantrel"});
+    expectTitles(
+        {"_Restore now", "_Save now", "S_tash", "_Pause", "_Layouts…", "S_ettings…", "_Quit Vantrel"});
     clickRestore("tray-restore");
 
     // The panel takes an underscore for the mark of a mnemonic, as Qt takes an ampersand.
@@ -114,7 +115,7 @@ TEST_F(Tray, OnAPanelTheMenuActsOrSaysWhyNotAlsoAfterThePanelRestarts) {
     desk.drag(window, {100, 200});
     chooseFirstEntry(Way::keys, "tray-scene", [&] { return desk.frame(window) == home; });
     expectTitles({"Scenes", "R_&D__lab & co", "_Restore now", "_Save now", "S_tash", "_Undo last restore",
-                  "_Pause", "_Quit Vantrel"});
+                  "_Pause", "_Layouts…", "S_ettings…", "_Quit Vantrel"});
     EXPECT_TRUE(waitUntil([&] {
         click(desk, trayIcon(desk).center(), 3);
         return openMenu().has_value();
