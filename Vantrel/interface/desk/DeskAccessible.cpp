@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QPointer>
+#include <QScrollArea>
 
 #include <algorithm>
 #include <vector>
@@ -93,9 +94,13 @@ private:
     mutable std::vector<QAccessible::Id> m_items;
 };
 
-QAccessibleInterface* make(const QString& /*key*/, QObject* object) {
-    auto* const view = dynamic_cast<DeskView*>(object);
-    return view != nullptr ? new Drawing(view) : nullptr;
+QAccessibleInterface* make(const QString& key, QObject* object) {
+    if (auto* const view = dynamic_cast<DeskView*>(object)) {
+        return new Drawing(view);
+    }
+    // Qt 6.4's own crashes when a screen reader asks for a scroll bar that has just disappeared.
+    auto* const area = key == "QScrollArea" ? qobject_cast<QScrollArea*>(object) : nullptr;
+    return area != nullptr ? new QAccessibleWidget(area, QAccessible::Client) : nullptr;
 }
 
 } // namespace
