@@ -130,7 +130,9 @@ struct MacMenuBarItem::State {
         targets.push_back(target(std::move(entry.perform)));
         made.target = targets.back();
         if (entry.shortcut) {
-            made.keyEquivalent = FoundationText::make(keyEquivalent(entry.shortcut->keyCode));
+            // Always valid UTF-8.
+            NSString* const key = FoundationText::make(keyEquivalent(entry.shortcut->keyCode));
+            made.keyEquivalent = key != nil ? key : @"";
             made.keyEquivalentModifierMask = KeyCodeFormatter::eventFlags(entry.shortcut->modifiers);
         }
         made.enabled = entry.isEnabled;

@@ -62,8 +62,8 @@ std::expected<InstanceLock, InstanceLock::Holder> InstanceLock::take(const std::
     const auto path = (folder / fileName).string();
     constexpr unsigned ownerOnly = 0600;
     auto file = FileDescriptor::open(path, O_RDWR | O_CREAT | O_NONBLOCK, ownerOnly);
-    const auto problem = file.isOpen() ? std::error_code() : lastError();
-    if (problem) {
+    if (!file.isOpen()) {
+        const auto problem = lastError();
         // An existing file can be locked even if it cannot be written.
         file = FileDescriptor::open(path, O_RDONLY | O_NONBLOCK);
         if (!file.isOpen()) {
