@@ -15,7 +15,7 @@ namespace vantrel::StartChecks {
 
 namespace {
 
-// The holder must be on another bus: its name was not found on this one.
+// The name was not found on this bus, so the lock's holder is on another one.
 ExitCode complainAboutSharedFolder(const std::filesystem::path& folder, const InstanceLock::Holder& holder) {
     return complain(
         fmt::format(
@@ -69,7 +69,7 @@ bool isServiceRegistered(const QDBusConnection& bus) {
     return bus.interface()->isServiceRegistered(ControlNames::service);
 }
 
-// Whoever starts it again wants to see it.
+// Users who start it a second time want to see it.
 ExitCode raiseFirstInstance() {
     if (ControlClient::call("ShowPanel", {}, ControlClient::Patience::brief)) {
         say("Vantrel is already running; its panel is open now.");

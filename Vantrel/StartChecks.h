@@ -15,20 +15,20 @@ namespace vantrel::StartChecks {
 enum class ExitCode : std::uint8_t { done = 0, failed = 1, usage = 2, alreadyRunning = 3 };
 
 void say(const std::string& sentence);
-// Says it and returns the code.
+// Prints the sentence to stderr and returns the code.
 ExitCode complain(const std::string& sentence, ExitCode code = ExitCode::failed);
 
 // Empty when the variable is not set.
 [[nodiscard]] std::string environment(const char* variable);
 
 [[nodiscard]] bool isWaylandSession();
-// Says in a Wayland session what can be seen there.
+// In a Wayland session, says that only X11 programs can be seen.
 void explainWayland();
 
 // Fails if there is none, or if another instance is on it, whose panel is then opened.
 [[nodiscard]] std::expected<QDBusConnection, ExitCode> joinSessionBus();
 
-// Whether an instance is on the bus; its panel is opened by raiseFirstInstance().
+// True if another instance is on the bus; raiseFirstInstance() opens its panel.
 [[nodiscard]] bool isServiceRegistered(const QDBusConnection& bus);
 ExitCode raiseFirstInstance();
 

@@ -1,4 +1,4 @@
-// Sentences about the start of the program that are the same on every system.
+// Sentences about the program's start, shared by all systems.
 #pragma once
 
 #include <filesystem>

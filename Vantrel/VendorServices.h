@@ -1,4 +1,5 @@
-// What the surfaces offer of the vendor: to buy, to update, to send crash reports. The same on every system.
+// What the surfaces offer that needs the vendor: buying, updates, sending crash reports. Shared by all
+// systems.
 #pragma once
 
 #include "Vantrel/Vendor.h"
@@ -13,8 +14,8 @@
 
 namespace vantrel {
 
-// Everything passed by reference outlives the surfaces. `hasUpdater`: the system's updater asks somebody
-// else.
+// Everything passed by reference must outlive the surfaces. With `hasUpdater`, the system's own updater
+// checks for updates.
 inline void offerVendor(Surfaces::Services& services, const Vendor& vendor, UpdateChecker& updates,
                         CrashUploader& crashes, std::function<void(const std::string& url)> openPage,
                         bool hasUpdater = false) {

@@ -15,7 +15,7 @@ nlohmann::json describe(const LastRestore& restore) {
     return report;
 }
 
-// The keys that one of them has with another value, or alone.
+// The keys whose values differ, and those that only one of the two has.
 nlohmann::json changedKeys(const std::map<std::string_view, DefaultsValue>& former,
                            const std::map<std::string_view, DefaultsValue>& present) {
     auto keys = nlohmann::json::array();
@@ -60,7 +60,7 @@ std::vector<BusSignals::Signal> BusSignals::after(const PublishedState& state, T
         sent.push_back({"SettingsChanged", {{"keys", changedKeys(m_preferences, state.preferences)}}});
         m_preferences = state.preferences;
     }
-    // These say only that there is something to ask for.
+    // These signals carry no data: clients ask for what they need.
     if (changed.contains(Topic::scenes)) {
         sent.push_back({"ScenesChanged", {{"version", state.scenesVersion + state.triggersVersion}}});
     }

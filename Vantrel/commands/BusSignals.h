@@ -36,13 +36,13 @@ public:
 
     explicit BusSignals(const PublishedState& state);
 
-    // What to send after these topics have changed.
+    // The signals to send after these topics have changed.
     [[nodiscard]] std::vector<Signal> after(const PublishedState& state, Topics changed);
 
 private:
     using Preferences = std::map<std::string_view, DefaultsValue>;
 
-    // As last signalled.
+    // As of the last signals.
     Phase m_phase;
     std::optional<LastRestore> m_lastRestore;
     std::optional<DriftNudgeInfo> m_driftNudge;

@@ -18,9 +18,9 @@ struct DeskMessage {
     std::string activeLayoutName;
     // "Default" first.
     std::vector<Layout> layouts;
-    // None in replies of older versions.
+    // Absent from replies of older versions.
     std::optional<std::int64_t> stashes{};
-    // None also if nothing was ever learned there.
+    // Also absent if nothing was ever learned there.
     std::optional<Date> lastSeen{};
 
     bool operator==(const DeskMessage&) const = default;

@@ -21,7 +21,7 @@ namespace PreviewMessage {
 // A summary, then a line for every window, those that are not in place first.
 [[nodiscard]] std::string text(const nlohmann::json& preview, const DeskDrawing::Options& drawing);
 
-// The word --dry-run of a verb that moves windows.
+// The option --dry-run of verbs that move windows.
 inline constexpr Word dryRun{"--dry-run", marked("Print what would happen, and move nothing"),
                              ValueKind::flag};
 

@@ -85,7 +85,7 @@ public:
 
     void setHideOthersOnSceneSwitch(bool hides);
 
-    // Whether the setting does anything here.
+    // False for settings that have no effect on this system or in this build.
     [[nodiscard]] bool hasEffect(const SettingKey& key) const {
         return !m_settingsWithoutEffect.contains(key.name);
     }

@@ -1,4 +1,4 @@
-// Every desk that is remembered: publishes them, renames them and forgets them.
+// Publishes, renames and forgets remembered desks.
 #pragma once
 
 #include "Vantrel/controller/ControllerContext.h"

@@ -34,7 +34,7 @@ void RestorePreviewFlow::previewScene(const Scene& scene, const Done& done) {
     capture(std::move(question), done);
 }
 
-// Not a pass: it only reads, and the desk may be learned or restored meanwhile.
+// This only reads, so it needs no pass: the desk may be learned or restored at the same time.
 void RestorePreviewFlow::capture(Question question, Done done) {
     using Kind = SaveOutcome::Kind;
     const auto refuse = [&](Kind kind) { done(std::unexpected(SaveOutcome{.kind = kind}.text())); };

@@ -11,12 +11,12 @@ namespace vantrel {
 
 namespace {
 
-// In seconds: lists of windows follow the change of Spaces with a delay.
+// In seconds. The system updates its window lists some time after the Space has changed.
 constexpr double lookTimes[] = {0.5, 2};
 
 using Strays = std::map<WindowID, StrayPlaces::Stray>;
 
-// Moves the strays that can be seen and still are where they were left. Returns those that are in place.
+// Moves the strays that are now visible and have not moved since. Returns those that are in place.
 std::vector<WindowID> putBackWhatCanBeSeen(const Strays& strays, RestoreEngine::Sizes sizes,
                                            const DeskCapture::Scope& scope, Desk& desk,
                                            const MovePermit& permit) {

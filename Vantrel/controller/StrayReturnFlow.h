@@ -22,7 +22,7 @@ private:
 
     ControllerContext& m_context;
     std::vector<std::unique_ptr<ScheduledWork>> m_looks;
-    // The last look that is still waiting for its turn.
+    // The pending check, if any.
     std::unique_ptr<ScheduledWork> m_turn;
 };
 

@@ -106,7 +106,7 @@ std::map<std::string, Date> TriggerFlow::nextFirings(const std::vector<SceneTrig
     return next;
 }
 
-// Time goes on, and the user's zone may change.
+// Recomputed because time passes and the user's time zone may change.
 void TriggerFlow::showNextFirings() {
     auto next = nextFirings(m_context.state().triggers);
     if (next != m_context.state().nextFirings) {

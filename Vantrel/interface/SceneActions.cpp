@@ -8,7 +8,7 @@ namespace {
 
 using Problem = SceneActions::Problem;
 
-// For everything but typed names.
+// For everything except typed names.
 constexpr SceneActions::Words words = SceneProblems::panelText;
 
 Problem textOf(const std::optional<SceneProblem>& problem, SceneActions::Words worded) {

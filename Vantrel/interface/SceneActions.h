@@ -1,4 +1,4 @@
-// What the panel and the workbench ask of the program about scenes.
+// The scene operations of the panel and the workbench.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
@@ -13,7 +13,7 @@
 namespace vantrel {
 
 struct SceneActions {
-    // Why something is not possible, as a sentence for the user; none when it was done.
+    // The sentence that says why something is not possible, or none if it was done.
     using Problem = std::optional<std::string>;
 
     std::function<void(const std::string& id)> apply = [](const auto&) {};
@@ -32,24 +32,24 @@ struct SceneActions {
         [](const auto&, auto) { return std::nullopt; };
     // Saves the desk under this name.
     std::function<void(const std::string& name)> save = [](const auto&) {};
-    // While the name is typed.
+    // Called while the user types the name.
     std::function<Problem(const std::string& name)> problemWithName = [](const auto&) {
         return std::nullopt;
     };
     std::function<Problem(const std::string& id, const std::string& name)> problemWithRename =
         [](const auto&, const auto&) { return std::nullopt; };
 
-    // Says what became of a request.
+    // Shows the outcome of a request.
     using Tell = std::function<void(const std::string& text, bool isProblem)>;
     // The words for a problem, which differ from place to place.
     using Words = std::string_view (*)(SceneProblem);
 
-    // `tell` is called while `alive` lives; `names` words what is wrong with a typed name.
+    // `tell` is called only while `alive` exists; `names` words the problems with typed names.
     [[nodiscard]] static SceneActions of(AppController& controller, const std::weak_ptr<bool>& alive,
                                          const Tell& tell, Words names = SceneProblems::panelText);
 };
 
-// Says why a restore did not happen, while `alive` lives.
+// Says why a restore did not happen, only while `alive` exists.
 [[nodiscard]] RestoreOutcome::Done tellRefusal(const std::weak_ptr<bool>& alive,
                                                const SceneActions::Tell& tell);
 

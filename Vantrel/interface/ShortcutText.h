@@ -18,7 +18,7 @@ void use(Style style);
 
 [[nodiscard]] std::string of(HotKeyCombo combo);
 
-// Of modifiers that are held while their key is awaited: "Shift+Super+", "⇧⌘".
+// For modifiers held while recording waits for a key: "Shift+Super+", "⇧⌘".
 [[nodiscard]] std::string ofModifiers(std::int64_t modifiers);
 
 // Why a shortcut that would block typing is refused.

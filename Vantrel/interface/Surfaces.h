@@ -30,7 +30,7 @@ public:
         HeldKeyboard* keyboard = nullptr;
         // Null when there is nobody to ask.
         std::function<void()> checkForUpdates{};
-        // Where a menu entry says why it did nothing.
+        // Receives the sentence that says why a menu entry did nothing.
         enum class Refusals : std::uint8_t { besideTheIcon, onTheOverlay };
         Refusals refusals = Refusals::besideTheIcon;
     };
@@ -44,7 +44,7 @@ public:
     [[nodiscard]] PanelPresenter& panel() { return m_panel; }
     [[nodiscard]] StatusIcon& statusIcon() { return m_statusIcon; }
 
-    // Tells problems until stopTelling(), which must come before the notifications end.
+    // Reports problems until stopTelling(), which must be called before the notifications are destroyed.
     void tellProblems(Notifications& notifications);
     void stopTelling() { m_notifier.reset(); }
 

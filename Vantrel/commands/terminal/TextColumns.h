@@ -10,7 +10,7 @@ namespace vantrel::TextColumns {
 // One line per row, with two blanks between columns. Lines wider than `columns` are cut at the end.
 [[nodiscard]] std::string lines(const std::vector<std::vector<std::string>>& rows, int columns);
 
-// How many columns the widest of these labels takes once translated; at least `least`.
+// The width in columns of the widest of these labels after translation, and at least `least`.
 [[nodiscard]] int widthOf(std::span<const char* const> labels, int least);
 
 } // namespace vantrel::TextColumns

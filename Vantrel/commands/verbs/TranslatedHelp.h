@@ -23,7 +23,7 @@ public:
     std::string make_description(const CLI::App* app) const override;
     std::string make_option_desc(const CLI::Option* option) const override;
 
-    // The heading of the commands.
+    // The heading above the list of commands.
     static constexpr const char* commands = marked("Commands");
 };
 

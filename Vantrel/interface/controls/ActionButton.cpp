@@ -137,7 +137,7 @@ void ActionButton::paintEvent(QPaintEvent* /*event*/) {
                            Qt::Alignment alignment) {
         painter.setFont(font);
         painter.setPen(color);
-        // In the direction of the text itself: a number at its start would else go to the end.
+        // The text keeps its own direction; otherwise, a leading number would move to the end.
         painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
         painter.drawText(visual(rect),
                          static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment)),

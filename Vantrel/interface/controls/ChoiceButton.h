@@ -19,7 +19,7 @@ protected:
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
 
 private:
-    // From the leading edge to the texts.
+    // Distance from the leading edge to the texts.
     [[nodiscard]] int indent() const;
     [[nodiscard]] QFont titleFont() const;
     [[nodiscard]] QFont detailFont() const;

@@ -14,7 +14,7 @@ namespace vantrel {
 
 namespace {
 
-// Inside each key cap, and between two: with a plus sign, and without.
+// Padding inside each key cap, and the gaps between two with and without a plus sign.
 constexpr double capPadding = 16;
 constexpr double wideCapGap = 16;
 constexpr double narrowCapGap = 4;

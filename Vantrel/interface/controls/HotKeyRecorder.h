@@ -33,7 +33,7 @@ public:
                    QWidget* parent = nullptr);
     ~HotKeyRecorder() override;
 
-    // Records for something else from now on.
+    // Records for another command from now on.
     void setSurface(HotKeySurface surface);
     // What the shortcut does, for screen readers; needed where no other widget around it says so.
     void setTitle(const QString& title);
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     void startRecording();
     void stopRecording();
-    // What it says now: the shortcut, or what is held while one is recorded.
+    // The text shown now: the shortcut, or the keys held while recording.
     [[nodiscard]] QString shownText() const;
 
     [[nodiscard]] QSize sizeHint() const override;

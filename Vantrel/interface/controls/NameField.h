@@ -19,17 +19,17 @@ public:
     // `factor` is the size of the font, relative to the interface's.
     NameField(const QString& accessibleName, double factor, QWidget* parent = nullptr);
 
-    // What is being typed stays while the name changes from below.
+    // Text being typed is kept when the stored name changes.
     void setName(const QString& name);
     [[nodiscard]] const QString& name() const { return m_name; }
     void setEditable(bool isEditable);
     void startEditing();
 
-    // Where what is wrong with a name is shown.
+    // The label that shows the problem with a name.
     [[nodiscard]] Label& problemLabel() { return *m_problem; }
-    // What is wrong with a name while it is typed.
+    // Returns the problem with a name as it is typed.
     std::function<Problem(const std::string& name)> problemWith = [](const auto&) { return std::nullopt; };
-    // Gives the name; returns why that is not possible.
+    // Stores the name; returns the sentence that says why that is not possible.
     std::function<Problem(const std::string& name)> rename = [](const auto&) { return std::nullopt; };
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -43,7 +43,7 @@ const ListRow& rowOf(const QModelIndex& index) {
 
 void drawText(QPainter& painter, const QRect& place, const std::string& text, Qt::LayoutDirection direction) {
     const QString shown = painter.fontMetrics().elidedText(qt(text), Qt::ElideRight, place.width());
-    // In the direction of the text itself: a number at its start would else go to the end.
+    // The text keeps its own direction; otherwise, a leading number would move to the end.
     painter.setLayoutDirection(shown.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(place,
                      static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignLeft)) | Qt::AlignVCenter |
@@ -201,7 +201,7 @@ void ListRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->restore();
 }
 
-// What is elided is told in full.
+// Elided text gets a tooltip with the full text.
 bool ListRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip || !index.isValid()) {

@@ -27,7 +27,7 @@ public:
 
     void setForm(Form form) { m_form = form; }
 
-    // Whether rows stand out from those beside them like tabs, or by their ground alone.
+    // Whether the selected row is drawn like a tab or by its background alone.
     void setHasStrongSelection(bool isStrong) { m_hasStrongSelection = isStrong; }
 
 private:

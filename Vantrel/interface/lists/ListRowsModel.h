@@ -1,4 +1,4 @@
-// The rows of a list as a Qt model. It tells its views exactly what was inserted, removed, moved and changed.
+// The rows of a list as a Qt model. Emits exact signals for inserted, removed, moved and changed rows.
 #pragma once
 
 #include "Vantrel/interface/lists/ListRow.h"
@@ -38,7 +38,7 @@ public:
 
 private:
     void removeAllBut(const std::vector<ListRow>& rows);
-    // Brings the row with this identity to `position`, at or after which it is.
+    // Moves the row with this identity up to `position`; it must be there or further down.
     void bring(const ListRow& row, int position);
 
     std::vector<ListRow> m_rows;

@@ -16,7 +16,7 @@ ListRowsView::ListRowsView(ApplicationLooks* looks, QWidget* parent) : QListView
     setResizeMode(QListView::Adjust);
     setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_Hover);
-    // The ground is the window's.
+    // The background is the window's.
     viewport()->setAutoFillBackground(false);
     // Not `activated`, which on some desktops is a single click.
     connect(this, &QAbstractItemView::doubleClicked, this,
@@ -27,7 +27,7 @@ void ListRowsView::show(const std::vector<ListRow>& rows) {
     m_isChoosing = true;
     const std::string before = chosen();
     m_model.show(rows);
-    // Qt chooses a neighbour of a row that has gone, which is for the caller to decide.
+    // Qt would select a neighbour of a removed row; that choice belongs to the caller.
     if (const auto now = chosen(); now != before) {
         setCurrentIndex(m_model.indexOf(before));
     }

@@ -26,7 +26,7 @@ public:
     [[nodiscard]] std::string chosen() const;
     void choose(const std::string& id);
 
-    // As high as all its rows; what is around it scrolls.
+    // Makes the view as high as all its rows, for use inside a scroll area.
     void setShowsAll();
 
     // Called when another row is chosen, not by choose().

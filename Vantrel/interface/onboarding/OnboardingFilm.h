@@ -1,5 +1,5 @@
-// Plays the introduction's story in a drawing a few times while the drawing is visible. Where the desktop
-// wants no motion, shows a still picture.
+// Plays the introduction's story in a drawing, a few times and only while it is visible. With reduced motion,
+// shows a still picture.
 #pragma once
 
 #include "Vantrel/interface/desk/DeskView.h"

@@ -136,7 +136,7 @@ struct PanelContent {
         // What is missing when windows cannot be moved, on this system.
         std::string permissionTitle{};
         std::string permissionDetail{};
-        // The user permits it in the system's settings; it is noticed without asking again.
+        // Granted in the system's settings, which is noticed without asking again.
         bool hasPermissionSettings = false;
         std::vector<SessionNote> sessionNotes{};
         // The panel opens at start, because this desktop shows no tray icons.
@@ -144,7 +144,7 @@ struct PanelContent {
         std::size_t crashReports = 0;
         bool offersMissionControlFix = false;
         bool offersPurchase = true;
-        // The user does not want to hear of the quick switcher again.
+        // The user has dismissed the tip about the quick switcher.
         bool isSwitcherTipDismissed = false;
         // Dismissed until the program restarts.
         std::set<Message::Kind> dismissed{};

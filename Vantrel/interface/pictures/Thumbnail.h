@@ -1,4 +1,5 @@
-// A small picture of a file, read off the main thread. It takes its room at once; the picture arrives later.
+// Shows a small version of a picture file. The widget has its size from the start; the file is read off the
+// main thread.
 #pragma once
 
 #include <QImage>

@@ -1,5 +1,5 @@
-// The bar at the bottom of the workbench: what became of a request, or what was deleted with the way to get
-// it back. It leaves by itself.
+// The bar at the bottom of the workbench: the outcome of a request, or what was deleted, with "Undo". It
+// disappears by itself.
 #pragma once
 
 #include "Vantrel/interface/controls/ActionButton.h"
@@ -23,7 +23,7 @@ public:
     void say(const QString& text, Tone tone = Tone::plain);
     // For ten seconds; `undo` is called at most once.
     void offerUndo(const QString& text, std::function<void()> undo);
-    // Does what is offered, if anything is.
+    // Triggers the offered action, if there is one.
     void undo();
     void dismiss();
     [[nodiscard]] QString text() const;

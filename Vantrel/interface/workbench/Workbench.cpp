@@ -41,7 +41,7 @@ Workbench::~Workbench() {
         m_window->onClosed = [] {};
         closed();
     }
-    // It uses what is destroyed here.
+    // The window uses members destroyed here.
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -147,7 +147,7 @@ void Workbench::watch() {
     }
 }
 
-// Whoever has deleted it: this window, the panel, or a command.
+// Regardless of who deleted it: this window, the panel, or a command.
 void Workbench::offerUndo() {
     const auto& newest = m_controller.published().newestDeletion;
     const std::optional<RecentDeletions::ID> id = newest ? std::optional(newest->id) : std::nullopt;
@@ -157,7 +157,7 @@ void Workbench::offerUndo() {
     const bool isNews = id && (!m_offered || *id > *m_offered);
     m_offered = id;
     if (!isNews) {
-        // It was put back by somebody else.
+        // Another client put it back.
         if (m_window->notices().offersUndo()) {
             m_window->notices().dismiss();
         }

@@ -45,7 +45,7 @@ public:
 private:
     void make();
     void refresh(Topics changed);
-    // Watches the live windows if the tab that is shown wants them.
+    // Watches the live windows while the visible tab shows them.
     void watch();
     void offerUndo();
     void say(const std::string& text, bool isProblem);
@@ -65,7 +65,7 @@ private:
     std::shared_ptr<void> m_live;
     // The newest deletion that was offered, or was there before the window opened.
     std::optional<RecentDeletions::ID> m_offered;
-    // Lets ages grow while the window is open.
+    // Refreshes relative times while the window is open.
     QTimer m_aging;
     // Expires with this object, for restores that end later.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

@@ -21,13 +21,13 @@ public:
     // when it is seen again; `changed` is what has changed since the last call.
     virtual void show(const PublishedState& state, Topics changed) = 0;
 
-    // Puts the cursor into the search field.
+    // Focuses the search field.
     virtual void focusSearch() {}
 
-    // Gives the focus to where the keyboard starts.
+    // Focuses the page's first control for keyboard users.
     virtual void focusFirst() = 0;
 
-    // Whether the live windows are captured while the page is seen.
+    // Whether the page shows live windows, which are then captured while it is visible.
     [[nodiscard]] virtual bool wantsLiveWindows() const { return false; }
 
     // The page's own keys and what they do, for the help: "Alt+Up" and "Move the scene up".

@@ -176,7 +176,7 @@ void WorkbenchWindow::addKeys() {
             page()->focusSearch();
         }
     });
-    // A button would be many Tabs away.
+    // A button would take many presses of Tab to reach.
     on(undoKey, [this] { m_notices->undo(); });
     on(closeKey, [this] { close(); });
     on(helpKey, [this] { toggleHelp(); });
@@ -232,7 +232,7 @@ void WorkbenchWindow::choose(WorkbenchTab tab) {
         return;
     }
     showPage(*entry);
-    // With the arrows the user may be on the way to another tab.
+    // While the user moves through the tabs with the arrow keys, the focus stays in the sidebar.
     if (!m_tabs->hasFocus()) {
         entry->page->focusFirst();
     }
@@ -286,7 +286,7 @@ void WorkbenchWindow::toggleHelp() {
     m_help->adjustSize();
     m_help->move(mapToGlobal(rect().center()) - m_help->rect().center());
     m_help->show();
-    // A popup takes the keys; the one that has opened it closes it.
+    // An open popup receives all keys, so it needs its own shortcut for closing.
     auto* const again = new QShortcut(helpKey, m_help);
     connect(again, &QShortcut::activated, m_help, &QWidget::close);
 }

@@ -45,7 +45,7 @@ VantrelActionTarget* target(std::function<void()> work) {
     return made;
 }
 
-// What AppKit shows and compares for a key; empty for a key without a name here.
+// The key equivalent that AppKit expects; empty for keys not listed here.
 std::string keyEquivalent(std::int64_t keyCode) {
     // AppKit's NSUpArrowFunctionKey is U+F700, and so on.
     constexpr std::array<std::pair<std::string_view, std::string_view>, 19> named{{{"Space", " "},

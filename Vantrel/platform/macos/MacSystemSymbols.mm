@@ -9,7 +9,7 @@
 
 namespace vantrel {
 
-// In points; larger than any symbol that is shown, as it is only ever made smaller.
+// In points. Larger than any symbol shown, because symbols are only scaled down.
 static constexpr double fontSize = 64;
 
 std::optional<SystemSymbols::Picture> MacSystemSymbols::picture(const std::string& name) {

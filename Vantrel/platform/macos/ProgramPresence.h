@@ -20,7 +20,7 @@ void showOnEverySpace(std::uintptr_t view);
 // Opens a page in the user's browser. Returns false if the URL is not valid.
 bool openPage(const std::string& url);
 
-// Opens System Settings where the user allows programs to see and move windows.
+// Opens the pane of System Settings where users allow programs to control windows.
 void openAccessibilitySettings();
 
 // Whether the user's settings permit animations.

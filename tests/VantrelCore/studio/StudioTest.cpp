@@ -61,7 +61,7 @@ bool isOnADisplay(const Rect& frame, const std::vector<DisplayInfo>& displays) {
                                [&](const DisplayInfo& each) { return isInside(frame, each.usableFrame()); });
 }
 
-TEST(Zones, OfOneKindTileTheDisplayAndKeepTheGap) {
+TEST(Zones, TileTheDisplayWithEqualGaps) {
     using enum Zone;
     const std::vector<std::vector<Zone>> tilings{
         {full},
@@ -90,7 +90,7 @@ TEST(Zones, OfOneKindTileTheDisplayAndKeepTheGap) {
     }));
 }
 
-TEST(Zones, FollowFromWhereABoxIsDropped) {
+TEST(Zones, AreChosenByTheDropPoint) {
     const Rect usable{{100, 50}, {1200, 900}};
     const std::pair<Point, std::optional<Zone>> drops[] = {
         {{110, 500}, Zone::leftHalf},
@@ -111,7 +111,7 @@ TEST(Zones, FollowFromWhereABoxIsDropped) {
     EXPECT_EQ(Zones::at({0, 0}, {}, 24), std::nullopt);
 }
 
-TEST(Rehoming, KeepsBoxesOnDisplaysAndSizesThatFitThereAndBack) {
+TEST(Rehoming, KeepsBoxesOnDisplaysAndRestoresSizesThatFit) {
     EXPECT_TRUE(rc::check("rehome", [] {
         const auto displays = anyDisplays();
         const Rect before = Rehoming::placed(anyFrame(), displays);
@@ -127,7 +127,7 @@ TEST(Rehoming, KeepsBoxesOnDisplaysAndSizesThatFitThereAndBack) {
     EXPECT_EQ(Rehoming::placed({{5, 5}, {10, 10}}, {}), (Rect{{5, 5}, {10, 10}}));
 }
 
-TEST(GroupArrangement, FillsItsAreaWithoutOverlapAndKeepsMinimumSizes) {
+TEST(GroupArrangement, FillsTheAreaWithoutOverlapAndRespectsMinimumSizes) {
     using GroupArrangement::Form;
     EXPECT_TRUE(rc::check("arrange", [] {
         const Rect area{{number(-3000, 3000), number(-2000, 2000)}, {number(600, 5000), number(500, 3000)}};
@@ -217,7 +217,7 @@ SceneDraft::Command anyCommand(const SceneDraft& draft) {
     }
 }
 
-TEST(SceneDraft, AnyCommandsAndAsManyUndosGiveTheSceneBackToTheByte) {
+TEST(SceneDraft, AsManyUndosAsCommandsRestoreTheSceneToTheByte) {
     EXPECT_TRUE(rc::check("undo", [] {
         const auto displays = anyDisplays();
         const Scene scene = anyScene(displays);
@@ -292,7 +292,7 @@ TEST_F(SceneDraftTest, PlacedOnAnotherDisplayABoxBelongsThereAndIsOrdinary) {
     EXPECT_EQ(draft.changeCount(), 1U);
 }
 
-TEST_F(SceneDraftTest, SaysWhichSizesApplicationsDoNotTake) {
+TEST_F(SceneDraftTest, ReportsSizesThatApplicationsRefuse) {
     scene.layout.windows[1].frame.size = {300, 400};
     SceneDraft draft(scene, {{"mail", AppSizeBehavior::FixedSize{{600, 500}}},
                              {"notes", AppSizeBehavior::MinClamped{{480, 300}}},
@@ -302,7 +302,7 @@ TEST_F(SceneDraftTest, SaysWhichSizesApplicationsDoNotTake) {
                                                 {draft.boxes()[1].id, "notes is never narrower than 480."}}));
 }
 
-TEST_F(SceneDraftTest, TheOrderChangesStepwiseAndNewBoxesAreInFront) {
+TEST_F(SceneDraftTest, ChangesTheOrderStepByStepAndAddsBoxesInFront) {
     SceneDraft draft(scene);
     EXPECT_EQ(stacked(draft), "mail notes code ");
     const auto code = draft.boxes()[2].id;
@@ -317,7 +317,7 @@ TEST_F(SceneDraftTest, TheOrderChangesStepwiseAndNewBoxesAreInFront) {
     EXPECT_EQ(draft.box(copies[0])->record.frame.minX(), 128);
 }
 
-TEST_F(SceneDraftTest, NeverOverwritesWhatChangedElsewhere) {
+TEST_F(SceneDraftTest, NeverOverwritesChangesMadeElsewhere) {
     SceneDraft draft(scene);
     draft.apply(SceneDraft::Remove{{draft.boxes()[0].id}});
     Scene elsewhere = scene;

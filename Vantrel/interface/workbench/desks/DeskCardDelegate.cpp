@@ -15,7 +15,7 @@ namespace {
 constexpr double gap = 16;
 constexpr double padding = 14;
 constexpr double radius = 8;
-// Bytes of pixels that are kept: about fifty cards at two pixels per point.
+// Size of the cache in bytes: about fifty cards at two pixels per point.
 constexpr int keptBytes = 48 * 1024 * 1024;
 
 void drawLine(QPainter& painter, const QRect& place, const std::string& text, Qt::LayoutDirection direction) {

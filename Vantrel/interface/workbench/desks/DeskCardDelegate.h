@@ -20,7 +20,7 @@ public:
     // Only for views of a ListRowsModel. `looks` outlives it. `drawing` is asked for what is seen.
     DeskCardDelegate(ApplicationLooks& looks, Drawing drawing, QObject* parent = nullptr);
 
-    // Drawings or colours have changed.
+    // To be called when drawings or colours have changed.
     void forget() { m_drawn.clear(); }
     void setCardSize(QSize size);
 

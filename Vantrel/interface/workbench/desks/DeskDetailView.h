@@ -43,7 +43,7 @@ protected:
 private:
     class Plate;
 
-    // What the field for a layout's name is open for.
+    // Why the field for a layout's name is open.
     enum class Naming : std::uint8_t { none, saveAs, rename };
 
     [[nodiscard]] QBoxLayout* header();

@@ -1,4 +1,4 @@
-// What the tab Desks asks of the program.
+// The operations of the tab Desks.
 #pragma once
 
 #include "Vantrel/interface/SceneActions.h"

@@ -70,7 +70,7 @@ struct DesksContent {
         std::vector<StashRow> stashes;
         // "If it were restored now", "If it were applied here now".
         std::string previewTitle;
-        // What comes of every window, what needs attention first; or a sentence that says why not.
+        // The outcome for every window, problems first; or a sentence that says why there is no preview.
         std::vector<ListRow> lines;
         std::string previewText;
         // Which window of the drawing a line is about, by the line's id.

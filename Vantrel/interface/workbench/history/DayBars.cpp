@@ -42,7 +42,7 @@ void DayBars::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(Qt::NoPen);
     const auto most = static_cast<double>(std::max<std::int64_t>(1, *std::ranges::max_element(m_days)));
     for (std::size_t day = 0; day < m_days.size(); ++day) {
-        // A day without any shows a line, so that the days can be counted.
+        // A day without restores still shows a line, so that days can be counted.
         constexpr double least = 2;
         const double full = std::max(least, height() * static_cast<double>(m_days[day]) / most);
         const QRectF room = column(day);

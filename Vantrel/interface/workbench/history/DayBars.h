@@ -21,7 +21,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    // Of the day, oldest first; from left to right in every language, as time goes in the text below.
+    // The days' values, oldest first. Drawn from left to right in every language.
     [[nodiscard]] QRectF column(std::size_t day) const;
 
     std::vector<std::int64_t> m_days;

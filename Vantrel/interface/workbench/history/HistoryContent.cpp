@@ -28,7 +28,7 @@ constexpr std::int64_t shownDays = 30;
 // Closer than this a window counts as being in its place: programs round their sizes.
 constexpr double tolerance = 2;
 
-// The place in the log is no identity, as new entries come in front.
+// The index in the log is no identity, because new entries are added at the front.
 std::string idOf(const Entry& entry) {
     return fmt::format("{} {}", entry.date.time_since_epoch().count(), entry.reason);
 }
@@ -130,7 +130,7 @@ void addApps(HistoryContent& content, const Context& context) {
     }
 }
 
-// What could not be moved is in front.
+// Windows that could not be moved come first.
 void addDrawing(HistoryContent::Detail& detail, const std::vector<Item>& items,
                 const std::vector<DisplayInfo>& displays) {
     DeskPicture picture{.displays = DisplayLabels::labelled(displays), .windows = {}};

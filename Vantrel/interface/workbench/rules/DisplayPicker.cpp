@@ -99,7 +99,7 @@ void DisplayPicker::place() {
     for (std::size_t i = 0; i < m_tiles.size(); ++i) {
         const Rect& frame = geometry.regions()[i].frame;
         QRectF tile(frame.origin.x, frame.origin.y, frame.width(), frame.height());
-        // Small enough displays are still to be hit.
+        // Even a very small display must be large enough to click.
         const double wider = std::max(0.0, smallest - tile.width()) / 2;
         const double higher = std::max(0.0, smallest - tile.height()) / 2;
         tile.adjust(-wider, -higher, wider, higher);

@@ -1,4 +1,4 @@
-// The displays of the desk, drawn small and to scale: a click chooses one.
+// Draws the desk's displays small and to scale; a click chooses one.
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"

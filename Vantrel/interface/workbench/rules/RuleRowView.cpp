@@ -146,7 +146,7 @@ void RuleRowView::fillChoices() {
     showStored();
 }
 
-// Until the change has been stored, and if it cannot be, the controls say what is.
+// The controls show what is stored, also while a change is pending or if it fails.
 void RuleRowView::showStored() {
     const QSignalBlocker quiet(m_choice);
     m_choice->setCurrentIndex(m_row.choice == Choice::putBack ? putBackItem
@@ -166,7 +166,7 @@ void RuleRowView::chooseDisplay(const std::string& uuid) {
     if (wanted != m_row) {
         onChanged(wanted);
     }
-    // What is drawn follows what is stored.
+    // The drawing shows what is stored.
     m_picker->show(qt(m_row.appName), m_displays, m_row.displayUUID);
 }
 

@@ -1,4 +1,4 @@
-// What the tab Rules asks of the program.
+// The operations of the tab Rules.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
@@ -13,14 +13,14 @@ namespace vantrel {
 
 struct RulesActions {
     std::function<std::vector<AppFacts>()> facts = [] { return std::vector<AppFacts>(); };
-    // Stores or removes the rule that the row says.
+    // Stores the row's rule, or removes it if the row needs none.
     std::function<void(const RulesContent::Row&)> change = [](const auto&) {};
     // Finds an application by its name or identifier; the error says that there is none.
     std::function<std::expected<AppFacts, std::string>(const std::string& called)> find = [](const auto&) {
         return std::unexpected(std::string());
     };
 
-    // `tell` says what went wrong.
+    // `tell` is called with the sentence for what went wrong.
     [[nodiscard]] static RulesActions of(AppController& controller,
                                          std::function<void(const std::string& problem)> tell);
 };

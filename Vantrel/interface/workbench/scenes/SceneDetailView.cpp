@@ -321,7 +321,7 @@ QWidget* SceneDetailView::timeRow() {
     });
     connect(m_time, &QLineEdit::returnPressed, this, [this] { addTime(); });
     connect(m_time, &QLineEdit::textEdited, this, [this] { m_timeProblem->hide(); });
-    // An empty field that is left is no longer wanted.
+    // Leaving an empty field closes it.
     connect(m_time, &QLineEdit::editingFinished, this, [this] {
         if (m_time->text().isEmpty() && !m_time->hasFocus()) {
             m_time->hide();

@@ -1,4 +1,4 @@
-// What the tab Scenes asks of the program.
+// The operations of the tab Scenes.
 #pragma once
 
 #include "Vantrel/interface/SceneActions.h"

@@ -83,7 +83,7 @@ struct ScenesContent {
         std::vector<Wallpaper> wallpapers;
         bool isPinned = false;
         bool opensMissingApps = false;
-        // Why that cannot be changed; empty if it can.
+        // Says why it cannot be changed; empty if it can.
         std::string missingAppsReason;
         Deed apply;
         Deed update;

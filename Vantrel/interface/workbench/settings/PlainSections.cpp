@@ -275,7 +275,7 @@ private:
         }
     }
 
-    // The published state says what is so; here only what went wrong.
+    // The published state shows the result; this shows only failures.
     [[nodiscard]] SettingsActions::Done ended() {
         return [self = QPointer(this)](const SettingsActions::Problem& problem) {
             if (self) {

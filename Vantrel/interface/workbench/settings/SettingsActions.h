@@ -1,4 +1,4 @@
-// What the user can do in the tab Settings.
+// The operations of the tab Settings.
 #pragma once
 
 #include "Vantrel/controller/AppController.h"
@@ -36,7 +36,7 @@ struct SettingsActions {
 
     std::function<Problem(const SceneTrigger::Kind&, const std::string& sceneID)> addTrigger =
         [](const auto&, const auto&) { return std::nullopt; };
-    // Takes a time as people write it.
+    // Parses a time as people write it.
     std::function<Problem(const std::string& id, const std::string& time)> setTriggerTime =
         [](const auto&, const auto&) { return std::nullopt; };
     std::function<Problem(const std::string& id, const std::string& sceneID)> setTriggerScene =
@@ -68,7 +68,7 @@ struct SettingsActions {
     std::function<void()> checkForUpdates{};
     std::function<void()> showIntroduction{};
 
-    // What the program outside of the controller does.
+    // Operations outside the controller.
     struct Services {
         HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
         std::filesystem::path supportDirectory{};
@@ -84,7 +84,7 @@ struct SettingsActions {
         std::function<void()> showIntroduction{};
     };
 
-    // `tell` says what became of a request, while `alive` lives.
+    // `tell` is called with the outcome of a request, only while `alive` exists.
     [[nodiscard]] static SettingsActions
     of(AppController& controller, const Services& services, const std::weak_ptr<bool>& alive,
        const std::function<void(const std::string&, bool isProblem)>& tell);

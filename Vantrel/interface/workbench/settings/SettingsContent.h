@@ -57,7 +57,7 @@ struct SettingsContent {
     struct Trigger {
         std::string id;
         std::string symbol;
-        // What fires it.
+        // The event that fires the trigger.
         std::string title;
         // The time of day of one that waits for it.
         std::optional<std::string> time;

@@ -75,7 +75,7 @@ void SettingsPage::show(const PublishedState& state, Topics changed) {
     } else if (changed.containsAnyOf({Topic::settings, Topic::scenes, Topic::desk, Topic::status})) {
         refresh();
     }
-    // Once: who turns to something else does not want to be called back by every change.
+    // Only once: later changes must not pull the user back here.
     if (state.pendingQuickSwitcherArm && !m_wasArmed) {
         armQuickSwitcher();
     }

@@ -150,7 +150,7 @@ void TriggersView::add(const SettingsContent::Trigger& trigger) {
         line.time = new QLineEdit(line.row);
         line.time->setFixedWidth(points(86));
         line.time->setMinimumHeight(points(fieldHeight));
-        // Half-typed text stays until it is finished.
+        // Half-typed text is kept.
         connect(line.time, &QLineEdit::editingFinished, this,
                 [this, tell, id = trigger.id, field = line.time] {
                     if (field->isModified()) {
