@@ -1,7 +1,7 @@
 // The commands for the current desk and its active layout, and the log.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
-#include "Vantrel/commands/PreviewMessage.h"
+#include "Vantrel/commands/DryRun.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/terminal/HistoryText.h"
 #include "Vantrel/commands/terminal/LogReader.h"
@@ -197,14 +197,11 @@ std::vector<Command> deskCommands() {
          .handler = restore,
          .verbs = {{"restore",
                     marked("Restore the windows of this desk, wait, and report on every window"),
-                    {PreviewMessage::dryRun}}},
-         .run =
-             [](const VerbCall& call) { return PreviewMessage::run(call, "Restore", "PreviewRestore", {}); }},
+                    {DryRun::option}}},
+         .run = [](const VerbCall& call) { return DryRun::run(call, "Restore", "PreviewRestore", {}); }},
         {.signature = "PreviewRestore() preview",
          .handler =
-             [](const BusCall& call) {
-                 call.controller.previews().preview(PreviewMessage::reply(call.reply));
-             }},
+             [](const BusCall& call) { call.controller.previews().preview(DryRun::reply(call.reply)); }},
         {.signature = "Desks() desks",
          .handler = allDesks,
          .verbs = {{"desks", marked("Draw every remembered desk with its windows")},

@@ -1,7 +1,7 @@
 // The commands for the named layouts of desks.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
-#include "Vantrel/commands/PreviewMessage.h"
+#include "Vantrel/commands/DryRun.h"
 #include "Vantrel/commands/terminal/CommandTexts.h"
 #include "Vantrel/commands/verbs/VerbTexts.h"
 #include "Vantrel/controller/AppController.h"
@@ -49,7 +49,7 @@ void apply(const BusCall& call) {
 
 void preview(const BusCall& call) {
     if (const auto layout = layoutCalled(call.controller, call[0], call[1])) {
-        call.controller.previews().previewLayout(*layout, PreviewMessage::reply(call.reply));
+        call.controller.previews().previewLayout(*layout, DryRun::reply(call.reply));
     } else {
         call.reply(refused(tr("There is no layout with that name.")));
     }
@@ -120,10 +120,10 @@ std::vector<Command> layoutCommands() {
          .handler = apply,
          .verbs = {{"layouts apply",
                     marked("Arrange the windows as in a layout, even one of another desk"),
-                    {name, desk, PreviewMessage::dryRun}}},
+                    {name, desk, DryRun::option}}},
          .run =
              [](const VerbCall& call) {
-                 return PreviewMessage::run(call, "ApplyLayout", "PreviewLayout", deskAndName(call.typed));
+                 return DryRun::run(call, "ApplyLayout", "PreviewLayout", deskAndName(call.typed));
              }},
         {.signature = "PreviewLayout(desk, name) preview", .handler = preview},
         {.signature = "SaveLayoutAs(name) saved",

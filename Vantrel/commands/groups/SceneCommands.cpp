@@ -1,7 +1,7 @@
 // The commands for scenes, and for the drift from the scene last applied.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
-#include "Vantrel/commands/PreviewMessage.h"
+#include "Vantrel/commands/DryRun.h"
 #include "Vantrel/commands/ScenesMessage.h"
 #include "Vantrel/commands/terminal/SceneTexts.h"
 #include "Vantrel/commands/verbs/VerbPrinting.h"
@@ -91,7 +91,7 @@ void apply(const BusCall& call) {
 
 void preview(const BusCall& call) {
     if (const auto scene = sceneCalled(call.controller.published(), call[0])) {
-        call.controller.previews().previewScene(*scene, PreviewMessage::reply(call.reply));
+        call.controller.previews().previewScene(*scene, DryRun::reply(call.reply));
     } else {
         call.reply(refused(scene.error()));
     }
@@ -252,10 +252,10 @@ std::vector<Command> sceneCommands() {
          .handler = apply,
          .verbs = {{"apply",
                     marked("Arrange the desk as saved in a scene, even one of another desk"),
-                    {scene, PreviewMessage::dryRun}}},
+                    {scene, DryRun::option}}},
          .run =
              [](const VerbCall& call) {
-                 return PreviewMessage::run(call, "ApplyScene", "PreviewScene", {call.typed["scene"]});
+                 return DryRun::run(call, "ApplyScene", "PreviewScene", {call.typed["scene"]});
              }},
         {.signature = "PreviewScene(scene) preview", .handler = preview},
         {.signature = "SaveScene(name) scene",

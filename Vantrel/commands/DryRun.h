@@ -1,4 +1,4 @@
-// What a restore would do, as sent over the session bus and as printed.
+// The option --dry-run: what a restore would do, as sent over the session bus and as printed.
 #pragma once
 
 #include "Vantrel/commands/Command.h"
@@ -13,7 +13,7 @@ namespace vantrel {
 
 void to_json(nlohmann::json& json, const RestorePreview& preview);
 
-namespace PreviewMessage {
+namespace DryRun {
 
 // Replies with the preview, or with the reason why there is none.
 [[nodiscard]] RestorePreviewFlow::Done reply(const ControlReply& reply);
@@ -21,14 +21,14 @@ namespace PreviewMessage {
 // A summary, then a line for every window, those that are not in place first.
 [[nodiscard]] std::string text(const nlohmann::json& preview, const DeskDrawing::Options& drawing);
 
-// The option --dry-run of verbs that move windows.
-inline constexpr Word dryRun{"--dry-run", marked("Print what would happen, and move nothing"),
+// For verbs that move windows.
+inline constexpr Word option{"--dry-run", marked("Print what would happen, and move nothing"),
                              ValueKind::flag};
 
 // What such a verb does: calls `method` and prints its report, or calls `preview`. Both take `arguments`.
 [[nodiscard]] ExitCode run(const VerbCall& call, const char* method, const char* preview,
                            const std::vector<std::string>& arguments);
 
-} // namespace PreviewMessage
+} // namespace DryRun
 
 } // namespace vantrel

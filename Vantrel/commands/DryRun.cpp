@@ -1,4 +1,4 @@
-#include "Vantrel/commands/PreviewMessage.h"
+#include "Vantrel/commands/DryRun.h"
 
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/terminal/TextColumns.h"
@@ -63,7 +63,7 @@ void to_json(nlohmann::json& json, const RestorePreview& preview) {
             {"unremembered", std::move(others)}};
 }
 
-namespace PreviewMessage {
+namespace DryRun {
 
 RestorePreviewFlow::Done reply(const ControlReply& reply) {
     return [reply](const RestorePreviewFlow::Result& preview) {
@@ -90,12 +90,12 @@ std::string text(const nlohmann::json& preview, const DeskDrawing::Options& draw
 
 ExitCode run(const VerbCall& call, const char* method, const char* preview,
              const std::vector<std::string>& arguments) {
-    return call.typed.has(dryRun.name)
+    return call.typed.has(option.name)
                ? VerbPrinting::show(ControlClient::call(preview, arguments),
                                     VerbTexts::of<nlohmann::json>(text), call)
                : VerbPrinting::show(ControlClient::call(method, arguments), VerbTexts::report, call);
 }
 
-} // namespace PreviewMessage
+} // namespace DryRun
 
 } // namespace vantrel
