@@ -16,6 +16,7 @@
 #include "Vantrel/platform/gio/DesktopFocusReader.h"
 #include "Vantrel/platform/gio/DesktopMotion.h"
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
+#include "Vantrel/platform/icons/InstalledApplications.h"
 #include "Vantrel/platform/icons/ThemeIcons.h"
 #include "Vantrel/platform/linux/GettextTranslation.h"
 #include "Vantrel/platform/linux/HardwareModel.h"
@@ -237,7 +238,7 @@ private:
     }
 
     Surfaces::Services surfaceServices() {
-        Surfaces::Services services{.keyboard = &m_hotKeys};
+        Surfaces::Services services{.installedApplications = installedApplications, .keyboard = &m_hotKeys};
         offerVendor(services, m_vendor, m_updates, m_crashUploader, openPage);
         PanelPresenter::Services& panel = services.panel;
         panel.icons = &m_icons;

@@ -145,6 +145,27 @@ SceneFlow::EditResult SceneFlow::move(const std::string& id, std::size_t positio
     return edited(id, [&] { return m_store.move(id, position); });
 }
 
+SceneFlow::EditResult SceneFlow::saveEdited(const Scene& edited) {
+    return this->edited(edited.id, [&] { return m_store.updateEdited(edited); });
+}
+
+SceneFlow::EditResult SceneFlow::saveEditedAs(const Scene& edited, const std::string& name) {
+    if (const auto problem = problemWithNewName(name)) {
+        return std::unexpected(*problem);
+    }
+    Scene scene = Scene::make(name, edited.configID, edited.layout, m_context.ports.clock.now());
+    scene.opensMissingApps = edited.opensMissingApps;
+    scene.wallpaper = edited.wallpaper;
+    return this->edited(scene.id, [&] { return m_store.add(scene); });
+}
+
+void SceneFlow::captureDesk(std::function<void(std::optional<Layout>)> done) {
+    CaptureNow::perform(m_context, DeskCapture::Reach::visible,
+                        [done = std::move(done)](const CaptureNow::Result& captured) {
+                            done(captured ? std::optional(*captured) : std::nullopt);
+                        });
+}
+
 SceneFlow::EditResult SceneFlow::updateSceneLayout(const std::string& id, const Layout& layout) {
     return edited(id, [&] { return m_store.updateSceneLayout(id, layout); });
 }

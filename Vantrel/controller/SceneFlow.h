@@ -42,6 +42,12 @@ public:
     // Gives the scene this position among the scenes of its desk, or the last one.
     EditResult move(const std::string& id, std::size_t position);
 
+    // Stores what the editor changes: layout, wallpapers, and whether missing applications are opened.
+    EditResult saveEdited(const Scene& edited);
+    // Stores that as a new scene of the edited one's desk, without its shortcut and not pinned.
+    EditResult saveEditedAs(const Scene& edited, const std::string& name);
+    // The windows of the desk as they are, without storing them; none when they cannot be read now.
+    void captureDesk(std::function<void(std::optional<Layout>)> done);
     EditResult updateSceneLayout(const std::string& id, const Layout& layout);
     EditResult rename(const std::string& id, std::string_view name);
     // Deletes pinned scenes too: the caller must ask the user for confirmation, or offer to undo it

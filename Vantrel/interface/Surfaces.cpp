@@ -58,6 +58,7 @@ Workbench::Services Surfaces::workbenchServices(const Services& services) {
     Workbench::Services found{.icons = services.panel.icons,
                               .keyCode = services.panel.keyCode,
                               .settings = services.settings,
+                              .installedApplications = services.installedApplications,
                               .openChanged = services.workbenchOpenChanged};
     found.settings.keyCode = services.panel.keyCode;
     found.settings.showIntroduction = [this] { m_panel.openIntroduction(); };

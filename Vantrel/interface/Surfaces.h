@@ -12,6 +12,9 @@
 
 #include <functional>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace vantrel {
 
@@ -24,6 +27,9 @@ public:
         PanelPresenter::Services panel{};
         // Without `keyCode` and `showIntroduction`, which are set here.
         SettingsActions::Services settings{};
+        // Identifiers and names of the installed applications; where it is null, the scene editor lists those
+        // that Vantrel has seen.
+        std::function<std::vector<std::pair<std::string, std::string>>()> installedApplications{};
         // Called when the workbench opens and when it has closed.
         std::function<void(bool isOpen)> workbenchOpenChanged = [](bool) {};
         // Null where the quick switcher is a window that takes the keys itself.

@@ -94,6 +94,17 @@ SceneStore::Result<Scene> SceneStore::updateLayout(const std::string& id, const 
     return changeScene(id, [&](Scene& scene) { scene.layout = layout; }, saving);
 }
 
+SceneStore::Result<Scene> SceneStore::updateEdited(const Scene& edited) {
+    if (const auto existing = scene(edited.id); existing && existing->isPinned()) {
+        return std::unexpected(SceneStoreError::pinned);
+    }
+    return changeScene(edited.id, [&](Scene& scene) {
+        scene.layout = edited.layout;
+        scene.opensMissingApps = edited.opensMissingApps;
+        scene.wallpaper = edited.wallpaper;
+    });
+}
+
 SceneStore::Result<void> SceneStore::move(const std::string& id, std::size_t position) {
     StoreFile file = m_file.load();
     const auto found = std::ranges::find(file.scenes, id, &Scene::id);

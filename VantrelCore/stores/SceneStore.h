@@ -68,6 +68,9 @@ public:
                                                   const Saving& saving = {}) {
         return updateLayout(id, layout, saving);
     }
+    // Stores the layout, the wallpapers and whether missing applications are opened, of the scene with the
+    // same id. Refused for a pinned scene.
+    [[nodiscard]] Result<Scene> updateEdited(const Scene& edited);
     // Gives the scene this position among the scenes of its desk, or the last one. Scenes of other desks stay
     // where they are.
     [[nodiscard]] Result<void> move(const std::string& id, std::size_t position);

@@ -1,8 +1,7 @@
 #include "VantrelCore/studio/SceneDraft.h"
 
-#include "VantrelCore/displays/DisplayGeometry.h"
 #include "VantrelCore/studio/Rehoming.h"
-#include "VantrelCore/text/Translation.h"
+#include "VantrelCore/studio/SizeLimit.h"
 #include "VantrelCore/windows/CascadeLayout.h"
 
 #include <algorithm>
@@ -14,35 +13,13 @@ namespace vantrel {
 
 namespace {
 
-Size smallest(const AppSizeBehavior::Classification& behavior) {
-    if (const auto* fixed = std::get_if<AppSizeBehavior::FixedSize>(&behavior)) {
-        return fixed->size;
-    }
-    const auto* const clamped = std::get_if<AppSizeBehavior::MinClamped>(&behavior);
-    return clamped != nullptr ? clamped->size : Size{};
-}
-
-std::string sizeProblem(const WindowRecord& record, const AppSizeBehavior::Classification& behavior) {
-    constexpr double tolerance = AppSizeBehavior::tolerance;
-    const Size size = record.frame.size;
-    if (const auto* fixed = std::get_if<AppSizeBehavior::FixedSize>(&behavior)) {
-        const bool fits = std::abs(size.width - fixed->size.width) <= tolerance &&
-                          std::abs(size.height - fixed->size.height) <= tolerance;
-        return fits ? ""
-                    : trf("{} is always {} × {}.", record.appName, std::lround(fixed->size.width),
-                          std::lround(fixed->size.height));
-    }
-    const auto* const clamped = std::get_if<AppSizeBehavior::MinClamped>(&behavior);
-    if (clamped == nullptr) {
-        return "";
-    }
-    if (size.width < clamped->size.width - tolerance) {
-        return trf("{} is never narrower than {}.", record.appName, std::lround(clamped->size.width));
-    }
-    if (size.height < clamped->size.height - tolerance) {
-        return trf("{} is never lower than {}.", record.appName, std::lround(clamped->size.height));
-    }
-    return "";
+// A window cannot stand between two points. What has not changed stays as it was captured.
+Rect wholePoints(const Rect& wanted, const Rect& before) {
+    const auto whole = [](double length, double former) {
+        return length == former ? former : std::round(length);
+    };
+    return {{whole(wanted.minX(), before.minX()), whole(wanted.minY(), before.minY())},
+            {whole(wanted.width(), before.width()), whole(wanted.height(), before.height())}};
 }
 
 } // namespace
@@ -195,7 +172,8 @@ private:
 
     void setFrame(WindowRecord& record, const Rect& wanted) {
         const auto& displays = m_draft.displays();
-        const Rect placed = Rehoming::placed(withAcceptedSize(record, wanted), displays);
+        const Rect placed =
+            Rehoming::placed(wholePoints(withAcceptedSize(record, wanted), record.frame), displays);
         const DisplayInfo* const home = Rehoming::home(placed, displays);
         if (record.frame == placed && home != nullptr && record.displayUUID == home->uuid) {
             return;
@@ -214,10 +192,7 @@ private:
         if (known == m_draft.m_limits.end() || wanted.size == record.frame.size) {
             return wanted;
         }
-        const Size least = smallest(known->second);
-        const bool isFixed = std::holds_alternative<AppSizeBehavior::FixedSize>(known->second);
-        const Size accepted{isFixed ? least.width : std::max(wanted.width(), least.width),
-                            isFixed ? least.height : std::max(wanted.height(), least.height)};
+        const Size accepted = SizeLimit::accepted(known->second, wanted.size);
         // The edges that were not dragged stay.
         if (std::abs(wanted.maxX() - record.frame.maxX()) < 0.5) {
             wanted.origin.x = wanted.maxX() - accepted.width;
@@ -272,22 +247,14 @@ std::vector<SceneDraft::BoxID> SceneDraft::stack() const {
     return ids;
 }
 
-Size SceneDraft::minimum(BoxID id) const {
+AppSizeBehavior::Classification SceneDraft::limits(BoxID id) const {
     const Box* const found = box(id);
     const auto known = found == nullptr ? m_limits.end() : m_limits.find(found->record.bundleID);
-    return known == m_limits.end() ? Size{} : smallest(known->second);
+    return known == m_limits.end() ? AppSizeBehavior::Flexible{} : known->second;
 }
 
-std::vector<SceneDraft::Problem> SceneDraft::problems() const {
-    std::vector<Problem> all;
-    for (const Box& box : boxes()) {
-        if (const auto known = m_limits.find(box.record.bundleID); known != m_limits.end()) {
-            if (auto text = sizeProblem(box.record, known->second); !text.empty()) {
-                all.push_back({box.id, std::move(text)});
-            }
-        }
-    }
-    return all;
+Size SceneDraft::minimum(BoxID id) const {
+    return SizeLimit::smallest(limits(id));
 }
 
 std::vector<SceneDraft::BoxID> SceneDraft::apply(const Command& command) {
@@ -297,6 +264,9 @@ std::vector<SceneDraft::BoxID> SceneDraft::apply(const Command& command) {
         return {};
     }
     m_states.resize(m_position + 1);
+    if (m_savedPosition > m_position) {
+        m_savedPosition.reset();
+    }
     m_states.push_back(std::move(next));
     ++m_position;
     return added;
@@ -319,7 +289,18 @@ bool SceneDraft::conflictsWith(const Scene& stored) const {
            stored.opensMissingApps != m_original.opensMissingApps || stored.wallpaper != m_original.wallpaper;
 }
 
+std::size_t SceneDraft::changeCount() const {
+    // The state that was saved may have been undone and replaced.
+    const std::size_t saved = m_savedPosition.value_or(0);
+    return m_position > saved ? m_position - saved : saved - m_position;
+}
+
 void SceneDraft::saved(const Scene& stored) {
+    m_original = stored;
+    m_savedPosition = m_position;
+}
+
+void SceneDraft::storedIs(const Scene& stored) {
     m_original = stored;
 }
 

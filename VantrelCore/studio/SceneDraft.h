@@ -77,14 +77,6 @@ public:
     using Command = std::variant<Place, Add, Remove, Duplicate, Retitle, SetGhost, Order, Replace,
                                  SetOpensMissingApps, SetWallpaper>;
 
-    // What is wrong with a box, for people.
-    struct Problem {
-        BoxID box = 0;
-        std::string text;
-
-        bool operator==(const Problem&) const = default;
-    };
-
     explicit SceneDraft(Scene scene, Limits limits = {});
 
     // The scene with all changes so far; equal to the original if there are none.
@@ -97,8 +89,8 @@ public:
     [[nodiscard]] std::vector<BoxID> stack() const;
     // The smallest size that the box's application is known to accept; zero if unknown.
     [[nodiscard]] Size minimum(BoxID id) const;
-    // Boxes that have sizes which their applications do not take.
-    [[nodiscard]] std::vector<Problem> problems() const;
+    // What is known of the sizes that the box's application accepts.
+    [[nodiscard]] AppSizeBehavior::Classification limits(BoxID id) const;
 
     // Carries out the command as one step. Returns the boxes that it added. A command that changes nothing is
     // no step.
@@ -111,7 +103,7 @@ public:
 
     // Whether it differs from the stored scene, and by how many steps.
     [[nodiscard]] bool isDirty() const;
-    [[nodiscard]] std::size_t changeCount() const { return m_position; }
+    [[nodiscard]] std::size_t changeCount() const;
 
     // True if what is edited here has changed in the stored scene since the draft was made or saved.
     [[nodiscard]] bool conflictsWith(const Scene& stored) const;
@@ -119,6 +111,9 @@ public:
     [[nodiscard]] Scene mergedInto(const Scene& stored) const;
     // After `stored` was saved: from here on, changes count against it. Undo goes on working.
     void saved(const Scene& stored);
+    // The scene was stored by somebody else: what is edited here stays as it is and counts as changed against
+    // it; name, shortcut and pin are taken over.
+    void storedIs(const Scene& stored);
 
 private:
     struct State {
@@ -139,6 +134,8 @@ private:
     // Never empty.
     std::vector<State> m_states;
     std::size_t m_position = 0;
+    // None when that state was undone and replaced by another change.
+    std::optional<std::size_t> m_savedPosition = 0;
 };
 
 } // namespace vantrel

@@ -21,6 +21,7 @@ struct Row {
     Span across;
     Span down;
     const char* name;
+    const char* phrase;
 };
 
 constexpr Span whole{0, 1};
@@ -29,21 +30,24 @@ constexpr Span second{0.5, 1};
 constexpr double third = 1.0 / 3;
 
 constexpr std::array rows{
-    Row{Zone::full, whole, whole, marked("All")},
-    Row{Zone::leftHalf, first, whole, marked("Left half")},
-    Row{Zone::rightHalf, second, whole, marked("Right half")},
-    Row{Zone::upperHalf, whole, first, marked("Upper half")},
-    Row{Zone::lowerHalf, whole, second, marked("Lower half")},
-    Row{Zone::leftThird, {0, third}, whole, marked("Left third")},
-    Row{Zone::middleThird, {third, 2 * third}, whole, marked("Middle third")},
-    Row{Zone::rightThird, {2 * third, 1}, whole, marked("Right third")},
-    Row{Zone::leftTwoThirds, {0, 2 * third}, whole, marked("Left two thirds")},
-    Row{Zone::rightTwoThirds, {third, 1}, whole, marked("Right two thirds")},
-    Row{Zone::upperLeftQuarter, first, first, marked("Upper left quarter")},
-    Row{Zone::upperRightQuarter, second, first, marked("Upper right quarter")},
-    Row{Zone::lowerLeftQuarter, first, second, marked("Lower left quarter")},
-    Row{Zone::lowerRightQuarter, second, second, marked("Lower right quarter")},
-    Row{Zone::centred, {0.15, 0.85}, {0.1, 0.9}, marked("Centred")},
+    Row{Zone::full, whole, whole, marked("All"), marked("the display")},
+    Row{Zone::leftHalf, first, whole, marked("Left half"), marked("the left half")},
+    Row{Zone::rightHalf, second, whole, marked("Right half"), marked("the right half")},
+    Row{Zone::upperHalf, whole, first, marked("Upper half"), marked("the upper half")},
+    Row{Zone::lowerHalf, whole, second, marked("Lower half"), marked("the lower half")},
+    Row{Zone::leftThird, {0, third}, whole, marked("Left third"), marked("the left third")},
+    Row{Zone::middleThird, {third, 2 * third}, whole, marked("Middle third"), marked("the middle third")},
+    Row{Zone::rightThird, {2 * third, 1}, whole, marked("Right third"), marked("the right third")},
+    Row{Zone::leftTwoThirds, {0, 2 * third}, whole, marked("Left two thirds"), marked("the left two thirds")},
+    Row{Zone::rightTwoThirds, {third, 1}, whole, marked("Right two thirds"), marked("the right two thirds")},
+    Row{Zone::upperLeftQuarter, first, first, marked("Upper left quarter"), marked("the upper left quarter")},
+    Row{Zone::upperRightQuarter, second, first, marked("Upper right quarter"),
+        marked("the upper right quarter")},
+    Row{Zone::lowerLeftQuarter, first, second, marked("Lower left quarter"),
+        marked("the lower left quarter")},
+    Row{Zone::lowerRightQuarter, second, second, marked("Lower right quarter"),
+        marked("the lower right quarter")},
+    Row{Zone::centred, {0.15, 0.85}, {0.1, 0.9}, marked("Centred"), marked("the middle")},
 };
 
 const Row& row(Zone zone) {
@@ -100,6 +104,10 @@ std::optional<Zone> at(Point point, const Rect& usable, double reach) {
 
 const char* name(Zone zone) {
     return tr(row(zone).name);
+}
+
+const char* phrase(Zone zone) {
+    return tr(row(zone).phrase);
 }
 
 } // namespace vantrel::Zones

@@ -57,6 +57,8 @@ inline constexpr std::array all{Zone::full,
 
 // For people: "Right third".
 [[nodiscard]] const char* name(Zone zone);
+// For people, within a sentence: "the right third".
+[[nodiscard]] const char* phrase(Zone zone);
 
 } // namespace Zones
 

@@ -22,6 +22,7 @@ struct Surface {
 [[nodiscard]] std::vector<Surface> switcherSurfaces();
 [[nodiscard]] std::vector<Surface> workbenchSurfaces();
 [[nodiscard]] std::vector<Surface> rulesAndSettingsSurfaces();
+[[nodiscard]] std::vector<Surface> editorSurfaces();
 [[nodiscard]] std::vector<Surface> everySurface();
 
 } // namespace vantrel::pictures

@@ -18,6 +18,8 @@ constexpr double narrowPadding = 8;
 // A longer second text is elided, so that neighbours keep theirs.
 constexpr double widestDetail = 86;
 constexpr double symbolSide = 16;
+// For the sign of a menu.
+constexpr double menuSide = 18;
 // In a line without a frame, the text stands under those of the rows above.
 double symbolGap(const ActionButton& button) {
     return button.isFlat() ? 12 : 8;
@@ -72,7 +74,8 @@ QSize ActionButton::sizeHint() const {
                     std::max(title, std::min(detail.horizontalAdvance(m_detail), points(widestDetail))) + 1,
                 points(44)};
     }
-    const int more = m_detail.isEmpty() ? 0 : points(12) + detail.horizontalAdvance(m_detail);
+    const int more = (m_detail.isEmpty() ? 0 : points(12) + detail.horizontalAdvance(m_detail)) +
+                     (menu() == nullptr ? 0 : points(menuSide));
     return {points(2 * padding + 4) + icon + title + more, points(m_form == Form::wide ? 34 : 30)};
 }
 
@@ -87,6 +90,7 @@ void ActionButton::paintGround(QPainter& painter) {
     if (!m_isFilled || !isEnabled()) {
         QStyleOptionButton option;
         initStyleOption(&option);
+        option.features.setFlag(QStyleOptionButton::HasMenu, false);
         option.text.clear();
         option.icon = {};
         style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
@@ -112,6 +116,14 @@ void ActionButton::paintGround(QPainter& painter) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(3, 3, -3, -3), 4, 4);
     }
+}
+
+void ActionButton::paintMenuSign(QPainter& painter) {
+    const int side = Metrics::points(*this, 12);
+    const QRect place(width() - Metrics::points(*this, padding) - side, (height() - side) / 2, side, side);
+    Symbols::paint(
+        painter, "down", QStyle::visualRect(layoutDirection(), rect(), place),
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
 }
 
 void ActionButton::paintEvent(QPaintEvent* /*event*/) {
@@ -148,6 +160,10 @@ void ActionButton::paintEvent(QPaintEvent* /*event*/) {
                           (m_symbol.empty() ? 0 : points(symbolSide + symbolGap(*this)));
         area = QRect(0, 0, std::min(width, area.width()), height());
         area.moveCenter(rect().center());
+        if (menu() != nullptr) {
+            paintMenuSign(painter);
+            area.translate(-points(menuSide) / 2, 0);
+        }
     }
     if (!m_symbol.empty()) {
         const int symbol = points(symbolSide);

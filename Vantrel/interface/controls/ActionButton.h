@@ -29,6 +29,7 @@ private:
     [[nodiscard]] QFont titleFont() const;
     [[nodiscard]] QFont detailFont() const;
     void paintGround(QPainter& painter);
+    void paintMenuSign(QPainter& painter);
 
     std::string m_symbol;
     Form m_form;

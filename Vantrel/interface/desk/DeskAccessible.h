@@ -3,7 +3,7 @@
 
 namespace vantrel::DeskAccessible {
 
-// Makes every DeskView accessible, and every scroll area safely so; further calls do nothing.
+// Makes every AccessibleDrawing accessible, and every scroll area safely so; further calls do nothing.
 void install();
 
 } // namespace vantrel::DeskAccessible

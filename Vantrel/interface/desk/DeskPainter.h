@@ -48,7 +48,11 @@ public:
 
     void paint(QPainter& painter, const Emphasis& emphasis) const;
 
+    // Only the windows, for one that is dragged across a drawing without it.
+    void paintWindows(QPainter& painter) const;
+
     [[nodiscard]] const DeskPicture& picture() const { return m_picture; }
+    [[nodiscard]] const CanvasGeometry& geometry() const { return m_geometry; }
     // The front-most window at this point.
     [[nodiscard]] std::optional<std::size_t> windowAt(QPointF point) const;
     // The display whose list of hidden windows is at this point.

@@ -136,6 +136,17 @@ void DeskPainter::paint(QPainter& painter, const Emphasis& emphasis) const {
     painter.setOpacity(1);
 }
 
+void DeskPainter::paintWindows(QPainter& painter) const {
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
+                           QPainter::TextAntialiasing);
+    for (std::size_t i = m_boxes.size(); i-- > 0;) {
+        paintBox(painter, i);
+        if (m_boxes[i].piece) {
+            paintName(painter, i);
+        }
+    }
+}
+
 void DeskPainter::paintDisplay(QPainter& painter, std::size_t display) const {
     const auto& region = m_geometry.regions()[display];
     painter.fillPath(displayShape(display), m_colors.panel);

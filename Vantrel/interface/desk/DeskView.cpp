@@ -1,5 +1,6 @@
 #include "Vantrel/interface/desk/DeskView.h"
 
+#include "Vantrel/interface/Text.h"
 #include "Vantrel/interface/desk/DeskAccessible.h"
 
 #include <QAccessible>
@@ -72,6 +73,13 @@ DeskPainter& DeskView::painter() {
                           m_looks);
     }
     return *m_painter;
+}
+
+AccessibleDrawing::Item DeskView::item(std::size_t place) {
+    const std::size_t window = m_order[place];
+    return {.name = qt(DeskSpeech::window(m_picture.windows[window], m_picture.displays)),
+            .frame = frameOf(window),
+            .isSelected = selectedWindow() == window};
 }
 
 QRect DeskView::frameOf(std::size_t window) {

@@ -2,6 +2,7 @@
 // the windows and read them out.
 #pragma once
 
+#include "Vantrel/interface/desk/AccessibleDrawing.h"
 #include "Vantrel/interface/desk/DeskPainter.h"
 
 #include <QPixmap>
@@ -11,7 +12,7 @@
 
 namespace vantrel {
 
-class DeskView final : public QWidget {
+class DeskView final : public QWidget, public AccessibleDrawing {
 public:
     // `looks` outlives the view.
     explicit DeskView(ApplicationLooks& looks, QWidget* parent = nullptr);
@@ -29,6 +30,9 @@ public:
     [[nodiscard]] QRect frameOf(std::size_t window);
     // In reading order.
     [[nodiscard]] const std::vector<std::size_t>& order() const { return m_order; }
+
+    [[nodiscard]] std::size_t itemCount() override { return m_order.size(); }
+    [[nodiscard]] Item item(std::size_t place) override;
 
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
     [[nodiscard]] int heightForWidth(int width) const override;

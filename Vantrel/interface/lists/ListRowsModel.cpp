@@ -9,12 +9,6 @@
 
 namespace vantrel {
 
-namespace {
-
-constexpr const char* mimeType = "application/x-vantrel-row";
-
-} // namespace
-
 void ListRowsModel::show(const std::vector<ListRow>& rows) {
     removeAllBut(rows);
     for (int position = 0; position < static_cast<int>(rows.size()); ++position) {
@@ -100,28 +94,28 @@ Qt::ItemFlags ListRowsModel::flags(const QModelIndex& index) const {
         return Qt::NoItemFlags;
     }
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren |
-           (onDropped ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
+           (onDropped || m_isSource ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
 }
 
 QStringList ListRowsModel::mimeTypes() const {
-    return {mimeType};
+    return {rowFormat};
 }
 
 QMimeData* ListRowsModel::mimeData(const QModelIndexList& indexes) const {
     auto* const data = new QMimeData;
-    data->setData(mimeType, QByteArray::fromStdString(indexes.empty() ? "" : row(indexes.front()).id));
+    data->setData(rowFormat, QByteArray::fromStdString(indexes.empty() ? "" : row(indexes.front()).id));
     return data;
 }
 
 bool ListRowsModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int /*column*/,
                                  const QModelIndex& parent) {
-    if (!onDropped || action != Qt::MoveAction || parent.isValid() || !data->hasFormat(mimeType)) {
+    if (!onDropped || action != Qt::MoveAction || parent.isValid() || !data->hasFormat(rowFormat)) {
         return false;
     }
     const bool isAtEnd = row < 0 || row >= rowCount();
     // A copy, as the drop changes the rows.
     const std::string before = isAtEnd ? "" : m_rows[static_cast<std::size_t>(row)].id;
-    onDropped(data->data(mimeType).toStdString(), before);
+    onDropped(data->data(rowFormat).toStdString(), before);
     return true;
 }
 

@@ -27,10 +27,17 @@ public:
     // null, rows cannot be dragged.
     std::function<void(const std::string& id, const std::string& before)> onDropped{};
 
+    // Rows can be dragged to another widget, which gets the row's id in this format.
+    void setSource() { m_isSource = true; }
+    static constexpr const char* rowFormat = "application/x-vantrel-row";
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
     [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    [[nodiscard]] Qt::DropActions supportedDragActions() const override {
+        return m_isSource ? Qt::CopyAction : Qt::MoveAction;
+    }
     [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
     [[nodiscard]] QStringList mimeTypes() const override;
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
@@ -42,6 +49,7 @@ private:
     void bring(const ListRow& row, int position);
 
     std::vector<ListRow> m_rows;
+    bool m_isSource = false;
 };
 
 } // namespace vantrel

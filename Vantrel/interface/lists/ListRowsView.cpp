@@ -78,6 +78,11 @@ void ListRowsView::setMovable(std::function<void(const std::string& id, const st
     setDragDropOverwriteMode(false);
 }
 
+void ListRowsView::setSource() {
+    m_model.setSource();
+    setDragDropMode(QAbstractItemView::DragOnly);
+}
+
 void ListRowsView::moveChosen(int step) {
     const int at = currentIndex().row();
     const int other = at + step;

@@ -40,6 +40,9 @@ public:
     // end.
     void setMovable(std::function<void(const std::string& id, const std::string& before)> move);
 
+    // Lets the user drag rows to another widget.
+    void setSource();
+
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;

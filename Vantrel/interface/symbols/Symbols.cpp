@@ -54,6 +54,7 @@ constexpr std::pair<const char*, const char*> drawings[] = {
     {"info", "M14 8A6 6 0 1 1 2 8a6 6 0 0 1 12 0zM8 7.3v3.6M8 5h.01"},
     {"restore", "M5.7 2.9L2.8 5.8l2.9 2.9M3 5.8h6.2a4 4 0 0 1 0 8H6"},
     {"undo", "M5.7 2.9L2.8 5.8l2.9 2.9M3 5.8h6.2a4 4 0 0 1 0 8H6"},
+    {"redo", "M10.3 2.9l2.9 2.9-2.9 2.9M13 5.8H6.8a4 4 0 0 0 0 8H10"},
     {"save", "M8 2.2v7.3M4.9 6.7L8 9.8l3.1-3.1M2.5 10v2.5a1 1 0 0 0 1 1h9a1 1 0 0 0 1-1V10"},
     {"stash", "M2 8.8l1.8-5.3a1 1 0 0 1 .9-.7h6.6a1 1 0 0 1 .9.7L14 8.8v3.7a1 1 0 0 1-1 1H3a1 1 0 0 1-1-1zM2 "
               "8.8h3.4l1 1.8h3.2l1-1.8H14"},
@@ -130,6 +131,7 @@ constexpr std::pair<std::string_view, std::string_view> systemNames[] = {
     {"info", "info.circle"},
     {"restore", "arrow.uturn.backward"},
     {"undo", "arrow.uturn.backward"},
+    {"redo", "arrow.uturn.forward"},
     {"save", "square.and.arrow.down"},
     {"stash", "tray"},
     {"down", "chevron.down"},

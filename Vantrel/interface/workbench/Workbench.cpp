@@ -197,6 +197,9 @@ WorkbenchPage* Workbench::scenesPage(QWidget* parent) {
             say(text(removed.error()), true);
         }
     };
+    actions.edit = [this](const std::string& id, std::function<void()> leave, QWidget* editorParent) {
+        return sceneEditor(id, std::move(leave), editorParent);
+    };
     actions.keyCode = m_services.keyCode;
     actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
     actions.context = [this] {

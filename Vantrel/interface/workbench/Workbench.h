@@ -4,15 +4,19 @@
 
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
+#include "Vantrel/interface/editor/SceneEditor.h"
 #include "Vantrel/interface/workbench/WorkbenchWindow.h"
 #include "Vantrel/interface/workbench/settings/SettingsActions.h"
 
 #include <QTimer>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace vantrel {
 
@@ -25,6 +29,8 @@ public:
         ApplicationIcons* icons = nullptr;
         HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
         SettingsActions::Services settings{};
+        // Identifiers and names of the installed applications; may be null.
+        std::function<std::vector<std::pair<std::string, std::string>>()> installedApplications{};
         // Called when the window opens and when it has closed.
         std::function<void(bool isOpen)> openChanged = [](bool) {};
     };
@@ -54,6 +60,12 @@ private:
     [[nodiscard]] WorkbenchTab rememberedTab();
     [[nodiscard]] QSize rememberedSize();
     [[nodiscard]] WorkbenchPage* scenesPage(QWidget* parent);
+    [[nodiscard]] SceneEditor* sceneEditor(const std::string& id, std::function<void()> close,
+                                           QWidget* parent);
+    [[nodiscard]] SceneEditorActions editorActions(const Scene& scene, std::function<void()> close);
+    [[nodiscard]] std::vector<EditorApplication> applications();
+    // Opens the scene in the editor, with what was kept of its changes.
+    void edit(const std::string& id);
     [[nodiscard]] WorkbenchPage* desksPage(QWidget* parent);
     [[nodiscard]] WorkbenchPage* historyPage(QWidget* parent);
 
@@ -63,6 +75,8 @@ private:
     std::unique_ptr<WorkbenchWindow> m_window;
     std::optional<Publisher::ObserverID> m_observer;
     std::shared_ptr<void> m_live;
+    // What was changed in the editor and neither saved nor discarded, by the scene's id.
+    std::map<std::string, SceneDraft> m_unsaved;
     // The newest deletion that was offered, or was there before the window opened.
     std::optional<RecentDeletions::ID> m_offered;
     // Refreshes relative times while the window is open.

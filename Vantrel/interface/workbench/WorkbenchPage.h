@@ -7,6 +7,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -29,6 +30,11 @@ public:
 
     // Whether the page shows live windows, which are then captured while it is visible.
     [[nodiscard]] virtual bool wantsLiveWindows() const { return false; }
+
+    // Whether the page takes the place of the tabs too.
+    [[nodiscard]] virtual bool wantsWholeWindow() const { return false; }
+    // Called by the page when that has changed.
+    std::function<void()> onWholeWindow = [] {};
 
     // The page's own keys and what they do, for the help: "Alt+Up" and "Move the scene up".
     [[nodiscard]] virtual std::vector<std::pair<QString, QString>> keys() const { return {}; }

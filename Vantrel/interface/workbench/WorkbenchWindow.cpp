@@ -117,7 +117,8 @@ WorkbenchWindow::WorkbenchWindow() : QWidget(nullptr, Qt::Window) {
     auto* const all = new QHBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
-    all->addWidget(sidebar());
+    m_sidebar = sidebar();
+    all->addWidget(m_sidebar);
     auto* const content = new QVBoxLayout;
     content->setSpacing(0);
     m_pages = new QStackedWidget(this);
@@ -242,11 +243,18 @@ void WorkbenchWindow::choose(WorkbenchTab tab) {
 void WorkbenchWindow::showPage(Entry& entry) {
     if (entry.page == nullptr) {
         entry.page = entry.make(this);
+        entry.page->onWholeWindow = [this] { makeRoom(); };
         entry.missed = everyTopic();
         m_pages->addWidget(entry.page);
     }
     entry.page->show(*m_state, std::exchange(entry.missed, {}));
     m_pages->setCurrentWidget(entry.page);
+    makeRoom();
+}
+
+void WorkbenchWindow::makeRoom() {
+    m_sidebar->setVisible(page() == nullptr || !page()->wantsWholeWindow());
+    update();
 }
 
 void WorkbenchWindow::toggleHelp() {
@@ -304,6 +312,9 @@ void WorkbenchWindow::paintEvent(QPaintEvent* /*event*/) {
     const auto colors = DeskColors::of(palette());
     QPainter painter(this);
     painter.fillRect(rect(), colors.window);
+    if (m_sidebar->isHidden()) {
+        return;
+    }
     const int at = points(sidebarWidth);
     const QRect line(at, 0, 1, height());
     painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), line), colors.hairline);

@@ -67,12 +67,14 @@ private:
     [[nodiscard]] QWidget* sidebar();
     void addKeys();
     void showPage(Entry& entry);
+    void makeRoom();
     [[nodiscard]] int points(double length) const;
 
     std::vector<Entry> m_entries;
     WorkbenchTab m_tab = WorkbenchTab::scenes;
     bool m_hasTab = false;
     const PublishedState* m_state = nullptr;
+    QWidget* m_sidebar = nullptr;
     ListRowsView* m_tabs = nullptr;
     QStackedWidget* m_pages = nullptr;
     KeptLine* m_kept = nullptr;

@@ -5,6 +5,7 @@
 #include "tools/pictures/Surface.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
@@ -53,7 +54,8 @@ private:
     }
 
     void visit(QWidget& widget) {
-        const bool isInField = qobject_cast<QLineEdit*>(widget.parentWidget()) != nullptr;
+        const bool isInField = qobject_cast<QLineEdit*>(widget.parentWidget()) != nullptr ||
+                               qobject_cast<QAbstractSpinBox*>(widget.parentWidget()) != nullptr;
         const bool isControl = !isInField && (qobject_cast<QAbstractButton*>(&widget) != nullptr ||
                                               qobject_cast<QLineEdit*>(&widget) != nullptr ||
                                               qobject_cast<QComboBox*>(&widget) != nullptr ||

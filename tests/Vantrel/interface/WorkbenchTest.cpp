@@ -188,6 +188,47 @@ TEST_F(WorkbenchTest, ASceneIsMadeRenamedGivenATimeAppliedDeletedAndBroughtBack)
     EXPECT_TRUE(window().notices().isHidden());
 }
 
+TEST_F(WorkbenchTest, AnEditedSceneIsAppliedOnceSavedAndItsChangesSurviveClosingAndDiscarding) {
+    open(WorkbenchTab::scenes);
+    saveScene("Write");
+    const Rect before = story.frame(story.mail);
+    const auto sceneEditor = [&]() -> SceneEditor& { return *scenes().editor(); };
+    const auto changes = [&] { return sceneEditor().draft().changeCount(); };
+    click("Edit");
+    ASSERT_NE(scenes().editor(), nullptr);
+    EXPECT_EQ(find<ListRowsView>("Tabs"), nullptr);
+    const auto& boxes = sceneEditor().draft().boxes();
+    const auto mail = std::ranges::find(boxes, before, [](const auto& box) { return box.record.frame; });
+    ASSERT_NE(mail, boxes.end());
+    sceneEditor().canvas().select({mail->id});
+    QTest::keyClick(&sceneEditor().canvas(), Qt::Key_Down, Qt::ShiftModifier);
+    const auto applied = [&] { return story.frame(story.mail).minY() - before.minY(); };
+
+    click("Try it");
+    EXPECT_EQ(applied(), 10);
+    click("Go back");
+    EXPECT_EQ(applied(), 0);
+
+    window().close();
+    settle();
+    open(WorkbenchTab::scenes);
+    click("Edit");
+    EXPECT_EQ(changes(), 1U);
+    click("Discard");
+    EXPECT_EQ(scenes().editor(), nullptr);
+    QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
+    settle();
+    ASSERT_NE(scenes().editor(), nullptr);
+    EXPECT_EQ(changes(), 1U);
+
+    click("Save");
+    EXPECT_TRUE(says("The scene was saved."));
+    EXPECT_EQ(changes(), 0U);
+    click("Back to the scenes");
+    click("Apply");
+    EXPECT_EQ(applied(), 10);
+}
+
 TEST_F(WorkbenchTest, OffersToUndoWhatAnotherClientDeletesUntilThatIsUndone) {
     open(WorkbenchTab::scenes);
     saveScene("Write");

@@ -1,7 +1,10 @@
 // What the scene editor's commands do, and laws that hold for any boxes and displays.
+#include "VantrelCore/studio/Distances.h"
 #include "VantrelCore/studio/GroupArrangement.h"
 #include "VantrelCore/studio/Rehoming.h"
 #include "VantrelCore/studio/SceneDraft.h"
+#include "VantrelCore/studio/SizeLimit.h"
+#include "VantrelCore/studio/TakenFromDesk.h"
 #include "VantrelCore/studio/Zones.h"
 
 #include <algorithm>
@@ -292,14 +295,44 @@ TEST_F(SceneDraftTest, PlacedOnAnotherDisplayABoxBelongsThereAndIsOrdinary) {
     EXPECT_EQ(draft.changeCount(), 1U);
 }
 
-TEST_F(SceneDraftTest, ReportsSizesThatApplicationsRefuse) {
-    scene.layout.windows[1].frame.size = {300, 400};
-    SceneDraft draft(scene, {{"mail", AppSizeBehavior::FixedSize{{600, 500}}},
-                             {"notes", AppSizeBehavior::MinClamped{{480, 300}}},
-                             {"code", AppSizeBehavior::Flexible{}}});
-    EXPECT_EQ(draft.problems(),
-              (std::vector<SceneDraft::Problem>{{draft.boxes()[0].id, "mail is always 600 × 500."},
-                                                {draft.boxes()[1].id, "notes is never narrower than 480."}}));
+TEST(SizeLimitTest, SaysWhichSizesAnApplicationDoesNotTake) {
+    const AppSizeBehavior::Classification fixed = AppSizeBehavior::FixedSize{{600, 500}};
+    const AppSizeBehavior::Classification clamped = AppSizeBehavior::MinClamped{{480, 300}};
+    EXPECT_EQ(SizeLimit::problem("Mail", fixed, {600, 400}), "Mail is always 600 × 500.");
+    EXPECT_EQ(SizeLimit::problem("Notes", clamped, {300, 200}), "Notes is never narrower than 480.");
+    EXPECT_EQ(SizeLimit::problem("Notes", clamped, {500, 200}), "Notes is never lower than 300.");
+    EXPECT_EQ(SizeLimit::problem("Notes", clamped, {478, 300}), "");
+    EXPECT_EQ(SizeLimit::accepted(clamped, {500, 200}), (Size{500, 300}));
+    EXPECT_EQ(SizeLimit::accepted(fixed, {900, 900}), (Size{600, 500}));
+    EXPECT_EQ(SizeLimit::fact("Code", AppSizeBehavior::Flexible{}), "");
+}
+
+TEST(DistancesTest, ReachTheNearestBoxBesideElseTheEdge) {
+    const Rect usable{{0, 20}, {1000, 580}};
+    // One to the right, one further right behind it, one that reaches across the lower edge, and one that is
+    // only diagonal.
+    const std::vector<Rect> others{
+        {{500, 100}, {100, 100}}, {{700, 100}, {100, 100}}, {{150, 180}, {300, 300}}, {{500, 500}, {50, 50}}};
+    const auto found = Distances::of({{200, 100}, {200, 100}}, others, usable);
+    EXPECT_EQ(found, (std::vector<Distances::Distance>{
+                         {{200, 150}, {0, 150}}, {{400, 150}, {500, 150}}, {{300, 100}, {300, 20}}}));
+    EXPECT_EQ(found[1].length(), 100);
+    EXPECT_TRUE(Distances::of(usable, {}, usable).empty());
+}
+
+TEST_F(SceneDraftTest, TakesFramesFromOpenWindowsAndKeepsSlotsOfAppsThatAreNotOpen) {
+    scene.layout.windows[2].isGhost = true;
+    SceneDraft draft(scene);
+    auto open = scene.layout.windows;
+    open.resize(2);
+    open[1].frame.origin = {700, 70};
+    const auto all = TakenFromDesk::all(draft, open);
+    ASSERT_EQ(all.size(), 3U);
+    EXPECT_EQ(all[2].bundleID, "code");
+    EXPECT_EQ(all[2].zOrder, 2);
+    const auto notes = draft.boxes()[1].id;
+    const auto frames = TakenFromDesk::frames(draft, {notes, draft.boxes()[2].id}, open);
+    EXPECT_EQ(frames, (std::map<SceneDraft::BoxID, Rect>{{notes, open[1].frame}}));
 }
 
 TEST_F(SceneDraftTest, ChangesTheOrderStepByStepAndAddsBoxesInFront) {
@@ -329,8 +362,10 @@ TEST_F(SceneDraftTest, NeverOverwritesChangesMadeElsewhere) {
     EXPECT_TRUE(draft.conflictsWith(elsewhere));
     draft.saved(draft.mergedInto(scene));
     EXPECT_FALSE(draft.isDirty());
+    EXPECT_EQ(draft.changeCount(), 0U);
     draft.undo();
     EXPECT_TRUE(draft.isDirty());
+    EXPECT_EQ(draft.changeCount(), 1U);
     EXPECT_EQ(draft.scene().layout.windows.size(), 3U);
 }
 

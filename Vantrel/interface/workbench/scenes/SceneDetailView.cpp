@@ -173,12 +173,15 @@ QBoxLayout* SceneDetailView::header() {
     m_update = new ActionButton("", ActionButton::Form::plain, this);
     m_update->setTexts(qtr("Update"), "");
     connect(m_update, &QPushButton::clicked, this, [this] { m_actions.scenes.update(m_content->id); });
+    m_edit = new ActionButton("pencil", ActionButton::Form::plain, this);
+    m_edit->setTexts(qtr("Edit"), "");
+    connect(m_edit, &QPushButton::clicked, this, [this] { onEdit(); });
     m_apply = new ActionButton("", ActionButton::Form::plain, this);
     m_apply->setTexts(qtr("Apply"), "");
     m_apply->setFilled(true);
     connect(m_apply, &QPushButton::clicked, this, [this] { m_actions.scenes.apply(m_content->id); });
     row->addWidget(m_more, 0, Qt::AlignVCenter);
-    for (ActionButton* const button : {m_update, m_apply}) {
+    for (ActionButton* const button : {m_update, m_edit, m_apply}) {
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         row->addWidget(button, 0, Qt::AlignVCenter);
     }

@@ -33,6 +33,7 @@ public:
 
     // Called with a place on the screen when the menu is asked for.
     std::function<void(QPoint place)> onMenu = [](QPoint) {};
+    std::function<void()> onEdit = [] {};
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -62,6 +63,7 @@ private:
     Label* m_subtitle = nullptr;
     SymbolButton* m_more = nullptr;
     ActionButton* m_update = nullptr;
+    ActionButton* m_edit = nullptr;
     ActionButton* m_apply = nullptr;
     DeskView* m_drawing = nullptr;
     QBoxLayout* m_columns = nullptr;

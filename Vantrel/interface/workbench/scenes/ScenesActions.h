@@ -3,6 +3,7 @@
 
 #include "Vantrel/interface/SceneActions.h"
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
+#include "Vantrel/interface/editor/SceneEditor.h"
 #include "Vantrel/interface/workbench/scenes/ScenesContent.h"
 
 #include <functional>
@@ -18,6 +19,9 @@ struct ScenesActions {
     // Has the scene applied every day at the time that was typed.
     std::function<Problem(const std::string& id, const std::string& time)> addTime =
         [](const auto&, const auto&) { return std::nullopt; };
+    // Makes the editor for the scene; `close` is called when the user leaves it. Null if the scene is gone.
+    std::function<SceneEditor*(const std::string& id, std::function<void()> close, QWidget* parent)> edit =
+        [](const auto&, const auto&, QWidget*) { return nullptr; };
     std::function<void(const std::string& trigger)> removeTrigger = [](const auto&) {};
     HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
     std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace vantrel {
 
@@ -34,7 +35,8 @@ ScenesPage::ScenesPage(ApplicationLooks& looks, ScenesActions actions, QWidget* 
     auto* const all = new QHBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
-    all->addWidget(railSide());
+    m_side = railSide();
+    all->addWidget(m_side);
     all->addSpacing(1);
     m_scroll = new QScrollArea(this);
     m_scroll->setFrameShape(QFrame::NoFrame);
@@ -43,6 +45,7 @@ ScenesPage::ScenesPage(ApplicationLooks& looks, ScenesActions actions, QWidget* 
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_detail = new SceneDetailView(looks, m_actions, this);
     m_detail->onMenu = [this](QPoint place) { showMenu(place); };
+    m_detail->onEdit = [this] { edit(m_content.detail->id); };
     m_scroll->setWidget(m_detail);
     m_scroll->viewport()->setAutoFillBackground(false);
     m_detail->setAutoFillBackground(false);
@@ -157,9 +160,15 @@ void ScenesPage::refresh() {
     }
     m_content = std::move(content);
     m_rail->show(m_content.rail);
+    if (m_editor != nullptr) {
+        const auto stored = std::ranges::find(m_state->scenes, m_edited, &Scene::id);
+        m_editor->storedIsNow(stored == m_state->scenes.end() ? std::nullopt : std::optional(*stored));
+    }
+    const bool isBrowsing = m_editor == nullptr;
+    m_side->setVisible(isBrowsing);
     m_detail->setVisible(m_content.detail.has_value());
-    m_scroll->setVisible(m_content.detail.has_value());
-    m_empty->setVisible(!m_content.detail.has_value());
+    m_scroll->setVisible(isBrowsing && m_content.detail.has_value());
+    m_empty->setVisible(isBrowsing && !m_content.detail.has_value());
     if (m_content.detail) {
         // A search shows the first scene found, and afterwards again the one chosen before.
         if (context.search.empty()) {
@@ -182,6 +191,31 @@ void ScenesPage::refresh() {
     m_name->setEnabled(m_content.canSave);
     m_room->show(qt(m_content.room));
     m_room->setVisible(!m_content.room.empty());
+}
+
+void ScenesPage::edit(const std::string& id) {
+    if (m_editor != nullptr) {
+        return;
+    }
+    m_editor = m_actions.edit(id, [this] { leaveEditor(); }, this);
+    if (m_editor == nullptr) {
+        return;
+    }
+    m_edited = id;
+    m_chosen = id;
+    qobject_cast<QHBoxLayout*>(layout())->addWidget(m_editor, 1);
+    refresh();
+    onWholeWindow();
+    m_editor->canvas().setFocus(Qt::OtherFocusReason);
+}
+
+// Called by the editor, which is deleted when it has returned.
+void ScenesPage::leaveEditor() {
+    m_editor->hide();
+    std::exchange(m_editor, nullptr)->deleteLater();
+    refresh();
+    onWholeWindow();
+    focusFirst();
 }
 
 std::string ScenesPage::neighbourOfChosen(const ScenesContent& content) const {
@@ -220,23 +254,44 @@ void ScenesPage::reorder(const std::string& id, const std::string& before) {
 }
 
 void ScenesPage::focusSearch() {
+    if (m_editor != nullptr) {
+        m_editor->focusSearch();
+        return;
+    }
     m_search->setFocus(Qt::ShortcutFocusReason);
     m_search->selectAll();
 }
 
 void ScenesPage::focusFirst() {
+    if (m_editor != nullptr) {
+        m_editor->canvas().setFocus(Qt::OtherFocusReason);
+        return;
+    }
     QWidget* const first = m_content.rail.empty() ? static_cast<QWidget*>(m_name) : m_rail;
     first->setFocus(Qt::OtherFocusReason);
 }
 
 std::vector<std::pair<QString, QString>> ScenesPage::keys() const {
-    const auto altUp = QKeySequence(Qt::ALT | Qt::Key_Up).toString(QKeySequence::NativeText);
-    const auto altDown = QKeySequence(Qt::ALT | Qt::Key_Down).toString(QKeySequence::NativeText);
+    const auto native = [](QKeyCombination keys) {
+        return QKeySequence(keys).toString(QKeySequence::NativeText);
+    };
+    if (m_editor != nullptr) {
+        return {
+            {qtr("Tab"), qtr("Walk the windows")},
+            {qtr("Arrows"), qtr("Move by 1 point, with Shift by 10")},
+            {native(Qt::CTRL | Qt::Key_Right) + "…", qtr("Resize")},
+            {qtr("Page Up, Page Down"), qtr("Bring forward, send backward")},
+            {native(Qt::CTRL | Qt::Key_D), qtr("Duplicate")},
+            {native(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), qtr("Redo the change")},
+            {native(Qt::CTRL | Qt::Key_S), qtr("Save")},
+        };
+    }
     return {
         {qtr("Return"), qtr("Apply the scene")},
         {qtr("F2"), qtr("Rename the scene")},
         {qtr("Delete"), qtr("Delete the scene")},
-        {altUp + ", " + altDown, qtr("Move the scene up or down")},
+        {native(Qt::ALT | Qt::Key_Up) + ", " + native(Qt::ALT | Qt::Key_Down),
+         qtr("Move the scene up or down")},
     };
 }
 
@@ -277,6 +332,7 @@ void ScenesPage::showMenu(QPoint place) {
     add(qtr("&Apply"), detail.apply, [this, detail] { m_actions.scenes.apply(detail.id); });
     add(qtr("Update to the desk as &it is"), detail.update,
         [this, detail] { m_actions.scenes.update(detail.id); });
+    add(qtr("&Edit"), {}, [this, detail] { edit(detail.id); });
     add(qtr("&Rename"), {}, [this] { m_detail->startRenaming(); });
     add(qtr("D&uplicate"), {}, [this, detail] { m_actions.scenes.duplicate(detail.id); });
     menu.addSeparator();
@@ -313,6 +369,9 @@ void ScenesPage::paintEvent(QPaintEvent* /*event*/) {
     const auto colors = DeskColors::of(palette());
     QPainter painter(this);
     painter.fillRect(rect(), colors.base);
+    if (m_editor != nullptr) {
+        return;
+    }
     const QRect line(Metrics::points(*this, railWidth), 0, 1, height());
     painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), line), colors.hairline);
 }

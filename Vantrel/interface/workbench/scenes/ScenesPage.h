@@ -26,11 +26,16 @@ public:
     void focusSearch() override;
     void focusFirst() override;
     [[nodiscard]] bool wantsLiveWindows() const override { return true; }
+    [[nodiscard]] bool wantsWholeWindow() const override { return m_editor != nullptr; }
     [[nodiscard]] std::vector<std::pair<QString, QString>> keys() const override;
 
     [[nodiscard]] const ScenesContent& content() const { return m_content; }
     [[nodiscard]] ListRowsView& rail() { return *m_rail; }
     [[nodiscard]] SceneDetailView& detail() { return *m_detail; }
+    // Null while no scene is edited.
+    [[nodiscard]] SceneEditor* editor() const { return m_editor; }
+    // Opens the editor in place of everything else.
+    void edit(const std::string& id);
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -40,6 +45,7 @@ private:
     [[nodiscard]] QWidget* railSide();
     [[nodiscard]] QWidget* emptyHint(ApplicationLooks& looks);
     void refresh();
+    void leaveEditor();
     // The scene to show when the chosen one has gone: the one that took its place in the rail.
     [[nodiscard]] std::string neighbourOfChosen(const ScenesContent& content) const;
     // Moves a scene in front of another one, or to the end of its desk's.
@@ -54,6 +60,10 @@ private:
     ScenesContent m_content;
     // Empty before the first state.
     std::string m_chosen;
+    QWidget* m_side = nullptr;
+    SceneEditor* m_editor = nullptr;
+    // The scene in the editor.
+    std::string m_edited;
     QLineEdit* m_search = nullptr;
     ListRowsView* m_rail = nullptr;
     QLineEdit* m_name = nullptr;
