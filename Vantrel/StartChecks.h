@@ -7,8 +7,9 @@
 
 #include <cstdint>
 #include <expected>
-#include <filesystem>
 #include <string>
+#include <system_error>
+#include <vector>
 
 namespace vantrel::StartChecks {
 
@@ -32,7 +33,17 @@ void explainWayland();
 [[nodiscard]] bool isServiceRegistered(const QDBusConnection& bus);
 ExitCode raiseFirstInstance();
 
-// Creates the folder if it is missing. Fails if another instance on another bus uses it.
-[[nodiscard]] std::expected<InstanceLock, ExitCode> lockFolder(const std::filesystem::path& folder);
+// The folders of this user that the program writes, locked for as long as this exists.
+struct OwnFolders {
+    std::vector<InstanceLock> locks{};
+    // Lines for the log on what was moved from where older versions kept it.
+    std::vector<std::string> moves{};
+
+    // Why a folder is not locked.
+    [[nodiscard]] std::error_code problem() const;
+};
+
+// Creates the folders if they are missing. Fails if another instance on another bus uses one of them.
+[[nodiscard]] std::expected<OwnFolders, ExitCode> takeFolders();
 
 } // namespace vantrel::StartChecks

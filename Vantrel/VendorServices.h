@@ -31,7 +31,6 @@ inline void offerVendor(Surfaces::Services& services, const Vendor& vendor, Upda
         services.panel.sendCrashReports = [&crashes](std::function<void()> done) {
             crashes.sendPendingReports(std::move(done));
         };
-        services.settings.crashReports = services.panel.crashReports;
         services.settings.sendCrashReports = services.panel.sendCrashReports;
         services.settings.checkForUpdates = services.checkForUpdates;
         services.settings.purchase = services.panel.purchase;

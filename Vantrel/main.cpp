@@ -1,10 +1,13 @@
 // vantrel: the program itself, and the only place that chooses adapters and wires objects together.
+#include "Vantrel/LaunchAtLogin.h"
 #include "Vantrel/StartChecks.h"
 #include "Vantrel/StartSentences.h"
 #include "Vantrel/Vendor.h"
 #include "Vantrel/VendorServices.h"
 #include "Vantrel/commands/ControlNames.h"
 #include "Vantrel/commands/ControlService.h"
+#include "Vantrel/commands/verbs/TranslatedHelp.h"
+#include "Vantrel/commands/verbs/UsageMistake.h"
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/controller/AppLog.h"
 #include "Vantrel/controller/DefaultsWithNotes.h"
@@ -18,11 +21,9 @@
 #include "Vantrel/platform/ical/IcalCalendarReader.h"
 #include "Vantrel/platform/icons/InstalledApplications.h"
 #include "Vantrel/platform/icons/ThemeIcons.h"
-#include "Vantrel/platform/linux/GettextTranslation.h"
 #include "Vantrel/platform/linux/HardwareModel.h"
 #include "Vantrel/platform/linux/ProgramBuild.h"
 #include "Vantrel/platform/pictures/DesktopPicturesChoice.h"
-#include "Vantrel/platform/posix/AutostartFile.h"
 #include "Vantrel/platform/posix/CrashReporter.h"
 #include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/MachineIDFile.h"
@@ -54,6 +55,7 @@
 #include "Vantrel/platform/x11/X11Workspace.h"
 #include "Vantrel/platform/x11/XEmbedTray.h"
 #include "VantrelCore/ports/PatientFileSystem.h"
+#include "VantrelCore/ports/SessionLanguage.h"
 #include "VantrelCore/text/Translation.h"
 #include "VantrelCore/windows/AXPermission.h"
 
@@ -84,10 +86,11 @@ constexpr double patienceWithTrays = 10;
 
 constexpr const char* ownBundleID = "org.vantrel.Vantrel";
 
-constexpr const char* footer =
+constexpr const char* footer = marked(
     "Runs until stopped (Ctrl+C, SIGTERM, or the end of the X session). Control it with vantrelctl.\n"
-    "Settings: $XDG_CONFIG_HOME/vantrel/settings.conf   Layouts and log: $XDG_DATA_HOME/Vantrel\n"
-    "Exit codes: 0 stopped on request, 1 failed, 2 usage error, 3 another vantrel is already running.";
+    "Settings: $XDG_CONFIG_HOME/vantrel/settings.conf   Layouts: $XDG_DATA_HOME/vantrel   Log: "
+    "$XDG_STATE_HOME/vantrel\n"
+    "Exit codes: 0 stopped on request, 1 failed, 2 usage error, 3 another vantrel is already running.");
 
 SystemDescription systemDescription() {
     return {.version = VANTREL_VERSION,
@@ -96,7 +99,7 @@ SystemDescription systemDescription() {
             .hardware = hardwareModel()};
 }
 
-constexpr const char* serverIsGone = "The connection to the X server was lost.";
+constexpr const char* serverIsGone = marked("The connection to the X server was lost.");
 
 struct Running {
     AppLog& log;
@@ -113,11 +116,17 @@ std::optional<Running>& running() {
 // every object is still in use.
 void endWithTheServer() {
     if (running()) {
-        complain(serverIsGone);
+        complain(tr(serverIsGone));
         running()->controller.finishWriting();
         running()->log.write("end: the connection to the X server was lost");
         std::_Exit(static_cast<int>(ExitCode::failed));
     }
+}
+
+// The texts that are installed beside the program.
+std::filesystem::path installedTexts() {
+    const std::filesystem::path program = QCoreApplication::applicationFilePath().toStdString();
+    return program.parent_path().parent_path() / "share" / "vantrel";
 }
 
 // A page or a file; false if no program opens it.
@@ -134,9 +143,9 @@ bool openFile(const std::filesystem::path& file) {
 // All objects of the program, in order of construction: each outlives those that use it.
 class Program {
 public:
-    Program(InstanceLock lock, std::shared_ptr<X11Connection> connection, QDBusConnection bus,
+    Program(StartChecks::OwnFolders folders, std::shared_ptr<X11Connection> connection, QDBusConnection bus,
             SystemDescription system)
-        : m_lock(std::move(lock)), m_system(std::move(system)), m_connection(std::move(connection)),
+        : m_folders(std::move(folders)), m_system(std::move(system)), m_connection(std::move(connection)),
           m_bus(std::move(bus)) {}
 
     // Runs until it is told to quit.
@@ -146,7 +155,7 @@ public:
         }
         startEngine();
         showSurfaces();
-        fmt::print("vantrel is watching this desk. Log: {}\n", m_log.file().string());
+        fmt::print("{}\n", trf("vantrel is watching this desk. Log: {}", m_log.file().string()));
         std::fflush(stdout);
         QApplication::exec();
         running().reset();
@@ -168,9 +177,10 @@ private:
         auto controller = AppController::create(
             ports, {m_files, &m_incidents}, m_log,
             {.supportDirectory = m_supportDirectory,
+             .stateDirectory = m_stateDirectory,
              .ownBundleID = ownBundleID,
              .version = VANTREL_VERSION,
-             .setLaunchAtLogin = [this](bool launches) { return m_autostart.setLaunchAtLogin(launches); },
+             .setLaunchAtLogin = [this](bool launches) { return m_launchAtLogin.set(launches, m_bus); },
              .settingsWithoutEffect = {"showDockIcon", "missionControlFixApplied", "showWindowPreviews"}});
         if (!controller) {
             return complain(folderIsUnusable(m_supportDirectory, controller.error()));
@@ -183,8 +193,8 @@ private:
             if (StartChecks::isServiceRegistered(m_bus)) {
                 return StartChecks::raiseFirstInstance();
             }
-            return complain("The session bus refused the name " + std::string(ControlNames::service) + ": " +
-                            m_bus.lastError().message().toStdString());
+            return complain(trf("The session bus refused the name {}: {}", ControlNames::service,
+                                m_bus.lastError().message().toStdString()));
         }
         return std::nullopt;
     }
@@ -196,12 +206,15 @@ private:
             m_queue.post([this] { endWithoutServer(); });
         }
         if (!AXPermission::isGranted(m_desk)) {
-            say("No window manager that can move windows is running yet; waiting for one.");
+            say(tr("No window manager that can move windows is running yet; waiting for one."));
         }
         CrashReporter::installExceptionHandler();
         m_updates.setChangeHandler([this] { m_controller->setLatestAvailable(m_updates.latestAvailable()); });
         m_log.write("start: vantrel " VANTREL_VERSION);
-        if (const auto& problem = m_lock.problem()) {
+        for (const std::string& line : m_folders.moves) {
+            m_log.write(line);
+        }
+        if (const auto problem = m_folders.problem()) {
             m_log.write("start: the data folder cannot be locked; a second vantrel on another session bus "
                         "would overwrite the files of this one: " +
                         problem.message());
@@ -222,7 +235,7 @@ private:
     }
 
     void showSurfaces() {
-        m_secondStart.emplace(m_supportDirectory, [this] { tellOfSecondStart(); });
+        m_secondStart.emplace({m_supportDirectory, m_stateDirectory}, [this] { tellOfSecondStart(); });
         watchNotifierHost();
         tellOfProblems();
         m_xembedTray.emplace(m_connection, m_queue, [this] { showIn(StatusIcon::Tray::xembed); });
@@ -252,7 +265,7 @@ private:
             panel.sessionNotes.push_back(
                 {tr("This is a Wayland session"), tr("Only programs that use X11 can be seen and moved.")});
         }
-        if (m_lock.problem()) {
+        if (m_folders.problem()) {
             panel.sessionNotes.push_back(
                 {tr("The data folder cannot be locked"),
                  tr("A second Vantrel on another session bus would overwrite what this one remembers."),
@@ -261,6 +274,10 @@ private:
         panel.wantsMotion = DesktopMotion::isWanted;
         panel.openFile = openFile;
         services.settings.supportDirectory = m_supportDirectory;
+        services.settings.logFile = m_log.file();
+        services.settings.textsDirectory = installedTexts();
+        services.settings.files = &m_files;
+        services.settings.operatingSystem = m_system.operatingSystem;
         services.settings.open = openFile;
         return services;
     }
@@ -273,7 +290,7 @@ private:
     }
 
     [[nodiscard]] static std::string objectIsRefused() {
-        return fmt::format("The session bus refused the object {}.", ControlNames::path);
+        return trf("The session bus refused the object {}.", ControlNames::path);
     }
 
     void watchNotifierHost() {
@@ -300,7 +317,7 @@ private:
     void joinBus(const QDBusConnection& bus) {
         m_bus = bus;
         if (!serve()) {
-            log("session bus: " + objectIsRefused());
+            log("session bus: " + inEnglish([] { return objectIsRefused(); }));
         }
         m_systemEvents.setSessionBus(m_bus);
         watchNotifierHost();
@@ -308,7 +325,7 @@ private:
     }
 
     void endWithoutServer() {
-        m_result = complain(serverIsGone);
+        m_result = complain(tr(serverIsGone));
         m_log.write("end: the connection to the X server was lost");
         QCoreApplication::quit();
     }
@@ -321,8 +338,9 @@ private:
     }
 
     std::filesystem::path m_supportDirectory = UserFolders::supportDirectory();
-    // Held until everything that writes files has been destroyed.
-    InstanceLock m_lock;
+    std::filesystem::path m_stateDirectory = UserFolders::stateDirectory();
+    // Locked until everything that writes files has been destroyed.
+    StartChecks::OwnFolders m_folders;
     SystemDescription m_system;
     std::shared_ptr<X11Connection> m_connection;
     QDBusConnection m_bus;
@@ -331,11 +349,11 @@ private:
     SystemClock m_clock;
     PatientFileSystem m_files{m_disk, m_clock};
     QtMainQueue m_queue{[this](const std::string& message) { log(message); }};
-    AppLog m_log{m_supportDirectory, m_files, m_clock};
+    AppLog m_log{m_stateDirectory, m_files, m_clock};
     FileIncidents m_incidents{[this](const std::string& message) { log(message); }};
     QtUserDefaults m_settingsFile{UserFolders::settingsFile(), m_files, m_incidents,
                                   [this](const std::string& message) { log(message); }};
-    DefaultsWithNotes m_defaults{m_settingsFile, m_supportDirectory, {m_files, &m_incidents}, m_queue};
+    DefaultsWithNotes m_defaults{m_settingsFile, m_stateDirectory, {m_files, &m_incidents}, m_queue};
     QtHttpClient m_http{"vantrel/" VANTREL_VERSION};
     MachineIDFile m_machine{m_files};
     Vendor m_vendor = vendor();
@@ -368,8 +386,7 @@ private:
     X11HotKeys m_hotKeys{m_connection, m_queue};
     // Destroyed before the adapters that its work uses.
     ThreadBackground m_background{[this](const std::string& message) { logSoon(message); }};
-    AutostartFile m_autostart{m_files, UserFolders::autostartFile(),
-                              QCoreApplication::applicationFilePath().toStdString()};
+    LaunchAtLogin m_launchAtLogin{m_files, QCoreApplication::applicationFilePath().toStdString()};
     CrashUploader m_crashUploader{m_files,
                                   m_defaults,
                                   m_http,
@@ -406,19 +423,23 @@ private:
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    CLI::App app("Remembers window positions for every set of displays and restores them.", "vantrel");
-    app.footer(footer);
-    app.set_version_flag("--version", "vantrel " VANTREL_VERSION);
-    app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
-        return fmt::format("vantrel: {}. See: vantrel --help\n", error.what());
-    });
+    useSessionLanguage();
+    CLI::App app(marked("Remembers window positions for every set of displays and restores them."),
+                 "vantrel");
+    app.formatter(std::make_shared<TranslatedHelp>());
+    app.footer(tr(footer));
+    app.set_help_flag("-h,--help", marked("Show this help"));
+    app.set_version_flag("-V,--version", "vantrel " VANTREL_VERSION, marked("Show the version"));
     // Used by this program itself; without a group, so that help does not list it.
     std::string startOnly;
     app.add_option(UnrestrictedStart::applicationOption, startOnly)->group("");
     try {
         app.parse(argumentCount, arguments);
+    } catch (const CLI::Success& question) {
+        return app.exit(question);
     } catch (const CLI::ParseError& error) {
-        return static_cast<int>(app.exit(error) == 0 ? ExitCode::done : ExitCode::usage);
+        return static_cast<int>(
+            complain(trf("{} See: vantrel --help", UsageMistake::sentence(app, error)), ExitCode::usage));
     }
     if (!startOnly.empty()) {
         return static_cast<int>(DesktopLauncher::startHere(startOnly) ? ExitCode::done : ExitCode::failed);
@@ -438,15 +459,13 @@ int main(int argumentCount, char** arguments) {
             running()->log.write(line);
         }
     });
-    // Until the process ends: texts are kept by address.
-    static const GettextTranslation translation(
-        GettextTranslation::folder(QCoreApplication::applicationFilePath().toStdString()));
-    setTranslation(&translation);
     QTranslator standardTexts;
     if (standardTexts.load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(&standardTexts);
     }
     application.setQuitOnLastWindowClosed(false);
+    // Qt 6.4 gives it to the tray as the item's title and identifier.
+    application.setApplicationName("Vantrel");
     application.setApplicationDisplayName("Vantrel");
     application.setDesktopFileName(ownBundleID);
     const OwnWindows ownWindows(ownBundleID);
@@ -456,9 +475,9 @@ int main(int argumentCount, char** arguments) {
     if (!bus) {
         return static_cast<int>(bus.error());
     }
-    auto lock = StartChecks::lockFolder(UserFolders::supportDirectory());
-    if (!lock) {
-        return static_cast<int>(lock.error());
+    auto folders = StartChecks::takeFolders();
+    if (!folders) {
+        return static_cast<int>(folders.error());
     }
-    return static_cast<int>(Program(std::move(*lock), *connection, *bus, system).run());
+    return static_cast<int>(Program(std::move(*folders), *connection, *bus, system).run());
 }

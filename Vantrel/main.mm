@@ -168,6 +168,9 @@ private:
         panel.openPermissionSettings = ProgramPresence::openAccessibilitySettings;
         panel.wantsMotion = ProgramPresence::wantsMotion;
         services.settings.supportDirectory = m_supportDirectory;
+        services.settings.logFile = m_log.file();
+        services.settings.files = &m_files;
+        services.settings.operatingSystem = m_system.operatingSystem;
         // The Dock has an icon while it is open.
         services.workbenchOpenChanged = [this](bool isOpen) {
             ProgramPresence::setShown(isOpen || Settings(m_defaults).showDockIcon().value_or(false));

@@ -105,9 +105,10 @@ int main(int argumentCount, char** arguments) {
     leave(verbs.run({.version = VANTREL_VERSION,
                      .drawing = drawingOptions,
                      .localDate = localDate,
-                     .logFile = UserFolders::supportDirectory() / "app.log",
+                     .logFile = UserFolders::stateDirectory() / "app.log",
                      .files = files,
                      .supportDirectory = UserFolders::supportDirectory(),
+                     .stateDirectory = UserFolders::stateDirectory(),
                      .settingsFile = UserFolders::settingsFile(),
                      .lockSupportDirectory = lockSupportDirectory}));
 }

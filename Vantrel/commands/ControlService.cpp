@@ -3,6 +3,7 @@
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
 #include "Vantrel/commands/ControlNames.h"
+#include "Vantrel/commands/DesktopApplication.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -86,10 +87,14 @@ QString ControlService::introspect(const QString& path) const {
         }
         text += (&interface == &m_interfaces.front() ? signalsXml() : "") + "  </interface>\n";
     }
-    return QString::fromStdString(text);
+    return QString::fromStdString(text + DesktopApplication::xml());
 }
 
 bool ControlService::handleMessage(const QDBusMessage& message, const QDBusConnection& /*connection*/) {
+    if (message.interface() == DesktopApplication::interface) {
+        activate(message);
+        return true;
+    }
     const ControlMethod* const method = find(message);
     if (method == nullptr) {
         return false;
@@ -114,6 +119,18 @@ const ControlMethod* ControlService::find(const QDBusMessage& message) const {
         }
     }
     return nullptr;
+}
+
+void ControlService::activate(const QDBusMessage& message) {
+    const auto& methods = m_interfaces.front().methods;
+    const auto method =
+        std::ranges::find(methods, DesktopApplication::methodFor(message), &ControlMethod::name);
+    if (method == methods.end()) {
+        m_bus.send(message.createErrorReply(QDBusError::InvalidArgs, "There is no such action."));
+        return;
+    }
+    ControlCall::run(*method, {}, [](const ControlAnswer& /*answer*/) {}, m_log);
+    m_bus.send(message.createReply());
 }
 
 ControlReply ControlService::replyTo(const QDBusMessage& request) {

@@ -38,6 +38,9 @@ public:
 private:
     // Null when there is no such method.
     [[nodiscard]] const ControlMethod* find(const QDBusMessage& message) const;
+    // Does what a launcher asks for and replies at once: launchers do not wait for a restore, and its outcome
+    // is shown.
+    void activate(const QDBusMessage& message);
     [[nodiscard]] ControlReply replyTo(const QDBusMessage& request);
     void sendSignal(const char* name, const nlohmann::json& content);
 

@@ -59,13 +59,11 @@ Diagnosis::Line describeCopy(const Doctor::Patient& patient, const StoreInspecti
 }
 
 void examineStores(const Doctor::Patient& patient, Lines& lines) {
-    const auto findings = StoreInspection::inspect(patient.files, patient.supportDirectory);
-    if (!findings) {
-        return;
-    }
+    const auto findings =
+        StoreInspection::inspect(patient.files, {patient.supportDirectory, patient.stateDirectory});
     std::set<std::filesystem::path> present;
     std::size_t sound = 0;
-    for (const auto& finding : *findings) {
+    for (const auto& finding : findings) {
         if (!finding.isCopy()) {
             present.insert(finding.file);
             sound += finding.problem.empty() ? 1 : 0;
@@ -78,7 +76,7 @@ void examineStores(const Doctor::Patient& patient, Lines& lines) {
     }
     lines.push_back(
         {filesArea, sound == present.size(), trf("{} of {} stores are sound", sound, present.size())});
-    for (const auto& finding : *findings) {
+    for (const auto& finding : findings) {
         if (finding.isCopy()) {
             // A copy is a problem only if the original file is missing.
             lines.push_back(describeCopy(patient, finding, present.contains(finding.original)));
@@ -138,6 +136,9 @@ namespace Doctor {
 Diagnosis examine(const Patient& patient) {
     Diagnosis diagnosis;
     examineFolder(patient, patient.supportDirectory, diagnosis.lines);
+    if (patient.stateDirectory != patient.supportDirectory) {
+        examineFolder(patient, patient.stateDirectory, diagnosis.lines);
+    }
     examineFolder(patient, patient.settingsFile.parent_path(), diagnosis.lines);
     examineStores(patient, diagnosis.lines);
     for (const auto& file : {patient.settingsFile, patient.supportDirectory / "license.json"}) {

@@ -39,6 +39,7 @@ namespace Doctor {
 struct Patient {
     FileSystem& files;
     std::filesystem::path supportDirectory;
+    std::filesystem::path stateDirectory;
     std::filesystem::path settingsFile;
     // The running program's status, or the reason why it is unavailable.
     std::expected<StatusMessage, std::string> status;

@@ -35,7 +35,11 @@ AppController::create(const ControllerPorts& ports, const StoreFiles& files, App
     auto writer = std::make_unique<BackgroundWriter>(ports.background, ports.mainQueue,
                                                      [&log](const std::string& line) { log.write(line); });
     const StoreFiles storeFiles(files.files(), files.incidents(), writer.get());
-    auto stores = ControllerStores::open(options.supportDirectory, storeFiles, ports.clock);
+    if (options.stateDirectory.empty()) {
+        options.stateDirectory = options.supportDirectory;
+    }
+    auto stores =
+        ControllerStores::open(options.supportDirectory, options.stateDirectory, storeFiles, ports.clock);
     if (!stores) {
         return std::unexpected(stores.error());
     }
@@ -49,17 +53,17 @@ AppController::AppController(const ControllerPorts& ports, std::unique_ptr<Backg
     : m_writer(std::move(writer)), m_stores(std::move(stores)),
       m_context(ports, log, m_stores.layouts, m_stores.scenes),
       m_sessionNotes(m_context, m_stores.sessionNotes),
-      m_files(m_context, m_stores, files, options.supportDirectory), m_history(m_context, m_stores),
-      m_learning(m_context), m_liveDesk(m_context), m_runner(m_context, m_history),
-      m_pinned(m_context, m_runner), m_undo(m_context, m_runner), m_layouts(m_context, m_learning, m_runner),
-      m_desks(m_context, m_stores), m_stashes(m_context, m_runner, m_stores.stashes),
-      m_sameDesk(m_context, m_stores), m_displaySwap(m_context, m_runner), m_previews(m_context),
-      m_automaticRestore(m_context, m_runner), m_displayChange(m_context, m_learning, m_automaticRestore),
-      m_sleepWake(m_context, m_runner), m_strayReturn(m_context), m_launchPlacement(m_context),
-      m_scenes(m_context), m_settlement(m_context, m_scenes, m_history),
-      m_sceneApply(m_context, m_runner, m_scenes, m_settlement), m_triggers(m_context, m_stores.triggers),
-      m_suggestions(m_context), m_rules(m_context, m_stores), m_nudge(m_context), m_wallpaper(m_context),
-      m_hotKeys(m_context, m_scenes, hotKeyActions()) {
+      m_files(m_context, m_stores, files, {options.supportDirectory, options.stateDirectory}),
+      m_history(m_context, m_stores), m_learning(m_context), m_liveDesk(m_context),
+      m_runner(m_context, m_history), m_pinned(m_context, m_runner), m_undo(m_context, m_runner),
+      m_layouts(m_context, m_learning, m_runner), m_desks(m_context, m_stores),
+      m_stashes(m_context, m_runner, m_stores.stashes), m_sameDesk(m_context, m_stores),
+      m_displaySwap(m_context, m_runner), m_previews(m_context), m_automaticRestore(m_context, m_runner),
+      m_displayChange(m_context, m_learning, m_automaticRestore), m_sleepWake(m_context, m_runner),
+      m_strayReturn(m_context), m_launchPlacement(m_context), m_scenes(m_context),
+      m_settlement(m_context, m_scenes, m_history), m_sceneApply(m_context, m_runner, m_scenes, m_settlement),
+      m_triggers(m_context, m_stores.triggers), m_suggestions(m_context), m_rules(m_context, m_stores),
+      m_nudge(m_context), m_wallpaper(m_context), m_hotKeys(m_context, m_scenes, hotKeyActions()) {
     m_files.onPutBack = [this] { showStored(); };
     m_context.deletions.onChanged = [this] {
         m_context.publisher.publish<DeletionsTopic>(

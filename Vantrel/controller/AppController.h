@@ -52,8 +52,10 @@ enum class RestoreSource : std::uint8_t { menu, hotKey, shortcut, command };
 class AppController {
 public:
     struct Options {
-        // The directory for all store files.
+        // The directory for the files of all stores.
         std::filesystem::path supportDirectory;
+        // The directory for notes on the running session; empty for the same one.
+        std::filesystem::path stateDirectory{};
         // This program's own identifier; its windows are left alone.
         std::optional<std::string> ownBundleID;
         std::string version;
@@ -89,6 +91,7 @@ public:
     [[nodiscard]] bool hasEffect(const SettingKey& key) const {
         return !m_settingsWithoutEffect.contains(key.name);
     }
+    [[nodiscard]] const std::filesystem::path& logFile() const { return m_context.logFile(); }
     // The stored settings. Writes through this are noticed like any outside change.
     [[nodiscard]] UserDefaults& defaults() { return m_context.ports.defaults; }
 

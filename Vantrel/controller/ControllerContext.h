@@ -61,6 +61,8 @@ public:
     std::function<void()> onDeskArranged = [] {};
 
     void log(std::string_view message) { m_log.write(message); }
+
+    [[nodiscard]] const std::filesystem::path& logFile() const { return m_log.file(); }
     void announce(const HUDEvent& event) const;
     // Announces why nothing came of a request of the user's, and calls `done`, if set. Returns false.
     bool refuse(RestoreOutcome::Kind kind, const RestoreOutcome::Done& done);

@@ -5,7 +5,8 @@
 namespace vantrel {
 
 std::expected<ControllerStores, std::error_code>
-ControllerStores::open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock) {
+ControllerStores::open(const std::filesystem::path& directory, const std::filesystem::path& stateDirectory,
+                       const StoreFiles& files, Clock& clock) {
     std::error_code failure;
     // The first failure is returned.
     const auto opened = [&](auto store) {
@@ -23,7 +24,7 @@ ControllerStores::open(const std::filesystem::path& directory, const StoreFiles&
     auto reliability = opened(AppReliabilityStore::open(directory, files));
     auto sizeBehavior = opened(AppSizeBehaviorStore::open(directory, files));
     auto stashes = opened(StashStore::open(directory, files, clock));
-    auto sessionNotes = opened(openSessionNotes(directory, files));
+    auto sessionNotes = opened(openSessionNotes(stateDirectory, files));
     if (failure) {
         return std::unexpected(failure);
     }

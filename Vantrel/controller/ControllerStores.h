@@ -30,9 +30,11 @@ struct ControllerStores {
     StashStore stashes;
     SessionNotesStore sessionNotes;
 
-    // Creates the directory if it is missing. Reads nothing yet.
+    // Creates the directories if they are missing. Reads nothing yet. `stateDirectory` is for notes on the
+    // session.
     [[nodiscard]] static std::expected<ControllerStores, std::error_code>
-    open(const std::filesystem::path& directory, const StoreFiles& files, Clock& clock);
+    open(const std::filesystem::path& directory, const std::filesystem::path& stateDirectory,
+         const StoreFiles& files, Clock& clock);
 
     // Reads the files that are not in the cache. The first call reads them at once, later ones in the
     // background.

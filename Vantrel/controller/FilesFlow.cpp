@@ -18,9 +18,9 @@ bool holds(const std::vector<FileIncident>& incidents, Kind kind) {
 } // namespace
 
 FilesFlow::FilesFlow(ControllerContext& context, ControllerStores& stores, const StoreFiles& files,
-                     std::filesystem::path directory)
+                     std::vector<std::filesystem::path> directories)
     : m_context(context), m_stores(stores), m_files(files), m_incidents(files.incidents()),
-      m_directory(std::move(directory)) {
+      m_directories(std::move(directories)) {
     if (m_incidents == nullptr) {
         return;
     }
@@ -57,7 +57,7 @@ std::expected<std::filesystem::path, std::string> FilesFlow::putBack(const std::
     if (m_files.writer() != nullptr) {
         m_files.writer()->finishAll();
     }
-    auto file = StoreRepair::putBack(m_files.files(), m_directory, copyName);
+    auto file = StoreRepair::putBack(m_files.files(), m_directories, copyName);
     m_context.log("files: " + (file ? copyName + " was put back on request" : file.error()));
     if (file && m_incidents != nullptr) {
         m_incidents->noteReplaced(*file);

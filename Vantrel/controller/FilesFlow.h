@@ -9,15 +9,16 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vantrel {
 
 class FilesFlow {
 public:
-    // The stores keep their files in `directory`. All arguments outlive this flow. Without incidents nothing
-    // is published.
+    // The stores keep their files in `directories`. All arguments outlive this flow. Without incidents
+    // nothing is published.
     FilesFlow(ControllerContext& context, ControllerStores& stores, const StoreFiles& files,
-              std::filesystem::path directory);
+              std::vector<std::filesystem::path> directories);
     ~FilesFlow();
     FilesFlow(const FilesFlow&) = delete;
     FilesFlow& operator=(const FilesFlow&) = delete;
@@ -38,7 +39,7 @@ private:
     ControllerStores& m_stores;
     StoreFiles m_files;
     FileIncidents* m_incidents;
-    std::filesystem::path m_directory;
+    std::vector<std::filesystem::path> m_directories;
     // Expires with the flow.
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

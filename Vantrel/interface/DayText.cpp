@@ -33,8 +33,8 @@ std::string date(Date date, Date now, const TimeZone& zone) {
 std::string day(Date date, Date now, const TimeZone& zone) {
     const auto day = localDay(date, zone);
     const auto age = (localDay(now, zone) - day).count();
-    if (age == 0 || age == 1) {
-        return age == 0 ? tr("Today") : tr("Yesterday");
+    if (age >= -1 && age <= 1) {
+        return age == 0 ? tr("Today") : age == 1 ? tr("Yesterday") : tr("Tomorrow");
     }
     constexpr int week = 7;
     return age > 1 && age < week ? tr(weekdays.at(std::chrono::weekday(day).c_encoding()))

@@ -1,4 +1,4 @@
-// Days as the user calls them: "Today", "Yesterday", "Friday", "3 November".
+// Days as the user calls them: "Today", "Tomorrow", "Friday", "3 November".
 #pragma once
 
 #include "VantrelCore/model/TimeZone.h"
@@ -7,7 +7,7 @@
 
 namespace vantrel::DayText {
 
-// "Today", "Yesterday", the day of the week within the last week, else date().
+// "Today", "Tomorrow", "Yesterday", the day of the week within the last week, else date().
 [[nodiscard]] std::string day(Date date, Date now, const TimeZone& zone);
 
 // "3 November", with the year unless it is this one.

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QGuiApplication>
+#include <QIconEngine>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
@@ -9,6 +10,7 @@
 #include <QPixmap>
 
 #include <array>
+#include <utility>
 
 namespace vantrel::PhaseIcon {
 
@@ -45,6 +47,44 @@ struct Sign {
     QColor operator()(const Phase::Off& /*off*/) const { return {}; }
 
     QColor operator()(const Phase::NeedsPermission& /*needs*/) const { return {240, 150, 30}; }
+};
+
+// As the files are named in the icon theme.
+struct ThemeName {
+    const char* operator()(const Phase::Empty& /*empty*/) const { return "empty"; }
+
+    const char* operator()(const Phase::Saved& /*saved*/) const { return "saved"; }
+
+    const char* operator()(const Phase::Restoring& /*restoring*/) const { return "restoring"; }
+
+    const char* operator()(const Phase::Restored& /*restored*/) const { return "restored"; }
+
+    const char* operator()(const Phase::Off& /*off*/) const { return "off"; }
+
+    const char* operator()(const Phase::NeedsPermission& /*needs*/) const { return "attention"; }
+};
+
+// Draws as another icon does, under a name of its own.
+class NamedEngine final : public QIconEngine {
+public:
+    NamedEngine(QString name, QIcon drawn) : m_name(std::move(name)), m_drawn(std::move(drawn)) {}
+
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
+        m_drawn.paint(painter, area, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return m_drawn.pixmap(size, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
+        return m_drawn.availableSizes(mode, state);
+    }
+    QString iconName() override { return m_name; }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new NamedEngine(m_name, m_drawn); }
+
+private:
+    QString m_name;
+    QIcon m_drawn;
 };
 
 QPainterPath rounded(const QRectF& area) {
@@ -185,6 +225,13 @@ QIcon icon(const Phase& phase, Tone tone) {
         result.addPixmap(pixmap);
     }
     return result;
+}
+
+QIcon namedIcon(const Phase& phase, Tone tone) {
+    const auto name = QString("org.vantrel.Vantrel-%1-%2")
+                          .arg(std::visit(ThemeName{}, phase.value), tone == Tone::dark ? "dark" : "light");
+    const QIcon drawn = icon(phase, tone);
+    return QIcon::hasThemeIcon(name) ? QIcon(new NamedEngine(name, drawn)) : drawn;
 }
 
 std::vector<std::string> masks(const Phase& phase) {

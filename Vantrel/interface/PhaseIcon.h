@@ -20,6 +20,10 @@ enum class Tone : std::uint8_t { dark, light };
 
 [[nodiscard]] QIcon icon(const Phase& phase, Tone tone);
 
+// The same with the name that it has in the icon theme, if it is installed there. Hosts of
+// StatusNotifierItems prefer a name: they find a drawing for every scale under it.
+[[nodiscard]] QIcon namedIcon(const Phase& phase, Tone tone);
+
 // The same for a menu bar that colours its icons: PNG data for one, two and three pixels per point, where
 // only the opacity counts. So the badge's shape says what its colour says elsewhere.
 [[nodiscard]] std::vector<std::string> masks(const Phase& phase);

@@ -96,7 +96,9 @@ void StatusIcon::refresh() {
         m_item->setDescription(description);
         return;
     }
-    m_icon->setIcon(PhaseIcon::icon(state.phase, PhaseIcon::toneOfDesktop()));
+    const auto tone = PhaseIcon::toneOfDesktop();
+    m_icon->setIcon(m_tray == Tray::statusNotifier ? PhaseIcon::namedIcon(state.phase, tone)
+                                                   : PhaseIcon::icon(state.phase, tone));
     m_icon->setToolTip(QString::fromStdString(description));
 }
 

@@ -62,6 +62,7 @@ Workbench::Services Surfaces::workbenchServices(const Services& services) {
                               .openChanged = services.workbenchOpenChanged};
     found.settings.keyCode = services.panel.keyCode;
     found.settings.showIntroduction = [this] { m_panel.openIntroduction(); };
+    found.settings.missionControlFix = [this] { return m_fixMissionControl; };
     return found;
 }
 
@@ -79,6 +80,7 @@ void Surfaces::showHistory() {
 void Surfaces::offerMissionControlFix(const std::function<void()>& fix, StatusIcon::FixTime time) {
     m_statusIcon.offerMissionControlFix(fix, time);
     m_panel.offerMissionControlFix(fix);
+    m_fixMissionControl = fix;
 }
 
 } // namespace vantrel

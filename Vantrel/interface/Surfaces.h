@@ -66,6 +66,7 @@ private:
     // The panel has its own line for the last restore.
     void showHistory();
 
+    std::function<void()> m_fixMissionControl;
     AppController& m_controller;
     HUDOverlay m_overlay;
     StatusIcon m_statusIcon;

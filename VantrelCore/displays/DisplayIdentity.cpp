@@ -1,6 +1,7 @@
 #include "VantrelCore/displays/DisplayIdentity.h"
 
 #include "VantrelCore/displays/DisplayNaming.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 
@@ -26,7 +27,7 @@ std::optional<std::string> diagnosis(const DisplayInfo& display, const std::stri
     if (display.isBuiltin || !display.edidUUID || !serialFieldMissing(*display.edidUUID)) {
         return std::nullopt;
     }
-    return label + " reports no unique serial in its display identity.";
+    return trf("{} reports no unique serial in its display identity.", label);
 }
 
 std::map<std::string, std::string> diagnoses(const std::vector<DisplayInfo>& displays) {

@@ -13,6 +13,7 @@
 #include "VantrelCore/stores/UsageStatsStore.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <nlohmann/json.hpp>
 
@@ -56,14 +57,16 @@ std::string problemWith(FileSystem& files, const std::filesystem::path& place,
     return JsonFile::problemWith(*content, decoders().at(file.filename().string()));
 }
 
-std::expected<std::vector<Finding>, std::error_code> inspect(FileSystem& files,
-                                                             const std::filesystem::path& directory) {
-    const auto entries = files.list(directory);
-    if (!entries) {
-        return std::unexpected(entries.error());
+std::vector<Finding> inspect(FileSystem& files, std::vector<std::filesystem::path> directories) {
+    std::ranges::sort(directories);
+    directories.erase(std::unique(directories.begin(), directories.end()), directories.end());
+    std::vector<FileEntry> entries;
+    for (const auto& directory : directories) {
+        std::ranges::move(files.list(directory).value_or(std::vector<FileEntry>()),
+                          std::back_inserter(entries));
     }
     std::vector<Finding> findings;
-    for (const FileEntry& entry : *entries) {
+    for (const FileEntry& entry : entries) {
         const auto original = SetAside::original(entry.file);
         const auto& store = original.empty() ? entry.file : original;
         if (isStore(store)) {

@@ -30,8 +30,8 @@ struct Finding {
 [[nodiscard]] std::string problemWith(FileSystem& files, const std::filesystem::path& place,
                                       const std::filesystem::path& file);
 
-// All store files in the folder and their copies, sorted by name. An error if the folder cannot be listed.
-[[nodiscard]] std::expected<std::vector<Finding>, std::error_code>
-inspect(FileSystem& files, const std::filesystem::path& directory);
+// All store files in these folders and their copies, sorted by folder and name. Folders that cannot be
+// listed, or appear twice, are skipped.
+[[nodiscard]] std::vector<Finding> inspect(FileSystem& files, std::vector<std::filesystem::path> directories);
 
 } // namespace vantrel::StoreInspection

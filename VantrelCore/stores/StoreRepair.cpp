@@ -4,13 +4,18 @@
 #include "VantrelCore/stores/StoreInspection.h"
 #include "VantrelCore/text/Translation.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace vantrel::StoreRepair {
 
 std::expected<std::filesystem::path, std::string>
-putBack(FileSystem& files, const std::filesystem::path& directory, const std::string& copyName) {
-    const std::filesystem::path copy = directory / std::filesystem::path(copyName).filename();
+putBack(FileSystem& files, const std::vector<std::filesystem::path>& directories,
+        const std::string& copyName) {
+    const auto name = std::filesystem::path(copyName).filename();
+    const auto holder = std::ranges::find_if(
+        directories, [&](const auto& directory) { return files.size(directory / name).has_value(); });
+    const std::filesystem::path copy = (holder == directories.end() ? directories.front() : *holder) / name;
     auto original = SetAside::original(copy);
     if (copy.filename() != copyName || !StoreInspection::isStore(original)) {
         return std::unexpected(trf("\"{}\" is not the name of a copy. See: vantrelctl doctor", copyName));

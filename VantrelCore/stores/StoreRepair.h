@@ -6,12 +6,15 @@
 #include <expected>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace vantrel::StoreRepair {
 
-// `copyName` names a file in the folder ("layouts.json.corrupt"). The store's current file is kept with
+// `copyName` names a file in one of the folders ("layouts.json.corrupt"). The store's current file is kept
+// with
 // ".replaced" appended. Returns the store's file, or a sentence with the reason why nothing was changed.
 [[nodiscard]] std::expected<std::filesystem::path, std::string>
-putBack(FileSystem& files, const std::filesystem::path& directory, const std::string& copyName);
+putBack(FileSystem& files, const std::vector<std::filesystem::path>& directories,
+        const std::string& copyName);
 
 } // namespace vantrel::StoreRepair

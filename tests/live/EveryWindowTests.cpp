@@ -49,7 +49,7 @@ TEST_P(EveryWindowUnder, StaysItselfWhateverItIsCalledAndWhoeverRestarts) {
         auto run = desk.startVantrel();
         desk.done({"save"});
         ASSERT_TRUE(waitUntil([&] {
-            std::ifstream file(desk.vantrelFolder() / "session.json");
+            std::ifstream file(desk.stateFolder() / "session.json");
             const std::string text(std::istreambuf_iterator<char>(file), {});
             return text.find("zOrder\": 2") != std::string::npos;
         }));

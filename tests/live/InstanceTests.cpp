@@ -29,9 +29,9 @@ TEST(Instance, OnlyOneRunsPerDataFolderAlsoOnAnotherBus) {
     EXPECT_TRUE(desk.awaitLogged("start: a second vantrel was started on another session bus"));
 
     // With a data folder of its own it runs.
-    ProgramRun elsewhere(
-        desk, {VANTREL_PROGRAM},
-        {onOtherBus.front(), "XDG_DATA_HOME=" + (desk.home().path() / "elsewhere").string()});
+    ProgramRun elsewhere(desk, {VANTREL_PROGRAM},
+                         {onOtherBus.front(), "XDG_DATA_HOME=" + (desk.home().path() / "elsewhere").string(),
+                          "XDG_STATE_HOME=" + (desk.home().path() / "elsewhere").string()});
     EXPECT_TRUE(waitUntil([&] { return elsewhere.output().contains("is watching this desk"); }));
 
     ASSERT_EQ(first.endedBy(SIGKILL).code, 128 + SIGKILL);

@@ -120,7 +120,7 @@ TEST_P(PanelStories, TheFirstStartLeadsByKeyboardAloneToASavedDesk) {
         EXPECT_THAT(desk.done({"desks"}), HasSubstr("Galculator"));
         EXPECT_THAT(read(desk.home().configFolder() / "vantrel" / "settings.conf"),
                     HasSubstr("launchAtLogin = true"));
-        EXPECT_THAT(read(desk.vantrelFolder() / "notes.json"),
+        EXPECT_THAT(read(desk.stateFolder() / "notes.json"),
                     AllOf(HasSubstr("hasOnboarded"), HasSubstr("severalTimesADay")));
         closePanel();
     }

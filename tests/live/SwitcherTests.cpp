@@ -85,6 +85,22 @@ TEST_P(Switcher, AppliesOnReleaseWhetherHeldTypedOrOnlyTappedAndLeavesOnEscape) 
           std::to_string(static_cast<int>(strip.center().y)), "click", "1", "keyup", "Super_L"});
     EXPECT_TRUE(awaitAt(first)) << "the card in the middle, the one applied before";
     EXPECT_TRUE(awaitShown(false));
+
+    // With twelve scenes it still fits on a display, and typing finds the last.
+    constexpr Point twelfth{200, 300};
+    for (int scene = 4; scene <= 12; ++scene) {
+        saveScene(scene == 12 ? "Zebra" : "Number " + std::to_string(scene), scene == 12 ? twelfth : third);
+    }
+    desk.drag(window, first);
+    keys({"keydown", "Super_L", "key", "F9"});
+    ASSERT_TRUE(awaitShown(true));
+    const auto wide = seenOverlays(desk.connection()).front().frame;
+    EXPECT_GE(wide.minX(), 0);
+    EXPECT_LE(wide.maxX(), left.width);
+    keys({"key", "z"});
+    keys({"keyup", "Super_L"});
+    EXPECT_TRUE(awaitAt(twelfth));
+    EXPECT_TRUE(awaitShown(false));
 }
 
 } // namespace

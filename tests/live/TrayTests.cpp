@@ -101,9 +101,20 @@ TEST_F(Tray, OnAPanelTheMenuActsOrSaysWhyNotAlsoAfterThePanelRestarts) {
         EXPECT_TRUE(waitUntil([&] { return !item().empty() && menuTitles() == expected; }))
             << testing::PrintToString(menuTitles());
     };
+    const auto icons = desk.home().dataFolder() / "icons" / "hicolor" / "scalable";
+    std::filesystem::create_directories(icons);
+    std::filesystem::create_directory_symlink(STATUS_ICONS_FOLDER, icons / "status");
     Panel panel(desk, Panel::Look::light);
     panel.start();
     const auto vantrel = startVantrel();
+    const auto property = [&](const char* name) {
+        return desk.callOnBus(item(), "/StatusNotifierItem", "org.freedesktop.DBus.Properties.Get",
+                              {"org.kde.StatusNotifierItem", name});
+    };
+    EXPECT_TRUE(waitUntil([&] { return !item().empty(); }));
+    EXPECT_THAT(property("Id"), testing::HasSubstr("'Vantrel'"));
+    EXPECT_THAT(property("Title"), testing::HasSubstr("'Vantrel'"));
+    EXPECT_THAT(property("IconName"), testing::HasSubstr("'org.vantrel.Vantrel-saved-dark'"));
     expectTitles(
         {"_Restore now", "_Save now", "S_tash", "_Pause", "_Layouts…", "S_ettings…", "_Quit Vantrel"});
     clickRestore("tray-restore");

@@ -62,7 +62,7 @@ Rect trayIcon(VantrelDesk& desk) {
 }
 
 std::vector<Control> UserAtDesk::controls() const {
-    const auto run = m_desk.run({ACCESSIBLE_TREE, "vantrel"});
+    const auto run = m_desk.run({ACCESSIBLE_TREE, "Vantrel"});
     const auto found = nlohmann::json::parse(run.output, nullptr, false);
     std::vector<Control> controls;
     for (const auto& each : found.is_array() ? found : nlohmann::json::array()) {

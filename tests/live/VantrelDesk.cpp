@@ -62,7 +62,7 @@ std::string VantrelDesk::callOnBus(const std::string& destination, const std::st
 }
 
 std::string VantrelDesk::log() const {
-    std::ifstream stream(vantrelFolder() / "app.log");
+    std::ifstream stream(stateFolder() / "app.log");
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 

@@ -42,7 +42,9 @@ public:
                                         const std::string& method,
                                         const std::vector<std::string>& arguments) const;
 
-    [[nodiscard]] std::filesystem::path vantrelFolder() const { return home().dataFolder() / "Vantrel"; }
+    [[nodiscard]] std::filesystem::path vantrelFolder() const { return home().dataFolder() / "vantrel"; }
+
+    [[nodiscard]] std::filesystem::path stateFolder() const { return home().stateFolder() / "vantrel"; }
 
     // What vantrel has logged, and how many lines of it contain `words`.
     [[nodiscard]] std::string log() const;

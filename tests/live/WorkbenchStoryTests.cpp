@@ -98,5 +98,45 @@ TEST_P(WorkbenchStories, AnAbsentDeskIsForgottenAndBroughtBackAndThenRestoredAsB
     EXPECT_TRUE(desk.connection().waitUntil([&] { return desk.frame(window) == home; }));
 }
 
+TEST_P(WorkbenchStories, TheWindowTheFileAndTheCommandLineChangeTheSameThingsAndEachFollows) {
+    desk.open({"galculator"});
+    const auto vantrel = user.startVantrel();
+    desk.done({"save"});
+    const std::string monitor = desk.asked({"displays"}).at("displays").at(1).at("label");
+    open("rules", "Search apps");
+    user.clickOn("Keep Galculator on " + monitor);
+    EXPECT_TRUE(waitUntil([&] { return desk.done({"rules"}).contains(monitor); })) << desk.done({"rules"});
+    desk.done({"rules", "remove", "Galculator"});
+    EXPECT_TRUE(waitUntil([&] { return !user.await("Keep Galculator on " + monitor).is("checked"); }));
+
+    open("settings", "Sections of the settings");
+    user.clickOn("Restoring");
+    constexpr const char* sizes = "Put sizes back too";
+    const auto isOn = [&](bool expected) {
+        return waitUntil([&] { return user.await(sizes).is("checked") == expected; });
+    };
+    EXPECT_TRUE(isOn(true));
+    user.clickOn(sizes);
+    EXPECT_TRUE(waitUntil(
+        [&] { return desk.done({"settings", "get", "restoreSizes"}).starts_with("restoreSizes = false"); }));
+    desk.home().writeSettings("restoreSizes = true\n");
+    EXPECT_TRUE(isOn(true));
+    desk.done({"settings", "set", "restoreSizes", "false"});
+    EXPECT_TRUE(isOn(false));
+
+    open("scenes", "Search scenes");
+    desk.done({"save-scene", "Work"});
+    user.clickOn("Work");
+    desk.done({"scenes", "rename", "Work", "Writing"});
+    user.await("Writing");
+    EXPECT_TRUE(user.awaitNone("Work"));
+    user.press({"Delete"});
+    EXPECT_TRUE(waitUntil([&] { return !desk.done({"scenes"}).contains("Writing"); }));
+    EXPECT_THAT(desk.refused({"scenes", "pin", "Writing"}), HasSubstr("There are no scenes"));
+    desk.done({"undelete"});
+    user.await("Writing");
+    EXPECT_TRUE(user.awaitNone("Undo the deletion"));
+}
+
 } // namespace
 } // namespace vantrel::live

@@ -23,7 +23,7 @@ RunningVantrel::RunningVantrel(PrivateDesk& desk, Programs programs)
         throw std::runtime_error(fmt::format("vantrel does not respond: {}{}", answer,
                                              m_desk.home().logEnd(m_programs.vantrel.string())));
     }
-    m_logFile = std::filesystem::path(status.value("supportDirectory", "")) / "app.log";
+    m_logFile = m_desk.home().stateFolder() / "vantrel" / "app.log";
     m_deskName = status.value("configName", "");
 }
 

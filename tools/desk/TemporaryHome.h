@@ -29,6 +29,8 @@ public:
 
     [[nodiscard]] std::filesystem::path dataFolder() const { return m_path / "data"; }
 
+    [[nodiscard]] std::filesystem::path stateFolder() const { return m_path / "state"; }
+
     // A complete environment as "NAME=value": this home, no accessibility bus, settings kept in memory.
     [[nodiscard]] std::vector<std::string> environment() const;
 

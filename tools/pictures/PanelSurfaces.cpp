@@ -105,7 +105,7 @@ PublishedState crowded() {
     state.latestAvailable = "1.2";
     state.entitlement.kind = Entitlement::Kind::trial;
     state.entitlement.trialDaysLeft = 5;
-    state.fileIncidents = {{.file = "/home/x/.local/share/Vantrel/scenes.json",
+    state.fileIncidents = {{.file = "/home/x/.local/share/vantrel/scenes.json",
                             .kind = FileIncident::Kind::notWritten,
                             .reason = "No space left on device"}};
     state.calendarAccessNeeded = true;

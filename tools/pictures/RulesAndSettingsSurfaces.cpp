@@ -137,10 +137,15 @@ WorkbenchPage* settingsPage(QWidget* parent) {
             .hasEffect = [](std::string_view key) { return key != "showDockIcon"; }};
     };
     actions.addTrigger = [](const auto&, const auto&) { return SettingsActions::Problem(); };
-    actions.crashReports = [] { return std::size_t{2}; };
+    actions.crashReports = [] {
+        return std::vector<SettingsActions::CrashReport>{{"1766340000-signal.crash", "Today 9:12 AM"},
+                                                         {"1766250000-exception.crash", "Yesterday 6:40 PM"}};
+    };
+    actions.openCrashReport = [](const auto&) {};
+    actions.whatChanged = [] { return std::optional<std::string>("Version 1.2\n\n- Scenes can be drawn."); };
     actions.sendCrashReports = [](const auto&) {};
     for (auto* const each :
-         {&actions.openCrashReports, &actions.openLog, &actions.openFolder, &actions.openSettingsFile,
+         {&actions.exportReport, &actions.openLog, &actions.openFolder, &actions.openSettingsFile,
           &actions.purchase, &actions.checkForUpdates, &actions.showIntroduction}) {
         *each = [] {};
     }

@@ -1,5 +1,6 @@
 // vantrel_pictures: paints every surface of the interface in every state, offscreen, as PNG files.
 #include "Vantrel/interface/ShortcutText.h"
+#include "VantrelCore/ports/SessionLanguage.h"
 #include "tools/pictures/LongTexts.h"
 #include "tools/pictures/Surface.h"
 
@@ -65,6 +66,7 @@ int main(int argumentCount, char** arguments) {
     std::string folder;
     std::string styleName = "Fusion";
     std::string only;
+    std::string language;
     double scale = 1;
     int fontSize = 10;
     bool hasLongTexts = false;
@@ -74,6 +76,7 @@ int main(int argumentCount, char** arguments) {
     app.add_option("--style", styleName, "The style of the controls");
     app.add_option("--font-size", fontSize, "The size of the interface's font in points")
         ->capture_default_str();
+    app.add_option("--language", language, "The language of the texts, like \"de\"");
     app.add_flag("--long-texts", hasLongTexts, "Makes every text 40 % longer");
     app.add_flag("--mac-shortcuts", hasSigns, "Writes shortcuts as on a Mac");
     app.add_option("--only", only, "Only surfaces whose name contains this");
@@ -94,6 +97,11 @@ int main(int argumentCount, char** arguments) {
     QApplication::setFont(font);
     if (hasSigns) {
         ShortcutText::use(ShortcutText::Style::glyphs);
+    }
+    if (!language.empty()) {
+        qputenv("LC_ALL", "C.UTF-8");
+        qputenv("LANGUAGE", QByteArray::fromStdString(language));
+        useSessionLanguage();
     }
     pictures::LongTexts longTexts;
     if (hasLongTexts) {

@@ -121,7 +121,7 @@ ControlAnswer showWorkbench(const BusCall& call) {
 }
 
 ControlAnswer logPath(const BusCall& call) {
-    return nlohmann::json((call.supportDirectory / "app.log").string());
+    return nlohmann::json(call.controller.logFile().string());
 }
 
 // The displays of the status, each with its label.

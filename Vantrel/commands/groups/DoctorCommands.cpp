@@ -43,7 +43,8 @@ ExitCode putBack(const VerbCall& call, const std::string& copy) {
                 lock.error()),
             ExitCode::failed);
     }
-    const auto file = StoreRepair::putBack(call.environment.files, call.environment.supportDirectory, copy);
+    const auto file = StoreRepair::putBack(
+        call.environment.files, {call.environment.supportDirectory, call.environment.stateDirectory}, copy);
     if (!file) {
         return VerbPrinting::complain(file.error(), ExitCode::failed);
     }
@@ -69,6 +70,7 @@ ExitCode examine(const VerbCall& call) {
     }
     const Diagnosis diagnosis = Doctor::examine({.files = call.environment.files,
                                                  .supportDirectory = call.environment.supportDirectory,
+                                                 .stateDirectory = call.environment.stateDirectory,
                                                  .settingsFile = call.environment.settingsFile,
                                                  .status = status,
                                                  .localDate = call.environment.localDate});

@@ -1,6 +1,7 @@
 // The commands for keyboard shortcuts.
 #include "Vantrel/commands/CommandTable.h"
 #include "Vantrel/commands/ControlAnswers.h"
+#include "Vantrel/commands/HotKeyNames.h"
 #include "Vantrel/controller/AppController.h"
 #include "VantrelCore/commands/HotKeyRecording.h"
 #include "VantrelCore/commands/HotKeyText.h"
@@ -18,11 +19,7 @@ namespace {
 using namespace ControlAnswers;
 using Kind = HotKeySurface::Kind;
 
-constexpr std::array<std::pair<Kind, const char*>, 5> fixedNames{{{Kind::fixedRestore, "restore"},
-                                                                  {Kind::fixedSave, "save"},
-                                                                  {Kind::stash, "stash"},
-                                                                  {Kind::undo, "undo"},
-                                                                  {Kind::quickSwitcher, "quickSwitcher"}}};
+constexpr const auto& fixedNames = HotKeyNames::commands;
 
 nlohmann::json message(const HotKeyStatus& status) {
     const auto& taken = status.taken;

@@ -56,7 +56,8 @@ ExitCode complete(const VerbCall& call) {
     std::ranges::move(CompletionValues::of(kind.value_or(ValueKind::text), typed,
                                            {.ask = ask,
                                             .files = call.environment.files,
-                                            .supportDirectory = call.environment.supportDirectory}),
+                                            .storeFolders = {call.environment.supportDirectory,
+                                                             call.environment.stateDirectory}}),
                       std::back_inserter(candidates));
     // Not print(), which replaces the tabs that fish needs.
     fmt::print("{}", Completion::answer(shell, candidates, current));

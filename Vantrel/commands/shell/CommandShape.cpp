@@ -25,6 +25,7 @@ OptionShape shape(const CLI::Option& option, const KindOf& kindOf) {
     const bool takesValue = option.get_items_expected_max() > 0;
     shape.value = takesValue ? option.get_type_name() : "";
     shape.kind = kindOf(option);
+    shape.isRequired = option.get_required();
     shape.isRepeated = option.get_items_expected_max() > 1;
     return shape;
 }

@@ -23,6 +23,7 @@ struct OptionShape {
     std::string value{};
     ValueKind kind = ValueKind::text;
     bool isPositional = false;
+    bool isRequired = false;
     // Takes any number of values.
     bool isRepeated = false;
 

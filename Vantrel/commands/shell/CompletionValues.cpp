@@ -1,6 +1,8 @@
 #include "Vantrel/commands/shell/CompletionValues.h"
 
 #include "Vantrel/commands/DesksMessage.h"
+#include "Vantrel/commands/HotKeyNames.h"
+#include "VantrelCore/commands/HotKeyRecording.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/model/JsonCoding.h"
 #include "VantrelCore/stores/StoreInspection.h"
@@ -128,8 +130,7 @@ Candidates settingValues(const std::string& key, const Sources& sources) {
 
 Candidates storeCopies(const Sources& sources) {
     Candidates candidates;
-    for (const auto& finding : StoreInspection::inspect(sources.files, sources.supportDirectory)
-                                   .value_or(std::vector<StoreInspection::Finding>())) {
+    for (const auto& finding : StoreInspection::inspect(sources.files, sources.storeFolders)) {
         if (finding.isCopy() && finding.problem.empty()) {
             candidates.push_back({finding.file.filename().string(), ""});
         }
@@ -174,7 +175,10 @@ Candidates of(ValueKind kind, const Typed& typed, const Sources& sources) {
     case ValueKind::settingValue:
         return settingValues(valueOf(typed, "KEY"), sources);
     case ValueKind::shortcut: {
-        Candidates candidates{{"restore", ""}, {"save", ""}, {"stash", ""}, {"undo", ""}};
+        Candidates candidates;
+        for (const auto& [command, name] : HotKeyNames::commands) {
+            candidates.push_back({name, std::string(HotKeyRecording::commandLabel(command))});
+        }
         std::ranges::move(of(ValueKind::scene, typed, sources), std::back_inserter(candidates));
         return candidates;
     }

@@ -21,7 +21,7 @@ struct Sources {
     // Calls a method without arguments; an empty object when there is no reply.
     std::function<nlohmann::json(const char* method)> ask;
     FileSystem& files;
-    std::filesystem::path supportDirectory;
+    std::vector<std::filesystem::path> storeFolders;
 };
 
 // `typed` are the values that Completion::Expected holds. Empty when the program does not reply. Throws if

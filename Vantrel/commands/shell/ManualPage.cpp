@@ -1,10 +1,16 @@
 #include "Vantrel/commands/shell/ManualPage.h"
 
-#include <fmt/format.h>
-#include <fmt/ranges.h>
+#include "Vantrel/commands/HotKeyNames.h"
+#include "Vantrel/controller/SettingKey.h"
+#include "VantrelCore/commands/HotKeyRecording.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <algorithm>
 #include <cctype>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <type_traits>
+#include <variant>
 
 namespace vantrel::ManualPage {
 
@@ -40,13 +46,41 @@ std::string option(const OptionShape& option) {
     return text + "\n" + escaped(option.description) + "\n";
 }
 
+bool isHelp(const OptionShape& option) {
+    return std::ranges::find(option.names, "--help") != option.names.end();
+}
+
+// The command with its arguments and options, as one would type them.
+std::string synopsis(const CommandShape& command, const std::string& name) {
+    std::string text = "\\fB" + escaped(name) + "\\fR";
+    for (const bool arePositional : {true, false}) {
+        for (const OptionShape& option : command.options) {
+            if (option.isPositional != arePositional || isHelp(option)) {
+                continue;
+            }
+            const std::string& longest = option.names.back();
+            std::string part = (arePositional ? "\\fI" : "\\fB") + escaped(longest) + "\\fR";
+            if (!arePositional && !option.value.empty()) {
+                part += " \\fI" + escaped(option.value) + "\\fR";
+            }
+            part += option.isRepeated ? "..." : "";
+            text += option.isRequired ? " " + part : " [" + part + "]";
+        }
+    }
+    if (!command.commands.empty()) {
+        text += command.options.size() > 1 ? " [\\fICOMMAND\\fR ...]" : " \\fICOMMAND\\fR ...";
+    }
+    return text;
+}
+
 void addCommands(std::string& text, const CommandShape& command, const std::string& path) {
     for (const auto& below : command.commands) {
         const auto name = path.empty() ? below.name : path + " " + below.name;
-        text += fmt::format(".SS {}\n{}.\n", escaped(name), escaped(below.description));
+        text += fmt::format(".SS {0}\n{1}\n.PP\n{2}.\n", escaped(name), synopsis(below, "vantrelctl " + name),
+                            escaped(below.description));
         for (const auto& each : below.options) {
             // Every command has --help.
-            if (std::ranges::find(each.names, "--help") == each.names.end()) {
+            if (!isHelp(each)) {
                 text += option(each);
             }
         }
@@ -60,6 +94,43 @@ void addList(std::string& text, const char* title,
     for (const auto& [name, meaning] : entries) {
         text += fmt::format(".TP\n\\fB{}\\fR\n{}\n", escaped(name), escaped(meaning));
     }
+}
+
+std::string valueText(const DefaultsValue& value) {
+    return std::visit(
+        []<typename Value>(const Value& plain) -> std::string {
+            if constexpr (std::is_same_v<Value, Date>) {
+                return iso8601Text(plain);
+            } else if constexpr (std::is_same_v<Value, DefaultsData>) {
+                return plain.bytes;
+            } else {
+                return fmt::format("{}", plain);
+            }
+        },
+        value);
+}
+
+// Those that have an effect where there are manual pages.
+std::vector<std::pair<std::string, std::string>> settings() {
+    std::vector<std::pair<std::string, std::string>> entries;
+    for (const SettingKey& key : SettingKeys::all()) {
+        if (key.purpose == SettingKey::Purpose::preference && key.name != "showDockIcon") {
+            entries.emplace_back(key.name,
+                                 fmt::format("{}; {}{}.", key.description, key.typeText(),
+                                             key.fallback ? ", by default " + valueText(*key.fallback) : ""));
+        }
+    }
+    return entries;
+}
+
+std::vector<std::pair<std::string, std::string>> shortcuts() {
+    std::vector<std::pair<std::string, std::string>> entries;
+    for (const auto& [command, name] : HotKeyNames::commands) {
+        entries.emplace_back(
+            name, inEnglish([&] { return fmt::format("{}.", HotKeyRecording::commandLabel(command)); }));
+    }
+    entries.emplace_back("SCENE", "The name of a scene: apply it.");
+    return entries;
 }
 
 } // namespace
@@ -81,6 +152,8 @@ std::string roff(const CommandShape& program, const std::string& version) {
     }
     text += ".SH COMMANDS\n";
     addCommands(text, program, "");
+    addList(text, "SETTINGS", settings());
+    addList(text, "COMMANDS OF SHORTCUTS", shortcuts());
     addList(text, "EXIT STATUS",
             {{"0", "Done."},
              {"1", "Failed, or a window could not be restored."},
@@ -88,7 +161,8 @@ std::string roff(const CommandShape& program, const std::string& version) {
              {"3", "vantrel is not running."}});
     addList(text, "FILES",
             {{"$XDG_CONFIG_HOME/vantrel/settings.conf", "The settings."},
-             {"$XDG_DATA_HOME/Vantrel", "Layouts, scenes, history and the log."}});
+             {"$XDG_DATA_HOME/vantrel", "Layouts, scenes, stashes and history."},
+             {"$XDG_STATE_HOME/vantrel", "The log and the program's own notes."}});
     addList(text, "EXAMPLES",
             {{"vantrelctl save", "Remember where the windows are now."},
              {"vantrelctl restore", "Put them back and list the result for each."},

@@ -36,6 +36,7 @@ struct VerbEnvironment {
     FileSystem& files;
     // The folder of the program's stores, and its settings file.
     std::filesystem::path supportDirectory{};
+    std::filesystem::path stateDirectory{};
     std::filesystem::path settingsFile{};
     // Keeps any vantrel from using the support folder while the result exists; otherwise returns who is using
     // it.

@@ -1,6 +1,8 @@
 // The layout; DeskPainterPainting.cpp paints it.
 #include "Vantrel/interface/desk/DeskPainter.h"
 
+#include "Vantrel/interface/Text.h"
+
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QLineF>
@@ -55,6 +57,7 @@ DeskPainter::DeskPainter(DeskPicture picture, QSizeF size, Style style, Applicat
     : m_picture(std::move(picture)), m_style(std::move(style)), m_looks(looks),
       m_colors(DeskColors::of(m_style.palette)), m_unit(unitOf(m_style.font)),
       m_nameFont(scaled(m_style.font, 0.81, QFont::Medium)),
+      m_captionFont(scaled(m_style.font, 0.72, QFont::Normal)),
       m_labelFont(scaled(m_style.font, 0.85, QFont::Normal)),
       m_labelNameFont(scaled(m_style.font, 0.85, QFont::Medium)),
       m_geometry(m_picture.displays, {size.width(), size.height()}, optionsFor(m_unit, m_style.hasLabels)) {
@@ -143,6 +146,21 @@ void DeskPainter::placeName(Box& box, const DeskPicture::Window& window) const {
     if (label.name) {
         box.nameFrame = qt(*label.name);
         box.name = metrics.elidedText(name, Qt::ElideRight, box.nameFrame.width());
+        if (window.opensWhenMissing) {
+            placeCaption(box);
+        }
+    }
+}
+
+void DeskPainter::placeCaption(Box& box) const {
+    constexpr double margin = 4;
+    const QFontMetricsF metrics(m_captionFont);
+    const QString text = qtr(DeskSpeech::opensWhenMissing);
+    const QRectF room(box.piece->left() + margin, box.nameFrame.bottom() + 1, box.piece->width() - 2 * margin,
+                      metrics.height());
+    if (room.bottom() + margin <= box.piece->bottom() && metrics.horizontalAdvance(text) <= room.width()) {
+        box.captionFrame = room;
+        box.caption = text;
     }
 }
 

@@ -77,6 +77,9 @@ private:
         // Empty when there is no room for a name.
         QRectF nameFrame{};
         QString name{};
+        // Below the name; empty when there is no room for it, or nothing to say.
+        QRectF captionFrame{};
+        QString caption{};
         QColor strip{};
         std::optional<QRectF> now{};
         // From there to its place; empty when it would cross what must be read.
@@ -95,6 +98,7 @@ private:
     };
 
     void placeBoxes();
+    void placeCaption(Box& box) const;
     void placeFlying(Box& box, const DeskPicture::Window& window);
     [[nodiscard]] double opacityOf(std::size_t display) const {
         return m_picture.displayOpacity.empty() ? 1 : m_picture.displayOpacity[display];
@@ -124,6 +128,7 @@ private:
     // Points per length that is given for a font of 13 pixels.
     double m_unit = 1;
     QFont m_nameFont;
+    QFont m_captionFont;
     QFont m_labelFont;
     QFont m_labelNameFont;
     CanvasGeometry m_geometry;

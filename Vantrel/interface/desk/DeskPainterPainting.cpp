@@ -303,6 +303,11 @@ void DeskPainter::paintName(QPainter& painter, std::size_t window) const {
     }
     painter.setPen(m_colors.text);
     painter.drawText(box.nameFrame, Qt::AlignCenter | Qt::TextDontClip, box.name);
+    if (!box.caption.isEmpty()) {
+        painter.setFont(m_captionFont);
+        painter.setPen(m_colors.secondText);
+        painter.drawText(box.captionFrame, Qt::AlignCenter | Qt::TextDontClip, box.caption);
+    }
 }
 
 void DeskPainter::paintDisplayLabel(QPainter& painter, std::size_t display) const {

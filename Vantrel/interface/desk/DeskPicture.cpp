@@ -110,6 +110,7 @@ DeskPicture DeskPicture::ofScene(const Scene& scene, const PublishedState& state
                                                        &DeskWindow::bundleID) != state.liveWindows->end()
                                    : !record.isGhost.value_or(false);
         window.state = isRunning ? State::remembered : State::notRunning;
+        window.opensWhenMissing = !isRunning && scene.effectiveOpensMissingApps();
         picture.windows.push_back(std::move(window));
     }
     return picture;

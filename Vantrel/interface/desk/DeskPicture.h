@@ -2,6 +2,7 @@
 #pragma once
 
 #include "VantrelCore/model/DisplayInfo.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -37,6 +38,8 @@ struct DeskPicture {
         State state = State::remembered;
         // Minimised, or on another virtual desktop: listed, not drawn.
         bool isOutOfSight = false;
+        // Applying the scene opens its application, which is not running.
+        bool opensWhenMissing = false;
         // Where it is now, if that is somewhere else.
         std::optional<Rect> now{};
         // On its way there: the share of the way that is done. It is drawn there, and not where it is now.
@@ -70,6 +73,9 @@ struct DeskPicture {
 
 // What screen readers read of a drawing.
 namespace DeskSpeech {
+
+// Also written into the slot.
+inline constexpr const char* opensWhenMissing = marked("opens when missing");
 
 // "left half", "upper right quarter", "centre"; empty for an ordinary place.
 [[nodiscard]] std::string place(const Rect& window, const Rect& usable);

@@ -98,7 +98,8 @@ std::string window(const DeskPicture::Window& window, const std::vector<DisplayI
         text += ", " + trf("{} of {}", place(window.frame, display->usableFrame()), display->name);
     }
     for (const std::string& more :
-         {stateText(window.state), std::string(window.isOutOfSight ? tr("out of sight") : ""),
+         {stateText(window.state), std::string(window.opensWhenMissing ? tr(opensWhenMissing) : ""),
+          std::string(window.isOutOfSight ? tr("out of sight") : ""),
           std::string(window.now ? tr("has moved") : "")}) {
         if (!more.empty()) {
             text += ", " + more;

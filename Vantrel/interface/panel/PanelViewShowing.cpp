@@ -1,4 +1,5 @@
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/EmptyLayout.h"
 #include "Vantrel/interface/panel/MessageRow.h"
 #include "Vantrel/interface/panel/PanelView.h"
 
@@ -12,16 +13,6 @@
 namespace vantrel {
 
 namespace {
-
-void clear(QLayout& layout) {
-    while (QLayoutItem* const item = layout.takeAt(0)) {
-        if (item->widget() != nullptr) {
-            item->widget()->hide();
-            item->widget()->deleteLater();
-        }
-        delete item;
-    }
-}
 
 void showButton(ActionButton& view, const PanelContent::Button& button) {
     view.setTexts(qt(button.text), qt(button.detail));
@@ -91,7 +82,7 @@ void PanelView::showMessages() {
     if (m_messages->isAncestorOf(focusWidget())) {
         focusMainButton();
     }
-    clear(*m_messages->layout());
+    emptyLayout(*m_messages->layout());
     for (const auto& message : m_content.messages) {
         m_messages->layout()->addWidget(new MessageRow(message, m_actions, m_messages));
     }

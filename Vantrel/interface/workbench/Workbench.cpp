@@ -80,7 +80,7 @@ void Workbench::make() {
         return new SettingsPage(SettingsActions::of(m_controller, m_services.settings, m_alive, tell),
                                 parent);
     });
-    m_window->onTab = [this] { watch(); };
+    m_window->onSeenChanged = [this] { watch(); };
     m_window->onClosed = [this] { closed(); };
     m_window->resize(rememberedSize());
     m_offered = m_controller.deletions().newest();
@@ -140,7 +140,7 @@ void Workbench::refresh(Topics changed) {
 
 void Workbench::watch() {
     const WorkbenchPage* const page = m_window->page();
-    if (page != nullptr && page->wantsLiveWindows()) {
+    if (page != nullptr && page->wantsLiveWindows() && !m_window->isMinimized()) {
         m_live = m_live ? m_live : m_controller.watchLiveDesk();
     } else {
         m_live.reset();

@@ -4,6 +4,7 @@
 
 #include "Vantrel/controller/PublishedState.h"
 
+#include <QLineEdit>
 #include <QString>
 #include <QWidget>
 
@@ -22,8 +23,13 @@ public:
     // when it is seen again; `changed` is what has changed since the last call.
     virtual void show(const PublishedState& state, Topics changed) = 0;
 
-    // Focuses the search field.
-    virtual void focusSearch() {}
+    // Focuses the search field, so that typing replaces what is in it.
+    virtual void focusSearch() {
+        if (QLineEdit* const field = searchField()) {
+            field->setFocus(Qt::ShortcutFocusReason);
+            field->selectAll();
+        }
+    }
 
     // Focuses the page's first control for keyboard users.
     virtual void focusFirst() = 0;
@@ -35,6 +41,9 @@ public:
     [[nodiscard]] virtual bool wantsWholeWindow() const { return false; }
     // Called by the page when that has changed.
     std::function<void()> onWholeWindow = [] {};
+
+    // Null without one.
+    [[nodiscard]] virtual QLineEdit* searchField() const { return nullptr; }
 
     // The page's own keys and what they do, for the help: "Alt+Up" and "Move the scene up".
     [[nodiscard]] virtual std::vector<std::pair<QString, QString>> keys() const { return {}; }

@@ -237,7 +237,7 @@ void WorkbenchWindow::choose(WorkbenchTab tab) {
     if (!m_tabs->hasFocus()) {
         entry->page->focusFirst();
     }
-    onTab();
+    onSeenChanged();
 }
 
 void WorkbenchWindow::showPage(Entry& entry) {
@@ -297,6 +297,13 @@ void WorkbenchWindow::toggleHelp() {
     // An open popup receives all keys, so it needs its own shortcut for closing.
     auto* const again = new QShortcut(helpKey, m_help);
     connect(again, &QShortcut::activated, m_help, &QWidget::close);
+}
+
+void WorkbenchWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        onSeenChanged();
+    }
 }
 
 void WorkbenchWindow::closeEvent(QCloseEvent* event) {

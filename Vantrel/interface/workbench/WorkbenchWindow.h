@@ -41,12 +41,13 @@ public:
     [[nodiscard]] QSize usualSize() const;
     void toggleHelp();
 
-    // Called when another tab is shown.
-    std::function<void()> onTab = [] {};
+    // Called when another tab is shown, and when the window is minimised or brought back.
+    std::function<void()> onSeenChanged = [] {};
     // Called when the user has closed the window.
     std::function<void()> onClosed = [] {};
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

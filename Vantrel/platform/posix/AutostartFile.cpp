@@ -10,6 +10,12 @@ namespace vantrel {
 AutostartFile::AutostartFile(FileSystem& files, std::filesystem::path file, std::string program)
     : m_files(files), m_file(std::move(file)), m_program(std::move(program)) {}
 
+bool AutostartFile::isTheUsers() {
+    const auto existing = m_files.read(m_file);
+    return existing &&
+           AutostartEntry::change(true, *existing, m_program) == AutostartEntry::Change::leaveAlone;
+}
+
 std::string AutostartFile::setLaunchAtLogin(bool launches) {
     const auto message = [&](const char* done, std::error_code error) {
         return fmt::format("autostart: {} {}", m_file.string(),

@@ -13,6 +13,9 @@ public:
     // `files` must outlive it. `program` is an absolute path.
     AutostartFile(FileSystem& files, std::filesystem::path file, std::string program);
 
+    // The user has changed the entry.
+    [[nodiscard]] bool isTheUsers();
+
     // Returns a message for the log; empty if there was nothing to do.
     std::string setLaunchAtLogin(bool launches);
 

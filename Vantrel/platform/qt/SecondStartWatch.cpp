@@ -6,9 +6,12 @@
 
 namespace vantrel {
 
-SecondStartWatch::SecondStartWatch(const std::filesystem::path& folder, std::function<void()> started) {
-    // As InstanceLock names it.
-    m_watcher.addPath(QString::fromStdString((folder / "vantrel.lock").string()));
+SecondStartWatch::SecondStartWatch(const std::vector<std::filesystem::path>& folders,
+                                   std::function<void()> started) {
+    for (const std::filesystem::path& folder : folders) {
+        // As InstanceLock names it.
+        m_watcher.addPath(QString::fromStdString((folder / "vantrel.lock").string()));
+    }
     QObject::connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_watcher,
                      [started = std::move(started)](const QString& /*path*/) { started(); });
 }

@@ -5,14 +5,15 @@
 
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 namespace vantrel {
 
 // Lives on the main thread. Sees second instances on this computer only.
 class SecondStartWatch {
 public:
-    // `folder` is locked by this program.
-    SecondStartWatch(const std::filesystem::path& folder, std::function<void()> started);
+    // The folders are locked by this program.
+    SecondStartWatch(const std::vector<std::filesystem::path>& folders, std::function<void()> started);
 
 private:
     QFileSystemWatcher m_watcher;

@@ -2,6 +2,8 @@
 
 #include <QStandardPaths>
 
+#include <cstdlib>
+
 namespace vantrel::UserFolders {
 
 namespace {
@@ -21,7 +23,18 @@ std::filesystem::path data() {
 }
 
 std::filesystem::path supportDirectory() {
+    return data() / "vantrel";
+}
+
+std::filesystem::path olderSupportDirectory() {
     return data() / "Vantrel";
+}
+
+std::filesystem::path stateDirectory() {
+    // QStandardPaths knows this folder only since Qt 6.7. A relative path counts as unset.
+    const char* const stated = std::getenv("XDG_STATE_HOME");
+    const std::filesystem::path state = stated != nullptr ? stated : "";
+    return (state.is_absolute() ? state : home() / ".local" / "state") / "vantrel";
 }
 
 std::filesystem::path settingsFile() {

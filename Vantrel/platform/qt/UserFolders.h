@@ -5,8 +5,14 @@
 
 namespace vantrel::UserFolders {
 
-// The application-support folder: $XDG_DATA_HOME/Vantrel (~/.local/share/Vantrel when unset).
+// The application-support folder: $XDG_DATA_HOME/vantrel (~/.local/share/vantrel when unset).
 [[nodiscard]] std::filesystem::path supportDirectory();
+
+// Where older versions kept what is now in supportDirectory() and stateDirectory().
+[[nodiscard]] std::filesystem::path olderSupportDirectory();
+
+// The log and the program's notes: $XDG_STATE_HOME/vantrel (~/.local/state/vantrel when unset).
+[[nodiscard]] std::filesystem::path stateDirectory();
 
 [[nodiscard]] std::filesystem::path home();
 

@@ -2,6 +2,7 @@
 
 #include "Vantrel/platform/posix/ReportedThread.h"
 #include "Vantrel/platform/x11/XcbReply.h"
+#include "VantrelCore/text/Translation.h"
 
 #include <array>
 #include <csignal>
@@ -31,7 +32,7 @@ std::string connectionError(int error, const std::string& displayName) {
     if (name.empty()) {
         const char* variable = std::getenv("DISPLAY");
         if (variable == nullptr || *variable == '\0') {
-            return "There is no X display: the environment variable DISPLAY is not set.";
+            return tr("There is no X display: the environment variable DISPLAY is not set.");
         }
         name = variable;
     }
@@ -41,7 +42,7 @@ std::string connectionError(int error, const std::string& displayName) {
     case XCB_CONN_CLOSED_INVALID_SCREEN:
         return fmt::format("The X display \"{}\" has no such screen.", name);
     default:
-        return fmt::format("No X server answers at the display \"{}\", or it refuses this program.", name);
+        return trf("No X server answers at the display \"{}\", or it refuses this program.", name);
     }
 }
 

@@ -108,6 +108,7 @@ struct DoctorTest : testing::Test {
     Diagnosis examine() {
         return Doctor::examine({.files = files,
                                 .supportDirectory = "/data",
+                                .stateDirectory = "/state",
                                 .settingsFile = "/config/settings.conf",
                                 .status = status,
                                 .localDate = [](Date) { return std::string("today"); }});

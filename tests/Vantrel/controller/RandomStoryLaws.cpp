@@ -78,8 +78,8 @@ void RandomStory::watchRestore() {
 
 void RandomStory::checkStores() {
     const PublishedState& state = m_story.published();
-    auto stores =
-        ControllerStores::open(m_story.log.file().parent_path(), m_story.files, m_story.time).value();
+    const auto folder = m_story.log.file().parent_path();
+    auto stores = ControllerStores::open(folder, folder, m_story.files, m_story.time).value();
     // By name alone: on disk a date has whole seconds.
     expect(std::ranges::equal(stores.scenes.allScenes(), state.scenes, {}, &Scene::id, &Scene::id) &&
                std::ranges::equal(stores.triggers.allTriggers(), state.triggers, {}, &SceneTrigger::id,

@@ -129,9 +129,10 @@ TEST(DeskSpeech, NamesTheApplicationTheTitleAndThePlace) {
                                   .frame = left,
                                   .state = State::notRunning,
                                   .isOutOfSight = false,
+                                  .opensWhenMissing = true,
                                   .now = right},
                                  displays),
-              "Terminal, left half of Wide, not running, has moved");
+              "Terminal, left half of Wide, not running, opens when missing, has moved");
 }
 
 TEST(DeskSpeech, WalksDisplayByDisplayFromTheTopLeft) {

@@ -11,6 +11,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QStandardPaths>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -25,11 +26,13 @@ protected:
         story.start();
         story.openPrograms();
         story.learn();
-        Workbench::Services services;
+        services.settings.files = &disk;
+        services.settings.supportDirectory = "/support/Vantrel";
+        services.settings.logFile = "/support/Vantrel/app.log";
         services.settings.keyCode = [](const QKeyEvent& event) {
             return event.key() == Qt::Key_2 ? std::optional<std::int64_t>(19) : std::nullopt;
         };
-        bench.emplace(*story.controller, std::move(services));
+        bench.emplace(*story.controller, services);
     }
     ~RulesAndSettings() override { bench.reset(); }
 
@@ -63,7 +66,10 @@ protected:
         return *page.view()->findChild<View*>();
     }
 
+    // What the user reads and deletes there; the story's own allows the main thread no access.
+    simulated::MemoryFileSystem disk;
     simulated::Story story{"laptop-and-monitor"};
+    Workbench::Services services;
     std::optional<Workbench> bench;
 };
 
@@ -125,6 +131,49 @@ TEST_F(RulesAndSettings, ASettingIsChangedInTheWindowTheFileAndByACommandInTurn)
     // "Suggest scenes" is on while the setting that stops them is off.
     EXPECT_TRUE(
         section<ToggleRows>(SettingsSection::general).control("patternSuggestionsStopped")->isChecked());
+}
+
+TEST_F(RulesAndSettings, CrashReportsAreDeletedAndBroughtBackAndAReportForABugIsWritten) {
+    const std::filesystem::path folder = services.settings.supportDirectory / "crashes";
+    for (const char* const name : {"1766340000-signal.crash", "1766250000-exception.crash", "other.txt"}) {
+        disk.put(folder / name, name);
+    }
+    open(WorkbenchTab::settings);
+    QWidget& privacy = section<SettingsSectionView>(SettingsSection::privacy);
+    const auto buttons = [&](const QString& text) {
+        QList<QAbstractButton*> found;
+        for (auto* const each : privacy.findChildren<QAbstractButton*>()) {
+            if (each->accessibleName().startsWith(text) && each->isVisibleTo(&privacy)) {
+                found.push_back(each);
+            }
+        }
+        return found;
+    };
+    ASSERT_EQ(buttons("Delete the crash report").size(), 2);
+    buttons("Delete the crash report").front()->click();
+    settle();
+    EXPECT_FALSE(disk.content(folder / "1766340000-signal.crash")) << "the newest is first";
+    buttons("Delete all").front()->click();
+    settle();
+    EXPECT_TRUE(buttons("Delete").empty());
+    EXPECT_TRUE(disk.content(folder / "other.txt"));
+    EXPECT_TRUE(story.controller->deletions().putBack());
+    EXPECT_TRUE(story.controller->deletions().putBack());
+    settle();
+    EXPECT_EQ(buttons("Delete the crash report").size(), 2);
+    EXPECT_EQ(disk.content(folder / "1766340000-signal.crash"), "1766340000-signal.crash");
+
+    for (const auto place : {QStandardPaths::HomeLocation, QStandardPaths::DocumentsLocation}) {
+        std::ignore = disk.createDirectories(QStandardPaths::writableLocation(place).toStdString());
+    }
+    buttons("Export").front()->click();
+    const auto all = disk.files();
+    const auto report = std::ranges::find_if(
+        all, [](const auto& file) { return file.filename().string().starts_with("vantrel-report-"); });
+    ASSERT_NE(report, all.end());
+    for (const char* const part : {"Displays\n", "1766250000-exception.crash", "Log\n"}) {
+        EXPECT_THAT(*disk.content(*report), testing::HasSubstr(part));
+    }
 }
 
 TEST_F(RulesAndSettings, ShortcutsAreRecordedRefusedWithTheOwnersNameAndReset) {

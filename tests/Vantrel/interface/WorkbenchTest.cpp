@@ -101,6 +101,12 @@ protected:
 TEST_F(WorkbenchTest, RemembersSizeAndTabAndIsGoneWhenClosed) {
     open(WorkbenchTab::scenes);
     EXPECT_TRUE(story.published().liveWindows.has_value());
+    window().showMinimized();
+    settle();
+    EXPECT_FALSE(story.published().liveWindows.has_value()) << "nobody sees them";
+    window().showNormal();
+    settle();
+    EXPECT_TRUE(story.published().liveWindows.has_value());
     // The offscreen display is 800 x 800.
     window().resize(780, 600);
     QTest::keyClick(&window(), Qt::Key_W, Qt::ControlModifier);
@@ -146,6 +152,7 @@ TEST_F(WorkbenchTest, ASceneIsMadeRenamedGivenATimeAppliedDeletedAndBroughtBack)
     EXPECT_TRUE(says("A time needs an hour from 0 to 23 and a minute from 0 to 59."));
     enter("Time at which the scene is applied", "9:30");
     EXPECT_TRUE(says("Every day at 9:30 AM"));
+    EXPECT_TRUE(says("Next: Today 9:30 AM"));
     click("Remove “Every day at 9:30 AM”");
     EXPECT_THAT(story.published().triggers, IsEmpty());
     EXPECT_THAT(window().notices().text().toStdString(), HasSubstr("9:30 AM"));

@@ -170,7 +170,7 @@ TEST_F(BusMethods, ShellsCompleteWhatTheProgramKnows) {
             kind, typed,
             {.ask = [&](const char* method) { return isRunning ? *call(method) : nlohmann::json::object(); },
              .files = story.files,
-             .supportDirectory = "/support/Vantrel"});
+             .storeFolders = {"/support/Vantrel"}});
         return values.empty() ? "" : values.front().word;
     };
     const std::string desk = story.published().deskName();

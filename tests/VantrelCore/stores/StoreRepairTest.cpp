@@ -12,6 +12,7 @@ namespace vantrel {
 namespace {
 
 const std::filesystem::path folder = "/v";
+const std::vector<std::filesystem::path> folders{"/state", folder};
 constexpr const char* sound = R"({"version": 2, "layouts": [], "activeLayouts": {"desk": "Work"}})";
 
 struct StoreRepairTest : testing::Test {
@@ -30,13 +31,13 @@ TEST_F(StoreRepairTest, PutsACopyBackAndKeepsTheCurrentFile) {
     auto store = LayoutStore::open(folder, {files, &incidents}).value();
     EXPECT_EQ(store.activeLayoutName("desk"), "Default");
     const auto present = files.content("/v/layouts.json");
-    EXPECT_EQ(StoreRepair::putBack(files, folder, "layouts.json.corrupt.1"), folder / "layouts.json");
+    EXPECT_EQ(StoreRepair::putBack(files, folders, "layouts.json.corrupt.1"), folder / "layouts.json");
     EXPECT_EQ(files.content("/v/layouts.json"), sound);
     EXPECT_EQ(files.content("/v/layouts.json.replaced"), present);
     incidents.noteReplaced("/v/layouts.json");
     EXPECT_EQ(store.activeLayoutName("desk"), "Work") << "a running store reads it anew";
     // And back again.
-    EXPECT_TRUE(StoreRepair::putBack(files, folder, "layouts.json.replaced").has_value());
+    EXPECT_TRUE(StoreRepair::putBack(files, folders, "layouts.json.replaced").has_value());
     EXPECT_EQ(files.content("/v/layouts.json"), present);
     EXPECT_EQ(files.content("/v/layouts.json.replaced"), sound);
 }
@@ -45,18 +46,18 @@ TEST_F(StoreRepairTest, AnUnusableCopyOrAFailureChangesNothing) {
     const auto before = files.files();
     for (const char* const name : {"layouts.json.corrupt", "layouts.json", "layouts.json.corrupt.2", "",
                                    "settings.conf.corrupt", "../v/layouts.json.corrupt.1"}) {
-        EXPECT_FALSE(StoreRepair::putBack(files, folder, name).has_value()) << name;
+        EXPECT_FALSE(StoreRepair::putBack(files, folders, name).has_value()) << name;
     }
     for (const std::size_t step : {1U, 2U}) {
         files.failOnceAfter(step, std::errc::io_error);
-        EXPECT_FALSE(StoreRepair::putBack(files, folder, "layouts.json.corrupt.1").has_value());
+        EXPECT_FALSE(StoreRepair::putBack(files, folders, "layouts.json.corrupt.1").has_value());
     }
     EXPECT_EQ(files.files(), before);
     EXPECT_EQ(files.content("/v/layouts.json.corrupt.1"), sound);
 }
 
 TEST_F(StoreRepairTest, InspectionTellsSoundDamagedAndCopiedFilesApart) {
-    const auto findings = StoreInspection::inspect(files, folder).value();
+    const auto findings = StoreInspection::inspect(files, {folder, folder, "/missing"});
     ASSERT_EQ(findings.size(), 3U) << "settings are no store";
     EXPECT_FALSE(findings[0].isCopy());
     EXPECT_EQ(findings[0].problem, "");

@@ -1,6 +1,7 @@
 #include "Vantrel/interface/workbench/desks/DeskDetailView.h"
 
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/EmptyLayout.h"
 #include "Vantrel/interface/controls/Hairline.h"
 #include "Vantrel/interface/controls/Metrics.h"
 
@@ -21,16 +22,6 @@ constexpr double margin = 20;
 // Narrower than this, the preview stands below the drawing.
 constexpr double twoSides = 760;
 constexpr double radius = 8;
-
-void clear(QLayout& layout) {
-    while (QLayoutItem* const item = layout.takeAt(0)) {
-        if (item->widget() != nullptr) {
-            item->widget()->hide();
-            item->widget()->deleteLater();
-        }
-        delete item;
-    }
-}
 
 } // namespace
 
@@ -229,7 +220,7 @@ void DeskDetailView::showLayouts() {
 }
 
 void DeskDetailView::showStashes() {
-    clear(*m_stashes->layout());
+    emptyLayout(*m_stashes->layout());
     for (const auto& stash : m_content->stashes) {
         auto* const widget = new QWidget(m_stashes);
         auto* const column = new QVBoxLayout(widget);

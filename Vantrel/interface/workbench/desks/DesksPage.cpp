@@ -223,11 +223,6 @@ void DesksPage::placeCards() {
     m_cards->setFixedHeight((count + columns - 1) / columns * size.height());
 }
 
-void DesksPage::focusSearch() {
-    m_search->setFocus(Qt::ShortcutFocusReason);
-    m_search->selectAll();
-}
-
 void DesksPage::focusFirst() {
     QWidget* const first = m_cards->isHidden() ? static_cast<QWidget*>(m_search) : m_cards;
     first->setFocus(Qt::OtherFocusReason);

@@ -319,11 +319,6 @@ void HistoryPage::showDetail() {
     m_inPlace->setVisible(!detail.inPlace.empty());
 }
 
-void HistoryPage::focusSearch() {
-    m_search->setFocus(Qt::ShortcutFocusReason);
-    m_search->selectAll();
-}
-
 void HistoryPage::focusFirst() {
     QWidget* const first = m_content.rows.empty() ? static_cast<QWidget*>(m_search) : m_rows;
     first->setFocus(Qt::OtherFocusReason);

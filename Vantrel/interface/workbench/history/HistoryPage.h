@@ -32,7 +32,7 @@ public:
 
     void show(const PublishedState& state, Topics changed) override;
     using WorkbenchPage::show;
-    void focusSearch() override;
+    [[nodiscard]] QLineEdit* searchField() const override { return m_search; }
     void focusFirst() override;
     [[nodiscard]] std::vector<std::pair<QString, QString>> keys() const override;
 

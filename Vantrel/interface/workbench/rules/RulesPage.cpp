@@ -195,11 +195,6 @@ void RulesPage::paintEvent(QPaintEvent* /*event*/) {
     QPainter(this).fillRect(rect(), DeskColors::of(palette()).base);
 }
 
-void RulesPage::focusSearch() {
-    m_search->setFocus();
-    m_search->selectAll();
-}
-
 void RulesPage::focusFirst() {
     if (m_rows.empty()) {
         m_search->setFocus();

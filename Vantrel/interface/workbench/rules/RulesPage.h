@@ -21,7 +21,7 @@ public:
 
     void show(const PublishedState& state, Topics changed) override;
     using QWidget::show;
-    void focusSearch() override;
+    [[nodiscard]] QLineEdit* searchField() const override { return m_search; }
     void focusFirst() override;
     [[nodiscard]] bool wantsLiveWindows() const override { return true; }
 

@@ -1,6 +1,7 @@
 #include "Vantrel/interface/workbench/scenes/SceneDetailView.h"
 
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/controls/EmptyLayout.h"
 #include "Vantrel/interface/controls/Hairline.h"
 #include "Vantrel/interface/controls/Metrics.h"
 #include "Vantrel/interface/pictures/Thumbnail.h"
@@ -24,16 +25,6 @@ namespace {
 constexpr double margin = 28;
 // Narrower than this, the facts stand in one column.
 constexpr double twoColumns = 660;
-
-void clear(QLayout& layout) {
-    while (QLayoutItem* const item = layout.takeAt(0)) {
-        if (item->widget() != nullptr) {
-            item->widget()->hide();
-            item->widget()->deleteLater();
-        }
-        delete item;
-    }
-}
 
 QHBoxLayout* rowIn(QWidget* parent, int spacing) {
     auto* const row = new QHBoxLayout(parent);
@@ -397,7 +388,7 @@ void SceneDetailView::showTriggers() {
     if (m_triggerList->isAncestorOf(focusWidget())) {
         m_addTime->setFocus();
     }
-    clear(*m_triggers);
+    emptyLayout(*m_triggers);
     for (const auto& trigger : m_content->triggers) {
         auto* const widget = new QWidget(m_triggerList);
         widget->setMinimumHeight(points(30));
@@ -405,7 +396,15 @@ void SceneDetailView::showTriggers() {
         row->addWidget(new Sign("clock", 16, widget));
         auto* const text = new Label(trigger.isEnabled ? Label::Role::text : Label::Role::quiet, widget);
         text->show(trigger.isEnabled ? qt(trigger.text) : qtr("%1 (off)").arg(qt(trigger.text)));
-        row->addWidget(text, 1);
+        auto* const texts = new QVBoxLayout;
+        texts->setSpacing(0);
+        texts->addWidget(text);
+        if (!trigger.next.empty()) {
+            auto* const next = new Label(Label::Role::second, widget);
+            next->show(qt(trigger.next));
+            texts->addWidget(next);
+        }
+        row->addLayout(texts, 1);
         auto* const remove = new SymbolButton("close", qtr("Remove “%1”").arg(qt(trigger.text)), 26, widget);
         connect(remove, &QToolButton::clicked, this,
                 [this, id = trigger.id] { m_actions.removeTrigger(id); });
@@ -417,7 +416,7 @@ void SceneDetailView::showTriggers() {
 
 void SceneDetailView::showWallpapers() {
     auto& column = *m_wallpaperList->layout();
-    clear(column);
+    emptyLayout(column);
     const auto text = [&](const QString& shown, Label::Role role, QWidget* parent) {
         auto* const label = new Label(role, parent);
         label->show(shown);

@@ -181,7 +181,8 @@ void addApps(ScenesContent::Detail& detail, const Scene& scene) {
     }
 }
 
-void addTriggers(ScenesContent::Detail& detail, const PublishedState& state) {
+void addTriggers(ScenesContent::Detail& detail, const PublishedState& state,
+                 const ScenesContent::Context& context) {
     for (const SceneTrigger& trigger : state.triggers) {
         if (trigger.sceneID == detail.id) {
             const std::string title = SceneTriggerFormatting::title(trigger.kind);
@@ -190,6 +191,11 @@ void addTriggers(ScenesContent::Detail& detail, const PublishedState& state) {
                                            ? trf("Every day at {}", title)
                                            : title,
                                        trigger.enabled});
+            if (const auto next = state.nextFirings.find(trigger.id); next != state.nextFirings.end()) {
+                detail.triggers.back().next =
+                    trf("Next: {}", DayText::day(next->second, context.now, context.zone) + " " +
+                                        DayText::time(next->second, context.zone));
+            }
         }
     }
 }
@@ -236,7 +242,7 @@ ScenesContent::Detail detailOf(const Scene& scene, const std::string& deskName, 
         return key.taken.surface == HotKeySurface::scene(scene.id) &&
                key.state == HotKeyStatus::State::refused;
     });
-    addTriggers(detail, state);
+    addTriggers(detail, state, context);
     addWallpapers(detail, scene);
     detail.isPinned = scene.isPinned();
     detail.opensMissingApps = scene.effectiveOpensMissingApps();

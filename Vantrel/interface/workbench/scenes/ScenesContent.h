@@ -47,6 +47,8 @@ struct ScenesContent {
         // "Every day at 9:00 AM".
         std::string text;
         bool isEnabled = true;
+        // "Next: Tomorrow 9:00 AM"; empty when it is not known.
+        std::string next{};
 
         bool operator==(const Trigger&) const = default;
     };

@@ -256,10 +256,9 @@ void ScenesPage::reorder(const std::string& id, const std::string& before) {
 void ScenesPage::focusSearch() {
     if (m_editor != nullptr) {
         m_editor->focusSearch();
-        return;
+    } else {
+        WorkbenchPage::focusSearch();
     }
-    m_search->setFocus(Qt::ShortcutFocusReason);
-    m_search->selectAll();
 }
 
 void ScenesPage::focusFirst() {

@@ -24,6 +24,7 @@ public:
     void show(const PublishedState& state, Topics changed) override;
     using WorkbenchPage::show;
     void focusSearch() override;
+    [[nodiscard]] QLineEdit* searchField() const override { return m_search; }
     void focusFirst() override;
     [[nodiscard]] bool wantsLiveWindows() const override { return true; }
     [[nodiscard]] bool wantsWholeWindow() const override { return m_editor != nullptr; }

@@ -1,14 +1,11 @@
 // The sections of the settings that need no class of their own elsewhere.
 #include "Vantrel/interface/Text.h"
-#include "Vantrel/interface/controls/ActionButton.h"
 #include "Vantrel/interface/controls/Metrics.h"
-#include "Vantrel/interface/workbench/settings/SettingsSectionView.h"
-#include "Vantrel/interface/workbench/settings/ToggleRows.h"
+#include "Vantrel/interface/workbench/settings/RowsSection.h"
 
 #include <QLineEdit>
 #include <QPointer>
 #include <QSlider>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -22,57 +19,9 @@ namespace {
 constexpr int delaySteps = 10;
 constexpr int longestDelay = 10;
 
-ActionButton* button(const char* text, QWidget* parent, std::function<void()> act) {
-    auto* const button = new ActionButton("", ActionButton::Form::plain, parent);
-    button->setTexts(qtr(text), "");
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    QObject::connect(button, &QPushButton::clicked, parent, std::move(act));
-    return button;
-}
-
-// A section made of rows, one below the other.
-class Section : public SettingsSectionView {
+class General final : public RowsSection {
 public:
-    Section(const SettingsActions& actions, QWidget* parent)
-        : SettingsSectionView(parent), m_actions(actions), m_column(new QVBoxLayout(this)) {
-        m_column->setContentsMargins(0, 0, 0, 0);
-        m_column->setSpacing(0);
-    }
-
-protected:
-    [[nodiscard]] const SettingsActions& actions() const { return m_actions; }
-    [[nodiscard]] QVBoxLayout& column() { return *m_column; }
-
-    ToggleRows* addToggles() {
-        auto* const toggles = new ToggleRows(m_actions, this);
-        m_column->addWidget(toggles);
-        return toggles;
-    }
-
-    SettingRow* addRow(const std::string& title, const std::string& detail) {
-        auto* const row = new SettingRow("", this);
-        row->setTexts(title, detail);
-        m_column->addWidget(row);
-        return row;
-    }
-
-    // Nothing without an action.
-    void addButtonRow(const char* title, const char* detail, const char* text,
-                      const std::function<void()>& act) {
-        if (act) {
-            SettingRow* const row = addRow(vantrel::tr(title), *detail == '\0' ? "" : vantrel::tr(detail));
-            row->addControl(button(text, row, act));
-        }
-    }
-
-private:
-    const SettingsActions& m_actions;
-    QVBoxLayout* m_column;
-};
-
-class General final : public Section {
-public:
-    General(const SettingsActions& all, QWidget* parent) : Section(all, parent), m_toggles(addToggles()) {
+    General(const SettingsActions& all, QWidget* parent) : RowsSection(all, parent), m_toggles(addToggles()) {
         addButtonRow(marked("The introduction"), marked("What Vantrel does and what it needs."),
                      marked("Show again"), all.showIntroduction);
         addButtonRow(marked("The settings file"), marked("Changes in it take effect at once."),
@@ -86,9 +35,10 @@ private:
     ToggleRows* m_toggles;
 };
 
-class Restoring final : public Section {
+class Restoring final : public RowsSection {
 public:
-    Restoring(const SettingsActions& all, QWidget* parent) : Section(all, parent), m_toggles(addToggles()) {
+    Restoring(const SettingsActions& all, QWidget* parent)
+        : RowsSection(all, parent), m_toggles(addToggles()) {
         m_row = addRow(vantrel::tr("Wait until the displays are still"), "");
         m_slider = new QSlider(Qt::Horizontal, m_row);
         m_slider->setAccessibleName(qtr("Wait until the displays are still"));
@@ -120,17 +70,19 @@ private:
     bool m_isShowing = false;
 };
 
-class Displays final : public Section {
+class Displays final : public RowsSection {
 public:
-    using Section::Section;
+    using RowsSection::RowsSection;
 
     void show(const SettingsContent& content) override {
-        if (m_shown == content.displays && m_sameDesk == content.sameDesk && m_isBuilt) {
+        if (m_shown == content.displays && m_sameDesk == content.sameDesk &&
+            m_missionControl == content.missionControl && m_isBuilt) {
             return;
         }
         m_isBuilt = true;
         m_shown = content.displays;
         m_sameDesk = content.sameDesk;
+        m_missionControl = content.missionControl;
         for (QWidget* const former : std::exchange(m_rows, {})) {
             former->hide();
             former->deleteLater();
@@ -161,78 +113,39 @@ public:
                     vantrel::tr("It has the same displays on other connectors. Joined, they are one desk."));
             row->addControl(button(marked("Join"), row, actions().joinDesks));
         }
+        addMissionControl(add);
         if (column().count() == static_cast<int>(m_rows.size())) {
             column().addStretch(1);
         }
     }
 
 private:
+    using MissionControl = SettingsContent::MissionControl;
+
+    template <typename Add>
+    void addMissionControl(const Add& add) {
+        if (m_missionControl == MissionControl::losing) {
+            SettingRow* const row = add("warn", vantrel::tr("Mission Control moves windows"),
+                                        vantrel::tr("Two of its settings let windows leave their places."));
+            row->addControl(button(marked("Keep Spaces in place"), row, actions().fixMissionControl));
+        } else if (m_missionControl != MissionControl::absent) {
+            add("check", vantrel::tr("Mission Control leaves windows in their places"),
+                m_missionControl == MissionControl::fixed
+                    ? vantrel::tr("Vantrel changed its settings for that.")
+                    : "");
+        }
+    }
+
     std::vector<SettingsContent::Display> m_shown;
+    MissionControl m_missionControl = MissionControl::absent;
     std::string m_sameDesk;
     std::vector<QWidget*> m_rows;
     bool m_isBuilt = false;
 };
 
-class Privacy final : public Section {
+class LicenseSection final : public RowsSection {
 public:
-    Privacy(const SettingsActions& all, QWidget* parent) : Section(all, parent), m_toggles(addToggles()) {
-        m_reports = addRow("", "");
-        if (all.openCrashReports) {
-            m_look = button(marked("Look"), m_reports, all.openCrashReports);
-            m_reports->addControl(m_look);
-        }
-        if (all.sendCrashReports) {
-            m_send = button(marked("Send"), m_reports, [this] { send(); });
-            m_reports->addControl(m_send);
-        }
-        addButtonRow(marked("The log"), marked("What Vantrel did and why. It stays on this computer."),
-                     marked("Open"), all.openLog);
-        addButtonRow(marked("The folder with everything that is remembered"), "", marked("Open"),
-                     all.openFolder);
-        column().addStretch(1);
-    }
-
-    void show(const SettingsContent& content) override {
-        m_toggles->show(content.privacy);
-        showReports();
-    }
-
-private:
-    void showReports() {
-        const auto count = static_cast<std::int64_t>(actions().crashReports());
-        m_reports->setTexts(count == 0 ? vantrel::tr("No crash report waits")
-                                       : trn("{} crash report waits", "{} crash reports wait", count),
-                            "");
-        for (ActionButton* const each : {m_look, m_send}) {
-            if (each != nullptr) {
-                each->setEnabled(count > 0);
-            }
-        }
-    }
-
-    void send() {
-        m_send->setEnabled(false);
-        actions().sendCrashReports([self = QPointer(this)] {
-            if (self) {
-                self->showReports();
-                self->m_reports->showProblem(
-                    self->actions().crashReports() == 0
-                        ? std::nullopt
-                        : std::optional<std::string>(
-                              vantrel::tr("The crash reports could not be sent. They are kept.")));
-            }
-        });
-    }
-
-    ToggleRows* m_toggles;
-    SettingRow* m_reports = nullptr;
-    ActionButton* m_look = nullptr;
-    ActionButton* m_send = nullptr;
-};
-
-class LicenseSection final : public Section {
-public:
-    LicenseSection(const SettingsActions& all, QWidget* parent) : Section(all, parent) {
+    LicenseSection(const SettingsActions& all, QWidget* parent) : RowsSection(all, parent) {
         m_state = addRow("", "");
         m_return = button(marked("Return the license"), m_state, [this] {
             m_return->setEnabled(false);
@@ -294,26 +207,6 @@ private:
     SettingRow* m_purchase = nullptr;
 };
 
-class About final : public Section {
-public:
-    About(const SettingsActions& all, QWidget* parent) : Section(all, parent) {
-        m_version = addRow("", "");
-        if (all.checkForUpdates) {
-            m_version->addControl(button(marked("Check for updates"), m_version, all.checkForUpdates));
-        }
-        addRow(vantrel::tr("Libraries"),
-               "Qt, XCB, ICU, GLib, libical, libsodium, {fmt}, nlohmann/json, CLI11");
-        column().addStretch(1);
-    }
-
-    void show(const SettingsContent& content) override {
-        m_version->setTexts(trf("Vantrel {}", content.version), content.update);
-    }
-
-private:
-    SettingRow* m_version = nullptr;
-};
-
 } // namespace
 
 SettingsSectionView* SettingsSectionViews::general(const SettingsActions& actions, QWidget* parent) {
@@ -328,16 +221,8 @@ SettingsSectionView* SettingsSectionViews::displays(const SettingsActions& actio
     return new Displays(actions, parent);
 }
 
-SettingsSectionView* SettingsSectionViews::privacy(const SettingsActions& actions, QWidget* parent) {
-    return new Privacy(actions, parent);
-}
-
 SettingsSectionView* SettingsSectionViews::license(const SettingsActions& actions, QWidget* parent) {
     return new LicenseSection(actions, parent);
-}
-
-SettingsSectionView* SettingsSectionViews::about(const SettingsActions& actions, QWidget* parent) {
-    return new About(actions, parent);
 }
 
 } // namespace vantrel

@@ -4,8 +4,12 @@
 #include "Vantrel/interface/DayText.h"
 #include "Vantrel/interface/SceneActions.h"
 #include "Vantrel/interface/Text.h"
+#include "Vantrel/interface/workbench/settings/CrashReportFiles.h"
 #include "VantrelCore/diagnostics/CrashReportNames.h"
+#include "VantrelCore/diagnostics/DiagnosticReport.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
+
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -85,13 +89,130 @@ std::function<void()> opener(const SettingsActions::Services& services, const st
     };
 }
 
+using Tell = std::function<void(const std::string&, bool)>;
+
+void addCrashReports(SettingsActions& actions, AppController& controller,
+                     const SettingsActions::Services& services, const Tell& tell) {
+    FileSystem* const files = services.files;
+    if (files == nullptr) {
+        return;
+    }
+    actions.crashReports = [&controller, files,
+                            folder = services.supportDirectory / CrashReportNames::folder] {
+        const TimeZone zone = controller.zone();
+        std::vector<SettingsActions::CrashReport> shown;
+        for (const auto& [file, date] : CrashReportFiles::in(*files, folder)) {
+            shown.push_back(
+                {file, DayText::day(date, controller.now(), zone) + " " + DayText::time(date, zone)});
+        }
+        return shown;
+    };
+    actions.deleteCrashReports = [&controller,
+                                  files](const std::vector<SettingsActions::CrashReport>& reports) {
+        std::vector<std::filesystem::path> paths;
+        for (const auto& report : reports) {
+            paths.push_back(report.file);
+        }
+        auto putBack = CrashReportFiles::remove(*files, paths);
+        if (!putBack) {
+            return Problem(putBack.error());
+        }
+        controller.deletions().add(reports.size() == 1 ? trf("the crash report from {}", reports.front().time)
+                                                       : std::string(tr("every crash report")),
+                                   std::move(*putBack));
+        return Problem();
+    };
+    if (services.open) {
+        actions.openCrashReport = [open = services.open, tell](const std::filesystem::path& file) {
+            if (!open(file)) {
+                tell(trf("No program opens {}.", file.string()), true);
+            }
+        };
+    }
+}
+
+DiagnosticReport diagnosticReport(AppController& controller, const SettingsActions::Services& services) {
+    const PublishedState& state = controller.published();
+    const auto content = [&](const std::filesystem::path& file) {
+        return services.files->read(file).value_or("");
+    };
+    DiagnosticReport report{.date = controller.now(),
+                            .version = state.version,
+                            .operatingSystem = services.operatingSystem,
+                            .phase = StatusPhase::text(state.phase),
+                            .displays = state.displays,
+                            .settings = {},
+                            .problems = {},
+                            .crashReports = {},
+                            .log = content(services.logFile)};
+    if (const auto file = controller.defaults().file()) {
+        report.settings = content(file->path);
+    }
+    for (const auto& incident : state.fileIncidents) {
+        report.problems.push_back(FileIncidentText::sentence(incident));
+    }
+    for (const auto& mistake : state.settingMistakes) {
+        report.problems.push_back(mistake.text());
+    }
+    for (const auto& crash :
+         CrashReportFiles::in(*services.files, services.supportDirectory / CrashReportNames::folder)) {
+        report.crashReports.push_back(content(crash.file));
+    }
+    return report;
+}
+
+std::filesystem::path folder(QStandardPaths::StandardLocation location) {
+    return QStandardPaths::writableLocation(location).toStdString();
+}
+
+void writeReport(AppController& controller, const SettingsActions::Services& services, const Tell& tell) {
+    const auto home = folder(QStandardPaths::HomeLocation);
+    auto place = folder(QStandardPaths::DocumentsLocation);
+    std::error_code error;
+    if (!std::filesystem::is_directory(place, error)) {
+        place = home;
+    }
+    const auto file = place / ("vantrel-report-" + iso8601Text(controller.now()).substr(0, 10) + ".txt");
+    const auto failure =
+        services.files->writeAtomically(file, diagnosticReport(controller, services).text(home.string()));
+    if (failure && !isReplaced(failure)) {
+        tell(trf("{} could not be written ({}).", file.string(), failure.message()), true);
+        return;
+    }
+    if (services.open) {
+        services.open(file);
+    }
+    tell(trf("Written to {}. Read it before you send it: it names your programs, displays and scenes.",
+             file.string()),
+         false);
+}
+
+SettingsActions::InstalledText installedText(const SettingsActions::Services& services, const char* name) {
+    return [files = services.files, file = services.textsDirectory / name]() -> std::optional<std::string> {
+        auto text = files == nullptr ? std::unexpected(std::error_code()) : files->read(file);
+        return text ? std::optional(std::move(*text)) : std::nullopt;
+    };
+}
+
+SettingsContent::MissionControl missionControlOf(AppController& controller,
+                                                 const SettingsActions::Services& services) {
+    using MissionControl = SettingsContent::MissionControl;
+    const SettingKey* const key = SettingKeys::named("missionControlFixApplied");
+    if (!controller.hasEffect(*key)) {
+        return MissionControl::absent;
+    }
+    return services.missionControlFix()                                 ? MissionControl::losing
+           : Settings(controller.defaults()).missionControlFixApplied() ? MissionControl::fixed
+                                                                        : MissionControl::fine;
+}
+
 } // namespace
 
 SettingsActions SettingsActions::of(AppController& controller, const Services& services,
                                     const std::weak_ptr<bool>& alive,
                                     const std::function<void(const std::string&, bool)>& tell) {
     SettingsActions actions;
-    actions.context = [&controller, canSend = services.sendCrashReports != nullptr] {
+    actions.context = [&controller, services, canSend = services.sendCrashReports != nullptr] {
         return SettingsContent::Context{.dateText =
                                             [&controller](Date date) {
                                                 const TimeZone zone = controller.zone();
@@ -103,7 +224,8 @@ SettingsActions SettingsActions::of(AppController& controller, const Services& s
                                                 const SettingKey* const key = SettingKeys::named(name);
                                                 return key != nullptr && controller.hasEffect(*key) &&
                                                        (canSend || name != "sendCrashReports");
-                                            }};
+                                            },
+                                        .missionControl = missionControlOf(controller, services)};
     };
     actions.set = [&controller](std::string_view key, bool isOn) {
         if (key == "enabled") {
@@ -127,10 +249,19 @@ SettingsActions SettingsActions::of(AppController& controller, const Services& s
         const auto joining = controller.joinDesks("", "");
         tell(joining.text(), joining.kind != DeskJoining::Kind::done);
     };
-    actions.crashReports = services.crashReports;
+    actions.fixMissionControl = [fix = services.missionControlFix] {
+        if (const auto now = fix()) {
+            now();
+        }
+    };
+    addCrashReports(actions, controller, services, tell);
     actions.sendCrashReports = services.sendCrashReports;
-    actions.openCrashReports = opener(services, services.supportDirectory / CrashReportNames::folder, tell);
-    actions.openLog = opener(services, services.supportDirectory / "app.log", tell);
+    if (services.files != nullptr) {
+        actions.exportReport = [&controller, services, tell] { writeReport(controller, services, tell); };
+    }
+    actions.whatChanged = installedText(services, "news.txt");
+    actions.libraryLicenses = installedText(services, "licenses.txt");
+    actions.openLog = opener(services, services.logFile, tell);
     actions.openFolder = opener(services, services.supportDirectory, tell);
     if (const auto file = controller.defaults().file()) {
         actions.openSettingsFile = opener(services, file->path, tell);

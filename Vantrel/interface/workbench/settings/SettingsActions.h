@@ -7,8 +7,8 @@
 #include "VantrelCore/commands/HotKeyCollisions.h"
 #include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/model/SceneTrigger.h"
+#include "VantrelCore/ports/FileSystem.h"
 
-#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -49,12 +49,27 @@ struct SettingsActions {
     std::function<void()> swapDisplays = [] {};
     std::function<void()> joinDesks = [] {};
 
-    // How many crash reports wait.
-    std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
+    // Keeps Mission Control from moving windows.
+    std::function<void()> fixMissionControl = [] {};
+
+    struct CrashReport {
+        std::filesystem::path file;
+        // "Today 9:12 AM".
+        std::string time;
+    };
+    // Those that wait, newest first.
+    std::function<std::vector<CrashReport>()> crashReports = [] { return std::vector<CrashReport>(); };
     // Null where there is nobody to send them to.
     std::function<void(std::function<void()> done)> sendCrashReports{};
+    // Can be undone like other deletions.
+    std::function<Problem(const std::vector<CrashReport>&)> deleteCrashReports = [](const auto&) {
+        return std::nullopt;
+    };
+    // Null where files cannot be opened.
+    std::function<void(const std::filesystem::path&)> openCrashReport{};
+    // Writes a text to attach to a bug report and opens it. Null where there are no files.
+    std::function<void()> exportReport{};
     // Null where these cannot be opened.
-    std::function<void()> openCrashReports{};
     std::function<void()> openLog{};
     std::function<void()> openFolder{};
     std::function<void()> openSettingsFile{};
@@ -67,14 +82,24 @@ struct SettingsActions {
     // Null where the system updates the program.
     std::function<void()> checkForUpdates{};
     std::function<void()> showIntroduction{};
+    // Texts that are installed with the program; none if they are not.
+    using InstalledText = std::function<std::optional<std::string>()>;
+    InstalledText whatChanged = [] { return std::nullopt; };
+    InstalledText libraryLicenses = [] { return std::nullopt; };
 
     // Operations outside the controller.
     struct Services {
         HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
         std::filesystem::path supportDirectory{};
+        std::filesystem::path logFile{};
+        // Of the texts that are installed with the program.
+        std::filesystem::path textsDirectory{};
+        // Null without a disk.
+        FileSystem* files = nullptr;
+        // With its version.
+        std::string operatingSystem{};
         // Opens a file or folder; null where that is not possible.
         std::function<bool(const std::filesystem::path&)> open{};
-        std::function<std::size_t()> crashReports = [] { return std::size_t{0}; };
         // Null where there is nobody to send them to.
         std::function<void(std::function<void()> done)> sendCrashReports{};
         // Null where nothing can be bought.
@@ -82,6 +107,8 @@ struct SettingsActions {
         // Null where the system updates the program.
         std::function<void()> checkForUpdates{};
         std::function<void()> showIntroduction{};
+        // What keeps Mission Control from moving windows; null while it does not move any.
+        std::function<std::function<void()>()> missionControlFix = [] { return nullptr; };
     };
 
     // `tell` is called with the outcome of a request, only while `alive` exists.

@@ -3,6 +3,7 @@
 #include "Vantrel/interface/Text.h"
 #include "VantrelCore/commands/HotKeyRecording.h"
 #include "VantrelCore/commands/HotKeyText.h"
+#include "VantrelCore/displays/DisplayIdentity.h"
 #include "VantrelCore/displays/DisplayLabels.h"
 #include "VantrelCore/model/HotKeyCombo.h"
 #include "VantrelCore/scenes/SceneIconography.h"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <map>
 #include <set>
 #include <variant>
 
@@ -144,17 +146,28 @@ std::string detailOf(const DisplayInfo& display) {
     return display.isBuiltin ? text + " · " + tr("built in") : text;
 }
 
+// Why the display may be confused with another; empty if it cannot.
+std::string confusionOf(const DisplayInfo& display, bool hasTwin,
+                        const std::map<std::string, std::string>& diagnoses) {
+    const auto found = diagnoses.find(display.uuid);
+    std::string text = found == diagnoses.end() ? "" : found->second;
+    if (hasTwin) {
+        text += std::string(text.empty() ? "" : " ") +
+                tr("There are several of this kind. They are told apart by what they "
+                   "report of themselves, else by their connectors.");
+    }
+    return text;
+}
+
 void addDisplays(SettingsContent& content, const PublishedState& state) {
     const auto labels = DisplayLabels::of(state.displays);
+    const auto diagnoses = DisplayIdentity::diagnoses(state.displays);
     for (const DisplayInfo& display : state.displays) {
         const auto twins = std::ranges::count(state.displays, display.name, &DisplayInfo::name);
-        content.displays.push_back(
-            {.name = labels.at(display.uuid),
-             .detail = detailOf(display),
-             .note = twins > 1 ? tr("There are several of this kind. They are told apart by what they "
-                                    "report of themselves, else by their connectors.")
-                               : "",
-             .isBuiltin = display.isBuiltin});
+        content.displays.push_back({.name = labels.at(display.uuid),
+                                    .detail = detailOf(display),
+                                    .note = confusionOf(display, twins > 1, diagnoses),
+                                    .isBuiltin = display.isBuiltin});
         content.canSwapDisplays = content.canSwapDisplays || twins == 2;
     }
     content.sameDesk = state.sameDeskOffer ? state.sameDeskOffer->name : "";
@@ -204,6 +217,7 @@ SettingsContent SettingsContent::of(const PublishedState& state, const Context& 
         content.scenes.push_back({scene.id, scene.name});
     }
     addDisplays(content, state);
+    content.missionControl = context.missionControl;
     content.privacy =
         toggles({{"sendCrashReports", marked("Send crash reports"),
                   marked("Only of Vantrel itself. They say where in it the fault was."), false, true}},

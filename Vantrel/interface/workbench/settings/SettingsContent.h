@@ -102,6 +102,9 @@ struct SettingsContent {
     // For a new trigger.
     std::vector<NamedScene> scenes;
     std::vector<Display> displays;
+    // Mission Control lets windows leave their places; only on systems that have it.
+    enum class MissionControl : std::uint8_t { absent, fine, losing, fixed };
+    MissionControl missionControl = MissionControl::absent;
     // Two displays of one kind, whose windows can be exchanged.
     bool canSwapDisplays = false;
     // The name of a remembered desk that may be this one; empty if there is none.
@@ -120,6 +123,7 @@ struct SettingsContent {
         // Formats the date of a firing: "tomorrow at 9:00".
         std::function<std::string(Date)> dateText;
         std::function<bool(std::string_view key)> hasEffect = [](auto) { return true; };
+        MissionControl missionControl = MissionControl::absent;
     };
     [[nodiscard]] static SettingsContent of(const PublishedState& state, const Context& context);
 };

@@ -72,7 +72,8 @@ void SettingsPage::show(const PublishedState& state, Topics changed) {
     m_state = &state;
     if (isFirst) {
         choose(m_section);
-    } else if (changed.containsAnyOf({Topic::settings, Topic::scenes, Topic::desk, Topic::status})) {
+    } else if (changed.containsAnyOf(
+                   {Topic::settings, Topic::scenes, Topic::desk, Topic::status, Topic::deletions})) {
         refresh();
     }
     // Only once: later changes must not pull the user back here.

@@ -1,6 +1,8 @@
 // Files of the program: reading, writing, autostart, the instance lock, the machine identity.
 #include "Vantrel/platform/posix/AutostartEntry.h"
 #include "Vantrel/platform/posix/AutostartFile.h"
+#include "Vantrel/platform/posix/AutostartWay.h"
+#include "Vantrel/platform/posix/FolderMove.h"
 #include "Vantrel/platform/posix/InstanceLock.h"
 #include "Vantrel/platform/posix/MachineIDFile.h"
 #include "Vantrel/platform/posix/PosixFileSystem.h"
@@ -180,6 +182,61 @@ TEST(AutostartFile, IsWrittenRemovedAndReportsFailure) {
     AutostartFile below(files, folder.path() / "autostart" / "x" / "y.desktop", "/usr/bin/vantrel");
     ASSERT_FALSE(files.writeAtomically(folder.path() / "autostart" / "x", "a file"));
     EXPECT_THAT(below.setLaunchAtLogin(true), HasSubstr("could not be changed"));
+}
+
+TEST(AutostartWay, IsTheUnitWhereSystemdRunsTheSessionAndNeverBoth) {
+    using AutostartWay::Facts;
+    using AutostartWay::Plan;
+    using AutostartWay::UnitChange;
+    const std::pair<Facts, Plan> rows[] = {
+        {{.isWanted = true}, {UnitChange::nothing, true}},
+        {{.isWanted = true, .isUnitUsable = true}, {UnitChange::enable, false}},
+        {{.isWanted = true, .isUnitUsable = true, .isUnitEnabled = true}, {UnitChange::nothing, false}},
+        // Enabled in a session of another kind.
+        {{.isWanted = true, .isUnitEnabled = true}, {UnitChange::disable, true}},
+        // Switched off in the desktop's settings.
+        {{.isWanted = true, .isUnitUsable = true, .isUnitEnabled = true, .isEntryTheUsers = true},
+         {UnitChange::disable, true}},
+        {{.isChange = true, .isUnitUsable = true, .isUnitEnabled = true}, {UnitChange::disable, false}},
+        // Enabled by hand.
+        {{.isUnitUsable = true, .isUnitEnabled = true}, {UnitChange::nothing, false}},
+    };
+    for (const auto& [facts, plan] : rows) {
+        EXPECT_EQ(AutostartWay::plan(facts), plan) << &facts - &rows[0].first;
+    }
+}
+
+TEST(FolderMove, MovesWhatTheNewFolderLacksAndNamesTheRest) {
+    const TemporaryFolder folder;
+    const auto older = folder.path() / "Vantrel";
+    const auto newer = folder.path() / "vantrel";
+    const auto state = folder.path() / "state" / "vantrel";
+    for (const char* const name : {"layouts.json", "scenes.json", "app.log", "app.log.1",
+                                   "notes.json.corrupt", "crashes/1.crash", InstanceLock::fileName}) {
+        putText(older / name, "older");
+    }
+    putText(newer / "scenes.json", "newer");
+    putText(newer / "crashes" / "2.crash", "newer");
+
+    auto report = FolderMove::everything(older, newer);
+    ASSERT_EQ(report.size(), 2U);
+    EXPECT_THAT(report[0],
+                HasSubstr(": app.log, app.log.1, crashes/1.crash, layouts.json, notes.json.corrupt"));
+    EXPECT_THAT(report[1], HasSubstr("Vantrel/scenes.json is not used"));
+    EXPECT_EQ(textOf(older / "scenes.json"), "older");
+    EXPECT_EQ(textOf(newer / "scenes.json"), "newer");
+    EXPECT_EQ(textOf(newer / "layouts.json") + textOf(newer / "crashes" / "1.crash"), "olderolder");
+
+    EXPECT_EQ(FolderMove::files(newer, state, {"app.log", "notes.json", "missing"}).size(), 1U);
+    EXPECT_EQ(textOf(state / "app.log") + textOf(state / "app.log.1") + textOf(state / "notes.json.corrupt"),
+              "olderolderolder");
+    EXPECT_TRUE(std::filesystem::exists(newer / "layouts.json"));
+
+    // Once nothing of value is left, the older folder goes.
+    std::filesystem::remove(newer / "scenes.json");
+    EXPECT_EQ(FolderMove::everything(older, newer).size(), 1U);
+    EXPECT_FALSE(std::filesystem::exists(older));
+    EXPECT_EQ(textOf(newer / "scenes.json"), "older");
 }
 
 constexpr std::chrono::milliseconds noPatience(0);
