@@ -288,7 +288,7 @@ std::vector<std::pair<QString, QString>> ScenesPage::keys() const {
     return {
         {qtr("Return"), qtr("Apply the scene")},
         {qtr("F2"), qtr("Rename the scene")},
-        {qtr("Delete"), qtr("Delete the scene")},
+        {native(Qt::Key_Delete), qtr("Delete the scene")},
         {native(Qt::ALT | Qt::Key_Up) + ", " + native(Qt::ALT | Qt::Key_Down),
          qtr("Move the scene up or down")},
     };
