@@ -31,6 +31,7 @@
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/SystemZone.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/posix/WallpaperFolders.h"
 #include "Vantrel/platform/posix/ZoneDatabase.h"
 #include "Vantrel/platform/qt/BusMembership.h"
 #include "Vantrel/platform/qt/BusNotifications.h"
@@ -45,6 +46,8 @@
 #include "Vantrel/platform/qt/TerminationSignals.h"
 #include "Vantrel/platform/qt/UserFolders.h"
 #include "Vantrel/platform/qtx11/OwnWindows.h"
+#include "Vantrel/platform/qtx11/X11WindowPictures.h"
+#include "Vantrel/platform/thumbnails/ThumbnailStore.h"
 #include "Vantrel/platform/x11/DesktopLauncher.h"
 #include "Vantrel/platform/x11/Registration.h"
 #include "Vantrel/platform/x11/UnrestrictedStart.h"
@@ -181,7 +184,7 @@ private:
              .ownBundleID = ownBundleID,
              .version = VANTREL_VERSION,
              .setLaunchAtLogin = [this](bool launches) { return m_launchAtLogin.set(launches, m_bus); },
-             .settingsWithoutEffect = {"showDockIcon", "missionControlFixApplied", "showWindowPreviews"}});
+             .settingsWithoutEffect = {"showDockIcon", "missionControlFixApplied"}});
         if (!controller) {
             return complain(folderIsUnusable(m_supportDirectory, controller.error()));
         }
@@ -255,6 +258,7 @@ private:
         offerVendor(services, m_vendor, m_updates, m_crashUploader, openPage);
         PanelPresenter::Services& panel = services.panel;
         panel.icons = &m_icons;
+        panel.windowPictures = &m_windowPictures;
         panel.keyCode = [this](const QKeyEvent& event) {
             return m_hotKeys.virtualKeyCode(event.nativeScanCode());
         };
@@ -279,7 +283,17 @@ private:
         services.settings.files = &m_files;
         services.settings.operatingSystem = m_system.operatingSystem;
         services.settings.open = openFile;
+        services.wallpapers.thumbnails = &m_thumbnails;
+        services.wallpapers.readSystem = [this](const auto& done) { readWallpapers(done); };
         return services;
+    }
+
+    void readWallpapers(const std::function<void(WallpaperServices::List)>& done) {
+        m_background.run(WorkPriority::userInitiated,
+                         [this, done, folders = posix::WallpaperFolders::in(UserFolders::allData()),
+                          languages = WallpaperLists::languagesOf(QLocale::system().name().toStdString())] {
+                             m_queue.post([done, found = folders.read(languages)] { done(found); });
+                         });
     }
 
     [[nodiscard]] bool serve() {
@@ -411,6 +425,8 @@ private:
     Registration m_loss;
     Registration m_eventErrors;
     ThemeIcons m_icons;
+    X11WindowPictures m_windowPictures;
+    ThumbnailStore m_thumbnails{ThumbnailCache(UserFolders::thumbnails())};
     std::optional<BusNotifications> m_notifications;
     std::optional<Surfaces> m_surfaces;
     std::optional<SecondStartWatch> m_secondStart;

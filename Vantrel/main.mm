@@ -50,9 +50,12 @@
 #include "Vantrel/platform/posix/PosixFileSystem.h"
 #include "Vantrel/platform/posix/SystemClock.h"
 #include "Vantrel/platform/posix/ThreadBackground.h"
+#include "Vantrel/platform/posix/WallpaperFolders.h"
 #include "Vantrel/platform/qt/OperatingSystemName.h"
 #include "Vantrel/platform/qt/QtHttpClient.h"
+#include "Vantrel/platform/thumbnails/ThumbnailStore.h"
 #include "VantrelCore/ports/PatientFileSystem.h"
+#include "VantrelCore/scenes/SystemWallpaperCatalog.h"
 #include "VantrelCore/windows/AXPermission.h"
 #include "VantrelCore/windows/AccessibilityDesk.h"
 
@@ -171,11 +174,21 @@ private:
         services.settings.logFile = m_log.file();
         services.settings.files = &m_files;
         services.settings.operatingSystem = m_system.operatingSystem;
+        services.wallpapers.thumbnails = &m_thumbnails;
+        services.wallpapers.readSystem = [this](const auto& done) { readWallpapers(done); };
         // The Dock has an icon while it is open.
         services.workbenchOpenChanged = [this](bool isOpen) {
             ProgramPresence::setShown(isOpen || Settings(m_defaults).showDockIcon().value_or(false));
         };
         return services;
+    }
+
+    void readWallpapers(const std::function<void(WallpaperServices::List)>& done) {
+        m_background.run(WorkPriority::userInitiated, [this, done] {
+            const posix::WallpaperFolders folders{
+                .pictures = {SystemWallpaperCatalog::directory, "/Library/Desktop Pictures"}};
+            m_queue.post([done, found = folders.read({})] { done(found); });
+        });
     }
 
     void showSurfaces() {
@@ -273,6 +286,8 @@ private:
     std::unique_ptr<AppController> m_controller;
     std::optional<IntentsBridge> m_intents;
     PictureIcons m_icons{ApplicationPictures::read};
+    // No other program shares a cache of thumbnails.
+    ThumbnailStore m_thumbnails{ThumbnailCache({})};
     FocusReturn m_focusReturn;
     ShownWindows m_shownWindows{{.shown = [this] { m_focusReturn.windowShown(); },
                                  .lastClosed = [this] { m_focusReturn.lastWindowClosed(); }}};

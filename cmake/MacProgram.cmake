@@ -39,6 +39,7 @@ target_compile_definitions(Vantrel PRIVATE VANTREL_VERSION="${PROJECT_VERSION}")
 target_link_libraries(
     Vantrel
     PRIVATE VantrelCommands VantrelDiagnostics VantrelInterface VantrelLicensing VantrelMacos VantrelPosix
+            VantrelThumbnails
 )
 target_link_directories(Vantrel PRIVATE ${swiftLibraries})
 target_link_options(Vantrel PRIVATE "-Wl,-rpath,@executable_path/../Frameworks")

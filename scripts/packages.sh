@@ -14,9 +14,12 @@ packages_build=(
     libical-dev
     libicu-dev
     libsodium-dev
+    libxcb-composite0-dev
+    libxcb-damage0-dev
     libxcb-icccm4-dev
     libxcb-randr0-dev
     libxcb-res0-dev
+    libxcb-shm0-dev
     libxcb-xkb-dev
     libxcb1-dev
     libxkbcommon-x11-dev

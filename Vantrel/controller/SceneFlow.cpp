@@ -35,6 +35,20 @@ bool isGhostOf(const Scene& scene, const SceneSlot& slot) {
     return window.isGhost.value_or(false) && window.bundleID == slot.record.bundleID;
 }
 
+// The files that a display did not have before.
+std::vector<std::string> newPictures(const std::optional<SceneWallpaper>& before,
+                                     const std::optional<SceneWallpaper>& after) {
+    std::vector<std::string> found;
+    if (after) {
+        for (const auto& chosen : after->perDisplay) {
+            if (!before || std::ranges::find(before->perDisplay, chosen) == before->perDisplay.end()) {
+                found.push_back(chosen.second);
+            }
+        }
+    }
+    return found;
+}
+
 } // namespace
 
 SceneFlow::SceneFlow(ControllerContext& context) : m_context(context), m_store(context.sceneStore) {
@@ -146,7 +160,13 @@ SceneFlow::EditResult SceneFlow::move(const std::string& id, std::size_t positio
 }
 
 SceneFlow::EditResult SceneFlow::saveEdited(const Scene& edited) {
-    return this->edited(edited.id, [&] { return m_store.updateEdited(edited); });
+    const auto before = m_store.scene(edited.id);
+    const auto chosen = newPictures(before ? before->wallpaper : std::nullopt, edited.wallpaper);
+    auto result = this->edited(edited.id, [&] { return m_store.updateEdited(edited); });
+    if (result) {
+        noteWallpapers(chosen);
+    }
+    return result;
 }
 
 SceneFlow::EditResult SceneFlow::saveEditedAs(const Scene& edited, const std::string& name) {
@@ -156,7 +176,11 @@ SceneFlow::EditResult SceneFlow::saveEditedAs(const Scene& edited, const std::st
     Scene scene = Scene::make(name, edited.configID, edited.layout, m_context.ports.clock.now());
     scene.opensMissingApps = edited.opensMissingApps;
     scene.wallpaper = edited.wallpaper;
-    return this->edited(scene.id, [&] { return m_store.add(scene); });
+    auto result = this->edited(scene.id, [&] { return m_store.add(scene); });
+    if (result) {
+        noteWallpapers(newPictures(std::nullopt, edited.wallpaper));
+    }
+    return result;
 }
 
 void SceneFlow::captureDesk(std::function<void(std::optional<Layout>)> done) {
@@ -239,7 +263,19 @@ SceneFlow::EditResult SceneFlow::setOpensMissingApps(bool opens, const std::stri
 
 SceneFlow::EditResult SceneFlow::setWallpaper(const std::optional<SceneWallpaper>& wallpaper,
                                               const std::string& id) {
-    return edited(id, [&] { return m_store.setWallpaper(wallpaper, id); });
+    const auto before = m_store.scene(id);
+    const auto chosen = newPictures(before ? before->wallpaper : std::nullopt, wallpaper);
+    auto result = edited(id, [&] { return m_store.setWallpaper(wallpaper, id); });
+    if (result) {
+        noteWallpapers(chosen);
+    }
+    return result;
+}
+
+void SceneFlow::noteWallpapers(const std::vector<std::string>& files) {
+    for (const std::string& file : files) {
+        m_context.settings.noteWallpaper(file);
+    }
 }
 
 SceneFlow::EditResult SceneFlow::setHotkey(const std::string& id, std::optional<std::int64_t> keyCode,

@@ -74,6 +74,7 @@ private:
     [[nodiscard]] SceneSaveOutcome add(std::string_view name, const Layout& layout);
     [[nodiscard]] SceneSaveOutcome save(std::string_view name, const Layout& layout);
     [[nodiscard]] bool isOnAnotherDesk(const Scene& scene) const;
+    void noteWallpapers(const std::vector<std::string>& files);
     EditResult putBack(const Scene& scene, std::size_t index);
     template <typename Change>
     EditResult edited(const std::string& id, Change&& change);

@@ -1,6 +1,7 @@
 #include "Vantrel/controller/Settings.h"
 
 #include "VantrelCore/model/JsonCoding.h"
+#include "VantrelCore/scenes/WallpaperRecents.h"
 #include "VantrelCore/text/Translation.h"
 
 #include <cmath>
@@ -144,8 +145,10 @@ std::vector<std::string> Settings::wallpaperRecents() const {
     return decoded<std::vector<std::string>>("wallpaperRecents");
 }
 
-bool Settings::setWallpaperRecents(const std::vector<std::string>& files) {
-    return setEncoded("wallpaperRecents", files);
+bool Settings::noteWallpaper(const std::string& file) {
+    const auto before = wallpaperRecents();
+    const auto after = WallpaperRecents::with(before, file);
+    return after == before || setEncoded("wallpaperRecents", after);
 }
 
 std::vector<std::string> Settings::calendarFolders() const {

@@ -99,9 +99,9 @@ public:
     // Undecodable data reads as empty, and the next save overwrites it.
     [[nodiscard]] WallpaperMemory wallpaperMemory() const;
     bool setWallpaperMemory(const WallpaperMemory& memory);
-    // Image files, newest first.
+    // Paths of image files, newest first, as many as WallpaperRecents keeps.
     [[nodiscard]] std::vector<std::string> wallpaperRecents() const;
-    bool setWallpaperRecents(const std::vector<std::string>& files);
+    bool noteWallpaper(const std::string& file);
 
     // Folders of .ics files. Empty means the usual folders of calendar programs.
     [[nodiscard]] std::vector<std::string> calendarFolders() const;

@@ -98,8 +98,9 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
     }
     for (const DisplayInfo* display : changed) {
         // As the desktop reports it, so that it is recognized later.
-        result.memory.lastSet[display->uuid] =
-            pictures.picture(*display).value_or(*pathFor(*display, wallpaper));
+        const std::string path = *pathFor(*display, wallpaper);
+        result.memory.lastSet[display->uuid] = pictures.picture(*display).value_or(path);
+        result.shown.push_back(path);
     }
     return result;
 }
@@ -107,6 +108,9 @@ WallpaperFlow::Result WallpaperFlow::show(const std::optional<SceneWallpaper>& w
 void WallpaperFlow::note(const Result& result) {
     for (const std::string& problem : result.problems) {
         m_context.log("scene wallpaper: " + problem);
+    }
+    for (const std::string& picture : result.shown) {
+        m_context.settings.noteWallpaper(picture);
     }
     m_unwritten.reset();
     if (result.memory != m_context.settings.wallpaperMemory() &&

@@ -22,6 +22,8 @@ private:
     struct Result {
         WallpaperMemory memory;
         std::vector<std::string> problems;
+        // The scene's pictures that are shown now.
+        std::vector<std::string> shown{};
     };
 
     [[nodiscard]] static Result show(const std::optional<SceneWallpaper>& wallpaper,

@@ -12,7 +12,12 @@ Surfaces::Surfaces(AppController& controller, const Services& services)
     : m_controller(controller), m_statusIcon(controller, menuActions(services)),
       m_workbench(controller, workbenchServices(services)),
       m_panel(controller, panelServices(services.panel)),
-      m_switcher(controller, {.icons = services.panel.icons, .keyboard = services.keyboard}) {
+      m_switcher(controller, {.icons = services.panel.icons,
+                              .windowPictures = services.panel.windowPictures,
+                              .keyboard = services.keyboard}) {
+    if (services.panel.windowPictures != nullptr) {
+        m_picturedWindows.emplace(controller, *services.panel.windowPictures);
+    }
     m_overlay.follow(m_controller);
     m_controller.setPanelHandler([this] { m_panel.open(); });
     m_controller.setWorkbenchHandler(
@@ -56,9 +61,11 @@ void Surfaces::tellProblems(Notifications& notifications) {
 
 Workbench::Services Surfaces::workbenchServices(const Services& services) {
     Workbench::Services found{.icons = services.panel.icons,
+                              .windowPictures = services.panel.windowPictures,
                               .keyCode = services.panel.keyCode,
                               .settings = services.settings,
                               .installedApplications = services.installedApplications,
+                              .wallpapers = services.wallpapers,
                               .openChanged = services.workbenchOpenChanged};
     found.settings.keyCode = services.panel.keyCode;
     found.settings.showIntroduction = [this] { m_panel.openIntroduction(); };

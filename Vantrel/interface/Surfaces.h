@@ -5,6 +5,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/interface/HUDOverlay.h"
 #include "Vantrel/interface/StatusIcon.h"
+#include "Vantrel/interface/desk/PicturedWindows.h"
 #include "Vantrel/interface/notifications/ProblemNotifier.h"
 #include "Vantrel/interface/panel/PanelPresenter.h"
 #include "Vantrel/interface/switcher/QuickSwitcher.h"
@@ -30,6 +31,8 @@ public:
         // Identifiers and names of the installed applications; where it is null, the scene editor lists those
         // that Vantrel has seen.
         std::function<std::vector<std::pair<std::string, std::string>>()> installedApplications{};
+        // Without `recents`, which are set where they are needed.
+        WallpaperServices wallpapers{};
         // Called when the workbench opens and when it has closed.
         std::function<void(bool isOpen)> workbenchOpenChanged = [](bool) {};
         // Null where the quick switcher is a window that takes the keys itself.
@@ -68,6 +71,8 @@ private:
 
     std::function<void()> m_fixMissionControl;
     AppController& m_controller;
+    // None without pictures of windows.
+    std::optional<PicturedWindows> m_picturedWindows;
     HUDOverlay m_overlay;
     StatusIcon m_statusIcon;
     Workbench m_workbench;

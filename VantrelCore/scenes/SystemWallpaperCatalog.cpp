@@ -5,13 +5,14 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <set>
 #include <tuple>
 
 namespace vantrel::SystemWallpaperCatalog {
 
 bool isWallpaperImage(std::string_view fileName) {
-    constexpr std::array<std::string_view, 8> extensions{".heic", ".heif", ".jpg",  ".jpeg",
-                                                         ".png",  ".tif",  ".tiff", ".webp"};
+    constexpr std::array<std::string_view, 12> extensions{
+        ".avif", ".bmp", ".heic", ".heif", ".jpg", ".jpeg", ".jxl", ".png", ".svg", ".tif", ".tiff", ".webp"};
     if (fileName.starts_with('.')) {
         return false;
     }
@@ -34,6 +35,15 @@ std::vector<std::string> imagePaths(const std::vector<std::string>& fileNames, s
 
 std::string displayName(std::string_view path) {
     return std::filesystem::path(path).stem().string();
+}
+
+std::vector<SystemWallpaper> ordered(std::vector<SystemWallpaper> found) {
+    std::set<std::string> seen;
+    std::erase_if(found, [&](const SystemWallpaper& each) { return !seen.insert(each.path).second; });
+    std::ranges::sort(found, {}, [](const SystemWallpaper& each) {
+        return std::tuple(Unicode::lowercased(each.name), each.path);
+    });
+    return found;
 }
 
 } // namespace vantrel::SystemWallpaperCatalog

@@ -4,6 +4,8 @@
 #include "tools/pictures/StandInIcons.h"
 #include "tools/pictures/Surface.h"
 
+#include <QPainter>
+
 #include <random>
 
 namespace vantrel::pictures {
@@ -12,9 +14,34 @@ namespace {
 
 using State = DeskPicture::Window::State;
 
+// Windows with lines of text, some of them dark; every fourth has no picture.
+class SampleWindows final : public WindowPictures {
+public:
+    void follow(const std::vector<WindowID>& /*windows*/, Freshness /*freshness*/) override {}
+    [[nodiscard]] QImage picture(WindowID window) const override {
+        const auto seed = static_cast<std::uint32_t>(window);
+        if (seed % 4 == 0) {
+            return {};
+        }
+        const bool isDark = seed % 3 == 0;
+        QImage image(320, 200, QImage::Format_RGB32);
+        image.fill(QColor(isDark ? "#1d2530" : "#fcfcfa"));
+        QPainter painter(&image);
+        painter.fillRect(0, 0, 64, 200, QColor(isDark ? "#26313f" : "#eceff3"));
+        for (std::uint32_t line = 0; line < 20; ++line) {
+            const auto length = static_cast<int>((line * 37 + seed * 61) % 170) + 30;
+            painter.fillRect(76, 12 + static_cast<int>(line) * 9, length, 4,
+                             QColor::fromHsv(static_cast<int>((line / 5 + seed) * 97 % 360), isDark ? 90 : 60,
+                                             isDark ? 190 : 130));
+        }
+        return image;
+    }
+};
+
 ApplicationLooks& looks() {
     static StandInIcons icons;
-    static ApplicationLooks looks(&icons);
+    static SampleWindows windows;
+    static ApplicationLooks looks(&icons, &windows);
     return looks;
 }
 
@@ -87,8 +114,24 @@ DeskPicture unequal() {
                                  {"Monitor", "load", {{4000, 600}, {3000, 2400}}}});
 }
 
+// With pictures of the windows.
+DeskPicture pictured(DeskPicture picture) {
+    for (std::size_t i = 0; i < picture.windows.size(); ++i) {
+        picture.windows[i].live = WindowID{i + 1};
+    }
+    return picture;
+}
+
+// As in the panel, where nobody asked for pictures.
+DeskPicture plain(DeskPicture picture) {
+    for (auto& window : picture.windows) {
+        window.live.reset();
+    }
+    return picture;
+}
+
 DeskPicture moved() {
-    return DeskPicture::ofCurrentDesk(SampleDesks::movedState());
+    return plain(DeskPicture::ofCurrentDesk(SampleDesks::movedState()));
 }
 
 } // namespace
@@ -97,7 +140,10 @@ std::vector<Surface> deskSurfaces() {
     static constexpr QSize small(200, 140);
     std::vector<Surface> surfaces{
         surface("everyday", everyday(), {900, 330}),
-        surface("panel-width", DeskPicture::ofCurrentDesk(SampleDesks::state()), {348, 150}),
+        surface("panel-width", plain(DeskPicture::ofCurrentDesk(SampleDesks::state())), {348, 150}),
+        surface("pictured", pictured(everyday()), {900, 330}),
+        surface("pictured-panel-width", DeskPicture::ofCurrentDesk(SampleDesks::state()), {348, 150}),
+        surface("pictured-moved", DeskPicture::ofCurrentDesk(SampleDesks::movedState()), {760, 320}),
         surface("moved", moved(), {348, 150}),
         surface("moved-large", moved(), {760, 320}),
         surface("crowded", crowded(), {760, 320}),

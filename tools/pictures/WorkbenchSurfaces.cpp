@@ -7,6 +7,7 @@
 #include "Vantrel/interface/workbench/scenes/ScenesPage.h"
 #include "VantrelCore/windows/VisibleWindows.h"
 #include "tools/pictures/SampleDesks.h"
+#include "tools/pictures/SampleWallpapers.h"
 #include "tools/pictures/StandInIcons.h"
 #include "tools/pictures/Surface.h"
 
@@ -30,8 +31,9 @@ RestoreLog history() {
     return log;
 }
 
-WorkbenchPage* scenesPage(QWidget* parent) {
+WorkbenchPage* scenesPage(QWidget* parent, SampleWallpapers wallpapers) {
     ScenesActions actions;
+    actions.wallpapers = sampleWallpapers(wallpapers);
     actions.scenes.problemWithName = [](const std::string& name) {
         return name == "Write" ? SceneActions::Problem("That name is used by another scene.") : std::nullopt;
     };
@@ -228,9 +230,8 @@ PublishedState usual() {
     write.layout.windows[1].isGhost = true;
     write.opensMissingApps = true;
     write.wallpaper.emplace();
-    for (const DisplayInfo& display : write.layout.displays) {
-        write.wallpaper->perDisplay[display.uuid] = "/pictures/Hills.jpg";
-    }
+    write.wallpaper->perDisplay[write.layout.displays[0].uuid] = "/pictures/Lake.jpg";
+    write.wallpaper->perDisplay[write.layout.displays[1].uuid] = "/pictures/Hills.jpg";
     for (int day = 0; day < 30; ++day) {
         state.receipts.entries.push_back({workbenchNow - std::chrono::days(day), (day * 7 + 3) % 11});
     }
@@ -293,11 +294,23 @@ PublishedState broken() {
     state.currentLayouts.clear();
     state.scenes[0].pinned = true;
     state.scenes[0].wallpaper->perDisplay.erase(state.scenes[0].layout.displays[0].uuid);
+    state.scenes[0].wallpaper->perDisplay[state.scenes[0].layout.displays[1].uuid] = "/pictures/Harbour.jpg";
     state.hotKeys.push_back({.taken = {.surface = HotKeySurface::scene("1"),
                                        .combo = *state.scenes[0].hotkey(),
                                        .label = "Write"},
                              .state = HotKeyStatus::State::refused});
     return state;
+}
+
+// Nothing was ever chosen, and the system has no pictures.
+PublishedState bare() {
+    PublishedState state = usual();
+    state.scenes[0].wallpaper.reset();
+    return state;
+}
+
+void openWallpapers(WorkbenchWindow& window) {
+    dynamic_cast<ScenesPage&>(*window.page()).openWallpaperPicker();
 }
 
 using Touch = std::function<void(WorkbenchWindow&)>;
@@ -331,7 +344,10 @@ ApplicationLooks& workbenchLooks() {
 
 std::unique_ptr<WorkbenchWindow> workbench(const PublishedState& state, WorkbenchTab tab) {
     auto window = std::make_unique<WorkbenchWindow>();
-    window->add(WorkbenchTab::scenes, scenesPage);
+    const auto wallpapers = state.scenes.size() > 10                             ? SampleWallpapers::many
+                            : !state.scenes.empty() && state.scenes[0].wallpaper ? SampleWallpapers::usual
+                                                                                 : SampleWallpapers::none;
+    window->add(WorkbenchTab::scenes, [=](QWidget* parent) { return scenesPage(parent, wallpapers); });
     window->add(WorkbenchTab::desks, [&state](QWidget* parent) { return desksPage(parent, state); });
     const bool isEmpty = state.scenes.empty();
     const bool showsApps = !state.hasPermission;
@@ -362,6 +378,14 @@ std::vector<Surface> workbenchSurfaces() {
                 [](WorkbenchWindow& window) {
                     window.notices().offerUndo(qtr("The scene “Monitor” was deleted."), [] {});
                 }),
+        surface("wallpapers", scenes, usual(), openWallpapers),
+        surface("wallpapers-none", scenes, bare(), openWallpapers),
+        surface("wallpapers-many", scenes, crowded(),
+                [](WorkbenchWindow& window) {
+                    window.resize(window.usualSize() * 0.78);
+                    openWallpapers(window);
+                }),
+        surface("wallpapers-gone", scenes, broken(), openWallpapers),
         surface("desks", desks, usual()),
         surface("desks-empty", desks, empty()),
         surface("desks-crowded", desks, crowded()),

@@ -48,6 +48,8 @@ QPalette palette(bool isDark) {
 bool paint(QWidget& widget, const QString& file) {
     widget.setAttribute(Qt::WA_DontShowOnScreen);
     widget.show();
+    // Some pictures arrive only after something was painted.
+    static_cast<void>(widget.grab());
     // Layouts settle in a few turns.
     for (int turn = 0; turn < 4; ++turn) {
         QApplication::processEvents();

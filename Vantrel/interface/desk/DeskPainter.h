@@ -113,6 +113,9 @@ private:
     void paintDisplay(QPainter& painter, std::size_t display) const;
     void paintRim(QPainter& painter, std::size_t display) const;
     void paintBox(QPainter& painter, std::size_t window) const;
+    void paintPicture(QPainter& painter, const Box& box, const QImage& picture) const;
+    // The picture of its live window; null where none is drawn.
+    [[nodiscard]] QImage pictureOf(std::size_t window) const;
     void paintRing(QPainter& painter, const Box& box) const;
     void paintNow(QPainter& painter, const Box& box) const;
     void paintWay(QPainter& painter, const Box& box) const;

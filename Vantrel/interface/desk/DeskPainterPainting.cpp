@@ -185,6 +185,29 @@ QColor DeskPainter::fill(std::size_t window) const {
     return m_colors.body(m_boxes[window].strip);
 }
 
+QImage DeskPainter::pictureOf(std::size_t window) const {
+    const auto& shown = m_picture.windows[window];
+    const bool isOpen = shown.state == State::remembered || shown.state == State::seen;
+    return isOpen && shown.live ? m_looks.picture(*shown.live) : QImage();
+}
+
+// Below the title strip, from the top left, filling the width or the height.
+void DeskPainter::paintPicture(QPainter& painter, const Box& box, const QImage& picture) const {
+    const QRectF place = box.frame.adjusted(0, m_strip, 0, 0);
+    if (picture.isNull() || place.width() < 1 || place.height() < 1) {
+        return;
+    }
+    QPainterPath shape;
+    shape.addRoundedRect(box.frame, m_boxRadius, m_boxRadius);
+    QPainterPath body;
+    body.addRect(place);
+    painter.save();
+    painter.setClipPath(shape.intersected(body), Qt::IntersectClip);
+    const QSizeF filled = QSizeF(picture.size()).scaled(place.size(), Qt::KeepAspectRatioByExpanding);
+    painter.drawImage(QRectF(place.topLeft(), filled), picture);
+    painter.restore();
+}
+
 void DeskPainter::paintBox(QPainter& painter, std::size_t window) const {
     const Box& box = m_boxes[window];
     const QRectF& frame = box.frame;
@@ -200,7 +223,9 @@ void DeskPainter::paintBox(QPainter& painter, std::size_t window) const {
     };
     switch (m_picture.windows[window].state) {
     case State::seen:
-        rounded(inset(frame, 0.5), m_boxRadius, fill(window),
+        rounded(inset(frame, 0.5), m_boxRadius, fill(window), Qt::NoPen);
+        paintPicture(painter, box, pictureOf(window));
+        rounded(inset(frame, 0.5), m_boxRadius, Qt::transparent,
                 QPen(DeskColors::mix(m_colors.panel, m_colors.text, 0.32), 1));
         break;
     case State::notRunning: {
@@ -226,6 +251,7 @@ void DeskPainter::paintBox(QPainter& painter, std::size_t window) const {
         rounded(frame.adjusted(-0.5, 1.5, 0.5, 1.5), m_boxRadius + 0.5,
                 DeskColors::translucent(Qt::black, m_colors.isDark ? 0.30 : 0.10), Qt::NoPen);
         rounded(frame, m_boxRadius, fill(window), Qt::NoPen);
+        paintPicture(painter, box, pictureOf(window));
         painter.fillPath(stripShape(frame, m_strip, m_boxRadius), box.strip);
         rounded(inset(frame, 0.5), m_boxRadius - 0.3, Qt::transparent,
                 QPen(DeskColors::translucent(edge, 0.85), 1));
@@ -274,6 +300,13 @@ void DeskPainter::paintName(QPainter& painter, std::size_t window) const {
     const bool isPale = shown.state == State::notRunning || shown.state == State::noWindow;
     const QIcon& icon = m_looks.of(shown.bundleID, shown.appName).icon;
     const double opacity = painter.opacity();
+    if (!pictureOf(window).isNull()) {
+        // Icon and name stay legible on whatever the window shows.
+        const QRectF plate = box.name.isEmpty() ? box.icon : box.icon | box.nameFrame;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(DeskColors::translucent(fill(window), 0.88));
+        painter.drawRoundedRect(plate.adjusted(-7, -5, 7, 5), 6, 6);
+    }
     painter.setOpacity(opacity * (isPale ? 0.62 : 1));
     const double ratio = painter.device()->devicePixelRatioF();
     const QSize size(static_cast<int>(std::ceil(box.icon.width())),

@@ -36,6 +36,7 @@ std::vector<DeskPicture::Window> seen(const std::vector<LiveWindow>& live) {
         windows.push_back(drawn(window.record));
         windows.back().state = State::seen;
         windows.back().isOutOfSight = !window.isVisible;
+        windows.back().live = window.id;
     }
     return windows;
 }
@@ -60,6 +61,7 @@ void compare(std::vector<DeskPicture::Window>& windows, const std::vector<Window
     }
     for (const auto& pair : matched.pairs) {
         const LiveWindow& now = live[pair.current];
+        windows[pair.saved].live = now.id;
         if (!now.isVisible || approxEqual(now.record.frame, records[pair.saved].frame, tolerance)) {
             continue;
         }
@@ -103,7 +105,8 @@ DeskPicture DeskPicture::ofLayout(const Layout& layout) {
 
 DeskPicture DeskPicture::ofScene(const Scene& scene, const PublishedState& state) {
     DeskPicture picture{.displays = DisplayLabels::labelled(scene.layout.displays), .windows = {}};
-    for (const WindowRecord& record : frontToBack(scene.layout)) {
+    const auto records = frontToBack(scene.layout);
+    for (const WindowRecord& record : records) {
         Window window = drawn(record);
         const bool isRunning = state.liveWindows
                                    ? std::ranges::find(*state.liveWindows, record.bundleID,
@@ -112,6 +115,12 @@ DeskPicture DeskPicture::ofScene(const Scene& scene, const PublishedState& state
         window.state = isRunning ? State::remembered : State::notRunning;
         window.opensWhenMissing = !isRunning && scene.effectiveOpensMissingApps();
         picture.windows.push_back(std::move(window));
+    }
+    if (state.liveWindows) {
+        const auto live = VisibleWindows::every({.apps = {}, .windows = *state.liveWindows}, state.displays);
+        for (const auto& pair : WindowPairing::pair(records, {}, live).pairs) {
+            picture.windows[pair.saved].live = live[pair.current].id;
+        }
     }
     return picture;
 }

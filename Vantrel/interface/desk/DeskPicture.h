@@ -1,6 +1,7 @@
 // What a drawing of a desk shows, as a value: its displays, and its windows in their stacking order.
 #pragma once
 
+#include "VantrelCore/model/DeskSnapshot.h"
 #include "VantrelCore/model/DisplayInfo.h"
 #include "VantrelCore/text/Translation.h"
 
@@ -42,6 +43,8 @@ struct DeskPicture {
         bool opensWhenMissing = false;
         // Where it is now, if that is somewhere else.
         std::optional<Rect> now{};
+        // The live window that it is, if that is known.
+        std::optional<WindowID> live{};
         // On its way there: the share of the way that is done. It is drawn there, and not where it is now.
         std::optional<double> flight{};
 

@@ -21,6 +21,14 @@ DeskView::DeskView(ApplicationLooks& looks, QWidget* parent) : QWidget(parent), 
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    m_pictureWatch = m_looks.onPicturesChanged([this] { picturesChanged(); });
+}
+
+void DeskView::picturesChanged() {
+    if (std::ranges::any_of(m_picture.windows, [](const auto& window) { return window.live.has_value(); })) {
+        m_cache = {};
+        update();
+    }
 }
 
 void DeskView::show(const DeskPicture& picture) {

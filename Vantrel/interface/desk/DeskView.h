@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 namespace vantrel {
@@ -52,6 +53,7 @@ protected:
 
 private:
     [[nodiscard]] DeskPainter& painter();
+    void picturesChanged();
     void emphasise(const DeskPainter::Emphasis& emphasis);
     void walk(int step);
     [[nodiscard]] QString toolTipAt(QPointF point);
@@ -64,6 +66,7 @@ private:
     DeskPainter::Emphasis m_emphasis;
     // The last painting; null when it is no longer true.
     QPixmap m_cache;
+    std::shared_ptr<void> m_pictureWatch;
     int m_highest = 200;
 };
 

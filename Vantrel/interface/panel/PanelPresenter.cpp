@@ -28,7 +28,8 @@ PanelActions::Problem textOf(const std::optional<Outcome>& problem) {
 } // namespace
 
 PanelPresenter::PanelPresenter(AppController& controller, Services services)
-    : m_controller(controller), m_services(std::move(services)), m_looks(m_services.icons) {
+    : m_controller(controller), m_services(std::move(services)),
+      m_looks(m_services.icons, m_services.windowPictures) {
     m_aging.setInterval(agingInterval);
     m_aging.callOnTimeout([this] { refresh(); });
 }

@@ -28,6 +28,8 @@ public:
     struct Services {
         // Outlives the presenter; null draws every icon.
         ApplicationIcons* icons = nullptr;
+        // Outlives the panel; null for no pictures of windows.
+        WindowPictures* windowPictures = nullptr;
         HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
         // Where the tray icon is: none without one, empty when the tray does not say.
         std::function<std::optional<QRect>()> trayIcon = [] { return std::nullopt; };

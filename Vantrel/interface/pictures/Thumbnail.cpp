@@ -4,11 +4,11 @@
 #include "Vantrel/interface/desk/DeskColors.h"
 #include "Vantrel/interface/symbols/Symbols.h"
 
-#include <QCoreApplication>
-#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
-#include <QThreadPool>
+
+#include <algorithm>
+#include <utility>
 
 namespace vantrel {
 
@@ -16,60 +16,49 @@ namespace {
 
 constexpr double radius = 3;
 
-// Filling `size`; null if the file is no picture that can be read.
-QImage read(const QString& path, QSize size) {
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    if (const QSize full = reader.size(); full.isValid()) {
-        reader.setScaledSize(full.scaled(size, Qt::KeepAspectRatioByExpanding));
+QString sentence(FileThumbnail::State state) {
+    switch (state) {
+    case FileThumbnail::State::gone:
+        return qtr("The file is gone.");
+    case FileThumbnail::State::unreadable:
+        return qtr("There is no preview of this picture.");
+    case FileThumbnail::State::picture:
+        break;
     }
-    return reader.read();
+    return {};
 }
 
 } // namespace
 
-Thumbnail::Thumbnail(const std::string& path, QSize size, QWidget* parent) : QWidget(parent) {
+Thumbnail::Thumbnail(Thumbnails* thumbnails, std::string path, QSize size, QWidget* parent)
+    : QWidget(parent), m_thumbnails(thumbnails), m_path(std::move(path)) {
     setFixedSize(size);
-    load(path);
-}
-
-void Thumbnail::load(const std::string& path) {
-    QThreadPool::globalInstance()->start([self = std::weak_ptr(m_self), file = qt(path),
-                                          size = size() * devicePixelRatioF()] {
-        // The application outlives the pool's work.
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [self, image = read(file, size)] {
-                if (const auto thumbnail = self.lock()) {
-                    (*thumbnail)->m_image = image;
-                    (*thumbnail)->m_isMissing = image.isNull();
-                    (*thumbnail)->setToolTip(image.isNull() ? qtr("The picture cannot be read.") : QString());
-                    (*thumbnail)->update();
-                }
-            },
-            Qt::QueuedConnection);
-    });
 }
 
 void Thumbnail::paintEvent(QPaintEvent* /*event*/) {
+    if (m_thumbnails != nullptr && !m_request) {
+        m_request =
+            m_thumbnails->request(m_path, size() * devicePixelRatioF(), [this](const FileThumbnail& found) {
+                m_found = found;
+                setToolTip(sentence(found.state));
+                update();
+                onLoaded(found.state);
+            });
+    }
     const auto colors = DeskColors::of(palette());
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     QPainterPath shape;
     shape.addRoundedRect(rect(), radius, radius);
     painter.fillPath(shape, colors.panel);
-    if (m_isMissing) {
+    if (m_found && !m_found->image.isNull()) {
+        painter.setClipPath(shape);
+        painter.drawImage(QRectF(rect()), m_found->image);
+    } else if (m_found) {
         const int side = std::min(width(), height()) / 2;
         Symbols::paint(painter, "warn",
                        QRect(rect().center() - QPoint(side / 2, side / 2), QSize(side, side)),
                        colors.warning);
-    }
-    if (!m_image.isNull()) {
-        painter.setClipPath(shape);
-        const QSizeF filled = QSizeF(m_image.size()).scaled(size(), Qt::KeepAspectRatioByExpanding);
-        QRectF place(QPointF(), filled);
-        place.moveCenter(QRectF(rect()).center());
-        painter.drawImage(place, m_image);
     }
 }
 

@@ -25,7 +25,7 @@ Qt::KeyboardModifiers heldModifiers(HotKeyCombo combo) {
 } // namespace
 
 QuickSwitcher::QuickSwitcher(AppController& controller, Services services)
-    : m_controller(controller), m_services(services), m_looks(services.icons) {
+    : m_controller(controller), m_services(services), m_looks(services.icons, services.windowPictures) {
     m_closing.setSingleShot(true);
     m_closing.setInterval(timeToRead);
     m_closing.callOnTimeout([this] { close(); });

@@ -18,6 +18,8 @@ public:
     struct Services {
         // Outlives the switcher; null draws every icon.
         ApplicationIcons* icons = nullptr;
+        // Outlives the switcher; null for no pictures of windows.
+        WindowPictures* windowPictures = nullptr;
         // Outlives the switcher; null where an ordinary window gets the keys and their releases.
         HeldKeyboard* keyboard = nullptr;
     };

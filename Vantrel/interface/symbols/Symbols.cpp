@@ -81,6 +81,9 @@ constexpr std::pair<const char*, const char*> drawings[] = {
     {"moon", "M13 9.7A5.6 5.6 0 1 1 6.3 3a4.5 4.5 0 0 0 6.7 6.7z"},
     {"key", "M9.6 6.4a3 3 0 1 0-2.8 3l1.1 1.1h1.6v1.6h1.6v1.5h2.6v-2.2L9.5 7.2"},
     {"download", "M8 2.2v7.3M4.9 6.7L8 9.8l3.1-3.1M3 13.3h10"},
+    {"image", "M2.6 2.8h10.8a.9.9 0 0 1 .9.9v8.6a.9.9 0 0 1-.9.9H2.6a.9.9 0 0 1-.9-.9V3.7a.9.9 0 0 1 "
+              ".9-.9zM2 11.6l3.6-3.7 2.7 2.7 2-1.9 3.6 3.3M10.8 6.2h.01"},
+    {"none", "M14 8A6 6 0 1 1 2 8a6 6 0 0 1 12 0zM3.8 3.8l8.4 8.4"},
     {"eye",
      "M1.4 8S3.8 3.6 8 3.6 14.6 8 14.6 8 12.2 12.4 8 12.4 1.4 8 1.4 8zM8 10a2 2 0 1 0 0-4 2 2 0 0 0 0 4z"},
     {"shield", "M8 1.8l5 1.9v4c0 3-2.1 5.2-5 6.5-2.9-1.3-5-3.5-5-6.5v-4z"},
@@ -150,6 +153,8 @@ constexpr std::pair<std::string_view, std::string_view> systemNames[] = {
     {"moon", "moon"},
     {"key", "key"},
     {"download", "arrow.down.to.line"},
+    {"image", "photo"},
+    {"none", "nosign"},
     {"eye", "eye"},
     {"shield", "shield"},
     {"lock", "lock"},

@@ -31,7 +31,8 @@ constexpr std::array shownTabs{WorkbenchTab::scenes, WorkbenchTab::desks, Workbe
 } // namespace
 
 Workbench::Workbench(AppController& controller, Services services)
-    : m_controller(controller), m_services(std::move(services)), m_looks(m_services.icons) {
+    : m_controller(controller), m_services(std::move(services)),
+      m_looks(m_services.icons, m_services.windowPictures) {
     m_aging.setInterval(agingInterval);
     m_aging.callOnTimeout([this] { refresh({Topic::status}); });
 }
@@ -202,6 +203,25 @@ WorkbenchPage* Workbench::scenesPage(QWidget* parent) {
     };
     actions.keyCode = m_services.keyCode;
     actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };
+    actions.wallpapers = m_services.wallpapers;
+    actions.wallpapers.recents = [this] { return Settings(m_controller.defaults()).wallpaperRecents(); };
+    actions.setWallpaper = [this](const std::string& id, const std::vector<std::string>& displays,
+                                  const std::optional<std::string>& file) {
+        const auto& scenes = m_controller.published().scenes;
+        const auto scene = std::ranges::find(scenes, id, &Scene::id);
+        SceneWallpaper wallpaper =
+            scene != scenes.end() && scene->wallpaper ? *scene->wallpaper : SceneWallpaper{};
+        for (const std::string& display : displays) {
+            if (file) {
+                wallpaper.perDisplay[display] = *file;
+            } else {
+                wallpaper.perDisplay.erase(display);
+            }
+        }
+        if (const auto set = m_controller.scenes().setWallpaper(wallpaper, id); !set) {
+            say(std::string(SceneProblems::panelText(set.error())), true);
+        }
+    };
     actions.context = [this] {
         return ScenesContent::Context{
             .now = m_controller.now(), .zone = m_controller.zone(), .history = m_controller.restoreLog()};

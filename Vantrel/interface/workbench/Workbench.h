@@ -5,6 +5,7 @@
 #include "Vantrel/controller/AppController.h"
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
 #include "Vantrel/interface/editor/SceneEditor.h"
+#include "Vantrel/interface/wallpaper/WallpaperServices.h"
 #include "Vantrel/interface/workbench/WorkbenchWindow.h"
 #include "Vantrel/interface/workbench/settings/SettingsActions.h"
 
@@ -27,10 +28,14 @@ public:
     struct Services {
         // Outlives the workbench; null draws every icon.
         ApplicationIcons* icons = nullptr;
+        // Outlives the workbench; null for no pictures of windows.
+        WindowPictures* windowPictures = nullptr;
         HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
         SettingsActions::Services settings{};
         // Identifiers and names of the installed applications; may be null.
         std::function<std::vector<std::pair<std::string, std::string>>()> installedApplications{};
+        // Without `recents`, which are set here.
+        WallpaperServices wallpapers{};
         // Called when the window opens and when it has closed.
         std::function<void(bool isOpen)> openChanged = [](bool) {};
     };

@@ -22,6 +22,18 @@ std::filesystem::path data() {
     return folder(QStandardPaths::GenericDataLocation);
 }
 
+std::vector<std::filesystem::path> allData() {
+    std::vector<std::filesystem::path> folders;
+    for (const QString& each : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
+        folders.emplace_back(each.toStdString());
+    }
+    return folders;
+}
+
+std::filesystem::path thumbnails() {
+    return folder(QStandardPaths::GenericCacheLocation) / "thumbnails";
+}
+
 std::filesystem::path supportDirectory() {
     return data() / "vantrel";
 }

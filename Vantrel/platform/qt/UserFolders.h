@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 namespace vantrel::UserFolders {
 
@@ -18,6 +19,12 @@ namespace vantrel::UserFolders {
 
 // $XDG_DATA_HOME (~/.local/share when unset).
 [[nodiscard]] std::filesystem::path data();
+
+// That and the system's: $XDG_DATA_DIRS (/usr/local/share and /usr/share when unset).
+[[nodiscard]] std::vector<std::filesystem::path> allData();
+
+// $XDG_CACHE_HOME/thumbnails (~/.cache/thumbnails when unset), which all programs of the user share.
+[[nodiscard]] std::filesystem::path thumbnails();
 
 // $XDG_CONFIG_HOME/vantrel/settings.conf (~/.config/vantrel/settings.conf when unset).
 [[nodiscard]] std::filesystem::path settingsFile();

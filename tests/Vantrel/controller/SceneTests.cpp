@@ -159,12 +159,24 @@ TEST_F(SceneWallpapers, AreUndoneWithTheScene) {
     EXPECT_EQ(story.published().lastAppliedSceneID, scenes[0].id);
 }
 
+TEST_F(SceneWallpapers, AreRememberedWhenChosenOrShown) {
+    SceneFlow& flow = story.controller->scenes();
+    const auto id = flow.createEmptyScene("Work").scene->id;
+    ASSERT_TRUE(flow.setWallpaper(SceneWallpaper{{{first, "/a.png"}, {second, "/b.png"}}}, id));
+    ASSERT_TRUE(flow.setWallpaper(SceneWallpaper{{{first, "/c.png"}, {second, "/b.png"}}}, id));
+    ASSERT_TRUE(flow.setWallpaper(std::nullopt, id));
+    apply({{second, "/a.png"}});
+    const Settings settings(story.defaults);
+    EXPECT_THAT(settings.wallpaperRecents(), testing::ElementsAre("/a.png", "/c.png", "/b.png"));
+}
+
 TEST_F(SceneWallpapers, LogsAMissingPicture) {
     story.pictures.missing = {"/gone.png"};
     apply({{first, "/gone.png"}});
     EXPECT_EQ(shown(), mine);
     EXPECT_EQ(story.logged("scene wallpaper: /gone.png cannot be shown"), 1U);
     EXPECT_TRUE(story.defaults.text("wallpaperMemory").value_or("").empty());
+    EXPECT_FALSE(story.defaults.data("wallpaperRecents"));
 }
 
 // A scene has just been applied.

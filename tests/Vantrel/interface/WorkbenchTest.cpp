@@ -1,5 +1,6 @@
 // The workbench on a simulated desk: what its tabs show, and what a click, a key or a typed name does.
 #include "Vantrel/interface/workbench/Workbench.h"
+#include "Vantrel/interface/wallpaper/WallpaperPicker.h"
 #include "Vantrel/interface/workbench/desks/DesksPage.h"
 #include "Vantrel/interface/workbench/history/HistoryPage.h"
 #include "Vantrel/interface/workbench/scenes/SceneDetailView.h"
@@ -234,6 +235,29 @@ TEST_F(WorkbenchTest, AnEditedSceneIsAppliedOnceSavedAndItsChangesSurviveClosing
     click("Back to the scenes");
     click("Apply");
     EXPECT_EQ(applied(), 10);
+}
+
+TEST_F(WorkbenchTest, ASceneGetsItsWallpapersInThePlaceOfItsFacts) {
+    open(WorkbenchTab::scenes);
+    saveScene("Write");
+    const std::string first = story.published().displays.front().uuid;
+    click("Change the wallpaper");
+    auto* const picker = scenes().wallpaperPicker();
+    ASSERT_NE(picker, nullptr);
+    EXPECT_FALSE(find<QAbstractButton>("Change the wallpaper"));
+    picker->onChosen({first}, "/lake.jpg");
+    settle();
+    EXPECT_EQ(story.published().scenes[0].wallpaper, (SceneWallpaper{{{first, "/lake.jpg"}}}));
+    EXPECT_THAT(Settings(story.defaults).wallpaperRecents(), ElementsAre("/lake.jpg"));
+    QTest::keyClick(picker, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(scenes().wallpaperPicker(), nullptr);
+    EXPECT_EQ(scenes().content().detail->wallpapers.size(), 1U);
+    // It closes by itself when its scene is deleted.
+    click("Change the wallpaper");
+    ASSERT_TRUE(story.controller->scenes().deleteScene(story.published().scenes[0].id));
+    settle();
+    EXPECT_EQ(scenes().wallpaperPicker(), nullptr);
 }
 
 TEST_F(WorkbenchTest, OffersToUndoWhatAnotherClientDeletesUntilThatIsUndone) {

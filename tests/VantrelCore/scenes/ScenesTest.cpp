@@ -10,7 +10,6 @@
 #include "VantrelCore/scenes/SceneSettlementCaption.h"
 #include "VantrelCore/scenes/SceneSwitchPolicy.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
-#include "VantrelCore/scenes/SystemWallpaperCatalog.h"
 #include "VantrelCore/scenes/TriggerEvaluator.h"
 #include "VantrelCore/scenes/TriggerSchedule.h"
 #include "VantrelCore/scenes/WallpaperBaseline.h"
@@ -353,16 +352,6 @@ TEST(WallpaperBaseline, NeverOverwritesAPictureChosenMeanwhile) {
     // The next scene with a wallpaper notes the new choice instead.
     EXPECT_EQ(decide("b", "chosen", "D", memory).memory.baseline.at("D"), "chosen");
     EXPECT_EQ(decide("b", "chosen", "D", memory).memory.baseline.at("E"), "other");
-}
-
-TEST(SystemWallpaperCatalog, ListsImageFiles) {
-    using namespace SystemWallpaperCatalog;
-    EXPECT_THAT(
-        imagePaths({"sonoma.heic", "Radial.JPG", ".hidden.png", "notes.txt", "Folder", "Abstract 2.tiff"}),
-        ElementsAre("/System/Library/Desktop Pictures/Abstract 2.tiff",
-                    "/System/Library/Desktop Pictures/Radial.JPG",
-                    "/System/Library/Desktop Pictures/sonoma.heic"));
-    EXPECT_EQ(displayName("/System/Library/Desktop Pictures/Abstract 2.5.tiff"), "Abstract 2.5");
 }
 
 } // namespace

@@ -271,6 +271,12 @@ QWidget* SceneDetailView::facts() {
     auto* const wallpapers = new QVBoxLayout(m_wallpaperList);
     wallpapers->setContentsMargins(0, 0, 0, 0);
     value->addWidget(m_wallpaperList);
+    m_changeWallpapers = new ActionButton("", ActionButton::Form::plain, this);
+    m_changeWallpapers->setTexts(qtr("Change…"), "");
+    m_changeWallpapers->setAccessibleName(qtr("Change the wallpaper"));
+    m_changeWallpapers->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(m_changeWallpapers, &QPushButton::clicked, this, [this] { onWallpapers(); });
+    value->addWidget(m_changeWallpapers);
 
     row = line(*fact(*grid, qtr("Keep as it is")));
     m_pin = new Switch(this);
@@ -425,12 +431,19 @@ void SceneDetailView::showWallpapers() {
     for (const auto& wallpaper : m_content->wallpapers) {
         auto* const widget = new QWidget(m_wallpaperList);
         auto* const row = rowIn(widget, points(10));
-        row->addWidget(new Thumbnail(wallpaper.path, QSize(points(54), points(30)), widget));
-        const QString name = qt(wallpaper.name);
-        row->addWidget(text(wallpaper.display.empty() ? qtr("%1, every display").arg(name)
-                                                      : name + " · " + qt(wallpaper.display),
-                            Label::Role::text, widget),
-                       1);
+        auto* const swatch = new Thumbnail(m_actions.wallpapers.thumbnails, wallpaper.path,
+                                           QSize(points(54), points(30)), widget);
+        const auto line = [wallpaper](const QString& name) {
+            return wallpaper.display.empty() ? qtr("%1, every display").arg(name)
+                                             : name + " · " + qt(wallpaper.display);
+        };
+        auto* const label = text(line(qt(wallpaper.name)), Label::Role::text, widget);
+        label->setElided(true);
+        swatch->onLoaded = [label, line, name = wallpaper.name](FileThumbnail::State state) {
+            label->show(line(qt(state == FileThumbnail::State::gone ? trf("{} is gone", name) : name)));
+        };
+        row->addWidget(swatch);
+        row->addWidget(label, 1);
         column.addWidget(widget);
     }
     if (m_content->wallpapers.empty()) {

@@ -29,8 +29,11 @@ public:
     using QWidget::show;
     [[nodiscard]] DeskView& drawing() { return *m_drawing; }
     [[nodiscard]] HotKeyRecorder& recorder() { return *m_recorder; }
+    [[nodiscard]] QWidget& wallpaperButton() { return *m_changeWallpapers; }
     void startRenaming() { m_name->startEditing(); }
 
+    // Called when the wallpapers are to be changed.
+    std::function<void()> onWallpapers = [] {};
     // Called with a place on the screen when the menu is asked for.
     std::function<void(QPoint place)> onMenu = [](QPoint) {};
     std::function<void()> onEdit = [] {};
@@ -80,6 +83,7 @@ private:
     Label* m_timeProblem = nullptr;
     Label* m_lastApplied = nullptr;
     QWidget* m_wallpaperList = nullptr;
+    ActionButton* m_changeWallpapers = nullptr;
     Switch* m_pin = nullptr;
     Label* m_pinText = nullptr;
     QCheckBox* m_opens = nullptr;

@@ -4,9 +4,11 @@
 #include "Vantrel/interface/SceneActions.h"
 #include "Vantrel/interface/controls/HotKeyRecorder.h"
 #include "Vantrel/interface/editor/SceneEditor.h"
+#include "Vantrel/interface/wallpaper/WallpaperServices.h"
 #include "Vantrel/interface/workbench/scenes/ScenesContent.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,11 @@ struct ScenesActions {
     std::function<SceneEditor*(const std::string& id, std::function<void()> close, QWidget* parent)> edit =
         [](const auto&, const auto&, QWidget*) { return nullptr; };
     std::function<void(const std::string& trigger)> removeTrigger = [](const auto&) {};
+    // Gives displays of the scene a picture; none leaves theirs as it is.
+    std::function<void(const std::string& id, const std::vector<std::string>& displays,
+                       const std::optional<std::string>& file)>
+        setWallpaper = [](const auto&, const auto&, const auto&) {};
+    WallpaperServices wallpapers{};
     HotKeyRecorder::KeyReader keyCode = [](const QKeyEvent&) { return std::nullopt; };
     std::function<std::vector<TakenHotKey>()> takenHotKeys = [] { return std::vector<TakenHotKey>(); };
     // The moment, the zone and the history; what is searched and chosen is left empty.

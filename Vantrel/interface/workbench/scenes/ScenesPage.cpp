@@ -4,6 +4,7 @@
 #include "Vantrel/interface/controls/Hairline.h"
 #include "Vantrel/interface/controls/Metrics.h"
 #include "Vantrel/interface/symbols/Symbols.h"
+#include "Vantrel/interface/wallpaper/WallpaperPicker.h"
 #include "Vantrel/interface/workbench/scenes/SceneDetailView.h"
 
 #include <QAction>
@@ -44,6 +45,7 @@ ScenesPage::ScenesPage(ApplicationLooks& looks, ScenesActions actions, QWidget* 
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_detail = new SceneDetailView(looks, m_actions, this);
+    m_detail->onWallpapers = [this] { openWallpaperPicker(); };
     m_detail->onMenu = [this](QPoint place) { showMenu(place); };
     m_detail->onEdit = [this] { edit(m_content.detail->id); };
     m_scroll->setWidget(m_detail);
@@ -164,7 +166,8 @@ void ScenesPage::refresh() {
         const auto stored = std::ranges::find(m_state->scenes, m_edited, &Scene::id);
         m_editor->storedIsNow(stored == m_state->scenes.end() ? std::nullopt : std::optional(*stored));
     }
-    const bool isBrowsing = m_editor == nullptr;
+    showWallpapers();
+    const bool isBrowsing = m_editor == nullptr && m_picker == nullptr;
     m_side->setVisible(isBrowsing);
     m_detail->setVisible(m_content.detail.has_value());
     m_scroll->setVisible(isBrowsing && m_content.detail.has_value());
@@ -197,6 +200,9 @@ void ScenesPage::edit(const std::string& id) {
     if (m_editor != nullptr) {
         return;
     }
+    if (m_picker != nullptr) {
+        closeWallpaperPicker();
+    }
     m_editor = m_actions.edit(id, [this] { leaveEditor(); }, this);
     if (m_editor == nullptr) {
         return;
@@ -216,6 +222,50 @@ void ScenesPage::leaveEditor() {
     refresh();
     onWholeWindow();
     focusFirst();
+}
+
+void ScenesPage::openWallpaperPicker() {
+    if (!m_content.detail || m_picker != nullptr || m_editor != nullptr) {
+        return;
+    }
+    m_pickerScene = m_content.detail->id;
+    m_picker = new WallpaperPicker(m_actions.wallpapers, this);
+    m_picker->onChosen = [this](const auto& displays, const auto& file) {
+        m_actions.setWallpaper(m_pickerScene, displays, file);
+    };
+    m_picker->onDone = [this] { closeWallpaperPicker(); };
+    qobject_cast<QHBoxLayout*>(layout())->addWidget(m_picker, 1);
+    refresh();
+    m_picker->QWidget::show();
+    m_picker->displays().setFocus(Qt::OtherFocusReason);
+}
+
+// Follows the scene while the picker is open, and closes it when another scene is shown.
+void ScenesPage::showWallpapers() {
+    if (m_picker == nullptr) {
+        return;
+    }
+    const auto scene = std::ranges::find(m_state->scenes, m_pickerScene, &Scene::id);
+    if (scene == m_state->scenes.end() || !m_content.detail || m_content.detail->id != m_pickerScene) {
+        closeWallpaperPicker();
+        return;
+    }
+    m_picker->show({.scene = scene->name,
+                    .displays = scene->layout.displays,
+                    .wallpaper = scene->wallpaper.value_or(SceneWallpaper{})});
+}
+
+void ScenesPage::closeWallpaperPicker() {
+    const bool hadFocus = m_picker->isAncestorOf(focusWidget());
+    // One of its own events may be closing it.
+    m_picker->hide();
+    m_picker->deleteLater();
+    m_picker = nullptr;
+    m_side->show();
+    m_scroll->setVisible(m_content.detail.has_value());
+    if (hadFocus) {
+        m_detail->wallpaperButton().setFocus(Qt::OtherFocusReason);
+    }
 }
 
 std::string ScenesPage::neighbourOfChosen(const ScenesContent& content) const {
@@ -264,6 +314,10 @@ void ScenesPage::focusSearch() {
 void ScenesPage::focusFirst() {
     if (m_editor != nullptr) {
         m_editor->canvas().setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    if (m_picker != nullptr) {
+        m_picker->displays().setFocus(Qt::OtherFocusReason);
         return;
     }
     QWidget* const first = m_content.rail.empty() ? static_cast<QWidget*>(m_name) : m_rail;
@@ -368,7 +422,7 @@ void ScenesPage::paintEvent(QPaintEvent* /*event*/) {
     const auto colors = DeskColors::of(palette());
     QPainter painter(this);
     painter.fillRect(rect(), colors.base);
-    if (m_editor != nullptr) {
+    if (m_editor != nullptr || m_picker != nullptr) {
         return;
     }
     const QRect line(Metrics::points(*this, railWidth), 0, 1, height());

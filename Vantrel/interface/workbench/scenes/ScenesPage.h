@@ -15,6 +15,7 @@ class QScrollArea;
 namespace vantrel {
 
 class SceneDetailView;
+class WallpaperPicker;
 
 class ScenesPage final : public WorkbenchPage {
 public:
@@ -37,6 +38,10 @@ public:
     [[nodiscard]] SceneEditor* editor() const { return m_editor; }
     // Opens the editor in place of everything else.
     void edit(const std::string& id);
+    // Null while it is closed.
+    [[nodiscard]] WallpaperPicker* wallpaperPicker() { return m_picker; }
+    // In the place of the chosen scene.
+    void openWallpaperPicker();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -55,6 +60,8 @@ private:
     void saveScene();
     void showMenu(QPoint place);
     void remove();
+    void showWallpapers();
+    void closeWallpaperPicker();
 
     ScenesActions m_actions;
     const PublishedState* m_state = nullptr;
@@ -72,6 +79,9 @@ private:
     Label* m_room = nullptr;
     QScrollArea* m_scroll = nullptr;
     SceneDetailView* m_detail = nullptr;
+    WallpaperPicker* m_picker = nullptr;
+    // The scene that it is open for.
+    std::string m_pickerScene;
     QWidget* m_empty = nullptr;
     // What a first scene would keep.
     DeskView* m_emptyDrawing = nullptr;

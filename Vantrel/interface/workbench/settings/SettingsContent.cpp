@@ -190,6 +190,9 @@ SettingsContent SettingsContent::of(const PublishedState& state, const Context& 
           marked("Only in the panel.")},
          {"patternSuggestionsStopped", marked("Suggest scenes"),
           marked("When a desk was arranged the same way on three days."), true},
+         {"showWindowPreviews", marked("Show what is in the windows"),
+          marked(
+              "Small pictures in the drawings, of the apps that are not left alone. They are never saved.")},
          {"showPanelWithoutTray", marked("Open the panel at start"),
           marked("On a desktop that shows no tray icons.")},
          {"showDockIcon", marked("Show an icon in the Dock"), marked("From the next start.")}},
