@@ -2,6 +2,7 @@
 #include "Vantrel/interface/controls/Metrics.h"
 #include "Vantrel/interface/editor/SceneEditor.h"
 #include "tools/pictures/SampleDesks.h"
+#include "tools/pictures/SampleWallpapers.h"
 #include "tools/pictures/StandInIcons.h"
 #include "tools/pictures/Surface.h"
 
@@ -51,6 +52,7 @@ std::unique_ptr<SceneEditor> editor(const Scene& scene) {
         start.applications.push_back({std::string("org.example.") + name, name});
     }
     SceneEditorActions actions;
+    actions.wallpapers = sampleWallpapers(SampleWallpapers::usual);
     actions.problemWithName = [](const auto&) {
         return SceneEditorActions::Problem("A scene with this name exists already.");
     };

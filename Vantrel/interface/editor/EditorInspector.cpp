@@ -12,11 +12,12 @@
 
 namespace vantrel {
 
-EditorInspector::EditorInspector(ApplicationLooks& looks, QWidget* parent) : QWidget(parent) {
+EditorInspector::EditorInspector(ApplicationLooks& looks, Thumbnails* thumbnails, QWidget* parent)
+    : QWidget(parent) {
     auto* const column = new QVBoxLayout(this);
     const int margin = Metrics::points(*this, 16);
     column->setContentsMargins(margin, margin, margin, Metrics::points(*this, 12));
-    m_scene = scenePart();
+    m_scene = scenePart(thumbnails);
     m_box = new BoxInspector(looks, this);
     m_group = new GroupInspector(this);
     const auto forward = [this](const SceneDraft::Command& command) { onCommand(command); };
@@ -28,7 +29,7 @@ EditorInspector::EditorInspector(ApplicationLooks& looks, QWidget* parent) : QWi
     column->addStretch(1);
 }
 
-QWidget* EditorInspector::scenePart() {
+QWidget* EditorInspector::scenePart(Thumbnails* thumbnails) {
     auto* const part = new QWidget(this);
     auto* const column = new QVBoxLayout(part);
     column->setContentsMargins(0, 0, 0, 0);
@@ -46,6 +47,13 @@ QWidget* EditorInspector::scenePart() {
     column->addSpacing(Metrics::points(*this, 8));
     column->addWidget(m_opens);
     column->addWidget(m_always);
+    column->addSpacing(Metrics::points(*this, 12));
+    auto* const caption = new Label(Label::Role::second, part);
+    caption->show(qtr("Wallpaper"));
+    m_wallpapers = new WallpaperFacts(thumbnails, part);
+    m_wallpapers->onChange = [this] { onWallpapers(); };
+    column->addWidget(caption);
+    column->addWidget(m_wallpapers);
     return part;
 }
 
@@ -67,6 +75,7 @@ void EditorInspector::show(const SceneDraft& draft, const std::set<BoxID>& selec
         m_opens->setChecked(scene.effectiveOpensMissingApps());
         m_opens->setEnabled(!scene.hasGhosts());
         m_always->setVisible(scene.hasGhosts());
+        m_wallpapers->show(WallpaperContent::facts(draft.displays(), scene.wallpaper));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "Vantrel/interface/controls/Label.h"
 #include "Vantrel/interface/editor/BoxInspector.h"
 #include "Vantrel/interface/editor/GroupInspector.h"
+#include "Vantrel/interface/wallpaper/WallpaperFacts.h"
 
 #include <set>
 
@@ -13,8 +14,8 @@ class EditorInspector final : public QWidget {
 public:
     using BoxID = SceneDraft::BoxID;
 
-    // `looks` outlives the inspector.
-    explicit EditorInspector(ApplicationLooks& looks, QWidget* parent = nullptr);
+    // Both outlive the inspector; without thumbnails there are no pictures.
+    EditorInspector(ApplicationLooks& looks, Thumbnails* thumbnails, QWidget* parent = nullptr);
 
     // A read-only draft is only looked at. The draft outlives the inspector or the next call.
     void show(const SceneDraft& draft, const std::set<BoxID>& selection, bool isReadOnly);
@@ -24,14 +25,18 @@ public:
 
     // Called with every change of the user's.
     std::function<void(const SceneDraft::Command&)> onCommand = [](const auto&) {};
+    // Called when the wallpapers are to be changed.
+    std::function<void()> onWallpapers = [] {};
+    [[nodiscard]] QWidget& wallpaperButton() { return m_wallpapers->button(); }
 
 private:
-    [[nodiscard]] QWidget* scenePart();
+    [[nodiscard]] QWidget* scenePart(Thumbnails* thumbnails);
 
     QWidget* m_scene = nullptr;
     Label* m_count = nullptr;
     QCheckBox* m_opens = nullptr;
     Label* m_always = nullptr;
+    WallpaperFacts* m_wallpapers = nullptr;
     BoxInspector* m_box = nullptr;
     GroupInspector* m_group = nullptr;
 };

@@ -43,7 +43,9 @@ SceneEditor::SceneEditor(ApplicationLooks& looks, Start start, SceneEditorAction
     m_toolbar = new EditorToolbar(toolbarActions(), this);
     all->addWidget(m_toolbar);
     all->addWidget(new Hairline(this));
-    auto* const middle = new QHBoxLayout;
+    m_work = new QWidget(this);
+    auto* const middle = new QHBoxLayout(m_work);
+    middle->setContentsMargins(0, 0, 0, 0);
     middle->setSpacing(1);
     m_applicationSide = applicationSide(looks);
     middle->addWidget(m_applicationSide);
@@ -60,7 +62,7 @@ SceneEditor::SceneEditor(ApplicationLooks& looks, Start start, SceneEditorAction
     middle->addLayout(centre, 1);
     m_inspectorSide = inspectorSide(looks);
     middle->addWidget(m_inspectorSide);
-    all->addLayout(middle, 1);
+    all->addWidget(m_work, 1);
     connectCanvas();
     m_canvas->show(*m_draft, isReadOnly());
     showApplications();
@@ -100,6 +102,7 @@ void SceneEditor::connectCanvas() {
     m_canvas->onUndo = [this] { undo(); };
     m_canvas->onRedo = [this] { redo(); };
     m_canvas->newSlot = [this](const std::string& bundleID) { return newSlot(bundleID); };
+    m_inspector->onWallpapers = [this] { openWallpapers(); };
     m_inspector->onCommand = [this](const SceneDraft::Command& command) { apply(command); };
 }
 
@@ -157,7 +160,7 @@ QWidget* SceneEditor::inspectorSide(ApplicationLooks& looks) {
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFixedWidth(points(inspectorWidth));
     scroll->setFocusPolicy(Qt::NoFocus);
-    m_inspector = new EditorInspector(looks, scroll);
+    m_inspector = new EditorInspector(looks, m_actions.wallpapers.thumbnails, scroll);
     scroll->setWidget(m_inspector);
     scroll->viewport()->setAutoFillBackground(false);
     m_inspector->setAutoFillBackground(false);
@@ -314,6 +317,44 @@ void SceneEditor::storedIsNow(const std::optional<Scene>& stored) {
 
 void SceneEditor::refresh() {
     m_canvas->refresh();
+    showWallpapers();
+}
+
+void SceneEditor::openWallpapers() {
+    if (m_picker != nullptr || isReadOnly()) {
+        return;
+    }
+    m_picker = new WallpaperPicker(m_actions.wallpapers, this);
+    m_picker->onChosen = [this](const auto& displays, const auto& file) {
+        for (const std::string& display : displays) {
+            apply(SceneDraft::SetWallpaper{display, file});
+        }
+        showWallpapers();
+    };
+    m_picker->onDone = [this] { closeWallpapers(); };
+    static_cast<QVBoxLayout*>(layout())->addWidget(m_picker, 1);
+    m_work->hide();
+    showWallpapers();
+    m_picker->QWidget::show();
+    m_picker->displays().setFocus(Qt::OtherFocusReason);
+}
+
+// As they are in the draft, also after undo.
+void SceneEditor::showWallpapers() {
+    if (m_picker != nullptr) {
+        const Scene scene = m_draft->scene();
+        m_picker->show({.scene = scene.name,
+                        .displays = m_draft->displays(),
+                        .wallpaper = scene.wallpaper.value_or(SceneWallpaper{})});
+    }
+}
+
+// One of its own events may be closing it.
+void SceneEditor::closeWallpapers() {
+    m_picker->hide();
+    std::exchange(m_picker, nullptr)->deleteLater();
+    m_work->show();
+    m_inspector->wallpaperButton().setFocus(Qt::OtherFocusReason);
 }
 
 void SceneEditor::showApplications() {
@@ -385,8 +426,11 @@ void SceneEditor::paintEvent(QPaintEvent* /*event*/) {
     const auto colors = DeskColors::of(palette());
     QPainter painter(this);
     painter.fillRect(rect(), colors.window);
+    if (m_picker != nullptr) {
+        return;
+    }
     for (const QWidget* const side : {m_applicationSide, m_inspectorSide}) {
-        const QRect place = side->geometry();
+        const QRect place(side->mapTo(this, QPoint()), side->size());
         painter.fillRect(place, colors.base);
         const bool isAtLeft = place.left() == 0;
         painter.fillRect(

@@ -8,6 +8,7 @@
 #include "Vantrel/interface/editor/EditorInspector.h"
 #include "Vantrel/interface/editor/EditorToolbar.h"
 #include "Vantrel/interface/lists/ListRowsView.h"
+#include "Vantrel/interface/wallpaper/WallpaperPicker.h"
 
 #include <QWidget>
 
@@ -42,6 +43,7 @@ struct SceneEditorActions {
     std::function<void()> goBack = [] {};
     std::function<void(std::function<void(const Captured&)>)> captureDesk = [](const auto&) {};
     std::function<void()> unpin = [] {};
+    WallpaperServices wallpapers{};
     // Called when the user leaves the editor.
     std::function<void()> close = [] {};
     // Called before it, or when the editor is destroyed, with changes that were not saved.
@@ -76,6 +78,10 @@ public:
     [[nodiscard]] EditorInspector& inspector() { return *m_inspector; }
     [[nodiscard]] ListRowsView& applications() { return *m_list; }
     [[nodiscard]] EditorFoot& foot() { return *m_foot; }
+    // Null while it is closed.
+    [[nodiscard]] WallpaperPicker* wallpaperPicker() { return m_picker; }
+    // In the place of canvas, applications and inspector.
+    void openWallpapers();
 
 protected:
     bool event(QEvent* event) override;
@@ -100,6 +106,8 @@ private:
     void discard();
     void replaceDraft(const Scene& stored);
     void refresh();
+    void showWallpapers();
+    void closeWallpapers();
     void showApplications();
     void showToolbar();
     // What has to be decided, else the sentence, else what the canvas says.
@@ -118,6 +126,9 @@ private:
     bool m_isSettled = false;
 
     EditorToolbar* m_toolbar = nullptr;
+    // Everything below the toolbar, unless the wallpapers are chosen.
+    QWidget* m_work = nullptr;
+    WallpaperPicker* m_picker = nullptr;
     QWidget* m_applicationSide = nullptr;
     QLineEdit* m_search = nullptr;
     ListRowsView* m_list = nullptr;

@@ -25,6 +25,22 @@ bool WallpaperContent::isSameOnAll(const std::vector<DisplayInfo>& displays,
     });
 }
 
+std::vector<WallpaperContent::Fact> WallpaperContent::facts(const std::vector<DisplayInfo>& displays,
+                                                            const std::optional<SceneWallpaper>& wallpaper) {
+    std::vector<Fact> facts;
+    for (const DisplayInfo& display : DisplayLabels::labelled(displays)) {
+        const std::string path = wallpaper ? pathFor(display, *wallpaper) : "";
+        if (!path.empty()) {
+            facts.push_back({display.name, SystemWallpaperCatalog::displayName(path), path});
+        }
+    }
+    if (facts.size() > 1 && facts.size() == displays.size() && isSameOnAll(displays, *wallpaper)) {
+        facts.resize(1);
+        facts[0].display.clear();
+    }
+    return facts;
+}
+
 WallpaperContent WallpaperContent::of(const Context& context) {
     std::map<std::string, std::string> names;
     for (const SystemWallpaper& each : context.system.value_or(std::vector<SystemWallpaper>())) {

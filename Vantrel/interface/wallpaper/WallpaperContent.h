@@ -22,6 +22,16 @@ struct WallpaperContent {
         bool operator==(const Display&) const = default;
     };
 
+    // A picture and where it shows.
+    struct Fact {
+        // Empty when it is the same on every display.
+        std::string display;
+        std::string name;
+        std::string path;
+
+        bool operator==(const Fact&) const = default;
+    };
+
     struct Tile {
         std::string path;
         std::string name;
@@ -52,6 +62,10 @@ struct WallpaperContent {
     bool operator==(const WallpaperContent&) const = default;
 
     [[nodiscard]] static WallpaperContent of(const Context& context);
+
+    // Display by display; without those whose picture stays as it is.
+    [[nodiscard]] static std::vector<Fact> facts(const std::vector<DisplayInfo>& displays,
+                                                 const std::optional<SceneWallpaper>& wallpaper);
 
     // Every display shows the same, or every display nothing.
     [[nodiscard]] static bool isSameOnAll(const std::vector<DisplayInfo>& displays,

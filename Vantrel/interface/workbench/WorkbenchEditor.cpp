@@ -91,6 +91,8 @@ SceneEditorActions Workbench::editorActions(const Scene& scene, std::function<vo
             }
         });
     };
+    actions.wallpapers = m_services.wallpapers;
+    actions.wallpapers.recents = [this] { return Settings(m_controller.defaults()).wallpaperRecents(); };
     actions.unpin = [this, id = scene.id] {
         if (const auto refused = problem(m_controller.scenes().setPinned(false, id))) {
             say(*refused, true);

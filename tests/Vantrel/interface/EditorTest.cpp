@@ -346,6 +346,21 @@ TEST_F(EditorTest, NothingIsLostWithoutSayingSo) {
     EXPECT_FALSE(m_kept);
 }
 
+TEST_F(EditorTest, WallpapersAreChosenInPlaceAndUndoneLikeEverything) {
+    click("Change the wallpaper");
+    WallpaperPicker* const picker = m_editor->wallpaperPicker();
+    ASSERT_NE(picker, nullptr);
+    EXPECT_FALSE(canvas().isVisible());
+    picker->onChosen({"left", "right"}, "/lake.jpg");
+    EXPECT_EQ(draft().scene().wallpaper, (SceneWallpaper{{{"left", "/lake.jpg"}, {"right", "/lake.jpg"}}}));
+    QTest::keyClick(picker, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(draft().scene().wallpaper, (SceneWallpaper{{{"left", "/lake.jpg"}}}));
+    QTest::keyClick(picker, Qt::Key_Escape);
+    EXPECT_EQ(m_editor->wallpaperPicker(), nullptr);
+    EXPECT_TRUE(canvas().isVisible());
+    EXPECT_TRUE(says("lake · Left"));
+}
+
 TEST_F(EditorTest, TakesTheDeskWholeOrOnlyTheSelectedWindows) {
     choose("All windows");
     EXPECT_EQ(foot(), "The desk cannot be read.");

@@ -4,7 +4,6 @@
 #include "Vantrel/interface/controls/EmptyLayout.h"
 #include "Vantrel/interface/controls/Hairline.h"
 #include "Vantrel/interface/controls/Metrics.h"
-#include "Vantrel/interface/pictures/Thumbnail.h"
 #include "Vantrel/interface/symbols/Symbols.h"
 
 #include <QApplication>
@@ -267,16 +266,9 @@ QWidget* SceneDetailView::facts() {
 
     grid = column();
     value = fact(*grid, qtr("Wallpaper"));
-    m_wallpaperList = new QWidget(this);
-    auto* const wallpapers = new QVBoxLayout(m_wallpaperList);
-    wallpapers->setContentsMargins(0, 0, 0, 0);
-    value->addWidget(m_wallpaperList);
-    m_changeWallpapers = new ActionButton("", ActionButton::Form::plain, this);
-    m_changeWallpapers->setTexts(qtr("Change…"), "");
-    m_changeWallpapers->setAccessibleName(qtr("Change the wallpaper"));
-    m_changeWallpapers->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(m_changeWallpapers, &QPushButton::clicked, this, [this] { onWallpapers(); });
-    value->addWidget(m_changeWallpapers);
+    m_wallpapers = new WallpaperFacts(m_actions.wallpapers.thumbnails, this);
+    m_wallpapers->onChange = [this] { onWallpapers(); };
+    value->addWidget(m_wallpapers);
 
     row = line(*fact(*grid, qtr("Keep as it is")));
     m_pin = new Switch(this);
@@ -350,7 +342,6 @@ void SceneDetailView::addTime() {
 void SceneDetailView::show(const ScenesContent::Detail& detail) {
     const bool isOther = !m_content || m_content->id != detail.id;
     const bool hasOtherTriggers = isOther || m_content->triggers != detail.triggers;
-    const bool hasOtherWallpapers = isOther || m_content->wallpapers != detail.wallpapers;
     if (isOther) {
         // What was typed belongs to the other scene.
         m_name->setModified(false);
@@ -380,9 +371,7 @@ void SceneDetailView::show(const ScenesContent::Detail& detail) {
         showTriggers();
     }
     m_lastApplied->show(detail.lastApplied.empty() ? qtr("Not in the last days") : qt(detail.lastApplied));
-    if (hasOtherWallpapers) {
-        showWallpapers();
-    }
+    m_wallpapers->show(detail.wallpapers);
     m_pin->setChecked(detail.isPinned);
     m_opens->setChecked(detail.opensMissingApps);
     m_opens->setEnabled(detail.missingAppsReason.empty());
@@ -418,39 +407,6 @@ void SceneDetailView::showTriggers() {
         m_triggers->addWidget(widget);
     }
     m_triggerList->setVisible(!m_content->triggers.empty());
-}
-
-void SceneDetailView::showWallpapers() {
-    auto& column = *m_wallpaperList->layout();
-    emptyLayout(column);
-    const auto text = [&](const QString& shown, Label::Role role, QWidget* parent) {
-        auto* const label = new Label(role, parent);
-        label->show(shown);
-        return label;
-    };
-    for (const auto& wallpaper : m_content->wallpapers) {
-        auto* const widget = new QWidget(m_wallpaperList);
-        auto* const row = rowIn(widget, points(10));
-        auto* const swatch = new Thumbnail(m_actions.wallpapers.thumbnails, wallpaper.path,
-                                           QSize(points(54), points(30)), widget);
-        const auto line = [wallpaper](const QString& name) {
-            return wallpaper.display.empty() ? qtr("%1, every display").arg(name)
-                                             : name + " · " + qt(wallpaper.display);
-        };
-        auto* const label = text(line(qt(wallpaper.name)), Label::Role::text, widget);
-        label->setElided(true);
-        swatch->onLoaded = [label, line, name = wallpaper.name](FileThumbnail::State state) {
-            label->show(line(qt(state == FileThumbnail::State::gone ? trf("{} is gone", name) : name)));
-        };
-        row->addWidget(swatch);
-        row->addWidget(label, 1);
-        column.addWidget(widget);
-    }
-    if (m_content->wallpapers.empty()) {
-        auto* const none = text(qtr("Stays as it is"), Label::Role::quiet, m_wallpaperList);
-        none->setMinimumHeight(points(30));
-        column.addWidget(none);
-    }
 }
 
 void SceneDetailView::resizeEvent(QResizeEvent* event) {

@@ -6,6 +6,7 @@
 #include "Vantrel/interface/controls/Switch.h"
 #include "Vantrel/interface/controls/SymbolButton.h"
 #include "Vantrel/interface/desk/DeskView.h"
+#include "Vantrel/interface/wallpaper/WallpaperFacts.h"
 #include "Vantrel/interface/workbench/scenes/ScenesActions.h"
 
 #include <QWidget>
@@ -29,7 +30,7 @@ public:
     using QWidget::show;
     [[nodiscard]] DeskView& drawing() { return *m_drawing; }
     [[nodiscard]] HotKeyRecorder& recorder() { return *m_recorder; }
-    [[nodiscard]] QWidget& wallpaperButton() { return *m_changeWallpapers; }
+    [[nodiscard]] QWidget& wallpaperButton() { return m_wallpapers->button(); }
     void startRenaming() { m_name->startEditing(); }
 
     // Called when the wallpapers are to be changed.
@@ -52,7 +53,6 @@ private:
     // A row of the facts; returns where its value goes.
     [[nodiscard]] QBoxLayout* fact(QGridLayout& grid, const QString& name);
     void showTriggers();
-    void showWallpapers();
     void addTime();
     [[nodiscard]] int points(double length) const;
 
@@ -82,8 +82,7 @@ private:
     QLineEdit* m_time = nullptr;
     Label* m_timeProblem = nullptr;
     Label* m_lastApplied = nullptr;
-    QWidget* m_wallpaperList = nullptr;
-    ActionButton* m_changeWallpapers = nullptr;
+    WallpaperFacts* m_wallpapers = nullptr;
     Switch* m_pin = nullptr;
     Label* m_pinText = nullptr;
     QCheckBox* m_opens = nullptr;

@@ -9,7 +9,6 @@
 #include "VantrelCore/scenes/SceneProblem.h"
 #include "VantrelCore/scenes/SceneRail.h"
 #include "VantrelCore/scenes/SceneTriggerFormatting.h"
-#include "VantrelCore/scenes/SystemWallpaperCatalog.h"
 #include "VantrelCore/stores/SceneStore.h"
 #include "VantrelCore/text/RelativeTimeCaption.h"
 #include "VantrelCore/text/SceneExplanations.h"
@@ -200,26 +199,6 @@ void addTriggers(ScenesContent::Detail& detail, const PublishedState& state,
     }
 }
 
-void addWallpapers(ScenesContent::Detail& detail, const Scene& scene) {
-    if (!scene.wallpaper) {
-        return;
-    }
-    for (const DisplayInfo& display : DisplayLabels::labelled(scene.layout.displays)) {
-        const auto found = scene.wallpaper->perDisplay.find(display.uuid);
-        if (found != scene.wallpaper->perDisplay.end() && !found->second.empty()) {
-            detail.wallpapers.push_back(
-                {display.name, SystemWallpaperCatalog::displayName(found->second), found->second});
-        }
-    }
-    const auto& all = detail.wallpapers;
-    const bool isSame = all.size() > 1 && all.size() == scene.layout.displays.size() &&
-                        std::ranges::all_of(all, [&](const auto& each) { return each.path == all[0].path; });
-    if (isSame) {
-        detail.wallpapers.resize(1);
-        detail.wallpapers[0].display.clear();
-    }
-}
-
 ScenesContent::Detail detailOf(const Scene& scene, const std::string& deskName, const PublishedState& state,
                                const Context& context) {
     ScenesContent::Detail detail;
@@ -243,7 +222,7 @@ ScenesContent::Detail detailOf(const Scene& scene, const std::string& deskName, 
                key.state == HotKeyStatus::State::refused;
     });
     addTriggers(detail, state, context);
-    addWallpapers(detail, scene);
+    detail.wallpapers = WallpaperContent::facts(scene.layout.displays, scene.wallpaper);
     detail.isPinned = scene.isPinned();
     detail.opensMissingApps = scene.effectiveOpensMissingApps();
     if (scene.hasGhosts()) {

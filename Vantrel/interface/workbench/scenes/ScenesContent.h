@@ -5,6 +5,7 @@
 #include "Vantrel/controller/PublishedState.h"
 #include "Vantrel/interface/desk/DeskPicture.h"
 #include "Vantrel/interface/lists/ListRow.h"
+#include "Vantrel/interface/wallpaper/WallpaperContent.h"
 #include "VantrelCore/model/RestoreLog.h"
 #include "VantrelCore/model/TimeZone.h"
 
@@ -53,15 +54,6 @@ struct ScenesContent {
         bool operator==(const Trigger&) const = default;
     };
 
-    struct Wallpaper {
-        // Empty when it is the same on every display.
-        std::string display;
-        std::string name;
-        std::string path;
-
-        bool operator==(const Wallpaper&) const = default;
-    };
-
     struct Detail {
         std::string id;
         std::string name;
@@ -82,7 +74,7 @@ struct ScenesContent {
         // The system has refused the shortcut.
         bool isShortcutRefused = false;
         std::vector<Trigger> triggers;
-        std::vector<Wallpaper> wallpapers;
+        std::vector<WallpaperContent::Fact> wallpapers;
         bool isPinned = false;
         bool opensMissingApps = false;
         // Says why it cannot be changed; empty if it can.
