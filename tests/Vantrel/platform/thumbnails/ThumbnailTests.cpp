@@ -132,12 +132,12 @@ TEST_F(ThumbnailTest, DropsWhatNobodyWantsAnyMore) {
     QEventLoop loop;
     auto dropped = store.request(file, wanted, [&](const auto& /*late*/) { isLateCalled = true; });
     dropped.reset();
-    // Many more than are read at a time; the last one comes last.
+    // Many more than are read at a time.
     std::vector<std::shared_ptr<void>> requests;
     int found = 0;
-    for (int i = 0; i < 8; ++i) {
-        requests.push_back(store.request(file, wanted, [&](const auto& /*each*/) {
-            requests[static_cast<std::size_t>(found)].reset();
+    for (std::size_t i = 0; i < 8; ++i) {
+        requests.push_back(store.request(file, wanted, [&, i](const auto& /*each*/) {
+            requests[i].reset();
             if (++found == 8) {
                 loop.quit();
             }
