@@ -125,9 +125,10 @@ std::vector<std::pair<std::string, std::string>> settings() {
 
 std::vector<std::pair<std::string, std::string>> shortcuts() {
     std::vector<std::pair<std::string, std::string>> entries;
-    for (const auto& [command, name] : HotKeyNames::commands) {
-        entries.emplace_back(
-            name, inEnglish([&] { return fmt::format("{}.", HotKeyRecording::commandLabel(command)); }));
+    const EnglishTexts english;
+    for (const auto& command : HotKeyNames::commands) {
+        entries.emplace_back(command.second,
+                             fmt::format("{}.", HotKeyRecording::commandLabel(command.first)));
     }
     entries.emplace_back("SCENE", "The name of a scene: apply it.");
     return entries;
