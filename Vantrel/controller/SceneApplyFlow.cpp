@@ -102,7 +102,9 @@ void SceneApplyFlow::finish(const Scene& scene, RestorePass::Result& result) {
     const auto placed = SceneDeskComparison::isCrossDesk(scene.configID, m_context.state().configID)
                             ? SceneFlow::Placed::elsewhere
                             : SceneFlow::Placed::onItsDesk;
-    m_scenes.setLastApplied(scene.id);
+    if (!scene.id.empty()) {
+        m_scenes.setLastApplied(scene.id);
+    }
     m_scenes.solidify(scene.id, pass.slots.filled, placed);
     noteHidden(result.hiddenBundleIDs);
     const std::set<std::string> running(pass.runningBundleIDs.begin(), pass.runningBundleIDs.end());

@@ -23,7 +23,7 @@ public:
 
     // Returns false when nothing is going to happen. `reason` says in words, for log and history, what
     // applied it, if not the user. `done`, if set, is called once with the outcome, even when the request is
-    // refused.
+    // refused. A scene without an identifier is only tried: what is stored stays as it is.
     bool applyScene(const Scene& scene, const std::optional<std::string>& reason, RestoreOutcome::Done done);
 
     // Called with the applications that a scene has hidden, once its restore is recorded for undo.

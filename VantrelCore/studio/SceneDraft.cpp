@@ -163,6 +163,7 @@ private:
     BoxID insert(WindowRecord record) {
         auto ids = stack();
         const BoxID id = ++m_draft.m_lastID;
+        record.frame = wholePoints(record.frame, {});
         setFrame(record, record.frame);
         m_state.boxes.push_back({id, std::move(record)});
         ids.insert(ids.begin(), id);

@@ -190,6 +190,12 @@ std::vector<Surface> editorSurfaces() {
              scene.pinned = true;
              return editor(scene);
          }},
+        {"editor-narrow",
+         []() -> std::unique_ptr<QWidget> {
+             auto made = selected();
+             made->resize(Metrics::points(*made, 740), Metrics::points(*made, 420));
+             return made;
+         }},
         {"editor-crowded", crowded},
         {"editor-other-desk", otherDesk},
     };

@@ -165,7 +165,7 @@ RestoreLog fullHistory() {
              .items = std::move(items)});
     };
     auto failed = item(windows[5], Outcome::failed, Rect{{3300, 560}, {524, 444}});
-    failed.reason = "app rejected the move";
+    failed.reason = "the app did not answer";
     auto closed = item(windows[8], Outcome::skipped);
     closed.move.reset();
     add(workbenchNow - minutes(12), "Studio Display reconnected", nullptr,
@@ -195,7 +195,7 @@ std::vector<AppReliability> reliability() {
         return known;
     };
     auto music = app("Music", 3, 1, 4);
-    music.lastFailureReason = "app rejected the move";
+    music.lastFailureReason = "the app did not answer";
     return {music, app("Calendar", 112, 0, 3), app("Code", 388, 2, 0), app("Firefox", 412, 0, 0),
             app("Meet", 0, 0, 0)};
 }
@@ -249,7 +249,6 @@ PublishedState usual() {
     undo.configID = state.configID;
     undo.reason = "Studio Display reconnected";
     state.triggers = {trigger("t1", SceneTrigger::Schedule{9, 0})};
-    state.nextFirings["t1"] = dateAfter(workbenchNow, 16 * 3600.0);
     return state;
 }
 

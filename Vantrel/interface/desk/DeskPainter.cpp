@@ -186,7 +186,7 @@ void DeskPainter::placeDisplayLabel(std::size_t display) {
         const double icon = height;
         const double step = icon * 0.66;
         const auto shown = std::min<std::size_t>(3, hidden.size());
-        label.hiddenText = qt(trn("{} hidden", "{} hidden", std::ssize(hidden)));
+        label.hiddenText = QString::number(hidden.size()) + QStringLiteral(" hidden");
         const bool hasText = region.frame.width() > 170 * m_unit;
         if (!hasText) {
             label.hiddenText.clear();

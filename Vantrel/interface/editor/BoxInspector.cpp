@@ -12,7 +12,6 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QGridLayout>
@@ -111,10 +110,16 @@ BoxInspector::BoxInspector(ApplicationLooks& looks, QWidget* parent) : QWidget(p
     column->addSpacing(points(6));
     column->addLayout(order());
     column->addSpacing(points(8));
-    m_isSlot = new QCheckBox(qtr("Open when it is missing"), this);
-    connect(m_isSlot, &QCheckBox::clicked, this,
+    auto* const slot = new QHBoxLayout;
+    m_isSlot = new Switch(this);
+    m_isSlot->setAccessibleName(qtr("Open when it is missing"));
+    connect(m_isSlot, &Switch::clicked, this,
             [this](bool isSlot) { onCommand(SceneDraft::SetGhost{m_shown, isSlot}); });
-    column->addWidget(m_isSlot);
+    auto* const slotText = new Label(Label::Role::text, this);
+    slotText->show(qtr("Open when it is missing"));
+    slot->addWidget(m_isSlot);
+    slot->addWidget(slotText, 1);
+    column->addLayout(slot);
 }
 
 int BoxInspector::points(double length) const {
@@ -188,7 +193,7 @@ QLayout* BoxInspector::zones() {
     auto* const column = new QVBoxLayout;
     column->setSpacing(points(4));
     auto* const grid = new QGridLayout;
-    grid->setSpacing(points(6));
+    grid->setSpacing(points(5));
     int at = 0;
     for (const Zone zone : Zones::all) {
         auto* const button = new ZoneButton(zone, this);

@@ -3,6 +3,7 @@
 
 #include "Vantrel/interface/controls/ActionButton.h"
 #include "Vantrel/interface/controls/Label.h"
+#include "Vantrel/interface/controls/Switch.h"
 #include "Vantrel/interface/controls/SymbolButton.h"
 #include "Vantrel/interface/desk/ApplicationLooks.h"
 #include "VantrelCore/studio/SceneDraft.h"
@@ -14,7 +15,6 @@
 #include <string>
 
 class QAbstractButton;
-class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
@@ -74,7 +74,7 @@ private:
     Label* m_problem = nullptr;
     ActionButton* m_forward = nullptr;
     ActionButton* m_backward = nullptr;
-    QCheckBox* m_isSlot = nullptr;
+    Switch* m_isSlot = nullptr;
 };
 
 } // namespace vantrel

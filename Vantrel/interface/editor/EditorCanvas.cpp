@@ -132,7 +132,8 @@ QRectF EditorCanvas::shownFrame(BoxID box) {
 }
 
 std::optional<Rect> EditorCanvas::draggedFrame() const {
-    return m_drag ? std::optional(m_step.dropped().at(m_drag->held)) : std::nullopt;
+    return m_drag && m_selection.contains(m_drag->held) ? std::optional(m_step.dropped().at(m_drag->held))
+                                                        : std::nullopt;
 }
 
 void EditorCanvas::select(std::set<BoxID> boxes) {

@@ -46,7 +46,8 @@ public:
     std::function<void()> onChanged = [] {};
     // Called with every step of a drag, and when it has ended.
     std::function<void()> onDragged = [] {};
-    // The frame of the box under the pointer, on the screen of the scene; none while nothing is dragged.
+    // The frame of the selected box under the pointer, on the screen of the scene; none while it is not
+    // dragged.
     [[nodiscard]] std::optional<Rect> draggedFrame() const;
     // Called with every command of the user's, instead of applying it.
     std::function<std::vector<BoxID>(const SceneDraft::Command&)> onCommand = [](const auto&) {
@@ -65,7 +66,7 @@ public:
     [[nodiscard]] Item item(std::size_t place) override;
 
     [[nodiscard]] QSize sizeHint() const override { return {520, 340}; }
-    [[nodiscard]] QSize minimumSizeHint() const override { return {260, 160}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {160, 120}; }
 
 protected:
     bool event(QEvent* event) override;
@@ -76,6 +77,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -158,11 +160,15 @@ private:
     std::optional<Press> m_press;
     std::optional<EditorDrag> m_drag;
     EditorDrag::Step m_step;
+    // Where the pointer was last during a drag.
+    QPointF m_pointer;
     // Dragged boxes that are not in the draft yet, back to front: copies, and slots from the list of
     // applications.
     std::map<BoxID, WindowRecord> m_incoming;
     std::vector<Rect> m_others;
     std::optional<Band> m_band;
+    // The canvas was reached by keyboard, and shows that when no box is selected.
+    bool m_isReachedByKey = false;
 };
 
 } // namespace vantrel

@@ -83,12 +83,23 @@ void EditorCanvas::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const bool hasControl = event->modifiers().testFlag(Qt::ControlModifier);
-    if (event->key() == Qt::Key_Escape && (m_drag || !m_selection.empty())) {
+    if (m_drag && event->key() == Qt::Key_Alt) {
+        drag(m_pointer, Qt::AltModifier);
+    } else if (event->key() == Qt::Key_Escape && (m_drag || !m_selection.empty())) {
+        m_isReachedByKey = true;
         m_drag ? endDrag(false) : select({});
     } else if (hasControl && event->key() == Qt::Key_A) {
         selectAll();
     } else if (m_drag || m_isReadOnly || !command(*event)) {
         QWidget::keyPressEvent(event);
+    }
+}
+
+void EditorCanvas::keyReleaseEvent(QKeyEvent* event) {
+    if (m_drag && event->key() == Qt::Key_Alt) {
+        drag(m_pointer, {});
+    } else {
+        QWidget::keyReleaseEvent(event);
     }
 }
 
@@ -136,6 +147,7 @@ bool EditorCanvas::command(const QKeyEvent& event) {
 
 void EditorCanvas::focusInEvent(QFocusEvent* event) {
     const bool isByTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    m_isReachedByKey = isByTab;
     if (isByTab && m_draft != nullptr && m_selection.empty()) {
         walk(event->reason() == Qt::BacktabFocusReason ? -1 : 1);
     }

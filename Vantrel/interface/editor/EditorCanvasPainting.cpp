@@ -81,6 +81,11 @@ void EditorCanvas::paintEvent(QPaintEvent* event) {
         paintGuides(painter, colors);
         paintDistances(painter, colors);
     }
+    if (hasFocus() && m_isReachedByKey && m_selection.empty()) {
+        painter.setPen(QPen(colors.accent, ringWidth));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    }
     if (m_band) {
         painter.setPen(QPen(colors.accent, 1));
         painter.setBrush(DeskColors::translucent(colors.accent, 0.12));

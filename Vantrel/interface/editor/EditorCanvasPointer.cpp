@@ -115,6 +115,7 @@ void EditorCanvas::begin(const Press& press) {
 }
 
 void EditorCanvas::drag(QPointF point, Qt::KeyboardModifiers keys) {
+    m_pointer = point;
     m_step = m_drag->at(plain(point), scenery(), keys.testFlag(Qt::AltModifier));
     update();
     onDragged();
@@ -147,6 +148,7 @@ void EditorCanvas::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || m_draft == nullptr || m_drag) {
         return;
     }
+    m_isReachedByKey = false;
     const QPointF point = event->position();
     if (const auto edges = edgesAt(point)) {
         m_press = Press{.point = point, .box = *m_selection.begin(), .edges = *edges};

@@ -45,6 +45,7 @@ EditorFoot::EditorFoot(QWidget* parent) : QWidget(parent) {
     row->setSpacing(points(8));
     m_sign = new Sign(this);
     m_text = new Label(Label::Role::second, this);
+    m_text->setMinimumWidth(points(120));
     row->addWidget(m_sign);
     row->addWidget(m_text, 1);
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {

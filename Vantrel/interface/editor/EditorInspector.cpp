@@ -4,7 +4,6 @@
 #include "Vantrel/interface/controls/Metrics.h"
 #include "VantrelCore/text/SceneExplanations.h"
 
-#include <QCheckBox>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -37,15 +36,21 @@ QWidget* EditorInspector::scenePart(Thumbnails* thumbnails) {
     m_count = new Label(Label::Role::heading, part);
     auto* const hint = new Label(Label::Role::second, part);
     hint->show(qtr("Select a window to see its place and size."));
-    m_opens = new QCheckBox(qtr("Open missing apps"), part);
-    connect(m_opens, &QCheckBox::clicked, this,
-            [this](bool opens) { onCommand(SceneDraft::SetOpensMissingApps{opens}); });
+    auto* const opens = new QHBoxLayout;
+    m_opens = new Switch(part);
+    m_opens->setAccessibleName(qtr("Open missing apps"));
+    auto* const opensText = new Label(Label::Role::text, part);
+    opensText->show(qtr("Open missing apps"));
+    opens->addWidget(m_opens);
+    opens->addWidget(opensText, 1);
+    connect(m_opens, &Switch::clicked, this,
+            [this](bool isOn) { onCommand(SceneDraft::SetOpensMissingApps{isOn}); });
     m_always = new Label(Label::Role::second, part);
     m_always->show(qt(vantrel::tr(SceneExplanations::alwaysOpensMissingApps)));
     column->addWidget(m_count);
     column->addWidget(hint);
     column->addSpacing(Metrics::points(*this, 8));
-    column->addWidget(m_opens);
+    column->addLayout(opens);
     column->addWidget(m_always);
     column->addSpacing(Metrics::points(*this, 12));
     auto* const caption = new Label(Label::Role::second, part);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/interface/controls/Label.h"
+#include "Vantrel/interface/controls/Switch.h"
 #include "Vantrel/interface/editor/BoxInspector.h"
 #include "Vantrel/interface/editor/GroupInspector.h"
 #include "Vantrel/interface/wallpaper/WallpaperFacts.h"
@@ -34,7 +35,7 @@ private:
 
     QWidget* m_scene = nullptr;
     Label* m_count = nullptr;
-    QCheckBox* m_opens = nullptr;
+    Switch* m_opens = nullptr;
     Label* m_always = nullptr;
     WallpaperFacts* m_wallpapers = nullptr;
     BoxInspector* m_box = nullptr;

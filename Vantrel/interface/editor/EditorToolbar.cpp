@@ -55,9 +55,16 @@ int EditorToolbar::points(double length) const {
 
 QWidget* EditorToolbar::buttons() {
     auto* const bar = new QWidget(this);
-    auto* const row = new QHBoxLayout(bar);
-    row->setContentsMargins(points(14), points(12), points(14), points(12));
-    row->setSpacing(points(8));
+    m_rows = new QBoxLayout(QBoxLayout::LeftToRight, bar);
+    m_rows->setContentsMargins(points(14), points(12), points(14), points(12));
+    m_rows->setSpacing(points(8));
+    auto* const row = new QHBoxLayout;
+    auto* const deeds = new QHBoxLayout;
+    for (QHBoxLayout* const part : {row, deeds}) {
+        part->setSpacing(points(8));
+        m_rows->addLayout(part);
+    }
+    m_rows->setStretch(0, 1);
     const auto symbol = [&](const char* name, const QString& text, const std::function<void()>& act) {
         auto* const made = new SymbolButton(name, text, 30, bar);
         connect(made, &QToolButton::clicked, this, act);
@@ -102,13 +109,14 @@ QWidget* EditorToolbar::buttons() {
     row->addStretch(1);
     row->addWidget(m_undo);
     row->addWidget(m_redo);
-    row->addSpacing(points(8));
-    row->addWidget(m_take);
-    row->addWidget(m_try);
-    row->addSpacing(points(8));
-    row->addWidget(m_discard);
-    row->addWidget(m_saveAs);
-    row->addWidget(m_save);
+    deeds->addSpacing(points(8));
+    deeds->addStretch(1);
+    deeds->addWidget(m_take);
+    deeds->addWidget(m_try);
+    deeds->addSpacing(points(8));
+    deeds->addWidget(m_discard);
+    deeds->addWidget(m_saveAs);
+    deeds->addWidget(m_save);
     return bar;
 }
 
@@ -166,6 +174,27 @@ void EditorToolbar::saveAsNew() {
     const auto problem = m_actions.saveAsNew(name);
     if (problem) {
         m_problem->show(qt(*problem));
+    }
+}
+
+void EditorToolbar::fold() {
+    constexpr double roomForName = 120;
+    int needed = points(roomForName);
+    for (int i = 0; i < m_rows->count(); ++i) {
+        needed += m_rows->itemAt(i)->minimumSize().width();
+    }
+    m_rows->setDirection(needed > width() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+void EditorToolbar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fold();
+}
+
+void EditorToolbar::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        fold();
     }
 }
 

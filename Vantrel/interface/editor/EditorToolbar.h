@@ -13,6 +13,7 @@
 #include <string>
 
 class QAction;
+class QBoxLayout;
 class QLineEdit;
 
 namespace vantrel {
@@ -47,6 +48,8 @@ public:
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     class Sign;
@@ -54,10 +57,13 @@ private:
     [[nodiscard]] QWidget* buttons();
     [[nodiscard]] QWidget* nameLine();
     void askName(bool asks);
+    // In two rows where one is too long.
+    void fold();
     void saveAsNew();
     [[nodiscard]] int points(double length) const;
 
     Actions m_actions;
+    QBoxLayout* m_rows = nullptr;
     Sign* m_sign = nullptr;
     Label* m_name = nullptr;
     Label* m_changes = nullptr;

@@ -22,8 +22,8 @@ namespace vantrel {
 
 namespace {
 
-constexpr double listWidth = 224;
-constexpr double inspectorWidth = 284;
+constexpr double listWidth = 212;
+constexpr double inspectorWidth = 274;
 
 bool isEditorKey(const QKeyEvent& event) {
     return event.modifiers().testFlag(Qt::ControlModifier) &&
@@ -65,7 +65,7 @@ SceneEditor::SceneEditor(ApplicationLooks& looks, Start start, SceneEditorAction
     all->addWidget(m_work, 1);
     connectCanvas();
     m_canvas->show(*m_draft, isReadOnly());
-    showApplications();
+    showFoundApplications();
     refresh();
     if (m_draft->isDirty()) {
         showFoot(qtr("Your changes are as you left them."));
@@ -93,7 +93,7 @@ void SceneEditor::connectCanvas() {
     m_canvas->onDragged = [this] {
         if (const auto frame = m_canvas->draggedFrame()) {
             m_inspector->showFrame(*frame);
-        } else {
+        } else if (!m_canvas->isDragging()) {
             m_inspector->show(*m_draft, m_canvas->selection(), isReadOnly());
         }
         showFoot();
@@ -140,7 +140,7 @@ QWidget* SceneEditor::applicationSide(ApplicationLooks& looks) {
     m_search->setMinimumHeight(points(30));
     m_search->addAction(Symbols::icon("search", QPalette::Text), QLineEdit::LeadingPosition)
         ->setText(qtr("Search"));
-    connect(m_search, &QLineEdit::textChanged, this, [this] { showApplications(); });
+    connect(m_search, &QLineEdit::textChanged, this, [this] { showFoundApplications(); });
     m_list = new ListRowsView(&looks, side);
     m_list->setAccessibleName(qtr("Apps"));
     m_list->setSource();
@@ -357,8 +357,13 @@ void SceneEditor::closeWallpapers() {
     m_inspector->wallpaperButton().setFocus(Qt::OtherFocusReason);
 }
 
-void SceneEditor::showApplications() {
+void SceneEditor::showFoundApplications() {
     m_list->show(EditorApplications::rows(m_applications, m_search->text().toStdString()));
+}
+
+void SceneEditor::showApplications(std::vector<EditorApplication> applications) {
+    m_applications = std::move(applications);
+    showFoundApplications();
 }
 
 void SceneEditor::focusSearch() {

@@ -70,6 +70,7 @@ public:
     // The scene as it is stored now; none when it was deleted. A change elsewhere is said, and both versions
     // are offered.
     void storedIsNow(const std::optional<Scene>& stored);
+    void showApplications(std::vector<EditorApplication> applications);
     // Puts the cursor into the search field of the applications.
     void focusSearch();
 
@@ -108,7 +109,7 @@ private:
     void refresh();
     void showWallpapers();
     void closeWallpapers();
-    void showApplications();
+    void showFoundApplications();
     void showToolbar();
     // What has to be decided, else the sentence, else what the canvas says.
     void showFoot(const QString& sentence = {}, EditorFoot::Tone tone = EditorFoot::Tone::plain);

@@ -15,7 +15,7 @@ ZoneButton::ZoneButton(Zone zone, QWidget* parent) : QToolButton(parent), m_zone
 }
 
 QSize ZoneButton::sizeHint() const {
-    return {Metrics::points(*this, 42), Metrics::points(*this, 28)};
+    return {Metrics::points(*this, 40), Metrics::points(*this, 28)};
 }
 
 void ZoneButton::paintEvent(QPaintEvent* /*event*/) {

@@ -1,11 +1,13 @@
 #include "Vantrel/interface/lists/ListRowsView.h"
 
 #include <QContextMenuEvent>
+#include <QDrag>
 #include <QKeyEvent>
 
 namespace vantrel {
 
-ListRowsView::ListRowsView(ApplicationLooks* looks, QWidget* parent) : QListView(parent), m_delegate(looks) {
+ListRowsView::ListRowsView(ApplicationLooks* looks, QWidget* parent)
+    : QListView(parent), m_looks(looks), m_delegate(looks) {
     setModel(&m_model);
     setItemDelegate(&m_delegate);
     setFrameShape(QFrame::NoFrame);
@@ -81,6 +83,22 @@ void ListRowsView::setMovable(std::function<void(const std::string& id, const st
 void ListRowsView::setSource() {
     m_model.setSource();
     setDragDropMode(QAbstractItemView::DragOnly);
+}
+
+// An application leaves the list as its icon, not as the whole row, which would cover the place it is for.
+void ListRowsView::startDrag(Qt::DropActions actions) {
+    const bool isApplication =
+        m_looks != nullptr && currentIndex().isValid() && !m_model.row(currentIndex()).bundleID.empty();
+    if (!isApplication || dragDropMode() != QAbstractItemView::DragOnly) {
+        QListView::startDrag(actions);
+        return;
+    }
+    constexpr int side = 24;
+    const ListRow& row = m_model.row(currentIndex());
+    auto* const drag = new QDrag(this);
+    drag->setMimeData(m_model.mimeData({currentIndex()}));
+    drag->setPixmap(m_looks->of(row.bundleID, row.title).icon.pixmap(side, side));
+    drag->exec(actions, Qt::CopyAction);
 }
 
 void ListRowsView::moveChosen(int step) {

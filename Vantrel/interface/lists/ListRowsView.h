@@ -47,12 +47,14 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void startDrag(Qt::DropActions actions) override;
     void changeEvent(QEvent* event) override;
 
 private:
     void moveChosen(int step);
     void fitHeight();
 
+    ApplicationLooks* m_looks;
     ListRowsModel m_model;
     ListRowDelegate m_delegate;
     bool m_isChoosing = false;

@@ -106,6 +106,7 @@ void Workbench::closed() {
         m_controller.removeObserver(*std::exchange(m_observer, std::nullopt));
     }
     m_looks.forget();
+    m_installed.reset();
     m_window.release()->deleteLater();
     m_services.openChanged(false);
 }
@@ -200,6 +201,14 @@ WorkbenchPage* Workbench::scenesPage(QWidget* parent) {
     };
     actions.edit = [this](const std::string& id, std::function<void()> leave, QWidget* editorParent) {
         return sceneEditor(id, std::move(leave), editorParent);
+    };
+    actions.applications = [this] { return applications(); };
+    actions.createEmpty = [this](const std::string& name) -> std::optional<std::string> {
+        const auto outcome = m_controller.scenes().createEmptyScene(name);
+        if (!outcome.isSaved()) {
+            say(outcome.text(), true);
+        }
+        return outcome.scene ? std::optional(outcome.scene->id) : std::nullopt;
     };
     actions.keyCode = m_services.keyCode;
     actions.takenHotKeys = [this] { return m_controller.takenHotKeys(); };

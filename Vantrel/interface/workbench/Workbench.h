@@ -80,6 +80,8 @@ private:
     std::unique_ptr<WorkbenchWindow> m_window;
     std::optional<Publisher::ObserverID> m_observer;
     std::shared_ptr<void> m_live;
+    // Read when first needed; none while the window is closed.
+    std::optional<std::vector<std::pair<std::string, std::string>>> m_installed;
     // What was changed in the editor and neither saved nor discarded, by the scene's id.
     std::map<std::string, SceneDraft> m_unsaved;
     // The newest deletion that was offered, or was there before the window opened.

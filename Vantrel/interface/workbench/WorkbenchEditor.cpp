@@ -19,10 +19,14 @@ SceneEditorActions::Problem problem(const SceneFlow::EditResult& result) {
 
 std::vector<EditorApplication> Workbench::applications() {
     std::map<std::string, EditorApplication> known;
-    if (m_services.installedApplications) {
-        for (const auto& [bundleID, name] : m_services.installedApplications()) {
-            known[bundleID] = {bundleID, name};
+    if (!m_installed) {
+        m_installed.emplace();
+        if (m_services.installedApplications) {
+            *m_installed = m_services.installedApplications();
         }
+    }
+    for (const auto& [bundleID, name] : *m_installed) {
+        known[bundleID] = {bundleID, name};
     }
     for (const AppFacts& facts : m_controller.rules().facts()) {
         known.try_emplace(facts.bundleID, EditorApplication{facts.bundleID, facts.appName});
@@ -73,7 +77,9 @@ SceneEditorActions Workbench::editorActions(const Scene& scene, std::function<vo
         return found ? SceneEditorActions::Problem(SceneProblems::nameFieldText(*found)) : std::nullopt;
     };
     actions.tryOut = [this, refusal](const Scene& edited) {
-        return m_controller.applyScene(edited, std::nullopt, refusal);
+        Scene tried = edited;
+        tried.id.clear();
+        return m_controller.applyScene(tried, std::nullopt, refusal);
     };
     actions.goBack = [this, refusal] { m_controller.undoLastRestore(refusal); };
     actions.captureDesk = [this, desk = scene.configID](const auto& done) {

@@ -22,6 +22,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class WorkbenchTest : public testing::Test {
 protected:
@@ -212,8 +213,12 @@ TEST_F(WorkbenchTest, AnEditedSceneIsAppliedOnceSavedAndItsChangesSurviveClosing
     QTest::keyClick(&sceneEditor().canvas(), Qt::Key_Down, Qt::ShiftModifier);
     const auto applied = [&] { return story.frame(story.mail).minY() - before.minY(); };
 
+    const auto stored = story.published().scenes;
+    const auto lastApplied = story.published().lastAppliedSceneID;
     click("Try it");
     EXPECT_EQ(applied(), 10);
+    EXPECT_EQ(story.published().scenes, stored);
+    EXPECT_EQ(story.published().lastAppliedSceneID, lastApplied);
     click("Go back");
     EXPECT_EQ(applied(), 0);
 
@@ -235,6 +240,12 @@ TEST_F(WorkbenchTest, AnEditedSceneIsAppliedOnceSavedAndItsChangesSurviveClosing
     click("Back to the scenes");
     click("Apply");
     EXPECT_EQ(applied(), 10);
+
+    type("Save this desk as a scene", "Meet");
+    click("Make an empty scene with this name and edit it");
+    ASSERT_NE(scenes().editor(), nullptr);
+    EXPECT_TRUE(sceneEditor().draft().boxes().empty());
+    EXPECT_THAT(sceneEditor().applications().rows().rows(), Not(IsEmpty()));
 }
 
 TEST_F(WorkbenchTest, ASceneGetsItsWallpapersInThePlaceOfItsFacts) {

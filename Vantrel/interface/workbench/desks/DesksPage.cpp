@@ -229,8 +229,7 @@ void DesksPage::focusFirst() {
 }
 
 std::vector<std::pair<QString, QString>> DesksPage::keys() const {
-    return {{qtr("F2"), qtr("Rename the desk")},
-            {QKeySequence(Qt::Key_Delete).toString(QKeySequence::NativeText), qtr("Forget the desk")}};
+    return {{qtr("F2"), qtr("Rename the desk")}, {qtr("Delete"), qtr("Forget the desk")}};
 }
 
 bool DesksPage::eventFilter(QObject* object, QEvent* event) {

@@ -24,6 +24,15 @@ struct ScenesActions {
     // Makes the editor for the scene; `close` is called when the user leaves it. Null if the scene is gone.
     std::function<SceneEditor*(const std::string& id, std::function<void()> close, QWidget* parent)> edit =
         [](const auto&, const auto&, QWidget*) { return nullptr; };
+    // What the editor offers; called again when windows open and close.
+    std::function<std::vector<EditorApplication>()> applications = [] {
+        return std::vector<EditorApplication>();
+    };
+    // Makes a scene without windows on this desk and returns its identifier; none when it was refused, which
+    // has been said.
+    std::function<std::optional<std::string>(const std::string& name)> createEmpty = [](const auto&) {
+        return std::nullopt;
+    };
     std::function<void(const std::string& trigger)> removeTrigger = [](const auto&) {};
     // Gives displays of the scene a picture; none leaves theirs as it is.
     std::function<void(const std::string& id, const std::vector<std::string>& displays,

@@ -107,7 +107,17 @@ QWidget* ScenesPage::railSide() {
     m_name->installEventFilter(this);
     connect(m_name, &QLineEdit::textChanged, this, [this] { nameEdited(); });
     connect(m_name, &QLineEdit::returnPressed, this, [this] { saveScene(); });
-    inset(m_name, 12);
+    m_createEmpty =
+        new SymbolButton("pencil", qtr("Make an empty scene with this name and edit it"), 30, side);
+    m_createEmpty->setAutoRaise(false);
+    m_createEmpty->setEnabled(false);
+    connect(m_createEmpty, &QToolButton::clicked, this, [this] { createEmpty(); });
+    auto* const making = new QHBoxLayout;
+    making->setContentsMargins(points(12), 0, points(12), 0);
+    making->setSpacing(points(6));
+    making->addWidget(m_name);
+    making->addWidget(m_createEmpty);
+    column->addLayout(making);
     m_nameProblem = new Label(Label::Role::problem, side);
     m_nameProblem->setContentsMargins(0, points(4), 0, 0);
     m_nameProblem->hide();
@@ -139,6 +149,9 @@ QWidget* ScenesPage::emptyHint(ApplicationLooks& looks) {
 
 void ScenesPage::show(const PublishedState& state, Topics changed) {
     m_state = &state;
+    if (m_editor != nullptr && changed.contains(Topic::live)) {
+        m_editor->showApplications(m_actions.applications());
+    }
     if (changed.containsAnyOf({Topic::desk, Topic::layouts, Topic::scenes, Topic::history, Topic::settings,
                                Topic::status, Topic::live})) {
         refresh();
@@ -192,6 +205,7 @@ void ScenesPage::refresh() {
                               : qtr("Names of scenes and of their apps are searched."));
     }
     m_name->setEnabled(m_content.canSave);
+    m_createEmpty->setVisible(m_content.canSave);
     m_room->show(qt(m_content.room));
     m_room->setVisible(!m_content.room.empty());
 }
@@ -342,7 +356,7 @@ std::vector<std::pair<QString, QString>> ScenesPage::keys() const {
     return {
         {qtr("Return"), qtr("Apply the scene")},
         {qtr("F2"), qtr("Rename the scene")},
-        {native(Qt::Key_Delete), qtr("Delete the scene")},
+        {qtr("Delete"), qtr("Delete the scene")},
         {native(Qt::ALT | Qt::Key_Up) + ", " + native(Qt::ALT | Qt::Key_Down),
          qtr("Move the scene up or down")},
     };
@@ -353,6 +367,14 @@ void ScenesPage::nameEdited() {
     const auto problem = name.empty() ? std::nullopt : m_actions.scenes.problemWithName(name);
     m_nameProblem->show(qt(problem.value_or("")));
     m_nameProblem->setVisible(problem.has_value());
+    m_createEmpty->setEnabled(!name.empty() && !problem);
+}
+
+void ScenesPage::createEmpty() {
+    if (const auto id = m_actions.createEmpty(m_name->text().trimmed().toStdString())) {
+        m_name->clear();
+        edit(*id);
+    }
 }
 
 void ScenesPage::saveScene() {

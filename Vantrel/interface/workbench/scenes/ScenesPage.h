@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Vantrel/interface/controls/Label.h"
+#include "Vantrel/interface/controls/SymbolButton.h"
 #include "Vantrel/interface/desk/DeskView.h"
 #include "Vantrel/interface/lists/ListRowsView.h"
 #include "Vantrel/interface/workbench/WorkbenchPage.h"
@@ -58,6 +59,7 @@ private:
     void reorder(const std::string& id, const std::string& before);
     void nameEdited();
     void saveScene();
+    void createEmpty();
     void showMenu(QPoint place);
     void remove();
     void showWallpapers();
@@ -75,6 +77,7 @@ private:
     QLineEdit* m_search = nullptr;
     ListRowsView* m_rail = nullptr;
     QLineEdit* m_name = nullptr;
+    SymbolButton* m_createEmpty = nullptr;
     Label* m_nameProblem = nullptr;
     Label* m_room = nullptr;
     QScrollArea* m_scroll = nullptr;

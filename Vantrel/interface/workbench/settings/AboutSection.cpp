@@ -21,10 +21,10 @@ public:
         m_text = new QPlainTextEdit(this);
         m_text->setReadOnly(true);
         m_text->setTabChangesFocus(true);
-        m_text->setFixedHeight(Metrics::points(*this, 320));
+        m_text->setMinimumHeight(Metrics::points(*this, 220));
         m_text->hide();
-        column().addWidget(m_text);
-        column().addStretch(1);
+        column().addWidget(m_text, 1);
+        column().addStretch(0);
     }
 
     void show(const SettingsContent& content) override {
