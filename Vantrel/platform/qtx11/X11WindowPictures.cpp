@@ -10,7 +10,9 @@ namespace vantrel {
 
 namespace {
 
-constexpr std::chrono::milliseconds newsDelay{200};
+// A first picture shows soon; that a window has changed can wait for the others that have.
+constexpr std::chrono::milliseconds firstDelay{200};
+constexpr std::chrono::milliseconds changeDelay{1'500};
 
 QImage imageOf(const WindowPicture& picture) {
     // A copy, as the image does not own these pixels.
@@ -35,7 +37,6 @@ X11WindowPictures::X11WindowPictures(std::string displayName)
           },
           std::move(displayName)) {
     m_news.setSingleShot(true);
-    m_news.setInterval(newsDelay);
     m_news.callOnTimeout([this] { tellChanged(); });
 }
 
@@ -60,9 +61,10 @@ void X11WindowPictures::take(WindowID window, const QImage& picture) {
     if (std::ranges::find(m_followed, window) == m_followed.end()) {
         return;
     }
-    m_pictures[window] = picture;
-    if (!m_news.isActive()) {
-        m_news.start();
+    const bool isFirst = m_pictures.insert_or_assign(window, picture).second;
+    const auto delay = isFirst ? firstDelay : changeDelay;
+    if (!m_news.isActive() || m_news.remainingTimeAsDuration() > delay) {
+        m_news.start(delay);
     }
 }
 
