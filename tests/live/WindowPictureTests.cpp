@@ -133,7 +133,7 @@ TEST_P(PicturesInTheWorkbench, AreThereOnlyIfTheUserWantsThemAndNotOfAppsThatAre
     Picture::take(desk.connection())
         .save(std::filesystem::path(PICTURES_FOLDER) /
               (std::string("window-pictures-") + GetParam() + ".png"));
-    desk.done({"rules", "ignore", "xterm"});
+    desk.done({"rules", "set", "xterm", "--ignore"});
     EXPECT_TRUE(eventually([&] { return !isPictured(); }));
     EXPECT_FALSE(eventually([&] { return isPictured(); }, aWhile)) << "the application is left alone";
     desk.done({"rules", "remove", "xterm"});
