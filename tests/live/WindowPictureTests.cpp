@@ -116,6 +116,8 @@ TEST_P(PicturesInTheWorkbench, AreThereOnlyIfTheUserWantsThemAndNotOfAppsThatAre
     const auto terminal = desk.open({"xterm", "-bg", "#e0218a", "-fg", "#e0218a"}).client;
     desk.place(terminal, {{100, 100}, {900, 700}});
     const auto vantrel = user.startVantrel();
+    // Rules are for applications that are remembered.
+    desk.done({"save"});
     const auto alone = clientCount(desk.connection());
     desk.done({"workbench", "scenes"});
     user.await("Save this desk as a scene");
