@@ -61,7 +61,7 @@ protected:
 };
 
 TEST_F(ThumbnailTest, FillsTheSharedCacheAndReadsIt) {
-    // The example of the specification.
+    // The example in the Thumbnail Managing Standard of freedesktop.org.
     EXPECT_EQ(ThumbnailCache::uriOf("/home/jens/photos/me.png"), "file:///home/jens/photos/me.png");
     const auto file = save("a lake.jpg", {1600, 900}, Qt::blue);
     const auto first = get(file);
